@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvix::platform {
+
+// Attribute masks of `Dir`: read-only, hidden and system files; 23 takes folders too.
+constexpr std::uint32_t kDirFiles = 7;
+constexpr std::uint32_t kDirAll = 23;
+
+// One enumeration by wildcard. The last component of `spec` may hold "*" and "?"; without them it
+// is an existence test. A spec that ends in "\" gives everything in that folder, "." and ".." left
+// out. A folder that can't be opened gives nothing. Names are as the disk spells them.
+class Dir {
+  public:
+    explicit Dir(FileSystem& files) : files_(files) {}
+
+    // The first match, or empty.
+    std::string First(std::string_view spec, std::uint32_t mask);
+    // The next match of the last spec, or empty.
+    std::string Next();
+
+  private:
+    std::string NextMatch();
+
+    FileSystem& files_;
+    FolderListing listing_;
+    std::size_t index_ = 0;
+    std::uint32_t mask_ = 0;
+    std::string pattern_; // upper case
+};
+
+// The existence test: the name of the object at `path` if `mask` takes its kind, else empty.
+std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask);
+
+} // namespace tarvix::platform

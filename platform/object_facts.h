@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+namespace tarvix::platform {
+
+// Attribute bits of an object. Bits 64, 128 and 256 have no name of their own.
+enum Attribute : std::uint32_t {
+    kReadOnly = 1,
+    kHidden = 2,
+    kSystem = 4,
+    kFolder = 16,
+    kArchive = 32,
+    kSpecial = 64, // devices, FIFOs, sockets: never opened
+    kSparse = 512,
+    kAlias = 1024, // a symbolic link; a link to a folder has kFolder too
+    kCompressed = 2048,
+    kEncrypted = 16384,
+};
+
+// Nanoseconds since 1970-01-01 00:00 UTC.
+using FileTime = std::int64_t;
+constexpr FileTime kNoTime = std::numeric_limits<FileTime>::min();
+
+// What the file system tells of one object; links are not followed.
+struct ObjectFacts {
+    std::uint32_t attributes = 0;
+    std::uint64_t size = 0; // bytes; 0 for folders
+    FileTime modified = kNoTime;
+    FileTime created = kNoTime; // kNoTime where the file system keeps none
+    FileTime accessed = kNoTime;
+
+    bool IsFolder() const { return (attributes & kFolder) != 0; }
+    bool IsLink() const { return (attributes & kAlias) != 0; }
+};
+
+} // namespace tarvix::platform

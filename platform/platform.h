@@ -1,0 +1,22 @@
+#pragma once
+
+namespace tarvix::platform {
+
+class FileSystem;
+class NativePaths;
+class Clock;
+class Environment;
+class Registry;
+class Launcher;
+
+// All that a session needs of the machine. The owner is whoever composed the program.
+struct Platform {
+    FileSystem& files;
+    NativePaths& paths;
+    Clock& clock;
+    Environment& environment;
+    Registry& registry;
+    Launcher& launcher;
+};
+
+} // namespace tarvix::platform

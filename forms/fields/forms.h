@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forms/fields/frm_dialog.h"
+#include "forms/fields/frm_search.h"
+#include "forms/fields/prompt_forms.h"
+
+#include <array>
+#include <string_view>
+
+namespace tarvix::forms {
+
+// Every window of the program, one record each.
+struct Forms {
+    FrmSearch frmSearch;
+    FrmDialog frmDialog;
+    FrmForChar frmForChar;
+    FrmTrailingSp frmTrailingSp;
+    FrmAllUsers frmAllUsers;
+    FrmSelectDate frmSelectDate;
+
+    const std::array<Form*, 6> all{&frmSearch,     &frmDialog,   &frmForChar,
+                                   &frmTrailingSp, &frmAllUsers, &frmSelectDate};
+
+    // By name, without regard to case; null when there is none.
+    Form* Find(std::string_view name) const;
+};
+
+} // namespace tarvix::forms

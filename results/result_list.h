@@ -1,0 +1,99 @@
+#pragma once
+
+#include "forms/fields/form.h"
+#include "results/columns.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace tarvix::results {
+
+constexpr std::string_view kFolderType = "  File Folder";
+constexpr std::int64_t kNoDate = INT64_MIN;
+
+// What all rows of one folder share. `longPath` has no final "\" except a drive's root. For a
+// folder row it is the folder's own path.
+struct RowFolder {
+    std::string longPath;
+    std::string mixedPath;          // opens and reads best; only for paths over 259 characters
+    std::uint32_t searchPrefix = 0; // bytes of longPath that are the search location and its "\"
+    int searchFolderIndex = 0;
+};
+
+// One object as compact facts; its cells are made when asked for. A row with an empty name is a
+// spacer.
+struct ResultRow {
+    std::string_view name; // kept by the list
+    const RowFolder* folder = nullptr;
+    const std::string* searchEntry = nullptr; // two digits for each string that found it
+    std::uint64_t size = 0;                   // bytes
+    std::int64_t date = kNoDate;              // local seconds, see text::FromSeconds
+    std::uint32_t attributes = 0;
+    std::uint32_t filesInFolder = 0;
+    std::uint32_t foldersInFolder = 0;
+    std::uint16_t searchForIndex = 1; // the first string that found it
+    bool isFolder = false;
+    bool selected = false;
+
+    bool IsSpacer() const { return name.empty(); }
+};
+
+// `lstMain`'s rows: the only store of what was found between a search and an action.
+class ResultList {
+  public:
+    ResultList();
+    ~ResultList();
+    ResultList(const ResultList&) = delete;
+    ResultList& operator=(const ResultList&) = delete;
+
+    void Clear();
+    std::size_t Count() const { return rows_.size(); }
+    const ResultRow& At(std::size_t index) const { return rows_[index]; }
+    ResultRow& At(std::size_t index) { return rows_[index]; }
+
+    // The folder record for following rows; kept until Clear.
+    const RowFolder* AddFolder(RowFolder folder);
+    // Copies the name and the entry text; gives the new row's index.
+    std::size_t Add(ResultRow row, std::string_view searchEntry);
+
+    // The row of an object by its full path, exactly compared; Count() when there is none. The
+    // first call builds an index, which later additions keep up to date.
+    std::size_t Find(std::string_view longFolder, std::string_view name, bool isFolder);
+    // Appends an index to the entry text of a row, unless it holds it already.
+    void AddSearchEntry(std::size_t index, std::string_view twoDigits);
+
+    std::string Cell(std::size_t index, Column column) const;
+    forms::Color CellColor(std::size_t index, Column column) const;
+    // Path\Name in full, whatever its length.
+    std::string FullPath(std::size_t index) const;
+
+    // Grows with every Clear, so that a view knows that its rows are gone.
+    std::uint64_t Generation() const { return generation_; }
+
+  private:
+    struct PathIndex;
+    std::string_view KeepName(std::string_view name);
+    const std::string* KeepEntry(std::string_view entry);
+
+    std::vector<ResultRow> rows_;
+    std::deque<RowFolder> folders_;
+    std::vector<std::unique_ptr<char[]>> nameBlocks_;
+    std::size_t blockLeft_ = 0;
+    std::unordered_set<std::string> entries_;
+    std::unique_ptr<PathIndex> index_;
+    std::uint64_t generation_ = 0;
+};
+
+// Letters for bits 1, 2, 4, 32, 64, 128, 256, 512, 1024, 2048, in this order: rhsa6125AC.
+std::string BuildAttributeString(std::uint32_t bits);
+
+// Path\Name of a row's parts.
+std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder);
+
+} // namespace tarvix::results

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::results {
+
+// The selected rows, in list order, as the actions need them. One entry a row in every table.
+struct Selection {
+    std::vector<std::string> strSelName;
+    std::vector<std::string> strSelPath; // Path\Name
+    std::vector<bool> blnSelIsFile;
+    std::vector<std::string> strSelRelPath;    // Path\Name below the search location
+    std::vector<std::string> strSelActualPath; // the path to hand to the file system
+    std::vector<bool> blnSelNoDate;
+    std::int64_t lngSelTop = -1; // the count less 1
+    std::int64_t intSelAnchor = -1;
+    std::string strSelAnchorName;
+};
+
+// Fills the tables from the selected rows and sets the counters of the selection. A spacer that is
+// selected is unselected.
+void BuildFileArray(session::Session& session);
+
+// The counters alone, without the tables; cheap enough for every click in the list.
+void CountSelection(session::Session& session);
+
+void cmdSelectAll_Click(session::Session& session);
+void cmdSelectAllDirs_Click(session::Session& session);
+void cmdSelectAllFiles_Click(session::Session& session);
+void cmdSelectNone_Click(session::Session& session);
+void cmdSelectReverse_Click(session::Session& session);
+
+// A click on a row of the list, from 0.
+void lstMain_ItemClick(session::Session& session, std::size_t row);
+
+// Empties the list and sets the counters and what depends on it to their idle state.
+void ClearList(session::Session& session);
+
+} // namespace tarvix::results

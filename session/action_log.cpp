@@ -1,0 +1,57 @@
+#include "session/action_log.h"
+
+#include "platform/file_system.h"
+#include "platform/text_stream.h"
+#include "session/session.h"
+#include "text/characters.h"
+#include "text/format.h"
+
+#include <cmath>
+
+namespace tarvix::session {
+
+ActionLog::ActionLog() = default;
+ActionLog::~ActionLog() = default;
+
+void ActionLog::Open(Session& session) {
+    auto stream = session.files().CreateTextFile(session.state.strActionLogFile, true);
+    if (!stream) {
+        session.frmSearch.lblStatus.Caption =
+            "The action log can't be written: " + stream.error().description;
+        return;
+    }
+    stream_ = std::move(*stream);
+    std::string head = "Opened Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
+    head += session.state.options.blnFileLog ? "Logging is turned on." : "Logging is turned off.";
+    (void)stream_->Write(head + "\r\n\r\n");
+}
+
+void ActionLog::Close(Session& session) {
+    if (!stream_) return;
+    (void)stream_->Write("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    (void)stream_->Close();
+    stream_.reset();
+}
+
+void ActionLog::Write(Session& session, std::string_view text) {
+    if (!stream_ || !session.state.options.blnFileLog) return;
+    std::string entry(text);
+    entry.append("\r\n").append(DashesFor(text)).append("\r\n\r\n");
+    (void)stream_->Write(entry);
+}
+
+void WriteToActionLog(Session& session, std::string_view text) { session.log.Write(session, text); }
+
+void LogTimed(Session& session, std::string_view text) {
+    WriteToActionLog(session, session.TimeText().append(text));
+}
+
+std::string DashesFor(std::string_view text) {
+    const std::size_t length = text::Length(text);
+    if (text.find("\r\n") == text.npos) return std::string(length, '-');
+    // nearbyint rounds a half to the even neighbour.
+    const double dashes = std::nearbyint(static_cast<double>(length * 2) / 3.0);
+    return std::string(static_cast<std::size_t>(dashes), '-');
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace tarvix::session {
+
+struct Session;
+
+// What an event routine is told besides the session.
+struct EventArgs {
+    int index = -1; // the entry of a control array, or a row from 0
+};
+
+using EventRoutine = std::function<void(Session&, const EventArgs&)>;
+
+// From "frmSearch.cmdSearch_Click" to its routine. Filled when the program is composed; buttons,
+// menus, scripts and batches all raise events through it.
+class EventTable {
+  public:
+    void On(std::string event, EventRoutine routine);
+    void On(std::string event, void (*routine)(Session&));
+    bool Has(std::string_view event) const;
+    // Runs the routine of the event, if there is one.
+    bool Raise(Session& session, std::string_view event, const EventArgs& args = {}) const;
+
+  private:
+    std::unordered_map<std::string, EventRoutine> routines_;
+};
+
+} // namespace tarvix::session

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvix::forms {
+class Form;
+}
+
+namespace tarvix::session {
+
+struct Session;
+
+// Answers of a message box, numbered as the routines test them.
+enum Answer : int { kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7 };
+
+// The parts of a style number: buttons + icon + default button.
+enum Style : int {
+    kOkOnly = 0,
+    kOkCancel = 1,
+    kAbortRetryIgnore = 2,
+    kYesNoCancel = 3,
+    kYesNo = 4,
+    kRetryCancel = 5,
+    kCritical = 16,
+    kQuestion = 32,
+    kExclamation = 48,
+    kInformation = 64,
+    kSecondDefault = 256,
+    kThirdDefault = 512,
+};
+
+// The one way by which the logic asks the user. Whoever shows it is not the logic's business.
+class PromptService {
+  public:
+    virtual ~PromptService() = default;
+    // A message with the buttons of `style`; gives the button that was pressed. Closing the box
+    // counts as Cancel or No where there is one, else as OK.
+    virtual int MsgBox(std::string_view text, int style, std::string_view title) = 0;
+    // Empty when the user cancelled, as for an empty answer.
+    virtual std::string InputBox(std::string_view text, std::string_view title,
+                                 std::string_view preset) = 0;
+    // Shows the form and returns when it hides. Its controls raise their events meanwhile.
+    virtual void ShowModal(Session& session, forms::Form& form) = 0;
+    // A folder in drive form; empty when the user cancelled.
+    virtual std::string PickFolder(std::string_view title) = 0;
+    // An existing file in drive form; `filters` as "Text Files (*.txt)|*.txt|".
+    virtual std::string PickFile(std::string_view title, std::string_view filters) = 0;
+};
+
+} // namespace tarvix::session

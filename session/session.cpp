@@ -1,0 +1,31 @@
+#include "session/session.h"
+
+#include "platform/clock.h"
+#include "text/format.h"
+
+namespace tarvix::session {
+
+Session::Session(const platform::Platform& machine, PromptService& promptService)
+    : platform(machine), prompts(promptService), frmSearch(forms.frmSearch),
+      frmDialog(forms.frmDialog), yielder(machine.clock) {}
+
+Session::~Session() = default;
+
+text::DateTime Session::Now() { return platform.clock.Now(); }
+
+std::string Session::TimeText() { return text::FormatDate(Now(), "mm/dd/yyyy hh:mm:ss"); }
+
+bool Session::Raise(const forms::Control& control, std::string_view event) {
+    std::string name = control.Owner().Name();
+    name.append(".").append(control.ArrayName()).append("_").append(event);
+    return events.Raise(*this, name, {control.Index()});
+}
+
+void Session::ShowModal(forms::Form& form) {
+    form.Show();
+    prompts.ShowModal(*this, form);
+    form.Hide();
+    state.strLastForm = form.Name();
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "forms/fields/forms.h"
+#include "platform/platform.h"
+#include "session/action_log.h"
+#include "session/event_table.h"
+#include "session/prompt_service.h"
+#include "session/session_state.h"
+#include "session/yielder.h"
+#include "text/dates.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tarvix::results {
+class ResultList;
+struct Selection;
+} // namespace tarvix::results
+
+namespace tarvix::session {
+
+// All that a routine needs: state, windows as fields, the machine, and the user. Made by whoever
+// composes the program; a test makes as many as it likes.
+struct Session {
+    Session(const platform::Platform& machine, PromptService& promptService);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    platform::Platform platform;
+    PromptService& prompts;
+    SessionState state;
+    forms::Forms forms;
+    forms::FrmSearch& frmSearch;
+    forms::FrmDialog& frmDialog;
+    EventTable events;
+    Yielder yielder;
+    ActionLog log;
+
+    // Owned by the program; set before the first event.
+    results::ResultList* rows = nullptr;
+    results::Selection* selection = nullptr;
+
+    platform::FileSystem& files() { return platform.files; }
+    void Yield() { yielder.Yield(); }
+    // Shows what changed at once: long routines call it where a window would repaint.
+    void Repaint() { yielder.PumpNow(); }
+    text::DateTime Now();
+    std::string TimeText(); // "mm/dd/yyyy hh:mm:ss"
+
+    // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
+    bool Raise(const forms::Control& control, std::string_view event);
+    int MsgBox(std::string_view text, int style = kOkOnly, std::string_view title = "Tarvix") {
+        return prompts.MsgBox(text, style, title);
+    }
+    void ShowModal(forms::Form& form);
+};
+
+} // namespace tarvix::session

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvix::session {
+
+// The settings that outlive a run, with the values they have when nothing was saved.
+struct Options {
+    bool blnAllowAll = false; // Expert Mode
+    bool blnAutoMode = false; // no prompts; every decision falls to its safe default
+    bool blnListDupsWhenSearchStringsNotExclusive = false;
+    bool blnFileLog = true;
+    std::array<std::string, 19> strDefSearchFolder; // drive form, variables unexpanded
+    std::array<std::string, 19> strDefSearchFolderTitle;
+    int intLatestYear = 2025; // the last year that counts as plausible for a file's date
+};
+
+constexpr int kSearchStringLimit = 99;
+constexpr int kSearchFolderLimit = 1000;
+constexpr std::int64_t kObjectLimit = 250'000;
+
+// One search location: the folder as people see it, and in a form that opens. Neither has a final
+// "\" except a drive's root. `folder` is empty when it doesn't exist.
+struct SearchLocation {
+    std::string folder;
+    std::string folderShort;
+};
+
+// The process-wide variables. Routines read and set them by name.
+struct SessionState {
+    Options options;
+
+    // Set at the start.
+    std::string strProgramFolder;
+    std::string strDataFolder;
+    bool blnDataInVirtualStore = false;
+    std::string strFDHistoryFile;
+    std::string strFSSearchHistoryFile;
+    std::string strFSFolderHistoryFile;
+    std::string strTargetPathFile;
+    std::string strActionLogFile;
+    std::string strErrorLogFile;
+    std::string strOptionFile;
+    std::string strOptionBackupFile;
+    int intMaxYear = 0;
+    int intOSVersion = 10000;
+    std::array<std::string, 8> strWindowStyle; // by a shortcut's code: 1, 3 and 7
+    bool blnStarShell = false;
+    bool blnUnknownShell = false;
+    bool blnStarted = false;
+    bool blnEnded = false;
+
+    // Windows and actions.
+    std::string strAction;
+    std::string strPrevAction;
+    std::string strLastForm;
+    std::string strCurrentForm;
+    bool blnPreloadDialog = false;
+    bool blnRedoAfterAction = false;
+    bool blnRedoNow = false;
+    bool blnRepeatRequested = false;
+    bool blnActionCancelled = false;
+    bool blnColumnsChanged = false;
+    bool blnDateWindowClosing = false;
+
+    // Batches.
+    bool blnAutoMove = false;
+    bool blnAutoPlayList = false;
+    bool blnAutoPlayListLocal = false;
+    bool blnAutoPlayListFull = false;
+    bool blnBatchDeleteEmpty = false;
+    bool blnPlayListMode = false;
+    bool blnEditTargets = false;
+    std::string strBatchFile;
+
+    // One search.
+    std::vector<std::string> strSearchFor{""}; // from index 1
+    int intSearchForCount = 0;
+    std::string strCurrentSearchFor;
+    std::vector<SearchLocation> searchFolders{{}}; // from index 1
+    int intSearchFolderCount = 0;
+    std::int64_t lngRefreshEvery = 999;
+    std::string strTargetSearch;
+    int intCriteriaMode = 0;
+    int intCriteriaCode = 0;
+    int intFolderIndex = 0;
+    int intSearchForIndex = 0;
+    bool blnLikeChars = false;
+    bool blnNotExclusive = false;
+    bool blnRecycleAllowed = false;
+    bool blnScanVirtualStore = false;
+    bool blnScanVirtualStoreOwn = false;
+    bool blnErrorPreparingForSearch = false;
+    bool blnStopClicked = false;
+    bool blnSkipSearch = false;
+    bool blnRepeatDeleteEmpty = false;
+    bool blnSearching = false;
+    std::int64_t lngSeenFiles = 0;
+    std::int64_t lngSeenFolders = 0;
+    std::int64_t lngFilesFound = 0;
+    std::int64_t lngFoldersFound = 0;
+
+    // The whole run.
+    bool blnForeignWarned = false;
+    bool blnTrailingWarned = false;
+};
+
+} // namespace tarvix::session

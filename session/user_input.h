@@ -1,0 +1,34 @@
+#pragma once
+
+#include <expected>
+#include <string>
+#include <string_view>
+
+namespace tarvix::forms {
+class Control;
+class Form;
+} // namespace tarvix::forms
+
+namespace tarvix::session {
+
+struct Session;
+
+// What a user does to one control, with the events that follow. Windows and scripts both come
+// through here, so a disabled or hidden control refuses both with the same sentence.
+
+using InputResult = std::expected<void, std::string>;
+
+// The press of a button or menu entry, the toggle of a box, the choice of an option.
+InputResult UserClick(Session& session, forms::Control& control);
+
+// Enters a value: the text of a text box, combo box or picker, 0, 1 or 2 for a check box, 1 (or
+// "True") for an option. Raises Change for texts and Click for boxes, if the value changed.
+InputResult UserSet(Session& session, forms::Control& control, std::string_view value);
+
+// The focus leaves the control.
+void UserLeave(Session& session, forms::Control& control);
+
+// Whether the control, and whatever holds it, can be used now; else why not.
+InputResult CanUse(const forms::Control& control);
+
+} // namespace tarvix::session

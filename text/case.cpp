@@ -1,0 +1,101 @@
+#include "text/case.h"
+
+#include "text/characters.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+
+namespace tarvix::text {
+
+namespace {
+
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+
+constexpr char UpperAscii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+}
+
+constexpr char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+char32_t LowerCharacter(char32_t codePoint) {
+    if (codePoint < 0x80)
+        return static_cast<unsigned char>(LowerAscii(static_cast<char>(codePoint)));
+    if (codePoint > kLastCodePoint) return codePoint;
+    return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(codePoint)));
+}
+
+bool IsAsciiByte(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+template <char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
+void AppendMapped(std::string& out, std::string_view s) {
+    out.reserve(out.size() + s.size());
+    for (std::size_t pos = 0; pos < s.size();) {
+        if (IsAsciiByte(s[pos])) {
+            out += MapAscii(s[pos++]);
+        } else {
+            AppendUtf8(out, MapCharacter(NextCharacter(s, pos)));
+        }
+    }
+}
+
+char32_t NextUpper(std::string_view s, std::size_t& pos) {
+    if (IsAsciiByte(s[pos])) return static_cast<unsigned char>(UpperAscii(s[pos++]));
+    return UpperCharacter(NextCharacter(s, pos));
+}
+
+} // namespace
+
+char32_t UpperCharacter(char32_t codePoint) {
+    if (codePoint < 0x80)
+        return static_cast<unsigned char>(UpperAscii(static_cast<char>(codePoint)));
+    if (codePoint > kLastCodePoint) return codePoint;
+    return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(codePoint)));
+}
+
+void AppendUpper(std::string& out, std::string_view s) {
+    AppendMapped<UpperAscii, UpperCharacter>(out, s);
+}
+
+std::string Upper(std::string_view s) {
+    std::string out;
+    AppendUpper(out, s);
+    return out;
+}
+
+std::string Lower(std::string_view s) {
+    std::string out;
+    AppendMapped<LowerAscii, LowerCharacter>(out, s);
+    return out;
+}
+
+int CompareNoCase(std::string_view a, std::string_view b) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < a.size() && j < b.size()) {
+        const char32_t left = NextUpper(a, i);
+        const char32_t right = NextUpper(b, j);
+        if (left != right) return left < right ? -1 : 1;
+    }
+    return static_cast<int>(i < a.size()) - static_cast<int>(j < b.size());
+}
+
+bool EqualNoCase(std::string_view a, std::string_view b) {
+    return CompareNoCase(a, b) == 0;
+}
+
+bool ContainsNoCase(std::string_view haystack, std::string_view needle) {
+    if (!IsAscii(haystack) || !IsAscii(needle)) {
+        return Upper(haystack).find(Upper(needle)) != std::string::npos;
+    }
+    const auto same = [](char a, char b) { return UpperAscii(a) == UpperAscii(b); };
+    return std::search(haystack.begin(), haystack.end(), needle.begin(), needle.end(), same) !=
+               haystack.end() ||
+           needle.empty();
+}
+
+} // namespace tarvix::text

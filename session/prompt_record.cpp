@@ -1,0 +1,15 @@
+#include "session/prompt_record.h"
+
+#include "forms/fields/control.h"
+
+namespace tarvix::session {
+
+PromptRecord RecordOf(const forms::Form& form) {
+    const forms::Control* main = form.Find("lblMain");
+    return {.kind = PromptKind::kForm,
+            .form = form.Name(),
+            .title = form.Caption,
+            .text = main ? main->ValueText() : std::string{}};
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "session/prompt_record.h"
+#include "session/prompt_service.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::session {
+
+// Nobody is there: every message gets its safe answer, every input and picker is cancelled, every
+// form is closed by its Cancel, else by its OK.
+class UnattendedPrompts : public PromptService {
+  public:
+    const std::vector<PromptRecord>& Records() const { return records_; }
+
+    int MsgBox(std::string_view text, int style, std::string_view title) override;
+    std::string InputBox(std::string_view text, std::string_view title,
+                         std::string_view preset) override;
+    void ShowModal(Session& session, forms::Form& form) override;
+    std::string PickFolder(std::string_view title) override;
+    std::string PickFile(std::string_view title, std::string_view filters) override;
+
+  private:
+    std::vector<PromptRecord> records_;
+};
+
+// Clicks the form's Cancel, else its OK, and hides it if it still shows. Gives the name of what
+// was clicked.
+std::string CloseUnattended(Session& session, forms::Form& form);
+
+} // namespace tarvix::session

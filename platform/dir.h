@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "text/like.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,9 +14,10 @@ namespace tarvix::platform {
 constexpr std::uint32_t kDirFiles = 7;
 constexpr std::uint32_t kDirAll = 23;
 
-// One enumeration by wildcard. The last component of `spec` may hold "*" and "?"; without them it
-// is an existence test. A spec that ends in "\" gives everything in that folder, "." and ".." left
-// out. A folder that can't be opened gives nothing. Names are as the disk spells them.
+// One enumeration by wildcard, without regard to case. The last component of `spec` may hold "*"
+// (any run) and "?" (one character), nothing else is special; "*.*" takes every name. Without them
+// it is an existence test. A spec that ends in "\" gives everything in that folder, "." and ".."
+// left out. A folder that can't be opened gives nothing. Names are as the disk spells them.
 class Dir {
   public:
     explicit Dir(FileSystem& files) : files_(files) {}
@@ -32,10 +34,11 @@ class Dir {
     FolderListing listing_;
     std::size_t index_ = 0;
     std::uint32_t mask_ = 0;
-    std::string pattern_; // upper case
+    std::optional<text::LikePattern> pattern_; // none takes every name
 };
 
-// The existence test: the name of the object at `path` if `mask` takes its kind, else empty.
+// The existence test: the name of the object at `path`, as the disk spells it ("C:" for a drive),
+// if `mask` takes its kind, else empty. Only mask bit 16 takes folders and links to folders.
 std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask);
 
 } // namespace tarvix::platform

@@ -44,17 +44,23 @@ class OpenFolder {
     virtual Result<ObjectFacts> Facts(std::string_view name) = 0;
 };
 
-// Everything done to files. All paths are drive paths, UTF-8, with or without a final "\". A name
-// is looked for exactly first, then as a short name, then without regard to case. Common failures:
-// 52 a name that can't be a name here, 53 missing, 76 a folder on the way is missing, 70 refused,
-// 61 disk full. No call follows a symbolic link that is the last component, and none leaves part
-// of a file under its final name.
+// Everything done to files. All paths are drive paths (ParseDrivePath), UTF-8, with or without a
+// final "\". A name is looked for exactly first, then as a short name (53 when two names share it),
+// then without regard to case (the first in `Dir` order); a target that exists in another case
+// exists. Common failures: 52 a name that can't be a name here, 53 missing, 76 a folder on the way
+// is missing, 70 refused, 61 disk full. A symbolic link on the way is walked through, one that is
+// the last component is acted on itself, except by Open, ReadBytes and the text streams. No call
+// leaves part of a file under its final name.
+//
+// Calls for files take anything but folders (53), calls for folders only folders (76); a link to a
+// folder is taken by both.
 class FileSystem {
   public:
     virtual ~FileSystem() = default;
 
     virtual Result<ObjectFacts> Facts(std::string_view path) = 0;
-    // The path as the disk spells it: long names, true case, drive in upper case. 53 or 76.
+    // The path as the disk spells it: long names, true case, drive in upper case, links left in;
+    // no final "\" but on a drive alone ("C:\"). 53 or 76.
     virtual Result<std::string> TruePath(std::string_view path) = 0;
     // Each component in its stable 8.3 form; a component that is one already stays. 53 or 76.
     virtual Result<std::string> ShortPath(std::string_view path) = 0;
@@ -65,32 +71,40 @@ class FileSystem {
     virtual Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) = 0;
     // Copies one file or link with times, mode, extended attributes, access lists and holes. `to`
     // is the full new path. 58 when it exists and `overwrite` is false, 76 when its folder is
-    // missing.
+    // missing; with `overwrite`, 70 when it is read-only and 75 when it is a folder. An object that
+    // exists keeps the spelling of its name. 75 for a special file and for a file onto itself.
     virtual Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                   const CopyObserver& observer) = 0;
     // The same for a folder with all that is in it, links as links, special files skipped and told
-    // by error 75 after the rest was copied. Merges into an existing folder.
+    // by error 75 after the rest was copied. Merges into an existing folder, but never through a
+    // link, file by file as CopyFile does (58, 70, 75); ends at the first failure, what was copied
+    // stays. 75 for a folder into itself, before anything is made.
     virtual Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                                     const CopyObserver& observer) = 0;
-    // Renames without replacing (58). Across file systems: a file is copied, synced and then
-    // removed; a folder is refused with 70. After a failure the source stands whole.
+    // Renames without replacing: 58 when anything of the new name exists, though an object may get
+    // its own name in another case. 76 when the target folder is missing. Across file systems: a
+    // file is copied, synced and then removed; a folder is refused with 70. A folder into itself is
+    // refused with 75. After a failure the source stands whole.
     virtual Result<void> MoveFile(std::string_view from, std::string_view to,
                                   const CopyObserver& observer) = 0;
     virtual Result<void> MoveFolder(std::string_view from, std::string_view to) = 0;
     // Deletes one file or link for good; a read-only one (70) only with `force`.
     virtual Result<void> DeleteFile(std::string_view path, bool force) = 0;
-    // Removes an empty folder; 75 when it isn't empty.
+    // Removes an empty folder; 75 when it isn't empty, or is a link.
     virtual Result<void> RemoveFolder(std::string_view path) = 0;
     // Makes one folder; 75 when something of that name exists, 76 when its parent is missing.
     virtual Result<void> CreateFolder(std::string_view path) = 0;
 
-    // Up to `count` bytes from `offset`; fewer at the end of the file. Special files give 52.
+    // Up to `count` bytes from `offset`; fewer at the end of the file. A link to a file is read
+    // through; special files give 52, folders 53.
     virtual Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
                                           std::size_t count) = 0;
-    // 58 when the file exists and `overwrite` is false.
+    // 58 when the file exists and `overwrite` is false, 70 when it is read-only, 75 when it is a
+    // folder, 52 when it is a special file. The file is there, empty, from this call on.
     virtual Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
                                                                bool overwrite) = 0;
-    // An existing file (53) for reading, rewriting or appending.
+    // An existing file (53) for reading, rewriting (it is emptied at once) or appending. 70 for
+    // writing to a read-only one, 52 for a special file. A link to a file is opened through.
     virtual Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                                  OpenMode mode) = 0;
 

@@ -11,10 +11,12 @@ namespace tarvix::platform {
 enum class OpenMode { kRead = 1, kWrite = 2, kAppend = 8 };
 
 // An open text file. Read as UTF-8 (a byte order mark dropped, invalid UTF-8 read as Windows-1252),
-// lines ended by CR LF or a lone LF; written as it is given. Destroying it closes it.
+// lines ended by CR LF or a lone LF; written as it is given. Destroying it closes it. Reading a
+// stream opened for writing, and writing one opened for reading, fails with 52.
 class TextStream {
   public:
     virtual ~TextStream() = default;
+    // Whether nothing is left to read; true when writing.
     virtual bool AtEndOfStream() const = 0;
     // The next line without its end; 62 at the end of the file.
     virtual Result<std::string> ReadLine() = 0;

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::platform {
+
+// A disk under test: one fresh empty folder, and a way to it behind the FileSystem's back. The
+// `path` arguments are in drive form, relative to that folder, with "\" between names; folders on
+// the way are made. What can't be done on this disk returns false, and the test is skipped.
+class Disk {
+  public:
+    virtual ~Disk() = default; // removes the folder
+
+    virtual FileSystem& Files() = 0;
+    // The folder's drive path, spelled as TruePath spells it, without a final "\".
+    virtual std::string Root() const = 0;
+
+    virtual void MakeFile(std::string_view path, std::string_view content) = 0;
+    virtual void MakeFolder(std::string_view path) = 0;
+    // A symbolic link at `path`; `target` is relative to the root folder and need not exist.
+    virtual void MakeLink(std::string_view path, std::string_view target) = 0;
+    virtual void SetModified(std::string_view path, FileTime modified) = 0;
+    virtual void SetReadOnly(std::string_view path) = 0;
+    virtual bool MakeFifo(std::string_view path) = 0;
+    // A file in the root folder whose name is given in the disk's own bytes.
+    virtual bool MakeBadName(std::string_view nativeName) = 0;
+    // Takes away the right to list a folder.
+    virtual bool MakeUnreadable(std::string_view path) = 0;
+    virtual bool SetExtendedAttribute(std::string_view path, std::string_view name,
+                                      std::string_view value) = 0;
+
+    // What is really there. Content is empty for a missing file; a link is not read through.
+    virtual std::optional<std::string> Content(std::string_view path) = 0;
+    virtual std::optional<std::string> ExtendedAttribute(std::string_view path,
+                                                         std::string_view name) = 0;
+    // Drive forms of all names in a folder, temporary files too, in no special order; "" for the
+    // root folder.
+    virtual std::vector<std::string> Names(std::string_view folder) = 0;
+};
+
+// How to make one kind of disk; the name becomes part of the tests' names.
+struct DiskMaker {
+    std::string name;
+    std::function<std::unique_ptr<Disk>()> make;
+
+    friend std::ostream& operator<<(std::ostream& out, const DiskMaker& maker) {
+        return out << maker.name;
+    }
+};
+
+// The tests of every FileSystem. A new one is put under them by:
+//   INSTANTIATE_TEST_SUITE_P(NAME, FileSystemConformance, testing::Values(DiskMaker{...}));
+class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
+  protected:
+    void SetUp() override { disk_ = GetParam().make(); }
+
+    Disk& disk() { return *disk_; }
+    FileSystem& files() { return disk_->Files(); }
+    std::string Root() const { return disk_->Root(); }
+    // The full drive path of a path below the root folder.
+    std::string At(std::string_view path) const { return Root() + "\\" + std::string(path); }
+
+    // The names that listing a folder gives, in its order.
+    std::vector<std::string> Listed(std::string_view folder);
+    // The names really there, sorted by code point.
+    std::vector<std::string> Names(std::string_view folder);
+    std::uint32_t AttributesOf(std::string_view path);
+    bool Exists(std::string_view path);
+    std::string TextOf(std::string_view path);
+
+    Result<void> Copy(std::string_view from, std::string_view to, bool overwrite = false);
+    Result<void> CopyTree(std::string_view from, std::string_view to, bool overwrite = false);
+    Result<void> Move(std::string_view from, std::string_view to);
+    Result<void> MoveTree(std::string_view from, std::string_view to);
+
+  private:
+    std::unique_ptr<Disk> disk_;
+};
+
+// The error number of a result; 0 for success.
+template <class T>
+int NumberOf(const Result<T>& result) {
+    return result ? 0 : result.error().number;
+}
+
+} // namespace tarvix::platform

@@ -33,6 +33,13 @@ bool IsAsciiByte(char c) {
 
 template <char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
 void AppendMapped(std::string& out, std::string_view s) {
+    if (IsAscii(s)) {
+        const std::size_t before = out.size();
+        out.append(s);
+        std::transform(s.begin(), s.end(), out.begin() + static_cast<std::ptrdiff_t>(before),
+                       MapAscii);
+        return;
+    }
     out.reserve(out.size() + s.size());
     for (std::size_t pos = 0; pos < s.size();) {
         if (IsAsciiByte(s[pos])) {
@@ -85,7 +92,7 @@ int CompareNoCase(std::string_view a, std::string_view b) {
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
-    return CompareNoCase(a, b) == 0;
+    return a == b || CompareNoCase(a, b) == 0;
 }
 
 bool ContainsNoCase(std::string_view haystack, std::string_view needle) {

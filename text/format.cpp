@@ -218,13 +218,19 @@ int ValueOf(const DateTime& value, Part part, bool halves) {
     return 0;
 }
 
+void AppendPadded(std::string& out, int value, std::size_t width) {
+    const fmt::format_int digits(value);
+    if (digits.size() < width) out.append(width - digits.size(), '0');
+    out.append(digits.data(), digits.size());
+}
+
 void AppendPart(std::string& out, Part part, std::size_t letters, int value) {
-    if (part == Part::Year && letters > 2) {
-        out += fmt::format("{:04}", value);
-    } else if (part == Part::Year) {
-        out += fmt::format("{:02}", value % 100);
+    if (part != Part::Year) {
+        AppendPadded(out, value, letters);
+    } else if (letters > 2) {
+        AppendPadded(out, value, 4);
     } else {
-        out += fmt::format("{:0{}}", value, letters);
+        AppendPadded(out, value % 100, 2);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "text/characters.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace tarvix::text {
 
@@ -116,7 +115,13 @@ bool LikePattern::Fits(const Element& element, char32_t c) const {
     return true;
 }
 
-char32_t LikePattern::Folded(char32_t c) const {
+// Reads the character at byte `pos` as it is compared.
+char32_t LikePattern::NextFolded(std::string_view text, std::size_t& pos) const {
+    if (const char c = text[pos]; CodeOf(c) < 0x80) {
+        ++pos;
+        return CodeOf(ignoreCase_ ? UpperAscii(c) : c);
+    }
+    const char32_t c = NextCharacter(text, pos);
     return ignoreCase_ ? UpperCharacter(c) : c;
 }
 
@@ -128,7 +133,7 @@ bool LikePattern::Matches(std::string_view text) const {
 // Whether the segment fits the ASCII bytes at `at`, of which there are enough.
 bool LikePattern::SegmentAt(const Segment& segment, const char* at) const {
     if (segment.isLiteral && !ignoreCase_) {
-        return std::memcmp(at, segment.literal.data(), segment.literal.size()) == 0;
+        return std::string_view(at, segment.literal.size()) == segment.literal;
     }
     for (std::size_t i = segment.begin; i < segment.end; ++i, ++at) {
         if (!Fits(elements_[i], CodeOf(ignoreCase_ ? UpperAscii(*at) : *at))) return false;
@@ -176,7 +181,7 @@ bool LikePattern::SegmentFrom(const Segment& segment, std::string_view text,
                               std::size_t& pos) const {
     std::size_t at = pos;
     for (std::size_t i = segment.begin; i < segment.end; ++i) {
-        if (at >= text.size() || !Fits(elements_[i], Folded(NextCharacter(text, at)))) return false;
+        if (at >= text.size() || !Fits(elements_[i], NextFolded(text, at))) return false;
     }
     pos = at;
     return true;
@@ -196,7 +201,7 @@ bool LikePattern::MatchesAny(std::string_view text) const {
                 break;
             }
             if (pos >= text.size()) return false;
-            NextCharacter(text, pos);
+            NextFolded(text, pos);
         }
     }
     return true;

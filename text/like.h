@@ -55,7 +55,7 @@ class LikePattern {
 
     bool Fits(const Element& element, char32_t c) const;
     bool InClass(const CharacterClass& members, char32_t c) const;
-    char32_t Folded(char32_t c) const;
+    char32_t NextFolded(std::string_view text, std::size_t& pos) const;
 
     bool SegmentAt(const Segment& segment, const char* at) const;
     const char* FindSegment(const Segment& segment, const char* from, const char* to) const;

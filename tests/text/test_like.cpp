@@ -163,6 +163,12 @@ TEST(LikePattern, ManyStarsStayLinear) {
     EXPECT_FALSE(Like(text + "é", Repeat("*a", 30) + "*b"));
 }
 
+TEST(LikePattern, ViewWithoutMemoryIsEmpty) {
+    EXPECT_TRUE(Like(std::string_view(), ""));
+    EXPECT_TRUE(Like(std::string_view(), "**"));
+    EXPECT_FALSE(Like(std::string_view(), "?"));
+}
+
 TEST(EscapeLikeChars, TakesBracketAndHashLiterally) {
     EXPECT_EQ(EscapeLikeChars("a[1]#?*"), "a[[]1][#]?*");
     EXPECT_TRUE(Like("a[1]#x", EscapeLikeChars("a[1]#?*")));

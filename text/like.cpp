@@ -130,30 +130,25 @@ bool LikePattern::Matches(std::string_view text) const {
     return IsAscii(text) ? MatchesAscii(text) : MatchesAny(text);
 }
 
-// Whether the segment fits the ASCII bytes at `at`, of which there are enough.
-bool LikePattern::SegmentAt(const Segment& segment, const char* at) const {
-    if (segment.isLiteral && !ignoreCase_) {
-        return std::string_view(at, segment.literal.size()) == segment.literal;
-    }
-    for (std::size_t i = segment.begin; i < segment.end; ++i, ++at) {
-        if (!Fits(elements_[i], CodeOf(ignoreCase_ ? UpperAscii(*at) : *at))) return false;
+// Whether the segment fits the ASCII text at `pos`, where there are bytes enough.
+bool LikePattern::SegmentAt(const Segment& segment, std::string_view text, std::size_t pos) const {
+    if (segment.isLiteral && !ignoreCase_) return text.substr(pos).starts_with(segment.literal);
+    for (std::size_t i = segment.begin; i < segment.end; ++i, ++pos) {
+        const char c = text[pos];
+        if (!Fits(elements_[i], CodeOf(ignoreCase_ ? UpperAscii(c) : c))) return false;
     }
     return true;
 }
 
-// The first place between `from` and `to` where the whole segment fits, or null.
-const char* LikePattern::FindSegment(const Segment& segment, const char* from,
-                                     const char* to) const {
-    if (segment.isLiteral && !ignoreCase_) {
-        const std::string_view range(from, static_cast<std::size_t>(to - from));
-        const std::size_t hit = range.find(segment.literal);
-        return hit == kNone ? nullptr : from + hit;
+// The first place from `pos` on where the whole segment fits into the ASCII text, or kNone.
+std::size_t LikePattern::FindSegment(const Segment& segment, std::string_view text,
+                                     std::size_t pos) const {
+    if (segment.isLiteral && !ignoreCase_) return text.find(segment.literal, pos);
+    const std::size_t size = segment.end - segment.begin;
+    for (; text.size() - pos >= size; ++pos) {
+        if (SegmentAt(segment, text, pos)) return pos;
     }
-    const auto length = static_cast<std::ptrdiff_t>(segment.end - segment.begin);
-    for (; to - from >= length; ++from) {
-        if (SegmentAt(segment, from)) return from;
-    }
-    return nullptr;
+    return kNone;
 }
 
 // The first and the last segment are bound to the ends; each one between takes its first place,
@@ -163,15 +158,16 @@ bool LikePattern::MatchesAscii(std::string_view text) const {
     const Segment& last = segments_.back();
     const std::size_t firstSize = first.end - first.begin;
     const std::size_t lastSize = last.end - last.begin;
-    if (segments_.size() == 1) return text.size() == firstSize && SegmentAt(first, text.data());
+    if (segments_.size() == 1) return text.size() == firstSize && SegmentAt(first, text, 0);
     if (text.size() < firstSize + lastSize) return false;
-    const char* from = text.data() + firstSize;
-    const char* to = text.data() + text.size() - lastSize;
-    if (!SegmentAt(first, text.data()) || !SegmentAt(last, to)) return false;
+    const std::size_t middleEnd = text.size() - lastSize;
+    if (!SegmentAt(first, text, 0) || !SegmentAt(last, text, middleEnd)) return false;
+    const std::string_view middle = text.substr(0, middleEnd);
+    std::size_t pos = firstSize;
     for (std::size_t i = 1; i + 1 < segments_.size(); ++i) {
-        from = FindSegment(segments_[i], from, to);
-        if (from == nullptr) return false;
-        from += segments_[i].end - segments_[i].begin;
+        pos = FindSegment(segments_[i], middle, pos);
+        if (pos == kNone) return false;
+        pos += segments_[i].end - segments_[i].begin;
     }
     return true;
 }

@@ -57,8 +57,8 @@ class LikePattern {
     bool InClass(const CharacterClass& members, char32_t c) const;
     char32_t NextFolded(std::string_view text, std::size_t& pos) const;
 
-    bool SegmentAt(const Segment& segment, const char* at) const;
-    const char* FindSegment(const Segment& segment, const char* from, const char* to) const;
+    bool SegmentAt(const Segment& segment, std::string_view text, std::size_t pos) const;
+    std::size_t FindSegment(const Segment& segment, std::string_view text, std::size_t pos) const;
     bool MatchesAscii(std::string_view text) const;
 
     bool SegmentFrom(const Segment& segment, std::string_view text, std::size_t& pos) const;

@@ -11,6 +11,7 @@ namespace tarvix::text {
 namespace {
 
 constexpr char32_t kLastCodePoint = 0x10FFFF;
+constexpr char32_t kSharpS = 0xDF; // has no upper-case form, but utf8proc gives U+1E9E
 
 constexpr char UpperAscii(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
@@ -60,7 +61,7 @@ char32_t NextUpper(std::string_view s, std::size_t& pos) {
 char32_t UpperCharacter(char32_t codePoint) {
     if (codePoint < 0x80)
         return static_cast<unsigned char>(UpperAscii(static_cast<char>(codePoint)));
-    if (codePoint > kLastCodePoint) return codePoint;
+    if (codePoint > kLastCodePoint || codePoint == kSharpS) return codePoint;
     return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(codePoint)));
 }
 

@@ -16,6 +16,10 @@ TEST(Upper, MapsOneToOne) {
     EXPECT_EQ(Upper(""), "");
 }
 
+TEST(Upper, SharpSStays) {
+    EXPECT_EQ(Upper("Straße"), "STRAßE");
+}
+
 TEST(Upper, KeepsInvalidBytes) {
     EXPECT_EQ(Upper("a\xFF\xE2\x82z"), "A\xFF\xE2\x82Z");
 }

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <map>
+
+namespace tarvix::platform {
+
+// Hands every call on to another FileSystem, numbers the calls, and fails those it was told to
+// without handing them on. The folders and text streams that it opens count too. Operations are
+// named as the routines are ("CopyFile", "Facts", "Open"), those of opened objects "List",
+// "FolderFacts", "ReadLine", "Write", "Flush" and "Close". Numbers start at 1.
+class FaultyFileSystem : public FileSystem {
+  public:
+    struct Call {
+        std::string operation;
+        std::string path;
+        std::string target; // of a copy or move
+    };
+
+    explicit FaultyFileSystem(FileSystem& files) : files_(files) {}
+
+    // Fails the n-th call of all, or the n-th of one operation, counted from the last reset.
+    void FailCall(std::size_t number, int error);
+    void FailCall(std::string_view operation, std::size_t number, int error);
+    // Fails each call of an operation, or each call whose source or target is that path (without
+    // regard to case); with an empty operation, whatever it does.
+    void FailAll(std::string_view operation, int error);
+    void FailPath(std::string_view path, int error, std::string_view operation = {});
+    // Runs `action` before that call is failed or handed on, to change the disk in the middle.
+    void BeforeCall(std::size_t number, std::function<void()> action);
+    void BeforeCall(std::string_view operation, std::size_t number, std::function<void()> action);
+    void ClearFaults() { faults_.clear(); }
+
+    // All calls since the last reset, failed ones too.
+    const std::vector<Call>& Calls() const { return calls_; }
+    std::size_t Count() const { return calls_.size(); }
+    std::size_t Count(std::string_view operation) const;
+    // Starts counting at 1 again; faults stay.
+    void ResetCounts();
+
+    // Counts one call; its error if it is to fail.
+    Result<void> Enter(std::string_view operation, std::string_view path,
+                       std::string_view target = {});
+
+    Result<ObjectFacts> Facts(std::string_view path) override;
+    Result<std::string> TruePath(std::string_view path) override;
+    Result<std::string> ShortPath(std::string_view path) override;
+    Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
+    Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;
+    Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
+                          const CopyObserver& observer) override;
+    Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFile(std::string_view from, std::string_view to,
+                          const CopyObserver& observer) override;
+    Result<void> MoveFolder(std::string_view from, std::string_view to) override;
+    Result<void> DeleteFile(std::string_view path, bool force) override;
+    Result<void> RemoveFolder(std::string_view path) override;
+    Result<void> CreateFolder(std::string_view path) override;
+    Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
+                                  std::size_t count) override;
+    Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
+                                                       bool overwrite) override;
+    Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
+                                                         OpenMode mode) override;
+    std::vector<DriveInfo> Drives() override { return files_.Drives(); }
+
+  private:
+    struct Fault {
+        std::string operation;  // empty: any
+        std::string path;       // empty: any; else upper case, no final "\"
+        std::size_t number = 0; // 0: each
+        int error = 0;          // 0: none, only the action
+        std::function<void()> action;
+    };
+
+    bool Applies(const Fault& fault, const Call& call, std::size_t ofAll,
+                 std::size_t ofOperation) const;
+
+    FileSystem& files_;
+    std::vector<Fault> faults_;
+    std::vector<Call> calls_;
+    std::map<std::string, std::size_t, std::less<>> counts_;
+};
+
+} // namespace tarvix::platform

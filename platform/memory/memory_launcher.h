@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/launcher.h"
+
+namespace tarvix::platform {
+
+// Starts nothing and records what it was asked for.
+class MemoryLauncher : public Launcher {
+  public:
+    explicit MemoryLauncher(FileSystem& files) : files_(files) {}
+
+    Result<void> OpenDocument(std::string_view path) override {
+        const auto facts = files_.Facts(path);
+        if (!facts) return Failure(kFileNotFound, facts.error().description);
+        if (refusal != 0) return Failure(refusal, std::string(path) + " can't be opened.");
+        opened.emplace_back(path);
+        return {};
+    }
+
+    std::vector<std::string> opened; // documents, in order
+    int refusal = 0;                 // the error that every call gives, if not 0
+
+  private:
+    FileSystem& files_;
+};
+
+} // namespace tarvix::platform

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/memory/faulty_file_system.h"
+#include "platform/memory/memory_clock.h"
+#include "platform/memory/memory_environment.h"
+#include "platform/memory/memory_file_system.h"
+#include "platform/memory/memory_launcher.h"
+#include "platform/memory/memory_native_paths.h"
+#include "platform/memory/memory_registry.h"
+#include "platform/platform.h"
+
+namespace tarvix::platform {
+
+// A whole machine in memory: drive C: with the home of ann (Documents, Music, Downloads, Desktop
+// and the program's folder) and C:\tmp. The platform it gives reaches the disk through `faults`,
+// which fails nothing until it is told to; `disk` itself is the way behind its back.
+struct MemoryPlatform {
+    MemoryPlatform();
+    MemoryPlatform(const MemoryPlatform&) = delete;
+    MemoryPlatform& operator=(const MemoryPlatform&) = delete;
+
+    MemoryClock clock;
+    MemoryFileSystem disk;
+    FaultyFileSystem faults{disk};
+    MemoryNativePaths paths{disk};
+    MemoryEnvironment environment;
+    MemoryRegistry registry;
+    MemoryLauncher launcher{disk};
+    Platform platform{faults, paths, clock, environment, registry, launcher};
+};
+
+} // namespace tarvix::platform

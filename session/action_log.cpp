@@ -40,7 +40,9 @@ void ActionLog::Write(Session& session, std::string_view text) {
     (void)stream_->Write(entry);
 }
 
-void WriteToActionLog(Session& session, std::string_view text) { session.log.Write(session, text); }
+void WriteToActionLog(Session& session, std::string_view text) {
+    session.log.Write(session, text);
+}
 
 void LogTimed(Session& session, std::string_view text) {
     WriteToActionLog(session, session.TimeText().append(text));

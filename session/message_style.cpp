@@ -22,12 +22,18 @@ constexpr std::array<std::pair<int, std::string_view>, 7> kCaptions{{{kOk, "OK"}
 
 std::vector<int> ButtonsOf(int style) {
     switch (style & 7) {
-    case kOkCancel: return {kOk, kCancel};
-    case kAbortRetryIgnore: return {kAbort, kRetry, kIgnore};
-    case kYesNoCancel: return {kYes, kNo, kCancel};
-    case kYesNo: return {kYes, kNo};
-    case kRetryCancel: return {kRetry, kCancel};
-    default: return {kOk};
+    case kOkCancel:
+        return {kOk, kCancel};
+    case kAbortRetryIgnore:
+        return {kAbort, kRetry, kIgnore};
+    case kYesNoCancel:
+        return {kYes, kNo, kCancel};
+    case kYesNo:
+        return {kYes, kNo};
+    case kRetryCancel:
+        return {kRetry, kCancel};
+    default:
+        return {kOk};
     }
 }
 
@@ -46,7 +52,8 @@ int SafeAnswer(int style) {
 }
 
 std::string_view CaptionOf(int answer) {
-    const auto found = std::ranges::find(kCaptions, answer, &std::pair<int, std::string_view>::first);
+    const auto found =
+        std::ranges::find(kCaptions, answer, &std::pair<int, std::string_view>::first);
     return found == kCaptions.end() ? std::string_view{} : found->second;
 }
 

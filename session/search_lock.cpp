@@ -10,18 +10,22 @@ namespace {
 
 void SetCriteriaEnabled(forms::FrmSearch& form, bool enabled) {
     for (forms::Control* control : std::initializer_list<forms::Control*>{
-             &form.cmbSearchFor, &form.cboTargetPath, &form.cmbDir, &form.cboSize, &form.txtSize1,
-             &form.txtSize2, &form.cboDate, &form.chkNot, &form.chkIncludeSubFolders,
-             &form.chkReadOnly, &form.chkHidden, &form.chkSystem, &form.chkArchive, &form.chkAlias,
-             &form.chkCompressed, &form.chkOneEach, &form.chkSize, &form.chkDate,
-             &form.cmdClearFolders, &form.cmdSearch, &form.cmdBrowse, &form.mnuBrowse,
-             &form.mnuTools, &form.mnuActions}) {
+             &form.cmbSearchFor,    &form.cboTargetPath, &form.cmbDir,
+             &form.cboSize,         &form.txtSize1,      &form.txtSize2,
+             &form.cboDate,         &form.chkNot,        &form.chkIncludeSubFolders,
+             &form.chkReadOnly,     &form.chkHidden,     &form.chkSystem,
+             &form.chkArchive,      &form.chkAlias,      &form.chkCompressed,
+             &form.chkOneEach,      &form.chkSize,       &form.chkDate,
+             &form.cmdClearFolders, &form.cmdSearch,     &form.cmdBrowse,
+             &form.mnuBrowse,       &form.mnuTools,      &form.mnuActions}) {
         control->Enabled = enabled;
     }
     form.optFilesVsDirs.SetEnabled(enabled);
 }
 
-bool IsFolderKind(const forms::FrmSearch& form) { return form.optFilesVsDirs.Chosen() >= 3; }
+bool IsFolderKind(const forms::FrmSearch& form) {
+    return form.optFilesVsDirs.Chosen() >= 3;
+}
 
 } // namespace
 

@@ -11,9 +11,13 @@ Session::Session(const platform::Platform& machine, PromptService& promptService
 
 Session::~Session() = default;
 
-text::DateTime Session::Now() { return platform.clock.Now(); }
+text::DateTime Session::Now() {
+    return platform.clock.Now();
+}
 
-std::string Session::TimeText() { return text::FormatDate(Now(), "mm/dd/yyyy hh:mm:ss"); }
+std::string Session::TimeText() {
+    return text::FormatDate(Now(), "mm/dd/yyyy hh:mm:ss");
+}
 
 bool Session::Raise(const forms::Control& control, std::string_view event) {
     std::string name = control.Owner().Name();

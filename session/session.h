@@ -9,6 +9,7 @@
 #include "session/yielder.h"
 #include "text/dates.h"
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,6 +42,7 @@ struct Session {
     // Owned by the program; set before the first event.
     results::ResultList* rows = nullptr;
     results::Selection* selection = nullptr;
+    std::array<bool, 27> blnListItems{}; // visible columns, by their index
 
     platform::FileSystem& files() { return platform.files; }
     void Yield() { yielder.Yield(); }

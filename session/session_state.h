@@ -29,6 +29,14 @@ struct SearchLocation {
     std::string folderShort;
 };
 
+// What the last action did, object by object.
+struct ActionTotals {
+    std::int64_t done = 0;
+    std::int64_t skipped = 0;
+    std::int64_t failed = 0;
+    std::vector<std::string> errors; // one sentence for each failed object
+};
+
 // The process-wide variables. Routines read and set them by name.
 struct SessionState {
     Options options;
@@ -63,6 +71,9 @@ struct SessionState {
     bool blnRedoNow = false;
     bool blnRepeatRequested = false;
     bool blnActionCancelled = false;
+    bool blnStopAction = false; // takes effect at the next object
+    bool blnErrorOccurred = false;
+    ActionTotals lastAction;
     bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
 

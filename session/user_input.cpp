@@ -115,10 +115,13 @@ InputResult UserSet(Session& session, forms::Control& control, std::string_view 
         static_cast<forms::TextBox&>(control).Text = std::string(value);
         session.Raise(control, "Change");
         return {};
-    default: return Refuse(control, "has no value that can be set.");
+    default:
+        return Refuse(control, "has no value that can be set.");
     }
 }
 
-void UserLeave(Session& session, forms::Control& control) { session.Raise(control, "LostFocus"); }
+void UserLeave(Session& session, forms::Control& control) {
+    session.Raise(control, "LostFocus");
+}
 
 } // namespace tarvix::session

@@ -27,12 +27,14 @@ class Control;
 void NoteChange(Control& control);
 
 // A value of a control; assigning another value marks the control as changed.
-template <class T> class Property {
+template <class T>
+class Property {
   public:
     Property(Control& owner, T value) : owner_(&owner), value_(std::move(value)) {}
     Property(const Property&) = delete;
     Property& operator=(const Property& other) { return *this = other.value_; }
-    template <std::convertible_to<T> U> Property& operator=(U&& value) {
+    template <std::convertible_to<T> U>
+    Property& operator=(U&& value) {
         if (!(value_ == value)) {
             value_ = std::forward<U>(value);
             NoteChange(*owner_);

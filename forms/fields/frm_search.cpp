@@ -8,9 +8,8 @@ FrmSearch::FrmSearch() : Form("frmSearch") {
              &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus}) {
         hidden->Visible = false;
     }
-    lblTotalSize.ToolTipText =
-        "Total Size for all File objects (Folders listed are not included). "
-        "**When red it is an guess when files over 2 gb exist.**";
+    lblTotalSize.ToolTipText = "Total Size for all File objects (Folders listed are not included). "
+                               "**When red it is an guess when files over 2 gb exist.**";
 }
 
 } // namespace tarvix::forms

@@ -21,10 +21,10 @@ class FrmSearch : public Form {
     CheckBox chkOneEach{*this, "chkOneEach", "One File from &Each Folder"};
     CheckBox chkRepeatSearch{*this, "chkRepeatSearch", "&Repeat search"};
     CheckBox chkFastSort{*this, "chkFastSort", "Fast Sort (no &grouping)"};
-    OptionGroup optFilesVsDirs{*this,
-                               "optFilesVsDirs",
-                               {"F&iles", "Empty files", "All Objects", "F&olders",
-                                "Empty folders"}};
+    OptionGroup optFilesVsDirs{
+        *this,
+        "optFilesVsDirs",
+        {"F&iles", "Empty files", "All Objects", "F&olders", "Empty folders"}};
     CheckBox chkSize{*this, "chkSize", "Si&ze"};
     ComboBox cboSize{*this, "cboSize", false};
     TextBox txtSize1{*this, "txtSize1"};
@@ -116,8 +116,8 @@ class FrmSearch : public Form {
 
     // The ten attribute boxes in the order of their bits' table.
     const std::array<CheckBox*, 10> attributeBoxes{
-        &chkReadOnly, &chkHidden, &chkSystem, &chkArchive, &chkAlias,
-        &chkCompressed, &chk256, &chk512, &chk64, &chk128};
+        &chkReadOnly,   &chkHidden, &chkSystem, &chkArchive, &chkAlias,
+        &chkCompressed, &chk256,    &chk512,    &chk64,      &chk128};
 };
 
 } // namespace tarvix::forms

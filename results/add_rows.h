@@ -1,0 +1,34 @@
+#pragma once
+
+#include "results/counters.h"
+#include "results/result_list.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::results {
+
+// The facts of an object that passed every test.
+struct FoundObject {
+    std::string_view name;
+    std::uint64_t size = 0;
+    std::int64_t date = kNoDate; // local seconds
+    std::uint32_t attributes = 0;
+    std::uint32_t filesInFolder = 0; // folder rows only
+    std::uint32_t foldersInFolder = 0;
+};
+
+// A row for a file in `folder`. An object that an earlier string found keeps its one row, whose
+// entry text gets this string's index, unless the options ask for it twice.
+void AddFileRow(session::Session& session, Counters& counters, const RowFolder* folder,
+                const FoundObject& object);
+// A row for the folder itself.
+void AddFolderToListBox(session::Session& session, Counters& counters, const RowFolder* folder,
+                        const FoundObject& object);
+
+} // namespace tarvix::results

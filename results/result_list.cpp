@@ -1,0 +1,235 @@
+#include "results/result_list.h"
+
+#include "session/short_path.h"
+#include "text/case.h"
+#include "text/characters.h"
+#include "text/dates.h"
+#include "text/format.h"
+#include "text/like.h"
+#include "text/paths.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <functional>
+#include <unordered_map>
+#include <utility>
+
+namespace tarvix::results {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::uint64_t kLargestShownSize = 999'999'999'999;
+
+constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{{{1, 'r'},
+                                                                            {2, 'h'},
+                                                                            {4, 's'},
+                                                                            {32, 'a'},
+                                                                            {64, '6'},
+                                                                            {128, '1'},
+                                                                            {256, '2'},
+                                                                            {512, '5'},
+                                                                            {1024, 'A'},
+                                                                            {2048, 'C'}}};
+
+// By the index of the string that found a row first; 0xFFFFFFFF leaves the row's own colour.
+constexpr forms::Color kOwnColor = 0xFFFFFFFF;
+constexpr std::array<forms::Color, 11> kSearchColors{kOwnColor, kOwnColor, 0x000040, 0x404040,
+                                                     0x00FF00,  0x7F00FF,  0xFFFF00, 0x000000,
+                                                     0x7F003F,  0x007F00,  0x003F7F};
+
+std::size_t HashPath(std::string_view path) {
+    return std::hash<std::string_view>{}(path);
+}
+
+// The extension cell: in lower case, if it has fewer than 6 characters.
+std::string ExtensionCell(const ResultRow& row) {
+    const std::string_view extension = text::GetExtension(row.name);
+    if (row.isFolder || text::Length(extension) >= 6) return {};
+    return text::Lower(extension);
+}
+
+std::string TypeCell(const ResultRow& row) {
+    if (row.isFolder) return std::string(kFolderType);
+    const std::string_view extension = text::GetExtension(row.name);
+    if (extension.empty()) return "  Unknown";
+    if (text::Length(extension) > 6) return {};
+    return text::Upper(extension) + " File";
+}
+
+bool NeedsShortName(const ResultRow& row, std::size_t pathLength) {
+    static const text::LikePattern shortName("??????~?.???");
+    if (!shortName.Matches(row.name)) return false;
+    const std::string& folder = row.folder->longPath;
+    if (pathLength >= 247) return true;
+    return folder.find('~') != folder.npos && text::Length(folder) >= 125;
+}
+
+// A path of more than 259 characters is shown in the form that mixes short names in.
+std::string Openable(std::string path) {
+    if (text::Length(path) <= session::kLongPath) return path;
+    return session::MixPath(path, session::ShortFormOf(path));
+}
+
+} // namespace
+
+// Rows by the hash of their path; equal hashes are told apart by the path itself.
+struct ResultList::PathIndex {
+    std::unordered_multimap<std::size_t, std::uint32_t> byHash;
+};
+
+ResultList::ResultList() = default;
+ResultList::~ResultList() = default;
+
+void ResultList::Clear() {
+    rows_.clear();
+    folders_.clear();
+    nameBlocks_.clear();
+    blockLeft_ = 0;
+    entries_.clear();
+    index_.reset();
+    ++generation_;
+}
+
+const RowFolder* ResultList::AddFolder(RowFolder folder) {
+    folders_.push_back(std::move(folder));
+    return &folders_.back();
+}
+
+std::string_view ResultList::KeepName(std::string_view name) {
+    if (name.size() > blockLeft_) {
+        blockLeft_ = std::max(kBlockSize, name.size());
+        nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(blockLeft_));
+    }
+    // Blocks are filled from their end, so that one number tells what is free.
+    char* const at = nameBlocks_.back().get() + (blockLeft_ - name.size());
+    std::memcpy(at, name.data(), name.size());
+    blockLeft_ -= name.size();
+    return {at, name.size()};
+}
+
+const std::string* ResultList::KeepEntry(std::string_view entry) {
+    return &*entries_.emplace(entry).first;
+}
+
+std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
+    row.name = KeepName(row.name);
+    row.searchEntry = KeepEntry(searchEntry);
+    rows_.push_back(row);
+    if (index_ && !row.IsSpacer()) {
+        const std::size_t hash = HashPath(FullPath(rows_.size() - 1));
+        index_->byHash.emplace(hash, static_cast<std::uint32_t>(rows_.size() - 1));
+    }
+    return rows_.size() - 1;
+}
+
+std::size_t ResultList::Find(std::string_view longFolder, std::string_view name, bool isFolder) {
+    const std::string wanted =
+        isFolder ? std::string(longFolder) : text::JoinPath(longFolder, name);
+    if (!index_) {
+        index_ = std::make_unique<PathIndex>();
+        index_->byHash.reserve(rows_.size() * 2);
+        for (std::size_t i = 0; i < rows_.size(); ++i) {
+            if (rows_[i].IsSpacer()) continue;
+            index_->byHash.emplace(HashPath(FullPath(i)), static_cast<std::uint32_t>(i));
+        }
+    }
+    std::size_t found = Count();
+    const auto [first, last] = index_->byHash.equal_range(HashPath(wanted));
+    for (auto at = first; at != last; ++at) {
+        if (at->second < found && FullPath(at->second) == wanted) found = at->second;
+    }
+    return found;
+}
+
+void ResultList::AddSearchEntry(std::size_t index, std::string_view twoDigits) {
+    const std::string& held = *rows_[index].searchEntry;
+    for (std::size_t i = 0; i + 2 <= held.size(); i += 2) {
+        if (held.compare(i, 2, twoDigits) == 0) return;
+    }
+    rows_[index].searchEntry = KeepEntry(held + std::string(twoDigits));
+}
+
+std::string ResultList::FullPath(std::size_t index) const {
+    const ResultRow& row = rows_[index];
+    if (row.IsSpacer()) return {};
+    return JoinRowPath(*row.folder, row.name, row.isFolder);
+}
+
+std::string ResultList::Cell(std::size_t index, Column column) const {
+    const ResultRow& row = rows_[index];
+    if (row.IsSpacer()) return {};
+    switch (column) {
+    case kName:
+        return std::string(row.name);
+    case kSize:
+        return row.isFolder ? std::string{}
+                            : text::Format(static_cast<std::int64_t>(row.size), "000,000,000,000");
+    case kDate:
+        if (row.date == kNoDate) return {};
+        return text::FormatDate(text::FromSeconds(row.date), "yyyy/mm/dd hh:mm:ss");
+    case kType:
+        return TypeCell(row);
+    case kExt:
+        return ExtensionCell(row);
+    case kPath:
+        return row.folder->mixedPath.empty() ? row.folder->longPath : row.folder->mixedPath;
+    case kPathName:
+        return Openable(FullPath(index));
+    case kAttributes:
+        return BuildAttributeString(row.attributes);
+    case kPathNameNoSrch: {
+        const std::string path = FullPath(index);
+        return path.substr(std::min<std::size_t>(row.folder->searchPrefix, path.size()));
+    }
+    case kPathNameLength: {
+        const std::size_t length = text::Length(FullPath(index));
+        return text::Format(length, "00#") + (NeedsShortName(row, length) ? "++?" : "");
+    }
+    case kFilesInFolder:
+        return row.isFolder ? text::Format(row.filesInFolder, "00,00#") : std::string{};
+    case kFoldersInFolder:
+        return row.isFolder ? text::Format(row.foldersInFolder, "00,00#") : std::string{};
+    case kPathLevels:
+        return text::Format(text::CountPathLevels(FullPath(index)), "0#");
+    case kSearchForEntry:
+        return *row.searchEntry;
+    case kShortPath:
+        return session::ShortFormOf(FullPath(index));
+    case kSearchFolderIndex:
+        return std::to_string(row.folder->searchFolderIndex);
+    default:
+        return {};
+    }
+}
+
+forms::Color ResultList::CellColor(std::size_t index, Column column) const {
+    const ResultRow& row = rows_[index];
+    if (row.IsSpacer()) return forms::kBlack;
+    if ((column == kName || column == kSearchForEntry) &&
+        row.searchForIndex < kSearchColors.size() &&
+        kSearchColors[row.searchForIndex] != kOwnColor) {
+        return kSearchColors[row.searchForIndex];
+    }
+    if (row.isFolder) return forms::kRed;
+    if (column == kSize && row.size > kLargestShownSize) return forms::kRed;
+    if (column == kPathNameLength && NeedsShortName(row, text::Length(FullPath(index)))) {
+        return forms::kRed;
+    }
+    return forms::kBlue;
+}
+
+std::string BuildAttributeString(std::uint32_t bits) {
+    std::string letters;
+    for (const auto& [bit, letter] : kAttributeLetters) {
+        if ((bits & bit) != 0) letters += letter;
+    }
+    return letters;
+}
+
+std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder) {
+    return isFolder ? folder.longPath : text::JoinPath(folder.longPath, name);
+}
+
+} // namespace tarvix::results

@@ -1,0 +1,176 @@
+#include "results/selection.h"
+
+#include "results/result_list.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/format.h"
+#include "text/paths.h"
+
+#include <concepts>
+
+namespace tarvix::results {
+
+namespace {
+
+struct Totals {
+    std::int64_t files = 0;
+    std::int64_t folders = 0;
+    std::uint64_t bytes = 0;
+    bool shortcuts = false;
+
+    void Add(const ResultRow& row) {
+        if (row.isFolder) {
+            ++folders;
+            return;
+        }
+        ++files;
+        bytes += row.size;
+        const std::string_view extension = text::GetExtension(row.name);
+        shortcuts =
+            shortcuts || text::EqualNoCase(extension, "lnk") || text::EqualNoCase(extension, "url");
+    }
+};
+
+void ShowTotals(session::Session& session, const Totals& totals) {
+    auto& form = session.frmSearch;
+    form.lblTotalSize.Caption =
+        totals.files == 0
+            ? "00,000,000,000"
+            : text::Format(static_cast<std::int64_t>(totals.bytes), "#,###,###,###,##0");
+    form.lblNumOfFilesSelected.Caption = std::to_string(totals.files);
+    form.lblNumOfDirsSelected.Caption = std::to_string(totals.folders);
+    form.cmdEditTargets.Visible = totals.shortcuts;
+}
+
+// Sets each row's state by `rule`, spacers always unselected.
+void SelectRows(ResultList& rows, std::predicate<const ResultRow&> auto rule) {
+    for (std::size_t i = 0; i < rows.Count(); ++i) {
+        ResultRow& row = rows.At(i);
+        row.selected = !row.IsSpacer() && rule(row);
+    }
+}
+
+void RunSelectCommand(session::Session& session, std::string_view word, std::string_view logText,
+                      std::predicate<const ResultRow&> auto rule) {
+    session.frmSearch.lblStatus.Caption = std::string(word);
+    session.Repaint();
+    if (!logText.empty()) session::LogTimed(session, logText);
+    SelectRows(*session.rows, rule);
+    BuildFileArray(session);
+    session.frmSearch.lblStatus.Caption = "";
+}
+
+void AppendRow(Selection& tables, const ResultList& rows, std::size_t index) {
+    const ResultRow& row = rows.At(index);
+    tables.strSelName.emplace_back(row.name);
+    tables.strSelPath.push_back(rows.Cell(index, kPathName));
+    tables.blnSelIsFile.push_back(!row.isFolder);
+    tables.strSelRelPath.push_back(rows.Cell(index, kPathNameNoSrch));
+    // The full path names the object with more certainty than its short form could.
+    tables.strSelActualPath.push_back(rows.FullPath(index));
+    tables.blnSelNoDate.push_back(row.date == kNoDate);
+}
+
+} // namespace
+
+void BuildFileArray(session::Session& session) {
+    ResultList& rows = *session.rows;
+    Selection& tables = *session.selection;
+    const auto anchor = tables.intSelAnchor;
+    const std::string anchorName = tables.strSelAnchorName;
+    tables = Selection{};
+    tables.intSelAnchor = anchor;
+    tables.strSelAnchorName = anchorName;
+    Totals totals;
+    for (std::size_t i = 0; i < rows.Count(); ++i) {
+        ResultRow& row = rows.At(i);
+        if (!row.selected) continue;
+        if (row.IsSpacer()) {
+            row.selected = false;
+            continue;
+        }
+        AppendRow(tables, rows, i);
+        totals.Add(row);
+    }
+    tables.lngSelTop = static_cast<std::int64_t>(tables.strSelName.size()) - 1;
+    ShowTotals(session, totals);
+}
+
+void CountSelection(session::Session& session) {
+    Totals totals;
+    for (std::size_t i = 0; i < session.rows->Count(); ++i) {
+        const ResultRow& row = session.rows->At(i);
+        if (row.selected && !row.IsSpacer()) totals.Add(row);
+    }
+    ShowTotals(session, totals);
+}
+
+void cmdSelectAll_Click(session::Session& session) {
+    RunSelectCommand(session, "Selecting", " User selected all files and folders",
+                     [](const ResultRow&) { return true; });
+}
+
+void cmdSelectAllDirs_Click(session::Session& session) {
+    RunSelectCommand(session, "Selecting", " User selected all folders",
+                     [](const ResultRow& row) { return row.isFolder; });
+}
+
+void cmdSelectAllFiles_Click(session::Session& session) {
+    RunSelectCommand(session, "Selecting", " User selected all files.",
+                     [](const ResultRow& row) { return !row.isFolder; });
+}
+
+void cmdSelectNone_Click(session::Session& session) {
+    session.selection->intSelAnchor = -1;
+    session.selection->strSelAnchorName.clear();
+    RunSelectCommand(session, "De-Selecting", "", [](const ResultRow&) { return false; });
+}
+
+void cmdSelectReverse_Click(session::Session& session) {
+    RunSelectCommand(session, "Selecting", " User selected to reverse current selection.",
+                     [](const ResultRow& row) { return !row.selected; });
+}
+
+void lstMain_ItemClick(session::Session& session, std::size_t row) {
+    if (row < session.rows->Count()) {
+        ResultRow& clicked = session.rows->At(row);
+        if (clicked.IsSpacer()) {
+            clicked.selected = false;
+        } else {
+            session.selection->intSelAnchor = static_cast<std::int64_t>(row);
+            session.selection->strSelAnchorName = clicked.name;
+        }
+    }
+    CountSelection(session);
+}
+
+void ClearList(session::Session& session) {
+    auto& form = session.frmSearch;
+    session.rows->Clear();
+    *session.selection = Selection{};
+    for (forms::Label* counter :
+         {&form.lblNumOfFilesSelected, &form.lblNumOfDirsSelected, &form.lblNumOfFilesFound,
+          &form.lblNumOfDirsFound, &form.lblNumOfFilesAttrib, &form.lblNumOfDirsAttrib,
+          &form.lblTotalSize}) {
+        counter->ForeColor = forms::kBlack;
+        counter->Caption = "0";
+    }
+    auto& state = session.state;
+    state.lngSeenFiles = state.lngSeenFolders = state.lngFilesFound = state.lngFoldersFound = 0;
+    for (forms::Control* hidden : std::initializer_list<forms::Control*>{
+             &form.fraSelection, &form.fraStandardAction, &form.cmdDeleteSelected,
+             &form.cmdRenameSelected, &form.cmdDoVersionSort, &form.cmdEditTargets}) {
+        hidden->Visible = false;
+    }
+    for (forms::MenuEntry* entry :
+         {&form.mnuRun, &form.mnuActions, &form.mnuTools_CreateMPLfromCombo,
+          &form.mnuTools_DeleteFolderContentsOnly, &form.mnuTools_FolderSummary,
+          &form.mnuTools_NameVersionSort, &form.mnuTools_RemoveUnAndMove, &form.mnuTools_BypassMPL,
+          &form.mnuTools_NewSearchFor}) {
+        entry->Enabled = false;
+    }
+    form.lblStatus.Caption = "";
+    session.Yield();
+}
+
+} // namespace tarvix::results

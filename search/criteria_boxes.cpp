@@ -1,0 +1,291 @@
+#include "search/criteria_boxes.h"
+
+#include "platform/clock.h"
+#include "session/session.h"
+#include "text/characters.h"
+#include "text/dates.h"
+#include "text/format.h"
+#include "text/like.h"
+#include "text/numbers.h"
+
+#include <array>
+#include <charconv>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace tarvix::search {
+
+namespace {
+
+using session::Session;
+
+constexpr double kHighestSize = 2147483648.0;
+constexpr forms::Color kWhite = 0xFFFFFF;
+
+bool IsBlank(std::string_view text) {
+    return text::Trim(text).empty();
+}
+
+void Refuse(Session& session, std::string_view message) {
+    session.MsgBox(message);
+    session.state.blnErrorPreparingForSearch = true;
+}
+
+constexpr std::string_view kFirstSize = "You did not enter a valid file size in the first box.";
+constexpr std::string_view kSecondSize = "You did not enter a valid file size in the second box.";
+constexpr std::string_view kDate = "You did not enter a valid date.";
+
+void ValidateSizeRange(Session& session) {
+    const std::string& first = session.frmSearch.txtSize1.Text;
+    const std::string& second = session.frmSearch.txtSize2.Text;
+    if (!text::IsNumeric(second)) return Refuse(session, kSecondSize);
+    if (!text::IsNumeric(first)) return Refuse(session, kFirstSize);
+    if (*text::ParseWholeNumber(first) > *text::ParseWholeNumber(second)) {
+        Refuse(session, " When searching by file size range the first box\r\n"
+                        "must be less than the second box.");
+    }
+}
+
+void ValidateDateRange(Session& session) {
+    const auto first = text::ParseDate(session.frmSearch.lblDate1.Caption.Get());
+    const auto second = text::ParseDate(session.frmSearch.lblDate2.Caption.Get());
+    if (!second) return Refuse(session, kDate);
+    if (first && *second < *first) {
+        Refuse(session, " When searching by date range the first box\r\n"
+                        "must be less than the second box.");
+    }
+}
+
+// The six lines on sizes above what the boxes take.
+constexpr std::string_view kSizeTooHigh =
+    "The highest number supported here is 2,147,483,647 bytes.\r\n\r\n\r\n"
+    "Files sizes above this size are not generally accurate.\r\n"
+    "They will be shown in red for files and totals.\r\n"
+    "If the size reported is greater than 2,147,483,648 bytes then it is a guess.\r\n"
+    "It will only be accurate if the actual file size is below 4,294,967,296 bytes\r\n"
+    "The total at the bottom will reflect all guessed sizes.";
+
+std::optional<double> NumberOf(std::string_view text) {
+    text = text::Trim(text);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+void LeaveSizeBox(Session& session, forms::TextBox& box) {
+    box.BackColor = kWhite;
+    const auto value = NumberOf(box.Text.Get());
+    if (!value || *value <= kHighestSize) return;
+    session.MsgBox(kSizeTooHigh);
+    box.Text = "2147483647";
+}
+
+bool IsDateChoice(std::string_view text) {
+    return text == "Range" || text == "Since" || text == "Before";
+}
+
+void ShowDateLabels(Session& session) {
+    auto& form = session.frmSearch;
+    const bool isShown = form.chkDate.Value == 1;
+    const bool isRange = isShown && form.cboDate.Text.Get() == "Range";
+    form.lblDate1.Visible = isShown;
+    form.lbldDateThru.Visible = isRange;
+    form.lblDate2.Visible = isRange;
+}
+
+// "yyyy/mm/dd hh:mm:ss" of a pair of pickers.
+std::string PickedDate(const forms::DatePicker& date, const forms::DatePicker& time) {
+    return date.Text.Get() + " " + time.Text.Get();
+}
+
+void FillPickers(forms::DatePicker& datePicker, forms::DatePicker& timePicker,
+                 const text::DateTime& value) {
+    datePicker.Text = text::FormatDate(value, "yyyy/mm/dd");
+    timePicker.Text = text::FormatDate(value, "hh:mm:ss");
+}
+
+void OpenSelectDate(Session& session) {
+    auto& form = session.frmSearch;
+    auto& dialog = session.forms.frmSelectDate;
+    if (!IsDateChoice(form.cboDate.Text.Get())) return;
+    const bool isRange = form.cboDate.Text.Get() == "Range";
+    dialog.lblMain.Caption = isRange ? "First and last date of the range" : form.cboDate.Text.Get();
+    dialog.dtpEndDate.Visible = isRange;
+    dialog.dtpEndTime.Visible = isRange;
+    auto today = session.Now();
+    today.hour = today.minute = today.second = 0;
+    FillPickers(dialog.dtpStartDate, dialog.dtpStartTime,
+                text::ParseDate(form.lblDate1.Caption.Get()).value_or(today));
+    auto endOfDay = today;
+    endOfDay.hour = 23;
+    endOfDay.minute = endOfDay.second = 59;
+    FillPickers(dialog.dtpEndDate, dialog.dtpEndTime,
+                text::ParseDate(form.lblDate2.Caption.Get()).value_or(endOfDay));
+    session.ShowModal(dialog);
+    session.state.blnDateWindowClosing = true;
+}
+
+void frmSelectDate_OK(Session& session) {
+    auto& form = session.frmSearch;
+    auto& dialog = session.forms.frmSelectDate;
+    form.lblDate1.Caption = PickedDate(dialog.dtpStartDate, dialog.dtpStartTime);
+    if (dialog.dtpEndDate.Visible) {
+        form.lblDate2.Caption = PickedDate(dialog.dtpEndDate, dialog.dtpEndTime);
+    }
+    dialog.Hide();
+}
+
+void cboSize_Change(Session& session) {
+    auto& form = session.frmSearch;
+    form.txtSize2.Visible = form.chkSize.Value == 1 && form.cboSize.Text.Get() == "Range";
+}
+
+void cboDate_Change(Session& session) {
+    ShowDateLabels(session);
+    OpenSelectDate(session);
+}
+
+// A choice has just asked for the date: leaving the box then doesn't ask again.
+void cboDate_LostFocus(Session& session) {
+    if (!std::exchange(session.state.blnDateWindowClosing, false)) OpenSelectDate(session);
+}
+
+void chkSize_Click(Session& session) {
+    auto& form = session.frmSearch;
+    const bool isOn = form.chkSize.Value == 1;
+    form.chkSize.ForeColor = isOn ? forms::kRed : forms::kBlack;
+    form.cboSize.Visible = isOn;
+    form.txtSize1.Visible = isOn;
+    cboSize_Change(session);
+}
+
+void chkDate_Click(Session& session) {
+    auto& form = session.frmSearch;
+    const bool isOn = form.chkDate.Value == 1;
+    form.chkDate.ForeColor = isOn ? forms::kRed : forms::kBlack;
+    form.cboDate.Visible = isOn;
+    form.lblDateType.Visible = isOn;
+    if (!isOn) form.lblDateType.Caption = "Date = Modified Date";
+    ShowDateLabels(session);
+}
+
+void chkIncludeSubFolders_Click(Session& session) {
+    session::LogTimed(session, session.frmSearch.chkIncludeSubFolders.Value == 1
+                                   ? " user selected to include subfolders "
+                                   : " user selected to NOT include subfolders ");
+}
+
+constexpr std::array<std::string_view, 5> kKindLog{
+    " User selected to find files ", " User selected to find empty files ",
+    " User selected to find files and folders ", " User selected to find folders ",
+    " User selected to find empty folders "};
+
+void ShowShortcutControls(Session& session) {
+    auto& form = session.frmSearch;
+    const bool isShortcuts = text::LikeNoCase(form.cmbSearchFor.Text.Get(), "*.lnk*") ||
+                             text::LikeNoCase(form.cmbSearchFor.Text.Get(), "*.url*");
+    form.lblTargetPath.Visible = isShortcuts;
+    form.cboTargetPath.Visible = isShortcuts;
+}
+
+void optFilesVsDirs_Click(Session& session, const session::EventArgs& args) {
+    if (args.index >= 0 && args.index < static_cast<int>(kKindLog.size())) {
+        session::LogTimed(session, kKindLog[static_cast<std::size_t>(args.index)]);
+    }
+    ShowShortcutControls(session);
+}
+
+void Paint(forms::CheckBox& box) {
+    struct Look {
+        forms::Color color;
+        std::string_view tip;
+    };
+    static constexpr std::array<Look, 3> kLooks{
+        {{forms::kBlue, "Empty will not find any object with this attribute."},
+         {forms::kRed, "Black check will only find objects with this attribute."},
+         {forms::kBlack, "Grey checked will find all objects regardless of this attribute."}}};
+    const Look& look = kLooks[static_cast<std::size_t>(box.Value.Get())];
+    box.ForeColor = look.color;
+    box.ToolTipText = std::string(look.tip);
+}
+
+// The click steps on from the value that the box had when the button went down.
+void AddAttributeBoxEvents(session::EventTable& events, std::size_t which,
+                           const std::string& name) {
+    auto before = std::make_shared<int>(-1);
+    events.On("frmSearch." + name + "_MouseDown",
+              [before, which](Session& session, const session::EventArgs&) {
+                  *before = session.frmSearch.attributeBoxes[which]->Value;
+              });
+    events.On("frmSearch." + name + "_Click",
+              [before, which](Session& session, const session::EventArgs&) {
+                  forms::CheckBox& box = *session.frmSearch.attributeBoxes[which];
+                  const int from = *before < 0 ? box.Value.Get() : std::exchange(*before, -1);
+                  box.Value = (from + 1) % 3;
+                  Paint(box);
+              });
+    events.On("frmSearch." + name + "_Change",
+              [which](Session& session, const session::EventArgs&) {
+                  Paint(*session.frmSearch.attributeBoxes[which]);
+              });
+}
+
+} // namespace
+
+void ValidateSizeBoxes(Session& session) {
+    const auto& form = session.frmSearch;
+    if (form.chkSize.Value != 1) return;
+    const std::string& choice = form.cboSize.Text;
+    if (choice == "Range") return ValidateSizeRange(session);
+    if (choice != "At Least" && choice != "At Most") {
+        return Refuse(session, choice + " is not a valid selection for file size search.");
+    }
+    if (!text::IsNumeric(form.txtSize1.Text.Get())) Refuse(session, kFirstSize);
+}
+
+void ValidateDateBoxes(Session& session) {
+    const auto& form = session.frmSearch;
+    if (form.chkDate.Value != 1) return;
+    const std::string& choice = form.cboDate.Text;
+    if (choice == "Range") return ValidateDateRange(session);
+    if (!IsDateChoice(choice)) {
+        return Refuse(session, choice + " is not a valid selection for date search.");
+    }
+    if (IsBlank(form.lblDate1.Caption.Get()) || !text::IsDate(form.lblDate1.Caption.Get())) {
+        Refuse(session, kDate);
+    }
+}
+
+void AddCriteriaEvents(session::EventTable& events) {
+    events.On("frmSearch.cboSize_Change", cboSize_Change);
+    events.On("frmSearch.cboDate_Change", cboDate_Change);
+    events.On("frmSearch.cboDate_LostFocus", cboDate_LostFocus);
+    events.On("frmSearch.chkSize_Click", chkSize_Click);
+    events.On("frmSearch.chkDate_Click", chkDate_Click);
+    events.On("frmSearch.chkIncludeSubFolders_Click", chkIncludeSubFolders_Click);
+    events.On("frmSearch.optFilesVsDirs_Click", optFilesVsDirs_Click);
+    events.On("frmSearch.txtSize1_LostFocus", [](Session& session, const session::EventArgs&) {
+        LeaveSizeBox(session, session.frmSearch.txtSize1);
+    });
+    events.On("frmSearch.txtSize2_LostFocus", [](Session& session, const session::EventArgs&) {
+        LeaveSizeBox(session, session.frmSearch.txtSize2);
+    });
+    events.On("frmSelectDate.cmdOK_Click", frmSelectDate_OK);
+    events.On("frmSelectDate.cmdCancel_Click", [](Session& session, const session::EventArgs&) {
+        session.forms.frmSelectDate.Hide();
+    });
+    const forms::FrmSearch names;
+    for (std::size_t i = 0; i < names.attributeBoxes.size(); ++i) {
+        AddAttributeBoxEvents(events, i, names.attributeBoxes[i]->Name());
+    }
+}
+
+void PaintAttributeBoxes(Session& session) {
+    for (forms::CheckBox* box : session.frmSearch.attributeBoxes) {
+        Paint(*box);
+    }
+}
+
+} // namespace tarvix::search

@@ -1,0 +1,215 @@
+#include "search/find_family.h"
+
+#include "session/long_path.h"
+#include "session/session.h"
+#include "session/short_path.h"
+#include "text/characters.h"
+#include "text/paths.h"
+
+#include <algorithm>
+
+namespace tarvix::search {
+
+namespace {
+constexpr std::size_t kLongestSpec = 259;
+}
+
+FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
+                       Filters& filters, const AttributeMasks& masks)
+    : session_(session), counters_(counters), list_(list), filters_(filters), masks_(masks) {}
+
+void FindFamily::SetLocation(std::string_view folder, std::string_view folderShort) {
+    location_ = folder;
+    locationShort_ = folderShort;
+    rowFolderIndex_ = openedIndex_ = SIZE_MAX;
+    opened_.reset();
+}
+
+void FindFamily::SetString(std::string_view searchString, bool isNot) {
+    searchString_ = searchString;
+    isNot_ = isNot;
+    match_ = std::make_unique<NameMatch>(searchString, isNot);
+}
+
+Outcome FindFamily::Test() const {
+    if (session_.state.blnStopClicked) return Outcome::kStopped;
+    return session_.state.blnSkipSearch ? Outcome::kSkipped : Outcome::kDone;
+}
+
+void FindFamily::ShowCurrent(std::size_t index) {
+    session_.frmSearch.lblCurrentFolder.Caption =
+        "Current search folder - " + list_.At(index).strFolderLong;
+}
+
+const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
+    if (rowFolderIndex_ == index) return rowFolder_;
+    results::RowFolder folder;
+    folder.longPath = list_.At(index).strFolderLong;
+    if (text::Length(folder.longPath) > session::kLongPath) {
+        folder.mixedPath = session::MixPath(folder.longPath, list_.At(index).Short());
+    }
+    folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
+    folder.searchFolderIndex = session_.state.intFolderIndex;
+    rowFolder_ = session_.rows->AddFolder(std::move(folder));
+    rowFolderIndex_ = index;
+    return rowFolder_;
+}
+
+// Null when the folder can't be opened any more.
+platform::OpenFolder* FindFamily::Opened(std::size_t index) {
+    if (openedIndex_ != index) {
+        auto opened = session_.files().Open(list_.At(index).strFolderLong);
+        opened_ = opened ? std::move(*opened) : nullptr;
+        openedIndex_ = index;
+    }
+    return opened_.get();
+}
+
+// Whether a name of a folder passes every test; if so it has its row.
+bool FindFamily::TryFile(std::size_t index, std::string_view name, Files which) {
+    platform::OpenFolder* const folder = Opened(index);
+    if (!folder) return false;
+    const auto facts = folder->Facts(name);
+    if (!facts || !DoesObjectMatchAttributesSelected(masks_, *facts)) return false;
+    if (which == Files::kEmpty && facts->size != 0) return false;
+    TestedFacts tested;
+    if (!filters_.GetFacts(*facts, list_.At(index).strFolderLong, name, tested)) return false;
+    const bool passes =
+        which == Files::kEmpty ? filters_.CheckDate(tested) : filters_.CheckSizeAndDate(tested);
+    if (!passes) return false;
+    results::AddFileRow(session_, counters_, RowFolderOf(index),
+                        {.name = name,
+                         .size = facts->size,
+                         .date = text::ToSeconds(tested.datObjectDate),
+                         .attributes = facts->attributes});
+    return true;
+}
+
+Outcome FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
+                              std::string_view routine) {
+    const std::size_t specLength =
+        text::Length(list_.At(index).Short()) + 1 + (isNot_ ? 1 : text::Length(searchString_));
+    if (specLength > kLongestSpec) {
+        session::RefuseLongSearch(
+            session_, list_.At(index).Short() + "\\" + (isNot_ ? "*" : searchString_), routine);
+        return Test();
+    }
+    ShowCurrent(index);
+    session_.Yield();
+    if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+    list_.EnsureListed(index);
+    const CrawlFolder& folder = list_.At(index);
+    for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
+        const std::string_view name = list_.Names()[at].name;
+        const bool candidate = match_->CheckNameMatch(name) && !name.ends_with(' ') &&
+                               IsNameValid(session_, name, folder.strFolderLong, true);
+        if (candidate && TryFile(index, name, which) && oneEach) return Test();
+        session_.Yield();
+        if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+    }
+    return Outcome::kDone;
+}
+
+// A link or a mount that isn't entered is never empty: what it leads to isn't known.
+bool FindFamily::IsEmptyFolder(std::size_t index) {
+    const CrawlFolder& folder = list_.At(index);
+    if (!folder.isWalkable) return false;
+    auto opened = session_.files().Open(folder.strFolderLong);
+    platform::FolderListing listing;
+    return opened && (*opened)->List(listing) && listing.Size() == 0;
+}
+
+Outcome FindFamily::WalkFolder(std::size_t index, Folders which) {
+    ShowCurrent(index);
+    session_.Yield();
+    if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+    const CrawlFolder& folder = list_.At(index);
+    const std::string_view name = text::FolderOwnName(folder.strFolderLong);
+    if (!match_->CheckNameMatch(name)) return Outcome::kDone;
+    if (!IsNameValid(session_, name, folder.strFolderLong, true)) return Outcome::kDone;
+    if (which == Folders::kEmpty && !IsEmptyFolder(index)) return Outcome::kDone;
+    const auto facts = platform::GetFolder(session_.files(), folder.strFolderLong);
+    if (!facts || !DoesObjectMatchAttributesSelected(masks_, *facts)) return Outcome::kDone;
+    TestedFacts tested;
+    if (!filters_.GetFacts(*facts, text::ParentFolder(folder.strFolderLong), name, tested)) {
+        return Outcome::kDone;
+    }
+    if (!filters_.CheckDate(tested)) return Outcome::kDone;
+    results::AddFolderToListBox(session_, counters_, RowFolderOf(index),
+                                {.name = name,
+                                 .date = text::ToSeconds(tested.datObjectDate),
+                                 .attributes = facts->attributes,
+                                 .filesInFolder = folder.intFilesInFolder,
+                                 .foldersInFolder = folder.intFoldersInFolder});
+    return Test();
+}
+
+Outcome FindFamily::ForEach(std::size_t& i, auto&& walk) {
+    for (; i < list_.Count(); ++i) {
+        if (const Outcome outcome = walk(i); outcome != Outcome::kDone) return outcome;
+    }
+    return Outcome::kDone;
+}
+
+Outcome FindFamily::WalkRoot(Files which, std::string_view routine) {
+    if (list_.Count() == 0) list_.BuildRootOnly(location_);
+    const bool oneEach = which == Files::kAny && session_.frmSearch.chkOneEach.Value == 1;
+    return WalkFiles(0, which, oneEach, routine);
+}
+
+Outcome FindFamily::FindFilesAtRoot() {
+    return WalkRoot(Files::kAny, "FindFilesAtRoot");
+}
+
+Outcome FindFamily::FindEmptyFilesAtRoot() {
+    return WalkRoot(Files::kEmpty, "FindEmptyFilesAtRoot");
+}
+
+Outcome FindFamily::FindFilesInSubFolders(std::size_t& i) {
+    const bool oneEach = session_.frmSearch.chkOneEach.Value == 1;
+    return ForEach(i, [&](std::size_t index) {
+        return WalkFiles(index, Files::kAny, oneEach, "FindFilesInSubFolders");
+    });
+}
+
+Outcome FindFamily::FindEmptyFilesInSubFolders(std::size_t& i) {
+    return ForEach(i, [&](std::size_t index) {
+        return WalkFiles(index, Files::kEmpty, false, "FindEmptyFilesInSubFolders");
+    });
+}
+
+Outcome FindFamily::FindFoldersInSubFolders(std::size_t& i) {
+    return ForEach(i, [&](std::size_t index) { return WalkFolder(index, Folders::kAny); });
+}
+
+Outcome FindFamily::FindFoldersInSubFoldersLikeOp(std::size_t& i) {
+    return FindFoldersInSubFolders(i);
+}
+
+Outcome FindFamily::FindEmptyFoldersInSubFolders(std::size_t& i) {
+    return ForEach(i, [&](std::size_t index) { return WalkFolder(index, Folders::kEmpty); });
+}
+
+Outcome FindFamily::FindEmptyFoldersInSubFoldersLikeOp(std::size_t& i) {
+    return FindEmptyFoldersInSubFolders(i);
+}
+
+Outcome FindFamily::FindFilesAndFoldersInSubFolders(std::size_t& i) {
+    return ForEach(i, [&](std::size_t index) {
+        const Outcome outcome = WalkFolder(index, Folders::kAny);
+        if (outcome != Outcome::kDone) return outcome;
+        return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFolders");
+    });
+}
+
+Outcome FindFamily::FindFilesAndFoldersInSubFoldersLikeOp(std::size_t& i) {
+    const std::size_t start = i;
+    const Outcome outcome = FindFoldersInSubFolders(i);
+    if (outcome != Outcome::kDone) return outcome;
+    i = start;
+    return ForEach(i, [&](std::size_t index) {
+        return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFoldersLikeOp");
+    });
+}
+
+} // namespace tarvix::search

@@ -1,0 +1,148 @@
+#include "search/folder_list.h"
+
+#include "platform/file_system.h"
+#include "search/name_checks.h"
+#include "session/session.h"
+#include "session/short_path.h"
+#include "text/characters.h"
+
+namespace tarvix::search {
+
+void FolderList::Erase() {
+    folders_.clear();
+    folders_.shrink_to_fit();
+    names_.Clear();
+    isBuilt_ = false;
+}
+
+bool FolderList::IsInterrupted() const {
+    return session_.state.blnStopClicked || session_.state.blnSkipSearch;
+}
+
+// Bytes are never fewer than characters, so a short byte count settles most paths.
+std::string FolderList::ShortFormFor(const std::string& path) {
+    if (path.size() <= session::kFolderPortion) return {};
+    std::string form = session::GetShortPathNameReturnCodes(session_, path).path;
+    return form == path ? std::string{} : form;
+}
+
+void FolderList::Start(std::string_view location) {
+    Erase();
+    session_.frmSearch.lblCurrentFolder.Caption =
+        "Building list of folders with - " + std::string(location);
+    CrawlFolder root;
+    root.strFolderLong = location;
+    root.strFolderShort = ShortFormFor(root.strFolderLong);
+    folders_.push_back(std::move(root));
+    isBuilt_ = true;
+}
+
+void FolderList::BuildSubFoldersArray(std::string_view location) {
+    Start(location);
+    const bool deep = session_.frmSearch.chkIncludeSubFolders.Value == 1;
+    for (std::size_t index = 0; index < folders_.size() && !IsInterrupted(); ++index) {
+        session_.frmSearch.lblCurrentFolder.Caption =
+            "Building list of folders with - " + folders_[index].strFolderLong;
+        ReadFolder(index, deep || index == 0, deep || index == 0);
+    }
+    counters_.ShowSeen();
+}
+
+void FolderList::BuildSubFoldersArrayLevelOne(std::string_view location) {
+    Start(location);
+    ReadFolder(0, true, true);
+    counters_.ShowSeen();
+}
+
+void FolderList::BuildRootOnly(std::string_view location) {
+    Erase();
+    CrawlFolder root;
+    root.strFolderLong = location;
+    root.strFolderShort = ShortFormFor(root.strFolderLong);
+    folders_.push_back(std::move(root));
+}
+
+void FolderList::BuildSecond() {
+    for (const CrawlFolder& folder : folders_) {
+        session_.frmSearch.lblCurrentFolder.Caption =
+            "Building another list of folders with - " + folder.strFolderLong;
+        session_.Yield();
+        if (IsInterrupted()) return;
+    }
+}
+
+void FolderList::EnsureListed(std::size_t index) {
+    CrawlFolder& folder = folders_[index];
+    if (folder.isListed) return;
+    folder.isListed = true;
+    folder.namesBegin = folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
+    if (!folder.isWalkable) return;
+    auto opened = session_.files().Open(folder.strFolderLong);
+    if (!opened || !(*opened)->List(scratch_)) return;
+    for (std::size_t i = 0; i < scratch_.Size(); ++i) {
+        if (!scratch_[i].isFolder) names_.Add(scratch_[i]);
+    }
+    folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
+}
+
+void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countContent) {
+    folders_[index].isListed = true;
+    folders_[index].namesBegin = folders_[index].namesEnd =
+        static_cast<std::uint32_t>(names_.Size());
+    if (!folders_[index].isWalkable) return;
+    auto opened = session_.files().Open(folders_[index].strFolderLong);
+    if (!opened || !(*opened)->List(scratch_)) return;
+    for (std::size_t i = 0; i < scratch_.Size(); ++i) {
+        if (!TakeEntry(index, scratch_[i], addFolders, countContent)) return;
+    }
+}
+
+// One name of a folder. False when the user stops or skips.
+bool FolderList::TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
+                           bool countContent) {
+    const std::string& folder = folders_[index].strFolderLong;
+    if (entry.name.ends_with(' ')) ReportTrailingSpaces(session_, entry.name, folder);
+    if (entry.isFolder) {
+        const std::string path = folder + "\\" + std::string(entry.name);
+        if (IsNestedRecoveryFolder(path)) {
+            session::LogTimed(session_, " Skipped " + path +
+                                            " as nested Recovery-Mode folders are not allowed "
+                                            "(Ubuntu).");
+            return true;
+        }
+    }
+    const bool isValid = IsNameValid(session_, entry.name, folder, false);
+    session_.Yield();
+    if (IsInterrupted()) return false;
+    if (!isValid) return true;
+    if (entry.isFolder) {
+        ++folders_[index].intFoldersInFolder;
+        if (addFolders) AddToFolderArray(index, entry);
+        session_.Yield();
+    } else {
+        ++folders_[index].intFilesInFolder;
+        names_.Add(entry);
+        folders_[index].namesEnd = static_cast<std::uint32_t>(names_.Size());
+        if (countContent) counters_.CountFileSeen();
+    }
+    return !IsInterrupted();
+}
+
+void FolderList::AddToFolderArray(std::size_t parent, const platform::FolderEntry& entry) {
+    if (entry.name.ends_with(' ')) return;
+    CrawlFolder folder;
+    const std::string& above = folders_[parent].strFolderLong;
+    folder.strFolderLong.reserve(above.size() + 1 + entry.name.size());
+    folder.strFolderLong.append(above).append("\\").append(entry.name);
+    if (IsFakeFolder(folder.strFolderLong)) {
+        ReportFakeFolder(session_, folder.strFolderLong);
+        return;
+    }
+    if (IsRecycleBinPath(session_, folder.strFolderLong)) return;
+    folder.strFolderShort = ShortFormFor(folder.strFolderLong);
+    folder.isWalkable = entry.IsWalkable();
+    folders_.push_back(std::move(folder));
+    counters_.CountFolderSeen();
+}
+
+} // namespace tarvix::search

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/folder_listing.h"
+#include "results/counters.h"
+#include "results/result_list.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::search {
+
+// One folder of a location's list.
+struct CrawlFolder {
+    std::string strFolderLong;  // as people see it, no final "\"
+    std::string strFolderShort; // in a form that opens; empty while it is the same
+    std::uint32_t intFilesInFolder = 0;
+    std::uint32_t intFoldersInFolder = 0;
+    std::uint32_t namesBegin = 0; // its files' names in FolderList::Names()
+    std::uint32_t namesEnd = 0;
+    bool isWalkable = true; // false for links and mounts that a crawl doesn't enter
+    bool isListed = false;  // its names were read
+
+    const std::string& Short() const {
+        return strFolderShort.empty() ? strFolderLong : strFolderShort;
+    }
+};
+
+// The flat, breadth-first list of a location's folders. Index 0 is the location. It serves every
+// search string of the location: the names of the files it came by are kept, so that the walks over
+// it read no folder twice.
+//
+//   level:  0 | 1       | 2               |
+//   index:  0 | 1  2  3 | 4  5  6  7  ... |      while a level is read, the next one grows behind
+//   it
+class FolderList {
+  public:
+    enum class Depth { kAll, kOneLevel };
+
+    FolderList(session::Session& session, results::Counters& counters)
+        : session_(session), counters_(counters) {}
+
+    void Erase();
+    bool IsBuilt() const { return isBuilt_; }
+    std::size_t Count() const { return folders_.size(); }
+    const CrawlFolder& At(std::size_t index) const { return folders_[index]; }
+    std::int64_t HighFolder() const { return static_cast<std::int64_t>(folders_.size()) - 1; }
+    const platform::FolderListing& Names() const { return names_; }
+
+    // The deep builder. Without subfolders it still reads two levels: the children of the location
+    // are listed, and what they hold is counted. Returns early when the user stops or skips.
+    void BuildSubFoldersArray(std::string_view location);
+    // The location and its children only; the children's content is neither read nor counted.
+    void BuildSubFoldersArrayLevelOne(std::string_view location);
+    // Reads the location alone, for a walk that takes no subfolder.
+    void BuildRootOnly(std::string_view location);
+    // The second list, for search strings with "[" or "#". It holds the same folders as the first,
+    // so it is a pass over that one that tells nothing twice and counts nothing.
+    void BuildSecond();
+
+    // The files' names of one folder, read now if the builder didn't.
+    void EnsureListed(std::size_t index);
+
+  private:
+    void Start(std::string_view location);
+    void ReadFolder(std::size_t index, bool addFolders, bool countContent);
+    bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
+                   bool countContent);
+    void AddToFolderArray(std::size_t parent, const platform::FolderEntry& entry);
+    bool IsInterrupted() const;
+    std::string ShortFormFor(const std::string& path);
+
+    session::Session& session_;
+    results::Counters& counters_;
+    std::vector<CrawlFolder> folders_;
+    platform::FolderListing names_;
+    platform::FolderListing scratch_;
+    bool isBuilt_ = false;
+};
+
+} // namespace tarvix::search

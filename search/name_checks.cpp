@@ -1,0 +1,111 @@
+#include "search/name_checks.h"
+
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+
+#include <array>
+
+namespace tarvix::search {
+
+namespace {
+
+constexpr std::string_view kOncePerSession =
+    "For this session, you will get no more warnings about names like this.";
+constexpr std::string_view kInLog =
+    "The warnings are placed in the Action Log, if you have turned it on.";
+constexpr std::string_view kAutomatic =
+    "Turning on 'Automatic Mode' will stop this message completely.";
+constexpr std::string_view kBreak = "\r\n\r\n";
+
+std::string Lines(std::initializer_list<std::string_view> lines) {
+    std::string text;
+    for (const std::string_view line : lines) {
+        if (!text.empty()) text += kBreak;
+        text += line;
+    }
+    return text;
+}
+
+} // namespace
+
+NameMatch::NameMatch(std::string_view searchString, bool isNot)
+    : pattern_(text::EscapeLikeChars(searchString), true), isNot_(isNot) {}
+
+bool IsNameValid(session::Session& session, std::string_view name, std::string_view folder,
+                 bool quiet) {
+    if (name.find('?') == name.npos) return true;
+    if (quiet) return false;
+    const std::string found =
+        Lines({"A file or folder was found in " + std::string(folder) + ".",
+               "It contains " + std::to_string(text::Length(name)) + " characters in its name. ",
+               "The name is: " + std::string(name),
+               "where '?' - represents non-Western Europe character encoding."});
+    session::LogTimed(session, found);
+    if (session.state.options.blnAutoMode || session.state.blnForeignWarned) return false;
+    auto& form = session.forms.frmForChar;
+    const std::string told =
+        Lines({found, "This file/folder will be not displayed or included in totals.",
+               kOncePerSession, kInLog, kAutomatic});
+    form.Caption = "Routine IsNameValid - " + told;
+    form.lblMain.Caption = told;
+    session.state.blnForeignWarned = true;
+    session.ShowModal(form);
+    return false;
+}
+
+void ReportTrailingSpaces(session::Session& session, std::string_view name,
+                          std::string_view folder) {
+    const std::string found =
+        Lines({"Skipped: " + std::string(folder) + "\\" + std::string(name),
+               " as it has trailing spaces in the object name. This is a very "
+               "serious error. If you attempt to delete it in Explorer nothing will "
+               "happen or worse Explorer will delete the object with the same name "
+               "minus the trailing space(s). If this object is a directory, "
+               "contents can only be displayed in Explorer if and only if "
+               "no object exists with the same name minus the trailing space(s). ",
+               "Only solution I know of involves wiping everything off the "
+               "partition or drive. Backup everything before you attempt this."});
+    if (!session.state.options.blnAutoMode && !session.state.blnTrailingWarned) {
+        auto& form = session.forms.frmTrailingSp;
+        form.lblMain.Caption = Lines({found,
+                                      "For this session, you will get no more warnings about "
+                                      "names like this on this form.",
+                                      kInLog, kAutomatic});
+        session.ShowModal(form);
+    }
+    session::LogTimed(session, " " + found);
+    session.state.blnTrailingWarned = true;
+}
+
+void ReportFakeFolder(session::Session& session, std::string_view path) {
+    auto& form = session.forms.frmAllUsers;
+    form.lblMain.Caption =
+        std::string(path) + " is not a real folder. You may want to add the actual folder " +
+        std::string(text::Left(path, 2)) + "\\ProgramData to your search location list.";
+    session.ShowModal(form);
+}
+
+bool IsFakeFolder(std::string_view path) {
+    const std::string_view below = text::Mid(path, 3);
+    return text::EqualNoCase(below, "\\USERS\\ALL USERS") ||
+           text::EqualNoCase(below, "\\USERS\\ALLUSE~1");
+}
+
+bool IsRecycleBinPath(const session::Session& session, std::string_view path) {
+    static const std::array<text::LikePattern, 6> bins{
+        text::LikePattern("?:\\RECYCLER", true),     text::LikePattern("?:\\RECYCLED", true),
+        text::LikePattern("?:\\$RECYCLE.BIN", true), text::LikePattern("\\\\*RECYCLER", true),
+        text::LikePattern("\\\\*RECYCLED", true),    text::LikePattern("\\\\*$RECYCLE.BIN", true)};
+    if (session.state.blnRecycleAllowed) return false;
+    for (const auto& bin : bins) {
+        if (bin.Matches(path)) return true;
+    }
+    return false;
+}
+
+bool IsNestedRecoveryFolder(std::string_view path) {
+    return text::ContainsNoCase(path, "RECOVERY-MODE\\RECOVERY-MODE");
+}
+
+} // namespace tarvix::search

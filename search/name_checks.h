@@ -1,0 +1,47 @@
+#pragma once
+
+#include "text/like.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::search {
+
+// The exact test of a name against one search string, prepared once: "*" and "?" are wildcards,
+// "[" and "#" stand for themselves, case doesn't count. With `chkNot` the result is inverted.
+class NameMatch {
+  public:
+    NameMatch(std::string_view searchString, bool isNot);
+    bool CheckNameMatch(std::string_view name) const { return pattern_.Matches(name) != isNot_; }
+
+  private:
+    text::LikePattern pattern_;
+    bool isNot_;
+};
+
+// False for a name with a character that can't be shown: it is logged, and told once a session,
+// unless `quiet`, and must be skipped.
+bool IsNameValid(session::Session& session, std::string_view name, std::string_view folder,
+                 bool quiet);
+
+// Logs a name that ends in a blank and tells it once a session.
+void ReportTrailingSpaces(session::Session& session, std::string_view name,
+                          std::string_view folder);
+
+// Tells that a folder only stands in for the ProgramData folder.
+void ReportFakeFolder(session::Session& session, std::string_view path);
+// "\USERS\ALL USERS" or its short form, at the end of a drive path.
+bool IsFakeFolder(std::string_view path);
+
+// A recycle folder that must be left out, unless the request names one.
+bool IsRecycleBinPath(const session::Session& session, std::string_view path);
+
+// A folder inside one of the same name, as some systems nest without end.
+bool IsNestedRecoveryFolder(std::string_view path);
+
+} // namespace tarvix::search

@@ -1,0 +1,78 @@
+#include "search/search_strings.h"
+
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+#include "text/like.h"
+
+namespace tarvix::search {
+
+namespace {
+
+struct Forms {
+    int bothEnds = 0;
+    bool endsWith = false;   // a star only at the front
+    bool beginsWith = false; // a star only at the back
+
+    void Note(std::string_view piece) {
+        const bool front = piece.starts_with('*');
+        const bool back = piece.ends_with('*');
+        if (front && back) ++bothEnds;
+        if (front && !back) endsWith = true;
+        if (back && !front) beginsWith = true;
+    }
+    bool MayOverlap() const {
+        return (bothEnds > 0 && (beginsWith || endsWith)) || (endsWith && beginsWith) ||
+               bothEnds > 1;
+    }
+};
+
+bool IsBatchAction(std::string_view action) {
+    return action == "Automated Playlist Gen" || action == "Automated Move" ||
+           action == "Automated Playlist Gen Full";
+}
+
+} // namespace
+
+SearchStrings SplitSearchFor(std::string_view text) {
+    SearchStrings result;
+    Forms forms;
+    const auto pieces = text::Split(text, '|');
+    result.blnRecycleAllowed = text::Like(text::Lower(pieces.back()), "*recyc*");
+    for (const std::string_view piece : pieces) {
+        if (piece.empty() || result.strings.size() == session::kSearchStringLimit) continue;
+        const bool isPlain = piece.find_first_of(".*?") == piece.npos;
+        result.strings.push_back(isPlain ? "*" + std::string(piece) + "*" : std::string(piece));
+        forms.Note(result.strings.back());
+    }
+    if (result.strings.empty()) result.strings.emplace_back("*");
+    result.blnNotExclusive = forms.MayOverlap();
+    return result;
+}
+
+void ParseSearchFor(session::Session& session, std::string_view text) {
+    auto& state = session.state;
+    SearchStrings parsed = SplitSearchFor(text);
+    state.blnRecycleAllowed = state.blnRecycleAllowed || parsed.blnRecycleAllowed;
+    state.blnNotExclusive = parsed.blnNotExclusive;
+    state.strSearchFor.assign(1, "");
+    state.strSearchFor.insert(state.strSearchFor.end(), parsed.strings.begin(),
+                              parsed.strings.end());
+    if (state.blnNotExclusive && !IsBatchAction(state.strAction)) {
+        const int answer = session.MsgBox(
+            "Search strings may not be mutually exclusive\r\nWould you like to cancel?",
+            session::kYesNo + session::kQuestion + session::kSecondDefault);
+        if (answer == session::kYes) state.blnStopClicked = true;
+    }
+    state.intSearchForCount = static_cast<int>(parsed.strings.size());
+    if (state.intSearchForCount < 2) return;
+    auto& chkNot = session.frmSearch.chkNot;
+    if (chkNot.Value == 1) {
+        session.MsgBox(
+            "Turning off NOT selection. It is not allowed with multiple search strings.");
+    }
+    chkNot.Value = 0;
+    chkNot.Visible = false;
+}
+
+} // namespace tarvix::search

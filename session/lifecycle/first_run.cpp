@@ -1,0 +1,54 @@
+#include "session/lifecycle/first_run.h"
+
+#include "platform/dir.h"
+#include "platform/file_system.h"
+#include "platform/launcher.h"
+#include "session/session.h"
+
+namespace tarvix::lifecycle {
+
+namespace {
+
+constexpr std::string_view kNotice =
+    "WARNING - Using this program carelessly can make your computer not function if used "
+    "improperly!!!\r\n\r\n"
+    "It gives you the power to rearrange ALMOST ANY file on your pc including Windows system "
+    "files.\r\n\r\n"
+    "Be sure to read the section labeled 'Who is Tarvix for?' in help(F1).\r\n\r\n"
+    "I recommend reading 'Advanced Functions List' in the help menu fully to begin to understand. "
+    "That will explain all the changes I made during development and some the dangers.\r\n\r\n"
+    "1. Do not turn on Expert Mode in Option until you have a strong understanding of Windows.\r\n"
+    "2. Work with files in your Documents folder. (Default search folder).\r\n"
+    "3. Backup everything until you have firm understanding of the use of Tarvix. In fact ALWAYS "
+    "backup everything.\r\n"
+    "I offer no guarantees, results are ENTIRELY based on your actions.\r\n\r\n"
+    "The help file will now open.";
+
+// A help text lies beside the program. One that can't be opened is told on the status line.
+void OpenHelp(session::Session& session, std::string_view name) {
+    const std::string path = session.state.strProgramFolder + "\\" + std::string(name);
+    const auto opened = session.platform.launcher.OpenDocument(path);
+    if (!opened) session.frmSearch.lblStatus.Caption = opened.error().description;
+}
+
+bool AsksFor(session::Session& session, std::string_view question) {
+    return session.MsgBox(question, session::kYesNo) == session::kYes;
+}
+
+} // namespace
+
+void FirstRunCheck(session::Session& session) {
+    const std::string& history = session.state.strFSSearchHistoryFile;
+    if (!platform::DirName(session.files(), history, platform::kDirFiles).empty()) return;
+    session.MsgBox(kNotice, session::kCritical);
+    OpenHelp(session, "Tarvix.rtf");
+    if (AsksFor(session, "Would you like to see the General Information file?")) {
+        OpenHelp(session, "User Doc.txt");
+    }
+    if (AsksFor(session, "Would you like to see the Advanced Functions file?")) {
+        OpenHelp(session, "Advanced Functions.txt");
+    }
+    if (auto made = session.files().CreateTextFile(history, true)) (void)(*made)->Close();
+}
+
+} // namespace tarvix::lifecycle

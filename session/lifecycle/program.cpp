@@ -1,0 +1,50 @@
+#include "session/lifecycle/program.h"
+
+#include "actions/action_request.h"
+#include "search/request.h"
+#include "session/lifecycle/startup.h"
+
+namespace tarvix::lifecycle {
+
+namespace {
+
+void AddListEvents(session::EventTable& events) {
+    events.On("frmSearch.cmdSelectAll_Click", results::cmdSelectAll_Click);
+    events.On("frmSearch.cmdSelectAllDirs_Click", results::cmdSelectAllDirs_Click);
+    events.On("frmSearch.cmdSelectAllFiles_Click", results::cmdSelectAllFiles_Click);
+    events.On("frmSearch.cmdSelectNone_Click", results::cmdSelectNone_Click);
+    events.On("frmSearch.cmdSelectReverse_Click", results::cmdSelectReverse_Click);
+    events.On("frmSearch.lstMain_ItemClick",
+              [](session::Session& session, const session::EventArgs& args) {
+                  results::lstMain_ItemClick(session, static_cast<std::size_t>(args.index));
+              });
+}
+
+} // namespace
+
+Program::Program(const platform::Platform& machine, session::PromptService& prompts)
+    : session_(machine, prompts) {
+    session_.rows = &rows_;
+    session_.selection = &selection_;
+    AddLifecycleEvents(session_.events);
+    AddListEvents(session_.events);
+    search::AddSearchEvents(session_.events);
+    actions::AddActionEvents(session_.events);
+}
+
+void Program::Start(std::string_view argument) {
+    frmSearch_Load(session_, argument);
+}
+
+void Program::Stop() {
+    if (!session_.state.blnEnded) frmSearch_Unload(session_);
+}
+
+std::string_view ProductName() {
+    return "Tarvix";
+}
+std::string_view ProductVersion() {
+    return TARVIX_VERSION;
+}
+
+} // namespace tarvix::lifecycle

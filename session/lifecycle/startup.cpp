@@ -1,0 +1,197 @@
+#include "session/lifecycle/startup.h"
+
+#include "actions/action_request.h"
+#include "platform/environment.h"
+#include "platform/registry.h"
+#include "results/result_list.h"
+#include "results/selection.h"
+#include "search/criteria_boxes.h"
+#include "search/request.h"
+#include "session/lifecycle/data_folder.h"
+#include "session/lifecycle/first_run.h"
+#include "session/lifecycle/program.h"
+#include "session/session.h"
+#include "text/characters.h"
+
+#include <algorithm>
+
+namespace tarvix::lifecycle {
+
+namespace {
+
+using session::Session;
+
+constexpr std::string_view kTooSmall =
+    " Tarvix is ending as it is to large for this screen size.\r\n\r\n"
+    "800x549 is minimun size required.\r\n\r\n"
+    "Recomend changing settings or turning off any screen partitioning software.\r\n\r\n"
+    "1680x1050 or 1600x1200, both work great for tiling Tarvix 2x2.";
+
+void SetColumns(Session& session) {
+    session.blnListItems.fill(true);
+    session.blnListItems[results::kShortPath] = false;
+    session.blnListItems[results::kSearchFolderIndex] = false;
+}
+
+void SetState(Session& session) {
+    auto& state = session.state;
+    state.strWindowStyle[1] = "Normal";
+    state.strWindowStyle[3] = "Maximized";
+    state.strWindowStyle[7] = "Minimized";
+    state.blnRepeatDeleteEmpty = false;
+    state.intMaxYear = session.Now().year + 20;
+    state.blnRedoNow = true;
+}
+
+void AddStandingEntries(Session& session) {
+    for (const char* entry : {"  *.lnk", "  *.mpl", "  *.url"}) {
+        session.frmSearch.cmbSearchFor.AddItem(entry);
+    }
+}
+
+// The settings of a program that has saved none.
+void SetDefaultOptions(Session& session) {
+    auto& options = session.state.options;
+    options.strDefSearchFolder[0] =
+        platform::ExpandVariables(session.platform.environment, "%UserProfile%\\Documents");
+    session.frmSearch.cmbDir.Text = options.strDefSearchFolder[0];
+}
+
+void SetVisibleDefaults(Session& session) {
+    auto& form = session.frmSearch;
+    form.Caption = "Search Form - " + std::string(ProductName()) + " v" +
+                   std::string(ProductVersion()) + " - Copyright " +
+                   std::to_string(session.Now().year) + " The Tarvix developers";
+    form.optBrowse.Choose(0);
+    form.mnuBrowse_Behave[0].Checked = true;
+    form.lblCurrentFolder.ForeColor = forms::kBlue;
+    form.lblSearchFor.ForeColor = forms::kRed;
+    search::PaintAttributeBoxes(session);
+}
+
+void FillCriteria(Session& session) {
+    auto& form = session.frmSearch;
+    form.cboSize.AddItem("At Least", 4);
+    form.cboSize.AddItem("At Most", 2);
+    form.cboSize.AddItem("Range", 1);
+    form.cboSize.Text = "At Least";
+    form.cboDate.AddItem("Before", 32);
+    form.cboDate.AddItem("Since", 16);
+    form.cboDate.AddItem("Range", 8);
+    form.Width = kLeastWidth;
+    form.Height = kLeastHeight;
+}
+
+bool HasVerb(Session& session, std::string_view key) {
+    const auto value = session.platform.registry.ClassDefault(key);
+    return value && text::Length(*value) > 1;
+}
+
+void ReadRegistryFlags(Session& session) {
+    session.state.blnStarShell = HasVerb(session, "*\\shell");
+    session.state.blnUnknownShell = HasVerb(session, "Unknown\\shell");
+}
+
+void PreloadDialog(Session& session) {
+    if (session.state.strLastForm == "frmDialog") return;
+    session.state.blnPreloadDialog = true;
+    actions::frmDialog_Activate(session);
+    session.state.blnPreloadDialog = false;
+}
+
+void RepeatSearch(Session& session) {
+    session.frmSearch.lblStatus.Caption = "Repeat Searching";
+    session.Repaint();
+    search::cmdSearch_Click(session);
+}
+
+void RedoAfterAction(Session& session) {
+    auto& state = session.state;
+    const bool repeats = session.frmSearch.chkRepeatSearch.Value == 1;
+    if (state.blnRedoAfterAction) {
+        if (repeats) {
+            RepeatSearch(session);
+        } else {
+            results::ClearList(session);
+        }
+    } else if (state.blnRedoNow && repeats && state.blnRepeatRequested) {
+        state.blnRepeatRequested = false;
+        RepeatSearch(session);
+    } else {
+        return;
+    }
+    state.blnRedoAfterAction = state.blnRedoNow = false;
+}
+
+} // namespace
+
+void frmSearch_Load(Session& session, std::string_view argument) {
+    SetColumns(session);
+    SetState(session);
+    FindDataFolder(session);
+    FormDataPaths(session);
+    AddStandingEntries(session);
+    FirstRunCheck(session);
+    SetDefaultOptions(session);
+    session.log.Open(session);
+    SetVisibleDefaults(session);
+    CommandLineOptions(session, argument);
+    FillCriteria(session);
+    ReadRegistryFlags(session);
+    results::ClearList(session);
+    session.frmSearch.mnuTools_CreateMPLfromCombo.Enabled = true;
+    session.frmSearch.lblStatus.Caption = "";
+    PreloadDialog(session);
+    session.frmSearch.Show();
+    session.state.blnStarted = true;
+}
+
+void frmSearch_Unload(Session& session) {
+    auto& form = session.frmSearch;
+    for (forms::Form* other : session.forms.all) {
+        if (other != &form) other->Hide();
+    }
+    form.cboTargetPath.Visible = form.lblTargetPath.Visible = false;
+    form.cboTargetPath.Text = "";
+    form.mnuTargetPath.Enabled = false;
+    session.log.Close(session);
+    form.Hide();
+    session.state.blnEnded = true;
+}
+
+void frmSearch_Activate(Session& session) {
+    auto& form = session.frmSearch;
+    RedoAfterAction(session);
+    if (session.state.blnEditTargets) {
+        form.Focus = &form.cmdEditTargets;
+    } else if (form.cmdSearch.Enabled && !session.state.blnPlayListMode) {
+        form.Focus = &form.cmbSearchFor;
+    } else {
+        form.Focus = &form.chkRepeatSearch;
+    }
+}
+
+void frmSearch_Resize(Session& session) {
+    auto& form = session.frmSearch;
+    const auto& state = session.state;
+    if (form.State == forms::WindowState::kMinimized) {
+        if (state.blnAutoMove || state.blnAutoPlayList) form.State = forms::WindowState::kNormal;
+        return;
+    }
+    if (form.Width >= kLeastWidth && form.Height >= kLeastHeight) return;
+    if (form.State == forms::WindowState::kMaximized) {
+        session.MsgBox(kTooSmall);
+        frmSearch_Unload(session);
+        return;
+    }
+    form.Width = std::max(form.Width, kLeastWidth);
+    form.Height = std::max(form.Height, kLeastHeight);
+}
+
+void AddLifecycleEvents(session::EventTable& events) {
+    events.On("frmSearch.Form_Activate", frmSearch_Activate);
+    events.On("frmSearch.Form_Resize", frmSearch_Resize);
+    events.On("frmSearch.Form_Unload", frmSearch_Unload);
+}
+
+} // namespace tarvix::lifecycle

@@ -1,0 +1,87 @@
+#include "session/missing_folders.h"
+
+#include "platform/dir.h"
+#include "platform/file_system.h"
+#include "session/session.h"
+#include "session/short_path.h"
+#include "text/characters.h"
+#include "text/paths.h"
+
+#include <utility>
+#include <vector>
+
+namespace tarvix::session {
+
+namespace {
+
+constexpr std::size_t kMostRemembered = 100;
+constexpr std::size_t kRootLength = 4; // "C:\x" is the shortest path that can be made
+
+std::string FolderOf(std::string_view path, bool isFolderPath) {
+    if (isFolderPath) return std::string(path);
+    if (path.starts_with("\\\\")) return text::ParentFolderSlash(path);
+    return text::ParentFolder(path);
+}
+
+// Makes one folder and logs it.
+platform::Result<void> MakeOne(Session& session, const std::string& folder,
+                               MissingFolderResult& result) {
+    auto made = session.files().CreateFolder(folder);
+    if (made) {
+        LogTimed(session, " Created " + folder);
+        result.blnFolderCreated = true;
+        result.path = folder;
+    }
+    return made;
+}
+
+void NoteError(MissingFolderResult& result, const platform::PlatformError& error) {
+    result.errorNumber = error.number;
+    result.errorText = error.description;
+}
+
+// The parents of a folder that can't be made yet, then the folder itself, topmost first.
+void MakeChain(Session& session, std::string folder, MissingFolderResult& result) {
+    std::vector<std::string> remembered;
+    while (true) {
+        auto made = MakeOne(session, folder, result);
+        if (made) break;
+        const std::string parent = text::ParentFolder(folder);
+        const bool canClimb = made.error().number == platform::kPathNotFound &&
+                              text::Length(parent) >= kRootLength && parent != folder &&
+                              remembered.size() < kMostRemembered;
+        if (!canClimb) return NoteError(result, made.error());
+        remembered.push_back(std::exchange(folder, parent));
+    }
+    for (; !remembered.empty(); remembered.pop_back()) {
+        if (auto made = MakeOne(session, remembered.back(), result); !made) {
+            return NoteError(result, made.error());
+        }
+    }
+}
+
+} // namespace
+
+MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
+                                        bool isFolderPath) {
+    MissingFolderResult result;
+    std::string folder = text::CleanSpacesInPath(FolderOf(path, isFolderPath), true);
+    if (text::Length(folder) > kFolderPortion) {
+        folder = GetShortPathNameReturnCodes(session, folder).path;
+    }
+    result.path = folder;
+    if (text::Length(folder) < kRootLength) return result;
+    if (!platform::DirName(session.files(), folder, platform::kDirAll).empty()) {
+        result.blnFolderAlreadyThere = true;
+        return result;
+    }
+    MakeChain(session, folder, result);
+    return result;
+}
+
+MissingFolderResult CreateMissing247Folder(Session& session, std::string_view path,
+                                           bool isFolderPath) {
+    return CreateMissingFolder(session, path, isFolderPath);
+}
+
+} // namespace tarvix::session

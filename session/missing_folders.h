@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+
+struct Session;
+
+// What `CreateMissingFolder` found and did.
+struct MissingFolderResult {
+    std::string path;              // the folder that stands now
+    bool blnFolderCreated = false; // at least one folder was made
+    bool blnFolderAlreadyThere = false;
+    int errorNumber = 0; // why the chain could not be made; 0 when it stands
+    std::string errorText;
+};
+
+// Makes the folder that is to hold `path` (or `path` itself with `isFolderPath`), with all that is
+// missing above it, at most 100 levels. Each folder made is logged " Created " and its path.
+MissingFolderResult CreateMissingFolder(Session& session, std::string_view path, bool isFolderPath);
+MissingFolderResult CreateMissing247Folder(Session& session, std::string_view path,
+                                           bool isFolderPath);
+
+} // namespace tarvix::session

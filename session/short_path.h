@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+
+struct Session;
+
+constexpr std::size_t kLongPath = 259;      // characters of a path that everything can open
+constexpr std::size_t kFolderPortion = 247; // of a folder, when a name is still to follow
+constexpr std::size_t kAbsoluteLimit = 500;
+
+struct ShortPathResult {
+    std::string path;
+    // 0 no short path; 1 still over 259 characters (only for a whole path); 2 over the limit but
+    // below 260; 3 within the limit.
+    int status = 0;
+};
+
+// A form of a drive path that can be opened everywhere, by short names level by level. Only limits
+// from 1 to 247 are honoured, others count as 247. With `whole` the last name is shortened too.
+// Folders on the way that are missing are made first.
+ShortPathResult GetShortPathNameReturnCodes(Session& session, std::string_view path,
+                                            bool whole = false, std::size_t limit = kFolderPortion);
+
+// Long and short form of one path walked in step: as few short levels in front as bring the whole
+// to `limit` characters (0 or more than 259 count as 259). The short form when none does.
+std::string MixPath(std::string_view longPath, std::string_view shortPath, std::size_t limit = 0);
+
+// The short form of a path worked out from its names alone, without the disk.
+std::string ShortFormOf(std::string_view path);
+
+} // namespace tarvix::session

@@ -1,0 +1,68 @@
+#include "tests/support/program_fixture.h"
+
+#include "session/user_input.h"
+
+#include <algorithm>
+
+namespace tarvix::testing {
+
+ProgramFixture::ProgramFixture() {
+    prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
+    // Files are made a year before the clock, so that their dates are plausible.
+    Disk().UseClock([this] { return machine.clock.FromLocal({2025, 6, 1, 12, 0, 0}); });
+    Disk().AddFile(machine.environment.programFolder + "\\TXFSSearchHistoryFile.txt", "*EOF");
+}
+
+void ProgramFixture::Start(std::string_view argument) {
+    program.Start(argument);
+}
+
+void ProgramFixture::Click(forms::Control& control) {
+    const auto clicked = session::UserClick(S(), control);
+    EXPECT_TRUE(clicked) << clicked.error();
+}
+
+void ProgramFixture::Set(forms::Control& control, std::string_view value) {
+    const auto set = session::UserSet(S(), control, value);
+    EXPECT_TRUE(set) << set.error();
+}
+
+void ProgramFixture::Search(std::string_view patterns, std::string_view locations) {
+    Set(Form().cmbSearchFor, patterns);
+    Set(Form().cmbDir, locations);
+    Click(Form().cmdSearch);
+}
+
+void ProgramFixture::LookForAllAttributes() {
+    for (forms::CheckBox* box : Form().attributeBoxes) {
+        Set(*box, "2");
+    }
+}
+
+std::vector<std::string> ProgramFixture::Cells(results::Column column) {
+    std::vector<std::string> cells;
+    for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+        cells.push_back(program.Rows().Cell(i, column));
+    }
+    return cells;
+}
+
+std::vector<std::string> ProgramFixture::Told() {
+    std::vector<std::string> texts;
+    for (const auto& record : prompts.Records()) {
+        texts.push_back(record.text);
+    }
+    return texts;
+}
+
+bool ProgramFixture::WasTold(std::string_view part) {
+    return std::ranges::any_of(
+        Told(), [part](const std::string& text) { return text.find(part) != std::string::npos; });
+}
+
+std::string ProgramFixture::LogText() {
+    program.Stop();
+    return Disk().Content(State().strActionLogFile).value_or("");
+}
+
+} // namespace tarvix::testing

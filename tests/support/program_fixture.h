@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/memory/memory_platform.h"
+#include "session/lifecycle/program.h"
+#include "session/scripted_prompts.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::testing {
+
+// A whole program on a machine in memory. Prompts without a queued answer get the safe one.
+class ProgramFixture : public ::testing::Test {
+  protected:
+    ProgramFixture();
+
+    platform::MemoryFileSystem& Disk() { return machine.disk; }
+    session::Session& S() { return program.Session(); }
+    forms::FrmSearch& Form() { return program.Session().frmSearch; }
+    session::SessionState& State() { return program.Session().state; }
+
+    // Starts a program that has run before.
+    void Start(std::string_view argument = {});
+    // What a user does; a refusal fails the test.
+    void Click(forms::Control& control);
+    void Set(forms::Control& control, std::string_view value);
+    void Choose(forms::OptionGroup& group, int index) { Click(group[index]); }
+    // Searches `patterns` in `locations`; the other criteria as they stand.
+    void Search(std::string_view patterns, std::string_view locations);
+    void LookForAllAttributes(); // every attribute box grey
+
+    // The cells of one column, in list order.
+    std::vector<std::string> Cells(results::Column column);
+    std::vector<std::string> Names() { return Cells(results::kName); }
+    std::vector<std::string> Paths() { return Cells(results::kPathName); }
+    // The texts of all message boxes and notices so far.
+    std::vector<std::string> Told();
+    bool WasTold(std::string_view part);
+    // The action log as it stands on the disk after the program stopped.
+    std::string LogText();
+
+    platform::MemoryPlatform machine;
+    session::ScriptedPrompts prompts;
+    lifecycle::Program program{machine.platform, prompts};
+};
+
+} // namespace tarvix::testing

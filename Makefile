@@ -1,0 +1,70 @@
+# The front door. `make` alone says what there is.
+BUILD ?= build
+JOBS ?= $(shell nproc)
+
+help:
+	@echo 'make run       open Tarvix (with no display: the same job without a window)'
+	@echo 'make test      build and run all tests'
+	@echo 'make build     build build/bin/tarvix and build/bin/tarvix-cli'
+	@echo 'make setup     install the Debian packages that are needed'
+	@echo 'make sanitize  all tests with address and undefined behaviour checks'
+	@echo 'make bench     time it beside its peers'
+	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
+	@echo 'make lint      layers, format, clang-tidy'
+	@echo 'make format    format all sources'
+	@echo 'make package   a Debian package in build/'
+	@echo 'make clean     remove all builds'
+
+setup:
+	@tools/setup
+
+setup-developer: setup
+	@tools/setup packaging/developer-packages.txt
+
+build/CMakeCache.txt: CMakeLists.txt CMakePresets.json
+	@cmake --preset release >/dev/null
+
+build: setup build/CMakeCache.txt
+	@cmake --build build -j $(JOBS)
+
+run: setup build/CMakeCache.txt
+	@cmake --build build -j $(JOBS) --target tarvix tarvix-cli
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then build/bin/tarvix; else tools/demo build; fi
+
+test: build
+	@tools/check-layers
+	@ctest --test-dir build -j $(JOBS) --output-on-failure
+
+sanitize: setup
+	@cmake --preset asan >/dev/null
+	@cmake --build build-asan -j $(JOBS)
+	@ctest --test-dir build-asan -j $(JOBS) --output-on-failure
+
+headless: setup
+	@cmake --preset headless >/dev/null
+	@cmake --build build-headless -j $(JOBS) --target tarvix-cli
+
+bench: setup
+	@cmake --preset bench >/dev/null
+	@cmake --build build -j $(JOBS)
+	@bench/run build
+
+SECONDS ?= 60
+fuzz: setup-developer
+	@cmake --preset fuzz >/dev/null
+	@cmake --build build-fuzz -j $(JOBS)
+	@tools/run-fuzz build-fuzz $(SECONDS)
+
+lint: setup-developer build/CMakeCache.txt
+	@tools/lint build
+
+format:
+	@git ls-files '*.h' '*.cpp' | xargs clang-format-16 -i
+
+package: build
+	@cd build && cpack -G DEB
+
+clean:
+	@rm -rf build build-*
+
+.PHONY: help setup setup-developer build run test sanitize headless bench fuzz lint format package clean

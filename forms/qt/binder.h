@@ -1,0 +1,79 @@
+#pragma once
+
+#include "forms/fields/controls.h"
+#include "forms/qt/event_gate.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+class QAbstractButton;
+class QAction;
+class QComboBox;
+class QDateTimeEdit;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QWidget;
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::qt {
+
+// Joins the fields of one form to the widgets and actions below `root` that bear their names: shows
+// the fields, and hands on what the user does. It decides nothing.
+class Binder : public QObject {
+  public:
+    Binder(session::Session& session, EventGate& gate, forms::Form& form, QWidget& root);
+
+    // Joins what was added below the root since the last call.
+    void Bind();
+    // Shows the fields that changed.
+    void Flush();
+    void ShowAll();
+    // Hands on the texts that were entered while a routine ran.
+    void ApplyPending();
+
+    void Click(forms::Control& control);
+    void Set(forms::Control& control, const QString& value);
+    // Whether something happens when the control is clicked.
+    bool HasRoutine(const forms::Control& control, std::string_view event = "Click") const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    using Shower = std::function<void()>;
+
+    void BindObject(forms::Control& control, QObject& object);
+    Shower BindButton(forms::Control& control, QAbstractButton& button);
+    Shower BindCombo(forms::ComboBox& field, QComboBox& box);
+    Shower BindText(forms::TextBox& field, QLineEdit& edit);
+    Shower BindPicker(forms::DatePicker& field, QDateTimeEdit& picker);
+    Shower BindAction(forms::Control& control, QAction& action);
+    void Show(forms::Control& control);
+    void ShowCommon(const forms::Control& control, QWidget& widget) const;
+    void TakeFocus();
+    void TakeNativePaths(forms::Control& control);
+    void Leave(forms::Control& control);
+
+    session::Session& session_;
+    EventGate& gate_;
+    forms::Form& form_;
+    QWidget& root_;
+    std::unordered_map<const forms::Control*, std::vector<Shower>> showers_;
+    std::unordered_map<const QObject*, forms::Control*> bound_;
+    std::map<forms::Control*, QString> pending_; // texts entered while a routine ran
+};
+
+// The caption of any control that has one; empty for others.
+std::string CaptionOf(const forms::Control& control);
+
+} // namespace tarvix::qt

@@ -1,0 +1,136 @@
+#include "forms/qt/main_menu.h"
+
+#include "forms/fields/controls.h"
+#include "forms/qt/binder.h"
+#include "forms/qt/text_conversion.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace tarvix::qt {
+
+namespace {
+
+struct TopMenu {
+    const char* title;
+    std::string_view field; // switches the menu; its entries' names begin with it and "_"
+};
+
+constexpr std::array<TopMenu, 9> kMenus{{{"&File", "mnuFile"},
+                                         {"Search", "mnuSearch"},
+                                         {"Select", "mnuSelect"},
+                                         {"A&ctions", "mnuActions"},
+                                         {"Ru&n", "mnuRun"},
+                                         {"&Tools", "mnuTools"},
+                                         {"&Browse", "mnuBrowse"},
+                                         {"&Options", "mnuOptions"},
+                                         {"&Help", "mnuHelp"}}};
+
+struct ButtonEntry {
+    const char* menu;
+    std::string_view field;
+    const char* key;
+    const char* icon;
+};
+
+// The buttons that are menu entries too.
+constexpr std::array<ButtonEntry, 14> kButtons{
+    {{"Search", "cmdSearch", "F5", "edit-find"},
+     {"Search", "cmdStop", "Esc", "process-stop"},
+     {"Search", "cmdNext", "", ""},
+     {"Search", "cmdClearFolders", "", ""},
+     {"Select", "cmdSelectAll", "Ctrl+A", "edit-select-all"},
+     {"Select", "cmdSelectAllFiles", "", ""},
+     {"Select", "cmdSelectAllDirs", "", ""},
+     {"Select", "cmdSelectNone", "Ctrl+Shift+A", "edit-select-none"},
+     {"Select", "cmdSelectReverse", "", "edit-select-invert"},
+     {"Actions", "cmdCopySelected", "", "edit-copy"},
+     {"Actions", "cmdMoveSelected", "", "edit-cut"},
+     {"Actions", "cmdRenameSelected", "F2", "edit-rename"},
+     {"Actions", "cmdDeleteSelected", "Del", "user-trash"},
+     {"Actions", "cmdEditTargets", "", ""}}};
+
+bool IsTop(std::string_view name) {
+    return std::ranges::find(kMenus, name, &TopMenu::field) != kMenus.end();
+}
+
+QChar MnemonicOf(const QString& caption) {
+    const qsizetype at = caption.indexOf(u'&');
+    return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
+}
+
+bool HasMnemonic(const forms::Control& control, const Binder& binder) {
+    switch (control.Kind()) {
+    case forms::ControlKind::kCheckBox:
+    case forms::ControlKind::kOptionButton:
+        return true;
+    case forms::ControlKind::kCommandButton:
+        return binder.HasRoutine(control);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+MainMenu::MainMenu(QMainWindow& window, const forms::Form& form) : form_(form) {
+    for (const TopMenu& top : kMenus) {
+        menus_ << window.menuBar()->addMenu(top.title);
+    }
+    for (const ButtonEntry& entry : kButtons) {
+        AddField(*MenuFor(entry.menu), window, entry.field);
+        QAction* action = MenuFor(entry.menu)->actions().last();
+        action->setShortcut(QKeySequence(entry.key));
+        if (entry.icon[0] != '\0') action->setIcon(QIcon::fromTheme(entry.icon));
+    }
+    for (const forms::Control* control : form.Controls()) {
+        if (control->Kind() != forms::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
+        const std::string_view prefix =
+            std::string_view(control->Name()).substr(0, control->Name().find('_'));
+        const auto top = std::ranges::find(kMenus, prefix, &TopMenu::field);
+        AddField(*MenuFor(top == kMenus.end() ? "Actions" : top->title), window, control->Name());
+    }
+}
+
+void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name) {
+    auto* action = new QAction(&window);
+    action->setObjectName(ToQt(name));
+    menu.addAction(action);
+}
+
+void MainMenu::ClearMnemonics(const Binder& binder) {
+    std::set<QChar> taken;
+    for (const forms::Control* control : form_.Controls()) {
+        if (HasMnemonic(*control, binder)) taken.insert(MnemonicOf(ToQt(CaptionOf(*control))));
+    }
+    for (QMenu* menu : menus_) {
+        if (taken.contains(MnemonicOf(menu->title()))) menu->setTitle(menu->title().remove(u'&'));
+    }
+}
+
+void MainMenu::Refresh() {
+    for (qsizetype i = 0; i < menus_.size(); ++i) {
+        const auto entries = menus_[i]->actions();
+        const bool filled = std::ranges::any_of(entries, &QAction::isVisible);
+        const forms::Control* field = form_.Find(kMenus[static_cast<std::size_t>(i)].field);
+        menus_[i]->menuAction()->setVisible(filled && (field == nullptr || field->Visible));
+        menus_[i]->menuAction()->setEnabled(field == nullptr || field->Enabled);
+    }
+}
+
+QMenu* MainMenu::Find(const char* title) const {
+    const auto plain = [](QString text) { return text.remove(u'&'); };
+    const auto found = std::ranges::find_if(
+        menus_, [&](const QMenu* menu) { return plain(menu->title()) == plain(title); });
+    return found == menus_.end() ? nullptr : *found;
+}
+
+} // namespace tarvix::qt

@@ -1,0 +1,81 @@
+#include "forms/qt/modal_window.h"
+
+#include "forms/qt/action_window.h"
+#include "forms/qt/date_window.h"
+#include "forms/qt/notice_window.h"
+#include "forms/qt/text_conversion.h"
+#include "session/session.h"
+
+#include <QCloseEvent>
+
+namespace tarvix::qt {
+
+ModalWindow::ModalWindow(session::Session& session, EventGate& gate, forms::Form& form,
+                         QWidget* parent)
+    : QDialog(parent), session_(session), gate_(gate), form_(form) {
+    setObjectName(ToQt(form.Name()));
+    setModal(true);
+    gate_.Add(*this);
+}
+
+ModalWindow::~ModalWindow() {
+    gate_.Remove(*this);
+}
+
+void ModalWindow::BindFields() {
+    binder_ = std::make_unique<Binder>(session_, gate_, form_, *this);
+    setWindowTitle(Shown(form_.Caption).section('\n', 0, 0).trimmed().left(100));
+    Refresh();
+}
+
+void ModalWindow::Run() {
+    if (form_.IsShown()) exec();
+}
+
+void ModalWindow::Flush() {
+    if (!binder_) return;
+    binder_->Flush();
+    Refresh();
+    if (!form_.IsShown()) done(0);
+}
+
+void ModalWindow::Idle() {
+    if (binder_) binder_->ApplyPending();
+}
+
+forms::Control* ModalWindow::ClosingControl() const {
+    for (const char* name : {"CancelButton", "cmdCancel", "cmdOK"}) {
+        if (forms::Control* control = form_.Find(name)) return control;
+    }
+    return nullptr;
+}
+
+void ModalWindow::reject() {
+    forms::Control* stop = form_.Find("cmdStop");
+    forms::Control* close = gate_.IsBusy() ? stop : ClosingControl();
+    if (close != nullptr) binder_->Click(*close);
+}
+
+void ModalWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && binder_) binder_->ShowAll();
+}
+
+void ModalWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGate& gate,
+                                             forms::Form& form, QWidget* parent) {
+    if (&form == &session.frmDialog) return std::make_unique<ActionWindow>(session, gate, parent);
+    if (&form == &session.forms.frmSelectDate) {
+        return std::make_unique<DateWindow>(session, gate, parent);
+    }
+    if (auto* notice = dynamic_cast<forms::NoticeForm*>(&form)) {
+        return std::make_unique<NoticeWindow>(session, gate, *notice, parent);
+    }
+    return nullptr;
+}
+
+} // namespace tarvix::qt

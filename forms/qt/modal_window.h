@@ -1,0 +1,45 @@
+#pragma once
+
+#include "forms/qt/binder.h"
+#include "forms/qt/event_gate.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace tarvix::qt {
+
+// A window over one form that stays until the form hides. Closing it presses its cancel button, or
+// OK where there is no other.
+class ModalWindow : public QDialog, public View {
+  public:
+    ModalWindow(session::Session& session, EventGate& gate, forms::Form& form, QWidget* parent);
+    ~ModalWindow() override;
+
+    // Shows the window and returns when the form has hidden.
+    void Run();
+    void Flush() override;
+    void Idle() override;
+    void reject() override;
+
+  protected:
+    // Joins the widgets to the fields; called at the end of a constructor.
+    void BindFields();
+    virtual void Refresh() {}
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+    session::Session& session_;
+    EventGate& gate_;
+    forms::Form& form_;
+    std::unique_ptr<Binder> binder_;
+
+  private:
+    forms::Control* ClosingControl() const;
+};
+
+// The window for a form; null for a form that has none.
+std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGate& gate,
+                                             forms::Form& form, QWidget* parent);
+
+} // namespace tarvix::qt

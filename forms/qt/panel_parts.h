@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+namespace tarvix::qt {
+
+// The widgets side by side, no margins.
+QWidget* InRow(const QList<QWidget*>& widgets, int spacing = 6);
+
+// A label that names a box.
+QLabel* LabelFor(const QString& text, QWidget* box);
+
+// Keeps `companion` visible exactly while `leader` is.
+void FollowVisibility(QWidget& leader, QWidget& companion);
+
+} // namespace tarvix::qt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "results/result_list.h"
+
+#include <QAbstractTableModel>
+
+namespace tarvix::qt {
+
+// The result list as a view asks for it: texts are made for the cells that are looked at.
+class ResultModel : public QAbstractTableModel {
+  public:
+    explicit ResultModel(const results::ResultList& rows, QObject* parent = nullptr);
+
+    // Takes in the rows that were added, or all anew when the list was cleared since.
+    void Sync();
+    // False from the moment that the list is cleared until Sync.
+    bool IsCurrent() const { return generation_ == rows_.Generation(); }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  private:
+    QString SpokenRow(std::size_t row) const;
+
+    const results::ResultList& rows_;
+    std::uint64_t generation_ = 0;
+    int count_ = 0;
+};
+
+} // namespace tarvix::qt

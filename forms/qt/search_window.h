@@ -1,0 +1,67 @@
+#pragma once
+
+#include "forms/qt/binder.h"
+#include "forms/qt/event_gate.h"
+#include "forms/qt/main_menu.h"
+#include "forms/qt/result_model.h"
+#include "forms/qt/result_view.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+
+namespace tarvix::session {
+struct Session;
+}
+class QProgressBar;
+
+namespace tarvix::qt {
+
+class ElidedLabel;
+
+// frmSearch: criteria, result list, selection and actions, counters and status.
+class SearchWindow : public QMainWindow, public View {
+  public:
+    // The session must have its rows.
+    SearchWindow(session::Session& session, EventGate& gate);
+    ~SearchWindow() override;
+
+    void Flush() override;
+    void Idle() override;
+
+    ResultView& List() { return *list_; }
+    // The native paths of the selected rows, one a line, on the clipboard.
+    void CopyPaths();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void Build();
+    void AddOwnEntries();
+    void SetUpList();
+    void SetUpDrops();
+    void SetTabOrder();
+    void RaiseOnRow(const char* event, std::size_t row);
+    void SortBy(int column);
+    void DragRows();
+    void ShowRows();
+    void ShowNativePath();
+    void ShowSort();
+    QString EmptyText() const;
+    QStringList SelectedPaths() const;
+
+    session::Session& session_;
+    EventGate& gate_;
+    ResultModel* model_ = nullptr;
+    ResultView* list_ = nullptr;
+    ElidedLabel* nativePath_ = nullptr;
+    QProgressBar* busy_ = nullptr;
+    std::unique_ptr<MainMenu> menu_;
+    std::unique_ptr<Binder> binder_;
+    QElapsedTimer sinceRows_;
+    bool closing_ = false; // asked to close while a routine ran
+};
+
+} // namespace tarvix::qt

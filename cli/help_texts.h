@@ -1,0 +1,81 @@
+#pragma once
+
+// The longer texts of `tarvix-cli --help` and of each command's help.
+namespace tarvix::cli {
+
+inline constexpr const char* kAbout =
+    "Tarvix finds, lists and copies large groups of files by rule.\n"
+    "This is the program without its windows, for terminals, timers and scripts.\n";
+
+inline constexpr const char* kAboutFooter =
+    "\nExamples:\n"
+    "  tarvix-cli search \"*.mp3|*.flac\" --in ~/Music\n"
+    "  tarvix-cli copy \"*.jpg\" --in ~/Pictures --since 2026-01-01 --to /media/ann/Backup --yes\n"
+    "  tarvix-cli run nightly.txt\n"
+    "\n"
+    "tarvix-cli COMMAND --help tells all about a command.\n"
+    "Ends with 0 when all is done, 1 when objects failed or were skipped, 2 when the request\n"
+    "is wrong, 3 when a question had no answer.\n";
+
+inline constexpr const char* kSearchAbout =
+    "Lists every file or folder that matches a pattern and the criteria.\n"
+    "\n"
+    "A pattern without \".\", \"*\" and \"?\" is found anywhere in a name; several are separated "
+    "by\n"
+    "\"|\". Subfolders are searched too.\n";
+
+inline constexpr const char* kSearchFooter =
+    "\nExamples:\n"
+    "  tarvix-cli search \"*.mp3|*.flac\" --in ~/Music\n"
+    "  tarvix-cli search report --in ~/Documents /srv/archive --since 2026-01-01\n"
+    "  tarvix-cli search \"*\" --in . --kind empty-folders\n"
+    "  tarvix-cli search \"*.iso\" --in ~ --size-at-least 500M --print0 | xargs -0 ls -l\n"
+    "  tarvix-cli search \"*.jpg\" --in ~/Pictures --json --columns Name,SizeSubItem\n"
+    "\n"
+    "Without an output option each row is its path on this machine, one a line. Results go to\n"
+    "stdout, messages to stderr. Without an attribute option the boxes stand as the options\n"
+    "say: at first, hidden, read-only and linked objects are not found.\n";
+
+inline constexpr const char* kCopyAbout =
+    "Finds objects as \"search\" does and copies all of them into one folder.\n";
+
+inline constexpr const char* kCopyFooter =
+    "\nExamples:\n"
+    "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player --yes\n"
+    "  tarvix-cli copy \"*\" --in ~/Documents --between 2026-01-01..2026-03-31 --to ~/Q1 --yes\n"
+    "\n"
+    "Nothing that exists is overwritten: duplicates are skipped and counted.\n";
+
+inline constexpr const char* kRunAbout =
+    "Runs a script that drives the whole program by the names of its controls.\n";
+
+inline constexpr const char* kRunFooter =
+    "\nOne statement a line; a line that begins with # is a comment.\n"
+    "  set CONTROL = VALUE          enters a value as a user would\n"
+    "  click CONTROL                presses a button, menu entry, box or option\n"
+    "  column KEY                   clicks a column head\n"
+    "  select N ... | like PATTERN | none\n"
+    "                               selects rows, counted from 1 as listed\n"
+    "  doubleclick N                double-clicks a row\n"
+    "  answer VALUE                 answers the next prompt: a button, a control, or a text\n"
+    "  after N yields click CONTROL clicks during the next long loop\n"
+    "  dump lstMain [KEY ...] | CONTROL | prompts | log | errorlog\n"
+    "                               prints\n"
+    "A bare control name is one of the form on top; frmDialog.cmbDir names another form.\n"
+    "\nExample:\n"
+    "  tarvix-cli run - <<'END'\n"
+    "  set cmbSearchFor = *.mp3\n"
+    "  set cmbDir = /home/ann/Music\n"
+    "  click cmdSearch\n"
+    "  dump lstMain Name SizeSubItem\n"
+    "  END\n";
+
+inline constexpr const char* kSampleAbout =
+    "Makes a small collection of music, documents and photos to try things on.\n";
+
+inline constexpr const char* kSampleFooter =
+    "\nExample:\n"
+    "  tarvix-cli sample ~/tarvix-sample\n"
+    "\nThe folder is made if it is missing; one that holds anything is refused.\n";
+
+} // namespace tarvix::cli

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "results/columns.h"
+#include "text/dates.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace tarvix::cli {
+
+// What the process ends with.
+enum ExitCode : int {
+    kDone = 0,
+    kSomeFailed = 1, // done, but objects failed or were skipped
+    kBadRequest = 2, // the request or the script is wrong
+    kUnanswered = 3, // a prompt had no answer; nothing further was done
+};
+
+// How the machine is opened, as it was asked for.
+struct MachineRequest {
+    std::optional<std::string> dataFolder;            // native, may be relative
+    std::vector<std::pair<char, std::string>> drives; // 'E' and a native folder, may be relative
+    std::optional<text::DateTime> now;
+};
+
+struct SizeTest {
+    std::string_view choice; // an entry of cboSize
+    std::int64_t first = 0;  // bytes
+    std::int64_t second = 0; // of a range
+};
+
+struct DateTest {
+    std::string_view choice; // an entry of cboDate
+    text::DateTime first;
+    text::DateTime second; // of a range
+};
+
+// One search as a user would fill it in.
+struct Criteria {
+    std::string patterns;               // with "|" between
+    std::vector<std::string> locations; // as typed, not yet split at "|"
+    int kind = 0;                       // an entry of optFilesVsDirs
+    bool subfolders = true;
+    bool isNot = false;
+    bool oneEach = false;
+    std::optional<SizeTest> size;
+    std::optional<DateTest> date;
+    std::string_view dateType;                     // a caption of lblDateType
+    std::array<std::optional<int>, 10> attributes; // by FrmSearch::attributeBoxes
+};
+
+constexpr int kNativePathColumn = -1;
+
+enum class RowFormat { kPaths, kZeroPaths, kCells, kTable, kJson };
+
+struct SortRequest {
+    results::Column column = results::kName;
+    bool descending = false;
+};
+
+struct RowOutput {
+    RowFormat format = RowFormat::kPaths;
+    std::vector<int> columns; // results::Column or kNativePathColumn
+    std::optional<SortRequest> sort;
+};
+
+struct SearchRequest {
+    Criteria criteria;
+    RowOutput output;
+    std::vector<std::string> answers;
+};
+
+struct CopyRequest {
+    Criteria criteria;
+    std::string destination; // as typed
+    bool confirmed = false;
+    std::vector<std::string> answers;
+};
+
+struct RunRequest {
+    std::string script; // a file as typed, or "-"
+};
+
+struct SampleRequest {
+    std::string folder; // as typed
+};
+
+using Command = std::variant<SearchRequest, CopyRequest, RunRequest, SampleRequest>;
+
+// The arguments of the process, checked.
+struct Request {
+    MachineRequest machine;
+    Command command;
+};
+
+} // namespace tarvix::cli

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "cli/host.h"
+#include "session/prompt_service.h"
+#include "session/scripted_prompts.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarvix::cli {
+
+// The prompts of one command: notices go to stderr and need no answer, questions take the queued
+// answers of the inner prompts. The first-run notice is answered as by FirstRunAnswers.
+class CommandPrompts : public session::PromptService {
+  public:
+    using FormFiller = std::function<void(session::Session&)>;
+
+    CommandPrompts(session::ScriptedPrompts& inner, Host& host) : inner_(inner), host_(host) {}
+
+    // Before this no notice is told: what the start shows is not about the request.
+    void BeginRequest() { begun_ = true; }
+    // Answers "Are you sure you want to ..." with OK.
+    void ConfirmActions() { confirmed_ = true; }
+    // Fills in the action window and presses a button in it, once it shows.
+    void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
+    // How many notices told of an object that was passed over.
+    int SkippedObjects() const { return skippedObjects_; }
+
+    int MsgBox(std::string_view text, int style, std::string_view title) override;
+    std::string InputBox(std::string_view text, std::string_view title,
+                         std::string_view preset) override;
+    void ShowModal(session::Session& session, forms::Form& form) override;
+    std::string PickFolder(std::string_view title) override;
+    std::string PickFile(std::string_view title, std::string_view filters) override;
+
+  private:
+    session::ScriptedPrompts& inner_;
+    Host& host_;
+    FormFiller filler_;
+    bool begun_ = false;
+    bool confirmed_ = false;
+    int skippedObjects_ = 0;
+};
+
+} // namespace tarvix::cli

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "cli/host.h"
+#include "cli/request.h"
+
+namespace tarvix::cli {
+
+// Each does one checked request on an opened machine and gives the exit code.
+int RunSearch(Host& host, const platform::Platform& machine, const SearchRequest& request);
+int RunCopy(Host& host, const platform::Platform& machine, const CopyRequest& request);
+int RunScript(Host& host, const platform::Platform& machine, const RunRequest& request);
+int MakeSample(Host& host, const platform::Platform& machine, const SampleRequest& request);
+
+} // namespace tarvix::cli

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "cli/request.h"
+#include "platform/platform.h"
+
+#include <expected>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace tarvix::cli {
+
+// What the headless front needs of the process that it runs in.
+struct Host {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+    bool errIsTerminal = false;
+    bool colour = false;       // on stderr
+    std::string currentFolder; // native
+    // Opens the machine, once; a failure is a sentence. The platform lives as long as the host.
+    std::function<std::expected<platform::Platform, std::string>(const MachineRequest&)> open;
+};
+
+// The whole front: reads the arguments (without the program's name), does what they ask, and gives
+// the exit code.
+int RunTarvixCli(const std::vector<std::string>& arguments, Host& host);
+
+} // namespace tarvix::cli

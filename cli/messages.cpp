@@ -1,0 +1,81 @@
+#include "cli/messages.h"
+
+#include "platform/names.h"
+#include "session/message_style.h"
+#include "session/prompt_service.h"
+#include "text/characters.h"
+
+#include <ostream>
+
+namespace tarvix::cli {
+
+namespace {
+
+constexpr int kButtonsMask = 7;
+constexpr int kIconMask = 0x70;
+
+// The lines of a text that hold something, with `between` between them.
+std::string JoinLines(std::string_view text, std::string_view between) {
+    std::string joined;
+    for (const std::string_view line : text::Split(text, '\n')) {
+        const std::string_view trimmed = text::Trim(line.substr(0, line.find('\r')));
+        if (trimmed.empty()) continue;
+        joined.append(joined.empty() ? "" : between).append(platform::ForDisplay(trimmed));
+    }
+    return joined;
+}
+
+void Say(Host& host, std::string_view text) {
+    if (host.errIsTerminal) host.err << "\r\x1B[K";
+    if (host.colour) host.err << "\x1B[1;31m";
+    host.err << "tarvix-cli: ";
+    if (host.colour) host.err << "\x1B[0m";
+    host.err << text << std::endl;
+}
+
+} // namespace
+
+void Complain(Host& host, std::string_view sentence) {
+    Say(host, JoinLines(sentence, " "));
+}
+
+void Tell(Host& host, std::string_view text) {
+    Say(host, JoinLines(text, "\n  "));
+}
+
+bool IsConfirmation(std::string_view text, int style) {
+    return (style & kButtonsMask) == session::kOkCancel &&
+           (style & kIconMask) == session::kInformation &&
+           text.find("Are you sure you want to ") != text.npos;
+}
+
+std::string OnOneLine(std::string_view text) {
+    return JoinLines(text, " ");
+}
+
+std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view way) {
+    std::string sentence = OnOneLine(prompt.text);
+    if (sentence.empty()) sentence = prompt.title.empty() ? prompt.form : prompt.title;
+    sentence.append(" - This needs an answer: ");
+    const bool isOption = way.ends_with("--answer");
+    if (prompt.kind == session::PromptKind::kForm) {
+        return sentence.append(way).append(" and a control or button of ").append(prompt.form) +
+               ".";
+    }
+    if (prompt.kind != session::PromptKind::kMessage) {
+        return sentence.append(way).append(" and the text.");
+    }
+    if (isOption && IsConfirmation(prompt.text, prompt.style)) return sentence + "give --yes.";
+    std::string ways;
+    for (const int button : session::ButtonsOf(prompt.style)) {
+        if (ways.empty()) {
+            ways.append(way);
+        } else {
+            ways.append(" or ").append(way.substr(way.find(' ') + 1));
+        }
+        ways.append(" ").append(session::CaptionOf(button));
+    }
+    return sentence + ways + ".";
+}
+
+} // namespace tarvix::cli

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "cli/host.h"
+#include "session/prompt_record.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::cli {
+
+// One sentence on stderr, behind the program's name.
+void Complain(Host& host, std::string_view sentence);
+
+// A prompt's text on stderr, its empty lines left out.
+void Tell(Host& host, std::string_view text);
+
+// "Are you sure you want to ..." of an action.
+bool IsConfirmation(std::string_view text, int style);
+
+// The sentence of a prompt that had no answer, and how to give one; `way` is "give --answer", or
+// "put answer" for a script.
+std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view way);
+
+// A prompt's text on one line: line ends become blanks.
+std::string OnOneLine(std::string_view text);
+
+} // namespace tarvix::cli

@@ -1,0 +1,196 @@
+#include "cli/print_rows.h"
+
+#include "platform/names.h"
+#include "text/characters.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+#include <utility>
+
+namespace tarvix::cli {
+
+namespace {
+
+constexpr std::size_t kBlock = 1 << 16;
+
+// Gathers text and hands it on in large blocks.
+class Gathered {
+  public:
+    explicit Gathered(std::ostream& out) : out_(out) { text_.reserve(2 * kBlock); }
+    ~Gathered() { Flush(); }
+    Gathered(const Gathered&) = delete;
+    Gathered& operator=(const Gathered&) = delete;
+
+    std::string& Text() { return text_; }
+    bool EndRow() {
+        if (text_.size() >= kBlock) Flush();
+        return out_.good();
+    }
+    void Flush() {
+        out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
+        text_.clear();
+        out_.flush();
+    }
+
+  private:
+    std::ostream& out_;
+    std::string text_;
+};
+
+// Native paths of rows; the folder's is worked out once for all its rows.
+class RowPaths {
+  public:
+    RowPaths(const results::ResultList& rows, const platform::NativePaths& paths)
+        : rows_(rows), paths_(paths) {}
+
+    void Append(std::string& out, std::size_t index) {
+        const results::ResultRow& row = rows_.At(index);
+        if (row.folder == nullptr) {
+            out += Whole(rows_.FullPath(index));
+            return;
+        }
+        if (row.folder != folder_) {
+            folder_ = row.folder;
+            native_ = Whole(folder_->longPath);
+        }
+        out += native_;
+        if (row.isFolder) return;
+        if (!native_.ends_with('/')) out += '/';
+        out += platform::NameToNative(row.name);
+    }
+
+  private:
+    std::string Whole(const std::string& drivePath) const {
+        std::string native = paths_.ToNative(drivePath);
+        return native.empty() ? drivePath : native;
+    }
+
+    const results::ResultList& rows_;
+    const platform::NativePaths& paths_;
+    const results::RowFolder* folder_ = nullptr;
+    std::string native_;
+};
+
+class RowPrinter {
+  public:
+    RowPrinter(const results::ResultList& rows, const platform::NativePaths& paths,
+               const RowOutput& output, std::ostream& out)
+        : rows_(rows), paths_(rows, paths), format_(output.format), columns_(output.columns),
+          gathered_(out) {
+        if (columns_.empty()) AddAllColumns();
+        const bool hasPath = std::ranges::find(columns_, kNativePathColumn) != columns_.end();
+        if (format_ == RowFormat::kJson && !hasPath) columns_.push_back(kNativePathColumn);
+        for (const int column : columns_)
+            heads_.push_back(nlohmann::json(KeyOf(column)).dump());
+    }
+
+    bool Print() {
+        if (format_ == RowFormat::kTable) AppendHead();
+        for (std::size_t i = 0; i < rows_.Count(); ++i) {
+            if (rows_.At(i).IsSpacer()) continue;
+            AppendRow(i);
+            if (!gathered_.EndRow()) return false;
+        }
+        gathered_.Flush();
+        return gathered_.EndRow();
+    }
+
+  private:
+    void AddAllColumns() {
+        for (int column = 0; column < results::kColumnCount; ++column)
+            columns_.push_back(column);
+        columns_.push_back(kNativePathColumn);
+    }
+
+    static std::string_view KeyOf(int column) {
+        if (column == kNativePathColumn) return "NativePath";
+        return results::kColumns[static_cast<std::size_t>(column)].key;
+    }
+
+    // What the cell says, with nothing escaped.
+    void AppendCell(std::string& out, std::size_t row, int column) {
+        if (column == kNativePathColumn) {
+            paths_.Append(out, row);
+        } else {
+            out += platform::NameToNative(rows_.Cell(row, static_cast<results::Column>(column)));
+        }
+    }
+
+    void AppendHead() {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            gathered_.Text().append(i > 0 ? "\t" : "").append(HeadOf(columns_[i]));
+        }
+        gathered_.Text() += '\n';
+    }
+
+    void AppendRow(std::size_t row) {
+        switch (format_) {
+        case RowFormat::kPaths:
+        case RowFormat::kZeroPaths:
+            paths_.Append(gathered_.Text(), row);
+            gathered_.Text() += format_ == RowFormat::kPaths ? '\n' : '\0';
+            break;
+        case RowFormat::kJson:
+            AppendObject(row);
+            break;
+        default:
+            AppendFields(row);
+        }
+    }
+
+    void AppendFields(std::size_t row) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            cell_.clear();
+            AppendCell(cell_, row, columns_[i]);
+            gathered_.Text().append(i > 0 ? "\t" : "").append(CellField(cell_));
+        }
+        gathered_.Text() += '\n';
+    }
+
+    void AppendObject(std::size_t row) {
+        std::string& out = gathered_.Text();
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            out.append(i > 0 ? "," : "{").append(heads_[i]).append(":");
+            cell_.clear();
+            AppendCell(cell_, row, columns_[i]);
+            out += nlohmann::json(cell_).dump(-1, ' ', false,
+                                              nlohmann::json::error_handler_t::replace);
+        }
+        out += "}\n";
+    }
+
+    const results::ResultList& rows_;
+    RowPaths paths_;
+    RowFormat format_;
+    std::vector<int> columns_;
+    std::vector<std::string> heads_;
+    std::string cell_;
+    Gathered gathered_;
+};
+
+} // namespace
+
+std::string_view HeadOf(int column) {
+    if (column == kNativePathColumn) return "NativePath";
+    return results::kColumns[static_cast<std::size_t>(column)].header;
+}
+
+std::string CellField(std::string_view cell) {
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kEscapes{
+        {{"\r\n", "\\n"}, {"\n", "\\n"}, {"\r", "\\r"}, {"\t", "\\t"}}};
+    std::string field = platform::NameToNative(cell);
+    if (field.find_first_of("\r\n\t") == field.npos) return field;
+    for (const auto& [control, escape] : kEscapes)
+        field = text::Replace(field, control, escape);
+    return field;
+}
+
+bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
+               const RowOutput& output, std::ostream& out) {
+    return RowPrinter(rows, paths, output, out).Print();
+}
+
+} // namespace tarvix::cli

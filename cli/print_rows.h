@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cli/request.h"
+#include "platform/native_paths.h"
+#include "results/result_list.h"
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::cli {
+
+// Prints the rows of a list as results of a command; spacers are left out. False when `out` no
+// longer takes them.
+bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
+               const RowOutput& output, std::ostream& out);
+
+// A cell as one field of a line: a tab is "\t", a line end "\n", and what a drive path carries is
+// itself.
+std::string CellField(std::string_view cell);
+
+// The head of a column: its header, or "NativePath".
+std::string_view HeadOf(int column);
+
+} // namespace tarvix::cli

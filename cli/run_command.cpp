@@ -1,0 +1,67 @@
+#include "cli/commands.h"
+#include "cli/first_run_answers.h"
+#include "cli/messages.h"
+#include "cli/run_program.h"
+#include "cli/script_runner.h"
+#include "cli/typed_paths.h"
+#include "platform/file_system.h"
+
+#include <istream>
+#include <iterator>
+#include <optional>
+#include <ostream>
+
+namespace tarvix::cli {
+
+namespace {
+
+std::string ReadStdin(std::istream& in) {
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// The script's text; nothing when it can't be read, which was told.
+std::optional<std::string> ReadScript(Host& host, const platform::Platform& machine,
+                                      const std::string& typed) {
+    if (typed == "-") return ReadStdin(host.in);
+    const std::string path = TypedPaths(machine, host.currentFolder).ToDrive(typed);
+    auto stream = machine.files.OpenAsTextStream(path, platform::OpenMode::kRead);
+    if (!stream) {
+        Complain(host, "The script \"" + typed + "\" can't be read: " + stream.error().description);
+        return std::nullopt;
+    }
+    std::string text;
+    while (const auto line = (*stream)->ReadLine())
+        text.append(*line).append("\n");
+    return text;
+}
+
+} // namespace
+
+int RunScript(Host& host, const platform::Platform& machine, const RunRequest& request) {
+    const auto text = ReadScript(host, machine, request.script);
+    if (!text) return kBadRequest;
+    auto statements = ParseScript(*text);
+    if (!statements) {
+        Complain(host, "line " + std::to_string(statements.error().line) + ": " +
+                           statements.error().sentence);
+        return kBadRequest;
+    }
+    session::ScriptedPrompts scripted;
+    scripted.SetPaths(machine.paths);
+    FirstRunAnswers prompts(scripted);
+    ScriptRunner runner(std::move(*statements), scripted, host.out);
+    runner.QueueLeadingAnswers();
+    ProgramRun run;
+    run.act = [&](lifecycle::Program& program) -> int {
+        const ProgressLine progress(host, program.Session());
+        runner.Run(program);
+        return runner.SomeFailed() ? kSomeFailed : kDone;
+    };
+    run.answerWay = "put answer";
+    run.line = [&] { return runner.Line(); };
+    const int code = RunProgram(host, machine, prompts, run);
+    host.out.flush();
+    return code;
+}
+
+} // namespace tarvix::cli

@@ -1,0 +1,86 @@
+#include "cli/run_program.h"
+
+#include "cli/messages.h"
+#include "cli/script_runner.h"
+#include "session/scripted_prompts.h"
+
+#include <ostream>
+
+namespace tarvix::cli {
+
+namespace {
+
+constexpr std::string_view kClearLine = "\r\x1B[K";
+
+void ComplainAt(Host& host, int line, const std::string& sentence) {
+    Complain(host, (line > 0 ? "line " + std::to_string(line) + ": " : "") + sentence);
+}
+
+int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) {
+    const auto line = [&run] { return run.line ? run.line() : 0; };
+    try {
+        return act();
+    } catch (const session::PromptUnanswered& unanswered) {
+        ComplainAt(host, line(), HowToAnswer(unanswered.prompt, run.answerWay));
+        return kUnanswered;
+    } catch (const session::PromptMisanswered& wrong) {
+        ComplainAt(host, line(), OnOneLine(wrong.prompt.text) + " - " + wrong.why);
+        return kBadRequest;
+    } catch (const ScriptStopped& stopped) {
+        ComplainAt(host, stopped.line, stopped.sentence);
+        return kBadRequest;
+    }
+}
+
+} // namespace
+
+int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
+               const ProgramRun& run) {
+    lifecycle::Program program(machine, prompts);
+    bool started = false;
+    int code = Guarded(host, run, [&] {
+        program.Start("");
+        started = true;
+        return program.Session().state.blnEnded ? kSomeFailed : run.act(program);
+    });
+    // A program that never came up has no options of its own to save.
+    if (!started) return code;
+    const int unloaded = Guarded(host, run, [&] {
+        program.Stop();
+        return int{kDone};
+    });
+    if (code == kDone) code = unloaded;
+    const bool isDone = code == kDone || code == kSomeFailed;
+    return isDone && run.afterUnload ? run.afterUnload(program, code) : code;
+}
+
+ProgressLine::ProgressLine(Host& host, session::Session& session) : host_(host), session_(session) {
+    if (host_.errIsTerminal) session_.yielder.SetPump([this] { Show(); });
+}
+
+ProgressLine::~ProgressLine() {
+    session_.yielder.SetPump({});
+    if (!shown_.empty()) host_.err << kClearLine << std::flush;
+}
+
+std::string ProgressLine::Text() const {
+    const auto& dialog = session_.frmDialog;
+    const auto& search = session_.frmSearch;
+    if (dialog.IsShown()) {
+        return "Copied " + dialog.prgBytes.ValueText() + " of " +
+               std::to_string(dialog.prgBytes.Max.Get()) + " objects";
+    }
+    return "Found " + search.lblNumOfFilesFound.ValueText() + " of " +
+           search.lblNumOfFilesAttrib.ValueText() + " files, " +
+           search.lblNumOfDirsFound.ValueText() + " of " + search.lblNumOfDirsAttrib.ValueText() +
+           " folders";
+}
+
+void ProgressLine::Show() {
+    std::string text = Text();
+    if (text == shown_) return;
+    shown_ = std::move(text);
+    host_.err << kClearLine << shown_ << std::flush;
+}
+
+} // namespace tarvix::cli

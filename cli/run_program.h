@@ -1,0 +1,46 @@
+#pragma once
+
+#include "cli/host.h"
+#include "session/lifecycle/program.h"
+#include "session/prompt_service.h"
+
+#include <functional>
+#include <string>
+
+namespace tarvix::cli {
+
+struct ProgramRun {
+    // What is done with the started program; gives the exit code.
+    std::function<int(lifecycle::Program&)> act;
+    // What is left to do with its rows once it was unloaded, unless the request was wrong or a
+    // prompt had no answer. Takes and gives the exit code.
+    std::function<int(lifecycle::Program&, int)> afterUnload;
+    // How a prompt is answered, for the sentence about one that had no answer.
+    std::string answerWay = "give --answer";
+    // The line of the script at which it went wrong; none outside scripts.
+    std::function<int()> line;
+};
+
+// Starts the program, acts, and unloads it as by its close button. A prompt that finds no answer,
+// or a wrong one, ends the act at once; its sentence goes to stderr. Gives the exit code.
+int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
+               const ProgramRun& run);
+
+// On a terminal, how far the work has come, on its last line; else nothing.
+class ProgressLine {
+  public:
+    ProgressLine(Host& host, session::Session& session);
+    ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+  private:
+    void Show();
+    std::string Text() const;
+
+    Host& host_;
+    session::Session& session_;
+    std::string shown_;
+};
+
+} // namespace tarvix::cli

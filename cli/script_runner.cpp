@@ -1,0 +1,218 @@
+#include "cli/script_runner.h"
+
+#include "cli/dump.h"
+#include "cli/nearest.h"
+#include "cli/print_rows.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/like.h"
+
+#include <ostream>
+#include <utility>
+
+namespace tarvix::cli {
+
+using session::InputResult;
+
+namespace {
+
+InputResult Wrong(std::string sentence) {
+    return std::unexpected(std::move(sentence));
+}
+
+std::string NoForm(const forms::Forms& forms, const std::string& name) {
+    std::vector<std::string_view> names;
+    for (const forms::Form* form : forms.all)
+        names.push_back(form->Name());
+    return "There is no form \"" + name + "\"." + DidYouMean(name, names);
+}
+
+std::string NoControl(const forms::Forms& forms, const forms::Form& form, const std::string& name) {
+    for (const forms::Form* other : forms.all) {
+        if (other != &form && other->Find(name)) {
+            return form.Name() + " has no control \"" + name + "\"; " + other->Name() +
+                   " has one: write " + other->Name() + "." + name + ".";
+        }
+    }
+    std::vector<std::string_view> names;
+    for (const forms::Control* control : form.Controls())
+        names.push_back(control->Name());
+    return form.Name() + " has no control \"" + name + "\"." + DidYouMean(name, names);
+}
+
+} // namespace
+
+ScriptRunner::ScriptRunner(std::vector<Statement> statements, session::ScriptedPrompts& prompts,
+                           std::ostream& out)
+    : statements_(std::move(statements)), prompts_(prompts), out_(out) {}
+
+void ScriptRunner::QueueLeadingAnswers() {
+    while (next_ < statements_.size() && statements_[next_].kind == StatementKind::kAnswer)
+        prompts_.Queue(statements_[next_++].value);
+}
+
+void ScriptRunner::Run(lifecycle::Program& program) {
+    program_ = &program;
+    prompts_.SetModalRunner(
+        [this](session::Session&, forms::Form& form) { return RunInside(form); });
+    while (next_ < statements_.size())
+        RunNext();
+    prompts_.SetModalRunner({});
+}
+
+bool ScriptRunner::RunInside(forms::Form& form) {
+    modal_.push_back(&form);
+    while (form.IsShown() && next_ < statements_.size())
+        RunNext();
+    modal_.pop_back();
+    return !form.IsShown();
+}
+
+void ScriptRunner::RunNext() {
+    const Statement& statement = statements_[next_++];
+    line_ = statement.line;
+    if (const auto done = Execute(statement); !done) {
+        throw ScriptStopped{statement.line, done.error()};
+    }
+    const auto& totals = Session().state.lastAction;
+    someFailed_ = someFailed_ || totals.failed > 0 || totals.skipped > 0;
+}
+
+InputResult ScriptRunner::Execute(const Statement& statement) {
+    switch (statement.kind) {
+    case StatementKind::kSet:
+    case StatementKind::kClick:
+    case StatementKind::kAfter:
+    case StatementKind::kDumpControl:
+        return ExecuteOnControl(statement);
+    case StatementKind::kColumn:
+        return ClickColumn(statement);
+    case StatementKind::kSelectRows:
+    case StatementKind::kSelectLike:
+        return Select(statement);
+    case StatementKind::kSelectNone:
+        return session::UserClick(Session(), Session().frmSearch.cmdSelectNone);
+    case StatementKind::kDoubleClick:
+        return DoubleClick(statement);
+    case StatementKind::kAnswer:
+        prompts_.Queue(statement.value);
+        return {};
+    default:
+        return Dump(statement);
+    }
+}
+
+InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
+    const auto control = FindControl(statement.target);
+    if (!control) return Wrong(control.error());
+    if (statement.kind == StatementKind::kDumpControl) {
+        out_ << CellField((*control)->ValueText()) << '\n';
+        return {};
+    }
+    if (auto reachable = CheckReachable(**control); !reachable) return reachable;
+    if (statement.kind == StatementKind::kClick) return session::UserClick(Session(), **control);
+    if (statement.kind == StatementKind::kAfter) {
+        ClickAfter(statement, **control);
+        return {};
+    }
+    return session::UserSet(Session(), **control, statement.value);
+}
+
+void ScriptRunner::ClickAfter(const Statement& statement, forms::Control& control) {
+    const auto click = [this, line = statement.line, &control] {
+        if (const auto done = session::UserClick(Session(), control); !done) {
+            throw ScriptStopped{line, done.error()};
+        }
+    };
+    Session().yielder.After(statement.numbers.front(), click);
+}
+
+forms::Form& ScriptRunner::Top() {
+    return modal_.empty() ? static_cast<forms::Form&>(Session().frmSearch) : *modal_.back();
+}
+
+std::expected<forms::Control*, std::string> ScriptRunner::FindControl(const std::string& name) {
+    const forms::Forms& forms = Session().forms;
+    const std::size_t dot = name.find('.');
+    const forms::Form* form = &Top();
+    if (dot != name.npos) form = forms.Find(name.substr(0, dot));
+    if (!form) return std::unexpected(NoForm(forms, name.substr(0, dot)));
+    const std::string bare = dot == name.npos ? name : name.substr(dot + 1);
+    if (forms::Control* control = form->Find(bare)) return control;
+    return std::unexpected(NoControl(forms, *form, bare));
+}
+
+InputResult ScriptRunner::CheckReachable(const forms::Control& control) {
+    const forms::Form& owner = control.Owner();
+    if (&owner == &Top()) return {};
+    const bool isOpen = &owner == &Session().frmSearch || owner.IsShown();
+    return Wrong(
+        owner.Name() + "." + control.Name() + " can't be used: " +
+        (isOpen ? Top().Name() + " is open in front of it." : owner.Name() + " isn't open."));
+}
+
+InputResult ScriptRunner::ClickColumn(const Statement& statement) {
+    auto& list = Session().frmSearch.lstMain;
+    if (auto usable = session::CanUse(list); !usable) return usable;
+    const session::EventArgs args{statement.columns.front()};
+    if (Session().events.Raise(Session(), "frmSearch.lstMain_ColumnClick", args)) return {};
+    return Wrong("The list can't be sorted by a column in this version.");
+}
+
+InputResult ScriptRunner::Select(const Statement& statement) {
+    if (auto usable = session::CanUse(Session().frmSearch.lstMain); !usable) return usable;
+    auto& rows = program_->Rows();
+    const std::size_t count = rows.Count();
+    for (const std::uint64_t number : statement.numbers) {
+        if (number <= count) continue;
+        return Wrong("There is no row " + std::to_string(number) + ": the list has " +
+                     std::to_string(count) + ".");
+    }
+    const bool byName = statement.kind == StatementKind::kSelectLike;
+    const text::LikePattern pattern(statement.value, true);
+    std::size_t last = count;
+    for (std::size_t row = 0; row < count; ++row) {
+        results::ResultRow& candidate = rows.At(row);
+        candidate.selected = byName && !candidate.IsSpacer() && pattern.Matches(candidate.name);
+        if (candidate.selected) last = row;
+    }
+    for (const std::uint64_t number : statement.numbers) {
+        last = number - 1;
+        rows.At(last).selected = !rows.At(last).IsSpacer();
+    }
+    Session().events.Raise(Session(), "frmSearch.lstMain_ItemClick", {static_cast<int>(last)});
+    return {};
+}
+
+InputResult ScriptRunner::DoubleClick(const Statement& statement) {
+    if (auto usable = session::CanUse(Session().frmSearch.lstMain); !usable) return usable;
+    const std::uint64_t number = statement.numbers.front();
+    if (number > program_->Rows().Count()) {
+        return Wrong("There is no row " + std::to_string(number) + ": the list has " +
+                     std::to_string(program_->Rows().Count()) + ".");
+    }
+    const session::EventArgs args{static_cast<int>(number - 1)};
+    if (Session().events.Raise(Session(), "frmSearch.lstMain_DblClick", args)) return {};
+    return Wrong("Rows can't be opened by a double click in this version.");
+}
+
+InputResult ScriptRunner::Dump(const Statement& statement) {
+    auto& files = Session().files();
+    const auto& state = Session().state;
+    switch (statement.kind) {
+    case StatementKind::kDumpList:
+        DumpList(program_->Rows(), statement.columns, out_);
+        break;
+    case StatementKind::kDumpPrompts:
+        DumpPrompts(prompts_.Records(), out_);
+        break;
+    case StatementKind::kDumpLog:
+        DumpFile(files, state.strActionLogFile, out_);
+        break;
+    default:
+        DumpFile(files, state.strErrorLogFile, out_);
+    }
+    return {};
+}
+
+} // namespace tarvix::cli

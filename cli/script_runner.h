@@ -1,0 +1,64 @@
+#pragma once
+
+#include "cli/script.h"
+#include "session/lifecycle/program.h"
+#include "session/scripted_prompts.h"
+#include "session/user_input.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace tarvix::cli {
+
+// Thrown when a statement can't be carried out, also from inside a routine that opened a modal form
+// or yielded, so that nothing further is done. Only the front catches it.
+struct ScriptStopped {
+    int line = 0;
+    std::string sentence;
+};
+
+// Runs the statements of a script on a program, and goes on with them inside modal forms. It must
+// outlive the program's use of `prompts`.
+class ScriptRunner {
+  public:
+    ScriptRunner(std::vector<Statement> statements, session::ScriptedPrompts& prompts,
+                 std::ostream& out);
+
+    // Queues the answers that stand before the first other statement; called before the start.
+    void QueueLeadingAnswers();
+    // Runs the rest. Throws ScriptStopped, and lets pass what the prompts throw.
+    void Run(lifecycle::Program& program);
+
+    // Whether an action failed on objects or skipped some.
+    bool SomeFailed() const { return someFailed_; }
+    // The line of the statement under work, or the last one.
+    int Line() const { return line_; }
+
+  private:
+    bool RunInside(forms::Form& form);
+    void RunNext();
+    session::InputResult Execute(const Statement& statement);
+    session::InputResult ExecuteOnControl(const Statement& statement);
+    session::InputResult ClickColumn(const Statement& statement);
+    session::InputResult Select(const Statement& statement);
+    session::InputResult DoubleClick(const Statement& statement);
+    session::InputResult Dump(const Statement& statement);
+    void ClickAfter(const Statement& statement, forms::Control& control);
+
+    forms::Form& Top();
+    std::expected<forms::Control*, std::string> FindControl(const std::string& name);
+    session::InputResult CheckReachable(const forms::Control& control);
+    session::Session& Session() { return program_->Session(); }
+
+    std::vector<Statement> statements_;
+    std::size_t next_ = 0;
+    int line_ = 0;
+    session::ScriptedPrompts& prompts_;
+    std::ostream& out_;
+    lifecycle::Program* program_ = nullptr;
+    std::vector<forms::Form*> modal_;
+    bool someFailed_ = false;
+};
+
+} // namespace tarvix::cli

@@ -77,8 +77,9 @@ class FileSystem {
                                   const CopyObserver& observer) = 0;
     // The same for a folder with all that is in it, links as links, special files skipped and told
     // by error 75 after the rest was copied. Merges into an existing folder, but never through a
-    // link, file by file as CopyFile does (58, 70, 75); ends at the first failure, what was copied
-    // stays. 75 for a folder into itself, before anything is made.
+    // link, file by file as CopyFile does (58, 70, 75), though below `to` names count exactly, so
+    // that "a" and "A" stay two files. Ends at the first failure, what was copied stays. 75 for a
+    // folder into itself, before anything is made.
     virtual Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                                     const CopyObserver& observer) = 0;
     // Renames without replacing: 58 when anything of the new name exists, though an object may get

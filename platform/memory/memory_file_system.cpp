@@ -370,7 +370,7 @@ MemoryNode& MemoryFileSystem::FolderFor(const DrivePath& path) {
     assert(drive != nullptr);
     MemoryNode* folder = drive->root.get();
     for (std::size_t i = 0; i + 1 < path.names.size(); ++i) {
-        MemoryNode* next = folder->Find(path.names[i]);
+        MemoryNode* next = folder->Child(path.names[i]);
         if (next == nullptr) {
             folder->Attach(NewNode(MemoryKind::kFolder), path.names[i]);
             next = folder->Child(path.names[i]);
@@ -411,7 +411,10 @@ MemoryNode& MemoryFileSystem::AddFileOfSize(std::string_view path, std::uint64_t
 }
 
 MemoryNode& MemoryFileSystem::AddFolder(std::string_view path) {
-    MemoryNode* existing = Node(path);
+    const auto parsed = ParseDrivePath(path);
+    assert(parsed);
+    if (parsed->names.empty()) return *FindDrive(parsed->root)->root;
+    MemoryNode* existing = FolderFor(*parsed).Child(parsed->names.back());
     return existing != nullptr ? *existing : AddNode(path, MemoryKind::kFolder);
 }
 

@@ -43,7 +43,8 @@ class MemoryFileSystem : public FileSystem {
     void UseClock(std::function<FileTime()> now) { now_ = std::move(now); }
 
     // Each makes the folders on the way and gives the new object, to set its fields; an object of
-    // exactly that name is replaced (AddFolder gives the one that is there). The drive must exist.
+    // that name is replaced (AddFolder gives the one that is there). All names count exactly, so
+    // that "a" and "A" can stand side by side. The drive must exist.
     MemoryNode& AddFile(std::string_view path, std::string_view content = {});
     MemoryNode& AddFileOfSize(std::string_view path, std::uint64_t size);
     MemoryNode& AddFolder(std::string_view path);

@@ -10,6 +10,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarvix::platform {
@@ -86,6 +87,9 @@ class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
   private:
     std::unique_ptr<Disk> disk_;
 };
+
+// Two long names that share one short name.
+std::pair<std::string, std::string> NamesWithOneShortName();
 
 // The error number of a result; 0 for success.
 template <class T>

@@ -1,0 +1,75 @@
+#include "platform/memory/memory_file_system.h"
+#include "tests/platform/conformance.h"
+#include "text/paths.h"
+
+namespace tarvix::platform {
+
+namespace {
+class MemoryDisk : public Disk {
+  public:
+    MemoryDisk() { disk_.AddFolder(Root()); }
+
+    FileSystem& Files() override { return disk_; }
+    std::string Root() const override { return "C:\\tmp\\Test root"; }
+
+    void MakeFile(std::string_view path, std::string_view content) override {
+        disk_.AddFile(At(path), content);
+    }
+    void MakeFolder(std::string_view path) override { disk_.AddFolder(At(path)); }
+    void MakeLink(std::string_view path, std::string_view target) override {
+        disk_.AddLink(At(path), At(target));
+    }
+    void SetModified(std::string_view path, FileTime modified) override {
+        disk_.Node(At(path))->modified = modified;
+    }
+    void SetReadOnly(std::string_view path) override {
+        disk_.Node(At(path))->attributes |= kReadOnly;
+    }
+    bool MakeFifo(std::string_view path) override {
+        disk_.AddSpecial(At(path));
+        return true;
+    }
+    bool MakeBadName(std::string_view nativeName) override {
+        disk_.AddNative(Root(), nativeName);
+        return true;
+    }
+    bool MakeUnreadable(std::string_view path) override {
+        disk_.Node(At(path))->isUnreadable = true;
+        return true;
+    }
+    bool SetExtendedAttribute(std::string_view path, std::string_view name,
+                              std::string_view value) override {
+        disk_.Node(At(path))->extendedAttributes[std::string(name)] = value;
+        return true;
+    }
+
+    std::optional<std::string> Content(std::string_view path) override {
+        return disk_.Content(At(path));
+    }
+    std::optional<std::string> ExtendedAttribute(std::string_view path,
+                                                 std::string_view name) override {
+        const auto& held = disk_.Node(At(path))->extendedAttributes;
+        const auto found = held.find(std::string(name));
+        if (found == held.end()) return std::nullopt;
+        return found->second;
+    }
+    std::vector<std::string> Names(std::string_view folder) override {
+        std::vector<std::string> names;
+        for (const auto& [key, node] : disk_.Node(At(folder))->children) {
+            names.push_back(node->name);
+        }
+        return names;
+    }
+
+  private:
+    std::string At(std::string_view path) const { return text::JoinPath(Root(), path); }
+
+    MemoryFileSystem disk_;
+};
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Memory, FileSystemConformance,
+                         testing::Values(DiskMaker{"Memory",
+                                                   [] { return std::make_unique<MemoryDisk>(); }}));
+
+} // namespace tarvix::platform

@@ -12,6 +12,7 @@
 #include <array>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -149,6 +150,42 @@ void ResultList::AddSearchEntry(std::size_t index, std::string_view twoDigits) {
         if (held.compare(i, 2, twoDigits) == 0) return;
     }
     rows_[index].searchEntry = KeepEntry(held + std::string(twoDigits));
+}
+
+void ResultList::Reorder(const std::vector<std::uint32_t>& order) {
+    std::vector<ResultRow> rows;
+    rows.reserve(rows_.size());
+    for (const std::uint32_t from : order) {
+        rows.push_back(rows_[from]);
+    }
+    Replace(std::move(rows));
+}
+
+void ResultList::RemoveSpacers() {
+    std::vector<ResultRow> rows;
+    rows.reserve(rows_.size());
+    std::ranges::remove_copy_if(rows_, std::back_inserter(rows), &ResultRow::IsSpacer);
+    Replace(std::move(rows));
+}
+
+void ResultList::InsertSpacers(const std::vector<std::uint32_t>& before) {
+    std::vector<ResultRow> rows;
+    rows.reserve(rows_.size() + before.size());
+    std::size_t taken = 0;
+    for (const std::uint32_t at : before) {
+        rows.insert(rows.end(), rows_.begin() + static_cast<std::ptrdiff_t>(taken),
+                    rows_.begin() + static_cast<std::ptrdiff_t>(at));
+        rows.emplace_back();
+        taken = at;
+    }
+    rows.insert(rows.end(), rows_.begin() + static_cast<std::ptrdiff_t>(taken), rows_.end());
+    Replace(std::move(rows));
+}
+
+void ResultList::Replace(std::vector<ResultRow> rows) {
+    rows_ = std::move(rows);
+    index_.reset();
+    ++generation_;
 }
 
 std::string ResultList::FullPath(std::size_t index) const {

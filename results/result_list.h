@@ -68,17 +68,24 @@ class ResultList {
     // Appends an index to the entry text of a row, unless it holds it already.
     void AddSearchEntry(std::size_t index, std::string_view twoDigits);
 
+    // Row i becomes the one that stood at order[i].
+    void Reorder(const std::vector<std::uint32_t>& order);
+    void RemoveSpacers();
+    // A spacer in front of each of these rows, whose indexes ascend.
+    void InsertSpacers(const std::vector<std::uint32_t>& before);
+
     std::string Cell(std::size_t index, Column column) const;
     forms::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.
     std::string FullPath(std::size_t index) const;
 
-    // Grows with every Clear, so that a view knows that its rows are gone.
+    // Grows whenever rows go or change places, so that a view knows that what it shows is gone.
     std::uint64_t Generation() const { return generation_; }
 
   private:
     struct PathIndex;
     std::string_view KeepName(std::string_view name);
+    void Replace(std::vector<ResultRow> rows);
     const std::string* KeepEntry(std::string_view entry);
 
     std::vector<ResultRow> rows_;

@@ -2,6 +2,7 @@
 
 #include "results/result_list.h"
 #include "results/selection.h"
+#include "results/sorting.h"
 #include "search/criteria_boxes.h"
 #include "search/locations.h"
 #include "search/search_strings.h"
@@ -287,7 +288,10 @@ void cmdSearch_Click(Session& session) {
         NormalEnd(session);
         break;
     }
-    if (hasWalked) CommonEnd(session);
+    if (hasWalked) {
+        CommonEnd(session);
+        results::ArrangeFoundRows(session);
+    }
     if (RunFollowUp(session, outcome)) return;
     session.Yield();
     GiveFocusBack(session.frmSearch);

@@ -1,6 +1,7 @@
 #include "session/lifecycle/program.h"
 
 #include "actions/action_request.h"
+#include "results/sorting.h"
 #include "search/request.h"
 #include "session/lifecycle/startup.h"
 
@@ -14,6 +15,12 @@ void AddListEvents(session::EventTable& events) {
     events.On("frmSearch.cmdSelectAllFiles_Click", results::cmdSelectAllFiles_Click);
     events.On("frmSearch.cmdSelectNone_Click", results::cmdSelectNone_Click);
     events.On("frmSearch.cmdSelectReverse_Click", results::cmdSelectReverse_Click);
+    events.On("frmSearch.cmdDoVersionSort_Click", results::cmdDoVersionSort_Click);
+    events.On("frmSearch.mnuTools_NameVersionSort_Click", results::cmdDoVersionSort_Click);
+    events.On("frmSearch.lstMain_ColumnClick",
+              [](session::Session& session, const session::EventArgs& args) {
+                  results::lstMain_ColumnClick(session, static_cast<results::Column>(args.index));
+              });
     events.On("frmSearch.lstMain_ItemClick",
               [](session::Session& session, const session::EventArgs& args) {
                   results::lstMain_ItemClick(session, static_cast<std::size_t>(args.index));

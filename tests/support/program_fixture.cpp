@@ -15,6 +15,9 @@ ProgramFixture::ProgramFixture() {
 
 void ProgramFixture::Start(std::string_view argument) {
     program.Start(argument);
+    // A stable sort by a column that is the same everywhere keeps the order of the walk.
+    Form().lstMain.SortKey = int{results::kSearchFolderIndex};
+    Form().chkFastSort.Value = 1;
 }
 
 void ProgramFixture::Click(forms::Control& control) {

@@ -22,7 +22,7 @@ class ProgramFixture : public ::testing::Test {
     forms::FrmSearch& Form() { return program.Session().frmSearch; }
     session::SessionState& State() { return program.Session().state; }
 
-    // Starts a program that has run before.
+    // Starts a program that has run before. Rows then stand in the order of the walk, ungrouped.
     void Start(std::string_view argument = {});
     // What a user does; a refusal fails the test.
     void Click(forms::Control& control);

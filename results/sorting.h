@@ -1,0 +1,39 @@
+#pragma once
+
+#include "forms/fields/controls.h"
+#include "results/columns.h"
+
+#include <cstdint>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::results {
+
+class ResultList;
+
+enum class Ties { kByExactText, kAsTheyStood };
+
+// Puts the rows in the text order of one column's cells, without regard to case; rows that are
+// equal so by exact text, and then as they stood. There must be no spacers.
+void SortRows(ResultList& rows, Column key, forms::SortDirection direction,
+              Ties ties = Ties::kByExactText);
+
+// Deletes every spacer.
+void RemoveSpacers(ResultList& rows);
+
+// Puts a spacer wherever the text of `column` changes between two rows, case not counted. Gives the
+// number of groups, 1 for an empty list.
+std::int64_t GrouplstMain(ResultList& rows, Column column);
+
+// What the end of a search does with its rows: sorted by the list's column, and grouped unless
+// `chkFastSort` is set.
+void ArrangeFoundRows(session::Session& session);
+
+// A click on a column's head: sorts by it, or turns the order of the column that is sorted already.
+void lstMain_ColumnClick(session::Session& session, Column column);
+// By name, the highest version of each name first.
+void cmdDoVersionSort_Click(session::Session& session);
+
+} // namespace tarvix::results

@@ -1,0 +1,144 @@
+#include "results/sorting.h"
+
+#include "tests/support/program_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvix::testing {
+namespace {
+
+using forms::SortDirection;
+using results::Column;
+using ::testing::ElementsAre;
+
+class Sorting : public ProgramFixture {
+  protected:
+    void Find(std::initializer_list<std::pair<const char*, int>> files) {
+        for (const auto& [name, size] : files) {
+            Disk().AddFileOfSize("C:\\t\\" + std::string(name), static_cast<std::uint64_t>(size));
+        }
+        Start();
+        Set(Form().chkFastSort, "0");
+        Form().lstMain.SortKey = int{results::kName};
+        Search("*", "C:\\t");
+    }
+    void ClickHead(Column column) { results::lstMain_ColumnClick(S(), column); }
+};
+
+TEST_F(Sorting, FoundRowsStandByNameWithASpacerBetweenNames) {
+    Find({{"b.txt", 1}, {"a.txt", 2}, {"C.txt", 3}});
+    EXPECT_THAT(Names(), ElementsAre("a.txt", "", "b.txt", "", "C.txt"));
+    EXPECT_EQ(Form().lblGroups.Caption.Get(), "3");
+}
+
+TEST_F(Sorting, FastSortMakesNoGroups) {
+    Disk().AddFile("C:\\t\\b");
+    Disk().AddFile("C:\\t\\a");
+    Start();
+    Form().lstMain.SortKey = int{results::kName};
+    Search("*", "C:\\t");
+    EXPECT_THAT(Names(), ElementsAre("a", "b"));
+    EXPECT_EQ(Form().lblGroups.Caption.Get(), "1");
+}
+
+TEST_F(Sorting, KeysThatDifferInCaseOnlyAreOneGroup) {
+    Find({{"one.TXT", 1}, {"two.txt", 2}, {"three.mp3", 3}});
+    ClickHead(results::kExt);
+    EXPECT_THAT(Names(), ElementsAre("three.mp3", "", "one.TXT", "two.txt"));
+    EXPECT_EQ(Form().lblGroups.Caption.Get(), "2");
+}
+
+TEST_F(Sorting, TheSameHeadTwiceTurnsTheOrderAndRebuildsTheGroups) {
+    Find({{"a", 5}, {"b", 5}, {"c", 7}});
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("a", "b", "", "c"));
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("c", "", "a", "b"));
+    EXPECT_EQ(Form().lstMain.SortOrder.Get(), SortDirection::kDescending);
+}
+
+TEST_F(Sorting, AnotherHeadStartsAscending) {
+    Find({{"a", 5}, {"b", 4}});
+    ClickHead(results::kName); // turns the name to descending
+    EXPECT_THAT(Names(), ElementsAre("b", "", "a"));
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("b", "", "a"));
+    EXPECT_EQ(Form().lstMain.SortOrder.Get(), SortDirection::kAscending);
+}
+
+TEST_F(Sorting, ASelectionSurvivesASort) {
+    Find({{"a", 9}, {"b", 1}, {"c", 5}});
+    program.Rows().At(0).selected = true; // a
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("b", "", "c", "", "a"));
+    EXPECT_TRUE(program.Rows().At(4).selected);
+    EXPECT_EQ(Form().lblNumOfFilesSelected.Caption.Get(), "1");
+    EXPECT_EQ(Form().lblTotalSize.Caption.Get(), "9");
+}
+
+TEST_F(Sorting, SelectingAllLeavesSpacersOut) {
+    Find({{"a", 3}, {"b", 4}});
+    Click(Form().cmdSelectAll);
+    EXPECT_EQ(Form().lblNumOfFilesSelected.Caption.Get(), "2");
+    EXPECT_EQ(Form().lblTotalSize.Caption.Get(), "7");
+    EXPECT_FALSE(program.Rows().At(1).selected);
+}
+
+TEST_F(Sorting, TextOrderIgnoresCaseAndBreaksTiesByExactText) {
+    Find({{"B", 1}, {"a", 1}, {"b", 1}, {"A", 1}});
+    EXPECT_THAT(Names(), ElementsAre("A", "a", "", "B", "b"));
+}
+
+TEST_F(Sorting, EqualCellsKeepTheirOrderInBothDirections) {
+    Find({{"x1", 5}, {"x2", 5}, {"x3", 5}});
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("x1", "x2", "x3"));
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("x1", "x2", "x3"));
+}
+
+TEST_F(Sorting, SizesOfMoreThanTwelveDigitsSortAsText) {
+    Disk().AddFileOfSize("C:\\t\\huge", 1'000'000'000'000);
+    Disk().AddFileOfSize("C:\\t\\large", 999'999'999'999);
+    Disk().AddFileOfSize("C:\\t\\small", 5);
+    Start();
+    Form().lstMain.SortKey = int{results::kSize};
+    Search("*", "C:\\t");
+    // "1,000,000,000,000" stands between "000,..." and "999,..." as a text.
+    EXPECT_THAT(Names(), ElementsAre("small", "huge", "large"));
+}
+
+TEST_F(Sorting, FoldersSortBeforeFilesByType) {
+    Disk().AddFile("C:\\t\\a.txt");
+    Disk().AddFolder("C:\\t\\zz");
+    Start();
+    Click(Form().chkIncludeSubFolders);
+    Choose(Form().optFilesVsDirs, 2);
+    Search("*", "C:\\t");
+    ClickHead(results::kType);
+    EXPECT_THAT(Names(), ElementsAre("zz", "a.txt"));
+}
+
+TEST_F(Sorting, AnEmptyListSortsToNothing) {
+    Find({});
+    ClickHead(results::kSize);
+    EXPECT_EQ(program.Rows().Count(), 0U);
+    EXPECT_EQ(Form().lblGroups.Caption.Get(), "1");
+}
+
+TEST_F(Sorting, APlaylistThatIsEditedIsNotSorted) {
+    Find({{"a", 9}, {"b", 1}});
+    State().blnPlayListMode = true;
+    ClickHead(results::kSize);
+    EXPECT_THAT(Names(), ElementsAre("a", "", "b"));
+}
+
+TEST_F(Sorting, SortingIsLogged) {
+    Find({{"a", 9}});
+    ClickHead(results::kPathNameNoSrch);
+    EXPECT_NE(LogText().find(" User selected to sort by column - Path\\Name without Search Folder"),
+              std::string::npos);
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -1,0 +1,177 @@
+#include "platform/memory/memory_platform.h"
+#include "session/scripted_prompts.h"
+#include "session/session.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvix::session {
+namespace {
+
+class ScriptedPromptsTest : public ::testing::Test {
+  protected:
+    ScriptedPromptsTest() {
+        auto& date = session.forms.frmSelectDate;
+        date.dtpEndDate.Visible = false;
+        date.dtpEndTime.Visible = false;
+        session.events.On("frmSelectDate.cmdOK_Click",
+                          [](Session& s) { s.forms.frmSelectDate.Hide(); });
+        session.events.On("frmSelectDate.cmdCancel_Click",
+                          [](Session& s) { s.forms.frmSelectDate.Hide(); });
+    }
+
+    forms::FrmSelectDate& DateForm() { return session.forms.frmSelectDate; }
+
+    // Why a queued answer was refused; empty when it was taken.
+    template <class Act>
+    std::string Refusal(Act act) {
+        try {
+            act();
+        } catch (const PromptMisanswered& wrong) {
+            return wrong.why;
+        }
+        return {};
+    }
+
+    platform::MemoryPlatform machine;
+    ScriptedPrompts prompts;
+    Session session{machine.platform, prompts};
+};
+
+TEST_F(ScriptedPromptsTest, AMessageTakesAButtonCaptionWithoutRegardToCaseOrAmpersand) {
+    prompts.Queue("&yes");
+    EXPECT_EQ(prompts.MsgBox("Sure?", kYesNo, "Tarvix"), kYes);
+    EXPECT_EQ(prompts.Records().at(0).answer, "Yes");
+}
+
+TEST_F(ScriptedPromptsTest, AButtonThatTheStyleDoesNotOfferIsRefusedNamingTheButtons) {
+    prompts.Queue("OK");
+    const auto why = Refusal([&] { prompts.MsgBox("Sure?", kYesNoCancel, "Tarvix"); });
+    EXPECT_EQ(why, "The prompt has no button \"OK\". Its buttons are: Yes, No, Cancel.");
+}
+
+TEST_F(ScriptedPromptsTest, ATextThatIsNoButtonAtAllIsRefused) {
+    prompts.Queue("perhaps");
+    EXPECT_NE(Refusal([&] { prompts.MsgBox("Sure?", kYesNo, ""); }), "");
+}
+
+TEST_F(ScriptedPromptsTest, AnUnqueuedPromptThrowsItsRecord) {
+    try {
+        prompts.MsgBox("Go on?", kOkCancel + kQuestion, "Title");
+        FAIL() << "nothing was thrown";
+    } catch (const PromptUnanswered& unanswered) {
+        EXPECT_EQ(unanswered.prompt.text, "Go on?");
+        EXPECT_EQ(unanswered.prompt.title, "Title");
+        EXPECT_EQ(unanswered.prompt.style, 33);
+        EXPECT_EQ(unanswered.prompt.answer, "");
+    }
+}
+
+TEST_F(ScriptedPromptsTest, TheSafeFallbackCancelsQuestionsAndInputs) {
+    prompts.SetFallback(ScriptedPrompts::Fallback::kSafe);
+    EXPECT_EQ(prompts.MsgBox("", kYesNo, ""), kNo);
+    EXPECT_EQ(prompts.MsgBox("", kOkCancel, ""), kCancel);
+    EXPECT_EQ(prompts.MsgBox("", kOkOnly, ""), kOk);
+    EXPECT_EQ(prompts.InputBox("Name", "", "preset"), "");
+    EXPECT_EQ(prompts.PickFile("File", ""), "");
+}
+
+TEST_F(ScriptedPromptsTest, InputsTakeTheQueuedText) {
+    prompts.Queue("a name");
+    EXPECT_EQ(prompts.InputBox("Name", "Title", ""), "a name");
+    EXPECT_EQ(prompts.Records().at(0).kind, PromptKind::kInput);
+    EXPECT_EQ(prompts.Records().at(0).answer, "a name");
+}
+
+TEST_F(ScriptedPromptsTest, PickersTakeNativePathsOnceTheyKnowTheDrives) {
+    prompts.SetPaths(machine.paths);
+    prompts.Queue("/home/ann/Music");
+    prompts.Queue("C:\\tmp\\a.mpl");
+    EXPECT_EQ(prompts.PickFolder("Folder"), "C:\\home\\ann\\Music");
+    EXPECT_EQ(prompts.PickFile("File", ""), "C:\\tmp\\a.mpl");
+}
+
+TEST_F(ScriptedPromptsTest, AFormIsAnsweredByAControlName) {
+    prompts.Queue("cmdCancel");
+    session.ShowModal(DateForm());
+    EXPECT_EQ(prompts.Records().at(0).form, "frmSelectDate");
+    EXPECT_EQ(prompts.Records().at(0).answer, "cmdCancel");
+}
+
+TEST_F(ScriptedPromptsTest, AFormIsAnsweredByAButtonCaption) {
+    prompts.Queue("ok");
+    session.ShowModal(DateForm());
+    EXPECT_EQ(prompts.Records().at(0).answer, "cmdOK");
+}
+
+TEST_F(ScriptedPromptsTest, ADateAnswerSetsBothHalvesAndPressesOk) {
+    prompts.Queue("2026-03-04 05:06:07");
+    session.ShowModal(DateForm());
+    EXPECT_EQ(DateForm().dtpStartDate.Text.Get(), "2026/03/04");
+    EXPECT_EQ(DateForm().dtpStartTime.Text.Get(), "05:06:07");
+    EXPECT_FALSE(DateForm().IsShown());
+}
+
+TEST_F(ScriptedPromptsTest, ADateRangeSetsFourPickers) {
+    DateForm().dtpEndDate.Visible = true;
+    DateForm().dtpEndTime.Visible = true;
+    prompts.Queue("2026/01/02 thru 2026/03/04 23:59:59");
+    session.ShowModal(DateForm());
+    EXPECT_EQ(DateForm().dtpStartDate.Text.Get(), "2026/01/02");
+    EXPECT_EQ(DateForm().dtpStartTime.Text.Get(), "00:00:00");
+    EXPECT_EQ(DateForm().dtpEndDate.Text.Get(), "2026/03/04");
+    EXPECT_EQ(DateForm().dtpEndTime.Text.Get(), "23:59:59");
+}
+
+TEST_F(ScriptedPromptsTest, ADateRangeForOneDateIsRefused) {
+    prompts.Queue("2026/01/02 thru 2026/03/04");
+    EXPECT_EQ(Refusal([&] { session.ShowModal(DateForm()); }),
+              "frmSelectDate.dtpEndDate is hidden.");
+}
+
+TEST_F(ScriptedPromptsTest, AnUnknownControlIsRefusedNamingTheButtons) {
+    prompts.Queue("cmdMaybe");
+    EXPECT_EQ(Refusal([&] { session.ShowModal(DateForm()); }),
+              "frmSelectDate has no control or button \"cmdMaybe\". "
+              "Its buttons are: cmdOK, cmdCancel.");
+}
+
+TEST_F(ScriptedPromptsTest, ADisabledButtonIsRefused) {
+    DateForm().cmdOK.Enabled = false;
+    prompts.Queue("cmdOK");
+    EXPECT_EQ(Refusal([&] { session.ShowModal(DateForm()); }), "frmSelectDate.cmdOK is disabled.");
+}
+
+TEST_F(ScriptedPromptsTest, TheRunnerGoesOnInsideUntilTheFormHides) {
+    int calls = 0;
+    prompts.SetModalRunner([&](Session&, forms::Form& form) {
+        if (++calls == 3) form.Hide();
+        return true;
+    });
+    session.ShowModal(DateForm());
+    EXPECT_EQ(calls, 3);
+}
+
+TEST_F(ScriptedPromptsTest, ARunnerWithNothingMoreLeavesTheFormUnanswered) {
+    prompts.SetModalRunner([](Session&, forms::Form&) { return false; });
+    EXPECT_THROW(session.ShowModal(DateForm()), PromptUnanswered);
+}
+
+TEST_F(ScriptedPromptsTest, AQueuedAnswerComesBeforeTheRunner) {
+    prompts.SetModalRunner([](Session&, forms::Form&) -> bool { throw 1; });
+    prompts.Queue("cmdOK");
+    EXPECT_NO_THROW(session.ShowModal(DateForm()));
+}
+
+TEST_F(ScriptedPromptsTest, WithoutAnswerAndRunnerAFormThrows) {
+    EXPECT_THROW(session.ShowModal(DateForm()), PromptUnanswered);
+}
+
+TEST_F(ScriptedPromptsTest, TheSafeFallbackCancelsAForm) {
+    prompts.SetFallback(ScriptedPrompts::Fallback::kSafe);
+    session.ShowModal(DateForm());
+    EXPECT_FALSE(DateForm().IsShown());
+    EXPECT_EQ(prompts.Records().at(0).answer, "cmdCancel");
+}
+
+} // namespace
+} // namespace tarvix::session

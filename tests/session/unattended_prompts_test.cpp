@@ -1,0 +1,58 @@
+#include "platform/memory/memory_platform.h"
+#include "session/session.h"
+#include "session/unattended_prompts.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvix::session {
+namespace {
+
+struct UnattendedPromptsTest : ::testing::Test {
+    platform::MemoryPlatform machine;
+    UnattendedPrompts prompts;
+    Session session{machine.platform, prompts};
+};
+
+TEST_F(UnattendedPromptsTest, EveryStyleGetsItsSafeAnswer) {
+    EXPECT_EQ(prompts.MsgBox("", kOkOnly, ""), kOk);
+    EXPECT_EQ(prompts.MsgBox("", kOkCancel, ""), kCancel);
+    EXPECT_EQ(prompts.MsgBox("", kYesNoCancel, ""), kCancel);
+    EXPECT_EQ(prompts.MsgBox("", kYesNo, ""), kNo);
+    EXPECT_EQ(prompts.MsgBox("", kRetryCancel, ""), kCancel);
+}
+
+TEST_F(UnattendedPromptsTest, AFormIsCancelledThroughItsOwnButton) {
+    bool cancelled = false;
+    session.events.On("frmDialog.CancelButton_Click", [&](Session& s, const EventArgs&) {
+        cancelled = true;
+        s.frmDialog.Hide();
+    });
+    session.ShowModal(session.frmDialog);
+    EXPECT_TRUE(cancelled);
+    EXPECT_EQ(prompts.Records().at(0).answer, "CancelButton");
+}
+
+TEST_F(UnattendedPromptsTest, ANoticeWithoutCancelGetsItsOk) {
+    session.ShowModal(session.forms.frmForChar);
+    EXPECT_FALSE(session.forms.frmForChar.IsShown());
+    EXPECT_EQ(prompts.Records().at(0).answer, "cmdOK");
+}
+
+TEST_F(UnattendedPromptsTest, AFormThatRefusesItsButtonsIsHidden) {
+    session.forms.frmForChar.cmdOK.Enabled = false;
+    session.ShowModal(session.forms.frmForChar);
+    EXPECT_FALSE(session.forms.frmForChar.IsShown());
+}
+
+TEST_F(UnattendedPromptsTest, PromptsAreRecordedInOrder) {
+    prompts.MsgBox("first", kYesNo, "A");
+    prompts.InputBox("second", "B", "preset");
+    ASSERT_EQ(prompts.Records().size(), 2U);
+    EXPECT_EQ(prompts.Records()[0].text, "first");
+    EXPECT_EQ(prompts.Records()[0].answer, "No");
+    EXPECT_EQ(prompts.Records()[1].kind, PromptKind::kInput);
+    EXPECT_EQ(prompts.Records()[1].answer, "");
+}
+
+} // namespace
+} // namespace tarvix::session

@@ -28,7 +28,8 @@ struct PlatformError {
     std::string description;
 };
 
-template <class T> using Result = std::expected<T, PlatformError>;
+template <class T>
+using Result = std::expected<T, PlatformError>;
 
 inline std::unexpected<PlatformError> Failure(int number, std::string description) {
     return std::unexpected(PlatformError{number, std::move(description)});

@@ -13,8 +13,8 @@ Result<ObjectFacts> GetFile(FileSystem& files, std::string_view path) {
 Result<ObjectFacts> GetFolder(FileSystem& files, std::string_view path) {
     auto facts = files.Facts(path);
     if (!facts) {
-        const int number = facts.error().number == kFileNotFound ? int{kPathNotFound}
-                                                                 : facts.error().number;
+        const int number =
+            facts.error().number == kFileNotFound ? int{kPathNotFound} : facts.error().number;
         return Failure(number, facts.error().description);
     }
     if (!facts->IsFolder()) {

@@ -1,16 +1,10 @@
 #include "platform/memory/memory_file_system.h"
-
-#include <gtest/gtest.h>
+#include "tests/platform/conformance.h"
 
 namespace tarvix::platform {
 
 namespace {
 using List = std::vector<std::string>;
-
-template <class T>
-int NumberOf(const Result<T>& result) {
-    return result ? 0 : result.error().number;
-}
 } // namespace
 
 TEST(MemoryFileSystem, AddMakesTheFoldersOnTheWay) {

@@ -7,6 +7,7 @@
 #include "text/format.h"
 
 #include <cmath>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -14,16 +15,22 @@ ActionLog::ActionLog() = default;
 ActionLog::~ActionLog() = default;
 
 void ActionLog::Open(Session& session) {
+    wasOpened_ = true;
+    const auto early = std::exchange(early_, {});
     auto stream = session.files().CreateTextFile(session.state.strActionLogFile, true);
     if (!stream) {
-        session.frmSearch.lblStatus.Caption =
-            "The action log can't be written: " + stream.error().description;
+        if (session.state.options.blnAutoMode) return;
+        session.MsgBox("unexpected error " + std::to_string(stream.error().number) + " " +
+                       stream.error().description);
         return;
     }
     stream_ = std::move(*stream);
     std::string head = "Opened Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
     head += session.state.options.blnFileLog ? "Logging is turned on." : "Logging is turned off.";
     (void)stream_->Write(head + "\r\n\r\n");
+    for (const std::string& text : early) {
+        Write(session, text);
+    }
 }
 
 void ActionLog::Close(Session& session) {
@@ -34,6 +41,7 @@ void ActionLog::Close(Session& session) {
 }
 
 void ActionLog::Write(Session& session, std::string_view text) {
+    if (!wasOpened_) early_.emplace_back(text);
     if (!stream_ || !session.state.options.blnFileLog) return;
     std::string entry(text);
     entry.append("\r\n").append(DashesFor(text)).append("\r\n\r\n");

@@ -21,15 +21,18 @@ class ActionLog {
     ActionLog();
     ~ActionLog();
     // Creates the file of `strActionLogFile` and writes the opening lines. A log that can't be
-    // written is told once on the status line, and the run goes on without it.
+    // written is told once, and the run goes on without it.
     void Open(Session& session);
     void Close(Session& session);
-    // One entry: the text, a line of dashes under it, an empty line. Nothing with logging off.
+    // One entry: the text, a line of dashes under it, an empty line. Nothing with logging off. What
+    // is written before the log opens follows its opening lines.
     void Write(Session& session, std::string_view text);
     bool IsOpen() const { return stream_ != nullptr; }
 
   private:
     std::unique_ptr<platform::TextStream> stream_;
+    std::vector<std::string> early_; // entries from before the log opened
+    bool wasOpened_ = false;
 };
 
 // One entry to the action log of the session.

@@ -42,6 +42,27 @@ void ProgramFixture::LookForAllAttributes() {
     }
 }
 
+void ProgramFixture::CopySelected(std::string_view destination) {
+    const std::string typed(destination);
+    bool done = false;
+    prompts.SetModalRunner([this, typed, done](session::Session&, forms::Form& form) mutable {
+        if (&form != &S().frmDialog || done) return false;
+        done = true;
+        Set(S().frmDialog.cmbDir, typed);
+        prompts.Queue("OK");
+        Click(S().frmDialog.OKButton);
+        if (form.IsShown()) Click(S().frmDialog.CancelButton);
+        return true;
+    });
+    Click(Form().cmdCopySelected);
+    prompts.SetModalRunner({});
+}
+
+void ProgramFixture::CopyAll(std::string_view destination) {
+    Click(Form().cmdSelectAll);
+    CopySelected(destination);
+}
+
 std::vector<std::string> ProgramFixture::Cells(results::Column column) {
     std::vector<std::string> cells;
     for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
@@ -61,6 +82,16 @@ std::vector<std::string> ProgramFixture::Told() {
 bool ProgramFixture::WasTold(std::string_view part) {
     return std::ranges::any_of(
         Told(), [part](const std::string& text) { return text.find(part) != std::string::npos; });
+}
+
+std::size_t ProgramFixture::TimesTold(std::string_view part) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        Told(), [part](const std::string& text) { return text.find(part) != std::string::npos; }));
+}
+
+bool ProgramFixture::HasEntry(const std::string& log, std::string_view text) {
+    const std::string entry = "\r\n11/15/2026 19:54:52" + std::string(text) + "\r\n-";
+    return log.find(entry) != std::string::npos;
 }
 
 std::string ProgramFixture::LogText() {

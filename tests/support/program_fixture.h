@@ -31,6 +31,10 @@ class ProgramFixture : public ::testing::Test {
     // Searches `patterns` in `locations`; the other criteria as they stand.
     void Search(std::string_view patterns, std::string_view locations);
     void LookForAllAttributes(); // every attribute box grey
+    void WithSubfolders() { Set(Form().chkIncludeSubFolders, "1"); }
+    // Copies the selected rows to `destination`, confirmed, as a user would in the action window.
+    void CopySelected(std::string_view destination);
+    void CopyAll(std::string_view destination);
 
     // The cells of one column, in list order.
     std::vector<std::string> Cells(results::Column column);
@@ -39,8 +43,11 @@ class ProgramFixture : public ::testing::Test {
     // The texts of all message boxes and notices so far.
     std::vector<std::string> Told();
     bool WasTold(std::string_view part);
+    std::size_t TimesTold(std::string_view part);
     // The action log as it stands on the disk after the program stopped.
     std::string LogText();
+    // Whether that log holds an entry of the fixture's fixed time with exactly this text behind it.
+    static bool HasEntry(const std::string& log, std::string_view text);
 
     platform::MemoryPlatform machine;
     session::ScriptedPrompts prompts;

@@ -1,0 +1,104 @@
+#include "session/action_log.h"
+#include "tests/support/program_fixture.h"
+
+namespace tarvix::testing {
+namespace {
+
+using session::DashesFor;
+
+TEST(Dashes, AnEmptyTextHasAnEmptyDashLine) {
+    EXPECT_EQ(DashesFor(""), "");
+}
+
+TEST(Dashes, ThreeCharactersWithALineEndAreUnderlinedByTwo) {
+    EXPECT_EQ(DashesFor("a\r\n"), "--");
+}
+
+TEST(Dashes, FourCharactersWithALineEndAreUnderlinedByThree) {
+    EXPECT_EQ(DashesFor("ab\r\n"), "---");
+}
+
+TEST(Dashes, ThreeCharactersWithoutALineEndAreUnderlinedByThree) {
+    EXPECT_EQ(DashesFor("abc"), "---");
+}
+
+TEST(Dashes, TwoThirdsOfCharactersNotOfBytes) {
+    EXPECT_EQ(DashesFor("ä"), "-");
+    EXPECT_EQ(DashesFor("äöü\r\näö"), "-----"); // 7 characters: 4.67
+}
+
+TEST(Dashes, ALoneLineFeedIsNoLineEnd) {
+    EXPECT_EQ(DashesFor("a\nb"), "---");
+}
+
+class ActionLogFile : public ProgramFixture {};
+
+TEST_F(ActionLogFile, BearsTheStartTimeAndOpensAndClosesWithItsLines) {
+    Start();
+    EXPECT_EQ(State().strActionLogFile, "C:\\home\\ann\\tarvix\\TXAction 11.15.26 19.54.52.log");
+    EXPECT_EQ(LogText(), "Opened Log at 11/15/2026 7:54:52 PM\r\n\r\n"
+                         "Logging is turned on.\r\n\r\n"
+                         "\r\nClosed Log at 11/15/2026 7:54:52 PM\r\n");
+}
+
+TEST_F(ActionLogFile, AnEntryIsItsLineItsUnderliningAndAnEmptyLine) {
+    Start();
+    session::LogTimed(S(), " Created C:\\x");
+    EXPECT_NE(LogText().find("\r\n\r\n11/15/2026 19:54:52 Created C:\\x\r\n"
+                             "--------------------------------\r\n\r\n"),
+              std::string::npos);
+}
+
+TEST_F(ActionLogFile, AnEmptyEntryIsThreeEmptyLines) {
+    Start();
+    session::WriteToActionLog(S(), "");
+    EXPECT_NE(LogText().find("turned on.\r\n\r\n\r\n\r\n\r\n"), std::string::npos);
+}
+
+TEST_F(ActionLogFile, WithLoggingOffEntriesAreNotWritten) {
+    Start();
+    State().options.blnFileLog = false;
+    session::LogTimed(S(), " Created C:\\x");
+    EXPECT_EQ(LogText().find("Created"), std::string::npos);
+}
+
+TEST_F(ActionLogFile, TwoSessionsStartedWithinOneSecondShareItsName) {
+    lifecycle::Program second(machine.platform, prompts);
+    Start();
+    second.Start("");
+    EXPECT_EQ(second.Session().state.strActionLogFile, State().strActionLogFile);
+    second.Stop();
+}
+
+TEST_F(ActionLogFile, ASecondLaterItHasAnotherName) {
+    lifecycle::Program second(machine.platform, prompts);
+    Start();
+    machine.clock.Advance(1);
+    second.Start("");
+    EXPECT_EQ(second.Session().state.strActionLogFile,
+              "C:\\home\\ann\\tarvix\\TXAction 11.15.26 19.54.53.log");
+    second.Stop();
+}
+
+TEST_F(ActionLogFile, OneThatCannotBeWrittenIsToldAndTheRunGoesOn) {
+    machine.faults.FailAll("CreateTextFile", platform::kPermissionDenied);
+    Disk().AddFile("C:\\t\\a.txt");
+    Start();
+    EXPECT_TRUE(WasTold("unexpected error 70 "));
+    Search("*", "C:\\t");
+    EXPECT_EQ(Names(), std::vector<std::string>{"a.txt"});
+}
+
+TEST_F(ActionLogFile, AWriteThatFailsEndsOnlyThatEntry) {
+    Start();
+    machine.faults.ResetCounts();
+    machine.faults.FailCall("Write", 1, platform::kDiskFull);
+    session::LogTimed(S(), " first");
+    session::LogTimed(S(), " second");
+    const std::string log = LogText();
+    EXPECT_FALSE(HasEntry(log, " first"));
+    EXPECT_TRUE(HasEntry(log, " second"));
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -48,7 +48,7 @@ void FirstRunCheck(session::Session& session) {
     if (AsksFor(session, "Would you like to see the Advanced Functions file?")) {
         OpenHelp(session, "Advanced Functions.txt");
     }
-    if (auto made = session.files().CreateTextFile(history, true)) (void)(*made)->Close();
+    if (auto made = session.files().CreateTextFile(history, false)) (void)(*made)->Close();
 }
 
 } // namespace tarvix::lifecycle

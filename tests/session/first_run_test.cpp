@@ -1,0 +1,77 @@
+#include "tests/support/program_fixture.h"
+
+namespace tarvix::testing {
+namespace {
+
+class FirstRun : public ProgramFixture {
+  protected:
+    FirstRun() {
+        Disk().Node(kHistory)->Detach();
+        for (const char* help : {"Tarvix.rtf", "User Doc.txt", "Advanced Functions.txt"}) {
+            Disk().AddFile("C:\\home\\ann\\tarvix\\" + std::string(help));
+        }
+    }
+    static constexpr const char* kHistory = "C:\\home\\ann\\tarvix\\TXFSSearchHistoryFile.txt";
+};
+
+TEST_F(FirstRun, ShowsTheNoticeWordByWord) {
+    Start();
+    ASSERT_FALSE(prompts.Records().empty());
+    const auto& notice = prompts.Records().front();
+    EXPECT_EQ(notice.style, 16);
+    EXPECT_EQ(
+        notice.text,
+        "WARNING - Using this program carelessly can make your computer not function if used "
+        "improperly!!!\r\n\r\n"
+        "It gives you the power to rearrange ALMOST ANY file on your pc including Windows system "
+        "files.\r\n\r\n"
+        "Be sure to read the section labeled 'Who is Tarvix for?' in help(F1).\r\n\r\n"
+        "I recommend reading 'Advanced Functions List' in the help menu fully to begin to "
+        "understand. That will explain all the changes I made during development and some the "
+        "dangers.\r\n\r\n"
+        "1. Do not turn on Expert Mode in Option until you have a strong understanding of "
+        "Windows.\r\n"
+        "2. Work with files in your Documents folder. (Default search folder).\r\n"
+        "3. Backup everything until you have firm understanding of the use of Tarvix. In fact "
+        "ALWAYS backup everything.\r\n"
+        "I offer no guarantees, results are ENTIRELY based on your actions.\r\n\r\n"
+        "The help file will now open.");
+}
+
+TEST_F(FirstRun, AsksForBothHelpTextsAndOpensThoseWanted) {
+    prompts.Queue("OK");
+    prompts.Queue("No");
+    prompts.Queue("Yes");
+    Start();
+    ASSERT_EQ(prompts.Records().size(), 3U);
+    EXPECT_EQ(prompts.Records()[1].text, "Would you like to see the General Information file?");
+    EXPECT_EQ(prompts.Records()[2].text, "Would you like to see the Advanced Functions file?");
+    EXPECT_EQ(machine.launcher.opened,
+              (std::vector<std::string>{"C:\\home\\ann\\tarvix\\Tarvix.rtf",
+                                        "C:\\home\\ann\\tarvix\\Advanced Functions.txt"}));
+}
+
+TEST_F(FirstRun, MakesTheHistoryFileSoThatTheNextRunIsNone) {
+    Start();
+    EXPECT_EQ(Disk().Content(kHistory), "");
+    const std::size_t told = prompts.Records().size();
+    lifecycle::Program second(machine.platform, prompts);
+    second.Start("");
+    EXPECT_EQ(prompts.Records().size(), told);
+}
+
+TEST_F(FirstRun, AMissingHelpTextDoesNotEndTheStart) {
+    Disk().Node("C:\\home\\ann\\tarvix\\Tarvix.rtf")->Detach();
+    Start();
+    EXPECT_TRUE(State().blnStarted);
+}
+
+TEST_F(FirstRun, AHistoryFileThatCannotBeSeenIsNotEmptied) {
+    Disk().AddFile(kHistory, "*.mp3\r\n11/15/2026 7:54:52 PM\r\n*EOF");
+    machine.faults.FailPath(kHistory, platform::kPermissionDenied, "Facts");
+    Start();
+    EXPECT_EQ(Disk().Content(kHistory), "*.mp3\r\n11/15/2026 7:54:52 PM\r\n*EOF");
+}
+
+} // namespace
+} // namespace tarvix::testing

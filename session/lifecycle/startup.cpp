@@ -148,6 +148,8 @@ void frmSearch_Load(Session& session, std::string_view argument) {
 
 void frmSearch_Unload(Session& session) {
     auto& form = session.frmSearch;
+    // A loop that still runs below this event ends at its next object.
+    session.state.blnStopClicked = session.state.blnStopAction = true;
     for (forms::Form* other : session.forms.all) {
         if (other != &form) other->Hide();
     }

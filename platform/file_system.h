@@ -110,6 +110,9 @@ class FileSystem {
                                                                  OpenMode mode) = 0;
 
     virtual std::vector<DriveInfo> Drives() = 0;
+
+    // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
+    virtual bool AllowsReadingThreads() const { return false; }
 };
 
 // `Facts` for a caller that wants one kind: 53 when it is missing or a folder.

@@ -65,49 +65,66 @@ platform::OpenFolder* FindFamily::Opened(std::size_t index) {
     return opened_.get();
 }
 
-// Whether a name of a folder passes every test; if so it has its row.
-bool FindFamily::TryFile(std::size_t index, std::string_view name, Files which) {
+std::optional<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
+                                                          std::string_view name) {
     platform::OpenFolder* const folder = Opened(index);
-    if (!folder) return false;
+    if (!folder) return std::nullopt;
     const auto facts = folder->Facts(name);
-    if (!facts || !DoesObjectMatchAttributesSelected(masks_, *facts)) return false;
-    if (which == Files::kEmpty && facts->size != 0) return false;
+    return facts ? std::optional(*facts) : std::nullopt;
+}
+
+// Whether a file passes every test; if so it has its row.
+bool FindFamily::TryFile(std::size_t index, std::string_view name,
+                         const platform::ObjectFacts& facts, Files which) {
+    if (!DoesObjectMatchAttributesSelected(masks_, facts)) return false;
+    if (which == Files::kEmpty && facts.size != 0) return false;
     TestedFacts tested;
-    if (!filters_.GetFacts(*facts, list_.At(index).strFolderLong, name, tested)) return false;
+    if (!filters_.GetFacts(facts, list_.At(index).strFolderLong, name, tested)) return false;
     const bool passes =
         which == Files::kEmpty ? filters_.CheckDate(tested) : filters_.CheckSizeAndDate(tested);
     if (!passes) return false;
     results::AddFileRow(session_, counters_, RowFolderOf(index),
                         {.name = name,
-                         .size = facts->size,
+                         .size = facts.size,
                          .date = text::ToSeconds(tested.datObjectDate),
-                         .attributes = facts->attributes});
+                         .attributes = facts.attributes});
+    return true;
+}
+
+bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {
+    const std::string& folder = list_.At(index).Short();
+    const std::string spec = isNot_ ? "*" : searchString_;
+    if (text::Length(folder) + 1 + text::Length(spec) <= kLongestSpec) return false;
+    session::RefuseLongSearch(session_, folder + "\\" + spec, routine);
     return true;
 }
 
 Outcome FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
                               std::string_view routine) {
-    const std::size_t specLength =
-        text::Length(list_.At(index).Short()) + 1 + (isNot_ ? 1 : text::Length(searchString_));
-    if (specLength > kLongestSpec) {
-        session::RefuseLongSearch(
-            session_, list_.At(index).Short() + "\\" + (isNot_ ? "*" : searchString_), routine);
-        return Test();
-    }
+    if (IsSpecTooLong(index, routine)) return Test();
     ShowCurrent(index);
     session_.Yield();
     if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
-    list_.EnsureListed(index);
+    FindCandidates(index);
     const CrawlFolder& folder = list_.At(index);
+    std::size_t next = 0;
     for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
-        const std::string_view name = list_.Names()[at].name;
-        const bool candidate = match_->CheckNameMatch(name) && !name.ends_with(' ') &&
-                               IsNameValid(session_, name, folder.strFolderLong, true);
-        if (candidate && TryFile(index, name, which) && oneEach) return Test();
+        if (next < found_.positions.size() && found_.positions[next] == at) {
+            const std::string_view name = list_.Names()[at].name;
+            const auto facts = candidates_ ? found_.facts[next] : FactsNow(index, name);
+            ++next;
+            if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
+        }
         session_.Yield();
         if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
     }
     return Outcome::kDone;
+}
+
+void FindFamily::FindCandidates(std::size_t index) {
+    if (candidates_) return candidates_->Take(index, found_);
+    list_.EnsureListed(index);
+    found_.positions = MatchingNames(session_, list_, *match_, index);
 }
 
 // A link or a mount that isn't entered is never empty: what it leads to isn't known.
@@ -144,10 +161,19 @@ Outcome FindFamily::WalkFolder(std::size_t index, Folders which) {
     return Test();
 }
 
+// A walk that wants every match reads ahead; one that stops at the first would read too much.
+void FindFamily::ReadAheadFrom(std::size_t i) {
+    candidates_ = std::make_unique<Candidates>(session_, list_, *match_, i);
+}
+
 Outcome FindFamily::ForEach(std::size_t& i, auto&& walk) {
     for (; i < list_.Count(); ++i) {
-        if (const Outcome outcome = walk(i); outcome != Outcome::kDone) return outcome;
+        if (const Outcome outcome = walk(i); outcome != Outcome::kDone) {
+            candidates_.reset();
+            return outcome;
+        }
     }
+    candidates_.reset();
     return Outcome::kDone;
 }
 
@@ -167,12 +193,14 @@ Outcome FindFamily::FindEmptyFilesAtRoot() {
 
 Outcome FindFamily::FindFilesInSubFolders(std::size_t& i) {
     const bool oneEach = session_.frmSearch.chkOneEach.Value == 1;
+    if (!oneEach) ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, oneEach, "FindFilesInSubFolders");
     });
 }
 
 Outcome FindFamily::FindEmptyFilesInSubFolders(std::size_t& i) {
+    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kEmpty, false, "FindEmptyFilesInSubFolders");
     });
@@ -195,6 +223,7 @@ Outcome FindFamily::FindEmptyFoldersInSubFoldersLikeOp(std::size_t& i) {
 }
 
 Outcome FindFamily::FindFilesAndFoldersInSubFolders(std::size_t& i) {
+    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         const Outcome outcome = WalkFolder(index, Folders::kAny);
         if (outcome != Outcome::kDone) return outcome;
@@ -207,6 +236,7 @@ Outcome FindFamily::FindFilesAndFoldersInSubFoldersLikeOp(std::size_t& i) {
     const Outcome outcome = FindFoldersInSubFolders(i);
     if (outcome != Outcome::kDone) return outcome;
     i = start;
+    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFoldersLikeOp");
     });

@@ -2,14 +2,15 @@
 
 #include "platform/file_system.h"
 #include "results/add_rows.h"
+#include "search/candidates.h"
 #include "search/filters.h"
 #include "search/folder_list.h"
 #include "search/name_checks.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace tarvix::search {
 
@@ -48,7 +49,12 @@ class FindFamily {
     Outcome WalkRoot(Files which, std::string_view routine);
     Outcome WalkFiles(std::size_t index, Files which, bool oneEach, std::string_view routine);
     Outcome WalkFolder(std::size_t index, Folders which);
-    bool TryFile(std::size_t index, std::string_view name, Files which);
+    bool IsSpecTooLong(std::size_t index, std::string_view routine);
+    void FindCandidates(std::size_t index);
+    std::optional<platform::ObjectFacts> FactsNow(std::size_t index, std::string_view name);
+    bool TryFile(std::size_t index, std::string_view name, const platform::ObjectFacts& facts,
+                 Files which);
+    void ReadAheadFrom(std::size_t i);
     bool IsEmptyFolder(std::size_t index);
     Outcome ForEach(std::size_t& i, auto&& walk);
     Outcome Test() const;
@@ -66,6 +72,10 @@ class FindFamily {
     std::string location_;
     std::string locationShort_;
     bool isNot_ = false;
+
+    // The matches of the folder in hand; `candidates_` while a walk over many folders reads ahead.
+    std::unique_ptr<Candidates> candidates_;
+    FolderCandidates found_;
 
     // What rows of the folder in hand share, and that folder held open for facts.
     const results::RowFolder* rowFolder_ = nullptr;

@@ -35,6 +35,12 @@ void FolderList::Start(std::string_view location) {
     root.strFolderShort = ShortFormFor(root.strFolderLong);
     folders_.push_back(std::move(root));
     isBuilt_ = true;
+    ahead_ = std::make_unique<platform::ReadAhead>(session_.files());
+    Order(folders_.front());
+}
+
+void FolderList::Order(const CrawlFolder& folder) {
+    if (ahead_ && folder.isWalkable) ahead_->OrderListing(folder.strFolderLong);
 }
 
 void FolderList::BuildSubFoldersArray(std::string_view location) {
@@ -45,12 +51,14 @@ void FolderList::BuildSubFoldersArray(std::string_view location) {
             "Building list of folders with - " + folders_[index].strFolderLong;
         ReadFolder(index, deep || index == 0, deep || index == 0);
     }
+    ahead_.reset();
     counters_.ShowSeen();
 }
 
 void FolderList::BuildSubFoldersArrayLevelOne(std::string_view location) {
     Start(location);
     ReadFolder(0, true, true);
+    ahead_.reset();
     counters_.ShowSeen();
 }
 
@@ -89,9 +97,7 @@ void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countConten
     folders_[index].isListed = true;
     folders_[index].namesBegin = folders_[index].namesEnd =
         static_cast<std::uint32_t>(names_.Size());
-    if (!folders_[index].isWalkable) return;
-    auto opened = session_.files().Open(folders_[index].strFolderLong);
-    if (!opened || !(*opened)->List(scratch_)) return;
+    if (!folders_[index].isWalkable || !ahead_->TakeListing(scratch_)) return;
     for (std::size_t i = 0; i < scratch_.Size(); ++i) {
         if (!TakeEntry(index, scratch_[i], addFolders, countContent)) return;
     }
@@ -141,6 +147,7 @@ void FolderList::AddToFolderArray(std::size_t parent, const platform::FolderEntr
     if (IsRecycleBinPath(session_, folder.strFolderLong)) return;
     folder.strFolderShort = ShortFormFor(folder.strFolderLong);
     folder.isWalkable = entry.IsWalkable();
+    Order(folder);
     folders_.push_back(std::move(folder));
     counters_.CountFolderSeen();
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/folder_listing.h"
+#include "platform/read_ahead.h"
 #include "results/counters.h"
 #include "results/result_list.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +70,7 @@ class FolderList {
 
   private:
     void Start(std::string_view location);
+    void Order(const CrawlFolder& folder);
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
     bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
                    bool countContent);
@@ -80,6 +83,7 @@ class FolderList {
     std::vector<CrawlFolder> folders_;
     platform::FolderListing names_;
     platform::FolderListing scratch_;
+    std::unique_ptr<platform::ReadAhead> ahead_; // the folders of the list, in its order
     bool isBuilt_ = false;
 };
 

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/folder_listing.h"
+#include "platform/object_facts.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvix::platform {
+
+class FileSystem;
+
+// Reads folders and facts in the background before they are asked for. Results come in the order of
+// the orders, whoever does the work: a second thread where the file system allows it, else the
+// caller when it takes them. Orders that were never taken are dropped with this.
+class ReadAhead {
+  public:
+    explicit ReadAhead(FileSystem& files);
+    ~ReadAhead();
+    ReadAhead(const ReadAhead&) = delete;
+    ReadAhead& operator=(const ReadAhead&) = delete;
+
+    void OrderListing(std::string folder);
+    // The names of the oldest folder ordered; false when it couldn't be read.
+    bool TakeListing(FolderListing& listing);
+
+    void OrderFacts(std::string folder, FolderListing names);
+    // Facts of the oldest names ordered, one for each; none for an object that is gone.
+    void TakeFacts(std::vector<std::optional<ObjectFacts>>& facts);
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace tarvix::platform

@@ -1,0 +1,174 @@
+#include "search/search_strings.h"
+#include "tests/support/program_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvix::testing {
+namespace {
+
+using search::SplitSearchFor;
+using ::testing::ElementsAre;
+
+std::vector<std::string> Strings(std::string_view text) {
+    return SplitSearchFor(text).strings;
+}
+
+bool MayOverlap(std::string_view text) {
+    return SplitSearchFor(text).blnNotExclusive;
+}
+
+TEST(SplitSearchFor, AnEmptyTextSearchesEverything) {
+    EXPECT_THAT(Strings(""), ElementsAre("*"));
+}
+
+TEST(SplitSearchFor, BarsAloneSearchEverything) {
+    EXPECT_THAT(Strings("||"), ElementsAre("*"));
+}
+
+TEST(SplitSearchFor, APlainWordIsWrappedInStars) {
+    EXPECT_THAT(Strings("mp3"), ElementsAre("*mp3*"));
+}
+
+TEST(SplitSearchFor, AWordWithADotAStarOrAQuestionMarkStaysAsTyped) {
+    EXPECT_THAT(Strings(".mp3|a*b|a?c"), ElementsAre(".mp3", "a*b", "a?c"));
+}
+
+TEST(SplitSearchFor, BracketsAndNumberSignsDoNotKeepAWordFromBeingWrapped) {
+    EXPECT_THAT(Strings("[live]|#1"), ElementsAre("*[live]*", "*#1*"));
+}
+
+TEST(SplitSearchFor, ATrailingBarAndADoubleBarLoseTheEmptyPiece) {
+    EXPECT_THAT(Strings("*.a|*.b|"), ElementsAre("*.a", "*.b"));
+    EXPECT_THAT(Strings("*.a||*.b"), ElementsAre("*.a", "*.b"));
+    EXPECT_THAT(Strings("|*.a"), ElementsAre("*.a"));
+}
+
+TEST(SplitSearchFor, AtMostNinetyNineStringsAreTaken) {
+    std::string text;
+    for (int i = 0; i < 120; ++i) {
+        text += "*." + std::to_string(i) + "|";
+    }
+    const auto strings = Strings(text);
+    ASSERT_EQ(strings.size(), 99U);
+    EXPECT_EQ(strings.back(), "*.98");
+}
+
+TEST(SplitSearchFor, TwoPlainWordsMayOverlap) {
+    EXPECT_TRUE(MayOverlap("red|blue"));
+}
+
+TEST(SplitSearchFor, TwoExtensionsWithALeadingStarDoNot) {
+    EXPECT_FALSE(MayOverlap("*.mp3|*.flac"));
+}
+
+TEST(SplitSearchFor, FormsThatMayOverlap) {
+    EXPECT_TRUE(MayOverlap("red|*.mp3")) << "both ends and ends-with";
+    EXPECT_TRUE(MayOverlap("red|a.*")) << "both ends and begins-with";
+    EXPECT_TRUE(MayOverlap("a.*|*.mp3")) << "begins-with and ends-with";
+    EXPECT_TRUE(MayOverlap("*a.b*|blue")) << "typed stars at both ends count as wrapped";
+}
+
+TEST(SplitSearchFor, FormsThatMayNot) {
+    EXPECT_FALSE(MayOverlap("red"));
+    EXPECT_FALSE(MayOverlap("a.*|b.*"));
+    EXPECT_FALSE(MayOverlap("a.txt|b.txt"));
+    EXPECT_FALSE(MayOverlap("red|a.txt"));
+    EXPECT_FALSE(MayOverlap("a*b|*.mp3")) << "a star inside is no form of its own";
+}
+
+TEST(SplitSearchFor, OnlyTheLastPieceCanNameARecycleFolder) {
+    EXPECT_TRUE(SplitSearchFor("*.txt|$ReCyCle.bin").blnRecycleAllowed);
+    EXPECT_FALSE(SplitSearchFor("recycler|*.txt").blnRecycleAllowed);
+}
+
+class SearchStrings : public ProgramFixture {
+  protected:
+    SearchStrings() {
+        Disk().AddFile("C:\\t\\red apple.txt");
+        Disk().AddFile("C:\\t\\blue.txt");
+    }
+    static constexpr const char* kQuestion =
+        "Search strings may not be mutually exclusive\r\nWould you like to cancel?";
+    static constexpr const char* kTurnOff =
+        "Turning off NOT selection. It is not allowed with multiple search strings.";
+};
+
+TEST_F(SearchStrings, TwoPlainWordsAskWhetherToCancelWithNoAsTheDefault) {
+    Start();
+    Search("red|blue", "C:\\t");
+    ASSERT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records()[0].text, kQuestion);
+    EXPECT_EQ(prompts.Records()[0].style, 292);
+    EXPECT_THAT(Names(), ElementsAre("red apple.txt", "blue.txt"));
+}
+
+TEST_F(SearchStrings, YesCancelsTheSearch) {
+    Start();
+    prompts.Queue("Yes");
+    Search("red|blue", "C:\\t");
+    EXPECT_EQ(program.Rows().Count(), 0U);
+    EXPECT_EQ(Form().lblStatus.Caption.Get(), "Search stopped prematurely");
+    EXPECT_EQ(LogText().find("Start portion"), std::string::npos);
+}
+
+TEST_F(SearchStrings, TwoExtensionsDoNotAsk) {
+    Start();
+    Search("*.txt|*.mp3", "C:\\t");
+    EXPECT_TRUE(prompts.Records().empty());
+}
+
+TEST_F(SearchStrings, ABatchIsNotAsked) {
+    for (const char* action :
+         {"Automated Playlist Gen", "Automated Move", "Automated Playlist Gen Full"}) {
+        lifecycle::Program batch(machine.platform, prompts);
+        batch.Start("");
+        batch.Session().state.strAction = action;
+        search::ParseSearchFor(batch.Session(), "red|blue");
+        EXPECT_TRUE(prompts.Records().empty()) << action;
+        EXPECT_TRUE(batch.Session().state.blnNotExclusive);
+    }
+}
+
+TEST_F(SearchStrings, SeveralStringsSwitchNotOffAndSaySo) {
+    Start();
+    Set(Form().chkNot, "1");
+    Search("*.txt|*.mp3", "C:\\t");
+    EXPECT_TRUE(WasTold(kTurnOff));
+    EXPECT_EQ(Form().chkNot.Value.Get(), 0);
+    EXPECT_FALSE(Form().chkNot.Visible);
+    EXPECT_EQ(program.Rows().Count(), 2U);
+}
+
+TEST_F(SearchStrings, SeveralStringsWithoutNotHideItSilently) {
+    Start();
+    Search("*.txt|*.mp3", "C:\\t");
+    EXPECT_FALSE(WasTold(kTurnOff));
+    EXPECT_FALSE(Form().chkNot.Visible);
+}
+
+TEST_F(SearchStrings, OneStringShowsNotAgain) {
+    Start();
+    Search("*.txt|*.mp3", "C:\\t");
+    Search("*.txt", "C:\\t");
+    EXPECT_TRUE(Form().chkNot.Visible);
+}
+
+TEST_F(SearchStrings, ASearchWithLikeCharactersDoesNotShowNotAgain) {
+    Start();
+    Search("*.txt|*.mp3", "C:\\t");
+    for (const char* text : {"*[a].txt", "#.txt"}) {
+        Search(text, "C:\\t");
+        EXPECT_FALSE(Form().chkNot.Visible) << text;
+    }
+}
+
+TEST_F(SearchStrings, AStandingEntryLosesItsLeadingBlanks) {
+    Disk().AddFile("C:\\t\\l.lnk");
+    Start();
+    Search("  *.lnk", "C:\\t");
+    EXPECT_EQ(Form().cmbSearchFor.Text.Get(), "*.lnk");
+    EXPECT_THAT(Names(), ElementsAre("l.lnk"));
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/linux/copy_run.h"
+#include "platform/linux/errno_failure.h"
+
+#include <sys/stat.h>
+
+namespace tarvix::platform {
+
+// Copies all bytes of an open file into a new, empty one: shared blocks where the file system can,
+// else by the kernel, else by reading and writing. Holes stay holes. `st` are the source's facts.
+// ECANCELED when the observer wants no more.
+Sys<void> CopyContent(int in, int out, const struct statx& st, CopyRun& run);
+
+// Owner where permitted, extended attributes, access lists, mode and times from one open file or
+// folder to another; what can't be held there is passed over.
+void CopyMetadata(int in, int out, const struct statx& st);
+
+} // namespace tarvix::platform

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace tarvix::platform {
+
+// The roads that a copy or move may take; a test closes some to force the next one.
+struct CopyRoads {
+    bool unnamedParts = true;    // parts without a name until they are whole
+    bool clones = true;          // sharing blocks with the source
+    bool kernelCopies = true;    // copying inside the kernel
+    bool renameNoReplace = true; // renaming that never replaces
+    bool links = true;           // hard links
+};
+
+// One call of CopyFile, CopyFolder or MoveFile: what its parts share.
+class CopyRun {
+  public:
+    CopyRun(const CopyObserver& observer, CopyRoads openRoads, bool mayOverwrite)
+        : roads(openRoads), overwrite(mayOverwrite), observer_(observer) {}
+
+    const CopyRoads roads;
+    const bool overwrite;
+    bool sync = false; // bring each file to the disk before it gets its name
+
+    bool IsObserved() const { return static_cast<bool>(observer_); }
+    void SetTotal(std::uint64_t bytes) { total_ = bytes; }
+
+    // Each gives false when the observer wants no more. `path` must live until the next Begin.
+    bool Begin(std::string_view path) {
+        path_ = path;
+        return Tell();
+    }
+    bool Add(std::uint64_t bytes) {
+        done_ += bytes;
+        return Tell();
+    }
+
+  private:
+    bool Tell() const { return !observer_ || observer_({path_, done_, total_}); }
+
+    const CopyObserver& observer_;
+    std::string_view path_;
+    std::uint64_t done_ = 0;
+    std::uint64_t total_ = 0;
+};
+
+} // namespace tarvix::platform

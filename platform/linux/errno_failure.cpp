@@ -1,0 +1,66 @@
+#include "platform/linux/errno_failure.h"
+
+#include "platform/names.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace tarvix::platform {
+
+namespace {
+struct Row {
+    int error;
+    int number;
+};
+
+constexpr std::array<Row, 33> kNumbers{{
+    {ENOENT, kFileNotFound},       {ENOTDIR, kPathNotFound},     {EACCES, kPermissionDenied},
+    {EPERM, kPermissionDenied},    {EROFS, kPermissionDenied},   {EBUSY, kPermissionDenied},
+    {ETXTBSY, kPermissionDenied},  {EXDEV, kPermissionDenied},   {EEXIST, kAlreadyExists},
+    {ENOTEMPTY, kPathFileAccess},  {EISDIR, kPathFileAccess},    {EMLINK, kPathFileAccess},
+    {EFBIG, kPathFileAccess},      {ENAMETOOLONG, kBadFileName}, {EILSEQ, kBadFileName},
+    {EINVAL, kBadFileName},        {ELOOP, kBadFileName},        {ENXIO, kBadFileName},
+    {ENOSPC, kDiskFull},           {EDQUOT, kDiskFull},          {EMFILE, kTooManyFiles},
+    {ENFILE, kTooManyFiles},       {EINTR, kInterrupted},        {ECANCELED, kInterrupted},
+    {EIO, kDeviceError},           {ENOMEDIUM, kDiskNotReady},   {ENODEV, kDiskNotReady},
+    {ENOTCONN, kDiskNotReady},     {ESTALE, kDiskNotReady},      {EHOSTDOWN, kDiskNotReady},
+    {EHOSTUNREACH, kDiskNotReady}, {ETIMEDOUT, kDiskNotReady},   {ESHUTDOWN, kDiskNotReady},
+}};
+
+std::string Sentence(int number, int error, std::string_view path) {
+    const std::string shown = ForDisplay(path);
+    switch (number) {
+    case kFileNotFound:
+        return shown + " is not there.";
+    case kPathNotFound:
+        return "The folder of " + shown + " is not there.";
+    case kDiskFull:
+        return "There is no space left on the drive that holds " + shown + ".";
+    case kAlreadyExists:
+        return shown + " exists already.";
+    case kInterrupted:
+        return "The work on " + shown + " was stopped.";
+    default:
+        return shown + ": " + (error != 0 ? std::strerror(error) : ErrorText(number)) + ".";
+    }
+}
+} // namespace
+
+int NumberOfErrno(int error) {
+    for (const Row& row : kNumbers) {
+        if (row.error == error) return row.number;
+    }
+    return kPathFileAccess;
+}
+
+std::unexpected<PlatformError> FailureOf(int error, std::string_view path) {
+    const int number = NumberOfErrno(error);
+    return Failure(number, Sentence(number, error, path));
+}
+
+std::unexpected<PlatformError> FailureBy(int number, std::string_view path) {
+    return Failure(number, Sentence(number, 0, path));
+}
+
+} // namespace tarvix::platform

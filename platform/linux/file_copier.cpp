@@ -1,0 +1,125 @@
+#include "platform/linux/file_copier.h"
+
+#include "platform/linux/copy_content.h"
+#include "platform/linux/native_facts.h"
+#include "platform/linux/part_file.h"
+
+#include <climits>
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr unsigned kPlainPermissions = 0777;
+
+// Opens a file without changing its access date where that is allowed.
+Sys<UniqueFd> OpenSource(At at) {
+    constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
+    auto fd = OpenAt(at, kFlags | O_NOATIME);
+    if (!fd && fd.error() == EPERM) fd = OpenAt(at, kFlags);
+    return fd;
+}
+
+Sys<void> Synced(int fd) {
+    if (::fsync(fd) != 0) return std::unexpected(errno);
+    return {};
+}
+
+// A folder's own content is brought to the disk where that can be done at all.
+void SyncFolder(int folder) {
+    const auto fd = OpenAt({folder, "."}, O_RDONLY | O_DIRECTORY);
+    if (fd) ::fsync(fd->Get());
+}
+
+std::unexpected<PlatformError> TargetFailure(int error, std::string_view path) {
+    if (error == ENOENT) return FailureBy(kPathNotFound, path);
+    return FailureOf(error, path);
+}
+
+Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
+    const auto in = OpenSource(item.source);
+    if (!in) return FailureOf(in.error(), item.sourcePath);
+    const auto st = StatOf(in->Get());
+    if (!st) return FailureOf(st.error(), item.sourcePath);
+    if (!S_ISREG(st->stx_mode)) return FailureBy(kPathFileAccess, item.sourcePath);
+    auto part = PartFile::Create(item.targetFolder, st->stx_mode & kPlainPermissions, run.roads);
+    if (!part) return TargetFailure(part.error(), item.targetPath);
+    const auto copied = CopyContent(in->Get(), part->Fd(), *st, run);
+    if (!copied) return FailureOf(copied.error(), item.targetPath);
+    CopyMetadata(in->Get(), part->Fd(), *st);
+    if (run.sync) {
+        const auto synced = Synced(part->Fd());
+        if (!synced) return FailureOf(synced.error(), item.targetPath);
+    }
+    const auto named = part->Commit(item.targetName, run.overwrite);
+    if (!named) return TargetFailure(named.error(), item.targetPath);
+    return {};
+}
+
+Sys<std::string> LinkText(At at) {
+    std::string text(PATH_MAX, '\0');
+    const ssize_t length = ::readlinkat(at.folder, at.name, text.data(), text.size());
+    if (length < 0) return std::unexpected(errno);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+// A link is whole from the moment it is there.
+Sys<void> MakeLink(const std::string& text, int folder, const char* name, bool overwrite) {
+    if (::symlinkat(text.c_str(), folder, name) == 0) return {};
+    if (errno != EEXIST || !overwrite) return std::unexpected(errno);
+    const std::string temporary = TemporaryName();
+    if (::symlinkat(text.c_str(), folder, temporary.c_str()) != 0) return std::unexpected(errno);
+    if (::renameat(folder, temporary.c_str(), folder, name) == 0) return {};
+    const int error = errno;
+    ::unlinkat(folder, temporary.c_str(), 0);
+    return std::unexpected(error);
+}
+
+void KeepLinkFacts(const struct statx& st, int folder, const char* name) {
+    // What can't be held there is no failure.
+    if (::fchownat(folder, name, st.stx_uid, st.stx_gid, AT_SYMLINK_NOFOLLOW) != 0) errno = 0;
+    const std::array<timespec, 2> times{
+        {{st.stx_atime.tv_sec, st.stx_atime.tv_nsec}, {st.stx_mtime.tv_sec, st.stx_mtime.tv_nsec}}};
+    ::utimensat(folder, name, times.data(), AT_SYMLINK_NOFOLLOW);
+}
+
+Result<void> CopyLink(const CopyItem& item, CopyRun& run) {
+    const auto text = LinkText(item.source);
+    if (!text) return FailureOf(text.error(), item.sourcePath);
+    const auto made = MakeLink(*text, item.targetFolder, item.targetName, run.overwrite);
+    if (!made) return TargetFailure(made.error(), item.targetPath);
+    KeepLinkFacts(item.st, item.targetFolder, item.targetName);
+    return {};
+}
+} // namespace
+
+Result<void> CheckReplace(const struct statx& source, const struct statx& existing,
+                          bool leadsToFolder, bool overwrite, std::string_view path) {
+    if (!overwrite) return FailureOf(EEXIST, path);
+    if (leadsToFolder || IsSpecial(existing) || IsSameObject(source, existing)) {
+        return FailureBy(kPathFileAccess, path);
+    }
+    if (IsReadOnly(existing)) return FailureBy(kPermissionDenied, path);
+    return {};
+}
+
+Result<void> CopyObject(const CopyItem& item, CopyRun& run) {
+    if (IsSpecial(item.st)) return FailureBy(kPathFileAccess, item.sourcePath);
+    if (!run.Begin(item.sourcePath)) return FailureBy(kInterrupted, item.sourcePath);
+    auto copied = S_ISLNK(item.st.stx_mode) ? CopyLink(item, run) : CopyRegular(item, run);
+    if (copied && run.sync) SyncFolder(item.targetFolder);
+    return copied;
+}
+
+bool IsUnchanged(const struct statx& before, At source) {
+    const auto now = StatOf(source);
+    return now && IsSameObject(before, *now) && before.stx_size == now->stx_size &&
+           TimeOf(before.stx_mtime) == TimeOf(now->stx_mtime);
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/linux/copy_run.h"
+#include "platform/linux/system_calls.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+
+namespace tarvix::platform {
+
+// One file, link or special file to copy. Drive paths are for messages and the observer.
+struct CopyItem {
+    At source;
+    const struct statx& st; // of the source
+    std::string_view sourcePath;
+    int targetFolder; // stays open
+    const char* targetName;
+    std::string_view targetPath;
+};
+
+// Whether an object may be put where `existing` is: 58 without `overwrite`; with it 75 for folders,
+// links to them, special files and the object itself, 70 for read-only ones.
+Result<void> CheckReplace(const struct statx& source, const struct statx& existing,
+                          bool leadsToFolder, bool overwrite, std::string_view path);
+
+// Copies a file or link, in one step as others see it. 75 for special files; 58 when the name is
+// taken and the run doesn't overwrite. On failure nothing new is left.
+Result<void> CopyObject(const CopyItem& item, CopyRun& run);
+
+// Whether a source is still as it was when it was opened.
+bool IsUnchanged(const struct statx& before, At source);
+
+} // namespace tarvix::platform

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/linux/copy_run.h"
+#include "platform/linux/drive_table.h"
+#include "platform/linux/folder_stack.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvix::platform {
+
+// Copies one folder with all that is in it, depth first, without recursion. Names inside are taken
+// as the disk has them, so that names which can't be drive paths are copied too.
+class FolderCopier {
+  public:
+    // The paths are drive paths, for messages and the observer.
+    FolderCopier(CopyRun& run, const DriveTable& drives, std::string_view from, std::string_view to)
+        : run_(run), drives_(drives), from_(from), to_(to) {}
+
+    // `madeTarget` tells that the target folder is new and shall get the source's mode and times.
+    // 75, after all else was copied, when special files or mounts of others were skipped.
+    Result<void> Copy(UniqueFd source, UniqueFd target, bool madeTarget);
+
+  private:
+    struct Level {
+        FolderNames names;
+        std::size_t fromLength;
+        std::size_t toLength;
+        bool isNew;
+    };
+
+    Result<void> CopyContents();
+    Result<void> CopyChild(const FolderNames::Item& item);
+    Result<void> CopyFile(const FolderNames::Item& item);
+    Result<void> CopySubfolder(const FolderNames::Item& item);
+    Result<bool> MakeFolder(const char* name);
+    Result<void> CheckFile(const struct statx& source, const char* name);
+    Result<void> PushLevel(bool isNew);
+    Result<void> PopLevel();
+
+    CopyRun& run_;
+    const DriveTable& drives_;
+    std::string from_;
+    std::string to_;
+    FolderStack sources_;
+    FolderStack targets_;
+    std::vector<Level> levels_;
+    bool hasSkipped_ = false;
+};
+
+// The bytes of all files in a folder, as far as they can be seen.
+std::uint64_t SizeOfTree(UniqueFd folder, const DriveTable& drives);
+
+// Whether an open folder is `outer` or lies in it.
+bool IsWithin(int folder, const struct statx& outer);
+
+} // namespace tarvix::platform

@@ -1,0 +1,73 @@
+#include "platform/linux/folder_stack.h"
+
+#include "platform/linux/folder_reader.h"
+
+#include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::size_t kMostOpen = 100;
+constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
+
+unsigned char TypeFromMode(unsigned mode) {
+    return static_cast<unsigned char>((mode & S_IFMT) >> 12);
+}
+} // namespace
+
+Sys<void> FolderStack::Begin(UniqueFd fd) {
+    const auto st = StatOf(fd.Get());
+    if (!st) return std::unexpected(st.error());
+    levels_.push_back({std::move(fd), *st});
+    return {};
+}
+
+Sys<void> FolderStack::Enter(const char* name) {
+    auto fd = OpenAt({Top(), name}, kFlags);
+    if (!fd) return std::unexpected(fd.error());
+    if (auto begun = Begin(std::move(*fd)); !begun) return begun;
+    if (levels_.size() > kMostOpen) levels_[levels_.size() - 1 - kMostOpen].fd.Reset();
+    return {};
+}
+
+Sys<void> FolderStack::Leave() {
+    if (levels_.size() > 1 && !levels_[levels_.size() - 2].fd) {
+        auto outer = OpenAt({Top(), ".."}, kFlags);
+        if (!outer) return std::unexpected(outer.error());
+        const auto st = StatOf(outer->Get());
+        if (!st) return std::unexpected(st.error());
+        if (!IsSameObject(*st, OuterFacts())) return std::unexpected(ENOENT);
+        levels_[levels_.size() - 2].fd = std::move(*outer);
+    }
+    levels_.pop_back();
+    return {};
+}
+
+Sys<FolderNames> FolderNames::Read(int fd) {
+    FolderNames names;
+    FolderReader reader(fd);
+    FolderReader::Entry entry{};
+    while (reader.Next(entry)) {
+        unsigned char type = entry.type;
+        if (type == DT_UNKNOWN) {
+            const auto st = StatOf(At{fd, entry.name.data()});
+            if (!st) continue;
+            type = TypeFromMode(st->stx_mode);
+        }
+        names.records_.push_back({names.names_.size(), type});
+        names.names_ += entry.name;
+        names.names_ += '\0';
+    }
+    if (reader.Error() != 0) return std::unexpected(reader.Error());
+    return names;
+}
+
+FolderNames::Item FolderNames::Next() {
+    if (next_ == records_.size()) return {nullptr, 0};
+    const Record& record = records_[next_++];
+    return {names_.c_str() + record.offset, record.type};
+}
+
+} // namespace tarvix::platform

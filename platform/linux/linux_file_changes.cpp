@@ -1,0 +1,110 @@
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/native_facts.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr unsigned kPermissions = 07777;
+constexpr unsigned kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+
+unsigned ModeWith(unsigned mode, std::uint32_t attributes) {
+    mode &= kPermissions;
+    return (attributes & kReadOnly) != 0 ? mode & ~kAnyWrite : mode | S_IWUSR;
+}
+
+// Only where a file system keeps such attributes.
+void SetDosAttributes(const Place& place, At at, std::uint32_t attributes) {
+    const DosAttributes kind = place.drives->DosAttributesAt(DeviceOf(*place.st));
+    if (kind == DosAttributes::kNone) return;
+    const auto fd = OpenAt(at, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (fd) WriteDosAttributes(kind, fd->Get(), attributes);
+}
+
+Sys<void> SetMode(At at, unsigned mode) {
+    if (::fchmodat(at.folder, at.name, mode, 0) != 0) return std::unexpected(errno);
+    return {};
+}
+
+Sys<void> Unlink(At at, int flags = 0) {
+    if (::unlinkat(at.folder, at.name, flags) != 0) return std::unexpected(errno);
+    return {};
+}
+
+// Some file systems keep a read-only file from being deleted; its mark is put back if it stays.
+Sys<void> UnlinkReadOnly(At at, unsigned mode) {
+    auto gone = Unlink(at);
+    if (gone || (gone.error() != EACCES && gone.error() != EPERM)) return gone;
+    if (!SetMode(at, (mode & kPermissions) | S_IWUSR)) return gone;
+    gone = Unlink(at);
+    if (!gone) static_cast<void>(SetMode(at, mode & kPermissions));
+    return gone;
+}
+} // namespace
+
+Result<void> LinuxFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+    const auto place = resolver_.Existing(path);
+    if (!place) return std::unexpected(place.error());
+    if (S_ISLNK(place->st->stx_mode)) return {};
+    const auto location = Locate(place->native);
+    if (!location) return FailureOf(location.error(), path);
+    if (!IsSpecial(*place->st)) SetDosAttributes(*place, *location, attributes);
+    const unsigned mode = ModeWith(place->st->stx_mode, attributes);
+    const bool isWritable = (place->st->stx_mode & S_IWUSR) != 0;
+    const bool shallBeWritable = (mode & S_IWUSR) != 0;
+    if (isWritable == shallBeWritable) return {};
+    const auto set = SetMode(*location, mode);
+    if (!set && set.error() != EOPNOTSUPP) return FailureOf(set.error(), path);
+    return {};
+}
+
+Result<void> LinuxFileSystem::DeleteFile(std::string_view path, bool force) {
+    const auto place = resolver_.File(path);
+    if (!place) return std::unexpected(place.error());
+    const bool isReadOnly = IsReadOnly(*place->st);
+    if (isReadOnly && !force) return FailureBy(kPermissionDenied, path);
+    const auto location = Locate(place->native);
+    if (!location) return FailureOf(location.error(), path);
+    const auto gone =
+        isReadOnly ? UnlinkReadOnly(*location, place->st->stx_mode) : Unlink(*location);
+    if (!gone) return FailureOf(gone.error(), path);
+    NoteGone(*place);
+    return {};
+}
+
+Result<void> LinuxFileSystem::RemoveFolder(std::string_view path) {
+    const auto place = resolver_.Folder(path);
+    if (!place) return std::unexpected(place.error());
+    if (!S_ISDIR(place->st->stx_mode) || place->IsRoot()) {
+        return FailureBy(kPathFileAccess, path);
+    }
+    const auto location = Locate(place->native);
+    if (!location) return FailureOf(location.error(), path);
+    const auto gone = Unlink(*location, AT_REMOVEDIR);
+    if (!gone && gone.error() == EEXIST) return FailureBy(kPathFileAccess, path);
+    if (!gone) return FailureOf(gone.error(), path);
+    names_.Forget(place->native);
+    NoteGone(*place);
+    return {};
+}
+
+Result<void> LinuxFileSystem::CreateFolder(std::string_view path) {
+    const auto place = resolver_.Target(path);
+    if (!place) return std::unexpected(place.error());
+    if (place->Exists()) return FailureBy(kPathFileAccess, path);
+    const auto location = Locate(place->native);
+    if (!location) return FailureOf(location.error(), path);
+    const At at = *location;
+    if (::mkdirat(at.folder, at.name, 0777) != 0) {
+        if (errno == EEXIST) return FailureBy(kPathFileAccess, path);
+        if (errno == ENOENT) return FailureBy(kPathNotFound, path);
+        return FailureOf(errno, path);
+    }
+    NoteMade(*place);
+    return {};
+}
+
+} // namespace tarvix::platform

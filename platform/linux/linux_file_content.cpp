@@ -1,0 +1,106 @@
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_text_stream.h"
+#include "platform/linux/native_facts.h"
+#include "text/encoding.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvix::platform {
+
+namespace {
+// A list or playlist larger than this is none.
+constexpr std::size_t kTextLimit = std::size_t{1} << 30;
+constexpr std::size_t kReadStep = 1 << 20;
+
+int FlagsOf(OpenMode mode) {
+    switch (mode) {
+    case OpenMode::kWrite:
+        return O_WRONLY | O_TRUNC;
+    case OpenMode::kAppend:
+        return O_WRONLY | O_APPEND;
+    default:
+        return O_RDONLY;
+    }
+}
+
+Result<UniqueFd> OpenForBytes(const Place& place, int flags, std::string_view path) {
+    const auto location = Locate(place.native);
+    if (!location) return FailureOf(location.error(), path);
+    auto fd = OpenAt(*location, flags | O_NONBLOCK | O_NOCTTY);
+    if (!fd) return FailureOf(fd.error(), path);
+    return std::move(*fd);
+}
+
+Sys<std::string> ReadPart(int fd, std::uint64_t offset, std::size_t count) {
+    std::string out;
+    while (out.size() < count) {
+        const std::size_t used = out.size();
+        const std::size_t step = std::min(count - used, kReadStep);
+        out.resize(used + step);
+        const ssize_t got = ::pread(fd, out.data() + used, step, static_cast<off_t>(offset + used));
+        if (got < 0 && errno != EINTR) return std::unexpected(errno);
+        out.resize(used + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) break;
+    }
+    return out;
+}
+} // namespace
+
+Result<Place> LinuxFileSystem::FileForBytes(std::string_view path, bool toWrite) {
+    auto place = resolver_.File(path);
+    if (!place) return place;
+    const auto behind = StatBehindPath(place->native);
+    if (!behind) return FailureOf(behind.error(), path);
+    if (S_ISDIR(behind->stx_mode)) return FailureBy(kFileNotFound, path);
+    if (!S_ISREG(behind->stx_mode)) return FailureBy(kBadFileName, path);
+    if (toWrite && IsReadOnly(*behind)) return FailureBy(kPermissionDenied, path);
+    return place;
+}
+
+Result<std::string> LinuxFileSystem::ReadBytes(std::string_view path, std::uint64_t offset,
+                                               std::size_t count) {
+    const auto place = FileForBytes(path, false);
+    if (!place) return std::unexpected(place.error());
+    const auto fd = OpenForBytes(*place, O_RDONLY, path);
+    if (!fd) return std::unexpected(fd.error());
+    if (offset > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()) - count) return {};
+    auto bytes = ReadPart(fd->Get(), offset, count);
+    if (!bytes) return FailureOf(bytes.error(), path);
+    return std::move(*bytes);
+}
+
+Result<std::unique_ptr<TextStream>> LinuxFileSystem::CreateTextFile(std::string_view path,
+                                                                    bool overwrite) {
+    const auto place = resolver_.Target(path);
+    if (!place) return std::unexpected(place.error());
+    if (place->Exists()) {
+        if (!overwrite) return FailureBy(kAlreadyExists, path);
+        if (LeadsToFolder(*place)) return FailureBy(kPathFileAccess, path);
+        return OpenAsTextStream(path, OpenMode::kWrite);
+    }
+    const auto location = Locate(place->native);
+    if (!location) return FailureOf(location.error(), path);
+    auto fd = OpenAt(*location, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
+    if (!fd) return FailureOf(fd.error(), path);
+    NoteMade(*place);
+    return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
+}
+
+Result<std::unique_ptr<TextStream>> LinuxFileSystem::OpenAsTextStream(std::string_view path,
+                                                                      OpenMode mode) {
+    const auto place = FileForBytes(path, mode != OpenMode::kRead);
+    if (!place) return std::unexpected(place.error());
+    auto fd = OpenForBytes(*place, FlagsOf(mode), path);
+    if (!fd) return std::unexpected(fd.error());
+    if (mode != OpenMode::kRead) {
+        return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
+    }
+    const auto bytes = ReadAll(fd->Get(), kTextLimit);
+    if (!bytes) return FailureOf(bytes.error(), path);
+    return std::make_unique<LinuxTextReader>(text::FromFileBytes(*bytes), std::string(path));
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,106 @@
+#include "platform/linux/file_copier.h"
+#include "platform/linux/folder_copier.h"
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/native_facts.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvix::platform {
+
+namespace {
+Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path) {
+    const std::string folder = place.Folder();
+    const auto location = Locate(folder);
+    auto fd = location ? OpenAt(*location, O_PATH | O_DIRECTORY)
+                       : Sys<UniqueFd>(std::unexpected(location.error()));
+    if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
+    if (!fd) return FailureOf(fd.error(), path);
+    return std::move(*fd);
+}
+
+Sys<UniqueFd> OpenItself(const Place& place) {
+    const auto location = Locate(place.native);
+    if (!location) return std::unexpected(location.error());
+    return OpenAt(*location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+}
+
+bool IsFolder(const Place& place) {
+    return place.Exists() && S_ISDIR(place.st->stx_mode);
+}
+
+// What a folder copy goes into: the folder that is there, or else the one around it.
+Result<UniqueFd> OpenNearest(const Place& target, std::string_view path) {
+    if (!IsFolder(target)) return OpenFolderOf(target, path);
+    auto itself = OpenItself(target);
+    if (!itself) return FailureOf(itself.error(), path);
+    return std::move(*itself);
+}
+
+Result<UniqueFd> MakeTarget(int outer, const Place& target, std::string_view path) {
+    const std::string name(target.NativeName());
+    if (::mkdirat(outer, name.c_str(), 0700) != 0) return FailureOf(errno, path);
+    auto made = OpenAt({outer, name.c_str()}, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    if (!made) return FailureOf(made.error(), path);
+    return std::move(*made);
+}
+} // namespace
+
+Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view to, bool overwrite,
+                                       const CopyObserver& observer) {
+    const auto source = resolver_.File(from);
+    if (!source) return std::unexpected(source.error());
+    if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from);
+    const auto target = resolver_.Target(to);
+    if (!target) return std::unexpected(target.error());
+    if (target->Exists()) {
+        auto can = CheckReplace(*source->st, *target->st, LeadsToFolder(*target), overwrite, to);
+        if (!can) return can;
+    }
+    CopyRun run(observer, roads_, overwrite);
+    return CopyOne(*source, *target, from, to, run);
+}
+
+Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view to, bool overwrite,
+                                         const CopyObserver& observer) {
+    const auto source = resolver_.Folder(from);
+    if (!source) return std::unexpected(source.error());
+    if (!S_ISDIR(source->st->stx_mode)) return CopyFile(from, to, overwrite, observer);
+    const auto target = resolver_.Target(to);
+    if (!target) return std::unexpected(target.error());
+    auto nearest = OpenNearest(*target, to);
+    if (!nearest) return std::unexpected(nearest.error());
+    if (IsWithin(nearest->Get(), *source->st)) return FailureBy(kPathFileAccess, to);
+    if (target->Exists() && !IsFolder(*target)) {
+        return FailureBy(overwrite ? kPathFileAccess : kAlreadyExists, to);
+    }
+    auto in = OpenItself(*source);
+    if (!in) return FailureOf(in.error(), from);
+    auto out = target->Exists() ? std::move(nearest) : MakeTarget(nearest->Get(), *target, to);
+    if (!out) return std::unexpected(out.error());
+    NoteMade(*target);
+    names_.Forget(target->native);
+    CopyRun run(observer, roads_, overwrite);
+    if (run.IsObserved()) {
+        auto again = OpenItself(*source);
+        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source->drives));
+    }
+    FolderCopier copier(run, *source->drives, from, to);
+    return copier.Copy(std::move(*in), std::move(*out), !target->Exists());
+}
+
+Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,
+                                      std::string_view from, std::string_view to, CopyRun& run) {
+    const auto location = Locate(source.native);
+    if (!location) return FailureOf(location.error(), from);
+    const auto folder = OpenFolderOf(target, to);
+    if (!folder) return std::unexpected(folder.error());
+    if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
+    const std::string name(target.NativeName());
+    auto copied = CopyObject({*location, *source.st, from, folder->Get(), name.c_str(), to}, run);
+    if (copied && !target.Exists()) NoteMade(target);
+    return copied;
+}
+
+} // namespace tarvix::platform

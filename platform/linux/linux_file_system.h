@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/linux/copy_run.h"
+#include "platform/linux/drive_table.h"
+#include "platform/linux/name_cache.h"
+#include "platform/linux/path_resolver.h"
+
+#include <memory>
+
+namespace tarvix::platform {
+
+// The disks of this machine. Facts, listings and reading are safe from several threads; what
+// changes files is for one thread.
+class LinuxFileSystem : public FileSystem {
+  public:
+    explicit LinuxFileSystem(Mounts& mounts, CopyRoads roads = {})
+        : mounts_(mounts), resolver_(mounts, names_), roads_(roads) {}
+
+    Result<ObjectFacts> Facts(std::string_view path) override;
+    Result<std::string> TruePath(std::string_view path) override;
+    Result<std::string> ShortPath(std::string_view path) override;
+    Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
+    Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;
+    Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
+                          const CopyObserver& observer) override;
+    Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFile(std::string_view from, std::string_view to,
+                          const CopyObserver& observer) override;
+    Result<void> MoveFolder(std::string_view from, std::string_view to) override;
+    Result<void> DeleteFile(std::string_view path, bool force) override;
+    Result<void> RemoveFolder(std::string_view path) override;
+    Result<void> CreateFolder(std::string_view path) override;
+    Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
+                                  std::size_t count) override;
+    Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
+                                                       bool overwrite) override;
+    Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
+                                                         OpenMode mode) override;
+    std::vector<DriveInfo> Drives() override;
+    bool AllowsReadingThreads() const override { return true; }
+
+  private:
+    Result<Place> TruePlace(std::string_view path);
+    // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
+    Result<Place> FileForBytes(std::string_view path, bool toWrite);
+    Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
+                         std::string_view to, CopyRun& run);
+    Sys<void> Rename(const Place& source, const Place& target);
+    Result<void> MoveAcross(const Place& source, const Place& target, std::string_view from,
+                            std::string_view to, const CopyObserver& observer);
+    void NoteMade(const Place& place);
+    void NoteGone(const Place& place);
+
+    Mounts& mounts_;
+    NameCache names_;
+    PathResolver resolver_;
+    CopyRoads roads_;
+};
+
+} // namespace tarvix::platform

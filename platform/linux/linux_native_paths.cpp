@@ -1,0 +1,86 @@
+#include "platform/linux/linux_native_paths.h"
+
+#include "platform/drive_path.h"
+#include "platform/names.h"
+#include "text/case.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::string_view kFileScheme = "file://";
+
+bool IsFileAddress(std::string_view text) {
+    return text.size() >= kFileScheme.size() &&
+           text::EqualNoCase(text.substr(0, kFileScheme.size()), kFileScheme);
+}
+
+struct GlibFree {
+    void operator()(char* text) const { g_free(text); }
+};
+
+// The path in an address of this machine.
+std::optional<std::string> PathOfAddress(const std::string& address) {
+    char* host = nullptr;
+    const std::unique_ptr<char, GlibFree> path(
+        g_filename_from_uri(address.c_str(), &host, nullptr));
+    const std::unique_ptr<char, GlibFree> heldHost(host);
+    const std::string_view hostName = host == nullptr ? "" : host;
+    if (path == nullptr || !(hostName.empty() || hostName == "localhost")) return std::nullopt;
+    return std::string(path.get());
+}
+} // namespace
+
+std::string CleanNativePath(std::string_view path) {
+    std::string out;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('/'), path.size());
+        const std::string_view name = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (name.empty() || name == ".") continue;
+        if (name == "..") {
+            out.resize(out.empty() ? 0 : out.rfind('/'));
+            continue;
+        }
+        out += '/';
+        out += name;
+    }
+    return out.empty() ? "/" : out;
+}
+
+bool LinuxNativePaths::IsNative(std::string_view text) const {
+    return text.starts_with('/') || text == "~" || text.starts_with("~/") || IsFileAddress(text);
+}
+
+std::string LinuxNativePaths::ToDrive(std::string_view text) const {
+    if (!IsNative(text)) return std::string(text);
+    std::string path(text);
+    if (text.starts_with('~')) {
+        path = home_ + std::string(text.substr(1));
+    } else if (IsFileAddress(text)) {
+        auto decoded = PathOfAddress(path);
+        if (!decoded) return path;
+        path = std::move(*decoded);
+    }
+    return mounts_.Now()->ToDrive(CleanNativePath(path));
+}
+
+std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
+    const auto parsed = ParseDrivePath(drivePath);
+    if (!parsed) return {};
+    auto base = mounts_.Now()->BaseOf(*parsed);
+    if (!base) return {};
+    std::string out = std::move(base->folder);
+    for (std::size_t i = base->namesTaken; i < parsed->names.size(); ++i) {
+        out += '/';
+        out += NameToNative(parsed->names[i]);
+    }
+    return out.empty() ? "/" : out;
+}
+
+} // namespace tarvix::platform

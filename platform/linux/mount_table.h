@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::platform {
+
+// One line of the system's mount table.
+struct Mount {
+    std::string point;      // native path
+    std::string fileSystem; // "ext4", "fuse.sshfs", ...
+    std::string source;     // "/dev/sda1", "//server/share", "server:/export"
+    std::uint64_t device = 0;
+    bool isReadOnly = false;
+};
+
+// How the attributes of a disk operating system are reached on a kind of file system.
+enum class DosAttributes { kNone, kFat, kNtfs, kCifs };
+
+// Reads the text of /proc/self/mountinfo. Of several mounts on one point only the last, which hides
+// the others, is kept. Lines that can't be read are passed over.
+std::vector<Mount> ParseMountInfo(std::string_view text);
+
+// File systems that hold no files of anyone: proc, sysfs, cgroup ...
+bool IsPseudo(const Mount& mount);
+bool IsNetwork(const Mount& mount);
+bool IsOptical(const Mount& mount);
+// Whether names are found there in any case.
+bool FoldsCase(const Mount& mount);
+DosAttributes DosAttributesOf(const Mount& mount);
+
+// The UNC form of a network mount's source, "\\server\share\below"; empty for others.
+std::string UncOf(const Mount& mount);
+
+// Whether `path` is `folder` or lies below it, by text.
+bool IsAtOrBelow(std::string_view path, std::string_view folder);
+
+} // namespace tarvix::platform

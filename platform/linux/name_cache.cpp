@@ -1,0 +1,168 @@
+#include "platform/linux/name_cache.h"
+
+#include "platform/linux/folder_reader.h"
+#include "platform/linux/system_calls.h"
+#include "platform/names.h"
+#include "platform/short_names.h"
+#include "text/case.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::size_t kMostFolders = 48;
+constexpr std::size_t kMostNames = 400'000;
+// Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
+constexpr std::int64_t kDateStep = 20'000'000;
+constexpr std::int64_t kShare = 20; // reading again may take one part in so many of the time
+
+std::int64_t WallNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
+
+bool HasWholeSeconds(std::int64_t modified) {
+    return modified % 1'000'000'000 == 0;
+}
+} // namespace
+
+Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
+    const auto st = StatBehindPath(path);
+    if (!st) return std::unexpected(st.error());
+    if (!S_ISDIR(st->stx_mode)) return std::unexpected(ENOTDIR);
+    const std::int64_t modified = TimeOf(st->stx_mtime);
+    const auto found = folders_.find(path);
+    if (found == folders_.end()) return Read(path, modified);
+    Folder& folder = found->second;
+    const std::int64_t now = SteadyNow();
+    const bool isSame = folder.inode == st->stx_ino && folder.device == DeviceOf(*st);
+    const bool isDue = folder.hasOwnChange
+                           ? now - folder.readAt > std::max(kDateStep, kShare * folder.readCost)
+                           : folder.isFresh || folder.modified != modified;
+    if (!isSame || isDue) return Read(path, modified);
+    folder.usedAt = now;
+    return &folder;
+}
+
+Sys<NameCache::Folder*> NameCache::Read(const std::string& path, std::int64_t modified) {
+    const auto former = folders_.find(path);
+    const bool hadOwnChange = former != folders_.end() && former->second.hasOwnChange;
+    if (former != folders_.end()) folders_.erase(former);
+    const auto location = Locate(path);
+    if (!location) return std::unexpected(location.error());
+    const auto fd = OpenAt(*location, O_RDONLY | O_DIRECTORY);
+    if (!fd) return std::unexpected(fd.error());
+    const auto st = StatOf(fd->Get());
+    if (!st) return std::unexpected(st.error());
+    Folder folder;
+    folder.device = DeviceOf(*st);
+    folder.inode = st->stx_ino;
+    folder.modified = modified;
+    folder.readAt = SteadyNow();
+    const std::int64_t step = HasWholeSeconds(modified) ? 100 * kDateStep : kDateStep;
+    folder.isFresh = WallNow() - modified < step;
+    folder.hasOwnChange = hadOwnChange && folder.isFresh;
+    FolderReader reader(fd->Get());
+    FolderReader::Entry entry{};
+    while (reader.Next(entry))
+        Add(folder, entry.name);
+    if (reader.Error() != 0) return std::unexpected(reader.Error());
+    folder.usedAt = SteadyNow();
+    folder.readCost = folder.usedAt - folder.readAt;
+    MakeRoom();
+    return &folders_.insert_or_assign(path, std::move(folder)).first->second;
+}
+
+void NameCache::Add(Folder& folder, std::string_view nativeName) {
+    const std::string driveName = NameToDrive(nativeName);
+    const auto [entry, isNew] = folder.byUpper.try_emplace(text::Upper(driveName), nativeName);
+    if (!isNew) {
+        auto& others = folder.clashing;
+        const bool isKnown = entry->second == nativeName ||
+                             std::find(others.begin(), others.end(), nativeName) != others.end();
+        if (isKnown) return;
+        others.emplace_back(nativeName);
+        if (driveName < NameToDrive(entry->second)) entry->second.swap(others.back());
+    }
+    if (folder.byShort) AddShort(folder, nativeName);
+}
+
+void NameCache::AddShort(Folder& folder, std::string_view nativeName) {
+    const std::string made = text::Upper(ShortNameOf(NameToDrive(nativeName)));
+    const auto [entry, isNew] = folder.byShort->try_emplace(made, nativeName);
+    if (!isNew && entry->second != nativeName) entry->second.clear();
+}
+
+void NameCache::MakeRoom() {
+    std::size_t names = 0;
+    for (const auto& [path, folder] : folders_)
+        names += folder.byUpper.size();
+    while (folders_.size() >= kMostFolders || names > kMostNames) {
+        if (folders_.empty()) return;
+        const auto oldest =
+            std::min_element(folders_.begin(), folders_.end(), [](const auto& a, const auto& b) {
+                return a.second.usedAt < b.second.usedAt;
+            });
+        names -= oldest->second.byUpper.size();
+        folders_.erase(oldest);
+    }
+}
+
+const std::string* NameCache::FindShort(Folder& folder, std::string_view name) {
+    if (!folder.byShort) {
+        folder.byShort.emplace();
+        for (const auto& [upper, native] : folder.byUpper)
+            AddShort(folder, native);
+        for (const std::string& native : folder.clashing)
+            AddShort(folder, native);
+    }
+    const auto found = folder.byShort->find(text::Upper(name));
+    return found == folder.byShort->end() ? nullptr : &found->second;
+}
+
+Sys<std::optional<std::string>> NameCache::Find(const std::string& folder, std::string_view name) {
+    const std::scoped_lock lock(mutex_);
+    const auto valid = Valid(folder);
+    if (!valid) return std::unexpected(valid.error());
+    if (LooksLikeMadeShortName(name)) {
+        const std::string* const native = FindShort(**valid, name);
+        if (native != nullptr && native->empty()) return std::nullopt;
+        if (native != nullptr) return *native;
+    }
+    const auto found = (*valid)->byUpper.find(text::Upper(name));
+    if (found == (*valid)->byUpper.end()) return std::nullopt;
+    return found->second;
+}
+
+void NameCache::NoteAdded(std::string_view folder, std::string_view nativeName) {
+    const std::scoped_lock lock(mutex_);
+    const auto found = folders_.find(folder);
+    if (found == folders_.end()) return;
+    Add(found->second, nativeName);
+    found->second.hasOwnChange = true;
+}
+
+void NameCache::NoteRemoved(std::string_view folder, std::string_view nativeName) {
+    const std::scoped_lock lock(mutex_);
+    const auto found = folders_.find(folder);
+    if (found == folders_.end()) return;
+    if (!found->second.clashing.empty()) {
+        folders_.erase(found);
+        return;
+    }
+    found->second.byUpper.erase(text::Upper(NameToDrive(nativeName)));
+    found->second.byShort.reset();
+    found->second.hasOwnChange = true;
+}
+
+void NameCache::Forget(std::string_view folder) {
+    const std::scoped_lock lock(mutex_);
+    if (const auto found = folders_.find(folder); found != folders_.end()) folders_.erase(found);
+}
+
+} // namespace tarvix::platform

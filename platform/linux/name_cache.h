@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/linux/errno_failure.h"
+
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tarvix::platform {
+
+// Finds names in folders by their short form or without regard to case, so that not each miss reads
+// a whole folder. A folder's names are kept while its date stands; our own changes are told to it.
+// Changes that others make while we change a folder too are seen after a short while. Safe to use
+// from several threads.
+class NameCache {
+  public:
+    // The disk name that `name` (drive form) stands for: by made short form when just one has it,
+    // else the first in `Dir` order that is equal but for case. `folder` is an absolute native
+    // path. Errnos when the folder is missing or can't be read.
+    Sys<std::optional<std::string>> Find(const std::string& folder, std::string_view name);
+
+    // What this process did in a folder. Names are disk names.
+    void NoteAdded(std::string_view folder, std::string_view nativeName);
+    void NoteRemoved(std::string_view folder, std::string_view nativeName);
+    // Forgets what is kept of a folder.
+    void Forget(std::string_view folder);
+
+  private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>()(s);
+        }
+    };
+    template <class Value>
+    using Map = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
+
+    struct Folder {
+        std::uint64_t device = 0;
+        std::uint64_t inode = 0;
+        std::int64_t modified = 0;
+        bool isFresh = false; // changed so shortly before it was read that more may be hidden
+        bool hasOwnChange = false;
+        std::int64_t readAt = 0;
+        std::int64_t readCost = 0;
+        std::int64_t usedAt = 0;
+        Map<std::string> byUpper;          // upper-case drive form to disk name
+        std::vector<std::string> clashing; // disk names behind those in byUpper, but for case equal
+        std::optional<Map<std::string>> byShort; // "" where two names share a form
+    };
+
+    Sys<Folder*> Valid(const std::string& path);
+    Sys<Folder*> Read(const std::string& path, std::int64_t modified);
+    static void Add(Folder& folder, std::string_view nativeName);
+    static void AddShort(Folder& folder, std::string_view nativeName);
+    static const std::string* FindShort(Folder& folder, std::string_view name);
+    void MakeRoom();
+
+    std::mutex mutex_;
+    Map<Folder> folders_;
+};
+
+} // namespace tarvix::platform

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/linux/copy_run.h"
+#include "platform/linux/errno_failure.h"
+#include "platform/linux/system_calls.h"
+#include "platform/linux/unique_fd.h"
+
+#include <string>
+
+namespace tarvix::platform {
+
+// A new file without its name: written apart, then named in one step. Destroyed before that,
+// nothing of it is left. Where the file system can't hold nameless files it bears a hidden
+// temporary name.
+class PartFile {
+  public:
+    // The part will be named in `folder`, which must stay open. `mode` is what it may have at once
+    // where it has no name.
+    static Sys<PartFile> Create(int folder, unsigned mode, const CopyRoads& roads);
+
+    PartFile(PartFile&& other) noexcept;
+    PartFile& operator=(PartFile&&) = delete;
+    ~PartFile();
+
+    int Fd() const { return fd_.Get(); }
+    // Gives it its name and closes it. EEXIST when the name is taken and `overwrite` is false.
+    Sys<void> Commit(const char* name, bool overwrite);
+
+  private:
+    PartFile(int folder, UniqueFd fd, std::string temporary, const CopyRoads& roads)
+        : folder_(folder), fd_(std::move(fd)), temporary_(std::move(temporary)), roads_(roads) {}
+    Sys<void> NameUnnamed(const char* name, bool overwrite);
+
+    int folder_;
+    UniqueFd fd_;
+    std::string temporary_; // empty while it has no name at all
+    CopyRoads roads_;
+};
+
+// A name for something that shall not stay, new in this process.
+std::string TemporaryName();
+
+// Renames without ever replacing anything: EEXIST. Where the system can't do that in one step,
+// files are linked and unlinked, or a placeholder takes the new name first.
+Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads& roads);
+
+} // namespace tarvix::platform

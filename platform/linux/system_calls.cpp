@@ -1,0 +1,136 @@
+#include "platform/linux/system_calls.h"
+
+#include <climits>
+
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/sysmacros.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr unsigned kMask = STATX_BASIC_STATS | STATX_BTIME;
+constexpr int kFlags = AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT;
+constexpr std::size_t kSystemTextLimit = 16 << 20;
+
+Sys<struct statx> Stat(At at, int flags) {
+    struct statx st;
+    if (::statx(at.folder, at.name, kFlags | flags, kMask, &st) != 0) {
+        return std::unexpected(errno);
+    }
+    return st;
+}
+} // namespace
+
+Location::operator At() const {
+    return {folder ? folder.Get() : AT_FDCWD, name};
+}
+
+Sys<Location> Locate(const std::string& native) {
+    Location location{{}, native.empty() ? "/" : native.c_str()};
+    std::size_t begin = 0;
+    while (native.size() - begin >= PATH_MAX) {
+        const std::size_t slash = native.rfind('/', begin + PATH_MAX - 1);
+        if (slash == native.npos || slash <= begin) return std::unexpected(ENAMETOOLONG);
+        const std::string step = native.substr(begin, slash - begin);
+        const int from = location.folder ? location.folder.Get() : AT_FDCWD;
+        auto opened = OpenAt({from, step.c_str()}, O_PATH | O_DIRECTORY);
+        if (!opened) return std::unexpected(opened.error());
+        location.folder = std::move(*opened);
+        begin = slash + 1;
+        location.name = native.c_str() + begin;
+    }
+    return location;
+}
+
+Sys<struct statx> StatOf(At at) {
+    return Stat(at, AT_SYMLINK_NOFOLLOW);
+}
+
+Sys<struct statx> StatBehind(At at) {
+    return Stat(at, 0);
+}
+
+Sys<struct statx> StatOf(int fd) {
+    return Stat({fd, ""}, AT_EMPTY_PATH);
+}
+
+Sys<struct statx> StatOfPath(const std::string& native) {
+    const auto location = Locate(native);
+    if (!location) return std::unexpected(location.error());
+    return StatOf(At(*location));
+}
+
+Sys<struct statx> StatBehindPath(const std::string& native) {
+    const auto location = Locate(native);
+    if (!location) return std::unexpected(location.error());
+    return StatBehind(*location);
+}
+
+std::uint64_t DeviceOf(const struct statx& st) {
+    return makedev(st.stx_dev_major, st.stx_dev_minor);
+}
+
+bool IsSameObject(const struct statx& a, const struct statx& b) {
+    return a.stx_ino == b.stx_ino && DeviceOf(a) == DeviceOf(b);
+}
+
+FileTime TimeOf(const struct statx_timestamp& stamp) {
+    constexpr FileTime kSecond = 1'000'000'000;
+    FileTime seconds = 0;
+    FileTime time = 0;
+    if (__builtin_mul_overflow(stamp.tv_sec, kSecond, &seconds) ||
+        __builtin_add_overflow(seconds, FileTime{stamp.tv_nsec}, &time)) {
+        return kNoTime;
+    }
+    return time;
+}
+
+Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode) {
+    while (true) {
+        UniqueFd fd(::openat(at.folder, at.name, flags | O_CLOEXEC, mode));
+        if (fd) return fd;
+        if (errno != EINTR) return std::unexpected(errno);
+    }
+}
+
+Sys<std::string> ReadAll(int fd, std::size_t most) {
+    std::string out;
+    std::size_t used = 0;
+    while (true) {
+        if (out.size() - used < 4096) out.resize(out.size() * 2 + 65536);
+        const ssize_t got = ::read(fd, out.data() + used, out.size() - used);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return std::unexpected(errno);
+        if (got == 0) break;
+        used += static_cast<std::size_t>(got);
+        if (used > most) return std::unexpected(EFBIG);
+    }
+    out.resize(used);
+    return out;
+}
+
+Sys<void> WriteAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t put = ::write(fd, bytes.data(), bytes.size());
+        if (put < 0 && errno == EINTR) continue;
+        if (put < 0) return std::unexpected(errno);
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return {};
+}
+
+std::string ReadSystemText(const std::string& native) {
+    const auto fd = OpenAt({AT_FDCWD, native.c_str()}, O_RDONLY | O_NONBLOCK);
+    if (!fd) return {};
+    return ReadAll(fd->Get(), kSystemTextLimit).value_or(std::string());
+}
+
+std::int64_t SteadyNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
+
+} // namespace tarvix::platform

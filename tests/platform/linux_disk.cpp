@@ -1,0 +1,103 @@
+#include "tests/platform/linux_disk.h"
+
+namespace tarvix::platform {
+
+LinuxOptions LinuxDisk::Options(CopyRoads roads) {
+    LinuxOptions options;
+    options.extraDrives = {{'T', folder_.Path()}};
+    options.hasDesktop = false;
+    options.copyRoads = roads;
+    std::filesystem::create_directory(folder_.Path() + "/Test root");
+    return options;
+}
+
+std::string LinuxDisk::Native(std::string_view path) const {
+    std::string native = folder_.Path() + "/Test root";
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('\\'), path.size());
+        native += '/';
+        native += NameToNative(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return native;
+}
+
+void LinuxDisk::MakeFile(std::string_view path, std::string_view content) {
+    const std::string native = Native(path);
+    std::filesystem::create_directories(std::filesystem::path(native).parent_path());
+    std::ofstream(native, std::ios::binary) << content;
+}
+
+void LinuxDisk::MakeFolder(std::string_view path) {
+    std::filesystem::create_directories(Native(path));
+}
+
+void LinuxDisk::MakeLink(std::string_view path, std::string_view target) {
+    const std::string native = Native(path);
+    std::filesystem::create_directories(std::filesystem::path(native).parent_path());
+    std::filesystem::create_symlink(Native(target), native);
+}
+
+void LinuxDisk::SetModified(std::string_view path, FileTime modified) {
+    constexpr FileTime kSecond = 1'000'000'000;
+    const FileTime seconds = modified / kSecond - (modified % kSecond < 0 ? 1 : 0);
+    const timespec times[2] = {{0, UTIME_OMIT}, {seconds, modified - seconds * kSecond}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, Native(path).c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
+}
+
+void LinuxDisk::SetReadOnly(std::string_view path) {
+    struct stat st {};
+    ASSERT_EQ(::stat(Native(path).c_str(), &st), 0);
+    ASSERT_EQ(::chmod(Native(path).c_str(), st.st_mode & 07555), 0);
+}
+
+bool LinuxDisk::MakeFifo(std::string_view path) {
+    const std::string native = Native(path);
+    std::filesystem::create_directories(std::filesystem::path(native).parent_path());
+    return ::mkfifo(native.c_str(), 0600) == 0;
+}
+
+bool LinuxDisk::MakeBadName(std::string_view nativeName) {
+    const std::string path = Native("") + "/" + std::string(nativeName);
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    return fd >= 0 && ::close(fd) == 0;
+}
+
+bool LinuxDisk::MakeUnreadable(std::string_view path) {
+    // For the superuser nothing is unreadable.
+    return ::geteuid() != 0 && ::chmod(Native(path).c_str(), 0) == 0;
+}
+
+bool LinuxDisk::SetExtendedAttribute(std::string_view path, std::string_view name,
+                                     std::string_view value) {
+    return ::setxattr(Native(path).c_str(), std::string(name).c_str(), value.data(), value.size(),
+                      0) == 0;
+}
+
+std::optional<std::string> LinuxDisk::Content(std::string_view path) {
+    const std::string native = Native(path);
+    if (!std::filesystem::is_regular_file(std::filesystem::symlink_status(native))) {
+        return std::nullopt;
+    }
+    std::ifstream file(native, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+std::optional<std::string> LinuxDisk::ExtendedAttribute(std::string_view path,
+                                                        std::string_view name) {
+    std::string value(1024, '\0');
+    const ssize_t size =
+        ::getxattr(Native(path).c_str(), std::string(name).c_str(), value.data(), value.size());
+    if (size < 0) return std::nullopt;
+    value.resize(static_cast<std::size_t>(size));
+    return value;
+}
+
+std::vector<std::string> LinuxDisk::Names(std::string_view folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(Native(folder)))
+        names.push_back(NameToDrive(entry.path().filename().native()));
+    return names;
+}
+
+} // namespace tarvix::platform

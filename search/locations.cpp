@@ -28,9 +28,9 @@ std::string Framed(std::string_view piece) {
 
 // A leading blank marks a title: it is replaced by the folders it stands for.
 std::string ReplaceTitle(const session::Options& options, std::string_view text) {
-    if (!text.starts_with(' ')) return std::string(text);
     const std::size_t bar = std::min(text.find('|'), text.size());
     const std::string_view title = text::RTrim(text.substr(0, bar));
+    if (!text.starts_with(' ') || title.empty()) return std::string(text);
     for (std::size_t i = 0; i < options.strDefSearchFolderTitle.size(); ++i) {
         const std::string_view known = options.strDefSearchFolderTitle[i];
         if (text::RTrim(known) != title) continue;
@@ -96,7 +96,7 @@ std::string TakeLocation(session::Session& session, std::string_view typed,
     if (unexpanded) {
         return "This appears to be an invalid environment variable(s):" + Framed(typed);
     }
-    return "This search folder does not exist, it is a file, or it contains \r\n"
+    return "This search folder does not exist, it is a file, or it contains "
            "multiple environment variables AND is over 259 characters in length:" +
            Framed(typed);
 }

@@ -7,6 +7,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
 namespace tarvix::cli {
 
 const std::array<std::string_view, 10> kAttributeOptions{
@@ -20,12 +22,19 @@ constexpr const char* kAttributeGroup = "Attributes, each no | yes | any";
 constexpr const char* kOutputGroup = "Output";
 constexpr const char* kCopyGroup = "Copy";
 
-// The parser would take "[a,b]" for a list of its own; the mark keeps such words whole.
+// The parser would take "[a,b]" for a list of its own, and what follows "--" behind a list for
+// options; the mark keeps such words whole.
 constexpr char kWordMark = '\x01';
 
-std::string Protect(const std::string& word) {
-    const bool isBracketed = word.size() > 1 && word.front() == '[' && word.back() == ']';
-    return isBracketed ? kWordMark + word : word;
+std::vector<std::string> Protected(const std::vector<std::string>& words) {
+    std::vector<std::string> marked;
+    bool isPlain = false;
+    for (const std::string& word : words) {
+        const bool isList = word.size() > 1 && word.front() == '[' && word.back() == ']';
+        marked.push_back(isPlain || isList ? kWordMark + word : word);
+        isPlain = isPlain || word == "--";
+    }
+    return marked;
 }
 
 std::string Unprotect(const std::string& word) {
@@ -54,11 +63,13 @@ void AddFlag(CLI::App& app, const char* name, bool& target, const char* help, co
 void AddGlobalOptions(CLI::App& app, RawArguments& raw) {
     constexpr const char* kGroup = "Options";
     app.set_help_flag("-h,--help", "Tells what a command does and takes")->group(kGroup);
-    app.set_version_flag("--version", std::string(lifecycle::ProductName()) + " " +
-                                          std::string(lifecycle::ProductVersion()))
+    app.set_version_flag("--version",
+                         std::string(lifecycle::ProductName()) + " " +
+                             std::string(lifecycle::ProductVersion()),
+                         "Tells the version")
         ->group(kGroup);
     AddText(app, "--data-folder", raw.dataFolder, "DIR",
-            "Keeps options, histories and logs in this folder; it is made if missing", kGroup);
+            "Where options, histories and logs lie; made if missing", kGroup);
     AddWords(app, "--drive", raw.drives, "E=/path",
              "Gives a folder a drive letter of its own; may be repeated", kGroup)
         ->allow_extra_args(false);
@@ -88,11 +99,10 @@ void AddAttributeOptions(CLI::App& app, RawArguments& raw) {
 void AddCriteria(CLI::App& app, RawArguments& raw) {
     AddWords(app, "PATTERNS", raw.patterns, "", "What names are to match, such as \"*.mp3|*.flac\"",
              "Positionals");
-    AddWords(app, "--in", raw.locations, "LOCATION ...",
-             "The folders to search: paths of this machine, file addresses or drive paths",
-             kWhatGroup);
+    AddWords(app, "--in", raw.locations, "LOCATION",
+             "The folders to search: native paths, file addresses or drive paths", kWhatGroup);
     AddText(app, "--kind", raw.kind, "KIND",
-            "files (the default), empty-files, all, folders or empty-folders", kWhatGroup);
+            "files (unless given), empty-files, all, folders, empty-folders", kWhatGroup);
     AddFlag(app, "--no-subfolders", raw.noSubfolders, "Looks at the locations alone", kWhatGroup);
     AddFlag(app, "--not", raw.isNot, "Lists what does not match the pattern", kWhatGroup);
     AddFlag(app, "--one-each", raw.oneEach, "Lists one file of each folder", kWhatGroup);
@@ -104,21 +114,43 @@ void AddCriteria(CLI::App& app, RawArguments& raw) {
     AddText(app, "--before", raw.before, "DATE", "Dated then or earlier", kWhatGroup);
     AddText(app, "--between", raw.between, "A..B", "From A to the end of B", kWhatGroup);
     AddText(app, "--date-kind", raw.dateKind, "KIND",
-            "The date to test: modified (the default), created or accessed", kWhatGroup);
+            "The date to test: modified (unless given), created, accessed", kWhatGroup);
     AddAttributeOptions(app, raw);
     AddWords(app, "--answer", raw.answers, "VALUE",
              "Answers the next question that comes up; may be repeated", kOutputGroup)
         ->allow_extra_args(false);
 }
 
-CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, const char* footer) {
-    CLI::App& command = *app.add_subcommand(name, about);
-    command.fallthrough()->allow_extras()->footer(footer);
+struct CommandHelp {
+    const char* name;
+    const char* summary; // in the list of commands
+    const char* about;   // in the command's own help
+    const char* footer;
+};
+
+constexpr std::array<CommandHelp, 4> kCommands{
+    {{"search", "Lists every file or folder that matches", kSearchAbout, kSearchFooter},
+     {"copy", "Copies all that matches into one folder", kCopyAbout, kCopyFooter},
+     {"run", "Runs a script that drives the whole program", kRunAbout, kRunFooter},
+     {"sample", "Makes a small collection to try things on", kSampleAbout, kSampleFooter}}};
+
+CLI::App& AddCommand(CLI::App& app, const CommandHelp& help) {
+    CLI::App& command = *app.add_subcommand(help.name, help.summary);
+    command.fallthrough()->allow_extras()->footer(help.footer)->group("Commands");
     return command;
 }
 
+std::string HelpOf(CLI::App& app) {
+    for (CLI::App* command : app.get_subcommands()) {
+        for (const CommandHelp& help : kCommands) {
+            if (command->get_name() == help.name) command->description(help.about);
+        }
+    }
+    return app.help();
+}
+
 void AddSearch(CLI::App& app, RawArguments& raw) {
-    CLI::App& command = AddCommand(app, "search", kSearchAbout, kSearchFooter);
+    CLI::App& command = AddCommand(app, kCommands[0]);
     AddCriteria(command, raw);
     AddText(command, "--columns", raw.columns, "KEY,...",
             "These cells, in this order: column keys or NativePath", kOutputGroup);
@@ -131,7 +163,7 @@ void AddSearch(CLI::App& app, RawArguments& raw) {
 }
 
 void AddCopy(CLI::App& app, RawArguments& raw) {
-    CLI::App& command = AddCommand(app, "copy", kCopyAbout, kCopyFooter);
+    CLI::App& command = AddCommand(app, kCommands[1]);
     AddCriteria(command, raw);
     AddText(command, "--to", raw.destination, "FOLDER", "Where the copies go", kCopyGroup);
     AddText(command, "--structure", raw.structure, "none",
@@ -142,9 +174,9 @@ void AddCopy(CLI::App& app, RawArguments& raw) {
 }
 
 void AddOthers(CLI::App& app, RawArguments& raw) {
-    CLI::App& run = AddCommand(app, "run", kRunAbout, kRunFooter);
+    CLI::App& run = AddCommand(app, kCommands[2]);
     AddText(run, "SCRIPT", raw.target, "", "The script, or - for stdin", "Positionals");
-    CLI::App& sample = AddCommand(app, "sample", kSampleAbout, kSampleFooter);
+    CLI::App& sample = AddCommand(app, kCommands[3]);
     AddText(sample, "DIR", raw.target, "", "The folder to fill", "Positionals");
 }
 
@@ -164,8 +196,10 @@ std::vector<std::string> OptionNames(const CLI::App& app) {
 }
 
 EarlyEnd UnknownCommand(const std::string& word) {
-    constexpr std::array<std::string_view, 4> kCommands{"search", "copy", "run", "sample"};
-    return Wrong("There is no command \"" + word + "\"." + DidYouMean(word, kCommands) +
+    std::array<std::string_view, kCommands.size()> names{};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = kCommands[i].name;
+    return Wrong("There is no command \"" + word + "\"." + DidYouMean(word, names) +
                  " tarvix-cli --help lists them.");
 }
 
@@ -208,24 +242,32 @@ void UnprotectAll(std::vector<std::string>& words) {
         word = Unprotect(word);
 }
 
+void SetFormat(CLI::App& app) {
+    constexpr int kColumnWidth = 28;
+    const auto formatter = app.get_formatter();
+    formatter->column_width(kColumnWidth);
+    formatter->label("OPTIONS", "OPTION ...");
+    formatter->label("SUBCOMMAND", "COMMAND");
+    formatter->label("Positionals", "Arguments");
+}
+
 } // namespace
 
 std::expected<RawArguments, EarlyEnd> ReadRawArguments(const std::vector<std::string>& arguments) {
     RawArguments raw;
     CLI::App app(kAbout, "tarvix-cli");
     app.footer(kAboutFooter)->allow_extras()->require_subcommand(0, 1);
-    app.get_formatter()->column_width(34);
+    SetFormat(app);
     AddGlobalOptions(app, raw);
     AddSearch(app, raw);
     AddCopy(app, raw);
     AddOthers(app, raw);
     try {
-        std::vector<std::string> reversed;
-        for (auto word = arguments.rbegin(); word != arguments.rend(); ++word)
-            reversed.push_back(Protect(*word));
-        app.parse(std::move(reversed));
+        std::vector<std::string> words = Protected(arguments);
+        std::ranges::reverse(words);
+        app.parse(std::move(words));
     } catch (const CLI::CallForHelp&) {
-        return std::unexpected(EarlyEnd{.out = app.help()});
+        return std::unexpected(EarlyEnd{.out = HelpOf(app)});
     } catch (const CLI::CallForVersion& version) {
         return std::unexpected(EarlyEnd{.out = std::string(version.what()) + "\n"});
     } catch (const CLI::ParseError& error) {

@@ -155,8 +155,8 @@ InputResult ScriptRunner::ClickColumn(const Statement& statement) {
     auto& list = Session().frmSearch.lstMain;
     if (auto usable = session::CanUse(list); !usable) return usable;
     const session::EventArgs args{statement.columns.front()};
-    if (Session().events.Raise(Session(), "frmSearch.lstMain_ColumnClick", args)) return {};
-    return Wrong("The list can't be sorted by a column in this version.");
+    Session().events.Raise(Session(), "frmSearch.lstMain_ColumnClick", args);
+    return {};
 }
 
 InputResult ScriptRunner::Select(const Statement& statement) {

@@ -7,22 +7,18 @@ namespace tarvix::cli {
 
 namespace {
 
-constexpr std::string_view kColumnClick = "frmSearch.lstMain_ColumnClick";
-
-bool CanSort(Host& host, session::Session& session) {
-    if (session.events.Has(kColumnClick)) return true;
-    Complain(host, "The list can't be sorted by a column in this version: leave --sort out.");
-    return false;
-}
-
-// A second click on the same head turns the order round.
+// Clicks the column's head until the list stands as wanted: the first click on another head sorts
+// upward, a second one turns the order round.
 void Sort(session::Session& session, const SortRequest& sort) {
+    constexpr int kMostClicks = 2;
+    const auto& list = session.frmSearch.lstMain;
     const auto wanted =
         sort.descending ? forms::SortDirection::kDescending : forms::SortDirection::kAscending;
-    session.events.Raise(session, kColumnClick, {sort.column});
-    if (session.frmSearch.lstMain.SortOrder.Get() != wanted) {
-        session.events.Raise(session, kColumnClick, {sort.column});
-    }
+    const auto isWanted = [&] {
+        return list.SortKey.Get() == sort.column && list.SortOrder.Get() == wanted;
+    };
+    for (int click = 0; click < kMostClicks && !isWanted(); ++click)
+        session.events.Raise(session, "frmSearch.lstMain_ColumnClick", {sort.column});
 }
 
 } // namespace
@@ -33,7 +29,6 @@ int RunSearch(Host& host, const platform::Platform& machine, const SearchRequest
     ProgramRun run;
     run.act = [&](lifecycle::Program& program) -> int {
         const auto& sort = request.output.sort;
-        if (sort && !CanSort(host, program.Session())) return kBadRequest;
         const int code = finding.Search(program, request.criteria, request.answers);
         if (sort && code != kBadRequest) Sort(program.Session(), *sort);
         return code;

@@ -1,0 +1,54 @@
+// The headless front: this machine without its desktop, and the commands of `cli/`.
+#include "cli/host.h"
+#include "platform/linux/linux_platform.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+using namespace tarvix;
+
+using Machine = std::unique_ptr<platform::LinuxPlatform>;
+
+// A native path is relative to the folder that the process was started in.
+std::string Absolute(const std::string& folder, const std::string& path) {
+    const bool isDrivePath = path.size() > 1 && path[1] == ':';
+    if (isDrivePath) return path;
+    return (std::filesystem::path(folder) / path).lexically_normal().string();
+}
+
+std::expected<platform::Platform, std::string> Open(Machine& machine, const std::string& folder,
+                                                    const cli::MachineRequest& request) {
+    platform::LinuxOptions options{.now = request.now, .hasDesktop = false};
+    if (request.dataFolder) options.dataFolder = Absolute(folder, *request.dataFolder);
+    for (const auto& [letter, path] : request.drives) {
+        const std::string native = Absolute(folder, path);
+        if (!std::filesystem::is_directory(native)) {
+            return std::unexpected("--drive " + std::string(1, letter) + "=" + path +
+                                   " names no folder: give a drive a folder that exists.");
+        }
+        options.extraDrives.push_back({letter, native});
+    }
+    machine = std::make_unique<platform::LinuxPlatform>(std::move(options));
+    return machine->Parts();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    std::error_code ignored;
+    Machine machine;
+    cli::Host host{.in = std::cin, .out = std::cout, .err = std::cerr};
+    host.errIsTerminal = isatty(STDERR_FILENO) == 1;
+    host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
+    host.currentFolder = std::filesystem::current_path(ignored).string();
+    host.open = [&](const cli::MachineRequest& request) {
+        return Open(machine, host.currentFolder, request);
+    };
+    return cli::RunTarvixCli({argv + 1, argv + argc}, host);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cli/host.h"
+#include "platform/memory/memory_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace tarvix::cli {
+
+// The whole front on a machine in memory that has run before. Streams are texts.
+class CliFixture : public ::testing::Test {
+  protected:
+    CliFixture() {
+        machine.disk.UseClock([this] { return machine.clock.FromLocal({2025, 6, 1, 12, 0, 0}); });
+        machine.disk.AddFile(HistoryFile(), "*EOF");
+    }
+
+    platform::MemoryFileSystem& Disk() { return machine.disk; }
+    std::string HistoryFile() const {
+        return machine.environment.programFolder + "\\TXFSSearchHistoryFile.txt";
+    }
+
+    // Gives the exit code; the streams hold what this call wrote.
+    int Run(const std::vector<std::string>& arguments) {
+        out.str("");
+        err.str("");
+        Host host{.in = in, .out = out, .err = err, .currentFolder = "/home/ann"};
+        host.open =
+            [this](const MachineRequest&) -> std::expected<platform::Platform, std::string> {
+            return machine.platform;
+        };
+        return RunTarvixCli(arguments, host);
+    }
+    int RunScript(const std::string& script) {
+        in.clear();
+        in.str(script);
+        return Run({"run", "-"});
+    }
+    std::string Out() const { return out.str(); }
+    std::string Err() const { return err.str(); }
+
+    platform::MemoryPlatform machine;
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+};
+
+} // namespace tarvix::cli

@@ -1,0 +1,197 @@
+#include "tests/cli/cli_fixture.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <cstring>
+
+namespace tarvix::cli {
+namespace {
+
+class SearchCommandTest : public CliFixture {
+  protected:
+    SearchCommandTest() {
+        Disk().AddFile("C:\\home\\ann\\Music\\a.mp3", "12345");
+        Disk().AddFile("C:\\home\\ann\\Music\\Jazz\\b.MP3", "1234567890");
+        Disk().AddFile("C:\\home\\ann\\Music\\Jazz\\cover.jpg", "");
+        Disk().AddFolder("C:\\home\\ann\\Music\\Empty");
+    }
+    int Search(std::vector<std::string> more, const std::string& pattern = "*.mp3") {
+        more.insert(more.begin(), {"search", pattern, "--in", "Music"});
+        return Run(more);
+    }
+};
+
+TEST_F(SearchCommandTest, PrintsNativePathsOneALine) {
+    EXPECT_EQ(Search({}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
+    EXPECT_EQ(Err(), "");
+}
+
+TEST_F(SearchCommandTest, SubfoldersCanBeLeftOut) {
+    EXPECT_EQ(Search({"--no-subfolders"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n");
+}
+
+TEST_F(SearchCommandTest, NothingFoundIsDone) {
+    EXPECT_EQ(Search({}, "*.ogg"), kDone);
+    EXPECT_EQ(Out(), "");
+}
+
+TEST_F(SearchCommandTest, Print0EndsEachPathWithNul) {
+    EXPECT_EQ(Search({"--print0"}), kDone);
+    EXPECT_EQ(Out(), std::string("/home/ann/Music/a.mp3\0/home/ann/Music/Jazz/b.MP3\0", 49));
+}
+
+TEST_F(SearchCommandTest, TableHasAHeadLineAndTabs) {
+    EXPECT_EQ(Search({"--tsv", "--columns", "Name,SizeSubItem,NativePath"}), kDone);
+    EXPECT_EQ(Out(), "Name\tSize\tNativePath\n"
+                     "a.mp3\t000,000,000,005\t/home/ann/Music/a.mp3\n"
+                     "b.MP3\t000,000,000,010\t/home/ann/Music/Jazz/b.MP3\n");
+}
+
+TEST_F(SearchCommandTest, ColumnsAloneHaveNoHeadLine) {
+    EXPECT_EQ(Search({"--columns", "PathNameNoSrchSubItem"}), kDone);
+    EXPECT_EQ(Out(), "a.mp3\nJazz\\b.MP3\n");
+}
+
+TEST_F(SearchCommandTest, JsonIsOneObjectALineWithTheColumnKeys) {
+    EXPECT_EQ(Search({"--json"}), kDone);
+    std::istringstream lines(Out());
+    std::string line;
+    std::getline(lines, line);
+    const auto first = nlohmann::json::parse(line);
+    EXPECT_EQ(first["Name"], "a.mp3");
+    EXPECT_EQ(first["SizeSubItem"], "000,000,000,005");
+    EXPECT_EQ(first["PathSubItem"], "C:\\home\\ann\\Music");
+    EXPECT_EQ(first["NativePath"], "/home/ann/Music/a.mp3");
+    EXPECT_EQ(first.size(), 28U);
+    std::getline(lines, line);
+    EXPECT_EQ(nlohmann::json::parse(line)["Name"], "b.MP3");
+}
+
+TEST_F(SearchCommandTest, JsonWithColumnsStillTellsThePath) {
+    EXPECT_EQ(Search({"--json", "--columns", "Name"}), kDone);
+    EXPECT_EQ(Out().substr(0, Out().find('\n')),
+              R"({"Name":"a.mp3","NativePath":"/home/ann/Music/a.mp3"})");
+}
+
+TEST_F(SearchCommandTest, OddNamesKeepTheirCharacters) {
+    Disk().AddFile("C:\\home\\ann\\Music\\odd\\\uF03Aq\uF03F\uF009t\uF00An\uF022\x7F.mp3");
+    ASSERT_EQ(Run({"search", "*", "--in", "Music/odd", "--print0"}), kDone);
+    EXPECT_EQ(Out(), std::string("/home/ann/Music/odd/:q?\tt\nn\"\x7F.mp3") + '\0');
+    ASSERT_EQ(Run({"search", "*", "--in", "Music/odd", "--columns", "Name"}), kDone);
+    EXPECT_EQ(Out(), ":q?\\tt\\nn\"\x7F.mp3\n");
+    ASSERT_EQ(Run({"search", "*", "--in", "Music/odd", "--json"}), kDone);
+    EXPECT_EQ(nlohmann::json::parse(Out())["Name"], ":q?\tt\nn\"\x7F.mp3");
+}
+
+TEST_F(SearchCommandTest, KindsFindWhatTheySay) {
+    EXPECT_EQ(Search({"--kind", "folders"}, "*"), kDone);
+    EXPECT_THAT(Out(), ::testing::HasSubstr("/home/ann/Music/Jazz\n"));
+    EXPECT_EQ(Search({"--kind", "empty-folders"}, "*"), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/Empty\n");
+    EXPECT_EQ(Search({"--kind", "empty-files"}, "*"), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/Jazz/cover.jpg\n");
+}
+
+TEST_F(SearchCommandTest, SizeBoundsAreInclusive) {
+    EXPECT_EQ(Search({"--size-at-least", "10"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/Jazz/b.MP3\n");
+    EXPECT_EQ(Search({"--size-at-most", "5"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n");
+    EXPECT_EQ(Search({"--size-range", "6..9"}), kDone);
+    EXPECT_EQ(Out(), "");
+}
+
+TEST_F(SearchCommandTest, DatesTestTheChosenKind) {
+    auto& node = Disk().AddFile("C:\\home\\ann\\Music\\old.mp3", "x");
+    node.modified = machine.clock.FromLocal({2020, 5, 5, 10, 0, 0});
+    EXPECT_EQ(Search({"--before", "2020-12-31"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/old.mp3\n");
+    EXPECT_EQ(Search({"--between", "2020-05-05..2020-05-05"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/old.mp3\n");
+    EXPECT_EQ(Search({"--since", "2025-01-01"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
+    EXPECT_EQ(Search({"--before", "2020-12-31", "--date-kind", "created"}), kDone);
+    EXPECT_EQ(Out(), "");
+}
+
+TEST_F(SearchCommandTest, AttributeBoxesWiden) {
+    Disk().AddFile("C:\\home\\ann\\Music\\locked.mp3").attributes |= platform::kReadOnly;
+    EXPECT_EQ(Search({}, "locked*"), kDone);
+    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Search({"--read-only", "yes"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/locked.mp3\n");
+    EXPECT_EQ(Search({"--any-attribute"}, "locked*"), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/locked.mp3\n");
+}
+
+TEST_F(SearchCommandTest, OneEachAndNot) {
+    Disk().AddFile("C:\\home\\ann\\Music\\z.mp3");
+    EXPECT_EQ(Search({"--one-each"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
+    EXPECT_EQ(Search({"--not"}), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/Jazz/cover.jpg\n");
+}
+
+TEST_F(SearchCommandTest, AMissingLocationIsRefusedBeforeAnythingStarts) {
+    EXPECT_EQ(Run({"search", "*", "--in", "nope"}), kBadRequest);
+    EXPECT_EQ(Err(), "tarvix-cli: There is no folder \"nope\" to search: give --in folders that "
+                     "exist.\n");
+    EXPECT_TRUE(Disk().Calls().made.empty());
+}
+
+TEST_F(SearchCommandTest, AQuestionWithoutAnswerEndsWithThreeAndTellsHowToAnswer) {
+    EXPECT_EQ(Search({}, "cov|b"), kUnanswered);
+    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Err(), "tarvix-cli: Search strings may not be mutually exclusive Would you like to "
+                     "cancel? - This needs an answer: give --answer Yes or --answer No.\n");
+}
+
+TEST_F(SearchCommandTest, AnAnswerGoesToTheQuestion) {
+    EXPECT_EQ(Search({"--answer", "no"}, "cov|b"), kDone);
+    EXPECT_EQ(Out(), "/home/ann/Music/Jazz/b.MP3\n/home/ann/Music/Jazz/cover.jpg\n");
+}
+
+TEST_F(SearchCommandTest, AnAnswerThatIsNoButtonIsRefused) {
+    EXPECT_EQ(Search({"--answer", "Maybe"}, "cov|b"), kBadRequest);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("has no button \"Maybe\". Its buttons are: Yes, No."));
+}
+
+TEST_F(SearchCommandTest, NoticesGoToStderrAndTheSearchGoesOn) {
+    EXPECT_EQ(Run({"search", "*.mp3", "--in", "Music|Music/Jazz"}), kDone);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("NOT mutually exclusive"));
+    EXPECT_THAT(Out(), ::testing::HasSubstr("/home/ann/Music/Jazz/b.MP3\n"));
+}
+
+TEST_F(SearchCommandTest, AnObjectThatCannotBeOpenedIsToldAndGivesOne) {
+    Disk().AddNative("C:\\home\\ann\\Music", "bad\xFF.mp3");
+    EXPECT_EQ(Search({}), kSomeFailed);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("bad?.mp3"));
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
+}
+
+TEST_F(SearchCommandTest, SortClicksTheColumnHead) {
+    const std::string a = "/home/ann/Music/a.mp3\n";
+    const std::string b = "/home/ann/Music/Jazz/b.MP3\n";
+    const std::vector<std::pair<std::string, std::string>> cases{{"Name", a + b},
+                                                                 {"Name:desc", b + a},
+                                                                 {"SizeSubItem", a + b},
+                                                                 {"sizesubitem:desc", b + a},
+                                                                 {"PathNameSubItem:asc", a + b}};
+    for (const auto& [sort, paths] : cases) {
+        EXPECT_EQ(Search({"--sort", sort}), kDone);
+        EXPECT_EQ(Out(), paths) << sort;
+    }
+}
+
+TEST_F(SearchCommandTest, TheFirstRunNoticeIsAnsweredByItself) {
+    ASSERT_TRUE(Disk().DeleteFile(HistoryFile(), true));
+    EXPECT_EQ(Search({}), kDone);
+    EXPECT_EQ(Err(), "");
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
+}
+
+} // namespace
+} // namespace tarvix::cli

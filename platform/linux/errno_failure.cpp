@@ -20,7 +20,7 @@ constexpr std::array<Row, 33> kNumbers{{
     {ETXTBSY, kPermissionDenied},  {EXDEV, kPermissionDenied},   {EEXIST, kAlreadyExists},
     {ENOTEMPTY, kPathFileAccess},  {EISDIR, kPathFileAccess},    {EMLINK, kPathFileAccess},
     {EFBIG, kPathFileAccess},      {ENAMETOOLONG, kBadFileName}, {EILSEQ, kBadFileName},
-    {EINVAL, kBadFileName},        {ELOOP, kBadFileName},        {ENXIO, kBadFileName},
+    {EINVAL, kBadFileName},        {ELOOP, kPathNotFound},       {ENXIO, kBadFileName},
     {ENOSPC, kDiskFull},           {EDQUOT, kDiskFull},          {EMFILE, kTooManyFiles},
     {ENFILE, kTooManyFiles},       {EINTR, kInterrupted},        {ECANCELED, kInterrupted},
     {EIO, kDeviceError},           {ENOMEDIUM, kDiskNotReady},   {ENODEV, kDiskNotReady},

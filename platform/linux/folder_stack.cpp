@@ -2,7 +2,9 @@
 
 #include "platform/linux/folder_reader.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 
@@ -61,6 +63,11 @@ Sys<FolderNames> FolderNames::Read(int fd) {
         names.names_ += '\0';
     }
     if (reader.Error() != 0) return std::unexpected(reader.Error());
+    const char* const text = names.names_.c_str();
+    std::sort(names.records_.begin(), names.records_.end(),
+              [text](const Record& a, const Record& b) {
+                  return std::strcmp(text + a.offset, text + b.offset) < 0;
+              });
     return names;
 }
 

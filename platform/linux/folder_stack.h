@@ -33,7 +33,8 @@ class FolderStack {
     std::vector<Level> levels_;
 };
 
-// The names of one folder, read at once so that its descriptor isn't needed between.
+// The names of one folder in the order of their bytes, read at once so that its descriptor isn't
+// needed between.
 class FolderNames {
   public:
     struct Item {

@@ -48,6 +48,12 @@ void RemoveIfPresent(const Place& place) {
 }
 } // namespace
 
+bool LinuxFileSystem::IsTaken(const Place& source, const Place& target) {
+    if (!target.Exists()) return false;
+    if (!IsCaseChange(source, target)) return true;
+    return names_.HasOther(target.Folder(), target.wantedName, source.NativeName());
+}
+
 Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
     const Place named = AsWanted(target);
     const auto from = Locate(source.native);
@@ -72,7 +78,7 @@ Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view t
     if (!source) return std::unexpected(source.error());
     const auto target = resolver_.Target(to);
     if (!target) return std::unexpected(target.error());
-    if (target->Exists() && !IsCaseChange(*source, *target)) return FailureOf(EEXIST, to);
+    if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);
     if (renamed) return {};
     if (renamed.error() == EXDEV) return MoveAcross(*source, *target, from, to, observer);
@@ -112,7 +118,7 @@ Result<void> LinuxFileSystem::MoveFolder(std::string_view from, std::string_view
     if (source->IsRoot()) return FailureBy(kPermissionDenied, from);
     const bool isInside = target->native.starts_with(source->native + "/");
     if (isInside && S_ISDIR(source->st->stx_mode)) return FailureBy(kPathFileAccess, to);
-    if (target->Exists() && !IsCaseChange(*source, *target)) return FailureOf(EEXIST, to);
+    if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);
     if (renamed) return {};
     if (renamed.error() == EINVAL) return FailureBy(kPathFileAccess, to);

@@ -47,6 +47,8 @@ class LinuxFileSystem : public FileSystem {
     Result<Place> FileForBytes(std::string_view path, bool toWrite);
     Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
                          std::string_view to, CopyRun& run);
+    // Whether a target keeps an object from getting its name.
+    bool IsTaken(const Place& source, const Place& target);
     Sys<void> Rename(const Place& source, const Place& target);
     Result<void> MoveAcross(const Place& source, const Place& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);

@@ -139,6 +139,20 @@ Sys<std::optional<std::string>> NameCache::Find(const std::string& folder, std::
     return found->second;
 }
 
+bool NameCache::HasOther(const std::string& folder, std::string_view nativeName,
+                         std::string_view except) {
+    const std::scoped_lock lock(mutex_);
+    const auto valid = Valid(folder);
+    if (!valid) return false;
+    const std::string upper = text::Upper(NameToDrive(nativeName));
+    const auto found = (*valid)->byUpper.find(upper);
+    if (found != (*valid)->byUpper.end() && found->second != except) return true;
+    const auto& others = (*valid)->clashing;
+    return std::any_of(others.begin(), others.end(), [&](const std::string& other) {
+        return other != except && text::Upper(NameToDrive(other)) == upper;
+    });
+}
+
 void NameCache::NoteAdded(std::string_view folder, std::string_view nativeName) {
     const std::scoped_lock lock(mutex_);
     const auto found = folders_.find(folder);

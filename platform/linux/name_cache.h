@@ -23,6 +23,9 @@ class NameCache {
     // path. Errnos when the folder is missing or can't be read.
     Sys<std::optional<std::string>> Find(const std::string& folder, std::string_view name);
 
+    // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
+    bool HasOther(const std::string& folder, std::string_view nativeName, std::string_view except);
+
     // What this process did in a folder. Names are disk names.
     void NoteAdded(std::string_view folder, std::string_view nativeName);
     void NoteRemoved(std::string_view folder, std::string_view nativeName);

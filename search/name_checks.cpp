@@ -41,7 +41,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
                "It contains " + std::to_string(text::Length(name)) + " characters in its name. ",
                "The name is: " + std::string(name),
                "where '?' - represents non-Western Europe character encoding."});
-    session::LogTimed(session, found);
+    session::LogTimed(session, " " + found);
     if (session.state.options.blnAutoMode || session.state.blnForeignWarned) return false;
     auto& form = session.forms.frmForChar;
     const std::string told =

@@ -69,6 +69,8 @@ MessageDialog::MessageDialog(const QString& text, int style, const QString& titl
     column->addLayout(top, 1);
     column->addWidget(MakeButtons(style));
     setAccessibleDescription(text);
+    first_->setDefault(true);
+    first_->setFocus();
 }
 
 QWidget* MessageDialog::MakeIcon(int style) {
@@ -94,9 +96,8 @@ QWidget* MessageDialog::MakeButtons(int style) {
             accept();
         });
         layout->addWidget(button);
-        if (answer != session::DefaultAnswer(style)) continue;
-        button->setDefault(true);
-        button->setFocus();
+        button->setAutoDefault(true);
+        if (answer == session::DefaultAnswer(style)) first_ = button;
     }
     return row;
 }

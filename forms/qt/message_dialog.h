@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <QString>
 
+class QPushButton;
+
 namespace tarvix::qt {
 
 // A message with the icon and buttons of a style number; plain text that scrolls when it is long.
@@ -18,6 +20,7 @@ class MessageDialog : public QDialog {
     QWidget* MakeButtons(int style);
 
     int answer_;
+    QPushButton* first_ = nullptr; // has the focus when the box opens
 };
 
 // A text that wraps and can be selected, in a field that scrolls once it is higher than a part of

@@ -27,6 +27,7 @@ namespace tarvix::qt {
 
 namespace {
 
+constexpr int kTwips = 15;               // a pixel
 constexpr QSize kSmallest(800, 497);     // 12000 by 7450 twips
 constexpr QSize kComfortable(1120, 720); // where the screen has room for it
 constexpr int kRowsEvery = 100;          // milliseconds between looks at the rows of a search
@@ -247,6 +248,24 @@ void SearchWindow::keyPressEvent(QKeyEvent* event) {
 void SearchWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && binder_) binder_->ShowAll();
+    if (event->type() == QEvent::WindowStateChange) TellSize();
+}
+
+void SearchWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    TellSize();
+}
+
+void SearchWindow::TellSize() {
+    auto& form = session_.frmSearch;
+    form.Width = width() * kTwips;
+    form.Height = height() * kTwips;
+    form.State = isMinimized()   ? forms::WindowState::kMinimized
+                 : isMaximized() ? forms::WindowState::kMaximized
+                                 : forms::WindowState::kNormal;
+    if (!session_.state.blnStarted) return;
+    gate_.Run(nullptr, [&] { session_.events.Raise(session_, "frmSearch.Form_Resize"); });
+    if (isMinimized() && form.State == forms::WindowState::kNormal) showNormal();
 }
 
 } // namespace tarvix::qt

@@ -36,6 +36,7 @@ class SearchWindow : public QMainWindow, public View {
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void Build();
@@ -43,6 +44,7 @@ class SearchWindow : public QMainWindow, public View {
     void SetUpList();
     void SetUpDrops();
     void SetTabOrder();
+    void TellSize();
     void RaiseOnRow(const char* event, std::size_t row);
     void SortBy(int column);
     void DragRows();

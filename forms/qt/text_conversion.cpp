@@ -15,7 +15,9 @@ std::string ToUtf8(const QString& text) {
 }
 
 QString Shown(std::string_view driveText) {
-    return ToQt(platform::ForDisplay(driveText));
+
+    QString text = ToQt(platform::ForDisplay(driveText));
+    return text.contains(u'\r') ? text.replace("\r\n", "\n") : text;
 }
 
 QString WithThousands(const QString& digits) {

@@ -1,0 +1,107 @@
+// The windows: a machine under Linux, the prompts and the main window over one program.
+#include "forms/qt/event_gate.h"
+#include "forms/qt/qt_prompts.h"
+#include "forms/qt/search_window.h"
+#include "forms/qt/theme.h"
+#include "platform/linux/linux_platform.h"
+#include "session/lifecycle/program.h"
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace {
+
+using namespace tarvix;
+
+struct Request {
+    std::string argument;
+    std::string dataFolder;
+};
+
+// A path relative to the working folder, made absolute; drive paths and addresses stay.
+std::string Absolute(const std::string& path) {
+    const bool isDrive = path.size() > 1 && (path[1] == ':' || path.starts_with("\\\\"));
+    if (path.empty() || isDrive || path[0] == '~' || path.starts_with("file://")) return path;
+    std::error_code ignored;
+    return std::filesystem::absolute(path, ignored).lexically_normal().string();
+}
+
+// Nothing, and the exit code set, when the process is to end at once.
+std::optional<Request> ReadArguments(int argc, char** argv, int& exitCode) {
+    Request request;
+    const std::string name(lifecycle::ProductName());
+    CLI::App app(name + ": finds large groups of files and copies, moves and renames them by rule.",
+                 "tarvix");
+    app.set_version_flag("--version", name + " " + std::string(lifecycle::ProductVersion()));
+    app.add_option("--data-folder", request.dataFolder, "where options, histories and logs lie")
+        ->type_name("DIR");
+    app.add_option("path", request.argument, "a folder, a file or a list of folders (.mpl)");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        exitCode = app.exit(error) == 0 ? 0 : 2;
+        return std::nullopt;
+    }
+    request.argument = Absolute(request.argument);
+    request.dataFolder = Absolute(request.dataFolder);
+    return request;
+}
+
+// Qt ends the process when no window can be opened; say what to do instead.
+void ExplainMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    std::fputs("tarvix: no window can be opened, because no display was found. Run it in a "
+               "desktop session or set DISPLAY (or QT_QPA_PLATFORM); without a display use "
+               "tarvix-cli.\n",
+               stderr);
+    std::_Exit(2);
+}
+
+// Of the desktop's theme, where it is installed, or out of the source tree.
+QIcon ProgramIcon() {
+    return QIcon::fromTheme(
+        "tarvix", QIcon(QApplication::applicationDirPath() + "/../../data/icons/tarvix.svg"));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    int exitCode = 0;
+    const auto request = ReadArguments(argc, argv, exitCode);
+    if (!request) return exitCode;
+
+    const auto usual = qInstallMessageHandler(ExplainMissingDisplay);
+    int windowArgc = 1; // the arguments are ours
+    QApplication application(windowArgc, argv);
+    qInstallMessageHandler(usual);
+    QApplication::setApplicationName("tarvix");
+    QApplication::setApplicationDisplayName("Tarvix");
+    QApplication::setDesktopFileName("tarvix");
+    QApplication::setWindowIcon(ProgramIcon());
+    qt::ChooseIconTheme(QApplication::palette());
+
+    platform::LinuxOptions options;
+    options.dataFolder = request->dataFolder;
+    platform::LinuxPlatform machine(options);
+    const platform::Platform parts = machine.Parts();
+    qt::EventGate gate;
+    qt::QtPrompts prompts(gate, parts);
+    lifecycle::Program program(parts, prompts);
+    {
+        qt::SearchWindow window(program.Session(), gate);
+        program.Session().yielder.SetPump([&gate] { gate.Pump(); });
+        window.show();
+        gate.Run(nullptr, [&] { program.Start(request->argument); });
+        exitCode = QApplication::exec();
+        program.Session().yielder.SetPump({});
+    }
+    program.Stop();
+    return exitCode;
+}

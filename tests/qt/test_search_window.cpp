@@ -1,0 +1,430 @@
+#include "tests/qt/window_fixture.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <gmock/gmock.h>
+
+namespace tarvix::qt {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+using SearchWindowTest = WindowFixture;
+
+TEST_F(SearchWindowTest, ASearchFillsTheListAndTheCounters) {
+    Search("*.mp3", "C:\\home\\ann\\Music");
+    EXPECT_EQ(S().rows->Count(), 0U);
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Press("cmdSearch");
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
+    EXPECT_EQ(TextOf("lblNumOfFilesAttrib"), "4");
+    const int rows = window->List().model()->rowCount();
+    EXPECT_EQ(rows, static_cast<int>(S().rows->Count()));
+    EXPECT_GE(rows, 3);
+}
+
+TEST_F(SearchWindowTest, EnterInABoxSearches) {
+    Type("cmbDir", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbSearchFor", "*.mp3");
+    QTest::keyClick(Find<QComboBox>("cmbSearchFor"), Qt::Key_Return);
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "2");
+}
+
+TEST_F(SearchWindowTest, F5SearchesAgain) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    machine.disk.AddFile("C:\\home\\ann\\Music\\Abba\\new.mp3", "x");
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
+}
+
+TEST_F(SearchWindowTest, NativePathsBecomeDrivePaths) {
+    Search("*.mp3", "/home/ann/Music/Abba|~/Music/Beatles");
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    EXPECT_EQ(Find<QComboBox>("cmbDir")->currentText(),
+              "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
+}
+
+TEST_F(SearchWindowTest, ANativePathIsTranslatedWhenTheBoxIsLeft) {
+    Type("cmbDir", "/home/ann/Music");
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "/home/ann/Music");
+    QTest::keyClick(Find<QComboBox>("cmbDir"), Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\home\\ann\\Music");
+}
+
+TEST_F(SearchWindowTest, DroppedFoldersAreAppendedToTheLocations) {
+    Type("cmbDir", "C:\\tmp");
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile("/home/ann/Music"),
+                  QUrl::fromLocalFile("/home/ann/Music/Abba/one.mp3"),
+                  QUrl("https://example.org/x")});
+    QLineEdit* edit = Find<QComboBox>("cmbDir")->lineEdit();
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(edit, &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(edit, &drop);
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\tmp|C:\\home\\ann\\Music|C:\\home\\ann\\Music\\Abba");
+}
+
+TEST_F(SearchWindowTest, TypingWhileARoutineRunsIsKept) {
+    gate.Run(nullptr, [&] {
+        Type("cmbSearchFor", "*.jpg");
+        EXPECT_EQ(Form().cmbSearchFor.Text.Get(), "");
+        gate.Flush();
+    });
+    EXPECT_EQ(Form().cmbSearchFor.Text.Get(), "*.jpg");
+    EXPECT_EQ(Find<QComboBox>("cmbSearchFor")->currentText(), "*.jpg");
+}
+
+TEST_F(SearchWindowTest, DuringASearchOnlyStopActs) {
+    bool looked = false;
+    S().yielder.After(3, [&] {
+        gate.Flush();
+        looked = true;
+        EXPECT_FALSE(Find<QPushButton>("cmdSearch")->isEnabled());
+        EXPECT_FALSE(Find<QComboBox>("cmbDir")->isEnabled());
+        EXPECT_FALSE(Find<QCheckBox>("chkDate")->isEnabled());
+        EXPECT_TRUE(Find<QPushButton>("cmdStop")->isVisible());
+        EXPECT_TRUE(Find<QProgressBar>("barBusy")->isVisible());
+        const int before = Form().chkFastSort.Value;
+        Find<QCheckBox>("chkFastSort")->click();
+        EXPECT_EQ(Form().chkFastSort.Value.Get(), before);
+    });
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music");
+    EXPECT_TRUE(looked);
+    EXPECT_TRUE(Find<QPushButton>("cmdSearch")->isEnabled());
+    EXPECT_FALSE(Find<QPushButton>("cmdStop")->isVisible());
+    EXPECT_FALSE(Find<QProgressBar>("barBusy")->isVisible());
+}
+
+TEST_F(SearchWindowTest, StopEndsASearch) {
+    S().yielder.After(3, [&] {
+        gate.Flush();
+        Press("cmdStop");
+    });
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music");
+    EXPECT_TRUE(S().state.blnStopClicked);
+    EXPECT_FALSE(Find<QPushButton>("cmdStop")->isVisible());
+}
+
+TEST_F(SearchWindowTest, EscapeStopsASearch) {
+    S().yielder.After(3, [&] {
+        gate.Pump();
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+    });
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music");
+    EXPECT_TRUE(S().state.blnStopClicked);
+    EXPECT_FALSE(Find<QPushButton>("cmdStop")->isVisible());
+}
+
+TEST_F(SearchWindowTest, ClosingDuringASearchStopsItAndClosesAfterIt) {
+    S().yielder.After(3, [&] {
+        EXPECT_FALSE(window->close());
+        EXPECT_TRUE(window->isVisible());
+    });
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music");
+    EXPECT_TRUE(S().state.blnStopClicked);
+    EXPECT_FALSE(Find<QPushButton>("cmdStop")->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(SearchWindowTest, AnAttributeBoxStepsFromEmptyToCheckedToGrey) {
+    auto* box = Find<QCheckBox>("chkHidden");
+    EXPECT_EQ(box->checkState(), Qt::Unchecked);
+    box->click();
+    EXPECT_EQ(box->checkState(), Qt::Checked);
+    box->click();
+    EXPECT_EQ(box->checkState(), Qt::PartiallyChecked);
+    EXPECT_EQ(Form().chkHidden.Value.Get(), 2);
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(5, box->height() / 2));
+    EXPECT_EQ(box->checkState(), Qt::Unchecked);
+}
+
+TEST_F(SearchWindowTest, TheSizeBoxesAppearWhenSizeIsChecked) {
+    EXPECT_FALSE(Find<QLineEdit>("txtSize1")->isVisible());
+    Find<QCheckBox>("chkSize")->click();
+    EXPECT_TRUE(Find<QLineEdit>("txtSize1")->isVisible());
+    EXPECT_FALSE(Find<QLineEdit>("txtSize2")->isVisible());
+    auto* how = Find<QComboBox>("cboSize");
+    how->setFocus();
+    QTest::keyClicks(how, "R");
+    EXPECT_EQ(Form().cboSize.Text.Get(), "Range");
+    EXPECT_TRUE(Find<QLineEdit>("txtSize2")->isVisible());
+    Find<QCheckBox>("chkSize")->click();
+    EXPECT_FALSE(Find<QLineEdit>("txtSize1")->isVisible());
+}
+
+TEST_F(SearchWindowTest, ChoosingADateTestAsksForTheDate) {
+    Find<QCheckBox>("chkDate")->click();
+    auto* how = Find<QComboBox>("cboDate");
+    EXPECT_TRUE(how->isVisible());
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.objectName(), "frmSelectDate");
+        EXPECT_FALSE(modal.findChild<QWidget*>("dtpEndDate")->isVisible());
+        auto* day = modal.findChild<QDateTimeEdit*>("dtpStartDate");
+        day->setDate(QDate(2024, 3, 9));
+        QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    how->setFocus();
+    QTest::keyClicks(how, "S");
+    EXPECT_EQ(TextOf("lblDate1"), "2024/03/09 00:00:00");
+    EXPECT_FALSE(Find<QLabel>("lblDate2")->isVisible());
+}
+
+TEST_F(SearchWindowTest, ARangeOfDatesShowsTheEndPickersAndClosingCancels) {
+    Find<QCheckBox>("chkDate")->click();
+    OnModal([](QWidget& modal) {
+        EXPECT_TRUE(modal.findChild<QWidget*>("dtpEndDate")->isVisible());
+        EXPECT_TRUE(modal.findChild<QWidget*>("dtpEndTime")->isVisible());
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    auto* how = Find<QComboBox>("cboDate");
+    how->setFocus();
+    QTest::keyClicks(how, "R");
+    EXPECT_EQ(Form().lblDate1.Caption.Get(), "");
+}
+
+TEST_F(SearchWindowTest, WhatHasNoRoutineDoesNotShow) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    EXPECT_TRUE(Find<QPushButton>("cmdCopySelected")->isVisible());
+    for (const char* name : {"cmdBrowse", "cmdDoVersionSort", "cmdEditTargets"}) {
+        const forms::Control* field = Form().Find(name);
+        const std::string event = std::string("frmSearch.") + name + "_Click";
+        EXPECT_EQ(Find<QPushButton>(name)->isVisible(), S().events.Has(event) && field->Visible)
+            << name;
+    }
+    for (const QAction* menu : window->menuBar()->actions()) {
+        if (!menu->isVisible()) continue;
+        const auto entries = menu->menu()->actions();
+        EXPECT_TRUE(std::ranges::any_of(entries, &QAction::isVisible))
+            << menu->text().toStdString();
+    }
+}
+
+TEST_F(SearchWindowTest, ClicksSelectAndCount) {
+    Find<QCheckBox>("chkFastSort")->click();
+    Search("*.*", "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    ASSERT_EQ(S().rows->Count(), 4U);
+    ClickRow(0);
+    EXPECT_THAT(SelectedNames(), SizeIs(1));
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "1");
+    EXPECT_EQ(TextOf("lblTotalSize"), QString::number(S().rows->At(0).size));
+    ClickRow(2, Qt::ControlModifier);
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "2");
+    ClickRow(2, Qt::ControlModifier);
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "1");
+    ClickRow(1);
+    ClickRow(3, Qt::ShiftModifier);
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "3");
+    EXPECT_FALSE(S().rows->At(0).selected);
+}
+
+TEST_F(SearchWindowTest, KeysSelectAndMove) {
+    Find<QCheckBox>("chkFastSort")->click();
+    Search("*.*", "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    auto& list = window->List();
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Home);
+    EXPECT_TRUE(S().rows->At(0).selected);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_THAT(SelectedNames(), SizeIs(2));
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_THAT(SelectedNames(), SizeIs(1));
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(S().rows->At(2).selected);
+    EXPECT_TRUE(S().rows->At(3).selected);
+    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_THAT(SelectedNames(), SizeIs(4));
+    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_THAT(SelectedNames(), IsEmpty());
+}
+
+TEST_F(SearchWindowTest, TypedLettersFindAName) {
+    Search("*.*", "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    auto& list = window->List();
+    list.setFocus();
+    QTest::keyClicks(&list, "Thr");
+    EXPECT_THAT(SelectedNames(), ElementsAre("three.mp3"));
+}
+
+TEST_F(SearchWindowTest, SpacersCanNeitherBeClickedNorSelected) {
+    results::ResultList& rows = program.Rows();
+    rows.Clear();
+    const auto* folder = rows.AddFolder({.longPath = "C:\\x"});
+    for (const char* name : {"a", "", "b"}) {
+        rows.Add({.name = name, .folder = folder}, "01");
+    }
+    gate.Flush();
+    ClickRow(0);
+    ClickRow(1);
+    EXPECT_THAT(SelectedNames(), ElementsAre("a"));
+    ClickRow(2, Qt::ShiftModifier);
+    EXPECT_THAT(SelectedNames(), ElementsAre("a", "b"));
+    QTest::keyClick(&window->List(), Qt::Key_Up);
+    EXPECT_THAT(SelectedNames(), ElementsAre("a"));
+}
+
+TEST_F(SearchWindowTest, SelectCommandsShowInTheList) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba|C:\\home\\ann\\Music\\Beatles");
+    Press("cmdSelectAll");
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "3");
+    Press("cmdSelectNone");
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "0");
+    EXPECT_EQ(TextOf("lblTotalSize"), "0");
+    Press("cmdSelectReverse");
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "3");
+}
+
+TEST_F(SearchWindowTest, TheNativePathOfTheCurrentRowIsShownAndCopied) {
+    Find<QCheckBox>("chkFastSort")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    ClickRow(0);
+    EXPECT_EQ(TextOf("lblNativePath"), "/home/ann/Music/Abba/one.mp3");
+    ClickRow(1, Qt::ShiftModifier);
+    QTest::keyClick(&window->List(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              "/home/ann/Music/Abba/one.mp3\n/home/ann/Music/Abba/two.mp3");
+}
+
+TEST_F(SearchWindowTest, ColumnsAreChosenAtTheHead) {
+    EXPECT_TRUE(window->List().isColumnHidden(results::kAttributes));
+    QMenu menu;
+    window->List().FillColumnMenu(menu);
+    for (QAction* entry : menu.actions()) {
+        if (entry->text() == "Attributes") entry->trigger();
+    }
+    EXPECT_FALSE(window->List().isColumnHidden(results::kAttributes));
+}
+
+TEST_F(SearchWindowTest, AClickOnAHeadRaisesItsEventOnlyWhenThereIsOne) {
+    int clicked = -1;
+    S().events.On("frmSearch.lstMain_ColumnClick",
+                  [&](session::Session&, const session::EventArgs& args) { clicked = args.index; });
+    auto* head = window->List().horizontalHeader();
+    const int x = head->sectionViewportPosition(results::kSize) + 10;
+    QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, QPoint(x, head->height() / 2));
+    EXPECT_EQ(clicked, results::kSize);
+}
+
+TEST_F(SearchWindowTest, ARowIsReadFromItsName) {
+    Find<QCheckBox>("chkFastSort")->click();
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    const auto text = window->List().model()->index(0, 0).data(Qt::AccessibleTextRole).toString();
+    EXPECT_TRUE(text.startsWith("one.mp3, ")) << text.toStdString();
+    EXPECT_FALSE(window->List().accessibleName().isEmpty());
+}
+
+TEST_F(SearchWindowTest, CtrlFGoesToTheSearchBox) {
+    window->List().setFocus();
+    QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(Find<QComboBox>("cmbSearchFor")->hasFocus());
+}
+
+TEST_F(SearchWindowTest, ScrollingPastABoxDoesNotChangeIt) {
+    Form().cmbSearchFor.AddItem("*.flac");
+    Type("cmbSearchFor", "*.mp3");
+    auto* box = Find<QComboBox>("cmbSearchFor");
+    QWheelEvent wheel(QPointF(5, 5), box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(box, &wheel);
+    EXPECT_EQ(Form().cmbSearchFor.Text.Get(), "*.mp3");
+}
+
+// Every visible part of the window lies whole within what holds it.
+void ExpectNothingClipped(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool reads = qobject_cast<const QLabel*>(widget) != nullptr ||
+                           qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                           qobject_cast<const QComboBox*>(widget) != nullptr;
+        if (!reads || !widget->isVisible() || widget->objectName().isEmpty()) continue;
+        if (widget->objectName().startsWith("qt_")) continue;
+        const QRect place(widget->mapTo(&window, QPoint()), widget->size());
+        EXPECT_TRUE(window.rect().contains(place)) << widget->objectName().toStdString();
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+            << widget->objectName().toStdString();
+        EXPECT_GE(widget->height(), widget->minimumSizeHint().height())
+            << widget->objectName().toStdString();
+        const QRect within = widget->parentWidget()->rect();
+        EXPECT_TRUE(within.contains(widget->geometry())) << widget->objectName().toStdString();
+    }
+}
+
+TEST_F(SearchWindowTest, NothingIsClippedInTheSmallestWindow) {
+    OnModal([](QWidget& modal) {
+        QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    Search("*.*", "C:\\home\\ann\\Music\\Abba");
+    Find<QCheckBox>("chkSize")->click();
+    Find<QCheckBox>("chkDate")->click();
+    auto* how = Find<QComboBox>("cboDate");
+    how->setFocus();
+    QTest::keyClicks(how, "R");
+    Form().cboSize.Text = "Range";
+    Form().txtSize2.Visible = true;
+    for (auto* label : {&Form().lblNumOfFilesFound, &Form().lblNumOfFilesAttrib,
+                        &Form().lblNumOfFilesSelected, &Form().lblNumOfDirsSelected}) {
+        label->Caption = "250000";
+    }
+    Form().lblTotalSize.Caption = "999,999,999,999";
+    gate.Flush();
+    window->resize(800, 497);
+    QTest::qWait(50);
+    EXPECT_EQ(window->size(), QSize(800, 497));
+    ExpectNothingClipped(*window);
+    EXPECT_GE(window->List().height(), 100);
+}
+
+TEST_F(SearchWindowTest, AListOf250000RowsSelectsAllAndScrollsToItsEnd) {
+    results::ResultList& rows = program.Rows();
+    rows.Clear();
+    const auto* folder = rows.AddFolder({.longPath = "C:\\many"});
+    for (int i = 0; i < 250'000; ++i) {
+        const std::string name = "file " + std::to_string(i) + ".txt";
+        rows.Add({.name = name, .folder = folder, .size = 2}, "01");
+    }
+    gate.Run(nullptr, [&] {
+        Form().fraSelection.Visible = true;
+        Form().cmdSelectAll.Visible = true;
+    });
+    ASSERT_EQ(window->List().model()->rowCount(), 250'000);
+    Press("cmdSelectAll");
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "250,000");
+    EXPECT_EQ(TextOf("lblTotalSize"), "500,000");
+    auto& list = window->List();
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_End);
+    EXPECT_EQ(list.CurrentRow(), 249'999U);
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
+    EXPECT_EQ(TextOf("lblNumOfFilesSelected"), "1");
+}
+
+TEST_F(SearchWindowTest, AListClearedInTheMiddleOfARoutineCanBePainted) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    gate.Run(nullptr, [&] {
+        program.Rows().Clear();
+        window->List().viewport()->repaint();
+        EXPECT_EQ(window->List().model()->index(0, 0).data().toString(), "");
+    });
+    EXPECT_EQ(window->List().model()->rowCount(), 0);
+}
+
+} // namespace tarvix::qt

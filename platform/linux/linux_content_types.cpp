@@ -1,0 +1,43 @@
+#include "platform/linux/linux_content_types.h"
+
+#include "text/paths.h"
+
+#include <gio/gio.h>
+
+#include <memory>
+
+namespace tarvix::platform {
+
+namespace {
+
+struct FreeGlibText {
+    void operator()(char* text) const { g_free(text); }
+};
+using GlibText = std::unique_ptr<char, FreeGlibText>;
+
+} // namespace
+
+// GIO settles on its folders when it is first asked for a description or for them, and drops what
+// an earlier guess had loaded: so ask before the first guess.
+LinuxContentTypes::LinuxContentTypes() {
+    g_content_type_get_mime_dirs();
+}
+
+// A guess takes less than a microsecond, and no part of the name alone decides it ("a.tar.gz",
+// "CMakeLists.txt", "a.C"): so only descriptions are kept.
+std::string LinuxContentTypes::TypeName(std::string_view path, const ObjectFacts& facts) {
+    if ((facts.attributes & (kFolder | kSpecial)) != 0) return {};
+    const std::string name(text::FileNameOf(path));
+    const GlibText contentType(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    return Description(contentType.get());
+}
+
+const std::string& LinuxContentTypes::Description(const char* contentType) {
+    const auto [found, isNew] = descriptions_.try_emplace(contentType);
+    if (isNew && !g_content_type_is_unknown(contentType)) {
+        found->second = GlibText(g_content_type_get_description(contentType)).get();
+    }
+    return found->second;
+}
+
+} // namespace tarvix::platform

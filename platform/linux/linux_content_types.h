@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/content_types.h"
+
+#include <unordered_map>
+
+namespace tarvix::platform {
+
+// Types by the shared MIME database; without one every name is empty. A change of the language
+// while the program runs is not seen.
+class LinuxContentTypes : public ContentTypes {
+  public:
+    LinuxContentTypes();
+    std::string TypeName(std::string_view path, const ObjectFacts& facts) override;
+
+  private:
+    const std::string& Description(const char* contentType);
+
+    std::unordered_map<std::string, std::string> descriptions_;
+};
+
+} // namespace tarvix::platform

@@ -29,7 +29,7 @@ Run Time(const char* command) {
     const pid_t child = ::fork();
     if (child == 0) {
         const int null = ::open("/dev/null", O_WRONLY);
-        ::dup2(null, STDOUT_FILENO);
+        if (null < 0 || ::dup2(null, STDOUT_FILENO) < 0) ::_exit(126);
         ::execl("/bin/sh", "sh", "-c", command, static_cast<char*>(nullptr));
         ::_exit(127);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -13,6 +14,7 @@ namespace tarvix::platform {
 namespace {
 
 constexpr std::size_t kMostUntaken = 256; // folders read and not yet taken
+constexpr std::size_t kAtOnce = 16; // folders that a thread takes up, or drops, under one lock
 
 enum class Progress { kWaiting, kInWork, kDone };
 
@@ -22,7 +24,7 @@ struct Job {
     FolderListing names; // asked for, or the result
     std::vector<std::optional<ObjectFacts>> facts;
     bool isRead = false;
-    Progress progress = Progress::kWaiting;
+    std::atomic<Progress> progress = Progress::kWaiting;
 };
 
 void ReadFacts(OpenFolder& folder, Job& job) {
@@ -45,24 +47,31 @@ void Do(FileSystem& files, Job& job) {
 
 } // namespace
 
+// Only the owner adds and drops jobs; the worker takes them up in their order. What both touch is
+// under the lock, except a job's progress, so that a result that is there costs the owner nothing.
 struct ReadAhead::State {
     explicit State(FileSystem& fileSystem) : files(fileSystem) {}
 
-    Job& Add(std::string folder, bool wantsFacts, FolderListing names);
-    // The oldest job, done; it stays in front until Drop.
-    Job& Front();
+    void Add(std::string folder, bool wantsFacts, FolderListing names);
+    Job& Front(); // the oldest job not taken, done
     void Drop();
     void Work(const std::stop_token& stop);
+    bool HasWork() const { return next < jobs.size() && next < kMostUntaken; }
+    bool TakeUp(Job& job);
+    void AwaitDone(Job& job);
 
     FileSystem& files;
     std::mutex mutex;
     std::condition_variable_any changed;
-    std::deque<Job> jobs; // pushing and popping leaves the others where they are
-    std::size_t next = 0; // the first that nobody has taken up
+    std::deque<Job> jobs;  // adding and dropping leaves the others where they are
+    std::size_t next = 0;  // the first that nobody has taken up
+    std::size_t taken = 0; // in front of the oldest that the owner still wants
+    bool workerWaits = false;
+    std::atomic<bool> ownerWaits = false;
     std::jthread worker;
 };
 
-Job& ReadAhead::State::Add(std::string folder, bool wantsFacts, FolderListing names) {
+void ReadAhead::State::Add(std::string folder, bool wantsFacts, FolderListing names) {
     const std::scoped_lock lock(mutex);
     Job& job = jobs.emplace_back();
     job.folder = std::move(folder);
@@ -71,44 +80,70 @@ Job& ReadAhead::State::Add(std::string folder, bool wantsFacts, FolderListing na
     if (files.AllowsReadingThreads() && !worker.joinable()) {
         worker = std::jthread([this](const std::stop_token& stop) { Work(stop); });
     }
-    changed.notify_all();
-    return job;
+    if (workerWaits && HasWork()) changed.notify_all();
 }
 
 void ReadAhead::State::Work(const std::stop_token& stop) {
-    std::unique_lock lock(mutex);
-    while (changed.wait(lock, stop, [&] { return next < jobs.size() && next < kMostUntaken; })) {
-        Job& job = jobs[next++];
-        job.progress = Progress::kInWork;
-        lock.unlock();
-        Do(files, job);
-        lock.lock();
-        job.progress = Progress::kDone;
-        if (&job == &jobs.front()) changed.notify_all();
-        if (stop.stop_requested()) return;
+    std::vector<Job*> mine;
+    while (!stop.stop_requested()) {
+        {
+            std::unique_lock lock(mutex);
+            workerWaits = true;
+            if (!changed.wait(lock, stop, [this] { return HasWork(); })) return;
+            workerWaits = false;
+            for (mine.clear(); HasWork() && mine.size() < kAtOnce; ++next) {
+                jobs[next].progress = Progress::kInWork;
+                mine.push_back(&jobs[next]);
+            }
+        }
+        for (Job* job : mine) {
+            if (stop.stop_requested()) return;
+            Do(files, *job);
+            job->progress = Progress::kDone;
+            if (!ownerWaits) continue;
+            const std::scoped_lock lock(mutex);
+            changed.notify_all();
+        }
     }
 }
 
 Job& ReadAhead::State::Front() {
-    std::unique_lock lock(mutex);
-    Job& job = jobs.front();
-    if (job.progress == Progress::kWaiting) {
-        // Nobody has taken it up, so the caller does it itself.
-        job.progress = Progress::kInWork;
-        ++next;
-        lock.unlock();
+    Job& job = jobs[taken];
+    if (job.progress == Progress::kDone) return job;
+    if (TakeUp(job)) {
         Do(files, job);
-        return job;
+        job.progress = Progress::kDone;
+    } else {
+        AwaitDone(job);
     }
-    changed.wait(lock, [&] { return job.progress == Progress::kDone; });
     return job;
 }
 
-void ReadAhead::State::Drop() {
+// Whether nobody has taken up the oldest job, so that the owner does it now.
+bool ReadAhead::State::TakeUp(Job& job) {
     const std::scoped_lock lock(mutex);
-    jobs.pop_front();
-    --next;
-    changed.notify_all();
+    if (job.progress != Progress::kWaiting) return false;
+    job.progress = Progress::kInWork;
+    ++next;
+    return true;
+}
+
+void ReadAhead::State::AwaitDone(Job& job) {
+    std::unique_lock lock(mutex);
+    ownerWaits = true;
+    changed.wait(lock, [&] { return job.progress == Progress::kDone; });
+    ownerWaits = false;
+}
+
+void ReadAhead::State::Drop() {
+    ++taken;
+    if (taken < kAtOnce) return;
+    const std::scoped_lock lock(mutex);
+    next -= taken;
+    for (; taken > 0; --taken) {
+        jobs.pop_front();
+    }
+    if (workerWaits && HasWork()) changed.notify_all();
 }
 
 ReadAhead::ReadAhead(FileSystem& files) : state_(std::make_unique<State>(files)) {}

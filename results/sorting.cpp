@@ -181,8 +181,11 @@ std::int64_t GrouplstMain(ResultList& rows, Column column) {
 void ArrangeFoundRows(Session& session) {
     const auto& list = session.frmSearch.lstMain;
     const auto column = static_cast<Column>(list.SortKey.Get());
+    // How the search ended is still to be read when the rows stand.
+    const std::string status = session.frmSearch.lblStatus.Caption;
     SortRows(*session.rows, column, list.SortOrder);
     Group(session, column);
+    session.frmSearch.lblStatus.Caption = status;
 }
 
 void lstMain_ColumnClick(Session& session, Column column) {

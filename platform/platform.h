@@ -8,6 +8,7 @@ class Clock;
 class Environment;
 class Registry;
 class Launcher;
+class ContentTypes;
 
 // All that a session needs of the machine. The owner is whoever composed the program.
 struct Platform {
@@ -17,6 +18,7 @@ struct Platform {
     Environment& environment;
     Registry& registry;
     Launcher& launcher;
+    ContentTypes& contentTypes;
 };
 
 } // namespace tarvix::platform

@@ -1,5 +1,6 @@
 #include "results/result_list.h"
 
+#include "results/row_details.h"
 #include "session/short_path.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -51,14 +52,6 @@ std::string ExtensionCell(const ResultRow& row) {
     return text::Lower(extension);
 }
 
-std::string TypeCell(const ResultRow& row) {
-    if (row.isFolder) return std::string(kFolderType);
-    const std::string_view extension = text::GetExtension(row.name);
-    if (extension.empty()) return "  Unknown";
-    if (text::Length(extension) > 6) return {};
-    return text::Upper(extension) + " File";
-}
-
 bool NeedsShortName(const ResultRow& row, std::size_t pathLength) {
     static const text::LikePattern shortName("??????~?.???");
     if (!shortName.Matches(row.name)) return false;
@@ -90,6 +83,7 @@ void ResultList::Clear() {
     blockLeft_ = 0;
     entries_.clear();
     index_.reset();
+    if (details_) details_->Clear();
     ++generation_;
 }
 
@@ -206,8 +200,6 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     case kDate:
         if (row.date == kNoDate) return {};
         return text::FormatDate(text::FromSeconds(row.date), "yyyy/mm/dd hh:mm:ss");
-    case kType:
-        return TypeCell(row);
     case kExt:
         return ExtensionCell(row);
     case kPath:
@@ -236,9 +228,21 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
         return session::ShortFormOf(FullPath(index));
     case kSearchFolderIndex:
         return std::to_string(row.folder->searchFolderIndex);
+    case kType:
+    case kVersion:
+    case kExeType:
+    case kOs:
+    case kYearRank:
+        return DetailCell(index, column);
     default:
         return {};
     }
+}
+
+std::string ResultList::DetailCell(std::size_t index, Column column) const {
+    const ResultRow& row = rows_[index];
+    if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
+    return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
 }
 
 forms::Color ResultList::CellColor(std::size_t index, Column column) const {

@@ -44,6 +44,8 @@ struct ResultRow {
     bool IsSpacer() const { return name.empty(); }
 };
 
+class RowDetails;
+
 // `lstMain`'s rows: the only store of what was found between a search and an action.
 class ResultList {
   public:
@@ -51,6 +53,9 @@ class ResultList {
     ~ResultList();
     ResultList(const ResultList&) = delete;
     ResultList& operator=(const ResultList&) = delete;
+
+    // Where cells come from that need more than a row's facts; without it they are empty.
+    void UseDetails(RowDetails& details) { details_ = &details; }
 
     void Clear();
     std::size_t Count() const { return rows_.size(); }
@@ -84,6 +89,7 @@ class ResultList {
 
   private:
     struct PathIndex;
+    std::string DetailCell(std::size_t index, Column column) const;
     std::string_view KeepName(std::string_view name);
     void Replace(std::vector<ResultRow> rows);
     const std::string* KeepEntry(std::string_view entry);
@@ -94,6 +100,7 @@ class ResultList {
     std::size_t blockLeft_ = 0;
     std::unordered_set<std::string> entries_;
     std::unique_ptr<PathIndex> index_;
+    RowDetails* details_ = nullptr;
     std::uint64_t generation_ = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/drive_table.h"
 #include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_content_types.h"
 #include "platform/linux/linux_environment.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_launcher.h"
@@ -32,7 +33,9 @@ class LinuxPlatform {
   public:
     explicit LinuxPlatform(LinuxOptions options = {});
 
-    Platform Parts() { return {files_, paths_, clock_, environment_, registry_, *launcher_}; }
+    Platform Parts() {
+        return {files_, paths_, clock_, environment_, registry_, *launcher_, contentTypes_};
+    }
 
   private:
     LinuxPlatform(LinuxOptions options, const EnvironmentSource& source);
@@ -44,6 +47,7 @@ class LinuxPlatform {
     LinuxEnvironment environment_;
     LinuxRegistry registry_;
     std::unique_ptr<Launcher> launcher_;
+    LinuxContentTypes contentTypes_;
 };
 
 } // namespace tarvix::platform

@@ -2,6 +2,7 @@
 
 #include "platform/memory/faulty_file_system.h"
 #include "platform/memory/memory_clock.h"
+#include "platform/memory/memory_content_types.h"
 #include "platform/memory/memory_environment.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_launcher.h"
@@ -26,7 +27,8 @@ struct MemoryPlatform {
     MemoryEnvironment environment;
     MemoryRegistry registry;
     MemoryLauncher launcher{disk};
-    Platform platform{faults, paths, clock, environment, registry, launcher};
+    MemoryContentTypes contentTypes;
+    Platform platform{faults, paths, clock, environment, registry, launcher, contentTypes};
 };
 
 } // namespace tarvix::platform

@@ -33,6 +33,7 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     : session_(machine, prompts) {
     session_.rows = &rows_;
     session_.selection = &selection_;
+    rows_.UseDetails(details_);
     AddLifecycleEvents(session_.events);
     AddListEvents(session_.events);
     search::AddSearchEvents(session_.events);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "results/result_list.h"
+#include "results/row_details.h"
 #include "results/selection.h"
 #include "session/session.h"
 
@@ -28,6 +29,7 @@ class Program {
     results::ResultList rows_;
     results::Selection selection_;
     session::Session session_;
+    results::RowDetails details_{session_};
 };
 
 // Name and version as people see them: "Tarvix", "0.1.0".

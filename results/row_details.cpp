@@ -1,0 +1,49 @@
+#include "results/row_details.h"
+
+#include "platform/content_types.h"
+#include "platform/file_system.h"
+#include "results/year_rank.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+#include "text/paths.h"
+
+namespace tarvix::results {
+
+namespace {
+constexpr std::size_t kLongestExtension = 6;
+}
+
+std::string RowDetails::Cell(const ResultRow& row, Column column, std::string_view path) {
+    if (column == kYearRank) {
+        return AssignYearRank(row.name, row.folder->longPath, session_.state.intMaxYear);
+    }
+    if (!session_.blnListItems[static_cast<std::size_t>(column)]) return {};
+    if (column == kType) return TypeCell(row, path);
+    const ExeFacts& facts = FactsOf(row, path);
+    if (column == kExeType) return ExeTypeText(facts.exeType);
+    if (!facts.version) return {};
+    return column == kVersion ? VersionText(*facts.version)
+                              : std::string(OsText(facts.version->os));
+}
+
+std::string RowDetails::TypeCell(const ResultRow& row, std::string_view path) {
+    platform::ObjectFacts facts;
+    facts.attributes = row.attributes;
+    std::string name = session_.platform.contentTypes.TypeName(path, facts);
+    if (!name.empty()) return name;
+    const std::string_view extension = text::GetExtension(row.name);
+    if (extension.empty()) return "  Unknown";
+    if (text::Length(extension) > kLongestExtension) return {};
+    return text::Upper(extension) + " File";
+}
+
+const ExeFacts& RowDetails::FactsOf(const ResultRow& row, std::string_view path) {
+    const auto [entry, isNew] = read_.try_emplace(row.name.data());
+    if (isNew && (row.attributes & platform::kSpecial) == 0) {
+        entry->second = ReadExeFacts(FileReader(session_.files(), path));
+    }
+    return entry->second;
+}
+
+} // namespace tarvix::results

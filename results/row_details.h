@@ -1,0 +1,37 @@
+#pragma once
+
+#include "results/exe_facts.h"
+#include "results/result_list.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::results {
+
+// The cells that need more than a row's own facts: type names of the desktop, and what the headers
+// of programs tell. Each file is read once, and only when such a cell is asked for. A hidden column
+// has empty cells, so that nothing is read for it.
+class RowDetails {
+  public:
+    explicit RowDetails(session::Session& session) : session_(session) {}
+
+    // Type, Version, Exe Type, OS or Year-Rank of a file row; `path` is its full path.
+    std::string Cell(const ResultRow& row, Column column, std::string_view path);
+    // Forgets what was read for rows that are gone.
+    void Clear() { read_.clear(); }
+
+  private:
+    std::string TypeCell(const ResultRow& row, std::string_view path);
+    const ExeFacts& FactsOf(const ResultRow& row, std::string_view path);
+
+    session::Session& session_;
+    // By where the list keeps a row's name: that is the row's own as long as it lives.
+    std::unordered_map<const char*, ExeFacts> read_;
+};
+
+} // namespace tarvix::results

@@ -19,11 +19,13 @@ bool FolderList::IsInterrupted() const {
     return session_.state.blnStopClicked || session_.state.blnSkipSearch;
 }
 
-// Bytes are never fewer than characters, so a short byte count settles most paths.
+// Every level shortened at once, from the names alone: a search looks up nothing that it doesn't
+// list. Bytes are never fewer than characters, so a short byte count settles most paths.
 std::string FolderList::ShortFormFor(const std::string& path) {
-    if (path.size() <= session::kFolderPortion) return {};
-    std::string form = session::GetShortPathNameReturnCodes(session_, path).path;
-    return form == path ? std::string{} : form;
+    if (path.size() <= session::kFolderPortion || text::Length(path) <= session::kFolderPortion) {
+        return {};
+    }
+    return session::ShortFormOf(path);
 }
 
 void FolderList::Start(std::string_view location) {

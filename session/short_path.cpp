@@ -32,11 +32,13 @@ bool ShortenFolderPortion(Session& session, std::string& path) {
     const std::size_t end = FolderPortionEnd(path);
     if (end == 0) return false;
     const std::string_view folder = std::string_view(path).substr(0, end);
-    if (!platform::GetFolder(session.files(), folder))
+    const auto facts = platform::GetFolder(session.files(), folder);
+    if (!facts && facts.error().number == platform::kPathNotFound) {
         CreateMissing247Folder(session, folder, true);
-    auto shortForm = session.files().ShortPath(folder);
+    }
+    const auto shortForm = session.files().ShortPath(folder);
     if (!shortForm || shortForm->empty()) return false;
-    path = *shortForm + path.substr(end);
+    path = std::string(text::StripTrailingSlash(*shortForm)) + path.substr(end);
     return true;
 }
 

@@ -1,19 +1,18 @@
 // Times two commands in turn (A B A B ...), drops the first pair, and prints the ratio A/B of each
 // figure: wall time pair by pair, and peak memory. What the commands print is thrown away.
 
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <string>
 #include <string_view>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -70,7 +69,8 @@ int main(int argc, char** argv) {
         memoryB.push_back(b.megabytes);
     }
     const auto [least, most] = std::ranges::minmax(ratios);
-    fmt::print("{:<34} time x{:.2f} of the peer ({:.2f} to {:.2f}, {} pairs); peak memory {:.0f} MB "
-               "beside {:.0f} MB\n",
-               argv[1], Median(ratios), least, most, pairs, Median(memoryA), Median(memoryB));
+    fmt::print(
+        "{:<34} time x{:.2f} of the peer ({:.2f} to {:.2f}, {} pairs); peak memory {:.0f} MB "
+        "beside {:.0f} MB\n",
+        argv[1], Median(ratios), least, most, pairs, Median(memoryA), Median(memoryB));
 }

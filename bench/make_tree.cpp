@@ -1,20 +1,19 @@
 // Makes a realistic tree of files, the same for the same arguments: music, documents, photos, deep
 // folders and names beyond ASCII, about twelve files a folder, dated 2005 to 2025.
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <fmt/format.h>
 
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <random>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -25,13 +24,13 @@ constexpr std::int64_t kFirstDate = 1104537600; // 2005-01-01
 constexpr std::int64_t kLastDate = 1764547199;  // 2025-11-30
 
 constexpr std::array<std::string_view, 24> kWords{
-    "Blue",  "River", "Summer",    "Night",  "Old",     "Road",  "Winter", "Light",
-    "Stone", "House", "Invoice",   "Report", "Meeting", "Draft", "Final",  "Notes",
-    "Été",   "Größe", "Приложение", "東京",    "Año",     "Café",  "Project", "Backup"};
+    "Blue",  "River", "Summer",     "Night",  "Old",     "Road",  "Winter",  "Light",
+    "Stone", "House", "Invoice",    "Report", "Meeting", "Draft", "Final",   "Notes",
+    "Été",   "Größe", "Приложение", "東京",   "Año",     "Café",  "Project", "Backup"};
 constexpr std::array<std::string_view, 12> kArtists{
     "The Quiet Hours", "Anna Lindqvist", "Sigur Møller", "Orquesta del Río",
     "Кино и Ко",       "Los Años",       "Paper Boats",  "Johann Groß",
-    "Blue Station",    "Mirela",         "夜の音",        "The Long Way"};
+    "Blue Station",    "Mirela",         "夜の音",       "The Long Way"};
 
 class TreeMaker {
   public:
@@ -52,7 +51,8 @@ class TreeMaker {
     std::string_view Word() { return kWords[static_cast<std::size_t>(Number(0, 23))]; }
 
     void Folder(const fs::path& folder) {
-        for (fs::path step = folder; step != root_ && !fs::exists(step); step = step.parent_path()) {
+        for (fs::path step = folder; step != root_ && !fs::exists(step);
+             step = step.parent_path()) {
             ++folders_;
         }
         fs::create_directories(folder);
@@ -78,8 +78,8 @@ class TreeMaker {
 
     void MakeMusic(int round) {
         const auto artist = kArtists[static_cast<std::size_t>(round) % kArtists.size()];
-        const fs::path album = root_ / "Music" / artist /
-                               fmt::format("{} {} ({})", Word(), round, Number(1960, 2024));
+        const fs::path album =
+            root_ / "Music" / artist / fmt::format("{} {} ({})", Word(), round, Number(1960, 2024));
         Folder(album);
         for (int track = 1; track <= kFilesPerFolder; ++track) {
             const char* const type = track % 4 == 0 ? "flac" : track % 11 == 0 ? "jpg" : "mp3";
@@ -104,8 +104,8 @@ class TreeMaker {
                                             round % 12 + 1, round % 28 + 1, Word(), round);
         Folder(folder);
         for (int i = 0; i < kFilesPerFolder; ++i) {
-            File(folder, fmt::format("IMG_{:05}.{}", Number(0, 99) * 1000 + i,
-                                     i % 6 == 5 ? "CR2" : "JPG"));
+            File(folder,
+                 fmt::format("IMG_{:05}.{}", Number(0, 99) * 1000 + i, i % 6 == 5 ? "CR2" : "JPG"));
         }
     }
 

@@ -161,13 +161,26 @@ void chkSize_Click(Session& session) {
     cboSize_Change(session);
 }
 
+void SetDateType(Session& session, int kind) {
+    auto& form = session.frmSearch;
+    for (int i = 0; i < static_cast<int>(form.mnuSearch_DateType.size()); ++i) {
+        auto& entry = form.mnuSearch_DateType[static_cast<std::size_t>(i)];
+        entry.Checked = i == kind;
+        if (i == kind) form.lblDateType.Caption = entry.Caption.Get();
+    }
+}
+
+void mnuSearch_DateType_Click(Session& session, const session::EventArgs& args) {
+    SetDateType(session, args.index);
+}
+
 void chkDate_Click(Session& session) {
     auto& form = session.frmSearch;
     const bool isOn = form.chkDate.Value == 1;
     form.chkDate.ForeColor = isOn ? forms::kRed : forms::kBlack;
     form.cboDate.Visible = isOn;
     form.lblDateType.Visible = isOn;
-    if (!isOn) form.lblDateType.Caption = "Date = Modified Date";
+    if (!isOn) SetDateType(session, 0);
     ShowDateLabels(session);
 }
 
@@ -266,6 +279,7 @@ void AddCriteriaEvents(session::EventTable& events) {
     events.On("frmSearch.chkDate_Click", chkDate_Click);
     events.On("frmSearch.chkIncludeSubFolders_Click", chkIncludeSubFolders_Click);
     events.On("frmSearch.optFilesVsDirs_Click", optFilesVsDirs_Click);
+    events.On("frmSearch.mnuSearch_DateType_Click", mnuSearch_DateType_Click);
     events.On("frmSearch.txtSize1_LostFocus", [](Session& session, const session::EventArgs&) {
         LeaveSizeBox(session, session.frmSearch.txtSize1);
     });

@@ -8,6 +8,7 @@ FrmSearch::FrmSearch() : Form("frmSearch") {
              &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus}) {
         hidden->Visible = false;
     }
+    mnuSearch_DateType[0].Checked = true;
     lblTotalSize.ToolTipText = "Total Size for all File objects (Folders listed are not included). "
                                "**When red it is an guess when files over 2 gb exist.**";
 }

@@ -114,6 +114,18 @@ class FrmSearch : public Form {
                                     "Copy Object Names Directly into 'Search For' Box"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
 
+    // Which date of an object is tested and shown.
+    std::array<MenuEntry, 3> mnuSearch_DateType{
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Modified Date", 0},
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Created Date", 1},
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Last Accessed Date", 2}};
+
+    // The texts beside the program.
+    MenuEntry mnuHelp_Help{*this, "mnuHelp_Help", "&Help"};
+    MenuEntry mnuHelp_GenInfo{*this, "mnuHelp_GenInfo", "&General Information"};
+    MenuEntry mnuHelp_Advanced{*this, "mnuHelp_Advanced", "&Advanced Functions List"};
+    MenuEntry mnuHelp_Ver{*this, "mnuHelp_Ver", "&Version Changes"};
+
     // The ten attribute boxes in the order of their bits' table.
     const std::array<CheckBox*, 10> attributeBoxes{
         &chkReadOnly,   &chkHidden, &chkSystem, &chkArchive, &chkAlias,

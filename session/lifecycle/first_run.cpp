@@ -2,7 +2,7 @@
 
 #include "platform/dir.h"
 #include "platform/file_system.h"
-#include "platform/launcher.h"
+#include "session/lifecycle/help.h"
 #include "session/session.h"
 
 namespace tarvix::lifecycle {
@@ -24,13 +24,6 @@ constexpr std::string_view kNotice =
     "I offer no guarantees, results are ENTIRELY based on your actions.\r\n\r\n"
     "The help file will now open.";
 
-// A help text lies beside the program. One that can't be opened is told on the status line.
-void OpenHelp(session::Session& session, std::string_view name) {
-    const std::string path = session.state.strProgramFolder + "\\" + std::string(name);
-    const auto opened = session.platform.launcher.OpenDocument(path);
-    if (!opened) session.frmSearch.lblStatus.Caption = opened.error().description;
-}
-
 bool AsksFor(session::Session& session, std::string_view question) {
     return session.MsgBox(question, session::kYesNo) == session::kYes;
 }
@@ -41,12 +34,12 @@ void FirstRunCheck(session::Session& session) {
     const std::string& history = session.state.strFSSearchHistoryFile;
     if (!platform::DirName(session.files(), history, platform::kDirFiles).empty()) return;
     session.MsgBox(kNotice, session::kCritical);
-    OpenHelp(session, "Tarvix.rtf");
+    OpenHelp(session);
     if (AsksFor(session, "Would you like to see the General Information file?")) {
-        OpenHelp(session, "User Doc.txt");
+        OpenGeneralInformation(session);
     }
     if (AsksFor(session, "Would you like to see the Advanced Functions file?")) {
-        OpenHelp(session, "Advanced Functions.txt");
+        OpenAdvancedFunctions(session);
     }
     if (auto made = session.files().CreateTextFile(history, false)) (void)(*made)->Close();
 }

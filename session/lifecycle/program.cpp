@@ -3,6 +3,7 @@
 #include "actions/action_request.h"
 #include "results/sorting.h"
 #include "search/request.h"
+#include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
 
 namespace tarvix::lifecycle {
@@ -35,6 +36,7 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     session_.selection = &selection_;
     rows_.UseDetails(details_);
     AddLifecycleEvents(session_.events);
+    AddHelpEvents(session_.events);
     AddListEvents(session_.events);
     search::AddSearchEvents(session_.events);
     actions::AddActionEvents(session_.events);

@@ -10,16 +10,6 @@
 namespace tarvix::platform {
 
 namespace {
-Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path) {
-    const std::string folder = place.Folder();
-    const auto location = Locate(folder);
-    auto fd = location ? OpenAt(*location, O_PATH | O_DIRECTORY)
-                       : Sys<UniqueFd>(std::unexpected(location.error()));
-    if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
-    if (!fd) return FailureOf(fd.error(), path);
-    return std::move(*fd);
-}
-
 Sys<UniqueFd> OpenItself(const Place& place) {
     const auto location = Locate(place.native);
     if (!location) return std::unexpected(location.error());

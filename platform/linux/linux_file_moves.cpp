@@ -1,4 +1,5 @@
 #include "platform/linux/file_copier.h"
+#include "platform/linux/folder_copier.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/part_file.h"
 #include "text/case.h"
@@ -116,8 +117,10 @@ Result<void> LinuxFileSystem::MoveFolder(std::string_view from, std::string_view
     const auto target = resolver_.Target(to);
     if (!target) return std::unexpected(target.error());
     if (source->IsRoot()) return FailureBy(kPermissionDenied, from);
-    const bool isInside = target->native.starts_with(source->native + "/");
-    if (isInside && S_ISDIR(source->st->stx_mode)) return FailureBy(kPathFileAccess, to);
+    if (target->IsRoot()) return FailureOf(EEXIST, to);
+    const auto outer = OpenFolderOf(*target, to);
+    if (!outer) return std::unexpected(outer.error());
+    if (IsWithin(outer->Get(), *source->st)) return FailureBy(kPathFileAccess, to);
     if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);
     if (renamed) return {};

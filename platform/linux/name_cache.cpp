@@ -18,7 +18,8 @@ constexpr std::size_t kMostFolders = 48;
 constexpr std::size_t kMostNames = 400'000;
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
-constexpr std::int64_t kShare = 40; // reading again may take one part in so many of the time
+constexpr std::int64_t kCheap = 200'000; // nanoseconds
+constexpr std::int64_t kShare = 40;      // reading again may take one part in so many of the time
 
 std::int64_t WallNow() {
     timespec now{};
@@ -31,6 +32,15 @@ bool HasWholeSeconds(std::int64_t modified) {
 }
 } // namespace
 
+// Reading again must never take more than a small share of the time, however many others' changes
+// and misses follow each other.
+bool NameCache::IsDue(const Folder& folder, std::int64_t modified, std::int64_t now) {
+    const std::int64_t pause = kShare * folder.readCost;
+    if (folder.hasOwnChange) return now - folder.readAt > std::max(kDateStep, pause);
+    if (!folder.isFresh && folder.modified == modified) return false;
+    return folder.readCost < kCheap || now - folder.readAt > pause;
+}
+
 Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
     const auto st = StatBehindPath(path);
     if (!st) return std::unexpected(st.error());
@@ -41,10 +51,7 @@ Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
     Folder& folder = found->second;
     const std::int64_t now = SteadyNow();
     const bool isSame = folder.inode == st->stx_ino && folder.device == DeviceOf(*st);
-    const bool isDue = folder.hasOwnChange
-                           ? now - folder.readAt > std::max(kDateStep, kShare * folder.readCost)
-                           : folder.isFresh || folder.modified != modified;
-    if (!isSame || isDue) return Read(path, modified);
+    if (!isSame || IsDue(folder, modified, now)) return Read(path, modified);
     folder.usedAt = now;
     return &folder;
 }

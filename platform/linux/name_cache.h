@@ -14,8 +14,8 @@ namespace tarvix::platform {
 
 // Finds names in folders by their short form or without regard to case, so that not each miss reads
 // a whole folder. A folder's names are kept while its date stands; our own changes are told to it.
-// Changes that others make while we change a folder too are seen after a short while. Safe to use
-// from several threads.
+// What others do is seen at once in small folders, and shortly after in large ones and in those
+// that we are changing ourselves. Safe to use from several threads.
 class NameCache {
   public:
     // The disk name that `name` (drive form) stands for: by made short form when just one has it,
@@ -56,6 +56,7 @@ class NameCache {
         std::optional<Map<std::string>> byShort; // "" where two names share a form
     };
 
+    static bool IsDue(const Folder& folder, std::int64_t modified, std::int64_t now);
     Sys<Folder*> Valid(const std::string& path);
     Sys<Folder*> Read(const std::string& path, std::int64_t modified);
     static void Add(Folder& folder, std::string_view nativeName);

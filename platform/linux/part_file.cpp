@@ -83,8 +83,8 @@ Sys<PartFile> PartFile::Create(int folder, unsigned mode, const CopyRoads& roads
         auto fd = OpenAt({folder, "."}, O_TMPFILE | O_WRONLY, mode);
         if (fd) return PartFile(folder, std::move(*fd), {}, roads);
         const int error = fd.error();
-        const bool isUnknownHere =
-            error == EOPNOTSUPP || error == EISDIR || error == ENOENT || error == EINVAL;
+        const bool isUnknownHere = error == EOPNOTSUPP || error == EISDIR || error == ENOENT ||
+                                   error == EINVAL || error == ENOSYS;
         if (!isUnknownHere) return std::unexpected(error);
     }
     for (int i = 0; i < kMostTries; ++i) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 
 namespace tarvix::platform {
 
@@ -188,6 +189,16 @@ bool LeadsToFolder(const Place& place) {
     if (!S_ISLNK(place.st->stx_mode)) return false;
     const auto behind = StatBehindPath(place.native);
     return behind && S_ISDIR(behind->stx_mode);
+}
+
+Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path) {
+    const std::string folder = place.Folder();
+    const auto location = Locate(folder);
+    auto fd = location ? OpenAt(*location, O_PATH | O_DIRECTORY)
+                       : Sys<UniqueFd>(std::unexpected(location.error()));
+    if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
+    if (!fd) return FailureOf(fd.error(), path);
+    return std::move(*fd);
 }
 
 } // namespace tarvix::platform

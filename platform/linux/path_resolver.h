@@ -63,4 +63,7 @@ class PathResolver {
 // Whether an object is a folder, or a link that leads to one.
 bool LeadsToFolder(const Place& place);
 
+// The folder around a place, open to reach what is in it: 76.
+Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path);
+
 } // namespace tarvix::platform

@@ -131,4 +131,11 @@ TEST(LinuxPlatformTest, TheProcessItselfIsRead) {
     EXPECT_TRUE(parts.files.Drives().front().isReady);
 }
 
+TEST(LinuxPlatformTest, NothingIsStartedForAMissingDocument) {
+    LinuxPlatform machine;
+    const auto opened = machine.Parts().launcher.OpenDocument("C:\\no such folder\\a.txt");
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.error().number, kFileNotFound);
+}
+
 } // namespace tarvix::platform

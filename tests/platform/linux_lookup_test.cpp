@@ -61,6 +61,19 @@ TEST_F(LinuxLookupTest, OthersAreSeenShortlyEvenWhileWeChangeTheFolder) {
     EXPECT_TRUE(Exists("THEIRS"));
 }
 
+TEST_F(LinuxLookupTest, OthersAreSeenShortlyInALargeFolder) {
+    for (int i = 0; i < 4000; ++i)
+        disk_.MakeFile("A name " + std::to_string(i), "");
+    EXPECT_FALSE(Exists("THEIRS"));
+    disk_.MakeFile("theirs", "");
+    for (int i = 0; i < 500 && !Exists("THEIRS"); ++i)
+        LetDatesPass();
+    EXPECT_TRUE(Exists("THEIRS"));
+    EXPECT_TRUE(Exists("A NAME 3999"));
+    ::unlink(disk_.Native("theirs").c_str());
+    EXPECT_FALSE(Exists("THEIRS"));
+}
+
 TEST_F(LinuxLookupTest, AFolderMovedAwayAndAnotherInItsPlace) {
     disk_.MakeFile("folder\\a.txt", "");
     EXPECT_TRUE(Exists("folder\\A.TXT"));

@@ -60,12 +60,6 @@ bool NeedsShortName(const ResultRow& row, std::size_t pathLength) {
     return folder.find('~') != folder.npos && text::Length(folder) >= 125;
 }
 
-// A path of more than 259 characters is shown in the form that mixes short names in.
-std::string Openable(std::string path) {
-    if (text::Length(path) <= session::kLongPath) return path;
-    return session::MixPath(path, session::ShortFormOf(path));
-}
-
 } // namespace
 
 // Rows by the hash of their path; equal hashes are told apart by the path itself.
@@ -205,7 +199,7 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     case kPath:
         return row.folder->mixedPath.empty() ? row.folder->longPath : row.folder->mixedPath;
     case kPathName:
-        return Openable(FullPath(index));
+        return OpenablePath(FullPath(index));
     case kAttributes:
         return BuildAttributeString(row.attributes);
     case kPathNameNoSrch: {
@@ -259,6 +253,12 @@ forms::Color ResultList::CellColor(std::size_t index, Column column) const {
         return forms::kRed;
     }
     return forms::kBlue;
+}
+
+// Bytes are never fewer than characters, so a short byte count settles most paths.
+std::string OpenablePath(std::string path) {
+    if (path.size() <= session::kLongPath || text::Length(path) <= session::kLongPath) return path;
+    return session::MixPath(path, session::ShortFormOf(path));
 }
 
 std::string BuildAttributeString(std::uint32_t bits) {

@@ -107,6 +107,9 @@ class ResultList {
 // Letters for bits 1, 2, 4, 32, 64, 128, 256, 512, 1024, 2048, in this order: rhsa6125AC.
 std::string BuildAttributeString(std::uint32_t bits);
 
+// A path as the list shows it: over 259 characters in the form that mixes short names in.
+std::string OpenablePath(std::string path);
+
 // Path\Name of a row's parts.
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder);
 

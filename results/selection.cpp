@@ -6,7 +6,9 @@
 #include "text/format.h"
 #include "text/paths.h"
 
+#include <algorithm>
 #include <concepts>
+#include <utility>
 
 namespace tarvix::results {
 
@@ -62,13 +64,30 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
 
 void AppendRow(Selection& tables, const ResultList& rows, std::size_t index) {
     const ResultRow& row = rows.At(index);
+    std::string path = rows.FullPath(index);
     tables.strSelName.emplace_back(row.name);
-    tables.strSelPath.push_back(rows.Cell(index, kPathName));
+    tables.strSelPath.push_back(OpenablePath(path));
     tables.blnSelIsFile.push_back(!row.isFolder);
-    tables.strSelRelPath.push_back(rows.Cell(index, kPathNameNoSrch));
+    const auto below = std::min<std::size_t>(row.folder->searchPrefix, path.size());
+    tables.strSelRelPath.push_back(path.substr(below));
     // The full path names the object with more certainty than its short form could.
-    tables.strSelActualPath.push_back(rows.FullPath(index));
+    tables.strSelActualPath.push_back(std::move(path));
     tables.blnSelNoDate.push_back(row.date == kNoDate);
+}
+
+std::size_t CountSelected(const ResultList& rows) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < rows.Count(); ++i) {
+        count += rows.At(i).selected ? 1 : 0;
+    }
+    return count;
+}
+
+void Reserve(Selection& tables, std::size_t count) {
+    for (auto* table : {&tables.strSelName, &tables.strSelPath, &tables.strSelRelPath,
+                        &tables.strSelActualPath}) {
+        table->reserve(count);
+    }
 }
 
 } // namespace
@@ -81,6 +100,7 @@ void BuildFileArray(session::Session& session) {
     tables = Selection{};
     tables.intSelAnchor = anchor;
     tables.strSelAnchorName = anchorName;
+    Reserve(tables, CountSelected(rows));
     Totals totals;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         ResultRow& row = rows.At(i);

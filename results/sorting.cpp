@@ -8,9 +8,11 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <limits>
+#include <numeric>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tarvix::results {
@@ -24,29 +26,47 @@ constexpr std::size_t kShowProgressFrom = 2000;
 // From here on the Size cell runs out of digits, and its text order is no longer that of numbers.
 constexpr std::uint64_t kPaddedSizes = 1'000'000'000'000;
 
-// The upper-case cells of one column, one behind the other.
-class UpperCells {
+// Texts of one column, one behind the other.
+class CellTexts {
   public:
-    UpperCells(const ResultList& rows, Column column) {
-        starts_.reserve(rows.Count() + 1);
+    explicit CellTexts(std::size_t rows) {
+        starts_.reserve(rows + 1);
         starts_.push_back(0);
-        for (std::size_t i = 0; i < rows.Count(); ++i) {
-            if (column == kName) {
-                text::AppendUpper(text_, rows.At(i).name);
-            } else {
-                text::AppendUpper(text_, rows.Cell(i, column));
-            }
-            starts_.push_back(text_.size());
-        }
+    }
+    void Add(std::string_view cell) {
+        text_ += cell;
+        starts_.push_back(text_.size());
+    }
+    void AddUpper(std::string_view cell) {
+        text::AppendUpper(text_, cell);
+        starts_.push_back(text_.size());
     }
     std::string_view operator[](std::size_t row) const {
         return std::string_view(text_).substr(starts_[row], starts_[row + 1] - starts_[row]);
     }
+    bool operator==(const CellTexts&) const = default;
 
   private:
     std::string text_;
     std::vector<std::size_t> starts_;
 };
+
+template <class Take>
+void ForEachCell(const ResultList& rows, Column column, Take take) {
+    for (std::size_t i = 0; i < rows.Count(); ++i) {
+        if (column == kName) {
+            take(rows.At(i).name);
+        } else {
+            take(rows.Cell(i, column));
+        }
+    }
+}
+
+CellTexts UpperCells(const ResultList& rows, Column column) {
+    CellTexts cells(rows.Count());
+    ForEachCell(rows, column, [&](std::string_view cell) { cells.AddUpper(cell); });
+    return cells;
+}
 
 // The first eight bytes as a number that orders like them.
 std::uint64_t Prefix(std::string_view text) {
@@ -81,28 +101,86 @@ std::vector<std::uint32_t> OrderByNumber(std::vector<SortItem> items, SortDirect
     });
 }
 
-int CompareExact(const ResultList& rows, Column column, std::size_t a, std::size_t b) {
-    if (column == kName) return rows.At(a).name.compare(rows.At(b).name);
-    return rows.Cell(a, column).compare(rows.Cell(b, column));
-}
+// A column with few different texts: those are sorted, and the rows follow by counting.
+class FewTexts {
+  public:
+    // False when there are too many for this way.
+    bool Read(const CellTexts& exact, std::size_t rows) {
+        const std::size_t most = std::max<std::size_t>(64, rows / 16);
+        ids_.reserve(rows);
+        std::unordered_map<std::string_view, std::uint32_t> known;
+        for (std::size_t i = 0; i < rows; ++i) {
+            const auto next = static_cast<std::uint32_t>(texts_.size());
+            const auto [entry, isNew] = known.try_emplace(exact[i], next);
+            if (isNew) texts_.push_back(exact[i]);
+            if (texts_.size() > most) return false;
+            ids_.push_back(entry->second);
+        }
+        return true;
+    }
+    std::vector<std::uint32_t> Order(SortDirection direction) const {
+        const auto ranks = Ranks(direction);
+        std::vector<std::uint32_t> starts(texts_.size() + 1);
+        for (const std::uint32_t id : ids_) {
+            ++starts[ranks[id] + 1];
+        }
+        std::partial_sum(starts.begin(), starts.end(), starts.begin());
+        std::vector<std::uint32_t> order(ids_.size());
+        for (std::uint32_t row = 0; row < ids_.size(); ++row) {
+            order[starts[ranks[ids_[row]]]++] = row;
+        }
+        return order;
+    }
 
-std::vector<std::uint32_t> OrderByText(const ResultList& rows, Column column,
-                                       SortDirection direction, Ties ties) {
-    const UpperCells cells(rows, column);
+  private:
+    std::vector<std::uint32_t> Ranks(SortDirection direction) const {
+        std::vector<std::uint32_t> sorted(texts_.size());
+        std::iota(sorted.begin(), sorted.end(), 0U);
+        std::ranges::sort(sorted, [&](std::uint32_t a, std::uint32_t b) {
+            const int order = text::CompareNoCase(texts_[a], texts_[b]);
+            return order != 0 ? order < 0 : texts_[a] < texts_[b];
+        });
+        if (direction == SortDirection::kDescending) std::ranges::reverse(sorted);
+        std::vector<std::uint32_t> ranks(texts_.size());
+        for (std::uint32_t rank = 0; rank < sorted.size(); ++rank) {
+            ranks[sorted[rank]] = rank;
+        }
+        return ranks;
+    }
+
+    std::vector<std::string_view> texts_;
+    std::vector<std::uint32_t> ids_; // of each row's text
+};
+
+std::vector<std::uint32_t> OrderByKeys(const CellTexts& upper, const CellTexts* exact,
+                                       std::size_t rows, SortDirection direction) {
     std::vector<SortItem> items;
-    items.reserve(rows.Count());
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        items.push_back({Prefix(cells[i]), static_cast<std::uint32_t>(i)});
+    items.reserve(rows);
+    for (std::size_t i = 0; i < rows; ++i) {
+        items.push_back({Prefix(upper[i]), static_cast<std::uint32_t>(i)});
     }
     const bool descending = direction == SortDirection::kDescending;
     return Sorted(std::move(items), [&](const SortItem& a, const SortItem& b) {
         if (a.key != b.key) return (a.key < b.key) != descending;
-        if (const int order = cells[a.row].compare(cells[b.row]); order != 0) {
-            return (order < 0) != descending;
-        }
-        const int exact = ties == Ties::kByExactText ? CompareExact(rows, column, a.row, b.row) : 0;
-        return exact != 0 ? (exact < 0) != descending : a.row < b.row;
+        int order = upper[a.row].compare(upper[b.row]);
+        if (order == 0 && exact != nullptr) order = (*exact)[a.row].compare((*exact)[b.row]);
+        return order != 0 ? (order < 0) != descending : a.row < b.row;
     });
+}
+
+std::vector<std::uint32_t> OrderByText(const ResultList& rows, Column column,
+                                       SortDirection direction, Ties ties) {
+    if (ties == Ties::kAsTheyStood) {
+        return OrderByKeys(UpperCells(rows, column), nullptr, rows.Count(), direction);
+    }
+    CellTexts exact(rows.Count());
+    ForEachCell(rows, column, [&](std::string_view cell) { exact.Add(cell); });
+    if (FewTexts few; few.Read(exact, rows.Count())) return few.Order(direction);
+    CellTexts upper(rows.Count());
+    for (std::size_t i = 0; i < rows.Count(); ++i) {
+        upper.AddUpper(exact[i]);
+    }
+    return OrderByKeys(upper, upper == exact ? nullptr : &exact, rows.Count(), direction);
 }
 
 // An empty cell comes first, as an empty text does.
@@ -169,7 +247,7 @@ void RemoveSpacers(ResultList& rows) {
 }
 
 std::int64_t GrouplstMain(ResultList& rows, Column column) {
-    const UpperCells cells(rows, column);
+    const CellTexts cells = UpperCells(rows, column);
     std::vector<std::uint32_t> groupStarts;
     for (std::size_t i = 1; i < rows.Count(); ++i) {
         if (cells[i] != cells[i - 1]) groupStarts.push_back(static_cast<std::uint32_t>(i));

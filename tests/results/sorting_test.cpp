@@ -1,8 +1,13 @@
 #include "results/sorting.h"
-
 #include "tests/support/program_fixture.h"
+#include "text/case.h"
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tarvix::testing {
 namespace {
@@ -106,6 +111,43 @@ TEST_F(Sorting, SizesOfMoreThanTwelveDigitsSortAsText) {
     Search("*", "C:\\t");
     // "1,000,000,000,000" stands between "000,..." and "999,..." as a text.
     EXPECT_THAT(Names(), ElementsAre("small", "huge", "large"));
+}
+
+// Few and many different texts are sorted in different ways, to the same result.
+TEST_F(Sorting, ManyRowsStandAsAPlainComparisonOfTheirTextsPutsThem) {
+    for (int i = 0; i < 3000; ++i) {
+        const std::string name = std::string(i % 3 == 0 ? "Song " : "song ") +
+                                 std::to_string(i * 7919 % 500) + "." +
+                                 (i % 2 == 0 ? "MP3" : "mp3");
+        Disk().AddFileOfSize("C:\\t\\" + std::to_string(i) + "\\" + name, 1);
+    }
+    Start();
+    Click(Form().chkIncludeSubFolders);
+    Search("*", "C:\\t");
+    for (const Column column : {results::kName, results::kExt, results::kPathName,
+                                results::kPathNameLength, results::kSearchForEntry}) {
+        for (const auto direction : {SortDirection::kAscending, SortDirection::kDescending}) {
+            std::vector<std::pair<std::string, std::string>> expected;
+            for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+                expected.emplace_back(program.Rows().Cell(i, column), program.Rows().FullPath(i));
+            }
+            std::ranges::stable_sort(expected, [&](const auto& a, const auto& b) {
+                const int noCase = text::CompareNoCase(a.first, b.first);
+                const int order = noCase != 0 ? noCase : a.first.compare(b.first);
+                return direction == SortDirection::kAscending ? order < 0 : order > 0;
+            });
+            results::SortRows(program.Rows(), column, direction);
+            std::vector<std::string> paths;
+            for (const auto& [cell, path] : expected) {
+                paths.push_back(path);
+            }
+            std::vector<std::string> sorted;
+            for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+                sorted.push_back(program.Rows().FullPath(i));
+            }
+            ASSERT_EQ(sorted, paths) << "column " << column;
+        }
+    }
 }
 
 TEST_F(Sorting, FoldersSortBeforeFilesByType) {

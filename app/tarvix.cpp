@@ -8,13 +8,18 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
+#include <QSocketNotifier>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +48,7 @@ std::optional<Request> ReadArguments(int argc, char** argv, int& exitCode) {
     app.add_option("--data-folder", request.dataFolder, "where options, histories and logs lie")
         ->type_name("DIR");
     app.add_option("path", request.argument, "a folder, a file or a list of folders (.mpl)");
+    app.footer("TARVIX_THEME=light or dark overrides the desktop's colours.");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -66,8 +72,34 @@ void ExplainMissingDisplay(QtMsgType type, const QMessageLogContext&, const QStr
 
 // Of the desktop's theme, where it is installed, or out of the source tree.
 QIcon ProgramIcon() {
-    return QIcon::fromTheme(
-        "tarvix", QIcon(QApplication::applicationDirPath() + "/../../data/icons/tarvix.svg"));
+    const QString file = QApplication::applicationDirPath() + "/../../data/icons/tarvix.svg";
+    return QIcon::fromTheme("tarvix", QFile::exists(file) ? QIcon(file) : QIcon());
+}
+
+int signalPipe[2] = {-1, -1};
+
+void PassSignalOn(int) {
+    const char byte = 1;
+    (void)!write(signalPipe[1], &byte, 1);
+}
+
+// The end of a desktop session, or Ctrl+C in a terminal, closes the window as its own button would,
+// so that logs and histories are written; prompts get their safe answer.
+void CloseOnSignals(QMainWindow& window) {
+    if (pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, &window);
+    QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window] {
+        char bytes[16];
+        (void)!read(signalPipe[0], bytes, sizeof bytes);
+        window.close();
+        while (QWidget* prompt = QApplication::activeModalWidget()) {
+            prompt->close();
+            if (QApplication::activeModalWidget() == prompt) break;
+        }
+    });
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        std::signal(signal, PassSignalOn);
+    }
 }
 
 } // namespace
@@ -82,9 +114,9 @@ int main(int argc, char** argv) {
     QApplication application(windowArgc, argv);
     qInstallMessageHandler(usual);
     QApplication::setApplicationName("tarvix");
-    QApplication::setApplicationDisplayName("Tarvix");
     QApplication::setDesktopFileName("tarvix");
     QApplication::setWindowIcon(ProgramIcon());
+    qt::ChooseShade(qEnvironmentVariable("TARVIX_THEME").toStdString());
     qt::ChooseIconTheme(QApplication::palette());
 
     platform::LinuxOptions options;
@@ -97,6 +129,7 @@ int main(int argc, char** argv) {
     {
         qt::SearchWindow window(program.Session(), gate);
         program.Session().yielder.SetPump([&gate] { gate.Pump(); });
+        CloseOnSignals(window);
         window.show();
         gate.Run(nullptr, [&] { program.Start(request->argument); });
         exitCode = QApplication::exec();

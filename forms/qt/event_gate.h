@@ -29,7 +29,10 @@ class EventGate {
     // Runs `act` for `control` (null for none) and shows what changed. False, with nothing done,
     // when a routine runs that `control` may not interrupt.
     bool Run(const forms::Control* control, const std::function<void()>& act);
+    // Whether a routine runs at the level of the prompt in front.
     bool IsBusy() const { return running_.back() > 0; }
+    // No routine runs and no prompt is open.
+    bool IsIdle() const { return running_.size() == 1 && !IsBusy(); }
 
     void Flush();
     // Shows what changed and lets waiting window events run.

@@ -53,6 +53,7 @@ void ResultView::SetUpHead() {
     head.setSectionsMovable(true);
     head.setSectionsClickable(true);
     head.setHighlightSections(false);
+    head.setStretchLastSection(true);
     head.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     head.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&head, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {

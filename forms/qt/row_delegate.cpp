@@ -18,7 +18,7 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     option->state.setFlag(QStyle::State_HasFocus, false);
     option->state.setFlag(QStyle::State_MouseOver, false);
     if (results::kColumns[static_cast<std::size_t>(index.column())].rightAlign) {
-        option->text = WithoutLeadingZeros(option->text);
+        option->text = WithoutLeadingZeros(option->text) + QChar(QChar::Nbsp);
     }
 }
 

@@ -194,6 +194,7 @@ void SearchWindow::ShowRows() {
                        sinceRows_.elapsed() < kRowsEvery;
     if (later) return;
     model_->Sync();
+    list_->setAlternatingRowColors(session_.frmSearch.lblGroups.Caption.Get() == "1");
     list_->viewport()->update();
     ShowNativePath();
     sinceRows_.start();
@@ -218,14 +219,14 @@ void SearchWindow::ShowSort() {
 
 void SearchWindow::Idle() {
     binder_->ApplyPending();
-    if (closing_ || session_.state.blnEnded) {
+    if (gate_.IsIdle() && (closing_ || session_.state.blnEnded)) {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
     }
 }
 
 void SearchWindow::closeEvent(QCloseEvent* event) {
-    if (!gate_.IsBusy()) {
+    if (gate_.IsIdle()) {
         event->accept();
         return;
     }

@@ -1,6 +1,8 @@
 #include "forms/qt/theme.h"
 
+#include <QApplication>
 #include <QIcon>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -66,12 +68,12 @@ QColor Tint(forms::Color color, const QPalette& palette) {
 
 QPalette DarkPalette() {
     constexpr std::array<std::pair<QPalette::ColorRole, QRgb>, 17> kRoles{{
-        {QPalette::Window, 0xff2a2d31},
+        {QPalette::Window, 0xff33373c},
         {QPalette::WindowText, 0xffe4e6e8},
         {QPalette::Base, 0xff1e2124},
         {QPalette::AlternateBase, 0xff24272b},
         {QPalette::Text, 0xffe4e6e8},
-        {QPalette::Button, 0xff34383d},
+        {QPalette::Button, 0xff42474e},
         {QPalette::ButtonText, 0xffe4e6e8},
         {QPalette::BrightText, 0xffffffff},
         {QPalette::Light, 0xff4a4f56},
@@ -93,6 +95,11 @@ QPalette DarkPalette() {
         palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x85, 0x8b));
     }
     return palette;
+}
+
+void ChooseShade(std::string_view shade) {
+    if (shade == "dark") QApplication::setPalette(DarkPalette());
+    if (shade == "light") QApplication::setPalette(QApplication::style()->standardPalette());
 }
 
 void ChooseIconTheme(const QPalette& palette) {

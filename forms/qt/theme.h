@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QPalette>
 
+#include <string_view>
+
 namespace tarvix::qt {
 
 // A colour of the logic as a tint that can be read on the palette's background: blue and red have
@@ -14,8 +16,10 @@ QColor Tint(forms::Color color, const QPalette& palette);
 
 bool IsDark(const QPalette& palette);
 
-// A dark palette for desktops that ask for one without giving it.
 QPalette DarkPalette();
+
+// "light" or "dark" for the whole program; with anything else it follows the desktop.
+void ChooseShade(std::string_view shade);
 
 // Icons of the desktop's theme, or of the bundled fallback theme in the shade that fits.
 void ChooseIconTheme(const QPalette& palette);

@@ -73,6 +73,8 @@ void FillBoxes(Session& session, const Criteria& criteria) {
     SetBox(session, form.chkOneEach, criteria.oneEach);
     SetBox(session, form.chkNot, criteria.isNot);
     SetBox(session, form.chkRepeatSearch, false);
+    // A terminal shows no groups.
+    SetBox(session, form.chkFastSort, true);
 }
 
 std::string Joined(const std::vector<std::string>& locations) {

@@ -8,9 +8,12 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QIcon>
 #include <QSocketNotifier>
+#include <QTimer>
+#include <QWindow>
 
 #include <csignal>
 #include <cstdio>
@@ -76,6 +79,16 @@ QIcon ProgramIcon() {
     return QIcon::fromTheme("tarvix", QFile::exists(file) ? QIcon(file) : QIcon());
 }
 
+// So that the first prompts stand above the window, in its middle.
+void WaitUntilShown(const QMainWindow& window) {
+    QElapsedTimer waited;
+    waited.start();
+    while (!window.windowHandle()->isExposed() && waited.elapsed() < 1000) {
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    QApplication::processEvents();
+}
+
 int signalPipe[2] = {-1, -1};
 
 void PassSignalOn(int) {
@@ -92,10 +105,11 @@ void CloseOnSignals(QMainWindow& window) {
         char bytes[16];
         (void)!read(signalPipe[0], bytes, sizeof bytes);
         window.close();
-        while (QWidget* prompt = QApplication::activeModalWidget()) {
-            prompt->close();
-            if (QApplication::activeModalWidget() == prompt) break;
-        }
+        auto* timer = new QTimer(&window);
+        QObject::connect(timer, &QTimer::timeout, &window, [] {
+            if (QWidget* prompt = QApplication::activeModalWidget()) prompt->close();
+        });
+        timer->start(50);
     });
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(signal, PassSignalOn);
@@ -131,7 +145,10 @@ int main(int argc, char** argv) {
         program.Session().yielder.SetPump([&gate] { gate.Pump(); });
         CloseOnSignals(window);
         window.show();
-        gate.Run(nullptr, [&] { program.Start(request->argument); });
+        gate.Run(nullptr, [&] {
+            WaitUntilShown(window);
+            program.Start(request->argument);
+        });
         exitCode = QApplication::exec();
         program.Session().yielder.SetPump({});
     }

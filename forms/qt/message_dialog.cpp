@@ -52,7 +52,9 @@ QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent)
     const int most = parent->screen()->availableSize().height() * 6 / 10;
     const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     area->setMinimumWidth(std::max(wanted.width(), metrics.averageCharWidth() * 40) + bar + 12);
-    area->setMinimumHeight(std::min(wanted.height() + metrics.height() / 2, most));
+    const int height = wanted.height() + metrics.height() / 2;
+    area->setMinimumHeight(std::min(height, most));
+    if (height <= most) area->setMaximumHeight(height);
     return area;
 }
 

@@ -42,6 +42,7 @@ QSize FirstSize() {
 SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     : session_(session), gate_(gate) {
     setObjectName("frmSearch");
+    setWindowTitle("Tarvix");
     Build();
     menu_ = std::make_unique<MainMenu>(*this, session.frmSearch);
     binder_ = std::make_unique<Binder>(session, gate, session.frmSearch, *this);

@@ -22,6 +22,7 @@ namespace tarvix::results {
 namespace {
 
 constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kTipFromLength = 79; // characters of a path
 constexpr std::uint64_t kLargestShownSize = 999'999'999'999;
 
 constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{{{1, 'r'},
@@ -237,6 +238,12 @@ std::string ResultList::DetailCell(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
     if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
     return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
+}
+
+std::string ResultList::CellTip(std::size_t index, Column column) const {
+    if (rows_[index].IsSpacer()) return {};
+    std::string path = OpenablePath(FullPath(index));
+    return text::Length(path) > kTipFromLength ? path : Cell(index, column);
 }
 
 forms::Color ResultList::CellColor(std::size_t index, Column column) const {

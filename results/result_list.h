@@ -16,6 +16,9 @@ namespace tarvix::results {
 
 constexpr std::string_view kFolderType = "  File Folder";
 constexpr std::int64_t kNoDate = INT64_MIN;
+// The list's tip without Expert Mode.
+constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
+                                      "of the column head.";
 
 // What all rows of one folder share. `longPath` has no final "\" except a drive's root. For a
 // folder row it is the folder's own path.
@@ -80,6 +83,8 @@ class ResultList {
     void InsertSpacers(const std::vector<std::uint32_t>& before);
 
     std::string Cell(std::size_t index, Column column) const;
+    // The row's tip in Expert Mode: its path when that is long, else the cell itself.
+    std::string CellTip(std::size_t index, Column column) const;
     forms::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.
     std::string FullPath(std::size_t index) const;

@@ -1,5 +1,6 @@
 #include "results/sorting.h"
 
+#include "results/progress.h"
 #include "results/result_list.h"
 #include "results/selection.h"
 #include "session/session.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
 #include <numeric>
 #include <string>
@@ -22,7 +24,6 @@ namespace {
 using forms::SortDirection;
 using session::Session;
 
-constexpr std::size_t kShowProgressFrom = 2000;
 // From here on the Size cell runs out of digits, and its text order is no longer that of numbers.
 constexpr std::uint64_t kPaddedSizes = 1'000'000'000'000;
 
@@ -205,6 +206,10 @@ void ShowGroups(Session& session, std::int64_t groups) {
     session.frmSearch.lblGroups.Caption = std::to_string(groups);
 }
 
+std::int64_t CountOf(const ResultList& rows) {
+    return static_cast<std::int64_t>(rows.Count());
+}
+
 void Group(Session& session, Column column) {
     auto& form = session.frmSearch;
     if (form.chkFastSort.Value == 1) return;
@@ -219,17 +224,22 @@ void Group(Session& session, Column column) {
 template <class Sort>
 void RunSort(Session& session, std::string_view logText, Column groupColumn, Sort sort) {
     auto& form = session.frmSearch;
-    form.lblStatus.Caption =
-        session.rows->Count() >= kShowProgressFrom ? "Removing Spacers..." : "Sorting";
+    const std::int64_t rows = CountOf(*session.rows);
+    const std::int64_t groups = std::atoll(form.lblGroups.Caption->c_str());
+    form.lblStatus.Caption = "Sorting";
     session.Repaint();
+    if (form.chkFastSort.Value != 1 && rows - groups >= kProgressFromRows) {
+        ShowProgress(session, "Show");
+        StepProgress(session, "Removing Spacers...", 0, rows);
+    }
     session::LogTimed(session, logText);
     RemoveSpacers(*session.rows);
-    form.lblStatus.Caption = "Sorting...";
-    session.Repaint();
+    StepProgress(session, "Sorting...", CountOf(*session.rows) / 2, rows);
     sort();
     form.lstMain.Sorted = true;
     if (form.chkFastSort.Value == 1) ShowGroups(session, 1);
     Group(session, groupColumn);
+    ShowProgress(session, "Hide");
     form.lblStatus.Caption = "";
     session.Repaint();
 }

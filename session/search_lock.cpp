@@ -36,6 +36,7 @@ void LockForSearch(Session& session) {
 
 void UnlockAfterSearch(Session& session) {
     auto& form = session.frmSearch;
+    session.forms.frmProgress.Hide();
     SetCriteriaEnabled(form, true);
     form.mnuTools_DeleteFolderContentsOnly.Enabled =
         form.chkIncludeSubFolders.Value == 0 || IsFolderKind(form);

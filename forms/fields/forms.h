@@ -17,9 +17,10 @@ struct Forms {
     FrmTrailingSp frmTrailingSp;
     FrmAllUsers frmAllUsers;
     FrmSelectDate frmSelectDate;
+    FrmProgress frmProgress;
 
-    const std::array<Form*, 6> all{&frmSearch,     &frmDialog,   &frmForChar,
-                                   &frmTrailingSp, &frmAllUsers, &frmSelectDate};
+    const std::array<Form*, 7> all{&frmSearch,   &frmDialog,     &frmForChar, &frmTrailingSp,
+                                   &frmAllUsers, &frmSelectDate, &frmProgress};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

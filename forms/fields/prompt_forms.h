@@ -30,6 +30,14 @@ class FrmAllUsers : public NoticeForm {
     FrmAllUsers() : NoticeForm("frmAllUsers") {}
 };
 
+// How far a long rearrangement of the list is; shown beside the main window, not over it.
+class FrmProgress : public Form {
+  public:
+    FrmProgress() : Form("frmProgress") {}
+    Label lblMain{*this, "lblMain"};
+    ProgressBar prgMain{*this, "prgMain"};
+};
+
 // One moment, or two for a range. The end pickers show only for a range.
 class FrmSelectDate : public Form {
   public:

@@ -96,7 +96,9 @@ MainMenu::MainMenu(QMainWindow& window, const forms::Form& form) : form_(form) {
         const std::string_view prefix =
             std::string_view(control->Name()).substr(0, control->Name().find('_'));
         const auto top = std::ranges::find(kMenus, prefix, &TopMenu::field);
-        AddField(*MenuFor(top == kMenus.end() ? "Actions" : top->title), window, control->Name());
+        QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
+        AddField(*menu, window, control->Name());
+        if (control->Name() == "mnuHelp_Help") menu->actions().last()->setShortcut(Qt::Key_F1);
     }
 }
 

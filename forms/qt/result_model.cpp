@@ -76,12 +76,18 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return Alignment(column);
     case Qt::ToolTipRole:
-        return TellsItsHeader(column) ? ToQt(Info(column).header) : QVariant();
+        return TipOf(row, column);
     case Qt::AccessibleTextRole:
         return column == results::kName && !rows_.At(row).IsSpacer() ? SpokenRow(row) : QVariant();
     default:
         return {};
     }
+}
+
+QVariant ResultModel::TipOf(std::size_t row, results::Column column) const {
+    if (TellsItsHeader(column)) return ToQt(Info(column).header);
+    if (tip_ != nullptr && !tip_->empty()) return ToQt(*tip_);
+    return Shown(rows_.CellTip(row, column));
 }
 
 QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const {

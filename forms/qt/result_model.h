@@ -4,6 +4,8 @@
 
 #include <QAbstractTableModel>
 
+#include <string>
+
 namespace tarvix::qt {
 
 // The result list as a view asks for it: texts are made for the cells that are looked at.
@@ -11,6 +13,8 @@ class ResultModel : public QAbstractTableModel {
   public:
     explicit ResultModel(const results::ResultList& rows, QObject* parent = nullptr);
 
+    // The list's one tip for all rows; while it is empty each row has its own.
+    void UseTip(const std::string& tip) { tip_ = &tip; }
     // Takes in the rows that were added, or all anew when the list was cleared since.
     void Sync();
     // False from the moment that the list is cleared until Sync.
@@ -24,8 +28,10 @@ class ResultModel : public QAbstractTableModel {
 
   private:
     QString SpokenRow(std::size_t row) const;
+    QVariant TipOf(std::size_t row, results::Column column) const;
 
     const results::ResultList& rows_;
+    const std::string* tip_ = nullptr;
     std::uint64_t generation_ = 0;
     int count_ = 0;
 };

@@ -67,6 +67,7 @@ void SearchWindow::Build() {
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(6);
     model_ = new ResultModel(*session_.rows, this);
+    model_->UseTip(session_.frmSearch.lstMain.Tip.Get());
     list_ = new ResultView(*session_.rows);
     list_->setObjectName("lstMain");
     list_->setAccessibleName("Found objects");
@@ -185,9 +186,18 @@ void SearchWindow::Flush() {
     menu_->Refresh();
     const QString title = Shown(session_.frmSearch.Caption);
     if (!title.isEmpty() && windowTitle() != title) setWindowTitle(title);
-    busy_->setVisible(session_.state.blnSearching);
+    ShowProgress();
     ShowRows();
     ShowSort();
+}
+
+// A search can't tell how long it takes; rearranging the list can.
+void SearchWindow::ShowProgress() {
+    const auto& progress = session_.forms.frmProgress;
+    const bool isArranging = progress.IsShown();
+    busy_->setVisible(session_.state.blnSearching || isArranging);
+    busy_->setMaximum(isArranging ? static_cast<int>(progress.prgMain.Max.Get()) : 0);
+    if (isArranging) busy_->setValue(static_cast<int>(progress.prgMain.Value.Get()));
 }
 
 void SearchWindow::ShowRows() {

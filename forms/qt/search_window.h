@@ -48,6 +48,7 @@ class SearchWindow : public QMainWindow, public View {
     void RaiseOnRow(const char* event, std::size_t row);
     void SortBy(int column);
     void DragRows();
+    void ShowProgress();
     void ShowRows();
     void ShowNativePath();
     void ShowSort();

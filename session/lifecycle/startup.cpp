@@ -62,6 +62,7 @@ void SetVisibleDefaults(Session& session) {
     form.Caption = "Search Form - " + std::string(ProductName()) + " v" +
                    std::string(ProductVersion()) + " - Copyright " +
                    std::to_string(session.Now().year) + " The Tarvix developers";
+    form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(results::kListTip);
     form.optBrowse.Choose(0);
     form.mnuBrowse_Behave[0].Checked = true;
     form.lblCurrentFolder.ForeColor = forms::kBlue;

@@ -78,6 +78,18 @@ TEST_F(RowDetails, VersionSortPutsTheHighestVersionOfEachNameFirst) {
     EXPECT_THAT(Names(), ElementsAre("other.exe", "", "Tool.exe", "tool.exe", "tool.exe"));
 }
 
+TEST_F(RowDetails, ARowsTipIsItsPathWhenThatIsLongElseTheCell) {
+    const std::string longName(80, 'n');
+    Disk().AddFile("C:\\t\\" + longName);
+    Disk().AddFile("C:\\t\\short");
+    Start();
+    EXPECT_EQ(Form().lstMain.Tip.Get(), "To adjust columns, click & drag just inside the right edge "
+                                        "of the column head.");
+    Search("*", "C:\\t");
+    EXPECT_EQ(program.Rows().CellTip(0, results::kName), "C:\\t\\" + longName);
+    EXPECT_EQ(program.Rows().CellTip(1, results::kName), "short");
+}
+
 TEST_F(RowDetails, FolderRowsHaveNone) {
     Disk().AddFolder("C:\\t\\Folder 1999");
     Start();

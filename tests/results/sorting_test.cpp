@@ -175,6 +175,34 @@ TEST_F(Sorting, APlaylistThatIsEditedIsNotSorted) {
     EXPECT_THAT(Names(), ElementsAre("a", "", "b"));
 }
 
+TEST_F(Sorting, ProgressShowsFromTwoThousandRowsAndIsGoneAfterwards) {
+    for (int i = 0; i < 2002; ++i) {
+        Disk().AddFileOfSize("C:\\t\\" + std::to_string(i), 5);
+    }
+    Start();
+    Set(Form().chkFastSort, "0");
+    Form().lstMain.SortKey = int{results::kSize};
+    Search("*", "C:\\t");
+    ASSERT_EQ(Form().lblGroups.Caption.Get(), "1");
+    std::vector<std::string> shown;
+    S().yielder.SetPump([&] {
+        const auto& progress = S().forms.frmProgress;
+        if (progress.IsShown()) shown.push_back(progress.lblMain.Caption);
+    });
+    ClickHead(results::kName);
+    EXPECT_THAT(shown, ElementsAre("Removing Spacers...", "Sorting...", "Sorting..."));
+    EXPECT_FALSE(S().forms.frmProgress.IsShown());
+    EXPECT_TRUE(Form().lstMain.Enabled);
+}
+
+TEST_F(Sorting, FewerRowsShowNoProgress) {
+    Find({{"a", 9}, {"b", 1}});
+    bool shown = false;
+    S().yielder.SetPump([&] { shown = shown || S().forms.frmProgress.IsShown(); });
+    ClickHead(results::kSize);
+    EXPECT_FALSE(shown);
+}
+
 TEST_F(Sorting, SortingIsLogged) {
     Find({{"a", 9}});
     ClickHead(results::kPathNameNoSrch);

@@ -2,6 +2,7 @@
 #include "cli/host.h"
 #include "platform/linux/linux_platform.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -37,6 +38,17 @@ std::expected<platform::Platform, std::string> Open(Machine& machine, const std:
     return machine->Parts();
 }
 
+volatile std::sig_atomic_t interruptions = 0;
+
+// The first interruption lets the work stop in order, the next one ends the process.
+void StopInOrder() {
+    struct sigaction action {};
+    action.sa_handler = [](int) { interruptions = 1; };
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -47,8 +59,10 @@ int main(int argc, char** argv) {
     host.errIsTerminal = isatty(STDERR_FILENO) == 1;
     host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
     host.currentFolder = std::filesystem::current_path(ignored).string();
+    host.interrupted = [] { return interruptions != 0; };
     host.open = [&](const cli::MachineRequest& request) {
         return Open(machine, host.currentFolder, request);
     };
+    StopInOrder();
     return cli::RunTarvixCli({argv + 1, argv + argc}, host);
 }

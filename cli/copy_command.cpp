@@ -84,7 +84,7 @@ int RunCopy(Host& host, const platform::Platform& machine, const CopyRequest& re
             host.out << Summary({}, 0) << std::endl;
             return code;
         }
-        const ProgressLine progress(host, session);
+        const Watch watch(host, session);
         return CopyFound(host, session, code);
     };
     return RunProgram(host, machine, finding.Prompts(), run);

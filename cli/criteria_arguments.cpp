@@ -21,8 +21,6 @@ constexpr std::array<Choice, 5> kKinds{
     {{"files", 0}, {"empty-files", 1}, {"all", 2}, {"folders", 3}, {"empty-folders", 4}}};
 constexpr std::array<Choice, 3> kAttributeChoices{{{"no", 0}, {"yes", 1}, {"any", 2}}};
 constexpr std::array<Choice, 3> kDateKinds{{{"modified", 0}, {"created", 1}, {"accessed", 2}}};
-constexpr std::array<std::string_view, 3> kDateCaptions{
-    "Date = Modified Date", "Date = Created Date", "Date = Last Accessed Date"};
 
 std::string ListOf(std::span<const Choice> choices) {
     std::string list;
@@ -141,7 +139,7 @@ Checked<void> CheckTests(const RawArguments& raw, Criteria& criteria) {
     criteria.date = *date;
     const auto dateKind = Choose("--date-kind", raw.dateKind.value_or("modified"), kDateKinds);
     if (!dateKind) return std::unexpected(dateKind.error());
-    criteria.dateType = kDateCaptions[static_cast<std::size_t>(*dateKind)];
+    criteria.dateKind = *dateKind;
     return {};
 }
 

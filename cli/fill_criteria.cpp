@@ -50,8 +50,8 @@ InputResult FillDate(Session& session, session::ScriptedPrompts& prompts,
     auto& form = session.frmSearch;
     const auto& date = criteria.date;
     SetBox(session, form.chkDate, date.has_value());
-    form.lblDateType.Caption = std::string(criteria.dateType);
-    if (!date) return {};
+    auto& dateKind = form.mnuSearch_DateType[static_cast<std::size_t>(criteria.dateKind)];
+    if (auto done = session::UserClick(session, dateKind); !done || !date) return done;
     const bool isRange = date->choice == "Range";
     prompts.Queue(DateText(date->first) + (isRange ? " thru " + DateText(date->second) : ""));
     return EnterAll(session, {{&form.cboDate, date->choice}});

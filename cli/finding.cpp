@@ -31,7 +31,7 @@ int Finding::Search(lifecycle::Program& program, const Criteria& criteria,
     }
     for (const std::string& answer : answers)
         scripted_.Queue(answer);
-    const ProgressLine progress(host_, session);
+    const Watch watch(host_, session);
     if (const auto clicked = session::UserClick(session, session.frmSearch.cmdSearch); !clicked) {
         Complain(host_, clicked.error());
         return kBadRequest;

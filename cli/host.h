@@ -19,6 +19,8 @@ struct Host {
     bool errIsTerminal = false;
     bool colour = false;       // on stderr
     std::string currentFolder; // native
+    // Whether the process was asked to stop; asked every few milliseconds in long loops.
+    std::function<bool()> interrupted = [] { return false; };
     // Opens the machine, once; a failure is a sentence. The platform lives as long as the host.
     std::function<std::expected<platform::Platform, std::string>(const MachineRequest&)> open;
 };

@@ -46,7 +46,7 @@ void Tell(Host& host, std::string_view text) {
 bool IsConfirmation(std::string_view text, int style) {
     return (style & kButtonsMask) == session::kOkCancel &&
            (style & kIconMask) == session::kInformation &&
-           text.find("Are you sure you want to ") != text.npos;
+           text.starts_with("Are you sure you want to ");
 }
 
 std::string OnOneLine(std::string_view text) {

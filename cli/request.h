@@ -51,7 +51,7 @@ struct Criteria {
     bool oneEach = false;
     std::optional<SizeTest> size;
     std::optional<DateTest> date;
-    std::string_view dateType;                     // a caption of lblDateType
+    int dateKind = 0;                              // an entry of mnuSearch_DateType
     std::array<std::optional<int>, 10> attributes; // by FrmSearch::attributeBoxes
 };
 

@@ -53,7 +53,7 @@ int RunScript(Host& host, const platform::Platform& machine, const RunRequest& r
     runner.QueueLeadingAnswers();
     ProgramRun run;
     run.act = [&](lifecycle::Program& program) -> int {
-        const ProgressLine progress(host, program.Session());
+        const Watch watch(host, program.Session());
         runner.Run(program);
         return runner.SomeFailed() ? kSomeFailed : kDone;
     };

@@ -3,6 +3,7 @@
 #include "cli/messages.h"
 #include "cli/script_runner.h"
 #include "session/scripted_prompts.h"
+#include "session/user_input.h"
 
 #include <ostream>
 
@@ -54,16 +55,27 @@ int RunProgram(Host& host, const platform::Platform& machine, session::PromptSer
     return isDone && run.afterUnload ? run.afterUnload(program, code) : code;
 }
 
-ProgressLine::ProgressLine(Host& host, session::Session& session) : host_(host), session_(session) {
-    if (host_.errIsTerminal) session_.yielder.SetPump([this] { Show(); });
+Watch::Watch(Host& host, session::Session& session) : host_(host), session_(session) {
+    session_.yielder.SetPump([this] { Look(); });
 }
 
-ProgressLine::~ProgressLine() {
+void Watch::Look() {
+    if (host_.interrupted() && !stopped_) Stop();
+    if (host_.errIsTerminal) Show();
+}
+
+void Watch::Stop() {
+    auto& dialog = session_.frmDialog;
+    forms::CommandButton& stop = dialog.IsShown() ? dialog.cmdStop : session_.frmSearch.cmdStop;
+    stopped_ = session::UserClick(session_, stop).has_value();
+}
+
+Watch::~Watch() {
     session_.yielder.SetPump({});
     if (!shown_.empty()) host_.err << kClearLine << std::flush;
 }
 
-std::string ProgressLine::Text() const {
+std::string Watch::Text() const {
     const auto& dialog = session_.frmDialog;
     const auto& search = session_.frmSearch;
     if (dialog.IsShown()) {
@@ -76,7 +88,7 @@ std::string ProgressLine::Text() const {
            " folders";
 }
 
-void ProgressLine::Show() {
+void Watch::Show() {
     std::string text = Text();
     if (text == shown_) return;
     shown_ = std::move(text);

@@ -26,21 +26,25 @@ struct ProgramRun {
 int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
                const ProgramRun& run);
 
-// On a terminal, how far the work has come, on its last line; else nothing.
-class ProgressLine {
+// While it lives, long loops press their Stop when the process is interrupted, and a terminal shows
+// on its last line how far the work has come.
+class Watch {
   public:
-    ProgressLine(Host& host, session::Session& session);
-    ~ProgressLine();
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
+    Watch(Host& host, session::Session& session);
+    ~Watch();
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
 
   private:
+    void Look();
+    void Stop();
     void Show();
     std::string Text() const;
 
     Host& host_;
     session::Session& session_;
     std::string shown_;
+    bool stopped_ = false;
 };
 
 } // namespace tarvix::cli

@@ -7,6 +7,7 @@
 #include "text/case.h"
 #include "text/like.h"
 
+#include <memory>
 #include <ostream>
 #include <utility>
 
@@ -55,9 +56,14 @@ void ScriptRunner::Run(lifecycle::Program& program) {
     program_ = &program;
     prompts_.SetModalRunner(
         [this](session::Session&, forms::Form& form) { return RunInside(form); });
+    running_ = true;
+    // However it ends, the unload that follows is no part of the script.
+    const std::shared_ptr<void> ending(nullptr, [this](void*) {
+        running_ = false;
+        prompts_.SetModalRunner({});
+    });
     while (next_ < statements_.size())
         RunNext();
-    prompts_.SetModalRunner({});
 }
 
 bool ScriptRunner::RunInside(forms::Form& form) {
@@ -120,6 +126,7 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
 
 void ScriptRunner::ClickAfter(const Statement& statement, forms::Control& control) {
     const auto click = [this, line = statement.line, &control] {
+        if (!running_) return;
         if (const auto done = session::UserClick(Session(), control); !done) {
             throw ScriptStopped{line, done.error()};
         }

@@ -59,6 +59,7 @@ class ScriptRunner {
     lifecycle::Program* program_ = nullptr;
     std::vector<forms::Form*> modal_;
     bool someFailed_ = false;
+    bool running_ = false; // planned clicks are for this time only
 };
 
 } // namespace tarvix::cli

@@ -41,7 +41,7 @@ TEST(ArgumentsTest, ABareSearchLooksForFilesInSubfolders) {
     EXPECT_EQ(search.criteria.locations, Words{"/music"});
     EXPECT_EQ(search.criteria.kind, 0);
     EXPECT_TRUE(search.criteria.subfolders);
-    EXPECT_EQ(search.criteria.dateType, "Date = Modified Date");
+    EXPECT_EQ(search.criteria.dateKind, 0);
     EXPECT_EQ(search.output.format, RowFormat::kPaths);
     for (const auto& attribute : search.criteria.attributes) {
         EXPECT_FALSE(attribute);
@@ -103,8 +103,7 @@ TEST(ArgumentsTest, DatesMakeOneTest) {
     const auto pair = ReadSearch({"--since", "2026-01-01", "--before", "2026-01-31"}).criteria.date;
     EXPECT_EQ(pair->choice, "Range");
     EXPECT_EQ(pair->second, (text::DateTime{2026, 1, 31}));
-    EXPECT_EQ(ReadSearch({"--date-kind", "accessed"}).criteria.dateType,
-              "Date = Last Accessed Date");
+    EXPECT_EQ(ReadSearch({"--date-kind", "accessed"}).criteria.dateKind, 2);
 }
 
 TEST(ArgumentsTest, RangesThatAreNoneAreRefused) {

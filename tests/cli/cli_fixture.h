@@ -28,7 +28,12 @@ class CliFixture : public ::testing::Test {
     int Run(const std::vector<std::string>& arguments) {
         out.str("");
         err.str("");
-        Host host{.in = in, .out = out, .err = err, .currentFolder = "/home/ann"};
+        Host host{.in = in,
+                  .out = out,
+                  .err = err,
+                  .errIsTerminal = isTerminal,
+                  .currentFolder = "/home/ann"};
+        host.interrupted = [this] { return interrupted; };
         host.open =
             [this](const MachineRequest&) -> std::expected<platform::Platform, std::string> {
             return machine.platform;
@@ -43,6 +48,8 @@ class CliFixture : public ::testing::Test {
     std::string Out() const { return out.str(); }
     std::string Err() const { return err.str(); }
 
+    bool isTerminal = false;
+    bool interrupted = false;
     platform::MemoryPlatform machine;
     std::istringstream in;
     std::ostringstream out;

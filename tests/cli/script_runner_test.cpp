@@ -184,6 +184,11 @@ TEST_F(ScriptRunnerTest, AClickThatComesTooEarlyIsAnErrorOfItsLine) {
     EXPECT_EQ(Err(), "tarvix-cli: line 3: frmSearch.cmdNext is hidden.\n");
 }
 
+TEST_F(ScriptRunnerTest, APlannedClickThatNeverCameIsForgottenAtTheEnd) {
+    EXPECT_EQ(RunScript("after 1 yields click cmdStop\n"), kDone) << Err();
+    EXPECT_EQ(Err(), "");
+}
+
 TEST_F(ScriptRunnerTest, LeadingAnswersAreThereBeforeTheStart) {
     ASSERT_TRUE(Disk().DeleteFile(HistoryFile(), true));
     EXPECT_EQ(RunScript("# first run\nanswer OK\nanswer Yes\nanswer No\ndump prompts\n"), kDone)

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-#include <cstring>
+#include <algorithm>
 
 namespace tarvix::cli {
 namespace {
@@ -184,6 +184,23 @@ TEST_F(SearchCommandTest, SortClicksTheColumnHead) {
         EXPECT_EQ(Search({"--sort", sort}), kDone);
         EXPECT_EQ(Out(), paths) << sort;
     }
+}
+
+TEST_F(SearchCommandTest, ATerminalSeesHowFarItCameAndThenACleanLine) {
+    for (int i = 0; i < 100; ++i)
+        Disk().AddFile("C:\\home\\ann\\Music\\many\\" + std::to_string(i) + ".mp3");
+    isTerminal = true;
+    EXPECT_EQ(Search({}), kDone);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("\r\x1B[KFound "));
+    EXPECT_THAT(Err(), ::testing::EndsWith("\r\x1B[K"));
+}
+
+TEST_F(SearchCommandTest, AnInterruptionStopsInOrderAndKeepsWhatWasFound) {
+    for (int i = 0; i < 100; ++i)
+        Disk().AddFile("C:\\home\\ann\\Music\\many\\" + std::to_string(i) + ".mp3");
+    interrupted = true;
+    EXPECT_EQ(Search({}), kSomeFailed);
+    EXPECT_LT(std::ranges::count(Out(), '\n'), 102);
 }
 
 TEST_F(SearchCommandTest, TheFirstRunNoticeIsAnsweredByItself) {

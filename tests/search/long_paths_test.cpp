@@ -126,10 +126,11 @@ TEST_F(LongPaths, ASearchMakesNoFolderEvenWhereOneVanishes) {
     Start();
     WithSubfolders();
     const std::string top = Deep(1, 60);
-    const auto created = [this] { return machine.faults.Count("CreateFolder"); };
-    machine.faults.BeforeCall("List", 6, [this, top] { Disk().Node(top)->Detach(); });
+    std::shared_ptr<platform::MemoryNode> gone;
+    machine.faults.BeforeCall("List", 6, [&] { gone = Disk().Node(top)->Detach(); });
     Search("*.txt", "C:\\t");
-    EXPECT_EQ(created(), 0U);
+    ASSERT_TRUE(gone);
+    EXPECT_EQ(machine.faults.Count("CreateFolder"), 0U);
     EXPECT_FALSE(Disk().Exists(top));
 }
 

@@ -17,14 +17,18 @@ class Request : public ProgramFixture {
             Disk().AddFile("C:\\t\\" + std::string(name), "1");
         }
     }
-    // Runs `act` once, at a yield after the n-th file was found.
+    // Runs `act` once, at the first yield at which `reached` holds.
+    void When(std::function<bool()> reached, std::function<void()> act) {
+        S().yielder.After(1, [this, reached = std::move(reached), act = std::move(act)] {
+            if (reached()) {
+                act();
+            } else {
+                When(reached, act);
+            }
+        });
+    }
     void WhenFound(std::int64_t files, std::function<void()> act) {
-        auto check = std::make_shared<std::function<void()>>();
-        *check = [this, files, act = std::move(act), check] {
-            if (State().lngFilesFound >= files) return act();
-            S().yielder.After(1, *check);
-        };
-        S().yielder.After(1, *check);
+        When([this, files] { return State().lngFilesFound >= files; }, std::move(act));
     }
 };
 
@@ -229,14 +233,12 @@ TEST_F(Request, AStopAtAnyYieldLeavesTheFormIdle) {
 TEST_F(Request, AStopDuringTheFolderListEndsTheSearch) {
     Start();
     WithSubfolders();
-    WhenFound(0, [] {});
-    auto check = std::make_shared<std::function<void()>>();
-    *check = [this, check] {
-        if (Form().lblCurrentFolder.Caption.Get().starts_with("Building list of folders with - "))
-            return Click(Form().cmdStop);
-        S().yielder.After(1, *check);
-    };
-    S().yielder.After(1, *check);
+    When(
+        [this] {
+            return Form().lblCurrentFolder.Caption.Get().starts_with(
+                "Building list of folders with - ");
+        },
+        [this] { Click(Form().cmdStop); });
     Search("*.txt", "C:\\t");
     EXPECT_THAT(Names(), ElementsAre("a.txt", "b.txt", "c.txt")) << "the root was walked before";
 }

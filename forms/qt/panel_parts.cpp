@@ -39,6 +39,13 @@ QWidget* InRow(const QList<QWidget*>& widgets, int spacing) {
     return row;
 }
 
+void SettleRows(QWidget& panel) {
+    for (const QWidget* row : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (row->layout() != nullptr) row->layout()->activate();
+    }
+    panel.layout()->activate();
+}
+
 QLabel* LabelFor(const QString& text, QWidget* box) {
     auto* label = new QLabel(text);
     label->setBuddy(box);

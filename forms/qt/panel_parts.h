@@ -11,6 +11,9 @@ namespace tarvix::qt {
 // The widgets side by side, no margins.
 QWidget* InRow(const QList<QWidget*>& widgets, int spacing = 6);
 
+// Lays out a panel of rows at once, where the event loop would take several rounds for it.
+void SettleRows(QWidget& panel);
+
 // A label that names a box.
 QLabel* LabelFor(const QString& text, QWidget* box);
 

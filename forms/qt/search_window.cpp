@@ -5,6 +5,7 @@
 #include "forms/qt/drop_filter.h"
 #include "forms/qt/field_widgets.h"
 #include "forms/qt/native_input.h"
+#include "forms/qt/panel_parts.h"
 #include "forms/qt/text_conversion.h"
 #include "platform/native_paths.h"
 #include "session/session.h"
@@ -75,7 +76,8 @@ void SearchWindow::Build() {
     column->addWidget(MakeCriteriaPanel(session_.frmSearch));
     column->addWidget(list_, 1);
     column->addWidget(MakeActionBar(session_.frmSearch));
-    column->addWidget(MakeCounterBar(session_.frmSearch));
+    counters_ = MakeCounterBar(session_.frmSearch);
+    column->addWidget(counters_);
     column->addWidget(MakeStatusBar(session_.frmSearch));
     setCentralWidget(central);
     nativePath_ = static_cast<ElidedLabel*>(findChild<QLabel*>("lblNativePath"));
@@ -183,6 +185,7 @@ QString SearchWindow::EmptyText() const {
 
 void SearchWindow::Flush() {
     binder_->Flush();
+    SettleRows(*counters_);
     menu_->Refresh();
     const QString title = Shown(session_.frmSearch.Caption);
     if (!title.isEmpty() && windowTitle() != title) setWindowTitle(title);

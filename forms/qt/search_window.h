@@ -61,6 +61,7 @@ class SearchWindow : public QMainWindow, public View {
     ResultView* list_ = nullptr;
     ElidedLabel* nativePath_ = nullptr;
     QProgressBar* busy_ = nullptr;
+    QWidget* counters_ = nullptr;
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;
     QElapsedTimer sinceRows_;

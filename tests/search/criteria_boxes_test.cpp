@@ -9,7 +9,7 @@ class CriteriaBoxes : public ProgramFixture {
     void LeaveSize(forms::TextBox& box, std::string_view text) {
         Form().txtSize2.Visible = true;
         Set(box, text);
-        box.BackColor = 255;
+        box.BackColor = forms::kRed;
         session::UserLeave(S(), box);
     }
 };

@@ -18,9 +18,8 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
                        Filters& filters, const AttributeMasks& masks)
     : session_(session), counters_(counters), list_(list), filters_(filters), masks_(masks) {}
 
-void FindFamily::SetLocation(std::string_view folder, std::string_view folderShort) {
+void FindFamily::SetLocation(std::string_view folder) {
     location_ = folder;
-    locationShort_ = folderShort;
     rowFolderIndex_ = openedIndex_ = SIZE_MAX;
     opened_.reset();
 }

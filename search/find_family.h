@@ -24,8 +24,8 @@ class FindFamily {
     FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
                Filters& filters, const AttributeMasks& masks);
 
-    // A new location: its folder, and its short form for the length test.
-    void SetLocation(std::string_view folder, std::string_view folderShort);
+    // A new location.
+    void SetLocation(std::string_view folder);
     // A new search string of that location.
     void SetString(std::string_view searchString, bool isNot);
 
@@ -70,7 +70,6 @@ class FindFamily {
     std::unique_ptr<NameMatch> match_;
     std::string searchString_;
     std::string location_;
-    std::string locationShort_;
     bool isNot_ = false;
 
     // The matches of the folder in hand; `candidates_` while a walk over many folders reads ahead.

@@ -46,6 +46,7 @@ void FolderList::Order(const CrawlFolder& folder) {
 }
 
 void FolderList::BuildSubFoldersArray(std::string_view location) {
+    readsChildren_ = true;
     Start(location);
     const bool deep = session_.frmSearch.chkIncludeSubFolders.Value == 1;
     for (std::size_t index = 0; index < folders_.size() && !IsInterrupted(); ++index) {
@@ -58,6 +59,7 @@ void FolderList::BuildSubFoldersArray(std::string_view location) {
 }
 
 void FolderList::BuildSubFoldersArrayLevelOne(std::string_view location) {
+    readsChildren_ = false;
     Start(location);
     ReadFolder(0, true, true);
     ahead_.reset();
@@ -149,7 +151,7 @@ void FolderList::AddToFolderArray(std::size_t parent, const platform::FolderEntr
     if (IsRecycleBinPath(session_, folder.strFolderLong)) return;
     folder.strFolderShort = ShortFormFor(folder.strFolderLong);
     folder.isWalkable = entry.IsWalkable();
-    Order(folder);
+    if (readsChildren_) Order(folder);
     folders_.push_back(std::move(folder));
     counters_.CountFolderSeen();
 }

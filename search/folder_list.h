@@ -85,6 +85,7 @@ class FolderList {
     platform::FolderListing scratch_;
     std::unique_ptr<platform::ReadAhead> ahead_; // the folders of the list, in its order
     bool isBuilt_ = false;
+    bool readsChildren_ = false;
 };
 
 } // namespace tarvix::search

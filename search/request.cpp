@@ -3,6 +3,7 @@
 #include "results/result_list.h"
 #include "results/selection.h"
 #include "results/sorting.h"
+#include "search/browse.h"
 #include "search/criteria_boxes.h"
 #include "search/locations.h"
 #include "search/search_strings.h"
@@ -322,15 +323,13 @@ void AddSearchEvents(session::EventTable& events) {
     events.On("frmSearch.cmdSearch_Click", cmdSearch_Click);
     events.On("frmSearch.cmdStop_Click", cmdStop_Click);
     events.On("frmSearch.cmdNext_Click", cmdNext_Click);
-    events.On("frmSearch.cmdClearFolders_Click", [](Session& session, const session::EventArgs&) {
-        session.frmSearch.cmbDir.Text = "";
-    });
     for (const std::string form : {"frmForChar", "frmTrailingSp", "frmAllUsers"}) {
         events.On(form + ".cmdOK_Click", [form](Session& session, const session::EventArgs&) {
             session.forms.Find(form)->Hide();
         });
     }
     AddCriteriaEvents(events);
+    AddBrowseEvents(events);
 }
 
 } // namespace tarvix::search

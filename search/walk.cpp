@@ -56,7 +56,7 @@ Outcome Walk::RunLocation(int index) {
     blnListBuilt2_ = false;
     if (location.folder.empty()) return Outcome::kDone;
     folder_ = text::StripTrailingSlash(location.folder);
-    find_.SetLocation(folder_, text::StripTrailingSlash(location.folderShort));
+    find_.SetLocation(folder_);
     SetVirtualStoreFlags();
     for (int string = 1; string <= state.intSearchForCount; ++string) {
         const Outcome outcome = RunString(string);

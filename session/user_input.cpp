@@ -84,6 +84,17 @@ InputResult SetDatePicker(Session& session, forms::DatePicker& picker, std::stri
     return {};
 }
 
+// While a search runs only its stop and its skip act.
+InputResult CanActNow(Session& session, const forms::Control& control) {
+    const auto& form = session.frmSearch;
+    const bool isSearchForm = &control.Owner() == &form;
+    if (session.state.blnSearching && isSearchForm && &control != &form.cmdStop &&
+        &control != &form.cmdNext) {
+        return Refuse(control, "can't be used while a search runs.");
+    }
+    return CanUse(control);
+}
+
 } // namespace
 
 InputResult CanUse(const forms::Control& control) {
@@ -93,7 +104,7 @@ InputResult CanUse(const forms::Control& control) {
 }
 
 InputResult UserClick(Session& session, forms::Control& control) {
-    if (auto usable = CanUse(control); !usable) return usable;
+    if (auto usable = CanActNow(session, control); !usable) return usable;
     PrepareClick(session, control);
     session.Raise(control, "Click");
     return {};
@@ -101,7 +112,7 @@ InputResult UserClick(Session& session, forms::Control& control) {
 
 InputResult UserSet(Session& session, forms::Control& control, std::string_view value) {
     using forms::ControlKind;
-    if (auto usable = CanUse(control); !usable) return usable;
+    if (auto usable = CanActNow(session, control); !usable) return usable;
     switch (control.Kind()) {
     case ControlKind::kCheckBox:
         return SetCheckBox(session, static_cast<forms::CheckBox&>(control), value);

@@ -14,6 +14,12 @@ enum class MemoryKind : std::uint8_t { kFile, kFolder, kLink, kSpecial };
 // One object on a disk in memory. Tests may set any field but the name and those of the tree.
 struct MemoryNode : std::enable_shared_from_this<MemoryNode> {
     explicit MemoryNode(MemoryKind objectKind) : kind(objectKind) {}
+    // Children that are still held open stand in no folder afterwards.
+    ~MemoryNode() {
+        for (const auto& [key, child] : children) {
+            child->parent = nullptr;
+        }
+    }
 
     MemoryKind kind;
     bool isUnreadable = false;    // a file that can't be read, a folder that can't be entered: 70

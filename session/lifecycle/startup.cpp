@@ -5,6 +5,7 @@
 #include "platform/registry.h"
 #include "results/result_list.h"
 #include "results/selection.h"
+#include "search/browse.h"
 #include "search/criteria_boxes.h"
 #include "search/request.h"
 #include "session/lifecycle/data_folder.h"
@@ -63,8 +64,7 @@ void SetVisibleDefaults(Session& session) {
                    std::string(ProductVersion()) + " - Copyright " +
                    std::to_string(session.Now().year) + " The Tarvix developers";
     form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(results::kListTip);
-    form.optBrowse.Choose(0);
-    form.mnuBrowse_Behave[0].Checked = true;
+    search::ChooseBrowseMode(session, 0);
     form.lblCurrentFolder.ForeColor = forms::kBlue;
     form.lblSearchFor.ForeColor = forms::kRed;
     search::PaintAttributeBoxes(session);

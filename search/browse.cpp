@@ -1,0 +1,64 @@
+#include "search/browse.h"
+
+#include "session/path_list.h"
+#include "session/session.h"
+
+namespace tarvix::search {
+
+namespace {
+
+using session::Session;
+
+enum BrowseMode : int { kPath = 0, kAddPath = 1, kList = 2, kAddList = 3 };
+
+constexpr std::string_view kListFilters = "Multiple Path List Files (*.mpl)|*.mpl|"
+                                          "Text Files (*.txt)|*.txt|"
+                                          "Both (*.txt;*.mpl)|*.txt;*.mpl|";
+
+void TakeLocations(Session& session, const std::string& locations, bool append) {
+    if (locations.empty()) return;
+    auto& box = session.frmSearch.cmbDir;
+    const std::string before = append ? box.Text.Get() : std::string{};
+    box.Text = before.empty() ? locations : before + "|" + locations;
+}
+
+} // namespace
+
+void cmdBrowse_Click(Session& session) {
+    const int mode = session.frmSearch.optBrowse.Chosen();
+    if (mode == kPath || mode == kAddPath) {
+        TakeLocations(session, session.prompts.PickFolder("Select folder"), mode == kAddPath);
+        return;
+    }
+    const std::string list = session.prompts.PickFile("Select Multiple Path List", kListFilters);
+    if (list.empty()) return;
+    TakeLocations(session, session::ReadPathList(session, list), mode == kAddList);
+}
+
+void ChooseBrowseMode(Session& session, int mode) {
+    auto& form = session.frmSearch;
+    form.optBrowse.Choose(mode);
+    for (int i = 0; i < form.optBrowse.Count(); ++i) {
+        const forms::Color color = i == mode ? forms::kRed : forms::kBlack;
+        auto& entry = form.mnuBrowse_Behave[static_cast<std::size_t>(i)];
+        form.optBrowse[i].ForeColor = color;
+        entry.Checked = i == mode;
+        entry.ForeColor = color;
+    }
+}
+
+void AddBrowseEvents(session::EventTable& events) {
+    const auto choose = [](Session& session, const session::EventArgs& args) {
+        ChooseBrowseMode(session, args.index);
+    };
+    const auto clear = [](Session& session, const session::EventArgs&) {
+        session.frmSearch.cmbDir.Text = "";
+    };
+    events.On("frmSearch.cmdBrowse_Click", cmdBrowse_Click);
+    events.On("frmSearch.optBrowse_Click", choose);
+    events.On("frmSearch.mnuBrowse_Behave_Click", choose);
+    events.On("frmSearch.cmdClearFolders_Click", clear);
+    events.On("frmSearch.mnuBrowse_ClearNow_Click", clear);
+}
+
+} // namespace tarvix::search

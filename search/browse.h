@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+class EventTable;
+struct Session;
+} // namespace tarvix::session
+
+namespace tarvix::search {
+
+// Fills "Search Location(s)" as the chosen browse mode says: a folder in place of the text or
+// behind it, or the lines of a Multiple Path List in place of it or behind it.
+void cmdBrowse_Click(session::Session& session);
+
+// Marks one of the four modes, in the options and in the menu alike.
+void ChooseBrowseMode(session::Session& session, int mode);
+
+void AddBrowseEvents(session::EventTable& events);
+
+} // namespace tarvix::search

@@ -1,0 +1,68 @@
+#include "tests/support/program_fixture.h"
+
+namespace tarvix::testing {
+namespace {
+
+class Browse : public ProgramFixture {
+  protected:
+    Browse() {
+        Start();
+        Set(Form().cmbDir, "C:\\old");
+    }
+    // A click on Browse in one of the four modes, with the answer of its picker.
+    std::string After(int mode, const std::string& answer) {
+        Choose(Form().optBrowse, mode);
+        prompts.Queue(answer);
+        Click(Form().cmdBrowse);
+        return Form().cmbDir.Text;
+    }
+};
+
+TEST_F(Browse, APathReplacesTheBox) {
+    EXPECT_EQ(After(0, "C:\\new"), "C:\\new");
+}
+
+TEST_F(Browse, AnAddedPathStandsBehindABar) {
+    EXPECT_EQ(After(1, "C:\\new"), "C:\\old|C:\\new");
+}
+
+TEST_F(Browse, AnAddedPathAloneInAnEmptyBox) {
+    Click(Form().cmdClearFolders);
+    EXPECT_EQ(After(1, "C:\\new"), "C:\\new");
+}
+
+TEST_F(Browse, ACancelledPickerLeavesTheBox) {
+    EXPECT_EQ(After(0, ""), "C:\\old");
+}
+
+TEST_F(Browse, AListReplacesTheBoxByItsLinesUpToItsEndMark) {
+    Disk().AddFile("C:\\l.mpl", "C:\\a\r\nC:\\b\r\n*EOF\r\nC:\\c\r\n");
+    EXPECT_EQ(After(2, "C:\\l.mpl"), "C:\\a|C:\\b");
+}
+
+TEST_F(Browse, AnAddedListWithoutEndMarkIsReadToItsEnd) {
+    Disk().AddFile("C:\\l.mpl", "C:\\a\nC:\\b");
+    EXPECT_EQ(After(3, "C:\\l.mpl"), "C:\\old|C:\\a|C:\\b");
+}
+
+TEST_F(Browse, NativePathsInAListAreTaken) {
+    Disk().AddFile("C:\\l.mpl", "/home/ann/Music\r\n*EOF");
+    EXPECT_EQ(After(2, "C:\\l.mpl"), "C:\\home\\ann\\Music");
+}
+
+TEST_F(Browse, AListThatCantBeReadIsToldAndLeavesTheBox) {
+    EXPECT_EQ(After(2, "C:\\missing.mpl"), "C:\\old");
+    EXPECT_TRUE(WasTold("The list can't be read: "));
+}
+
+TEST_F(Browse, OptionsAndMenuStayInStep) {
+    Click(Form().mnuBrowse_Behave[2]);
+    EXPECT_TRUE(Form().optBrowse[2].Value);
+    EXPECT_FALSE(Form().mnuBrowse_Behave[0].Checked);
+    Choose(Form().optBrowse, 1);
+    EXPECT_TRUE(Form().mnuBrowse_Behave[1].Checked);
+    EXPECT_FALSE(Form().mnuBrowse_Behave[2].Checked);
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -25,8 +25,9 @@ double Luminance(const QColor& color) {
 }
 
 double Contrast(const QColor& a, const QColor& b) {
-    const auto [low, high] = std::minmax(Luminance(a), Luminance(b));
-    return (high + 0.05) / (low + 0.05);
+    const double one = Luminance(a);
+    const double other = Luminance(b);
+    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
 QColor FromBlueGreenRed(forms::Color color) {

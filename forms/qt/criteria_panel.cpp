@@ -105,6 +105,18 @@ QWidget* MakeDate(const forms::FrmSearch& form) {
                   Make(form.lblDate2), Make(form.lblDateType)});
 }
 
+// What the browse button does; shown with it.
+QWidget* MakeBrowseModes(const forms::FrmSearch& form, QWidget& browse) {
+    QList<QWidget*> choices{new QLabel("Browse for")};
+    for (int i = 0; i < form.optBrowse.Count(); ++i) {
+        choices << Make(form.optBrowse[i]);
+    }
+    QWidget* row = InRow(choices, 8);
+    row->hide();
+    FollowVisibility(browse, *row);
+    return row;
+}
+
 QWidget* MakeAttributes(const forms::FrmSearch& form) {
     QList<QWidget*> boxes{new QLabel("Attributes")};
     for (std::size_t i = 0; i < form.attributeBoxes.size(); ++i) {
@@ -129,10 +141,11 @@ QWidget* MakeCriteriaPanel(const forms::FrmSearch& form) {
     top->addWidget(MakeSearchButtons(form));
     column->addLayout(top);
     auto* more = new FlowLayout(18, 4);
-    for (QWidget* part : {MakeKinds(form), static_cast<QWidget*>(Make(form.chkIncludeSubFolders)),
-                          static_cast<QWidget*>(Make(form.chkOneEach)),
-                          static_cast<QWidget*>(Make(form.chkRepeatSearch)), MakeSize(form),
-                          MakeDate(form), MakeAttributes(form)}) {
+    for (QWidget* part :
+         {MakeKinds(form), static_cast<QWidget*>(Make(form.chkIncludeSubFolders)),
+          static_cast<QWidget*>(Make(form.chkOneEach)),
+          static_cast<QWidget*>(Make(form.chkRepeatSearch)), MakeSize(form), MakeDate(form),
+          MakeBrowseModes(form, *panel->findChild<QWidget*>("cmdBrowse")), MakeAttributes(form)}) {
         more->addWidget(part);
     }
     column->addLayout(more);

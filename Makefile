@@ -55,8 +55,9 @@ fuzz: setup-developer
 	@cmake --build build-fuzz -j $(JOBS)
 	@tools/run-fuzz build-fuzz $(SECONDS)
 
-lint: setup-developer build/CMakeCache.txt
-	@tools/lint build
+lint: setup-developer
+	@cmake --preset lint >/dev/null
+	@tools/lint build-lint
 
 format:
 	@git ls-files '*.h' '*.cpp' | xargs clang-format-16 -i

@@ -5,8 +5,8 @@ target_compile_options(tarvix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
 target_include_directories(tarvix_flags INTERFACE ${PROJECT_SOURCE_DIR})
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
     # libstdc++ 12 offers std::expected only to compilers that claim these concepts.
-    target_compile_options(tarvix_flags INTERFACE -Wno-builtin-macro-redefined -Wno-macro-redefined
-        -D__cpp_concepts=202002L)
+    target_compile_options(tarvix_flags INTERFACE -Wno-builtin-macro-redefined
+        "SHELL:-U__cpp_concepts -D__cpp_concepts=202002L")
 endif()
 if(TARVIX_SANITIZE)
     target_compile_options(tarvix_flags INTERFACE -fsanitize=${TARVIX_SANITIZE} -fno-omit-frame-pointer)

@@ -16,6 +16,21 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
 
+// A text as JSON writes it. Plain ASCII, which nearly all cells are, takes a short road.
+void AppendJsonText(std::string& out, const std::string& text) {
+    const auto isPlain = [](char c) { return c >= ' ' && c < '\x7F'; };
+    if (!std::ranges::all_of(text, isPlain)) {
+        out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+        return;
+    }
+    out += '"';
+    for (const char c : text) {
+        if (c == '"' || c == '\\') out += '\\';
+        out += c;
+    }
+    out += '"';
+}
+
 // Gathers text and hands it on in large blocks.
 class Gathered {
   public:
@@ -156,8 +171,7 @@ class RowPrinter {
             out.append(i > 0 ? "," : "{").append(heads_[i]).append(":");
             cell_.clear();
             AppendCell(cell_, row, columns_[i]);
-            out += nlohmann::json(cell_).dump(-1, ' ', false,
-                                              nlohmann::json::error_handler_t::replace);
+            AppendJsonText(out, cell_);
         }
         out += "}\n";
     }

@@ -86,6 +86,19 @@ TEST_F(SearchCommandTest, OddNamesKeepTheirCharacters) {
     EXPECT_EQ(nlohmann::json::parse(Out())["Name"], ":q?\tt\nn\"\x7F.mp3");
 }
 
+TEST_F(SearchCommandTest, JsonEscapesWhatItMust) {
+    for (const char* name : {"say \uF022hi\uF022", "back\uF05Cslash", "caf\u00E9 \uF022", "\x7F"}) {
+        Disk().AddFile("C:\\home\\ann\\Music\\json\\" + std::string(name) + ".mp3");
+    }
+    ASSERT_EQ(Run({"search", "*", "--in", "Music/json", "--json", "--columns", "Name"}), kDone);
+    std::vector<std::string> names;
+    std::istringstream lines(Out());
+    for (std::string line; std::getline(lines, line);)
+        names.push_back(nlohmann::json::parse(line)["Name"]);
+    EXPECT_THAT(names, ::testing::UnorderedElementsAre("say \"hi\".mp3", "back\\slash.mp3",
+                                                       "caf\u00E9 \".mp3", "\x7F.mp3"));
+}
+
 TEST_F(SearchCommandTest, KindsFindWhatTheySay) {
     EXPECT_EQ(Search({"--kind", "folders"}, "*"), kDone);
     EXPECT_THAT(Out(), ::testing::HasSubstr("/home/ann/Music/Jazz\n"));

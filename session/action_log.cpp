@@ -46,6 +46,8 @@ void ActionLog::Write(Session& session, std::string_view text) {
     std::string entry(text);
     entry.append("\r\n").append(DashesFor(text)).append("\r\n\r\n");
     (void)stream_->Write(entry);
+    // What was done must stand in the file even if the program is killed next.
+    (void)stream_->Flush();
 }
 
 void WriteToActionLog(Session& session, std::string_view text) {

@@ -239,5 +239,10 @@ TEST_F(ScriptRunnerTest, AnEmptyScriptStartsAndUnloadsTheProgram) {
     EXPECT_EQ(Out(), "");
 }
 
+TEST_F(ScriptRunnerTest, TheActionLogCanBeDumped) {
+    EXPECT_EQ(RunScript(kFind + "dump log\n"), kDone);
+    EXPECT_THAT(Out(), HasSubstr("11/15/2026 19:54:52 User selected to search for files"));
+}
+
 } // namespace
 } // namespace tarvix::cli

@@ -207,7 +207,7 @@ EarlyEnd UnknownOption(const CLI::App& app, const std::string& word) {
     const std::vector<std::string> names = OptionNames(app);
     const std::vector<std::string_view> views(names.begin(), names.end());
     const std::string name = word.substr(0, word.find('='));
-    const std::string command = app.get_name();
+    const std::string& command = app.get_name();
     return Wrong("There is no option " + name + "." + DidYouMean(name, views) + " tarvix-cli " +
                  command + (command.empty() ? "" : " ") + "--help lists them.");
 }

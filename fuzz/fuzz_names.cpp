@@ -14,7 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::erase(name, '/');
     const std::string drive = tarvix::platform::NameToDrive(name);
     if (!tarvix::text::IsValidUtf8(drive)) std::abort();
-    if (drive.find('?') == drive.npos && tarvix::platform::NameToNative(drive) != name) std::abort();
+    if (drive.find('?') == drive.npos && tarvix::platform::NameToNative(drive) != name)
+        std::abort();
     const std::string shortName = tarvix::platform::ShortNameOf(drive);
     if (tarvix::text::Length(shortName) > 12) std::abort();
     return 0;

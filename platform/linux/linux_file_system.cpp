@@ -44,7 +44,8 @@ Sys<OpenedFolder> OpenFolderAt(const std::string& native) {
     const std::string link = "/proc/self/fd/" + std::to_string(fd->Get());
     const ssize_t length = ::readlink(link.c_str(), truePath.data(), truePath.size());
     truePath.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    return OpenedFolder{std::move(*fd), length > 0 ? std::move(truePath) : native};
+    if (truePath.empty()) truePath = native;
+    return OpenedFolder{std::move(*fd), std::move(truePath)};
 }
 
 std::unique_ptr<OpenFolder> MakeOpenFolder(OpenedFolder opened, const Place& place,

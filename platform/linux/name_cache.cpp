@@ -19,7 +19,7 @@ constexpr std::size_t kMostNames = 400'000;
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
 constexpr std::int64_t kCheap = 200'000; // nanoseconds
-constexpr std::int64_t kShare = 100;      // reading again may take one part in so many of the time
+constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
 
 std::int64_t WallNow() {
     timespec now{};

@@ -65,8 +65,8 @@ TEST_F(RowDetails, YearRankComesFromTheNameElseFromTheFolder) {
 }
 
 TEST_F(RowDetails, VersionSortPutsTheHighestVersionOfEachNameFirst) {
-    Disk().AddFile("C:\\t\\1\\tool.exe", TestFile("exe64_console_ver.exe")); // 1.2
-    Disk().AddFile("C:\\t\\2\\Tool.exe", TestFile("dll64_ver.dll"));         // 10.0
+    Disk().AddFile("C:\\t\\1\\tool.exe", TestFile("exe64_console_ver.exe"));  // 1.2
+    Disk().AddFile("C:\\t\\2\\Tool.exe", TestFile("dll64_ver.dll"));          // 10.0
     Disk().AddFile("C:\\t\\3\\tool.exe", TestFile("exe64_gui_ver_zero.exe")); // 0.0
     Disk().AddFile("C:\\t\\3\\other.exe", "MZ");
     Start();
@@ -83,8 +83,9 @@ TEST_F(RowDetails, ARowsTipIsItsPathWhenThatIsLongElseTheCell) {
     Disk().AddFile("C:\\t\\" + longName);
     Disk().AddFile("C:\\t\\short");
     Start();
-    EXPECT_EQ(Form().lstMain.Tip.Get(), "To adjust columns, click & drag just inside the right edge "
-                                        "of the column head.");
+    EXPECT_EQ(Form().lstMain.Tip.Get(),
+              "To adjust columns, click & drag just inside the right edge "
+              "of the column head.");
     Search("*", "C:\\t");
     EXPECT_EQ(program.Rows().CellTip(0, results::kName), "C:\\t\\" + longName);
     EXPECT_EQ(program.Rows().CellTip(1, results::kName), "short");

@@ -181,7 +181,7 @@ void frmDialog_Activate(Session& session) {
 }
 
 void OKButton_Click(Session& session) {
-    session.state.blnErrorOccurred = false;
+    session.state.action.blnErrorOccurred = false;
     if (!CleanDestination(session)) return;
     SetBusy(session, true);
     const std::string refusal = WhyNotAPlace(session, session.frmDialog.cmbDir.Text.Get());

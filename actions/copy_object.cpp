@@ -30,7 +30,7 @@ platform::Result<void> CopyOnce(Session& session, const Placement& placement,
 
 PlaceResult Fail(Session& session, const Placement& placement,
                  const platform::PlatformError& error) {
-    session.state.blnErrorOccurred = true;
+    session.state.action.blnErrorOccurred = true;
     session.state.lastAction.errors.push_back(error.description);
     session::LogTimed(session, " CopyObject has not proceeded as expected, copy did not occur. " +
                                    placement.strSource + ": " + error.description);

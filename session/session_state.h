@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/action_state.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -72,7 +74,7 @@ struct SessionState {
     bool blnRepeatRequested = false;
     bool blnActionCancelled = false;
     bool blnStopAction = false; // takes effect at the next object
-    bool blnErrorOccurred = false;
+    ActionState action;
     ActionTotals lastAction;
     bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
@@ -113,6 +115,18 @@ struct SessionState {
     std::int64_t lngSeenFolders = 0;
     std::int64_t lngFilesFound = 0;
     std::int64_t lngFoldersFound = 0;
+
+    // Errors and long paths.
+    std::int32_t lngErrNumber = 0;
+    std::string strErrDesc;
+    std::string strMessage; // the failing routine's name, a blank and a sentence
+    std::string strTitle;
+    int intStyle = 0;
+    int intAnswer = 0;
+    int intRecovery = 0;
+    std::string strErrorLogOn = "Yes";
+    std::uint8_t bytPathChoice = kPathSkip;
+    bool blnPathLimitHit = false;
 
     // The whole run.
     bool blnForeignWarned = false;

@@ -6,6 +6,8 @@
 #include "text/dates.h"
 #include "text/format.h"
 
+#include <algorithm>
+
 namespace tarvix::session {
 
 namespace {
@@ -76,6 +78,19 @@ InputResult SetComboBox(Session& session, forms::ComboBox& box, std::string_view
     return {};
 }
 
+// Selects the line of that text, or turns it where several may be selected.
+InputResult SetListBox(Session& session, forms::ListBox& list, std::string_view value) {
+    const auto& items = list.Items();
+    const auto found = std::ranges::find_if(
+        items, [value](const std::string& item) { return text::EqualNoCase(item, value); });
+    if (found == items.end()) return Refuse(list, "has no line \"" + std::string(value) + "\".");
+    const auto position = static_cast<std::size_t>(found - items.begin());
+    list.Select(position, !list.IsMultiple() || !list.IsSelected(position));
+    EventArgs args{static_cast<int>(position)};
+    session.events.Raise(session, list.Owner().Name() + "." + list.Name() + "_Click", args);
+    return {};
+}
+
 InputResult SetDatePicker(Session& session, forms::DatePicker& picker, std::string_view value) {
     const auto date = text::ParseDate(value);
     if (!date) return Refuse(picker, "takes a date or time, not \"" + std::string(value) + "\".");
@@ -122,6 +137,8 @@ InputResult UserSet(Session& session, forms::Control& control, std::string_view 
         return SetComboBox(session, static_cast<forms::ComboBox&>(control), value);
     case ControlKind::kDatePicker:
         return SetDatePicker(session, static_cast<forms::DatePicker&>(control), value);
+    case ControlKind::kListBox:
+        return SetListBox(session, static_cast<forms::ListBox&>(control), value);
     case ControlKind::kTextBox:
         static_cast<forms::TextBox&>(control).Text = std::string(value);
         session.Raise(control, "Change");

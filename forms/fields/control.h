@@ -19,6 +19,7 @@ enum class ControlKind {
     kMenuEntry,
     kFrame,
     kListView,
+    kListBox,
     kDatePicker,
     kProgressBar,
 };

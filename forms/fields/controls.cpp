@@ -132,4 +132,45 @@ ListView::ListView(Form& form, std::string name)
     : Control(form, std::move(name), ControlKind::kListView), Sorted(*this, true),
       SortKey(*this, 0), SortOrder(*this, SortDirection::kAscending), Tip(*this, "") {}
 
+ListBox::ListBox(Form& form, std::string name, bool multiple)
+    : Control(form, std::move(name), ControlKind::kListBox), Header(*this, ""),
+      multiple_(multiple) {}
+
+std::string ListBox::ValueText() const {
+    std::string result;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        if (selected_[i]) result.append(items_[i]).append("\r\n");
+    }
+    return result;
+}
+
+void ListBox::SetItems(std::vector<std::string> items) {
+    std::vector<bool> selected(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const auto old = std::ranges::find(items_, items[i]);
+        selected[i] =
+            old != items_.end() && selected_[static_cast<std::size_t>(old - items_.begin())];
+    }
+    items_ = std::move(items);
+    selected_ = std::move(selected);
+    NoteChange(*this);
+}
+
+void ListBox::AddItem(std::string item) {
+    items_.push_back(std::move(item));
+    selected_.push_back(false);
+    NoteChange(*this);
+}
+
+void ListBox::Select(std::size_t position, bool selected) {
+    if (!multiple_) selected_.assign(items_.size(), false);
+    selected_[position] = selected;
+    NoteChange(*this);
+}
+
+void ListBox::SelectNone() {
+    selected_.assign(items_.size(), false);
+    NoteChange(*this);
+}
+
 } // namespace tarvix::forms

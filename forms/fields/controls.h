@@ -146,4 +146,27 @@ class ListView : public Control {
     Property<std::string> Tip;
 };
 
+// A list of lines. With `multiple`, any number of them is selected at once, each click turning one.
+class ListBox : public Control {
+  public:
+    ListBox(Form& form, std::string name, bool multiple = false);
+    // The selected lines, each ended by CR LF.
+    std::string ValueText() const override;
+    bool IsMultiple() const { return multiple_; }
+    // Replaces the lines; those of the same text stay selected.
+    void SetItems(std::vector<std::string> items);
+    void AddItem(std::string item);
+    void ClearItems() { SetItems({}); }
+    void Select(std::size_t position, bool selected);
+    void SelectNone();
+    bool IsSelected(std::size_t position) const { return selected_[position]; }
+    const std::vector<std::string>& Items() const { return items_; }
+    Property<std::string> Header;
+
+  private:
+    bool multiple_;
+    std::vector<std::string> items_;
+    std::vector<bool> selected_;
+};
+
 } // namespace tarvix::forms

@@ -18,9 +18,24 @@ struct Forms {
     FrmAllUsers frmAllUsers;
     FrmSelectDate frmSelectDate;
     FrmProgress frmProgress;
+    FrmAsk frmAsk;
+    FrmAsk259 frmAsk259;
+    FrmOverrideDialog frmOverrideDialog;
+    FrmOverrideRecycleFail frmOverrideRecycleFail;
+    FrmPreview frmPreview;
 
-    const std::array<Form*, 7> all{&frmSearch,   &frmDialog,     &frmForChar, &frmTrailingSp,
-                                   &frmAllUsers, &frmSelectDate, &frmProgress};
+    const std::array<Form*, 12> all{&frmSearch,
+                                    &frmDialog,
+                                    &frmForChar,
+                                    &frmTrailingSp,
+                                    &frmAllUsers,
+                                    &frmSelectDate,
+                                    &frmProgress,
+                                    &frmAsk,
+                                    &frmAsk259,
+                                    &frmOverrideDialog,
+                                    &frmOverrideRecycleFail,
+                                    &frmPreview};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

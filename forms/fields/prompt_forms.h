@@ -51,4 +51,87 @@ class FrmSelectDate : public Form {
     CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 };
 
+// What to do with an object whose new place is taken.
+class FrmAsk : public Form {
+  public:
+    FrmAsk() : Form("frmAsk") { Caption = "Skip, Replace or  Rename Duplicates?"; }
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdSkip{*this, "cmdSkip", "&Skip this duplicate only."};
+    CommandButton cmdOverwrite{*this, "cmdOverwrite", "&OverWrite this duplicate only."};
+    CommandButton cmdRename{*this, "cmdRename", "&Rename this duplicate only."};
+    CommandButton cmdSkipAll{*this, "cmdSkipAll", "S&kip all duplicates."};
+    CommandButton cmdOverwriteAll{*this, "cmdOverwriteAll", "O&verWrite all duplicates."};
+    CommandButton cmdRenameAll{*this, "cmdRenameAll", "R&ename all duplicates."};
+    CommandButton cmdCancel{*this, "cmdCancel",
+                            "&Cancel   (the action for objects not yet processed)."};
+    CommandButton cmdDeleteReplace{*this, "cmdDeleteReplace",
+                                   "Rec&ycle this duplicate folder and contents, then replace."};
+    CommandButton cmdDeleteReplaceAll{*this, "cmdDeleteReplaceAll",
+                                      "Recyc&le all duplicate folders and contents, then replace."};
+};
+
+// What to do with an object whose path has grown too long.
+class FrmAsk259 : public Form {
+  public:
+    FrmAsk259() : Form("frmAsk259") {
+        Caption = "Skip or Continue with objects exceeding 259 characters in their path.";
+    }
+    Label lblMain{*this, "lblMain"};
+    Label lblNote{*this, "lblNote",
+                  "Some applications may not be able to work with files so deep in the folder "
+                  "structure."};
+    CommandButton cmdSkip{*this, "cmdSkip", "&Skip this object only."};
+    CommandButton cmdContinue{*this, "cmdContinue", "C&ontinue with this object only."};
+    CommandButton cmdSkipAll{*this, "cmdSkipAll",
+                             "S&kip all object paths exceeding 259 characters."};
+    CommandButton cmdContinueAll{*this, "cmdContinueAll",
+                                 "Co&ntinue all object paths exceeding 259 characters."};
+    CommandButton cmdCancel{*this, "cmdCancel",
+                            "&Cancel   (the action for objects not yet processed)."};
+};
+
+// No and yes, each for one object or for all that follow, and a way out.
+class OverrideForm : public Form {
+  public:
+    OverrideForm(std::string name, std::string title) : Form(std::move(name)) {
+        Caption = std::move(title);
+    }
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdNo{*this, "cmdNo", "&No"};
+    CommandButton cmdYes{*this, "cmdYes", "&Yes"};
+    CommandButton cmdNoToAll{*this, "cmdNoToAll", "N&o to all"};
+    CommandButton cmdYesToAll{*this, "cmdYesToAll", "Y&esToAll"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
+// A system or hidden object is about to be overwritten or deleted.
+class FrmOverrideDialog : public OverrideForm {
+  public:
+    FrmOverrideDialog() : OverrideForm("frmOverrideDialog", "Override System/Hidden Exclusion?") {}
+};
+
+// An object would not go to the recycle bin.
+class FrmOverrideRecycleFail : public OverrideForm {
+  public:
+    FrmOverrideRecycleFail()
+        : OverrideForm("frmOverrideRecycleFail", "Override Recycle Failure?") {}
+};
+
+// One object of a preview: where it is, where it would be, and what would happen to it.
+struct PreviewRow {
+    std::string object;
+    std::string newPath;
+    std::string verdict;
+};
+
+// What the action would do, object by object.
+class FrmPreview : public Form {
+  public:
+    FrmPreview() : Form("frmPreview") { Caption = "Preview"; }
+    Label lblMain{*this, "lblMain"}; // the counts by verdict
+    ListView lstPreview{*this, "lstPreview"};
+    CommandButton cmdOK{*this, "cmdOK", "&Close"};
+    std::vector<PreviewRow> rows; // changed only while the form is hidden
+};
+
 } // namespace tarvix::forms

@@ -1,0 +1,17 @@
+#include "forms/fields/frm_dialog.h"
+
+namespace tarvix::forms {
+
+FrmDialog::FrmDialog() : Form("frmDialog") {
+    Caption = "Action Form";
+    const char* mode = "Select either 'Find and Replace' or 'Insert Text'";
+    chkFindReplace.ToolTipText = mode;
+    chkAdd.ToolTipText = mode;
+    for (Control* hidden : std::initializer_list<Control*>{
+             &lblFolderTree, &txtFolderTree, &chkFolderRename, &filMultiPath, &lstMulti, &chkPlus1,
+             &txtDeviation, &chkAddEOF, &chkComments, &chkFindSimilar, &lblProgress}) {
+        hidden->Visible = false;
+    }
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/error.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+
+struct Session;
+
+enum class ObjectType { kFolder, kFile, kNoType, kUnknown };
+
+// How a routine goes on after an error, as `HandleError` decides it in `intRecovery`.
+enum Recovery : int {
+    kLeave = 1,      // through the exit
+    kRetry = 2,      // the statement again
+    kNext = 3,       // the next statement
+    kSkip = 4,       // the routine's skip label; without one, leave
+    kSkipUnread = 5, // the same, for an object that had not been read yet
+};
+
+// What a routine was at when a statement of it failed. The texts belong to the caller.
+struct ErrorContext {
+    std::string_view routine;
+    std::string_view moduleName; // "frmSearch", "frmDialog", "Module1", ...
+    std::string_view object;
+    std::string_view path;
+    std::string_view searchOrDestination;
+    ObjectType objectType = ObjectType::kNoType;
+    std::string_view sentence = "has not proceeded as expected.";
+};
+
+// One record to the error log; none for error 52 while `blnSkipNTFS` is on.
+void ReportError(Session& session, int errNumber, std::string_view errDesc,
+                 std::string_view routine, std::string_view moduleName, std::string_view object,
+                 std::string_view path, int recovery, std::string_view message,
+                 std::string_view searchOrDestination, ObjectType objectType);
+
+// Decides about the error in `lngErrNumber`, `strErrDesc` and `strMessage`: asks where its rule
+// says so, records it, sets `intRecovery`, and clears `strTitle`, `strMessage` and `intStyle`.
+void HandleError(Session& session, std::string_view moduleName, std::string_view object,
+                 std::string_view path, std::string_view searchOrDestination,
+                 ObjectType objectType);
+// The same, with the three fields set from the error and its context. Gives `intRecovery`.
+int HandleError(Session& session, const platform::PlatformError& error,
+                const ErrorContext& context);
+
+// The prompt for an error without a rule of its own; none with `blnAutoMode`.
+void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string_view message,
+                std::string_view moduleName, std::string_view routine, std::string_view object,
+                std::string_view path, std::string_view searchOrDestination, ObjectType objectType);
+
+// An error that must not stop the run: told unless `blnAutoMode`, and recorded for `path`.
+void TellUnexpected(Session& session, const platform::PlatformError& error,
+                    std::string_view routine, std::string_view path);
+
+} // namespace tarvix::session

@@ -1,6 +1,6 @@
 #include "search/find_family.h"
 
-#include "session/long_path.h"
+#include "session/ask_long_path.h"
 #include "session/session.h"
 #include "session/short_path.h"
 #include "text/characters.h"
@@ -94,7 +94,7 @@ bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {
     const std::string& folder = list_.At(index).Short();
     const std::string spec = isNot_ ? "*" : searchString_;
     if (text::Length(folder) + 1 + text::Length(spec) <= kLongestSpec) return false;
-    session::RefuseLongSearch(session_, folder + "\\" + spec, routine);
+    session::AskLongPath(session_, folder + "\\" + spec, "", routine, "frmSearch");
     return true;
 }
 

@@ -1,9 +1,10 @@
 #include "session/action_log.h"
 
 #include "platform/file_system.h"
-#include "platform/text_stream.h"
+#include "session/errors.h"
 #include "session/session.h"
 #include "text/characters.h"
+#include "text/dates.h"
 #include "text/format.h"
 
 #include <cmath>
@@ -11,43 +12,52 @@
 
 namespace tarvix::session {
 
-ActionLog::ActionLog() = default;
-ActionLog::~ActionLog() = default;
+namespace {
+
+// How many other copies may have been started within the same moments.
+constexpr int kMostTries = 100;
+
+} // namespace
+
+std::string ActionLogName(Session& session, int secondsLater) {
+    return session.state.strDataFolder + "\\TXAction " +
+           text::FormatDate(text::FromSeconds(text::ToSeconds(session.Now()) + secondsLater),
+                            "mm.dd.yy hh.nn.ss") +
+           ".log";
+}
 
 void ActionLog::Open(Session& session) {
     wasOpened_ = true;
     const auto early = std::exchange(early_, {});
-    auto stream = session.files().CreateTextFile(session.state.strActionLogFile, true);
-    if (!stream) {
-        if (session.state.options.blnAutoMode) return;
-        session.MsgBox("unexpected error " + std::to_string(stream.error().number) + " " +
-                       stream.error().description);
-        return;
-    }
-    stream_ = std::move(*stream);
+    std::string& name = session.state.strActionLogFile;
     std::string head = "Opened Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
     head += session.state.options.blnFileLog ? "Logging is turned on." : "Logging is turned off.";
-    (void)stream_->Write(head + "\r\n\r\n");
+    head += "\r\n\r\n";
+    auto opened = file_.Open(session.files(), name, head);
+    for (int later = 1;
+         later < kMostTries && !opened && opened.error().number == platform::kPermissionDenied &&
+         session.files().Facts(name);
+         ++later) {
+        name = ActionLogName(session, later);
+        opened = file_.Open(session.files(), name, head);
+    }
+    if (!opened) return TellUnexpected(session, opened.error(), "OpenActionLog", name);
     for (const std::string& text : early) {
         Write(session, text);
     }
 }
 
 void ActionLog::Close(Session& session) {
-    if (!stream_) return;
-    (void)stream_->Write("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
-    (void)stream_->Close();
-    stream_.reset();
+    file_.Write("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    file_.Close();
 }
 
 void ActionLog::Write(Session& session, std::string_view text) {
     if (!wasOpened_) early_.emplace_back(text);
-    if (!stream_ || !session.state.options.blnFileLog) return;
+    if (!file_.IsOpen() || !session.state.options.blnFileLog) return;
     std::string entry(text);
     entry.append("\r\n").append(DashesFor(text)).append("\r\n\r\n");
-    (void)stream_->Write(entry);
-    // What was done must stand in the file even if the program is killed next.
-    (void)stream_->Flush();
+    file_.Write(entry);
 }
 
 void WriteToActionLog(Session& session, std::string_view text) {

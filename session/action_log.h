@@ -1,15 +1,10 @@
 #pragma once
 
-#include "platform/error.h"
+#include "session/log_file.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace tarvix::platform {
-class TextStream;
-}
 
 namespace tarvix::session {
 
@@ -18,22 +13,24 @@ struct Session;
 // The action log of this run. It stays open from start to stop.
 class ActionLog {
   public:
-    ActionLog();
-    ~ActionLog();
-    // Creates the file of `strActionLogFile` and writes the opening lines. A log that can't be
-    // written is told once, and the run goes on without it.
+    // Creates the file of `strActionLogFile` and writes the opening lines. While another copy of
+    // the program has that file, the next moment's name is taken. Any other error is told once, and
+    // the run goes on without a log.
     void Open(Session& session);
     void Close(Session& session);
     // One entry: the text, a line of dashes under it, an empty line. Nothing with logging off. What
     // is written before the log opens follows its opening lines.
     void Write(Session& session, std::string_view text);
-    bool IsOpen() const { return stream_ != nullptr; }
+    bool IsOpen() const { return file_.IsOpen(); }
 
   private:
-    std::unique_ptr<platform::TextStream> stream_;
+    LogFile file_;
     std::vector<std::string> early_; // entries from before the log opened
     bool wasOpened_ = false;
 };
+
+// The name of an action log that opens so many seconds from now, in the data folder.
+std::string ActionLogName(Session& session, int secondsLater = 0);
 
 // One entry to the action log of the session.
 void WriteToActionLog(Session& session, std::string_view text);

@@ -36,7 +36,7 @@ auto Attempt(Session& session, const ErrorContext& context, Statement&& statemen
         if (attempted) return attempted;
         const std::optional<int> own = ownRule(attempted.result.error());
         attempted.recovery = own ? *own : HandleError(session, attempted.result.error(), context);
-        if (attempted.recovery != kRetry) return attempted;
+        if (attempted.recovery != kRecoveryRetry) return attempted;
     }
 }
 

@@ -13,11 +13,11 @@ enum class ObjectType { kFolder, kFile, kNoType, kUnknown };
 
 // How a routine goes on after an error, as `HandleError` decides it in `intRecovery`.
 enum Recovery : int {
-    kLeave = 1,      // through the exit
-    kRetry = 2,      // the statement again
-    kNext = 3,       // the next statement
-    kSkip = 4,       // the routine's skip label; without one, leave
-    kSkipUnread = 5, // the same, for an object that had not been read yet
+    kRecoveryLeave = 1,      // through the exit
+    kRecoveryRetry = 2,      // the statement again
+    kRecoveryNext = 3,       // the next statement
+    kRecoverySkip = 4,       // the routine's skip label; without one, leave
+    kRecoverySkipUnread = 5, // the same, for an object that had not been read yet
 };
 
 // What a routine was at when a statement of it failed. The texts belong to the caller.

@@ -3,6 +3,7 @@
 #include "forms/fields/forms.h"
 #include "platform/platform.h"
 #include "session/action_log.h"
+#include "session/error_log.h"
 #include "session/event_table.h"
 #include "session/prompt_service.h"
 #include "session/session_state.h"
@@ -38,11 +39,13 @@ struct Session {
     EventTable events;
     Yielder yielder;
     ActionLog log;
+    ErrorLog errorLog;
 
     // Owned by the program; set before the first event.
     results::ResultList* rows = nullptr;
     results::Selection* selection = nullptr;
-    std::array<bool, 27> blnListItems{}; // visible columns, by their index
+    // Visible columns, by their index.
+    std::array<bool, kVisibilityCount>& blnListItems = state.options.blnListItems;
 
     platform::FileSystem& files() { return platform.files; }
     void Yield() { yielder.Yield(); }

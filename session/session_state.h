@@ -1,6 +1,9 @@
 #pragma once
 
 #include "session/action_state.h"
+#include "session/options.h"
+#include "session/platform_settings.h"
+#include "text/dates.h"
 
 #include <array>
 #include <cstdint>
@@ -8,17 +11,6 @@
 #include <vector>
 
 namespace tarvix::session {
-
-// The settings that outlive a run, with the values they have when nothing was saved.
-struct Options {
-    bool blnAllowAll = false; // Expert Mode
-    bool blnAutoMode = false; // no prompts; every decision falls to its safe default
-    bool blnListDupsWhenSearchStringsNotExclusive = false;
-    bool blnFileLog = true;
-    std::array<std::string, 19> strDefSearchFolder; // drive form, variables unexpanded
-    std::array<std::string, 19> strDefSearchFolderTitle;
-    int intLatestYear = 2025; // the last year that counts as plausible for a file's date
-};
 
 constexpr int kSearchStringLimit = 99;
 constexpr int kSearchFolderLimit = 1000;
@@ -42,6 +34,7 @@ struct ActionTotals {
 // The process-wide variables. Routines read and set them by name.
 struct SessionState {
     Options options;
+    PlatformSettings platformSettings;
 
     // Set at the start.
     std::string strProgramFolder;
@@ -55,11 +48,19 @@ struct SessionState {
     std::string strErrorLogFile;
     std::string strOptionFile;
     std::string strOptionBackupFile;
+    std::string strPlatformFile;
+    bool blnOptionFileFound = false;
+    bool blnOptionFileUnread = false; // it is there but could not be opened, so it is left alone
     int intMaxYear = 0;
     int intOSVersion = 10000;
     std::array<std::string, 8> strWindowStyle; // by a shortcut's code: 1, 3 and 7
     bool blnStarShell = false;
     bool blnUnknownShell = false;
+    // The time of last use of each row of a box, zero for its fixed rows.
+    int intFirstHistoryRow = 0; // of the search locations
+    std::vector<text::DateTime> datFolderHistory;
+    std::vector<text::DateTime> datSearchHistory;
+    std::vector<text::DateTime> datDestHistory;
     bool blnStarted = false;
     bool blnEnded = false;
 

@@ -1,0 +1,46 @@
+#include "session/error_log.h"
+
+#include "platform/file_system.h"
+#include "session/errors.h"
+#include "session/session.h"
+#include "text/format.h"
+
+#include <utility>
+
+namespace tarvix::session {
+
+namespace {
+
+constexpr std::size_t kExtension = 4;
+
+} // namespace
+
+void ErrorLog::Open(Session& session) {
+    std::string& name = session.state.strErrorLogFile;
+    const std::string head =
+        "Opened Error Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
+    auto opened = file_.Open(session.files(), name, head);
+    // A folder that can't be written refuses every name, and its longest name differs.
+    while (!opened && opened.error().number == platform::kPermissionDenied &&
+           session.files().Facts(name)) {
+        name.insert(name.size() - kExtension, "_1");
+        opened = file_.Open(session.files(), name, head);
+    }
+    if (!opened) TellUnexpected(session, opened.error(), "OpenProgramErrorFile", name);
+    WriteRaw(std::exchange(early_, {}));
+}
+
+void ErrorLog::Close(Session& session) {
+    file_.Write("\r\nClosed Error Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    file_.Close();
+}
+
+void ErrorLog::WriteRaw(std::string_view text) {
+    if (file_.IsOpen()) {
+        file_.Write(text);
+    } else {
+        early_.append(text);
+    }
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,39 @@
+#include "session/log_file.h"
+
+#include "platform/dir.h"
+#include "platform/file_system.h"
+#include "platform/text_stream.h"
+
+#include <utility>
+
+namespace tarvix::session {
+
+LogFile::LogFile() = default;
+LogFile::~LogFile() = default;
+LogFile::LogFile(LogFile&&) noexcept = default;
+LogFile& LogFile::operator=(LogFile&&) noexcept = default;
+
+platform::Result<void> LogFile::Open(platform::FileSystem& files, const std::string& path,
+                                     std::string_view head) {
+    const bool exists = !platform::DirName(files, path, platform::kDirFiles).empty();
+    auto stream = exists ? files.OpenAsTextStream(path, platform::OpenMode::kWrite)
+                         : files.CreateTextFile(path, true);
+    if (!stream) return std::unexpected(std::move(stream.error()));
+    stream_ = std::move(*stream);
+    Write(head);
+    return {};
+}
+
+void LogFile::Write(std::string_view text) {
+    if (!stream_) return;
+    (void)stream_->Write(text);
+    (void)stream_->Flush();
+}
+
+void LogFile::Close() {
+    if (!stream_) return;
+    (void)stream_->Close();
+    stream_.reset();
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/error.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tarvix::platform {
+class FileSystem;
+class TextStream;
+} // namespace tarvix::platform
+
+namespace tarvix::session {
+
+// A text file that is begun anew and stays open for a whole run. What is written stands in the
+// file at once, even if the program is killed next. A write that fails is ignored.
+class LogFile {
+  public:
+    LogFile();
+    ~LogFile();
+    LogFile(LogFile&&) noexcept;
+    LogFile& operator=(LogFile&&) noexcept;
+    // Empties an existing file of that drive path or creates it, and writes `head`. 70 when another
+    // program writes it.
+    platform::Result<void> Open(platform::FileSystem& files, const std::string& path,
+                                std::string_view head);
+    void Write(std::string_view text);
+    void Close();
+    bool IsOpen() const { return stream_ != nullptr; }
+
+  private:
+    std::unique_ptr<platform::TextStream> stream_;
+};
+
+} // namespace tarvix::session

@@ -9,6 +9,7 @@ class Environment;
 class Registry;
 class Launcher;
 class ContentTypes;
+class Trash;
 
 // All that a session needs of the machine. The owner is whoever composed the program.
 struct Platform {
@@ -19,6 +20,7 @@ struct Platform {
     Registry& registry;
     Launcher& launcher;
     ContentTypes& contentTypes;
+    Trash& trash;
 };
 
 } // namespace tarvix::platform

@@ -1,21 +1,9 @@
 #include "platform/linux/linux_content_types.h"
 
+#include "platform/linux/glib_pointer.h"
 #include "text/paths.h"
 
-#include <gio/gio.h>
-
-#include <memory>
-
 namespace tarvix::platform {
-
-namespace {
-
-struct FreeGlibText {
-    void operator()(char* text) const { g_free(text); }
-};
-using GlibText = std::unique_ptr<char, FreeGlibText>;
-
-} // namespace
 
 // GIO settles on its folders when it is first asked for a description or for them, and drops what
 // an earlier guess had loaded: so ask before the first guess.
@@ -28,14 +16,14 @@ LinuxContentTypes::LinuxContentTypes() {
 std::string LinuxContentTypes::TypeName(std::string_view path, const ObjectFacts& facts) {
     if ((facts.attributes & (kFolder | kSpecial)) != 0) return {};
     const std::string name(text::FileNameOf(path));
-    const GlibText contentType(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    const GlibPointer<char> contentType(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
     return Description(contentType.get());
 }
 
 const std::string& LinuxContentTypes::Description(const char* contentType) {
     const auto [found, isNew] = descriptions_.try_emplace(contentType);
     if (isNew && !g_content_type_is_unknown(contentType)) {
-        found->second = GlibText(g_content_type_get_description(contentType)).get();
+        found->second = GlibPointer<char>(g_content_type_get_description(contentType)).get();
     }
     return found->second;
 }

@@ -86,7 +86,6 @@ Result<void> LinuxFileSystem::RemoveFolder(std::string_view path) {
     const auto gone = Unlink(*location, AT_REMOVEDIR);
     if (!gone && gone.error() == EEXIST) return FailureBy(kPathFileAccess, path);
     if (!gone) return FailureOf(gone.error(), path);
-    names_.Forget(place->native);
     NoteGone(*place);
     return {};
 }

@@ -67,7 +67,6 @@ Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
     auto renamed =
         isOneName ? RenameOver(*from, *to) : RenameWithoutReplacing(*from, *to, isFolder, roads_);
     if (!renamed) return renamed;
-    if (isFolder) names_.Forget(source.native);
     NoteGone(source);
     NoteMade(named);
     return {};

@@ -128,6 +128,7 @@ void LinuxFileSystem::NoteMade(const Place& place) {
 }
 
 void LinuxFileSystem::NoteGone(const Place& place) {
+    if (place.Exists() && S_ISDIR(place.st->stx_mode)) names_.Forget(place.native);
     names_.NoteRemoved(place.Folder(), place.NativeName());
 }
 

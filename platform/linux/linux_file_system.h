@@ -41,6 +41,13 @@ class LinuxFileSystem : public FileSystem {
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
 
+    // ---- for the other parts of this machine ----
+
+    // The object: 53 missing, 76 when a folder on the way is missing.
+    Result<Place> Existing(std::string_view path) const { return resolver_.Existing(path); }
+    // To be told when an object was taken away by another road.
+    void NoteGone(const Place& place);
+
   private:
     Result<Place> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
@@ -53,7 +60,6 @@ class LinuxFileSystem : public FileSystem {
     Result<void> MoveAcross(const Place& source, const Place& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
     void NoteMade(const Place& place);
-    void NoteGone(const Place& place);
 
     Mounts& mounts_;
     NameCache names_;

@@ -1,19 +1,11 @@
 #include "platform/linux/linux_launcher.h"
 
+#include "platform/linux/glib_pointer.h"
 #include "platform/names.h"
-
-#include <gio/gio.h>
-
-#include <memory>
 
 namespace tarvix::platform {
 
 namespace {
-struct GlibFree {
-    void operator()(char* text) const { g_free(text); }
-    void operator()(GError* error) const { g_error_free(error); }
-};
-
 std::unexpected<PlatformError> CannotOpen(std::string_view path, std::string_view why) {
     return Failure(kPermissionDenied, "Nothing could be started to open " + ForDisplay(path) +
                                           ": " + std::string(why));
@@ -23,12 +15,12 @@ std::unexpected<PlatformError> CannotOpen(std::string_view path, std::string_vie
 Result<void> LinuxLauncher::OpenDocument(std::string_view path) {
     const auto truePath = files_.TruePath(path);
     if (!truePath) return Failure(kFileNotFound, truePath.error().description);
-    const std::unique_ptr<char, GlibFree> address(
+    const GlibPointer<char> address(
         g_filename_to_uri(paths_.ToNative(*truePath).c_str(), nullptr, nullptr));
     if (address == nullptr) return CannotOpen(path, "its path has no address.");
     GError* error = nullptr;
     if (g_app_info_launch_default_for_uri(address.get(), nullptr, &error)) return {};
-    const std::unique_ptr<GError, GlibFree> held(error);
+    const GlibPointer<GError> held(error);
     return CannotOpen(path, error == nullptr ? "no reason given." : error->message);
 }
 

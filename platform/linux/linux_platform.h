@@ -8,6 +8,7 @@
 #include "platform/linux/linux_launcher.h"
 #include "platform/linux/linux_native_paths.h"
 #include "platform/linux/linux_registry.h"
+#include "platform/linux/linux_trash.h"
 #include "platform/platform.h"
 
 #include <memory>
@@ -34,7 +35,7 @@ class LinuxPlatform {
     explicit LinuxPlatform(LinuxOptions options = {});
 
     Platform Parts() {
-        return {files_, paths_, clock_, environment_, registry_, *launcher_, contentTypes_};
+        return {files_, paths_, clock_, environment_, registry_, *launcher_, contentTypes_, trash_};
     }
 
   private:
@@ -48,6 +49,7 @@ class LinuxPlatform {
     LinuxRegistry registry_;
     std::unique_ptr<Launcher> launcher_;
     LinuxContentTypes contentTypes_;
+    LinuxTrash trash_{files_};
 };
 
 } // namespace tarvix::platform

@@ -301,6 +301,25 @@ Result<void> MemoryFileSystem::CreateFolder(std::string_view path) {
     return {};
 }
 
+Result<std::shared_ptr<MemoryNode>> MemoryFileSystem::TakeAway(std::string_view path) {
+    const auto place = Need(path);
+    if (!place) return std::unexpected(place.error());
+    if (place->drive->IsReadOnly() || place->folder == nullptr) {
+        return Fail(kPermissionDenied, path);
+    }
+    lastFolder_ = nullptr;
+    calls_.recycled.emplace_back(path);
+    return place->node->Detach();
+}
+
+Result<void> MemoryFileSystem::PutBack(std::string_view path, std::shared_ptr<MemoryNode> node) {
+    const auto place = NeedTarget(path);
+    if (!place) return std::unexpected(place.error());
+    if (place->node != nullptr) return Fail(kAlreadyExists, path);
+    place->folder->Attach(std::move(node), place->name);
+    return {};
+}
+
 // ---- content ----
 
 Result<MemoryNode*> MemoryFileSystem::NeedBytes(std::string_view path, bool toWrite) {

@@ -16,11 +16,12 @@ constexpr std::uint64_t kUnlimited = std::numeric_limits<std::uint64_t>::max();
 
 // What was asked of a disk, with paths as they were given.
 struct MemoryCalls {
-    std::vector<std::string> listed;  // folders
-    std::vector<std::string> read;    // files of which bytes or lines were read
-    std::vector<std::string> made;    // targets of copies and moves, folders, new text files
-    std::vector<std::string> removed; // deleted objects and sources of moves
-    std::size_t facts = 0;            // calls for facts
+    std::vector<std::string> listed;   // folders
+    std::vector<std::string> read;     // files of which bytes or lines were read
+    std::vector<std::string> made;     // targets of copies and moves, folders, new text files
+    std::vector<std::string> removed;  // deleted objects and sources of moves
+    std::vector<std::string> recycled; // objects sent to the trash
+    std::size_t facts = 0;             // calls for facts
 };
 
 // Drives that live in memory and behave as FileSystem promises, with helpers for tests. Drive C:
@@ -96,6 +97,10 @@ class MemoryFileSystem : public FileSystem {
     ObjectFacts FactsOf(MemoryNode& node);
     // 61 when the drive of `node` has no room for so many bytes more.
     Result<void> CheckRoom(const MemoryNode& node, std::uint64_t more) const;
+    // Takes an object with all it holds out of the tree, and puts one into it under a path that is
+    // free (58) in a folder that exists (76). 53, 70, 76.
+    Result<std::shared_ptr<MemoryNode>> TakeAway(std::string_view path);
+    Result<void> PutBack(std::string_view path, std::shared_ptr<MemoryNode> node);
     // Whether an object still hangs in a drive's tree.
     bool IsOnDisk(const MemoryNode& node) const { return DriveOf(node) != nullptr; }
     FileTime Now() const { return now_(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/memory/faulty_file_system.h"
+#include "platform/memory/faulty_trash.h"
 #include "platform/memory/memory_clock.h"
 #include "platform/memory/memory_content_types.h"
 #include "platform/memory/memory_environment.h"
@@ -8,13 +9,15 @@
 #include "platform/memory/memory_launcher.h"
 #include "platform/memory/memory_native_paths.h"
 #include "platform/memory/memory_registry.h"
+#include "platform/memory/memory_trash.h"
 #include "platform/platform.h"
 
 namespace tarvix::platform {
 
 // A whole machine in memory: drive C: with the home of ann (Documents, Music, Downloads, Desktop
-// and the program's folder) and C:\tmp. The platform it gives reaches the disk through `faults`,
-// which fails nothing until it is told to; `disk` itself is the way behind its back.
+// and the program's folder) and C:\tmp. The platform it gives reaches the disk and the trash
+// through `faults`, which fails nothing until it is told to; `disk` and `bin` themselves are the
+// way behind its back.
 struct MemoryPlatform {
     MemoryPlatform();
     MemoryPlatform(const MemoryPlatform&) = delete;
@@ -28,7 +31,9 @@ struct MemoryPlatform {
     MemoryRegistry registry;
     MemoryLauncher launcher{disk};
     MemoryContentTypes contentTypes;
-    Platform platform{faults, paths, clock, environment, registry, launcher, contentTypes};
+    MemoryTrash bin{disk};
+    FaultyTrash trash{faults, bin};
+    Platform platform{faults, paths, clock, environment, registry, launcher, contentTypes, trash};
 };
 
 } // namespace tarvix::platform

@@ -58,4 +58,12 @@ Result<void> FileSystemConformance::MoveTree(std::string_view from, std::string_
     return files().MoveFolder(At(from), At(to));
 }
 
+Result<void> FileSystemConformance::Recycle(const std::vector<std::string>& paths,
+                                            const TrashObserver& observer) {
+    std::vector<std::string> full;
+    for (const std::string& path : paths)
+        full.push_back(At(path));
+    return disk().Bin().Recycle(full, observer);
+}
+
 } // namespace tarvix::platform

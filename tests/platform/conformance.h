@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/trash.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,7 @@ class Disk {
     virtual ~Disk() = default; // removes the folder
 
     virtual FileSystem& Files() = 0;
+    virtual Trash& Bin() = 0;
     // The folder's drive path, spelled as TruePath spells it, without a final "\".
     virtual std::string Root() const = 0;
 
@@ -47,6 +49,10 @@ class Disk {
     // Drive forms of all names in a folder, temporary files too, in no special order; "" for the
     // root folder.
     virtual std::vector<std::string> Names(std::string_view folder) = 0;
+    // The paths from which the objects now in the trash came, sorted, one text for each object.
+    virtual std::vector<std::string> Trashed() = 0;
+    // Puts back an object from the trash, as the desktop's file manager would.
+    virtual bool Restore(std::string_view path) = 0;
 };
 
 // How to make one kind of disk; the name becomes part of the tests' names.
@@ -83,6 +89,7 @@ class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
     Result<void> CopyTree(std::string_view from, std::string_view to, bool overwrite = false);
     Result<void> Move(std::string_view from, std::string_view to);
     Result<void> MoveTree(std::string_view from, std::string_view to);
+    Result<void> Recycle(const std::vector<std::string>& paths, const TrashObserver& observer = {});
 
   private:
     std::unique_ptr<Disk> disk_;

@@ -1,6 +1,62 @@
 #include "tests/platform/linux_disk.h"
 
+#include <algorithm>
+
 namespace tarvix::platform {
+
+namespace {
+// GLib reads these once, when it is first asked, so they are set before any test runs.
+const bool kHasTestHome = [] {
+    ::setenv("HOME", TestHome().c_str(), 1);
+    ::setenv("XDG_DATA_HOME", (TestHome() + "/share").c_str(), 1);
+    return std::filesystem::create_directory(TestHome() + "/share");
+}();
+
+std::string WithoutPercents(std::string_view text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%') {
+            out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+} // namespace
+
+const std::string& TestHome() {
+    static const TemporaryFolder folder;
+    return folder.Path();
+}
+
+std::string HomeTrash() {
+    return TestHome() + "/share/Trash";
+}
+
+std::vector<TrashedObject> ReadTrash(const std::string& trash) {
+    std::vector<TrashedObject> objects;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(trash + "/info", none)) {
+        if (entry.path().extension() != ".trashinfo") continue;
+        TrashedObject object;
+        object.info = entry.path();
+        object.held = trash + "/files/" + entry.path().stem().native();
+        std::ifstream file(object.info);
+        std::string head;
+        std::string line;
+        std::getline(file, head);
+        EXPECT_EQ(head, "[Trash Info]");
+        while (std::getline(file, line)) {
+            if (line.starts_with("Path=")) object.path = WithoutPercents(line.substr(5));
+            if (line.starts_with("DeletionDate=")) object.date = line.substr(13);
+        }
+        EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(object.held)));
+        objects.push_back(std::move(object));
+    }
+    return objects;
+}
 
 LinuxOptions LinuxDisk::Options(CopyRoads roads) {
     LinuxOptions options;
@@ -98,6 +154,31 @@ std::vector<std::string> LinuxDisk::Names(std::string_view folder) {
     for (const auto& entry : std::filesystem::directory_iterator(Native(folder)))
         names.push_back(NameToDrive(entry.path().filename().native()));
     return names;
+}
+
+std::vector<std::string> LinuxDisk::Trashed() {
+    const std::string root = Native("") + "/";
+    std::vector<std::string> paths;
+    for (const TrashedObject& object : ReadTrash(HomeTrash())) {
+        if (!object.path.starts_with(root)) continue; // of another test
+        std::string path;
+        for (const auto& name : std::filesystem::path(object.path.substr(root.size()))) {
+            path += (path.empty() ? "" : "\\") + NameToDrive(name.native());
+        }
+        paths.push_back(std::move(path));
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+bool LinuxDisk::Restore(std::string_view path) {
+    const std::string native = Native(path);
+    for (const TrashedObject& object : ReadTrash(HomeTrash())) {
+        if (object.path != native) continue;
+        std::filesystem::rename(object.held, native);
+        return std::filesystem::remove(object.info);
+    }
+    return false;
 }
 
 } // namespace tarvix::platform

@@ -38,12 +38,27 @@ class TemporaryFolder {
     std::string path_;
 };
 
+// The home folder that the tests of this program live in, so that what they throw away goes there.
+const std::string& TestHome();
+
+// One object in the trash folder at `trash`, as its info file tells of it.
+struct TrashedObject {
+    std::string path; // native, where it was; relative in the trash of another file system
+    std::string date;
+    std::string held; // where it lies now
+    std::string info; // its info file
+};
+std::vector<TrashedObject> ReadTrash(const std::string& trash);
+// The trash of the home folder.
+std::string HomeTrash();
+
 // The machine, with a folder of its own as drive T:.
 class LinuxDisk : public Disk {
   public:
     explicit LinuxDisk(CopyRoads roads = {}) : platform_(Options(roads)) {}
 
     FileSystem& Files() override { return platform_.Parts().files; }
+    Trash& Bin() override { return platform_.Parts().trash; }
     Platform Parts() { return platform_.Parts(); }
     std::string Root() const override { return "T:\\Test root"; }
     // The native path of a path below the root folder.
@@ -63,6 +78,8 @@ class LinuxDisk : public Disk {
     std::optional<std::string> ExtendedAttribute(std::string_view path,
                                                  std::string_view name) override;
     std::vector<std::string> Names(std::string_view folder) override;
+    std::vector<std::string> Trashed() override;
+    bool Restore(std::string_view path) override;
 
   private:
     LinuxOptions Options(CopyRoads roads);

@@ -1,6 +1,9 @@
 #include "platform/memory/memory_file_system.h"
+#include "platform/memory/memory_trash.h"
 #include "tests/platform/conformance.h"
 #include "text/paths.h"
+
+#include <algorithm>
 
 namespace tarvix::platform {
 
@@ -10,6 +13,7 @@ class MemoryDisk : public Disk {
     MemoryDisk() { disk_.AddFolder(Root()); }
 
     FileSystem& Files() override { return disk_; }
+    Trash& Bin() override { return bin_; }
     std::string Root() const override { return "C:\\tmp\\Test root"; }
 
     void MakeFile(std::string_view path, std::string_view content) override {
@@ -60,11 +64,20 @@ class MemoryDisk : public Disk {
         }
         return names;
     }
+    std::vector<std::string> Trashed() override {
+        std::vector<std::string> paths;
+        for (const std::string& path : bin_.Paths())
+            paths.push_back(path.substr(Root().size() + 1));
+        std::sort(paths.begin(), paths.end());
+        return paths;
+    }
+    bool Restore(std::string_view path) override { return bin_.Restore(At(path)).has_value(); }
 
   private:
     std::string At(std::string_view path) const { return text::JoinPath(Root(), path); }
 
     MemoryFileSystem disk_;
+    MemoryTrash bin_{disk_};
 };
 } // namespace
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <gio/gio.h>
+
+#include <memory>
+
+namespace tarvix::platform {
+
+// Gives back what GLib handed out.
+struct GlibFree {
+    void operator()(char* text) const { g_free(text); }
+    void operator()(GError* error) const { g_error_free(error); }
+    void operator()(GFile* file) const { g_object_unref(file); }
+};
+
+template <class T>
+using GlibPointer = std::unique_ptr<T, GlibFree>;
+
+} // namespace tarvix::platform

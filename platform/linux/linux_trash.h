@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/linux/linux_file_system.h"
+#include "platform/trash.h"
+
+namespace tarvix::platform {
+
+// The trash of the desktop: the user's own for objects on the file system of the home folder, else
+// that of the file system they lie on.
+class LinuxTrash : public Trash {
+  public:
+    explicit LinuxTrash(LinuxFileSystem& files) : files_(files) {}
+    Result<void> Recycle(std::span<const std::string> paths,
+                         const TrashObserver& observer) override;
+
+  private:
+    Result<void> RecycleOne(const std::string& path);
+
+    LinuxFileSystem& files_;
+};
+
+} // namespace tarvix::platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/error.h"
+
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string>
+
+namespace tarvix::platform {
+
+// Called before each object with the number done so far; false stops before that object (error 18).
+using TrashObserver = std::function<bool(std::size_t done)>;
+
+// The desktop's trash, from which its file manager can restore everything.
+class Trash {
+  public:
+    virtual ~Trash() = default;
+    // Sends objects (drive paths) to the trash of the file system they lie on, one after the other:
+    // files, folders with all they hold, links themselves. Stops at the first that fails: those
+    // before it are in the trash, it and all after it are untouched. Nothing is ever deleted for
+    // good. 53 missing, 76 a folder on the way is missing, 70 refused (drives too), 61 disk full,
+    // 75 where there is no trash, 18 stopped by the observer, which may be empty.
+    virtual Result<void> Recycle(std::span<const std::string> paths,
+                                 const TrashObserver& observer) = 0;
+};
+
+} // namespace tarvix::platform

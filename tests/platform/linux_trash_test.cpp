@@ -1,0 +1,194 @@
+// What the conformance tests can't ask of every trash: the form of what lies there, the trash of
+// other file systems, and the desktop's own tools.
+
+#include "tests/platform/linux_disk.h"
+
+#include <ctime>
+#include <functional>
+#include <regex>
+#include <sys/mount.h>
+#include <sys/wait.h>
+
+namespace tarvix::platform {
+
+namespace {
+int Shell(const std::string& command) {
+    const int status = std::system((command + " > '" + TestHome() + "/out' 2>&1").c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::string Local(std::time_t time) {
+    std::tm local{};
+    ::localtime_r(&time, &local);
+    std::string text(32, '\0');
+    text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &local));
+    return text;
+}
+
+// A file system of its own in a folder, as drive S:.
+class MountedFolder {
+  public:
+    MountedFolder() { std::filesystem::create_directory(Path()); }
+    ~MountedFolder() {
+        if (isMounted_) ::umount2(Path().c_str(), MNT_DETACH);
+    }
+    MountedFolder(const MountedFolder&) = delete;
+
+    bool MountDisk() {
+        const std::string image = "'" + folder_.Path() + "/image'";
+        isMounted_ = ::geteuid() == 0 && Shell("truncate -s 16M " + image) == 0 &&
+                     Shell("mkfs.ext4 -q " + image) == 0 &&
+                     Shell("mount -o loop " + image + " '" + Path() + "'") == 0;
+        return isMounted_;
+    }
+    bool MountMemory() {
+        isMounted_ = ::mount("tmpfs", Path().c_str(), "tmpfs", 0, "size=1m") == 0;
+        return isMounted_;
+    }
+    std::string Path() const { return folder_.Path() + "/mounted"; }
+    std::string Trash() const { return Path() + "/.Trash-" + std::to_string(::getuid()); }
+
+  private:
+    TemporaryFolder folder_;
+    bool isMounted_ = false;
+};
+
+class LinuxTrashTest : public testing::Test {
+  protected:
+    Result<void> Recycle(const std::string& path) {
+        return disk.Bin().Recycle(std::vector{disk.Root() + "\\" + path}, {});
+    }
+    // What the home trash tells of a path of this test's disk.
+    std::vector<TrashedObject> Found(std::string_view path) {
+        std::vector<TrashedObject> objects = ReadTrash(HomeTrash());
+        std::erase_if(objects,
+                      [&](const auto& object) { return object.path != disk.Native(path); });
+        return objects;
+    }
+
+    LinuxDisk disk;
+};
+
+class LinuxOtherTrashTest : public testing::Test {
+  protected:
+    void Start() {
+        LinuxOptions options;
+        options.extraDrives = {{'S', mounted.Path()}};
+        options.hasDesktop = false;
+        machine.emplace(std::move(options));
+    }
+    Result<void> Recycle(const std::string& path) {
+        return machine->Parts().trash.Recycle(std::vector{path}, {});
+    }
+    void Write(const std::string& name) { std::ofstream(mounted.Path() + "/" + name) << name; }
+
+    MountedFolder mounted;
+    std::optional<LinuxPlatform> machine;
+};
+} // namespace
+
+TEST_F(LinuxTrashTest, TheInfoFileTellsPathAndLocalTime) {
+    disk.MakeFile("a b%c.txt", "1");
+    const std::string before = Local(std::time(nullptr));
+    ASSERT_TRUE(Recycle("a b%c.txt"));
+    const std::string after = Local(std::time(nullptr));
+    const auto found = Found("a b%c.txt");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_TRUE(
+        std::regex_match(found[0].date, std::regex("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d")));
+    EXPECT_LE(before, found[0].date);
+    EXPECT_GE(after, found[0].date);
+    std::ifstream info(found[0].info);
+    const std::string text(std::istreambuf_iterator<char>(info), {});
+    EXPECT_NE(text.find("a%20b%25c.txt\n"), text.npos) << text;
+}
+
+TEST_F(LinuxTrashTest, TheTrashIsForItsOwnerAlone) {
+    disk.MakeFile("a.txt", "1");
+    ASSERT_TRUE(Recycle("a.txt"));
+    struct stat st {};
+    for (const char* part : {"", "/info", "/files"}) {
+        ASSERT_EQ(::stat((HomeTrash() + part).c_str(), &st), 0);
+        EXPECT_EQ(st.st_mode & 07777, 0700u) << part;
+    }
+}
+
+TEST_F(LinuxTrashTest, NoInfoFileIsLeftOfWhatCouldNotGo) {
+    if (::geteuid() != 0) GTEST_SKIP() << "no right to make a file immutable";
+    disk.MakeFile("a.txt", "1");
+    if (Shell("chattr +i '" + disk.Native("a.txt") + "'") != 0) GTEST_SKIP() << "not on this disk";
+    EXPECT_EQ(NumberOf(Recycle("a.txt")), kPermissionDenied);
+    EXPECT_EQ(Shell("chattr -i '" + disk.Native("a.txt") + "'"), 0);
+    EXPECT_TRUE(Found("a.txt").empty());
+    EXPECT_EQ(disk.Content("a.txt"), "1");
+}
+
+TEST_F(LinuxTrashTest, ATrashThatWasEmptiedMeanwhileIsMadeAgain) {
+    disk.MakeFile("a.txt", "1");
+    disk.MakeFile("b.txt", "2");
+    ASSERT_TRUE(Recycle("a.txt"));
+    std::filesystem::remove_all(HomeTrash());
+    ASSERT_TRUE(Recycle("b.txt"));
+    EXPECT_EQ(Found("b.txt").size(), 1u);
+}
+
+TEST_F(LinuxTrashTest, TheDesktopsToolRestoresIt) {
+    if (Shell("gio trash --list") != 0) GTEST_SKIP() << "no desktop here";
+    disk.MakeFile("what? 50%.txt", "1");
+    ASSERT_TRUE(Recycle("what? 50%.txt"));
+    const auto found = Found("what? 50%.txt");
+    ASSERT_EQ(found.size(), 1u);
+    const std::string held = std::filesystem::path(found[0].held).filename();
+    ASSERT_EQ(Shell("gio trash --restore \"trash:///" + held + "\""), 0);
+    EXPECT_EQ(disk.Content("what? 50%.txt"), "1");
+    EXPECT_TRUE(Found("what? 50%.txt").empty());
+}
+
+TEST_F(LinuxOtherTrashTest, AnotherDiskHasItsOwnTrash) {
+    if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
+    Start();
+    std::filesystem::create_directory(mounted.Path() + "/folder");
+    Write("folder/a b.txt");
+    Write("c.txt");
+    ASSERT_TRUE(Recycle("S:\\folder\\a b.txt"));
+    ASSERT_TRUE(Recycle("S:\\c.txt"));
+    auto objects = ReadTrash(mounted.Trash());
+    std::sort(objects.begin(), objects.end(),
+              [](const auto& a, const auto& b) { return a.path < b.path; });
+    ASSERT_EQ(objects.size(), 2u);
+    EXPECT_EQ(objects[0].path, "c.txt");
+    EXPECT_EQ(objects[1].path, "folder/a b.txt");
+    EXPECT_FALSE(std::filesystem::exists(mounted.Path() + "/c.txt"));
+}
+
+TEST_F(LinuxOtherTrashTest, ASharedTrashFolderIsUsedWhereTheDiskHasOne) {
+    if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
+    Start();
+    const std::string shared = mounted.Path() + "/.Trash";
+    std::filesystem::create_directory(shared);
+    ASSERT_EQ(::chmod(shared.c_str(), 01777), 0);
+    Write("a.txt");
+    ASSERT_TRUE(Recycle("S:\\a.txt"));
+    EXPECT_EQ(ReadTrash(shared + "/" + std::to_string(::getuid())).size(), 1u);
+    EXPECT_FALSE(std::filesystem::exists(mounted.Trash()));
+}
+
+TEST_F(LinuxOtherTrashTest, ADiskInMemoryHasNoTrashAndKeepsItsObjects) {
+    if (!mounted.MountMemory()) GTEST_SKIP() << "no right to mount";
+    Start();
+    Write("a.txt");
+    EXPECT_EQ(NumberOf(Recycle("S:\\a.txt")), kPathFileAccess);
+    EXPECT_TRUE(std::filesystem::exists(mounted.Path() + "/a.txt"));
+}
+
+TEST_F(LinuxOtherTrashTest, ADiskThatCanOnlyBeReadRefuses) {
+    if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
+    Start();
+    Write("a.txt");
+    ASSERT_EQ(Shell("mount -o remount,ro '" + mounted.Path() + "'"), 0);
+    const int number = NumberOf(Recycle("S:\\a.txt"));
+    EXPECT_TRUE(number == kPermissionDenied || number == kPathFileAccess) << number;
+    EXPECT_TRUE(std::filesystem::exists(mounted.Path() + "/a.txt"));
+}
+
+} // namespace tarvix::platform

@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 
+#include <string>
 #include <string_view>
 
 namespace tarvix::platform {
@@ -13,6 +14,11 @@ class Launcher {
     // Opens a file or folder (drive path) with the program the desktop has for it. Returns once
     // that program was started. 53 when the object is missing, 70 when nothing can open it.
     virtual Result<void> OpenDocument(std::string_view path) = 0;
+    // Asks the program that shows the document to close it; 5 where no program can be asked, which
+    // is so unless a desktop says otherwise.
+    virtual Result<void> CloseDocument(std::string_view path) {
+        return Failure(kInvalidCall, std::string(path) + " can't be closed from here.");
+    }
 };
 
 } // namespace tarvix::platform

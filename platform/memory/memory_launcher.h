@@ -18,8 +18,16 @@ class MemoryLauncher : public Launcher {
         return {};
     }
 
+    Result<void> CloseDocument(std::string_view path) override {
+        if (!canClose) return Launcher::CloseDocument(path);
+        closed.emplace_back(path);
+        return {};
+    }
+
     std::vector<std::string> opened; // documents, in order
-    int refusal = 0;                 // the error that every call gives, if not 0
+    std::vector<std::string> closed;
+    bool canClose = false;
+    int refusal = 0; // the error that every opening gives, if not 0
 
   private:
     FileSystem& files_;

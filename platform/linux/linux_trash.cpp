@@ -1,59 +1,112 @@
 #include "platform/linux/linux_trash.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/trash_folder.h"
 #include "platform/names.h"
 
-#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <map>
 
 namespace tarvix::platform {
 
 namespace {
-struct Row {
-    int code;
-    int number;
+// The true path of the folder around a place.
+Sys<std::string> TrueFolder(const Place& place) {
+    struct Free {
+        void operator()(char* text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> real(::realpath(place.Folder().c_str(), nullptr));
+    if (real == nullptr) return std::unexpected(errno);
+    return std::string(real.get());
+}
+
+// The folder at which the file system of `folder` is mounted.
+std::string TopOf(std::string folder, std::uint64_t device) {
+    while (folder != "/") {
+        const std::size_t slash = folder.rfind('/');
+        const std::string outer = slash == 0 ? "/" : folder.substr(0, slash);
+        const auto st = StatOfPath(outer);
+        if (!st || DeviceOf(*st) != device) break;
+        folder = outer;
+    }
+    return folder;
+}
+
+// One call of Recycle: the trash folders that it came by. They are held open no longer than that,
+// since an open folder keeps a drive from being taken out.
+class TrashRun {
+  public:
+    Sys<void> Recycle(const Place& place) {
+        auto taken = Take(place);
+        if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
+        if (!StatOfPath(place.native)) return taken;
+        trashes_.clear(); // emptied by someone else, folders and all
+        return Take(place);
+    }
+
+  private:
+    Sys<void> Take(const Place& place);
+    Sys<TrashFolder*> TrashFor(const Place& place, const std::string& folder);
+
+    std::map<std::uint64_t, TrashFolder> trashes_; // by device
+    std::string folder_;                           // the last, as it was asked for
+    std::string trueFolder_;
 };
 
-constexpr std::array<Row, 8> kNumbers{{
-    {G_IO_ERROR_NOT_FOUND, kFileNotFound},
-    {G_IO_ERROR_PERMISSION_DENIED, kPermissionDenied},
-    {G_IO_ERROR_READ_ONLY, kPermissionDenied},
-    {G_IO_ERROR_BUSY, kPermissionDenied},
-    {G_IO_ERROR_NO_SPACE, kDiskFull},
-    {G_IO_ERROR_FILENAME_TOO_LONG, kBadFileName},
-    {G_IO_ERROR_TOO_MANY_OPEN_FILES, kTooManyFiles},
-    {G_IO_ERROR_NOT_SUPPORTED, kPathFileAccess},
-}};
-
-std::unexpected<PlatformError> FailureOfGlib(const GError& error, std::string_view path) {
-    const std::string why = ForDisplay(path) + " can't be put in the trash: " + error.message;
-    if (error.domain != G_IO_ERROR) return Failure(kPathFileAccess, why);
-    for (const Row& row : kNumbers) {
-        if (row.code == error.code) return Failure(row.number, why);
+Sys<void> TrashRun::Take(const Place& place) {
+    if (const std::string folder = place.Folder(); folder != folder_) {
+        auto real = TrueFolder(place);
+        if (!real) return std::unexpected(real.error());
+        folder_ = folder;
+        trueFolder_ = std::move(*real);
     }
-    return Failure(kPathFileAccess, why);
+    const auto trash = TrashFor(place, trueFolder_);
+    if (!trash) return std::unexpected(trash.error());
+    const auto location = Locate(place.native);
+    if (!location) return std::unexpected(location.error());
+    const std::string path =
+        (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
+    return (*trash)->Take(*location, path, S_ISDIR(place.st->stx_mode));
+}
+
+Sys<TrashFolder*> TrashRun::TrashFor(const Place& place, const std::string& folder) {
+    const std::uint64_t device = DeviceOf(*place.st);
+    const auto known = trashes_.find(device);
+    if (known != trashes_.end()) return &known->second;
+    const auto home = StatBehindPath(g_get_home_dir());
+    const bool isHome = home && DeviceOf(*home) == device;
+    auto trash = isHome ? TrashFolder::OfHome() : TrashFolder::OfMount(TopOf(folder, device));
+    if (!trash) return std::unexpected(trash.error());
+    return &trashes_.emplace(device, std::move(*trash)).first->second;
+}
+
+std::unexpected<PlatformError> TrashFailure(int error, const std::string& path) {
+    switch (error) {
+    case ENOTSUP:
+    case EXDEV:
+        return Failure(kPathFileAccess, "There is no trash for " + ForDisplay(path) + ".");
+    case EINVAL: // the trash lies in it
+        return FailureBy(kPermissionDenied, path);
+    default:
+        return FailureOf(error, path);
+    }
 }
 } // namespace
 
 Result<void> LinuxTrash::Recycle(std::span<const std::string> paths,
                                  const TrashObserver& observer) {
+    TrashRun run;
     for (std::size_t done = 0; done < paths.size(); ++done) {
-        if (observer && !observer(done)) return FailureBy(kInterrupted, paths[done]);
-        if (auto recycled = RecycleOne(paths[done]); !recycled) return recycled;
+        const std::string& path = paths[done];
+        if (observer && !observer(done)) return FailureBy(kInterrupted, path);
+        const auto place = files_.Existing(path);
+        if (!place) return std::unexpected(place.error());
+        if (place->IsRoot()) return FailureBy(kPermissionDenied, path);
+        const auto taken = run.Recycle(*place);
+        if (!taken) return TrashFailure(taken.error(), path);
+        files_.NoteGone(*place);
     }
-    return {};
-}
-
-Result<void> LinuxTrash::RecycleOne(const std::string& path) {
-    const auto place = files_.Existing(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->IsRoot()) return FailureBy(kPermissionDenied, path);
-    const GlibPointer<GFile> file(g_file_new_for_path(place->native.c_str()));
-    GError* error = nullptr;
-    if (g_file_trash(file.get(), nullptr, &error) == FALSE) {
-        const GlibPointer<GError> held(error);
-        return FailureOfGlib(*held, path);
-    }
-    files_.NoteGone(*place);
     return {};
 }
 

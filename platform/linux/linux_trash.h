@@ -6,7 +6,8 @@
 namespace tarvix::platform {
 
 // The trash of the desktop: the user's own for objects on the file system of the home folder, else
-// that of the file system they lie on.
+// that of the file system they lie on. It is the same as the file manager's, but no object in it is
+// ever replaced by another.
 class LinuxTrash : public Trash {
   public:
     explicit LinuxTrash(LinuxFileSystem& files) : files_(files) {}
@@ -14,8 +15,6 @@ class LinuxTrash : public Trash {
                          const TrashObserver& observer) override;
 
   private:
-    Result<void> RecycleOne(const std::string& path);
-
     LinuxFileSystem& files_;
 };
 

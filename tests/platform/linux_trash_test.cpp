@@ -2,6 +2,7 @@
 // other file systems, and the desktop's own tools.
 
 #include "tests/platform/linux_disk.h"
+#include "text/characters.h"
 
 #include <ctime>
 #include <functional>
@@ -132,16 +133,87 @@ TEST_F(LinuxTrashTest, ATrashThatWasEmptiedMeanwhileIsMadeAgain) {
     EXPECT_EQ(Found("b.txt").size(), 1u);
 }
 
-TEST_F(LinuxTrashTest, TheDesktopsToolRestoresIt) {
-    if (Shell("gio trash --list") != 0) GTEST_SKIP() << "no desktop here";
-    disk.MakeFile("what? 50%.txt", "1");
-    ASSERT_TRUE(Recycle("what? 50%.txt"));
-    const auto found = Found("what? 50%.txt");
+TEST_F(LinuxTrashTest, ANameThatOthersTookInTheTrashIsPassedOver) {
+    disk.MakeFile("taken.txt", "mine");
+    disk.MakeFile("first", "1");
+    ASSERT_TRUE(Recycle("first"));
+    const std::string stray = HomeTrash() + "/files/taken.txt";
+    std::ofstream(stray) << "another's";
+    ASSERT_TRUE(Recycle("taken.txt"));
+    const auto found = Found("taken.txt");
     ASSERT_EQ(found.size(), 1u);
-    const std::string held = std::filesystem::path(found[0].held).filename();
-    ASSERT_EQ(Shell("gio trash --restore \"trash:///" + held + "\""), 0);
-    EXPECT_EQ(disk.Content("what? 50%.txt"), "1");
-    EXPECT_TRUE(Found("what? 50%.txt").empty());
+    std::ifstream file(found[0].held);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "mine");
+    std::ifstream other(stray);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(other), {}), "another's");
+    std::filesystem::remove(stray);
+}
+
+TEST_F(LinuxTrashTest, ObjectsOfOneNameAreToldApartWithoutEnd) {
+    for (int i = 0; i < 40; ++i) {
+        disk.MakeFile("cover.jpg", std::to_string(i));
+        ASSERT_TRUE(Recycle("cover.jpg"));
+    }
+    EXPECT_EQ(Found("cover.jpg").size(), 40u);
+}
+
+TEST_F(LinuxTrashTest, ANameTooLongForItsInfoFileIsCutInTheTrashOnly) {
+    std::string name(3, 'x');
+    while (name.size() < 253)
+        name += "\xC3\xA4";
+    for (int i = 0; i < 2; ++i) {
+        disk.MakeFile(name, "1");
+        ASSERT_TRUE(Recycle(name));
+    }
+    const auto found = Found(name);
+    ASSERT_EQ(found.size(), 2u);
+    for (const TrashedObject& object : found) {
+        EXPECT_TRUE(text::IsValidUtf8(std::filesystem::path(object.held).filename().native()));
+    }
+}
+
+TEST_F(LinuxTrashTest, AFolderThatHoldsTheTrashIsRefused) {
+    disk.MakeFile("a.txt", "1");
+    ASSERT_TRUE(Recycle("a.txt"));
+    LinuxOptions options;
+    options.extraDrives = {{'S', std::filesystem::path(TestHome()).parent_path()}};
+    options.hasDesktop = false;
+    LinuxPlatform machine(std::move(options));
+    const std::string home = "S:\\" + std::string(std::filesystem::path(TestHome()).filename());
+    EXPECT_EQ(NumberOf(machine.Parts().trash.Recycle(std::vector{home}, {})), kPermissionDenied);
+    EXPECT_EQ(Found("a.txt").size(), 1u);
+}
+
+TEST_F(LinuxTrashTest, ThePathToldIsTrueWhereALinkLiesOnTheWay) {
+    disk.MakeFile("folder\\a.txt", "1");
+    disk.MakeLink("link", "folder");
+    ASSERT_TRUE(Recycle("link\\a.txt"));
+    EXPECT_EQ(Found("folder\\a.txt").size(), 1u);
+}
+
+TEST_F(LinuxTrashTest, TheDesktopsToolListsAndRestoresIt) {
+    const std::string gio = "timeout 20 dbus-run-session -- gio trash ";
+    const std::string name = NameToDrive("what? 50%.txt");
+    disk.MakeFile(name, "1");
+    disk.MakeFile("folder\\b.txt", "2");
+    ASSERT_TRUE(Recycle(name));
+    ASSERT_TRUE(Recycle("folder"));
+    if (Shell(gio + "--list") != 0) GTEST_SKIP() << "no desktop here";
+    std::ifstream listed(TestHome() + "/out");
+    std::string line;
+    int restored = 0;
+    std::vector<std::string> addresses;
+    while (std::getline(listed, line)) {
+        const std::size_t tab = line.find('\t');
+        if (tab == line.npos || !line.substr(tab + 1).starts_with(disk.Native(""))) continue;
+        addresses.push_back(line.substr(0, tab));
+    }
+    for (const std::string& address : addresses)
+        restored += Shell(gio + "--restore '" + address + "'") == 0 ? 1 : 0;
+    EXPECT_EQ(restored, 2);
+    EXPECT_EQ(disk.Content(name), "1");
+    EXPECT_EQ(disk.Content("folder\\b.txt"), "2");
+    EXPECT_TRUE(Found(name).empty());
 }
 
 TEST_F(LinuxOtherTrashTest, AnotherDiskHasItsOwnTrash) {

@@ -1,0 +1,167 @@
+#include "platform/linux/trash_folder.h"
+
+#include "platform/linux/glib_pointer.h"
+#include "platform/linux/part_file.h"
+
+#include <climits>
+#include <gio/gunixmounts.h>
+
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::string_view kInfoEnd = ".trashinfo";
+constexpr std::size_t kMarkRoom = 10; // for what keeps objects of one name apart
+constexpr unsigned kCountedNames = 5;
+constexpr unsigned kMostTries = 100;
+constexpr unsigned kOwnerOnly = 0700;
+constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
+
+Sys<UniqueFd> OpenOrMake(At at, int flags = kFolderFlags) {
+    if (::mkdirat(at.folder, at.name, kOwnerOnly) != 0 && errno != EEXIST) {
+        return std::unexpected(errno);
+    }
+    return OpenAt(at, flags);
+}
+
+bool IsTrashWanted(const std::string& top) {
+    GUnixMountEntry* const mount = g_unix_mount_at(top.c_str(), nullptr);
+    if (mount == nullptr) return false;
+    const char* const given = g_unix_mount_get_options(mount);
+    const std::string_view options = given == nullptr ? "" : given;
+    const bool isInternal = g_unix_mount_is_system_internal(mount) != FALSE;
+    const bool isWanted = options.find("x-gvfs-notrash") == options.npos &&
+                          (!isInternal || options.find("x-gvfs-trash") != options.npos);
+    g_unix_mount_free(mount);
+    return isWanted;
+}
+
+// A shared folder in which everyone may make a trash but nobody can take away another's.
+Sys<UniqueFd> OpenShared(const std::string& path) {
+    auto fd = OpenAt({AT_FDCWD, path.c_str()}, kFolderFlags);
+    const auto st = fd ? StatOf(fd->Get()) : std::unexpected(fd.error());
+    if (!st) return std::unexpected(st.error());
+    if ((st->stx_mode & S_ISVTX) == 0) return std::unexpected(EPERM);
+    return fd;
+}
+
+bool IsPlain(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view("-._~/").find(c) != std::string_view::npos;
+}
+
+std::string Percented(std::string_view path) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string out;
+    for (const char c : path) {
+        if (IsPlain(c)) {
+            out += c;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(c);
+        out += '%';
+        out += kDigits[byte >> 4];
+        out += kDigits[byte & 15];
+    }
+    return out;
+}
+
+std::string LocalTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    std::array<char, 32> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &local)};
+}
+
+bool IsContinuation(char c) {
+    return (c & 0xC0) == 0x80;
+}
+
+// The name itself first, then marked by numbers, then by chance, so that the ten thousandth object
+// of one name takes no longer than the tenth. A name too long for its info file is cut.
+std::string NameForTry(std::string_view name, unsigned number) {
+    std::string_view stem = name.substr(0, NAME_MAX - kInfoEnd.size());
+    if (number > 1) stem = stem.substr(0, NAME_MAX - kInfoEnd.size() - kMarkRoom);
+    const bool isCut = stem.size() < name.size();
+    while (isCut && !stem.empty() && IsContinuation(name[stem.size()]))
+        stem.remove_suffix(1);
+    if (number == 1) return std::string(stem);
+    const std::size_t dot = stem.rfind('.');
+    const std::size_t end = dot == stem.npos || dot == 0 ? stem.size() : dot;
+    std::string out(stem.substr(0, end));
+    out += '.';
+    out += std::to_string(number <= kCountedNames ? number : g_random_int() % 1'000'000'000);
+    out += stem.substr(end);
+    return out;
+}
+} // namespace
+
+Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
+    if (!folder) return std::unexpected(folder.error());
+    const auto st = StatOf(folder->Get());
+    if (!st) return std::unexpected(st.error());
+    if (st->stx_uid != ::getuid()) return std::unexpected(EPERM);
+    auto info = OpenOrMake({folder->Get(), "info"});
+    if (!info) return std::unexpected(info.error());
+    auto files = OpenOrMake({folder->Get(), "files"});
+    if (!files) return std::unexpected(files.error());
+    TrashFolder trash;
+    trash.top_ = std::move(top);
+    trash.info_ = std::move(*info);
+    trash.files_ = std::move(*files);
+    return trash;
+}
+
+Sys<TrashFolder> TrashFolder::OfHome() {
+    const std::string data = g_get_user_data_dir();
+    if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
+    // The user may have put a link in its place.
+    return Open(OpenOrMake({AT_FDCWD, (data + "/Trash").c_str()}, O_RDONLY | O_DIRECTORY), {});
+}
+
+Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
+    if (!IsTrashWanted(top)) return std::unexpected(ENOTSUP);
+    const std::string user = std::to_string(::getuid());
+    const std::string base = top == "/" ? top : top + "/";
+    if (const auto shared = OpenShared(base + ".Trash")) {
+        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base);
+        if (trash) return trash;
+    }
+    auto trash = Open(OpenOrMake({AT_FDCWD, (base + ".Trash-" + user).c_str()}), base);
+    if (trash || trash.error() == EROFS || trash.error() == ENOSPC) return trash;
+    return std::unexpected(ENOTSUP);
+}
+
+Sys<void> TrashFolder::Take(At object, std::string_view path, bool isFolder) {
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
+    const std::string info =
+        "[Trash Info]\nPath=" + Percented(told) + "\nDeletionDate=" + LocalTime() + "\n";
+    for (unsigned number = 1; number < kMostTries; ++number) {
+        auto taken = TakeAs(NameForTry(name, number), object, info, isFolder);
+        if (taken || taken.error() != EEXIST) return taken;
+    }
+    return std::unexpected(EEXIST);
+}
+
+Sys<void> TrashFolder::TakeAs(const std::string& name, At object, const std::string& info,
+                              bool isFolder) {
+    const std::string infoName = name + std::string(kInfoEnd);
+    const auto fd =
+        OpenAt({info_.Get(), infoName.c_str()}, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+    if (!fd) return std::unexpected(fd.error());
+    auto taken = WriteAll(fd->Get(), info);
+    if (taken) {
+        taken = RenameWithoutReplacing(object, {files_.Get(), name.c_str()}, isFolder, {});
+    }
+    if (!taken) ::unlinkat(info_.Get(), infoName.c_str(), 0);
+    return taken;
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/linux/system_calls.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::platform {
+
+// One trash folder in the form that the desktops share: "files" holds the objects, "info" a small
+// text for each, which tells where it was and when it went.
+class TrashFolder {
+  public:
+    // The user's own trash, made where it is missing. It takes absolute paths.
+    static Sys<TrashFolder> OfHome();
+    // The trash of the file system mounted at `top`, made where it is missing: that of the user in
+    // its shared folder where it has one, else a folder of the user's own. ENOTSUP where none can
+    // be or none is wanted.
+    static Sys<TrashFolder> OfMount(const std::string& top);
+
+    // Moves an object into it. `path` is where the object is (native, absolute, no links on the
+    // way), and what it will be restored to. EXDEV when it lies on another file system. On failure
+    // the object stays and nothing new is left.
+    Sys<void> Take(At object, std::string_view path, bool isFolder);
+
+  private:
+    static Sys<TrashFolder> Open(Sys<UniqueFd> folder, std::string top);
+    Sys<void> TakeAs(const std::string& name, At object, const std::string& info, bool isFolder);
+
+    std::string top_; // paths are told relative to it; empty for absolute ones
+    UniqueFd info_;
+    UniqueFd files_;
+};
+
+} // namespace tarvix::platform

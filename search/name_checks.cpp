@@ -1,5 +1,6 @@
 #include "search/name_checks.h"
 
+#include "session/recycle_folders.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -93,15 +94,7 @@ bool IsFakeFolder(std::string_view path) {
 }
 
 bool IsRecycleBinPath(const session::Session& session, std::string_view path) {
-    static const std::array<text::LikePattern, 6> bins{
-        text::LikePattern("?:\\RECYCLER", true),     text::LikePattern("?:\\RECYCLED", true),
-        text::LikePattern("?:\\$RECYCLE.BIN", true), text::LikePattern("\\\\*RECYCLER", true),
-        text::LikePattern("\\\\*RECYCLED", true),    text::LikePattern("\\\\*$RECYCLE.BIN", true)};
-    if (session.state.blnRecycleAllowed) return false;
-    for (const auto& bin : bins) {
-        if (bin.Matches(path)) return true;
-    }
-    return false;
+    return !session.state.blnRecycleAllowed && session::IsRecycleBin(path);
 }
 
 bool IsNestedRecoveryFolder(std::string_view path) {

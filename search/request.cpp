@@ -232,6 +232,13 @@ bool RunFollowUp(Session& session, Outcome outcome) {
         }
         results::cmdSelectAll_Click(session);
         session.Raise(form.cmdDeleteSelected, "Click");
+        if (state.blnActionCancelled || state.lastAction.done == 0) {
+            // What can't be deleted now would be found again for ever.
+            state.blnRepeatDeleteEmpty = false;
+            session.MsgBox("No more of the empty folders could be deleted. See the action log for "
+                           "what was skipped.");
+            return true;
+        }
         form.lblStatus.Caption = "Repeat Searching";
         session.Repaint();
         state.blnRedoAfterAction = state.blnRedoNow = false;
@@ -299,6 +306,10 @@ void cmdSearch_Click(Session& session) {
 }
 
 void cmdStop_Click(Session& session) {
+    if (session.state.blnRecycling) {
+        session.state.blnStopAction = true;
+        return;
+    }
     session.state.blnStopClicked = true;
     results::BuildFileArray(session);
     session::LogTimed(session, " User selected to stop search.");

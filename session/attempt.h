@@ -17,6 +17,7 @@ struct Attempted {
     explicit operator bool() const { return result.has_value(); }
     decltype(auto) operator*() { return *result; }
     auto operator->() { return result.operator->(); }
+    auto operator->() const { return result.operator->(); }
     int ErrorNumber() const { return result ? 0 : result.error().number; }
 };
 

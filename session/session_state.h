@@ -74,6 +74,7 @@ struct SessionState {
     bool blnRedoNow = false;
     bool blnRepeatRequested = false;
     bool blnActionCancelled = false;
+    bool blnRecycling = false;  // only the stop button acts meanwhile
     bool blnStopAction = false; // takes effect at the next object
     ActionState action;
     ActionTotals lastAction;

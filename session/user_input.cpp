@@ -99,13 +99,15 @@ InputResult SetDatePicker(Session& session, forms::DatePicker& picker, std::stri
     return {};
 }
 
-// While a search runs only its stop and its skip act.
+// While a search runs or objects are recycled only the stop and the skip act.
 InputResult CanActNow(Session& session, const forms::Control& control) {
     const auto& form = session.frmSearch;
     const bool isSearchForm = &control.Owner() == &form;
-    if (session.state.blnSearching && isSearchForm && &control != &form.cmdStop &&
-        &control != &form.cmdNext) {
-        return Refuse(control, "can't be used while a search runs.");
+    if ((session.state.blnSearching || session.state.blnRecycling) && isSearchForm &&
+        &control != &form.cmdStop && &control != &form.cmdNext) {
+        return Refuse(control, session.state.blnSearching
+                                   ? "can't be used while a search runs."
+                                   : "can't be used while objects are recycled.");
     }
     return CanUse(control);
 }

@@ -1,8 +1,10 @@
 #include "session/lifecycle/program.h"
 
 #include "actions/action_request.h"
+#include "actions/delete_request.h"
 #include "results/sorting.h"
 #include "search/request.h"
+#include "session/ask_long_path.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
 
@@ -40,6 +42,8 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     AddListEvents(session_.events);
     search::AddSearchEvents(session_.events);
     actions::AddActionEvents(session_.events);
+    actions::AddDeleteEvents(session_.events);
+    session::AddAskLongPathEvents(session_.events);
 }
 
 void Program::Start(std::string_view argument) {

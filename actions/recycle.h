@@ -1,0 +1,51 @@
+#pragma once
+
+#include "session/errors.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::session {
+class EventTable;
+struct Session;
+} // namespace tarvix::session
+
+namespace tarvix::actions {
+
+// One object on its way to the recycle bin.
+struct RecycleEntry {
+    std::string strActualPath; // for file system calls
+    std::string strPath;       // as listed, for reports
+};
+
+// Told how many objects of the queue are behind it; false stops before the next one.
+using RecycleObserver = std::function<bool(std::size_t done)>;
+
+struct RecycleOutcome {
+    std::size_t gone = 0;    // recycled, or deleted because the user said so
+    std::size_t failed = 0;  // still where they were
+    bool blnPartial = false; // a queue of several objects failed somewhere
+    bool blnStopped = false; // by the observer or by Cancel; what was left is untouched
+
+    bool Succeeded() const { return failed == 0 && !blnStopped; }
+};
+
+// Sends the queue to the recycle bin, the one road there for every action. An object that can't go
+// there is asked about by its own prompt, or with `blnNoPrompt` stays; the rest goes on. Objects
+// that left with a folder of the same queue are no failure.
+RecycleOutcome RecycleObjects(session::Session& session, const std::vector<RecycleEntry>& queue,
+                              bool blnNoPrompt, const RecycleObserver& observer = {});
+// The same for one object that nobody is asked about; gives whether it is gone.
+bool RecycleOne(session::Session& session, const std::string& path);
+
+// Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
+// says; gives whether the object is gone. Without a type, the disk tells it.
+bool OverrideRecycleFailure(session::Session& session, const RecycleEntry& entry,
+                            session::ObjectType kind, bool blnNoPrompt);
+
+void AddRecycleEvents(session::EventTable& events);
+
+} // namespace tarvix::actions

@@ -1,5 +1,6 @@
 // Times two commands in turn (A B A B ...), drops the first pair, and prints the ratio A/B of each
-// figure: wall time pair by pair, and peak memory. What the commands print is thrown away.
+// figure: wall time pair by pair, and peak memory. What the commands print is thrown away. A last
+// command, run before each of the others, isn't timed.
 
 #include <fmt/format.h>
 
@@ -48,17 +49,20 @@ double Median(std::vector<double> values) {
 
 int main(int argc, char** argv) {
     if (argc < 4) {
-        fmt::print(stderr, "Usage: compare NAME 'COMMAND A' 'COMMAND B' [PAIRS]\n");
+        fmt::print(stderr, "Usage: compare NAME 'COMMAND A' 'COMMAND B' [PAIRS ['BEFORE EACH']]\n");
         return 2;
     }
     const int pairs = argc > 4 ? std::atoi(argv[4]) : 7;
+    const char* const before = argc > 5 ? argv[5] : ":";
     std::vector<double> ratios;
     std::vector<double> memoryA;
     std::vector<double> memoryB;
     for (int pair = 0; pair <= pairs; ++pair) {
+        const int readyA = Time(before).status;
         const Run a = Time(argv[2]);
+        const int readyB = Time(before).status;
         const Run b = Time(argv[3]);
-        if (a.status != 0 || b.status != 0) {
+        if (readyA != 0 || readyB != 0 || a.status != 0 || b.status != 0) {
             fmt::print(stderr, "{}: a command failed (status {} and {}).\n", argv[1], a.status,
                        b.status);
             return 1;

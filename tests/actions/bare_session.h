@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/memory/memory_platform.h"
+#include "results/selection.h"
+#include "session/ask_long_path.h"
+#include "session/scripted_prompts.h"
+#include "session/session.h"
+#include "text/paths.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace tarvix::actions {
+
+// A session on a machine in memory with selection tables that the test fills, and no program
+// around it. Prompts without a queued answer get the safe one.
+class BareSession : public ::testing::Test {
+  protected:
+    BareSession() {
+        prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
+        session.selection = &selection;
+        session.state.strDataFolder = "C:\\data";
+        session.state.strActionLogFile = "C:\\data\\action.log";
+        session.state.strErrorLogFile = "C:\\data\\error.log";
+        Disk().AddFolder("C:\\data");
+        session.log.Open(session);
+        session.errorLog.Open(session);
+        session::AddAskLongPathEvents(session.events);
+    }
+
+    platform::MemoryFileSystem& Disk() { return machine.disk; }
+    session::ActionState& State() { return session.state.action; }
+    forms::FrmDialog& Form() { return session.frmDialog; }
+
+    void Select(const std::string& path, bool isFile = true, std::string relPath = {}) {
+        selection.strSelName.emplace_back(text::FileNameOf(path));
+        selection.strSelPath.push_back(path);
+        selection.strSelActualPath.push_back(path);
+        selection.blnSelIsFile.push_back(isFile);
+        selection.strSelRelPath.push_back(std::move(relPath));
+        selection.blnSelNoDate.push_back(false);
+        ++selection.lngSelTop;
+    }
+
+    bool WasTold(std::string_view text) {
+        return std::ranges::any_of(prompts.Records(),
+                                   [text](const auto& record) { return record.text == text; });
+    }
+    std::string Log() { return Disk().Content("C:\\data\\action.log").value_or(""); }
+    // Whether the action log holds an entry with exactly this text behind its time.
+    bool HasEntry(std::string_view text) {
+        return Log().contains("\r\n" + session.TimeText() + std::string(text) + "\r\n-");
+    }
+
+    platform::MemoryPlatform machine;
+    session::ScriptedPrompts prompts;
+    results::Selection selection;
+    session::Session session{machine.platform, prompts};
+};
+
+} // namespace tarvix::actions

@@ -1,0 +1,367 @@
+#include "actions/destination.h"
+#include "tests/actions/bare_session.h"
+
+#include <array>
+#include <optional>
+#include <random>
+#include <vector>
+
+namespace tarvix::actions {
+namespace {
+
+enum Way { kOne, kMultiple, kUp, kRule };
+enum Structure { kNone, kMirror, kFolderToFolder, kBackup };
+
+class Destination : public BareSession {
+  protected:
+    std::string Of(const std::string& path, const std::string& relPath = {}) {
+        selection = {};
+        Select(path, true, relPath);
+        State().lngIndex = 0;
+        return ComputeDestination(session, selection.strSelName[0], path);
+    }
+    void Choose(Way way, Structure structure, const std::string& typed) {
+        Form().optTo.Choose(way);
+        Form().optStructure.Choose(structure);
+        Form().cmbDir.Text = typed;
+    }
+};
+
+struct Case {
+    Way way;
+    Structure structure;
+    const char* typed;
+    const char* object;
+    const char* result;
+};
+
+// The list path in hand is F:\List, the object's path below its search folder a\b.mp3.
+constexpr Case kCases[] = {
+    {kOne, kNone, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\b.mp3"},
+    {kOne, kMirror, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
+    {kOne, kFolderToFolder, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\a\\b.mp3"},
+    {kOne, kBackup, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\C\\Music\\a\\b.mp3"},
+    {kOne, kBackup, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3", "E:\\Bk\\pc\\d\\Music\\a\\b.mp3"},
+    {kOne, kMirror, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
+    {kOne, kMirror, "\\\\pc\\d\\x", "C:\\Music\\a\\b.mp3", "\\\\pc\\d\\Music\\a\\b.mp3"},
+    {kOne, kBackup, "\\\\pc\\d", "C:\\Music\\a\\b.mp3", "\\\\pc\\d\\C\\Music\\a\\b.mp3"},
+    {kOne, kNone, "E:", "C:\\Music\\a\\b.mp3", "E:\\b.mp3"},
+    {kOne, kNone, "E:\\Größe", "C:\\é\\ü.mp3", "E:\\Größe\\ü.mp3"},
+    {kMultiple, kNone, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\b.mp3"},
+    {kMultiple, kNone, "", "C:\\Music\\a\\b.mp3", "F:\\List\\b.mp3"},
+    {kMultiple, kNone, "in", "C:\\Music\\a\\b.mp3", "F:\\Listin\\b.mp3"},
+    {kMultiple, kMirror, "\\in", "C:\\Music\\a\\b.mp3", "F:\\Music\\a\\b.mp3"},
+    {kMultiple, kFolderToFolder, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\a\\b.mp3"},
+    {kMultiple, kBackup, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\C\\Music\\a\\b.mp3"},
+};
+
+TEST_F(Destination, EachWayAndStructureMapsAsToldByTheTable) {
+    State().strMultiPath = {"", "F:\\List"};
+    for (const Case& c : kCases) {
+        Choose(c.way, c.structure, c.typed);
+        EXPECT_EQ(Of(c.object, "a\\b.mp3"), c.result)
+            << c.way << ' ' << c.structure << ' ' << c.typed << ' ' << c.object;
+        EXPECT_FALSE(State().blnNoDestination);
+    }
+}
+
+TEST_F(Destination, BackupOfAnObjectAtTheDriveRootHasTheDriveAsFolder) {
+    Choose(kOne, kBackup, "E:\\Bk");
+    EXPECT_EQ(Of("C:\\x.txt"), "E:\\Bk\\C\\x.txt");
+}
+
+TEST_F(Destination, DriveMirrorUsesOnlyTheDriveOfWhatIsTyped) {
+    Choose(kOne, kMirror, "E:\\any\\folder");
+    EXPECT_EQ(Of("C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
+}
+
+TEST_F(Destination, DriveMirrorPaysNoRegardToANewName) {
+    Choose(kOne, kMirror, "E:\\Bk");
+    Select("C:\\Music\\b.mp3");
+    EXPECT_EQ(ComputeDestination(session, "b_.mp3", "C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
+}
+
+TEST_F(Destination, WithManyLocationsAndDriveMirrorWhatIsTypedPlaysNoPart) {
+    State().strMultiPath = {"", "F:\\List"};
+    Choose(kMultiple, kMirror, "nonsense without a root");
+    EXPECT_EQ(Of("C:\\Music\\b.mp3"), "F:\\Music\\b.mp3");
+}
+
+TEST_F(Destination, TheLocationInHandIsTheOneOfTheList) {
+    State().strMultiPath = {"", "F:\\One", "G:\\Two"};
+    Choose(kMultiple, kNone, "");
+    State().intMultiIndex = 2;
+    EXPECT_EQ(Of("C:\\b.mp3"), "G:\\Two\\b.mp3");
+}
+
+TEST_F(Destination, ANetworkPathWithTooFewSeparatorsIsAnErrorOfItsOwn) {
+    Choose(kOne, kMirror, "\\\\server\\share");
+    EXPECT_EQ(Of("C:\\Music\\b.mp3"), "");
+    EXPECT_TRUE(State().blnNoDestination);
+    EXPECT_TRUE(State().blnErrorOccurred);
+    EXPECT_FALSE(State().blnRuleFailed);
+    ASSERT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records()[0].title, "Client Error Message");
+    EXPECT_TRUE(prompts.Records()[0].text.starts_with("ComputeDestination "));
+}
+
+TEST_F(Destination, TheNextObjectHasADestinationAgain) {
+    Choose(kOne, kMirror, "\\\\server\\share");
+    Of("C:\\Music\\b.mp3");
+    Form().cmbDir.Text = "E:\\x";
+    EXPECT_EQ(Of("C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
+    EXPECT_FALSE(State().blnNoDestination);
+}
+
+TEST_F(Destination, ManyLocationsWithoutAListGiveNone) {
+    Choose(kMultiple, kNone, "\\in");
+    EXPECT_EQ(Of("C:\\Music\\b.mp3"), "");
+    EXPECT_TRUE(State().blnNoDestination);
+}
+
+// ---- up the tree ----
+
+struct UpCase {
+    const char* levels;
+    const char* object;
+    const char* result;
+};
+
+TEST_F(Destination, UpTheTreeClimbsSoManyFolders) {
+    Choose(kUp, kNone, "");
+    for (const UpCase& c : {
+             UpCase{"1", "C:\\a\\b\\c.txt", "C:\\a\\c.txt"},
+             UpCase{"2", "C:\\a\\b\\c.txt", "C:\\c.txt"},
+             UpCase{"1", "C:\\a\\b\\folder", "C:\\a\\folder"},
+             UpCase{"1", "\\\\pc\\d\\a\\b.txt", "\\\\pc\\d\\b.txt"},
+             UpCase{"9", "\\\\pc\\d\\a\\b.txt", "\\\\pc\\d\\b.txt"},
+         }) {
+        Form().txtFolderTree.Text = c.levels;
+        EXPECT_EQ(Of(c.object), c.result) << c.levels << ' ' << c.object;
+    }
+}
+
+TEST_F(Destination, MoreLevelsThanTheObjectIsDeepLeaveTheDriveRoot) {
+    Choose(kUp, kNone, "");
+    for (const char* levels : {"3", "250", "99999999999999999999"}) {
+        Form().txtFolderTree.Text = levels;
+        EXPECT_EQ(Of("C:\\a\\b\\c.txt"), "C:\\c.txt") << levels;
+    }
+    EXPECT_TRUE(prompts.Records().empty());
+}
+
+TEST_F(Destination, UpTheTreeKnowsNoOtherStructure) {
+    Form().txtFolderTree.Text = "1";
+    for (const Structure structure : {kMirror, kFolderToFolder, kBackup}) {
+        Choose(kUp, structure, "E:\\Bk");
+        EXPECT_EQ(Of("C:\\a\\b.txt"), "");
+        EXPECT_TRUE(State().blnNoDestination);
+    }
+}
+
+TEST_F(Destination, TheFoldersPassedComeInFrontOfTheName) {
+    Choose(kUp, kNone, "");
+    Form().txtFolderTree.Text = "2";
+    Select("C:\\a\\b\\c\\f.txt");
+    BuildFolderPrefix(session);
+    EXPECT_EQ(State().strFolderPrefix, "b c");
+    EXPECT_EQ(Of("C:\\a\\b\\c\\f.txt"), "C:\\a\\b c f.txt");
+}
+
+TEST(FolderPrefix, StopsAtTheRootWithoutBlanksInFront) {
+    EXPECT_EQ(FolderPrefixOf("C:\\a\\f.txt", 1), "a");
+    EXPECT_EQ(FolderPrefixOf("C:\\a\\f.txt", 50), "a");
+    EXPECT_EQ(FolderPrefixOf("\\\\pc\\d\\a\\f.txt", 3), "a");
+    EXPECT_EQ(FolderPrefixOf("C:\\f.txt", 2), "");
+    EXPECT_EQ(FolderPrefixOf("f.txt", 2), "");
+    EXPECT_EQ(FolderPrefixOf("C:\\a\\f.txt", 0), "");
+}
+
+// ---- as the folder's name ----
+
+TEST_F(Destination, ACopyCanBearTheNamesOfItsFolders) {
+    session.state.strAction = "CopyRenameAsFolderName";
+    Choose(kOne, kNone, "E:\\Bk");
+    Form().txtFolderTree.Text = "2";
+    EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\01.mp3"), "E:\\Bk\\Rock Album.mp3");
+    EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\cover"), "E:\\Bk\\Rock Album");
+    EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\ends."), "E:\\Bk\\Rock Album");
+}
+
+TEST(FoldersAsName, TakesTheLastNames) {
+    EXPECT_EQ(LastFoldersAsName("C:\\Music\\Rock\\Album", 1), "Album");
+    EXPECT_EQ(LastFoldersAsName("C:\\Music\\Rock\\Album", 2), "Rock Album");
+    EXPECT_EQ(LastFoldersAsName("C:\\Music\\Rock\\Album", 3), "Music Rock Album");
+    EXPECT_EQ(LastFoldersAsName("C:\\", 1), "");
+    EXPECT_EQ(LastFoldersAsName("", 1), "");
+}
+
+TEST(FoldersAsName, ALevelCountAboveTheDepthIncludesTheDriveLetterLessItsColon) {
+    EXPECT_EQ(LastFoldersAsName("C:\\Music\\Rock\\Album", 4), "C  Music Rock Album");
+    EXPECT_EQ(LastFoldersAsName("C:\\Music", 1000), "C  Music");
+    EXPECT_EQ(LastFoldersAsName("\\\\pc\\d\\x", 9), "  pc d x");
+}
+
+TEST(FoldersAsName, AtMostAHundredOfEitherMarkAreReplaced) {
+    const std::string slashes(103, '\\');
+    EXPECT_EQ(FoldersAsWords(slashes + ":"), std::string(100, ' ') + "\\\\\\ ");
+}
+
+TEST_F(Destination, LevelsAreReadFromDigits) {
+    for (const auto& [text, levels] :
+         {std::pair{"", 0}, {"0", 0}, {"007", 7}, {"1000", kMostLevels}, {"77777", kMostLevels}}) {
+        Form().txtFolderTree.Text = text;
+        EXPECT_EQ(FolderTreeLevels(session), levels) << text;
+    }
+}
+
+// ---- by rule ----
+
+TEST_F(Destination, ARuleThatGivesNoFolderLeavesTheObjectWithoutADestination) {
+    Choose(kRule, kNone, "E:\\*200*");
+    State().blnRuleHasReplacement = true;
+    State().intRulePosition = {0, 200};
+    EXPECT_EQ(Of("C:\\a.txt"), "");
+    EXPECT_TRUE(State().blnNoDestination);
+    EXPECT_TRUE(State().blnRuleFailed);
+}
+
+TEST_F(Destination, ARuleGivesTheFolderThatTheNameGoesTo) {
+    Choose(kRule, kNone, "E:\\Sorted\\*4*\\");
+    State().blnRuleHasReplacement = true;
+    State().intRulePosition = {0, 4};
+    EXPECT_EQ(Of("C:\\a.txt"), "E:\\Sorted\\a\\a.txt");
+    EXPECT_FALSE(State().blnRuleFailed);
+}
+
+// ---- a second reading ----
+
+using Names = std::vector<std::string>;
+
+// A path taken apart by hand: "C:" or "\\server\share", and the names below.
+struct Taken {
+    bool isNetwork = false;
+    Names root; // {"C"} or {"server", "share"}
+    Names below;
+};
+
+std::string Join(const Names& names) {
+    std::string joined;
+    for (const std::string& name : names) {
+        joined += '\\' + name;
+    }
+    return joined;
+}
+
+std::string RootText(const Taken& path) {
+    return path.isNetwork ? "\\" + Join(path.root) : path.root[0] + ":";
+}
+
+std::string Text(const Taken& path) {
+    return RootText(path) + Join(path.below);
+}
+
+Names operator+(Names a, const Names& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+struct Request {
+    Taken object;
+    std::size_t searchDepth = 0; // names of the object that the search folder has
+    Taken typed;
+    Taken listed;
+    Names part; // typed behind a listed path
+    int levels = 0;
+};
+
+// The new path as names; nothing where no root can be told.
+std::optional<std::string> Expected(const Request& r, Way way, Structure structure) {
+    const Taken& place = way == kMultiple ? r.listed : r.typed;
+    const Names extra = way == kMultiple ? r.part : Names{};
+    const Names& object = r.object.below;
+    if (way == kUp) {
+        const std::size_t folders = object.size() - 1;
+        const auto climbed = std::min(static_cast<std::size_t>(r.levels), folders);
+        Taken up = r.object;
+        up.below.assign(object.begin(), object.end() - 1 - static_cast<long>(climbed));
+        up.below.push_back(object.back());
+        return Text(up);
+    }
+    switch (structure) {
+    case kNone:
+        return Text(place) + Join(extra + Names{object.back()});
+    case kMirror:
+        if (place.isNetwork && place.below.empty()) return std::nullopt;
+        return RootText(place) + Join(object);
+    case kFolderToFolder:
+        return Text(place) +
+               Join(extra + Names(object.begin() + static_cast<long>(r.searchDepth), object.end()));
+    case kBackup:
+        return Text(place) + Join(extra + r.object.root + object);
+    }
+    return std::nullopt;
+}
+
+class RandomPaths {
+  public:
+    std::size_t Below(std::size_t n) { return random_() % n; }
+    Names SomeNames(std::size_t least, std::size_t most) {
+        Names names;
+        const std::size_t count = least + Below(most - least + 1);
+        while (names.size() < count) {
+            names.push_back(Name());
+        }
+        return names;
+    }
+    Taken Path(std::size_t least) {
+        Taken path;
+        path.isNetwork = Below(3) == 0;
+        path.root = path.isNetwork ? Names{Name(), Name()}
+                                   : Names{std::string(1, static_cast<char>('A' + Below(26)))};
+        path.below = SomeNames(least, 6);
+        return path;
+    }
+
+  private:
+    std::string Name() {
+        constexpr std::array kPieces{"a", "B",       ".", "é", "ß", "日本",
+                                     "𝄞", "o\u0308", "#", "[", "-x"};
+        std::string name = "n";
+        for (std::size_t i = Below(6); i > 0; --i) {
+            name += kPieces[Below(kPieces.size())];
+        }
+        return name;
+    }
+    std::mt19937 random_{20261115};
+};
+
+TEST_F(Destination, AgreesWithASecondReadingOnRandomPaths) {
+    session.state.options.blnAutoMode = true;
+    RandomPaths random;
+    for (int round = 0; round < 4000; ++round) {
+        Request r{.object = random.Path(1), .typed = random.Path(0), .listed = random.Path(0)};
+        r.searchDepth = random.Below(r.object.below.size());
+        r.part = random.SomeNames(0, 2);
+        r.levels = static_cast<int>(random.Below(9));
+        State().strMultiPath = {"", Text(r.listed)};
+        Form().txtFolderTree.Text = std::to_string(r.levels);
+        const std::string relPath =
+            Join({r.object.below.begin() + static_cast<long>(r.searchDepth), r.object.below.end()})
+                .substr(1);
+        for (const Way way : {kOne, kMultiple, kUp}) {
+            for (const Structure structure : {kNone, kMirror, kFolderToFolder, kBackup}) {
+                if (way == kUp && structure != kNone) continue;
+                Choose(way, structure, way == kMultiple ? Join(r.part) : Text(r.typed));
+                const auto expected = Expected(r, way, structure);
+                ASSERT_EQ(Of(Text(r.object), relPath), expected.value_or(""))
+                    << way << ' ' << structure << ' ' << Text(r.object) << " levels " << r.levels
+                    << " typed " << Form().cmbDir.Text.Get() << " listed " << Text(r.listed);
+                ASSERT_EQ(State().blnNoDestination, !expected);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace tarvix::actions

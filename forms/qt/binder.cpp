@@ -1,6 +1,7 @@
 #include "forms/qt/binder.h"
 
 #include "forms/qt/field_widgets.h"
+#include "forms/qt/list_box.h"
 #include "forms/qt/native_input.h"
 #include "forms/qt/text_conversion.h"
 #include "forms/qt/theme.h"
@@ -18,6 +19,8 @@ namespace {
 
 using forms::ControlKind;
 
+constexpr char kFormMark[] = "form";
+
 bool NeedsRoutine(ControlKind kind) {
     return kind == ControlKind::kCommandButton || kind == ControlKind::kMenuEntry;
 }
@@ -32,6 +35,13 @@ void FillItems(QComboBox& box, const std::vector<forms::ComboItem>& items) {
         box.addItem(ToQt(item.text), item.data);
     }
     box.setCurrentIndex(-1);
+}
+
+void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
+    list.clear();
+    for (const std::string& line : lines) {
+        list.addItem(Shown(line));
+    }
 }
 
 void ShowComboText(const forms::ComboBox& field, QComboBox& box) {
@@ -63,6 +73,10 @@ bool IsRealLeave(const QFocusEvent& event) {
 
 } // namespace
 
+void MarkAsForm(QWidget& panel) {
+    panel.setProperty(kFormMark, true);
+}
+
 std::string CaptionOf(const forms::Control& control) {
     switch (control.Kind()) {
     case ControlKind::kLabel:
@@ -90,10 +104,18 @@ Binder::Binder(session::Session& session, EventGate& gate, forms::Form& form, QW
 void Binder::Bind() {
     for (forms::Control* control : form_.Controls()) {
         for (QObject* object : root_.findChildren<QObject*>(ToQt(control->Name()))) {
+            if (!IsOfForm(*object)) continue;
             if (bound_.emplace(object, control).second) BindObject(*control, *object);
         }
     }
     ShowAll();
+}
+
+bool Binder::IsOfForm(const QObject& object) const {
+    for (const QObject* at = object.parent(); at != nullptr && at != &root_; at = at->parent()) {
+        if (at->property(kFormMark).toBool()) return false;
+    }
+    return true;
 }
 
 void Binder::BindObject(forms::Control& control, QObject& object) {
@@ -110,6 +132,8 @@ void Binder::BindObject(forms::Control& control, QObject& object) {
         shower = BindCombo(static_cast<forms::ComboBox&>(control), *combo);
     } else if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
         shower = BindText(static_cast<forms::TextBox&>(control), *edit);
+    } else if (auto* list = dynamic_cast<FieldListBox*>(widget)) {
+        shower = BindList(static_cast<forms::ListBox&>(control), *list);
     } else if (auto* picker = qobject_cast<QDateTimeEdit*>(widget)) {
         shower = BindPicker(static_cast<forms::DatePicker&>(control), *picker);
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
@@ -162,6 +186,27 @@ Binder::Shower Binder::BindText(forms::TextBox& field, QLineEdit& edit) {
     return [&field, &edit] {
         const QString text = ToQt(field.Text.Get());
         if (edit.text() != text) edit.setText(text);
+    };
+}
+
+Binder::Shower Binder::BindList(forms::ListBox& field, FieldListBox& list) {
+    list.setSelectionMode(field.IsMultiple() ? QAbstractItemView::MultiSelection
+                                             : QAbstractItemView::SingleSelection);
+    list.onChoose = [this, &field](int line) {
+        Set(field, ToQt(field.Items()[static_cast<std::size_t>(line)]));
+    };
+    list.onOpen = [this, &field](int line) {
+        const std::string event = form_.Name() + "." + field.Name() + "_DblClick";
+        gate_.Run(&field, [&] { session_.events.Raise(session_, event, {line}); });
+    };
+    return [&field, &list, shown = std::vector<std::string>()]() mutable {
+        if (shown != field.Items()) {
+            shown = field.Items();
+            FillLines(list, shown);
+        }
+        for (int i = 0; i < list.count(); ++i) {
+            list.item(i)->setSelected(field.IsSelected(static_cast<std::size_t>(i)));
+        }
     };
 }
 

@@ -27,8 +27,11 @@ struct Session;
 
 namespace tarvix::qt {
 
+class FieldListBox;
+
 // Joins the fields of one form to the widgets and actions below `root` that bear their names: shows
-// the fields, and hands on what the user does. It decides nothing.
+// the fields, and hands on what the user does. It decides nothing. What lies below a panel of
+// another form is left to that form's binder.
 class Binder : public QObject {
   public:
     Binder(session::Session& session, EventGate& gate, forms::Form& form, QWidget& root);
@@ -52,10 +55,12 @@ class Binder : public QObject {
   private:
     using Shower = std::function<void()>;
 
+    bool IsOfForm(const QObject& object) const;
     void BindObject(forms::Control& control, QObject& object);
     Shower BindButton(forms::Control& control, QAbstractButton& button);
     Shower BindCombo(forms::ComboBox& field, QComboBox& box);
     Shower BindText(forms::TextBox& field, QLineEdit& edit);
+    Shower BindList(forms::ListBox& field, FieldListBox& list);
     Shower BindPicker(forms::DatePicker& field, QDateTimeEdit& picker);
     Shower BindAction(forms::Control& control, QAction& action);
     void Show(forms::Control& control);
@@ -72,6 +77,9 @@ class Binder : public QObject {
     std::unordered_map<const QObject*, forms::Control*> bound_;
     std::map<forms::Control*, QString> pending_; // texts entered while a routine ran
 };
+
+// Says that the widgets below the panel belong to a form of their own.
+void MarkAsForm(QWidget& panel);
 
 // The caption of any control that has one; empty for others.
 std::string CaptionOf(const forms::Control& control);

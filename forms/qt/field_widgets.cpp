@@ -1,5 +1,6 @@
 #include "forms/qt/field_widgets.h"
 
+#include "forms/qt/list_box.h"
 #include "forms/qt/text_conversion.h"
 
 #include <QHelpEvent>
@@ -97,6 +98,10 @@ QDateTimeEdit* Make(const forms::DatePicker& field) {
     picker->setDisplayFormat(field.IsTime() ? "HH:mm:ss" : "yyyy/MM/dd");
     picker->setCalendarPopup(!field.IsTime());
     return picker;
+}
+
+FieldListBox* Make(const forms::ListBox& field) {
+    return Named(new FieldListBox, field);
 }
 
 QProgressBar* Make(const forms::ProgressBar& field) {

@@ -13,6 +13,8 @@
 
 namespace tarvix::qt {
 
+class FieldListBox;
+
 // A box whose mark follows its field: a click only says that it was clicked.
 class FieldCheckBox : public QCheckBox {
   public:
@@ -51,6 +53,7 @@ QLineEdit* Make(const forms::TextBox& field);
 QLabel* Make(const forms::Label& field);
 QWidget* Make(const forms::Frame& field);
 QDateTimeEdit* Make(const forms::DatePicker& field);
+FieldListBox* Make(const forms::ListBox& field);
 QProgressBar* Make(const forms::ProgressBar& field);
 ElidedLabel* MakeElided(const forms::Label& field);
 // A number that is shown with thousands separators.

@@ -1,6 +1,7 @@
 #include "forms/qt/message_dialog.h"
 
 #include "forms/qt/text_conversion.h"
+#include "forms/qt/wrapping_label.h"
 #include "session/message_style.h"
 #include "session/prompt_service.h"
 
@@ -34,15 +35,10 @@ QStyle::StandardPixmap IconOf(int style) {
 } // namespace
 
 QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent) {
-    auto* label = new QLabel(text);
+    auto* label = new WrappingLabel(text);
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     const QFontMetrics metrics = label->fontMetrics();
-    const QRect room(0, 0, metrics.averageCharWidth() * 90, QLAYOUTSIZE_MAX);
-    const QSize wanted = metrics.boundingRect(room, Qt::TextWordWrap, text).size();
+    const QSize wanted = label->SizeFor(metrics.averageCharWidth() * 90);
     auto* area = new QScrollArea(parent);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);

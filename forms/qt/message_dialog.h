@@ -15,7 +15,6 @@ class MessageDialog : public QDialog {
     int Ask();
 
   private:
-    QWidget* MakeText(const QString& text);
     QWidget* MakeIcon(int style);
     QWidget* MakeButtons(int style);
 
@@ -23,7 +22,7 @@ class MessageDialog : public QDialog {
     QPushButton* first_ = nullptr; // has the focus when the box opens
 };
 
-// A text that wraps and can be selected, in a field that scrolls once it is higher than a part of
+// A text that wraps and can be copied, in a field that scrolls once it is higher than a part of
 // the screen.
 QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent);
 

@@ -1,12 +1,15 @@
 #include "forms/qt/modal_window.h"
 
 #include "forms/qt/action_window.h"
+#include "forms/qt/choice_window.h"
 #include "forms/qt/date_window.h"
 #include "forms/qt/notice_window.h"
 #include "forms/qt/text_conversion.h"
 #include "session/session.h"
 
 #include <QCloseEvent>
+#include <QLayout>
+#include <QScreen>
 
 namespace tarvix::qt {
 
@@ -26,6 +29,15 @@ void ModalWindow::BindFields() {
     binder_ = std::make_unique<Binder>(session_, gate_, form_, *this);
     setWindowTitle(Shown(form_.Caption).section('\n', 0, 0).trimmed().left(100));
     Refresh();
+}
+
+void ModalWindow::TakeSize(int characters) {
+    const QSize room = screen()->availableSize() - QSize(16, 40); // its frame and title
+    const QSize wanted = sizeHint().expandedTo({fontMetrics().averageCharWidth() * characters, 0});
+    const int width = wanted.boundedTo(room).expandedTo(minimumSizeHint()).width();
+    const bool flows = layout()->hasHeightForWidth();
+    const int height = flows ? layout()->totalHeightForWidth(width) : wanted.height();
+    resize(QSize(width, height).boundedTo(room).expandedTo(minimumSizeHint()));
 }
 
 void ModalWindow::Run() {
@@ -71,6 +83,13 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     if (&form == &session.frmDialog) return std::make_unique<ActionWindow>(session, gate, parent);
     if (&form == &session.forms.frmSelectDate) {
         return std::make_unique<DateWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmAsk) return std::make_unique<AskWindow>(session, gate, parent);
+    if (&form == &session.forms.frmAsk259) {
+        return std::make_unique<LongPathWindow>(session, gate, parent);
+    }
+    if (auto* asked = dynamic_cast<forms::OverrideForm*>(&form)) {
+        return std::make_unique<OverrideWindow>(session, gate, *asked, parent);
     }
     if (auto* notice = dynamic_cast<forms::NoticeForm*>(&form)) {
         return std::make_unique<NoticeWindow>(session, gate, *notice, parent);

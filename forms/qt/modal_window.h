@@ -25,6 +25,8 @@ class ModalWindow : public QDialog, public View {
   protected:
     // Joins the widgets to the fields; called at the end of a constructor.
     void BindFields();
+    // Becomes wide enough for so many characters and as high as the content, within the screen.
+    void TakeSize(int characters);
     virtual void Refresh() {}
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace tarvix::qt {
+
+// A part of a window that is as high as what it holds where there is room, and scrolls where not.
+class FittingArea : public QScrollArea {
+  public:
+    // Never lower than `least` lines of text.
+    FittingArea(QWidget& content, int least);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    // How much higher it must be to show all.
+    int MissingHeight() const;
+
+  private:
+    int least_;
+};
+
+} // namespace tarvix::qt

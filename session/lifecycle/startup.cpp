@@ -1,7 +1,6 @@
 #include "session/lifecycle/startup.h"
 
 #include "actions/action_request.h"
-#include "platform/environment.h"
 #include "platform/registry.h"
 #include "results/result_list.h"
 #include "results/selection.h"
@@ -11,6 +10,7 @@
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/program.h"
+#include "session/options_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -28,12 +28,6 @@ constexpr std::string_view kTooSmall =
     "Recomend changing settings or turning off any screen partitioning software.\r\n\r\n"
     "1680x1050 or 1600x1200, both work great for tiling Tarvix 2x2.";
 
-void SetColumns(Session& session) {
-    session.blnListItems.fill(true);
-    session.blnListItems[results::kShortPath] = false;
-    session.blnListItems[results::kSearchFolderIndex] = false;
-}
-
 void SetState(Session& session) {
     auto& state = session.state;
     state.strWindowStyle[1] = "Normal";
@@ -50,12 +44,13 @@ void AddStandingEntries(Session& session) {
     }
 }
 
-// The settings of a program that has saved none.
-void SetDefaultOptions(Session& session) {
-    auto& options = session.state.options;
-    options.strDefSearchFolder[0] =
-        platform::ExpandVariables(session.platform.environment, "%UserProfile%\\Documents");
-    session.frmSearch.cmbDir.Text = options.strDefSearchFolder[0];
+// The options as they were saved, a copy of them as they were read, and the logs that they switch.
+void ReadOptions(Session& session) {
+    const auto& state = session.state;
+    session::OpenOptionFile(session);
+    if (state.blnOptionFileFound && !state.blnOptionFileUnread) session::BackUpOptionFile(session);
+    session.log.Open(session);
+    session.errorLog.Open(session);
 }
 
 void SetVisibleDefaults(Session& session) {
@@ -127,14 +122,12 @@ void RedoAfterAction(Session& session) {
 } // namespace
 
 void frmSearch_Load(Session& session, std::string_view argument) {
-    SetColumns(session);
     SetState(session);
     FindDataFolder(session);
     FormDataPaths(session);
     AddStandingEntries(session);
     FirstRunCheck(session);
-    SetDefaultOptions(session);
-    session.log.Open(session);
+    ReadOptions(session);
     SetVisibleDefaults(session);
     CommandLineOptions(session, argument);
     FillCriteria(session);
@@ -145,21 +138,6 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     PreloadDialog(session);
     session.frmSearch.Show();
     session.state.blnStarted = true;
-}
-
-void frmSearch_Unload(Session& session) {
-    auto& form = session.frmSearch;
-    // A loop that still runs below this event ends at its next object.
-    session.state.blnStopClicked = session.state.blnStopAction = true;
-    for (forms::Form* other : session.forms.all) {
-        if (other != &form) other->Hide();
-    }
-    form.cboTargetPath.Visible = form.lblTargetPath.Visible = false;
-    form.cboTargetPath.Text = "";
-    form.mnuTargetPath.Enabled = false;
-    session.log.Close(session);
-    form.Hide();
-    session.state.blnEnded = true;
 }
 
 void frmSearch_Activate(Session& session) {

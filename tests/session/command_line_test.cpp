@@ -11,7 +11,7 @@ class CommandLine : public ProgramFixture {
 
 TEST_F(CommandLine, NoArgumentLeavesTheDefaultLocation) {
     Start();
-    EXPECT_EQ(Locations(), "C:\\home\\ann\\Documents");
+    EXPECT_EQ(Locations(), "%UserProfile%\\Documents");
     EXPECT_EQ(Pattern(), "");
 }
 
@@ -47,7 +47,7 @@ TEST_F(CommandLine, AFileInADrivesRootBecomesTheDrive) {
 
 TEST_F(CommandLine, AMissingPathLeavesBothBoxesUntouched) {
     Start("C:\\home\\ann\\nowhere");
-    EXPECT_EQ(Locations(), "C:\\home\\ann\\Documents");
+    EXPECT_EQ(Locations(), "%UserProfile%\\Documents");
     EXPECT_EQ(Pattern(), "");
 }
 

@@ -205,9 +205,9 @@ TEST_F(ScriptRunnerTest, TheFirstRunNoticeIsAnsweredByItself) {
     EXPECT_THAT(Out(), HasSubstr("General Information file?\tNo\n"));
 }
 
-TEST_F(ScriptRunnerTest, AMissingErrorLogDumpsNothing) {
+TEST_F(ScriptRunnerTest, TheErrorLogOfAQuietRunHasNoRecord) {
     EXPECT_EQ(RunScript("dump errorlog\n"), kDone);
-    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Out(), "Opened Error Log at 11/15/2026 7:54:52 PM\n\n");
 }
 
 TEST_F(ScriptRunnerTest, ADoubleClickNeedsItsRow) {

@@ -53,6 +53,9 @@ class Disk {
     virtual std::vector<std::string> Trashed() = 0;
     // Puts back an object from the trash, as the desktop's file manager would.
     virtual bool Restore(std::string_view path) = 0;
+    // A rehearsal keeps no trash, doesn't know that a path through a link leads to the same object
+    // as another, and sees nothing of what others do meanwhile.
+    virtual bool IsRehearsal() const { return false; }
 };
 
 // How to make one kind of disk; the name becomes part of the tests' names.

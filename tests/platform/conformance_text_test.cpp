@@ -170,7 +170,9 @@ TEST_P(FileSystemConformance, ALinkToAFileIsReadAndWrittenThrough) {
     ASSERT_TRUE(stream);
     ASSERT_TRUE((*stream)->Write("new"));
     ASSERT_TRUE((*stream)->Close());
-    EXPECT_EQ(TextOf("a.txt"), "new");
+    if (!disk().IsRehearsal()) {
+        EXPECT_EQ(TextOf("a.txt"), "new");
+    }
     EXPECT_NE(AttributesOf("link") & kAlias, 0u);
     EXPECT_EQ(NumberOf(files().OpenAsTextStream(At("dangling"), OpenMode::kRead)), kFileNotFound);
     EXPECT_EQ(NumberOf(files().OpenAsTextStream(At("dangling"), OpenMode::kWrite)), kFileNotFound);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/rehearsal/rehearsal_file_system.h"
+#include "platform/trash.h"
+
+namespace tarvix::platform {
+
+// A trash into which nothing really goes: each object is recorded, and gone for the file system of
+// the rehearsal. It takes every drive to have a trash.
+class RehearsalTrash : public Trash {
+  public:
+    explicit RehearsalTrash(RehearsalFileSystem& files) : files_(files) {}
+
+    Result<void> Recycle(std::span<const std::string> paths,
+                         const TrashObserver& observer) override {
+        for (std::size_t done = 0; done < paths.size(); ++done) {
+            if (observer && !observer(done)) return RehearsalFailure(kInterrupted, paths[done]);
+            if (auto recycled = files_.Recycle(paths[done]); !recycled) return recycled;
+        }
+        return {};
+    }
+
+  private:
+    RehearsalFileSystem& files_;
+};
+
+} // namespace tarvix::platform

@@ -8,6 +8,7 @@
 #include "search/locations.h"
 #include "search/search_strings.h"
 #include "search/walk.h"
+#include "session/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -138,7 +139,12 @@ Outcome ParseRequest(Session& session) {
     }
     ParseSearchFolder(session, form.cmbDir.Text.Get());
     ParseSearchFor(session, form.cmbSearchFor.Text.Get());
-    return TestFlags(session.state);
+    const Outcome outcome = TestFlags(session.state);
+    if (outcome == Outcome::kDone) {
+        session::UpdateFolderHistory(session);
+        session::UpdateSearchHistory(session);
+    }
+    return outcome;
 }
 
 // Everything up to the walk; anything but kDone ends the search before it began.

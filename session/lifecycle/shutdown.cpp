@@ -1,3 +1,4 @@
+#include "session/histories.h"
 #include "session/lifecycle/startup.h"
 #include "session/options_file.h"
 #include "session/session.h"
@@ -23,6 +24,9 @@ void HideTargetPath(forms::FrmSearch& form) {
 // A start that never came to its end has read nothing that could be saved.
 void SaveFiles(Session& session) {
     if (!session.state.blnStarted) return;
+    session::SaveSearchHistoryFile(session);
+    session::SaveFolderHistoryFile2(session);
+    session::SaveDestHistoryFile2(session);
     session::SaveOptionFile(session);
 }
 

@@ -7,6 +7,7 @@
 #include "search/browse.h"
 #include "search/criteria_boxes.h"
 #include "search/request.h"
+#include "session/histories.h"
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/program.h"
@@ -88,8 +89,17 @@ void ReadRegistryFlags(Session& session) {
     session.state.blnUnknownShell = HasVerb(session, "Unknown\\shell");
 }
 
+// False when a damaged history ended the program.
+bool ReadHistories(Session& session) {
+    session::OpenSearchHistoryFile(session);
+    if (!session.state.blnEnded) session::OpenFolderHistoryFile2(session);
+    return !session.state.blnEnded;
+}
+
 void PreloadDialog(Session& session) {
     if (session.state.strLastForm == "frmDialog") return;
+    session::OpenDestHistoryFile2(session);
+    if (session.state.blnEnded) return;
     session.state.blnPreloadDialog = true;
     actions::frmDialog_Activate(session);
     session.state.blnPreloadDialog = false;
@@ -135,7 +145,9 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     results::ClearList(session);
     session.frmSearch.mnuTools_CreateMPLfromCombo.Enabled = true;
     session.frmSearch.lblStatus.Caption = "";
+    if (!ReadHistories(session)) return;
     PreloadDialog(session);
+    if (session.state.blnEnded) return;
     session.frmSearch.Show();
     session.state.blnStarted = true;
 }

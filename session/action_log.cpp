@@ -48,8 +48,10 @@ void ActionLog::Open(Session& session) {
 }
 
 void ActionLog::Close(Session& session) {
-    file_.Write("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
-    file_.Close();
+    const auto closed =
+        file_.Close("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    if (closed) return;
+    TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
 
 void ActionLog::Write(Session& session, std::string_view text) {

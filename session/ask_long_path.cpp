@@ -203,7 +203,7 @@ void RefuseLongSearch(Session& session, const Question& question) {
         Joined({kGap, "Routine - ", question.routine, " is attempting to search with this: ", kGap,
                 question.oldText, kGap, "It contains ", LengthOf(question.oldText), " characters. ",
                 "That search string is to long to used."});
-    session.MsgBox(told);
+    if (!session.state.options.blnAutoMode) session.MsgBox(told);
     LogTimed(session, " " + told);
     session.state.blnStopClicked = true;
 }

@@ -31,8 +31,10 @@ void ErrorLog::Open(Session& session) {
 }
 
 void ErrorLog::Close(Session& session) {
-    file_.Write("\r\nClosed Error Log at " + text::DefaultDateText(session.Now()) + "\r\n");
-    file_.Close();
+    const auto closed =
+        file_.Close("\r\nClosed Error Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    if (closed) return;
+    TellUnexpected(session, closed.error(), "CloseProgramErrorFile", session.state.strErrorLogFile);
 }
 
 void ErrorLog::WriteRaw(std::string_view text) {

@@ -137,7 +137,7 @@ void ApplyUnexpected(Session& session, const Failing& failing, std::string_view 
 void KeepErrorLog(Session& session) {
     auto& state = session.state;
     const std::string& log = state.strErrorLogFile;
-    if (log.size() < 3) return;
+    if (!session.errorLog.IsOpen() || log.size() < 3) return;
     const std::string copy = log.substr(0, log.size() - 3) + "_unexpected_error_" +
                              text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss") + ".log";
     if (session.files().CopyFile(log, copy, true, {}) || state.options.blnAutoMode) return;
@@ -209,21 +209,20 @@ int HandleError(Session& session, const platform::PlatformError& error,
     auto& state = session.state;
     state.lngErrNumber = error.number;
     state.strErrDesc = error.description;
+    state.intRecovery = 0; // a rule that leaves the code as it was must not repeat an old retry
     state.strMessage = std::string(context.routine).append(" ").append(context.sentence);
     HandleError(session, context.moduleName, context.object, context.path,
                 context.searchOrDestination, context.objectType);
     return state.intRecovery;
 }
 
-void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string_view message,
+void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string& message,
                 std::string_view moduleName, std::string_view routine, std::string_view object,
                 std::string_view path, std::string_view searchOrDestination,
                 ObjectType objectType) {
-    if (session.state.options.blnAutoMode) return;
-    std::string told(message);
-    const auto add = [&told](std::initializer_list<std::string_view> parts) {
+    const auto add = [&message](std::initializer_list<std::string_view> parts) {
         for (const std::string_view part : parts) {
-            told.append(part);
+            message.append(part);
         }
     };
     add({"\r\n\r\n\r\n\r\nERROR CODE:  ", std::to_string(errNumber), "\r\n"});
@@ -234,12 +233,13 @@ void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::
     add({"Search Folder or Destination: ", searchOrDestination, "\r\n"});
     add({"Type: ", TypeText(objectType), "\r\n\r\n"});
     if (moduleName != "basGlobal") {
-        told += "OK returns you to the active form.";
+        message += "OK returns you to the active form.";
     } else {
-        told += routine == "StartApp" ? "OK returns you to the Windows Desktop."
-                                      : "OK returns you to the active from.";
+        message += routine == "StartApp" ? "OK returns you to the Windows Desktop."
+                                         : "OK returns you to the active from.";
     }
-    session.MsgBox(told, kCritical, "Client Error Message");
+    if (session.state.options.blnAutoMode) return;
+    session.MsgBox(message, kCritical, "Client Error Message");
 }
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,

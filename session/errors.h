@@ -46,8 +46,9 @@ void HandleError(Session& session, std::string_view moduleName, std::string_view
 int HandleError(Session& session, const platform::PlatformError& error,
                 const ErrorContext& context);
 
-// The prompt for an error without a rule of its own; none with `blnAutoMode`.
-void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string_view message,
+// The prompt for an error without a rule of its own: appends all that is known of it to `message`,
+// and shows that unless `blnAutoMode`.
+void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string& message,
                 std::string_view moduleName, std::string_view routine, std::string_view object,
                 std::string_view path, std::string_view searchOrDestination, ObjectType objectType);
 

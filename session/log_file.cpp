@@ -30,10 +30,12 @@ void LogFile::Write(std::string_view text) {
     (void)stream_->Flush();
 }
 
-void LogFile::Close() {
-    if (!stream_) return;
-    (void)stream_->Close();
-    stream_.reset();
+platform::Result<void> LogFile::Close(std::string_view tail) {
+    if (!stream_) return {};
+    const auto stream = std::exchange(stream_, nullptr);
+    auto written = stream->Write(tail);
+    auto closed = stream->Close();
+    return written ? closed : written;
 }
 
 } // namespace tarvix::session

@@ -26,7 +26,8 @@ class LogFile {
     platform::Result<void> Open(platform::FileSystem& files, const std::string& path,
                                 std::string_view head);
     void Write(std::string_view text);
-    void Close();
+    // Writes `tail` and closes; what failed of that first. Closed it is in any case.
+    platform::Result<void> Close(std::string_view tail);
     bool IsOpen() const { return stream_ != nullptr; }
 
   private:

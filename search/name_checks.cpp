@@ -94,7 +94,7 @@ bool IsFakeFolder(std::string_view path) {
 }
 
 bool IsRecycleBinPath(const session::Session& session, std::string_view path) {
-    return !session.state.blnRecycleAllowed && session::IsRecycleBin(path);
+    return !session.state.blnRecycleAllowed && session::IsRecycleBinPath(path);
 }
 
 bool IsNestedRecoveryFolder(std::string_view path) {

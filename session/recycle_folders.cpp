@@ -33,7 +33,9 @@ bool IsDesktopTrash(std::string_view path) {
            text::EqualNoCase(text::FileNameOf(text::GetParentFolderName(share)), ".local");
 }
 
-bool MatchesAny(const std::array<text::LikePattern, 6>& patterns, std::string_view path) {
+using Patterns = std::array<text::LikePattern, 6>;
+
+bool MatchesAny(const Patterns& patterns, std::string_view path) {
     return std::ranges::any_of(
         patterns, [path](const text::LikePattern& pattern) { return pattern.Matches(path); });
 }
@@ -41,7 +43,16 @@ bool MatchesAny(const std::array<text::LikePattern, 6>& patterns, std::string_vi
 } // namespace
 
 bool IsRecycleBin(std::string_view path) {
-    static const std::array<text::LikePattern, 6> kBins{
+    if (IsDesktopTrash(path)) return true;
+    const std::string_view name = text::FileNameOf(path);
+    const bool isNamed =
+        std::ranges::any_of(std::array<std::string_view, 3>{"RECYCLER", "RECYCLED", "$RECYCLE.BIN"},
+                            [name](std::string_view bin) { return text::EqualNoCase(name, bin); });
+    return isNamed && text::FileNameOf(text::GetParentFolderName(path)).empty();
+}
+
+bool IsRecycleBinPath(std::string_view path) {
+    static const Patterns kBins{
         text::LikePattern("?:\\RECYCLER", true),     text::LikePattern("?:\\RECYCLED", true),
         text::LikePattern("?:\\$RECYCLE.BIN", true), text::LikePattern("\\\\*RECYCLER", true),
         text::LikePattern("\\\\*RECYCLED", true),    text::LikePattern("\\\\*$RECYCLE.BIN", true)};
@@ -49,13 +60,12 @@ bool IsRecycleBin(std::string_view path) {
 }
 
 bool IsInRecycleBin(std::string_view path) {
-    static const std::array<text::LikePattern, 6> kBins{
-        text::LikePattern("?:\\RECYCLER*", true),
-        text::LikePattern("?:\\RECYCLED*", true),
-        text::LikePattern("?:\\$RECYCLE.BIN*", true),
-        text::LikePattern("\\\\*RECYCLER*", true),
-        text::LikePattern("\\\\*RECYCLED*", true),
-        text::LikePattern("\\\\*$RECYCLE.BIN*", true)};
+    static const Patterns kBins{text::LikePattern("?:\\RECYCLER*", true),
+                                text::LikePattern("?:\\RECYCLED*", true),
+                                text::LikePattern("?:\\$RECYCLE.BIN*", true),
+                                text::LikePattern("\\\\*RECYCLER*", true),
+                                text::LikePattern("\\\\*RECYCLED*", true),
+                                text::LikePattern("\\\\*$RECYCLE.BIN*", true)};
     if (MatchesAny(kBins, path)) return true;
     for (path = text::StripTrailingSlash(path); !path.empty();
          path = text::GetParentFolderName(path)) {

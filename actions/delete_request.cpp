@@ -161,7 +161,8 @@ class Progress {
 
 void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
     auto& form = session.frmSearch;
-    auto& totals = session.state.lastAction;
+    auto& state = session.state;
+    auto& totals = state.lastAction;
     const std::string before = form.lblStatus.Caption.Get();
     form.lblStatus.Caption = session.state.action.bytRecycleAnswer == session::kOverrideYesToAll
                                  ? "Recycling or permanently deleting: Everything selected at once."
@@ -173,13 +174,15 @@ void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
     totals.done += static_cast<std::int64_t>(outcome.gone);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
     totals.skipped += static_cast<std::int64_t>(queue.size() - outcome.gone - outcome.failed);
-    if (outcome.blnStopped) {
-        session::LogTimed(session, " User stopped the delete of the objects.");
+    state.blnActionCancelled = outcome.blnStopped;
+    if (state.blnStopAction) session::LogTimed(session, " User stopped the delete of the objects.");
+    // One object that failed has had its line.
+    if (outcome.blnPartial) {
+        session::LogTimed(session, " Was unable to delete some (or one) of the queued objects"
+                                   " to the recycle bin.");
+    } else if (outcome.Succeeded()) {
+        session::LogTimed(session, " Deleted all queued objects to the recycle bin.");
     }
-    session::LogTimed(session, outcome.blnPartial || !outcome.Succeeded()
-                                   ? " Was unable to delete some (or one) of the queued objects "
-                                     "to the recycle bin."
-                                   : " Deleted all queued objects to the recycle bin.");
     form.lblStatus.Caption = before;
 }
 

@@ -1,14 +1,16 @@
 #include "actions/recycle.h"
 
-#include "platform/dir.h"
 #include "platform/file_system.h"
 #include "platform/trash.h"
 #include "session/attempt.h"
 #include "session/session.h"
+#include "text/case.h"
+#include "text/paths.h"
 
-#include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
+#include <unordered_map>
 
 namespace tarvix::actions {
 
@@ -20,10 +22,20 @@ using session::Session;
 constexpr std::uint32_t kPlainFolder = 16;
 constexpr std::uint32_t kPlainFile = 0;
 
+// Whether the object itself is there. Names are found without regard to case, so that what answers
+// to the name of an object that is gone may be its neighbour.
+bool IsThere(Session& session, const std::string& path) {
+    const auto truePath = session.files().TruePath(path);
+    return truePath && (*truePath == path || !text::EqualNoCase(*truePath, path));
+}
+
 // Clears what protects the object and deletes it for good, a folder only when it is empty.
 platform::Result<void> DeleteForGood(Session& session, const std::string& path, ObjectType kind) {
     auto& files = session.files();
     const bool isFile = kind == ObjectType::kFile;
+    if (!IsThere(session, path)) {
+        return platform::Failure(platform::kFileNotFound, path + " is not there.");
+    }
     if (auto plain = files.SetAttributes(path, isFile ? kPlainFile : kPlainFolder); !plain) {
         return plain;
     }
@@ -44,14 +56,14 @@ bool DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
     return true;
 }
 
-ObjectType KindOnDisk(Session& session, const RecycleEntry& entry) {
+// A link goes as a file, whatever it leads to.
+std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry) {
     const auto facts = session.files().Facts(entry.strActualPath);
-    if (!facts) {
-        session::LogTimed(session,
-                          " Was unable to determine the object type of: " + entry.strPath + ".");
-        return ObjectType::kNoType;
-    }
-    return facts->IsFolder() && !facts->IsLink() ? ObjectType::kFolder : ObjectType::kFile;
+    if (facts)
+        return facts->IsFolder() && !facts->IsLink() ? ObjectType::kFolder : ObjectType::kFile;
+    session::LogTimed(session,
+                      " Was unable to determine the object type of: " + entry.strPath + ".");
+    return {};
 }
 
 void AskOverride(Session& session, const RecycleEntry& entry) {
@@ -71,67 +83,108 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
     session::LogTimed(session, kLines[answer] + entry.strPath);
 }
 
-// The queue while it is worked off: what stands before `first` is settled.
+// Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
+// says; gives whether the object is gone.
+bool OverrideRecycleFailure(Session& session, const RecycleEntry& entry, bool blnNoPrompt,
+                            std::string_view routine) {
+    const auto& answer = session.state.action.bytRecycleAnswer;
+    const auto kind = KindOnDisk(session, entry);
+    if (!kind || answer == session::kOverrideNoToAll) return false;
+    if (answer != session::kOverrideYesToAll) {
+        if (blnNoPrompt) return false;
+        AskOverride(session, entry);
+    }
+    const bool deletes = answer == session::kOverrideYes || answer == session::kOverrideYesToAll;
+    return deletes && DeleteAnyway(session, entry, *kind, routine);
+}
+
+// The queue while it is worked off: what stands before `first_` is settled.
 class RecycleRun {
   public:
     RecycleRun(Session& session, const std::vector<RecycleEntry>& queue, bool blnNoPrompt,
                const RecycleObserver& observer)
-        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer) {
+        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer),
+          isGone_(queue.size()) {
         paths_.reserve(queue.size());
         for (const RecycleEntry& entry : queue) {
             paths_.push_back(entry.strActualPath);
         }
+        FindHolders();
     }
 
     RecycleOutcome Run() {
         while (first_ < paths_.size() && !outcome_.blnStopped) {
-            const auto sent = Send();
-            if (sent) {
-                outcome_.gone += paths_.size() - first_;
-                break;
+            if (WentWithItsFolder(first_)) {
+                SettleFirst(true);
+                continue;
             }
-            const std::size_t before = first_;
-            FirstExistingEntry();
-            outcome_.gone += first_ - before;
-            if (first_ == paths_.size()) break;
-            if (sent.error().number == platform::kInterrupted) {
-                outcome_.blnStopped = true;
-            } else if (!IsMissing(sent.error())) {
-                SettleFirst();
+            const std::size_t end = EndOfBatch();
+            const bool isSent = Send(end);
+            const std::size_t failed = isSent ? end : tried_;
+            while (first_ < failed) {
+                SettleFirst(true);
             }
+            if (!isSent && !outcome_.blnStopped) SettleFailed();
         }
         return outcome_;
     }
 
   private:
-    // Something that went with its folder; the next entry was not tried yet.
-    static bool IsMissing(const platform::PlatformError& error) {
-        return error.number == platform::kFileNotFound || error.number == platform::kPathNotFound;
-    }
-
-    platform::Result<void> Send() {
-        const std::size_t offset = first_;
-        platform::TrashObserver told;
-        if (observer_) told = [this, offset](std::size_t done) { return observer_(offset + done); };
-        return session_.platform.trash.Recycle(std::span(paths_).subspan(first_), told);
-    }
-
-    void FirstExistingEntry() {
-        while (first_ < paths_.size() &&
-               platform::DirName(session_.files(), paths_[first_], platform::kDirAll).empty()) {
-            ++first_;
+    // For each entry the last one before it that is a folder above it; its own number without one.
+    void FindHolders() {
+        std::unordered_map<std::string_view, std::size_t> known;
+        for (std::size_t i = 0; i < paths_.size(); ++i) {
+            std::size_t holder = i;
+            for (auto folder = text::GetParentFolderName(paths_[i]); !folder.empty() && holder == i;
+                 folder = text::GetParentFolderName(folder)) {
+                const auto found = known.find(folder);
+                if (found != known.end()) holder = found->second;
+            }
+            holders_.push_back(holder);
+            known.emplace(paths_[i], i);
         }
     }
 
-    void SettleFirst() {
-        const bool isQueue = paths_.size() > 1;
-        outcome_.blnPartial = outcome_.blnPartial || isQueue;
-        const RecycleEntry& entry = queue_[first_++];
-        const bool isGone =
-            OverrideRecycleFailure(session_, entry, KindOnDisk(session_, entry), noPrompt_);
-        ++(isGone ? outcome_.gone : outcome_.failed);
+    bool WentWithItsFolder(std::size_t index) const {
+        return holders_[index] != index && isGone_[holders_[index]];
+    }
+
+    // Up to what may go with a folder of this batch: its name could be taken for a neighbour's.
+    std::size_t EndOfBatch() const {
+        std::size_t end = first_ + 1;
+        while (end < paths_.size() && !WentWithItsFolder(end) &&
+               (holders_[end] == end || holders_[end] < first_)) {
+            ++end;
+        }
+        return end;
+    }
+
+    bool Send(std::size_t end) {
+        const std::size_t offset = tried_ = first_;
+        const platform::TrashObserver told = [this, offset](std::size_t done) {
+            tried_ = offset + done;
+            outcome_.blnStopped = observer_ && !observer_(tried_);
+            return !outcome_.blnStopped;
+        };
+        return session_.platform.trash
+            .Recycle(std::span(paths_).subspan(first_, end - first_), told)
+            .has_value();
+    }
+
+    void SettleFailed() {
+        const RecycleEntry& entry = queue_[first_];
+        if (!IsThere(session_, entry.strActualPath)) return SettleFirst(true);
+        outcome_.blnPartial = outcome_.blnPartial || paths_.size() > 1;
+        SettleFirst(OverrideRecycleFailure(session_, entry, noPrompt_,
+                                           paths_.size() > 1 ? "OverrideRecycleFailureEntry"
+                                                             : "OverrideRecycleFailure"));
         outcome_.blnStopped =
             session_.state.action.bytRecycleAnswer == session::kOverrideCancel && !noPrompt_;
+    }
+
+    void SettleFirst(bool isGone) {
+        isGone_[first_++] = isGone;
+        ++(isGone ? outcome_.gone : outcome_.failed);
     }
 
     Session& session_;
@@ -139,7 +192,10 @@ class RecycleRun {
     bool noPrompt_;
     const RecycleObserver& observer_;
     std::vector<std::string> paths_;
+    std::vector<std::size_t> holders_;
+    std::vector<bool> isGone_;
     std::size_t first_ = 0;
+    std::size_t tried_ = 0; // the entry that the trash had in hand
     RecycleOutcome outcome_;
 };
 
@@ -151,19 +207,8 @@ RecycleOutcome RecycleObjects(Session& session, const std::vector<RecycleEntry>&
 }
 
 bool RecycleOne(Session& session, const std::string& path) {
-    return RecycleObjects(session, {{path, path}}, true).gone == 1;
-}
-
-bool OverrideRecycleFailure(Session& session, const RecycleEntry& entry, ObjectType kind,
-                            bool blnNoPrompt) {
-    const auto& answer = session.state.action.bytRecycleAnswer;
-    if (kind == ObjectType::kNoType || answer == session::kOverrideNoToAll) return false;
-    if (answer != session::kOverrideYesToAll) {
-        if (blnNoPrompt) return false;
-        AskOverride(session, entry);
-    }
-    const bool deletes = answer == session::kOverrideYes || answer == session::kOverrideYesToAll;
-    return deletes && DeleteAnyway(session, entry, kind, "OverrideRecycleFailure");
+    const std::string actual = session.files().TruePath(path).value_or(path);
+    return RecycleObjects(session, {{actual, path}}, true).gone == 1;
 }
 
 void AddRecycleEvents(session::EventTable& events) {

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "session/errors.h"
-
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
@@ -17,7 +14,7 @@ namespace tarvix::actions {
 
 // One object on its way to the recycle bin.
 struct RecycleEntry {
-    std::string strActualPath; // for file system calls
+    std::string strActualPath; // for file system calls, spelled as on the disk
     std::string strPath;       // as listed, for reports
 };
 
@@ -40,11 +37,6 @@ RecycleOutcome RecycleObjects(session::Session& session, const std::vector<Recyc
                               bool blnNoPrompt, const RecycleObserver& observer = {});
 // The same for one object that nobody is asked about; gives whether it is gone.
 bool RecycleOne(session::Session& session, const std::string& path);
-
-// Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
-// says; gives whether the object is gone. Without a type, the disk tells it.
-bool OverrideRecycleFailure(session::Session& session, const RecycleEntry& entry,
-                            session::ObjectType kind, bool blnNoPrompt);
 
 void AddRecycleEvents(session::EventTable& events);
 

@@ -1,11 +1,21 @@
 #include "actions/duplicate_loops.h"
 
-#include "actions/copy_object.h"
+#include "actions/action_progress.h"
+#include "actions/ask_flow.h"
+#include "actions/destination.h"
+#include "actions/duplicate_rename.h"
+#include "actions/engine.h"
+#include "actions/outcome.h"
 #include "platform/dir.h"
+#include "platform/native_paths.h"
 #include "results/selection.h"
+#include "session/ask_long_path.h"
 #include "session/session.h"
+#include "session/short_path.h"
 #include "text/case.h"
-#include "text/paths.h"
+#include "text/characters.h"
+
+#include <utility>
 
 namespace tarvix::actions {
 
@@ -13,16 +23,38 @@ namespace {
 
 using session::Session;
 
-// Whether an object would be written on itself or into its own subfolder.
-bool IsOntoItself(std::string_view path, std::string_view destination) {
-    if (text::EqualNoCase(path, destination)) return true;
-    return text::Upper(destination).starts_with(text::Upper(path) + "\\");
+// Does what its loop does where a duplicate stands; false ends the loop.
+using DuplicateRule = bool (*)(Session& session, Outcome& outcome);
+
+bool Skip(Session&, Outcome& outcome) {
+    outcome.kind = OutcomeKind::kSkippedDuplicate;
+    return true;
 }
 
-void TellOntoItself(Session& session, const std::string& path, const std::string& destination) {
+bool Overwrite(Session& session, Outcome& outcome) {
+    OverWriteDuplicate(session);
+    outcome.kind = OutcomeKind::kOverwrote;
+    return true;
+}
+
+bool Rename(Session& session, Outcome& outcome) {
+    RenameObjForDuplicate(session);
+    outcome.kind = OutcomeKind::kCopied;
+    outcome.isNewName = true;
+    return true;
+}
+
+// Whether an object would be written on itself or into its own subfolder.
+bool IsOntoItself(std::string_view path, std::string_view destination) {
+    const std::string upperPath = text::Upper(path);
+    const std::string upperDestination = text::Upper(destination);
+    return upperPath == upperDestination || upperDestination.starts_with(upperPath + "\\");
+}
+
+void TellOntoItself(Session& session, const std::string& path) {
     const std::string told = " User attempted to write object: \r\n\r\n" + path +
                              "\r\n\r\n upon itself or to its own subfolder as: \r\n\r\n" +
-                             destination;
+                             session.state.action.strDestination;
     if (session.state.options.blnAutoMode) {
         session::LogTimed(session, told);
     } else {
@@ -30,80 +62,176 @@ void TellOntoItself(Session& session, const std::string& path, const std::string
     }
 }
 
-// Bytes of files copied so far, for the bar.
-class Progress {
+enum class PathTest { kGoOn, kNextDestination, kEndLoop };
+
+PathTest TestPathLimit(const session::SessionState& state) {
+    if (!state.blnPathLimitHit) return PathTest::kGoOn;
+    switch (state.bytPathChoice) {
+    case session::kPathCancel:
+        return PathTest::kEndLoop;
+    case session::kPathSkip:
+    case session::kPathSkipAll:
+        return PathTest::kNextDestination;
+    default:
+        return PathTest::kGoOn;
+    }
+}
+
+// One run of a loop.
+class Loop {
   public:
-    explicit Progress(Session& session) : session_(session) {
-        session.frmDialog.prgBytes.Value = 0;
-        session.frmDialog.prgBytes.Max = session.selection->lngSelTop + 1;
+    Loop(Session& session, DuplicateRule rule)
+        : session_(session), action_(session.state.action), tables_(*session.selection),
+          rule_(rule),
+          progress_(session, Count() * action_.intMultiCount,
+                    action_.blnMove ? 0 : tables_.lngSelBytes * action_.intMultiCount) {}
+
+    void Run() {
+        session_.state.blnStopAction = false;
+        session_.state.lastAction = {};
+        for (action_.lngIndex = 0; action_.lngIndex <= tables_.lngSelTop; ++action_.lngIndex) {
+            if (session_.frmDialog.optTo[2].Value &&
+                session_.frmDialog.chkFolderRename.Value == 1) {
+                BuildFolderPrefix(session_);
+            }
+            if (!PlaceEverywhere()) return;
+        }
     }
-    platform::CopyObserver Observer() {
-        return [this](const platform::CopyProgress& progress) {
-            if (progress.bytesTotal > kLargeFile) ShowFile(progress);
-            session_.Yield();
-            return true;
-        };
-    }
-    void Step() { session_.frmDialog.prgBytes.Value = ++done_; }
 
   private:
-    static constexpr std::uint64_t kLargeFile = 64 << 20;
+    std::int64_t Count() const { return tables_.lngSelTop + 1; }
+    std::size_t Index() const { return static_cast<std::size_t>(action_.lngIndex); }
 
-    void ShowFile(const platform::CopyProgress& progress) {
-        const auto percent = progress.bytesDone * 100 / progress.bytesTotal;
-        session_.frmDialog.lblBusy.Caption = "Busy - " + std::to_string(percent) + " % of " +
-                                             std::string(text::FileNameOf(progress.path));
+    bool PlaceEverywhere() {
+        for (action_.intMultiIndex = 1; action_.intMultiIndex <= action_.intMultiCount;
+             ++action_.intMultiIndex) {
+            session_.Yield();
+            if (session_.state.blnStopAction) {
+                session::LogTimed(session_, " User stopped the action.");
+                return false;
+            }
+            session_.state.blnPathLimitHit = false;
+            Outcome outcome{.index = Index()};
+            const bool hadError = std::exchange(action_.blnErrorOccurred, false);
+            const bool goesOn = PlaceOne(outcome);
+            Settle(outcome);
+            action_.blnErrorOccurred = action_.blnErrorOccurred || hadError;
+            progress_.Step();
+            if (!goesOn) return false;
+        }
+        return true;
+    }
+
+    // False ends the loop.
+    bool PlaceOne(Outcome& outcome) {
+        action_.blnPlaced = action_.blnProtected = false;
+        action_.strDestination =
+            ComputeDestination(session_, tables_.strSelName[Index()], tables_.strSelPath[Index()]);
+        outcome.strDestination = action_.strDestination;
+        if (const PathTest test = TestPathLimit(session_.state); test != PathTest::kGoOn) {
+            outcome.kind = OutcomeKind::kLongPath;
+            return test == PathTest::kNextDestination;
+        }
+        if (action_.blnNoDestination) {
+            outcome.kind = OutcomeKind::kNoDestination;
+            return true;
+        }
+        if (IsOntoItself(tables_.strSelPath[Index()], action_.strDestination) ||
+            IsOntoItself(tables_.strSelActualPath[Index()], action_.strDestination)) {
+            outcome.kind = OutcomeKind::kOntoItself;
+            TellOntoItself(session_, tables_.strSelPath[Index()]);
+            return true;
+        }
+        DetermineIfDuplicateExists(session_);
+        outcome.strDestination = action_.strDestination;
+        if (const PathTest test = TestPathLimit(session_.state); test != PathTest::kGoOn) {
+            outcome.kind = OutcomeKind::kLongPath;
+            return test == PathTest::kNextDestination;
+        }
+        return Act(outcome);
+    }
+
+    bool Act(Outcome& outcome) {
+        bool goesOn = true;
+        if (action_.strDirResult.empty()) {
+            PerformMoveOrCopy(session_);
+            outcome.kind = OutcomeKind::kCopied;
+        } else {
+            goesOn = rule_(session_, outcome);
+        }
+        if (TestPathLimit(session_.state) != PathTest::kGoOn && !action_.blnPlaced) {
+            outcome.kind = OutcomeKind::kLongPath;
+        }
+        return goesOn && TestPathLimit(session_.state) != PathTest::kEndLoop;
+    }
+
+    void Settle(Outcome& outcome) {
+        auto& totals = session_.state.lastAction;
+        if (action_.blnErrorOccurred) {
+            outcome.kind = OutcomeKind::kFailed;
+            ++totals.failed;
+        } else if (action_.blnPlaced) {
+            outcome.strDestination = action_.strPlacedAt;
+            if (action_.blnPlacedByMove) outcome.kind = OutcomeKind::kMoved;
+            ++totals.done;
+        } else {
+            const bool seemsPlaced = outcome.kind == OutcomeKind::kCopied ||
+                                     outcome.kind == OutcomeKind::kOverwrote ||
+                                     outcome.kind == OutcomeKind::kReplaced;
+            if (action_.blnProtected) {
+                outcome.kind = OutcomeKind::kProtected;
+            } else if (seemsPlaced) {
+                outcome.kind = OutcomeKind::kLeftAlone;
+            }
+            ++totals.skipped;
+        }
+        if (action_.sink) action_.sink->Settled(outcome);
     }
 
     Session& session_;
-    std::int64_t done_ = 0;
+    session::ActionState& action_;
+    const results::Selection& tables_;
+    DuplicateRule rule_;
+    ActionProgress progress_;
 };
-
-// False when the loop must end.
-bool PlaceOne(Session& session, std::size_t index, Progress& progress) {
-    const auto& tables = *session.selection;
-    auto& totals = session.state.lastAction;
-    Placement placement{.strSource = tables.strSelPath[index],
-                        .strSourceActual = tables.strSelActualPath[index],
-                        .strDestination = ComputeDestination(session, tables.strSelName[index]),
-                        .blnIsFile = tables.blnSelIsFile[index]};
-    if (IsOntoItself(placement.strSource, placement.strDestination) ||
-        IsOntoItself(placement.strSourceActual, placement.strDestination)) {
-        TellOntoItself(session, placement.strSource, placement.strDestination);
-        ++totals.skipped;
-        return true;
-    }
-    if (DetermineIfDuplicateExists(session, placement.strDestination)) {
-        ++totals.skipped;
-        return true;
-    }
-    const PlaceResult result = CopyObject(session, placement, progress.Observer());
-    ++(result == PlaceResult::kDone        ? totals.done
-       : result == PlaceResult::kSamePlace ? totals.skipped
-                                           : totals.failed);
-    return result != PlaceResult::kDiskFull;
-}
 
 } // namespace
 
-std::string ComputeDestination(const Session& session, std::string_view strName) {
-    return session.frmDialog.cmbDir.Text.Get() + "\\" + std::string(strName);
-}
-
-bool DetermineIfDuplicateExists(Session& session, std::string_view strDestination) {
-    return !platform::DirName(session.files(), strDestination, platform::kDirAll).empty();
+void DetermineIfDuplicateExists(Session& session) {
+    auto& action = session.state.action;
+    std::string& destination = action.strDestination;
+    if (text::Length(destination) > session::kLongPath) {
+        const auto& path = session.selection->strSelPath[static_cast<std::size_t>(action.lngIndex)];
+        session::AskLongPath(session, path, destination, "DetermineIfDuplicateExists", "frmDialog");
+        if (!session::ContinuesLongPath(session)) return;
+        auto shortened = session::GetShortPathNameReturnCodes(session, destination);
+        destination = std::move(shortened.path);
+        if (shortened.status < 2) return RefuseUnconverted(session, destination);
+    }
+    auto& files = session.files();
+    action.strDirResult = platform::DirName(files, destination, platform::kDirAll);
+    action.blnDestIsFile = false;
+    if (action.strDirResult.empty()) return;
+    std::string file = platform::DirName(files, destination, platform::kDirFiles);
+    if (file.empty()) return;
+    action.strDirResult = std::move(file);
+    action.blnDestIsFile = true;
 }
 
 void SkipAllDuplicates(Session& session) {
-    session.state.lastAction = {};
-    session.state.blnStopAction = false;
-    Progress progress(session);
-    const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
-    for (std::size_t index = 0; index < count; ++index) {
-        session.Yield();
-        if (session.state.blnStopAction || !PlaceOne(session, index, progress)) return;
-        progress.Step();
-    }
+    Loop(session, Skip).Run();
+}
+
+void OverwriteAllDuplicates(Session& session) {
+    Loop(session, Overwrite).Run();
+}
+
+void RenameAllDuplicates(Session& session) {
+    Loop(session, Rename).Run();
+}
+
+void Ask(Session& session) {
+    Loop(session, AskAboutDuplicate).Run();
 }
 
 } // namespace tarvix::actions

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include <cstddef>
 
 namespace tarvix::session {
 struct Session;
@@ -9,14 +8,17 @@ struct Session;
 
 namespace tarvix::actions {
 
-// Takes each selected object in list order; one whose destination exists already is left alone.
-// Ends early when the user stops or the disk is full.
+// The four loops over the selection, in list order, each object over all its destinations. They
+// differ in what they do where something stands at the destination already; they end early when
+// the user stops, cancels a prompt, or the disk is full. What became of each object is counted in
+// `lastAction`.
 void SkipAllDuplicates(session::Session& session);
+void OverwriteAllDuplicates(session::Session& session);
+void RenameAllDuplicates(session::Session& session);
+void Ask(session::Session& session);
 
-// The new path of one object: the destination and the object's name.
-std::string ComputeDestination(const session::Session& session, std::string_view strName);
-
-// Whether something of that name, a file or a folder, stands there.
-bool DetermineIfDuplicateExists(session::Session& session, std::string_view strDestination);
+// Looks what stands at `strDestination`: sets `strDirResult`, its name or empty, and
+// `blnDestIsFile`. A path too long to look at is asked about first and may be shortened.
+void DetermineIfDuplicateExists(session::Session& session);
 
 } // namespace tarvix::actions

@@ -113,6 +113,7 @@ void BuildFileArray(session::Session& session) {
         totals.Add(row);
     }
     tables.lngSelTop = static_cast<std::int64_t>(tables.strSelName.size()) - 1;
+    tables.lngSelBytes = static_cast<std::int64_t>(totals.bytes);
     ShowTotals(session, totals);
 }
 

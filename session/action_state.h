@@ -5,6 +5,11 @@
 #include <string>
 #include <vector>
 
+namespace tarvix::actions {
+class ActionProgress;
+class OutcomeSink;
+}
+
 namespace tarvix::session {
 
 constexpr int kMultiPathLimit = 1000;
@@ -87,6 +92,13 @@ struct ActionState {
     bool blnPathNotFoundTried = false;
     bool blnFolderAlreadyThere = false;
     bool blnFolderCreated = false;
+    bool blnPlaced = false;                      // the last copy or move did its work
+    std::vector<std::string> strCDDrives;        // "E:"; attributes are never written there
+    std::string strPlacedAt;     // where it then stands
+    bool blnPlacedByMove = false;
+    bool blnProtected = false; // it was left alone since it is hidden or a system object
+    actions::OutcomeSink* sink = nullptr; // follows the action object by object
+    actions::ActionProgress* progress = nullptr; // of the loop that runs
 
     // Answers that stand.
     std::uint8_t bytAskAnswer = kAskSkip;

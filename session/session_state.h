@@ -23,6 +23,16 @@ struct SearchLocation {
     std::string folderShort;
 };
 
+// What a batch asks of the action window, which then runs without a user.
+struct BatchRequest {
+    std::string strDestination;
+    bool blnOverwrite = false; // the first that is set counts
+    bool blnSkip = false;
+    bool blnAsk = false;
+    bool blnRename = false;
+    bool blnStepFailed = false;
+};
+
 // What the last action did, object by object.
 struct ActionTotals {
     std::int64_t done = 0;
@@ -81,7 +91,10 @@ struct SessionState {
     bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
 
+    std::string strRememberedDestination; // offered to the next action
+
     // Batches.
+    BatchRequest batch;
     bool blnAutoMove = false;
     bool blnAutoPlayList = false;
     bool blnAutoPlayListLocal = false;

@@ -10,6 +10,8 @@ class FrmDialog : public Form {
     FrmDialog();
 
     Label lblMain{*this, "lblMain"};
+    Label lblNumOfFilesSelected{*this, "lblNumOfFilesSelected", "0"};
+    Label lblNumOfDirsSelected{*this, "lblNumOfDirsSelected", "0"};
     ComboBox cmbDir{*this, "cmbDir"};
     CommandButton cmdBrowse{*this, "cmdBrowse", "&Browse..."};
 
@@ -59,19 +61,19 @@ class FrmDialog : public Form {
     Label lblAddEnd{*this, "lblAddEnd", "Name, then text"};
 
     // Written files.
-    CheckBox chkAddEOF{*this, "chkAddEOF", "Add *EOF", 1};
-    CheckBox chkComments{*this, "chkComments", "Comments", 1};
-    CheckBox chkFindSimilar{*this, "chkFindSimilar", "Find similar names"};
-    TextBox txtDeviation{*this, "txtDeviation"};
+    CheckBox chkAddEOF{*this, "chkAddEOF", "Add &EOF", 1};
+    CheckBox chkComments{*this, "chkComments", "Add pla&ylist comments.", 1};
+    CheckBox chkFindSimilar{*this, "chkFindSimilar", "&Get similar file names."};
+    TextBox txtDeviation{*this, "txtDeviation", "400000"};
 
     Label lblStatus{*this, "lblStatus"};
     Label lblBusy{*this, "lblBusy", "Busy"};
     Label lblProgress{*this, "lblProgress"}; // objects, bytes, speed, time left
     ProgressBar prgBytes{*this, "prgBytes"};
-    CommandButton cmdStop{*this, "cmdStop", "Sto&p", false};
+    CommandButton cmdStop{*this, "cmdStop", "Stop", false};
     CommandButton cmdPreview{*this, "cmdPreview", "Previe&w..."};
     CommandButton OKButton{*this, "OKButton", "&OK"};
-    CommandButton CancelButton{*this, "CancelButton", "&Cancel"};
+    CommandButton CancelButton{*this, "CancelButton", "Cancel"};
 };
 
 } // namespace tarvix::forms

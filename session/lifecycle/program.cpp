@@ -1,7 +1,6 @@
 #include "session/lifecycle/program.h"
 
-#include "actions/action_request.h"
-#include "actions/delete_request.h"
+#include "actions/start_action.h"
 #include "results/sorting.h"
 #include "search/request.h"
 #include "session/ask_long_path.h"
@@ -42,7 +41,6 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     AddListEvents(session_.events);
     search::AddSearchEvents(session_.events);
     actions::AddActionEvents(session_.events);
-    actions::AddDeleteEvents(session_.events);
     session::AddAskLongPathEvents(session_.events);
 }
 

@@ -1,6 +1,6 @@
 #include "session/lifecycle/startup.h"
 
-#include "actions/action_request.h"
+#include "actions/dialog_setup.h"
 #include "platform/registry.h"
 #include "results/result_list.h"
 #include "results/selection.h"
@@ -12,6 +12,7 @@
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/program.h"
 #include "session/options_file.h"
+#include "session/platform_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -135,6 +136,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     SetState(session);
     FindDataFolder(session);
     FormDataPaths(session);
+    session::OpenPlatformFile(session);
     AddStandingEntries(session);
     FirstRunCheck(session);
     ReadOptions(session);

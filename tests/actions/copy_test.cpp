@@ -205,9 +205,10 @@ TEST_F(Copy, AFailingObjectDoesNotStopTheOthers) {
     ExpectTotals(1, 0, 2);
     EXPECT_EQ(Totals().errors.size(), 2U);
     EXPECT_TRUE(State().action.blnErrorOccurred);
-    EXPECT_NE(LogText().find(" CopyObject has not proceeded as expected, copy did not occur. "
-                             "C:\\t\\1.txt: "),
-              std::string::npos);
+    program.Stop();
+    const auto errors = Disk().Content(State().strErrorLogFile).value_or("");
+    EXPECT_NE(errors.find(" Object = C:\\t\\1.txt\r\n"), std::string::npos);
+    EXPECT_NE(errors.find(" Routine : CopyObject\r\n"), std::string::npos);
 }
 
 TEST_F(Copy, AnObjectThatIsGoneMeanwhileIsAFailureOfItsOwn) {

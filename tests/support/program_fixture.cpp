@@ -48,6 +48,7 @@ void ProgramFixture::CopySelected(std::string_view destination) {
     prompts.SetModalRunner([this, typed, done](session::Session&, forms::Form& form) mutable {
         if (&form != &S().frmDialog || done) return false;
         done = true;
+        Set(S().frmDialog.chkSkipAll, "1");
         Set(S().frmDialog.cmbDir, typed);
         prompts.Queue("OK");
         Click(S().frmDialog.OKButton);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tarvix::actions {
+
+// The actions that write one file.
+constexpr std::array<std::string_view, 6> kTextGroup{
+    "Path and Names",   "Names Only", "Target Paths", "CreateHTML", "Create MPL From Combo Box",
+    "Numeric Increment"};
+
+constexpr bool IsTextGroup(std::string_view action) {
+    return std::ranges::find(kTextGroup, action) != kTextGroup.end();
+}
+
+constexpr bool IsCopyOrMove(std::string_view action) {
+    return action == "Copy" || action == "Move";
+}
+
+} // namespace tarvix::actions

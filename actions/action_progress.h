@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <cstdint>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::actions {
+
+// How far an action is, shown in the action window a few times a second: objects, bytes, speed and
+// time left. While it lives it is the session's; each copy reports to it.
+class ActionProgress {
+  public:
+    // With no bytes to come the bar counts objects.
+    ActionProgress(session::Session& session, std::int64_t objects, std::int64_t bytes);
+    ~ActionProgress();
+    ActionProgress(const ActionProgress&) = delete;
+    ActionProgress& operator=(const ActionProgress&) = delete;
+
+    // Lets waiting events run, too.
+    bool InFile(const platform::CopyProgress& progress);
+    // One object is settled.
+    void Step();
+
+  private:
+    void Show(bool now);
+
+    session::Session& session_;
+    std::int64_t objects_;
+    std::int64_t bytes_;
+    std::int64_t objectsDone_ = 0;
+    std::int64_t bytesBefore_ = 0; // of the objects that are settled
+    std::int64_t bytesInHand_ = 0;
+    std::int64_t started_;
+    std::int64_t due_;
+};
+
+// Reports to the session's progress, if there is one, and yields. Never abandons a copy.
+platform::CopyObserver ObserverOf(session::Session& session);
+
+} // namespace tarvix::actions

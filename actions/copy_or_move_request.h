@@ -1,0 +1,16 @@
+#pragma once
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::actions {
+
+// The actions that give each object a place: their checks in order, the confirmation, the run by
+// the duplicate choice, and the report.
+void RequestCopyOrMove(session::Session& session);
+void RequestCopyAsFolderName(session::Session& session);
+// The same for a step of a batch, which nobody is asked about: what is wrong goes to the log.
+void RequestAutomatedMove(session::Session& session);
+
+} // namespace tarvix::actions

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace tarvix::actions {
+
+// What became of one object at one of its destinations.
+enum class OutcomeKind {
+    kCopied,
+    kMoved,
+    kRenamed,
+    kOverwrote, // what stood there is in the recycle bin
+    kReplaced,  // the same, by the user's choice for a folder
+    kSkippedDuplicate,
+    kOntoItself,    // on itself or into its own subfolder
+    kNoDestination, // the rule gave no folder
+    kLongPath,      // left alone since its new path is too long
+    kProtected,     // hidden or system, and not to be overwritten
+    kLeftAlone,     // for another reason, that was told or logged
+    kFailed,
+};
+
+struct Outcome {
+    std::size_t index = 0; // in the selection
+    std::string strDestination;
+    OutcomeKind kind = OutcomeKind::kLeftAlone;
+    bool isNewName = false; // a duplicate that got another name
+};
+
+// Follows an action object by object.
+class OutcomeSink {
+  public:
+    virtual ~OutcomeSink() = default;
+    virtual void Settled(const Outcome& outcome) = 0;
+};
+
+} // namespace tarvix::actions

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+struct Session;
+}
+
+// The checks that several actions share before they run.
+namespace tarvix::actions {
+
+// Whether a file of that drive path exists; "." as its name counts too.
+bool IsExistingFile(session::Session& session, const std::string& path);
+
+// Tells a refusal and goes back to the window.
+void Refuse(session::Session& session, std::string_view told);
+
+// Asks "OK or Cancel"; on Cancel goes back to the window.
+bool Confirm(session::Session& session, std::string_view question);
+
+// Whether something is selected; otherwise says so and goes back to the window.
+bool HasSelection(session::Session& session);
+
+// A warning for a text of five characters or more with a "."; empty without one.
+std::string ExtensionWarning(std::string_view destination);
+
+// A warning for a copy or move to the places that the objects come from; empty without one.
+std::string SameLocationWarning(session::Session& session);
+
+// Whether duplicates could be renamed as chosen; otherwise says what is missing and goes back.
+bool HasRenameText(session::Session& session);
+
+// Gives the focus to the levels, says that they are missing, and goes back to the window.
+void RefuseLevels(session::Session& session, std::string_view told);
+
+} // namespace tarvix::actions

@@ -1,0 +1,131 @@
+#include "actions/start_action.h"
+
+#include "actions/ask_flow.h"
+#include "actions/delete_request.h"
+#include "actions/destination_controls.h"
+#include "actions/dialog_setup.h"
+#include "actions/multi_paths.h"
+#include "actions/ok_button.h"
+#include "results/selection.h"
+#include "session/session.h"
+
+#include <algorithm>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+constexpr int kWarn = session::kOkCancel + session::kExclamation + session::kSecondDefault;
+
+constexpr std::string_view kCopyWarning =
+    "ARE YOU REALLY SURE???\r\n\r\nCopying multiple folders in this mode, may make many duplicate "
+    "copies!";
+constexpr std::string_view kMoveWarning =
+    "ARE YOU REALLY SURE???\r\n\r\nMoving multiple folders in this mode, may have unexpected "
+    "results!\r\n\r\nIf any folders you selected are subfolders of other folders selected,\r\nthe "
+    "results will depend on which one is moved first!!\r\n\r\nAlso files with HIDDEN or SYSTEM "
+    "Attributes may get moved!";
+
+bool IsAutomated(const session::SessionState& state) {
+    return state.blnAutoMove || state.blnAutoPlayList;
+}
+
+// Folders taken together with what lies in them may have effects that surprise.
+bool ConfirmFolders(Session& session) {
+    const auto& form = session.frmSearch;
+    const bool isMixedMode =
+        form.chkIncludeSubFolders.Value == 1 && form.optFilesVsDirs.Chosen() == 2;
+    if (!isMixedMode) return true;
+    const auto& isFile = session.selection->blnSelIsFile;
+    const auto folders = std::ranges::count(isFile, false);
+    const auto files = std::ranges::count(isFile, true);
+    const std::string& action = session.state.strAction;
+    std::string_view warning;
+    if (action == "Copy" && (folders >= 2 || (folders >= 1 && files >= 1))) warning = kCopyWarning;
+    if (action == "Move" && folders > 1) warning = kMoveWarning;
+    return warning.empty() || session.MsgBox(warning, kWarn) == session::kOk;
+}
+
+void ShowDialog(Session& session) {
+    auto& state = session.state;
+    const bool isBatch = IsAutomated(state);
+    if (isBatch) session.frmDialog.Show();
+    OpenDialog(session);
+    if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(session.frmDialog);
+    state.strPrevAction = state.strAction;
+    if (state.strAction == "Move" && !state.blnActionCancelled) {
+        state.strRememberedDestination.clear();
+    }
+    if (state.blnPlayListMode) session.events.Raise(session, "frmSearch.ReloadPlayList");
+    session.events.Raise(session, "frmSearch.Form_Activate");
+}
+
+struct Start {
+    std::string_view action;
+    std::string_view heading;
+};
+
+void StartAction(Session& session, const Start& start) {
+    auto& state = session.state;
+    auto& form = session.frmDialog;
+    const bool isCopyOrMove = start.action != "Rename";
+    if (start.action != "Move" || !IsAutomated(state)) state.strAction = start.action;
+    state.blnActionCancelled = false;
+    state.lastAction = {};
+    if (isCopyOrMove) state.action.bytOverrideAnswer = session::kOverrideNo;
+    results::BuildFileArray(session);
+    if (isCopyOrMove && !ConfirmFolders(session)) {
+        state.blnActionCancelled = true;
+        return;
+    }
+    // A batch notes in the log that its step found nothing.
+    if (session.selection->lngSelTop < 0 && !IsAutomated(state)) {
+        session.MsgBox("Nothing is selected.");
+        return;
+    }
+    form.lblMain.Caption = std::string(start.heading);
+    if (start.action != "Move" || form.optTo[0].Value) {
+        form.txtFolderTree.Visible = form.lblFolderTree.Visible = false;
+    }
+    if (!state.strRememberedDestination.empty()) form.cmbDir.Text = state.strRememberedDestination;
+    session::LogTimed(session, " User clicked on the " + std::string(start.action) +
+                                   " Button which opened the Action form. ");
+    ShowDialog(session);
+}
+
+void AddWindowEvents(session::EventTable& events) {
+    events.On("frmDialog.OKButton_Click", OKButton_Click);
+    events.On("frmDialog.CancelButton_Click", CancelButton_Click);
+    events.On("frmDialog.cmdStop_Click", [](Session& session, const session::EventArgs&) {
+        session.state.blnStopAction = true;
+    });
+}
+
+} // namespace
+
+void cmdCopySelected_Click(Session& session) {
+    StartAction(session, {"Copy", "Copy Files or Folders to:"});
+}
+
+void cmdMoveSelected_Click(Session& session) {
+    StartAction(session, {"Move", "Move Files and\\or Folders to:"});
+}
+
+void cmdRenameSelected_Click(Session& session) {
+    StartAction(session, {"Rename", "Rename Objects Only"});
+}
+
+void AddActionEvents(session::EventTable& events) {
+    events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
+    events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
+    events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);
+    AddWindowEvents(events);
+    AddAskEvents(events);
+    AddDestinationEvents(events);
+    AddMultiPathEvents(events);
+    AddDeleteEvents(events);
+}
+
+} // namespace tarvix::actions

@@ -1,4 +1,5 @@
 // The windows: a machine under Linux, the prompts and the main window over one program.
+#include "app/saved_drives.h"
 #include "forms/qt/event_gate.h"
 #include "forms/qt/qt_prompts.h"
 #include "forms/qt/search_window.h"
@@ -135,6 +136,7 @@ int main(int argc, char** argv) {
 
     platform::LinuxOptions options;
     options.dataFolder = request->dataFolder;
+    app::AddSavedDrives(options);
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
     qt::EventGate gate;

@@ -1,4 +1,5 @@
 // The headless front: this machine without its desktop, and the commands of `cli/`.
+#include "app/saved_drives.h"
 #include "cli/host.h"
 #include "platform/linux/linux_platform.h"
 
@@ -34,6 +35,7 @@ std::expected<platform::Platform, std::string> Open(Machine& machine, const std:
         }
         options.extraDrives.push_back({letter, native});
     }
+    app::AddSavedDrives(options);
     machine = std::make_unique<platform::LinuxPlatform>(std::move(options));
     return machine->Parts();
 }

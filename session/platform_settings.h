@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
 
 constexpr std::size_t kListColumns = 27;
+constexpr int kLatestYear = 2025;
 
 // Where a window stood when it closed, in pixels of its toolkit; a width of 0 is no place.
 struct WindowPlace {
@@ -22,19 +24,35 @@ struct WindowPlace {
 
 // What is particular to this machine and so stands in no options file.
 struct PlatformSettings {
-    std::map<char, std::string> drives; // by letter, native folders
+    std::map<char, std::string> drives; // by letter from D to Z, absolute native folders
     bool listsAreNative = true;         // paths in written lists
     std::string editor;                 // a command; empty for the desktop's own
-    std::string player;                 // instead of VLC
-    std::string secondPlayer;           // instead of Winamp
-    int latestYear = 2025;              // the last year that is plausible for a file
+    std::string player;                 // in the place of VLC
+    std::string secondPlayer;           // in the place of Winamp
+    int latestYear = kLatestYear;       // the last year that is plausible for a file
     WindowPlace searchWindow;
     WindowPlace dialogWindow;
     // By column index, in pixels; 0 for the width that the column has at first.
     std::array<int, kListColumns> columnWidths{};
     std::vector<int> columnOrder; // column indexes from left to right; empty for the usual order
-    std::vector<std::string> others; // lines that this version doesn't know, kept as they stand
+    std::vector<std::string> unknownLines; // kept as they stand
     bool operator==(const PlatformSettings&) const = default;
 };
+
+// The settings in the lines of a file, "key = value" each, up to "*EOF" or its end. A line that
+// isn't understood, or whose value is none, is kept among `unknownLines`; lines that begin with "#"
+// are passed over.
+PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines);
+// The whole text of the file, a comment above each key.
+std::string PlatformSettingsText(const PlatformSettings& settings);
+
+// One setting by its key without regard to case, as the command line lists and sets them. Setting
+// fails for an unknown key and for a value that is none.
+struct NamedSetting {
+    std::string key;
+    std::string value;
+};
+std::vector<NamedSetting> ListSettings(const PlatformSettings& settings);
+bool SetSetting(PlatformSettings& settings, std::string_view key, std::string_view value);
 
 } // namespace tarvix::session

@@ -3,6 +3,7 @@
 #include "platform/environment.h"
 #include "platform/file_system.h"
 #include "session/missing_folders.h"
+#include "session/platform_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/format.h"
@@ -11,24 +12,31 @@
 namespace tarvix::lifecycle {
 
 namespace {
+constexpr std::string_view kPlatformFile = "TXPlatform.txt";
+
 // The program's own folder without its drive, or without the "\\" of a share.
 std::string BelowDrive(std::string_view folder) {
     return std::string(text::Mid(folder, 3));
 }
 } // namespace
 
+DataPlace PlaceOfData(const platform::Environment& environment) {
+    const std::string program = environment.ProgramFolder();
+    if (const auto asked = environment.DataFolder()) {
+        return {std::string(text::StripTrailingSlash(*asked)), false};
+    }
+    if (environment.IsProtectedFolder(program)) {
+        return {environment.VirtualStore() + BelowDrive(program), true};
+    }
+    return {program, false};
+}
+
 void FindDataFolder(session::Session& session) {
     auto& state = session.state;
-    auto& environment = session.platform.environment;
-    state.strProgramFolder = environment.ProgramFolder();
-    if (const auto asked = environment.DataFolder()) {
-        state.strDataFolder = std::string(text::StripTrailingSlash(*asked));
-    } else if (environment.IsProtectedFolder(state.strProgramFolder)) {
-        state.blnDataInVirtualStore = true;
-        state.strDataFolder = environment.VirtualStore() + BelowDrive(state.strProgramFolder);
-    } else {
-        state.strDataFolder = state.strProgramFolder;
-    }
+    const DataPlace place = PlaceOfData(session.platform.environment);
+    state.strProgramFolder = session.platform.environment.ProgramFolder();
+    state.strDataFolder = place.folder;
+    state.blnDataInVirtualStore = place.isVirtualStore;
     if (!platform::GetFolder(session.files(), state.strDataFolder)) {
         session::CreateMissingFolder(session, state.strDataFolder, true);
     }
@@ -46,6 +54,14 @@ void FormDataPaths(session::Session& session) {
     state.strErrorLogFile = folder + "TXProgramError.log";
     state.strOptionFile = folder + "TXOptionFile.txt";
     state.strOptionBackupFile = folder + "TXOptionFile.bak";
+    state.strPlatformFile = folder + std::string(kPlatformFile);
+}
+
+std::vector<std::pair<char, std::string>> SavedDrives(const platform::Platform& machine) {
+    const std::string folder = PlaceOfData(machine.environment).folder;
+    const auto settings =
+        session::ReadPlatformFile(machine.files, text::JoinPath(folder, kPlatformFile));
+    return {settings.drives.begin(), settings.drives.end()};
 }
 
 } // namespace tarvix::lifecycle

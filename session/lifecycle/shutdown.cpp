@@ -1,6 +1,7 @@
 #include "session/histories.h"
 #include "session/lifecycle/startup.h"
 #include "session/options_file.h"
+#include "session/platform_file.h"
 #include "session/session.h"
 
 namespace tarvix::lifecycle {
@@ -28,6 +29,7 @@ void SaveFiles(Session& session) {
     session::SaveFolderHistoryFile2(session);
     session::SaveDestHistoryFile2(session);
     session::SaveOptionFile(session);
+    session::SavePlatformFile(session);
 }
 
 } // namespace

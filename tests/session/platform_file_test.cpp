@@ -1,0 +1,236 @@
+#include "session/lifecycle/data_folder.h"
+#include "session/platform_file.h"
+#include "tests/support/program_fixture.h"
+#include "text/characters.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvix::testing {
+namespace {
+
+using session::PlatformSettings;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+const std::string kFile = "C:\\home\\ann\\tarvix\\TXPlatform.txt";
+
+// ---- the text ----
+
+TEST(PlatformSettingsText, HasACommentForEachKey) {
+    PlatformSettings settings;
+    settings.drives = {{'E', "/srv/collection"}};
+    settings.listsAreNative = false;
+    settings.editor = "gedit --wait";
+    settings.player = "vlc";
+    settings.latestYear = 2026;
+    settings.searchWindow = {-10, 20, 1120, 720, true};
+    settings.columnWidths[0] = 300;
+    settings.columnWidths[8] = 99;
+    settings.columnOrder = {0, 8, 1};
+    settings.unknownLines = {"Later = yes"};
+    EXPECT_EQ(
+        session::PlatformSettingsText(settings),
+        "# What is particular to this machine. Tarvix writes this file when it closes: edit it "
+        "only then.\r\n"
+        "# Letters from D to Z for folders and mounts, as \"Drive E: = /srv/collection\".\r\n"
+        "Drive E: = /srv/collection\r\n"
+        "# Paths in lists that are written: native or drive.\r\n"
+        "ListPathForm = drive\r\n"
+        "# The command that opens text files; empty for the desktop's own.\r\n"
+        "Editor = gedit --wait\r\n"
+        "# The command of the media player; empty for the desktop's own.\r\n"
+        "Player = vlc\r\n"
+        "# The command of a second media player; empty for none.\r\n"
+        "SecondPlayer =\r\n"
+        "# The last year that is plausible for the date of a file.\r\n"
+        "LatestFileYear = 2026\r\n"
+        "# Left, top, width and height of the main window, and maximized if it was.\r\n"
+        "SearchWindow = -10,20,1120,720,maximized\r\n"
+        "# The same of the action window.\r\n"
+        "ActionWindow =\r\n"
+        "# Widths of columns that were changed, as \"Name:260\".\r\n"
+        "ColumnWidths = Name:300,PathSubItem:99\r\n"
+        "# The columns from left to right; empty for the usual order.\r\n"
+        "ColumnOrder = Name,PathSubItem,SizeSubItem\r\n"
+        "Later = yes\r\n"
+        "*EOF");
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    const std::string plain = text::Replace(text, "\r\n", "\n");
+    for (const auto line : text::Split(plain, '\n'))
+        lines.emplace_back(line);
+    return lines;
+}
+
+TEST(PlatformSettingsText, IsReadAsItWasWritten) {
+    PlatformSettings settings;
+    settings.drives = {{'D', "/media/ann/STICK"}, {'Z', "/srv/a = b"}};
+    settings.secondPlayer = "audacious --enqueue";
+    settings.dialogWindow = {0, 0, 800, 549, false};
+    settings.columnWidths[26] = 1;
+    settings.columnOrder = {26, 0};
+    settings.unknownLines = {"??"};
+    EXPECT_EQ(session::ParsePlatformSettings(LinesOf(session::PlatformSettingsText(settings))),
+              settings);
+}
+
+TEST(PlatformSettingsText, KeysCountInAnyCaseAndBlanksAreNothing) {
+    const auto settings = session::ParsePlatformSettings(
+        {"  LISTPATHFORM=Drive ", "drive e:= /x", "Drive f = /y", "", "# editor = no"});
+    EXPECT_FALSE(settings.listsAreNative);
+    EXPECT_THAT(settings.drives, ElementsAre(Pair('E', "/x"), Pair('F', "/y")));
+    EXPECT_EQ(settings.editor, "");
+    EXPECT_THAT(settings.unknownLines, IsEmpty());
+}
+
+TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
+    const std::vector<std::string> bad{"ListPathForm = nativ",
+                                       "Drive C: = /x",
+                                       "Drive EE: = /x",
+                                       "Drive E: = relative",
+                                       "LatestFileYear = soon",
+                                       "LatestFileYear = 1979",
+                                       "SearchWindow = 1,2,3",
+                                       "SearchWindow = 1,2,0,4",
+                                       "SearchWindow = 1,2,3,4,full",
+                                       "ColumnWidths = Name",
+                                       "ColumnWidths = Name:0",
+                                       "ColumnWidths = NoSuchColumn:5",
+                                       "ColumnWidths = Name:99999999999",
+                                       "ColumnOrder = Name,Name",
+                                       "ColumnOrder = x",
+                                       "nonsense",
+                                       "= 5"};
+    PlatformSettings expected;
+    expected.unknownLines = bad;
+    EXPECT_EQ(session::ParsePlatformSettings(bad), expected);
+}
+
+TEST(PlatformSettingsText, TheLastOfTwoLinesCountsAndNothingBehindTheEndMark) {
+    const auto settings =
+        session::ParsePlatformSettings({"Editor = a", "Editor = b", "*EOF", "Editor = c"});
+    EXPECT_EQ(settings.editor, "b");
+}
+
+TEST(PlatformSettingsText, AnEmptyValueTakesASettingBack) {
+    PlatformSettings settings;
+    settings.drives = {{'E', "/x"}};
+    EXPECT_TRUE(session::SetSetting(settings, "Drive E:", ""));
+    EXPECT_THAT(settings.drives, IsEmpty());
+    EXPECT_FALSE(session::SetSetting(settings, "Editor", "a\nb"));
+}
+
+// ---- the file ----
+
+class PlatformFile : public ProgramFixture {
+  protected:
+    std::string Saved() {
+        program.Stop();
+        return Disk().Content(kFile).value_or("");
+    }
+};
+
+TEST_F(PlatformFile, IsMadeAtTheFirstCloseWithItsDefaults) {
+    Start();
+    EXPECT_EQ(Saved(), session::PlatformSettingsText({}));
+}
+
+TEST_F(PlatformFile, IsNotWrittenAgainWhileNothingChanges) {
+    const std::string mine = "# my own order\nEditor = vi\n*EOF";
+    Disk().AddFile(kFile, mine);
+    Start();
+    EXPECT_EQ(Saved(), mine);
+}
+
+TEST_F(PlatformFile, GivesTheLatestPlausibleYear) {
+    Disk().AddFile(kFile, "LatestFileYear = 2030\r\n*EOF");
+    Start();
+    EXPECT_EQ(State().options.intLatestYear, 2030);
+}
+
+TEST_F(PlatformFile, TheLatestPlausibleYearIs2025UnlessSet) {
+    Start();
+    EXPECT_EQ(State().options.intLatestYear, 2025);
+}
+
+TEST_F(PlatformFile, KeepsTheYearWhateverTheOptionsFileSays) {
+    Disk().AddFile(kFile, "LatestFileYear = 2030\r\n*EOF");
+    Disk().AddFile("C:\\home\\ann\\tarvix\\TXOptionFile.txt", "");
+    Start();
+    EXPECT_EQ(State().options.intLatestYear, 2030);
+}
+
+TEST_F(PlatformFile, RemembersTheLetterOfAMountAndNotOfAnotherFolder) {
+    Disk().AddDrive("F:", platform::DriveType::kRemovable, "vfat", "/media/ann/STICK");
+    Disk().AddDrive("G:", platform::DriveType::kFixed, "ext4", "/srv/for this run");
+    Start();
+    EXPECT_THAT(Saved(), HasSubstr("Drive F: = /media/ann/STICK\r\n# Paths"));
+}
+
+TEST_F(PlatformFile, ALetterStaysWithAMountThatIsGone) {
+    Disk().AddFile(kFile, "Drive K: = /media/ann/OTHER\r\nEditor = x\r\n*EOF");
+    Start();
+    State().platformSettings.editor = "y";
+    EXPECT_THAT(Saved(), HasSubstr("Drive K: = /media/ann/OTHER\r\n"));
+}
+
+TEST_F(PlatformFile, LogsALineThatIsNotUnderstoodAndKeepsIt) {
+    Disk().AddFile(kFile, "ListPathForm = nativ\r\n*EOF");
+    Start();
+    State().platformSettings.editor = "y";
+    const std::string log = LogText();
+    EXPECT_TRUE(HasEntry(log, " " + kFile +
+                                  " has a line that is not understood: "
+                                  "ListPathForm = nativ"));
+    EXPECT_THAT(*Disk().Content(kFile), HasSubstr("\r\nListPathForm = nativ\r\n*EOF"));
+}
+
+TEST_F(PlatformFile, ASaveThatFailsIsToldAndLeavesTheOldFile) {
+    Disk().AddFile(kFile, "Editor = x\r\n*EOF");
+    Start();
+    State().platformSettings.editor = "y";
+    machine.faults.FailPath(kFile + ".tmp", platform::kDiskFull);
+    EXPECT_EQ(Saved(), "Editor = x\r\n*EOF");
+    EXPECT_TRUE(WasTold("unexpected error 61 "));
+}
+
+TEST_F(PlatformFile, AFileThatCannotBeReadIsNotWrittenOver) {
+    Disk().AddFile(kFile, "Editor = x\r\n*EOF");
+    machine.faults.FailPath(kFile, platform::kPermissionDenied, "OpenAsTextStream");
+    Start();
+    EXPECT_EQ(State().platformSettings.editor, "");
+    EXPECT_EQ(Saved(), "Editor = x\r\n*EOF");
+    EXPECT_TRUE(WasTold("unexpected error 70 "));
+}
+
+TEST_F(PlatformFile, SavedDrivesAreReadWithoutASession) {
+    Disk().AddFile(kFile, "Drive E: = /srv/collection\r\n*EOF");
+    EXPECT_THAT(lifecycle::SavedDrives(machine.platform),
+                ElementsAre(Pair('E', "/srv/collection")));
+}
+
+TEST_F(PlatformFile, WithoutAFileThereAreNoSavedDrives) {
+    EXPECT_THAT(lifecycle::SavedDrives(machine.platform), IsEmpty());
+}
+
+TEST_F(PlatformFile, SavedDrivesAreFoundInTheVirtualStore) {
+    machine.environment.programFolder = "C:\\usr\\bin";
+    Disk().AddFile("C:\\home\\ann\\.local\\share\\tarvix\\VirtualStore\\usr\\bin\\TXPlatform.txt",
+                   "Drive E: = /x\n*EOF");
+    EXPECT_THAT(lifecycle::SavedDrives(machine.platform), ElementsAre(Pair('E', "/x")));
+}
+
+TEST_F(PlatformFile, ListsHaveNativePathsUnlessTold) {
+    Start();
+    EXPECT_EQ(session::PathForList(S(), "C:\\home\\ann"), "/home/ann");
+    EXPECT_EQ(session::PathForList(S(), "Q:\\nowhere"), "Q:\\nowhere");
+    State().platformSettings.listsAreNative = false;
+    EXPECT_EQ(session::PathForList(S(), "C:\\home\\ann"), "C:\\home\\ann");
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -4,6 +4,7 @@
 #include "actions/engine.h"
 #include "actions/name_parts.h"
 #include "actions/no_short_path.h"
+#include "actions/outcome.h"
 #include "actions/renamed_folders.h"
 #include "platform/dir.h"
 #include "results/selection.h"
@@ -132,6 +133,13 @@ Renamed Renaming::ObjectAt(std::size_t index) const {
 void Renaming::Settle(const Renamed& object, std::size_t index) {
     auto& totals = session_.state.lastAction;
     ++(object.hasFailed ? totals.failed : object.isChanged ? totals.done : totals.skipped);
+    if (action_.sink) {
+        action_.sink->Settled({.index = index,
+                               .strDestination = object.old,
+                               .kind = object.hasFailed   ? OutcomeKind::kFailed
+                                       : object.isChanged ? OutcomeKind::kRenamed
+                                                          : OutcomeKind::kLeftAlone});
+    }
     if (!object.isChanged) return;
     action_.blnRenamed = true;
     if (object.isFile) return;

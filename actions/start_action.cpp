@@ -6,6 +6,7 @@
 #include "actions/dialog_setup.h"
 #include "actions/multi_paths.h"
 #include "actions/ok_button.h"
+#include "actions/preview.h"
 #include "results/selection.h"
 #include "session/session.h"
 
@@ -126,6 +127,7 @@ void AddActionEvents(session::EventTable& events) {
     AddDestinationEvents(events);
     AddMultiPathEvents(events);
     AddDeleteEvents(events);
+    AddPreviewEvents(events);
 }
 
 } // namespace tarvix::actions

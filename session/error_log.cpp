@@ -40,7 +40,7 @@ void ErrorLog::Close(Session& session) {
 void ErrorLog::WriteRaw(std::string_view text) {
     if (file_.IsOpen()) {
         file_.Write(text);
-    } else {
+    } else if (keeps_) {
         early_.append(text);
     }
 }

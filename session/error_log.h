@@ -17,11 +17,14 @@ class ErrorLog {
     void Close(Session& session);
     // Text as it stands; before the log opens it is kept, and follows the opening line.
     void WriteRaw(std::string_view text);
+    // A session that only rehearses has no log; nothing waits for one.
+    void KeepNothing() { keeps_ = false; }
     bool IsOpen() const { return file_.IsOpen(); }
 
   private:
     LogFile file_;
     std::string early_;
+    bool keeps_ = true;
 };
 
 } // namespace tarvix::session

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::session {
+class EventTable;
+struct Session;
+} // namespace tarvix::session
+
+namespace tarvix::actions {
+
+enum class Verdict : std::uint8_t {
+    kCopy,
+    kMove,
+    kRename,
+    kDuplicateRename,
+    kDuplicateOverwrite,
+    kDuplicateSkip,
+    kDuplicateAsk,
+    kSamePlace,
+    kNoDestination,
+    kLongPath,
+    kProtectedCopy, // a hidden or system object, which is copied instead of moved
+    kProtectedAsk,  // it would be asked about before it is overwritten
+    kUnchanged,
+    kFailed,
+};
+
+// "copy", "duplicate: skip" ...
+std::string_view VerdictText(Verdict verdict);
+
+struct PreviewEntry {
+    std::size_t index = 0; // in the selection
+    std::string strNewPath;
+    Verdict verdict = Verdict::kUnchanged;
+};
+
+struct PreviewResult {
+    std::vector<PreviewEntry>
+        entries; // in the order of the action, each object at each destination
+    // Why the action would not run at all; empty when it would.
+    std::string refusal;
+    bool blnStopped = false; // the user did not wait for the end
+};
+
+// What OK would do now, worked out by the routines of the action itself on a file system that only
+// records. Nothing is changed, logged or asked; where something would be asked, the verdict says so
+// and the object counts as left alone. Yields.
+PreviewResult Preview(session::Session& session);
+
+// Shows that in frmPreview.
+void cmdPreview_Click(session::Session& session);
+
+void AddPreviewEvents(session::EventTable& events);
+
+} // namespace tarvix::actions

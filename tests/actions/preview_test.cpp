@@ -1,0 +1,90 @@
+#include "actions/preview.h"
+#include "tests/support/program_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvix::testing {
+namespace {
+
+using actions::Verdict;
+using ::testing::ElementsAre;
+
+// What the action window foretells, and that foretelling changes nothing.
+class PreviewTest : public ProgramFixture {
+  protected:
+    PreviewTest() {
+        Disk().AddFile("C:\\t\\a.txt", "1");
+        Disk().AddFile("C:\\t\\b.txt", "2");
+        Disk().AddFile("C:\\d\\b.txt", "old");
+    }
+    // Opens the action window for everything found, lets `fill` set it, and takes the preview.
+    actions::PreviewResult Foretell(forms::CommandButton& button,
+                                    const std::function<void(forms::FrmDialog&)>& fill) {
+        Start();
+        Search("*", "C:\\t");
+        Click(Form().cmdSelectAll);
+        actions::PreviewResult result;
+        prompts.SetModalRunner([&](session::Session&, forms::Form& form) {
+            if (!form.IsShown()) return false;
+            fill(S().frmDialog);
+            const auto before = Disk().AllFiles();
+            result = actions::Preview(S());
+            EXPECT_EQ(Disk().AllFiles(), before);
+            Click(S().frmDialog.CancelButton);
+            return true;
+        });
+        Click(button);
+        prompts.SetModalRunner({});
+        return result;
+    }
+    static std::vector<std::string> Verdicts(const actions::PreviewResult& result) {
+        std::vector<std::string> texts;
+        for (const auto& entry : result.entries) {
+            texts.push_back(entry.strNewPath + " - " +
+                            std::string(actions::VerdictText(entry.verdict)));
+        }
+        return texts;
+    }
+};
+
+TEST_F(PreviewTest, ACopyThatSkipsDuplicates) {
+    const auto result = Foretell(Form().cmdCopySelected, [this](forms::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\d");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\a.txt - copy", "C:\\d\\b.txt - duplicate: skip"));
+    EXPECT_EQ(LogText().find(" Copy C:"), std::string::npos);
+}
+
+TEST_F(PreviewTest, ACopyThatAsks) {
+    const auto result = Foretell(Form().cmdCopySelected,
+                                 [this](forms::FrmDialog& form) { Set(form.cmbDir, "C:\\d"); });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\a.txt - copy", "C:\\d\\b.txt - duplicate: ask"));
+}
+
+TEST_F(PreviewTest, AMoveThatRenamesDuplicates) {
+    const auto result = Foretell(Form().cmdMoveSelected, [this](forms::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\d");
+        Set(form.chkRename, "1");
+    });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\a.txt - move", "C:\\d\\b_.txt - duplicate: rename"));
+}
+
+TEST_F(PreviewTest, ARenameInPlace) {
+    const auto result = Foretell(Form().cmdRenameSelected,
+                                 [this](forms::FrmDialog& form) { Set(form.txtAdd, "x"); });
+    EXPECT_THAT(Verdicts(result), ElementsAre("C:\\t\\ax.txt - rename", "C:\\t\\bx.txt - rename"));
+}
+
+TEST_F(PreviewTest, ARefusalIsTold) {
+    const auto result =
+        Foretell(Form().cmdCopySelected, [this](forms::FrmDialog& form) { Set(form.cmbDir, "x"); });
+    EXPECT_TRUE(result.entries.empty());
+    EXPECT_EQ(result.refusal, "It appears you did not select a destination folder. ");
+}
+
+} // namespace
+} // namespace tarvix::testing

@@ -30,6 +30,9 @@ constexpr std::array<std::string_view, 5> kKinds{"files", "empty files", "files 
 // Yes/No, critical, No as the default.
 constexpr int kDeleteStyle = session::kYesNo + session::kCritical + session::kSecondDefault;
 
+constexpr std::string_view kNoMoreDeleted =
+    "No more of the empty folders could be deleted. See the action log for what was skipped.";
+
 bool IsChecked(const forms::CheckBox& box) {
     return box.Value == 1;
 }
@@ -241,8 +244,7 @@ bool RunFollowUp(Session& session, Outcome outcome) {
         if (state.blnActionCancelled || state.lastAction.done == 0) {
             // What can't be deleted now would be found again for ever.
             state.blnRepeatDeleteEmpty = false;
-            session.MsgBox("No more of the empty folders could be deleted. See the action log for "
-                           "what was skipped.");
+            if (!state.blnActionCancelled) session.MsgBox(kNoMoreDeleted);
             return true;
         }
         form.lblStatus.Caption = "Repeat Searching";

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,20 +26,30 @@ std::vector<std::string> FilesIn(platform::FileSystem& files, const std::string&
     return names;
 }
 
+// Tells of the files from `begin` on.
+void PlanFrom(std::size_t begin, platform::FileSystem& files, const std::vector<std::string>& paths,
+              const std::string& to) {
+    std::vector<platform::PlannedCopy> planned;
+    for (std::size_t i = begin; i < std::min(begin + 64, paths.size()); ++i)
+        planned.push_back({paths[i], to});
+    files.CopySoon(planned);
+}
+
 platform::Result<void> Run(const platform::Platform& machine, std::string_view what,
                            const std::string& from, const std::string& to) {
     const std::vector<std::string> names = FilesIn(machine.files, from);
     std::vector<std::string> paths;
-    for (const std::string& name : names) {
-        const std::string source = text::JoinPath(from, name);
-        const std::string target = text::JoinPath(to, name);
-        platform::Result<void> done;
-        if (what == "copy") done = machine.files.CopyFile(source, target, false, {});
-        if (what == "move") done = machine.files.MoveFile(source, target, {});
-        if (what == "trash") paths.push_back(source);
+    for (const std::string& name : names)
+        paths.push_back(text::JoinPath(from, name));
+    if (what == "trash") return machine.trash.Recycle(paths, {});
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const std::string target = text::JoinPath(to, names[i]);
+        if (what == "copy" && i % 32 == 0) PlanFrom(i, machine.files, paths, to);
+        auto done = what == "copy" ? machine.files.CopyFile(paths[i], target, false, {})
+                                   : machine.files.MoveFile(paths[i], target, {});
         if (!done) return done;
     }
-    return machine.trash.Recycle(paths, {});
+    return {};
 }
 } // namespace
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,13 @@ struct CopyProgress {
 // Called at least at every file and every few MiB. False abandons the copy with error 18; what was
 // copied of the file in hand is removed.
 using CopyObserver = std::function<bool(const CopyProgress&)>;
+
+// A file that will probably be copied, and the folder that it will go to or, where that doesn't
+// exist yet, any other on the same file system. Drive paths.
+struct PlannedCopy {
+    std::string_view from;
+    std::string_view toFolder;
+};
 
 // One folder held open, for its names and for facts by name without walking its path again.
 class OpenFolder {
@@ -82,6 +90,11 @@ class FileSystem {
     // folder into itself, before anything is made.
     virtual Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                                     const CopyObserver& observer) = 0;
+    // Tells which files will probably be copied next, in that order, so that their content can be
+    // read and written ahead; each call replaces what the last one told. Only the first 64 count:
+    // call it again before they are all copied, and with none when there are no more. Nothing of it
+    // can be seen, and no result changes. `from` must be spelled as CopyFile will have it.
+    virtual void CopySoon(std::span<const PlannedCopy>) {}
     // Renames without replacing: 58 when anything of the new name exists, though an object may get
     // its own name in another case. 76 when the target folder is missing. Across file systems: a
     // file is copied, synced and then removed; a folder is refused with 70. A folder into itself is

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <limits>
 #include <linux/fs.h>
 #include <memory>
@@ -130,6 +131,13 @@ Sys<void> Copier::CopyDataOnly(std::uint64_t size) {
     return {};
 }
 } // namespace
+
+Sys<UniqueFd> OpenForCopy(At source) {
+    constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
+    auto fd = OpenAt(source, kFlags | O_NOATIME);
+    if (!fd && fd.error() == EPERM) fd = OpenAt(source, kFlags);
+    return fd;
+}
 
 Sys<void> CopyContent(int in, int out, const struct statx& st, CopyRun& run) {
     if (run.roads.clones && st.stx_size > kCloneFrom && ::ioctl(out, FICLONE, in) == 0) {

@@ -2,10 +2,13 @@
 
 #include "platform/linux/copy_run.h"
 #include "platform/linux/errno_failure.h"
-
-#include <sys/stat.h>
+#include "platform/linux/system_calls.h"
 
 namespace tarvix::platform {
+
+// Opens a file to be copied; not through a link, and without changing its access date where that is
+// allowed.
+Sys<UniqueFd> OpenForCopy(At source);
 
 // Copies all bytes of an open file into a new, empty one: shared blocks where the file system can,
 // else by the kernel, else by reading and writing. Holes stay holes. `st` are the source's facts.

@@ -9,12 +9,16 @@ namespace tarvix::platform {
 
 // The roads that a copy or move may take; a test closes some to force the next one.
 struct CopyRoads {
-    bool unnamedParts = true;    // parts without a name until they are whole
-    bool clones = true;          // sharing blocks with the source
-    bool kernelCopies = true;    // copying inside the kernel
-    bool renameNoReplace = true; // renaming that never replaces
-    bool links = true;           // hard links
+    bool unnamedParts = true;              // parts without a name until they are whole
+    bool clones = true;                    // sharing blocks with the source
+    bool kernelCopies = true;              // copying inside the kernel
+    bool renameNoReplace = true;           // renaming that never replaces
+    bool links = true;                     // hard links
+    bool ahead = true;                     // copying on a second thread before it is asked for
+    std::int64_t aheadAge = 2'500'000'000; // nanoseconds since a source's last change, at the least
 };
+
+class CopyAhead;
 
 // One call of CopyFile, CopyFolder or MoveFile: what its parts share.
 class CopyRun {
@@ -25,6 +29,7 @@ class CopyRun {
     const CopyRoads roads;
     const bool overwrite;
     bool sync = false; // bring each file to the disk before it gets its name
+    CopyAhead* ahead = nullptr;
 
     bool IsObserved() const { return static_cast<bool>(observer_); }
     void SetTotal(std::uint64_t bytes) { total_ = bytes; }

@@ -1,5 +1,6 @@
 #include "platform/linux/file_copier.h"
 
+#include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_content.h"
 #include "platform/linux/native_facts.h"
 #include "platform/linux/part_file.h"
@@ -15,14 +16,6 @@ namespace tarvix::platform {
 
 namespace {
 constexpr unsigned kPlainPermissions = 0777;
-
-// Opens a file without changing its access date where that is allowed.
-Sys<UniqueFd> OpenSource(At at) {
-    constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
-    auto fd = OpenAt(at, kFlags | O_NOATIME);
-    if (!fd && fd.error() == EPERM) fd = OpenAt(at, kFlags);
-    return fd;
-}
 
 Sys<void> Synced(int fd) {
     if (::fsync(fd) != 0) return std::unexpected(errno);
@@ -40,8 +33,8 @@ std::unexpected<PlatformError> TargetFailure(int error, std::string_view path) {
     return FailureOf(error, path);
 }
 
-Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
-    const auto in = OpenSource(item.source);
+Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
+    const auto in = OpenForCopy(item.source);
     if (!in) return FailureOf(in.error(), item.sourcePath);
     const auto st = StatOf(in->Get());
     if (!st) return FailureOf(st.error(), item.sourcePath);
@@ -55,9 +48,31 @@ Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
         const auto synced = Synced(part->Fd());
         if (!synced) return FailureOf(synced.error(), item.targetPath);
     }
-    const auto named = part->Commit(item.targetName, run.overwrite);
+    const auto named = part->Commit({item.targetFolder, item.targetName}, run.overwrite);
     if (!named) return TargetFailure(named.error(), item.targetPath);
     return {};
+}
+
+// Names a copy that was made ahead; nothing when there is none that can be used.
+std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run) {
+    auto part = run.ahead->Take(item.sourcePath, item.st);
+    if (!part) return std::nullopt;
+    if (!run.Add(item.st.stx_size)) return FailureBy(kInterrupted, item.targetPath);
+    const auto named = part->Commit({item.targetFolder, item.targetName}, run.overwrite);
+    if (named) return Result<void>();
+    if (named.error() == EEXIST) return FailureOf(EEXIST, item.targetPath);
+    return std::nullopt;
+}
+
+Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
+    if (run.ahead == nullptr || run.sync) return CopyNow(item, run);
+    if (auto done = UseCopyAhead(item, run)) return std::move(*done);
+    auto copied = CopyNow(item, run);
+    // What lies ready may take the room that this file needs.
+    if (!copied && copied.error().number == kDiskFull && run.ahead->Drop()) {
+        return CopyNow(item, run);
+    }
+    return copied;
 }
 
 Sys<std::string> LinkText(At at) {

@@ -11,6 +11,13 @@
 namespace tarvix::platform {
 
 namespace {
+constexpr std::size_t kPlanned = 48;
+constexpr std::size_t kPlanAgainAt = 24;
+
+UniqueFd Duplicated(int fd) {
+    return UniqueFd(::fcntl(fd, F_DUPFD_CLOEXEC, 0));
+}
+
 bool IsForeignMount(const FolderStack& stack, const DriveTable& drives) {
     const std::uint64_t device = DeviceOf(stack.TopFacts());
     return device != DeviceOf(stack.OuterFacts()) && drives.IsBoundaryDevice(device);
@@ -40,6 +47,7 @@ Result<void> FolderCopier::Copy(UniqueFd source, UniqueFd target, bool madeTarge
     while (!levels_.empty()) {
         if (!PopLevel()) break;
     }
+    if (run_.ahead != nullptr) run_.ahead->DropPushed();
     if (copied && hasSkipped_) {
         return Failure(kPathFileAccess, "Special files or other drives in " + ForDisplay(from_) +
                                             " were skipped; all else was copied.");
@@ -57,7 +65,7 @@ Result<void> FolderCopier::CopyContents() {
 }
 
 Result<void> FolderCopier::PushLevel(bool isNew) {
-    levels_.push_back({{}, from_.size(), to_.size(), isNew});
+    levels_.push_back({{}, from_.size(), to_.size(), isNew, 0, nullptr, nullptr});
     auto names = FolderNames::Read(sources_.Top());
     if (!names) return FailureOf(names.error(), from_);
     levels_.back().names = std::move(*names);
@@ -81,12 +89,41 @@ Result<void> FolderCopier::CopyChild(const FolderNames::Item& item) {
     AppendName(from_, item.name);
     AppendName(to_, item.name);
     if (item.type == DT_DIR) return CopySubfolder(item);
+    if (run_.ahead != nullptr) PlanAhead();
     auto copied = CopyFile(item);
     if (copied) {
         from_.resize(levels_.back().fromLength);
         to_.resize(levels_.back().toLength);
     }
     return copied;
+}
+
+// The files behind the one in hand.
+void FolderCopier::PlanAhead() {
+    Level& level = levels_.back();
+    const std::size_t next = level.names.NextIndex();
+    if (level.planned == level.names.Size() || level.planned > next + kPlanAgainAt) return;
+    std::size_t waiting = 0;
+    for (std::size_t i = next; i < level.planned; ++i)
+        waiting += level.names[i].type == DT_REG ? 1 : 0;
+    const std::size_t begin = std::max(level.planned, next);
+    level.planned = std::min(begin + kPlanned, level.names.Size());
+    std::vector<AheadItem> items;
+    for (std::size_t i = begin; i < level.planned; ++i) {
+        if (level.names[i].type == DT_REG) items.push_back(AheadItemOf(level.names[i].name));
+    }
+    run_.ahead->Push(std::move(items), waiting);
+}
+
+AheadItem FolderCopier::AheadItemOf(const char* name) {
+    Level& level = levels_.back();
+    if (level.source == nullptr) {
+        level.source = std::make_shared<UniqueFd>(Duplicated(sources_.Top()));
+        level.target = std::make_shared<UniqueFd>(Duplicated(targets_.Top()));
+    }
+    AheadItem item{from_.substr(0, level.fromLength), level.source, name, level.target};
+    AppendName(item.key, name);
+    return item;
 }
 
 Result<void> FolderCopier::CopyFile(const FolderNames::Item& item) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/folder_stack.h"
@@ -27,6 +28,9 @@ class FolderCopier {
         std::size_t fromLength;
         std::size_t toLength;
         bool isNew;
+        std::size_t planned = 0; // how many of the names were looked through for copying ahead
+        std::shared_ptr<UniqueFd> source; // held for that
+        std::shared_ptr<UniqueFd> target;
     };
 
     Result<void> CopyContents();
@@ -35,6 +39,8 @@ class FolderCopier {
     Result<void> CopySubfolder(const FolderNames::Item& item);
     Result<bool> MakeFolder(const char* name);
     Result<void> CheckFile(const struct statx& source, const char* name);
+    void PlanAhead();
+    AheadItem AheadItemOf(const char* name);
     Result<void> PushLevel(bool isNew);
     Result<void> PopLevel();
 

@@ -73,7 +73,11 @@ Sys<FolderNames> FolderNames::Read(int fd) {
 
 FolderNames::Item FolderNames::Next() {
     if (next_ == records_.size()) return {nullptr, 0};
-    const Record& record = records_[next_++];
+    return (*this)[next_++];
+}
+
+FolderNames::Item FolderNames::operator[](std::size_t index) const {
+    const Record& record = records_[index];
     return {names_.c_str() + record.offset, record.type};
 }
 

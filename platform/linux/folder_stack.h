@@ -45,6 +45,9 @@ class FolderNames {
     static Sys<FolderNames> Read(int fd);
     // The next name, or a null one at the end.
     Item Next();
+    std::size_t Size() const { return records_.size(); }
+    std::size_t NextIndex() const { return next_; }
+    Item operator[](std::size_t index) const;
 
   private:
     struct Record {

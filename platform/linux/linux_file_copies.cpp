@@ -3,6 +3,9 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
 
+#include <climits>
+
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -10,6 +13,15 @@
 namespace tarvix::platform {
 
 namespace {
+constexpr std::size_t kMostPlanned = 64;
+
+// Whether a file's facts can be trusted to tell of each change at once.
+bool IsLocal(const Place& place) {
+    return std::ranges::any_of(place.drives->Drives(), [&place](const DriveInfo& drive) {
+        return drive.path == place.root && drive.type != DriveType::kNetwork;
+    });
+}
+
 Sys<UniqueFd> OpenItself(const Place& place) {
     const auto location = Locate(place.native);
     if (!location) return std::unexpected(location.error());
@@ -49,6 +61,7 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
         if (!can) return can;
     }
     CopyRun run(observer, roads_, overwrite);
+    run.ahead = Ahead();
     return CopyOne(*source, *target, from, to, run);
 }
 
@@ -72,12 +85,33 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     NoteMade(*target);
     names_.Forget(target->native);
     CopyRun run(observer, roads_, overwrite);
+    run.ahead = Ahead();
     if (run.IsObserved()) {
         auto again = OpenItself(*source);
         if (again) run.SetTotal(SizeOfTree(std::move(*again), *source->drives));
     }
     FolderCopier copier(run, *source->drives, from, to);
     return copier.Copy(std::move(*in), std::move(*out), !target->Exists());
+}
+
+void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
+    if (Ahead() == nullptr) return;
+    std::vector<AheadItem> items;
+    std::string_view folder;
+    std::shared_ptr<UniqueFd> target;
+    for (const PlannedCopy& copy : copies.first(std::min(copies.size(), kMostPlanned))) {
+        const auto source = resolver_.ByText(copy.from);
+        if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) continue;
+        if (target == nullptr || folder != copy.toFolder) {
+            folder = copy.toFolder;
+            const auto place = resolver_.ByText(folder);
+            if (!place || !IsLocal(*place)) continue;
+            auto opened = OpenAt({AT_FDCWD, place->native.c_str()}, O_PATH | O_DIRECTORY);
+            target = std::make_shared<UniqueFd>(opened ? std::move(*opened) : UniqueFd());
+        }
+        if (*target) items.push_back({std::string(copy.from), nullptr, source->native, target});
+    }
+    ahead_.Replace(std::move(items));
 }
 
 Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/name_cache.h"
@@ -26,6 +27,7 @@ class LinuxFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    void CopySoon(std::span<const PlannedCopy> copies) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -54,6 +56,7 @@ class LinuxFileSystem : public FileSystem {
     Result<Place> FileForBytes(std::string_view path, bool toWrite);
     Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
                          std::string_view to, CopyRun& run);
+    CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
     // Whether a target keeps an object from getting its name.
     bool IsTaken(const Place& source, const Place& target);
     Sys<void> Rename(const Place& source, const Place& target);
@@ -65,6 +68,7 @@ class LinuxFileSystem : public FileSystem {
     NameCache names_;
     PathResolver resolver_;
     CopyRoads roads_;
+    CopyAhead ahead_{roads_};
 };
 
 } // namespace tarvix::platform

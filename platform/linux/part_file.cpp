@@ -78,11 +78,17 @@ Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads&
     return RenameOverPlaceholder(from, to, isFolder);
 }
 
+Sys<PartFile> PartFile::CreateUnnamed(int folder, unsigned mode) {
+    auto fd = OpenAt({folder, "."}, O_TMPFILE | O_WRONLY, mode);
+    if (!fd) return std::unexpected(fd.error());
+    return PartFile(folder, std::move(*fd), {}, {});
+}
+
 Sys<PartFile> PartFile::Create(int folder, unsigned mode, const CopyRoads& roads) {
     if (roads.unnamedParts) {
-        auto fd = OpenAt({folder, "."}, O_TMPFILE | O_WRONLY, mode);
-        if (fd) return PartFile(folder, std::move(*fd), {}, roads);
-        const int error = fd.error();
+        auto part = CreateUnnamed(folder, mode);
+        if (part) return part;
+        const int error = part.error();
         const bool isUnknownHere = error == EOPNOTSUPP || error == EISDIR || error == ENOENT ||
                                    error == EINVAL || error == ENOSYS;
         if (!isUnknownHere) return std::unexpected(error);
@@ -104,28 +110,28 @@ PartFile::~PartFile() {
     if (!temporary_.empty()) ::unlinkat(folder_, temporary_.c_str(), 0);
 }
 
-Sys<void> PartFile::NameUnnamed(const char* name, bool overwrite) {
-    const auto linked = LinkOpen(Fd(), {folder_, name});
+Sys<void> PartFile::NameUnnamed(At to, bool overwrite) {
+    const auto linked = LinkOpen(Fd(), to);
     if (linked || linked.error() != EEXIST || !overwrite) return linked;
     // What exists is replaced in one step, by way of a temporary name.
     std::string temporary = TemporaryName();
+    folder_ = to.folder;
     if (const auto named = LinkOpen(Fd(), {folder_, temporary.c_str()}); !named) return named;
     temporary_ = std::move(temporary);
-    return Rename({folder_, temporary_.c_str()}, {folder_, name});
+    return Rename({folder_, temporary_.c_str()}, to);
 }
 
-Sys<void> PartFile::Commit(const char* name, bool overwrite) {
+Sys<void> PartFile::Commit(At to, bool overwrite) {
     if (temporary_.empty()) {
-        const auto named = NameUnnamed(name, overwrite);
+        const auto named = NameUnnamed(to, overwrite);
         if (named) temporary_.clear();
         return named;
     }
     // Network file systems tell only at the close that a write failed.
     if (::close(fd_.Release()) != 0 && errno != EINTR) return std::unexpected(errno);
     const At temporary{folder_, temporary_.c_str()};
-    const auto named = overwrite
-                           ? Rename(temporary, {folder_, name})
-                           : RenameWithoutReplacing(temporary, {folder_, name}, false, roads_);
+    const auto named =
+        overwrite ? Rename(temporary, to) : RenameWithoutReplacing(temporary, to, false, roads_);
     if (named) temporary_.clear();
     return named;
 }

@@ -17,6 +17,9 @@ class PartFile {
     // The part will be named in `folder`, which must stay open. `mode` is what it may have at once
     // where it has no name.
     static Sys<PartFile> Create(int folder, unsigned mode, const CopyRoads& roads);
+    // A part that bears no name at all until it is named, in any folder of the same file system.
+    // Fails where that can't be.
+    static Sys<PartFile> CreateUnnamed(int folder, unsigned mode);
 
     PartFile(PartFile&& other) noexcept;
     PartFile& operator=(PartFile&&) = delete;
@@ -24,12 +27,12 @@ class PartFile {
 
     int Fd() const { return fd_.Get(); }
     // Gives it its name and closes it. EEXIST when the name is taken and `overwrite` is false.
-    Sys<void> Commit(const char* name, bool overwrite);
+    Sys<void> Commit(At to, bool overwrite);
 
   private:
     PartFile(int folder, UniqueFd fd, std::string temporary, const CopyRoads& roads)
         : folder_(folder), fd_(std::move(fd)), temporary_(std::move(temporary)), roads_(roads) {}
-    Sys<void> NameUnnamed(const char* name, bool overwrite);
+    Sys<void> NameUnnamed(At to, bool overwrite);
 
     int folder_;
     UniqueFd fd_;

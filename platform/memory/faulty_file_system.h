@@ -52,6 +52,7 @@ class FaultyFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    void CopySoon(std::span<const PlannedCopy> copies) override { files_.CopySoon(copies); }
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;

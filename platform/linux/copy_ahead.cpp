@@ -1,0 +1,190 @@
+#include "platform/linux/copy_ahead.h"
+
+#include "platform/linux/copy_content.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <fcntl.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::size_t kMostLookedAt = 64;
+constexpr std::size_t kMostReady = 16;
+constexpr std::size_t kFewReady = kMostReady / 2;
+constexpr std::uint64_t kMostBytes = 8 << 20;
+constexpr std::uint64_t kLargest = 256 << 10; // larger files have no use for a second thread
+constexpr std::chrono::seconds kMostIdle{2};
+constexpr unsigned kPlainPermissions = 0777;
+
+FileTime WallNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return FileTime{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
+
+// A file that changed just now could change again without another date to tell of it.
+bool IsSettled(const struct statx& st, std::int64_t age) {
+    const FileTime now = WallNow();
+    return now - TimeOf(st.stx_ctime) >= age && now - TimeOf(st.stx_mtime) >= age;
+}
+
+bool IsSame(const struct statx& before, const struct statx& now) {
+    return IsSameObject(before, now) && before.stx_size == now.stx_size &&
+           before.stx_mode == now.stx_mode && TimeOf(before.stx_mtime) == TimeOf(now.stx_mtime) &&
+           TimeOf(before.stx_ctime) == TimeOf(now.stx_ctime);
+}
+} // namespace
+
+CopyAhead::~CopyAhead() {
+    {
+        const std::scoped_lock lock(mutex_);
+        isEnding_ = true;
+        entries_.clear();
+    }
+    more_.notify_one();
+    if (thread_.joinable()) thread_.join();
+}
+
+void CopyAhead::Start() {
+    if (!thread_.joinable()) thread_ = std::thread([this] { Work(); });
+    if (isResting_) more_.notify_one();
+}
+
+void CopyAhead::Replace(std::vector<AheadItem> items) {
+    const std::scoped_lock lock(mutex_);
+    Entries kept = std::exchange(entries_, {});
+    items.resize(std::min(items.size(), kMostLookedAt));
+    for (AheadItem& item : items) {
+        const auto known = std::ranges::find_if(
+            kept, [&](const auto& entry) { return entry->item.key == item.key; });
+        if (known != kept.end()) {
+            entries_.push_back(std::move(*known));
+            kept.erase(known);
+        } else {
+            entries_.push_back(std::make_shared<Entry>());
+            entries_.back()->item = std::move(item);
+        }
+    }
+    if (!entries_.empty()) Start();
+}
+
+void CopyAhead::Push(std::vector<AheadItem> items, std::size_t behind) {
+    if (items.empty()) return;
+    const std::scoped_lock lock(mutex_);
+    Entries pushed;
+    for (AheadItem& item : items) {
+        pushed.push_back(std::make_shared<Entry>());
+        pushed.back()->item = std::move(item);
+        pushed.back()->isPushed = true;
+    }
+    const auto at = static_cast<std::ptrdiff_t>(std::min(behind, entries_.size()));
+    entries_.insert(entries_.begin() + at, pushed.begin(), pushed.end());
+    Start();
+}
+
+void CopyAhead::DropPushed() {
+    const std::scoped_lock lock(mutex_);
+    std::erase_if(entries_, [](const auto& entry) { return entry->isPushed; });
+}
+
+std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
+    std::unique_lock lock(mutex_);
+    const auto end =
+        entries_.begin() + static_cast<std::ptrdiff_t>(std::min(entries_.size(), kMostLookedAt));
+    const auto found = std::find_if(entries_.begin(), end,
+                                    [&](const auto& entry) { return entry->item.key == key; });
+    if (found == end) return std::nullopt;
+    const std::shared_ptr<Entry> entry = *found;
+    entries_.erase(entries_.begin(), found + 1);
+    done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
+    const auto ready = std::ranges::count_if(
+        entries_, [](const auto& other) { return other->state == State::kReady; });
+    if (isResting_ && static_cast<std::size_t>(ready) <= kFewReady) more_.notify_one();
+    // Taken off the plan, an entry that still waits is never worked on.
+    if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
+    return std::move(entry->part);
+}
+
+bool CopyAhead::Drop() {
+    std::unique_lock lock(mutex_);
+    const bool hadAny = !entries_.empty();
+    const Entries dropped = std::exchange(entries_, {});
+    for (const auto& entry : dropped)
+        done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
+    return hadAny;
+}
+
+// The first that waits, but not the very next to be asked for, which is sooner done by the one who
+// asks.
+std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
+    std::size_t ready = 0;
+    std::uint64_t bytes = 0;
+    std::shared_ptr<Entry> next;
+    for (std::size_t i = 0; i < std::min(entries_.size(), kMostLookedAt); ++i) {
+        const auto& entry = entries_[i];
+        if (entry->state == State::kReady) {
+            ++ready;
+            bytes += entry->st.stx_size;
+        }
+        if (entry->state != State::kWaiting) continue;
+        const bool isLater = next != nullptr;
+        if (!isLater) next = entry;
+        if (isLater && next == entries_.front()) next = entry;
+        if (next != entries_.front()) break;
+    }
+    return ready < kMostReady && bytes < kMostBytes ? next : nullptr;
+}
+
+void CopyAhead::Rest(std::unique_lock<std::mutex>& lock) {
+    isResting_ = true;
+    if (entries_.empty()) {
+        more_.wait(lock);
+    } else if (more_.wait_for(lock, kMostIdle) == std::cv_status::timeout) {
+        entries_.clear();
+    }
+    isResting_ = false;
+}
+
+void CopyAhead::Work() {
+    std::unique_lock lock(mutex_);
+    while (!isEnding_) {
+        std::shared_ptr<Entry> entry = NextToDo();
+        if (entry == nullptr) {
+            Rest(lock);
+            continue;
+        }
+        entry->state = State::kWorking;
+        lock.unlock();
+        const bool isReady = Prepare(*entry);
+        lock.lock();
+        entry->state = isReady ? State::kReady : State::kFailed;
+        done_.notify_one();
+    }
+}
+
+bool CopyAhead::Prepare(Entry& entry) const {
+    const AheadItem& item = entry.item;
+    const int folder = item.sourceFolder == nullptr ? AT_FDCWD : item.sourceFolder->Get();
+    const auto in = OpenForCopy({folder, item.source.c_str()});
+    if (!in) return false;
+    const auto st = StatOf(in->Get());
+    const bool isFit =
+        st && S_ISREG(st->stx_mode) && st->stx_size <= kLargest && IsSettled(*st, roads_.aheadAge);
+    if (!isFit) return false;
+    auto part = PartFile::CreateUnnamed(item.targetFolder->Get(), st->stx_mode & kPlainPermissions);
+    if (!part) return false;
+    const CopyObserver nobody;
+    CopyRun run(nobody, roads_, false);
+    if (!CopyContent(in->Get(), part->Fd(), *st, run)) return false;
+    CopyMetadata(in->Get(), part->Fd(), *st);
+    // A group that couldn't be kept is that of the folder, which may be another in the end.
+    const auto made = StatOf(part->Fd());
+    if (!made || made->stx_gid != st->stx_gid) return false;
+    entry.st = *st;
+    entry.part.emplace(std::move(*part));
+    return true;
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/linux/copy_run.h"
+#include "platform/linux/part_file.h"
+
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace tarvix::platform {
+
+// A small file that will probably be copied soon.
+struct AheadItem {
+    std::string key;                        // its drive path, as its copy will be asked for
+    std::shared_ptr<UniqueFd> sourceFolder; // none where `source` is an absolute path
+    std::string source;
+    std::shared_ptr<UniqueFd> targetFolder; // any folder of the file system that it goes to
+};
+
+// Copies files on a second thread before they are asked for, a little ahead of the one that asks,
+// into files that have no name. Whoever asks gives them their name, if the source is still the same
+// by then. What is not asked for vanishes, after a short while at the latest.
+class CopyAhead {
+  public:
+    explicit CopyAhead(CopyRoads roads) : roads_(roads) {}
+    ~CopyAhead();
+    CopyAhead(const CopyAhead&) = delete;
+    CopyAhead& operator=(const CopyAhead&) = delete;
+
+    // The files that come next, in that order, instead of those of the last call. Only the first
+    // few are looked at.
+    void Replace(std::vector<AheadItem> items);
+    // Files that come before all others but the first few that are known of.
+    void Push(std::vector<AheadItem> items, std::size_t behind);
+    // Forgets what was pushed.
+    void DropPushed();
+    // The copy of a file, whole but for its name, if it was made and `st` tells that the file is
+    // still the same. Files that should have come before it are taken off the plan.
+    std::optional<PartFile> Take(std::string_view key, const struct statx& st);
+    // Forgets everything; false when there was nothing.
+    bool Drop();
+
+  private:
+    enum class State { kWaiting, kWorking, kReady, kFailed };
+    struct Entry {
+        AheadItem item;
+        bool isPushed = false;
+        State state = State::kWaiting;
+        struct statx st {}; // of the source before it was read
+        std::optional<PartFile> part;
+    };
+    using Entries = std::deque<std::shared_ptr<Entry>>;
+
+    void Start();
+    void Work();
+    void Rest(std::unique_lock<std::mutex>& lock);
+    std::shared_ptr<Entry> NextToDo() const;
+    bool Prepare(Entry& entry) const;
+
+    const CopyRoads roads_;
+    std::mutex mutex_;
+    std::condition_variable more_; // there may be something to do
+    std::condition_variable done_; // a file is ready or has failed
+    Entries entries_;
+    bool isResting_ = false;
+    bool isEnding_ = false;
+    std::thread thread_;
+};
+
+} // namespace tarvix::platform

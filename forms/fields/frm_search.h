@@ -50,7 +50,7 @@ class FrmSearch : public Form {
 
     // Search and browse.
     CommandButton cmdSearch{*this, "cmdSearch", "&Search"};
-    CommandButton cmdStop{*this, "cmdStop", "Sto&p", false};
+    CommandButton cmdStop{*this, "cmdStop", "Stop", false};
     CommandButton cmdNext{*this, "cmdNext", "Ne&xt", false};
     CommandButton cmdBrowse{*this, "cmdBrowse", "&Browse"};
     CommandButton cmdClearFolders{*this, "cmdClearFolders", "C&lear"};
@@ -59,7 +59,7 @@ class FrmSearch : public Form {
     // The list, selection and actions.
     ListView lstMain{*this, "lstMain"};
     Frame fraSelection{*this, "fraSelection", "Select", false};
-    CommandButton cmdSelectAll{*this, "cmdSelectAll", "&All"};
+    CommandButton cmdSelectAll{*this, "cmdSelectAll", "All"};
     CommandButton cmdSelectAllFiles{*this, "cmdSelectAllFiles", "Files"};
     CommandButton cmdSelectAllDirs{*this, "cmdSelectAllDirs", "Folders"};
     CommandButton cmdSelectNone{*this, "cmdSelectNone", "None"};
@@ -67,7 +67,7 @@ class FrmSearch : public Form {
     Frame fraStandardAction{*this, "fraStandardAction", "Actions", false};
     CommandButton cmdCopySelected{*this, "cmdCopySelected", "&Copy..."};
     CommandButton cmdMoveSelected{*this, "cmdMoveSelected", "&Move..."};
-    CommandButton cmdRenameSelected{*this, "cmdRenameSelected", "Rena&me...", false};
+    CommandButton cmdRenameSelected{*this, "cmdRenameSelected", "Ren&ame...", false};
     CommandButton cmdDeleteSelected{*this, "cmdDeleteSelected", "Rec&ycle", false};
     CommandButton cmdEditTargets{*this, "cmdEditTargets", "Edi&t Links (shortcuts)", false};
     CommandButton cmdDoVersionSort{*this, "cmdDoVersionSort", "Version sort", false};

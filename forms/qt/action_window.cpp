@@ -1,28 +1,86 @@
 #include "forms/qt/action_window.h"
 
+#include "forms/qt/action_sections.h"
+#include "forms/qt/action_sentence.h"
+#include "forms/qt/destination_examples.h"
 #include "forms/qt/drop_filter.h"
 #include "forms/qt/field_widgets.h"
+#include "forms/qt/fitting_area.h"
 #include "forms/qt/native_input.h"
 #include "forms/qt/panel_parts.h"
 #include "forms/qt/text_conversion.h"
+#include "forms/qt/wrapping_label.h"
 #include "session/session.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace tarvix::qt {
 
 namespace {
 
-// A choice of several, with its word in front; nothing is shown of a choice of one.
-QWidget* MakeChoice(const QString& word, const forms::OptionGroup& group) {
-    QList<QWidget*> parts{new QLabel(word)};
+constexpr int kCharacters = 122; // of the window's width
+constexpr int kTitleBar = 40;
+constexpr int kLeastLines = 9; // of the choices, when there is little room
+
+// What the box for the destination takes, by the choice of where to.
+constexpr std::array<const char*, 4> kHints{
+    "A folder, as C:\\home\\ann\\Music or /home/ann/Music",
+    "What comes behind each location, as \\Music; may be empty", "", "A rule, with its marks"};
+
+constexpr std::array kTabOrder{"cmbDir",
+                               "cmdBrowse",
+                               "optTo(0)",
+                               "optTo(1)",
+                               "optTo(2)",
+                               "optTo(3)",
+                               "txtFolderTree",
+                               "chkFolderRename",
+                               "filMultiPath",
+                               "lstMulti",
+                               "optStructure(0)",
+                               "optStructure(1)",
+                               "optStructure(2)",
+                               "optStructure(3)",
+                               "chkAsk",
+                               "chkSkipAll",
+                               "chkRename",
+                               "chkOverWrite",
+                               "txtRename",
+                               "chkRenameBeg",
+                               "chkRenameEnd",
+                               "chkPlus1",
+                               "chkFindReplace",
+                               "txtFind",
+                               "txtReplace",
+                               "optOnceVsAll(0)",
+                               "optOnceVsAll(1)",
+                               "chkAdd",
+                               "txtAdd",
+                               "chkAddBeg",
+                               "chkAddEnd",
+                               "optNamePortion(0)",
+                               "optNamePortion(1)",
+                               "optNamePortion(2)",
+                               "chkAddEOF",
+                               "chkComments",
+                               "chkFindSimilar",
+                               "txtDeviation",
+                               "cmdStop",
+                               "cmdPreview",
+                               "OKButton",
+                               "CancelButton"};
+
+bool AnyVisible(const forms::OptionGroup& group) {
     for (int i = 0; i < group.Count(); ++i) {
-        parts << Make(group[i]);
+        if (group[i].Visible) return true;
     }
-    QWidget* row = InRow(parts, 10);
-    row->setVisible(group.Count() > 1);
-    return row;
+    return false;
 }
 
 } // namespace
@@ -30,25 +88,40 @@ QWidget* MakeChoice(const QString& word, const forms::OptionGroup& group) {
 ActionWindow::ActionWindow(session::Session& session, EventGate& gate, QWidget* parent)
     : ModalWindow(session, gate, session.frmDialog, parent) {
     auto* column = new QVBoxLayout(this);
-    column->setSpacing(10);
-    QLabel* heading = Make(session.frmDialog.lblMain);
+    column->setSpacing(8);
+    sentence_ = new WrappingLabel;
+    sentence_->setObjectName("lblSentence");
+    area_ = new FittingArea(*MakeSections(), kLeastLines);
+    column->addWidget(MakeHeading());
+    column->addWidget(MakeDestination());
+    column->addWidget(area_, 1);
+    column->addWidget(sentence_);
+    column->addWidget(MakeProgress());
+    column->addWidget(MakeButtons());
+    SetTabOrder();
+    BindFields();
+    TakeSize(kCharacters);
+    findChild<QPushButton*>("OKButton")->setDefault(true);
+    FocusFirst();
+}
+
+QWidget* ActionWindow::MakeHeading() {
+    const auto& form = session_.frmDialog;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    QLabel* heading = Make(form.lblMain);
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    sentence_ = new QLabel;
-    sentence_->setObjectName("lblSentence");
-    sentence_->setTextFormat(Qt::PlainText);
-    sentence_->setWordWrap(true);
-    column->addWidget(heading);
-    column->addWidget(MakeDestination());
-    column->addWidget(MakeChoices());
-    column->addWidget(sentence_);
-    column->addStretch(1);
-    column->addWidget(MakeProgress());
-    column->addWidget(MakeButtons());
-    setMinimumWidth(fontMetrics().averageCharWidth() * 90);
-    BindFields();
-    findChild<QComboBox*>("cmbDir")->setFocus();
+    layout->addWidget(heading);
+    layout->addStretch(1);
+    layout->addWidget(MakeCounter(form.lblNumOfFilesSelected, "Files Selected"));
+    layout->addWidget(new QLabel("files,"));
+    layout->addWidget(MakeCounter(form.lblNumOfDirsSelected, "Folders Selected"));
+    layout->addWidget(new QLabel("folders selected"));
+    return row;
 }
 
 QWidget* ActionWindow::MakeDestination() {
@@ -56,23 +129,28 @@ QWidget* ActionWindow::MakeDestination() {
     QComboBox* box = Make(form.cmbDir);
     box->setAccessibleName("Destination");
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    box->lineEdit()->setPlaceholderText("A folder, as C:\\home\\ann\\Music or /home/ann/Music");
     AcceptDrops(*box, [this](const QList<QUrl>& urls) {
         const auto dropped = DroppedLocations(session_.platform, urls.mid(0, 1));
         if (!dropped.empty()) binder_->Set(session_.frmDialog.cmbDir, ToQt(dropped));
     });
-    return InRow({box, Make(form.cmdBrowse)});
+    QPushButton* browse = Make(form.cmdBrowse);
+    browse->setAutoDefault(true);
+    return InRow({box, browse});
 }
 
-QWidget* ActionWindow::MakeChoices() {
+QWidget* ActionWindow::MakeSections() {
     const auto& form = session_.frmDialog;
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(6);
-    column->addWidget(MakeChoice("Where", form.optTo));
-    column->addWidget(MakeChoice("Folder structure", form.optStructure));
-    column->addWidget(Make(form.chkSkipAll));
+    column->setContentsMargins(0, 2, 0, 2);
+    column->setSpacing(10);
+    where_ = MakeWhereSection(form);
+    file_ = MakeFileSection(form);
+    for (QWidget* section : {where_, MakeStructureSection(form), MakeDuplicatesSection(form),
+                             MakeRenameSection(form), file_}) {
+        column->addWidget(section);
+    }
+    column->addStretch(1);
     return panel;
 }
 
@@ -81,15 +159,21 @@ QWidget* ActionWindow::MakeProgress() {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
     bytes_ = Make(form.prgBytes);
     bytes_->setAccessibleName("Progress in bytes");
-    QSizePolicy keeps = bytes_->sizePolicy();
-    keeps.setRetainSizeWhenHidden(true);
-    bytes_->setSizePolicy(keeps);
-    QWidget* line = InRow({Make(form.lblBusy), MakeElided(form.lblStatus)});
-    line->layout()->setAlignment(Qt::AlignLeft);
-    column->addWidget(line);
+    ElidedLabel* figures = MakeElided(form.lblProgress);
+    for (QWidget* part : std::initializer_list<QWidget*>{bytes_, figures}) {
+        QSizePolicy keeps = part->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(keeps);
+    }
+    auto* line = new QHBoxLayout;
+    line->addWidget(Make(form.lblBusy));
+    line->addWidget(MakeElided(form.lblStatus), 1);
+    column->addLayout(line);
     column->addWidget(bytes_);
+    column->addWidget(figures);
     return panel;
 }
 
@@ -100,28 +184,96 @@ QWidget* ActionWindow::MakeButtons() {
     layout->setContentsMargins(0, 0, 0, 0);
     QPushButton* stop = Make(form.cmdStop);
     stop->setIcon(QIcon::fromTheme("process-stop"));
+    stop->setToolTip("Stop before the next object (Esc)");
+    QPushButton* preview = Make(form.cmdPreview);
+    preview->setToolTip("What would happen to each object; nothing is changed");
     QPushButton* ok = Make(form.OKButton);
-    ok->setDefault(true);
+    QPushButton* cancel = Make(form.CancelButton);
     layout->addWidget(stop);
     layout->addStretch(1);
-    layout->addWidget(ok);
-    layout->addWidget(Make(form.CancelButton));
+    for (QPushButton* button : {preview, ok, cancel}) {
+        layout->addWidget(button);
+    }
+    for (QPushButton* button : {stop, preview, cancel}) {
+        button->setAutoDefault(true); // Enter presses what has the focus, not always OK
+    }
     return row;
 }
 
-QString ActionWindow::Sentence() const {
-    const auto& form = session_.frmDialog;
-    QString result = PlainCaption(form.OKButton.Caption.Get());
-    result += form.cmbDir.Text->empty() ? " into the folder above"
-                                        : " into " + Shown(form.cmbDir.Text.Get());
-    if (form.optStructure.Chosen() == 0) result += ", side by side, without their folders";
-    result += form.chkSkipAll.Value == 1 ? ". What is there already is skipped." : ".";
-    return result;
+void ActionWindow::SetTabOrder() {
+    QWidget* last = nullptr;
+    for (const char* name : kTabOrder) {
+        auto* next = findChild<QWidget*>(name);
+        if (last != nullptr) setTabOrder(last, next);
+        last = next;
+    }
+}
+
+void ActionWindow::FocusFirst() {
+    for (const char* name : {"cmbDir", "txtFolderTree", "txtAdd", "txtFind", "OKButton"}) {
+        auto* widget = findChild<QWidget*>(name);
+        if (widget->isVisibleTo(this) && widget->isEnabled()) return widget->setFocus();
+    }
 }
 
 void ActionWindow::Refresh() {
-    sentence_->setText(Sentence());
+    ShowSections();
+    ShowHints();
+    if (!gate_.IsBusy()) ShowExamples();
+    sentence_->setText(ActionSentence(session_.frmDialog));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
+    Grow();
+}
+
+void ActionWindow::ShowSections() {
+    const auto& form = session_.frmDialog;
+    where_->setVisible(AnyVisible(form.optTo) || form.txtFolderTree.Visible ||
+                       form.filMultiPath.Visible);
+    file_->setVisible(form.chkAddEOF.Visible || form.chkComments.Visible ||
+                      form.chkFindSimilar.Visible);
+}
+
+void ActionWindow::ShowHints() {
+    const auto& form = session_.frmDialog;
+    const auto way = static_cast<std::size_t>(std::max(0, form.optTo.Chosen()));
+    const char* hint = form.fraStructure.Visible ? kHints[way] : "";
+    findChild<QComboBox*>("cmbDir")->lineEdit()->setPlaceholderText(hint);
+    const QString head = Shown(form.lstMulti.Header.Get());
+    if (!head.isEmpty()) findChild<QLabel*>("lstMultiHead")->setText(head);
+}
+
+void ActionWindow::ShowExamples() {
+    std::string key = ExampleKey(session_);
+    if (key == shownExamples_) return;
+    shownExamples_ = std::move(key);
+    const auto examples = DestinationExamples(session_);
+    for (std::size_t i = 0; i < examples.size(); ++i) {
+        auto* label = findChild<QLabel*>(QString("lblExample(%1)").arg(i));
+        label->setText(Shown(examples[i]));
+        const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
+        label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
+    }
+}
+
+// What was hidden before the window shows is taken out of the layouts only now.
+void ActionWindow::showEvent(QShowEvent* event) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    layout()->activate();
+    const int most = screen()->availableSize().height() - kTitleBar;
+    resize(width(), std::min(height() + area_->MissingHeight(), most));
+    ModalWindow::showEvent(event);
+}
+
+int ActionWindow::Room() const {
+    return screen()->availableGeometry().bottom() - geometry().top();
+}
+
+// Sections that come later make the window higher while the screen has room.
+void ActionWindow::Grow() {
+    if (!isVisible() || isMaximized()) return;
+    layout()->activate();
+    const int wanted = std::min(height() + area_->MissingHeight(), Room());
+    if (wanted > height()) resize(width(), wanted);
 }
 
 } // namespace tarvix::qt

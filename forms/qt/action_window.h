@@ -7,23 +7,37 @@ class QProgressBar;
 
 namespace tarvix::qt {
 
-// frmDialog: the request for the whole selection, told as a sentence; where to, and its progress.
+class FittingArea;
+
+// frmDialog: the request for the whole selection as choices and as a sentence; its progress below.
 class ActionWindow : public ModalWindow {
   public:
     ActionWindow(session::Session& session, EventGate& gate, QWidget* parent);
 
   protected:
     void Refresh() override;
+    void showEvent(QShowEvent* event) override;
 
   private:
+    QWidget* MakeHeading();
     QWidget* MakeDestination();
-    QWidget* MakeChoices();
+    QWidget* MakeSections();
     QWidget* MakeProgress();
     QWidget* MakeButtons();
-    QString Sentence() const;
+    void SetTabOrder();
+    void FocusFirst();
+    void ShowSections();
+    void ShowHints();
+    void ShowExamples();
+    int Room() const; // for its height on the screen
+    void Grow();
 
+    QWidget* where_ = nullptr;
+    QWidget* file_ = nullptr;
     QLabel* sentence_ = nullptr;
     QProgressBar* bytes_ = nullptr;
+    FittingArea* area_ = nullptr;
+    std::string shownExamples_; // what the examples depended on when they were made
 };
 
 } // namespace tarvix::qt

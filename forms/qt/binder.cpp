@@ -13,6 +13,8 @@
 #include <QGroupBox>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace tarvix::qt {
 
 namespace {
@@ -44,12 +46,20 @@ void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
     }
 }
 
+// Where characters that were just typed are not taken, the rest is edited on.
+void ReplaceText(QLineEdit& edit, const QString& text) {
+    const qsizetype behind = edit.text().size() - edit.cursorPosition();
+    edit.setText(text);
+    if (edit.hasFocus())
+        edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
+}
+
 void ShowComboText(const forms::ComboBox& field, QComboBox& box) {
     const QString text = ToQt(field.Text.Get());
     if (!field.IsEditable()) {
         box.setCurrentIndex(box.findText(text));
     } else if (box.currentText() != text) {
-        box.setEditText(text);
+        ReplaceText(*box.lineEdit(), text);
     }
 }
 
@@ -185,7 +195,7 @@ Binder::Shower Binder::BindText(forms::TextBox& field, QLineEdit& edit) {
             [this, &field](const QString& text) { Set(field, text); });
     return [&field, &edit] {
         const QString text = ToQt(field.Text.Get());
-        if (edit.text() != text) edit.setText(text);
+        if (edit.text() != text) ReplaceText(edit, text);
     };
 }
 

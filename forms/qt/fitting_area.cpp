@@ -30,7 +30,7 @@ FittingArea::FittingArea(QWidget& content, int least) : least_(least) {
 QSize FittingArea::sizeHint() const {
     const QSize wanted = widget()->sizeHint();
     const int width = std::max(wanted.width(), minimumSizeHint().width());
-    return {width, HeightAt(*widget(), width)};
+    return {width, HeightFor(width)};
 }
 
 QSize FittingArea::minimumSizeHint() const {
@@ -38,8 +38,12 @@ QSize FittingArea::minimumSizeHint() const {
     return {widget()->minimumSizeHint().width() + bar, fontMetrics().height() * least_};
 }
 
+int FittingArea::HeightFor(int width) const {
+    return std::max(HeightAt(*widget(), width), minimumSizeHint().height());
+}
+
 int FittingArea::MissingHeight() const {
-    return std::max(0, HeightAt(*widget(), viewport()->width()) - viewport()->height());
+    return HeightFor(width()) - height();
 }
 
 } // namespace tarvix::qt

@@ -7,11 +7,20 @@
 
 namespace tarvix::qt {
 
+namespace {
+constexpr int kLines = 6; // where there is room
+}
+
 FieldListBox::FieldListBox(QWidget* parent) : QListWidget(parent) {
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize FieldListBox::sizeHint() const {
+    return {QListWidget::sizeHint().width(), (fontMetrics().height() + 1) * kLines};
 }
 
 QItemSelectionModel::SelectionFlags FieldListBox::selectionCommand(const QModelIndex&,

@@ -12,6 +12,8 @@ class FieldListBox : public QListWidget {
   public:
     explicit FieldListBox(QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
+
     std::function<void(int line)> onChoose;
     std::function<void(int line)> onOpen; // -1 beside the lines
 

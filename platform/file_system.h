@@ -70,6 +70,11 @@ class FileSystem {
     // The path as the disk spells it: long names, true case, drive in upper case, links left in;
     // no final "\" but on a drive alone ("C:\"). 53 or 76.
     virtual Result<std::string> TruePath(std::string_view path) = 0;
+    // Whether `inner` is `outer` itself or lies in it on the disk, by whatever road: links on the
+    // way, drives that share a disk and other spellings are seen through, names of one file (hard
+    // links) are one, and a link as `inner` counts as what it leads to, too. 53 or 76 when one is
+    // missing.
+    virtual Result<bool> Holds(std::string_view outer, std::string_view inner) = 0;
     // Each component in its stable 8.3 form; a component that is one already stays. 53 or 76.
     virtual Result<std::string> ShortPath(std::string_view path) = 0;
     // 76 missing or not a folder, 70 unreadable. A symbolic link to a folder is opened through.

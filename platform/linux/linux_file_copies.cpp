@@ -54,7 +54,7 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
     const auto source = resolver_.File(from);
     if (!source) return std::unexpected(source.error());
     if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from);
-    const auto target = resolver_.Target(to);
+    const auto target = overwrite ? resolver_.Target(to) : resolver_.NewTarget(to);
     if (!target) return std::unexpected(target.error());
     if (target->Exists()) {
         auto can = CheckReplace(*source->st, *target->st, LeadsToFolder(*target), overwrite, to);

@@ -76,7 +76,7 @@ Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view t
                                        const CopyObserver& observer) {
     const auto source = resolver_.File(from);
     if (!source) return std::unexpected(source.error());
-    const auto target = resolver_.Target(to);
+    const auto target = resolver_.NewTarget(to);
     if (!target) return std::unexpected(target.error());
     if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);

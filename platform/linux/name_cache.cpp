@@ -18,6 +18,7 @@ constexpr std::size_t kMostFolders = 48;
 constexpr std::size_t kMostNames = 400'000;
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
+constexpr std::int64_t kTrusted = 5'000'000;
 constexpr std::int64_t kCheap = 200'000; // nanoseconds
 constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
 
@@ -41,7 +42,17 @@ bool NameCache::IsDue(const Folder& folder, std::int64_t modified, std::int64_t 
     return folder.readCost < kCheap || now - folder.readAt > pause;
 }
 
+// A folder that we are changing ourselves isn't looked at for each of our own changes.
 Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
+    const auto found = folders_.find(path);
+    if (found == folders_.end() || !found->second.hasOwnChange) return Checked(path);
+    const std::int64_t now = SteadyNow();
+    if (now - found->second.checkedAt > kTrusted) return Checked(path);
+    found->second.usedAt = now;
+    return &found->second;
+}
+
+Sys<NameCache::Folder*> NameCache::Checked(const std::string& path) {
     const auto st = StatBehindPath(path);
     if (!st) return std::unexpected(st.error());
     if (!S_ISDIR(st->stx_mode)) return std::unexpected(ENOTDIR);
@@ -52,7 +63,7 @@ Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
     const std::int64_t now = SteadyNow();
     const bool isSame = folder.inode == st->stx_ino && folder.device == DeviceOf(*st);
     if (!isSame || IsDue(folder, modified, now)) return Read(path, modified);
-    folder.usedAt = now;
+    folder.usedAt = folder.checkedAt = now;
     return &folder;
 }
 
@@ -79,7 +90,7 @@ Sys<NameCache::Folder*> NameCache::Read(const std::string& path, std::int64_t mo
     while (reader.Next(entry))
         Add(folder, entry.name);
     if (reader.Error() != 0) return std::unexpected(reader.Error());
-    folder.usedAt = SteadyNow();
+    folder.usedAt = folder.checkedAt = SteadyNow();
     folder.readCost = folder.usedAt - folder.readAt;
     MakeRoom();
     return &folders_.insert_or_assign(path, std::move(folder)).first->second;
@@ -146,6 +157,13 @@ Sys<std::optional<std::string>> NameCache::Find(const std::string& folder, std::
     return found->second;
 }
 
+bool NameCache::IsKnownFree(const std::string& folder, std::string_view name) {
+    const std::scoped_lock lock(mutex_);
+    if (!folders_.contains(folder) || LooksLikeMadeShortName(name)) return false;
+    const auto valid = Valid(folder);
+    return valid && !(*valid)->byUpper.contains(text::Upper(name));
+}
+
 bool NameCache::HasOther(const std::string& folder, std::string_view nativeName,
                          std::string_view except) {
     const std::scoped_lock lock(mutex_);
@@ -183,7 +201,11 @@ void NameCache::NoteRemoved(std::string_view folder, std::string_view nativeName
 
 void NameCache::Forget(std::string_view folder) {
     const std::scoped_lock lock(mutex_);
-    if (const auto found = folders_.find(folder); found != folders_.end()) folders_.erase(found);
+    std::erase_if(folders_, [folder](const auto& entry) {
+        const std::string& path = entry.first;
+        return path.starts_with(folder) &&
+               (path.size() == folder.size() || path[folder.size()] == '/' || folder == "/");
+    });
 }
 
 } // namespace tarvix::platform

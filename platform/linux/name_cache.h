@@ -23,13 +23,17 @@ class NameCache {
     // path. Errnos when the folder is missing or can't be read.
     Sys<std::optional<std::string>> Find(const std::string& folder, std::string_view name);
 
+    // Whether a folder whose names are kept has none like `name` (drive form): by no form and in no
+    // case. An exact name that others put there while we are changing the folder may be missed.
+    bool IsKnownFree(const std::string& folder, std::string_view name);
+
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
     bool HasOther(const std::string& folder, std::string_view nativeName, std::string_view except);
 
     // What this process did in a folder. Names are disk names.
     void NoteAdded(std::string_view folder, std::string_view nativeName);
     void NoteRemoved(std::string_view folder, std::string_view nativeName);
-    // Forgets what is kept of a folder.
+    // Forgets what is kept of a folder and of those below it.
     void Forget(std::string_view folder);
 
   private:
@@ -51,6 +55,7 @@ class NameCache {
         std::int64_t readAt = 0;
         std::int64_t readCost = 0;
         std::int64_t usedAt = 0;
+        std::int64_t checkedAt = 0;        // when the folder itself was last looked at
         Map<std::string> byUpper;          // upper-case drive form to disk name
         std::vector<std::string> clashing; // disk names behind those in byUpper, but for case equal
         std::optional<Map<std::string>> byShort; // "" where two names share a form
@@ -58,6 +63,7 @@ class NameCache {
 
     static bool IsDue(const Folder& folder, std::int64_t modified, std::int64_t now);
     Sys<Folder*> Valid(const std::string& path);
+    Sys<Folder*> Checked(const std::string& path);
     Sys<Folder*> Read(const std::string& path, std::int64_t modified);
     static void Add(Folder& folder, std::string_view nativeName);
     static void AddShort(Folder& folder, std::string_view nativeName);

@@ -96,6 +96,13 @@ Result<Place> PathResolver::Target(std::string_view path) const {
     return Loosely(std::move(*place), path);
 }
 
+Result<Place> PathResolver::NewTarget(std::string_view path) const {
+    auto place = ByText(path);
+    if (!place || place->IsRoot()) return place ? Target(path) : place;
+    if (names_.IsKnownFree(place->Folder(), NameToDrive(place->NativeName()))) return place;
+    return Target(path);
+}
+
 // Most often only the last name isn't there as it stands.
 Result<Place> PathResolver::Loosely(Place exact, std::string_view path) const {
     if (exact.IsRoot()) return FailureBy(kPathNotFound, path);

@@ -42,6 +42,9 @@ class PathResolver {
     Result<Place> Existing(std::string_view path) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Place> Target(std::string_view path) const;
+    // The same for what will be put there in one step that never replaces anything (58): what
+    // others put there just now may be missed.
+    Result<Place> NewTarget(std::string_view path) const;
     // The same object with each name as the disk spells it, for file systems that find exact names
     // in any case.
     Result<Place> Spelled(Place place, std::string_view path) const;

@@ -141,6 +141,11 @@ Result<std::string> FaultyFileSystem::TruePath(std::string_view path) {
     return files_.TruePath(path);
 }
 
+Result<bool> FaultyFileSystem::Holds(std::string_view outer, std::string_view inner) {
+    if (auto may = Enter("Holds", outer, inner); !may) return std::unexpected(may.error());
+    return files_.Holds(outer, inner);
+}
+
 Result<std::string> FaultyFileSystem::ShortPath(std::string_view path) {
     if (auto may = Enter("ShortPath", path); !may) return std::unexpected(may.error());
     return files_.ShortPath(path);

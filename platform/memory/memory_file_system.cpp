@@ -244,6 +244,14 @@ Result<std::string> MemoryFileSystem::TruePath(std::string_view path) {
                    [](const std::string& name) { return name; });
 }
 
+Result<bool> MemoryFileSystem::Holds(std::string_view outer, std::string_view inner) {
+    const auto holder = Need(outer);
+    if (!holder) return std::unexpected(holder.error());
+    const auto held = Need(inner);
+    if (!held) return std::unexpected(held.error());
+    return held->node->IsWithin(*holder->node) || Followed(*held->node) == holder->node;
+}
+
 Result<std::string> MemoryFileSystem::ShortPath(std::string_view path) {
     const auto nodes = NodesOnTheWay(path);
     if (!nodes) return std::unexpected(nodes.error());

@@ -71,6 +71,7 @@ class MemoryFileSystem : public FileSystem {
 
     Result<ObjectFacts> Facts(std::string_view path) override;
     Result<std::string> TruePath(std::string_view path) override;
+    Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;
     Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
     Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;

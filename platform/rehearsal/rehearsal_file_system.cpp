@@ -83,6 +83,22 @@ Result<std::string> RehearsalFileSystem::TruePath(std::string_view path) {
     return Spelled(path, [](const std::string& name) { return name; });
 }
 
+bool RehearsalFileSystem::IsWhereItWas(std::string_view path, const RehearsalNode& node) {
+    const auto truePath = TruePath(path);
+    return truePath && *truePath == node.RealPath();
+}
+
+Result<bool> RehearsalFileSystem::Holds(std::string_view outer, std::string_view inner) {
+    if (!HasSteps()) return real_.Holds(outer, inner);
+    const auto holder = tree_.Need(outer);
+    if (!holder) return std::unexpected(holder.error());
+    const auto held = tree_.Need(inner);
+    if (!held) return std::unexpected(held.error());
+    if (held->node->IsWithin(*holder->node)) return true;
+    const bool isReal = IsWhereItWas(outer, *holder->node) && IsWhereItWas(inner, *held->node);
+    return isReal ? real_.Holds(outer, inner) : Result<bool>(false);
+}
+
 Result<std::string> RehearsalFileSystem::ShortPath(std::string_view path) {
     if (!HasSteps()) return real_.ShortPath(path);
     return Spelled(path, ShortNameOf);

@@ -25,6 +25,7 @@ class RehearsalFileSystem : public FileSystem {
 
     Result<ObjectFacts> Facts(std::string_view path) override;
     Result<std::string> TruePath(std::string_view path) override;
+    Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;
     Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
     Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;
@@ -62,6 +63,8 @@ class RehearsalFileSystem : public FileSystem {
     void Begin() {
         if (!HasSteps()) tree_.Clear();
     }
+    // Whether the object lies where it really lies, so that the real file system can tell of it.
+    bool IsWhereItWas(std::string_view path, const RehearsalNode& node);
     template <class Spell>
     Result<std::string> Spelled(std::string_view path, Spell spell);
     Result<RehearsalNode*> NeedBytes(std::string_view path, bool toWrite);

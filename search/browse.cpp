@@ -1,5 +1,6 @@
 #include "search/browse.h"
 
+#include "search/net_hood.h"
 #include "session/path_list.h"
 #include "session/session.h"
 
@@ -27,7 +28,8 @@ void TakeLocations(Session& session, const std::string& locations, bool append) 
 void cmdBrowse_Click(Session& session) {
     const int mode = session.frmSearch.optBrowse.Chosen();
     if (mode == kPath || mode == kAddPath) {
-        TakeLocations(session, session.prompts.PickFolder("Select folder"), mode == kAddPath);
+        const std::string folder = session.prompts.PickFolder("Select folder");
+        TakeLocations(session, ResolveNetHood(session, folder), mode == kAddPath);
         return;
     }
     const std::string list = session.prompts.PickFile("Select Multiple Path List", kListFilters);

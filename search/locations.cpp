@@ -1,8 +1,11 @@
 #include "search/locations.h"
 
-#include "platform/environment.h"
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
+#include "search/default_folders.h"
+#include "search/net_hood.h"
+#include "session/env_variables.h"
+#include "session/fake_roots.h"
 #include "session/session.h"
 #include "session/short_path.h"
 #include "text/case.h"
@@ -27,36 +30,23 @@ std::string Framed(std::string_view piece) {
 }
 
 // A leading blank marks a title: it is replaced by the folders it stands for.
-std::string ReplaceTitle(const session::Options& options, std::string_view text) {
+std::string ReplaceTitle(const session::Session& session, std::string_view text) {
+    if (!text.starts_with(' ')) return std::string(text);
     const std::size_t bar = std::min(text.find('|'), text.size());
-    const std::string_view title = text::RTrim(text.substr(0, bar));
-    if (!text.starts_with(' ') || title.empty()) return std::string(text);
-    for (std::size_t i = 0; i < options.strDefSearchFolderTitle.size(); ++i) {
-        const std::string_view known = options.strDefSearchFolderTitle[i];
-        if (text::RTrim(known) != title) continue;
-        return std::string(text::StripTrailingBar(options.strDefSearchFolder[i]))
-            .append(text.substr(bar));
-    }
-    return std::string(text);
+    const std::size_t place = FindTitle(session, text.substr(0, bar));
+    if (place == session::kDefaultFolderLimit) return std::string(text);
+    const std::string_view folders = session.state.options.strDefSearchFolder[place];
+    return std::string(text::StripTrailingBar(folders)).append(text.substr(bar));
 }
-
-struct FakeRoot {
-    std::string_view upper;
-    std::size_t length;
-};
-constexpr std::array<FakeRoot, 2> kFakeRoots{
-    {{"\\USERS\\ALL USERS", 16}, {"\\USERS\\ALLUSE~1", 15}}};
 
 // A folder that only stands in for ProgramData is replaced by that, with a notice.
 void SubstituteFakeRoots(session::Session& session, std::string& piece) {
-    const std::string below = text::Upper(text::Mid(piece, 3));
-    for (const FakeRoot& fake : kFakeRoots) {
-        if (!text::Like(below, std::string(fake.upper) + "*")) continue;
-        const std::string shown(text::Left(piece, 2 + fake.length));
-        std::string real(text::Left(piece, 2));
-        real.append("\\ProgramData").append(text::Mid(piece, 3 + fake.length));
-        session.MsgBox(shown + " is not a real folder, substituting the actual folder " + real);
-        piece = std::move(real);
+    for (const std::string_view fakeRoot : session::kFakeRoots) {
+        auto real = session::WithoutFakeRoot(piece, fakeRoot);
+        if (!real) continue;
+        const std::string shown(text::Left(piece, 2 + fakeRoot.size()));
+        session.MsgBox(shown + " is not a real folder, substituting the actual folder " + *real);
+        piece = std::move(*real);
     }
 }
 
@@ -77,8 +67,8 @@ bool NamesRecycleFolder(std::string_view path) {
 // Takes one piece into the table; gives what is wrong with it, or nothing.
 std::string TakeLocation(session::Session& session, std::string_view typed,
                          session::SearchLocation& location, std::string& cleaned) {
-    std::string piece = platform::ExpandVariables(
-        session.platform.environment, session.platform.paths.ToDrive(text::Trim(typed)));
+    std::string piece = session::RemoveEnvVarAndRestorePath(
+        session, ResolveNetHood(session, session.platform.paths.ToDrive(typed)));
     const bool unexpanded = piece.find('%') != piece.npos;
     SubstituteFakeRoots(session, piece);
     cleaned = piece;
@@ -126,8 +116,9 @@ std::string DescribeOverlaps(const std::vector<session::SearchLocation>& locatio
 
 void ParseSearchFolder(session::Session& session, std::string_view strFolderString) {
     auto& state = session.state;
-    const std::string text = ReplaceTitle(state.options, strFolderString);
-    session.frmSearch.cmbDir.Text = text;
+    const std::string text = ReplaceTitle(session, strFolderString);
+    // A batch goes on with what was typed.
+    if (!state.blnAutoMove) session.frmSearch.cmbDir.Text = text;
     auto pieces = text::Split(text, '|');
     while (pieces.size() > 1 && pieces.back().empty()) {
         pieces.pop_back();
@@ -139,14 +130,14 @@ void ParseSearchFolder(session::Session& session, std::string_view strFolderStri
         if (state.searchFolders.size() > session::kSearchFolderLimit) break;
         session::SearchLocation location;
         std::string cleaned;
-        wrong += TakeLocation(session, piece, location, cleaned);
+        wrong += TakeLocation(session, text::Trim(piece), location, cleaned);
         list.append(list.empty() ? "" : "|").append(cleaned);
         state.searchFolders.push_back(std::move(location));
     }
     state.intSearchFolderCount = static_cast<int>(state.searchFolders.size()) - 1;
     wrong += DescribeOverlaps(state.searchFolders);
     if (!wrong.empty()) session.MsgBox(wrong, session::kOkOnly, "ParseSearchFolder");
-    session.frmSearch.cmbDir.Text = list;
+    if (!state.blnAutoMove) session.frmSearch.cmbDir.Text = list;
 }
 
 ResolvedObject ResolveObjectKind(session::Session& session, std::string_view path) {

@@ -6,6 +6,7 @@
 #include "results/selection.h"
 #include "search/browse.h"
 #include "search/criteria_boxes.h"
+#include "search/default_folders.h"
 #include "search/request.h"
 #include "session/histories.h"
 #include "session/lifecycle/data_folder.h"
@@ -148,6 +149,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     session.frmSearch.mnuTools_CreateMPLfromCombo.Enabled = true;
     session.frmSearch.lblStatus.Caption = "";
     if (!ReadHistories(session)) return;
+    search::BuildDefaultFolderList(session);
     PreloadDialog(session);
     if (session.state.blnEnded) return;
     session.frmSearch.Show();

@@ -83,6 +83,38 @@ TEST_F(Locations, ARealFolderWithAPercentSignIsNoVariable) {
     EXPECT_TRUE(Told().empty());
 }
 
+TEST_F(Locations, APieceIsToldWithoutTheBlanksAroundIt) {
+    ParseIn("C:\\a|  C:\\nowhere ");
+    EXPECT_THAT(Told(), ElementsAre(NoFolder("C:\\nowhere")));
+}
+
+TEST_F(Locations, ARealFolderNamedLikeAVariableIsTaken) {
+    Disk().AddFolder("C:\\%Temp%");
+    ParseIn("C:\\%Temp%");
+    EXPECT_THAT(Folders(), ElementsAre("C:\\%Temp%"));
+}
+
+TEST_F(Locations, AVariableThatHoldsSeveralFoldersIsNotUnfolded) {
+    machine.environment.Set("Two", "C:\\a;C:\\b");
+    ParseIn("%Two%");
+    EXPECT_TRUE(WasTold("This appears to be an invalid environment variable(s):"));
+}
+
+TEST_F(Locations, ABatchKeepsTheBoxAsItWasTyped) {
+    Start();
+    Form().cmbDir.Text = "%UserProfile%\\Music|C:\\a";
+    State().blnAutoMove = true;
+    search::ParseSearchFolder(S(), Form().cmbDir.Text.Get());
+    EXPECT_THAT(Folders(), ElementsAre("C:\\home\\ann\\Music", "C:\\a"));
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "%UserProfile%\\Music|C:\\a");
+}
+
+TEST_F(Locations, AnEmptyPieceInTheMiddleIsRefused) {
+    ParseIn("C:\\a||C:\\b");
+    EXPECT_THAT(Folders(), ElementsAre("C:\\a", "", "C:\\b"));
+    EXPECT_EQ(TimesTold("Each search folder must be at least 2 characters"), 1U);
+}
+
 TEST_F(Locations, APieceOfOneCharacterIsRefusedWithTheExample) {
     ParseIn("C|C:\\a");
     EXPECT_THAT(Told(), ElementsAre("Each search folder must be at least 2 characters in length. "

@@ -1,0 +1,57 @@
+#include "search/net_hood.h"
+
+#include "platform/file_system.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+
+#include <algorithm>
+
+namespace tarvix::search {
+
+namespace {
+
+constexpr std::string_view kAddress = "smb://";
+// A ":" in a name is carried as U+F03A.
+constexpr std::string_view kDesktopFolder = "\\gvfs\\smb-share\xEF\x80\xBA";
+
+std::string ShareOfAddress(std::string_view address) {
+    std::string share = "\\\\" + std::string(address.substr(kAddress.size()));
+    std::ranges::replace(share, '/', '\\');
+    return share;
+}
+
+// The value of "server=" or "share=" among the parts of such a folder's name.
+std::string_view PartOf(std::string_view name, std::string_view key) {
+    for (const std::string_view part : text::Split(name, ',')) {
+        if (part.starts_with(key)) return part.substr(key.size());
+    }
+    return {};
+}
+
+std::string ShareOfDesktopFolder(std::string_view path, std::size_t at) {
+    const std::string_view behind = path.substr(at + kDesktopFolder.size());
+    const std::size_t end = std::min(behind.find('\\'), behind.size());
+    const std::string_view name = behind.substr(0, end);
+    return std::string("\\\\")
+        .append(PartOf(name, "server="))
+        .append("\\")
+        .append(PartOf(name, "share="))
+        .append(behind.substr(end));
+}
+
+} // namespace
+
+std::string ResolveNetHood(session::Session& session, std::string_view path) {
+    std::string share;
+    const std::size_t desktopFolder = path.find(kDesktopFolder);
+    if (text::EqualNoCase(path.substr(0, kAddress.size()), kAddress)) {
+        share = ShareOfAddress(path);
+    } else if (desktopFolder != path.npos) {
+        share = ShareOfDesktopFolder(path, desktopFolder);
+    }
+    const bool isThere = !share.empty() && session.files().Facts(share);
+    return isThere ? share : std::string(path);
+}
+
+} // namespace tarvix::search

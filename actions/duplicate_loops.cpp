@@ -184,6 +184,7 @@ class Loop {
                 outcome.kind = OutcomeKind::kLeftAlone;
             }
             ++totals.skipped;
+            if (outcome.kind == OutcomeKind::kSkippedDuplicate) ++totals.duplicates;
         }
         if (action_.sink) action_.sink->Settled(outcome);
     }

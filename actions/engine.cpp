@@ -75,8 +75,10 @@ class Placing {
     // Blanks next to a separator are never kept, since no folder can be made so.
     bool FinishDestination() {
         const std::string_view name = text::Trim(text::FolderOwnName(destination_));
-        const std::string parent = text::CleanSpacesInPath(text::ParentFolder(destination_), true);
-        destination_ = parent + "\\" + std::string(name);
+        std::string parent = text::ParentFolder(destination_);
+        // A rename keeps the folder, however it is spelt.
+        if (verb_ != Verb::kRename) parent = text::CleanSpacesInPath(parent, true);
+        destination_ = text::JoinPath(parent, name);
         action_.blnFolderAlreadyThere = false;
         if (text::Length(destination_) <= kLongestNewPath) return true;
         session::AskLongPath(session_, SearchFolderOf(session_, source_), destination_,

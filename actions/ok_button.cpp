@@ -36,7 +36,13 @@ void CleanSpaces(Session& session) {
     auto& box = session.frmDialog.cmbDir;
     const bool isPath = session.state.strAction != "Copy" && session.state.strAction != "Move";
     const bool isRule = !isPath && session.frmDialog.optTo[3].Value;
-    if (!isRule) box.Text = session.platform.paths.ToDrive(box.Text.Get());
+    std::string typed = session.platform.paths.ToDrive(box.Text.Get());
+    if (isRule) {
+        // In a rule these are marks, not characters of a name.
+        typed = text::Replace(typed, "\uF02A", "*");
+        typed = text::Replace(typed, "\uF07C", "|");
+    }
+    box.Text = std::move(typed);
     box.Text = text::CleanSpacesInPath(box.Text.Get(), true);
 }
 

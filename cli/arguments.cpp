@@ -111,27 +111,116 @@ Checked<Command> CheckSearch(const RawArguments& raw) {
     return SearchRequest{std::move(*criteria), std::move(*output), raw.answers};
 }
 
-// The choices that this version can carry out.
-Checked<void> CheckOnlyChoice(std::string_view option, const std::optional<std::string>& value,
-                              std::string_view only) {
-    if (!value || text::EqualNoCase(*value, only)) return {};
-    return std::unexpected(std::string(option) + " can only be \"" + std::string(only) +
-                           "\" in this version, not \"" + *value + "\".");
+// The position of a word among those that an option takes; the first without a value.
+template <std::size_t N>
+Checked<int> CheckChoice(std::string_view option, const std::optional<std::string>& value,
+                         const std::array<std::string_view, N>& choices) {
+    if (!value) return 0;
+    std::string names;
+    for (std::size_t i = 0; i < N; ++i) {
+        if (text::EqualNoCase(*value, choices[i])) return static_cast<int>(i);
+        names.append(i == 0 ? "" : i + 1 == N ? " or " : ", ").append(choices[i]);
+    }
+    return std::unexpected(std::string(option) + " takes " + names + ", not \"" + *value + "\"." +
+                           DidYouMean(*value, choices));
 }
 
-Checked<Command> CheckCopy(const RawArguments& raw) {
+constexpr std::array<std::string_view, 4> kStructures{"none", "mirror", "folder", "backup"};
+constexpr std::array<std::string_view, 4> kDuplicateChoices{"skip", "ask", "overwrite", "rename"};
+constexpr std::array<std::string_view, 2> kSides{"end", "beginning"};
+constexpr std::array<std::string_view, 3> kPortions{"prefix", "extension", "name"};
+
+Checked<void> CheckLevels(const RawArguments& raw, ActionRequest& request) {
+    const std::string& levels = *raw.levels;
+    const bool isNumber = !levels.empty() && levels.size() < 4 &&
+                          levels.find_first_not_of("0123456789") == levels.npos;
+    request.levels = isNumber ? std::stoi(levels) : 0;
+    if (request.levels > 0) return {};
+    return std::unexpected("--up takes a number of levels from 1 on, not \"" + levels + "\".");
+}
+
+// Where the objects go: one folder, the folders of lists, up the tree, or by rule.
+Checked<void> CheckWay(const RawArguments& raw, ActionRequest& request) {
+    const bool hasFolder = !raw.destination.value_or("").empty();
+    const int ways = int{raw.rule.has_value()} + int{raw.levels.has_value()} +
+                     int{!raw.lists.empty()} + int{hasFolder && raw.lists.empty()};
+    const bool isMove = request.verb == ActionVerb::kMove;
+    if (ways == 0) {
+        return std::unexpected(
+            isMove ? "Say where they go with --to, --up or --rule, such as --to ~/Sorted."
+                   : "Say where the copies go with --to, such as --to ~/Copies.");
+    }
+    if (ways > 1) {
+        return std::unexpected(isMove ? "Give only one of --to, --up and --rule."
+                                      : "Give only one of --to and --rule, and --rule without "
+                                        "--mpl.");
+    }
+    request.destination = raw.rule.value_or(raw.destination.value_or(""));
+    request.lists = raw.lists;
+    request.way = raw.rule ? 3 : raw.levels ? 2 : raw.lists.empty() ? 0 : 1;
+    request.withFolderNames = raw.withFolderNames;
+    return raw.levels ? CheckLevels(raw, request) : Checked<void>{};
+}
+
+Checked<void> CheckPlaces(const RawArguments& raw, ActionRequest& request) {
+    if (auto way = CheckWay(raw, request); !way) return way;
+    const auto structure = CheckChoice("--structure", raw.structure, kStructures);
+    if (!structure) return std::unexpected(structure.error());
+    request.structure = *structure;
+    const auto duplicates = CheckChoice("--on-duplicate", raw.onDuplicate, kDuplicateChoices);
+    if (!duplicates) return std::unexpected(duplicates.error());
+    request.duplicateChoice = *duplicates;
+    if (request.verb == ActionVerb::kMove && request.duplicateChoice == 2) {
+        return std::unexpected("A move never overwrites: --on-duplicate takes skip, ask or rename "
+                               "for it.");
+    }
+    const auto side = CheckChoice("--rename-at", raw.renameAt, kSides);
+    if (!side) return std::unexpected(side.error());
+    request.renameText = raw.renameText;
+    request.renameAtBeginning = *side == 1;
+    return {};
+}
+
+Checked<void> CheckNames(const RawArguments& raw, ActionRequest& request) {
+    if (raw.insertedText.has_value() == raw.soughtText.has_value()) {
+        return std::unexpected("Say what to do with the names: --insert TEXT, or --find TEXT with "
+                               "--replace TEXT.");
+    }
+    if (raw.soughtText && raw.soughtText->empty()) {
+        return std::unexpected("--find needs a text to look for.");
+    }
+    const auto side = CheckChoice("--at", raw.insertAt, kSides);
+    if (!side) return std::unexpected(side.error());
+    const auto portion = CheckChoice("--portion", raw.portion, kPortions);
+    if (!portion) return std::unexpected(portion.error());
+    request.insertsText = raw.insertedText.has_value();
+    request.insertedText = raw.insertedText.value_or("");
+    request.insertAtBeginning = *side == 1;
+    request.soughtText = raw.soughtText.value_or("");
+    request.newText = raw.newText.value_or("");
+    request.onlyOnce = raw.onlyOnce;
+    request.portion = *portion;
+    return {};
+}
+
+Checked<Command> CheckAction(const RawArguments& raw) {
     auto criteria = CheckCriteria(raw);
     if (!criteria) return std::unexpected(criteria.error());
-    if (auto done = CheckOnlyChoice("--structure", raw.structure, "none"); !done) {
-        return std::unexpected(done.error());
+    ActionRequest request{.verb = raw.command == "copy"   ? ActionVerb::kCopy
+                                  : raw.command == "move" ? ActionVerb::kMove
+                                                          : ActionVerb::kRename,
+                          .criteria = std::move(*criteria),
+                          .confirmed = raw.yes,
+                          .dryRun = raw.dryRun,
+                          .json = raw.json,
+                          .answers = raw.answers};
+    auto checked =
+        request.verb == ActionVerb::kRename ? CheckNames(raw, request) : CheckPlaces(raw, request);
+    if (!checked) return std::unexpected(checked.error());
+    if (raw.json && !raw.dryRun) {
+        return std::unexpected("--json needs --dry-run: an action itself prints one line.");
     }
-    if (auto done = CheckOnlyChoice("--on-duplicate", raw.onDuplicate, "skip"); !done) {
-        return std::unexpected(done.error());
-    }
-    if (raw.destination.value_or("").empty()) {
-        return std::unexpected("Say where the copies go with --to, such as --to ~/Copies.");
-    }
-    return CopyRequest{std::move(*criteria), *raw.destination, raw.yes, raw.answers};
+    return request;
 }
 
 Checked<Command> CheckRun(const RawArguments& raw) {
@@ -149,8 +238,12 @@ struct CommandCheck {
     Checked<Command> (*check)(const RawArguments&);
 };
 
-constexpr std::array<CommandCheck, 4> kCommandChecks{
-    {{"search", CheckSearch}, {"copy", CheckCopy}, {"run", CheckRun}, {"sample", CheckSample}}};
+constexpr std::array<CommandCheck, 6> kCommandChecks{{{"search", CheckSearch},
+                                                      {"copy", CheckAction},
+                                                      {"move", CheckAction},
+                                                      {"rename", CheckAction},
+                                                      {"run", CheckRun},
+                                                      {"sample", CheckSample}}};
 
 Checked<Request> Check(const RawArguments& raw) {
     auto machine = CheckMachine(raw);

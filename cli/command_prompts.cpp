@@ -9,6 +9,17 @@
 
 namespace tarvix::cli {
 
+namespace {
+
+// Whether an object failed and the question is only whether to try it again.
+bool AsksToRetry(int style, std::string_view title) {
+    constexpr int kButtons = 15;
+    return (style & kButtons) == session::kRetryCancel || title == "File not found" ||
+           title == "Bad File or Folder Name";
+}
+
+} // namespace
+
 int CommandPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
     if (!begun_) return FirstRunAnswers(inner_).MsgBox(text, style, title);
     if (session::ButtonsOf(style).size() == 1) {
@@ -16,6 +27,10 @@ int CommandPrompts::MsgBox(std::string_view text, int style, std::string_view ti
         return session::SafeAnswer(style);
     }
     if (confirmed_ && IsConfirmation(text, style)) return session::kOk;
+    if (confirmed_ && AsksToRetry(style, title) && !inner_.HasQueued()) {
+        Tell(host_, text);
+        return session::SafeAnswer(style);
+    }
     return inner_.MsgBox(text, style, title);
 }
 

@@ -20,7 +20,8 @@ class CommandPrompts : public session::PromptService {
 
     // Before this no notice is told: what the start shows is not about the request.
     void BeginRequest() { begun_ = true; }
-    // Answers "Are you sure you want to ..." with OK.
+    // Answers "Are you sure you want to ..." with OK, and tells of objects that failed instead of
+    // asking whether to try them again.
     void ConfirmActions() { confirmed_ = true; }
     // Fills in the action window and presses a button in it, once it shows.
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }

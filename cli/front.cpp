@@ -14,7 +14,7 @@ struct Dispatch {
     const platform::Platform& machine;
 
     int operator()(const SearchRequest& request) const { return RunSearch(host, machine, request); }
-    int operator()(const CopyRequest& request) const { return RunCopy(host, machine, request); }
+    int operator()(const ActionRequest& request) const { return RunAction(host, machine, request); }
     int operator()(const RunRequest& request) const { return RunScript(host, machine, request); }
     int operator()(const SampleRequest& request) const {
         return MakeSample(host, machine, request);

@@ -4,7 +4,7 @@
 namespace tarvix::cli {
 
 inline constexpr const char* kAbout =
-    "Tarvix finds, lists and copies large groups of files by rule.\n"
+    "Tarvix finds, lists, copies, moves and renames large groups of files by rule.\n"
     "This is the program without its windows, for terminals, timers and scripts.\n";
 
 inline constexpr const char* kAboutFooter =
@@ -37,14 +37,44 @@ inline constexpr const char* kSearchFooter =
     "say: at first, hidden, read-only and linked objects are not found.\n";
 
 inline constexpr const char* kCopyAbout =
-    "Finds objects as \"search\" does and copies all of them into one folder.\n";
+    "Finds objects as \"search\" does and copies all of them.\n";
 
 inline constexpr const char* kCopyFooter =
     "\nExamples:\n"
-    "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player --yes\n"
-    "  tarvix-cli copy \"*\" --in ~/Documents --between 2026-01-01..2026-03-31 --to ~/Q1 --yes\n"
+    "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player/Music --yes\n"
+    "  tarvix-cli copy \"*\" --in ~/Documents --structure backup --to /media/ann/Bk --dry-run\n"
+    "  tarvix-cli copy \"*.jpg\" --in ~/Pictures --mpl Players.mpl --on-duplicate rename --yes\n"
     "\n"
-    "Nothing that exists is overwritten: duplicates are skipped and counted.\n";
+    "none      the objects alone, side by side\n"
+    "mirror    the same path on the drive of the destination\n"
+    "folder    with the folders below the place where the search began\n"
+    "backup    with the whole path, the drive as a folder\n"
+    "\n"
+    "Nothing is ever lost: what is overwritten goes to the trash first.\n";
+
+inline constexpr const char* kMoveAbout =
+    "Finds objects as \"search\" does and moves all of them. Hidden and system objects are copied\n"
+    "instead, their originals stay.\n";
+
+inline constexpr const char* kMoveFooter =
+    "\nExamples:\n"
+    "  tarvix-cli move \"*.iso\" --in ~/Downloads --to /srv/images --yes\n"
+    "  tarvix-cli move \"*.mp3\" --in ~/Music --up 1 --with-folder-names --dry-run\n"
+    "  tarvix-cli move \"*\" --in ~/Music --no-subfolders --rule 'C:\\home\\ann\\Sorted\\*19*' "
+    "--yes\n"
+    "\n"
+    "In a rule, *19* is the 19th character of an object's own drive path, and |19,3| a folder\n"
+    "whose name holds the 3 characters from there on.\n";
+
+inline constexpr const char* kRenameAbout =
+    "Finds objects as \"search\" does and renames all of them, each in its place. Files are "
+    "renamed\n"
+    "before folders; a name that is taken is never replaced.\n";
+
+inline constexpr const char* kRenameFooter =
+    "\nExamples:\n"
+    "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
+    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n";
 
 inline constexpr const char* kRunAbout =
     "Runs a script that drives the whole program by the names of its controls.\n";

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kWhatGroup = "What to find";
 constexpr const char* kAttributeGroup = "Attributes, each no | yes | any";
 constexpr const char* kOutputGroup = "Output";
-constexpr const char* kCopyGroup = "Copy";
+constexpr const char* kActionGroup = "What to do";
 
 // The parser would take "[a,b]" for a list of its own, and what follows "--" behind a list for
 // options; the mark keeps such words whole.
@@ -128,9 +128,11 @@ struct CommandHelp {
     const char* footer;
 };
 
-constexpr std::array<CommandHelp, 4> kCommands{
+constexpr std::array<CommandHelp, 6> kCommands{
     {{"search", "Lists every file or folder that matches", kSearchAbout, kSearchFooter},
-     {"copy", "Copies all that matches into one folder", kCopyAbout, kCopyFooter},
+     {"copy", "Copies all that matches", kCopyAbout, kCopyFooter},
+     {"move", "Moves all that matches", kMoveAbout, kMoveFooter},
+     {"rename", "Renames all that matches in its place", kRenameAbout, kRenameFooter},
      {"run", "Runs a script that drives the whole program", kRunAbout, kRunFooter},
      {"sample", "Makes a small collection to try things on", kSampleAbout, kSampleFooter}}};
 
@@ -138,6 +140,11 @@ CLI::App& AddCommand(CLI::App& app, const CommandHelp& help) {
     CLI::App& command = *app.add_subcommand(help.name, help.summary);
     command.fallthrough()->allow_extras()->footer(help.footer)->group("Commands");
     return command;
+}
+
+const CommandHelp& CommandNamed(std::string_view name) {
+    return *std::ranges::find_if(kCommands,
+                                 [name](const CommandHelp& help) { return help.name == name; });
 }
 
 std::string HelpOf(CLI::App& app) {
@@ -150,7 +157,7 @@ std::string HelpOf(CLI::App& app) {
 }
 
 void AddSearch(CLI::App& app, RawArguments& raw) {
-    CLI::App& command = AddCommand(app, kCommands[0]);
+    CLI::App& command = AddCommand(app, CommandNamed("search"));
     AddCriteria(command, raw);
     AddText(command, "--columns", raw.columns, "KEY,...",
             "These cells, in this order: column keys or NativePath", kOutputGroup);
@@ -162,21 +169,72 @@ void AddSearch(CLI::App& app, RawArguments& raw) {
     AddFlag(command, "--print0", raw.zero, "Paths, each ended by a NUL byte", kOutputGroup);
 }
 
+// The options of a copy or move, which give each object a place.
+void AddPlaces(CLI::App& command, RawArguments& raw) {
+    AddText(command, "--to", raw.destination, "FOLDER", "The folder they go to", kActionGroup);
+    AddText(command, "--rule", raw.rule, "RULE",
+            "A folder for each by its own path, such as 'E:\\Sorted\\*12*'", kActionGroup);
+    AddText(command, "--structure", raw.structure, "STRUCTURE",
+            "none (unless given), mirror, folder or backup: the folders that come along",
+            kActionGroup);
+    AddText(command, "--on-duplicate", raw.onDuplicate, "CHOICE",
+            "skip (unless given), ask, overwrite or rename, where something stands already",
+            kActionGroup);
+    AddText(command, "--rename-text", raw.renameText, "TEXT",
+            "What is added to the name of a duplicate; _ at first", kActionGroup);
+    AddText(command, "--rename-at", raw.renameAt, "SIDE", "end (unless given) or beginning",
+            kActionGroup);
+}
+
+void AddRunOptions(CLI::App& command, RawArguments& raw) {
+    AddFlag(command, "-y,--yes", raw.yes, "Confirms the action", kActionGroup);
+    AddFlag(command, "-n,--dry-run", raw.dryRun, "Tells what would happen, and does nothing",
+            kActionGroup);
+    AddFlag(command, "--json", raw.json, "With --dry-run: one object a line", kActionGroup);
+}
+
 void AddCopy(CLI::App& app, RawArguments& raw) {
-    CLI::App& command = AddCommand(app, kCommands[1]);
+    CLI::App& command = AddCommand(app, CommandNamed("copy"));
     AddCriteria(command, raw);
-    AddText(command, "--to", raw.destination, "FOLDER", "Where the copies go", kCopyGroup);
-    AddText(command, "--structure", raw.structure, "none",
-            "Copies go straight into the folder, without their own folders", kCopyGroup);
-    AddText(command, "--on-duplicate", raw.onDuplicate, "skip",
-            "What exists at the destination stays", kCopyGroup);
-    AddFlag(command, "-y,--yes", raw.yes, "Confirms the copy", kCopyGroup);
+    AddPlaces(command, raw);
+    AddWords(command, "--mpl", raw.lists, "LIST",
+             "Into each folder of a Multiple Path List of the data folder; may be repeated",
+             kActionGroup)
+        ->allow_extra_args(false);
+    AddRunOptions(command, raw);
+}
+
+void AddMove(CLI::App& app, RawArguments& raw) {
+    CLI::App& command = AddCommand(app, CommandNamed("move"));
+    AddCriteria(command, raw);
+    AddPlaces(command, raw);
+    AddText(command, "--up", raw.levels, "LEVELS", "So many levels up the folder tree",
+            kActionGroup);
+    AddFlag(command, "--with-folder-names", raw.withFolderNames,
+            "With --up: the folders passed come before the name", kActionGroup);
+    AddRunOptions(command, raw);
+}
+
+void AddRename(CLI::App& app, RawArguments& raw) {
+    CLI::App& command = AddCommand(app, CommandNamed("rename"));
+    AddCriteria(command, raw);
+    AddText(command, "--insert", raw.insertedText, "TEXT", "Inserts it into each name",
+            kActionGroup);
+    AddText(command, "--at", raw.insertAt, "SIDE", "end (unless given) or beginning", kActionGroup);
+    AddText(command, "--find", raw.soughtText, "TEXT", "Looks for it, in upper or lower case",
+            kActionGroup);
+    AddText(command, "--replace", raw.newText, "TEXT", "What stands there then; nothing at first",
+            kActionGroup);
+    AddFlag(command, "--once", raw.onlyOnce, "Replaces only the first in a name", kActionGroup);
+    AddText(command, "--portion", raw.portion, "PORTION",
+            "prefix (unless given), extension or name: the part of a file's name", kActionGroup);
+    AddRunOptions(command, raw);
 }
 
 void AddOthers(CLI::App& app, RawArguments& raw) {
-    CLI::App& run = AddCommand(app, kCommands[2]);
+    CLI::App& run = AddCommand(app, CommandNamed("run"));
     AddText(run, "SCRIPT", raw.target, "", "The script, or - for stdin", "Positionals");
-    CLI::App& sample = AddCommand(app, kCommands[3]);
+    CLI::App& sample = AddCommand(app, CommandNamed("sample"));
     AddText(sample, "DIR", raw.target, "", "The folder to fill", "Positionals");
 }
 
@@ -234,7 +292,12 @@ std::optional<EarlyEnd> CheckLeftovers(const CLI::App& app) {
                      "\": it has all its arguments already.");
     }
     if (!commands.empty()) return std::nullopt;
-    return Wrong("Name a command: search, copy, run or sample. tarvix-cli --help tells more.");
+    std::string names;
+    for (std::size_t i = 0; i < kCommands.size(); ++i) {
+        names.append(i == 0 ? "" : i + 1 == kCommands.size() ? " or " : ", ");
+        names.append(kCommands[i].name);
+    }
+    return Wrong("Name a command: " + names + ". tarvix-cli --help tells more.");
 }
 
 void UnprotectAll(std::vector<std::string>& words) {
@@ -261,6 +324,8 @@ std::expected<RawArguments, EarlyEnd> ReadRawArguments(const std::vector<std::st
     AddGlobalOptions(app, raw);
     AddSearch(app, raw);
     AddCopy(app, raw);
+    AddMove(app, raw);
+    AddRename(app, raw);
     AddOthers(app, raw);
     try {
         std::vector<std::string> words = Protected(arguments);
@@ -275,7 +340,7 @@ std::expected<RawArguments, EarlyEnd> ReadRawArguments(const std::vector<std::st
     }
     if (auto leftover = CheckLeftovers(app)) return std::unexpected(std::move(*leftover));
     raw.command = app.get_subcommands().front()->get_name();
-    for (auto* words : {&raw.patterns, &raw.locations, &raw.answers, &raw.drives})
+    for (auto* words : {&raw.patterns, &raw.locations, &raw.answers, &raw.drives, &raw.lists})
         UnprotectAll(*words);
     return raw;
 }

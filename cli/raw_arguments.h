@@ -25,8 +25,12 @@ struct RawArguments {
     std::optional<std::string> columns, sort;
     bool json = false, table = false, zero = false;
 
-    std::optional<std::string> destination, structure, onDuplicate;
-    bool yes = false;
+    std::optional<std::string> destination, rule, levels, structure, onDuplicate;
+    std::optional<std::string> renameText, renameAt;
+    std::vector<std::string> lists;
+    bool withFolderNames = false, yes = false, dryRun = false;
+    std::optional<std::string> insertedText, insertAt, soughtText, newText, portion;
+    bool onlyOnce = false;
 
     std::optional<std::string> target; // the script, or the folder of the sample
 };

@@ -76,10 +76,34 @@ struct SearchRequest {
     std::vector<std::string> answers;
 };
 
-struct CopyRequest {
+enum class ActionVerb { kCopy, kMove, kRename };
+
+// What the action window is to be filled with; all texts as typed.
+struct ActionRequest {
+    ActionVerb verb = ActionVerb::kCopy;
     Criteria criteria;
-    std::string destination; // as typed
+    int way = 0; // an entry of optTo
+    std::string destination;
+    std::vector<std::string> lists; // Multiple Path Lists of the data folder
+    int levels = 0;
+    bool withFolderNames = false;
+    int structure = 0;       // an entry of optStructure
+    int duplicateChoice = 0; // by the values of --on-duplicate
+    std::optional<std::string> renameText;
+    bool renameAtBeginning = false;
+
+    // Renames.
+    bool insertsText = true;
+    std::string insertedText;
+    bool insertAtBeginning = false;
+    std::string soughtText;
+    std::string newText;
+    bool onlyOnce = false;
+    int portion = 0; // an entry of optNamePortion
+
     bool confirmed = false;
+    bool dryRun = false;
+    bool json = false;
     std::vector<std::string> answers;
 };
 
@@ -91,7 +115,7 @@ struct SampleRequest {
     std::string folder; // as typed
 };
 
-using Command = std::variant<SearchRequest, CopyRequest, RunRequest, SampleRequest>;
+using Command = std::variant<SearchRequest, ActionRequest, RunRequest, SampleRequest>;
 
 // The arguments of the process, checked.
 struct Request {

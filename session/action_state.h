@@ -97,6 +97,7 @@ struct ActionState {
     std::string strPlacedAt;     // where it then stands
     bool blnPlacedByMove = false;
     bool blnProtected = false; // it was left alone since it is hidden or a system object
+    bool blnDiskFull = false;  // the loop ended since nothing more would fit
     actions::OutcomeSink* sink = nullptr; // follows the action object by object
     actions::ActionProgress* progress = nullptr; // of the loop that runs
 

@@ -37,6 +37,7 @@ struct BatchRequest {
 struct ActionTotals {
     std::int64_t done = 0;
     std::int64_t skipped = 0;
+    std::int64_t duplicates = 0; // of the skipped
     std::int64_t failed = 0;
     std::vector<std::string> errors; // one sentence for each failed object
 };

@@ -180,19 +180,75 @@ TEST(ArgumentsTest, NotWorksWithOnePatternOnly) {
                 ::testing::StartsWith("--not works with one pattern only"));
 }
 
-TEST(ArgumentsTest, CopyTakesOnlyWhatItCanDo) {
+TEST(ArgumentsTest, AnActionNeedsAPlaceAndKnownChoices) {
     const Words copy{"copy", "x", "--in", "y", "--to", "z"};
     auto with = [&](Words more) {
         more.insert(more.begin(), copy.begin(), copy.end());
         return more;
     };
     const Request request = Read(with({"--yes", "--structure", "none", "--on-duplicate", "skip"}));
-    EXPECT_TRUE(std::get<CopyRequest>(request.command).confirmed);
-    EXPECT_EQ(std::get<CopyRequest>(request.command).destination, "z");
-    EXPECT_EQ(Refusal(with({"--structure", "mirror"})),
-              "--structure can only be \"none\" in this version, not \"mirror\".");
-    EXPECT_EQ(Refusal(with({"--on-duplicate", "overwrite"})),
-              "--on-duplicate can only be \"skip\" in this version, not \"overwrite\".");
+    EXPECT_TRUE(std::get<ActionRequest>(request.command).confirmed);
+    EXPECT_EQ(std::get<ActionRequest>(request.command).destination, "z");
+    EXPECT_EQ(Refusal(with({"--structure", "mirrow"})),
+              "--structure takes none, mirror, folder or backup, not \"mirrow\". Did you mean "
+              "\"mirror\"?");
+    EXPECT_EQ(Refusal(with({"--on-duplicate", "delete"})).substr(0, 66),
+              "--on-duplicate takes skip, ask, overwrite or rename, not \"delete\".");
+    EXPECT_EQ(Refusal(with({"--rule", "C:\\x\\*1*"})),
+              "Give only one of --to and --rule, and --rule without --mpl.");
+    EXPECT_EQ(Refusal(with({"--json"})),
+              "--json needs --dry-run: an action itself prints one line.");
+}
+
+TEST(ArgumentsTest, ACopyTakesEachStructureAndDuplicateChoice) {
+    const Request request =
+        Read({"copy", "x", "--in", "y", "--to", "z", "--structure", "BACKUP", "--on-duplicate",
+              "rename", "--rename-text", "+", "--rename-at", "beginning", "-n", "--json"});
+    const auto& action = std::get<ActionRequest>(request.command);
+    EXPECT_EQ(action.structure, 3);
+    EXPECT_EQ(action.duplicateChoice, 3);
+    EXPECT_EQ(action.renameText, "+");
+    EXPECT_TRUE(action.renameAtBeginning);
+    EXPECT_TRUE(action.dryRun && action.json);
+}
+
+TEST(ArgumentsTest, AMoveGoesOneWayAndNeverOverwrites) {
+    const Words move{"move", "x", "--in", "y"};
+    auto with = [&](Words more) {
+        more.insert(more.begin(), move.begin(), move.end());
+        return more;
+    };
+    EXPECT_EQ(Refusal(move),
+              "Say where they go with --to, --up or --rule, such as --to ~/Sorted.");
+    EXPECT_EQ(Refusal(with({"--up", "1", "--to", "z"})), "Give only one of --to, --up and --rule.");
+    EXPECT_EQ(Refusal(with({"--up", "0"})),
+              "--up takes a number of levels from 1 on, not \"0\".");
+    EXPECT_EQ(Refusal(with({"--to", "z", "--on-duplicate", "overwrite"})),
+              "A move never overwrites: --on-duplicate takes skip, ask or rename for it.");
+    const auto request = Read(with({"--up", "2", "--with-folder-names"}));
+    const auto& action = std::get<ActionRequest>(request.command);
+    EXPECT_EQ(action.way, 2);
+    EXPECT_EQ(action.levels, 2);
+    EXPECT_TRUE(action.withFolderNames);
+}
+
+TEST(ArgumentsTest, ARenameInsertsOrReplaces) {
+    const Words rename{"rename", "x", "--in", "y"};
+    auto with = [&](Words more) {
+        more.insert(more.begin(), rename.begin(), rename.end());
+        return more;
+    };
+    const std::string neither = "Say what to do with the names: --insert TEXT, or --find TEXT with "
+                                "--replace TEXT.";
+    EXPECT_EQ(Refusal(rename), neither);
+    EXPECT_EQ(Refusal(with({"--insert", "a", "--find", "b"})), neither);
+    EXPECT_EQ(Refusal(with({"--find", ""})), "--find needs a text to look for.");
+    const auto request = Read(with({"--find", " - ", "--replace", "_", "--portion", "name"}));
+    const auto& action = std::get<ActionRequest>(request.command);
+    EXPECT_FALSE(action.insertsText);
+    EXPECT_EQ(action.soughtText, " - ");
+    EXPECT_EQ(action.newText, "_");
+    EXPECT_EQ(action.portion, 2);
 }
 
 TEST(ArgumentsTest, TheMachineIsAskedForBeforeOrBehindTheCommand) {

@@ -47,7 +47,7 @@ TEST_F(ScriptRunnerTest, ASpacerIsAnEmptyLine) {
 }
 
 TEST_F(ScriptRunnerTest, DumpsControlsByForm) {
-    EXPECT_EQ(RunScript(kFind + "dump lblNumOfFilesFound\ndump frmDialog.chkSkipAll\n"
+    EXPECT_EQ(RunScript(kFind + "dump lblNumOfFilesFound\ndump frmDialog.chkAsk\n"
                                 "dump optFilesVsDirs(0)\n"),
               kDone);
     EXPECT_EQ(Out(), "3\n1\n1\n");

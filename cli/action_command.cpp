@@ -1,0 +1,239 @@
+#include "actions/preview.h"
+#include "cli/commands.h"
+#include "cli/finding.h"
+#include "cli/messages.h"
+#include "platform/native_paths.h"
+#include "results/selection.h"
+#include "session/user_input.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <ostream>
+#include <utility>
+
+namespace tarvix::cli {
+
+namespace {
+
+using session::InputResult;
+using session::Session;
+
+struct Words {
+    std::string_view done;    // begins the summary
+    std::string_view nothing; // what a search that was cut short prevented
+};
+
+Words WordsOf(ActionVerb verb) {
+    constexpr std::array<Words, 3> kWords{
+        {{"Copied ", "copied"}, {"Moved ", "moved"}, {"Renamed ", "renamed"}}};
+    return kWords[static_cast<std::size_t>(verb)];
+}
+
+forms::Control& StartButton(Session& session, ActionVerb verb) {
+    auto& form = session.frmSearch;
+    if (verb == ActionVerb::kCopy) return form.cmdCopySelected;
+    return verb == ActionVerb::kMove ? form.cmdMoveSelected : form.cmdRenameSelected;
+}
+
+// Enters values in turn, until one is refused.
+class Entry {
+  public:
+    explicit Entry(Session& session) : session_(session) {}
+    Entry& Set(forms::Control& control, std::string_view value) {
+        if (done_) done_ = session::UserSet(session_, control, value);
+        return *this;
+    }
+    const InputResult& Done() const { return done_; }
+
+  private:
+    Session& session_;
+    InputResult done_;
+};
+
+InputResult ChooseLists(Session& session, const std::vector<std::string>& lists) {
+    auto& field = session.frmDialog.filMultiPath;
+    field.SelectNone();
+    Entry entry(session);
+    for (const std::string& list : lists) {
+        entry.Set(field, list);
+        if (entry.Done()) continue;
+        return std::unexpected("There is no list \"" + list + "\" in the data folder " +
+                               session.platform.paths.ToNative(session.state.strDataFolder) + ".");
+    }
+    return {};
+}
+
+InputResult FillPlaces(Session& session, const ActionRequest& request) {
+    auto& form = session.frmDialog;
+    const std::array<forms::CheckBox*, 4> choices{&form.chkSkipAll, &form.chkAsk,
+                                                  &form.chkOverWrite, &form.chkRename};
+    Entry entry(session);
+    entry.Set(form.optTo[request.way], "1").Set(form.optStructure[request.structure], "1");
+    entry.Set(*choices[static_cast<std::size_t>(request.duplicateChoice)], "1");
+    if (request.renameText) entry.Set(form.txtRename, *request.renameText);
+    if (request.renameAtBeginning) entry.Set(form.chkRenameBeg, "1");
+    if (request.way == 2) {
+        entry.Set(form.txtFolderTree, std::to_string(request.levels));
+        entry.Set(form.chkFolderRename, request.withFolderNames ? "1" : "0");
+    } else {
+        entry.Set(form.cmbDir, request.destination);
+    }
+    if (!entry.Done() || request.lists.empty()) return entry.Done();
+    return ChooseLists(session, request.lists);
+}
+
+InputResult FillNames(Session& session, const ActionRequest& request) {
+    auto& form = session.frmDialog;
+    Entry entry(session);
+    entry.Set(request.insertsText ? form.chkAdd : form.chkFindReplace, "1");
+    entry.Set(form.optNamePortion[request.portion], "1");
+    if (request.insertsText) {
+        entry.Set(form.txtAdd, request.insertedText);
+        entry.Set(request.insertAtBeginning ? form.chkAddBeg : form.chkAddEnd, "1");
+    } else {
+        entry.Set(form.txtFind, request.soughtText).Set(form.txtReplace, request.newText);
+        entry.Set(form.optOnceVsAll[request.onlyOnce ? 0 : 1], "1");
+    }
+    return entry.Done();
+}
+
+nlohmann::ordered_json EntryAsJson(Session& session, const actions::PreviewEntry& entry) {
+    const auto& paths = session.platform.paths;
+    const std::string& path = session.selection->strSelPath[entry.index];
+    return {{"Object", path},
+            {"NativePath", paths.ToNative(path)},
+            {"NewPath", entry.strNewPath},
+            {"NewNativePath",
+             entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath)},
+            {"Verdict", actions::VerdictText(entry.verdict)}};
+}
+
+bool IsDone(actions::Verdict verdict) {
+    using actions::Verdict;
+    return verdict == Verdict::kCopy || verdict == Verdict::kMove || verdict == Verdict::kRename ||
+           verdict == Verdict::kDuplicateRename || verdict == Verdict::kDuplicateOverwrite ||
+           verdict == Verdict::kProtectedCopy;
+}
+
+// Prints what would happen; gives the exit code.
+int PrintPreview(Host& host, Session& session, bool asJson) {
+    const auto result = actions::Preview(session);
+    if (!result.refusal.empty()) {
+        Complain(host, result.refusal);
+        return kBadRequest;
+    }
+    const auto& paths = session.platform.paths;
+    bool isAll = true;
+    for (const auto& entry : result.entries) {
+        isAll = isAll && IsDone(entry.verdict);
+        if (asJson) {
+            host.out << EntryAsJson(session, entry)
+                            .dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)
+                     << '\n';
+            continue;
+        }
+        host.out << actions::VerdictText(entry.verdict) << '\t'
+                 << paths.ToNative(session.selection->strSelPath[entry.index]) << '\t'
+                 << (entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath))
+                 << '\n';
+    }
+    host.out.flush();
+    return isAll ? kDone : kSomeFailed;
+}
+
+// One run of the command, between the search and its end.
+class ActionRun {
+  public:
+    ActionRun(Host& host, const ActionRequest& request) : host_(host), request_(request) {}
+
+    // Fills in the action window and presses OK. A refusal, told by the window's own message,
+    // leaves it open: then it is cancelled.
+    void InWindow(Session& session) {
+        auto& form = session.frmDialog;
+        auto done = request_.verb == ActionVerb::kRename ? FillNames(session, request_)
+                                                         : FillPlaces(session, request_);
+        if (!done) {
+            Complain(host_, done.error());
+        } else if (request_.dryRun) {
+            code_ = PrintPreview(host_, session, request_.json);
+        } else if (auto clicked = session::UserClick(session, form.OKButton); !clicked) {
+            Complain(host_, clicked.error());
+        }
+        if (form.IsShown()) (void)session::UserClick(session, form.CancelButton);
+        form.Hide();
+    }
+
+    int AfterSearch(Session& session, int searchCode) {
+        if (session.state.blnStopClicked) {
+            Complain(host_, "The search was cut short, so nothing was " +
+                                std::string(WordsOf(request_.verb).nothing) + ".");
+            return kSomeFailed;
+        }
+        if (session.rows->Count() == 0) {
+            if (!request_.dryRun) Summarize({}, 0);
+            return searchCode;
+        }
+        const Watch watch(host_, session);
+        return Act(session, searchCode);
+    }
+
+  private:
+    int Act(Session& session, int searchCode) {
+        for (forms::Control* button : std::initializer_list<forms::Control*>{
+                 &session.frmSearch.cmdSelectAll, &StartButton(session, request_.verb)}) {
+            const auto clicked = session::UserClick(session, *button);
+            if (clicked) continue;
+            Complain(host_, clicked.error());
+            return kBadRequest;
+        }
+        if (request_.dryRun) return code_ == kDone ? searchCode : code_;
+        if (session.state.blnActionCancelled) return kBadRequest;
+        const auto& totals = session.state.lastAction;
+        const std::int64_t wanted = (session.selection->lngSelTop + 1) *
+                                    (request_.way == 1 ? session.state.action.intMultiCount : 1);
+        Summarize(totals, wanted);
+        return totals.done == wanted ? searchCode : kSomeFailed;
+    }
+
+    void Summarize(const session::ActionTotals& totals, std::int64_t wanted) {
+        host_.out << WordsOf(request_.verb).done << totals.done << " of " << wanted
+                  << (wanted == 1 ? " object" : " objects");
+        const std::array<std::pair<std::int64_t, std::string_view>, 4> others{
+            {{totals.duplicates, " skipped as they exist already"},
+             {totals.skipped - totals.duplicates, " skipped"},
+             {totals.failed, " failed"},
+             {wanted - totals.done - totals.skipped - totals.failed, " not reached"}}};
+        std::string_view between = "; ";
+        for (const auto& [count, what] : others) {
+            if (count == 0) continue;
+            host_.out << between << count << what;
+            between = ", ";
+        }
+        host_.out << "." << std::endl;
+    }
+
+    Host& host_;
+    const ActionRequest& request_;
+    int code_ = kBadRequest;
+};
+
+} // namespace
+
+int RunAction(Host& host, const platform::Platform& machine, const ActionRequest& typed) {
+    Finding finding(host, machine);
+    if (!finding.CheckLocations(typed.criteria)) return kBadRequest;
+    ActionRequest request = typed;
+    if (request.way == 0) request.destination = finding.Paths().ToDrive(typed.destination);
+    if (request.confirmed) finding.Prompts().ConfirmActions();
+    ActionRun action(host, request);
+    finding.Prompts().SetDialogFiller([&](Session& session) { action.InWindow(session); });
+    ProgramRun run;
+    run.act = [&](lifecycle::Program& program) -> int {
+        const int code = finding.Search(program, request.criteria, request.answers);
+        return code == kBadRequest ? code : action.AfterSearch(program.Session(), code);
+    };
+    return RunProgram(host, machine, finding.Prompts(), run);
+}
+
+} // namespace tarvix::cli

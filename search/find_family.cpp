@@ -126,13 +126,10 @@ void FindFamily::FindCandidates(std::size_t index) {
     found_.positions = MatchingNames(session_, list_, *match_, index);
 }
 
-// A link or a mount that isn't entered is never empty: what it leads to isn't known.
+// A link or a mount that isn't entered is never empty: what it leads to isn't known. Nor is a
+// folder that can't be read.
 bool FindFamily::IsEmptyFolder(std::size_t index) {
-    const CrawlFolder& folder = list_.At(index);
-    if (!folder.isWalkable) return false;
-    auto opened = session_.files().Open(folder.strFolderLong);
-    platform::FolderListing listing;
-    return opened && (*opened)->List(listing) && listing.Size() == 0;
+    return list_.At(index).isWalkable && list_.HasNothing(index);
 }
 
 Outcome FindFamily::WalkFolder(std::size_t index, Folders which) {

@@ -2,9 +2,13 @@
 
 #include "platform/file_system.h"
 #include "search/name_checks.h"
+#include "session/attempt.h"
 #include "session/session.h"
 #include "session/short_path.h"
 #include "text/characters.h"
+
+#include <optional>
+#include <utility>
 
 namespace tarvix::search {
 
@@ -89,19 +93,47 @@ void FolderList::EnsureListed(std::size_t index) {
     folder.isListed = true;
     folder.namesBegin = folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
     if (!folder.isWalkable) return;
-    auto opened = session_.files().Open(folder.strFolderLong);
-    if (!opened || !(*opened)->List(scratch_)) return;
+    if (!ListNow(index, index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders")) return;
     for (std::size_t i = 0; i < scratch_.Size(); ++i) {
         if (!scratch_[i].isFolder) names_.Add(scratch_[i]);
     }
     folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
 }
 
+bool FolderList::HasNothing(std::size_t index) {
+    return ListNow(index, "FindEmptyFoldersInSubFolders") && scratch_.Size() == 0;
+}
+
+// Into `scratch_`. A folder that can't be opened has no objects; only a bad name is told.
+bool FolderList::ListNow(std::size_t index, std::string_view routine) {
+    const CrawlFolder& folder = folders_[index];
+    const session::ErrorContext context{.routine = routine,
+                                        .moduleName = "frmSearch",
+                                        .object = session::kUnreadObject,
+                                        .path = folder.Short(),
+                                        .searchOrDestination = folders_.front().strFolderLong};
+    return static_cast<bool>(session::Attempt(
+        session_, context,
+        [&]() -> platform::Result<void> {
+            auto opened = session_.files().Open(folder.strFolderLong);
+            if (!opened) return std::unexpected(std::move(opened.error()));
+            return (*opened)->List(scratch_);
+        },
+        [](const platform::PlatformError& error) -> std::optional<int> {
+            if (error.number == platform::kBadFileName) return {};
+            return session::kRecoverySkip;
+        }));
+}
+
 void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countContent) {
     folders_[index].isListed = true;
     folders_[index].namesBegin = folders_[index].namesEnd =
         static_cast<std::uint32_t>(names_.Size());
-    if (!folders_[index].isWalkable || !ahead_->TakeListing(scratch_)) return;
+    if (!folders_[index].isWalkable) return;
+    if (!ahead_->TakeListing(scratch_) &&
+        !ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne")) {
+        return;
+    }
     for (std::size_t i = 0; i < scratch_.Size(); ++i) {
         if (!TakeEntry(index, scratch_[i], addFolders, countContent)) return;
     }

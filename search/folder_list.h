@@ -67,11 +67,14 @@ class FolderList {
 
     // The files' names of one folder, read now if the builder didn't.
     void EnsureListed(std::size_t index);
+    // Whether a folder can be read now and holds neither files nor folders.
+    bool HasNothing(std::size_t index);
 
   private:
     void Start(std::string_view location);
     void Order(const CrawlFolder& folder);
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
+    bool ListNow(std::size_t index, std::string_view routine);
     bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
                    bool countContent);
     void AddToFolderArray(std::size_t parent, const platform::FolderEntry& entry);

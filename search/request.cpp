@@ -41,7 +41,6 @@ bool IsChecked(const forms::CheckBox& box) {
 void AskRepeatDelete(Session& session) {
     const auto& form = session.frmSearch;
     if (session.state.blnRepeatDeleteEmpty) return;
-    if (!session.events.Has("frmSearch.cmdDeleteSelected_Click")) return;
     if (!IsChecked(form.chkIncludeSubFolders) || !IsChecked(form.chkRepeatSearch) ||
         form.optFilesVsDirs.Chosen() != 4) {
         return;

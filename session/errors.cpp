@@ -17,8 +17,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kUnreadObject = "Dir function not performed yet";
-
 // The type texts go into records and prompts with their blanks.
 std::string_view TypeText(ObjectType type) {
     constexpr std::array<std::string_view, 4> kTexts{" folder ", " file ", " no type", " unknown"};

@@ -20,6 +20,9 @@ enum Recovery : int {
     kRecoverySkipUnread = 5, // the same, for an object that had not been read yet
 };
 
+// The object of a context while no name of it was read.
+constexpr std::string_view kUnreadObject = "Dir function not performed yet";
+
 // What a routine was at when a statement of it failed. The texts belong to the caller.
 struct ErrorContext {
     std::string_view routine;

@@ -2,11 +2,13 @@
 
 #include "platform/dir.h"
 #include "platform/file_system.h"
+#include "session/attempt.h"
 #include "session/session.h"
 #include "session/short_path.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -23,10 +25,26 @@ std::string FolderOf(std::string_view path, bool isFolderPath) {
     return text::ParentFolder(path);
 }
 
+ErrorContext ContextOf(const std::string& folder) {
+    return {.routine = "CreateMissingFolder",
+            .moduleName = "Module1",
+            .object = folder,
+            .path = folder,
+            .searchOrDestination = folder,
+            .objectType = ObjectType::kFolder};
+}
+
+// A missing parent is the chain's business.
+std::optional<int> LeavesMissingParent(const platform::PlatformError& error) {
+    if (error.number == platform::kPathNotFound) return kRecoveryNext;
+    return {};
+}
+
 // Makes one folder and logs it.
-platform::Result<void> MakeOne(Session& session, const std::string& folder,
-                               MissingFolderResult& result) {
-    auto made = session.files().CreateFolder(folder);
+Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFolderResult& result) {
+    auto made = Attempt(
+        session, ContextOf(folder), [&] { return session.files().CreateFolder(folder); },
+        LeavesMissingParent);
     if (made) {
         LogTimed(session, " Created " + folder);
         result.blnFolderCreated = true;
@@ -35,7 +53,10 @@ platform::Result<void> MakeOne(Session& session, const std::string& folder,
     return made;
 }
 
-void NoteError(MissingFolderResult& result, const platform::PlatformError& error) {
+// A parent that stays missing is recorded here, any other error was when it came.
+void NoteError(Session& session, const std::string& folder, const platform::PlatformError& error,
+               MissingFolderResult& result) {
+    if (error.number == platform::kPathNotFound) HandleError(session, error, ContextOf(folder));
     result.errorNumber = error.number;
     result.errorText = error.description;
 }
@@ -44,18 +65,19 @@ void NoteError(MissingFolderResult& result, const platform::PlatformError& error
 void MakeChain(Session& session, std::string folder, MissingFolderResult& result) {
     std::vector<std::string> remembered;
     while (true) {
-        auto made = MakeOne(session, folder, result);
+        const auto made = MakeOne(session, folder, result);
         if (made) break;
         const std::string parent = text::ParentFolder(folder);
-        const bool canClimb = made.error().number == platform::kPathNotFound &&
+        const bool canClimb = made.ErrorNumber() == platform::kPathNotFound &&
                               text::Length(parent) >= kRootLength && parent != folder &&
                               remembered.size() < kMostRemembered;
-        if (!canClimb) return NoteError(result, made.error());
+        if (!canClimb) return NoteError(session, folder, made.result.error(), result);
         remembered.push_back(std::exchange(folder, parent));
     }
     for (; !remembered.empty(); remembered.pop_back()) {
-        if (auto made = MakeOne(session, remembered.back(), result); !made) {
-            return NoteError(result, made.error());
+        const std::string& next = remembered.back();
+        if (const auto made = MakeOne(session, next, result); !made) {
+            return NoteError(session, next, made.result.error(), result);
         }
     }
 }

@@ -2,12 +2,14 @@
 
 #include "platform/file_system.h"
 #include "platform/short_names.h"
+#include "session/attempt.h"
 #include "session/missing_folders.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tarvix::session {
 
@@ -27,15 +29,30 @@ int StatusOf(std::string_view path, std::size_t limit) {
     return length <= kLongPath ? 2 : 0;
 }
 
+// Makes sure that the folder is there; one that is missing is made. False to leave.
+bool ProveFolder(Session& session, std::string_view folder) {
+    const ErrorContext context{.routine = "GetShortPathNameReturnCodes",
+                               .moduleName = "Module1",
+                               .object = folder,
+                               .path = folder,
+                               .searchOrDestination = folder,
+                               .objectType = ObjectType::kFolder};
+    const auto makesIt = [&](const platform::PlatformError& error) -> std::optional<int> {
+        if (error.number != platform::kPathNotFound) return {};
+        CreateMissing247Folder(session, folder, true);
+        return kRecoveryNext;
+    };
+    const auto facts = Attempt(
+        session, context, [&] { return platform::GetFolder(session.files(), folder); }, makesIt);
+    return facts || facts.recovery == kRecoveryNext;
+}
+
 // One round: the folder portion in its short form. False when there is no way to shorten.
 bool ShortenFolderPortion(Session& session, std::string& path) {
     const std::size_t end = FolderPortionEnd(path);
     if (end == 0) return false;
     const std::string_view folder = std::string_view(path).substr(0, end);
-    const auto facts = platform::GetFolder(session.files(), folder);
-    if (!facts && facts.error().number == platform::kPathNotFound) {
-        CreateMissing247Folder(session, folder, true);
-    }
+    if (!ProveFolder(session, folder)) return false;
     const auto shortForm = session.files().ShortPath(folder);
     if (!shortForm || shortForm->empty()) return false;
     path = std::string(text::StripTrailingSlash(*shortForm)) + path.substr(end);

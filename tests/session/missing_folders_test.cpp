@@ -64,6 +64,42 @@ TEST_F(MissingFolders, ARefusalInTheMiddleIsTold) {
     EXPECT_FALSE(Disk().Exists("C:\\new\\sub"));
 }
 
+TEST_F(MissingFolders, ARefusalIsAskedAboutAndTriedAgainWhenTheUserSaysSo) {
+    machine.faults.FailCall("CreateFolder", 1, platform::kPermissionDenied);
+    prompts.Queue("Retry");
+    const auto result = CreateMissingFolder(S(), "C:\\new\\x.txt", false);
+    EXPECT_TRUE(result.blnFolderCreated);
+    EXPECT_EQ(result.errorNumber, 0);
+    ASSERT_EQ(Told().size(), 1U);
+    EXPECT_TRUE(Told()[0].starts_with("CreateMissingFolder has not proceeded as expected."));
+    EXPECT_TRUE(Disk().Exists("C:\\new"));
+}
+
+TEST_F(MissingFolders, ARefusalThatStandsIsRecordedWithTheFolder) {
+    machine.faults.FailPath("C:\\new", platform::kPermissionDenied, "CreateFolder");
+    prompts.Queue("Cancel");
+    CreateMissingFolder(S(), "C:\\new\\x.txt", false);
+    const std::string log = Disk().Content(State().strErrorLogFile).value_or("");
+    EXPECT_NE(log.find(" Object = C:\\new\r\n Object Type =  folder \r\n"), std::string::npos);
+    EXPECT_NE(log.find(" Routine : CreateMissingFolder\r\n Module Module1\r\n Recovery : 4\r\n"),
+              std::string::npos);
+}
+
+TEST_F(MissingFolders, AMissingDriveIsRecordedWithoutAPrompt) {
+    CreateMissingFolder(S(), "Q:\\new\\x.txt", false);
+    EXPECT_TRUE(Told().empty());
+    EXPECT_NE(Disk().Content(State().strErrorLogFile).value_or("").find("Error Number = 76\r\n"),
+              std::string::npos);
+}
+
+TEST_F(MissingFolders, InAutomaticModeARefusalIsOnlyRecorded) {
+    State().options.blnAutoMode = true;
+    machine.faults.FailAll("CreateFolder", platform::kPermissionDenied);
+    const auto result = CreateMissingFolder(S(), "C:\\new\\x.txt", false);
+    EXPECT_EQ(result.errorNumber, platform::kPermissionDenied);
+    EXPECT_TRUE(Told().empty());
+}
+
 TEST_F(MissingFolders, AFullDiskBehindTheFirstLevelLeavesThatLevel) {
     // Tried are "sub", "new", which is made, and "sub" again.
     machine.faults.FailCall("CreateFolder", 3, platform::kDiskFull);

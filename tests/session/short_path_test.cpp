@@ -164,5 +164,44 @@ TEST(MixPath, GivesTheShortFormWhenNoneFits) {
     EXPECT_EQ(MixPath("C:\\long folder\\name", "C:\\LONGFO~1\\NAME", 5), "C:\\LONGFO~1\\NAME");
 }
 
+TEST_F(ShortPath, AFolderThatIsMissingIsMadeUnasked) {
+    Start();
+    const std::string folder = "C:" + Level(100) + Level(100);
+    const auto result = GetShortPathNameReturnCodes(S(), folder + Level(60));
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Disk().Exists(folder));
+    EXPECT_TRUE(Told().empty());
+}
+
+TEST_F(ShortPath, AnyOtherErrorIsAskedAboutAndTriedAgainWhenTheUserSaysSo) {
+    Start();
+    const std::string folder = "C:" + Level(100) + Level(100);
+    Disk().AddFolder(folder);
+    machine.faults.ResetCounts();
+    machine.faults.FailCall("Facts", 1, platform::kPermissionDenied);
+    prompts.Queue("Retry");
+    const auto result = GetShortPathNameReturnCodes(S(), folder + Level(60));
+    EXPECT_EQ(result.status, 3);
+    ASSERT_EQ(Told().size(), 1U);
+    EXPECT_TRUE(
+        Told()[0].starts_with("GetShortPathNameReturnCodes has not proceeded as expected."));
+}
+
+TEST_F(ShortPath, AnErrorThatStandsLeavesThePathWithStatus0AndARecord) {
+    Start();
+    const std::string folder = "C:" + Level(100) + Level(100);
+    Disk().AddFolder(folder);
+    machine.faults.FailPath(folder, platform::kPermissionDenied, "Facts");
+    prompts.Queue("Cancel");
+    const auto result = GetShortPathNameReturnCodes(S(), folder + Level(60));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.path, folder + Level(60));
+    EXPECT_NE(Disk()
+                  .Content(State().strErrorLogFile)
+                  .value_or("")
+                  .find(" Routine : GetShortPathNameReturnCodes\r\n Module Module1\r\n"),
+              std::string::npos);
+}
+
 } // namespace
 } // namespace tarvix::testing

@@ -172,6 +172,7 @@ void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
     const RecycleOutcome outcome = RecycleObjects(
         session, queue, false, [&progress](std::size_t done) { return progress.Step(done); });
     totals.done += static_cast<std::int64_t>(outcome.gone);
+    totals.deleted += static_cast<std::int64_t>(outcome.deleted);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
     totals.skipped += static_cast<std::int64_t>(queue.size() - outcome.gone - outcome.failed);
     state.blnActionCancelled = outcome.blnStopped;

@@ -175,9 +175,11 @@ class RecycleRun {
         const RecycleEntry& entry = queue_[first_];
         if (!IsThere(session_, entry.strActualPath)) return SettleFirst(true);
         outcome_.blnPartial = outcome_.blnPartial || paths_.size() > 1;
-        SettleFirst(OverrideRecycleFailure(session_, entry, noPrompt_,
-                                           paths_.size() > 1 ? "OverrideRecycleFailureEntry"
-                                                             : "OverrideRecycleFailure"));
+        const bool isDeleted = OverrideRecycleFailure(
+            session_, entry, noPrompt_,
+            paths_.size() > 1 ? "OverrideRecycleFailureEntry" : "OverrideRecycleFailure");
+        outcome_.deleted += isDeleted ? 1 : 0;
+        SettleFirst(isDeleted);
         outcome_.blnStopped =
             session_.state.action.bytRecycleAnswer == session::kOverrideCancel && !noPrompt_;
     }

@@ -23,6 +23,7 @@ using RecycleObserver = std::function<bool(std::size_t done)>;
 
 struct RecycleOutcome {
     std::size_t gone = 0;    // recycled, or deleted because the user said so
+    std::size_t deleted = 0; // of these, those that were deleted for good
     std::size_t failed = 0;  // still where they were
     bool blnPartial = false; // a queue of several objects failed somewhere
     bool blnStopped = false; // by the observer or by Cancel; what was left is untouched

@@ -36,6 +36,7 @@ struct BatchRequest {
 // What the last action did, object by object.
 struct ActionTotals {
     std::int64_t done = 0;
+    std::int64_t deleted = 0; // of the done, those that are gone for good
     std::int64_t skipped = 0;
     std::int64_t duplicates = 0; // of the skipped
     std::int64_t failed = 0;

@@ -131,6 +131,7 @@ TEST_F(Recycle, WhatIsDeletedSinceRecycleFailedIsLogged) {
     Answer({"cmdYes"});
     Run();
     ExpectOutcome(3, 0, true);
+    EXPECT_EQ(outcome.deleted, 1U);
     EXPECT_TRUE(HasEntry(" Deleted C:\\t\\b since recycle failed."));
     EXPECT_THAT(machine.bin.Paths(), ElementsAre("C:\\t\\a", "C:\\t\\c"));
 }

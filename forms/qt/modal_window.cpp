@@ -4,6 +4,7 @@
 #include "forms/qt/choice_window.h"
 #include "forms/qt/date_window.h"
 #include "forms/qt/notice_window.h"
+#include "forms/qt/preview_window.h"
 #include "forms/qt/text_conversion.h"
 #include "session/session.h"
 
@@ -87,6 +88,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     if (&form == &session.forms.frmAsk) return std::make_unique<AskWindow>(session, gate, parent);
     if (&form == &session.forms.frmAsk259) {
         return std::make_unique<LongPathWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmPreview) {
+        return std::make_unique<PreviewWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<forms::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

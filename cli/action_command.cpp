@@ -2,6 +2,7 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
+#include "cli/summary.h"
 #include "platform/native_paths.h"
 #include "results/selection.h"
 #include "session/user_input.h"
@@ -26,7 +27,7 @@ struct Words {
 
 Words WordsOf(ActionVerb verb) {
     constexpr std::array<Words, 3> kWords{
-        {{"Copied ", "copied"}, {"Moved ", "moved"}, {"Renamed ", "renamed"}}};
+        {{"Copied", "copied"}, {"Moved", "moved"}, {"Renamed", "renamed"}}};
     return kWords[static_cast<std::size_t>(verb)];
 }
 
@@ -157,8 +158,12 @@ class ActionRun {
             Complain(host_, done.error());
         } else if (request_.dryRun) {
             code_ = PrintPreview(host_, session, request_.json);
-        } else if (auto clicked = session::UserClick(session, form.OKButton); !clicked) {
-            Complain(host_, clicked.error());
+        } else {
+            // The list, and with it the selection, may be cleared behind the action.
+            wanted_ = (session.selection->lngSelTop + 1) *
+                      (request_.way == 1 ? session.state.action.intMultiCount : 1);
+            auto clicked = session::UserClick(session, form.OKButton);
+            if (!clicked) Complain(host_, clicked.error());
         }
         if (form.IsShown()) (void)session::UserClick(session, form.CancelButton);
         form.Hide();
@@ -171,7 +176,7 @@ class ActionRun {
             return kSomeFailed;
         }
         if (session.rows->Count() == 0) {
-            if (!request_.dryRun) Summarize({}, 0);
+            if (!request_.dryRun) Summarize(host_, WordsOf(request_.verb).done, {}, 0);
             return searchCode;
         }
         const Watch watch(host_, session);
@@ -190,31 +195,13 @@ class ActionRun {
         if (request_.dryRun) return code_ == kDone ? searchCode : code_;
         if (session.state.blnActionCancelled) return kBadRequest;
         const auto& totals = session.state.lastAction;
-        const std::int64_t wanted = (session.selection->lngSelTop + 1) *
-                                    (request_.way == 1 ? session.state.action.intMultiCount : 1);
-        Summarize(totals, wanted);
-        return totals.done == wanted ? searchCode : kSomeFailed;
-    }
-
-    void Summarize(const session::ActionTotals& totals, std::int64_t wanted) {
-        host_.out << WordsOf(request_.verb).done << totals.done << " of " << wanted
-                  << (wanted == 1 ? " object" : " objects");
-        const std::array<std::pair<std::int64_t, std::string_view>, 4> others{
-            {{totals.duplicates, " skipped as they exist already"},
-             {totals.skipped - totals.duplicates, " skipped"},
-             {totals.failed, " failed"},
-             {wanted - totals.done - totals.skipped - totals.failed, " not reached"}}};
-        std::string_view between = "; ";
-        for (const auto& [count, what] : others) {
-            if (count == 0) continue;
-            host_.out << between << count << what;
-            between = ", ";
-        }
-        host_.out << "." << std::endl;
+        Summarize(host_, WordsOf(request_.verb).done, totals, wanted_);
+        return totals.done == wanted_ ? searchCode : kSomeFailed;
     }
 
     Host& host_;
     const ActionRequest& request_;
+    std::int64_t wanted_ = 0;
     int code_ = kBadRequest;
 };
 

@@ -63,11 +63,13 @@ TEST_F(DestinationControls, SeveralLocationsAndARuleClearWhatWasTyped) {
 
 TEST_F(DestinationControls, OneLocationClearsOnlyWhatIsLeftFromAnotherWay) {
     for (const char* kept : {"E:\\Bk", "\\\\pc\\d", "%Temp%", "/home/ann", "~/Music"}) {
+        Form().optTo.Choose(2);
         Form().cmbDir.Text = kept;
         Click(Form().optTo[0]);
         EXPECT_EQ(Form().cmbDir.Text.Get(), kept);
     }
     for (const char* left : {"\\in", "in", ""}) {
+        Form().optTo.Choose(2);
         Form().cmbDir.Text = left;
         Click(Form().optTo[0]);
         EXPECT_EQ(Form().cmbDir.Text.Get(), "") << left;
@@ -103,6 +105,7 @@ TEST_F(DestinationControls, EachWayGoesBackToTheFirstDuplicateChoice) {
                           Case{"Copy", true, "chkRename "}, Case{"Move", true, "chkSkipAll "}}) {
         session.state.strAction = c.action;
         session.state.options.blnAutoMode = c.isAutomatic;
+        Form().optTo.Choose(2);
         Click(Form().chkOverWrite);
         Click(Form().optTo[0]);
         EXPECT_EQ(DuplicateChoice(), c.choice) << c.action << c.isAutomatic;

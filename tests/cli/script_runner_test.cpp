@@ -130,7 +130,8 @@ TEST_F(ScriptRunnerTest, GoesOnInsideTheActionWindow) {
 TEST_F(ScriptRunnerTest, ASkippedObjectGivesOne) {
     Disk().AddFile("C:\\tmp\\out\\a.mp3", "older");
     EXPECT_EQ(RunScript(kFind + "select like *.mp3\nclick cmdCopySelected\n"
-                                "set cmbDir = /tmp/out\nanswer OK\nclick OKButton\n"),
+                                "set chkSkipAll = 1\nset cmbDir = /tmp/out\nanswer OK\n"
+                                "click OKButton\n"),
               kSomeFailed);
     EXPECT_EQ(Disk().Content("C:\\tmp\\out\\a.mp3"), "older");
 }

@@ -3,6 +3,7 @@
 #include "actions/duplicate_rename.h"
 #include "actions/engine.h"
 #include "actions/outcome.h"
+#include "actions/overlap.h"
 #include "actions/recycle.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -135,7 +136,7 @@ bool RecycleDuplicate(Session& session, const std::string& path) {
 }
 
 void Replace(Session& session, const std::string& path, Outcome& outcome) {
-    outcome.kind = OutcomeKind::kLeftAlone;
+    if (RefusesOverlap(session, DuplicateUse::kReplace, outcome)) return;
     if (!RecycleDuplicate(session, path)) return;
     PerformMoveOrCopy(session);
     outcome.kind = OutcomeKind::kReplaced;
@@ -145,6 +146,7 @@ void Act(Session& session, const std::string& path, Outcome& outcome) {
     switch (session.state.action.bytAskAnswer) {
     case session::kAskOverwrite:
     case session::kAskOverwriteAll:
+        if (RefusesOverlap(session, DuplicateUse::kReplace, outcome)) return;
         OverWriteDuplicate(session);
         outcome.kind = OutcomeKind::kOverwrote;
         break;
@@ -189,6 +191,8 @@ bool AskAboutDuplicate(Session& session, Outcome& outcome) {
     auto& action = session.state.action;
     const auto index = static_cast<std::size_t>(action.lngIndex);
     action.lngAskIndex = action.lngIndex;
+    // There is nothing to ask about when both are one.
+    if (RefusesOverlap(session, DuplicateUse::kKeep, outcome)) return true;
     if (session.selection->blnSelIsFile[index] != action.blnDestIsFile) {
         action.bytAskAnswer = session::kAskSkip;
     }

@@ -6,7 +6,9 @@
 #include "actions/duplicate_rename.h"
 #include "actions/engine.h"
 #include "actions/outcome.h"
+#include "actions/overlap.h"
 #include "platform/dir.h"
+#include "platform/file_system.h"
 #include "platform/native_paths.h"
 #include "results/selection.h"
 #include "session/ask_long_path.h"
@@ -14,8 +16,10 @@
 #include "session/short_path.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/paths.h"
 
 #include <utility>
+#include <vector>
 
 namespace tarvix::actions {
 
@@ -31,13 +35,30 @@ bool Skip(Session&, Outcome& outcome) {
     return true;
 }
 
+// A file never takes the place of a folder, nor a folder that of a file.
+bool IsOfOtherKind(Session& session, Outcome& outcome) {
+    const auto& action = session.state.action;
+    const auto index = static_cast<std::size_t>(action.lngIndex);
+    const bool isFile = session.selection->blnSelIsFile[index];
+    if (isFile == action.blnDestIsFile) return false;
+    outcome.kind = OutcomeKind::kSkippedDuplicate;
+    session::LogTimed(session, " Skipped " + session.selection->strSelPath[index] +
+                                   (isFile ? ", a file can't overwrite the folder "
+                                           : ", a folder can't overwrite the file ") +
+                                   action.strDestination);
+    return true;
+}
+
 bool Overwrite(Session& session, Outcome& outcome) {
+    if (IsOfOtherKind(session, outcome)) return true;
+    if (RefusesOverlap(session, DuplicateUse::kReplace, outcome)) return true;
     OverWriteDuplicate(session);
     outcome.kind = OutcomeKind::kOverwrote;
     return true;
 }
 
 bool Rename(Session& session, Outcome& outcome) {
+    if (RefusesOverlap(session, DuplicateUse::kKeep, outcome)) return true;
     RenameObjForDuplicate(session);
     outcome.kind = OutcomeKind::kCopied;
     outcome.isNewName = true;
@@ -49,17 +70,6 @@ bool IsOntoItself(std::string_view path, std::string_view destination) {
     const std::string upperPath = text::Upper(path);
     const std::string upperDestination = text::Upper(destination);
     return upperPath == upperDestination || upperDestination.starts_with(upperPath + "\\");
-}
-
-void TellOntoItself(Session& session, const std::string& path) {
-    const std::string told = " User attempted to write object: \r\n\r\n" + path +
-                             "\r\n\r\n upon itself or to its own subfolder as: \r\n\r\n" +
-                             session.state.action.strDestination;
-    if (session.state.options.blnAutoMode) {
-        session::LogTimed(session, told);
-    } else {
-        session.MsgBox(told);
-    }
 }
 
 enum class PathTest { kGoOn, kNextDestination, kEndLoop };
@@ -86,19 +96,45 @@ class Loop {
           progress_(session, Count() * action_.intMultiCount,
                     action_.blnMove ? 0 : tables_.lngSelBytes * action_.intMultiCount) {}
 
+    ~Loop() { session_.files().CopySoon({}); }
+    Loop(const Loop&) = delete;
+    Loop& operator=(const Loop&) = delete;
+
     void Run() {
-        session_.state.blnStopAction = false;
+        session_.state.blnStopAction = action_.blnDiskFull = false;
         session_.state.lastAction = {};
+        // A cancel that stands was meant for an earlier action.
+        if (action_.bytOverrideAnswer == session::kOverrideCancel) {
+            action_.bytOverrideAnswer = session::kOverrideNo;
+        }
         for (action_.lngIndex = 0; action_.lngIndex <= tables_.lngSelTop; ++action_.lngIndex) {
             if (session_.frmDialog.optTo[2].Value &&
                 session_.frmDialog.chkFolderRename.Value == 1) {
                 BuildFolderPrefix(session_);
             }
+            if (Index() % kPlanEvery == 1) PlanAhead();
             if (!PlaceEverywhere()) return;
         }
     }
 
   private:
+    static constexpr std::size_t kPlanEvery = 32;
+    static constexpr std::size_t kPlanned = 64;
+
+    // Lets the disk read the next files while those before them are settled. They will mostly go
+    // where the last one went, or at least to the same file system.
+    void PlanAhead() {
+        if (action_.blnMove || action_.intMultiCount != 1 || !action_.blnPlaced) return;
+        const std::string folder = text::ParentFolder(action_.strPlacedAt);
+        std::vector<platform::PlannedCopy> planned;
+        planned.reserve(kPlanned);
+        for (std::size_t i = Index(); i < tables_.strSelPath.size() && planned.size() < kPlanned;
+             ++i) {
+            if (tables_.blnSelIsFile[i]) planned.push_back({tables_.strSelActualPath[i], folder});
+        }
+        session_.files().CopySoon(planned);
+    }
+
     std::int64_t Count() const { return tables_.lngSelTop + 1; }
     std::size_t Index() const { return static_cast<std::size_t>(action_.lngIndex); }
 
@@ -106,8 +142,8 @@ class Loop {
         for (action_.intMultiIndex = 1; action_.intMultiIndex <= action_.intMultiCount;
              ++action_.intMultiIndex) {
             session_.Yield();
-            if (session_.state.blnStopAction) {
-                session::LogTimed(session_, " User stopped the action.");
+            if (const char* why = WhyEnded(); why != nullptr) {
+                session::LogTimed(session_, why);
                 return false;
             }
             session_.state.blnPathLimitHit = false;
@@ -122,6 +158,14 @@ class Loop {
         return true;
     }
 
+    // Null to go on with the next object.
+    const char* WhyEnded() const {
+        if (action_.blnDiskFull) return " The action ended, since the disk is full.";
+        if (session_.state.blnStopAction) return " User stopped the action.";
+        const bool isCancelled = action_.bytOverrideAnswer == session::kOverrideCancel;
+        return isCancelled ? " User canceled delete of rest of files" : nullptr;
+    }
+
     // False ends the loop.
     bool PlaceOne(Outcome& outcome) {
         action_.blnPlaced = action_.blnProtected = false;
@@ -134,14 +178,21 @@ class Loop {
         }
         if (action_.blnNoDestination) {
             outcome.kind = OutcomeKind::kNoDestination;
+            // The rule logs its own.
+            if (!session_.frmDialog.optTo[3].Value) {
+                session::LogTimed(session_,
+                                  " Found no destination for " + tables_.strSelPath[Index()]);
+            }
             return true;
         }
         if (IsOntoItself(tables_.strSelPath[Index()], action_.strDestination) ||
             IsOntoItself(tables_.strSelActualPath[Index()], action_.strDestination)) {
             outcome.kind = OutcomeKind::kOntoItself;
-            TellOntoItself(session_, tables_.strSelPath[Index()]);
+            TellOntoItself(session_);
             return true;
         }
+        // What stands where the object will really go is the duplicate.
+        action_.strDestination = CleanedDestination(action_.strDestination);
         DetermineIfDuplicateExists(session_);
         outcome.strDestination = action_.strDestination;
         if (const PathTest test = TestPathLimit(session_.state); test != PathTest::kGoOn) {

@@ -50,6 +50,7 @@ struct Search {
     const std::string& path; // of the object, for prompts
     std::string_view name;
     bool isFile;
+    bool isRename;
     std::string_view routine;
     // The candidate's folder, with its "\", for a new name; empty when there is none.
     std::function<std::string(const std::string& newName)> folderFor;
@@ -70,9 +71,15 @@ std::optional<std::string> FindFreeName(Session& session, const Search& search) 
         if (candidate.empty()) return std::nullopt;
         candidate += newName;
         if (!parts.strExtension.empty()) candidate.append(".").append(parts.strExtension);
+        candidate = CleanedDestination(candidate, search.isRename);
         if (!Shorten(session, search.path, candidate, search.routine)) return std::nullopt;
-        // Past this length no name can be made, and none would ever be free.
-        if (text::Length(candidate) > session::kAbsoluteLimit) return std::nullopt;
+        // Past this length no name can be made, and none would ever be free: blanks at the end of
+        // a name are lost again.
+        if (text::Length(newName) > session::kAbsoluteLimit) {
+            session::LogTimed(session, " Skipped " + search.path +
+                                           ", no free name was found for a duplicate.");
+            return std::nullopt;
+        }
         if (platform::DirName(session.files(), candidate, platform::kDirAll).empty()) {
             return candidate;
         }
@@ -98,8 +105,8 @@ void RenameObjForDuplicate(Session& session) {
         if (!action.strFolderPrefix.empty()) folder += action.strFolderPrefix + " ";
         return folder;
     };
-    const auto candidate = FindFreeName(
-        session, {path, tables.strSelName[index], isFile, "RenameObjForDuplicate", folderFor});
+    const auto candidate = FindFreeName(session, {path, tables.strSelName[index], isFile, false,
+                                                  "RenameObjForDuplicate", folderFor});
     if (!candidate) return;
     if (action.blnMove && !CheckSystemHidden(session, path, actual, isFile, false)) {
         MoveObject(session, path, actual, *candidate, isFile, false, "");
@@ -113,8 +120,8 @@ void RenameObjForDuplicateLocal(Session& session, const std::string& source,
                                 bool blnIsFile) {
     const std::string folder = text::ParentFolderSlash(destination);
     const auto candidate = FindFreeName(
-        session, {source, text::FileNameOf(destination), blnIsFile, "RenameObjForDuplicateLocal",
-                  [&folder](const std::string&) { return folder; }});
+        session, {source, text::FileNameOf(destination), blnIsFile, true,
+                  "RenameObjForDuplicateLocal", [&folder](const std::string&) { return folder; }});
     if (candidate) MoveObject(session, source, actual, *candidate, blnIsFile, true, "");
 }
 

@@ -63,7 +63,10 @@ class Placing {
         action_.blnPathNotFoundTried = false;
         if (overwrites_ && !MayOverwrite()) return;
         const bool isPlaced = ReadObjects() && MakePlain() && Place();
-        if (!isPlaced) return RestoreSource();
+        if (!isPlaced) {
+            RestoreDestination();
+            return RestoreSource();
+        }
         if (verb_ == Verb::kCopy) RestoreSource();
         SetCombined();
         LogPlaced();
@@ -72,13 +75,8 @@ class Placing {
   private:
     // ---- the steps, in order ----
 
-    // Blanks next to a separator are never kept, since no folder can be made so.
     bool FinishDestination() {
-        const std::string_view name = text::Trim(text::FolderOwnName(destination_));
-        std::string parent = text::ParentFolder(destination_);
-        // A rename keeps the folder, however it is spelt.
-        if (verb_ != Verb::kRename) parent = text::CleanSpacesInPath(parent, true);
-        destination_ = text::JoinPath(parent, name);
+        destination_ = CleanedDestination(destination_, verb_ == Verb::kRename);
         action_.blnFolderAlreadyThere = false;
         if (text::Length(destination_) <= kLongestNewPath) return true;
         session::AskLongPath(session_, SearchFolderOf(session_, source_), destination_,
@@ -127,6 +125,8 @@ class Placing {
         if (!Do([this] { return Read(actual_, sourceFacts_); })) return false;
         sourceAttributes_ = sourceFacts_.attributes & kCarried;
         if (!overwrites_) return true;
+        // What stands there is not given up for what can't be copied.
+        if (!Do([this] { return CanBeRead(); })) return false;
         if (!Do([this] { return Read(destination_, destinationFacts_); })) return false;
         destinationAttributes_ = destinationFacts_.attributes & kCarried;
         return true;
@@ -159,6 +159,7 @@ class Placing {
     bool RecycleDestination() {
         if (RecycleOne(session_, destination_)) {
             destinationIsPlain_ = false;
+            isRecycled_ = true;
             session::LogTimed(session_, " Deleted " + destination_ +
                                             " to recycle bin before it was overwritten.");
             return true;
@@ -171,15 +172,15 @@ class Placing {
                             "\r\n\r\n to recycle bin and overwrite with: \r\n\r\n" + source_ +
                             "\r\n\r\n overwrite was skipped.");
         }
-        if (destinationIsPlain_) {
-            (void)session_.files().SetAttributes(destination_, destinationAttributes_);
-        }
         return false;
     }
 
+    // An original that can't go stays beside its copy.
     void RecycleSource() {
         RestoreSource();
         if (RecycleOne(session_, actual_)) return;
+        isCopyOnly_ = true;
+        action_.blnPlacedByMove = false;
         session::LogTimed(session_, " Was unable to delete " + source_ +
                                         (isFile_ ? " to recycle bin (file already copied)."
                                                  : " to recycle bin (folder already copied)."));
@@ -189,6 +190,12 @@ class Placing {
         if (!sourceIsPlain_) return;
         sourceIsPlain_ = false;
         (void)session_.files().SetAttributes(actual_, sourceAttributes_);
+    }
+
+    void RestoreDestination() {
+        if (!destinationIsPlain_) return;
+        destinationIsPlain_ = false;
+        (void)session_.files().SetAttributes(destination_, destinationAttributes_);
     }
 
     void SetCombined() {
@@ -214,7 +221,7 @@ class Placing {
     // Tells the loop what was done.
     void Note() {
         action_.blnPlaced = true;
-        action_.blnPlacedByMove = verb_ != Verb::kCopy;
+        action_.blnPlacedByMove = verb_ != Verb::kCopy && !isCopyOnly_;
         action_.strPlacedAt = destination_;
     }
 
@@ -251,15 +258,49 @@ class Placing {
         return session_.files().SetAttributes(path, isFile_ ? kPlainFile : kPlainFolder);
     }
 
+    platform::Result<void> CanBeRead() {
+        if ((sourceFacts_.attributes & platform::kSpecial) != 0) {
+            return platform::Failure(platform::kPathFileAccess,
+                                     source_ + " is a special file, which can't be copied.");
+        }
+        if (!isFile_ || sourceFacts_.IsLink()) return {};
+        auto read = session_.files().ReadBytes(actual_, 0, 1);
+        if (!read) return std::unexpected(std::move(read.error()));
+        return {};
+    }
+
+    platform::Result<bool> DestinationStands() {
+        auto facts = session_.files().Facts(destination_);
+        if (facts) return true;
+        const int number = facts.error().number;
+        const bool isMissing =
+            number == platform::kFileNotFound || number == platform::kPathNotFound;
+        if (isMissing) return false;
+        return std::unexpected(std::move(facts.error()));
+    }
+
     // Never replaces: what stood there has gone to the recycle bin before.
     platform::Result<void> Copy() {
         auto& files = session_.files();
-        return isFile_ ? files.CopyFile(actual_, destination_, false, ObserverOf(session_))
-                       : files.CopyFolder(actual_, destination_, false, ObserverOf(session_));
+        if (isFile_) return files.CopyFile(actual_, destination_, false, ObserverOf(session_));
+        if (auto may = MakeWay(); !may) return may;
+        isOwn_ = true;
+        return files.CopyFolder(actual_, destination_, false, ObserverOf(session_));
+    }
+
+    // A folder never goes into one that is there. What an earlier try left of it is taken away.
+    platform::Result<void> MakeWay() {
+        const auto stands = DestinationStands();
+        if (!stands) return std::unexpected(stands.error());
+        if (!*stands || (isOwn_ && RecycleOne(session_, destination_))) return {};
+        return platform::Failure(
+            platform::kAlreadyExists,
+            destination_ + ": " + std::string(platform::ErrorText(platform::kAlreadyExists)) + ".");
     }
 
     platform::Result<void> Move() {
         auto& files = session_.files();
+        isMoveTried_ = true;
         return isFile_ ? files.MoveFile(actual_, destination_, ObserverOf(session_))
                        : files.MoveFolder(actual_, destination_);
     }
@@ -296,7 +337,7 @@ class Placing {
         failed_ = true;
         action_.blnErrorOccurred = true;
         // Every further copy would end the same way.
-        if (error.number == platform::kDiskFull) session_.state.blnStopAction = true;
+        if (error.number == platform::kDiskFull) action_.blnDiskFull = true;
     }
 
     std::optional<int> OwnRule(const platform::PlatformError& error) {
@@ -315,21 +356,23 @@ class Placing {
         action_.blnPathNotFoundTried = true;
         action_.blnFolderAlreadyThere = made.blnFolderAlreadyThere;
         if (isFile_ || !action_.blnFolderAlreadyThere) return session::kRecoveryRetry;
-        TellDeepFolder();
+        const bool isThere =
+            !platform::DirName(session_.files(), actual_, platform::kDirAll).empty();
+        // Nothing was tried yet: what stands there is no folder.
+        if (isThere && !isOwn_ && !isMoveTried_) return std::nullopt;
+        TellDeepFolder(isThere);
         isSettled_ = true;
         return session::kRecoveryLeave;
     }
 
-    void TellDeepFolder() {
-        const bool isThere =
-            !platform::DirName(session_.files(), actual_, platform::kDirAll).empty();
+    void TellDeepFolder(bool isThere) {
         const bool isAutomatic = session_.state.options.blnAutoMode;
         std::string told = " Folder: " + source_;
         if (!isThere) {
             told += "\r\n\r\nor Folder: " + destination_ +
                     "\r\n\r\n has already been removed, skipped.";
         } else {
-            if (verb_ == Verb::kCopy) (void)RecycleOne(session_, destination_);
+            if (isOwn_) (void)RecycleOne(session_, destination_);
             told += isAutomatic ? " " : "\r\n\r\n";
             told += "contains objects whose path exceed 259 characters, skipped.";
         }
@@ -359,8 +402,10 @@ class Placing {
     }
 
     std::optional<int> ForceCopy() {
+        // A source that can't be read is no reason to take away what stands there.
+        if (!CanBeRead()) return std::nullopt;
         isSettled_ = true;
-        if (!IsGone(destination_) && !RecycleDestination()) return session::kRecoveryLeave;
+        if (!isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
         if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
         isPlaced_ = true;
         RestoreSource();
@@ -377,10 +422,9 @@ class Placing {
     }
 
     std::optional<int> ForceMove() {
+        if (overwrites_ && !CanBeRead()) return std::nullopt;
         isSettled_ = true;
-        if (overwrites_ && !IsGone(destination_) && !RecycleDestination()) {
-            return session::kRecoveryLeave;
-        }
+        if (overwrites_ && !isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
         if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
         isPlaced_ = true;
         Note();
@@ -402,10 +446,6 @@ class Placing {
         session::LogTimed(session_, line);
     }
 
-    bool IsGone(const std::string& path) {
-        return platform::DirName(session_.files(), path, platform::kDirAll).empty();
-    }
-
     Session& session_;
     session::ActionState& action_;
     Verb verb_;
@@ -423,6 +463,10 @@ class Placing {
     std::uint32_t destinationAttributes_ = 0;
     bool sourceIsPlain_ = false;
     bool destinationIsPlain_ = false;
+    bool isRecycled_ = false; // what stood at the destination went to the recycle bin
+    bool isOwn_ = false;      // what stands there is a copy of ours, perhaps in part
+    bool isMoveTried_ = false;
+    bool isCopyOnly_ = false; // moved, but the original could not go
     bool forceTried_ = false;
     bool isPlaced_ = false;  // the object stands at its new place
     bool isSettled_ = false; // told or logged already; the routine only leaves
@@ -430,6 +474,14 @@ class Placing {
 };
 
 } // namespace
+
+std::string CleanedDestination(const std::string& path, bool isRename) {
+    const std::string_view own = text::FolderOwnName(path);
+    const std::string_view name = text::Trim(own);
+    const std::string parent = text::ParentFolder(path);
+    return text::JoinPath(isRename ? parent : text::CleanSpacesInPath(parent, true),
+                          name.empty() ? own : name);
+}
 
 std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b) {
     return (a | b) & kCarried;

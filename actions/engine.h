@@ -33,6 +33,10 @@ void OverWriteDuplicate(session::Session& session);
 // action, but a system or hidden object is always copied. Nothing without a destination.
 void PerformMoveOrCopy(session::Session& session);
 
+// A new path as it will be used: a blank next to a separator is never kept, since no folder can be
+// made so, but a name of blanks alone is. A rename keeps the folder, however it is spelt.
+std::string CleanedDestination(const std::string& path, bool isRename = false);
+
 // The attributes that are carried: read-only, hidden, system and archive.
 std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b);
 

@@ -76,6 +76,7 @@ void StartAction(Session& session, const Start& start) {
     state.blnActionCancelled = false;
     state.lastAction = {};
     if (isCopyOrMove) state.action.bytOverrideAnswer = session::kOverrideNo;
+    state.action.bytRecycleAnswer = session::kOverrideNo;
     results::BuildFileArray(session);
     if (isCopyOrMove && !ConfirmFolders(session)) {
         state.blnActionCancelled = true;

@@ -65,12 +65,14 @@ TEST_F(DestinationControls, OneLocationClearsOnlyWhatIsLeftFromAnotherWay) {
     for (const char* kept : {"E:\\Bk", "\\\\pc\\d", "%Temp%", "/home/ann", "~/Music"}) {
         Form().optTo.Choose(2);
         Form().cmbDir.Text = kept;
+        Form().optTo.Choose(2);
         Click(Form().optTo[0]);
         EXPECT_EQ(Form().cmbDir.Text.Get(), kept);
     }
     for (const char* left : {"\\in", "in", ""}) {
         Form().optTo.Choose(2);
         Form().cmbDir.Text = left;
+        Form().optTo.Choose(2);
         Click(Form().optTo[0]);
         EXPECT_EQ(Form().cmbDir.Text.Get(), "") << left;
     }
@@ -107,6 +109,7 @@ TEST_F(DestinationControls, EachWayGoesBackToTheFirstDuplicateChoice) {
         session.state.options.blnAutoMode = c.isAutomatic;
         Form().optTo.Choose(2);
         Click(Form().chkOverWrite);
+        Form().optTo.Choose(2);
         Click(Form().optTo[0]);
         EXPECT_EQ(DuplicateChoice(), c.choice) << c.action << c.isAutomatic;
         Form().chkOverWrite.Value = 0;

@@ -8,11 +8,13 @@
 #include "text/paths.h"
 
 #include <algorithm>
+#include <bit>
 #include <chrono>
 
 namespace tarvix::platform {
 
 namespace {
+constexpr std::size_t kFewTries = 16;
 constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
 
 FileTime SystemNow() {
@@ -50,6 +52,14 @@ RehearsalFileSystem::RehearsalFileSystem(FileSystem& real, std::function<FileTim
 void RehearsalFileSystem::Clear() {
     tree_.Clear();
     steps_.Clear();
+    vainTries_ = 0;
+}
+
+// Ever more rarely, so that many refusals in a row don't read a large folder each.
+void RehearsalFileSystem::Begin() {
+    if (HasSteps()) return;
+    ++vainTries_;
+    if (vainTries_ <= kFewTries || std::has_single_bit(vainTries_)) tree_.Clear();
 }
 
 // ---- looking up ----

@@ -60,9 +60,7 @@ class RehearsalFileSystem : public FileSystem {
     struct CopyRun;
 
     // To be called before each change: what was read before the first one may be old.
-    void Begin() {
-        if (!HasSteps()) tree_.Clear();
-    }
+    void Begin();
     // Whether the object lies where it really lies, so that the real file system can tell of it.
     bool IsWhereItWas(std::string_view path, const RehearsalNode& node);
     template <class Spell>
@@ -86,6 +84,7 @@ class RehearsalFileSystem : public FileSystem {
     FileSystem& real_;
     RehearsalTree tree_;
     RehearsalSteps steps_;
+    std::size_t vainTries_ = 0; // changes asked for and refused before the first
 };
 
 } // namespace tarvix::platform

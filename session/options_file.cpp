@@ -69,11 +69,12 @@ class Reading {
     void FillMissing() {
         for (std::size_t i = 0; i < kOptionKeys.size(); ++i) {
             const OptionKey& key = kOptionKeys[i];
-            if (met_[i]) continue;
-            FillMissingOption(options_, key);
-            if (!key.missing.empty()) ShowOption(session_, key);
-            if (std::holds_alternative<FolderLines>(key.field)) TakeFirstFolder();
+            if (!met_[i]) {
+                FillMissingOption(options_, key);
+                if (!key.missing.empty()) ShowOption(session_, key);
+            }
         }
+        if (options_.strDefSearchFolder.front().empty()) TakeFirstFolder();
     }
 
   private:

@@ -223,6 +223,28 @@ Checked<Command> CheckAction(const RawArguments& raw) {
     return request;
 }
 
+// Whether the second of two words was given; nothing without a value.
+Checked<std::optional<bool>> CheckEither(std::string_view option,
+                                         const std::optional<std::string>& value,
+                                         const std::array<std::string_view, 2>& choices) {
+    if (!value) return std::nullopt;
+    const auto choice = CheckChoice(option, value, choices);
+    if (!choice) return std::unexpected(choice.error());
+    return *choice == 1;
+}
+
+Checked<Command> CheckDelete(const RawArguments& raw) {
+    auto criteria = CheckCriteria(raw);
+    if (!criteria) return std::unexpected(criteria.error());
+    const auto forGood =
+        CheckEither("--on-recycle-failure", raw.onRecycleFailure, {"keep", "delete"});
+    if (!forGood) return std::unexpected(forGood.error());
+    const auto isProtected =
+        CheckEither("--override-system-hidden", raw.overrideSystemHidden, {"no", "yes"});
+    if (!isProtected) return std::unexpected(isProtected.error());
+    return DeleteRequest{std::move(*criteria), *forGood, *isProtected, raw.yes, raw.answers};
+}
+
 Checked<Command> CheckRun(const RawArguments& raw) {
     if (raw.target) return RunRequest{*raw.target};
     return std::unexpected("Name the script to run, or - to read it from stdin.");
@@ -238,10 +260,11 @@ struct CommandCheck {
     Checked<Command> (*check)(const RawArguments&);
 };
 
-constexpr std::array<CommandCheck, 6> kCommandChecks{{{"search", CheckSearch},
+constexpr std::array<CommandCheck, 7> kCommandChecks{{{"search", CheckSearch},
                                                       {"copy", CheckAction},
                                                       {"move", CheckAction},
                                                       {"rename", CheckAction},
+                                                      {"delete", CheckDelete},
                                                       {"run", CheckRun},
                                                       {"sample", CheckSample}}};
 

@@ -26,12 +26,16 @@ int CommandPrompts::MsgBox(std::string_view text, int style, std::string_view ti
         Tell(host_, text);
         return session::SafeAnswer(style);
     }
-    if (confirmed_ && IsConfirmation(text, style)) return session::kOk;
+    if (confirmed_ && IsConfirmation(text, style)) return session::ButtonsOf(style).front();
     if (confirmed_ && AsksToRetry(style, title) && !inner_.HasQueued()) {
         Tell(host_, text);
         return session::SafeAnswer(style);
     }
     return inner_.MsgBox(text, style, title);
+}
+
+void CommandPrompts::AnswerForm(const forms::Form& form, const forms::Control& button) {
+    formButtons_[form.Name()] = button.Name();
 }
 
 std::string CommandPrompts::InputBox(std::string_view text, std::string_view title,
@@ -55,6 +59,9 @@ void CommandPrompts::ShowModal(session::Session& session, forms::Form& form) {
         form.Hide();
     } else if (&form == &session.frmDialog && filler_) {
         filler_(session);
+    } else if (const auto button = formButtons_.find(form.Name()); button != formButtons_.end()) {
+        (void)session::UserClick(session, *form.Find(button->second));
+        form.Hide();
     } else {
         inner_.ShowModal(session, form);
     }

@@ -5,8 +5,13 @@
 #include "session/scripted_prompts.h"
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+
+namespace tarvix::forms {
+class Control;
+}
 
 namespace tarvix::cli {
 
@@ -20,11 +25,13 @@ class CommandPrompts : public session::PromptService {
 
     // Before this no notice is told: what the start shows is not about the request.
     void BeginRequest() { begun_ = true; }
-    // Answers "Are you sure you want to ..." with OK, and tells of objects that failed instead of
+    // Confirms "Are you sure you want ...", and tells of objects that failed instead of
     // asking whether to try them again.
     void ConfirmActions() { confirmed_ = true; }
     // Fills in the action window and presses a button in it, once it shows.
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
+    // Answers that form by that button of it whenever it shows.
+    void AnswerForm(const forms::Form& form, const forms::Control& button);
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
@@ -39,6 +46,7 @@ class CommandPrompts : public session::PromptService {
     session::ScriptedPrompts& inner_;
     Host& host_;
     FormFiller filler_;
+    std::map<std::string, std::string> formButtons_; // by the form's name
     bool begun_ = false;
     bool confirmed_ = false;
     int skippedObjects_ = 0;

@@ -8,6 +8,7 @@ namespace tarvix::cli {
 // Each does one checked request on an opened machine and gives the exit code.
 int RunSearch(Host& host, const platform::Platform& machine, const SearchRequest& request);
 int RunAction(Host& host, const platform::Platform& machine, const ActionRequest& request);
+int RunDelete(Host& host, const platform::Platform& machine, const DeleteRequest& request);
 int RunScript(Host& host, const platform::Platform& machine, const RunRequest& request);
 int MakeSample(Host& host, const platform::Platform& machine, const SampleRequest& request);
 

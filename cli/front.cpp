@@ -15,6 +15,7 @@ struct Dispatch {
 
     int operator()(const SearchRequest& request) const { return RunSearch(host, machine, request); }
     int operator()(const ActionRequest& request) const { return RunAction(host, machine, request); }
+    int operator()(const DeleteRequest& request) const { return RunDelete(host, machine, request); }
     int operator()(const RunRequest& request) const { return RunScript(host, machine, request); }
     int operator()(const SampleRequest& request) const {
         return MakeSample(host, machine, request);

@@ -4,7 +4,7 @@
 namespace tarvix::cli {
 
 inline constexpr const char* kAbout =
-    "Tarvix finds, lists, copies, moves and renames large groups of files by rule.\n"
+    "Tarvix finds, lists, copies, moves, renames and recycles large groups of files by rule.\n"
     "This is the program without its windows, for terminals, timers and scripts.\n";
 
 inline constexpr const char* kAboutFooter =
@@ -75,6 +75,21 @@ inline constexpr const char* kRenameFooter =
     "\nExamples:\n"
     "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
     "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n";
+
+inline constexpr const char* kDeleteAbout =
+    "Finds objects as \"search\" does and sends all of them to the trash, from which the file\n"
+    "manager or \"gio trash --restore\" brings them back.\n";
+
+inline constexpr const char* kDeleteFooter =
+    "\nExamples:\n"
+    "  tarvix-cli delete \"*.tmp|*.bak\" --in ~/Documents --before 2025-12-31 --yes\n"
+    "  tarvix-cli delete \"*\" --in ~/Music --kind empty-folders --yes\n"
+    "  tarvix-cli delete \"*.part\" --in /media/ann/STICK --on-recycle-failure delete --yes\n"
+    "\n"
+    "Without --yes nothing is deleted. What can't go to the trash and what is hidden or a system\n"
+    "object is asked about, which ends the command with 3 unless the options answer it. Folders\n"
+    "together with files, or several folders, are warned of: that takes --answer Yes besides.\n"
+    "A trash itself is never deleted.\n";
 
 inline constexpr const char* kRunAbout =
     "Runs a script that drives the whole program by the names of its controls.\n";

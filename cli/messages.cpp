@@ -44,8 +44,9 @@ void Tell(Host& host, std::string_view text) {
 }
 
 bool IsConfirmation(std::string_view text, int style) {
-    return (style & kButtonsMask) == session::kOkCancel &&
-           (style & kIconMask) == session::kInformation &&
+    const int buttons = style & kButtonsMask;
+    if (buttons == session::kYesNo) return text.starts_with("Are you sure you want delete all ");
+    return buttons == session::kOkCancel && (style & kIconMask) == session::kInformation &&
            text.starts_with("Are you sure you want to ");
 }
 

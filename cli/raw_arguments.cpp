@@ -128,11 +128,12 @@ struct CommandHelp {
     const char* footer;
 };
 
-constexpr std::array<CommandHelp, 6> kCommands{
+constexpr std::array<CommandHelp, 7> kCommands{
     {{"search", "Lists every file or folder that matches", kSearchAbout, kSearchFooter},
      {"copy", "Copies all that matches", kCopyAbout, kCopyFooter},
      {"move", "Moves all that matches", kMoveAbout, kMoveFooter},
      {"rename", "Renames all that matches in its place", kRenameAbout, kRenameFooter},
+     {"delete", "Sends all that matches to the trash", kDeleteAbout, kDeleteFooter},
      {"run", "Runs a script that drives the whole program", kRunAbout, kRunFooter},
      {"sample", "Makes a small collection to try things on", kSampleAbout, kSampleFooter}}};
 
@@ -231,6 +232,16 @@ void AddRename(CLI::App& app, RawArguments& raw) {
     AddRunOptions(command, raw);
 }
 
+void AddDelete(CLI::App& app, RawArguments& raw) {
+    CLI::App& command = AddCommand(app, CommandNamed("delete"));
+    AddCriteria(command, raw);
+    AddText(command, "--on-recycle-failure", raw.onRecycleFailure, "CHOICE",
+            "keep or delete (for good) what can't go to the trash", kActionGroup);
+    AddText(command, "--override-system-hidden", raw.overrideSystemHidden, "CHOICE",
+            "no or yes: whether hidden and system objects go too", kActionGroup);
+    AddFlag(command, "-y,--yes", raw.yes, "Confirms the deletion", kActionGroup);
+}
+
 void AddOthers(CLI::App& app, RawArguments& raw) {
     CLI::App& run = AddCommand(app, CommandNamed("run"));
     AddText(run, "SCRIPT", raw.target, "", "The script, or - for stdin", "Positionals");
@@ -326,6 +337,7 @@ std::expected<RawArguments, EarlyEnd> ReadRawArguments(const std::vector<std::st
     AddCopy(app, raw);
     AddMove(app, raw);
     AddRename(app, raw);
+    AddDelete(app, raw);
     AddOthers(app, raw);
     try {
         std::vector<std::string> words = Protected(arguments);

@@ -31,6 +31,7 @@ struct RawArguments {
     bool withFolderNames = false, yes = false, dryRun = false;
     std::optional<std::string> insertedText, insertAt, soughtText, newText, portion;
     bool onlyOnce = false;
+    std::optional<std::string> onRecycleFailure, overrideSystemHidden;
 
     std::optional<std::string> target; // the script, or the folder of the sample
 };

@@ -107,6 +107,14 @@ struct ActionRequest {
     std::vector<std::string> answers;
 };
 
+struct DeleteRequest {
+    Criteria criteria;
+    std::optional<bool> deletesForGood; // what can't be recycled; else it is asked about
+    std::optional<bool> takesProtected; // hidden and system objects; else they are asked about
+    bool confirmed = false;
+    std::vector<std::string> answers;
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -115,7 +123,8 @@ struct SampleRequest {
     std::string folder; // as typed
 };
 
-using Command = std::variant<SearchRequest, ActionRequest, RunRequest, SampleRequest>;
+using Command =
+    std::variant<SearchRequest, ActionRequest, DeleteRequest, RunRequest, SampleRequest>;
 
 // The arguments of the process, checked.
 struct Request {

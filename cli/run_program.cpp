@@ -82,6 +82,9 @@ std::string Watch::Text() const {
         return "Copied " + dialog.prgBytes.ValueText() + " of " +
                std::to_string(dialog.prgBytes.Max.Get()) + " objects";
     }
+    if (session_.forms.frmProgress.IsShown()) {
+        return session_.forms.frmProgress.lblMain.Caption.Get();
+    }
     return "Found " + search.lblNumOfFilesFound.ValueText() + " of " +
            search.lblNumOfFilesAttrib.ValueText() + " files, " +
            search.lblNumOfDirsFound.ValueText() + " of " + search.lblNumOfDirsAttrib.ValueText() +

@@ -5,6 +5,7 @@
 #include "text/case.h"
 #include "text/characters.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvix::cli {
@@ -255,18 +256,38 @@ Checked<Command> CheckSample(const RawArguments& raw) {
     return std::unexpected("Name the folder to fill, such as ~/tarvix-sample.");
 }
 
+Checked<Command> CheckPaths(const RawArguments& raw) {
+    return PathsRequest{raw.json};
+}
+
+Checked<Command> CheckOptions(const RawArguments& raw) {
+    constexpr std::array<std::string_view, 3> kVerbs{"list", "get", "set"};
+    const auto& words = raw.words;
+    const auto verb = words.empty() ? kVerbs.begin() : std::ranges::find(kVerbs, words.front());
+    const auto needed = static_cast<std::size_t>(verb - kVerbs.begin()) + 1;
+    if (verb == kVerbs.end() || words.size() != (words.empty() ? 0 : needed)) {
+        return std::unexpected("options takes list, get KEY, or set KEY VALUE.");
+    }
+    OptionsRequest request{.verb = static_cast<OptionsVerb>(needed - 1), .json = raw.json};
+    if (words.size() > 1) request.key = words[1];
+    if (words.size() > 2) request.value = words[2];
+    return request;
+}
+
 struct CommandCheck {
     std::string_view name;
     Checked<Command> (*check)(const RawArguments&);
 };
 
-constexpr std::array<CommandCheck, 7> kCommandChecks{{{"search", CheckSearch},
+constexpr std::array<CommandCheck, 9> kCommandChecks{{{"search", CheckSearch},
                                                       {"copy", CheckAction},
                                                       {"move", CheckAction},
                                                       {"rename", CheckAction},
                                                       {"delete", CheckDelete},
                                                       {"run", CheckRun},
-                                                      {"sample", CheckSample}}};
+                                                      {"sample", CheckSample},
+                                                      {"paths", CheckPaths},
+                                                      {"options", CheckOptions}}};
 
 Checked<Request> Check(const RawArguments& raw) {
     auto machine = CheckMachine(raw);

@@ -11,5 +11,7 @@ int RunAction(Host& host, const platform::Platform& machine, const ActionRequest
 int RunDelete(Host& host, const platform::Platform& machine, const DeleteRequest& request);
 int RunScript(Host& host, const platform::Platform& machine, const RunRequest& request);
 int MakeSample(Host& host, const platform::Platform& machine, const SampleRequest& request);
+int ShowPaths(Host& host, const platform::Platform& machine, const PathsRequest& request);
+int RunOptions(Host& host, const platform::Platform& machine, const OptionsRequest& request);
 
 } // namespace tarvix::cli

@@ -20,6 +20,10 @@ struct Dispatch {
     int operator()(const SampleRequest& request) const {
         return MakeSample(host, machine, request);
     }
+    int operator()(const PathsRequest& request) const { return ShowPaths(host, machine, request); }
+    int operator()(const OptionsRequest& request) const {
+        return RunOptions(host, machine, request);
+    }
 };
 
 } // namespace

@@ -123,4 +123,26 @@ inline constexpr const char* kSampleFooter =
     "  tarvix-cli sample ~/tarvix-sample\n"
     "\nThe folder is made if it is missing; one that holds anything is refused.\n";
 
+inline constexpr const char* kPathsAbout =
+    "Tells where options, histories and logs lie: name, tab and path on each line.\n";
+
+inline constexpr const char* kPathsFooter =
+    "\nExample:\n"
+    "  less \"$(tarvix-cli paths --json | jq -r '.[\"Error log\"]')\"\n"
+    "\nNothing is made or changed. --data-folder and TARVIX_DATA_FOLDER choose another folder.\n";
+
+inline constexpr const char* kOptionsAbout =
+    "Lists all options, tells one, or sets one. With no word it lists them.\n";
+
+inline constexpr const char* kOptionsFooter =
+    "\nExamples:\n"
+    "  tarvix-cli options list\n"
+    "  tarvix-cli options get bytArchive\n"
+    "  tarvix-cli options set blnSort True\n"
+    "  tarvix-cli options set \"blnListItems (OSSubItem)\" False\n"
+    "  tarvix-cli options set \"strDefSearchFolder(1)\" \"~/Music|/srv/music[Music\"\n"
+    "  tarvix-cli options set \"Drive E:\" /srv/collection\n"
+    "  tarvix-cli options set ListPathForm drive\n"
+    "\nClose Tarvix first: a running one writes its own options when it closes.\n";
+
 } // namespace tarvix::cli

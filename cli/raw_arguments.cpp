@@ -128,14 +128,16 @@ struct CommandHelp {
     const char* footer;
 };
 
-constexpr std::array<CommandHelp, 7> kCommands{
+constexpr std::array<CommandHelp, 9> kCommands{
     {{"search", "Lists every file or folder that matches", kSearchAbout, kSearchFooter},
      {"copy", "Copies all that matches", kCopyAbout, kCopyFooter},
      {"move", "Moves all that matches", kMoveAbout, kMoveFooter},
      {"rename", "Renames all that matches in its place", kRenameAbout, kRenameFooter},
      {"delete", "Sends all that matches to the trash", kDeleteAbout, kDeleteFooter},
      {"run", "Runs a script that drives the whole program", kRunAbout, kRunFooter},
-     {"sample", "Makes a small collection to try things on", kSampleAbout, kSampleFooter}}};
+     {"sample", "Makes a small collection to try things on", kSampleAbout, kSampleFooter},
+     {"paths", "Tells where everything lies", kPathsAbout, kPathsFooter},
+     {"options", "Lists, tells and sets options", kOptionsAbout, kOptionsFooter}}};
 
 CLI::App& AddCommand(CLI::App& app, const CommandHelp& help) {
     CLI::App& command = *app.add_subcommand(help.name, help.summary);
@@ -247,6 +249,11 @@ void AddOthers(CLI::App& app, RawArguments& raw) {
     AddText(run, "SCRIPT", raw.target, "", "The script, or - for stdin", "Positionals");
     CLI::App& sample = AddCommand(app, CommandNamed("sample"));
     AddText(sample, "DIR", raw.target, "", "The folder to fill", "Positionals");
+    CLI::App& paths = AddCommand(app, CommandNamed("paths"));
+    AddFlag(paths, "--json", raw.json, "One object, paths by name", kOutputGroup);
+    CLI::App& options = AddCommand(app, CommandNamed("options"));
+    AddWords(options, "WORDS", raw.words, "", "list, get KEY, or set KEY VALUE", "Positionals");
+    AddFlag(options, "--json", raw.json, "One object, values by key", kOutputGroup);
 }
 
 EarlyEnd Wrong(std::string sentence) {
@@ -352,7 +359,8 @@ std::expected<RawArguments, EarlyEnd> ReadRawArguments(const std::vector<std::st
     }
     if (auto leftover = CheckLeftovers(app)) return std::unexpected(std::move(*leftover));
     raw.command = app.get_subcommands().front()->get_name();
-    for (auto* words : {&raw.patterns, &raw.locations, &raw.answers, &raw.drives, &raw.lists})
+    for (auto* words :
+         {&raw.patterns, &raw.locations, &raw.answers, &raw.drives, &raw.lists, &raw.words})
         UnprotectAll(*words);
     return raw;
 }

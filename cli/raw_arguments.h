@@ -33,6 +33,7 @@ struct RawArguments {
     bool onlyOnce = false;
     std::optional<std::string> onRecycleFailure, overrideSystemHidden;
 
+    std::vector<std::string> words;    // of options
     std::optional<std::string> target; // the script, or the folder of the sample
 };
 

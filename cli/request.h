@@ -123,8 +123,21 @@ struct SampleRequest {
     std::string folder; // as typed
 };
 
-using Command =
-    std::variant<SearchRequest, ActionRequest, DeleteRequest, RunRequest, SampleRequest>;
+struct PathsRequest {
+    bool json = false;
+};
+
+enum class OptionsVerb { kList, kGet, kSet };
+
+struct OptionsRequest {
+    OptionsVerb verb = OptionsVerb::kList;
+    std::string key;
+    std::string value;
+    bool json = false;
+};
+
+using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, RunRequest, SampleRequest,
+                             PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

@@ -26,6 +26,8 @@ template <class... Parts>
 struct Overloaded : Parts... {
     using Parts::operator()...;
 };
+template <class... Parts>
+Overloaded(Parts...) -> Overloaded<Parts...>;
 
 std::unexpected<platform::PlatformError> Mismatch(std::string_view text) {
     return platform::Failure(kTypeMismatch,

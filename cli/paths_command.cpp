@@ -1,0 +1,61 @@
+#include "cli/commands.h"
+#include "platform/environment.h"
+#include "platform/native_paths.h"
+#include "session/lifecycle/data_folder.h"
+#include "session/session.h"
+#include "session/unattended_prompts.h"
+#include "text/paths.h"
+
+#include <nlohmann/json.hpp>
+
+#include <ostream>
+#include <utility>
+#include <vector>
+
+namespace tarvix::cli {
+
+namespace {
+
+using Place = std::pair<std::string, std::string>;
+
+std::vector<Place> PlacesOf(const platform::Platform& machine) {
+    session::UnattendedPrompts prompts;
+    session::Session session(machine, prompts);
+    auto& state = session.state;
+    const lifecycle::DataPlace data = lifecycle::PlaceOfData(machine.environment);
+    state.strDataFolder = data.folder;
+    lifecycle::FormDataPaths(session);
+    return {{"Program", machine.environment.ProgramFolder()},
+            {"Data folder", data.folder},
+            {"Options", state.strOptionFile},
+            {"Options at the last start", state.strOptionBackupFile},
+            {"Machine settings", state.strPlatformFile},
+            {"Search history", state.strFSSearchHistoryFile},
+            {"Location history", state.strFSFolderHistoryFile},
+            {"Destination history", state.strFDHistoryFile},
+            {"Action logs", text::JoinPath(data.folder, "TXAction")},
+            {"Error log", state.strErrorLogFile}};
+}
+
+} // namespace
+
+int ShowPaths(Host& host, const platform::Platform& machine, const PathsRequest& request) {
+    nlohmann::ordered_json object;
+    for (const auto& [name, path] : PlacesOf(machine)) {
+        std::string native = machine.paths.ToNative(path);
+        // Each run has a log of its own.
+        if (name == "Action logs") native += " *.log";
+        if (request.json) {
+            object[name] = native;
+        } else {
+            host.out << name << '\t' << native << '\n';
+        }
+    }
+    if (request.json) {
+        host.out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    }
+    host.out << std::flush;
+    return kDone;
+}
+
+} // namespace tarvix::cli

@@ -50,8 +50,7 @@ void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
 void ReplaceText(QLineEdit& edit, const QString& text) {
     const qsizetype behind = edit.text().size() - edit.cursorPosition();
     edit.setText(text);
-    if (edit.hasFocus())
-        edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
+    edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
 }
 
 void ShowComboText(const forms::ComboBox& field, QComboBox& box) {

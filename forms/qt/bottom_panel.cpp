@@ -95,12 +95,17 @@ QWidget* MakeStatusBar(const forms::FrmSearch& form) {
     busy->setFixedSize(80, busy->fontMetrics().height() / 2 + 2);
     busy->setAccessibleName("Working");
     busy->hide();
+    auto* progress = new ElidedLabel;
+    progress->setObjectName("lblProgressText");
+    progress->setTextFormat(Qt::PlainText);
+    progress->hide();
     auto* native = new ElidedLabel;
     native->setObjectName("lblNativePath");
     native->setTextFormat(Qt::PlainText);
     native->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     native->setAccessibleName("Path of the current row");
     row->addWidget(busy);
+    row->addWidget(progress, 3);
     row->addWidget(Make(form.lblStatus));
     row->addWidget(Make(form.lblDetailedStatus));
     row->addWidget(MakeElided(form.lblCurrentFolder), 3);

@@ -21,7 +21,7 @@ namespace {
 
 struct TopMenu {
     const char* title;
-    std::string_view field; // switches the menu; its entries' names begin with it and "_"
+    std::string_view field; // switches the menu; its entries' names begin with its singular
 };
 
 constexpr std::array<TopMenu, 9> kMenus{{{"&File", "mnuFile"},
@@ -62,6 +62,12 @@ bool IsTop(std::string_view name) {
     return std::ranges::find(kMenus, name, &TopMenu::field) != kMenus.end();
 }
 
+bool BelongsTo(std::string_view name, const TopMenu& top) {
+    std::string_view field = top.field;
+    if (field.ends_with('s')) field.remove_suffix(1);
+    return name.starts_with(field);
+}
+
 QChar MnemonicOf(const QString& caption) {
     const qsizetype at = caption.indexOf(u'&');
     return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
@@ -93,9 +99,8 @@ MainMenu::MainMenu(QMainWindow& window, const forms::Form& form) : form_(form) {
     }
     for (const forms::Control* control : form.Controls()) {
         if (control->Kind() != forms::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
-        const std::string_view prefix =
-            std::string_view(control->Name()).substr(0, control->Name().find('_'));
-        const auto top = std::ranges::find(kMenus, prefix, &TopMenu::field);
+        const auto top = std::ranges::find_if(
+            kMenus, [control](const TopMenu& menu) { return BelongsTo(control->Name(), menu); });
         QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
         AddField(*menu, window, control->Name());
         if (control->Name() == "mnuHelp_Help") menu->actions().last()->setShortcut(Qt::Key_F1);

@@ -82,6 +82,7 @@ void SearchWindow::Build() {
     setCentralWidget(central);
     nativePath_ = static_cast<ElidedLabel*>(findChild<QLabel*>("lblNativePath"));
     busy_ = findChild<QProgressBar*>("barBusy");
+    progress_ = findChild<QLabel*>("lblProgressText");
 }
 
 void SearchWindow::AddOwnEntries() {
@@ -103,6 +104,10 @@ void SearchWindow::AddOwnEntries() {
     };
     focusOn("Ctrl+F", "cmbSearchFor");
     focusOn("Ctrl+L", "cmbDir");
+    connect(new QShortcut(QKeySequence("F6"), this), &QShortcut::activated, this, [this] {
+        if (focusWidget() != list_) return list_->setFocus(Qt::ShortcutFocusReason);
+        findChild<QComboBox*>("cmbSearchFor")->setFocus(Qt::ShortcutFocusReason);
+    });
 }
 
 void SearchWindow::SetUpList() {
@@ -194,13 +199,16 @@ void SearchWindow::Flush() {
     ShowSort();
 }
 
-// A search can't tell how long it takes; rearranging the list can.
+// A search can't tell how long it takes; rearranging the list and recycling can.
 void SearchWindow::ShowProgress() {
     const auto& progress = session_.forms.frmProgress;
-    const bool isArranging = progress.IsShown();
-    busy_->setVisible(session_.state.blnSearching || isArranging);
-    busy_->setMaximum(isArranging ? static_cast<int>(progress.prgMain.Max.Get()) : 0);
-    if (isArranging) busy_->setValue(static_cast<int>(progress.prgMain.Value.Get()));
+    const auto most = static_cast<int>(progress.prgMain.Max.Get());
+    const bool isCounted = progress.IsShown() && most > 0;
+    busy_->setVisible(session_.state.blnSearching || progress.IsShown());
+    busy_->setMaximum(isCounted ? most : 0);
+    if (isCounted) busy_->setValue(static_cast<int>(progress.prgMain.Value.Get()));
+    progress_->setVisible(progress.IsShown());
+    progress_->setText(progress.IsShown() ? Shown(progress.lblMain.Caption.Get()) : QString());
 }
 
 void SearchWindow::ShowRows() {

@@ -12,6 +12,7 @@
 namespace tarvix::session {
 struct Session;
 }
+class QLabel;
 class QProgressBar;
 
 namespace tarvix::qt {
@@ -61,6 +62,7 @@ class SearchWindow : public QMainWindow, public View {
     ResultView* list_ = nullptr;
     ElidedLabel* nativePath_ = nullptr;
     QProgressBar* busy_ = nullptr;
+    QLabel* progress_ = nullptr; // what the bar counts
     QWidget* counters_ = nullptr;
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;

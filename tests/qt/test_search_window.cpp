@@ -1,6 +1,7 @@
 #include "tests/qt/window_fixture.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDropEvent>
@@ -10,6 +11,8 @@
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
+
+#include <set>
 
 namespace tarvix::qt {
 
@@ -279,6 +282,109 @@ TEST_F(SearchWindowTest, NothingIsClippedInTheSmallestWindow) {
     EXPECT_EQ(window->size(), QSize(800, 497));
     ExpectNothingClipped(*window);
     EXPECT_GE(window->List().height(), 100);
+}
+
+TEST_F(SearchWindowTest, TheStandardKeysAct) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    window->List().setFocus();
+    QTest::keyClick(&window->List(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(SelectedNames().size(), 2U);
+    OnModal([this](QWidget& modal) {
+        EXPECT_EQ(modal.objectName(), "frmDialog");
+        EXPECT_EQ(S().state.strAction, "Rename");
+        modal.close();
+    });
+    QTest::keyClick(&window->List(), Qt::Key_F2);
+    Activate(*window);
+    OnModal([](QWidget& modal) {
+        EXPECT_TRUE(modal.findChild<QLabel*>("lblText")->text().contains(
+            "Are you sure you want delete all selected objects?"));
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    QTest::keyClick(&window->List(), Qt::Key_Delete);
+    Activate(*window);
+    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\one.mp3"), "abc");
+    QTest::keyClick(&window->List(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              "/home/ann/Music/Abba/one.mp3\n/home/ann/Music/Abba/two.mp3");
+    QTest::keyClick(&window->List(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(SelectedNames().size(), 0U);
+    window->List().setFocus();
+    QTest::keyClick(&window->List(), Qt::Key_F6);
+    EXPECT_EQ(window->focusWidget()->objectName(), "cmbSearchFor");
+    QTest::keyClick(window.get(), Qt::Key_F6);
+    EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
+}
+
+TEST_F(SearchWindowTest, DeleteInABoxDeletesACharacter) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    QLineEdit* edit = Find<QComboBox>("cmbSearchFor")->lineEdit();
+    edit->setFocus();
+    edit->setCursorPosition(0);
+    QTest::keyClick(edit, Qt::Key_Delete);
+    EXPECT_EQ(edit->text(), ".mp3");
+}
+
+TEST_F(SearchWindowTest, LongWorkShowsHowFarItIsBesideTheWindow) {
+    auto& progress = S().forms.frmProgress;
+    gate.Run(nullptr, [&] {
+        progress.lblMain.Caption = "Recycling 25 of 100 objects";
+        progress.prgMain.Max = 100;
+        progress.prgMain.Value = 25;
+        progress.Show();
+        gate.Flush();
+        EXPECT_TRUE(Find<QProgressBar>("barBusy")->isVisible());
+        EXPECT_EQ(Find<QProgressBar>("barBusy")->value(), 25);
+        EXPECT_EQ(Find<QProgressBar>("barBusy")->maximum(), 100);
+        EXPECT_EQ(TextOf("lblProgressText"), "Recycling 25 of 100 objects");
+        EXPECT_TRUE(window->isEnabled());
+        progress.Hide();
+    });
+    EXPECT_FALSE(Find<QProgressBar>("barBusy")->isVisible());
+    EXPECT_FALSE(Find<QLabel>("lblProgressText")->isVisible());
+}
+
+TEST_F(SearchWindowTest, StopEndsARecycling) {
+    for (int i = 0; i < 400; ++i) {
+        machine.disk.AddFile("C:\\home\\ann\\Many\\" + std::to_string(i) + ".tmp", "x");
+    }
+    Search("*.tmp", "C:\\home\\ann\\Many");
+    Press("cmdSelectAll");
+    bool looked = false;
+    OnModal([&](QWidget& question) {
+        S().yielder.After(600, [&] {
+            gate.Flush();
+            looked = true;
+            EXPECT_TRUE(S().state.blnRecycling);
+            EXPECT_TRUE(Find<QPushButton>("cmdStop")->isVisible());
+            Press("cmdStop");
+        });
+        QTest::mouseClick(question.findChild<QPushButton*>("btnYes"), Qt::LeftButton);
+    });
+    Press("cmdDeleteSelected");
+    EXPECT_TRUE(looked);
+    EXPECT_GT(S().state.lastAction.done, 0);
+    EXPECT_GT(S().state.lastAction.skipped, 0);
+    EXPECT_EQ(S().state.lastAction.done + S().state.lastAction.skipped, 400);
+    EXPECT_FALSE(Find<QPushButton>("cmdStop")->isVisible());
+}
+
+TEST_F(SearchWindowTest, NoLetterStandsForTwoControlsInSight) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    std::set<QChar> seen;
+    const auto note = [&seen](const QString& caption) {
+        const qsizetype at = caption.indexOf(u'&');
+        if (at < 0) return;
+        EXPECT_TRUE(seen.insert(caption[at + 1].toLower()).second) << caption.toStdString();
+    };
+    for (const auto* button : window->findChildren<QAbstractButton*>()) {
+        if (button->isVisible()) note(button->text());
+    }
+    for (const QAction* menu : window->menuBar()->actions()) {
+        if (menu->isVisible()) note(menu->text());
+    }
+    EXPECT_GE(seen.size(), 15U);
 }
 
 } // namespace tarvix::qt

@@ -81,6 +81,11 @@ std::vector<std::string> WindowFixture::SelectedNames() {
     return names;
 }
 
+void WindowFixture::Activate(QWidget& any) {
+    any.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&any));
+}
+
 void WindowFixture::OnModal(std::function<void(QWidget&)> act) {
     waiting_.push_back(std::move(act));
     watch_.start();

@@ -43,6 +43,10 @@ class WindowFixture : public ::testing::Test {
     void ClickRow(int row, Qt::KeyboardModifiers modifiers = {});
     std::vector<std::string> SelectedNames();
 
+    // Keys and the tab order need the window to be the active one, which it is not by itself when
+    // another one has closed.
+    static void Activate(QWidget& any);
+
     // Acts on the next modal window that opens; it must close it.
     void OnModal(std::function<void(QWidget&)> act);
     // All that OnModal waited for has come.

@@ -1,8 +1,12 @@
 #include "search/browse.h"
 
+#include "platform/file_system.h"
+#include "platform/native_paths.h"
 #include "search/net_hood.h"
 #include "session/path_list.h"
 #include "session/session.h"
+#include "text/case.h"
+#include "text/paths.h"
 
 namespace tarvix::search {
 
@@ -35,6 +39,21 @@ void cmdBrowse_Click(Session& session) {
     const std::string list = session.prompts.PickFile("Select Multiple Path List", kListFilters);
     if (list.empty()) return;
     TakeLocations(session, session::ReadPathList(session, list), mode == kAddList);
+}
+
+void DropLocations(Session& session, const std::vector<std::string>& paths) {
+    for (const std::string& dropped : paths) {
+        const std::string path = ResolveNetHood(session, session.platform.paths.ToDrive(dropped));
+        const auto facts = session.files().Facts(path);
+        if (!facts) continue;
+        if (facts->IsFolder()) {
+            TakeLocations(session, path, true);
+        } else if (text::EqualNoCase(text::GetExtension(path), "mpl")) {
+            TakeLocations(session, session::ReadPathList(session, path), true);
+        } else {
+            TakeLocations(session, std::string(text::GetParentFolderName(path)), true);
+        }
+    }
 }
 
 void ChooseBrowseMode(Session& session, int mode) {

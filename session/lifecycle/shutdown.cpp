@@ -1,8 +1,12 @@
+#include "platform/file_system.h"
 #include "session/histories.h"
 #include "session/lifecycle/startup.h"
 #include "session/options_file.h"
 #include "session/platform_file.h"
+#include "session/replace_file.h"
 #include "session/session.h"
+#include "text/characters.h"
+#include "text/paths.h"
 
 namespace tarvix::lifecycle {
 
@@ -22,9 +26,24 @@ void HideTargetPath(forms::FrmSearch& form) {
     form.mnuTargetPath.Enabled = false;
 }
 
+// One question to the disk, so that a folder that takes nothing is told once and not for each file.
+bool TakesFiles(Session& session) {
+    const std::string& folder = session.state.strDataFolder;
+    const std::string probe = text::JoinPath(folder, "TXWriteTest");
+    const auto written = session::ReplaceTextFile(session.files(), probe, text::Repeat(" ", 4096));
+    (void)session.files().DeleteFile(probe, true);
+    if (written) return true;
+    const std::string told = "The data folder can't be written: " + folder + "\r\n\r\n" +
+                             written.error().description +
+                             "\r\n\r\nThe options and histories of this run are not saved. The "
+                             "files there stay as they were.";
+    if (!session.state.options.blnAutoMode) session.MsgBox(told, session::kExclamation);
+    return false;
+}
+
 // A start that never came to its end has read nothing that could be saved.
 void SaveFiles(Session& session) {
-    if (!session.state.blnStarted) return;
+    if (!session.state.blnStarted || !TakesFiles(session)) return;
     session::SaveSearchHistoryFile(session);
     session::SaveFolderHistoryFile2(session);
     session::SaveDestHistoryFile2(session);

@@ -1,3 +1,4 @@
+#include "search/browse.h"
 #include "tests/support/program_fixture.h"
 
 namespace tarvix::testing {
@@ -53,6 +54,38 @@ TEST_F(Browse, NativePathsInAListAreTaken) {
 TEST_F(Browse, AListThatCantBeReadIsToldAndLeavesTheBox) {
     EXPECT_EQ(After(2, "C:\\missing.mpl"), "C:\\old");
     EXPECT_TRUE(WasTold("The list can't be read: "));
+}
+
+TEST_F(Browse, AFileListOfOtherNamesIsOffered) {
+    (void)After(2, "");
+    EXPECT_EQ(prompts.Records().back().kind, session::PromptKind::kFile);
+    (void)After(0, "");
+    EXPECT_EQ(prompts.Records().back().title, "Select folder");
+}
+
+TEST_F(Browse, DroppedFoldersListsAndFilesAreAddedAsFolders) {
+    Disk().AddFolder("C:\\new folder");
+    Disk().AddFile("C:\\l.mpl", "C:\\a\r\n/home/ann/Music\r\n*EOF");
+    Disk().AddFile("C:\\docs\\x.txt");
+    search::DropLocations(S(), {"file:///new%20folder", "/l.mpl", "C:\\docs\\x.txt", "/missing"});
+    EXPECT_EQ(Form().cmbDir.Text.Get(),
+              "C:\\old|C:\\new folder|C:\\a|C:\\home\\ann\\Music|C:\\docs");
+}
+
+TEST_F(Browse, ADroppedFolderStandsAloneInAnEmptyBox) {
+    Disk().AddFolder("C:\\d");
+    Click(Form().mnuBrowse_ClearNow);
+    search::DropLocations(S(), {"/d"});
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\d");
+}
+
+TEST_F(Browse, TheChosenModeHasItsColourInBothPlaces) {
+    Choose(Form().optBrowse, 3);
+    for (int i = 0; i < 4; ++i) {
+        const forms::Color color = i == 3 ? forms::kRed : forms::kBlack;
+        EXPECT_EQ(Form().optBrowse[i].ForeColor.Get(), color);
+        EXPECT_EQ(Form().mnuBrowse_Behave[static_cast<std::size_t>(i)].ForeColor.Get(), color);
+    }
 }
 
 TEST_F(Browse, OptionsAndMenuStayInStep) {

@@ -39,6 +39,7 @@ constexpr std::array<std::string_view, 14> kVerdicts{"copy",
 class NoLauncher : public platform::Launcher {
   public:
     platform::Result<void> OpenDocument(std::string_view) override { return {}; }
+    platform::Result<void> OpenWith(std::string_view, std::string_view) override { return {}; }
     platform::Result<void> CloseDocument(std::string_view) override { return {}; }
 };
 

@@ -112,6 +112,8 @@ class FrmSearch : public Form {
                                  "Copy Paths Directly into 'Search Location(s)' Box"};
     MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",
                                     "Copy Object Names Directly into 'Search For' Box"};
+    MenuEntry mnuToolViewActionLog{*this, "mnuToolViewActionLog", "View Action Log"};
+    MenuEntry mnuToolViewAnyActionLog{*this, "mnuToolViewAnyActionLog", "View Any Action Log"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
 
     // Which date of an object is tested and shown.

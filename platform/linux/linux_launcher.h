@@ -11,6 +11,7 @@ class LinuxLauncher : public Launcher {
   public:
     LinuxLauncher(FileSystem& files, const NativePaths& paths) : files_(files), paths_(paths) {}
     Result<void> OpenDocument(std::string_view path) override;
+    Result<void> OpenWith(std::string_view command, std::string_view path) override;
 
   private:
     FileSystem& files_;
@@ -21,6 +22,7 @@ class LinuxLauncher : public Launcher {
 class NullLauncher : public Launcher {
   public:
     Result<void> OpenDocument(std::string_view path) override;
+    Result<void> OpenWith(std::string_view command, std::string_view path) override;
 };
 
 } // namespace tarvix::platform

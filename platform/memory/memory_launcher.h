@@ -18,13 +18,20 @@ class MemoryLauncher : public Launcher {
         return {};
     }
 
+    Result<void> OpenWith(std::string_view command, std::string_view path) override {
+        auto started = OpenDocument(path);
+        if (started) commands.emplace_back(command);
+        return started;
+    }
+
     Result<void> CloseDocument(std::string_view path) override {
         if (!canClose) return Launcher::CloseDocument(path);
         closed.emplace_back(path);
         return {};
     }
 
-    std::vector<std::string> opened; // documents, in order
+    std::vector<std::string> opened;   // documents, in order
+    std::vector<std::string> commands; // of those opened with one
     std::vector<std::string> closed;
     bool canClose = false;
     int refusal = 0; // the error that every opening gives, if not 0

@@ -6,6 +6,7 @@
 #include "session/ask_long_path.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
+#include "session/text_viewer.h"
 
 namespace tarvix::lifecycle {
 
@@ -42,6 +43,7 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     search::AddSearchEvents(session_.events);
     actions::AddActionEvents(session_.events);
     session::AddAskLongPathEvents(session_.events);
+    session::AddLogViewEvents(session_.events);
 }
 
 void Program::Start(std::string_view argument) {

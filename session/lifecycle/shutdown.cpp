@@ -1,3 +1,4 @@
+#include "actions/recycle.h"
 #include "platform/file_system.h"
 #include "session/histories.h"
 #include "session/lifecycle/startup.h"
@@ -51,6 +52,13 @@ void SaveFiles(Session& session) {
     session::SavePlatformFile(session);
 }
 
+// With logging off the log served this run alone.
+void CloseLog(Session& session) {
+    const bool isKept = session.state.options.blnFileLog || !session.log.IsOpen();
+    session.log.Close(session);
+    if (!isKept) (void)actions::RecycleOne(session, session.state.strActionLogFile);
+}
+
 } // namespace
 
 void frmSearch_Unload(Session& session) {
@@ -58,7 +66,7 @@ void frmSearch_Unload(Session& session) {
     session.state.blnStopClicked = session.state.blnStopAction = true;
     CloseOtherWindows(session);
     HideTargetPath(session.frmSearch);
-    session.log.Close(session);
+    CloseLog(session);
     SaveFiles(session);
     session.errorLog.Close(session);
     session.frmSearch.Hide();

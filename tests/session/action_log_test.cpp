@@ -55,11 +55,34 @@ TEST_F(ActionLogFile, AnEmptyEntryIsThreeEmptyLines) {
     EXPECT_NE(LogText().find("turned on.\r\n\r\n\r\n\r\n\r\n"), std::string::npos);
 }
 
-TEST_F(ActionLogFile, WithLoggingOffEntriesAreNotWritten) {
+TEST_F(ActionLogFile, WithLoggingOffItHoldsItsOpeningLinesDuringTheRunAndIsRecycledAtItsEnd) {
+    Disk().AddFile(machine.environment.programFolder + "\\TXOptionFile.txt",
+                   "blnFileLog = False\r\n*EOF\r\n");
+    Start();
+    session::LogTimed(S(), " Created C:\\x");
+    const std::string path = State().strActionLogFile;
+    EXPECT_EQ(Disk().Content(path), "Opened Log at 11/15/2026 7:54:52 PM\r\n\r\n"
+                                    "Logging is turned off.\r\n\r\n");
+    program.Stop();
+    EXPECT_FALSE(Disk().Exists(path));
+    EXPECT_EQ(machine.bin.Paths(), std::vector<std::string>{path});
+    EXPECT_FALSE(WasTold("recycle"));
+}
+
+TEST_F(ActionLogFile, WithLoggingOffOneThatCannotBeRecycledStaysUntold) {
     Start();
     State().options.blnFileLog = false;
-    session::LogTimed(S(), " Created C:\\x");
-    EXPECT_EQ(LogText().find("Created"), std::string::npos);
+    machine.bin.SetHasTrash("C:", false);
+    program.Stop();
+    EXPECT_TRUE(Disk().Exists(State().strActionLogFile));
+    EXPECT_TRUE(Told().empty());
+}
+
+TEST_F(ActionLogFile, WithLoggingOnItStays) {
+    Start();
+    program.Stop();
+    EXPECT_TRUE(Disk().Exists(State().strActionLogFile));
+    EXPECT_TRUE(machine.bin.Paths().empty());
 }
 
 TEST_F(ActionLogFile, TwoSessionsStartedWithinOneSecondShareItsName) {

@@ -10,7 +10,6 @@
 #include <array>
 #include <optional>
 #include <span>
-#include <unordered_map>
 
 namespace tarvix::actions {
 
@@ -26,7 +25,9 @@ constexpr std::uint32_t kPlainFile = 0;
 // to the name of an object that is gone may be its neighbour.
 bool IsThere(Session& session, const std::string& path) {
     const auto truePath = session.files().TruePath(path);
-    return truePath && (*truePath == path || !text::EqualNoCase(*truePath, path));
+    if (truePath) return *truePath == path || !text::EqualNoCase(*truePath, path);
+    const int error = truePath.error().number;
+    return error != platform::kFileNotFound && error != platform::kPathNotFound;
 }
 
 // Clears what protects the object and deletes it for good, a folder only when it is empty.
@@ -103,90 +104,50 @@ class RecycleRun {
   public:
     RecycleRun(Session& session, const std::vector<RecycleEntry>& queue, bool blnNoPrompt,
                const RecycleObserver& observer)
-        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer),
-          isGone_(queue.size()) {
+        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer) {
         paths_.reserve(queue.size());
         for (const RecycleEntry& entry : queue) {
             paths_.push_back(entry.strActualPath);
         }
-        FindHolders();
     }
 
     RecycleOutcome Run() {
         while (first_ < paths_.size() && !outcome_.blnStopped) {
-            if (WentWithItsFolder(first_)) {
-                SettleFirst(true);
-                continue;
-            }
-            const std::size_t end = EndOfBatch();
-            const bool isSent = Send(end);
-            const std::size_t failed = isSent ? end : tried_;
-            while (first_ < failed) {
-                SettleFirst(true);
-            }
+            const bool isSent = Send();
+            outcome_.gone += (isSent ? paths_.size() : tried_) - first_;
+            first_ = isSent ? paths_.size() : tried_;
             if (!isSent && !outcome_.blnStopped) SettleFailed();
         }
         return outcome_;
     }
 
   private:
-    // For each entry the last one before it that is a folder above it; its own number without one.
-    void FindHolders() {
-        std::unordered_map<std::string_view, std::size_t> known;
-        for (std::size_t i = 0; i < paths_.size(); ++i) {
-            std::size_t holder = i;
-            for (auto folder = text::GetParentFolderName(paths_[i]); !folder.empty() && holder == i;
-                 folder = text::GetParentFolderName(folder)) {
-                const auto found = known.find(folder);
-                if (found != known.end()) holder = found->second;
-            }
-            holders_.push_back(holder);
-            known.emplace(paths_[i], i);
-        }
-    }
-
-    bool WentWithItsFolder(std::size_t index) const {
-        return holders_[index] != index && isGone_[holders_[index]];
-    }
-
-    // Up to what may go with a folder of this batch: its name could be taken for a neighbour's.
-    std::size_t EndOfBatch() const {
-        std::size_t end = first_ + 1;
-        while (end < paths_.size() && !WentWithItsFolder(end) &&
-               (holders_[end] == end || holders_[end] < first_)) {
-            ++end;
-        }
-        return end;
-    }
-
-    bool Send(std::size_t end) {
+    // Ends before an object that went with its folder, whose name may be a neighbour's too.
+    bool Send() {
         const std::size_t offset = tried_ = first_;
         const platform::TrashObserver told = [this, offset](std::size_t done) {
             tried_ = offset + done;
             outcome_.blnStopped = observer_ && !observer_(tried_);
-            return !outcome_.blnStopped;
+            return !outcome_.blnStopped && IsThere(session_, paths_[tried_]);
         };
-        return session_.platform.trash
-            .Recycle(std::span(paths_).subspan(first_, end - first_), told)
-            .has_value();
+        return session_.platform.trash.Recycle(std::span(paths_).subspan(first_), told).has_value();
     }
 
     void SettleFailed() {
-        const RecycleEntry& entry = queue_[first_];
-        if (!IsThere(session_, entry.strActualPath)) return SettleFirst(true);
-        outcome_.blnPartial = outcome_.blnPartial || paths_.size() > 1;
-        const bool isDeleted = OverrideRecycleFailure(
-            session_, entry, noPrompt_,
-            paths_.size() > 1 ? "OverrideRecycleFailureEntry" : "OverrideRecycleFailure");
+        const RecycleEntry& entry = queue_[first_++];
+        if (!IsThere(session_, entry.strActualPath)) {
+            ++outcome_.gone;
+            return;
+        }
+        const bool isQueue = paths_.size() > 1;
+        outcome_.blnPartial = outcome_.blnPartial || isQueue;
+        const bool isDeleted = OverrideRecycleFailure(session_, entry, noPrompt_,
+                                                      isQueue ? "OverrideRecycleFailureEntry"
+                                                              : "OverrideRecycleFailure");
         outcome_.deleted += isDeleted ? 1 : 0;
-        SettleFirst(isDeleted);
+        ++(isDeleted ? outcome_.gone : outcome_.failed);
         outcome_.blnStopped =
             session_.state.action.bytRecycleAnswer == session::kOverrideCancel && !noPrompt_;
-    }
-
-    void SettleFirst(bool isGone) {
-        isGone_[first_++] = isGone;
-        ++(isGone ? outcome_.gone : outcome_.failed);
     }
 
     Session& session_;
@@ -194,8 +155,6 @@ class RecycleRun {
     bool noPrompt_;
     const RecycleObserver& observer_;
     std::vector<std::string> paths_;
-    std::vector<std::size_t> holders_;
-    std::vector<bool> isGone_;
     std::size_t first_ = 0;
     std::size_t tried_ = 0; // the entry that the trash had in hand
     RecycleOutcome outcome_;

@@ -365,6 +365,13 @@ TEST_F(Recycle, TheNeighbourOfAFileThatWentDuringThePromptIsNotDeleted) {
     EXPECT_TRUE(ErrorLog().contains("Error Number = 53\r\n"));
 }
 
+TEST_F(Recycle, TheNeighbourOfAFileThatWasGoneBeforeIsLeftAlone) {
+    Disk().AddFile("C:\\t\\A", "neighbour");
+    Queue("C:\\t\\a");
+    EXPECT_TRUE(Run().Succeeded());
+    EXPECT_EQ(Disk().Content("C:\\t\\A"), "neighbour");
+}
+
 TEST_F(Recycle, WhatIsGoneAlreadyIsNoFailureAndTheRestGoesOn) {
     Disk().AddFile("C:\\t\\z");
     Queue("C:\\t\\gone");
@@ -386,6 +393,14 @@ TEST_F(Recycle, AnObjectWhoseTypeCannotBeReadIsLoggedAndKept) {
     EXPECT_TRUE(HasEntry(" Was unable to determine the object type of: C:\\t\\a."));
     EXPECT_THAT(prompts.Records(), IsEmpty());
     EXPECT_TRUE(Disk().Exists("C:\\t\\a"));
+}
+
+TEST_F(Recycle, AnObjectThatCannotBeLookedUpIsNotTakenForGone) {
+    QueueThreeWithABadOne();
+    machine.faults.FailPath("C:\\t\\b", 70);
+    Run();
+    ExpectOutcome(2, 1, true);
+    EXPECT_TRUE(HasEntry(" Was unable to determine the object type of: C:\\t\\b."));
 }
 
 TEST_F(Recycle, AStopEndsItBeforeTheNextObject) {
@@ -425,7 +440,8 @@ TEST_F(Recycle, ManyObjectsAreSentAtOnce) {
     }
     machine.faults.ResetCounts();
     EXPECT_TRUE(Run().Succeeded());
-    EXPECT_EQ(machine.faults.Count(), 1000U) << "nothing is looked up besides";
+    EXPECT_EQ(machine.faults.Count("Recycle"), 1000U);
+    EXPECT_EQ(machine.faults.Count(), 2000U) << "each is looked up once, and nothing besides";
 }
 
 } // namespace

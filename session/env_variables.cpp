@@ -118,25 +118,27 @@ bool Is64BitSystem(Session& session) {
 
 void RebuildEnvVarTable(Session& session) {
     auto& table = session.state.options.envVariables;
+    std::vector<EnvVariable> added;
     for (const auto& [name, value] : session.platform.environment.All()) {
         if (!IsCandidate(session, name, value)) continue;
         const auto known = FindByName(table, name);
         const bool isNew = known == table.end();
-        if (!isNew && !known->strEnvVarPath.empty()) continue;
-        if (isNew && table.size() == kEnvVariableLimit) {
-            TellFull(session);
-            break;
-        }
+        if (isNew ? FindByName(added, name) != added.end() : !known->strEnvVarPath.empty())
+            continue;
         auto truePath = session.files().TruePath(value);
-        const std::string& folder = truePath ? *truePath : value;
+        EnvVariable entry{!isNew && known->blnEnvVarInclude, name, truePath ? *truePath : value};
         if (isNew) {
-            table.push_back({false, name, folder});
+            added.push_back(std::move(entry));
         } else {
-            known->strEnvVarName = name;
-            known->strEnvVarPath = folder;
+            *known = std::move(entry);
         }
     }
+    // The gaps of those that are gone close before the new ones follow.
     std::erase_if(table, [](const EnvVariable& entry) { return entry.strEnvVarPath.empty(); });
+    table.insert(table.end(), added.begin(), added.end());
+    if (table.size() <= kEnvVariableLimit) return;
+    table.resize(kEnvVariableLimit);
+    TellFull(session);
 }
 
 std::vector<std::string> EnvVariableLines(const Options& options) {

@@ -6,6 +6,7 @@
 #include "search/net_hood.h"
 #include "session/env_variables.h"
 #include "session/fake_roots.h"
+#include "session/recycle_folders.h"
 #include "session/session.h"
 #include "session/short_path.h"
 #include "text/case.h"
@@ -50,20 +51,6 @@ void SubstituteFakeRoots(session::Session& session, std::string& piece) {
     }
 }
 
-bool NamesRecycleFolder(std::string_view path) {
-    static const std::array<text::LikePattern, 6> patterns{
-        text::LikePattern("?:\\RECYCLER*", true),
-        text::LikePattern("?:\\Recycled*", true),
-        text::LikePattern("?:\\$Recycle.bin*", true),
-        text::LikePattern("\\\\*RECYCLER*", true),
-        text::LikePattern("\\\\*Recycled*", true),
-        text::LikePattern("\\\\*$Recycle.bin*", true)};
-    for (const auto& pattern : patterns) {
-        if (pattern.Matches(path)) return true;
-    }
-    return false;
-}
-
 // Takes one piece into the table; gives what is wrong with it, or nothing.
 std::string TakeLocation(session::Session& session, std::string_view typed,
                          session::SearchLocation& location, std::string& cleaned) {
@@ -77,7 +64,7 @@ std::string TakeLocation(session::Session& session, std::string_view typed,
                "C:Windows)";
     }
     const ResolvedObject resolved = ResolveObjectKind(session, piece);
-    if (NamesRecycleFolder(piece)) session.state.blnRecycleAllowed = true;
+    if (session::IsInRecycleBin(piece)) session.state.blnRecycleAllowed = true;
     if (resolved.kind == ObjectKind::kFolder) {
         location.folder = text::StripTrailingSlash(resolved.path);
         location.folderShort = session::GetShortPathNameReturnCodes(session, location.folder).path;

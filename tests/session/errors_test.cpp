@@ -1,5 +1,6 @@
 #include "session/attempt.h"
 #include "session/errors.h"
+#include "session/unattended_prompts.h"
 #include "tests/session/log_session.h"
 
 #include <optional>
@@ -357,6 +358,24 @@ TEST_F(Errors, AnErrorThatMustNotStopTheRunIsOnlyRecordedInAutomaticMode) {
     session::TellUnexpected(session, {61, "full"}, "SaveOptionFile", "C:\\o.txt");
     EXPECT_TRUE(Prompts().empty());
     EXPECT_NE(ErrorLog(), "");
+}
+
+// A window that gives an answer which the question doesn't offer.
+class OddPrompts : public session::UnattendedPrompts {
+  public:
+    int MsgBox(std::string_view, int, std::string_view) override { return session::kCancel; }
+};
+
+TEST(ErrorsOddAnswer, OnlyAMissingFileTellsItFromNo) {
+    platform::MemoryPlatform machine;
+    OddPrompts prompts;
+    session::Session session{machine.platform, prompts};
+    session.state.options.blnSkipNTFS = false;
+    constexpr std::pair<int, int> kExpected[] = {{53, 6}, {52, 4}, {70, 4}, {11, 1}};
+    for (const auto& [number, recovery] : kExpected) {
+        const session::ErrorContext context{.routine = "Find", .moduleName = "frmSearch"};
+        EXPECT_EQ(HandleError(session, {number, "why"}, context), recovery) << number;
+    }
 }
 
 // Statements of a routine that run under its error rule.

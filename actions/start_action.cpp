@@ -9,8 +9,10 @@
 #include "actions/preview.h"
 #include "results/selection.h"
 #include "session/session.h"
+#include "text/format.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarvix::actions {
 
@@ -49,6 +51,35 @@ bool ConfirmFolders(Session& session) {
     return warning.empty() || session.MsgBox(warning, kWarn) == session::kOk;
 }
 
+// "Moved 12 of 15 objects, 3 skipped as duplicates."
+std::string Summary(const session::ActionTotals& totals, std::string_view verb) {
+    const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
+    const std::int64_t all = totals.done + totals.skipped + totals.failed;
+    std::string told = std::string(verb) + " " + figure(totals.done) + " of " + figure(all) +
+                       (all == 1 ? " object" : " objects");
+    const std::array<std::pair<std::int64_t, const char*>, 3> others{
+        {{totals.duplicates, " skipped as duplicates"},
+         {totals.skipped - totals.duplicates, " left alone"},
+         {totals.failed, " failed"}}};
+    for (const auto& [count, what] : others) {
+        if (count > 0) told += ", " + figure(count) + what;
+    }
+    return told + ".";
+}
+
+// The list may be empty now: at least the status line tells what was done.
+void TellSummary(Session& session) {
+    const auto& totals = session.state.lastAction;
+    auto& status = session.frmSearch.lblStatus;
+    const bool isSilent = totals.done + totals.skipped + totals.failed == 0 ||
+                          session.state.blnActionCancelled || !status.Caption->empty();
+    if (isSilent) return;
+    const std::string& action = session.state.strAction;
+    status.Caption = Summary(totals, action == "Copy"   ? "Copied"
+                                     : action == "Move" ? "Moved"
+                                                        : "Renamed");
+}
+
 void ShowDialog(Session& session) {
     auto& state = session.state;
     const bool isBatch = IsAutomated(state);
@@ -61,6 +92,7 @@ void ShowDialog(Session& session) {
     }
     if (state.blnPlayListMode) session.events.Raise(session, "frmSearch.ReloadPlayList");
     session.events.Raise(session, "frmSearch.Form_Activate");
+    if (!isBatch) TellSummary(session);
 }
 
 struct Start {

@@ -9,11 +9,13 @@
 #include "forms/qt/native_input.h"
 #include "forms/qt/panel_parts.h"
 #include "forms/qt/text_conversion.h"
+#include "forms/qt/window_place.h"
 #include "forms/qt/wrapping_label.h"
 #include "session/session.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QHideEvent>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -101,6 +103,10 @@ ActionWindow::ActionWindow(session::Session& session, EventGate& gate, QWidget* 
     SetTabOrder();
     BindFields();
     TakeSize(kCharacters);
+    const int width = session.state.platformSettings.dialogWindow.width;
+    if (width > 0)
+        resize(std::clamp(width, minimumSizeHint().width(), screen()->availableSize().width()),
+               height());
     findChild<QPushButton*>("OKButton")->setDefault(true);
     FocusFirst();
 }
@@ -262,6 +268,11 @@ void ActionWindow::showEvent(QShowEvent* event) {
     const int most = screen()->availableSize().height() - kTitleBar;
     resize(width(), std::min(height() + area_->MissingHeight(), most));
     ModalWindow::showEvent(event);
+}
+
+void ActionWindow::hideEvent(QHideEvent* event) {
+    if (!event->spontaneous()) session_.state.platformSettings.dialogWindow = PlaceOf(*this);
+    ModalWindow::hideEvent(event);
 }
 
 int ActionWindow::Room() const {

@@ -17,6 +17,7 @@ class ActionWindow : public ModalWindow {
   protected:
     void Refresh() override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     QWidget* MakeHeading();

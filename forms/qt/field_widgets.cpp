@@ -1,5 +1,6 @@
 #include "forms/qt/field_widgets.h"
 
+#include "forms/qt/completion.h"
 #include "forms/qt/list_box.h"
 #include "forms/qt/text_conversion.h"
 
@@ -70,9 +71,10 @@ QComboBox* Make(const forms::ComboBox& field) {
     auto* box = Named(new QComboBox, field);
     box->setEditable(field.IsEditable());
     box->setInsertPolicy(QComboBox::NoInsert);
+    box->setMaxVisibleItems(24);
     box->setFocusPolicy(Qt::StrongFocus);
     if (field.IsEditable()) {
-        box->setCompleter(nullptr);
+        OfferCompletion(*box);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(16);
     }

@@ -6,8 +6,10 @@
 #include <QPoint>
 #include <QTableView>
 
+#include <array>
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QMenu;
 
@@ -25,6 +27,9 @@ class ResultView : public QTableView {
     std::function<void(std::size_t row)> onOpen;
     std::function<void(int column)> onHead;
     std::function<void()> onDrag;
+    // What the owner does when the user shows or hides a column; without it the view does it
+    // itself.
+    std::function<void(int column, bool shown)> onColumn;
     // Whether the selection may change now; always when not set.
     std::function<bool()> maySelect;
     // What an empty list says.
@@ -33,6 +38,19 @@ class ResultView : public QTableView {
     std::optional<std::size_t> CurrentRow() const;
     RowSelector& Selector() { return selector_; }
     void MoveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
+    // The columns that show, by index; the name always does.
+    using Columns = std::array<bool, results::kColumnCount>;
+    void ShowColumns(const Columns& shown);
+    // Widths by column index, 0 for the usual one, and the columns from left to right, empty for
+    // the usual order.
+    struct Layout {
+        std::array<int, results::kColumnCount> widths{};
+        std::vector<int> order;
+    };
+    void TakeLayout(const Layout& layout);
+    // Columns that are hidden or stretched keep the widths of `before`.
+    Layout LayoutNow(const Layout& before) const;
+    void LockWidths(bool locked);
     // One entry to show or hide each column.
     void FillColumnMenu(QMenu& menu);
     void keyboardSearch(const QString& text) override;
@@ -51,6 +69,7 @@ class ResultView : public QTableView {
     bool MaySelect() const { return !maySelect || maySelect(); }
     void SetRowHeight();
     void SetUpHead();
+    int LastShown() const;
     void SetCurrentRow(std::size_t row);
     void Changed(std::size_t row);
     std::optional<std::size_t> RowAt(const QPoint& at) const;

@@ -7,6 +7,7 @@
 #include "forms/qt/native_input.h"
 #include "forms/qt/panel_parts.h"
 #include "forms/qt/text_conversion.h"
+#include "forms/qt/window_place.h"
 #include "platform/native_paths.h"
 #include "session/session.h"
 #include "session/user_input.h"
@@ -116,6 +117,10 @@ void SearchWindow::SetUpList() {
     list_->onOpen = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_DblClick", row); };
     list_->onHead = [this](int column) { SortBy(column); };
     list_->onDrag = [this] { DragRows(); };
+    list_->onColumn = [this](int column, bool shown) {
+        gate_.Run(nullptr,
+                  [&] { session_.blnListItems[static_cast<std::size_t>(column)] = shown; });
+    };
     list_->emptyText = [this] { return EmptyText(); };
 }
 
@@ -197,6 +202,31 @@ void SearchWindow::Flush() {
     ShowProgress();
     ShowRows();
     ShowSort();
+    TakeMemory();
+    ShowColumns();
+}
+
+void SearchWindow::ShowColumns() {
+    list_->ShowColumns(session_.blnListItems);
+    list_->LockWidths(session_.state.options.blnLockColumnWidths);
+}
+
+// The settings are read while the program starts.
+void SearchWindow::TakeMemory() {
+    if (remembered_ || !session_.state.blnStarted) return;
+    remembered_ = true;
+    const auto& settings = session_.state.platformSettings;
+    TakePlace(*this, settings.searchWindow);
+    list_->TakeLayout({settings.columnWidths, settings.columnOrder});
+}
+
+void SearchWindow::KeepMemory() {
+    if (!remembered_) return;
+    auto& settings = session_.state.platformSettings;
+    settings.searchWindow = PlaceOf(*this);
+    const auto layout = list_->LayoutNow({settings.columnWidths, settings.columnOrder});
+    settings.columnWidths = layout.widths;
+    settings.columnOrder = layout.order;
 }
 
 // A search can't tell how long it takes; rearranging the list and recycling can.
@@ -249,6 +279,7 @@ void SearchWindow::Idle() {
 
 void SearchWindow::closeEvent(QCloseEvent* event) {
     if (gate_.IsIdle()) {
+        KeepMemory();
         event->accept();
         return;
     }

@@ -53,6 +53,9 @@ class SearchWindow : public QMainWindow, public View {
     void ShowRows();
     void ShowNativePath();
     void ShowSort();
+    void ShowColumns();
+    void TakeMemory();
+    void KeepMemory();
     QString EmptyText() const;
     QStringList SelectedPaths() const;
 
@@ -67,7 +70,8 @@ class SearchWindow : public QMainWindow, public View {
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;
     QElapsedTimer sinceRows_;
-    bool closing_ = false; // asked to close while a routine ran
+    bool remembered_ = false; // the places of the last run were taken
+    bool closing_ = false;    // asked to close while a routine ran
 };
 
 } // namespace tarvix::qt

@@ -103,13 +103,59 @@ TEST_F(ResultViewTest, TheNativePathOfTheCurrentRowIsShownAndCopied) {
 }
 
 TEST_F(ResultViewTest, ColumnsAreChosenAtTheHead) {
-    EXPECT_TRUE(window->List().isColumnHidden(results::kAttributes));
+    EXPECT_FALSE(window->List().isColumnHidden(results::kAttributes));
+    EXPECT_TRUE(window->List().isColumnHidden(results::kShortPath));
     QMenu menu;
     window->List().FillColumnMenu(menu);
+    EXPECT_EQ(menu.actions().size(), 24);
     for (QAction* entry : menu.actions()) {
         if (entry->text() == "Attributes") entry->trigger();
     }
+    EXPECT_TRUE(window->List().isColumnHidden(results::kAttributes));
+    EXPECT_FALSE(S().blnListItems[results::kAttributes]);
+    gate.Run(nullptr, [&] { S().blnListItems[results::kAttributes] = true; });
     EXPECT_FALSE(window->List().isColumnHidden(results::kAttributes));
+}
+
+TEST_F(ResultViewTest, ThePathStandsAmongTheFirstColumns) {
+    const auto* head = window->List().horizontalHeader();
+    EXPECT_EQ(head->visualIndex(results::kName), 0);
+    EXPECT_EQ(head->visualIndex(results::kPath), 4);
+    EXPECT_EQ(head->visualIndex(results::kType), 5);
+}
+
+TEST_F(ResultViewTest, WidthsAndOrderOfColumnsAreKeptForTheNextRun) {
+    auto& settings = S().state.platformSettings;
+    settings.columnWidths[results::kExt] = 77;
+    S().blnListItems[results::kExt] = false;
+    gate.Flush();
+    window->List().setColumnWidth(results::kSize, 123);
+    window->List().horizontalHeader()->moveSection(0, 1);
+    window->close();
+    EXPECT_EQ(settings.columnWidths[results::kSize], 123);
+    EXPECT_EQ(settings.columnWidths[results::kDate], 0);
+    EXPECT_EQ(settings.columnWidths[results::kExt], 77);
+    ASSERT_EQ(settings.columnOrder.size(), 27U);
+    EXPECT_EQ(settings.columnOrder[0], results::kSize);
+    EXPECT_EQ(settings.columnOrder[1], results::kName);
+}
+
+TEST_F(ResultViewTest, AnOrderThatLacksAColumnIsTheUsualOne) {
+    auto& list = window->List();
+    ResultView::Layout layout;
+    layout.order = {results::kPath, results::kName};
+    layout.widths[results::kName] = 333;
+    list.TakeLayout(layout);
+    EXPECT_EQ(list.horizontalHeader()->visualIndex(results::kName), 0);
+    EXPECT_EQ(list.columnWidth(results::kName), 333);
+    EXPECT_TRUE(list.LayoutNow({}).order.empty());
+}
+
+TEST_F(ResultViewTest, LockedWidthsCannotBeDragged) {
+    const auto* head = window->List().horizontalHeader();
+    EXPECT_EQ(head->sectionResizeMode(results::kName), QHeaderView::Interactive);
+    gate.Run(nullptr, [&] { S().state.options.blnLockColumnWidths = true; });
+    EXPECT_EQ(head->sectionResizeMode(results::kName), QHeaderView::Fixed);
 }
 
 TEST_F(ResultViewTest, AClickOnAHeadRaisesItsEventOnlyWhenThereIsOne) {

@@ -27,7 +27,11 @@ QString Quoted(const std::string& text) {
 }
 
 QString Renaming(const forms::FrmDialog& form) {
-    if (form.chkAdd.Value == 1) {
+    const bool inserts = form.chkAdd.Value == 1;
+    if (inserts ? form.txtAdd.Text->empty() : form.txtFind.Text->empty()) {
+        return inserts ? ": no text to insert yet." : ": no text to find yet.";
+    }
+    if (inserts) {
         return QString(": %1 goes %2.")
             .arg(Quoted(form.txtAdd.Text.Get()),
                  form.chkAddEnd.Value == 1 ? "to the end" : "to the beginning");
@@ -43,6 +47,7 @@ QString Where(const forms::FrmDialog& form) {
     switch (form.optTo.Chosen()) {
     case 1: {
         const auto count = static_cast<qlonglong>(form.lstMulti.Items().size());
+        if (count == 0) return " into the locations of a list, none yet";
         return QString(" into %1 %2")
             .arg(WithThousands(QString::number(count)), count == 1 ? "location" : "locations");
     }

@@ -328,6 +328,8 @@ TEST(ActionSentenceTest, TellsWhereHowAndWhatHappensToDuplicates) {
               "Copy 3 objects to E:\\Bk, in their folders and drives. Duplicates are overwritten.");
     form.chkOverWrite.Value = 0;
     form.optTo.Choose(1);
+    EXPECT_TRUE(ActionSentence(form).startsWith(
+        "Copy 3 objects into the locations of a list, none yet, in their"));
     form.lstMulti.SetItems({"E:\\a", "F:\\b"});
     EXPECT_EQ(ActionSentence(form).toStdString(),
               "Copy 3 objects into 2 locations, in their folders and drives. Nothing is chosen for "
@@ -338,6 +340,7 @@ TEST(ActionSentenceTest, TellsARename) {
     forms::FrmDialog form;
     form.OKButton.Caption = "&Rename 3 objects";
     form.fraRenameOnly.Visible = true;
+    EXPECT_EQ(ActionSentence(form), "Rename 3 objects: no text to insert yet.");
     form.txtAdd.Text = " (live)";
     EXPECT_EQ(ActionSentence(form), "Rename 3 objects: \u201c (live)\u201d goes to the end.");
     form.chkAdd.Value = 0;

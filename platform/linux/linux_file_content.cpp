@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace tarvix::platform {
@@ -17,7 +18,7 @@ constexpr std::size_t kReadStep = 1 << 20;
 int FlagsOf(OpenMode mode) {
     switch (mode) {
     case OpenMode::kWrite:
-        return O_WRONLY | O_TRUNC;
+        return O_WRONLY;
     case OpenMode::kAppend:
         return O_WRONLY | O_APPEND;
     default:
@@ -31,6 +32,12 @@ Result<UniqueFd> OpenForBytes(const Place& place, int flags, std::string_view pa
     auto fd = OpenAt(*location, flags | O_NONBLOCK | O_NOCTTY);
     if (!fd) return FailureOf(fd.error(), path);
     return std::move(*fd);
+}
+
+// Whether nobody else writes the file through a text stream; from then on nobody else can. A file
+// system without locks lets everyone.
+bool LockForWriting(const UniqueFd& fd) {
+    return ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 Sys<std::string> ReadPart(int fd, std::uint64_t offset, std::size_t count) {
@@ -86,6 +93,7 @@ Result<std::unique_ptr<TextStream>> LinuxFileSystem::CreateTextFile(std::string_
     if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
     if (!fd) return FailureOf(fd.error(), path);
     NoteMade(*place);
+    if (!LockForWriting(*fd)) return FailureBy(kPermissionDenied, path);
     return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
 }
 
@@ -96,6 +104,10 @@ Result<std::unique_ptr<TextStream>> LinuxFileSystem::OpenAsTextStream(std::strin
     auto fd = OpenForBytes(*place, FlagsOf(mode), path);
     if (!fd) return std::unexpected(fd.error());
     if (mode != OpenMode::kRead) {
+        if (!LockForWriting(*fd)) return FailureBy(kPermissionDenied, path);
+        if (mode == OpenMode::kWrite && ::ftruncate(fd->Get(), 0) != 0) {
+            return FailureOf(errno, path);
+        }
         return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
     }
     const auto bytes = ReadAll(fd->Get(), kTextLimit);

@@ -373,6 +373,7 @@ Result<std::unique_ptr<TextStream>> MemoryFileSystem::OpenAsTextStream(std::stri
         const auto size = static_cast<std::size_t>((*node)->size);
         return std::make_unique<MemoryReader>((*node)->Bytes(0, size));
     }
+    if ((*node)->isBeingWritten) return Fail(kPermissionDenied, path);
     calls_.made.emplace_back(path);
     if (mode == OpenMode::kWrite) {
         (*node)->content.clear();

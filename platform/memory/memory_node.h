@@ -23,6 +23,7 @@ struct MemoryNode : std::enable_shared_from_this<MemoryNode> {
 
     MemoryKind kind;
     bool isUnreadable = false;    // a file that can't be read, a folder that can't be entered: 70
+    bool isBeingWritten = false;  // through a text stream
     bool isBoundary = false;      // a mount that a crawl must not walk into
     std::uint32_t attributes = 0; // without the bits of its kind
     std::uint64_t size = 0;       // past the end of `content` there are zeros

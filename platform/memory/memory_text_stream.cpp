@@ -36,7 +36,7 @@ Result<void> MemoryReader::Close() {
 }
 
 MemoryWriter::~MemoryWriter() {
-    if (node_) (void)Flush();
+    if (node_) (void)Close();
 }
 
 Result<std::string> MemoryWriter::ReadLine() {
@@ -64,6 +64,7 @@ Result<void> MemoryWriter::Flush() {
 Result<void> MemoryWriter::Close() {
     if (!node_) return WrongUse();
     auto flushed = Flush();
+    node_->isBeingWritten = false;
     node_.reset();
     buffer_.clear();
     return flushed;

@@ -26,7 +26,9 @@ class MemoryReader : public TextStream {
 class MemoryWriter : public TextStream {
   public:
     MemoryWriter(MemoryFileSystem& files, std::shared_ptr<MemoryNode> node)
-        : files_(files), node_(std::move(node)) {}
+        : files_(files), node_(std::move(node)) {
+        node_->isBeingWritten = true;
+    }
     ~MemoryWriter() override;
 
     bool AtEndOfStream() const override { return true; }

@@ -91,6 +91,23 @@ TEST(MemoryFileSystem, NothingIsWrittenToACdRom) {
     EXPECT_EQ(disk.AllFiles(), (List{"C:\\a", "C:\\b", "R:\\a"}));
 }
 
+TEST(MemoryFileSystem, AFileIsWrittenThroughOneStreamAtATime) {
+    MemoryFileSystem files;
+    const std::string path = "C:\\log.txt";
+    auto first = files.CreateTextFile(path, true);
+    ASSERT_TRUE(first);
+    ASSERT_TRUE((*first)->Write("one"));
+    EXPECT_EQ(NumberOf(files.CreateTextFile(path, true)), kPermissionDenied);
+    EXPECT_EQ(NumberOf(files.OpenAsTextStream(path, OpenMode::kWrite)), kPermissionDenied);
+    EXPECT_EQ(NumberOf(files.OpenAsTextStream(path, OpenMode::kAppend)), kPermissionDenied);
+    EXPECT_TRUE(files.OpenAsTextStream(path, OpenMode::kRead));
+    ASSERT_TRUE((*first)->Close());
+    auto second = files.OpenAsTextStream(path, OpenMode::kAppend);
+    ASSERT_TRUE(second);
+    second->reset();
+    EXPECT_TRUE(files.OpenAsTextStream(path, OpenMode::kWrite));
+}
+
 TEST(MemoryFileSystem, ADriveThatIsNotReadyGives71AndAMissingOne76) {
     MemoryFileSystem disk;
     disk.AddDrive("E:", DriveType::kRemovable, "vfat");

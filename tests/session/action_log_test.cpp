@@ -85,11 +85,15 @@ TEST_F(ActionLogFile, WithLoggingOnItStays) {
     EXPECT_TRUE(machine.bin.Paths().empty());
 }
 
-TEST_F(ActionLogFile, TwoSessionsStartedWithinOneSecondShareItsName) {
+TEST_F(ActionLogFile, ASecondSessionWithinOneSecondTakesTheNextOnesName) {
     lifecycle::Program second(machine.platform, prompts);
     Start();
     second.Start("");
-    EXPECT_EQ(second.Session().state.strActionLogFile, State().strActionLogFile);
+    EXPECT_EQ(second.Session().state.strActionLogFile,
+              "C:\\home\\ann\\tarvix\\TXAction 11.15.26 19.54.53.log");
+    EXPECT_EQ(second.Session().state.strErrorLogFile,
+              "C:\\home\\ann\\tarvix\\TXProgramError_1.log");
+    EXPECT_TRUE(Told().empty());
     second.Stop();
 }
 

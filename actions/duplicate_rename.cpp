@@ -65,6 +65,7 @@ std::optional<std::string> FindFreeName(Session& session, const Search& search) 
     }
     const NameParts parts =
         search.isFile ? SplitPrefixAndExtension(search.name) : NameParts{search.name, {}};
+    std::string last;
     for (int count = 1;; ++count) {
         const std::string newName = NewName(session, parts.strPrefix, count);
         std::string candidate = search.folderFor(newName);
@@ -72,14 +73,14 @@ std::optional<std::string> FindFreeName(Session& session, const Search& search) 
         candidate += newName;
         if (!parts.strExtension.empty()) candidate.append(".").append(parts.strExtension);
         candidate = CleanedDestination(candidate, search.isRename);
-        if (!Shorten(session, search.path, candidate, search.routine)) return std::nullopt;
-        // Past this length no name can be made, and none would ever be free: blanks at the end of
-        // a name are lost again.
-        if (text::Length(newName) > session::kAbsoluteLimit) {
+        // Blanks at the end of a name are lost again; past the limit no name can be made at all.
+        if (candidate == last || text::Length(newName) > session::kAbsoluteLimit) {
             session::LogTimed(session, " Skipped " + search.path +
                                            ", no free name was found for a duplicate.");
             return std::nullopt;
         }
+        last = candidate;
+        if (!Shorten(session, search.path, candidate, search.routine)) return std::nullopt;
         if (platform::DirName(session.files(), candidate, platform::kDirAll).empty()) {
             return candidate;
         }

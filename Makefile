@@ -7,6 +7,7 @@ help:
 	@echo 'make test      build and run all tests'
 	@echo 'make build     build build/bin/tarvix and build/bin/tarvix-cli'
 	@echo 'make setup     install the Debian packages that are needed'
+	@echo 'make nightly   the random tests, with many more rounds'
 	@echo 'make sanitize  all tests with address and undefined behaviour checks'
 	@echo 'make bench     time it beside its peers'
 	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
@@ -34,6 +35,10 @@ run: setup build/CMakeCache.txt
 test: build
 	@tools/check-layers
 	@ctest --test-dir build -j $(JOBS) --output-on-failure
+
+nightly: build
+	@TARVIX_NIGHTLY=1 ctest --test-dir build -j $(JOBS) --timeout 3600 --output-on-failure \
+		-R 'Promise|Foretold|KillTest'
 
 sanitize: setup
 	@cmake --preset asan >/dev/null
@@ -68,4 +73,4 @@ package: build
 clean:
 	@rm -rf build build-*
 
-.PHONY: help setup setup-developer build run test sanitize headless bench fuzz lint format package clean
+.PHONY: help setup setup-developer build run test nightly sanitize headless bench fuzz lint format package clean

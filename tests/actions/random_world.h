@@ -1,0 +1,114 @@
+#pragma once
+
+#include "platform/memory/memory_platform.h"
+#include "session/lifecycle/program.h"
+#include "session/prompt_service.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::testing {
+
+// The same numbers from the same seed on every machine.
+class Dice {
+  public:
+    explicit Dice(std::uint64_t seed) : state_(seed * 2654435761U + 88172645463325252U) {}
+    // From 0 to `sides` - 1.
+    int Roll(int sides);
+    bool Chance(int percent) { return Roll(100) < percent; }
+    template <class Container>
+    const auto& One(const Container& of) {
+        return of[static_cast<std::size_t>(Roll(static_cast<int>(std::size(of))))];
+    }
+
+  private:
+    std::uint64_t state_;
+};
+
+// Somebody who presses any button that a prompt offers, but mostly confirms what he started, and
+// never has anything deleted for good. Or one who confirms what he started and
+// else takes the safe answer.
+class AnyUser : public session::PromptService {
+  public:
+    AnyUser(Dice& dice, bool isCareful) : dice_(dice), isCareful_(isCareful) {}
+
+    // What he does in the action window.
+    std::function<void(session::Session&)> inDialog;
+
+    int MsgBox(std::string_view text, int style, std::string_view title) override;
+    std::string InputBox(std::string_view, std::string_view, std::string_view) override {
+        return {};
+    }
+    void ShowModal(session::Session& session, forms::Form& form) override;
+    std::string PickFolder(std::string_view) override { return {}; }
+    std::string PickFile(std::string_view, std::string_view) override { return {}; }
+
+  private:
+    Dice& dice_;
+    bool isCareful_;
+};
+
+// One request to the action window.
+struct Request {
+    bool isMove = false;
+    int way = 0;        // optTo
+    int structure = 0;  // optStructure
+    int duplicates = 0; // chkAsk, chkSkipAll, chkRename, chkOverWrite
+    bool namesFolders = false;
+    std::string destination;
+    std::string added; // txtRename
+    std::vector<std::string> places;
+};
+
+// A program on a machine with two drives, full of objects that can be mistaken for each other:
+// every file's content is its own.
+class RandomWorld {
+  public:
+    explicit RandomWorld(std::uint64_t seed, bool isCareful = false);
+
+    void Search();
+    // Selects some or all of what was found.
+    void Select();
+    Request AnyRequest();
+    // Enters it into the open action window.
+    void Enter(const Request& request);
+    void Copy(const Request& request);
+    void Rename();
+    void Delete();
+    // Searches and one action after the other.
+    void Live(int actions);
+
+    lifecycle::Program& program() { return program_; }
+    session::Session& S() { return program_.Session(); }
+    platform::MemoryFileSystem& Disk() { return machine.disk; }
+    // Contents that are in no file of any drive nor in the trash any more.
+    std::vector<std::string> Lost();
+    // Files whose content none of the first files had.
+    std::vector<std::string> Broken();
+    // Path and content of each file and link outside the program's own folder.
+    std::map<std::string, std::string> Files();
+    std::set<std::string> Folders();
+
+    // Runs when the action window is filled, before OK.
+    std::function<void()> beforeOk;
+
+    platform::MemoryPlatform machine;
+    Dice dice;
+    AnyUser user;
+
+  private:
+    void MakeTree();
+    void MakeTrouble();
+    void ShowDialog(forms::CommandButton& button, const std::function<void()>& fill);
+
+    lifecycle::Program program_{machine.platform, user};
+    std::set<std::string> first_;
+};
+
+} // namespace tarvix::testing

@@ -41,6 +41,21 @@ TEST_F(MemoryTest, EnterSearchesForWhatIsTypedWhateverIsOffered) {
     EXPECT_EQ(TextOf("lblNumOfFilesFound"), "0");
 }
 
+TEST_F(MemoryTest, KeysOfTheWindowActWhileEntriesAreOffered) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbSearchFor", "*.mp");
+    auto* popup = Find<QComboBox>("cmbSearchFor")->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_L, Qt::ControlModifier);
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(window->focusWidget()->objectName(), "cmbDir");
+    Type("cmbSearchFor", "*.mp3");
+    ASSERT_TRUE(popup->isVisible());
+    machine.disk.AddFile("C:\\home\\ann\\Music\\Abba\\new.mp3", "x");
+    QTest::keyClick(popup, Qt::Key_F5);
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
+}
+
 TEST_F(MemoryTest, ThePlaceOfTheWindowIsKeptWhenItCloses) {
     window->move(31, 42);
     window->resize(820, 560);

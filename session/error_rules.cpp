@@ -55,7 +55,7 @@ constexpr std::array kPermissionLines{
     ErrorLine{"Permission denied on ", ErrorValue::kObject, ""},
     ErrorLine{" or ", ErrorValue::kSearchOrDestination, ""},
     ErrorLine{" action not performed.", ErrorValue::kNone, kGap},
-    ErrorLine{"If action was copy folder\\file most likely open."},
+    ErrorLine{"If action was copy folder\\\\file most likely open."},
     ErrorLine{"Also write to device/folder may not be allowed."},
     ErrorLine{"ex. CD/DVD device or full or write protected.", ErrorValue::kNone, ""},
 };

@@ -37,7 +37,7 @@ constexpr std::string_view kBadNameInDialog =
     "If it's a network location a net device or pc may be turned off.";
 constexpr std::string_view kDenied =
     "Find has failed.\r\n\r\nPermission denied on a.txt or C:\\s\\to action not performed.\r\n\r\n"
-    "If action was copy folder\\file most likely open.\r\n"
+    "If action was copy folder\\\\file most likely open.\r\n"
     "Also write to device/folder may not be allowed.\r\n"
     "ex. CD/DVD device or full or write protected.";
 constexpr std::string_view kNoPath =

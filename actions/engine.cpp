@@ -54,6 +54,12 @@ class Placing {
           actual_(actual), destination_(std::move(destination)), isFile_(isFile), mode_(mode),
           overwrites_(mode == "overwrite") {}
 
+    // The source's facts, when they were read just now.
+    Placing& Knowing(const std::optional<ObjectFacts>& facts) {
+        known_ = facts;
+        return *this;
+    }
+
     void Run() {
         action_.blnPlaced = action_.blnProtected = false;
         if (verb_ == Verb::kCopy && text::EqualNoCase(source_, destination_)) return;
@@ -122,7 +128,11 @@ class Placing {
     }
 
     bool ReadObjects() {
-        if (!Do([this] { return Read(actual_, sourceFacts_); })) return false;
+        if (known_) {
+            sourceFacts_ = *known_;
+        } else if (!Do([this] { return Read(actual_, sourceFacts_); })) {
+            return false;
+        }
         sourceAttributes_ = sourceFacts_.attributes & kCarried;
         if (!overwrites_) return true;
         // What stands there is not given up for what can't be copied.
@@ -457,6 +467,7 @@ class Placing {
     bool overwrites_;
     bool blnSourceOnCD_ = false;
     bool blnDestOnCD_ = false;
+    std::optional<ObjectFacts> known_;
     ObjectFacts sourceFacts_;
     ObjectFacts destinationFacts_;
     std::uint32_t sourceAttributes_ = 0;
@@ -519,11 +530,10 @@ void PerformMoveOrCopy(Session& session) {
     const std::string& path = tables.strSelPath[index];
     const std::string& actual = tables.strSelActualPath[index];
     const bool isFile = tables.blnSelIsFile[index];
-    if (!CheckSystemHidden(session, path, actual, isFile, false) && action.blnMove) {
-        MoveObject(session, path, actual, action.strDestination, isFile, false, "");
-    } else {
-        CopyObject(session, path, actual, action.strDestination, isFile, "");
-    }
+    std::optional<ObjectFacts> facts;
+    const bool isProtected = CheckSystemHidden(session, path, actual, isFile, false, &facts);
+    const Verb verb = action.blnMove && !isProtected ? Verb::kMove : Verb::kCopy;
+    Placing(session, verb, path, actual, action.strDestination, isFile, "").Knowing(facts).Run();
 }
 
 } // namespace tarvix::actions

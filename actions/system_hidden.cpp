@@ -70,7 +70,8 @@ bool IsProtected(Session& session, const std::string& object, std::uint32_t attr
 }
 
 bool CheckSystemHidden(Session& session, const std::string& object, const std::string& actual,
-                       bool blnIsFile, bool blnOverwriting) {
+                       bool blnIsFile, bool blnOverwriting,
+                       std::optional<platform::ObjectFacts>* read) {
     const session::ErrorContext context{
         .routine = "CheckSystemHidden",
         .moduleName = session.state.strAction == "Delete" ? "frmSearch" : "frmDialog",
@@ -83,6 +84,7 @@ bool CheckSystemHidden(Session& session, const std::string& object, const std::s
     });
     // What can't be read can't be shown to be harmless.
     if (!facts) return true;
+    if (read) *read = *facts.result;
     return IsProtected(session, object, facts->attributes, blnIsFile, blnOverwriting);
 }
 

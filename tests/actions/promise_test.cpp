@@ -37,7 +37,7 @@ TEST(Promise, AnySequenceOfActionsLosesNoContent) {
 // One call of the platform after the other fails, until a run makes no more calls.
 TEST(Promise, AFaultAtAnyCallLosesNoContent) {
     std::size_t runs = 0;
-    for (std::uint64_t seed = 1; seed <= Rounds(30, 2'000); ++seed) {
+    for (std::uint64_t seed = 1; seed <= Rounds(30, 600); ++seed) {
         bool hasMore = true;
         for (std::size_t call = 1; hasMore; ++call) {
             const int error = kErrors[(seed + call) % kErrors.size()];

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "session/attempt.h"
+#include "session/session.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tarvix::actions {
+
+using platform::ObjectFacts;
+using session::Session;
+
+enum class Verb { kCopy, kMove, kRename };
+
+// One object on its way to one place.
+class Placing {
+  public:
+    Placing(Session& session, Verb verb, const std::string& source, const std::string& actual,
+            std::string destination, bool isFile, std::string_view mode)
+        : session_(session), action_(session.state.action), verb_(verb), source_(source),
+          actual_(actual), destination_(std::move(destination)), isFile_(isFile), mode_(mode),
+          overwrites_(mode == "overwrite") {}
+
+    // The source's facts, when they were read just now.
+    Placing& Knowing(const std::optional<ObjectFacts>& facts);
+
+    // All of it, as CopyObject and MoveObject tell it.
+    void Run();
+
+  private:
+    // ---- the steps, in order ----
+    bool FinishDestination();
+    void ShowStatus();
+    void FindReadOnlyDrives();
+    bool MayOverwrite();
+    bool ReadObjects();
+    // A read-only or hidden object could not be copied, moved or overwritten.
+    bool MakePlain();
+    bool Place();
+    // What stands at the destination is kept in the recycle bin.
+    bool RecycleDestination();
+    // An original that can't go stays beside its copy.
+    void RecycleSource();
+    void RestoreSource();
+    void RestoreDestination();
+    void SetCombined();
+    // Tells the loop what was done.
+    void Note();
+    void LogPlaced();
+
+    // ---- the file system ----
+    platform::Result<void> Read(const std::string& path, ObjectFacts& facts);
+    platform::Result<void> SetPlain(const std::string& path);
+    platform::Result<void> CanBeRead();
+    platform::Result<bool> DestinationStands();
+    // Never replaces: what stood there has gone to the recycle bin before.
+    platform::Result<void> Copy();
+    // A folder never goes into one that is there. What an earlier try left of it is taken away.
+    platform::Result<void> MakeWay();
+    platform::Result<void> Move();
+
+    // ---- the error policy ----
+    session::ErrorContext Context() const;
+    // Runs one statement. False when the routine is to leave.
+    template <class Statement>
+    bool Do(Statement&& statement) {
+        const auto done = session::Attempt(
+            session_, Context(), statement,
+            [this](const platform::PlatformError& error) { return OwnRule(error); });
+        if (done) return true;
+        if (!isSettled_) Fail(done.result.error());
+        return false;
+    }
+    void Fail(const platform::PlatformError& error);
+    std::optional<int> OwnRule(const platform::PlatformError& error);
+    // 76, first time: the folder may be missing.
+    std::optional<int> MakePathOnce();
+    void TellDeepFolder(bool isThere);
+    // 70, first time: what the system refuses may go by copying and recycling.
+    std::optional<int> ForceOnce();
+    // A statement of the forced road: its errors have no second chance.
+    template <class Statement>
+    bool Force(Statement&& statement) {
+        const auto done = session::Attempt(session_, Context(), statement);
+        if (!done) Fail(done.result.error());
+        return static_cast<bool>(done);
+    }
+    std::optional<int> ForceCopy();
+    std::optional<int> ForceMove();
+    void LogForcedMove();
+
+    Session& session_;
+    session::ActionState& action_;
+    Verb verb_;
+    const std::string& source_;
+    const std::string& actual_;
+    std::string destination_;
+    bool isFile_;
+    std::string_view mode_;
+    bool overwrites_;
+    bool blnSourceOnCD_ = false;
+    bool blnDestOnCD_ = false;
+    std::optional<ObjectFacts> known_;
+    ObjectFacts sourceFacts_;
+    ObjectFacts destinationFacts_;
+    std::uint32_t sourceAttributes_ = 0;
+    std::uint32_t destinationAttributes_ = 0;
+    bool sourceIsPlain_ = false;
+    bool destinationIsPlain_ = false;
+    bool isRecycled_ = false; // what stood at the destination went to the recycle bin
+    bool isOwn_ = false;      // what stands there is a copy of ours, perhaps in part
+    bool isMoveTried_ = false;
+    bool isCopyOnly_ = false; // moved, but the original could not go
+    bool forceTried_ = false;
+    bool isPlaced_ = false;  // the object stands at its new place
+    bool isSettled_ = false; // told or logged already; the routine only leaves
+    bool failed_ = false;
+};
+
+} // namespace tarvix::actions

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace tarvix::testing {
 namespace {
 
@@ -262,9 +264,18 @@ TEST_F(Engine, AFolderThatIsGoneMeanwhileIsTold) {
 TEST_F(Engine, AFolderThatAppearsMeanwhileIsNeverFilledNorTakenAway) {
     Disk().AddFile("C:\\t\\sub\\1.txt", "1");
     Find(3);
-    // Between the test for a duplicate and the copy.
-    machine.faults.BeforeCall("Facts", 4, [this] { Disk().AddFile("C:\\d\\sub\\mine", "mine"); });
     machine.faults.ResetCounts();
+    // Right after the test for a duplicate.
+    const auto appear = [this] {
+        const auto& calls = machine.faults.Calls();
+        const bool wasTested = std::any_of(calls.begin(), calls.end() - 1, [](const auto& call) {
+            return call.operation == "Facts" && call.path == "C:\\d\\sub";
+        });
+        if (wasTested) Disk().AddFile("C:\\d\\sub\\mine", "mine");
+    };
+    for (std::size_t call = 1; call <= 30; ++call) {
+        machine.faults.BeforeCall("Facts", call, appear);
+    }
     Copy(To("C:\\d"));
     EXPECT_EQ(Disk().Content("C:\\d\\sub\\mine"), "mine");
     EXPECT_FALSE(Disk().Exists("C:\\d\\sub\\1.txt"));

@@ -9,6 +9,7 @@
 #include "actions/special_rule.h"
 #include "platform/dir.h"
 #include "results/selection.h"
+#include "session/histories.h"
 #include "session/missing_folders.h"
 #include "session/session.h"
 #include "session/short_path.h"
@@ -134,6 +135,7 @@ std::string Question(const Session& session) {
 void RunConfirmed(Session& session, const std::string& warnings) {
     const auto& form = session.frmDialog;
     if (!Confirm(session, warnings + Question(session))) return ReportActionResult(session);
+    if (form.cmbDir.Visible) session::UpdateDestHistory(session);
     if (form.optTo[kSpecialRule].Value) session.state.action.strFailedPosition.clear();
     if (form.optTo[kMultipleLocations].Value) CloseMultiPathInEditor(session);
     if (!HasSelection(session)) return ReportActionResult(session);

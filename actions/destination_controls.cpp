@@ -60,6 +60,8 @@ void ChooseDuplicate(Session& session, const CheckBox& chosen) {
 }
 
 void optTo_Click(Session& session, const EventArgs& args) {
+    // What was typed for this way is kept.
+    if (args.isRepeat) return;
     if (args.index < 0 || args.index >= static_cast<int>(kWayLogs.size())) return;
     FrmDialog& form = session.frmDialog;
     session::LogTimed(session, " User selected to " + session.state.strAction +

@@ -5,6 +5,7 @@
 #include "actions/multi_paths.h"
 #include "actions/ok_button.h"
 #include "results/selection.h"
+#include "session/histories.h"
 #include "session/session.h"
 #include "text/format.h"
 
@@ -155,7 +156,7 @@ void OfferOthers(Session& session, const Setup& setup) {
 void TakeNewestDestination(Session& session) {
     auto& form = session.frmDialog;
     if (!form.cmbDir.Text->empty() || !form.optTo[0].Value) return;
-    if (!form.cmbDir.Items().empty()) form.cmbDir.Text = form.cmbDir.Items().front().text;
+    form.cmbDir.Text = session::NewestDestination(session);
 }
 
 std::string OkCaption(const Session& session) {

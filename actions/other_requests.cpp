@@ -6,6 +6,7 @@
 #include "actions/request_checks.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
+#include "session/histories.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -93,6 +94,7 @@ void RequestTextFile(Session& session) {
     }
     const bool exists = IsExistingFile(session, path);
     if (!Confirm(session, WriteQuestion(session, exists))) return;
+    session::UpdateDestHistory(session);
     if (exists) {
         session::LogTimed(session, " User selected to copy " + action + " to text file: " + path);
     }

@@ -1,8 +1,8 @@
 #include "actions/report.h"
 
 #include "actions/dialog_setup.h"
-#include "platform/launcher.h"
 #include "session/session.h"
+#include "session/text_viewer.h"
 
 #include <array>
 #include <string>
@@ -46,7 +46,7 @@ void OfferErrorLog(Session& session) {
         session.MsgBox("Error has occurred, would you like to view the Program Error log file?",
                        session::kYesNo + session::kSecondDefault);
     if (answer != session::kYes) return;
-    (void)session.platform.launcher.OpenDocument(state.strErrorLogFile);
+    session::ViewAsText(session, state.strErrorLogFile, "ReportActionResult");
 }
 
 std::string RuleReport(const Session& session, const std::string& done) {

@@ -8,6 +8,7 @@
 #include "actions/ok_button.h"
 #include "actions/preview.h"
 #include "results/selection.h"
+#include "session/histories.h"
 #include "session/session.h"
 #include "text/format.h"
 
@@ -84,8 +85,11 @@ void ShowDialog(Session& session) {
     auto& state = session.state;
     const bool isBatch = IsAutomated(state);
     if (isBatch) session.frmDialog.Show();
+    session::OpenDestHistoryFile2(session);
+    if (state.blnEnded) return;
     OpenDialog(session);
     if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(session.frmDialog);
+    session::SaveDestHistoryFile2(session);
     state.strPrevAction = state.strAction;
     if (state.strAction == "Move" && !state.blnActionCancelled) {
         state.strRememberedDestination.clear();

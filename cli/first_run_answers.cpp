@@ -11,10 +11,11 @@ struct StandingAnswer {
     std::string_view answer;
 };
 
-constexpr std::array<StandingAnswer, 3> kFirstRun{{
+constexpr std::array<StandingAnswer, 4> kFirstRun{{
     {"WARNING - Using this program carelessly", "OK"},
     {"Would you like to see the General Information file?", "No"},
     {"Would you like to see the Advanced Functions file?", "No"},
+    {"Since you have upgraded Tarvix", "OK"},
 }};
 
 } // namespace

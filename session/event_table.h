@@ -11,7 +11,8 @@ struct Session;
 
 // What an event routine is told besides the session.
 struct EventArgs {
-    int index = -1; // the entry of a control array, or a row from 0
+    int index = -1;        // the entry of a control array, or a row from 0
+    bool isRepeat = false; // a click on the choice that was made already
 };
 
 using EventRoutine = std::function<void(Session&, const EventArgs&)>;

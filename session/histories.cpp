@@ -183,4 +183,14 @@ bool RemoveCharAt(std::size_t position, std::string& text, bool blnBlank) {
     return false;
 }
 
+std::string NewestDestination(Session& session) {
+    const auto& items = session.frmDialog.cmbDir.Items();
+    const auto& stamps = session.state.datDestHistory;
+    std::size_t newest = 0;
+    for (std::size_t row = 1; row < std::min(items.size(), stamps.size()); ++row) {
+        if (stamps[row] > stamps[newest]) newest = row;
+    }
+    return items.empty() ? std::string() : items[newest].text;
+}
+
 } // namespace tarvix::session

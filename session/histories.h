@@ -29,6 +29,9 @@ void UpdateSearchHistory(Session& session);
 void UpdateFolderHistory(Session& session);
 void UpdateDestHistory(Session& session);
 
+// The destination that was used last; empty without a history.
+std::string NewestDestination(Session& session);
+
 // Puts the titles of default search folders above the history of the search locations.
 void ShowTitledFolders(Session& session, const std::vector<std::string>& titles);
 

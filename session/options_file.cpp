@@ -41,8 +41,12 @@ void ShowOption(Session& session, const OptionKey& key) {
         if (box.Value != 2) box.ForeColor = box.Value == 0 ? forms::kBlue : forms::kRed;
     } else if (key.key == "blnAllowUserSelectSubfolders") {
         form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
+        form.chkIncludeSubFolders.ToolTipText =
+            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
+        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
     } else if (key.key == "blnDefaultToIncludeSubfolders") {
         form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
+        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
     } else if (key.key == "bytFilesVsDirs") {
         form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
     }

@@ -19,10 +19,10 @@ std::string Session::TimeText() {
     return text::FormatDate(Now(), "mm/dd/yyyy hh:mm:ss");
 }
 
-bool Session::Raise(const forms::Control& control, std::string_view event) {
+bool Session::Raise(const forms::Control& control, std::string_view event, bool isRepeat) {
     std::string name = control.Owner().Name();
     name.append(".").append(control.ArrayName()).append("_").append(event);
-    return events.Raise(*this, name, {control.Index()});
+    return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 
 void Session::ShowModal(forms::Form& form) {

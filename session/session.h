@@ -55,7 +55,7 @@ struct Session {
     std::string TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
-    bool Raise(const forms::Control& control, std::string_view event);
+    bool Raise(const forms::Control& control, std::string_view event, bool isRepeat = false);
     int MsgBox(std::string_view text, int style = kOkOnly, std::string_view title = "Tarvix") {
         return prompts.MsgBox(text, style, title);
     }

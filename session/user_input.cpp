@@ -122,13 +122,10 @@ InputResult CanUse(const forms::Control& control) {
 
 InputResult UserClick(Session& session, forms::Control& control) {
     if (auto usable = CanActNow(session, control); !usable) return usable;
-    // A choice that is made already stays as it is.
-    if (control.Kind() == forms::ControlKind::kOptionButton &&
-        static_cast<forms::OptionButton&>(control).Value) {
-        return {};
-    }
+    const bool isRepeat = control.Kind() == forms::ControlKind::kOptionButton &&
+                          static_cast<forms::OptionButton&>(control).Value;
     PrepareClick(session, control);
-    session.Raise(control, "Click");
+    session.Raise(control, "Click", isRepeat);
     return {};
 }
 

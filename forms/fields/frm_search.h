@@ -122,6 +122,12 @@ class FrmSearch : public Form {
         MenuEntry{*this, "mnuSearch_DateType", "Date = Created Date", 1},
         MenuEntry{*this, "mnuSearch_DateType", "Date = Last Accessed Date", 2}};
 
+    // Options that are at hand.
+    MenuEntry mnuOptions_AllowUserSelectSubfolders{*this, "mnuOptions_AllowUserSelectSubfolders",
+                                                   "&Allow 'Include subfolders' to be selected"};
+    MenuEntry mnuOptions_DefaultToIncludeSubfolders{*this, "mnuOptions_DefaultToIncludeSubfolders",
+                                                    "&Include subfolders at the start"};
+
     // The texts beside the program.
     MenuEntry mnuHelp_Help{*this, "mnuHelp_Help", "&Help"};
     MenuEntry mnuHelp_GenInfo{*this, "mnuHelp_GenInfo", "&General Information"};

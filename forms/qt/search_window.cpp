@@ -9,6 +9,7 @@
 #include "forms/qt/text_conversion.h"
 #include "forms/qt/window_place.h"
 #include "platform/native_paths.h"
+#include "search/browse.h"
 #include "session/session.h"
 #include "session/user_input.h"
 
@@ -127,9 +128,11 @@ void SearchWindow::SetUpList() {
 void SearchWindow::SetUpDrops() {
     auto* locations = findChild<QComboBox*>("cmbDir");
     AcceptDrops(*locations, [this](const QList<QUrl>& urls) {
-        auto& box = session_.frmSearch.cmbDir;
-        const auto dropped = DroppedLocations(session_.platform, urls);
-        binder_->Set(box, ToQt(Appended(box.Text.Get(), dropped)));
+        std::vector<std::string> paths;
+        for (const QUrl& url : urls) {
+            if (url.isLocalFile()) paths.push_back(ToUtf8(url.toLocalFile()));
+        }
+        gate_.Run(nullptr, [&] { search::DropLocations(session_, paths); });
     });
     locations->setToolTip("Folders separated by |. Folders can be dropped here.");
 }

@@ -6,6 +6,7 @@
 #include "session/ask_long_path.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
+#include "session/option_menu.h"
 #include "session/text_viewer.h"
 
 namespace tarvix::lifecycle {
@@ -43,6 +44,7 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     search::AddSearchEvents(session_.events);
     actions::AddActionEvents(session_.events);
     session::AddAskLongPathEvents(session_.events);
+    session::AddOptionMenuEvents(session_.events);
     session::AddLogViewEvents(session_.events);
 }
 

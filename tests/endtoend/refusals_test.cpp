@@ -31,8 +31,9 @@ TEST_F(RefusalsTest, EachIsOneSentenceAndNothingIsDone) {
          "There is no folder \"nowhere\" to search: give --in folders that exist."},
         {{"search", "*", "--in", "basic/a.mp3"},
          "\"basic/a.mp3\" is a file: give --in the folders to search."},
-        {{"copy", "*", "--in", "basic", "--to", "out", "--structure", "mirror"},
-         "--structure can only be \"none\" in this version, not \"mirror\"."},
+        {{"copy", "*", "--in", "basic", "--to", "out", "--structure", "mirrow"},
+         "--structure takes none, mirror, folder or backup, not \"mirrow\". Did you mean "
+         "\"mirror\"?"},
         {{"--drive", "X=nowhere", "search", "*", "--in", "basic"},
          "--drive X=nowhere names no folder: give a drive a folder that exists."},
     };

@@ -123,7 +123,8 @@ class FileSystem {
     virtual Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
                                                                bool overwrite) = 0;
     // An existing file (53) for reading, rewriting (it is emptied at once) or appending. 70 for
-    // writing to a read-only one and to one that is being written through another stream, 52 for a special file. A link to a file is opened through.
+    // writing to a read-only one and to one that is being written through another stream, 52 for a
+    // special file. A link to a file is opened through.
     virtual Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                                  OpenMode mode) = 0;
 

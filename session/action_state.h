@@ -8,7 +8,7 @@
 namespace tarvix::actions {
 class ActionProgress;
 class OutcomeSink;
-}
+} // namespace tarvix::actions
 
 namespace tarvix::session {
 
@@ -92,12 +92,12 @@ struct ActionState {
     bool blnPathNotFoundTried = false;
     bool blnFolderAlreadyThere = false;
     bool blnFolderCreated = false;
-    bool blnPlaced = false;                      // the last copy or move did its work
-    std::vector<std::string> strCDDrives;        // "E:"; attributes are never written there
-    std::string strPlacedAt;     // where it then stands
+    bool blnPlaced = false;               // the last copy or move did its work
+    std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
+    std::string strPlacedAt;              // where it then stands
     bool blnPlacedByMove = false;
-    bool blnProtected = false; // it was left alone since it is hidden or a system object
-    bool blnDiskFull = false;  // the loop ended since nothing more would fit
+    bool blnProtected = false;            // it was left alone since it is hidden or a system object
+    bool blnDiskFull = false;             // the loop ended since nothing more would fit
     actions::OutcomeSink* sink = nullptr; // follows the action object by object
     actions::ActionProgress* progress = nullptr; // of the loop that runs
 

@@ -218,11 +218,9 @@ TEST(ArgumentsTest, AMoveGoesOneWayAndNeverOverwrites) {
         more.insert(more.begin(), move.begin(), move.end());
         return more;
     };
-    EXPECT_EQ(Refusal(move),
-              "Say where they go with --to, --up or --rule, such as --to ~/Sorted.");
+    EXPECT_EQ(Refusal(move), "Say where they go with --to, --up or --rule, such as --to ~/Sorted.");
     EXPECT_EQ(Refusal(with({"--up", "1", "--to", "z"})), "Give only one of --to, --up and --rule.");
-    EXPECT_EQ(Refusal(with({"--up", "0"})),
-              "--up takes a number of levels from 1 on, not \"0\".");
+    EXPECT_EQ(Refusal(with({"--up", "0"})), "--up takes a number of levels from 1 on, not \"0\".");
     EXPECT_EQ(Refusal(with({"--to", "z", "--on-duplicate", "overwrite"})),
               "A move never overwrites: --on-duplicate takes skip, ask or rename for it.");
     const auto request = Read(with({"--up", "2", "--with-folder-names"}));

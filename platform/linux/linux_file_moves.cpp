@@ -74,7 +74,7 @@ Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
 
 Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view to,
                                        const CopyObserver& observer) {
-    const auto source = resolver_.File(from);
+    const auto source = FileLookedAt(from);
     if (!source) return std::unexpected(source.error());
     const auto target = resolver_.NewTarget(to);
     if (!target) return std::unexpected(target.error());

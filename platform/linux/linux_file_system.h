@@ -53,6 +53,8 @@ class LinuxFileSystem : public FileSystem {
 
   private:
     Result<Place> TruePlace(std::string_view path);
+    // A file as the same thread saw it less than a millisecond ago; else as it is now.
+    Result<Place> FileLookedAt(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
     Result<Place> FileForBytes(std::string_view path, bool toWrite);
     Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,

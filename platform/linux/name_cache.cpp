@@ -14,7 +14,7 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::size_t kMostFolders = 48;
+constexpr std::size_t kMostFolders = 4096;
 constexpr std::size_t kMostNames = 400'000;
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
@@ -92,6 +92,7 @@ Sys<NameCache::Folder*> NameCache::Read(const std::string& path, std::int64_t mo
     if (reader.Error() != 0) return std::unexpected(reader.Error());
     folder.usedAt = folder.checkedAt = SteadyNow();
     folder.readCost = folder.usedAt - folder.readAt;
+    names_ += folder.byUpper.size();
     MakeRoom();
     return &folders_.insert_or_assign(path, std::move(folder)).first->second;
 }
@@ -117,18 +118,19 @@ void NameCache::AddShort(Folder& folder, std::string_view nativeName) {
 }
 
 void NameCache::MakeRoom() {
-    std::size_t names = 0;
+    if (folders_.size() < kMostFolders && names_ <= kMostNames) return;
+    // The older half goes at once, so that this is seldom needed.
+    std::vector<std::int64_t> used;
+    used.reserve(folders_.size());
     for (const auto& [path, folder] : folders_)
-        names += folder.byUpper.size();
-    while (folders_.size() >= kMostFolders || names > kMostNames) {
-        if (folders_.empty()) return;
-        const auto oldest =
-            std::min_element(folders_.begin(), folders_.end(), [](const auto& a, const auto& b) {
-                return a.second.usedAt < b.second.usedAt;
-            });
-        names -= oldest->second.byUpper.size();
-        folders_.erase(oldest);
-    }
+        used.push_back(folder.usedAt);
+    const auto middle = used.begin() + static_cast<std::ptrdiff_t>(used.size() / 2);
+    std::nth_element(used.begin(), middle, used.end());
+    std::erase_if(folders_,
+                  [last = *middle](const auto& entry) { return entry.second.usedAt <= last; });
+    names_ = 0;
+    for (const auto& [path, folder] : folders_)
+        names_ += folder.byUpper.size();
 }
 
 const std::string* NameCache::FindShort(Folder& folder, std::string_view name) {

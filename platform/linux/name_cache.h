@@ -72,6 +72,7 @@ class NameCache {
 
     std::mutex mutex_;
     Map<Folder> folders_;
+    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
 };
 
 } // namespace tarvix::platform

@@ -44,9 +44,7 @@ bool NeedsWarning(Session& session) {
 
 bool Confirm(Session& session) {
     const std::string warning(NeedsWarning(session) ? kReallySure : "");
-    return session.MsgBox(warning + std::string(kConfirm),
-                          session::kYesNo + session::kQuestion + session::kSecondDefault) ==
-           session::kYes;
+    return session.MsgBox(warning + std::string(kConfirm), session::kYesNo) == session::kYes;
 }
 
 // Automatic mode is off for the length of a deletion, so that the override prompts can appear.

@@ -42,9 +42,8 @@ std::string DuplicatePhrase(const Session& session) {
 void OfferErrorLog(Session& session) {
     const auto& state = session.state;
     if (!state.action.blnErrorOccurred || !state.options.blnAutoMode) return;
-    const int answer =
-        session.MsgBox("Error has occurred, would you like to view the Program Error log file?",
-                       session::kYesNo + session::kSecondDefault);
+    const int answer = session.MsgBox(
+        "Error has occurred, would you like to view the Program Error log file?", session::kYesNo);
     if (answer != session::kYes) return;
     session::ViewAsText(session, state.strErrorLogFile, "ReportActionResult");
 }

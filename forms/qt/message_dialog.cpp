@@ -32,6 +32,13 @@ QStyle::StandardPixmap IconOf(int style) {
     }
 }
 
+// The default of the style; a Yes or No that names none is answered No by a careless Enter.
+int FocusedAnswer(int style) {
+    const bool namesNone = (style & (session::kSecondDefault | session::kThirdDefault)) == 0;
+    const bool isYesNo = session::ButtonsOf(style) == session::ButtonsOf(session::kYesNo);
+    return namesNone && isYesNo ? session::SafeAnswer(style) : session::DefaultAnswer(style);
+}
+
 } // namespace
 
 QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent) {
@@ -95,7 +102,7 @@ QWidget* MessageDialog::MakeButtons(int style) {
         });
         layout->addWidget(button);
         button->setAutoDefault(true);
-        if (answer == session::DefaultAnswer(style)) first_ = button;
+        if (answer == FocusedAnswer(style)) first_ = button;
     }
     return row;
 }

@@ -26,12 +26,14 @@ TEST_F(PromptTest, EachButtonOfAStyleGivesItsAnswer) {
     }
 }
 
-TEST_F(PromptTest, EnterGivesTheDefaultAnswerOfTheStyle) {
+TEST_F(PromptTest, EnterGivesTheDefaultAnswerOfTheStyleAndNoWhereItNamesNone) {
     const auto enter = [this] {
         OnModal([](QWidget& modal) { QTest::keyClick(modal.focusWidget(), Qt::Key_Return); });
     };
     enter();
-    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo, "Title"), session::kYes);
+    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo, "Title"), session::kNo);
+    enter();
+    EXPECT_EQ(prompts.MsgBox("Text", session::kOkCancel, "Title"), session::kOk);
     enter();
     EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo + session::kSecondDefault, "Title"),
               session::kNo);

@@ -1,11 +1,12 @@
 #include "search/name_checks.h"
 
+#include "session/fake_roots.h"
 #include "session/recycle_folders.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
 
-#include <array>
+#include <algorithm>
 
 namespace tarvix::search {
 
@@ -89,8 +90,9 @@ void ReportFakeFolder(session::Session& session, std::string_view path) {
 
 bool IsFakeFolder(std::string_view path) {
     const std::string_view below = text::Mid(path, 3);
-    return text::EqualNoCase(below, "\\USERS\\ALL USERS") ||
-           text::EqualNoCase(below, "\\USERS\\ALLUSE~1");
+    return std::ranges::any_of(session::kFakeRoots, [below](std::string_view fake) {
+        return text::EqualNoCase(below, fake);
+    });
 }
 
 bool IsRecycleBinPath(const session::Session& session, std::string_view path) {

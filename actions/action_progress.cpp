@@ -4,6 +4,7 @@
 #include "session/session.h"
 #include "text/format.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 

@@ -148,7 +148,6 @@ class Progress {
         form.prgMain.Max = static_cast<long long>(total_);
         form.prgMain.Value = static_cast<long long>(done);
         form.Show();
-        session_.frmSearch.lblDetailedStatus.Caption = form.lblMain.Caption.Get();
         due_ = session_.platform.clock.Steady() + kAgain;
     }
 

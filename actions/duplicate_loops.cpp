@@ -67,9 +67,8 @@ bool Rename(Session& session, Outcome& outcome) {
 
 // Whether an object would be written on itself or into its own subfolder.
 bool IsOntoItself(std::string_view path, std::string_view destination) {
-    const std::string upperPath = text::Upper(path);
-    const std::string upperDestination = text::Upper(destination);
-    return upperPath == upperDestination || upperDestination.starts_with(upperPath + "\\");
+    return text::EqualNoCase(path, destination) ||
+           text::StartsWithNoCase(destination, std::string(path) + "\\");
 }
 
 enum class PathTest { kGoOn, kNextDestination, kEndLoop };
@@ -185,8 +184,10 @@ class Loop {
             }
             return true;
         }
-        if (IsOntoItself(tables_.strSelPath[Index()], action_.strDestination) ||
-            IsOntoItself(tables_.strSelActualPath[Index()], action_.strDestination)) {
+        const std::string& path = tables_.strSelPath[Index()];
+        const std::string& actual = tables_.strSelActualPath[Index()];
+        if (IsOntoItself(path, action_.strDestination) ||
+            (actual != path && IsOntoItself(actual, action_.strDestination))) {
             outcome.kind = OutcomeKind::kOntoItself;
             TellOntoItself(session_);
             return true;
@@ -245,6 +246,7 @@ class Loop {
     const results::Selection& tables_;
     DuplicateRule rule_;
     ActionProgress progress_;
+    platform::Busy busy_{session_.files()};
 };
 
 } // namespace
@@ -261,7 +263,7 @@ void DetermineIfDuplicateExists(Session& session) {
         if (shortened.status < 2) return RefuseUnconverted(session, destination);
     }
     auto& files = session.files();
-    action.strDirResult = platform::DirName(files, destination, platform::kDirAll);
+    action.strDirResult = platform::StandingName(files, destination);
     action.blnDestIsFile = false;
     if (action.strDirResult.empty()) return;
     std::string file = platform::DirName(files, destination, platform::kDirFiles);

@@ -19,6 +19,11 @@ constexpr std::uint32_t kCarried = 1 + 2 + 4 + 32;
 std::string CleanedDestination(const std::string& path, bool isRename) {
     const std::string_view own = text::FolderOwnName(path);
     const std::string_view name = text::Trim(own);
+    const std::string_view above = text::GetParentFolderName(path);
+    const bool isPlain = name.size() == own.size() && !own.empty() &&
+                         above.size() + 1 + own.size() == path.size() &&
+                         (isRename || text::IsCleanPath(above, true));
+    if (isPlain) return path;
     const std::string parent = text::ParentFolder(path);
     return text::JoinPath(isRename ? parent : text::CleanSpacesInPath(parent, true),
                           name.empty() ? own : name);

@@ -78,7 +78,7 @@ void Placing::ShowStatus() {
                        : verb_ == Verb::kMove ? "Moving "
                                               : "Renaming ";
     const char* between = verb_ == Verb::kRename ? "  as  " : "  to  ";
-    session_.frmDialog.lblStatus.Caption = word + source_ + between + destination_;
+    session_.frmDialog.lblStatus.Caption = text::Concat({word, source_, between, destination_});
     session_.Yield();
 }
 
@@ -211,18 +211,19 @@ void Placing::Note() {
 void Placing::LogPlaced() {
     Note();
     if (failed_) return;
-    const std::string mode(mode_);
+    std::string line;
     switch (verb_) {
     case Verb::kCopy:
-        session::LogTimed(session_, " Copy " + source_ + " -- to -- " + destination_ + " " + mode);
+        line = text::Concat({" Copy ", source_, " -- to -- ", destination_, " ", mode_});
         break;
     case Verb::kMove:
-        session::LogTimed(session_, " Move " + source_ + " -- to -- " + destination_ + mode + ".");
+        line = text::Concat({" Move ", source_, " -- to -- ", destination_, mode_, "."});
         break;
     case Verb::kRename:
-        session::LogTimed(session_, " Renamed " + source_ + " -- as -- " + destination_ + mode);
+        line = text::Concat({" Renamed ", source_, " -- as -- ", destination_, mode_});
         break;
     }
+    session::LogTimed(session_, line);
 }
 
 platform::Result<void> Placing::Read(const std::string& path, ObjectFacts& facts) {

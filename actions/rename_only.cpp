@@ -86,6 +86,7 @@ void Renaming::Run() {
     session_.state.lastAction = {};
     session_.state.blnStopAction = false;
     action_.blnStopped = action_.blnRenamed = false;
+    const platform::Busy busy(session_.files());
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
     RunPass(true, progress);
     if (!hasEnded_) RunPass(false, progress);
@@ -154,9 +155,9 @@ void Renaming::Insert(Renamed& object) {
     const std::string& add = form_.txtAdd.Text;
     std::string path =
         NewPath(object, form_.chkAddEnd.Value == 1 ? object.text + add : add + object.text);
-    session_.frmDialog.lblStatus.Caption = "Renaming " + object.old + "  as  " + path;
+    session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
     if (!CanUse(object, path)) return;
-    if (platform::DirName(session_.files(), path, platform::kDirAll).empty()) {
+    if (platform::StandingName(session_.files(), path).empty()) {
         Move(object, path);
     } else {
         TellTaken(object, path);
@@ -182,7 +183,7 @@ Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
     std::string path =
         NewPath(object, object.portion == kExtension ? std::string_view(text) : text::Trim(text));
     if (!CanUse(object, path)) return Round::kDone;
-    const std::string found = platform::DirName(session_.files(), path, platform::kDirAll);
+    const std::string found = platform::StandingName(session_.files(), path);
     // The object itself may be found under its name in another case.
     const bool isTaken =
         !found.empty() && (found == text::FolderOwnName(path) ||
@@ -210,12 +211,11 @@ std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) co
 // ---- one new name ----
 
 std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
-    std::string name(text);
-    if (object.portion == kPrefix) name.append(1, '.').append(object.parts.strExtension);
-    if (object.portion == kExtension) {
-        name.insert(0, std::string(object.parts.strPrefix) + ".");
-    }
-    return object.parent + std::string(text::Trim(name));
+    const std::string name =
+        object.portion == kPrefix      ? text::Concat({text, ".", object.parts.strExtension})
+        : object.portion == kExtension ? text::Concat({object.parts.strPrefix, ".", text})
+                                       : std::string(text);
+    return text::Concat({object.parent, text::Trim(name)});
 }
 
 // Whether something is left of the name and the path isn't too long, or could be shortened.
@@ -273,7 +273,7 @@ bool Renaming::Move(Renamed& object, const std::string& path) {
     session_.state.blnPathLimitHit = false;
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
     if (!action_.blnPlaced) return false;
-    object.old = object.parent + std::string(text::FolderOwnName(path));
+    object.old = text::Concat({object.parent, text::FolderOwnName(path)});
     object.actual = path;
     object.isChanged = true;
     return true;

@@ -55,4 +55,8 @@ std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask
     return std::string(name.empty() ? text::StripTrailingSlash(*truePath) : name);
 }
 
+std::string StandingName(FileSystem& files, std::string_view path) {
+    return files.SeemsFree(path) ? std::string() : DirName(files, path, kDirAll);
+}
+
 } // namespace tarvix::platform

@@ -41,4 +41,8 @@ class Dir {
 // if `mask` takes its kind, else empty. Only mask bit 16 takes folders and links to folders.
 std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask);
 
+// The same of every kind, before a call that never replaces: what others put there in the last
+// moments may be missed.
+std::string StandingName(FileSystem& files, std::string_view path);
+
 } // namespace tarvix::platform

@@ -67,6 +67,10 @@ class FileSystem {
     virtual ~FileSystem() = default;
 
     virtual Result<ObjectFacts> Facts(std::string_view path) = 0;
+    // Whether it is known without a look at the disk that nothing stands at `path`, by any form and
+    // in any case. What others put there in the last second may be missed, so it is only for what
+    // then goes there by a call that never replaces.
+    virtual bool SeemsFree(std::string_view) { return false; }
     // The path as the disk spells it: long names, true case, drive in upper case, links left in;
     // no final "\" but on a drive alone ("C:\"). 53 or 76.
     virtual Result<std::string> TruePath(std::string_view path) = 0;
@@ -128,10 +132,27 @@ class FileSystem {
     virtual Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                                  OpenMode mode) = 0;
 
+    // Called with true before and with false behind a run of calls that change objects one after
+    // another in few folders; best by Busy. Folders may be held open meanwhile, and what others do
+    // to the folders themselves, such as giving them another name, be seen milliseconds later.
+    virtual void SetBusy(bool) {}
+
     virtual std::vector<DriveInfo> Drives() = 0;
 
     // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
     virtual bool AllowsReadingThreads() const { return false; }
+};
+
+// Keeps a file system busy for as long as it lives.
+class Busy {
+  public:
+    explicit Busy(FileSystem& files) : files_(files) { files_.SetBusy(true); }
+    ~Busy() { files_.SetBusy(false); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    FileSystem& files_;
 };
 
 // `Facts` for a caller that wants one kind: 53 when it is missing or a folder.

@@ -3,6 +3,7 @@
 #include "text/characters.h"
 
 #include <array>
+#include <cstdint>
 
 namespace tarvix::platform {
 
@@ -17,6 +18,17 @@ constexpr auto kIsReserved = [] {
         table[control] = true;
     for (const char c : kReservedCharacters)
         table[static_cast<std::size_t>(c)] = true;
+    return table;
+}();
+
+enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2 };
+
+constexpr auto kKindOfByte = [] {
+    std::array<std::uint8_t, 256> table{};
+    for (std::size_t byte = 0; byte < kIsReserved.size(); ++byte)
+        table[byte] = kIsReserved[byte] || byte == 0 || byte == '/' ? kForbidden : 0;
+    for (std::size_t byte = kIsReserved.size(); byte < table.size(); ++byte)
+        table[byte] = kBeyondAscii;
     return table;
 }();
 
@@ -40,7 +52,12 @@ bool IsPlain(std::string_view name) {
 
 // All carried characters start with these bytes in UTF-8 (U+F000 to U+F07F).
 bool MayHoldCarried(std::string_view text) {
-    return text.find("\xEF\x80") != text.npos || text.find("\xEF\x81") != text.npos;
+    std::size_t at = text.find('\xEF');
+    while (at != text.npos && at + 1 < text.size()) {
+        if (text[at + 1] == '\x80' || text[at + 1] == '\x81') return true;
+        at = text.find('\xEF', at + 1);
+    }
+    return false;
 }
 } // namespace
 
@@ -69,31 +86,32 @@ std::string NameToDrive(std::string_view nativeName) {
     return out;
 }
 
-std::string NameToNative(std::string_view driveName) {
-    if (!MayHoldCarried(driveName)) return std::string(driveName);
-    std::string out;
-    out.reserve(driveName.size());
+void AppendNameToNative(std::string& out, std::string_view driveName) {
+    if (!MayHoldCarried(driveName)) {
+        out += driveName;
+        return;
+    }
     for (std::size_t pos = 0; pos < driveName.size();) {
         const char32_t c = text::NextCharacter(driveName, pos);
         const char32_t carried = Carried(c);
         text::AppendUtf8(out, carried != 0 ? carried : c);
     }
+}
+
+std::string NameToNative(std::string_view driveName) {
+    std::string out;
+    out.reserve(driveName.size());
+    AppendNameToNative(out, driveName);
     return out;
 }
 
 bool CanBeName(std::string_view driveName) {
     if (driveName.empty() || driveName == "." || driveName == "..") return false;
-    bool isAscii = true;
-    for (const char c : driveName) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte == 0 || byte == '/') return false;
-        if (byte >= 128) {
-            isAscii = false;
-        } else if (kIsReserved[byte]) {
-            return false;
-        }
-    }
-    return isAscii || text::IsValidUtf8(driveName);
+    unsigned kinds = 0;
+    for (const char c : driveName)
+        kinds |= kKindOfByte[static_cast<unsigned char>(c)];
+    if ((kinds & kForbidden) != 0) return false;
+    return (kinds & kBeyondAscii) == 0 || text::IsValidUtf8(driveName);
 }
 
 std::string ForDisplay(std::string_view driveText) {

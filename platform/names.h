@@ -15,6 +15,7 @@ void AppendNameToDrive(std::string& out, std::string_view nativeName);
 
 // Drive form to disk name. A "?" or "*" stays as it is and so names nothing that can be opened.
 std::string NameToNative(std::string_view driveName);
+void AppendNameToNative(std::string& out, std::string_view driveName);
 
 // Whether one component of a drive path can be the name of an object: not empty, not "." or "..",
 // valid UTF-8, and none of \ / : * ? " < > | or the control characters 0 to 31 as themselves. What

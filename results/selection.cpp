@@ -28,8 +28,8 @@ struct Totals {
         ++files;
         bytes += row.size;
         const std::string_view extension = text::GetExtension(row.name);
-        shortcuts =
-            shortcuts || text::EqualNoCase(extension, "lnk") || text::EqualNoCase(extension, "url");
+        shortcuts = shortcuts || (extension.size() == 3 && (text::EqualNoCase(extension, "lnk") ||
+                                                            text::EqualNoCase(extension, "url")));
     }
 };
 
@@ -62,32 +62,40 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
     session.frmSearch.lblStatus.Caption = "";
 }
 
-void AppendRow(Selection& tables, const ResultList& rows, std::size_t index) {
+void FillEntry(Selection& tables, std::size_t at, const ResultList& rows, std::size_t index) {
     const ResultRow& row = rows.At(index);
-    std::string path = rows.FullPath(index);
-    tables.strSelName.emplace_back(row.name);
-    tables.strSelPath.push_back(OpenablePath(path));
-    tables.blnSelIsFile.push_back(!row.isFolder);
+    const std::string path = rows.FullPath(index);
+    tables.strSelName[at] = row.name;
+    tables.strSelPath[at] = OpenablePath(path);
+    tables.blnSelIsFile[at] = !row.isFolder;
     const auto below = std::min<std::size_t>(row.folder->searchPrefix, path.size());
-    tables.strSelRelPath.push_back(path.substr(below));
+    tables.strSelRelPath[at].assign(path, below, path.npos);
     // The full path names the object with more certainty than its short form could.
-    tables.strSelActualPath.push_back(std::move(path));
-    tables.blnSelNoDate.push_back(row.date == kNoDate);
+    tables.strSelActualPath[at] = path;
+    tables.blnSelNoDate[at] = row.date == kNoDate;
 }
 
-std::size_t CountSelected(const ResultList& rows) {
+// Spacers that are selected are unselected.
+std::size_t CountSelected(ResultList& rows) {
     std::size_t count = 0;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
-        count += rows.At(i).selected ? 1 : 0;
+        ResultRow& row = rows.At(i);
+        if (row.IsSpacer()) row.selected = false;
+        count += row.selected ? 1 : 0;
     }
     return count;
 }
 
-void Reserve(Selection& tables, std::size_t count) {
+// The entries keep what room they have, as the tables are mostly filled again with much the same.
+void Resize(Selection& tables, std::size_t count) {
     for (auto* table : {&tables.strSelName, &tables.strSelPath, &tables.strSelRelPath,
                         &tables.strSelActualPath}) {
-        table->reserve(count);
+        const bool isMuchSmaller = count < table->size() / 2;
+        table->resize(count);
+        if (isMuchSmaller) table->shrink_to_fit();
     }
+    tables.blnSelIsFile.resize(count);
+    tables.blnSelNoDate.resize(count);
 }
 
 } // namespace
@@ -95,24 +103,16 @@ void Reserve(Selection& tables, std::size_t count) {
 void BuildFileArray(session::Session& session) {
     ResultList& rows = *session.rows;
     Selection& tables = *session.selection;
-    const auto anchor = tables.intSelAnchor;
-    const std::string anchorName = tables.strSelAnchorName;
-    tables = Selection{};
-    tables.intSelAnchor = anchor;
-    tables.strSelAnchorName = anchorName;
-    Reserve(tables, CountSelected(rows));
+    Resize(tables, CountSelected(rows));
     Totals totals;
+    std::size_t next = 0;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
-        ResultRow& row = rows.At(i);
+        const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
-        if (row.IsSpacer()) {
-            row.selected = false;
-            continue;
-        }
-        AppendRow(tables, rows, i);
+        FillEntry(tables, next++, rows, i);
         totals.Add(row);
     }
-    tables.lngSelTop = static_cast<std::int64_t>(tables.strSelName.size()) - 1;
+    tables.lngSelTop = static_cast<std::int64_t>(next) - 1;
     tables.lngSelBytes = static_cast<std::int64_t>(totals.bytes);
     ShowTotals(session, totals);
 }

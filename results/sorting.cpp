@@ -84,7 +84,8 @@ struct SortItem {
 
 template <class Order>
 std::vector<std::uint32_t> Sorted(std::vector<SortItem> items, Order order) {
-    std::ranges::sort(items, order);
+    // A search lists much of what it finds in order.
+    if (!std::ranges::is_sorted(items, order)) std::ranges::sort(items, order);
     std::vector<std::uint32_t> result;
     result.reserve(items.size());
     for (const SortItem& item : items) {

@@ -8,8 +8,9 @@
 namespace tarvix::search {
 
 namespace {
-constexpr std::size_t kAhead = 64; // folders
-}
+constexpr std::size_t kAhead = 64;    // folders
+constexpr std::size_t kPortion = 256; // files
+} // namespace
 
 Candidates::Candidates(session::Session& session, FolderList& list, const NameMatch& match,
                        std::size_t first)
@@ -40,6 +41,25 @@ void Candidates::Take(std::size_t index, FolderCandidates& result) {
     if (taken_ < kAhead) return;
     ordered_.erase(ordered_.begin(), ordered_.begin() + static_cast<std::ptrdiff_t>(taken_));
     taken_ = 0;
+}
+
+FactsAhead::FactsAhead(session::Session& session, const FolderList& list, std::size_t index,
+                       const std::vector<std::uint32_t>& positions)
+    : ahead_(session.files()) {
+    platform::FolderListing names;
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        names.Add(list.Names()[positions[i]]);
+        if (names.Size() < kPortion && i + 1 < positions.size()) continue;
+        ahead_.OrderFacts(list.At(index).strFolderLong, std::exchange(names, {}));
+    }
+}
+
+std::optional<platform::ObjectFacts> FactsAhead::Next() {
+    if (next_ == portion_.size()) {
+        ahead_.TakeFacts(portion_);
+        next_ = 0;
+    }
+    return portion_[next_++];
 }
 
 std::vector<std::uint32_t> MatchingNames(session::Session& session, const FolderList& list,

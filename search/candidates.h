@@ -49,6 +49,22 @@ class Candidates {
     std::size_t taken_ = 0;
 };
 
+// The facts of one folder's files, read in portions while those before are worked on.
+class FactsAhead {
+  public:
+    // The names are those at `positions`, all of the folder at `index` of the list.
+    FactsAhead(session::Session& session, const FolderList& list, std::size_t index,
+               const std::vector<std::uint32_t>& positions);
+
+    // Those of the next position; none for a file that is gone.
+    std::optional<platform::ObjectFacts> Next();
+
+  private:
+    platform::ReadAhead ahead_;
+    std::vector<std::optional<platform::ObjectFacts>> portion_;
+    std::size_t next_ = 0;
+};
+
 // The names of one folder that can be listed at all: they match, they can be opened, and they don't
 // end in a blank.
 std::vector<std::uint32_t> MatchingNames(session::Session& session, const FolderList& list,

@@ -12,7 +12,8 @@ namespace tarvix::search {
 
 namespace {
 constexpr std::size_t kLongestSpec = 259;
-}
+constexpr std::size_t kWorthReadingAhead = 1024; // files
+} // namespace
 
 FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
                        Filters& filters, const AttributeMasks& masks)
@@ -105,12 +106,19 @@ Outcome FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     session_.Yield();
     if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
     FindCandidates(index);
+    // A walk that stops at the first match, or soon, would read too much.
+    std::optional<FactsAhead> factsAhead;
+    if (!candidates_ && !oneEach && found_.positions.size() >= kWorthReadingAhead) {
+        factsAhead.emplace(session_, list_, index, found_.positions);
+    }
     const CrawlFolder& folder = list_.At(index);
     std::size_t next = 0;
     for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
         if (next < found_.positions.size() && found_.positions[next] == at) {
             const std::string_view name = list_.Names()[at].name;
-            const auto facts = candidates_ ? found_.facts[next] : FactsNow(index, name);
+            const auto facts = candidates_  ? found_.facts[next]
+                               : factsAhead ? factsAhead->Next()
+                                            : FactsNow(index, name);
             ++next;
             if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
         }

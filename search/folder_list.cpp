@@ -1,5 +1,6 @@
 #include "search/folder_list.h"
 
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "search/name_checks.h"
 #include "session/attempt.h"
@@ -11,6 +12,10 @@
 #include <utility>
 
 namespace tarvix::search {
+
+namespace {
+constexpr std::int64_t kListingLasts = 500'000'000; // nanoseconds
+}
 
 void FolderList::Erase() {
     folders_.clear();
@@ -42,7 +47,14 @@ void FolderList::Start(std::string_view location) {
     folders_.push_back(std::move(root));
     isBuilt_ = true;
     ahead_ = std::make_unique<platform::ReadAhead>(session_.files());
-    Order(folders_.front());
+    takesRootOver_ = HasListingOf(location);
+    if (!takesRootOver_) Order(folders_.front());
+}
+
+// A walk over the location alone may have listed it just now.
+bool FolderList::HasListingOf(std::string_view folder) const {
+    return !listed_.empty() && listed_ == folder &&
+           session_.platform.clock.Steady() - listedAt_ < kListingLasts;
 }
 
 void FolderList::Order(const CrawlFolder& folder) {
@@ -112,7 +124,8 @@ bool FolderList::ListNow(std::size_t index, std::string_view routine) {
                                         .object = session::kUnreadObject,
                                         .path = folder.Short(),
                                         .searchOrDestination = folders_.front().strFolderLong};
-    return static_cast<bool>(session::Attempt(
+    listed_.clear();
+    const auto done = session::Attempt(
         session_, context,
         [&]() -> platform::Result<void> {
             auto opened = session_.files().Open(folder.strFolderLong);
@@ -122,7 +135,11 @@ bool FolderList::ListNow(std::size_t index, std::string_view routine) {
         [](const platform::PlatformError& error) -> std::optional<int> {
             if (error.number == platform::kBadFileName) return {};
             return session::kRecoverySkip;
-        }));
+        });
+    if (!done) return false;
+    listed_ = folder.strFolderLong;
+    listedAt_ = session_.platform.clock.Steady();
+    return true;
 }
 
 void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countContent) {
@@ -130,7 +147,9 @@ void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countConten
     folders_[index].namesBegin = folders_[index].namesEnd =
         static_cast<std::uint32_t>(names_.Size());
     if (!folders_[index].isWalkable) return;
-    if (!ahead_->TakeListing(scratch_) &&
+    const bool isAtHand = index == 0 && takesRootOver_;
+    if (!isAtHand) listed_.clear();
+    if (!isAtHand && !ahead_->TakeListing(scratch_) &&
         !ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne")) {
         return;
     }

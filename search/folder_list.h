@@ -73,6 +73,7 @@ class FolderList {
   private:
     void Start(std::string_view location);
     void Order(const CrawlFolder& folder);
+    bool HasListingOf(std::string_view folder) const;
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
     bool ListNow(std::size_t index, std::string_view routine);
     bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
@@ -86,6 +87,9 @@ class FolderList {
     std::vector<CrawlFolder> folders_;
     platform::FolderListing names_;
     platform::FolderListing scratch_;
+    std::string listed_; // the folder whose listing `scratch_` holds; empty for none
+    std::int64_t listedAt_ = 0;
+    bool takesRootOver_ = false;
     std::unique_ptr<platform::ReadAhead> ahead_; // the folders of the list, in its order
     bool isBuilt_ = false;
     bool readsChildren_ = false;

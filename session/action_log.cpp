@@ -54,11 +54,14 @@ void ActionLog::Close(Session& session) {
     TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
 
-void ActionLog::Write(Session& session, std::string_view text) {
-    if (!wasOpened_) early_.emplace_back(text);
+void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {
+    if (!wasOpened_) early_.push_back(text::Concat({stamp, text}));
     if (!file_.IsOpen() || !session.state.options.blnFileLog) return;
-    std::string entry(text);
-    entry.append("\r\n").append(DashesFor(text)).append("\r\n\r\n");
+    std::string entry;
+    entry.reserve((stamp.size() + text.size()) * 2 + 6);
+    entry.append(stamp).append(text);
+    const std::string dashes = DashesFor(entry);
+    entry.append("\r\n").append(dashes).append("\r\n\r\n");
     file_.Write(entry);
 }
 
@@ -67,7 +70,7 @@ void WriteToActionLog(Session& session, std::string_view text) {
 }
 
 void LogTimed(Session& session, std::string_view text) {
-    WriteToActionLog(session, session.TimeText().append(text));
+    session.log.Write(session, text, session.TimeText());
 }
 
 std::string DashesFor(std::string_view text) {

@@ -18,9 +18,9 @@ class ActionLog {
     // the run goes on without a log.
     void Open(Session& session);
     void Close(Session& session);
-    // One entry: the text, a line of dashes under it, an empty line. Nothing with logging off. What
-    // is written before the log opens follows its opening lines.
-    void Write(Session& session, std::string_view text);
+    // One entry: the text, behind its stamp if any, a line of dashes under it, an empty line.
+    // Nothing with logging off. What is written before the log opens follows its opening lines.
+    void Write(Session& session, std::string_view text, std::string_view stamp = {});
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { wasOpened_ = true; }
     bool IsOpen() const { return file_.IsOpen(); }

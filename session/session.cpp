@@ -15,8 +15,13 @@ text::DateTime Session::Now() {
     return platform.clock.Now();
 }
 
-std::string Session::TimeText() {
-    return text::FormatDate(Now(), "mm/dd/yyyy hh:mm:ss");
+const std::string& Session::TimeText() {
+    const text::DateTime now = Now();
+    if (now != toldTime_ || toldTimeText_.empty()) {
+        toldTime_ = now;
+        toldTimeText_ = text::FormatDate(now, "mm/dd/yyyy hh:mm:ss");
+    }
+    return toldTimeText_;
 }
 
 bool Session::Raise(const forms::Control& control, std::string_view event, bool isRepeat) {

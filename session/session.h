@@ -52,7 +52,7 @@ struct Session {
     // Shows what changed at once: long routines call it where a window would repaint.
     void Repaint() { yielder.PumpNow(); }
     text::DateTime Now();
-    std::string TimeText(); // "mm/dd/yyyy hh:mm:ss"
+    const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
     bool Raise(const forms::Control& control, std::string_view event, bool isRepeat = false);
@@ -60,6 +60,10 @@ struct Session {
         return prompts.MsgBox(text, style, title);
     }
     void ShowModal(forms::Form& form);
+
+  private:
+    text::DateTime toldTime_;
+    std::string toldTimeText_;
 };
 
 } // namespace tarvix::session

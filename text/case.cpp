@@ -5,6 +5,8 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace tarvix::text {
 
@@ -56,6 +58,25 @@ char32_t NextUpper(std::string_view s, std::size_t& pos) {
     return UpperCharacter(NextCharacter(s, pos));
 }
 
+// Bytes of the characters at the front in which both are the same, byte by byte.
+std::size_t CommonStart(std::string_view a, std::string_view b) {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t same = 0;
+    for (std::uint64_t left = 0, right = 0; same + 8 <= shorter; same += 8) {
+        std::memcpy(&left, a.data() + same, 8);
+        std::memcpy(&right, b.data() + same, 8);
+        if (left != right) break;
+    }
+    while (same < shorter && a[same] == b[same])
+        ++same;
+    const auto isInside = [](std::string_view s, std::size_t pos) {
+        return pos < s.size() && (static_cast<unsigned char>(s[pos]) & 0xC0) == 0x80;
+    };
+    while (same > 0 && (isInside(a, same) || isInside(b, same)))
+        --same;
+    return same;
+}
+
 } // namespace
 
 char32_t UpperCharacter(char32_t codePoint) {
@@ -82,14 +103,23 @@ std::string Lower(std::string_view s) {
 }
 
 int CompareNoCase(std::string_view a, std::string_view b) {
-    std::size_t i = 0;
-    std::size_t j = 0;
+    std::size_t i = CommonStart(a, b);
+    std::size_t j = i;
     while (i < a.size() && j < b.size()) {
         const char32_t left = NextUpper(a, i);
         const char32_t right = NextUpper(b, j);
         if (left != right) return left < right ? -1 : 1;
     }
     return static_cast<int>(i < a.size()) - static_cast<int>(j < b.size());
+}
+
+bool StartsWithNoCase(std::string_view s, std::string_view start) {
+    std::size_t i = CommonStart(s, start);
+    std::size_t j = i;
+    while (i < s.size() && j < start.size()) {
+        if (NextUpper(s, i) != NextUpper(start, j)) return false;
+    }
+    return j >= start.size();
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {

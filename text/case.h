@@ -16,6 +16,8 @@ std::string Lower(std::string_view s);
 void AppendUpper(std::string& out, std::string_view s);
 
 bool EqualNoCase(std::string_view a, std::string_view b);
+// Whether `s` starts with `start`, without regard to case; an empty `start` always fits.
+bool StartsWithNoCase(std::string_view s, std::string_view start);
 
 // Below, equal to or above 0: the order of the upper-case forms by code point.
 int CompareNoCase(std::string_view a, std::string_view b);

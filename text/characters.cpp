@@ -82,6 +82,17 @@ bool IsAscii(std::string_view s) {
     return true;
 }
 
+std::string Concat(std::initializer_list<std::string_view> parts) {
+    std::size_t size = 0;
+    for (const std::string_view part : parts)
+        size += part.size();
+    std::string out;
+    out.reserve(size);
+    for (const std::string_view part : parts)
+        out += part;
+    return out;
+}
+
 std::size_t Length(std::string_view s) {
     std::size_t left = s.size();
     Skip(s, 0, left);

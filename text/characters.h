@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ inline constexpr std::size_t kAll = std::string_view::npos;
 bool IsAscii(std::string_view s);
 
 std::size_t Length(std::string_view s);
+
+// All the parts, one behind the other.
+std::string Concat(std::initializer_list<std::string_view> parts);
 
 // The first and the last `count` characters, or all of them when there are fewer.
 std::string_view Left(std::string_view s, std::size_t count);

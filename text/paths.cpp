@@ -52,6 +52,10 @@ std::string WithoutBlanksBehind(std::string_view s, char mark) {
     return out;
 }
 
+bool IsPathMark(char c) {
+    return c == '\\' || c == '|';
+}
+
 std::string WithoutDoubledSlashes(std::string_view path) {
     std::string out(Left(path, 2));
     const std::size_t start = out.size();
@@ -123,7 +127,16 @@ std::string_view StripTrailingBar(std::string_view s) {
     return s;
 }
 
+bool IsCleanPath(std::string_view path, bool strict) {
+    if (path.starts_with(' ') || path.ends_with(' ')) return false;
+    for (std::size_t at = path.find(' '); at != path.npos; at = path.find(' ', at + 1)) {
+        if (IsPathMark(path[at - 1]) || IsPathMark(path[at + 1])) return false;
+    }
+    return !strict || (!path.ends_with('\\') && path.find(kDoubleSlash, 1) == path.npos);
+}
+
 std::string CleanSpacesInPath(std::string_view path, bool strict) {
+    if (IsCleanPath(path, strict)) return std::string(path);
     std::string out = WithoutBlanksBefore(LTrim(path), '\\');
     out = WithoutBlanksBehind(out, '\\');
     out = WithoutBlanksBefore(out, '|');
@@ -159,9 +172,10 @@ std::string RootAsFolders(std::string_view root) {
 std::string JoinPath(std::string_view folder, std::string_view name) {
     if (folder.empty()) return std::string(name);
     name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
-    std::string out(WithoutTrailingSlashes(folder));
-    out.reserve(out.size() + 1 + name.size());
-    return out.append(1, '\\').append(name);
+    folder = WithoutTrailingSlashes(folder);
+    std::string out;
+    out.reserve(folder.size() + 1 + name.size());
+    return out.append(folder).append(1, '\\').append(name);
 }
 
 } // namespace tarvix::text

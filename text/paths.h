@@ -38,6 +38,8 @@ std::string_view StripTrailingBar(std::string_view s);
 // Without blanks at the ends and next to "\" and "|". With `strict` also without doubled "\" from
 // the third character on and without one trailing "\".
 std::string CleanSpacesInPath(std::string_view path, bool strict);
+// Whether there is nothing to clean. May say no of a path that stays as it is.
+bool IsCleanPath(std::string_view path, bool strict);
 
 // "C:" or "\\server\share": the first two characters of a path with ":", otherwise the text before
 // the fourth "\". Empty is the failure: a UNC path with fewer than four "\".

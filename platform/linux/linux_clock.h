@@ -23,7 +23,7 @@ class LinuxClock : public Clock {
 
     std::optional<text::DateTime> fixedNow_;
     // Days whose offset from UTC is one and the same all day: day and offset in one word each.
-    std::array<std::atomic<std::uint64_t>, 512> days_{};
+    std::array<std::atomic<std::uint64_t>, 4096> days_{};
 };
 
 } // namespace tarvix::platform

@@ -54,7 +54,7 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
     const auto source = resolver_.File(from);
     if (!source) return std::unexpected(source.error());
     if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from);
-    const auto target = overwrite ? resolver_.Target(to) : resolver_.NewTarget(to);
+    const auto target = overwrite ? resolver_.Target(to) : NewTarget(to);
     if (!target) return std::unexpected(target.error());
     if (target->Exists()) {
         auto can = CheckReplace(*source->st, *target->st, LeadsToFolder(*target), overwrite, to);
@@ -124,6 +124,8 @@ Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,
     const std::string name(target.NativeName());
     auto copied = CopyObject({*location, *source.st, from, folder->Get(), name.c_str(), to}, run);
     if (copied && !target.Exists()) NoteMade(target);
+    // Others were faster than what is known of the folder.
+    if (!copied && copied.error().number == kAlreadyExists) names_.Forget(target.Folder());
     return copied;
 }
 

@@ -13,16 +13,16 @@ namespace tarvix::platform {
 namespace {
 bool HasSameFolder(const Place& a, const Place& b) {
     if (a.Folder() == b.Folder()) return true;
-    const auto ofA = StatBehindPath(a.Folder());
-    const auto ofB = StatBehindPath(b.Folder());
+    const auto ofA = StatBehindPath(std::string(a.Folder()));
+    const auto ofB = StatBehindPath(std::string(b.Folder()));
     return ofA && ofB && IsSameObject(*ofA, *ofB);
 }
 
 // Whether the target is the source under its own name in another case.
 bool IsCaseChange(const Place& source, const Place& target) {
     return target.Exists() && IsSameObject(*source.st, *target.st) &&
-           source.NativeName() != target.wantedName &&
-           text::EqualNoCase(source.NativeName(), target.wantedName) &&
+           source.NativeName() != target.WantedName() &&
+           text::EqualNoCase(source.NativeName(), target.WantedName()) &&
            HasSameFolder(source, target);
 }
 
@@ -33,12 +33,12 @@ Sys<void> RenameOver(At from, At to) {
     return {};
 }
 
-// The place with the name that was asked for, where an object of another case was found.
-Place AsWanted(const Place& target) {
-    Place named = target;
-    const std::string folder = target.Folder();
-    named.native = (folder == "/" ? "" : folder) + "/" + target.wantedName;
-    return named;
+// The native path with the name that was asked for, where an object of another case was found.
+std::string WantedPath(const Place& target) {
+    std::string native = target.native;
+    if (!target.otherName.empty())
+        native.replace(native.rfind('/') + 1, native.npos, target.otherName);
+    return native;
 }
 
 void RemoveIfPresent(const Place& place) {
@@ -52,23 +52,26 @@ void RemoveIfPresent(const Place& place) {
 bool LinuxFileSystem::IsTaken(const Place& source, const Place& target) {
     if (!target.Exists()) return false;
     if (!IsCaseChange(source, target)) return true;
-    return names_.HasOther(target.Folder(), target.wantedName, source.NativeName());
+    return names_.HasOther(target.Folder(), target.WantedName(), source.NativeName());
 }
 
 Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
-    const Place named = AsWanted(target);
+    const std::string wanted = WantedPath(target);
     const auto from = Locate(source.native);
     if (!from) return std::unexpected(from.error());
-    const auto to = Locate(named.native);
+    const auto to = Locate(wanted);
     if (!to) return std::unexpected(to.error());
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
     auto renamed =
         isOneName ? RenameOver(*from, *to) : RenameWithoutReplacing(*from, *to, isFolder, roads_);
-    if (!renamed) return renamed;
-    NoteGone(source);
-    NoteMade(named);
+    if (!renamed) {
+        // Others were faster than what is known of the folder.
+        if (renamed.error() == EEXIST) names_.Forget(target.Folder());
+        return renamed;
+    }
+    NoteRenamed(source, target);
     return {};
 }
 
@@ -76,7 +79,7 @@ Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view t
                                        const CopyObserver& observer) {
     const auto source = FileLookedAt(from);
     if (!source) return std::unexpected(source.error());
-    const auto target = resolver_.NewTarget(to);
+    const auto target = NewTarget(to);
     if (!target) return std::unexpected(target.error());
     if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);

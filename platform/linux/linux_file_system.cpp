@@ -1,5 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 
+#include "platform/linux/held_folders.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/native_facts.h"
 #include "platform/names.h"
@@ -74,14 +75,32 @@ std::string ShortForm(std::string_view truePath) {
 
 namespace {
 // What a thread looked at last: who looks at an object mostly acts on it next.
-struct LastLook {
-    const void* files = nullptr;
-    std::int64_t at = 0;
-    std::string path;
-    Place place;
+class LastLook {
+  public:
+    void Keep(const void* files, std::string_view path, Place place) {
+        files_ = files;
+        path_ = path;
+        place_ = std::move(place);
+        at_ = SteadyNow();
+    }
+    void Drop() { files_ = nullptr; }
+    // The place, unless more than a moment has gone by.
+    std::optional<Place> Take(const void* files, std::string_view path) {
+        if (files_ != files || path_ != path || SteadyNow() - at_ >= kLasts) return std::nullopt;
+        Drop();
+        return std::move(place_);
+    }
+
+  private:
+    static constexpr std::int64_t kLasts = 1'000'000; // nanoseconds
+
+    const void* files_ = nullptr;
+    std::int64_t at_ = 0;
+    std::string path_;
+    Place place_;
 };
-thread_local LastLook lastLook;
-constexpr std::int64_t kLookLasts = 1'000'000; // nanoseconds
+thread_local LastLook lastLook; // at an object
+thread_local LastLook lastFree; // at a place where none stands
 } // namespace
 
 Result<ObjectFacts> LinuxFileSystem::Facts(std::string_view path) {
@@ -91,20 +110,27 @@ Result<ObjectFacts> LinuxFileSystem::Facts(std::string_view path) {
     if (!location) return FailureOf(location.error(), path);
     const std::string_view name = place->IsRoot() ? std::string_view() : place->NativeName();
     auto facts = FactsFrom(*place->st, name, *location, *place->drives);
-    lastLook.files = this;
-    lastLook.path = path;
-    lastLook.place = std::move(*place);
-    lastLook.at = SteadyNow();
+    lastLook.Keep(this, path, std::move(*place));
     return facts;
 }
 
+bool LinuxFileSystem::SeemsFree(std::string_view path) {
+    auto place = resolver_.FreePlace(path);
+    if (!place) return false;
+    lastFree.Keep(this, path, std::move(*place));
+    return true;
+}
+
 Result<Place> LinuxFileSystem::FileLookedAt(std::string_view path) {
-    const bool isFresh = lastLook.files == this && lastLook.path == path &&
-                         SteadyNow() - lastLook.at < kLookLasts &&
-                         !S_ISDIR(lastLook.place.st->stx_mode);
-    if (!isFresh) return resolver_.File(path);
-    lastLook.files = nullptr;
-    return std::move(lastLook.place);
+    auto seen = lastLook.Take(this, path);
+    if (!seen || S_ISDIR(seen->st->stx_mode)) return resolver_.File(path);
+    return std::move(*seen);
+}
+
+Result<Place> LinuxFileSystem::NewTarget(std::string_view path) {
+    auto seen = lastFree.Take(this, path);
+    if (!seen) return resolver_.NewTarget(path);
+    return std::move(*seen);
 }
 
 Result<Place> LinuxFileSystem::TruePlace(std::string_view path) {
@@ -139,6 +165,11 @@ Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folde
     return FailureOf(opened.error(), folder);
 }
 
+void LinuxFileSystem::SetBusy(bool isBusy) {
+    HeldFolders& folders = HeldFolders::OfThread();
+    isBusy ? folders.Begin() : folders.End();
+}
+
 std::vector<DriveInfo> LinuxFileSystem::Drives() {
     std::vector<DriveInfo> drives = mounts_.Refreshed()->Drives();
     for (DriveInfo& drive : drives) {
@@ -149,14 +180,35 @@ std::vector<DriveInfo> LinuxFileSystem::Drives() {
     return drives;
 }
 
+void LinuxFileSystem::ForgetLooks() {
+    lastLook.Drop();
+    lastFree.Drop();
+}
+
+void LinuxFileSystem::ForgetFolder(const std::string& native) {
+    names_.Forget(native);
+    HeldFolders::OfThread().LetGo();
+}
+
 void LinuxFileSystem::NoteMade(const Place& place) {
-    lastLook.files = nullptr;
+    ForgetLooks();
     names_.NoteAdded(place.Folder(), place.NativeName());
 }
 
+void LinuxFileSystem::NoteRenamed(const Place& source, const Place& target) {
+    ForgetLooks();
+    if (S_ISDIR(source.st->stx_mode)) ForgetFolder(source.native);
+    if (source.Folder() == target.Folder()) {
+        names_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());
+    } else {
+        names_.NoteRemoved(source.Folder(), source.NativeName());
+        names_.NoteAdded(target.Folder(), target.WantedName());
+    }
+}
+
 void LinuxFileSystem::NoteGone(const Place& place) {
-    lastLook.files = nullptr;
-    if (place.Exists() && S_ISDIR(place.st->stx_mode)) names_.Forget(place.native);
+    ForgetLooks();
+    if (place.Exists() && S_ISDIR(place.st->stx_mode)) ForgetFolder(place.native);
     names_.NoteRemoved(place.Folder(), place.NativeName());
 }
 

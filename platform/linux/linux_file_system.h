@@ -19,6 +19,7 @@ class LinuxFileSystem : public FileSystem {
         : mounts_(mounts), resolver_(mounts, names_), roads_(roads) {}
 
     Result<ObjectFacts> Facts(std::string_view path) override;
+    bool SeemsFree(std::string_view path) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;
@@ -41,6 +42,7 @@ class LinuxFileSystem : public FileSystem {
                                                        bool overwrite) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
+    void SetBusy(bool isBusy) override;
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
 
@@ -55,6 +57,12 @@ class LinuxFileSystem : public FileSystem {
     Result<Place> TruePlace(std::string_view path);
     // A file as the same thread saw it less than a millisecond ago; else as it is now.
     Result<Place> FileLookedAt(std::string_view path);
+    // The place for what is put there in one step that never replaces, by what the same thread was
+    // told less than a millisecond ago.
+    Result<Place> NewTarget(std::string_view path);
+    static void ForgetLooks();
+    // What is known of a folder that left its place.
+    void ForgetFolder(const std::string& native);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
     Result<Place> FileForBytes(std::string_view path, bool toWrite);
     Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
@@ -66,6 +74,7 @@ class LinuxFileSystem : public FileSystem {
     Result<void> MoveAcross(const Place& source, const Place& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
     void NoteMade(const Place& place);
+    void NoteRenamed(const Place& source, const Place& target);
 
     Mounts& mounts_;
     NameCache names_;

@@ -16,7 +16,8 @@ Sys<std::string> TrueFolder(const Place& place) {
     struct Free {
         void operator()(char* text) const { std::free(text); }
     };
-    const std::unique_ptr<char, Free> real(::realpath(place.Folder().c_str(), nullptr));
+    const std::unique_ptr<char, Free> real(
+        ::realpath(std::string(place.Folder()).c_str(), nullptr));
     if (real == nullptr) return std::unexpected(errno);
     return std::string(real.get());
 }
@@ -55,7 +56,7 @@ class TrashRun {
 };
 
 Sys<void> TrashRun::Take(const Place& place) {
-    if (const std::string folder = place.Folder(); folder != folder_) {
+    if (const std::string folder(place.Folder()); folder != folder_) {
         auto real = TrueFolder(place);
         if (!real) return std::unexpected(real.error());
         folder_ = folder;

@@ -43,11 +43,11 @@ bool NameCache::IsDue(const Folder& folder, std::int64_t modified, std::int64_t 
 }
 
 // A folder that we are changing ourselves isn't looked at for each of our own changes.
-Sys<NameCache::Folder*> NameCache::Valid(const std::string& path) {
+Sys<NameCache::Folder*> NameCache::Valid(std::string_view path) {
     const auto found = folders_.find(path);
-    if (found == folders_.end() || !found->second.hasOwnChange) return Checked(path);
+    if (found == folders_.end() || !found->second.hasOwnChange) return Checked(std::string(path));
     const std::int64_t now = SteadyNow();
-    if (now - found->second.checkedAt > kTrusted) return Checked(path);
+    if (now - found->second.checkedAt > kTrusted) return Checked(std::string(path));
     found->second.usedAt = now;
     return &found->second;
 }
@@ -98,15 +98,14 @@ Sys<NameCache::Folder*> NameCache::Read(const std::string& path, std::int64_t mo
 }
 
 void NameCache::Add(Folder& folder, std::string_view nativeName) {
-    const std::string driveName = NameToDrive(nativeName);
-    const auto [entry, isNew] = folder.byUpper.try_emplace(text::Upper(driveName), nativeName);
+    const auto [entry, isNew] = folder.byUpper.try_emplace(text::Upper(nativeName), nativeName);
     if (!isNew) {
         auto& others = folder.clashing;
         const bool isKnown = entry->second == nativeName ||
                              std::find(others.begin(), others.end(), nativeName) != others.end();
         if (isKnown) return;
         others.emplace_back(nativeName);
-        if (driveName < NameToDrive(entry->second)) entry->second.swap(others.back());
+        if (NameToDrive(nativeName) < NameToDrive(entry->second)) entry->second.swap(others.back());
     }
     if (folder.byShort) AddShort(folder, nativeName);
 }
@@ -145,7 +144,7 @@ const std::string* NameCache::FindShort(Folder& folder, std::string_view name) {
     return found == folder.byShort->end() ? nullptr : &found->second;
 }
 
-Sys<std::optional<std::string>> NameCache::Find(const std::string& folder, std::string_view name) {
+Sys<std::optional<std::string>> NameCache::Find(std::string_view folder, std::string_view name) {
     const std::scoped_lock lock(mutex_);
     const auto valid = Valid(folder);
     if (!valid) return std::unexpected(valid.error());
@@ -154,29 +153,38 @@ Sys<std::optional<std::string>> NameCache::Find(const std::string& folder, std::
         if (native != nullptr && native->empty()) return std::nullopt;
         if (native != nullptr) return *native;
     }
-    const auto found = (*valid)->byUpper.find(text::Upper(name));
+    const auto found = (*valid)->byUpper.find(text::Upper(NameToNative(name)));
     if (found == (*valid)->byUpper.end()) return std::nullopt;
     return found->second;
 }
 
-bool NameCache::IsKnownFree(const std::string& folder, std::string_view name) {
-    const std::scoped_lock lock(mutex_);
-    if (!folders_.contains(folder) || LooksLikeMadeShortName(name)) return false;
-    const auto valid = Valid(folder);
-    return valid && !(*valid)->byUpper.contains(text::Upper(name));
+// What is looked for is mostly made next.
+const std::string& NameCache::UpperOf(std::string_view nativeName) {
+    if (lastName_ == nativeName) return lastUpper_;
+    lastName_ = nativeName;
+    lastUpper_.clear();
+    text::AppendUpper(lastUpper_, nativeName);
+    return lastUpper_;
 }
 
-bool NameCache::HasOther(const std::string& folder, std::string_view nativeName,
+bool NameCache::IsKnownFree(std::string_view folder, std::string_view nativeName) {
+    const std::scoped_lock lock(mutex_);
+    if (!folders_.contains(folder) || LooksLikeMadeShortName(nativeName)) return false;
+    const auto valid = Valid(folder);
+    return valid && !(*valid)->byUpper.contains(UpperOf(nativeName));
+}
+
+bool NameCache::HasOther(std::string_view folder, std::string_view nativeName,
                          std::string_view except) {
     const std::scoped_lock lock(mutex_);
     const auto valid = Valid(folder);
     if (!valid) return false;
-    const std::string upper = text::Upper(NameToDrive(nativeName));
+    const std::string upper = text::Upper(nativeName);
     const auto found = (*valid)->byUpper.find(upper);
     if (found != (*valid)->byUpper.end() && found->second != except) return true;
     const auto& others = (*valid)->clashing;
     return std::any_of(others.begin(), others.end(), [&](const std::string& other) {
-        return other != except && text::Upper(NameToDrive(other)) == upper;
+        return other != except && text::Upper(other) == upper;
     });
 }
 
@@ -196,9 +204,28 @@ void NameCache::NoteRemoved(std::string_view folder, std::string_view nativeName
         folders_.erase(found);
         return;
     }
-    found->second.byUpper.erase(text::Upper(NameToDrive(nativeName)));
+    found->second.byUpper.erase(text::Upper(nativeName));
     found->second.byShort.reset();
     found->second.hasOwnChange = true;
+}
+
+void NameCache::NoteRenamed(std::string_view folder, std::string_view from, std::string_view to) {
+    const std::scoped_lock lock(mutex_);
+    const auto found = folders_.find(folder);
+    if (found == folders_.end()) return;
+    if (!found->second.clashing.empty()) {
+        folders_.erase(found);
+        return;
+    }
+    found->second.byShort.reset();
+    found->second.hasOwnChange = true;
+    auto& names = found->second.byUpper;
+    auto entry = names.extract(text::Upper(from));
+    const std::string& upper = UpperOf(to);
+    if (!entry || names.contains(upper)) return Add(found->second, to);
+    entry.key() = upper;
+    entry.mapped() = to;
+    names.insert(std::move(entry));
 }
 
 void NameCache::Forget(std::string_view folder) {

@@ -21,18 +21,19 @@ class NameCache {
     // The disk name that `name` (drive form) stands for: by made short form when just one has it,
     // else the first in `Dir` order that is equal but for case. `folder` is an absolute native
     // path. Errnos when the folder is missing or can't be read.
-    Sys<std::optional<std::string>> Find(const std::string& folder, std::string_view name);
+    Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
 
-    // Whether a folder whose names are kept has none like `name` (drive form): by no form and in no
-    // case. An exact name that others put there while we are changing the folder may be missed.
-    bool IsKnownFree(const std::string& folder, std::string_view name);
+    // Whether a folder whose names are kept has none like a disk name: by no form and in no case.
+    // An exact name that others put there while we are changing the folder may be missed.
+    bool IsKnownFree(std::string_view folder, std::string_view nativeName);
 
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
-    bool HasOther(const std::string& folder, std::string_view nativeName, std::string_view except);
+    bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
 
     // What this process did in a folder. Names are disk names.
     void NoteAdded(std::string_view folder, std::string_view nativeName);
     void NoteRemoved(std::string_view folder, std::string_view nativeName);
+    void NoteRenamed(std::string_view folder, std::string_view from, std::string_view to);
     // Forgets what is kept of a folder and of those below it.
     void Forget(std::string_view folder);
 
@@ -56,15 +57,16 @@ class NameCache {
         std::int64_t readCost = 0;
         std::int64_t usedAt = 0;
         std::int64_t checkedAt = 0;        // when the folder itself was last looked at
-        Map<std::string> byUpper;          // upper-case drive form to disk name
+        Map<std::string> byUpper;          // disk names by their upper-case form
         std::vector<std::string> clashing; // disk names behind those in byUpper, but for case equal
         std::optional<Map<std::string>> byShort; // "" where two names share a form
     };
 
     static bool IsDue(const Folder& folder, std::int64_t modified, std::int64_t now);
-    Sys<Folder*> Valid(const std::string& path);
+    Sys<Folder*> Valid(std::string_view path);
     Sys<Folder*> Checked(const std::string& path);
     Sys<Folder*> Read(const std::string& path, std::int64_t modified);
+    const std::string& UpperOf(std::string_view nativeName);
     static void Add(Folder& folder, std::string_view nativeName);
     static void AddShort(Folder& folder, std::string_view nativeName);
     static const std::string* FindShort(Folder& folder, std::string_view name);
@@ -72,6 +74,8 @@ class NameCache {
 
     std::mutex mutex_;
     Map<Folder> folders_;
+    std::string lastName_;
+    std::string lastUpper_; // of the last name that was looked for
     std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
 };
 

@@ -4,15 +4,68 @@
 #include "platform/names.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 
 namespace tarvix::platform {
 
 namespace {
+// Where the last name of a native path starts.
+std::size_t NameStart(const std::string& native) {
+    const void* const slash = ::memrchr(native.data(), '/', native.size());
+    return slash == nullptr
+               ? 0
+               : static_cast<std::size_t>(static_cast<const char*>(slash) - native.data()) + 1;
+}
+
 bool MayBeFoundLoosely(int error) {
     return error == ENOENT;
 }
+
+// A folder on a drive that a thread worked out: most paths are followed by one of a neighbour.
+struct KnownFolder {
+    std::shared_ptr<const DriveTable> drives;
+    std::string path; // drive form, as it was given, without the final "\\"
+    std::string root;
+    std::string native;
+    std::size_t baseEnd = 0;
+};
+
+class KnownFolders {
+  public:
+    // Where a path in one of the folders leads; nothing for names that mean more than a name.
+    std::optional<Place> Find(const std::shared_ptr<const DriveTable>& drives,
+                              std::string_view path) const {
+        const std::size_t slash = path.rfind('\\');
+        if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return std::nullopt;
+        const std::string_view folder = path.substr(0, slash);
+        for (const KnownFolder& known : known_) {
+            if (known.drives != drives || known.path != folder) continue;
+            Place place{known.root, {}, known.baseEnd, {}, drives, {}};
+            place.native.reserve(known.native.size() + path.size() - slash);
+            place.native.append(known.native).append(1, '/');
+            AppendNameToNative(place.native, path.substr(slash + 1));
+            return place;
+        }
+        return std::nullopt;
+    }
+
+    void Note(const Place& place, std::string_view path) {
+        const std::size_t slash = path.rfind('\\');
+        if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
+        known_[next_] = {place.drives, std::string(path.substr(0, slash)), place.root,
+                         place.native.substr(0, place.native.rfind('/')), place.baseEnd};
+        next_ = (next_ + 1) % known_.size();
+    }
+
+  private:
+    std::array<KnownFolder, 4> known_;
+    std::size_t next_ = 0;
+};
+
+thread_local KnownFolders knownFolders;
 
 std::string UpperRoot(std::string_view root) {
     std::string out(root);
@@ -23,13 +76,14 @@ std::string UpperRoot(std::string_view root) {
 }
 } // namespace
 
-std::string Place::Folder() const {
-    const std::size_t slash = native.rfind('/');
-    return slash == 0 || slash == native.npos ? "/" : native.substr(0, slash);
+std::string_view Place::Folder() const {
+    const std::size_t name = NameStart(native);
+    if (name <= 1) return "/";
+    return std::string_view(native).substr(0, name - 1);
 }
 
 std::string_view Place::NativeName() const {
-    return std::string_view(native).substr(native.rfind('/') + 1);
+    return std::string_view(native).substr(NameStart(native));
 }
 
 std::string Place::DrivePath() const {
@@ -47,10 +101,11 @@ std::string Place::DrivePath() const {
 }
 
 Result<Place> PathResolver::ByText(std::string_view path) const {
-    const auto parsed = ParseDrivePath(path);
-    if (!parsed) return std::unexpected(parsed.error());
     Place place;
     place.drives = mounts_.Now();
+    if (auto known = knownFolders.Find(place.drives, path)) return std::move(*known);
+    const auto parsed = ParseDrivePath(path);
+    if (!parsed) return std::unexpected(parsed.error());
     auto base = place.drives->BaseOf(*parsed);
     if (!base) return FailureBy(kPathNotFound, path);
     place.root = UpperRoot(parsed->root);
@@ -64,9 +119,10 @@ Result<Place> PathResolver::ByText(std::string_view path) const {
             continue;
         }
         place.native += '/';
-        place.native += NameToNative(parsed->names[i]);
+        AppendNameToNative(place.native, parsed->names[i]);
     }
-    if (!place.IsRoot()) place.wantedName = place.NativeName();
+    // On a share more than the folder may tell where a name leads.
+    if (place.root.size() == 2 && !place.IsRoot()) knownFolders.Note(place, path);
     return place;
 }
 
@@ -97,10 +153,15 @@ Result<Place> PathResolver::Target(std::string_view path) const {
 }
 
 Result<Place> PathResolver::NewTarget(std::string_view path) const {
-    auto place = ByText(path);
-    if (!place || place->IsRoot()) return place ? Target(path) : place;
-    if (names_.IsKnownFree(place->Folder(), NameToDrive(place->NativeName()))) return place;
+    if (auto place = FreePlace(path)) return std::move(*place);
     return Target(path);
+}
+
+std::optional<Place> PathResolver::FreePlace(std::string_view path) const {
+    auto place = ByText(path);
+    if (!place || place->IsRoot()) return std::nullopt;
+    if (!names_.IsKnownFree(place->Folder(), place->NativeName())) return std::nullopt;
+    return std::move(*place);
 }
 
 // Most often only the last name isn't there as it stands.
@@ -119,12 +180,12 @@ Result<Place> PathResolver::Loosely(Place exact, std::string_view path) const {
 Result<Place> PathResolver::InFolder(Place place, std::string_view path,
                                      const std::optional<std::string>& name) const {
     if (!name) return place;
-    const std::string folder = place.Folder();
-    place.native = (folder == "/" ? std::string() : folder) + "/" + *name;
+    if (*name != place.NativeName()) place.otherName = place.NativeName();
+    place.native.replace(place.native.rfind('/') + 1, place.native.npos, *name);
     const auto st = StatOfPath(place.native);
     if (st) place.st = *st;
     if (!st && st.error() != ENOENT) return FailureOf(st.error(), path);
-    if (!st) names_.Forget(folder);
+    if (!st) names_.Forget(place.Folder());
     return place;
 }
 
@@ -150,6 +211,7 @@ Result<Place> PathResolver::ByWalk(Place place, std::string_view path) const {
             }
             if (isMissing) return place;
             place.native.replace(place.native.size() - name.size(), name.size(), **found);
+            if (begin == wanted.size() && **found != name) place.otherName = name;
             st = StatOfPath(place.native);
         }
         if (!st) return FailureOf(st.error(), path);
@@ -199,7 +261,7 @@ bool LeadsToFolder(const Place& place) {
 }
 
 Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path) {
-    const std::string folder = place.Folder();
+    const std::string folder(place.Folder());
     const auto location = Locate(folder);
     auto fd = location ? OpenAt(*location, O_PATH | O_DIRECTORY)
                        : Sys<UniqueFd>(std::unexpected(location.error()));

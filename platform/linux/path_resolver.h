@@ -16,16 +16,18 @@ namespace tarvix::platform {
 struct Place {
     std::string root;        // "C:" or "\\server\share", as given, drive in upper case
     std::string native;      // absolute native path; existing parts as the disk spells them
-    std::string wantedName;  // disk name of the last part as it was asked for
     std::size_t baseEnd = 0; // behind the drive's own folder; the names of the path follow
+    std::string otherName;   // disk name as it was asked for, where an object of another was found
     std::shared_ptr<const DriveTable> drives;
 
     std::optional<struct statx> st; // the object itself, links not followed; none when missing
 
     bool Exists() const { return st.has_value(); }
     bool IsRoot() const { return native.size() == baseEnd; }
-    std::string Folder() const;          // native path of the parent folder
+    std::string_view Folder() const;     // native path of the parent folder
     std::string_view NativeName() const; // disk name of the object
+    // Disk name of the last part as it was asked for.
+    std::string_view WantedName() const { return otherName.empty() ? NativeName() : otherName; }
     // The path as the disk spells it.
     std::string DrivePath() const;
 };
@@ -45,6 +47,8 @@ class PathResolver {
     // The same for what will be put there in one step that never replaces anything (58): what
     // others put there just now may be missed.
     Result<Place> NewTarget(std::string_view path) const;
+    // That place, if it is known to be free without a look at the disk.
+    std::optional<Place> FreePlace(std::string_view path) const;
     // The same object with each name as the disk spells it, for file systems that find exact names
     // in any case.
     Result<Place> Spelled(Place place, std::string_view path) const;

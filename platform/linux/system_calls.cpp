@@ -1,7 +1,10 @@
 #include "platform/linux/system_calls.h"
 
+#include "platform/linux/held_folders.h"
+
 #include <climits>
 
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <fcntl.h>
@@ -24,20 +27,28 @@ Sys<struct statx> Stat(At at, int flags) {
 } // namespace
 
 Location::operator At() const {
-    return {folder ? folder.Get() : AT_FDCWD, name};
+    return {folder ? folder->Get() : AT_FDCWD, name};
 }
 
 Sys<Location> Locate(const std::string& native) {
-    Location location{{}, native.empty() ? "/" : native.c_str()};
+    Location location{nullptr, native.empty() ? "/" : native.c_str()};
+    if (HeldFolders& folders = HeldFolders::OfThread(); folders.IsOn()) {
+        const std::size_t slash = std::min(native.rfind('/'), native.size());
+        location.folder = folders.Find(std::string_view(native).substr(0, slash));
+        if (location.folder) {
+            location.name = native.c_str() + slash + 1;
+            return location;
+        }
+    }
     std::size_t begin = 0;
     while (native.size() - begin >= PATH_MAX) {
         const std::size_t slash = native.rfind('/', begin + PATH_MAX - 1);
         if (slash == native.npos || slash <= begin) return std::unexpected(ENAMETOOLONG);
         const std::string step = native.substr(begin, slash - begin);
-        const int from = location.folder ? location.folder.Get() : AT_FDCWD;
+        const int from = location.folder ? location.folder->Get() : AT_FDCWD;
         auto opened = OpenAt({from, step.c_str()}, O_PATH | O_DIRECTORY);
         if (!opened) return std::unexpected(opened.error());
-        location.folder = std::move(*opened);
+        location.folder = std::make_shared<const UniqueFd>(std::move(*opened));
         begin = slash + 1;
         location.name = native.c_str() + begin;
     }

@@ -5,6 +5,7 @@
 #include "platform/object_facts.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -18,15 +19,16 @@ struct At {
     const char* name;
 };
 
-// A native path made short enough for one system call. It points into the path it was made from.
+// A native path made short for one system call. It points into the path it was made from.
 struct Location {
-    UniqueFd folder; // none when the whole path fits
+    std::shared_ptr<const UniqueFd> folder; // none when the path is absolute
     const char* name = nullptr;
 
     operator At() const; // NOLINT: meant to stand for it
 };
 
-// Walks an absolute path in steps where it is longer than the system takes at once.
+// Starts from a folder that the thread holds open, and else walks an absolute path in steps where
+// it is longer than the system takes at once.
 Sys<Location> Locate(const std::string& native);
 
 // Facts of an object as the system gives them, links not followed; birth time where it is kept.

@@ -11,6 +11,7 @@ namespace tarvix::platform {
 
 namespace {
 constexpr std::size_t kMostLookedAt = 64;
+constexpr std::size_t kLead = 4;
 constexpr std::size_t kMostReady = 16;
 constexpr std::size_t kFewReady = kMostReady / 2;
 constexpr std::uint64_t kMostBytes = 8 << 20;
@@ -116,8 +117,8 @@ bool CopyAhead::Drop() {
     return hadAny;
 }
 
-// The first that waits, but not the very next to be asked for, which is sooner done by the one who
-// asks.
+// The first that waits, but not one of the very next to be asked for: those are sooner done by the
+// one who asks than waited for.
 std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
     std::size_t ready = 0;
     std::uint64_t bytes = 0;
@@ -129,10 +130,8 @@ std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
             bytes += entry->st.stx_size;
         }
         if (entry->state != State::kWaiting) continue;
-        const bool isLater = next != nullptr;
-        if (!isLater) next = entry;
-        if (isLater && next == entries_.front()) next = entry;
-        if (next != entries_.front()) break;
+        if (next == nullptr || i <= kLead) next = entry;
+        if (i >= kLead) break;
     }
     return ready < kMostReady && bytes < kMostBytes ? next : nullptr;
 }

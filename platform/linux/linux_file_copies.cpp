@@ -51,7 +51,7 @@ Result<UniqueFd> MakeTarget(int outer, const Place& target, std::string_view pat
 
 Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                        const CopyObserver& observer) {
-    const auto source = resolver_.File(from);
+    const auto source = FileLookedAt(from);
     if (!source) return std::unexpected(source.error());
     if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from);
     const auto target = overwrite ? resolver_.Target(to) : NewTarget(to);

@@ -19,6 +19,7 @@ constexpr std::size_t kMostNames = 400'000;
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
 constexpr std::int64_t kTrusted = 5'000'000;
+constexpr std::int64_t kOwnTrusted = 1'000'000'000;
 constexpr std::int64_t kCheap = 200'000; // nanoseconds
 constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
 
@@ -167,9 +168,16 @@ const std::string& NameCache::UpperOf(std::string_view nativeName) {
     return lastUpper_;
 }
 
+// Where files are put into many folders in turn, each would else be read for every single one.
+bool NameCache::WasReadJustNow(const Folder& folder) {
+    return folder.hasOwnChange && SteadyNow() - folder.readAt < kOwnTrusted;
+}
+
 bool NameCache::IsKnownFree(std::string_view folder, std::string_view nativeName) {
     const std::scoped_lock lock(mutex_);
-    if (!folders_.contains(folder) || LooksLikeMadeShortName(nativeName)) return false;
+    const auto found = folders_.find(folder);
+    if (found == folders_.end() || LooksLikeMadeShortName(nativeName)) return false;
+    if (WasReadJustNow(found->second)) return !found->second.byUpper.contains(UpperOf(nativeName));
     const auto valid = Valid(folder);
     return valid && !(*valid)->byUpper.contains(UpperOf(nativeName));
 }

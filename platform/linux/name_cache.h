@@ -62,6 +62,7 @@ class NameCache {
         std::optional<Map<std::string>> byShort; // "" where two names share a form
     };
 
+    static bool WasReadJustNow(const Folder& folder);
     static bool IsDue(const Folder& folder, std::int64_t modified, std::int64_t now);
     Sys<Folder*> Valid(std::string_view path);
     Sys<Folder*> Checked(const std::string& path);

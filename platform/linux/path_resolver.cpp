@@ -4,10 +4,10 @@
 #include "platform/names.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <unordered_map>
 
 namespace tarvix::platform {
 
@@ -24,45 +24,51 @@ bool MayBeFoundLoosely(int error) {
     return error == ENOENT;
 }
 
-// A folder on a drive that a thread worked out: most paths are followed by one of a neighbour.
-struct KnownFolder {
-    std::shared_ptr<const DriveTable> drives;
-    std::string path; // drive form, as it was given, without the final "\\"
-    std::string root;
-    std::string native;
-    std::size_t baseEnd = 0;
-};
-
+// Folders on drives that a thread worked out: most paths are followed by others like them.
 class KnownFolders {
   public:
     // Where a path in one of the folders leads; nothing for names that mean more than a name.
     std::optional<Place> Find(const std::shared_ptr<const DriveTable>& drives,
                               std::string_view path) const {
         const std::size_t slash = path.rfind('\\');
-        if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return std::nullopt;
-        const std::string_view folder = path.substr(0, slash);
-        for (const KnownFolder& known : known_) {
-            if (known.drives != drives || known.path != folder) continue;
-            Place place{known.root, {}, known.baseEnd, {}, drives, {}};
-            place.native.reserve(known.native.size() + path.size() - slash);
-            place.native.append(known.native).append(1, '/');
-            AppendNameToNative(place.native, path.substr(slash + 1));
-            return place;
-        }
-        return std::nullopt;
+        if (slash == path.npos || drives != drives_) return std::nullopt;
+        const auto found = folders_.find(path.substr(0, slash));
+        if (found == folders_.end() || !CanBeName(path.substr(slash + 1))) return std::nullopt;
+        const Folder& known = found->second;
+        Place place{known.root, {}, known.baseEnd, {}, drives, {}};
+        place.native.reserve(known.native.size() + path.size() - slash);
+        place.native.append(known.native).append(1, '/');
+        AppendNameToNative(place.native, path.substr(slash + 1));
+        return place;
     }
 
     void Note(const Place& place, std::string_view path) {
         const std::size_t slash = path.rfind('\\');
         if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
-        known_[next_] = {place.drives, std::string(path.substr(0, slash)), place.root,
-                         place.native.substr(0, place.native.rfind('/')), place.baseEnd};
-        next_ = (next_ + 1) % known_.size();
+        if (drives_ != place.drives || folders_.size() >= kMostFolders) folders_.clear();
+        drives_ = place.drives;
+        folders_.insert_or_assign(
+            std::string(path.substr(0, slash)),
+            Folder{place.root, place.native.substr(0, NameStart(place.native) - 1), place.baseEnd});
     }
 
   private:
-    std::array<KnownFolder, 4> known_;
-    std::size_t next_ = 0;
+    static constexpr std::size_t kMostFolders = 2048;
+    struct Folder {
+        std::string root;
+        std::string native;
+        std::size_t baseEnd = 0;
+    };
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>()(s);
+        }
+    };
+
+    std::shared_ptr<const DriveTable> drives_;
+    // By drive form, as it was given, without the final "\".
+    std::unordered_map<std::string, Folder, Hash, std::equal_to<>> folders_;
 };
 
 thread_local KnownFolders knownFolders;

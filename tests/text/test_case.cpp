@@ -1,8 +1,11 @@
 #include "text/case.h"
+#include "text/characters.h"
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
+#include <vector>
 
 using namespace tarvix::text;
 
@@ -58,6 +61,140 @@ TEST(CompareNoCase, OrdersByUpperCodePoints) {
     EXPECT_GT(CompareNoCase("_", "a"), 0); // "_" lies behind "A"
     EXPECT_LT(CompareNoCase("z", "é"), 0);
     EXPECT_LT(CompareNoCase("\uFFFD", "😀"), 0);
+}
+
+// The order as it is told: character by character of the upper-case forms.
+int PlainOrder(std::string_view a, std::string_view b) {
+    const auto characters = [](const std::string& upper) {
+        std::vector<char32_t> all;
+        for (std::size_t pos = 0; pos < upper.size();)
+            all.push_back(NextCharacter(upper, pos));
+        return all;
+    };
+    const auto left = characters(Upper(a));
+    const auto right = characters(Upper(b));
+    return left < right ? -1 : right < left ? 1 : 0;
+}
+
+int Sign(int order) {
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
+}
+
+TEST(CompareNoCase, CharactersThatShareTheirFirstBytes) {
+    constexpr struct {
+        const char* a;
+        const char* b;
+        int order;
+    } rows[] = {
+        {"\u00E9", "\u00E8", 1},         // C3 A9, C3 A8
+        {"\u00C9", "\u00E9", 0},         // C3 89, C3 A9
+        {"\u00C9", "\u00E8", 1},         // upper-case forms C9 and C8
+        {"\u00FF", "\u00FE", 1},         // upper-case forms 178 and DE
+        {"\u2C00", "\u2C30", 0},         // E2 B0 80, E2 B0 B0
+        {"\u20AC", "\u20AD", -1},        // E2 82 AC, E2 82 AD
+        {"\U00010400", "\U00010428", 0}, // F0 90 90 80, F0 90 90 A8
+        {"\U0001F600", "\U0001F601", -1},
+        {"\U0001F600", "\U0001F3B5", 1},
+        {"\xE2\x82", "\u20AC", 1}, // bad bytes lie behind all characters
+        {"\xC3", "\u00E9", 1},
+        {"\u00E9\x80", "\u00E9\x81", -1},
+        {"\x80\x80", "\x80\x81", -1},
+        {"\xF0\x9F\x98", "\xF0\x9F\x99", -1},
+        {"\u00E9", "\u00E9\x80", -1},
+    };
+    for (const auto& row : rows) {
+        for (const std::size_t front : {0U, 1U, 5U, 6U, 7U, 8U, 9U, 15U, 16U}) {
+            for (const char* behind : {"", "x", "12345678"}) {
+                const std::string a = std::string(front, 'x') + row.a + behind;
+                const std::string b = std::string(front, 'X') + row.b + behind;
+                const std::string c = std::string(front, 'x') + row.b + behind;
+                // What stands behind decides nothing unless one text ends.
+                if (*behind != 0 && std::string_view(row.b).starts_with(row.a)) continue;
+                EXPECT_EQ(Sign(CompareNoCase(a, b)), row.order) << a << " " << b;
+                EXPECT_EQ(Sign(CompareNoCase(a, c)), row.order) << a << " " << c;
+                EXPECT_EQ(Sign(CompareNoCase(c, a)), -row.order) << c << " " << a;
+                EXPECT_EQ(EqualNoCase(a, c), row.order == 0) << a << " " << c;
+            }
+        }
+    }
+}
+
+std::string RandomPieces(std::mt19937& random, std::size_t most) {
+    static const char* const kPieces[] = {
+        "a",      "A",          "z",          "_",          "\u00E9",     "\u00C9",
+        "\u00E8", "\u00DF",     "\u1E9E",     "\u0131",     "\u20AC",     "\u2C00",
+        "\u2C30", "\U00010400", "\U00010428", "\U0001F600", "\U0001F601", "\xC3",
+        "\xA9",   "\x89",       "\xE2",       "\x82",       "\xF0\x9F",   "\xFF"};
+    std::string out;
+    for (std::size_t i = random() % (most + 1); i > 0; --i)
+        out += kPieces[random() % std::size(kPieces)];
+    return out;
+}
+
+TEST(CompareNoCase, RandomTextsAreOrderedAsTheirUpperForms) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 20000; ++round) {
+        const std::string front = RandomPieces(random, 6);
+        const std::string a = front + RandomPieces(random, 2);
+        const std::string b = front + RandomPieces(random, 2);
+        ASSERT_EQ(Sign(CompareNoCase(a, b)), PlainOrder(a, b)) << a << " | " << b;
+        ASSERT_EQ(EqualNoCase(a, b), PlainOrder(a, b) == 0) << a << " | " << b;
+    }
+}
+
+TEST(CompareNoCase, RandomBytesAreOrderedAsTheirUpperForms) {
+    std::mt19937 random(12);
+    for (int round = 0; round < 20000; ++round) {
+        std::string a;
+        for (std::size_t i = random() % 12; i > 0; --i)
+            a += static_cast<char>(random() % 4 == 0 ? 'a' : 0x80 + random() % 128);
+        std::string b = a;
+        if (!b.empty()) b[random() % b.size()] = static_cast<char>(random() % 256);
+        ASSERT_EQ(Sign(CompareNoCase(a, b)), PlainOrder(a, b)) << a << " | " << b;
+    }
+}
+
+TEST(StartsWithNoCase, ComparesUpperForms) {
+    EXPECT_TRUE(StartsWithNoCase("C:\\Music\\a", "c:\\music\\"));
+    EXPECT_TRUE(StartsWithNoCase("\u00C4rger", "\u00E4"));
+    EXPECT_TRUE(StartsWithNoCase("12345678\u00E9", "12345678\u00C9"));
+    EXPECT_FALSE(StartsWithNoCase("C:\\Music", "c:\\music\\"));
+    EXPECT_FALSE(StartsWithNoCase("abc", "b"));
+    EXPECT_FALSE(StartsWithNoCase("\u00E9", "\u00E8"));
+}
+
+TEST(StartsWithNoCase, AnEmptyStartAlwaysFits) {
+    EXPECT_TRUE(StartsWithNoCase("", ""));
+    EXPECT_TRUE(StartsWithNoCase("a", ""));
+    EXPECT_FALSE(StartsWithNoCase("", "a"));
+}
+
+TEST(StartsWithNoCase, TheWholeTextIsAStart) {
+    EXPECT_TRUE(StartsWithNoCase("Stra\u00DFe", "STRA\u00DFE"));
+    EXPECT_TRUE(StartsWithNoCase("a\xFF", "A\xFF"));
+    EXPECT_FALSE(StartsWithNoCase("Stra\u00DFe", "STRASSE"));
+}
+
+TEST(StartsWithNoCase, PartOfACharacterIsNoStart) {
+    EXPECT_FALSE(StartsWithNoCase("\u00E9", "\xC3"));
+    EXPECT_FALSE(StartsWithNoCase("a\u20AC", "A\xE2\x82"));
+    EXPECT_FALSE(StartsWithNoCase("\U0001F600", "\xF0\x9F\x98"));
+    EXPECT_TRUE(StartsWithNoCase("\xE2\x82z", "\xE2\x82"));
+}
+
+TEST(StartsWithNoCase, RandomTextsStartAsTheirUpperFormsDo) {
+    std::mt19937 random(13);
+    for (int round = 0; round < 20000; ++round) {
+        const std::string front = RandomPieces(random, 3);
+        const std::string s = front + RandomPieces(random, 2);
+        const std::string start = front + RandomPieces(random, 1);
+        bool isStart = false; // of whole characters
+        for (std::size_t pos = 0;; NextCharacter(s, pos)) {
+            isStart = isStart || PlainOrder(s.substr(0, pos), start) == 0;
+            if (pos == s.size()) break;
+        }
+        ASSERT_EQ(StartsWithNoCase(s, start), isStart) << s << " | " << start;
+    }
 }
 
 TEST(ContainsNoCase, FindsInEitherCase) {

@@ -181,4 +181,18 @@ TEST(NextCharacter, BadBytesComeBackAsTheyWere) {
     EXPECT_EQ(out, text);
 }
 
+TEST(Concat, PutsAllPartsBehindEachOther) {
+    EXPECT_EQ(Concat({}), "");
+    EXPECT_EQ(Concat({""}), "");
+    EXPECT_EQ(Concat({"a"}), "a");
+    EXPECT_EQ(Concat({"", "ab", "", "c", ""}), "abc");
+    EXPECT_EQ(Concat({"\u00E9", "\xFF", "\u20AC"}), "\u00E9\xFF\u20AC");
+}
+
+TEST(Concat, TakesZeroBytesAndPartsOfTexts) {
+    const std::string whole = "0123456789";
+    const std::string_view view = whole;
+    EXPECT_EQ(Concat({view.substr(2, 3), "\0x"s, view.substr(10), view}), "234\0x0123456789"s);
+}
+
 } // namespace

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 using namespace tarvix::text;
 
@@ -144,6 +146,60 @@ TEST(CleanSpacesInPath, InItsOrder) {
         EXPECT_EQ(CleanSpacesInPath(row.path, false), row.plain) << row.path;
         EXPECT_EQ(CleanSpacesInPath(row.path, true), row.strict) << row.path;
     }
+}
+
+// Blanks go where they touch an end, "\\" or "|". Then, from the third character on, a "\\" goes
+// that follows another of these, and at last one "\\" at the end.
+std::string PlainlyCleaned(const std::string& path, bool strict) {
+    const auto isEdge = [&](std::size_t at) {
+        return at >= path.size() || path[at] == '\\' || path[at] == '|';
+    };
+    std::string out;
+    for (std::size_t at = 0; at < path.size();) {
+        const std::size_t end = std::min(path.find_first_not_of(' ', at), path.size());
+        if (end > at && !(at == 0 || isEdge(at - 1) || isEdge(end))) out.append(path, at, end - at);
+        if (end < path.size()) out += path[end];
+        at = end + 1;
+    }
+    if (!strict) return out;
+    std::size_t at = 3;
+    while (at < out.size()) {
+        if (out[at] == '\\' && out[at - 1] == '\\') {
+            out.erase(at, 1);
+        } else {
+            ++at;
+        }
+    }
+    if (out.ends_with('\\')) out.pop_back();
+    return out;
+}
+
+TEST(CleanSpacesInPath, EveryShortTextIsCleanedAsTold) {
+    constexpr std::string_view kAlphabet = "\\| a:";
+    std::vector<std::string> texts{""};
+    for (std::size_t next = 0; next < texts.size(); ++next) {
+        const std::string text = texts[next];
+        for (const bool strict : {false, true}) {
+            const std::string cleaned = PlainlyCleaned(text, strict);
+            ASSERT_EQ(CleanSpacesInPath(text, strict), cleaned) << '"' << text << '"' << strict;
+            ASSERT_TRUE(!IsCleanPath(text, strict) || cleaned == text) << '"' << text << '"';
+        }
+        if (text.size() == 6) continue;
+        for (const char c : kAlphabet)
+            texts.push_back(text + c);
+    }
+}
+
+TEST(IsCleanPath, OrdinaryPathsHaveNothingToClean) {
+    for (const char* path : {R"(C:\a b\c)", R"(\\pc\d\x)", "name", R"(C:\Müsli\b c.txt)", "C:"}) {
+        EXPECT_TRUE(IsCleanPath(path, true)) << path;
+        EXPECT_TRUE(IsCleanPath(path, false)) << path;
+    }
+    EXPECT_TRUE(IsCleanPath(R"(C:\a\)", false));
+    EXPECT_FALSE(IsCleanPath(R"(C:\a\)", true));
+    EXPECT_FALSE(IsCleanPath(R"(C:\a\\b)", true));
+    EXPECT_FALSE(IsCleanPath(R"(C:\a \b)", false));
+    EXPECT_FALSE(IsCleanPath("a| b", false));
 }
 
 struct RootCase {

@@ -28,6 +28,15 @@ void HeldFolders::LetGo() {
         held = {};
 }
 
+void HeldFolders::LetGoAt(std::string_view path) {
+    for (Held& held : held_) {
+        const std::string_view folder = held.path;
+        const bool isAt = folder.starts_with(path) &&
+                          (folder.size() == path.size() || folder[path.size()] == '/');
+        if (isAt) held = {};
+    }
+}
+
 std::shared_ptr<const UniqueFd> HeldFolders::Find(std::string_view folder) {
     if (!IsOn() || folder.empty() || folder.size() >= PATH_MAX) return nullptr;
     ++calls_;

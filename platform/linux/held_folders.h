@@ -22,6 +22,8 @@ class HeldFolders {
     bool IsOn() const { return depth_ > 0; }
     // To be called when a folder was moved, removed or put in the place of another.
     void LetGo();
+    // To be called when an object was made at `path`, where others may have taken a folder away.
+    void LetGoAt(std::string_view path);
 
     // A descriptor of a folder given by its absolute native path without a final "/"; none when it
     // isn't held. A folder that is asked for again and again becomes held.

@@ -180,6 +180,12 @@ std::vector<DriveInfo> LinuxFileSystem::Drives() {
     return drives;
 }
 
+namespace {
+bool MayLeadToFolder(const Place& place) {
+    return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
+}
+} // namespace
+
 void LinuxFileSystem::ForgetLooks() {
     lastLook.Drop();
     lastFree.Drop();
@@ -192,12 +198,13 @@ void LinuxFileSystem::ForgetFolder(const std::string& native) {
 
 void LinuxFileSystem::NoteMade(const Place& place) {
     ForgetLooks();
+    HeldFolders::OfThread().LetGoAt(place.native);
     names_.NoteAdded(place.Folder(), place.NativeName());
 }
 
 void LinuxFileSystem::NoteRenamed(const Place& source, const Place& target) {
     ForgetLooks();
-    if (S_ISDIR(source.st->stx_mode)) ForgetFolder(source.native);
+    if (MayLeadToFolder(source)) ForgetFolder(source.native);
     if (source.Folder() == target.Folder()) {
         names_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());
     } else {
@@ -208,7 +215,7 @@ void LinuxFileSystem::NoteRenamed(const Place& source, const Place& target) {
 
 void LinuxFileSystem::NoteGone(const Place& place) {
     ForgetLooks();
-    if (place.Exists() && S_ISDIR(place.st->stx_mode)) ForgetFolder(place.native);
+    if (MayLeadToFolder(place)) ForgetFolder(place.native);
     names_.NoteRemoved(place.Folder(), place.NativeName());
 }
 

@@ -17,6 +17,8 @@ class LinuxFileSystem : public FileSystem {
   public:
     explicit LinuxFileSystem(Mounts& mounts, CopyRoads roads = {})
         : mounts_(mounts), resolver_(mounts, names_), roads_(roads) {}
+    // The next one may come to lie at the same address.
+    ~LinuxFileSystem() override { ForgetLooks(); }
 
     Result<ObjectFacts> Facts(std::string_view path) override;
     bool SeemsFree(std::string_view path) override;

@@ -180,4 +180,28 @@ TEST_F(LinuxLookupTest, NamesThatAreNotUtf8AreListedAndCopiedWithTheirFolder) {
     EXPECT_EQ(NumberOf(files().Facts(At("from\\b?d"))), kBadFileName);
 }
 
+TEST(LinuxLooks, AnotherFileSystemThatLiesWhereOneWasLooksForItself) {
+    const TemporaryFolder one;
+    const TemporaryFolder two;
+    std::ofstream(one.Path() + "/a.txt") << "one";
+    std::ofstream(two.Path() + "/b.txt") << "two";
+    Mounts first({{'T', one.Path()}});
+    Mounts second({{'T', two.Path()}});
+    std::optional<LinuxFileSystem> files;
+    files.emplace(first);
+    EXPECT_FALSE(files->Facts("T:\\NONE"));
+    EXPECT_TRUE(files->Facts("T:\\a.txt"));
+    EXPECT_TRUE(files->SeemsFree("T:\\b.txt"));
+    files.emplace(second);
+    EXPECT_EQ(NumberOf(files->MoveFile("T:\\a.txt", "T:\\c.txt", {})), kFileNotFound);
+    files.emplace(first);
+    EXPECT_FALSE(files->Facts("T:\\NONE"));
+    EXPECT_TRUE(files->SeemsFree("T:\\c.txt"));
+    files.emplace(second);
+    EXPECT_TRUE(files->MoveFile("T:\\b.txt", "T:\\c.txt", {}));
+    EXPECT_TRUE(std::filesystem::exists(one.Path() + "/a.txt"));
+    EXPECT_FALSE(std::filesystem::exists(one.Path() + "/c.txt"));
+    EXPECT_TRUE(std::filesystem::exists(two.Path() + "/c.txt"));
+}
+
 } // namespace tarvix::platform

@@ -78,4 +78,56 @@ TEST(Names, WhatCanBeAName) {
     EXPECT_FALSE(CanBeName(std::string_view("a\0b", 3)));
 }
 
+TEST(Names, EachSingleByteThatCanBeAName) {
+    constexpr std::string_view kReserved = "\\/:*?\"<>|";
+    for (int byte = 0; byte < 256; ++byte) {
+        const char c = static_cast<char>(byte);
+        const bool isFree = byte >= 32 && byte < 128 && kReserved.find(c) == kReserved.npos;
+        EXPECT_EQ(CanBeName(std::string(1, c)), isFree && c != '.') << byte;
+        EXPECT_EQ(CanBeName(std::string("a") + c + "b"), isFree) << byte;
+        EXPECT_EQ(CanBeName(std::string("A longer name ") + c), isFree) << byte;
+    }
+}
+
+TEST(Names, AReservedCharacterAndOthersBeyondAsciiInOneName) {
+    EXPECT_TRUE(CanBeName("\u00E9t\u00E9"));
+    EXPECT_FALSE(CanBeName("\u00E9:"));
+    EXPECT_FALSE(CanBeName(":\u00E9"));
+    EXPECT_FALSE(CanBeName("\u00E9\xE9"));
+    EXPECT_FALSE(CanBeName("\u00E9\x80"));
+    EXPECT_FALSE(CanBeName("a\xEF"));
+}
+
+TEST(Names, AppendNameToNativeAddsToWhatIsThere) {
+    std::string out = "/home";
+    AppendNameToNative(out, "/plain");
+    AppendNameToNative(out, "");
+    AppendNameToNative(out, "a\uF03Ab");
+    AppendNameToNative(out, "\uF05C");
+    EXPECT_EQ(out, "/home/plaina:b\\");
+}
+
+TEST(Names, TheEndsOfTheRangeOfCarriedCharacters) {
+    EXPECT_EQ(NameToNative("a\uEFFF"), "a\uEFFF");
+    EXPECT_EQ(NameToNative("a\uF000"), "a\uF000");
+    EXPECT_EQ(NameToNative("a\uF001"), "a\x01");
+    EXPECT_EQ(NameToNative("a\uF03E"), "a>");
+    EXPECT_EQ(NameToNative("a\uF07C"), "a|");
+    EXPECT_EQ(NameToNative("a\uF07F"), "a\uF07F");
+    EXPECT_EQ(NameToNative("a\uF080"), "a\uF080");
+    EXPECT_EQ(NameToDrive("a\uEFFF"), "a\uEFFF");
+    EXPECT_EQ(NameToDrive("a\uF07C"), "a?");
+}
+
+TEST(Names, AByteThatStartsCarriedCharactersAloneOrInFrontOfOne) {
+    EXPECT_EQ(NameToNative("a\xEF"), "a\xEF");
+    EXPECT_EQ(NameToNative("\xEF"), "\xEF");
+    EXPECT_EQ(NameToNative("a\xEF\x80"), "a\xEF\x80");
+    EXPECT_EQ(NameToNative("a\uF03A\xEF"), "a:\xEF");
+    EXPECT_EQ(NameToNative("\xEF\uF03A"), "\xEF:");
+    EXPECT_EQ(NameToNative("\uFB01\uF03A"), "\uFB01:"); // EF AC 81 first
+    EXPECT_EQ(NameToDrive("a\xEF"), "a?");
+    EXPECT_EQ(NameToDrive("\xEF\uF03A"), "??");
+}
+
 } // namespace tarvix::platform

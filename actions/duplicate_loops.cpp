@@ -117,7 +117,7 @@ class Loop {
     }
 
   private:
-    static constexpr std::size_t kPlanEvery = 32;
+    static constexpr std::size_t kPlanEvery = 40;
     static constexpr std::size_t kPlanned = 64;
 
     // Lets the disk read the next files while those before them are settled. They will mostly go

@@ -163,8 +163,9 @@ void CopyAhead::Work() {
     }
 }
 
-bool CopyAhead::Prepare(Entry& entry) const {
-    const AheadItem& item = entry.item;
+bool CopyAhead::Prepare(Entry& entry) {
+    AheadItem& item = entry.item;
+    if (item.source.empty() && !(findSource_ && findSource_(item))) return false;
     const int folder = item.sourceFolder == nullptr ? AT_FDCWD : item.sourceFolder->Get();
     const auto in = OpenForCopy({folder, item.source.c_str()});
     if (!in) return false;

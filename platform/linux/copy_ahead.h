@@ -5,12 +5,14 @@
 
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tarvix::platform {
@@ -19,7 +21,7 @@ namespace tarvix::platform {
 struct AheadItem {
     std::string key;                        // its drive path, as its copy will be asked for
     std::shared_ptr<UniqueFd> sourceFolder; // none where `source` is an absolute path
-    std::string source;
+    std::string source;                     // empty where it is still to be found
     std::shared_ptr<UniqueFd> targetFolder; // any folder of the file system that it goes to
 };
 
@@ -28,7 +30,11 @@ struct AheadItem {
 // by then. What is not asked for vanishes, after a short while at the latest.
 class CopyAhead {
   public:
-    explicit CopyAhead(CopyRoads roads) : roads_(roads) {}
+    // Finds the source of an item that has none yet, on the second thread; false for none.
+    using FindSource = std::function<bool(AheadItem&)>;
+
+    explicit CopyAhead(CopyRoads roads, FindSource findSource = {})
+        : roads_(roads), findSource_(std::move(findSource)) {}
     ~CopyAhead();
     CopyAhead(const CopyAhead&) = delete;
     CopyAhead& operator=(const CopyAhead&) = delete;
@@ -61,9 +67,10 @@ class CopyAhead {
     void Work();
     void Rest(std::unique_lock<std::mutex>& lock);
     std::shared_ptr<Entry> NextToDo() const;
-    bool Prepare(Entry& entry) const;
+    bool Prepare(Entry& entry);
 
     const CopyRoads roads_;
+    const FindSource findSource_;
     std::mutex mutex_;
     std::condition_variable more_; // there may be something to do
     std::condition_variable done_; // a file is ready or has failed

@@ -22,9 +22,33 @@ Sys<void> Synced(int fd) {
     return {};
 }
 
+// The folder that an item goes to, and its name there.
+struct Target {
+    UniqueFd own; // none where the item has an open folder
+    int folder;
+    const char* name;
+
+    operator At() const { return {folder, name}; } // NOLINT: meant to stand for it
+};
+
+Sys<Target> TargetOf(const CopyItem& item) {
+    if (item.targetFolder != AT_FDCWD) {
+        return Target{{}, item.targetFolder, item.targetName};
+    }
+    const std::string_view path = item.targetName;
+    const std::size_t name = path.rfind('/') + 1;
+    auto folder =
+        OpenAt({AT_FDCWD, std::string(path.substr(0, name)).c_str()}, O_PATH | O_DIRECTORY);
+    if (!folder) return std::unexpected(folder.error());
+    const int fd = folder->Get();
+    return Target{std::move(*folder), fd, item.targetName + name};
+}
+
 // A folder's own content is brought to the disk where that can be done at all.
-void SyncFolder(int folder) {
-    const auto fd = OpenAt({folder, "."}, O_RDONLY | O_DIRECTORY);
+void SyncFolder(const CopyItem& item) {
+    const auto target = TargetOf(item);
+    if (!target) return;
+    const auto fd = OpenAt({target->folder, "."}, O_RDONLY | O_DIRECTORY);
     if (fd) ::fsync(fd->Get());
 }
 
@@ -39,7 +63,9 @@ Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
     const auto st = StatOf(in->Get());
     if (!st) return FailureOf(st.error(), item.sourcePath);
     if (!S_ISREG(st->stx_mode)) return FailureBy(kPathFileAccess, item.sourcePath);
-    auto part = PartFile::Create(item.targetFolder, st->stx_mode & kPlainPermissions, run.roads);
+    const auto target = TargetOf(item);
+    if (!target) return TargetFailure(target.error(), item.targetPath);
+    auto part = PartFile::Create(target->folder, st->stx_mode & kPlainPermissions, run.roads);
     if (!part) return TargetFailure(part.error(), item.targetPath);
     const auto copied = CopyContent(in->Get(), part->Fd(), *st, run);
     if (!copied) return FailureOf(copied.error(), item.targetPath);
@@ -48,7 +74,7 @@ Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
         const auto synced = Synced(part->Fd());
         if (!synced) return FailureOf(synced.error(), item.targetPath);
     }
-    const auto named = part->Commit({item.targetFolder, item.targetName}, run.overwrite);
+    const auto named = part->Commit(*target, run.overwrite);
     if (!named) return TargetFailure(named.error(), item.targetPath);
     return {};
 }
@@ -56,9 +82,9 @@ Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
 // Names a copy that was made ahead; nothing when there is none that can be used.
 std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run) {
     auto part = run.ahead->Take(item.sourcePath, item.st);
-    if (!part) return std::nullopt;
+    if (!part || run.overwrite) return std::nullopt;
     if (!run.Add(item.st.stx_size)) return FailureBy(kInterrupted, item.targetPath);
-    const auto named = part->Commit({item.targetFolder, item.targetName}, run.overwrite);
+    const auto named = part->Commit({item.targetFolder, item.targetName}, false);
     if (named) return Result<void>();
     if (named.error() == EEXIST) return FailureOf(EEXIST, item.targetPath);
     return std::nullopt;
@@ -106,9 +132,11 @@ void KeepLinkFacts(const struct statx& st, int folder, const char* name) {
 Result<void> CopyLink(const CopyItem& item, CopyRun& run) {
     const auto text = LinkText(item.source);
     if (!text) return FailureOf(text.error(), item.sourcePath);
-    const auto made = MakeLink(*text, item.targetFolder, item.targetName, run.overwrite);
+    const auto target = TargetOf(item);
+    if (!target) return TargetFailure(target.error(), item.targetPath);
+    const auto made = MakeLink(*text, target->folder, target->name, run.overwrite);
     if (!made) return TargetFailure(made.error(), item.targetPath);
-    KeepLinkFacts(item.st, item.targetFolder, item.targetName);
+    KeepLinkFacts(item.st, target->folder, target->name);
     return {};
 }
 } // namespace
@@ -127,7 +155,7 @@ Result<void> CopyObject(const CopyItem& item, CopyRun& run) {
     if (IsSpecial(item.st)) return FailureBy(kPathFileAccess, item.sourcePath);
     if (!run.Begin(item.sourcePath)) return FailureBy(kInterrupted, item.sourcePath);
     auto copied = S_ISLNK(item.st.stx_mode) ? CopyLink(item, run) : CopyRegular(item, run);
-    if (copied && run.sync) SyncFolder(item.targetFolder);
+    if (copied && run.sync) SyncFolder(item);
     return copied;
 }
 

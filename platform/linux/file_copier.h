@@ -15,7 +15,7 @@ struct CopyItem {
     At source;
     const struct statx& st; // of the source
     std::string_view sourcePath;
-    int targetFolder; // stays open
+    int targetFolder; // stays open; AT_FDCWD where `targetName` is an absolute path
     const char* targetName;
     std::string_view targetPath;
 };

@@ -100,8 +100,6 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
     std::string_view folder;
     std::shared_ptr<UniqueFd> target;
     for (const PlannedCopy& copy : copies.first(std::min(copies.size(), kMostPlanned))) {
-        const auto source = resolver_.ByText(copy.from);
-        if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) continue;
         if (target == nullptr || folder != copy.toFolder) {
             folder = copy.toFolder;
             const auto place = resolver_.ByText(folder);
@@ -109,20 +107,27 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
             auto opened = OpenAt({AT_FDCWD, place->native.c_str()}, O_PATH | O_DIRECTORY);
             target = std::make_shared<UniqueFd>(opened ? std::move(*opened) : UniqueFd());
         }
-        if (*target) items.push_back({std::string(copy.from), nullptr, source->native, target});
+        if (*target) items.push_back({std::string(copy.from), nullptr, {}, target});
     }
     ahead_.Replace(std::move(items));
+}
+
+bool LinuxFileSystem::FindAhead(AheadItem& item) const {
+    auto source = resolver_.ByText(item.key);
+    if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) return false;
+    item.source = std::move(source->native);
+    return true;
 }
 
 Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,
                                       std::string_view from, std::string_view to, CopyRun& run) {
     const auto location = Locate(source.native);
     if (!location) return FailureOf(location.error(), from);
-    const auto folder = OpenFolderOf(target, to);
-    if (!folder) return std::unexpected(folder.error());
+    const auto place = Locate(target.native);
+    if (!place) return FailureOf(place.error(), to);
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
-    const std::string name(target.NativeName());
-    auto copied = CopyObject({*location, *source.st, from, folder->Get(), name.c_str(), to}, run);
+    const At at = *place;
+    auto copied = CopyObject({*location, *source.st, from, at.folder, at.name, to}, run);
     if (copied && !target.Exists()) NoteMade(target);
     // Others were faster than what is known of the folder.
     if (!copied && copied.error().number == kAlreadyExists) names_.Forget(target.Folder());

@@ -69,6 +69,8 @@ class LinuxFileSystem : public FileSystem {
     Result<Place> FileForBytes(std::string_view path, bool toWrite);
     Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
                          std::string_view to, CopyRun& run);
+    // Where the source of a planned copy lies, if its facts tell of each change. For any thread.
+    bool FindAhead(AheadItem& item) const;
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
     // Whether a target keeps an object from getting its name.
     bool IsTaken(const Place& source, const Place& target);
@@ -82,7 +84,7 @@ class LinuxFileSystem : public FileSystem {
     NameCache names_;
     PathResolver resolver_;
     CopyRoads roads_;
-    CopyAhead ahead_{roads_};
+    CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
 };
 
 } // namespace tarvix::platform

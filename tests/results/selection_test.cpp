@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace tarvix::testing {
 namespace {
 
@@ -125,6 +127,147 @@ TEST_F(SelectionTables, ASelectedSpacerIsNeitherTakenNorLeftSelected) {
     results::BuildFileArray(S());
     EXPECT_EQ(Tables().lngSelTop, -1);
     EXPECT_FALSE(program.Rows().At(1).selected);
+}
+
+class ChangingSelection : public SelectionTables {
+  protected:
+    // Rows a.txt, b.txt, e0.txt to e9.txt and the folder "sub".
+    ChangingSelection() {
+        for (int i = 0; i < 10; ++i)
+            Disk().AddFile("C:\\t\\e" + std::to_string(i) + ".txt", "12345");
+    }
+    void SelectOnly(const std::vector<std::size_t>& rows) {
+        for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+            program.Rows().At(i).selected = std::ranges::find(rows, i) != rows.end();
+        }
+        results::BuildFileArray(S());
+    }
+    // The tables hold these objects of C:\t alone; "sub" is the folder among them.
+    void ExpectTables(const std::vector<std::string>& names) {
+        std::vector<std::string> paths;
+        std::vector<bool> isFile;
+        for (const std::string& name : names) {
+            paths.push_back("C:\\t\\" + name);
+            isFile.push_back(name != "sub");
+        }
+        EXPECT_EQ(Tables().strSelName, names);
+        EXPECT_EQ(Tables().strSelPath, paths);
+        EXPECT_EQ(Tables().strSelRelPath, names);
+        EXPECT_EQ(Tables().strSelActualPath, paths);
+        EXPECT_EQ(Tables().blnSelIsFile, isFile);
+        EXPECT_EQ(Tables().blnSelNoDate, std::vector<bool>(names.size(), false));
+        EXPECT_EQ(Tables().lngSelTop, static_cast<std::int64_t>(names.size()) - 1);
+    }
+};
+
+TEST_F(ChangingSelection, ShrinksByAFewAndByMost) {
+    FindAll();
+    Click(Form().cmdSelectAll);
+    ASSERT_EQ(Tables().strSelName.size(), 13U);
+    SelectOnly({1, 2, 3, 4, 5, 6, 7, 12});
+    ExpectTables({"b.txt", "e0.txt", "e1.txt", "e2.txt", "e3.txt", "e4.txt", "e5.txt", "sub"});
+    EXPECT_EQ(Tables().lngSelBytes, 4 + 6 * 5);
+    SelectOnly({12});
+    ExpectTables({"sub"});
+    EXPECT_EQ(Tables().lngSelBytes, 0);
+    ExpectCounters("0", "1", "00,000,000,000");
+}
+
+TEST_F(ChangingSelection, GrowsAgain) {
+    FindAll();
+    SelectOnly({0});
+    ExpectTables({"a.txt"});
+    SelectOnly({0, 12});
+    ExpectTables({"a.txt", "sub"});
+    SelectOnly({11, 12});
+    ExpectTables({"e9.txt", "sub"});
+    SelectOnly({0, 1, 2, 3, 12});
+    ExpectTables({"a.txt", "b.txt", "e0.txt", "e1.txt", "sub"});
+}
+
+TEST_F(ChangingSelection, BecomesEmptyAndGrowsFromThere) {
+    FindAll();
+    Click(Form().cmdSelectAll);
+    SelectOnly({});
+    ExpectTables({});
+    EXPECT_EQ(Tables().lngSelBytes, 0);
+    SelectOnly({1, 12});
+    ExpectTables({"b.txt", "sub"});
+}
+
+TEST_F(ChangingSelection, OfOneSizeWithOtherRows) {
+    FindAll();
+    SelectOnly({12, 0});
+    ExpectTables({"a.txt", "sub"});
+    SelectOnly({1, 11});
+    ExpectTables({"b.txt", "e9.txt"});
+    EXPECT_EQ(Tables().lngSelBytes, 4 + 5);
+}
+
+TEST_F(ChangingSelection, ANameThatIsShorterLeavesNothingOfALongerOne) {
+    Disk().AddFile("C:\\t\\deep\\a name that is longer than all the others.txt", "1");
+    FindAll();
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+        if (program.Rows().At(i).name.size() > 20) longest = i;
+    }
+    SelectOnly({longest});
+    EXPECT_THAT(Tables().strSelRelPath,
+                ElementsAre("deep\\a name that is longer than all the others.txt"));
+    SelectOnly({0});
+    ExpectTables({"a.txt"});
+}
+
+TEST_F(ChangingSelection, SelectedSpacersAreUnselectedWhereverTheyStand) {
+    FindAll();
+    Click(Form().cmdSelectAll);
+    program.Rows().InsertSpacers({2, 3}); // rows a, b, spacer, e0, spacer, e1 ...
+    ASSERT_TRUE(program.Rows().At(2).IsSpacer());
+    ASSERT_TRUE(program.Rows().At(4).IsSpacer());
+    SelectOnly({1, 2, 4, 5});
+    ExpectTables({"b.txt", "e1.txt"});
+    EXPECT_FALSE(program.Rows().At(2).selected);
+    EXPECT_FALSE(program.Rows().At(4).selected);
+    EXPECT_TRUE(program.Rows().At(5).selected);
+    SelectOnly({2, 4});
+    ExpectTables({});
+}
+
+TEST_F(ChangingSelection, ARowWithoutADateIsMarkedInItsOwnPlace) {
+    FindAll();
+    program.Rows().At(1).date = results::kNoDate;
+    SelectOnly({0, 1, 2});
+    EXPECT_THAT(Tables().blnSelNoDate, ElementsAre(false, true, false));
+    SelectOnly({1, 2});
+    EXPECT_THAT(Tables().blnSelNoDate, ElementsAre(true, false));
+    SelectOnly({2, 3});
+    EXPECT_THAT(Tables().blnSelNoDate, ElementsAre(false, false));
+}
+
+TEST_F(ChangingSelection, TheAnchorStays) {
+    FindAll();
+    program.Rows().At(1).selected = true;
+    results::lstMain_ItemClick(S(), 1);
+    SelectOnly({3});
+    SelectOnly({});
+    EXPECT_EQ(Tables().intSelAnchor, 1);
+    EXPECT_EQ(Tables().strSelAnchorName, "b.txt");
+}
+
+TEST_F(ChangingSelection, ANewSearchStartsFromNothing) {
+    FindAll();
+    Click(Form().cmdSelectAll);
+    Search("b*", "C:\\t");
+    Click(Form().cmdSelectAll);
+    ExpectTables({"b.txt"});
+}
+
+TEST_F(SelectionTables, ExtensionsThatOnlyLookLikeShortcutsDoNotShowTheButton) {
+    for (const char* name : {"x.lnkx", "x.ln", "x.lnk.txt", "lnk", "x.url2"})
+        Disk().AddFile("C:\\t\\" + std::string(name));
+    FindAll();
+    Click(Form().cmdSelectAll);
+    EXPECT_FALSE(Form().cmdEditTargets.Visible);
 }
 
 TEST_F(SelectionTables, ShortcutsShowTheButtonForTheirTargets) {

@@ -127,5 +127,45 @@ TEST_F(ActionLogFile, AWriteThatFailsEndsOnlyThatEntry) {
     EXPECT_TRUE(HasEntry(log, " second"));
 }
 
+class TimeText : public ProgramFixture {};
+
+TEST_F(TimeText, FollowsTheClock) {
+    Start();
+    EXPECT_EQ(S().TimeText(), "11/15/2026 19:54:52");
+    EXPECT_EQ(S().TimeText(), "11/15/2026 19:54:52");
+    machine.clock.Advance(1);
+    EXPECT_EQ(S().TimeText(), "11/15/2026 19:54:53");
+    machine.clock.Advance(24 * 3600 - 1);
+    EXPECT_EQ(S().TimeText(), "11/16/2026 19:54:52");
+    machine.clock.SetNow({2026, 11, 16, 0, 0, 0});
+    EXPECT_EQ(S().TimeText(), "11/16/2026 00:00:00");
+}
+
+TEST_F(TimeText, FollowsAClockThatIsSetBack) {
+    Start();
+    EXPECT_EQ(S().TimeText(), "11/15/2026 19:54:52");
+    machine.clock.SetNow({2025, 1, 2, 3, 4, 5});
+    EXPECT_EQ(S().TimeText(), "01/02/2025 03:04:05");
+    machine.clock.SetNow({2026, 11, 15, 19, 54, 52});
+    EXPECT_EQ(S().TimeText(), "11/15/2026 19:54:52");
+}
+
+TEST_F(TimeText, StampsEachEntryWithItsOwnTime) {
+    Start();
+    session::LogTimed(S(), " first");
+    machine.clock.Advance(8);
+    session::LogTimed(S(), " second");
+    session::LogTimed(S(), "");
+    machine.clock.Advance(-8);
+    session::LogTimed(S(), " third");
+    const std::string log = LogText();
+    for (const char* entry : {"11/15/2026 19:54:52 first\r\n-------------------------\r\n",
+                              "11/15/2026 19:55:00 second\r\n--------------------------\r\n",
+                              "11/15/2026 19:55:00\r\n-------------------\r\n",
+                              "11/15/2026 19:54:52 third\r\n-------------------------\r\n"}) {
+        EXPECT_NE(log.find(entry), std::string::npos) << entry;
+    }
+}
+
 } // namespace
 } // namespace tarvix::testing

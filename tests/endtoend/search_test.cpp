@@ -57,6 +57,28 @@ TEST_F(SearchTest, Basic) {
     });
 }
 
+// Their facts are read in portions on a second thread.
+TEST_F(SearchTest, ManyFilesInOneFolderKeepTheirOwnSizes) {
+    std::string all;
+    std::string some;
+    for (int size = 1000; size < 4000; ++size) {
+        const std::string name = "f" + std::to_string(size);
+        AddFile("many/" + name, std::string(static_cast<std::size_t>(size), 'x'));
+        std::string shown = std::to_string(size);
+        shown.insert(1, ",");
+        const std::string line = name + "\t000,000,00" + shown + "\n";
+        all += line;
+        if (size >= 1500 && size <= 3333) some += line;
+    }
+    AddFile("many/sub/below", "12345");
+    Check({
+        {{"*", "--in", "many", "--no-subfolders", "--columns", "Name,SizeSubItem"}, all},
+        {{"*", "--in", "many", "--columns", "Name,SizeSubItem"}, "below\t000,000,000,005\n" + all},
+        {{"f*", "--in", "many", "--size-range", "1500..3333", "--columns", "Name,SizeSubItem"},
+         some},
+    });
+}
+
 TEST_F(SearchTest, LocationsComeInEveryForm) {
     MakeBasic();
     const std::string root = Root().string();

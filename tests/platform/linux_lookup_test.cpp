@@ -180,6 +180,48 @@ TEST_F(LinuxLookupTest, NamesThatAreNotUtf8AreListedAndCopiedWithTheirFolder) {
     EXPECT_EQ(NumberOf(files().Facts(At("from\\b?d"))), kBadFileName);
 }
 
+TEST_F(LinuxLookupTest, AFileThatWeWroteOverAfterALookIsCopiedAsItIsNow) {
+    disk_.MakeFile("new", "a content that is longer");
+    disk_.SetModified("new", 1'000'000'000'000'000'000);
+    for (int i = 0; i < 20; ++i) {
+        const std::string file = "file " + std::to_string(i);
+        disk_.MakeFile(file, "old");
+        ASSERT_TRUE(Exists(file));
+        ASSERT_TRUE(files().CopyFile(At("new"), At(file), true, {}));
+        ASSERT_TRUE(files().CopyFile(At(file), At(file + " copy"), false, {}));
+        EXPECT_EQ(disk_.Content(file + " copy"), "a content that is longer");
+        EXPECT_EQ(files().Facts(At(file + " copy"))->modified, 1'000'000'000'000'000'000);
+    }
+}
+
+TEST_F(LinuxLookupTest, AFileThatWeAddedToAfterALookIsCopiedAsItIsNow) {
+    for (int i = 0; i < 20; ++i) {
+        const std::string file = "file " + std::to_string(i);
+        disk_.MakeFile(file, "old");
+        ASSERT_TRUE(Exists(file));
+        {
+            auto stream = files().OpenAsTextStream(At(file), OpenMode::kAppend);
+            ASSERT_TRUE(stream);
+            ASSERT_TRUE((*stream)->Write(" and new"));
+            ASSERT_TRUE((*stream)->Close());
+        }
+        ASSERT_TRUE(files().CopyFile(At(file), At(file + " copy"), false, {}));
+        EXPECT_EQ(disk_.Content(file + " copy"), "old and new");
+    }
+}
+
+TEST_F(LinuxLookupTest, AttributesThatWeSetAfterALookAreThoseOfACopy) {
+    for (int i = 0; i < 20; ++i) {
+        const std::string file = "file " + std::to_string(i);
+        disk_.MakeFile(file, "content");
+        ASSERT_TRUE(Exists(file));
+        ASSERT_TRUE(files().SetAttributes(At(file), kReadOnly));
+        ASSERT_TRUE(files().CopyFile(At(file), At(file + " copy"), false, {}));
+        EXPECT_NE(files().Facts(At(file + " copy"))->attributes & kReadOnly, 0u) << i;
+        ASSERT_TRUE(files().SetAttributes(At(file), 0));
+    }
+}
+
 TEST(LinuxLooks, AnotherFileSystemThatLiesWhereOneWasLooksForItself) {
     const TemporaryFolder one;
     const TemporaryFolder two;

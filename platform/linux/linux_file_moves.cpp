@@ -84,7 +84,10 @@ Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view t
     if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(*source, *target);
     if (renamed) return {};
-    if (renamed.error() == EXDEV) return MoveAcross(*source, *target, from, to, observer);
+    if (renamed.error() == EXDEV) {
+        const auto now = resolver_.File(from);
+        return now ? MoveAcross(*now, *target, from, to, observer) : std::unexpected(now.error());
+    }
     if (renamed.error() == ENOENT) return FailureBy(kPathNotFound, to);
     return FailureOf(renamed.error(), to);
 }

@@ -148,6 +148,25 @@ TEST_F(LinuxAcrossDisksTest, AFileIsMovedWithItsTime) {
     EXPECT_TRUE(files().Facts("S:\\B"));
 }
 
+TEST_F(LinuxAcrossDisksTest, AFileThatWeWroteToAfterALookIsMovedAsItIsNow) {
+    Write(first_.Path() + "/new", "another content");
+    for (int i = 0; i < 10; ++i) {
+        const std::string name = "\\a" + std::to_string(i);
+        Write(first_.Path() + "/a" + std::to_string(i), "content");
+        ASSERT_TRUE(files().Facts("T:" + name));
+        if (i % 2 == 0) {
+            ASSERT_TRUE(files().CopyFile("T:\\new", "T:" + name, true, {}));
+        } else {
+            auto stream = files().OpenAsTextStream("T:" + name, OpenMode::kWrite);
+            ASSERT_TRUE(stream);
+            ASSERT_TRUE((*stream)->Write("another content"));
+            ASSERT_TRUE((*stream)->Close());
+        }
+        EXPECT_EQ(NumberOf(files().MoveFile("T:" + name, "S:" + name, {})), 0) << i;
+        EXPECT_EQ(Read(second_.Path() + "/a" + std::to_string(i)), "another content");
+    }
+}
+
 TEST_F(LinuxAcrossDisksTest, ALinkIsMovedAsALink) {
     std::filesystem::create_symlink("/some/where", first_.Path() + "/a");
     ASSERT_TRUE(files().MoveFile("T:\\a", "S:\\a", {}));

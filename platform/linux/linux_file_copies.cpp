@@ -128,7 +128,7 @@ Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
     const At at = *place;
     auto copied = CopyObject({*location, *source.st, from, at.folder, at.name, to}, run);
-    if (copied && !target.Exists()) NoteMade(target);
+    if (copied) target.Exists() ? ForgetLooks() : NoteMade(target);
     // Others were faster than what is known of the folder.
     if (!copied && copied.error().number == kAlreadyExists) names_.Forget(target.Folder());
     return copied;

@@ -194,6 +194,18 @@ TEST_F(LinuxLookupTest, AFileThatWeWroteOverAfterALookIsCopiedAsItIsNow) {
     }
 }
 
+TEST_F(LinuxLookupTest, AFileThatWeWroteOverAfterALookGetsItsNameInAnotherCase) {
+    disk_.MakeFile("new", "new");
+    for (int i = 0; i < 20; ++i) {
+        const std::string number = std::to_string(i);
+        disk_.MakeFile("file " + number, "old");
+        ASSERT_TRUE(Exists("file " + number));
+        ASSERT_TRUE(files().CopyFile(At("new"), At("file " + number), true, {}));
+        EXPECT_EQ(NumberOf(files().MoveFile(At("file " + number), At("File " + number), {})), 0);
+        EXPECT_EQ(disk_.Content("File " + number), "new");
+    }
+}
+
 TEST_F(LinuxLookupTest, AFileThatWeAddedToAfterALookIsCopiedAsItIsNow) {
     for (int i = 0; i < 20; ++i) {
         const std::string file = "file " + std::to_string(i);

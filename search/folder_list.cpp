@@ -125,6 +125,7 @@ bool FolderList::ListNow(std::size_t index, std::string_view routine) {
                                         .path = folder.Short(),
                                         .searchOrDestination = folders_.front().strFolderLong};
     listed_.clear();
+    listedAt_ = session_.platform.clock.Steady();
     const auto done = session::Attempt(
         session_, context,
         [&]() -> platform::Result<void> {
@@ -138,7 +139,6 @@ bool FolderList::ListNow(std::size_t index, std::string_view routine) {
         });
     if (!done) return false;
     listed_ = folder.strFolderLong;
-    listedAt_ = session_.platform.clock.Steady();
     return true;
 }
 

@@ -65,6 +65,7 @@ Sys<NameCache::Folder*> NameCache::Checked(const std::string& path) {
     const bool isSame = folder.inode == st->stx_ino && folder.device == DeviceOf(*st);
     if (!isSame || IsDue(folder, modified, now)) return Read(path, modified);
     folder.usedAt = folder.checkedAt = now;
+    folder.isCurrent = !folder.hasOwnChange && !folder.isFresh && folder.modified == modified;
     return &folder;
 }
 
@@ -179,7 +180,7 @@ bool NameCache::IsKnownFree(std::string_view folder, std::string_view nativeName
     if (found == folders_.end() || LooksLikeMadeShortName(nativeName)) return false;
     if (WasReadJustNow(found->second)) return !found->second.byUpper.contains(UpperOf(nativeName));
     const auto valid = Valid(folder);
-    return valid && !(*valid)->byUpper.contains(UpperOf(nativeName));
+    return valid && (*valid)->isCurrent && !(*valid)->byUpper.contains(UpperOf(nativeName));
 }
 
 bool NameCache::HasOther(std::string_view folder, std::string_view nativeName,

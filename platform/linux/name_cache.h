@@ -53,6 +53,7 @@ class NameCache {
         std::int64_t modified = 0;
         bool isFresh = false; // changed so shortly before it was read that more may be hidden
         bool hasOwnChange = false;
+        bool isCurrent = true; // nobody changed it since it was read
         std::int64_t readAt = 0;
         std::int64_t readCost = 0;
         std::int64_t usedAt = 0;

@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(
                       WarningCase{"TwoFoldersWithoutSubfolders", 2, false, {"d", "e"}, false},
                       WarningCase{
                           "AFileAndAFolderWithoutSubfolders", 2, false, {"d", "f.txt"}, false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(Delete, AFolderWithAFileInItGoesOnceAndIsNoFailure) {
     Disk().AddFile("C:\\t\\d\\a.txt", "1");

@@ -354,10 +354,10 @@ TEST_F(Recycle, TheNeighbourOfAFileThatWentDuringThePromptIsNotDeleted) {
     Disk().AddFile("C:\\t\\A", "neighbour");
     Queue("C:\\t\\a");
     machine.faults.FailCall("Recycle", 1, 70);
-    prompts.SetModalRunner([this](session::Session& session, forms::Form& form) {
+    prompts.SetModalRunner([this](session::Session& shown, forms::Form& form) {
         if (!form.IsShown()) return false;
         Disk().Node("C:\\t\\a")->Detach();
-        session.events.Raise(session, "frmOverrideRecycleFail.cmdYes_Click");
+        shown.events.Raise(shown, "frmOverrideRecycleFail.cmdYes_Click");
         return true;
     });
     Run();

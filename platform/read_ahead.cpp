@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kMostUntaken = 256; // folders read and not yet taken
 constexpr std::size_t kAtOnce = 16; // folders that a thread takes up, or drops, under one lock
+constexpr std::size_t kSmall = 512; // names; what takes no more time than waiting may
 
 enum class Progress { kWaiting, kInWork, kDone };
 
@@ -57,7 +58,7 @@ struct ReadAhead::State {
     void Drop();
     void Work(const std::stop_token& stop);
     bool HasWork() const { return next < jobs.size() && next < kMostUntaken; }
-    bool TakeUp(Job& job);
+    Job* TakeUpFor(const Job& job);
     void AwaitDone(Job& job);
 
     FileSystem& files;
@@ -91,8 +92,10 @@ void ReadAhead::State::Work(const std::stop_token& stop) {
             workerWaits = true;
             if (!changed.wait(lock, stop, [this] { return HasWork(); })) return;
             workerWaits = false;
-            for (mine.clear(); HasWork() && mine.size() < kAtOnce; ++next) {
+            std::size_t names = 0;
+            for (mine.clear(); HasWork() && mine.size() < kAtOnce && names < kSmall; ++next) {
                 jobs[next].progress = Progress::kInWork;
+                names += jobs[next].names.Size();
                 mine.push_back(&jobs[next]);
             }
         }
@@ -110,22 +113,27 @@ void ReadAhead::State::Work(const std::stop_token& stop) {
 Job& ReadAhead::State::Front() {
     Job& job = jobs[taken];
     if (job.progress == Progress::kDone) return job;
-    if (TakeUp(job)) {
-        Do(files, job);
-        job.progress = Progress::kDone;
-    } else {
-        AwaitDone(job);
+    while (job.progress != Progress::kDone) {
+        if (Job* const free = TakeUpFor(job)) {
+            Do(files, *free);
+            free->progress = Progress::kDone;
+        } else {
+            AwaitDone(job);
+        }
     }
     return job;
 }
 
-// Whether nobody has taken up the oldest job, so that the owner does it now.
-bool ReadAhead::State::TakeUp(Job& job) {
+// What the owner does while it has to wait for a job: that one, or a small one that comes next.
+Job* ReadAhead::State::TakeUpFor(const Job& job) {
     const std::scoped_lock lock(mutex);
-    if (job.progress != Progress::kWaiting) return false;
-    job.progress = Progress::kInWork;
+    if (!HasWork()) return nullptr;
+    Job& first = jobs[next];
+    const bool isSmall = first.wantsFacts && first.names.Size() <= kSmall;
+    if (&first != &job && (!isSmall || job.progress == Progress::kDone)) return nullptr;
+    first.progress = Progress::kInWork;
     ++next;
-    return true;
+    return &first;
 }
 
 void ReadAhead::State::AwaitDone(Job& job) {

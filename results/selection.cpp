@@ -2,6 +2,7 @@
 
 #include "results/result_list.h"
 #include "session/session.h"
+#include "session/short_path.h"
 #include "text/case.h"
 #include "text/format.h"
 #include "text/paths.h"
@@ -62,11 +63,16 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
     session.frmSearch.lblStatus.Caption = "";
 }
 
-void FillEntry(Selection& tables, std::size_t at, const ResultList& rows, std::size_t index) {
-    const ResultRow& row = rows.At(index);
-    const std::string path = rows.FullPath(index);
+// `path` is the row's own, a buffer for all of them.
+void FillEntry(Selection& tables, std::size_t at, const ResultRow& row, std::string& path) {
+    path = row.folder->longPath;
+    if (!row.isFolder) text::AppendToPath(path, row.name);
     tables.strSelName[at] = row.name;
-    tables.strSelPath[at] = OpenablePath(path);
+    if (path.size() <= session::kLongPath) {
+        tables.strSelPath[at] = path;
+    } else {
+        tables.strSelPath[at] = OpenablePath(path);
+    }
     tables.blnSelIsFile[at] = !row.isFolder;
     const auto below = std::min<std::size_t>(row.folder->searchPrefix, path.size());
     tables.strSelRelPath[at].assign(path, below, path.npos);
@@ -106,10 +112,11 @@ void BuildFileArray(session::Session& session) {
     Resize(tables, CountSelected(rows));
     Totals totals;
     std::size_t next = 0;
+    std::string path;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
-        FillEntry(tables, next++, rows, i);
+        FillEntry(tables, next++, row, path);
         totals.Add(row);
     }
     tables.lngSelTop = static_cast<std::int64_t>(next) - 1;

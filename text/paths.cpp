@@ -170,12 +170,21 @@ std::string RootAsFolders(std::string_view root) {
 }
 
 std::string JoinPath(std::string_view folder, std::string_view name) {
-    if (folder.empty()) return std::string(name);
-    name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
-    folder = WithoutTrailingSlashes(folder);
     std::string out;
     out.reserve(folder.size() + 1 + name.size());
-    return out.append(folder).append(1, '\\').append(name);
+    out = folder;
+    AppendToPath(out, name);
+    return out;
+}
+
+void AppendToPath(std::string& folder, std::string_view name) {
+    if (folder.empty()) {
+        folder = name;
+        return;
+    }
+    name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
+    folder.resize(WithoutTrailingSlashes(folder).size());
+    folder.append(1, '\\').append(name);
 }
 
 } // namespace tarvix::text

@@ -52,5 +52,7 @@ std::string RootAsFolders(std::string_view root);
 
 // Folder and name with exactly one "\" between; an empty folder gives the name.
 std::string JoinPath(std::string_view folder, std::string_view name);
+// The same, in place of the folder; `name` must not lie in it.
+void AppendToPath(std::string& folder, std::string_view name);
 
 } // namespace tarvix::text

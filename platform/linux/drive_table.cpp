@@ -212,7 +212,7 @@ void Mounts::Refresh() {
 
 std::shared_ptr<const DriveTable> Mounts::Now() {
     const std::scoped_lock lock(mutex_);
-    if (SteadyNow() - readAt_ > kRefreshAfter) Refresh();
+    if (SteadyTick() - readAt_ > kRefreshAfter) Refresh();
     return table_;
 }
 

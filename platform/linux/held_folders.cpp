@@ -61,11 +61,11 @@ void HeldFolders::Open(Held& held) {
     held.fd = std::make_shared<const UniqueFd>(std::move(*fd));
     held.device = DeviceOf(*st);
     held.inode = st->stx_ino;
-    held.checkedAt = SteadyNow();
+    held.checkedAt = SteadyTick();
 }
 
 bool HeldFolders::IsStillThere(Held& held) {
-    const std::int64_t now = SteadyNow();
+    const std::int64_t now = SteadyTick();
     if (now - held.checkedAt <= kTrusted) return true;
     const auto st = StatBehind({AT_FDCWD, held.path.c_str()});
     held.checkedAt = now;

@@ -171,7 +171,7 @@ const std::string& NameCache::UpperOf(std::string_view nativeName) {
 
 // Where files are put into many folders in turn, each would else be read for every single one.
 bool NameCache::WasReadJustNow(const Folder& folder) {
-    return folder.hasOwnChange && SteadyNow() - folder.readAt < kOwnTrusted;
+    return folder.hasOwnChange && SteadyTick() - folder.readAt < kOwnTrusted;
 }
 
 bool NameCache::IsKnownFree(std::string_view folder, std::string_view nativeName) {

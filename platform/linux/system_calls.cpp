@@ -138,10 +138,20 @@ std::string ReadSystemText(const std::string& native) {
     return ReadAll(fd->Get(), kSystemTextLimit).value_or(std::string());
 }
 
-std::int64_t SteadyNow() {
+namespace {
+std::int64_t Nanoseconds(clockid_t clock) {
     timespec now{};
-    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    ::clock_gettime(clock, &now);
     return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
+} // namespace
+
+std::int64_t SteadyNow() {
+    return Nanoseconds(CLOCK_MONOTONIC);
+}
+
+std::int64_t SteadyTick() {
+    return Nanoseconds(CLOCK_MONOTONIC_COARSE);
 }
 
 } // namespace tarvix::platform

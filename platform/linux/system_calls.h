@@ -57,5 +57,7 @@ std::string ReadSystemText(const std::string& native);
 
 // Nanoseconds that only grow.
 std::int64_t SteadyNow();
+// The same, up to a few milliseconds behind, for next to nothing.
+std::int64_t SteadyTick();
 
 } // namespace tarvix::platform

@@ -13,8 +13,9 @@ namespace tarvix::platform {
 class FileSystem;
 
 // Reads folders and facts in the background before they are asked for. Results come in the order of
-// the orders, whoever does the work: a second thread where the file system allows it, else the
-// caller when it takes them. Orders that were never taken are dropped with this.
+// the orders, whoever does the work: a second thread where the file system allows it, and the
+// caller when it takes what nobody has begun, or would have to wait. Orders that were never taken
+// are dropped with this.
 class ReadAhead {
   public:
     explicit ReadAhead(FileSystem& files);

@@ -277,7 +277,16 @@ std::string BuildAttributeString(std::uint32_t bits) {
 }
 
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder) {
-    return isFolder ? folder.longPath : text::JoinPath(folder.longPath, name);
+    std::string path;
+    path.reserve(folder.longPath.size() + 1 + name.size());
+    AssignRowPath(path, folder, name, isFolder);
+    return path;
+}
+
+void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
+                   bool isFolder) {
+    path = folder.longPath;
+    if (!isFolder) text::AppendToPath(path, name);
 }
 
 } // namespace tarvix::results

@@ -117,5 +117,8 @@ std::string OpenablePath(std::string path);
 
 // Path\Name of a row's parts.
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder);
+// The same into `path`, whose room is used again.
+void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
+                   bool isFolder);
 
 } // namespace tarvix::results

@@ -65,8 +65,7 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
 
 // `path` is the row's own, a buffer for all of them.
 void FillEntry(Selection& tables, std::size_t at, const ResultRow& row, std::string& path) {
-    path = row.folder->longPath;
-    if (!row.isFolder) text::AppendToPath(path, row.name);
+    AssignRowPath(path, *row.folder, row.name, row.isFolder);
     tables.strSelName[at] = row.name;
     if (path.size() <= session::kLongPath) {
         tables.strSelPath[at] = path;

@@ -1,9 +1,9 @@
 // The windows: a machine under Linux, the prompts and the main window over one program.
 #include "app/saved_drives.h"
-#include "forms/qt/event_gate.h"
-#include "forms/qt/qt_prompts.h"
-#include "forms/qt/search_window.h"
-#include "forms/qt/theme.h"
+#include "forms/event_gate.h"
+#include "forms/qt_prompts.h"
+#include "forms/search_window.h"
+#include "forms/theme.h"
 #include "platform/linux/linux_platform.h"
 #include "session/lifecycle/program.h"
 
@@ -131,19 +131,19 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("tarvix");
     QApplication::setDesktopFileName("tarvix");
     QApplication::setWindowIcon(ProgramIcon());
-    qt::ChooseShade(qEnvironmentVariable("TARVIX_THEME").toStdString());
-    qt::ChooseIconTheme(QApplication::palette());
+    forms::ChooseShade(qEnvironmentVariable("TARVIX_THEME").toStdString());
+    forms::ChooseIconTheme(QApplication::palette());
 
     platform::LinuxOptions options;
     options.dataFolder = request->dataFolder;
     app::AddSavedDrives(options);
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
-    qt::EventGate gate;
-    qt::QtPrompts prompts(gate, parts);
+    forms::EventGate gate;
+    forms::QtPrompts prompts(gate, parts);
     lifecycle::Program program(parts, prompts);
     {
-        qt::SearchWindow window(program.Session(), gate);
+        forms::SearchWindow window(program.Session(), gate);
         program.Session().yielder.SetPump([&gate] { gate.Pump(); });
         CloseOnSignals(window);
         window.show();

@@ -59,10 +59,10 @@ void Arrange(lifecycle::Program& program, const std::string& folder) {
          {results::kName, results::kSize, results::kDate, results::kExt, results::kPath,
           results::kPathName, results::kPathNameLength, results::kYearRank}) {
         results::RemoveSpacers(rows);
-        results::SortRows(rows, results::kSearchFolderIndex, forms::SortDirection::kAscending);
+        results::SortRows(rows, results::kSearchFolderIndex, fields::SortDirection::kAscending);
         const double peer = SortBySystem(rows, column, folder);
         const Watch sorting;
-        results::SortRows(rows, column, forms::SortDirection::kAscending);
+        results::SortRows(rows, column, fields::SortDirection::kAscending);
         const double sorted = sorting.Seconds();
         const Watch grouping;
         const auto groups = results::GrouplstMain(rows, column);

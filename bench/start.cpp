@@ -1,9 +1,9 @@
 // From the start of the process to the first idle moment of the main window, for a whole-process
 // clock: bench_start DATA_FOLDER, or bench_start --bare for a window of Qt with nothing in it.
 
-#include "forms/qt/event_gate.h"
-#include "forms/qt/qt_prompts.h"
-#include "forms/qt/search_window.h"
+#include "forms/event_gate.h"
+#include "forms/qt_prompts.h"
+#include "forms/search_window.h"
 #include "platform/linux/linux_platform.h"
 #include "session/lifecycle/program.h"
 
@@ -31,10 +31,10 @@ int RunProgram(const char* dataFolder) {
     options.dataFolder = dataFolder;
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
-    qt::EventGate gate;
-    qt::QtPrompts prompts(gate, parts);
+    forms::EventGate gate;
+    forms::QtPrompts prompts(gate, parts);
     lifecycle::Program program(parts, prompts);
-    qt::SearchWindow window(program.Session(), gate);
+    forms::SearchWindow window(program.Session(), gate);
     window.show();
     gate.Run(nullptr, [&] { program.Start(""); });
     QTimer::singleShot(0, [] { QApplication::quit(); });

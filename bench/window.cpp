@@ -1,9 +1,9 @@
 // Opens the main window over a large tree and times what a user waits for: the list after a
 // search, a click on a column's head with its grouping, select all, a scroll to the end.
 
-#include "forms/qt/event_gate.h"
-#include "forms/qt/qt_prompts.h"
-#include "forms/qt/search_window.h"
+#include "forms/event_gate.h"
+#include "forms/qt_prompts.h"
+#include "forms/search_window.h"
 #include "platform/linux/linux_platform.h"
 #include "results/columns.h"
 #include "session/lifecycle/program.h"
@@ -48,10 +48,10 @@ int main(int argc, char** argv) {
     options.hasDesktop = false;
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
-    qt::EventGate gate;
-    qt::QtPrompts prompts(gate, parts);
+    forms::EventGate gate;
+    forms::QtPrompts prompts(gate, parts);
     lifecycle::Program program(parts, prompts);
-    qt::SearchWindow window(program.Session(), gate);
+    forms::SearchWindow window(program.Session(), gate);
     program.Session().yielder.SetPump([&gate] { gate.Pump(); });
     window.resize(1280, 800);
     window.show();

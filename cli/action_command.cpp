@@ -1,4 +1,4 @@
-#include "actions/preview.h"
+#include "actions/request/preview.h"
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
@@ -31,7 +31,7 @@ Words WordsOf(ActionVerb verb) {
     return kWords[static_cast<std::size_t>(verb)];
 }
 
-forms::Control& StartButton(Session& session, ActionVerb verb) {
+fields::Control& StartButton(Session& session, ActionVerb verb) {
     auto& form = session.frmSearch;
     if (verb == ActionVerb::kCopy) return form.cmdCopySelected;
     return verb == ActionVerb::kMove ? form.cmdMoveSelected : form.cmdRenameSelected;
@@ -41,7 +41,7 @@ forms::Control& StartButton(Session& session, ActionVerb verb) {
 class Entry {
   public:
     explicit Entry(Session& session) : session_(session) {}
-    Entry& Set(forms::Control& control, std::string_view value) {
+    Entry& Set(fields::Control& control, std::string_view value) {
         if (done_) done_ = session::UserSet(session_, control, value);
         return *this;
     }
@@ -67,8 +67,8 @@ InputResult ChooseLists(Session& session, const std::vector<std::string>& lists)
 
 InputResult FillPlaces(Session& session, const ActionRequest& request) {
     auto& form = session.frmDialog;
-    const std::array<forms::CheckBox*, 4> choices{&form.chkSkipAll, &form.chkAsk,
-                                                  &form.chkOverWrite, &form.chkRename};
+    const std::array<fields::CheckBox*, 4> choices{&form.chkSkipAll, &form.chkAsk,
+                                                   &form.chkOverWrite, &form.chkRename};
     Entry entry(session);
     entry.Set(form.optTo[request.way], "1").Set(form.optStructure[request.structure], "1");
     entry.Set(*choices[static_cast<std::size_t>(request.duplicateChoice)], "1");
@@ -185,7 +185,7 @@ class ActionRun {
 
   private:
     int Act(Session& session, int searchCode) {
-        for (forms::Control* button : std::initializer_list<forms::Control*>{
+        for (fields::Control* button : std::initializer_list<fields::Control*>{
                  &session.frmSearch.cmdSelectAll, &StartButton(session, request_.verb)}) {
             const auto clicked = session::UserClick(session, *button);
             if (clicked) continue;

@@ -2,7 +2,7 @@
 
 #include "cli/first_run_answers.h"
 #include "cli/messages.h"
-#include "forms/fields/prompt_forms.h"
+#include "fields/prompt_forms.h"
 #include "session/message_style.h"
 #include "session/session.h"
 #include "session/user_input.h"
@@ -34,7 +34,7 @@ int CommandPrompts::MsgBox(std::string_view text, int style, std::string_view ti
     return inner_.MsgBox(text, style, title);
 }
 
-void CommandPrompts::AnswerForm(const forms::Form& form, const forms::Control& button) {
+void CommandPrompts::AnswerForm(const fields::Form& form, const fields::Control& button) {
     formButtons_[form.Name()] = button.Name();
 }
 
@@ -51,8 +51,8 @@ std::string CommandPrompts::PickFile(std::string_view title, std::string_view fi
     return inner_.PickFile(title, filters);
 }
 
-void CommandPrompts::ShowModal(session::Session& session, forms::Form& form) {
-    if (auto* notice = dynamic_cast<forms::NoticeForm*>(&form)) {
+void CommandPrompts::ShowModal(session::Session& session, fields::Form& form) {
+    if (auto* notice = dynamic_cast<fields::NoticeForm*>(&form)) {
         if (begun_) Tell(host_, notice->lblMain.Caption.Get());
         ++skippedObjects_;
         (void)session::UserClick(session, notice->cmdOK);

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvix::forms {
+namespace tarvix::fields {
 class Control;
 }
 
@@ -31,14 +31,14 @@ class CommandPrompts : public session::PromptService {
     // Fills in the action window and presses a button in it, once it shows.
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
     // Answers that form by that button of it whenever it shows.
-    void AnswerForm(const forms::Form& form, const forms::Control& button);
+    void AnswerForm(const fields::Form& form, const fields::Control& button);
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
     int MsgBox(std::string_view text, int style, std::string_view title) override;
     std::string InputBox(std::string_view text, std::string_view title,
                          std::string_view preset) override;
-    void ShowModal(session::Session& session, forms::Form& form) override;
+    void ShowModal(session::Session& session, fields::Form& form) override;
     std::string PickFolder(std::string_view title) override;
     std::string PickFile(std::string_view title, std::string_view filters) override;
 

@@ -30,7 +30,7 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
 int DeleteAll(Host& host, Session& session) {
     auto& form = session.frmSearch;
     std::int64_t wanted = 0;
-    for (forms::CommandButton* button : {&form.cmdSelectAll, &form.cmdDeleteSelected}) {
+    for (fields::CommandButton* button : {&form.cmdSelectAll, &form.cmdDeleteSelected}) {
         const auto clicked = session::UserClick(session, *button);
         if (!clicked) {
             Complain(host, clicked.error());

@@ -14,7 +14,7 @@ using session::InputResult;
 using session::Session;
 
 // A box that the options may have disabled takes the request all the same.
-void SetBox(Session& session, forms::CheckBox& box, bool checked) {
+void SetBox(Session& session, fields::CheckBox& box, bool checked) {
     const int value = checked ? 1 : 0;
     if (box.Value == value) return;
     box.Value = value;
@@ -22,7 +22,7 @@ void SetBox(Session& session, forms::CheckBox& box, bool checked) {
 }
 
 InputResult EnterAll(Session& session,
-                     std::initializer_list<std::pair<forms::Control*, std::string_view>> entries) {
+                     std::initializer_list<std::pair<fields::Control*, std::string_view>> entries) {
     for (const auto& [control, value] : entries) {
         if (auto done = session::UserSet(session, *control, value); !done) return done;
         session::UserLeave(session, *control);

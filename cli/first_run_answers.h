@@ -19,7 +19,7 @@ class FirstRunAnswers : public session::PromptService {
                          std::string_view preset) override {
         return inner_.InputBox(text, title, preset);
     }
-    void ShowModal(session::Session& session, forms::Form& form) override {
+    void ShowModal(session::Session& session, fields::Form& form) override {
         inner_.ShowModal(session, form);
     }
     std::string PickFolder(std::string_view title) override { return inner_.PickFolder(title); }

@@ -66,7 +66,7 @@ void Watch::Look() {
 
 void Watch::Stop() {
     auto& dialog = session_.frmDialog;
-    forms::CommandButton& stop = dialog.IsShown() ? dialog.cmdStop : session_.frmSearch.cmdStop;
+    fields::CommandButton& stop = dialog.IsShown() ? dialog.cmdStop : session_.frmSearch.cmdStop;
     stopped_ = session::UserClick(session_, stop).has_value();
 }
 

@@ -21,22 +21,23 @@ InputResult Wrong(std::string sentence) {
     return std::unexpected(std::move(sentence));
 }
 
-std::string NoForm(const forms::Forms& forms, const std::string& name) {
+std::string NoForm(const fields::Forms& forms, const std::string& name) {
     std::vector<std::string_view> names;
-    for (const forms::Form* form : forms.all)
+    for (const fields::Form* form : forms.all)
         names.push_back(form->Name());
     return "There is no form \"" + name + "\"." + DidYouMean(name, names);
 }
 
-std::string NoControl(const forms::Forms& forms, const forms::Form& form, const std::string& name) {
-    for (const forms::Form* other : forms.all) {
+std::string NoControl(const fields::Forms& forms, const fields::Form& form,
+                      const std::string& name) {
+    for (const fields::Form* other : forms.all) {
         if (other != &form && other->Find(name)) {
             return form.Name() + " has no control \"" + name + "\"; " + other->Name() +
                    " has one: write " + other->Name() + "." + name + ".";
         }
     }
     std::vector<std::string_view> names;
-    for (const forms::Control* control : form.Controls())
+    for (const fields::Control* control : form.Controls())
         names.push_back(control->Name());
     return form.Name() + " has no control \"" + name + "\"." + DidYouMean(name, names);
 }
@@ -55,7 +56,7 @@ void ScriptRunner::QueueLeadingAnswers() {
 void ScriptRunner::Run(lifecycle::Program& program) {
     program_ = &program;
     prompts_.SetModalRunner(
-        [this](session::Session&, forms::Form& form) { return RunInside(form); });
+        [this](session::Session&, fields::Form& form) { return RunInside(form); });
     running_ = true;
     // However it ends, the unload that follows is no part of the script.
     const std::shared_ptr<void> ending(nullptr, [this](void*) {
@@ -66,7 +67,7 @@ void ScriptRunner::Run(lifecycle::Program& program) {
         RunNext();
 }
 
-bool ScriptRunner::RunInside(forms::Form& form) {
+bool ScriptRunner::RunInside(fields::Form& form) {
     modal_.push_back(&form);
     while (form.IsShown() && next_ < statements_.size())
         RunNext();
@@ -124,7 +125,7 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
     return session::UserSet(Session(), **control, statement.value);
 }
 
-void ScriptRunner::ClickAfter(const Statement& statement, forms::Control& control) {
+void ScriptRunner::ClickAfter(const Statement& statement, fields::Control& control) {
     const auto click = [this, line = statement.line, &control] {
         if (!running_) return;
         if (const auto done = session::UserClick(Session(), control); !done) {
@@ -134,23 +135,23 @@ void ScriptRunner::ClickAfter(const Statement& statement, forms::Control& contro
     Session().yielder.After(statement.numbers.front(), click);
 }
 
-forms::Form& ScriptRunner::Top() {
-    return modal_.empty() ? static_cast<forms::Form&>(Session().frmSearch) : *modal_.back();
+fields::Form& ScriptRunner::Top() {
+    return modal_.empty() ? static_cast<fields::Form&>(Session().frmSearch) : *modal_.back();
 }
 
-std::expected<forms::Control*, std::string> ScriptRunner::FindControl(const std::string& name) {
-    const forms::Forms& forms = Session().forms;
+std::expected<fields::Control*, std::string> ScriptRunner::FindControl(const std::string& name) {
+    const fields::Forms& forms = Session().forms;
     const std::size_t dot = name.find('.');
-    const forms::Form* form = &Top();
+    const fields::Form* form = &Top();
     if (dot != name.npos) form = forms.Find(name.substr(0, dot));
     if (!form) return std::unexpected(NoForm(forms, name.substr(0, dot)));
     const std::string bare = dot == name.npos ? name : name.substr(dot + 1);
-    if (forms::Control* control = form->Find(bare)) return control;
+    if (fields::Control* control = form->Find(bare)) return control;
     return std::unexpected(NoControl(forms, *form, bare));
 }
 
-InputResult ScriptRunner::CheckReachable(const forms::Control& control) {
-    const forms::Form& owner = control.Owner();
+InputResult ScriptRunner::CheckReachable(const fields::Control& control) {
+    const fields::Form& owner = control.Owner();
     if (&owner == &Top()) return {};
     const bool isOpen = &owner == &Session().frmSearch || owner.IsShown();
     return Wrong(

@@ -36,7 +36,7 @@ class ScriptRunner {
     int Line() const { return line_; }
 
   private:
-    bool RunInside(forms::Form& form);
+    bool RunInside(fields::Form& form);
     void RunNext();
     session::InputResult Execute(const Statement& statement);
     session::InputResult ExecuteOnControl(const Statement& statement);
@@ -44,11 +44,11 @@ class ScriptRunner {
     session::InputResult Select(const Statement& statement);
     session::InputResult DoubleClick(const Statement& statement);
     session::InputResult Dump(const Statement& statement);
-    void ClickAfter(const Statement& statement, forms::Control& control);
+    void ClickAfter(const Statement& statement, fields::Control& control);
 
-    forms::Form& Top();
-    std::expected<forms::Control*, std::string> FindControl(const std::string& name);
-    session::InputResult CheckReachable(const forms::Control& control);
+    fields::Form& Top();
+    std::expected<fields::Control*, std::string> FindControl(const std::string& name);
+    session::InputResult CheckReachable(const fields::Control& control);
     session::Session& Session() { return program_->Session(); }
 
     std::vector<Statement> statements_;
@@ -57,7 +57,7 @@ class ScriptRunner {
     session::ScriptedPrompts& prompts_;
     std::ostream& out_;
     lifecycle::Program* program_ = nullptr;
-    std::vector<forms::Form*> modal_;
+    std::vector<fields::Form*> modal_;
     bool someFailed_ = false;
     bool running_ = false; // planned clicks are for this time only
 };

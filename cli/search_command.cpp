@@ -13,7 +13,7 @@ void Sort(session::Session& session, const SortRequest& sort) {
     constexpr int kMostClicks = 2;
     const auto& list = session.frmSearch.lstMain;
     const auto wanted =
-        sort.descending ? forms::SortDirection::kDescending : forms::SortDirection::kAscending;
+        sort.descending ? fields::SortDirection::kDescending : fields::SortDirection::kAscending;
     const auto isWanted = [&] {
         return list.SortKey.Get() == sort.column && list.SortOrder.Get() == wanted;
     };

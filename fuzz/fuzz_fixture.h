@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/memory/memory_platform.h"
 #include "session/session.h"
 #include "session/unattended_prompts.h"
+#include "tests/machine/memory_platform.h"
 
 #include <cstddef>
 #include <cstdint>

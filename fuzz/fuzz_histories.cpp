@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_fixture.h"
-#include "session/histories.h"
+#include "session/remembered/histories.h"
 
 namespace {
 

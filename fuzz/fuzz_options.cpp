@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_fixture.h"
-#include "session/options_file.h"
+#include "session/remembered/options_file.h"
 
 // Whatever stands in the options file: a save mends it, so that it is read again as it is.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,6 +1,6 @@
 #include "fuzz/fuzz_fixture.h"
 #include "search/locations.h"
-#include "session/path_list.h"
+#include "session/paths/path_list.h"
 
 // A list of folders from anywhere, and the search locations that are made of it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

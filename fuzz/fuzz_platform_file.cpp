@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_fixture.h"
-#include "session/platform_file.h"
+#include "session/remembered/platform_file.h"
 
 // Whatever stands in the file of machine settings: what is saved is read again as it is.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,8 +1,8 @@
 #include "results/add_rows.h"
 
 #include "results/virtual_store.h"
+#include "session/paths/short_path.h"
 #include "session/session.h"
-#include "session/short_path.h"
 #include "text/characters.h"
 #include "text/format.h"
 #include "text/paths.h"

@@ -1,7 +1,7 @@
 #include "results/result_list.h"
 
 #include "results/row_details.h"
-#include "session/short_path.h"
+#include "session/paths/short_path.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/dates.h"
@@ -37,10 +37,10 @@ constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{{{1, 
                                                                             {2048, 'C'}}};
 
 // By the index of the string that found a row first; 0xFFFFFFFF leaves the row's own colour.
-constexpr forms::Color kOwnColor = 0xFFFFFFFF;
-constexpr std::array<forms::Color, 11> kSearchColors{kOwnColor, kOwnColor, 0x000040, 0x404040,
-                                                     0x00FF00,  0x7F00FF,  0xFFFF00, 0x000000,
-                                                     0x7F003F,  0x007F00,  0x003F7F};
+constexpr fields::Color kOwnColor = 0xFFFFFFFF;
+constexpr std::array<fields::Color, 11> kSearchColors{kOwnColor, kOwnColor, 0x000040, 0x404040,
+                                                      0x00FF00,  0x7F00FF,  0xFFFF00, 0x000000,
+                                                      0x7F003F,  0x007F00,  0x003F7F};
 
 std::size_t HashPath(std::string_view path) {
     return std::hash<std::string_view>{}(path);
@@ -246,20 +246,20 @@ std::string ResultList::CellTip(std::size_t index, Column column) const {
     return text::Length(path) > kTipFromLength ? path : Cell(index, column);
 }
 
-forms::Color ResultList::CellColor(std::size_t index, Column column) const {
+fields::Color ResultList::CellColor(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
-    if (row.IsSpacer()) return forms::kBlack;
+    if (row.IsSpacer()) return fields::kBlack;
     if ((column == kName || column == kSearchForEntry) &&
         row.searchForIndex < kSearchColors.size() &&
         kSearchColors[row.searchForIndex] != kOwnColor) {
         return kSearchColors[row.searchForIndex];
     }
-    if (row.isFolder) return forms::kRed;
-    if (column == kSize && row.size > kLargestShownSize) return forms::kRed;
+    if (row.isFolder) return fields::kRed;
+    if (column == kSize && row.size > kLargestShownSize) return fields::kRed;
     if (column == kPathNameLength && NeedsShortName(row, text::Length(FullPath(index)))) {
-        return forms::kRed;
+        return fields::kRed;
     }
-    return forms::kBlue;
+    return fields::kBlue;
 }
 
 // Bytes are never fewer than characters, so a short byte count settles most paths.

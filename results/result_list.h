@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/fields/form.h"
+#include "fields/form.h"
 #include "results/columns.h"
 
 #include <cstdint>
@@ -85,7 +85,7 @@ class ResultList {
     std::string Cell(std::size_t index, Column column) const;
     // The row's tip in Expert Mode: its path when that is long, else the cell itself.
     std::string CellTip(std::size_t index, Column column) const;
-    forms::Color CellColor(std::size_t index, Column column) const;
+    fields::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.
     std::string FullPath(std::size_t index) const;
 

@@ -1,8 +1,8 @@
 #include "results/selection.h"
 
 #include "results/result_list.h"
+#include "session/paths/short_path.h"
 #include "session/session.h"
-#include "session/short_path.h"
 #include "text/case.h"
 #include "text/format.h"
 #include "text/paths.h"
@@ -175,21 +175,21 @@ void ClearList(session::Session& session) {
     auto& form = session.frmSearch;
     session.rows->Clear();
     *session.selection = Selection{};
-    for (forms::Label* counter :
+    for (fields::Label* counter :
          {&form.lblNumOfFilesSelected, &form.lblNumOfDirsSelected, &form.lblNumOfFilesFound,
           &form.lblNumOfDirsFound, &form.lblNumOfFilesAttrib, &form.lblNumOfDirsAttrib,
           &form.lblTotalSize}) {
-        counter->ForeColor = forms::kBlack;
+        counter->ForeColor = fields::kBlack;
         counter->Caption = "0";
     }
     auto& state = session.state;
     state.lngSeenFiles = state.lngSeenFolders = state.lngFilesFound = state.lngFoldersFound = 0;
-    for (forms::Control* hidden : std::initializer_list<forms::Control*>{
+    for (fields::Control* hidden : std::initializer_list<fields::Control*>{
              &form.fraSelection, &form.fraStandardAction, &form.cmdDeleteSelected,
              &form.cmdRenameSelected, &form.cmdDoVersionSort, &form.cmdEditTargets}) {
         hidden->Visible = false;
     }
-    for (forms::MenuEntry* entry :
+    for (fields::MenuEntry* entry :
          {&form.mnuRun, &form.mnuActions, &form.mnuTools_CreateMPLfromCombo,
           &form.mnuTools_DeleteFolderContentsOnly, &form.mnuTools_FolderSummary,
           &form.mnuTools_NameVersionSort, &form.mnuTools_RemoveUnAndMove, &form.mnuTools_BypassMPL,

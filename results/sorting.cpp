@@ -21,7 +21,7 @@ namespace tarvix::results {
 
 namespace {
 
-using forms::SortDirection;
+using fields::SortDirection;
 using session::Session;
 
 // From here on the Size cell runs out of digits, and its text order is no longer that of numbers.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/fields/controls.h"
+#include "fields/controls.h"
 #include "results/columns.h"
 
 #include <cstdint>
@@ -17,7 +17,7 @@ enum class Ties { kByExactText, kAsTheyStood };
 
 // Puts the rows in the text order of one column's cells, without regard to case; rows that are
 // equal so by exact text, and then as they stood. There must be no spacers.
-void SortRows(ResultList& rows, Column key, forms::SortDirection direction,
+void SortRows(ResultList& rows, Column key, fields::SortDirection direction,
               Ties ties = Ties::kByExactText);
 
 // Deletes every spacer.

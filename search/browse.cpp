@@ -3,7 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
 #include "search/net_hood.h"
-#include "session/path_list.h"
+#include "session/paths/path_list.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/paths.h"
@@ -60,7 +60,7 @@ void ChooseBrowseMode(Session& session, int mode) {
     auto& form = session.frmSearch;
     form.optBrowse.Choose(mode);
     for (int i = 0; i < form.optBrowse.Count(); ++i) {
-        const forms::Color color = i == mode ? forms::kRed : forms::kBlack;
+        const fields::Color color = i == mode ? fields::kRed : fields::kBlack;
         auto& entry = form.mnuBrowse_Behave[static_cast<std::size_t>(i)];
         form.optBrowse[i].ForeColor = color;
         entry.Checked = i == mode;

@@ -21,7 +21,7 @@ namespace {
 using session::Session;
 
 constexpr double kHighestSize = 2147483648.0;
-constexpr forms::Color kWhite = 0xFFFFFF;
+constexpr fields::Color kWhite = 0xFFFFFF;
 
 bool IsBlank(std::string_view text) {
     return text::Trim(text).empty();
@@ -74,7 +74,7 @@ std::optional<double> NumberOf(std::string_view text) {
     return value;
 }
 
-void LeaveSizeBox(Session& session, forms::TextBox& box) {
+void LeaveSizeBox(Session& session, fields::TextBox& box) {
     box.BackColor = kWhite;
     const auto value = NumberOf(box.Text.Get());
     if (!value || *value <= kHighestSize) return;
@@ -96,11 +96,11 @@ void ShowDateLabels(Session& session) {
 }
 
 // "yyyy/mm/dd hh:mm:ss" of a pair of pickers.
-std::string PickedDate(const forms::DatePicker& date, const forms::DatePicker& time) {
+std::string PickedDate(const fields::DatePicker& date, const fields::DatePicker& time) {
     return date.Text.Get() + " " + time.Text.Get();
 }
 
-void FillPickers(forms::DatePicker& datePicker, forms::DatePicker& timePicker,
+void FillPickers(fields::DatePicker& datePicker, fields::DatePicker& timePicker,
                  const text::DateTime& value) {
     datePicker.Text = text::FormatDate(value, "yyyy/mm/dd");
     timePicker.Text = text::FormatDate(value, "hh:mm:ss");
@@ -155,7 +155,7 @@ void cboDate_LostFocus(Session& session) {
 void chkSize_Click(Session& session) {
     auto& form = session.frmSearch;
     const bool isOn = form.chkSize.Value == 1;
-    form.chkSize.ForeColor = isOn ? forms::kRed : forms::kBlack;
+    form.chkSize.ForeColor = isOn ? fields::kRed : fields::kBlack;
     form.cboSize.Visible = isOn;
     form.txtSize1.Visible = isOn;
     cboSize_Change(session);
@@ -177,7 +177,7 @@ void mnuSearch_DateType_Click(Session& session, const session::EventArgs& args) 
 void chkDate_Click(Session& session) {
     auto& form = session.frmSearch;
     const bool isOn = form.chkDate.Value == 1;
-    form.chkDate.ForeColor = isOn ? forms::kRed : forms::kBlack;
+    form.chkDate.ForeColor = isOn ? fields::kRed : fields::kBlack;
     form.cboDate.Visible = isOn;
     form.lblDateType.Visible = isOn;
     if (!isOn) SetDateType(session, 0);
@@ -210,15 +210,15 @@ void optFilesVsDirs_Click(Session& session, const session::EventArgs& args) {
     ShowShortcutControls(session);
 }
 
-void Paint(forms::CheckBox& box) {
+void Paint(fields::CheckBox& box) {
     struct Look {
-        forms::Color color;
+        fields::Color color;
         std::string_view tip;
     };
     static constexpr std::array<Look, 3> kLooks{
-        {{forms::kBlue, "Empty will not find any object with this attribute."},
-         {forms::kRed, "Black check will only find objects with this attribute."},
-         {forms::kBlack, "Grey checked will find all objects regardless of this attribute."}}};
+        {{fields::kBlue, "Empty will not find any object with this attribute."},
+         {fields::kRed, "Black check will only find objects with this attribute."},
+         {fields::kBlack, "Grey checked will find all objects regardless of this attribute."}}};
     const Look& look = kLooks[static_cast<std::size_t>(box.Value.Get())];
     box.ForeColor = look.color;
     box.ToolTipText = std::string(look.tip);
@@ -234,7 +234,7 @@ void AddAttributeBoxEvents(session::EventTable& events, std::size_t which,
               });
     events.On("frmSearch." + name + "_Click",
               [before, which](Session& session, const session::EventArgs&) {
-                  forms::CheckBox& box = *session.frmSearch.attributeBoxes[which];
+                  fields::CheckBox& box = *session.frmSearch.attributeBoxes[which];
                   const int from = *before < 0 ? box.Value.Get() : std::exchange(*before, -1);
                   box.Value = (from + 1) % 3;
                   Paint(box);
@@ -290,14 +290,14 @@ void AddCriteriaEvents(session::EventTable& events) {
     events.On("frmSelectDate.cmdCancel_Click", [](Session& session, const session::EventArgs&) {
         session.forms.frmSelectDate.Hide();
     });
-    const forms::FrmSearch names;
+    const fields::FrmSearch names;
     for (std::size_t i = 0; i < names.attributeBoxes.size(); ++i) {
         AddAttributeBoxEvents(events, i, names.attributeBoxes[i]->Name());
     }
 }
 
 void PaintAttributeBoxes(Session& session) {
-    for (forms::CheckBox* box : session.frmSearch.attributeBoxes) {
+    for (fields::CheckBox* box : session.frmSearch.attributeBoxes) {
         Paint(*box);
     }
 }

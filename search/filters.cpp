@@ -13,11 +13,11 @@ namespace {
 // In the order of `attributeBoxes`.
 constexpr std::array<std::uint32_t, 10> kBoxBits{1, 2, 4, 32, 1024, 2048, 256, 512, 64, 128};
 
-double NumberIn(const forms::TextBox& box) {
+double NumberIn(const fields::TextBox& box) {
     return static_cast<double>(text::ParseWholeNumber(box.Text.Get()).value_or(0));
 }
 
-text::DateTime DateIn(const forms::Label& label) {
+text::DateTime DateIn(const fields::Label& label) {
     return text::ParseDate(label.Caption.Get()).value_or(text::DateTime{});
 }
 

@@ -1,8 +1,8 @@
 #include "search/find_family.h"
 
-#include "session/ask_long_path.h"
+#include "session/paths/ask_long_path.h"
+#include "session/paths/short_path.h"
 #include "session/session.h"
-#include "session/short_path.h"
 #include "text/characters.h"
 #include "text/paths.h"
 

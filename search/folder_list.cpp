@@ -4,8 +4,8 @@
 #include "platform/file_system.h"
 #include "search/name_checks.h"
 #include "session/attempt.h"
+#include "session/paths/short_path.h"
 #include "session/session.h"
-#include "session/short_path.h"
 #include "text/characters.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #include "search/name_checks.h"
 
-#include "session/fake_roots.h"
-#include "session/recycle_folders.h"
+#include "session/paths/fake_roots.h"
+#include "session/paths/recycle_folders.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"

@@ -8,7 +8,7 @@
 #include "search/locations.h"
 #include "search/search_strings.h"
 #include "search/walk.h"
-#include "session/histories.h"
+#include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -33,7 +33,7 @@ constexpr int kDeleteStyle = session::kYesNo + session::kCritical + session::kSe
 constexpr std::string_view kNoMoreDeleted =
     "No more of the empty folders could be deleted. See the action log for what was skipped.";
 
-bool IsChecked(const forms::CheckBox& box) {
+bool IsChecked(const fields::CheckBox& box) {
     return box.Value == 1;
 }
 
@@ -101,7 +101,7 @@ void ShowBatch(Session& session) {
     if (!state.blnAutoMove && !state.blnAutoPlayList) return;
     form.cmdNext.Visible = true;
     form.lblDetailedStatus.Visible = true;
-    form.lblDetailedStatus.ForeColor = forms::kGreen;
+    form.lblDetailedStatus.ForeColor = fields::kGreen;
     form.chkNot.Value = 0;
     form.chkNot.Visible = false;
     form.lblDetailedStatus.Caption =
@@ -114,7 +114,7 @@ void ShowBatch(Session& session) {
 void ShowSearching(Session& session) {
     auto& form = session.frmSearch;
     form.lblStatus.Caption = IsChecked(form.chkRepeatSearch) ? "Repeat searching" : "Searching";
-    for (forms::Control* shown : std::initializer_list<forms::Control*>{
+    for (fields::Control* shown : std::initializer_list<fields::Control*>{
              &form.lblStatus, &form.lblCurrentFolder, &form.lblSearchFor, &form.cmdStop}) {
         shown->Visible = true;
     }
@@ -195,15 +195,15 @@ void NormalEnd(Session& session) {
     ShowEnded(session, "", true);
 }
 
-void EnableAfterSearch(forms::FrmSearch& form) {
-    for (forms::MenuEntry* entry :
+void EnableAfterSearch(fields::FrmSearch& form) {
+    for (fields::MenuEntry* entry :
          {&form.mnuRun, &form.mnuActions, &form.mnuTools_CreateMPLfromCombo,
           &form.mnuTools_NameVersionSort, &form.mnuTools_RemoveUnAndMove, &form.mnuTools_BypassMPL,
           &form.mnuTools_NewSearchFor}) {
         entry->Enabled = true;
     }
     form.mnuTools_FolderSummary.Enabled = form.optFilesVsDirs.Chosen() <= 2;
-    for (forms::Control* shown : std::initializer_list<forms::Control*>{
+    for (fields::Control* shown : std::initializer_list<fields::Control*>{
              &form.fraSelection, &form.fraStandardAction, &form.cmdDoVersionSort,
              &form.cmdDeleteSelected, &form.cmdRenameSelected}) {
         shown->Visible = true;
@@ -216,11 +216,11 @@ void CommonEnd(Session& session) {
     form.lblNumOfDirsFound.Caption = std::to_string(session.state.lngFoldersFound);
     session::UnlockAfterSearch(session);
     EnableAfterSearch(form);
-    for (forms::Label* label :
+    for (fields::Label* label :
          {&form.lblNumOfFilesFound, &form.lblNumOfFilesSelected, &form.lblNumOfDirsAttrib,
           &form.lblNumOfFilesAttrib, &form.lblNumOfDirsFound, &form.lblNumOfDirsSelected,
           &form.lblTotalSize, &form.lblGroups}) {
-        label->ForeColor = forms::kBlue;
+        label->ForeColor = fields::kBlue;
     }
     form.lblGroups.Caption = "1";
 }
@@ -269,9 +269,9 @@ bool RunFollowUp(Session& session, Outcome outcome) {
     return false;
 }
 
-void GiveFocusBack(forms::FrmSearch& form) {
-    form.Focus = form.cmdSearch.Enabled ? static_cast<forms::Control*>(&form.cmbSearchFor)
-                                        : static_cast<forms::Control*>(&form.chkRepeatSearch);
+void GiveFocusBack(fields::FrmSearch& form) {
+    form.Focus = form.cmdSearch.Enabled ? static_cast<fields::Control*>(&form.cmbSearchFor)
+                                        : static_cast<fields::Control*>(&form.chkRepeatSearch);
 }
 
 } // namespace

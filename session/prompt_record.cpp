@@ -1,11 +1,11 @@
 #include "session/prompt_record.h"
 
-#include "forms/fields/control.h"
+#include "fields/control.h"
 
 namespace tarvix::session {
 
-PromptRecord RecordOf(const forms::Form& form) {
-    const forms::Control* main = form.Find("lblMain");
+PromptRecord RecordOf(const fields::Form& form) {
+    const fields::Control* main = form.Find("lblMain");
     return {.kind = PromptKind::kForm,
             .form = form.Name(),
             .title = form.Caption,

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace tarvix::forms {
+namespace tarvix::fields {
 class Form;
 }
 
@@ -24,6 +24,6 @@ struct PromptRecord {
 };
 
 // The record of a modal form that is about to show.
-PromptRecord RecordOf(const forms::Form& form);
+PromptRecord RecordOf(const fields::Form& form);
 
 } // namespace tarvix::session

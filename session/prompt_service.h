@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvix::forms {
+namespace tarvix::fields {
 class Form;
 }
 
@@ -42,7 +42,7 @@ class PromptService {
     virtual std::string InputBox(std::string_view text, std::string_view title,
                                  std::string_view preset) = 0;
     // Shows the form and returns when it hides. Its controls raise their events meanwhile.
-    virtual void ShowModal(Session& session, forms::Form& form) = 0;
+    virtual void ShowModal(Session& session, fields::Form& form) = 0;
     // A folder in drive form; empty when the user cancelled.
     virtual std::string PickFolder(std::string_view title) = 0;
     // An existing file in drive form; `filters` as "Text Files (*.txt)|*.txt|".

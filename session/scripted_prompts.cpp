@@ -1,7 +1,7 @@
 #include "session/scripted_prompts.h"
 
-#include "forms/fields/controls.h"
-#include "forms/fields/prompt_forms.h"
+#include "fields/controls.h"
+#include "fields/prompt_forms.h"
 #include "platform/native_paths.h"
 #include "session/message_style.h"
 #include "session/session.h"
@@ -27,25 +27,25 @@ std::string ButtonNames(int style) {
     return names;
 }
 
-bool IsButtonWithCaption(const forms::Control& control, std::string_view caption) {
-    if (control.Kind() != forms::ControlKind::kCommandButton || !control.Visible) return false;
-    const auto& button = static_cast<const forms::CommandButton&>(control);
+bool IsButtonWithCaption(const fields::Control& control, std::string_view caption) {
+    if (control.Kind() != fields::ControlKind::kCommandButton || !control.Visible) return false;
+    const auto& button = static_cast<const fields::CommandButton&>(control);
     return text::EqualNoCase(text::Replace(button.Caption.Get(), "&", ""),
                              text::Replace(caption, "&", ""));
 }
 
-forms::Control* FindNamedOrCaptioned(const forms::Form& form, std::string_view answer) {
-    if (forms::Control* named = form.Find(answer)) return named;
-    for (forms::Control* control : form.Controls()) {
+fields::Control* FindNamedOrCaptioned(const fields::Form& form, std::string_view answer) {
+    if (fields::Control* named = form.Find(answer)) return named;
+    for (fields::Control* control : form.Controls()) {
         if (IsButtonWithCaption(*control, answer)) return control;
     }
     return nullptr;
 }
 
-std::string ButtonsOn(const forms::Form& form) {
+std::string ButtonsOn(const fields::Form& form) {
     std::string names;
-    for (const forms::Control* control : form.Controls()) {
-        if (control->Kind() != forms::ControlKind::kCommandButton || !control->Visible) continue;
+    for (const fields::Control* control : form.Controls()) {
+        if (control->Kind() != fields::ControlKind::kCommandButton || !control->Visible) continue;
         names.append(names.empty() ? "" : ", ").append(control->Name());
     }
     return names;
@@ -68,8 +68,8 @@ std::optional<DateAnswer> ReadDates(std::string_view answer) {
     return dates;
 }
 
-InputResult EnterDates(Session& session, forms::FrmSelectDate& form, const DateAnswer& dates) {
-    const std::array<std::pair<forms::DatePicker*, std::string_view>, 4> entries{
+InputResult EnterDates(Session& session, fields::FrmSelectDate& form, const DateAnswer& dates) {
+    const std::array<std::pair<fields::DatePicker*, std::string_view>, 4> entries{
         {{&form.dtpStartDate, dates.start},
          {&form.dtpStartTime, dates.start},
          {&form.dtpEndDate, dates.end},
@@ -139,7 +139,7 @@ std::string ScriptedPrompts::PickFile(std::string_view title, std::string_view /
     return TakePath(Note({.kind = PromptKind::kFile, .title = std::string(title)}));
 }
 
-void ScriptedPrompts::ShowModal(Session& session, forms::Form& form) {
+void ScriptedPrompts::ShowModal(Session& session, fields::Form& form) {
     const std::size_t prompt = Note(RecordOf(form));
     while (form.IsShown()) {
         if (HasQueued()) {
@@ -154,11 +154,11 @@ void ScriptedPrompts::ShowModal(Session& session, forms::Form& form) {
     }
 }
 
-void ScriptedPrompts::AnswerForm(Session& session, forms::Form& form, std::size_t prompt) {
+void ScriptedPrompts::AnswerForm(Session& session, fields::Form& form, std::size_t prompt) {
     const std::string answer = *Take(prompt);
     records_[prompt].answer = answer;
     InputResult done;
-    if (forms::Control* control = FindNamedOrCaptioned(form, answer)) {
+    if (fields::Control* control = FindNamedOrCaptioned(form, answer)) {
         records_[prompt].answer = control->Name();
         done = UserClick(session, *control);
     } else if (const auto dates = ReadDates(answer);

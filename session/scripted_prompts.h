@@ -36,7 +36,7 @@ class ScriptedPrompts : public PromptService {
     enum class Fallback { kThrow, kSafe };
     // Acts inside a modal form that has no answer queued. False when it has nothing more to do,
     // though the form still shows.
-    using ModalRunner = std::function<bool(Session&, forms::Form&)>;
+    using ModalRunner = std::function<bool(Session&, fields::Form&)>;
 
     void Queue(std::string answer) { queue_.push_back(std::move(answer)); }
     bool HasQueued() const { return !queue_.empty(); }
@@ -50,7 +50,7 @@ class ScriptedPrompts : public PromptService {
     int MsgBox(std::string_view text, int style, std::string_view title) override;
     std::string InputBox(std::string_view text, std::string_view title,
                          std::string_view preset) override;
-    void ShowModal(Session& session, forms::Form& form) override;
+    void ShowModal(Session& session, fields::Form& form) override;
     std::string PickFolder(std::string_view title) override;
     std::string PickFile(std::string_view title, std::string_view filters) override;
 
@@ -60,7 +60,7 @@ class ScriptedPrompts : public PromptService {
     std::optional<std::string> Take(std::size_t prompt);
     std::string TakeText(std::size_t prompt);
     std::string TakePath(std::size_t prompt);
-    void AnswerForm(Session& session, forms::Form& form, std::size_t prompt);
+    void AnswerForm(Session& session, fields::Form& form, std::size_t prompt);
     [[noreturn]] void Misanswered(std::size_t prompt, std::string why) const;
 
     std::deque<std::string> queue_;

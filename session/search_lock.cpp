@@ -8,8 +8,8 @@ namespace tarvix::session {
 
 namespace {
 
-void SetCriteriaEnabled(forms::FrmSearch& form, bool enabled) {
-    for (forms::Control* control : std::initializer_list<forms::Control*>{
+void SetCriteriaEnabled(fields::FrmSearch& form, bool enabled) {
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
              &form.cmbSearchFor,    &form.cboTargetPath, &form.cmbDir,
              &form.cboSize,         &form.txtSize1,      &form.txtSize2,
              &form.cboDate,         &form.chkNot,        &form.chkIncludeSubFolders,
@@ -23,7 +23,7 @@ void SetCriteriaEnabled(forms::FrmSearch& form, bool enabled) {
     form.optFilesVsDirs.SetEnabled(enabled);
 }
 
-bool IsFolderKind(const forms::FrmSearch& form) {
+bool IsFolderKind(const fields::FrmSearch& form) {
     return form.optFilesVsDirs.Chosen() >= 3;
 }
 

@@ -24,13 +24,13 @@ const std::string& Session::TimeText() {
     return toldTimeText_;
 }
 
-bool Session::Raise(const forms::Control& control, std::string_view event, bool isRepeat) {
+bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {
     std::string name = control.Owner().Name();
     name.append(".").append(control.ArrayName()).append("_").append(event);
     return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 
-void Session::ShowModal(forms::Form& form) {
+void Session::ShowModal(fields::Form& form) {
     form.Show();
     prompts.ShowModal(*this, form);
     form.Hide();

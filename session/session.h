@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/fields/forms.h"
+#include "fields/forms.h"
 #include "platform/platform.h"
 #include "session/action_log.h"
 #include "session/error_log.h"
@@ -33,9 +33,9 @@ struct Session {
     platform::Platform platform;
     PromptService& prompts;
     SessionState state;
-    forms::Forms forms;
-    forms::FrmSearch& frmSearch;
-    forms::FrmDialog& frmDialog;
+    fields::Forms forms;
+    fields::FrmSearch& frmSearch;
+    fields::FrmDialog& frmDialog;
     EventTable events;
     Yielder yielder;
     ActionLog log;
@@ -55,11 +55,11 @@ struct Session {
     const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
-    bool Raise(const forms::Control& control, std::string_view event, bool isRepeat = false);
+    bool Raise(const fields::Control& control, std::string_view event, bool isRepeat = false);
     int MsgBox(std::string_view text, int style = kOkOnly, std::string_view title = "Tarvix") {
         return prompts.MsgBox(text, style, title);
     }
-    void ShowModal(forms::Form& form);
+    void ShowModal(fields::Form& form);
 
   private:
     text::DateTime toldTime_;

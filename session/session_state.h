@@ -1,8 +1,8 @@
 #pragma once
 
 #include "session/action_state.h"
-#include "session/options.h"
-#include "session/platform_settings.h"
+#include "session/settings/options.h"
+#include "session/settings/platform_settings.h"
 #include "text/dates.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "session/unattended_prompts.h"
 
-#include "forms/fields/control.h"
+#include "fields/control.h"
 #include "session/message_style.h"
 #include "session/session.h"
 #include "session/user_input.h"
@@ -36,18 +36,18 @@ std::string UnattendedPrompts::PickFile(std::string_view title, std::string_view
     return {};
 }
 
-void UnattendedPrompts::ShowModal(Session& session, forms::Form& form) {
+void UnattendedPrompts::ShowModal(Session& session, fields::Form& form) {
     const std::size_t prompt = records_.size();
     records_.push_back(RecordOf(form));
     std::string answer = CloseUnattended(session, form);
     records_[prompt].answer = std::move(answer);
 }
 
-std::string CloseUnattended(Session& session, forms::Form& form) {
+std::string CloseUnattended(Session& session, fields::Form& form) {
     constexpr std::array<std::string_view, 4> kWaysOut{"cmdCancel", "CancelButton", "cmdOK",
                                                        "OKButton"};
     for (const std::string_view name : kWaysOut) {
-        forms::Control* button = form.Find(name);
+        fields::Control* button = form.Find(name);
         if (!button || !UserClick(session, *button)) continue;
         form.Hide();
         return button->Name();

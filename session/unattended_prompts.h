@@ -18,7 +18,7 @@ class UnattendedPrompts : public PromptService {
     int MsgBox(std::string_view text, int style, std::string_view title) override;
     std::string InputBox(std::string_view text, std::string_view title,
                          std::string_view preset) override;
-    void ShowModal(Session& session, forms::Form& form) override;
+    void ShowModal(Session& session, fields::Form& form) override;
     std::string PickFolder(std::string_view title) override;
     std::string PickFile(std::string_view title, std::string_view filters) override;
 
@@ -28,6 +28,6 @@ class UnattendedPrompts : public PromptService {
 
 // Clicks the form's Cancel, else its OK, and hides it if it still shows. Gives the name of what
 // was clicked.
-std::string CloseUnattended(Session& session, forms::Form& form);
+std::string CloseUnattended(Session& session, fields::Form& form);
 
 } // namespace tarvix::session

@@ -1,6 +1,6 @@
 #include "session/user_input.h"
 
-#include "forms/fields/controls.h"
+#include "fields/controls.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/dates.h"
@@ -12,26 +12,26 @@ namespace tarvix::session {
 
 namespace {
 
-std::unexpected<std::string> Refuse(const forms::Control& control, std::string_view why) {
+std::unexpected<std::string> Refuse(const fields::Control& control, std::string_view why) {
     return std::unexpected(control.Owner().Name() + "." + control.Name() + " " + std::string(why));
 }
 
-void ChooseOption(forms::Control& control) {
-    for (forms::Control* other : control.Owner().Controls()) {
-        if (other->Kind() == forms::ControlKind::kOptionButton &&
+void ChooseOption(fields::Control& control) {
+    for (fields::Control* other : control.Owner().Controls()) {
+        if (other->Kind() == fields::ControlKind::kOptionButton &&
             other->ArrayName() == control.ArrayName()) {
-            static_cast<forms::OptionButton*>(other)->Value = other == &control;
+            static_cast<fields::OptionButton*>(other)->Value = other == &control;
         }
     }
 }
 
 // A two-state box toggles by itself; a tri-state box steps in its own click routine, from the
 // value that it had when the button went down.
-void PrepareClick(Session& session, forms::Control& control) {
-    if (control.Kind() == forms::ControlKind::kOptionButton) {
+void PrepareClick(Session& session, fields::Control& control) {
+    if (control.Kind() == fields::ControlKind::kOptionButton) {
         ChooseOption(control);
-    } else if (control.Kind() == forms::ControlKind::kCheckBox) {
-        auto& box = static_cast<forms::CheckBox&>(control);
+    } else if (control.Kind() == fields::ControlKind::kCheckBox) {
+        auto& box = static_cast<fields::CheckBox&>(control);
         if (box.IsTriState()) {
             session.Raise(control, "MouseDown");
         } else {
@@ -40,7 +40,7 @@ void PrepareClick(Session& session, forms::Control& control) {
     }
 }
 
-InputResult SetCheckBox(Session& session, forms::CheckBox& box, std::string_view value) {
+InputResult SetCheckBox(Session& session, fields::CheckBox& box, std::string_view value) {
     const int highest = box.IsTriState() ? 2 : 1;
     if (value.size() != 1 || value[0] < '0' || value[0] > '0' + highest) {
         return Refuse(box, highest == 2 ? "takes 0, 1 or 2." : "takes 0 or 1.");
@@ -52,7 +52,7 @@ InputResult SetCheckBox(Session& session, forms::CheckBox& box, std::string_view
     return {};
 }
 
-InputResult SetOption(Session& session, forms::OptionButton& option, std::string_view value) {
+InputResult SetOption(Session& session, fields::OptionButton& option, std::string_view value) {
     if (value != "1" && !text::EqualNoCase(value, "True")) {
         return Refuse(option, "is one of several choices: it can only be set to 1.");
     }
@@ -62,7 +62,7 @@ InputResult SetOption(Session& session, forms::OptionButton& option, std::string
     return {};
 }
 
-InputResult SetComboBox(Session& session, forms::ComboBox& box, std::string_view value) {
+InputResult SetComboBox(Session& session, fields::ComboBox& box, std::string_view value) {
     std::string entered(value);
     if (!box.IsEditable()) {
         bool known = false;
@@ -79,7 +79,7 @@ InputResult SetComboBox(Session& session, forms::ComboBox& box, std::string_view
 }
 
 // Selects the line of that text, or turns it where several may be selected.
-InputResult SetListBox(Session& session, forms::ListBox& list, std::string_view value) {
+InputResult SetListBox(Session& session, fields::ListBox& list, std::string_view value) {
     const auto& items = list.Items();
     const auto found = std::ranges::find_if(
         items, [value](const std::string& item) { return text::EqualNoCase(item, value); });
@@ -91,7 +91,7 @@ InputResult SetListBox(Session& session, forms::ListBox& list, std::string_view 
     return {};
 }
 
-InputResult SetDatePicker(Session& session, forms::DatePicker& picker, std::string_view value) {
+InputResult SetDatePicker(Session& session, fields::DatePicker& picker, std::string_view value) {
     const auto date = text::ParseDate(value);
     if (!date) return Refuse(picker, "takes a date or time, not \"" + std::string(value) + "\".");
     picker.Text = text::FormatDate(*date, picker.IsTime() ? "hh:mm:ss" : "yyyy/mm/dd");
@@ -100,7 +100,7 @@ InputResult SetDatePicker(Session& session, forms::DatePicker& picker, std::stri
 }
 
 // While a search runs or objects are recycled only the stop and the skip act.
-InputResult CanActNow(Session& session, const forms::Control& control) {
+InputResult CanActNow(Session& session, const fields::Control& control) {
     const auto& form = session.frmSearch;
     const bool isSearchForm = &control.Owner() == &form;
     if ((session.state.blnSearching || session.state.blnRecycling) && isSearchForm &&
@@ -114,37 +114,37 @@ InputResult CanActNow(Session& session, const forms::Control& control) {
 
 } // namespace
 
-InputResult CanUse(const forms::Control& control) {
+InputResult CanUse(const fields::Control& control) {
     if (!control.Visible) return Refuse(control, "is hidden.");
     if (!control.Enabled) return Refuse(control, "is disabled.");
     return {};
 }
 
-InputResult UserClick(Session& session, forms::Control& control) {
+InputResult UserClick(Session& session, fields::Control& control) {
     if (auto usable = CanActNow(session, control); !usable) return usable;
-    const bool isRepeat = control.Kind() == forms::ControlKind::kOptionButton &&
-                          static_cast<forms::OptionButton&>(control).Value;
+    const bool isRepeat = control.Kind() == fields::ControlKind::kOptionButton &&
+                          static_cast<fields::OptionButton&>(control).Value;
     PrepareClick(session, control);
     session.Raise(control, "Click", isRepeat);
     return {};
 }
 
-InputResult UserSet(Session& session, forms::Control& control, std::string_view value) {
-    using forms::ControlKind;
+InputResult UserSet(Session& session, fields::Control& control, std::string_view value) {
+    using fields::ControlKind;
     if (auto usable = CanActNow(session, control); !usable) return usable;
     switch (control.Kind()) {
     case ControlKind::kCheckBox:
-        return SetCheckBox(session, static_cast<forms::CheckBox&>(control), value);
+        return SetCheckBox(session, static_cast<fields::CheckBox&>(control), value);
     case ControlKind::kOptionButton:
-        return SetOption(session, static_cast<forms::OptionButton&>(control), value);
+        return SetOption(session, static_cast<fields::OptionButton&>(control), value);
     case ControlKind::kComboBox:
-        return SetComboBox(session, static_cast<forms::ComboBox&>(control), value);
+        return SetComboBox(session, static_cast<fields::ComboBox&>(control), value);
     case ControlKind::kDatePicker:
-        return SetDatePicker(session, static_cast<forms::DatePicker&>(control), value);
+        return SetDatePicker(session, static_cast<fields::DatePicker&>(control), value);
     case ControlKind::kListBox:
-        return SetListBox(session, static_cast<forms::ListBox&>(control), value);
+        return SetListBox(session, static_cast<fields::ListBox&>(control), value);
     case ControlKind::kTextBox:
-        static_cast<forms::TextBox&>(control).Text = std::string(value);
+        static_cast<fields::TextBox&>(control).Text = std::string(value);
         session.Raise(control, "Change");
         return {};
     default:
@@ -152,7 +152,7 @@ InputResult UserSet(Session& session, forms::Control& control, std::string_view 
     }
 }
 
-void UserLeave(Session& session, forms::Control& control) {
+void UserLeave(Session& session, fields::Control& control) {
     session.Raise(control, "LostFocus");
 }
 

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-namespace tarvix::forms {
+namespace tarvix::fields {
 class Control;
 class Form;
-} // namespace tarvix::forms
+} // namespace tarvix::fields
 
 namespace tarvix::session {
 
@@ -19,16 +19,16 @@ struct Session;
 using InputResult = std::expected<void, std::string>;
 
 // The press of a button or menu entry, the toggle of a box, the choice of an option.
-InputResult UserClick(Session& session, forms::Control& control);
+InputResult UserClick(Session& session, fields::Control& control);
 
 // Enters a value: the text of a text box, combo box or picker, 0, 1 or 2 for a check box, 1 (or
 // "True") for an option. Raises Change for texts and Click for boxes, if the value changed.
-InputResult UserSet(Session& session, forms::Control& control, std::string_view value);
+InputResult UserSet(Session& session, fields::Control& control, std::string_view value);
 
 // The focus leaves the control.
-void UserLeave(Session& session, forms::Control& control);
+void UserLeave(Session& session, fields::Control& control);
 
 // Whether the control, and whatever holds it, can be used now; else why not.
-InputResult CanUse(const forms::Control& control);
+InputResult CanUse(const fields::Control& control);
 
 } // namespace tarvix::session

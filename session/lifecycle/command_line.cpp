@@ -1,7 +1,7 @@
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
 #include "session/lifecycle/startup.h"
-#include "session/path_list.h"
+#include "session/paths/path_list.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"

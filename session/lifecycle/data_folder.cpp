@@ -2,8 +2,8 @@
 
 #include "platform/environment.h"
 #include "platform/file_system.h"
-#include "session/missing_folders.h"
-#include "session/platform_file.h"
+#include "session/paths/missing_folders.h"
+#include "session/remembered/platform_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/format.h"

@@ -1,12 +1,12 @@
 #include "session/lifecycle/program.h"
 
-#include "actions/start_action.h"
+#include "actions/request/start_action.h"
 #include "results/sorting.h"
 #include "search/request.h"
-#include "session/ask_long_path.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
 #include "session/option_menu.h"
+#include "session/paths/ask_long_path.h"
 #include "session/text_viewer.h"
 
 namespace tarvix::lifecycle {

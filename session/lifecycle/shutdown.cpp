@@ -1,10 +1,10 @@
-#include "actions/recycle.h"
+#include "actions/place/recycle.h"
 #include "platform/file_system.h"
-#include "session/histories.h"
 #include "session/lifecycle/startup.h"
-#include "session/options_file.h"
-#include "session/platform_file.h"
-#include "session/replace_file.h"
+#include "session/remembered/histories.h"
+#include "session/remembered/options_file.h"
+#include "session/remembered/platform_file.h"
+#include "session/remembered/replace_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
@@ -16,12 +16,12 @@ namespace {
 using session::Session;
 
 void CloseOtherWindows(Session& session) {
-    for (forms::Form* other : session.forms.all) {
+    for (fields::Form* other : session.forms.all) {
         if (other != &session.frmSearch) other->Hide();
     }
 }
 
-void HideTargetPath(forms::FrmSearch& form) {
+void HideTargetPath(fields::FrmSearch& form) {
     form.cboTargetPath.Visible = form.lblTargetPath.Visible = false;
     form.cboTargetPath.Text = "";
     form.mnuTargetPath.Enabled = false;

@@ -1,6 +1,6 @@
 #include "session/lifecycle/startup.h"
 
-#include "actions/dialog_setup.h"
+#include "actions/request/dialog_setup.h"
 #include "platform/registry.h"
 #include "results/result_list.h"
 #include "results/selection.h"
@@ -8,12 +8,12 @@
 #include "search/criteria_boxes.h"
 #include "search/default_folders.h"
 #include "search/request.h"
-#include "session/histories.h"
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/program.h"
-#include "session/options_file.h"
-#include "session/platform_file.h"
+#include "session/remembered/histories.h"
+#include "session/remembered/options_file.h"
+#include "session/remembered/platform_file.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -63,8 +63,8 @@ void SetVisibleDefaults(Session& session) {
                    std::to_string(session.Now().year) + " The Tarvix developers";
     form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(results::kListTip);
     search::ChooseBrowseMode(session, 0);
-    form.lblCurrentFolder.ForeColor = forms::kBlue;
-    form.lblSearchFor.ForeColor = forms::kRed;
+    form.lblCurrentFolder.ForeColor = fields::kBlue;
+    form.lblSearchFor.ForeColor = fields::kRed;
     search::PaintAttributeBoxes(session);
 }
 
@@ -171,12 +171,12 @@ void frmSearch_Activate(Session& session) {
 void frmSearch_Resize(Session& session) {
     auto& form = session.frmSearch;
     const auto& state = session.state;
-    if (form.State == forms::WindowState::kMinimized) {
-        if (state.blnAutoMove || state.blnAutoPlayList) form.State = forms::WindowState::kNormal;
+    if (form.State == fields::WindowState::kMinimized) {
+        if (state.blnAutoMove || state.blnAutoPlayList) form.State = fields::WindowState::kNormal;
         return;
     }
     if (form.Width >= kLeastWidth && form.Height >= kLeastHeight) return;
-    if (form.State == forms::WindowState::kMaximized) {
+    if (form.State == fields::WindowState::kMaximized) {
         session.MsgBox(kTooSmall);
         frmSearch_Unload(session);
         return;

@@ -13,9 +13,9 @@ namespace tarvix::testing {
 // Whole requests to the action window, on a machine with the folders C:\t and C:\d.
 class ActionFixture : public ProgramFixture {
   protected:
-    using Fill = std::function<void(forms::FrmDialog&)>;
+    using Fill = std::function<void(fields::FrmDialog&)>;
 
-    forms::FrmDialog& Dialog() { return S().frmDialog; }
+    fields::FrmDialog& Dialog() { return S().frmDialog; }
     session::ActionState& Action() { return State().action; }
     session::ActionTotals& Totals() { return State().lastAction; }
 
@@ -31,10 +31,11 @@ class ActionFixture : public ProgramFixture {
     }
     // Presses a start button, fills the window, presses OK and answers what comes in order; further
     // prompts get the safe answer. A window that still shows then is cancelled.
-    void Do(forms::CommandButton& button, const Fill& fill, std::vector<std::string> answers = {}) {
+    void Do(fields::CommandButton& button, const Fill& fill,
+            std::vector<std::string> answers = {}) {
         bool isDone = false;
         stayedOpen = isUsable = false;
-        prompts.SetModalRunner([&](session::Session& session, forms::Form& form) {
+        prompts.SetModalRunner([&](session::Session& session, fields::Form& form) {
             if (&form != &Dialog()) return Dismiss(session, form);
             if (std::exchange(isDone, true)) return false;
             fill(Dialog());
@@ -58,7 +59,7 @@ class ActionFixture : public ProgramFixture {
     }
     // One location, one choice for duplicates.
     Fill To(const std::string& destination, const std::string& box = "chkSkipAll") {
-        return [this, destination, box](forms::FrmDialog& form) {
+        return [this, destination, box](fields::FrmDialog& form) {
             Set(form.cmbDir, destination);
             if (box != "chkAsk") Set(*form.Find(box), "1");
         };
@@ -76,15 +77,15 @@ class ActionFixture : public ProgramFixture {
     }
 
     // Looks at each prompt form before it is answered.
-    std::function<void(forms::Form&)> onForm;
+    std::function<void(fields::Form&)> onForm;
     bool stayedOpen = false;
     bool isUsable = false;
 
   private:
-    bool Dismiss(session::Session& session, forms::Form& form) {
+    bool Dismiss(session::Session& session, fields::Form& form) {
         if (onForm) onForm(form);
         for (const char* name : {"cmdSkip", "cmdNo", "cmdOK"}) {
-            forms::Control* button = form.Find(name);
+            fields::Control* button = form.Find(name);
             if (button != nullptr && session::UserClick(session, *button)) return true;
         }
         return false;

@@ -15,10 +15,10 @@ class AskTest : public ActionFixture {
         Disk().AddFile("C:\\t\\a.txt", "new");
         Disk().AddFile("C:\\d\\a.txt", "older");
     }
-    forms::FrmAsk& Ask() { return S().forms.frmAsk; }
+    fields::FrmAsk& Ask() { return S().forms.frmAsk; }
     std::vector<std::string> Offered() {
         std::vector<std::string> names;
-        for (forms::CommandButton* button :
+        for (fields::CommandButton* button :
              {&Ask().cmdSkip, &Ask().cmdOverwrite, &Ask().cmdRename, &Ask().cmdSkipAll,
               &Ask().cmdOverwriteAll, &Ask().cmdRenameAll, &Ask().cmdCancel,
               &Ask().cmdDeleteReplace, &Ask().cmdDeleteReplaceAll}) {
@@ -29,7 +29,7 @@ class AskTest : public ActionFixture {
     // What the first prompt of a copy or move offers.
     std::vector<std::string> OfferedFor(int kind, bool isMove = false) {
         std::vector<std::string> offered;
-        onForm = [&](forms::Form& form) {
+        onForm = [&](fields::Form& form) {
             if (&form == &Ask() && offered.empty()) offered = Offered();
         };
         Find(kind);
@@ -42,7 +42,7 @@ TEST_F(AskTest, TellsOfBothObjects) {
     Disk().Node("C:\\t\\a.txt")->modified = machine.clock.FromLocal({2025, 3, 4, 5, 6, 7});
     Disk().Node("C:\\d\\a.txt")->modified = machine.clock.FromLocal({2024, 1, 2, 13, 4, 5});
     std::string told;
-    onForm = [&](forms::Form&) { told = Ask().lblMain.Caption.Get(); };
+    onForm = [&](fields::Form&) { told = Ask().lblMain.Caption.Get(); };
     Find();
     Copy(To("C:\\d", "chkAsk"));
     EXPECT_EQ(told,
@@ -55,9 +55,9 @@ TEST_F(AskTest, TellsOfBothObjects) {
 
 TEST_F(AskTest, TheRenameRuleTellsItsSide) {
     std::string told;
-    onForm = [&](forms::Form&) { told = Ask().lblMain.Caption.Get(); };
+    onForm = [&](fields::Form&) { told = Ask().lblMain.Caption.Get(); };
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkRenameBeg, "1");
         Set(form.txtRename, "x");
@@ -102,9 +102,9 @@ TEST_F(AskTest, AMoveOffersSkipRenameAndCancelOnly) {
 
 TEST_F(AskTest, WithoutATextNothingCanBeRenamed) {
     std::vector<std::string> offered;
-    onForm = [&](forms::Form&) { offered = Offered(); };
+    onForm = [&](fields::Form&) { offered = Offered(); };
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.txtRename, "");
     });
@@ -146,7 +146,7 @@ TEST_F(AskTest, AnAnswerForAllStandsAndIsLoggedOnce) {
         Disk().AddFile("C:\\t\\b.txt", "new");
         Disk().AddFile("C:\\d\\b.txt", "old");
         int asked = 0;
-        onForm = [&](forms::Form&) { ++asked; };
+        onForm = [&](fields::Form&) { ++asked; };
         Find();
         Copy(To("C:\\d", "chkAsk"), {"OK", c.button});
         EXPECT_EQ(asked, 0) << "only the first was asked about";
@@ -221,7 +221,7 @@ class RenameRule : public ActionFixture {
             Disk().AddFile("C:\\d\\" + each, "old");
         }
         Find();
-        Copy([&](forms::FrmDialog& form) {
+        Copy([&](fields::FrmDialog& form) {
             Set(form.cmbDir, "C:\\d");
             Set(form.chkRename, "1");
             if (atBeginning) Set(form.chkRenameBeg, "1");
@@ -263,7 +263,7 @@ TEST_F(RenameRule, ABlankAtTheEndOfANameNeverMakesAFreeOne) {
     Disk().AddFile("C:\\t\\a", "new");
     Disk().AddFile("C:\\d\\a", "old");
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkRename, "1");
         form.txtRename.Text = " ";
@@ -275,7 +275,7 @@ TEST_F(RenameRule, ABlankAtTheEndOfANameNeverMakesAFreeOne) {
 TEST_F(RenameRule, AnEmptyTextIsRefusedBeforeAnythingIsDone) {
     Disk().AddFile("C:\\t\\a", "new");
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkRename, "1");
         Set(form.txtRename, "");

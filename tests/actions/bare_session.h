@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/memory/memory_platform.h"
 #include "results/selection.h"
-#include "session/ask_long_path.h"
+#include "session/paths/ask_long_path.h"
 #include "session/scripted_prompts.h"
 #include "session/session.h"
+#include "tests/machine/memory_platform.h"
 #include "text/paths.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ class BareSession : public ::testing::Test {
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     session::ActionState& State() { return session.state.action; }
-    forms::FrmDialog& Form() { return session.frmDialog; }
+    fields::FrmDialog& Form() { return session.frmDialog; }
 
     void Select(const std::string& path, bool isFile = true, std::string relPath = {}) {
         selection.strSelName.emplace_back(text::FileNameOf(path));

@@ -22,12 +22,12 @@ class CopyRequest : public ProgramFixture {
         Search("*", "C:\\t");
         Click(Form().cmdSelectAll);
     }
-    forms::FrmDialog& Dialog() { return S().frmDialog; }
+    fields::FrmDialog& Dialog() { return S().frmDialog; }
     // Types a destination and presses OK; prompts get the queued answers, then the safe ones. The
     // window is cancelled if it still shows.
     void TryCopy(const std::string& destination, std::vector<std::string> answers = {}) {
         bool done = false;
-        prompts.SetModalRunner([=, this](session::Session&, forms::Form& form) mutable {
+        prompts.SetModalRunner([=, this](session::Session&, fields::Form& form) mutable {
             if (done) return false;
             done = true;
             Set(Dialog().cmbDir, destination);

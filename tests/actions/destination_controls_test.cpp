@@ -1,5 +1,5 @@
-#include "actions/destination_controls.h"
-#include "actions/multi_paths.h"
+#include "actions/request/destination_controls.h"
+#include "actions/request/multi_paths.h"
 #include "session/user_input.h"
 #include "tests/actions/bare_session.h"
 
@@ -20,17 +20,17 @@ class DestinationControls : public BareSession {
         AddDestinationEvents(session.events);
         AddMultiPathEvents(session.events);
     }
-    void Click(forms::Control& control) {
+    void Click(fields::Control& control) {
         const auto clicked = session::UserClick(session, control);
         EXPECT_TRUE(clicked) << clicked.error();
     }
-    void Set(forms::Control& control, std::string_view value) {
+    void Set(fields::Control& control, std::string_view value) {
         const auto set = session::UserSet(session, control, value);
         EXPECT_TRUE(set) << set.error();
     }
     std::string DuplicateChoice() {
         std::string set;
-        for (const forms::CheckBox* box :
+        for (const fields::CheckBox* box :
              {&Form().chkAsk, &Form().chkSkipAll, &Form().chkRename, &Form().chkOverWrite}) {
             if (box->Value == 1) set += box->Name() + " ";
         }
@@ -184,7 +184,7 @@ TEST_F(DestinationControls, TheOneThatIsSetMayBeCleared) {
 
 TEST_F(DestinationControls, TheRenameFieldsShowOnlyWhereADuplicateMayBeRenamed) {
     struct Case {
-        forms::CheckBox& box;
+        fields::CheckBox& box;
         bool isShown;
     };
     for (const Case& c : {Case{Form().chkSkipAll, false}, Case{Form().chkRename, true},

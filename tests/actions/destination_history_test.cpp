@@ -36,7 +36,7 @@ TEST_F(DestinationHistory, AnEmptyBoxTakesTheOneUsedLast) {
     CopyAll("C:\\z");
     S().frmDialog.cmbDir.Text = "";
     std::string taken;
-    prompts.SetModalRunner([&](session::Session&, forms::Form& form) {
+    prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
         if (!form.IsShown()) return false;
         taken = S().frmDialog.cmbDir.Text.Get();
         Click(S().frmDialog.CancelButton);
@@ -50,7 +50,7 @@ TEST_F(DestinationHistory, ACancelledDestinationIsNotKept) {
     Start();
     Search("*", "C:\\t");
     Click(Form().cmdSelectAll);
-    prompts.SetModalRunner([&](session::Session&, forms::Form& form) {
+    prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
         if (!form.IsShown()) return false;
         Set(S().frmDialog.cmbDir, "C:\\never");
         Click(S().frmDialog.CancelButton);

@@ -1,4 +1,4 @@
-#include "actions/destination.h"
+#include "actions/place/destination.h"
 #include "tests/actions/bare_session.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "actions/dialog_setup.h"
+#include "actions/request/dialog_setup.h"
 #include "tests/actions/action_fixture.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "actions/engine.h"
+#include "actions/place/engine.h"
 #include "tests/actions/action_fixture.h"
 
 #include <gmock/gmock.h>
@@ -96,7 +96,7 @@ TEST_F(Engine, AnOverwriteByAProtectedObjectIsAskedAbout) {
     Disk().AddFile("C:\\d\\a.txt", "old");
     Find();
     std::string question;
-    onForm = [&](forms::Form&) { question = S().forms.frmOverrideDialog.lblMain.Caption.Get(); };
+    onForm = [&](fields::Form&) { question = S().forms.frmOverrideDialog.lblMain.Caption.Get(); };
     Copy(To("C:\\d", "chkOverWrite"));
     EXPECT_EQ(question, "C:\\t\\a.txt\r\n has the attribute(s) system or hidden. \r\nFile was not "
                         "overwritten. \r\n\r\nWould you like to overwrite anyway?");
@@ -296,7 +296,7 @@ class LongPath : public Engine {
 TEST_F(LongPath, APathOf254CharactersIsNotAskedAbout) {
     Find();
     int asked = 0;
-    onForm = [&](forms::Form&) { ++asked; };
+    onForm = [&](fields::Form&) { ++asked; };
     Copy(To(Folder(254)));
     EXPECT_EQ(asked, 0);
     EXPECT_EQ(Disk().Content(Folder(254) + "\\a.txt"), "new");
@@ -305,7 +305,7 @@ TEST_F(LongPath, APathOf254CharactersIsNotAskedAbout) {
 TEST_F(LongPath, OneOf255IsSkippedByTheSafeAnswer) {
     Find();
     std::string question;
-    onForm = [&](forms::Form&) { question = S().forms.frmAsk259.lblMain.Caption.Get(); };
+    onForm = [&](fields::Form&) { question = S().forms.frmAsk259.lblMain.Caption.Get(); };
     Copy(To(Folder(255)));
     EXPECT_TRUE(
         question.starts_with("Routine - CopyObject is attempting to copy\\move\\rename this "
@@ -327,7 +327,7 @@ TEST_F(LongPath, ACancelEndsTheLoop) {
     Disk().AddFile("C:\\t\\b.txt", "b");
     Find();
     int asked = 0;
-    onForm = [&](forms::Form&) { ++asked; };
+    onForm = [&](fields::Form&) { ++asked; };
     Copy(To(Folder(255)), {"OK", "cmdCancel"});
     EXPECT_EQ(asked, 0) << "the second object was not reached";
     EXPECT_EQ(State().bytPathChoice, session::kPathCancel);
@@ -338,7 +338,7 @@ TEST_F(LongPath, AutomaticModeSkipsThemAll) {
     Find();
     State().options.blnAutoMode = true;
     int asked = 0;
-    onForm = [&](forms::Form&) { ++asked; };
+    onForm = [&](fields::Form&) { ++asked; };
     Copy(To(Folder(255)));
     EXPECT_EQ(asked, 0);
     ExpectTotals(0, 2, 0);

@@ -1,5 +1,5 @@
-#include "actions/outcome.h"
-#include "actions/preview.h"
+#include "actions/place/outcome.h"
+#include "actions/request/preview.h"
 #include "results/selection.h"
 #include "tests/actions/random_world.h"
 #include "text/case.h"

@@ -1,4 +1,4 @@
-#include "actions/name_parts.h"
+#include "actions/place/name_parts.h"
 
 #include <gtest/gtest.h>
 

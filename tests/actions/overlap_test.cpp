@@ -52,7 +52,7 @@ TEST_F(Overlap, NothingIsAskedWhenBothAreOne) {
     Disk().AddLink("C:\\road", "C:\\t");
     Find();
     int asked = 0;
-    onForm = [&](forms::Form&) { ++asked; };
+    onForm = [&](fields::Form&) { ++asked; };
     Copy(To("C:\\road", "chkAsk"));
     EXPECT_EQ(asked, 0);
     EXPECT_TRUE(WasTold("upon itself"));

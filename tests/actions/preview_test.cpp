@@ -1,4 +1,4 @@
-#include "actions/preview.h"
+#include "actions/request/preview.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -18,13 +18,13 @@ class PreviewTest : public ProgramFixture {
         Disk().AddFile("C:\\d\\b.txt", "old");
     }
     // Opens the action window for everything found, lets `fill` set it, and takes the preview.
-    actions::PreviewResult Foretell(forms::CommandButton& button,
-                                    const std::function<void(forms::FrmDialog&)>& fill) {
+    actions::PreviewResult Foretell(fields::CommandButton& button,
+                                    const std::function<void(fields::FrmDialog&)>& fill) {
         Start();
         Search("*", "C:\\t");
         Click(Form().cmdSelectAll);
         actions::PreviewResult result;
-        prompts.SetModalRunner([&](session::Session&, forms::Form& form) {
+        prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
             if (!form.IsShown()) return false;
             fill(S().frmDialog);
             const auto before = Disk().AllFiles();
@@ -48,7 +48,7 @@ class PreviewTest : public ProgramFixture {
 };
 
 TEST_F(PreviewTest, ACopyThatSkipsDuplicates) {
-    const auto result = Foretell(Form().cmdCopySelected, [this](forms::FrmDialog& form) {
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkSkipAll, "1");
     });
@@ -59,13 +59,13 @@ TEST_F(PreviewTest, ACopyThatSkipsDuplicates) {
 
 TEST_F(PreviewTest, ACopyThatAsks) {
     const auto result = Foretell(Form().cmdCopySelected,
-                                 [this](forms::FrmDialog& form) { Set(form.cmbDir, "C:\\d"); });
+                                 [this](fields::FrmDialog& form) { Set(form.cmbDir, "C:\\d"); });
     EXPECT_THAT(Verdicts(result),
                 ElementsAre("C:\\d\\a.txt - copy", "C:\\d\\b.txt - duplicate: ask"));
 }
 
 TEST_F(PreviewTest, AMoveThatRenamesDuplicates) {
-    const auto result = Foretell(Form().cmdMoveSelected, [this](forms::FrmDialog& form) {
+    const auto result = Foretell(Form().cmdMoveSelected, [this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkRename, "1");
     });
@@ -75,13 +75,13 @@ TEST_F(PreviewTest, AMoveThatRenamesDuplicates) {
 
 TEST_F(PreviewTest, ARenameInPlace) {
     const auto result = Foretell(Form().cmdRenameSelected,
-                                 [this](forms::FrmDialog& form) { Set(form.txtAdd, "x"); });
+                                 [this](fields::FrmDialog& form) { Set(form.txtAdd, "x"); });
     EXPECT_THAT(Verdicts(result), ElementsAre("C:\\t\\ax.txt - rename", "C:\\t\\bx.txt - rename"));
 }
 
 TEST_F(PreviewTest, ARefusalIsTold) {
-    const auto result =
-        Foretell(Form().cmdCopySelected, [this](forms::FrmDialog& form) { Set(form.cmbDir, "x"); });
+    const auto result = Foretell(Form().cmdCopySelected,
+                                 [this](fields::FrmDialog& form) { Set(form.cmbDir, "x"); });
     EXPECT_TRUE(result.entries.empty());
     EXPECT_EQ(result.refusal, "It appears you did not select a destination folder. ");
 }

@@ -28,7 +28,7 @@ void Collect(const MemoryNode& node, std::set<std::string>& contents) {
 }
 
 // What he may press in each prompt; nothing is ever deleted for good.
-std::vector<std::string_view> ButtonsOn(const forms::Form& form) {
+std::vector<std::string_view> ButtonsOn(const fields::Form& form) {
     if (form.Name() == "frmAsk") {
         return {"cmdSkip",          "cmdOverwrite",        "cmdRename",
                 "cmdSkipAll",       "cmdOverwriteAll",     "cmdRenameAll",
@@ -44,8 +44,8 @@ std::vector<std::string_view> ButtonsOn(const forms::Form& form) {
     return {};
 }
 
-bool Press(session::Session& session, forms::Form& form, std::string_view name) {
-    forms::Control* button = form.Find(name);
+bool Press(session::Session& session, fields::Form& form, std::string_view name) {
+    fields::Control* button = form.Find(name);
     return button != nullptr && session::UserClick(session, *button).has_value();
 }
 
@@ -67,7 +67,7 @@ int AnyUser::MsgBox(std::string_view text, int style, std::string_view /*title*/
     return confirms && dice_.Chance(90) ? buttons.front() : dice_.One(buttons);
 }
 
-void AnyUser::ShowModal(session::Session& session, forms::Form& form) {
+void AnyUser::ShowModal(session::Session& session, fields::Form& form) {
     if (&form == &session.frmDialog) {
         inDialog(session);
     } else if (const auto buttons = ButtonsOn(form); !buttons.empty()) {
@@ -140,7 +140,7 @@ void RandomWorld::Search() {
     form.cmbDir.Text = dice.One(kPlaces);
     form.optFilesVsDirs.Choose(dice.One(std::array{0, 0, 2, 3}));
     form.chkIncludeSubFolders.Value = dice.Roll(2);
-    for (forms::CheckBox* box : form.attributeBoxes) {
+    for (fields::CheckBox* box : form.attributeBoxes) {
         box->Value = 2;
     }
     (void)session::UserClick(S(), form.cmdSearch);
@@ -185,12 +185,12 @@ void RandomWorld::Enter(const Request& request) {
     form.optStructure.Choose(request.structure);
     form.chkFolderRename.Value = request.namesFolders ? 1 : 0;
     form.txtRename.Text = request.added;
-    const std::array<forms::CheckBox*, 4> boxes{&form.chkAsk, &form.chkSkipAll, &form.chkRename,
-                                                &form.chkOverWrite};
+    const std::array<fields::CheckBox*, 4> boxes{&form.chkAsk, &form.chkSkipAll, &form.chkRename,
+                                                 &form.chkOverWrite};
     (void)session::UserSet(S(), *boxes[static_cast<std::size_t>(request.duplicates)], "1");
 }
 
-void RandomWorld::ShowDialog(forms::CommandButton& button, const std::function<void()>& fill) {
+void RandomWorld::ShowDialog(fields::CommandButton& button, const std::function<void()>& fill) {
     user.inDialog = [&](session::Session& session) {
         fill();
         if (beforeOk) beforeOk();

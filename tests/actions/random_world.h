@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/memory/memory_platform.h"
 #include "session/lifecycle/program.h"
 #include "session/prompt_service.h"
+#include "tests/machine/memory_platform.h"
 
 #include <array>
 #include <cstdint>
@@ -45,7 +45,7 @@ class AnyUser : public session::PromptService {
     std::string InputBox(std::string_view, std::string_view, std::string_view) override {
         return {};
     }
-    void ShowModal(session::Session& session, forms::Form& form) override;
+    void ShowModal(session::Session& session, fields::Form& form) override;
     std::string PickFolder(std::string_view) override { return {}; }
     std::string PickFile(std::string_view, std::string_view) override { return {}; }
 
@@ -105,7 +105,7 @@ class RandomWorld {
   private:
     void MakeTree();
     void MakeTrouble();
-    void ShowDialog(forms::CommandButton& button, const std::function<void()>& fill);
+    void ShowDialog(fields::CommandButton& button, const std::function<void()>& fill);
 
     lifecycle::Program program_{machine.platform, user};
     std::set<std::string> first_;

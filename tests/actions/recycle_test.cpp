@@ -1,4 +1,4 @@
-#include "actions/recycle.h"
+#include "actions/place/recycle.h"
 #include "tests/actions/bare_session.h"
 
 #include <gmock/gmock.h>
@@ -354,7 +354,7 @@ TEST_F(Recycle, TheNeighbourOfAFileThatWentDuringThePromptIsNotDeleted) {
     Disk().AddFile("C:\\t\\A", "neighbour");
     Queue("C:\\t\\a");
     machine.faults.FailCall("Recycle", 1, 70);
-    prompts.SetModalRunner([this](session::Session& shown, forms::Form& form) {
+    prompts.SetModalRunner([this](session::Session& shown, fields::Form& form) {
         if (!form.IsShown()) return false;
         Disk().Node("C:\\t\\a")->Detach();
         shown.events.Raise(shown, "frmOverrideRecycleFail.cmdYes_Click");

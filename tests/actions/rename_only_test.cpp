@@ -1,4 +1,4 @@
-#include "actions/rename_only.h"
+#include "actions/run/rename_only.h"
 #include "tests/actions/bare_session.h"
 
 #include <gmock/gmock.h>

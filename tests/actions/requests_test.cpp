@@ -1,5 +1,5 @@
-#include "actions/dialog_setup.h"
-#include "actions/ok_button.h"
+#include "actions/request/dialog_setup.h"
+#include "actions/request/ok_button.h"
 #include "results/selection.h"
 #include "tests/actions/action_fixture.h"
 
@@ -162,7 +162,7 @@ TEST_F(Requests, ABatchsPlaylistOfNothing) {
 TEST_F(Requests, ARenameIsConfirmedAndLogged) {
     Find();
     Do(Form().cmdRenameSelected,
-       [this](forms::FrmDialog& form) {
+       [this](fields::FrmDialog& form) {
            Set(form.chkFindReplace, "1");
            Set(form.txtFind, "a");
            Set(form.txtReplace, "c");
@@ -218,7 +218,7 @@ TEST_F(Requests, ACopyNamedAfterFoldersWarnsOfAnExtensionAndCopies) {
 
 TEST_F(Requests, UpTheTreeNeedsALevelAndNamesIt) {
     Find();
-    Move([this](forms::FrmDialog& form) {
+    Move([this](fields::FrmDialog& form) {
         Click(form.optTo[2]);
         Set(form.txtFolderTree, "0");
     });
@@ -226,11 +226,11 @@ TEST_F(Requests, UpTheTreeNeedsALevelAndNamesIt) {
                 Contains("Must have a value of one or greater in the 'Up Folder Tree' textbox."));
     EXPECT_TRUE(stayedOpen);
     Find();
-    Move([this](forms::FrmDialog& form) { Set(form.txtFolderTree, "1"); }, {"Cancel"});
+    Move([this](fields::FrmDialog& form) { Set(form.txtFolderTree, "1"); }, {"Cancel"});
     EXPECT_THAT(Told(), Contains("Are you sure you want to move object(s) up folder tree 1 "
                                  "folder(s)?\r\nUsing folder structure - None ?"));
     Find(0, "C:\\t\\sub");
-    Move([this](forms::FrmDialog& form) {
+    Move([this](fields::FrmDialog& form) {
         Set(form.txtFolderTree, "1");
         Set(form.chkFolderRename, "1");
     });
@@ -242,7 +242,7 @@ TEST_F(Requests, UpTheTreeNeedsALevelAndNamesIt) {
 
 TEST_F(Requests, UpTheTreeWithAnotherStructureLogsWhatStaysBehind) {
     Find(0, "C:\\t\\sub");
-    Move([this](forms::FrmDialog& form) {
+    Move([this](fields::FrmDialog& form) {
         Click(form.optTo[2]);
         Click(form.optStructure[1]);
     });
@@ -252,7 +252,7 @@ TEST_F(Requests, UpTheTreeWithAnotherStructureLogsWhatStaysBehind) {
 
 TEST_F(Requests, ARuleThatIsNoneIsRefusedAndOneThatIsAsks) {
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Click(form.optTo[3]);
         Set(form.cmbDir, "C:\\d");
     });
@@ -260,7 +260,7 @@ TEST_F(Requests, ARuleThatIsNoneIsRefusedAndOneThatIsAsks) {
     EXPECT_THAT(Told(),
                 Contains("You have selected 'Special Rule', yet you have not typed a rule."));
     Find();
-    Copy([this](forms::FrmDialog& form) { Set(form.cmbDir, "C:\\d.x\\*4*"); }, {"Cancel"});
+    Copy([this](fields::FrmDialog& form) { Set(form.cmbDir, "C:\\d.x\\*4*"); }, {"Cancel"});
     EXPECT_THAT(Told(),
                 Contains("It appears you did not select a destination folder.\r\nC:\\d.x\\*4* "
                          "may have an extension.\r\n\r\nAre you sure you want to Copy Files "
@@ -275,7 +275,7 @@ TEST_F(Requests, ARuleThatIsNoneIsRefusedAndOneThatIsAsks) {
 
 TEST_F(Requests, TheReportOfARuleCountsWhatFoundNoFolder) {
     Find();
-    Move([this](forms::FrmDialog& form) {
+    Move([this](fields::FrmDialog& form) {
         Click(form.optTo[3]);
         Set(form.cmbDir, "C:\\d\\*9*");
         Set(form.chkSkipAll, "1");
@@ -286,7 +286,7 @@ TEST_F(Requests, TheReportOfARuleCountsWhatFoundNoFolder) {
                  "moved or skipped as duplicates. See the action log for more details."));
     Disk().AddFile("C:\\t\\a.txt", "a");
     Find(0, "C:\\t", "a.txt");
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d\\*99*");
         Set(form.chkRename, "1");
     });
@@ -307,7 +307,7 @@ TEST_F(Requests, TheSameDriveIsWarnedOfInADriveMirror) {
     Disk().AddDrive("E:");
     Find();
     Copy(
-        [this](forms::FrmDialog& form) {
+        [this](fields::FrmDialog& form) {
             Set(form.cmbDir, "C:\\d");
             Click(form.optStructure[1]);
         },
@@ -318,7 +318,7 @@ TEST_F(Requests, TheSameDriveIsWarnedOfInADriveMirror) {
                  "as the original(s).\r\n\r\nAre you sure you want to Copy Files or Folders "
                  "to: C:\\d using folder structure - Drive Mirror ?"));
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "E:\\any\\folder");
         Click(form.optStructure[1]);
     });
@@ -329,7 +329,7 @@ TEST_F(Requests, TheSameDriveIsWarnedOfInADriveMirror) {
 TEST_F(Requests, AMoveThatStillHoldsOverwriteSkips) {
     Disk().AddFile("C:\\d\\a.txt", "old");
     Find();
-    Move([this](forms::FrmDialog& form) {
+    Move([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         form.chkAsk.Value = 0;
         form.chkOverWrite.Value = 1;
@@ -345,7 +345,7 @@ TEST_F(Requests, AMoveThatStillHoldsOverwriteSkips) {
 TEST_F(Requests, TheFirstChoiceThatIsSetCounts) {
     Disk().AddFile("C:\\d\\a.txt", "old");
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         form.chkRename.Value = form.chkSkipAll.Value = form.chkOverWrite.Value = 1;
     });
@@ -355,7 +355,7 @@ TEST_F(Requests, TheFirstChoiceThatIsSetCounts) {
 
 TEST_F(Requests, WithNoChoiceNothingRuns) {
     Find();
-    Copy([this](forms::FrmDialog& form) {
+    Copy([this](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\d");
         Set(form.chkAsk, "0");
     });
@@ -366,7 +366,7 @@ TEST_F(Requests, WithNoChoiceNothingRuns) {
 TEST_F(Requests, ARefusalKeepsTheStructure) {
     Find();
     int structure = -1;
-    Copy([&](forms::FrmDialog& form) {
+    Copy([&](fields::FrmDialog& form) {
         Set(form.cmbDir, "C:\\t\\a.txt");
         Click(form.optStructure[3]);
         prompts.Queue("OK");
@@ -404,7 +404,7 @@ TEST_F(Requests, ACancelLeavesTheListAsItStands) {
 TEST_F(Requests, AMoveForgetsTheRememberedDestination) {
     Find();
     State().strRememberedDestination = "C:\\d";
-    Move([](forms::FrmDialog& form) { EXPECT_EQ(form.cmbDir.Text.Get(), "C:\\d"); });
+    Move([](fields::FrmDialog& form) { EXPECT_EQ(form.cmbDir.Text.Get(), "C:\\d"); });
     EXPECT_EQ(State().strRememberedDestination, "");
 }
 

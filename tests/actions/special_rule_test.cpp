@@ -1,4 +1,4 @@
-#include "actions/special_rule.h"
+#include "actions/place/special_rule.h"
 #include "tests/actions/bare_session.h"
 
 namespace tarvix::actions {

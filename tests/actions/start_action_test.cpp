@@ -1,5 +1,5 @@
-#include "actions/action_progress.h"
-#include "actions/duplicate_rename.h"
+#include "actions/place/duplicate_rename.h"
+#include "actions/run/action_progress.h"
 #include "tests/actions/action_fixture.h"
 #include "tests/actions/bare_session.h"
 
@@ -56,7 +56,7 @@ TEST_F(StartAction, WithoutSubfoldersNothingIsWarnedOf) {
 
 TEST_F(StartAction, EachButtonHasItsHeadingAndItsLine) {
     std::vector<std::string> headings;
-    const auto note = [&](forms::FrmDialog& form) { headings.push_back(form.lblMain.Caption); };
+    const auto note = [&](fields::FrmDialog& form) { headings.push_back(form.lblMain.Caption); };
     Find();
     Copy(note, {});
     Move(note, {});
@@ -109,7 +109,7 @@ TEST_F(StartAction, APathThatCannotBeShortenedIsTold) {
     ASSERT_GE(target.size(), 500U);
     Find(0, "C:\\t", "b.txt");
     Copy(
-        [&](forms::FrmDialog& form) {
+        [&](fields::FrmDialog& form) {
             Set(form.cmbDir, place);
             Click(form.optStructure[2]);
         },

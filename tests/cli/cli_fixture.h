@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/host.h"
-#include "platform/memory/memory_platform.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 

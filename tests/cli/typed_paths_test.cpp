@@ -1,5 +1,5 @@
 #include "cli/typed_paths.h"
-#include "platform/memory/memory_platform.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/error.h"
-#include "platform/memory/memory_environment.h"
+#include "tests/machine/memory_environment.h"
 
 #include <gtest/gtest.h>
 

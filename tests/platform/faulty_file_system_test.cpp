@@ -1,5 +1,5 @@
-#include "platform/memory/faulty_file_system.h"
-#include "platform/memory/memory_file_system.h"
+#include "tests/machine/faulty_file_system.h"
+#include "tests/machine/memory_file_system.h"
 
 #include <gtest/gtest.h>
 

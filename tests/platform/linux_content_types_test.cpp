@@ -1,5 +1,5 @@
 #include "platform/linux/linux_content_types.h"
-#include "platform/memory/memory_content_types.h"
+#include "tests/machine/memory_content_types.h"
 
 #include <gtest/gtest.h>
 

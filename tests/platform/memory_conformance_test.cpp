@@ -1,5 +1,5 @@
-#include "platform/memory/memory_file_system.h"
-#include "platform/memory/memory_trash.h"
+#include "tests/machine/memory_file_system.h"
+#include "tests/machine/memory_trash.h"
 #include "tests/platform/conformance.h"
 #include "text/paths.h"
 

@@ -1,4 +1,4 @@
-#include "platform/memory/memory_file_system.h"
+#include "tests/machine/memory_file_system.h"
 #include "tests/platform/conformance.h"
 
 namespace tarvix::platform {

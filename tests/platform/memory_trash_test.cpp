@@ -1,4 +1,4 @@
-#include "platform/memory/memory_platform.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "platform/dir.h"
-#include "platform/memory/memory_trash.h"
 #include "platform/rehearsal/rehearsal_trash.h"
 #include "platform/short_names.h"
+#include "tests/machine/memory_trash.h"
 #include "text/paths.h"
 
 #include <gtest/gtest.h>

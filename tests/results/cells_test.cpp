@@ -23,7 +23,7 @@ class RowCells : public ProgramFixture {
         LookForAllAttributes();
         Search("*", "C:\\t");
     }
-    forms::Color Color(std::size_t row, Column column) {
+    fields::Color Color(std::size_t row, Column column) {
         return program.Rows().CellColor(row, column);
     }
 };
@@ -193,8 +193,8 @@ TEST_F(RowCells, FileRowsAreBlueAndFolderRowsRedInEveryCell) {
 }
 
 TEST_F(RowCells, LaterSearchStringsColourNameAndEntry) {
-    const forms::Color kColors[] = {0xFF0000, 0x000040, 0x404040, 0x00FF00, 0x7F00FF, 0xFFFF00,
-                                    0x000000, 0x7F003F, 0x007F00, 0x003F7F, 0xFF0000};
+    const fields::Color kColors[] = {0xFF0000, 0x000040, 0x404040, 0x00FF00, 0x7F00FF, 0xFFFF00,
+                                     0x000000, 0x7F003F, 0x007F00, 0x003F7F, 0xFF0000};
     std::string strings;
     for (int i = 1; i <= 11; ++i) {
         Disk().AddFile("C:\\t\\a." + std::to_string(i));

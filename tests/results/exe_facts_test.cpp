@@ -1,5 +1,5 @@
-#include "platform/memory/memory_file_system.h"
 #include "results/exe_facts.h"
+#include "tests/machine/memory_file_system.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

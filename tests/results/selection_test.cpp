@@ -307,19 +307,19 @@ TEST_F(SelectionTables, ClearingTheListForgetsThemToo) {
     results::ClearList(S());
     EXPECT_EQ(program.Rows().Count(), 0U);
     EXPECT_EQ(Tables().lngSelTop, -1);
-    for (const forms::Label* label :
+    for (const fields::Label* label :
          {&Form().lblNumOfFilesSelected, &Form().lblNumOfDirsSelected, &Form().lblNumOfFilesFound,
           &Form().lblNumOfDirsFound, &Form().lblNumOfFilesAttrib, &Form().lblNumOfDirsAttrib,
           &Form().lblTotalSize}) {
         EXPECT_EQ(label->Caption.Get(), "0") << label->Name();
         EXPECT_EQ(label->ForeColor.Get(), 0U) << label->Name();
     }
-    for (const forms::Control* hidden : std::initializer_list<const forms::Control*>{
+    for (const fields::Control* hidden : std::initializer_list<const fields::Control*>{
              &Form().fraSelection, &Form().fraStandardAction, &Form().cmdDeleteSelected,
              &Form().cmdRenameSelected, &Form().cmdDoVersionSort, &Form().cmdEditTargets}) {
         EXPECT_FALSE(hidden->Visible) << hidden->Name();
     }
-    for (const forms::Control* disabled : std::initializer_list<const forms::Control*>{
+    for (const fields::Control* disabled : std::initializer_list<const fields::Control*>{
              &Form().mnuRun, &Form().mnuActions, &Form().mnuTools_CreateMPLfromCombo,
              &Form().mnuTools_DeleteFolderContentsOnly, &Form().mnuTools_FolderSummary,
              &Form().mnuTools_NameVersionSort, &Form().mnuTools_RemoveUnAndMove,

@@ -12,7 +12,7 @@
 namespace tarvix::testing {
 namespace {
 
-using forms::SortDirection;
+using fields::SortDirection;
 using results::Column;
 using ::testing::ElementsAre;
 

@@ -82,7 +82,7 @@ TEST_F(Browse, ADroppedFolderStandsAloneInAnEmptyBox) {
 TEST_F(Browse, TheChosenModeHasItsColourInBothPlaces) {
     Choose(Form().optBrowse, 3);
     for (int i = 0; i < 4; ++i) {
-        const forms::Color color = i == 3 ? forms::kRed : forms::kBlack;
+        const fields::Color color = i == 3 ? fields::kRed : fields::kBlack;
         EXPECT_EQ(Form().optBrowse[i].ForeColor.Get(), color);
         EXPECT_EQ(Form().mnuBrowse_Behave[static_cast<std::size_t>(i)].ForeColor.Get(), color);
     }

@@ -6,17 +6,17 @@ namespace {
 
 class CriteriaBoxes : public ProgramFixture {
   protected:
-    void LeaveSize(forms::TextBox& box, std::string_view text) {
+    void LeaveSize(fields::TextBox& box, std::string_view text) {
         Form().txtSize2.Visible = true;
         Set(box, text);
-        box.BackColor = forms::kRed;
+        box.BackColor = fields::kRed;
         session::UserLeave(S(), box);
     }
 };
 
 TEST_F(CriteriaBoxes, AClickStepsEveryAttributeBoxFromEmptyToCheckedToGrey) {
     Start();
-    for (forms::CheckBox* box : Form().attributeBoxes) {
+    for (fields::CheckBox* box : Form().attributeBoxes) {
         Set(*box, "1");
         Set(*box, "0");
         for (const int expected : {1, 2, 0, 1}) {
@@ -30,7 +30,7 @@ TEST_F(CriteriaBoxes, EachStateHasItsColourAndTip) {
     Start();
     struct Look {
         const char* value;
-        forms::Color color;
+        fields::Color color;
         const char* tip;
     };
     for (const Look& look :
@@ -45,7 +45,7 @@ TEST_F(CriteriaBoxes, EachStateHasItsColourAndTip) {
 
 TEST_F(CriteriaBoxes, StartWithArchiveGreyAndAllOthersEmpty) {
     Start();
-    for (forms::CheckBox* box : Form().attributeBoxes) {
+    for (fields::CheckBox* box : Form().attributeBoxes) {
         const bool isArchive = box == &Form().chkArchive;
         EXPECT_EQ(box->Value.Get(), isArchive ? 2 : 0) << box->Name();
         EXPECT_EQ(box->ForeColor.Get(), isArchive ? 0U : 0xFF0000U) << box->Name();
@@ -84,7 +84,7 @@ TEST_F(CriteriaBoxes, LeavingASizeBoxMakesItWhite) {
 TEST_F(CriteriaBoxes, ASizeAboveTheHighestIsToldAndCut) {
     Start();
     Click(Form().chkSize);
-    for (forms::TextBox* box : {&Form().txtSize1, &Form().txtSize2}) {
+    for (fields::TextBox* box : {&Form().txtSize1, &Form().txtSize2}) {
         LeaveSize(*box, "2147483649");
         EXPECT_EQ(box->Text.Get(), "2147483647");
         EXPECT_EQ(

@@ -11,21 +11,21 @@ using ::testing::ElementsAre;
 // ---- attributes ----
 
 struct BoxBit {
-    forms::CheckBox forms::FrmSearch::*box;
+    fields::CheckBox fields::FrmSearch::*box;
     std::uint32_t bit;
     const char* letter;
 };
 constexpr BoxBit kBoxes[] = {
-    {&forms::FrmSearch::chkReadOnly, 1, "r"}, {&forms::FrmSearch::chkHidden, 2, "h"},
-    {&forms::FrmSearch::chkSystem, 4, "s"},   {&forms::FrmSearch::chkArchive, 32, "a"},
-    {&forms::FrmSearch::chkAlias, 1024, "A"}, {&forms::FrmSearch::chkCompressed, 2048, "C"},
-    {&forms::FrmSearch::chk256, 256, "2"},    {&forms::FrmSearch::chk512, 512, "5"},
-    {&forms::FrmSearch::chk64, 64, "6"},      {&forms::FrmSearch::chk128, 128, "1"}};
+    {&fields::FrmSearch::chkReadOnly, 1, "r"}, {&fields::FrmSearch::chkHidden, 2, "h"},
+    {&fields::FrmSearch::chkSystem, 4, "s"},   {&fields::FrmSearch::chkArchive, 32, "a"},
+    {&fields::FrmSearch::chkAlias, 1024, "A"}, {&fields::FrmSearch::chkCompressed, 2048, "C"},
+    {&fields::FrmSearch::chk256, 256, "2"},    {&fields::FrmSearch::chk512, 512, "5"},
+    {&fields::FrmSearch::chk64, 64, "6"},      {&fields::FrmSearch::chk128, 128, "1"}};
 
 class Attributes : public ProgramFixture {
   protected:
     void SetAll(std::string_view value) {
-        for (forms::CheckBox* box : Form().attributeBoxes) {
+        for (fields::CheckBox* box : Form().attributeBoxes) {
             Set(*box, value);
         }
     }

@@ -68,34 +68,34 @@ TEST_F(Request, LocksTheFormWhileItWalks) {
     bool seen = false;
     WhenFound(1, [&] {
         seen = true;
-        for (const forms::Control* control :
-             std::initializer_list<const forms::Control*>{&Form().cmbSearchFor,
-                                                          &Form().cboTargetPath,
-                                                          &Form().cmbDir,
-                                                          &Form().cboSize,
-                                                          &Form().txtSize1,
-                                                          &Form().txtSize2,
-                                                          &Form().cboDate,
-                                                          &Form().chkNot,
-                                                          &Form().chkIncludeSubFolders,
-                                                          &Form().chkReadOnly,
-                                                          &Form().chkHidden,
-                                                          &Form().chkSystem,
-                                                          &Form().chkArchive,
-                                                          &Form().chkAlias,
-                                                          &Form().chkCompressed,
-                                                          &Form().chkOneEach,
-                                                          &Form().chkSize,
-                                                          &Form().chkDate,
-                                                          &Form().optFilesVsDirs[0],
-                                                          &Form().optFilesVsDirs[4],
-                                                          &Form().cmdClearFolders,
-                                                          &Form().cmdSearch,
-                                                          &Form().cmdBrowse,
-                                                          &Form().mnuBrowse,
-                                                          &Form().mnuTools,
-                                                          &Form().mnuActions,
-                                                          &Form().lstMain}) {
+        for (const fields::Control* control :
+             std::initializer_list<const fields::Control*>{&Form().cmbSearchFor,
+                                                           &Form().cboTargetPath,
+                                                           &Form().cmbDir,
+                                                           &Form().cboSize,
+                                                           &Form().txtSize1,
+                                                           &Form().txtSize2,
+                                                           &Form().cboDate,
+                                                           &Form().chkNot,
+                                                           &Form().chkIncludeSubFolders,
+                                                           &Form().chkReadOnly,
+                                                           &Form().chkHidden,
+                                                           &Form().chkSystem,
+                                                           &Form().chkArchive,
+                                                           &Form().chkAlias,
+                                                           &Form().chkCompressed,
+                                                           &Form().chkOneEach,
+                                                           &Form().chkSize,
+                                                           &Form().chkDate,
+                                                           &Form().optFilesVsDirs[0],
+                                                           &Form().optFilesVsDirs[4],
+                                                           &Form().cmdClearFolders,
+                                                           &Form().cmdSearch,
+                                                           &Form().cmdBrowse,
+                                                           &Form().mnuBrowse,
+                                                           &Form().mnuTools,
+                                                           &Form().mnuActions,
+                                                           &Form().lstMain}) {
             EXPECT_FALSE(control->Enabled) << control->Name();
         }
         EXPECT_TRUE(Form().cmdStop.Visible);
@@ -139,13 +139,13 @@ TEST_F(Request, LeavesTheFormIdleWithItsCountersBlue) {
     EXPECT_TRUE(Form().cmdDoVersionSort.Visible);
     EXPECT_EQ(Form().lblStatus.Caption.Get(), "");
     EXPECT_EQ(Form().Focus, &Form().cmbSearchFor);
-    for (const forms::MenuEntry* entry :
+    for (const fields::MenuEntry* entry :
          {&Form().mnuRun, &Form().mnuActions, &Form().mnuTools_CreateMPLfromCombo,
           &Form().mnuTools_NameVersionSort, &Form().mnuTools_RemoveUnAndMove,
           &Form().mnuTools_BypassMPL, &Form().mnuTools_NewSearchFor}) {
         EXPECT_TRUE(entry->Enabled) << entry->Name();
     }
-    for (const forms::Label* label :
+    for (const fields::Label* label :
          {&Form().lblNumOfFilesFound, &Form().lblNumOfFilesSelected, &Form().lblNumOfDirsAttrib,
           &Form().lblNumOfFilesAttrib, &Form().lblNumOfDirsFound, &Form().lblNumOfDirsSelected,
           &Form().lblTotalSize, &Form().lblGroups}) {

@@ -20,7 +20,7 @@ TEST_F(SearchRoad, FindsMatchingFilesInSubfoldersAndCopiesThem) {
                 ElementsAre("C:\\home\\ann\\Music\\a.mp3", "C:\\home\\ann\\Music\\sub\\b.mp3"));
     Click(Form().cmdSelectAll);
     EXPECT_EQ(Form().lblTotalSize.Caption.Get(), "3");
-    prompts.SetModalRunner([this](session::Session&, forms::Form&) {
+    prompts.SetModalRunner([this](session::Session&, fields::Form&) {
         Set(S().frmDialog.cmbDir, "C:\\home\\ann\\Copies\\Songs");
         prompts.Queue("OK");
         Click(S().frmDialog.OKButton);

@@ -1,4 +1,4 @@
-#include "session/ask_long_path.h"
+#include "session/paths/ask_long_path.h"
 #include "tests/session/log_session.h"
 
 #include <functional>
@@ -25,7 +25,7 @@ class AskLong : public LogSession {
     std::string Enabled() {
         const auto& form = session.forms.frmAsk259;
         std::string text;
-        for (const forms::CommandButton* button :
+        for (const fields::CommandButton* button :
              {&form.cmdContinueAll, &form.cmdSkipAll, &form.cmdContinue, &form.cmdSkip}) {
             text += button->Enabled ? '1' : '0';
         }

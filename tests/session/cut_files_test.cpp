@@ -1,8 +1,8 @@
 // The program's own files with parts missing, bytes changed and other line ends.
-#include "session/histories.h"
-#include "session/option_values.h"
-#include "session/options_file.h"
-#include "session/platform_file.h"
+#include "session/remembered/histories.h"
+#include "session/remembered/options_file.h"
+#include "session/remembered/platform_file.h"
+#include "session/settings/option_values.h"
 #include "tests/support/program_fixture.h"
 #include "text/characters.h"
 

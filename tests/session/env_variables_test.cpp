@@ -1,4 +1,4 @@
-#include "session/env_variables.h"
+#include "session/paths/env_variables.h"
 #include "tests/support/program_fixture.h"
 
 namespace tarvix::testing {

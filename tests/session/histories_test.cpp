@@ -1,5 +1,5 @@
-#include "session/histories.h"
-#include "session/history_rows.h"
+#include "session/remembered/histories.h"
+#include "session/remembered/history_rows.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -38,7 +38,7 @@ class Histories : public ProgramFixture {
         return text::DefaultDateText(
             text::FromSeconds(text::ToSeconds({2026, 1, 1, 12, 0, 0}) + minute * 60));
     }
-    static std::vector<std::string> Texts(const forms::ComboBox& box) {
+    static std::vector<std::string> Texts(const fields::ComboBox& box) {
         std::vector<std::string> texts;
         for (const auto& item : box.Items())
             texts.push_back(item.text);

@@ -106,7 +106,7 @@ TEST_F(Lifecycle, AStartThatNeverCameToItsEndSavesNothing) {
 TEST_F(Lifecycle, AWindowTooSmallStillWritesTheOptions) {
     Start();
     Form().Width = 11999;
-    Form().State = forms::WindowState::kMaximized;
+    Form().State = fields::WindowState::kMaximized;
     S().events.Raise(S(), "frmSearch.Form_Resize");
     EXPECT_TRUE(State().blnEnded);
     EXPECT_TRUE(Disk().Exists(kFolder + "TXOptionFile.txt"));

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/memory/memory_platform.h"
-#include "session/ask_long_path.h"
+#include "session/paths/ask_long_path.h"
 #include "session/scripted_prompts.h"
 #include "session/session.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "session/missing_folders.h"
+#include "session/paths/missing_folders.h"
 #include "tests/support/program_fixture.h"
 
 namespace tarvix::testing {

@@ -1,4 +1,4 @@
-#include "session/option_values.h"
+#include "session/settings/option_values.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "results/columns.h"
-#include "session/option_values.h"
-#include "session/options_file.h"
+#include "session/remembered/options_file.h"
+#include "session/settings/option_values.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -264,9 +264,9 @@ TEST_F(OptionsFile, AHalfIsRoundedToTheEvenNeighbour) {
 TEST_F(OptionsFile, AnAttributeShowsOnItsBoxAtOnce) {
     Read("bytHidden = 1\r\nbytArchive = 0\r\nbytAlias = 2\r\n");
     EXPECT_EQ(Form().chkHidden.Value.Get(), 1);
-    EXPECT_EQ(Form().chkHidden.ForeColor.Get(), forms::kRed);
+    EXPECT_EQ(Form().chkHidden.ForeColor.Get(), fields::kRed);
     EXPECT_EQ(Form().chkArchive.Value.Get(), 0);
-    EXPECT_EQ(Form().chkArchive.ForeColor.Get(), forms::kBlue);
+    EXPECT_EQ(Form().chkArchive.ForeColor.Get(), fields::kBlue);
     EXPECT_EQ(Form().chkAlias.Value.Get(), 2);
 }
 
@@ -275,7 +275,7 @@ TEST_F(OptionsFile, TheKindOfObjectsAndTheSortShow) {
     program.Start("");
     EXPECT_EQ(Form().optFilesVsDirs.Chosen(), 3);
     EXPECT_EQ(Form().lstMain.SortKey.Get(), 2);
-    EXPECT_EQ(Form().lstMain.SortOrder.Get(), forms::SortDirection::kDescending);
+    EXPECT_EQ(Form().lstMain.SortOrder.Get(), fields::SortDirection::kDescending);
 }
 
 TEST_F(OptionsFile, SubfoldersAreSetAndLockedAtOnce) {
@@ -368,7 +368,7 @@ TEST_F(OptionsFile, AMissingByt64ClearsByt512AndRepaintsItsOwnBox) {
     EXPECT_EQ(options.byt64, 0);
     EXPECT_EQ(Form().chk512.Value.Get(), 1) << "the box keeps what was read";
     EXPECT_EQ(Form().chk64.Value.Get(), 0);
-    EXPECT_EQ(Form().chk64.ForeColor.Get(), forms::kBlue);
+    EXPECT_EQ(Form().chk64.ForeColor.Get(), fields::kBlue);
 }
 
 TEST_F(OptionsFile, WithByt64ThereByt512Stays) {

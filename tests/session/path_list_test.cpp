@@ -1,4 +1,4 @@
-#include "session/path_list.h"
+#include "session/paths/path_list.h"
 #include "tests/session/log_session.h"
 
 namespace tarvix::testing {

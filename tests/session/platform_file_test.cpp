@@ -1,5 +1,5 @@
 #include "session/lifecycle/data_folder.h"
-#include "session/platform_file.h"
+#include "session/remembered/platform_file.h"
 #include "tests/support/program_fixture.h"
 #include "text/characters.h"
 

@@ -1,4 +1,4 @@
-#include "session/recycle_folders.h"
+#include "session/paths/recycle_folders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "platform/memory/memory_platform.h"
 #include "session/scripted_prompts.h"
 #include "session/session.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ class ScriptedPromptsTest : public ::testing::Test {
                           [](Session& s) { s.forms.frmSelectDate.Hide(); });
     }
 
-    forms::FrmSelectDate& DateForm() { return session.forms.frmSelectDate; }
+    fields::FrmSelectDate& DateForm() { return session.forms.frmSelectDate; }
 
     // Why a queued answer was refused; empty when it was taken.
     template <class Act>
@@ -143,7 +143,7 @@ TEST_F(ScriptedPromptsTest, ADisabledButtonIsRefused) {
 
 TEST_F(ScriptedPromptsTest, TheRunnerGoesOnInsideUntilTheFormHides) {
     int calls = 0;
-    prompts.SetModalRunner([&](Session&, forms::Form& form) {
+    prompts.SetModalRunner([&](Session&, fields::Form& form) {
         if (++calls == 3) form.Hide();
         return true;
     });
@@ -152,12 +152,12 @@ TEST_F(ScriptedPromptsTest, TheRunnerGoesOnInsideUntilTheFormHides) {
 }
 
 TEST_F(ScriptedPromptsTest, ARunnerWithNothingMoreLeavesTheFormUnanswered) {
-    prompts.SetModalRunner([](Session&, forms::Form&) { return false; });
+    prompts.SetModalRunner([](Session&, fields::Form&) { return false; });
     EXPECT_THROW(session.ShowModal(DateForm()), PromptUnanswered);
 }
 
 TEST_F(ScriptedPromptsTest, AQueuedAnswerComesBeforeTheRunner) {
-    prompts.SetModalRunner([](Session&, forms::Form&) -> bool { throw 1; });
+    prompts.SetModalRunner([](Session&, fields::Form&) -> bool { throw 1; });
     prompts.Queue("cmdOK");
     EXPECT_NO_THROW(session.ShowModal(DateForm()));
 }

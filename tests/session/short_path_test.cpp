@@ -1,4 +1,4 @@
-#include "session/short_path.h"
+#include "session/paths/short_path.h"
 #include "tests/support/program_fixture.h"
 #include "text/characters.h"
 

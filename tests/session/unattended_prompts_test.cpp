@@ -1,6 +1,6 @@
-#include "platform/memory/memory_platform.h"
 #include "session/session.h"
 #include "session/unattended_prompts.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 

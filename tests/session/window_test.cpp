@@ -4,7 +4,7 @@
 namespace tarvix::testing {
 namespace {
 
-using forms::WindowState;
+using fields::WindowState;
 
 class MainWindow : public ProgramFixture {
   protected:
@@ -24,11 +24,11 @@ TEST_F(MainWindow, StartsIdleInItsLeastSizeWithItsEntries) {
     EXPECT_TRUE(Form().Caption.starts_with("Search Form - Tarvix v")) << Form().Caption;
     EXPECT_NE(Form().Caption.find("2026"), std::string::npos);
     EXPECT_EQ(Form().cmbSearchFor.Items(),
-              (std::vector<forms::ComboItem>{{"  *.lnk"}, {"  *.mpl"}, {"  *.url"}}));
+              (std::vector<fields::ComboItem>{{"  *.lnk"}, {"  *.mpl"}, {"  *.url"}}));
     EXPECT_EQ(Form().cboSize.Items(),
-              (std::vector<forms::ComboItem>{{"At Least", 4}, {"At Most", 2}, {"Range", 1}}));
+              (std::vector<fields::ComboItem>{{"At Least", 4}, {"At Most", 2}, {"Range", 1}}));
     EXPECT_EQ(Form().cboDate.Items(),
-              (std::vector<forms::ComboItem>{{"Before", 32}, {"Since", 16}, {"Range", 8}}));
+              (std::vector<fields::ComboItem>{{"Before", 32}, {"Since", 16}, {"Range", 8}}));
     EXPECT_EQ(Form().lblCurrentFolder.ForeColor.Get(), 0xFF0000U);
     EXPECT_EQ(Form().lblSearchFor.ForeColor.Get(), 255U);
     EXPECT_EQ(Form().optBrowse.Chosen(), 0);

@@ -20,12 +20,12 @@ void ProgramFixture::Start(std::string_view argument) {
     Form().chkFastSort.Value = 1;
 }
 
-void ProgramFixture::Click(forms::Control& control) {
+void ProgramFixture::Click(fields::Control& control) {
     const auto clicked = session::UserClick(S(), control);
     EXPECT_TRUE(clicked) << clicked.error();
 }
 
-void ProgramFixture::Set(forms::Control& control, std::string_view value) {
+void ProgramFixture::Set(fields::Control& control, std::string_view value) {
     const auto set = session::UserSet(S(), control, value);
     EXPECT_TRUE(set) << set.error();
 }
@@ -37,7 +37,7 @@ void ProgramFixture::Search(std::string_view patterns, std::string_view location
 }
 
 void ProgramFixture::LookForAllAttributes() {
-    for (forms::CheckBox* box : Form().attributeBoxes) {
+    for (fields::CheckBox* box : Form().attributeBoxes) {
         Set(*box, "2");
     }
 }
@@ -45,7 +45,7 @@ void ProgramFixture::LookForAllAttributes() {
 void ProgramFixture::CopySelected(std::string_view destination) {
     const std::string typed(destination);
     bool done = false;
-    prompts.SetModalRunner([this, typed, done](session::Session&, forms::Form& form) mutable {
+    prompts.SetModalRunner([this, typed, done](session::Session&, fields::Form& form) mutable {
         if (&form != &S().frmDialog || done) return false;
         done = true;
         Set(S().frmDialog.chkSkipAll, "1");

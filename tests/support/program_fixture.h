@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/memory/memory_platform.h"
 #include "session/lifecycle/program.h"
 #include "session/scripted_prompts.h"
+#include "tests/machine/memory_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -19,15 +19,15 @@ class ProgramFixture : public ::testing::Test {
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     session::Session& S() { return program.Session(); }
-    forms::FrmSearch& Form() { return program.Session().frmSearch; }
+    fields::FrmSearch& Form() { return program.Session().frmSearch; }
     session::SessionState& State() { return program.Session().state; }
 
     // Starts a program that has run before. Rows then stand in the order of the walk, ungrouped.
     void Start(std::string_view argument = {});
     // What a user does; a refusal fails the test.
-    void Click(forms::Control& control);
-    void Set(forms::Control& control, std::string_view value);
-    void Choose(forms::OptionGroup& group, int index) { Click(group[index]); }
+    void Click(fields::Control& control);
+    void Set(fields::Control& control, std::string_view value);
+    void Choose(fields::OptionGroup& group, int index) { Click(group[index]); }
     // Searches `patterns` in `locations`; the other criteria as they stand.
     void Search(std::string_view patterns, std::string_view locations);
     void LookForAllAttributes(); // every attribute box grey

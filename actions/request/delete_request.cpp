@@ -1,0 +1,232 @@
+#include "actions/request/delete_request.h"
+
+#include "actions/place/recycle.h"
+#include "actions/place/system_hidden.h"
+#include "platform/clock.h"
+#include "results/selection.h"
+#include "session/paths/recycle_folders.h"
+#include "session/session.h"
+#include "text/format.h"
+
+#include <algorithm>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+constexpr std::string_view kReallySure =
+    "ARE YOU REALLY SURE???\r\n\r\nDeleting at least one folder and many files with include "
+    "subfolders selected, may have unexpected results!\r\n\r\nFiles with HIDDEN or SYSTEM "
+    "Attributes may get DELETED with out single file warnings!\r\n\r\nAlso when deleting files "
+    "across a network or a usb drive, they will NOT be placed in the recycle bin'\r\n\r\n";
+
+constexpr std::string_view kConfirm =
+    "Are you sure you want delete all selected objects?\r\n\r\n"
+    "This program will delete read-only objects\r\n\r\n"
+    "This program will not allow deletion of system or hidden (files/folders).\r\n"
+    "Unless you select to override at the prompt.\r\n\r\n"
+    "BUT if you select to delete a folder that contains system or hidden files.\r\n"
+    "They will be deleted unless the selected folder has the attribute\r\n"
+    "system or hidden set. Again unless you override.\r\n\r\n"
+    "Also when deleting objects across a network or a usb drive, they will NOT be placed in the "
+    "recycle bin";
+
+bool NeedsWarning(Session& session) {
+    const auto& form = session.frmSearch;
+    if (form.chkIncludeSubFolders.Value != 1) return false;
+    const auto& isFile = session.selection->blnSelIsFile;
+    const auto folders = std::ranges::count(isFile, false);
+    const auto files = std::ranges::count(isFile, true);
+    return (!form.optFilesVsDirs[4].Value && folders > 1) || (files >= 1 && folders == 1);
+}
+
+bool Confirm(Session& session) {
+    const std::string warning(NeedsWarning(session) ? kReallySure : "");
+    return session.MsgBox(warning + std::string(kConfirm), session::kYesNo) == session::kYes;
+}
+
+// Automatic mode is off for the length of a deletion, so that the override prompts can appear.
+class AutomaticModeOff {
+  public:
+    explicit AutomaticModeOff(Session& session)
+        : options_(session.state.options), was_(options_.blnAutoMode) {
+        if (was_ && !session.state.blnRepeatDeleteEmpty) {
+            session.MsgBox("Turning off automatic mode during delete.");
+        }
+        options_.blnAutoMode = false;
+    }
+    ~AutomaticModeOff() { options_.blnAutoMode = was_; }
+    AutomaticModeOff(const AutomaticModeOff&) = delete;
+    AutomaticModeOff& operator=(const AutomaticModeOff&) = delete;
+
+  private:
+    session::Options& options_;
+    bool was_;
+};
+
+// While it lives the stop button shows and only it acts.
+class Busy {
+  public:
+    explicit Busy(Session& session) : session_(session) {
+        session.state.blnRecycling = true;
+        session.state.blnStopAction = false;
+        session.frmSearch.cmdStop.Visible = true;
+    }
+    ~Busy() {
+        session_.state.blnRecycling = false;
+        session_.frmSearch.cmdStop.Visible = false;
+        session_.forms.frmProgress.Hide();
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    Session& session_;
+};
+
+bool WasCancelled(const Session& session) {
+    const auto& action = session.state.action;
+    return session.state.blnStopAction || action.bytOverrideAnswer == session::kOverrideCancel ||
+           action.bytRecycleAnswer == session::kOverrideCancel;
+}
+
+void QueueOne(Session& session, std::size_t index, std::vector<RecycleEntry>& queue) {
+    const auto& tables = *session.selection;
+    const std::string& path = tables.strSelPath[index];
+    auto& skipped = session.state.lastAction.skipped;
+    if (CheckSystemHidden(session, path, tables.strSelActualPath[index], tables.blnSelIsFile[index],
+                          false)) {
+        session::LogTimed(session, " User skipped delete of " + path);
+        ++skipped;
+    } else if (session::IsRecycleBin(path)) {
+        session::LogTimed(session,
+                          " Skipped delete of " + path + ". Because it is the Recycle Bin.");
+        ++skipped;
+    } else {
+        queue.push_back({tables.strSelActualPath[index], path});
+        session::LogTimed(session, " " + path + " is queued for the recycle bin.");
+    }
+}
+
+// False when the user cancelled, and nothing must be recycled.
+bool BuildQueue(Session& session, std::vector<RecycleEntry>& queue) {
+    const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
+    queue.reserve(count);
+    for (std::size_t index = 0; index < count; ++index) {
+        session.Yield();
+        if (!session.state.blnStopAction) QueueOne(session, index, queue);
+        if (!WasCancelled(session)) continue;
+        session::LogTimed(session, " User canceled delete of the objects");
+        return false;
+    }
+    return true;
+}
+
+// Shows how far a long recycling is; a short one goes without.
+class Progress {
+  public:
+    Progress(Session& session, std::size_t total)
+        : session_(session), total_(total), due_(session.platform.clock.Steady() + kFirstShown) {}
+
+    bool Step(std::size_t done) {
+        session_.Yield();
+        if (session_.platform.clock.Steady() >= due_) Show(done);
+        return !session_.state.blnStopAction;
+    }
+
+  private:
+    static constexpr std::int64_t kFirstShown = 300'000'000; // ns
+    static constexpr std::int64_t kAgain = 50'000'000;
+
+    void Show(std::size_t done) {
+        auto& form = session_.forms.frmProgress;
+        form.lblMain.Caption =
+            "Recycling " + text::Format(static_cast<std::int64_t>(done), "#,##0") + " of " +
+            text::Format(static_cast<std::int64_t>(total_), "#,##0") + " objects";
+        form.prgMain.Max = static_cast<long long>(total_);
+        form.prgMain.Value = static_cast<long long>(done);
+        form.Show();
+        due_ = session_.platform.clock.Steady() + kAgain;
+    }
+
+    Session& session_;
+    std::size_t total_;
+    std::int64_t due_;
+};
+
+void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
+    auto& form = session.frmSearch;
+    auto& state = session.state;
+    auto& totals = state.lastAction;
+    const std::string before = form.lblStatus.Caption.Get();
+    form.lblStatus.Caption = session.state.action.bytRecycleAnswer == session::kOverrideYesToAll
+                                 ? "Recycling or permanently deleting: Everything selected at once."
+                                 : "Recycling: Everything selected at once.";
+    session.Repaint();
+    Progress progress(session, queue.size());
+    const RecycleOutcome outcome = RecycleObjects(
+        session, queue, false, [&progress](std::size_t done) { return progress.Step(done); });
+    totals.done += static_cast<std::int64_t>(outcome.gone);
+    totals.deleted += static_cast<std::int64_t>(outcome.deleted);
+    totals.failed += static_cast<std::int64_t>(outcome.failed);
+    totals.skipped += static_cast<std::int64_t>(queue.size() - outcome.gone - outcome.failed);
+    state.blnActionCancelled = outcome.blnStopped;
+    if (state.blnStopAction) session::LogTimed(session, " User stopped the delete of the objects.");
+    // One object that failed has had its line.
+    if (outcome.blnPartial) {
+        session::LogTimed(session, " Was unable to delete some (or one) of the queued objects"
+                                   " to the recycle bin.");
+    } else if (outcome.Succeeded()) {
+        session::LogTimed(session, " Deleted all queued objects to the recycle bin.");
+    }
+    form.lblStatus.Caption = before;
+}
+
+void DeleteSelection(Session& session) {
+    const AutomaticModeOff interactive(session);
+    session::LogTimed(session,
+                      " User selected to delete all selected objects to the recycle bin at start.");
+    const Busy busy(session);
+    std::vector<RecycleEntry> queue;
+    if (!BuildQueue(session, queue)) {
+        session.state.blnActionCancelled = true;
+    } else if (!queue.empty()) {
+        RecycleQueue(session, queue);
+    }
+}
+
+} // namespace
+
+void cmdDeleteSelected_Click(Session& session) {
+    auto& state = session.state;
+    auto& form = session.frmSearch;
+    if (state.options.blnAutoMode) form.lblStatus.Caption = "Deleting";
+    state.strAction = "Delete";
+    state.blnActionCancelled = false;
+    state.action.bytOverrideAnswer = session::kOverrideNo;
+    state.lastAction = {};
+    results::BuildFileArray(session);
+    if (session.selection->lngSelTop < 0) {
+        if (!state.blnAutoMove && !state.blnAutoPlayList) session.MsgBox("Nothing is selected.");
+        return;
+    }
+    if (!state.blnRepeatDeleteEmpty && !Confirm(session)) {
+        state.blnActionCancelled = true;
+        return;
+    }
+    DeleteSelection(session);
+    state.action.bytRecycleAnswer = session::kOverrideNo;
+    if (state.blnRepeatDeleteEmpty) return;
+    state.blnRepeatRequested = state.blnRedoNow = true;
+    results::CountSelection(session);
+    session.events.Raise(session, "frmSearch.Form_Activate");
+}
+
+void AddDeleteEvents(session::EventTable& events) {
+    events.On("frmSearch.cmdDeleteSelected_Click", cmdDeleteSelected_Click);
+    AddRecycleEvents(events);
+}
+
+} // namespace tarvix::actions

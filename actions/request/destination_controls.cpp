@@ -1,0 +1,207 @@
+#include "actions/request/destination_controls.h"
+
+#include "platform/native_paths.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvix::actions {
+
+namespace {
+
+using fields::CheckBox;
+using fields::FrmDialog;
+using session::EventArgs;
+using session::Session;
+
+enum Way { kOneLocation, kMultipleLocations, kUpFolderTree, kSpecialRule };
+
+constexpr std::array kWayLogs{
+    " objects into one location folder.",
+    " objects into multiple location folders.",
+    " objects up the folder tree.",
+    " objects into one folder each based on a special rule.",
+};
+
+constexpr std::array kDuplicateBoxes{&FrmDialog::chkAsk, &FrmDialog::chkSkipAll,
+                                     &FrmDialog::chkRename, &FrmDialog::chkOverWrite};
+
+bool BeginsNative(std::string_view text) {
+    constexpr std::string_view kAddress = "file:/";
+    return text.starts_with('/') || text.starts_with("~/") ||
+           text::EqualNoCase(text.substr(0, kAddress.size()), kAddress);
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of('"'), text.size()));
+    return text.substr(0, text.find_last_not_of('"') + 1);
+}
+
+// What stands in the box was typed for another way when it can't be a location.
+bool CanBeOneLocation(std::string_view text) {
+    return text.contains("\\\\") || text.contains(':') || text.contains('%') || BeginsNative(text);
+}
+
+void ClearDestination(FrmDialog& form, int way) {
+    const bool keeps =
+        way == kUpFolderTree || (way == kOneLocation && CanBeOneLocation(form.cmbDir.Text.Get()));
+    if (!keeps) form.cmbDir.Text = "";
+}
+
+void ChooseDuplicate(Session& session, const CheckBox& chosen) {
+    for (const auto box : kDuplicateBoxes) {
+        CheckBox& each = session.frmDialog.*box;
+        each.Value = &each == &chosen ? 1 : 0;
+    }
+    ShowDuplicateFields(session);
+}
+
+void optTo_Click(Session& session, const EventArgs& args) {
+    // What was typed for this way is kept.
+    if (args.isRepeat) return;
+    if (args.index < 0 || args.index >= static_cast<int>(kWayLogs.size())) return;
+    FrmDialog& form = session.frmDialog;
+    session::LogTimed(session, " User selected to " + session.state.strAction +
+                                   kWayLogs[static_cast<std::size_t>(args.index)]);
+    ClearDestination(form, args.index);
+    if (args.index == kUpFolderTree) {
+        form.txtFolderTree.Text = "1";
+        form.lblFolderTree.Caption = "Number of levels to move object up folder tree";
+    }
+    ResetDuplicateChoice(session);
+    CountDestinations(session);
+    ShowDestinationFields(session);
+}
+
+void cmbDir_Change(Session& session) {
+    FrmDialog& form = session.frmDialog;
+    form.cmbDir.Text = FilterEntry(form.cmbDir.Text.Get(), form.optTo[kSpecialRule].Value);
+}
+
+void txtFolderTree_Change(Session& session) {
+    std::string digits = session.frmDialog.txtFolderTree.Text;
+    std::erase_if(digits, [](char c) { return c < '0' || c > '9'; });
+    session.frmDialog.txtFolderTree.Text = digits;
+}
+
+void cmdBrowse_Click(Session& session) {
+    const std::string folder = session.prompts.PickFolder("Select folder");
+    if (!folder.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(folder);
+}
+
+// A box of which one of two is always set.
+void AddOneOfTwo(session::EventTable& events, CheckBox FrmDialog::*box, CheckBox FrmDialog::*other,
+                 void (*show)(Session&)) {
+    const FrmDialog names;
+    const auto add = [&](CheckBox FrmDialog::*clicked, CheckBox FrmDialog::*opposite) {
+        events.On("frmDialog." + (names.*clicked).Name() + "_Click",
+                  [clicked, opposite, show](Session& session, const EventArgs&) {
+                      FrmDialog& form = session.frmDialog;
+                      (form.*opposite).Value = (form.*clicked).Value == 1 ? 0 : 1;
+                      show(session);
+                  });
+    };
+    add(box, other);
+    add(other, box);
+}
+
+void AddDuplicateEvents(session::EventTable& events) {
+    const FrmDialog names;
+    for (const auto box : kDuplicateBoxes) {
+        events.On("frmDialog." + (names.*box).Name() + "_Click",
+                  [box](Session& session, const EventArgs&) {
+                      const CheckBox& clicked = session.frmDialog.*box;
+                      if (clicked.Value == 1) return ChooseDuplicate(session, clicked);
+                      ShowDuplicateFields(session);
+                  });
+    }
+}
+
+} // namespace
+
+bool TakesKey(char key, bool isRule) {
+    constexpr std::string_view kNever = "/\"?<>";
+    constexpr std::string_view kInRules = "*|";
+    return !kNever.contains(key) && (isRule || !kInRules.contains(key));
+}
+
+std::string FilterEntry(std::string_view text, bool isRule) {
+    const std::string_view plain = WithoutQuotes(text);
+    std::string entry(plain);
+    if (!BeginsNative(plain)) {
+        std::erase_if(entry, [isRule](char c) { return !TakesKey(c, isRule); });
+    }
+    return entry;
+}
+
+void ResetDuplicateChoice(Session& session) {
+    FrmDialog& form = session.frmDialog;
+    const bool isMove = session.state.strAction == "Move";
+    const CheckBox& automatic = isMove ? form.chkSkipAll : form.chkRename;
+    ChooseDuplicate(session, session.state.options.blnAutoMode ? automatic : form.chkAsk);
+}
+
+void ShowDuplicateFields(Session& session) {
+    FrmDialog& form = session.frmDialog;
+    const bool isShown = form.chkRename.Value == 1 || form.chkAsk.Value == 1;
+    if (isShown && !form.chkRenameEnd.Visible) {
+        form.chkRenameBeg.Value = 0;
+        form.chkRenameEnd.Value = 1;
+    }
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.chkRenameBeg, &form.chkRenameEnd, &form.lblRename, &form.txtRename}) {
+        control->Visible = isShown;
+    }
+}
+
+void ShowRenameFields(Session& session) {
+    FrmDialog& form = session.frmDialog;
+    const bool isAdd = form.chkAdd.Value == 1;
+    for (fields::Control* control :
+         std::initializer_list<fields::Control*>{&form.txtAdd, &form.chkAddBeg, &form.chkAddEnd}) {
+        control->Visible = isAdd;
+    }
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.txtFind, &form.txtReplace, &form.optOnceVsAll[0], &form.optOnceVsAll[1]}) {
+        control->Visible = !isAdd;
+    }
+    form.lblAddBeg.Visible = isAdd && form.chkAddBeg.Value == 1;
+    form.lblAddEnd.Visible = isAdd && form.chkAddEnd.Value == 1;
+}
+
+void ShowDestinationFields(Session& session) {
+    const std::string& action = session.state.strAction;
+    if (action != "Copy" && action != "Move") return;
+    FrmDialog& form = session.frmDialog;
+    const int way = form.optTo.Chosen();
+    form.cmbDir.Visible = way != kUpFolderTree;
+    form.cmdBrowse.Visible = way == kOneLocation || way == kSpecialRule;
+    form.txtFolderTree.Visible = way == kUpFolderTree;
+    form.lblFolderTree.Visible = way == kUpFolderTree;
+    form.chkFolderRename.Visible = way == kUpFolderTree;
+    form.filMultiPath.Visible = way == kMultipleLocations;
+    form.lstMulti.Visible = way == kMultipleLocations;
+    form.OKButton.Visible = way != kMultipleLocations || !form.lstMulti.Items().empty();
+}
+
+void CountDestinations(Session& session) {
+    auto& action = session.state.action;
+    const bool isMultiple = session.frmDialog.optTo[kMultipleLocations].Value;
+    action.intMultiCount = isMultiple ? static_cast<int>(action.strMultiPath.size()) - 1 : 1;
+}
+
+void AddDestinationEvents(session::EventTable& events) {
+    events.On("frmDialog.optTo_Click", optTo_Click);
+    events.On("frmDialog.cmbDir_Change", cmbDir_Change);
+    events.On("frmDialog.txtFolderTree_Change", txtFolderTree_Change);
+    events.On("frmDialog.cmdBrowse_Click", cmdBrowse_Click);
+    AddDuplicateEvents(events);
+    AddOneOfTwo(events, &FrmDialog::chkRenameBeg, &FrmDialog::chkRenameEnd, ShowDuplicateFields);
+    AddOneOfTwo(events, &FrmDialog::chkFindReplace, &FrmDialog::chkAdd, ShowRenameFields);
+    AddOneOfTwo(events, &FrmDialog::chkAddBeg, &FrmDialog::chkAddEnd, ShowRenameFields);
+}
+
+} // namespace tarvix::actions

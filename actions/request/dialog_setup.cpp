@@ -1,0 +1,253 @@
+#include "actions/request/dialog_setup.h"
+
+#include "actions/request/action_names.h"
+#include "actions/request/destination_controls.h"
+#include "actions/request/multi_paths.h"
+#include "actions/request/ok_button.h"
+#include "results/selection.h"
+#include "session/remembered/histories.h"
+#include "session/session.h"
+#include "text/format.h"
+
+#include <array>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+enum class Duplicates { kNone, kWithOverwrite, kWithoutOverwrite };
+
+// What the window offers for one action.
+struct Setup {
+    std::string_view action;
+    std::array<bool, 4> to;
+    bool hasDestination;
+    bool hasBrowse;
+    Duplicates duplicates;
+    bool hasStructure;
+    bool isMove;
+    bool hasLevels = false;
+    bool hasRename = false;
+    bool hasEof = false;
+    bool hasComments = false;
+};
+
+constexpr std::array<bool, 4> kNoChoice{};
+constexpr std::array<bool, 4> kOnlyOne{true, false, false, false};
+
+constexpr std::array kSetups{
+    Setup{"Copy", {true, true, false, true}, true, true, Duplicates::kWithOverwrite, true, false},
+    Setup{"Move", {true, false, true, true}, true, true, Duplicates::kWithoutOverwrite, true, true},
+    Setup{"Rename", kNoChoice, false, false, Duplicates::kNone, false, false, false, true},
+    Setup{"RenameAsTitle", kNoChoice, false, false, Duplicates::kNone, false, false},
+    Setup{"RenameFromTextFile", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"RenameFromHTMLSearch", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"RenameFromSelfSearch", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"CopyRenameAsFolderName", kNoChoice, true, true, Duplicates::kWithOverwrite, false, false,
+          true},
+    Setup{"Names Only", kNoChoice, true, true, Duplicates::kNone, false, false, false, false, true,
+          true},
+    Setup{"Path and Names", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
+          true, true},
+    Setup{"Target Paths", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
+          true},
+    Setup{"CreateHTML", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"Create MPL From Combo Box", kNoChoice, true, true, Duplicates::kNone, false, false,
+          false, false, true},
+    Setup{"Numeric Increment", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
+          true},
+    Setup{"MakeFolders", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"Automated Move", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true, true},
+    Setup{"Automated Playlist Gen", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true,
+          false},
+    Setup{"Automated Playlist Gen Full", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true,
+          false},
+};
+
+const Setup& SetupOf(std::string_view action) {
+    const auto found = std::ranges::find(kSetups, action, &Setup::action);
+    return found == kSetups.end() ? kSetups.front() : *found;
+}
+
+// Whether the action decides by itself where it goes, with no choice of the user.
+bool SetsOneLocation(const Setup& setup) {
+    return setup.action == "CopyRenameAsFolderName" || setup.action == "MakeFolders" ||
+           IsTextGroup(setup.action);
+}
+
+void OfferDestinations(Session& session, const Setup& setup) {
+    auto& form = session.frmDialog;
+    for (int i = 0; i < 4; ++i) {
+        form.optTo[i].Visible = setup.to[static_cast<std::size_t>(i)];
+    }
+    const int chosen = form.optTo.Chosen();
+    const bool isOffered = chosen >= 0 && setup.to[static_cast<std::size_t>(chosen)];
+    if (SetsOneLocation(setup) || (setup.to != kNoChoice && !isOffered)) form.optTo.Choose(0);
+    form.cmbDir.Visible = setup.hasDestination;
+    form.cmdBrowse.Visible = setup.hasBrowse;
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.chkFolderRename, &form.filMultiPath, &form.lstMulti}) {
+        control->Visible = false;
+    }
+    form.txtFolderTree.Visible = form.lblFolderTree.Visible = setup.hasLevels;
+    if (setup.hasLevels) form.lblFolderTree.Caption = "Number of folder names to use";
+    form.OKButton.Visible = true;
+    if (!IsCopyOrMove(setup.action)) return;
+    // What was typed for one location is no partial path.
+    if (form.optTo[1].Value && form.cmbDir.Text->find(':') != std::string::npos) {
+        form.cmbDir.Text = "";
+    }
+    ShowDestinationFields(session);
+}
+
+void OfferDuplicates(Session& session, const Setup& setup) {
+    auto& form = session.frmDialog;
+    const bool hasFrame = setup.duplicates != Duplicates::kNone;
+    const bool hasOverwrite = setup.duplicates == Duplicates::kWithOverwrite;
+    form.fraDuplicates.Visible = hasFrame;
+    for (fields::Control* control :
+         std::initializer_list<fields::Control*>{&form.chkAsk, &form.chkSkipAll, &form.chkRename}) {
+        control->Visible = hasFrame;
+    }
+    form.chkOverWrite.Visible = hasOverwrite;
+    if (hasFrame && !hasOverwrite && form.chkOverWrite.Value == 1) {
+        form.chkOverWrite.Value = 0;
+        form.chkSkipAll.Value = 1;
+    }
+    form.chkAsk.Enabled = !session.state.options.blnAutoMode;
+    if (hasFrame && !form.chkAsk.Enabled && form.chkAsk.Value == 1) {
+        form.chkAsk.Value = 0;
+        (setup.action == "Copy" ? form.chkRename : form.chkSkipAll).Value = 1;
+    }
+    ShowDuplicateFields(session);
+    if (hasFrame) return;
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.chkRenameBeg, &form.chkRenameEnd, &form.lblRename, &form.txtRename}) {
+        control->Visible = false;
+    }
+}
+
+void OfferStructure(Session& session, const Setup& setup) {
+    auto& form = session.frmDialog;
+    form.fraStructure.Visible = setup.hasStructure;
+    for (int i = 0; i < form.optStructure.Count(); ++i) {
+        form.optStructure[i].Visible = setup.hasStructure;
+    }
+    if (!session.state.blnPlayListMode) return;
+    form.optStructure[2].Visible = false;
+    if (form.optStructure[2].Value) form.optStructure.Choose(0);
+}
+
+void OfferOthers(Session& session, const Setup& setup) {
+    auto& form = session.frmDialog;
+    form.fraRenameOnly.Visible = setup.hasRename;
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.chkFindReplace, &form.chkAdd, &form.optNamePortion[0], &form.optNamePortion[1],
+             &form.optNamePortion[2]}) {
+        control->Visible = setup.hasRename;
+    }
+    ShowRenameFields(session);
+    form.chkAddEOF.Visible = setup.hasEof;
+    form.chkComments.Visible = form.chkFindSimilar.Visible = setup.hasComments;
+}
+
+void TakeNewestDestination(Session& session) {
+    auto& form = session.frmDialog;
+    if (!form.cmbDir.Text->empty() || !form.optTo[0].Value) return;
+    form.cmbDir.Text = session::NewestDestination(session);
+}
+
+std::string OkCaption(const Session& session) {
+    const std::string& action = session.state.strAction;
+    const auto count = session.selection->lngSelTop + 1;
+    const std::string objects =
+        text::Format(count, "#,##0") + (count == 1 ? " object" : " objects");
+    if (action == "Copy" || action == "CopyRenameAsFolderName") return "&Copy " + objects;
+    if (action == "Move") return "&Move " + objects;
+    if (action.starts_with("Rename")) return "&Rename " + objects;
+    return "&OK";
+}
+
+// A batch brings its own destination and duplicate choice, and nobody presses OK.
+void RunForBatch(Session& session) {
+    auto& form = session.frmDialog;
+    const auto& batch = session.state.batch;
+    form.cmbDir.Text = batch.strDestination;
+    const std::array<std::pair<bool, fields::CheckBox*>, 4> choices{
+        {{batch.blnOverwrite, &form.chkOverWrite},
+         {batch.blnSkip, &form.chkSkipAll},
+         {batch.blnAsk, &form.chkAsk},
+         {batch.blnRename, &form.chkRename}}};
+    const auto forced =
+        std::ranges::find_if(choices, [](const auto& choice) { return choice.first; });
+    if (forced != choices.end()) {
+        for (const auto& [wanted, box] : choices) {
+            box->Value = box == forced->second ? 1 : 0;
+        }
+    }
+    OKButton_Click(session);
+}
+
+void SetUpWindow(Session& session) {
+    auto& form = session.frmDialog;
+    auto& state = session.state;
+    state.strCurrentForm = "frmDialog";
+    form.lblStatus.Caption = "";
+    state.blnRedoAfterAction = state.blnActionCancelled = false;
+    RefreshMultiPathList(session);
+    form.lblNumOfFilesSelected.Caption = session.frmSearch.lblNumOfFilesSelected.Caption.Get();
+    form.lblNumOfDirsSelected.Caption = session.frmSearch.lblNumOfDirsSelected.Caption.Get();
+    form.lstMulti.Header = state.strAction + " to File Locations.  (Double click to clear.)";
+    const Setup& setup = SetupOf(state.strAction);
+    state.action.blnMove = setup.isMove;
+    OfferDestinations(session, setup);
+    TakeNewestDestination(session);
+    OfferDuplicates(session, setup);
+    OfferStructure(session, setup);
+    OfferOthers(session, setup);
+    form.cmdPreview.Visible = IsCopyOrMove(setup.action) || setup.hasRename || setup.hasLevels;
+    form.OKButton.Caption = OkCaption(session);
+    CountDestinations(session);
+}
+
+} // namespace
+
+void SetBusy(Session& session, bool busy) {
+    auto& form = session.frmDialog;
+    for (fields::Control* control : std::initializer_list<fields::Control*>{
+             &form.OKButton, &form.CancelButton, &form.cmdPreview, &form.cmdBrowse, &form.cmbDir,
+             &form.chkAddEOF, &form.txtFolderTree, &form.fraDuplicates, &form.fraStructure,
+             &form.fraRenameOnly}) {
+        control->Enabled = !busy;
+    }
+    form.optTo.SetEnabled(!busy);
+    form.lblBusy.Visible = busy;
+    form.cmdStop.Visible = busy;
+}
+
+void BackToWindow(Session& session) {
+    session.Repaint();
+    SetBusy(session, false);
+    frmDialog_Activate(session);
+}
+
+void OpenDialog(Session& session) {
+    session.frmDialog.optStructure.Choose(0);
+    SetBusy(session, false);
+    frmDialog_Activate(session);
+}
+
+void frmDialog_Activate(Session& session) {
+    auto& state = session.state;
+    if (state.blnPreloadDialog) {
+        session.frmDialog.Hide();
+        state.strLastForm = "frmDialog";
+        return;
+    }
+    SetUpWindow(session);
+    if (state.strAction == "Automated Move") RunForBatch(session);
+}
+
+} // namespace tarvix::actions

@@ -1,0 +1,197 @@
+#include "actions/request/preview.h"
+
+#include "actions/place/outcome.h"
+#include "actions/request/dialog_setup.h"
+#include "actions/request/ok_button.h"
+#include "actions/request/preview_prompts.h"
+#include "fields/copy_fields.h"
+#include "platform/clock.h"
+#include "platform/launcher.h"
+#include "platform/rehearsal/rehearsal_file_system.h"
+#include "platform/rehearsal/rehearsal_trash.h"
+#include "results/selection.h"
+#include "session/session.h"
+#include "text/format.h"
+
+#include <array>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+constexpr std::array<std::string_view, 14> kVerdicts{"copy",
+                                                     "move",
+                                                     "rename",
+                                                     "duplicate: rename",
+                                                     "duplicate: overwrite",
+                                                     "duplicate: skip",
+                                                     "duplicate: ask",
+                                                     "same place",
+                                                     "no destination",
+                                                     "long path: ask",
+                                                     "protected: copy",
+                                                     "protected: ask",
+                                                     "unchanged",
+                                                     "failed"};
+
+class NoLauncher : public platform::Launcher {
+  public:
+    platform::Result<void> OpenDocument(std::string_view) override { return {}; }
+    platform::Result<void> OpenWith(std::string_view, std::string_view) override { return {}; }
+    platform::Result<void> CloseDocument(std::string_view) override { return {}; }
+};
+
+// Collects the verdicts as the action goes from object to object.
+class Collector : public OutcomeSink {
+  public:
+    Collector(PreviewPrompts& prompts, const session::SessionState& state,
+              std::vector<PreviewEntry>& entries)
+        : prompts_(prompts), state_(state), entries_(entries) {}
+
+    void Settled(const Outcome& outcome) override {
+        entries_.push_back({outcome.index, outcome.strDestination, VerdictOf(outcome)});
+    }
+
+  private:
+    Verdict VerdictOf(const Outcome& outcome) {
+        const auto asked = prompts_.Take();
+        if (asked.longPath) return Verdict::kLongPath;
+        if (asked.duplicate) return Verdict::kDuplicateAsk;
+        if (asked.isProtected) return Verdict::kProtectedAsk;
+        switch (outcome.kind) {
+        case OutcomeKind::kCopied:
+            if (outcome.isNewName) return Verdict::kDuplicateRename;
+            return state_.action.blnMove ? Verdict::kProtectedCopy : Verdict::kCopy;
+        case OutcomeKind::kMoved:
+            return outcome.isNewName ? Verdict::kDuplicateRename : Verdict::kMove;
+        case OutcomeKind::kRenamed:
+            return Verdict::kRename;
+        case OutcomeKind::kOverwrote:
+        case OutcomeKind::kReplaced:
+            return Verdict::kDuplicateOverwrite;
+        case OutcomeKind::kSkippedDuplicate:
+            return Verdict::kDuplicateSkip;
+        case OutcomeKind::kOntoItself:
+            return Verdict::kSamePlace;
+        case OutcomeKind::kNoDestination:
+            return Verdict::kNoDestination;
+        case OutcomeKind::kLongPath:
+            return Verdict::kLongPath;
+        case OutcomeKind::kProtected:
+            return Verdict::kProtectedAsk;
+        case OutcomeKind::kFailed:
+            return Verdict::kFailed;
+        case OutcomeKind::kLeftAlone:
+            break;
+        }
+        return Verdict::kUnchanged;
+    }
+
+    PreviewPrompts& prompts_;
+    const session::SessionState& state_;
+    std::vector<PreviewEntry>& entries_;
+};
+
+// A second session with the same request, whose files only record.
+class Rehearsal {
+  public:
+    explicit Rehearsal(Session& real)
+        : real_(real), files_(real.files()), trash_(files_), session_(MachineOf(real), prompts_) {
+        session_.state = real.state;
+        session_.state.action.progress = nullptr;
+        session_.selection = real.selection;
+        session_.events = real.events;
+        session_.log.KeepNothing();
+        session_.errorLog.KeepNothing();
+        fields::CopyFields(real.frmSearch, session_.frmSearch);
+        fields::CopyFields(real.frmDialog, session_.frmDialog);
+        session_.yielder.SetPump([this] {
+            real_.Repaint();
+            if (real_.state.blnStopAction) session_.state.blnStopAction = true;
+        });
+    }
+
+    PreviewResult Run() {
+        PreviewResult result;
+        Collector collector(prompts_, session_.state, result.entries);
+        session_.state.action.sink = &collector;
+        session_.frmDialog.Show();
+        OKButton_Click(session_);
+        result.blnStopped = real_.state.blnStopAction;
+        if (result.entries.empty() && session_.frmDialog.IsShown()) {
+            result.refusal = prompts_.LastTold();
+        }
+        return result;
+    }
+
+  private:
+    platform::Platform MachineOf(Session& real) {
+        auto machine = real.platform;
+        return {files_,           machine.paths, machine.clock,        machine.environment,
+                machine.registry, launcher_,     machine.contentTypes, trash_};
+    }
+
+    Session& real_;
+    platform::RehearsalFileSystem files_;
+    platform::RehearsalTrash trash_;
+    NoLauncher launcher_;
+    PreviewPrompts prompts_;
+    Session session_;
+};
+
+std::string Summary(const PreviewResult& result) {
+    std::array<std::int64_t, kVerdicts.size()> counts{};
+    for (const PreviewEntry& entry : result.entries) {
+        ++counts[static_cast<std::size_t>(entry.verdict)];
+    }
+    std::string told;
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        if (counts[i] == 0) continue;
+        told.append(told.empty() ? "" : ",   ").append(kVerdicts[i]).append("  ");
+        told += text::Format(counts[i], "#,##0");
+    }
+    if (result.blnStopped) told += "   (stopped before the end)";
+    return told.empty() ? "Nothing would be done." : told;
+}
+
+} // namespace
+
+std::string_view VerdictText(Verdict verdict) {
+    return kVerdicts[static_cast<std::size_t>(verdict)];
+}
+
+PreviewResult Preview(Session& session) {
+    session.state.blnStopAction = false;
+    return Rehearsal(session).Run();
+}
+
+void cmdPreview_Click(Session& session) {
+    SetBusy(session, true);
+    const PreviewResult result = Preview(session);
+    SetBusy(session, false);
+    if (!result.refusal.empty()) {
+        session.MsgBox(result.refusal, session::kExclamation, "Preview");
+        return;
+    }
+    auto& form = session.forms.frmPreview;
+    form.rows.clear();
+    form.rows.reserve(result.entries.size());
+    for (const PreviewEntry& entry : result.entries) {
+        form.rows.push_back({session.selection->strSelPath[entry.index], entry.strNewPath,
+                             std::string(VerdictText(entry.verdict))});
+    }
+    form.lblMain.Caption = Summary(result);
+    form.Focus = &form.cmdOK;
+    session.ShowModal(form);
+    form.rows.clear();
+}
+
+void AddPreviewEvents(session::EventTable& events) {
+    events.On("frmDialog.cmdPreview_Click", cmdPreview_Click);
+    events.On("frmPreview.cmdOK_Click",
+              [](Session& session, const session::EventArgs&) { session.forms.frmPreview.Hide(); });
+}
+
+} // namespace tarvix::actions

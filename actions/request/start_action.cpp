@@ -1,0 +1,170 @@
+#include "actions/request/start_action.h"
+
+#include "actions/request/delete_request.h"
+#include "actions/request/destination_controls.h"
+#include "actions/request/dialog_setup.h"
+#include "actions/request/multi_paths.h"
+#include "actions/request/ok_button.h"
+#include "actions/request/preview.h"
+#include "actions/run/ask_flow.h"
+#include "results/selection.h"
+#include "session/remembered/histories.h"
+#include "session/session.h"
+#include "text/format.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+constexpr int kWarn = session::kOkCancel + session::kExclamation + session::kSecondDefault;
+
+constexpr std::string_view kCopyWarning =
+    "ARE YOU REALLY SURE???\r\n\r\nCopying multiple folders in this mode, may make many duplicate "
+    "copies!";
+constexpr std::string_view kMoveWarning =
+    "ARE YOU REALLY SURE???\r\n\r\nMoving multiple folders in this mode, may have unexpected "
+    "results!\r\n\r\nIf any folders you selected are subfolders of other folders selected,\r\nthe "
+    "results will depend on which one is moved first!!\r\n\r\nAlso files with HIDDEN or SYSTEM "
+    "Attributes may get moved!";
+
+bool IsAutomated(const session::SessionState& state) {
+    return state.blnAutoMove || state.blnAutoPlayList;
+}
+
+// Folders taken together with what lies in them may have effects that surprise.
+bool ConfirmFolders(Session& session) {
+    const auto& form = session.frmSearch;
+    const bool isMixedMode =
+        form.chkIncludeSubFolders.Value == 1 && form.optFilesVsDirs.Chosen() == 2;
+    if (!isMixedMode) return true;
+    const auto& isFile = session.selection->blnSelIsFile;
+    const auto folders = std::ranges::count(isFile, false);
+    const auto files = std::ranges::count(isFile, true);
+    const std::string& action = session.state.strAction;
+    std::string_view warning;
+    if (action == "Copy" && (folders >= 2 || (folders >= 1 && files >= 1))) warning = kCopyWarning;
+    if (action == "Move" && folders > 1) warning = kMoveWarning;
+    return warning.empty() || session.MsgBox(warning, kWarn) == session::kOk;
+}
+
+// "Moved 12 of 15 objects, 3 skipped as duplicates."
+std::string Summary(const session::ActionTotals& totals, std::string_view verb) {
+    const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
+    const std::int64_t all = totals.done + totals.skipped + totals.failed;
+    std::string told = std::string(verb) + " " + figure(totals.done) + " of " + figure(all) +
+                       (all == 1 ? " object" : " objects");
+    const std::array<std::pair<std::int64_t, const char*>, 3> others{
+        {{totals.duplicates, " skipped as duplicates"},
+         {totals.skipped - totals.duplicates, " left alone"},
+         {totals.failed, " failed"}}};
+    for (const auto& [count, what] : others) {
+        if (count > 0) told += ", " + figure(count) + what;
+    }
+    return told + ".";
+}
+
+// The list may be empty now: at least the status line tells what was done.
+void TellSummary(Session& session) {
+    const auto& totals = session.state.lastAction;
+    auto& status = session.frmSearch.lblStatus;
+    const bool isSilent = totals.done + totals.skipped + totals.failed == 0 ||
+                          session.state.blnActionCancelled || !status.Caption->empty();
+    if (isSilent) return;
+    const std::string& action = session.state.strAction;
+    status.Caption = Summary(totals, action == "Copy"   ? "Copied"
+                                     : action == "Move" ? "Moved"
+                                                        : "Renamed");
+}
+
+void ShowDialog(Session& session) {
+    auto& state = session.state;
+    const bool isBatch = IsAutomated(state);
+    if (isBatch) session.frmDialog.Show();
+    session::OpenDestHistoryFile2(session);
+    if (state.blnEnded) return;
+    OpenDialog(session);
+    if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(session.frmDialog);
+    session::SaveDestHistoryFile2(session);
+    state.strPrevAction = state.strAction;
+    if (state.strAction == "Move" && !state.blnActionCancelled) {
+        state.strRememberedDestination.clear();
+    }
+    if (state.blnPlayListMode) session.events.Raise(session, "frmSearch.ReloadPlayList");
+    session.events.Raise(session, "frmSearch.Form_Activate");
+    if (!isBatch) TellSummary(session);
+}
+
+struct Start {
+    std::string_view action;
+    std::string_view heading;
+};
+
+void StartAction(Session& session, const Start& start) {
+    auto& state = session.state;
+    auto& form = session.frmDialog;
+    const bool isCopyOrMove = start.action != "Rename";
+    if (start.action != "Move" || !IsAutomated(state)) state.strAction = start.action;
+    state.blnActionCancelled = false;
+    state.lastAction = {};
+    if (isCopyOrMove) state.action.bytOverrideAnswer = session::kOverrideNo;
+    state.action.bytRecycleAnswer = session::kOverrideNo;
+    results::BuildFileArray(session);
+    if (isCopyOrMove && !ConfirmFolders(session)) {
+        state.blnActionCancelled = true;
+        return;
+    }
+    // A batch notes in the log that its step found nothing.
+    if (session.selection->lngSelTop < 0 && !IsAutomated(state)) {
+        session.MsgBox("Nothing is selected.");
+        return;
+    }
+    form.lblMain.Caption = std::string(start.heading);
+    if (start.action != "Move" || form.optTo[0].Value) {
+        form.txtFolderTree.Visible = form.lblFolderTree.Visible = false;
+    }
+    if (!state.strRememberedDestination.empty()) form.cmbDir.Text = state.strRememberedDestination;
+    session::LogTimed(session, " User clicked on the " + std::string(start.action) +
+                                   " Button which opened the Action form. ");
+    ShowDialog(session);
+}
+
+void AddWindowEvents(session::EventTable& events) {
+    events.On("frmDialog.OKButton_Click", OKButton_Click);
+    events.On("frmDialog.CancelButton_Click", CancelButton_Click);
+    events.On("frmDialog.cmdStop_Click", [](Session& session, const session::EventArgs&) {
+        session.state.blnStopAction = true;
+    });
+}
+
+} // namespace
+
+void cmdCopySelected_Click(Session& session) {
+    StartAction(session, {"Copy", "Copy Files or Folders to:"});
+}
+
+void cmdMoveSelected_Click(Session& session) {
+    StartAction(session, {"Move", "Move Files and\\or Folders to:"});
+}
+
+void cmdRenameSelected_Click(Session& session) {
+    StartAction(session, {"Rename", "Rename Objects Only"});
+}
+
+void AddActionEvents(session::EventTable& events) {
+    events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
+    events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
+    events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);
+    AddWindowEvents(events);
+    AddAskEvents(events);
+    AddDestinationEvents(events);
+    AddMultiPathEvents(events);
+    AddDeleteEvents(events);
+    AddPreviewEvents(events);
+}
+
+} // namespace tarvix::actions

@@ -1,0 +1,288 @@
+#include "actions/run/rename_only.h"
+
+#include "actions/place/engine.h"
+#include "actions/place/name_parts.h"
+#include "actions/place/no_short_path.h"
+#include "actions/place/outcome.h"
+#include "actions/run/action_progress.h"
+#include "actions/run/renamed_folders.h"
+#include "platform/dir.h"
+#include "results/selection.h"
+#include "session/paths/ask_long_path.h"
+#include "session/paths/short_path.h"
+#include "session/session.h"
+#include "text/case.h"
+#include "text/characters.h"
+#include "text/paths.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tarvix::actions {
+
+namespace {
+
+using session::Session;
+
+enum Portion { kPrefix, kExtension, kWholeName };
+
+// The object in hand.
+struct Renamed {
+    bool isFile = true;
+    int portion = kWholeName;
+    NameParts parts;    // of the name as listed
+    std::string parent; // with "\" behind it
+    std::string old;    // the path as people see it, and then each newly reached one
+    std::string actual; // the same for file system calls
+    std::string text;   // the part of the name that is worked on
+    bool isAsked = false;
+    bool isChanged = false;
+    bool hasFailed = false;
+};
+
+class Renaming {
+  public:
+    explicit Renaming(Session& session)
+        : session_(session), form_(session.frmDialog), action_(session.state.action),
+          find_(text::Upper(form_.txtFind.Text.Get())), replace_(form_.txtReplace.Text),
+          findLength_(text::Length(form_.txtFind.Text.Get())),
+          replaceLength_(text::Length(replace_)) {}
+
+    void Run();
+
+  private:
+    void RunPass(bool files, ActionProgress& progress);
+    void RenameObject(std::size_t index);
+    Renamed ObjectAt(std::size_t index) const;
+    void Settle(const Renamed& object, std::size_t index);
+
+    void Insert(Renamed& object);
+    void FindAndReplace(Renamed& object);
+    enum class Round { kGoOn, kRenamed, kDone };
+    Round RenameHit(Renamed& object, std::size_t hit);
+    std::size_t NextHit(const std::string& text, std::size_t hit, bool isReplaced) const;
+    std::string ReplaceInText(const std::string& text, std::size_t hit) const;
+
+    static std::string NewPath(const Renamed& object, std::string_view text);
+    bool CanUse(const Renamed& object, std::string& path);
+    bool FitsOrShortens(const Renamed& object, std::string& path);
+    bool TellTaken(Renamed& object, const std::string& path);
+    bool Move(Renamed& object, const std::string& path);
+
+    Session& session_;
+    const fields::FrmDialog& form_;
+    session::ActionState& action_;
+    std::string find_; // upper case
+    std::string replace_;
+    std::size_t findLength_; // in characters, as all positions
+    std::size_t replaceLength_;
+    RenamedFolders folders_;
+    bool hasEnded_ = false;
+};
+
+void Renaming::Run() {
+    session_.state.lastAction = {};
+    session_.state.blnStopAction = false;
+    action_.blnStopped = action_.blnRenamed = false;
+    const platform::Busy busy(session_.files());
+    ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
+    RunPass(true, progress);
+    if (!hasEnded_) RunPass(false, progress);
+}
+
+void Renaming::RunPass(bool files, ActionProgress& progress) {
+    const auto& isFile = session_.selection->blnSelIsFile;
+    for (std::size_t index = 0; index < isFile.size(); ++index) {
+        if (isFile[index] != files) continue;
+        session_.Yield();
+        if (session_.state.blnStopAction) hasEnded_ = true;
+        if (hasEnded_) return;
+        RenameObject(index);
+        progress.Step();
+    }
+}
+
+void Renaming::RenameObject(std::size_t index) {
+    action_.lngIndex = static_cast<std::int64_t>(index);
+    Renamed object = ObjectAt(index);
+    if (form_.chkAdd.Value == 1) {
+        Insert(object);
+    } else if (form_.chkFindReplace.Value == 1) {
+        FindAndReplace(object);
+    }
+    Settle(object, index);
+}
+
+Renamed Renaming::ObjectAt(std::size_t index) const {
+    const auto& tables = *session_.selection;
+    const std::string& name = tables.strSelName[index];
+    Renamed object;
+    object.isFile = tables.blnSelIsFile[index];
+    object.portion = object.isFile ? form_.optNamePortion.Chosen() : kWholeName;
+    object.parts = SplitPrefixAndExtension(name);
+    object.old = folders_.Now(tables.strSelPath[index]);
+    object.actual = folders_.Now(tables.strSelActualPath[index]);
+    object.parent = text::ParentFolderSlash(object.old);
+    object.text = object.portion == kPrefix      ? object.parts.strPrefix
+                  : object.portion == kExtension ? object.parts.strExtension
+                                                 : std::string_view(name);
+    return object;
+}
+
+void Renaming::Settle(const Renamed& object, std::size_t index) {
+    auto& totals = session_.state.lastAction;
+    ++(object.hasFailed ? totals.failed : object.isChanged ? totals.done : totals.skipped);
+    if (action_.sink) {
+        action_.sink->Settled({.index = index,
+                               .strDestination = object.old,
+                               .kind = object.hasFailed   ? OutcomeKind::kFailed
+                                       : object.isChanged ? OutcomeKind::kRenamed
+                                                          : OutcomeKind::kLeftAlone});
+    }
+    if (!object.isChanged) return;
+    action_.blnRenamed = true;
+    if (object.isFile) return;
+    const std::string_view name = text::FolderOwnName(object.old);
+    folders_.Note(session_.selection->strSelPath[index], name);
+    folders_.Note(session_.selection->strSelActualPath[index], name);
+}
+
+// ---- the two modes ----
+
+void Renaming::Insert(Renamed& object) {
+    const std::string& add = form_.txtAdd.Text;
+    std::string path =
+        NewPath(object, form_.chkAddEnd.Value == 1 ? object.text + add : add + object.text);
+    session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
+    if (!CanUse(object, path)) return;
+    if (platform::StandingName(session_.files(), path).empty()) {
+        Move(object, path);
+    } else {
+        TellTaken(object, path);
+    }
+}
+
+// Each hit is a rename of its own.
+void Renaming::FindAndReplace(Renamed& object) {
+    bool isReplaced = false;
+    std::size_t hit = 0;
+    while (!hasEnded_ && (hit = NextHit(object.text, hit, isReplaced)) != 0) {
+        const Round round = RenameHit(object, hit);
+        isReplaced = round == Round::kRenamed;
+        if (round == Round::kDone) return;
+        if (!isReplaced) continue;
+        if (form_.optOnceVsAll[0].Value) return;
+        object.text = ReplaceInText(object.text, hit);
+    }
+}
+
+Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
+    const std::string text = ReplaceInText(object.text, hit);
+    std::string path =
+        NewPath(object, object.portion == kExtension ? std::string_view(text) : text::Trim(text));
+    if (!CanUse(object, path)) return Round::kDone;
+    const std::string found = platform::StandingName(session_.files(), path);
+    // The object itself may be found under its name in another case.
+    const bool isTaken =
+        !found.empty() && (found == text::FolderOwnName(path) ||
+                           !text::EqualNoCase(found, text::FolderOwnName(object.actual)));
+    if (isTaken) return TellTaken(object, path) ? Round::kGoOn : Round::kDone;
+    return Move(object, path) ? Round::kRenamed : Round::kDone;
+}
+
+// The start depends on the two lengths, so that a replacement is not searched again. A text that
+// stayed as it was never gives the same hit twice.
+std::size_t Renaming::NextHit(const std::string& text, std::size_t hit, bool isReplaced) const {
+    if (findLength_ == 0) return 0;
+    std::size_t start = hit + 1;
+    if (hit > 0 && replaceLength_ > findLength_) start += replaceLength_ - findLength_;
+    if (hit > 0 && replaceLength_ < findLength_) start = hit + replaceLength_;
+    if (!isReplaced) start = std::max(start, hit + 1);
+    return text::InStr(text::Upper(text), find_, start);
+}
+
+std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) const {
+    return std::string(text::Left(text, hit - 1)) + replace_ +
+           std::string(text::Mid(text, hit + findLength_));
+}
+
+// ---- one new name ----
+
+std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
+    const std::string name =
+        object.portion == kPrefix      ? text::Concat({text, ".", object.parts.strExtension})
+        : object.portion == kExtension ? text::Concat({object.parts.strPrefix, ".", text})
+                                       : std::string(text);
+    return text::Concat({object.parent, text::Trim(name)});
+}
+
+// Whether something is left of the name and the path isn't too long, or could be shortened.
+bool Renaming::CanUse(const Renamed& object, std::string& path) {
+    if (path.size() > object.parent.size()) return FitsOrShortens(object, path);
+    const std::string told =
+        "Could not rename: \r\n\r\n" + object.old + "\r\n\r\nNothing would be left of the name.";
+    if (!session_.state.options.blnAutoMode) session_.MsgBox(told);
+    session::LogTimed(session_, " " + told);
+    return false;
+}
+
+bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
+    if (text::Length(path) <= session::kLongPath) return true;
+    session::AskLongPath(session_, object.old, path, "RenameOnly", "frmDialog");
+    bool isShort = false;
+    if (session::ContinuesLongPath(session_)) {
+        auto shortened = session::GetShortPathNameReturnCodes(session_, path);
+        isShort = shortened.status >= 2;
+        if (isShort) path = std::move(shortened.path);
+        if (!isShort) RefuseWithoutShortPath(session_, path, session::kLongPath);
+    }
+    session_.state.blnPathLimitHit = false;
+    if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
+    return isShort;
+}
+
+// False when the object in hand is settled by it.
+bool Renaming::TellTaken(Renamed& object, const std::string& path) {
+    const bool isAutomatic = session_.state.options.blnAutoMode;
+    const bool isInsert = form_.chkAdd.Value == 1;
+    const std::string told = "Could not rename: \r\n\r\n" + object.old + "\r\n\r\n as: \r\n\r\n" +
+                             path + "\r\n\r\nThat" + (object.isFile ? " File " : " Folder ") +
+                             "name already exists";
+    if (isInsert) {
+        if (!isAutomatic) session_.MsgBox(told);
+        session::LogTimed(session_, " " + told);
+        return false;
+    }
+    if (std::exchange(object.isAsked, true)) return true;
+    const bool goesOn = isAutomatic || session_.MsgBox(told, session::kOkCancel) == session::kOk;
+    session::LogTimed(session_, " Was unable to rename " + object.old + " as " + path +
+                                    (goesOn ? "" : " and user canceled."));
+    if (!goesOn) action_.blnStopped = hasEnded_ = true;
+    return goesOn;
+}
+
+// Whether the object bears the new name now.
+bool Renaming::Move(Renamed& object, const std::string& path) {
+    const bool failedBefore = std::exchange(action_.blnErrorOccurred, false);
+    action_.blnPlaced = false;
+    MoveObject(session_, object.old, object.actual, path, object.isFile, true, "");
+    object.hasFailed = object.hasFailed || action_.blnErrorOccurred;
+    action_.blnErrorOccurred = action_.blnErrorOccurred || failedBefore;
+    session_.state.blnPathLimitHit = false;
+    if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
+    if (!action_.blnPlaced) return false;
+    object.old = text::Concat({object.parent, text::FolderOwnName(path)});
+    object.actual = path;
+    object.isChanged = true;
+    return true;
+}
+
+} // namespace
+
+void RenameOnly(Session& session) {
+    Renaming(session).Run();
+}
+
+} // namespace tarvix::actions

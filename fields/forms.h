@@ -1,0 +1,44 @@
+#pragma once
+
+#include "fields/frm_dialog.h"
+#include "fields/frm_search.h"
+#include "fields/prompt_forms.h"
+
+#include <array>
+#include <string_view>
+
+namespace tarvix::fields {
+
+// Every window of the program, one record each.
+struct Forms {
+    FrmSearch frmSearch;
+    FrmDialog frmDialog;
+    FrmForChar frmForChar;
+    FrmTrailingSp frmTrailingSp;
+    FrmAllUsers frmAllUsers;
+    FrmSelectDate frmSelectDate;
+    FrmProgress frmProgress;
+    FrmAsk frmAsk;
+    FrmAsk259 frmAsk259;
+    FrmOverrideDialog frmOverrideDialog;
+    FrmOverrideRecycleFail frmOverrideRecycleFail;
+    FrmPreview frmPreview;
+
+    const std::array<Form*, 12> all{&frmSearch,
+                                    &frmDialog,
+                                    &frmForChar,
+                                    &frmTrailingSp,
+                                    &frmAllUsers,
+                                    &frmSelectDate,
+                                    &frmProgress,
+                                    &frmAsk,
+                                    &frmAsk259,
+                                    &frmOverrideDialog,
+                                    &frmOverrideRecycleFail,
+                                    &frmPreview};
+
+    // By name, without regard to case; null when there is none.
+    Form* Find(std::string_view name) const;
+};
+
+} // namespace tarvix::fields

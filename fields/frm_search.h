@@ -1,0 +1,143 @@
+#pragma once
+
+#include "fields/controls.h"
+
+#include <array>
+
+namespace tarvix::fields {
+
+// The criteria, the result list's head, the counters and the status of the one main window.
+class FrmSearch : public Form {
+  public:
+    FrmSearch();
+
+    // Criteria.
+    ComboBox cmbSearchFor{*this, "cmbSearchFor"};
+    ComboBox cmbDir{*this, "cmbDir"};
+    Label lblTargetPath{*this, "lblTargetPath", "Target Path"};
+    ComboBox cboTargetPath{*this, "cboTargetPath"};
+    CheckBox chkNot{*this, "chkNot", "&NOT"};
+    CheckBox chkIncludeSubFolders{*this, "chkIncludeSubFolders", "Include s&ubfolders"};
+    CheckBox chkOneEach{*this, "chkOneEach", "One File from &Each Folder"};
+    CheckBox chkRepeatSearch{*this, "chkRepeatSearch", "&Repeat search"};
+    CheckBox chkFastSort{*this, "chkFastSort", "Fast Sort (no &grouping)"};
+    OptionGroup optFilesVsDirs{
+        *this,
+        "optFilesVsDirs",
+        {"F&iles", "Empty files", "All Objects", "F&olders", "Empty folders"}};
+    CheckBox chkSize{*this, "chkSize", "Si&ze"};
+    ComboBox cboSize{*this, "cboSize", false};
+    TextBox txtSize1{*this, "txtSize1"};
+    TextBox txtSize2{*this, "txtSize2"};
+    CheckBox chkDate{*this, "chkDate", "&Date"};
+    ComboBox cboDate{*this, "cboDate", false};
+    Label lblDate1{*this, "lblDate1"};
+    Label lbldDateThru{*this, "lbldDateThru", "thru"};
+    Label lblDate2{*this, "lblDate2"};
+    Label lblDateType{*this, "lblDateType", "Date = Modified Date"};
+
+    // Attributes: 0 must not have, 1 must have, 2 doesn't matter.
+    CheckBox chkReadOnly{*this, "chkReadOnly", "Read Only", 0, true};
+    CheckBox chkHidden{*this, "chkHidden", "Hidden", 0, true};
+    CheckBox chkSystem{*this, "chkSystem", "System", 0, true};
+    CheckBox chkArchive{*this, "chkArchive", "Archived", 2, true};
+    CheckBox chkAlias{*this, "chkAlias", "Alias", 0, true};
+    CheckBox chkCompressed{*this, "chkCompressed", "Compress", 0, true};
+    CheckBox chk256{*this, "chk256", "256", 0, true};
+    CheckBox chk512{*this, "chk512", "512", 0, true};
+    CheckBox chk64{*this, "chk64", "64", 0, true};
+    CheckBox chk128{*this, "chk128", "128", 0, true};
+
+    // Search and browse.
+    CommandButton cmdSearch{*this, "cmdSearch", "&Search"};
+    CommandButton cmdStop{*this, "cmdStop", "Stop", false};
+    CommandButton cmdNext{*this, "cmdNext", "Ne&xt", false};
+    CommandButton cmdBrowse{*this, "cmdBrowse", "&Browse"};
+    CommandButton cmdClearFolders{*this, "cmdClearFolders", "C&lear"};
+    OptionGroup optBrowse{*this, "optBrowse", {"&Path", "Add Path&+", "MPL", "Add MPL&*"}};
+
+    // The list, selection and actions.
+    ListView lstMain{*this, "lstMain"};
+    Frame fraSelection{*this, "fraSelection", "Select", false};
+    CommandButton cmdSelectAll{*this, "cmdSelectAll", "All"};
+    CommandButton cmdSelectAllFiles{*this, "cmdSelectAllFiles", "Files"};
+    CommandButton cmdSelectAllDirs{*this, "cmdSelectAllDirs", "Folders"};
+    CommandButton cmdSelectNone{*this, "cmdSelectNone", "None"};
+    CommandButton cmdSelectReverse{*this, "cmdSelectReverse", "Re&verse"};
+    Frame fraStandardAction{*this, "fraStandardAction", "Actions", false};
+    CommandButton cmdCopySelected{*this, "cmdCopySelected", "&Copy..."};
+    CommandButton cmdMoveSelected{*this, "cmdMoveSelected", "&Move..."};
+    CommandButton cmdRenameSelected{*this, "cmdRenameSelected", "Ren&ame...", false};
+    CommandButton cmdDeleteSelected{*this, "cmdDeleteSelected", "Rec&ycle", false};
+    CommandButton cmdEditTargets{*this, "cmdEditTargets", "Edi&t Links (shortcuts)", false};
+    CommandButton cmdDoVersionSort{*this, "cmdDoVersionSort", "Version sort", false};
+
+    // Counters and status.
+    Label lblNumOfFilesAttrib{*this, "lblNumOfFilesAttrib", "0"};
+    Label lblNumOfDirsAttrib{*this, "lblNumOfDirsAttrib", "0"};
+    Label lblNumOfFilesFound{*this, "lblNumOfFilesFound", "0"};
+    Label lblNumOfDirsFound{*this, "lblNumOfDirsFound", "0"};
+    Label lblNumOfFilesSelected{*this, "lblNumOfFilesSelected", "0"};
+    Label lblNumOfDirsSelected{*this, "lblNumOfDirsSelected", "0"};
+    Label lblTotalSize{*this, "lblTotalSize", "0"};
+    Label lblGroups{*this, "lblGroups", "1"};
+    Label lblStatus{*this, "lblStatus"};
+    Label lblDetailedStatus{*this, "lblDetailedStatus"};
+    Label lblCurrentFolder{*this, "lblCurrentFolder"};
+    Label lblSearchFor{*this, "lblSearchFor"};
+
+    // Menu entries that a search or its end switches.
+    MenuEntry mnuRun{*this, "mnuRun", "Ru&n"};
+    MenuEntry mnuActions{*this, "mnuActions", "A&ctions"};
+    MenuEntry mnuTools{*this, "mnuTools", "&Tools"};
+    MenuEntry mnuBrowse{*this, "mnuBrowse", "&Browse"};
+    MenuEntry mnuBrowse_ClearNow{*this, "mnuBrowse_ClearNow", "Clear 'Search Location(s)' Now"};
+    std::array<MenuEntry, 4> mnuBrowse_Behave{
+        MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add Path", 0},
+        MenuEntry{*this, "mnuBrowse_Behave", "Add Path Only", 1},
+        MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add MPL", 2},
+        MenuEntry{*this, "mnuBrowse_Behave", "Add Multiple Path List (MPL) Only", 3}};
+    MenuEntry mnuTools_CreateMPLfromCombo{
+        *this, "mnuTools_CreateMPLfromCombo",
+        "Create Multiple Path List from 'Search Location(s)' Box"};
+    MenuEntry mnuTools_DeleteFolderContentsOnly{*this, "mnuTools_DeleteFolderContentsOnly",
+                                                "Delete Folder Contents Only"};
+    MenuEntry mnuTools_FolderSummary{*this, "mnuTools_FolderSummary", "Summarize Objects"};
+    MenuEntry mnuTools_NameVersionSort{
+        *this, "mnuTools_NameVersionSort",
+        "Group by name (ascending) and version number (descending)."};
+    MenuEntry mnuTools_RemoveUnAndMove{*this, "mnuTools_RemoveUnAndMove",
+                                       "Remove Unselected and Move"};
+    MenuEntry mnuTools_BypassMPL{*this, "mnuTools_BypassMPL",
+                                 "Copy Paths Directly into 'Search Location(s)' Box"};
+    MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",
+                                    "Copy Object Names Directly into 'Search For' Box"};
+    MenuEntry mnuToolViewActionLog{*this, "mnuToolViewActionLog", "View Action Log"};
+    MenuEntry mnuToolViewAnyActionLog{*this, "mnuToolViewAnyActionLog", "View Any Action Log"};
+    MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
+
+    // Which date of an object is tested and shown.
+    std::array<MenuEntry, 3> mnuSearch_DateType{
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Modified Date", 0},
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Created Date", 1},
+        MenuEntry{*this, "mnuSearch_DateType", "Date = Last Accessed Date", 2}};
+
+    // Options that are at hand.
+    MenuEntry mnuOptions_AllowUserSelectSubfolders{*this, "mnuOptions_AllowUserSelectSubfolders",
+                                                   "&Allow 'Include subfolders' to be selected"};
+    MenuEntry mnuOptions_DefaultToIncludeSubfolders{*this, "mnuOptions_DefaultToIncludeSubfolders",
+                                                    "&Include subfolders at the start"};
+
+    // The texts beside the program.
+    MenuEntry mnuHelp_Help{*this, "mnuHelp_Help", "&Help"};
+    MenuEntry mnuHelp_GenInfo{*this, "mnuHelp_GenInfo", "&General Information"};
+    MenuEntry mnuHelp_Advanced{*this, "mnuHelp_Advanced", "&Advanced Functions List"};
+    MenuEntry mnuHelp_Ver{*this, "mnuHelp_Ver", "&Version Changes"};
+
+    // The ten attribute boxes in the order of their bits' table.
+    const std::array<CheckBox*, 10> attributeBoxes{
+        &chkReadOnly,   &chkHidden, &chkSystem, &chkArchive, &chkAlias,
+        &chkCompressed, &chk256,    &chk512,    &chk64,      &chk128};
+};
+
+} // namespace tarvix::fields

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "fields/controls.h"
+
+namespace tarvix::fields {
+
+// A modal notice: a text and one button that hides it.
+class NoticeForm : public Form {
+  public:
+    explicit NoticeForm(std::string name) : Form(std::move(name)) {}
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdOK{*this, "cmdOK", "&OK"};
+};
+
+// A name with a character that can't be shown.
+class FrmForChar : public NoticeForm {
+  public:
+    FrmForChar() : NoticeForm("frmForChar") {}
+};
+
+// A name that ends in a blank.
+class FrmTrailingSp : public NoticeForm {
+  public:
+    FrmTrailingSp() : NoticeForm("frmTrailingSp") {}
+};
+
+// A folder that only stands in for another one.
+class FrmAllUsers : public NoticeForm {
+  public:
+    FrmAllUsers() : NoticeForm("frmAllUsers") {}
+};
+
+// How far a long rearrangement of the list is; shown beside the main window, not over it.
+class FrmProgress : public Form {
+  public:
+    FrmProgress() : Form("frmProgress") {}
+    Label lblMain{*this, "lblMain"};
+    ProgressBar prgMain{*this, "prgMain"};
+};
+
+// One moment, or two for a range. The end pickers show only for a range.
+class FrmSelectDate : public Form {
+  public:
+    FrmSelectDate() : Form("frmSelectDate") { Caption = "Select Date"; }
+    Label lblMain{*this, "lblMain"};
+    DatePicker dtpStartDate{*this, "dtpStartDate", false};
+    DatePicker dtpStartTime{*this, "dtpStartTime", true};
+    DatePicker dtpEndDate{*this, "dtpEndDate", false};
+    DatePicker dtpEndTime{*this, "dtpEndTime", true};
+    CommandButton cmdOK{*this, "cmdOK", "&OK"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
+// What to do with an object whose new place is taken.
+class FrmAsk : public Form {
+  public:
+    FrmAsk() : Form("frmAsk") { Caption = "Skip, Replace or  Rename Duplicates?"; }
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdSkip{*this, "cmdSkip", "&Skip this duplicate only."};
+    CommandButton cmdOverwrite{*this, "cmdOverwrite", "&OverWrite this duplicate only."};
+    CommandButton cmdRename{*this, "cmdRename", "&Rename this duplicate only."};
+    CommandButton cmdSkipAll{*this, "cmdSkipAll", "S&kip all duplicates."};
+    CommandButton cmdOverwriteAll{*this, "cmdOverwriteAll", "O&verWrite all duplicates."};
+    CommandButton cmdRenameAll{*this, "cmdRenameAll", "R&ename all duplicates."};
+    CommandButton cmdCancel{*this, "cmdCancel",
+                            "&Cancel   (the action for objects not yet processed)."};
+    CommandButton cmdDeleteReplace{*this, "cmdDeleteReplace",
+                                   "Rec&ycle this duplicate folder and contents, then replace."};
+    CommandButton cmdDeleteReplaceAll{*this, "cmdDeleteReplaceAll",
+                                      "Recyc&le all duplicate folders and contents, then replace."};
+};
+
+// What to do with an object whose path has grown too long.
+class FrmAsk259 : public Form {
+  public:
+    FrmAsk259() : Form("frmAsk259") {
+        Caption = "Skip or Continue with objects exceeding 259 characters in their path.";
+    }
+    Label lblMain{*this, "lblMain"};
+    Label lblNote{*this, "lblNote",
+                  "Some applications may not be able to work with files so deep in the folder "
+                  "structure."};
+    CommandButton cmdSkip{*this, "cmdSkip", "&Skip this object only."};
+    CommandButton cmdContinue{*this, "cmdContinue", "C&ontinue with this object only."};
+    CommandButton cmdSkipAll{*this, "cmdSkipAll",
+                             "S&kip all object paths exceeding 259 characters."};
+    CommandButton cmdContinueAll{*this, "cmdContinueAll",
+                                 "Co&ntinue all object paths exceeding 259 characters."};
+    CommandButton cmdCancel{*this, "cmdCancel",
+                            "&Cancel   (the action for objects not yet processed)."};
+};
+
+// No and yes, each for one object or for all that follow, and a way out.
+class OverrideForm : public Form {
+  public:
+    OverrideForm(std::string name, std::string title) : Form(std::move(name)) {
+        Caption = std::move(title);
+    }
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdNo{*this, "cmdNo", "&No"};
+    CommandButton cmdYes{*this, "cmdYes", "&Yes"};
+    CommandButton cmdNoToAll{*this, "cmdNoToAll", "N&o to all"};
+    CommandButton cmdYesToAll{*this, "cmdYesToAll", "Y&esToAll"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
+// A system or hidden object is about to be overwritten or deleted.
+class FrmOverrideDialog : public OverrideForm {
+  public:
+    FrmOverrideDialog() : OverrideForm("frmOverrideDialog", "Override System/Hidden Exclusion?") {}
+};
+
+// An object would not go to the recycle bin.
+class FrmOverrideRecycleFail : public OverrideForm {
+  public:
+    FrmOverrideRecycleFail()
+        : OverrideForm("frmOverrideRecycleFail", "Override Recycle Failure?") {}
+};
+
+// One object of a preview: where it is, where it would be, and what would happen to it.
+struct PreviewRow {
+    std::string object;
+    std::string newPath;
+    std::string verdict;
+};
+
+// What the action would do, object by object.
+class FrmPreview : public Form {
+  public:
+    FrmPreview() : Form("frmPreview") { Caption = "Preview"; }
+    Label lblMain{*this, "lblMain"}; // the counts by verdict
+    ListView lstPreview{*this, "lstPreview"};
+    CommandButton cmdOK{*this, "cmdOK", "&Close"};
+    std::vector<PreviewRow> rows; // changed only while the form is hidden
+};
+
+} // namespace tarvix::fields

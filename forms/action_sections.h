@@ -1,0 +1,18 @@
+#pragma once
+
+#include "fields/frm_dialog.h"
+
+class QWidget;
+
+namespace tarvix::forms {
+
+// The parts of the action window, each a title with its choices beside it. What is hidden takes no
+// room.
+QWidget* MakeWhereSection(const fields::FrmDialog& form);
+// Each structure with an example behind it, a label named "lblExample(0)" and so on.
+QWidget* MakeStructureSection(const fields::FrmDialog& form);
+QWidget* MakeDuplicatesSection(const fields::FrmDialog& form);
+QWidget* MakeRenameSection(const fields::FrmDialog& form);
+QWidget* MakeFileSection(const fields::FrmDialog& form);
+
+} // namespace tarvix::forms

@@ -1,0 +1,290 @@
+#include "forms/action_window.h"
+
+#include "forms/action_sections.h"
+#include "forms/action_sentence.h"
+#include "forms/destination_examples.h"
+#include "forms/drop_filter.h"
+#include "forms/field_widgets.h"
+#include "forms/fitting_area.h"
+#include "forms/native_input.h"
+#include "forms/panel_parts.h"
+#include "forms/text_conversion.h"
+#include "forms/window_place.h"
+#include "forms/wrapping_label.h"
+#include "session/session.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr int kCharacters = 122; // of the window's width
+constexpr int kTitleBar = 40;
+constexpr int kLeastLines = 9; // of the choices, when there is little room
+
+// What the box for the destination takes, by the choice of where to.
+constexpr std::array<const char*, 4> kHints{
+    "A folder, as C:\\home\\ann\\Music or /home/ann/Music",
+    "What comes behind each location, as \\Music; may be empty", "", "A rule, with its marks"};
+
+constexpr std::array kTabOrder{"cmbDir",
+                               "cmdBrowse",
+                               "optTo(0)",
+                               "optTo(1)",
+                               "optTo(2)",
+                               "optTo(3)",
+                               "txtFolderTree",
+                               "chkFolderRename",
+                               "filMultiPath",
+                               "lstMulti",
+                               "optStructure(0)",
+                               "optStructure(1)",
+                               "optStructure(2)",
+                               "optStructure(3)",
+                               "chkAsk",
+                               "chkSkipAll",
+                               "chkRename",
+                               "chkOverWrite",
+                               "txtRename",
+                               "chkRenameBeg",
+                               "chkRenameEnd",
+                               "chkPlus1",
+                               "chkFindReplace",
+                               "txtFind",
+                               "txtReplace",
+                               "optOnceVsAll(0)",
+                               "optOnceVsAll(1)",
+                               "chkAdd",
+                               "txtAdd",
+                               "chkAddBeg",
+                               "chkAddEnd",
+                               "optNamePortion(0)",
+                               "optNamePortion(1)",
+                               "optNamePortion(2)",
+                               "chkAddEOF",
+                               "chkComments",
+                               "chkFindSimilar",
+                               "txtDeviation",
+                               "cmdStop",
+                               "cmdPreview",
+                               "OKButton",
+                               "CancelButton"};
+
+bool AnyVisible(const fields::OptionGroup& group) {
+    for (int i = 0; i < group.Count(); ++i) {
+        if (group[i].Visible) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ActionWindow::ActionWindow(session::Session& session, EventGate& gate, QWidget* parent)
+    : ModalWindow(session, gate, session.frmDialog, parent) {
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(8);
+    sentence_ = new WrappingLabel;
+    sentence_->setObjectName("lblSentence");
+    area_ = new FittingArea(*MakeSections(), kLeastLines);
+    column->addWidget(MakeHeading());
+    column->addWidget(MakeDestination());
+    column->addWidget(area_, 1);
+    column->addWidget(sentence_);
+    column->addWidget(MakeProgress());
+    column->addWidget(MakeButtons());
+    SetTabOrder();
+    BindFields();
+    TakeSize(kCharacters);
+    const int width = session.state.platformSettings.dialogWindow.width;
+    if (width > 0)
+        resize(std::clamp(width, minimumSizeHint().width(), screen()->availableSize().width()),
+               height());
+    findChild<QPushButton*>("OKButton")->setDefault(true);
+    FocusFirst();
+}
+
+QWidget* ActionWindow::MakeHeading() {
+    const auto& form = session_.frmDialog;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    QLabel* heading = Make(form.lblMain);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    layout->addWidget(heading);
+    layout->addStretch(1);
+    layout->addWidget(MakeCounter(form.lblNumOfFilesSelected, "Files Selected"));
+    layout->addWidget(new QLabel("files,"));
+    layout->addWidget(MakeCounter(form.lblNumOfDirsSelected, "Folders Selected"));
+    layout->addWidget(new QLabel("folders selected"));
+    return row;
+}
+
+QWidget* ActionWindow::MakeDestination() {
+    const auto& form = session_.frmDialog;
+    QComboBox* box = Make(form.cmbDir);
+    box->setAccessibleName("Destination");
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    AcceptDrops(*box, [this](const QList<QUrl>& urls) {
+        const auto dropped = DroppedLocations(session_.platform, urls.mid(0, 1));
+        if (!dropped.empty()) binder_->Set(session_.frmDialog.cmbDir, ToQt(dropped));
+    });
+    QPushButton* browse = Make(form.cmdBrowse);
+    browse->setAutoDefault(true);
+    return InRow({box, browse});
+}
+
+QWidget* ActionWindow::MakeSections() {
+    const auto& form = session_.frmDialog;
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 2, 0, 2);
+    column->setSpacing(10);
+    where_ = MakeWhereSection(form);
+    file_ = MakeFileSection(form);
+    for (QWidget* section : {where_, MakeStructureSection(form), MakeDuplicatesSection(form),
+                             MakeRenameSection(form), file_}) {
+        column->addWidget(section);
+    }
+    column->addStretch(1);
+    return panel;
+}
+
+QWidget* ActionWindow::MakeProgress() {
+    const auto& form = session_.frmDialog;
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    bytes_ = Make(form.prgBytes);
+    bytes_->setAccessibleName("Progress in bytes");
+    ElidedLabel* figures = MakeElided(form.lblProgress);
+    for (QWidget* part : std::initializer_list<QWidget*>{bytes_, figures}) {
+        QSizePolicy keeps = part->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(keeps);
+    }
+    auto* line = new QHBoxLayout;
+    line->addWidget(Make(form.lblBusy));
+    line->addWidget(MakeElided(form.lblStatus), 1);
+    column->addLayout(line);
+    column->addWidget(bytes_);
+    column->addWidget(figures);
+    return panel;
+}
+
+QWidget* ActionWindow::MakeButtons() {
+    const auto& form = session_.frmDialog;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    QPushButton* stop = Make(form.cmdStop);
+    stop->setIcon(QIcon::fromTheme("process-stop"));
+    stop->setToolTip("Stop before the next object (Esc)");
+    QPushButton* preview = Make(form.cmdPreview);
+    preview->setToolTip("What would happen to each object; nothing is changed");
+    QPushButton* ok = Make(form.OKButton);
+    QPushButton* cancel = Make(form.CancelButton);
+    layout->addWidget(stop);
+    layout->addStretch(1);
+    for (QPushButton* button : {preview, ok, cancel}) {
+        layout->addWidget(button);
+    }
+    for (QPushButton* button : {stop, preview, cancel}) {
+        button->setAutoDefault(true); // Enter presses what has the focus, not always OK
+    }
+    return row;
+}
+
+void ActionWindow::SetTabOrder() {
+    QWidget* last = nullptr;
+    for (const char* name : kTabOrder) {
+        auto* next = findChild<QWidget*>(name);
+        if (last != nullptr) setTabOrder(last, next);
+        last = next;
+    }
+}
+
+void ActionWindow::FocusFirst() {
+    for (const char* name : {"cmbDir", "txtFolderTree", "txtAdd", "txtFind", "OKButton"}) {
+        auto* widget = findChild<QWidget*>(name);
+        if (widget->isVisibleTo(this) && widget->isEnabled()) return widget->setFocus();
+    }
+}
+
+void ActionWindow::Refresh() {
+    ShowSections();
+    ShowHints();
+    if (!gate_.IsBusy()) ShowExamples();
+    sentence_->setText(ActionSentence(session_.frmDialog));
+    bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
+    Grow();
+}
+
+void ActionWindow::ShowSections() {
+    const auto& form = session_.frmDialog;
+    where_->setVisible(AnyVisible(form.optTo) || form.txtFolderTree.Visible ||
+                       form.filMultiPath.Visible);
+    file_->setVisible(form.chkAddEOF.Visible || form.chkComments.Visible ||
+                      form.chkFindSimilar.Visible);
+}
+
+void ActionWindow::ShowHints() {
+    const auto& form = session_.frmDialog;
+    const auto way = static_cast<std::size_t>(std::max(0, form.optTo.Chosen()));
+    const char* hint = form.fraStructure.Visible ? kHints[way] : "";
+    findChild<QComboBox*>("cmbDir")->lineEdit()->setPlaceholderText(hint);
+    const QString head = Shown(form.lstMulti.Header.Get());
+    if (!head.isEmpty()) findChild<QLabel*>("lstMultiHead")->setText(head);
+}
+
+void ActionWindow::ShowExamples() {
+    std::string key = ExampleKey(session_);
+    if (key == shownExamples_) return;
+    shownExamples_ = std::move(key);
+    const auto examples = DestinationExamples(session_);
+    for (std::size_t i = 0; i < examples.size(); ++i) {
+        auto* label = findChild<QLabel*>(QString("lblExample(%1)").arg(i));
+        label->setText(Shown(examples[i]));
+        const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
+        label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
+    }
+}
+
+// What was hidden before the window shows is taken out of the layouts only now.
+void ActionWindow::showEvent(QShowEvent* event) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    layout()->activate();
+    const int most = screen()->availableSize().height() - kTitleBar;
+    resize(width(), std::min(height() + area_->MissingHeight(), most));
+    ModalWindow::showEvent(event);
+}
+
+void ActionWindow::hideEvent(QHideEvent* event) {
+    if (!event->spontaneous()) session_.state.platformSettings.dialogWindow = PlaceOf(*this);
+    ModalWindow::hideEvent(event);
+}
+
+int ActionWindow::Room() const {
+    return screen()->availableGeometry().bottom() - geometry().top();
+}
+
+// Sections that come later make the window higher while the screen has room.
+void ActionWindow::Grow() {
+    if (!isVisible() || isMaximized()) return;
+    layout()->activate();
+    const int wanted = std::min(height() + area_->MissingHeight(), Room());
+    if (wanted > height()) resize(width(), wanted);
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "fields/controls.h"
+#include "forms/event_gate.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+class QAbstractButton;
+class QAction;
+class QComboBox;
+class QDateTimeEdit;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QWidget;
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::forms {
+
+class FieldListBox;
+
+// Joins the fields of one form to the widgets and actions below `root` that bear their names: shows
+// the fields, and hands on what the user does. It decides nothing. What lies below a panel of
+// another form is left to that form's binder.
+class Binder : public QObject {
+  public:
+    Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root);
+
+    // Joins what was added below the root since the last call.
+    void Bind();
+    // Shows the fields that changed.
+    void Flush();
+    void ShowAll();
+    // Hands on the texts that were entered while a routine ran.
+    void ApplyPending();
+
+    void Click(fields::Control& control);
+    void Set(fields::Control& control, const QString& value);
+    // Whether something happens when the control is clicked.
+    bool HasRoutine(const fields::Control& control, std::string_view event = "Click") const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    using Shower = std::function<void()>;
+
+    bool IsOfForm(const QObject& object) const;
+    void BindObject(fields::Control& control, QObject& object);
+    Shower BindButton(fields::Control& control, QAbstractButton& button);
+    Shower BindCombo(fields::ComboBox& field, QComboBox& box);
+    Shower BindText(fields::TextBox& field, QLineEdit& edit);
+    Shower BindList(fields::ListBox& field, FieldListBox& list);
+    Shower BindPicker(fields::DatePicker& field, QDateTimeEdit& picker);
+    Shower BindAction(fields::Control& control, QAction& action);
+    void Show(fields::Control& control);
+    void ShowCommon(const fields::Control& control, QWidget& widget) const;
+    void TakeFocus();
+    void TakeNativePaths(fields::Control& control);
+    void Leave(fields::Control& control);
+
+    session::Session& session_;
+    EventGate& gate_;
+    fields::Form& form_;
+    QWidget& root_;
+    std::unordered_map<const fields::Control*, std::vector<Shower>> showers_;
+    std::unordered_map<const QObject*, fields::Control*> bound_;
+    std::map<fields::Control*, QString> pending_; // texts entered while a routine ran
+};
+
+// Says that the widgets below the panel belong to a form of their own.
+void MarkAsForm(QWidget& panel);
+
+// The caption of any control that has one; empty for others.
+std::string CaptionOf(const fields::Control& control);
+
+} // namespace tarvix::forms

@@ -1,0 +1,151 @@
+#include "forms/choice_window.h"
+
+#include "fields/prompt_forms.h"
+#include "forms/duplicate_text.h"
+#include "forms/field_widgets.h"
+#include "forms/fitting_area.h"
+#include "forms/panel_parts.h"
+#include "forms/text_conversion.h"
+#include "forms/wrapping_label.h"
+#include "session/session.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr const char* kOverwriteTip =
+    "Replaces what is there. (Folder contents with different names will not be overwritten.)";
+
+QPushButton* MakeChoice(const fields::CommandButton& field) {
+    QPushButton* button = Make(field);
+    button->setAutoDefault(true);
+    return button;
+}
+
+WrappingLabel* MakeText(const fields::Label& field) {
+    auto* label = new WrappingLabel(Shown(field.Caption.Get()));
+    label->setObjectName(ToQt(field.Name()));
+    return label;
+}
+
+QWidget* MakeTextWithNote(const fields::Label& text, const fields::Label& note) {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(MakeText(text));
+    column->addWidget(MakeText(note));
+    column->addStretch(1);
+    return panel;
+}
+
+} // namespace
+
+ChoiceWindow::ChoiceWindow(session::Session& session, EventGate& gate, fields::Form& form,
+                           QWidget* parent)
+    : ModalWindow(session, gate, form, parent), column_(new QVBoxLayout(this)) {
+    column_->setSpacing(12);
+}
+
+void ChoiceWindow::AddText(QWidget& text, QStyle::StandardPixmap icon) {
+    auto* picture = new QLabel;
+    const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+    picture->setPixmap(style()->standardIcon(icon).pixmap(size, size));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(picture, 0, Qt::AlignTop);
+    row->addWidget(new FittingArea(text, 5), 1);
+    column_->addLayout(row, 1);
+}
+
+void ChoiceWindow::AddGroups(const QList<Group>& groups) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    for (const Group& group : groups) {
+        auto* buttons = new QVBoxLayout;
+        buttons->setSpacing(4);
+        if (!group.title.isEmpty()) buttons->addWidget(new QLabel(group.title));
+        for (const auto* field : group.buttons) {
+            buttons->addWidget(MakeChoice(*field));
+        }
+        buttons->addStretch(1);
+        row->addLayout(buttons, 1);
+    }
+    column_->addLayout(row);
+}
+
+void ChoiceWindow::AddRow(const QList<const fields::CommandButton*>& buttons) {
+    QList<QWidget*> parts;
+    for (const auto* field : buttons) {
+        parts << MakeChoice(*field);
+    }
+    column_->addWidget(InRow(parts), 0, Qt::AlignRight);
+}
+
+void ChoiceWindow::Tip(const fields::CommandButton& button, const QString& text, const char* icon) {
+    auto* widget = findChild<QPushButton*>(ToQt(button.Name()));
+    widget->setToolTip(TipText(text));
+    widget->setAccessibleDescription(text);
+    if (icon[0] != '\0') widget->setIcon(QIcon::fromTheme(icon));
+}
+
+void ChoiceWindow::Finish(const fields::CommandButton& safe, int characters) {
+    BindFields();
+    TakeSize(characters);
+    auto* button = findChild<QPushButton*>(ToQt(safe.Name()));
+    button->setDefault(true);
+    button->setFocus();
+}
+
+AskWindow::AskWindow(session::Session& session, EventGate& gate, QWidget* parent)
+    : ChoiceWindow(session, gate, session.forms.frmAsk, parent) {
+    const auto& form = session.forms.frmAsk;
+    const QString text = Shown(form.lblMain.Caption.Get());
+    QWidget* panel = MakeDuplicateText(text);
+    panel->setObjectName(ToQt(form.lblMain.Name()));
+    setAccessibleDescription(text);
+    AddText(*panel, QStyle::SP_MessageBoxQuestion);
+    AddGroups({{"This duplicate",
+                {&form.cmdSkip, &form.cmdOverwrite, &form.cmdRename, &form.cmdDeleteReplace}},
+               {"This and all that follow",
+                {&form.cmdSkipAll, &form.cmdOverwriteAll, &form.cmdRenameAll,
+                 &form.cmdDeleteReplaceAll}}});
+    AddRow({&form.cmdCancel});
+    Tip(form.cmdOverwrite, kOverwriteTip);
+    Tip(form.cmdOverwriteAll, kOverwriteTip);
+    Finish(form.cmdSkip, 100);
+}
+
+LongPathWindow::LongPathWindow(session::Session& session, EventGate& gate, QWidget* parent)
+    : ChoiceWindow(session, gate, session.forms.frmAsk259, parent) {
+    const auto& form = session.forms.frmAsk259;
+    setAccessibleDescription(Shown(form.lblMain.Caption.Get()));
+    AddText(*MakeTextWithNote(form.lblMain, form.lblNote), QStyle::SP_MessageBoxWarning);
+    AddGroups({{"This object", {&form.cmdSkip, &form.cmdContinue}},
+               {"This and all that follow", {&form.cmdSkipAll, &form.cmdContinueAll}}});
+    AddRow({&form.cmdCancel});
+    Finish(form.cmdSkip, 90);
+}
+
+OverrideWindow::OverrideWindow(session::Session& session, EventGate& gate,
+                               fields::OverrideForm& form, QWidget* parent)
+    : ChoiceWindow(session, gate, form, parent) {
+    setAccessibleDescription(Shown(form.lblMain.Caption.Get()));
+    const bool isRecycle = &form == &session.forms.frmOverrideRecycleFail;
+    AddText(*MakeText(form.lblMain),
+            isRecycle ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxWarning);
+    AddRow({&form.cmdNo, &form.cmdYes, &form.cmdNoToAll, &form.cmdYesToAll, &form.cmdCancel});
+    if (isRecycle) {
+        Tip(form.cmdYes, "Deletes it permanently: it can't be brought back.", "dialog-warning");
+        Tip(form.cmdYesToAll,
+            "Deletes this and all that follow permanently: they can't be brought back.",
+            "dialog-warning");
+    }
+    Finish(form.cmdNo, 80);
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,131 @@
+#include "forms/field_widgets.h"
+
+#include "forms/completion.h"
+#include "forms/list_box.h"
+#include "forms/text_conversion.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr char kCounterMark[] = "counter";
+
+template <class T>
+T* Named(T* widget, const fields::Control& field) {
+    widget->setObjectName(ToQt(field.Name()));
+    return widget;
+}
+
+void MakePlain(QLabel& label) {
+    label.setTextFormat(Qt::PlainText);
+    label.setTextInteractionFlags(Qt::NoTextInteraction);
+}
+
+} // namespace
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 4, QLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRect room = contentsRect();
+    const QString cut =
+        fontMetrics().elidedText(text().simplified(), Qt::ElideMiddle, room.width());
+    style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), isEnabled(),
+                          cut, foregroundRole());
+}
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QLabel::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    QToolTip::showText(help->globalPos(), cut ? TipText(text()) : QString(), this);
+    return true;
+}
+
+QPushButton* Make(const fields::CommandButton& field) {
+    auto* button = Named(new QPushButton, field);
+    button->setAutoDefault(false);
+    return button;
+}
+
+FieldCheckBox* Make(const fields::CheckBox& field) {
+    return Named(new FieldCheckBox, field);
+}
+
+FieldRadioButton* Make(const fields::OptionButton& field) {
+    return Named(new FieldRadioButton, field);
+}
+
+QComboBox* Make(const fields::ComboBox& field) {
+    auto* box = Named(new QComboBox, field);
+    box->setEditable(field.IsEditable());
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setMaxVisibleItems(24);
+    box->setFocusPolicy(Qt::StrongFocus);
+    if (field.IsEditable()) {
+        OfferCompletion(*box);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box->setMinimumContentsLength(16);
+    }
+    return box;
+}
+
+QLineEdit* Make(const fields::TextBox& field) {
+    return Named(new QLineEdit, field);
+}
+
+QLabel* Make(const fields::Label& field) {
+    auto* label = Named(new QLabel, field);
+    MakePlain(*label);
+    return label;
+}
+
+QWidget* Make(const fields::Frame& field) {
+    return Named(new QWidget, field);
+}
+
+QDateTimeEdit* Make(const fields::DatePicker& field) {
+    auto* picker = Named(new QDateTimeEdit, field);
+    picker->setDisplayFormat(field.IsTime() ? "HH:mm:ss" : "yyyy/MM/dd");
+    picker->setCalendarPopup(!field.IsTime());
+    return picker;
+}
+
+FieldListBox* Make(const fields::ListBox& field) {
+    return Named(new FieldListBox, field);
+}
+
+QProgressBar* Make(const fields::ProgressBar& field) {
+    return Named(new QProgressBar, field);
+}
+
+ElidedLabel* MakeElided(const fields::Label& field) {
+    auto* label = Named(new ElidedLabel, field);
+    MakePlain(*label);
+    return label;
+}
+
+QLabel* MakeCounter(const fields::Label& field, const QString& meaning) {
+    auto* label = Make(field);
+    label->setProperty(kCounterMark, true);
+    label->setAccessibleName(meaning);
+    label->setToolTip(meaning);
+    return label;
+}
+
+bool IsCounter(const QLabel& label) {
+    return label.property(kCounterMark).toBool();
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,143 @@
+#include "forms/main_menu.h"
+
+#include "fields/controls.h"
+#include "forms/binder.h"
+#include "forms/text_conversion.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace tarvix::forms {
+
+namespace {
+
+struct TopMenu {
+    const char* title;
+    std::string_view field; // switches the menu; its entries' names begin with its singular
+};
+
+constexpr std::array<TopMenu, 9> kMenus{{{"&File", "mnuFile"},
+                                         {"Search", "mnuSearch"},
+                                         {"Select", "mnuSelect"},
+                                         {"A&ctions", "mnuActions"},
+                                         {"Ru&n", "mnuRun"},
+                                         {"&Tools", "mnuTools"},
+                                         {"&Browse", "mnuBrowse"},
+                                         {"&Options", "mnuOptions"},
+                                         {"&Help", "mnuHelp"}}};
+
+struct ButtonEntry {
+    const char* menu;
+    std::string_view field;
+    const char* key;
+    const char* icon;
+};
+
+// The buttons that are menu entries too.
+constexpr std::array<ButtonEntry, 14> kButtons{
+    {{"Search", "cmdSearch", "F5", "edit-find"},
+     {"Search", "cmdStop", "Esc", "process-stop"},
+     {"Search", "cmdNext", "", ""},
+     {"Search", "cmdClearFolders", "", ""},
+     {"Select", "cmdSelectAll", "Ctrl+A", "edit-select-all"},
+     {"Select", "cmdSelectAllFiles", "", ""},
+     {"Select", "cmdSelectAllDirs", "", ""},
+     {"Select", "cmdSelectNone", "Ctrl+Shift+A", "edit-select-none"},
+     {"Select", "cmdSelectReverse", "", "edit-select-invert"},
+     {"Actions", "cmdCopySelected", "", "edit-copy"},
+     {"Actions", "cmdMoveSelected", "", "edit-cut"},
+     {"Actions", "cmdRenameSelected", "F2", "edit-rename"},
+     {"Actions", "cmdDeleteSelected", "Del", "user-trash"},
+     {"Actions", "cmdEditTargets", "", ""}}};
+
+bool IsTop(std::string_view name) {
+    return std::ranges::find(kMenus, name, &TopMenu::field) != kMenus.end();
+}
+
+bool BelongsTo(std::string_view name, const TopMenu& top) {
+    std::string_view field = top.field;
+    if (field.ends_with('s')) field.remove_suffix(1);
+    return name.starts_with(field);
+}
+
+QChar MnemonicOf(const QString& caption) {
+    const qsizetype at = caption.indexOf(u'&');
+    return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
+}
+
+bool HasMnemonic(const fields::Control& control, const Binder& binder) {
+    switch (control.Kind()) {
+    case fields::ControlKind::kCheckBox:
+    case fields::ControlKind::kOptionButton:
+        return true;
+    case fields::ControlKind::kCommandButton:
+        return binder.HasRoutine(control);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) {
+    for (const TopMenu& top : kMenus) {
+        menus_ << window.menuBar()->addMenu(top.title);
+    }
+    for (const ButtonEntry& entry : kButtons) {
+        AddField(*MenuFor(entry.menu), window, entry.field);
+        QAction* action = MenuFor(entry.menu)->actions().last();
+        action->setShortcut(QKeySequence(entry.key));
+        if (entry.icon[0] != '\0') action->setIcon(QIcon::fromTheme(entry.icon));
+    }
+    for (const fields::Control* control : form.Controls()) {
+        if (control->Kind() != fields::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
+        const auto top = std::ranges::find_if(
+            kMenus, [control](const TopMenu& menu) { return BelongsTo(control->Name(), menu); });
+        QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
+        AddField(*menu, window, control->Name());
+        if (control->Name() == "mnuHelp_Help") menu->actions().last()->setShortcut(Qt::Key_F1);
+    }
+}
+
+void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name) {
+    auto* action = new QAction(&window);
+    action->setObjectName(ToQt(name));
+    menu.addAction(action);
+}
+
+void MainMenu::ClearMnemonics(const Binder& binder) {
+    std::set<QChar> taken;
+    for (const fields::Control* control : form_.Controls()) {
+        if (HasMnemonic(*control, binder)) taken.insert(MnemonicOf(ToQt(CaptionOf(*control))));
+    }
+    for (QMenu* menu : menus_) {
+        if (taken.contains(MnemonicOf(menu->title()))) menu->setTitle(menu->title().remove(u'&'));
+    }
+}
+
+void MainMenu::Refresh() {
+    for (qsizetype i = 0; i < menus_.size(); ++i) {
+        const auto entries = menus_[i]->actions();
+        const bool filled = std::ranges::any_of(entries, &QAction::isVisible);
+        const fields::Control* field = form_.Find(kMenus[static_cast<std::size_t>(i)].field);
+        menus_[i]->menuAction()->setVisible(filled && (field == nullptr || field->Visible));
+        menus_[i]->menuAction()->setEnabled(field == nullptr || field->Enabled);
+    }
+}
+
+QMenu* MainMenu::Find(const char* title) const {
+    const auto plain = [](QString text) { return text.remove(u'&'); };
+    const auto found = std::ranges::find_if(
+        menus_, [&](const QMenu* menu) { return plain(menu->title()) == plain(title); });
+    return found == menus_.end() ? nullptr : *found;
+}
+
+} // namespace tarvix::forms

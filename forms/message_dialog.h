@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+class QPushButton;
+
+namespace tarvix::forms {
+
+// A message with the icon and buttons of a style number; plain text that scrolls when it is long.
+class MessageDialog : public QDialog {
+  public:
+    MessageDialog(const QString& text, int style, const QString& title, QWidget* parent);
+    // The answer; closing the box gives the style's safe one.
+    int Ask();
+
+  private:
+    QWidget* MakeIcon(int style);
+    QWidget* MakeButtons(int style);
+
+    int answer_;
+    QPushButton* first_ = nullptr; // has the focus when the box opens
+};
+
+// A text that wraps and can be copied, in a field that scrolls once it is higher than a part of
+// the screen.
+QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent);
+
+} // namespace tarvix::forms

@@ -1,0 +1,104 @@
+#include "forms/modal_window.h"
+
+#include "forms/action_window.h"
+#include "forms/choice_window.h"
+#include "forms/date_window.h"
+#include "forms/notice_window.h"
+#include "forms/preview_window.h"
+#include "forms/text_conversion.h"
+#include "session/session.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QScreen>
+
+namespace tarvix::forms {
+
+ModalWindow::ModalWindow(session::Session& session, EventGate& gate, fields::Form& form,
+                         QWidget* parent)
+    : QDialog(parent), session_(session), gate_(gate), form_(form) {
+    setObjectName(ToQt(form.Name()));
+    setModal(true);
+    gate_.Add(*this);
+}
+
+ModalWindow::~ModalWindow() {
+    gate_.Remove(*this);
+}
+
+void ModalWindow::BindFields() {
+    binder_ = std::make_unique<Binder>(session_, gate_, form_, *this);
+    setWindowTitle(Shown(form_.Caption).section('\n', 0, 0).trimmed().left(100));
+    Refresh();
+}
+
+void ModalWindow::TakeSize(int characters) {
+    const QSize room = screen()->availableSize() - QSize(16, 40); // its frame and title
+    const QSize wanted = sizeHint().expandedTo({fontMetrics().averageCharWidth() * characters, 0});
+    const int width = wanted.boundedTo(room).expandedTo(minimumSizeHint()).width();
+    const bool flows = layout()->hasHeightForWidth();
+    const int height = flows ? layout()->totalHeightForWidth(width) : wanted.height();
+    resize(QSize(width, height).boundedTo(room).expandedTo(minimumSizeHint()));
+}
+
+void ModalWindow::Run() {
+    if (form_.IsShown()) exec();
+}
+
+void ModalWindow::Flush() {
+    if (!binder_) return;
+    binder_->Flush();
+    Refresh();
+    if (!form_.IsShown()) done(0);
+}
+
+void ModalWindow::Idle() {
+    if (binder_) binder_->ApplyPending();
+}
+
+fields::Control* ModalWindow::ClosingControl() const {
+    for (const char* name : {"CancelButton", "cmdCancel", "cmdOK"}) {
+        if (fields::Control* control = form_.Find(name)) return control;
+    }
+    return nullptr;
+}
+
+void ModalWindow::reject() {
+    fields::Control* stop = form_.Find("cmdStop");
+    fields::Control* close = gate_.IsBusy() ? stop : ClosingControl();
+    if (close != nullptr) binder_->Click(*close);
+}
+
+void ModalWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && binder_) binder_->ShowAll();
+}
+
+void ModalWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGate& gate,
+                                             fields::Form& form, QWidget* parent) {
+    if (&form == &session.frmDialog) return std::make_unique<ActionWindow>(session, gate, parent);
+    if (&form == &session.forms.frmSelectDate) {
+        return std::make_unique<DateWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmAsk) return std::make_unique<AskWindow>(session, gate, parent);
+    if (&form == &session.forms.frmAsk259) {
+        return std::make_unique<LongPathWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmPreview) {
+        return std::make_unique<PreviewWindow>(session, gate, parent);
+    }
+    if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
+        return std::make_unique<OverrideWindow>(session, gate, *asked, parent);
+    }
+    if (auto* notice = dynamic_cast<fields::NoticeForm*>(&form)) {
+        return std::make_unique<NoticeWindow>(session, gate, *notice, parent);
+    }
+    return nullptr;
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,79 @@
+#include "forms/qt_prompts.h"
+
+#include "forms/message_dialog.h"
+#include "forms/modal_window.h"
+#include "forms/text_conversion.h"
+#include "platform/native_paths.h"
+#include "platform/platform.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QStringList>
+
+namespace tarvix::forms {
+
+namespace {
+
+// The window that a prompt stands above.
+QWidget* Front() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName() == "frmSearch") return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QString FilterList(std::string_view filters) {
+    const QStringList pieces = ToQt(filters).split('|', Qt::SkipEmptyParts);
+    QStringList result;
+    for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
+        const QString name = pieces[i].section('(', 0, 0).trimmed();
+        result << name + " (" + QString(pieces[i + 1]).replace(';', ' ') + ")";
+    }
+    return result.join(";;");
+}
+
+int QtPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
+    const EventGate::Modal level(gate_);
+    return MessageDialog(Shown(text), style, Shown(title), Front()).Ask();
+}
+
+std::string QtPrompts::InputBox(std::string_view text, std::string_view title,
+                                std::string_view preset) {
+    const EventGate::Modal level(gate_);
+    QInputDialog box(Front());
+    box.setObjectName("InputBox");
+    box.setWindowTitle(Shown(title));
+    box.setLabelText(Shown(text));
+    box.setTextValue(ToQt(preset));
+    return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
+}
+
+void QtPrompts::ShowModal(session::Session& session, fields::Form& form) {
+    const EventGate::Modal level(gate_);
+    if (const auto window = MakeModalWindow(session, gate_, form, Front())) window->Run();
+}
+
+std::string QtPrompts::Picked(const QString& path) {
+    if (path.isEmpty()) return {};
+    lastFolder_ = QFileInfo(path).path();
+    return machine_.paths.ToDrive(ToUtf8(path));
+}
+
+std::string QtPrompts::PickFolder(std::string_view title) {
+    const EventGate::Modal level(gate_);
+    return Picked(QFileDialog::getExistingDirectory(Front(), Shown(title), lastFolder_));
+}
+
+std::string QtPrompts::PickFile(std::string_view title, std::string_view filters) {
+    const EventGate::Modal level(gate_);
+    return Picked(
+        QFileDialog::getOpenFileName(Front(), Shown(title), lastFolder_, FilterList(filters)));
+}
+
+} // namespace tarvix::forms

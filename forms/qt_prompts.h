@@ -1,0 +1,39 @@
+#pragma once
+
+#include "forms/event_gate.h"
+#include "session/prompt_service.h"
+
+#include <QString>
+
+namespace tarvix::platform {
+struct Platform;
+}
+
+namespace tarvix::forms {
+
+// Asks in windows above the one that is in front.
+class QtPrompts : public session::PromptService {
+  public:
+    QtPrompts(EventGate& gate, const platform::Platform& machine)
+        : gate_(gate), machine_(machine) {}
+
+    int MsgBox(std::string_view text, int style, std::string_view title) override;
+    std::string InputBox(std::string_view text, std::string_view title,
+                         std::string_view preset) override;
+    void ShowModal(session::Session& session, fields::Form& form) override;
+    std::string PickFolder(std::string_view title) override;
+    std::string PickFile(std::string_view title, std::string_view filters) override;
+
+  private:
+    std::string Picked(const QString& path);
+
+    EventGate& gate_;
+    const platform::Platform& machine_;
+    QString lastFolder_;
+};
+
+// "Text Files (*.txt)|*.txt|" as "Text Files (*.txt)", each pair on a line of its own with ";;"
+// between, several patterns separated by blanks.
+QString FilterList(std::string_view filters);
+
+} // namespace tarvix::forms

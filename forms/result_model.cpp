@@ -1,0 +1,108 @@
+#include "forms/result_model.h"
+
+#include "forms/text_conversion.h"
+#include "forms/theme.h"
+
+#include <QGuiApplication>
+#include <QStringList>
+
+namespace tarvix::forms {
+
+namespace {
+
+const results::ColumnInfo& Info(int column) {
+    return results::kColumns[static_cast<std::size_t>(column)];
+}
+
+// Columns whose cells carry their header as a tip.
+bool TellsItsHeader(int column) {
+    return column == results::kPathNameLength || column == results::kPathLevels ||
+           column == results::kSearchForEntry;
+}
+
+QVariant Alignment(int column) {
+    const auto side = Info(column).rightAlign ? Qt::AlignRight : Qt::AlignLeft;
+    return QVariant::fromValue(Qt::Alignment(side | Qt::AlignVCenter));
+}
+
+} // namespace
+
+ResultModel::ResultModel(const results::ResultList& rows, QObject* parent)
+    : QAbstractTableModel(parent), rows_(rows), generation_(rows.Generation()),
+      count_(static_cast<int>(rows.Count())) {}
+
+void ResultModel::Sync() {
+    const int now = static_cast<int>(rows_.Count());
+    if (!IsCurrent() || now < count_) {
+        beginResetModel();
+        generation_ = rows_.Generation();
+        count_ = now;
+        endResetModel();
+    } else if (now > count_) {
+        beginInsertRows({}, count_, now - 1);
+        count_ = now;
+        endInsertRows();
+    }
+}
+
+int ResultModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count_;
+}
+
+int ResultModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : results::kColumnCount;
+}
+
+QString ResultModel::SpokenRow(std::size_t row) const {
+    QStringList parts;
+    for (const auto column :
+         {results::kName, results::kType, results::kSize, results::kDate, results::kPath}) {
+        QString part = Shown(rows_.Cell(row, column)).trimmed();
+        if (column == results::kSize) part = WithoutLeadingZeros(part);
+        if (!part.isEmpty()) parts << part;
+    }
+    return parts.join(", ");
+}
+
+QVariant ResultModel::data(const QModelIndex& index, int role) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (!index.isValid() || !IsCurrent() || row >= rows_.Count()) return {};
+    const auto column = static_cast<results::Column>(index.column());
+    switch (role) {
+    case Qt::DisplayRole:
+        return Shown(rows_.Cell(row, column));
+    case Qt::ForegroundRole:
+        return Tint(rows_.CellColor(row, column), QGuiApplication::palette());
+    case Qt::TextAlignmentRole:
+        return Alignment(column);
+    case Qt::ToolTipRole:
+        return TipOf(row, column);
+    case Qt::AccessibleTextRole:
+        return column == results::kName && !rows_.At(row).IsSpacer() ? SpokenRow(row) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant ResultModel::TipOf(std::size_t row, results::Column column) const {
+    if (TellsItsHeader(column)) return ToQt(Info(column).header);
+    if (tip_ != nullptr && !tip_->empty()) return ToQt(*tip_);
+    return Shown(rows_.CellTip(row, column));
+}
+
+QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= results::kColumnCount) return {};
+    if (role == Qt::DisplayRole) return ToQt(Info(section).header);
+    return role == Qt::TextAlignmentRole ? Alignment(section) : QVariant();
+}
+
+Qt::ItemFlags ResultModel::flags(const QModelIndex& index) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (!index.isValid() || !IsCurrent() || row >= rows_.Count() || rows_.At(row).IsSpacer()) {
+        return Qt::ItemNeverHasChildren;
+    }
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled |
+           Qt::ItemNeverHasChildren;
+}
+
+} // namespace tarvix::forms

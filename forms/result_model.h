@@ -1,0 +1,39 @@
+#pragma once
+
+#include "results/result_list.h"
+
+#include <QAbstractTableModel>
+
+#include <string>
+
+namespace tarvix::forms {
+
+// The result list as a view asks for it: texts are made for the cells that are looked at.
+class ResultModel : public QAbstractTableModel {
+  public:
+    explicit ResultModel(const results::ResultList& rows, QObject* parent = nullptr);
+
+    // The list's one tip for all rows; while it is empty each row has its own.
+    void UseTip(const std::string& tip) { tip_ = &tip; }
+    // Takes in the rows that were added, or all anew when the list was cleared since.
+    void Sync();
+    // False from the moment that the list is cleared until Sync.
+    bool IsCurrent() const { return generation_ == rows_.Generation(); }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  private:
+    QString SpokenRow(std::size_t row) const;
+    QVariant TipOf(std::size_t row, results::Column column) const;
+
+    const results::ResultList& rows_;
+    const std::string* tip_ = nullptr;
+    std::uint64_t generation_ = 0;
+    int count_ = 0;
+};
+
+} // namespace tarvix::forms

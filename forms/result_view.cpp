@@ -1,0 +1,329 @@
+#include "forms/result_view.h"
+
+#include "forms/row_delegate.h"
+#include "forms/text_conversion.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvix::forms {
+
+namespace {
+
+// What people look at first stands first; the others follow by their indexes.
+constexpr std::array kFirst{results::kName, results::kSize, results::kDate, results::kExt,
+                            results::kPath};
+constexpr int kTypePause = 1000; // milliseconds until typed letters begin a new word
+
+int UsualWidth(int column) {
+    return results::kColumns[static_cast<std::size_t>(column)].width;
+}
+
+std::vector<int> UsualOrder() {
+    std::vector<int> order(kFirst.begin(), kFirst.end());
+    for (int column = 0; column < results::kColumnCount; ++column) {
+        if (std::ranges::find(kFirst, column) == kFirst.end()) order.push_back(column);
+    }
+    return order;
+}
+
+// Each column once, or it is no order.
+bool IsOrder(const std::vector<int>& order) {
+    std::vector<int> sorted = order;
+    std::ranges::sort(sorted);
+    for (int column = 0; column < results::kColumnCount; ++column) {
+        const auto at = static_cast<std::size_t>(column);
+        if (at >= sorted.size() || sorted[at] != column) return false;
+    }
+    return sorted.size() == static_cast<std::size_t>(results::kColumnCount);
+}
+
+} // namespace
+
+ResultView::ResultView(results::ResultList& rows, QWidget* parent)
+    : QTableView(parent), selector_(rows) {
+    setSelectionMode(NoSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setItemDelegate(new RowDelegate(*this, selector_));
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setTextElideMode(Qt::ElideMiddle);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    SetRowHeight();
+    SetUpHead();
+}
+
+void ResultView::SetUpHead() {
+    QHeaderView& head = *horizontalHeader();
+    head.setSectionsMovable(true);
+    head.setSectionsClickable(true);
+    head.setHighlightSections(false);
+    head.setStretchLastSection(true);
+    head.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    head.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&head, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        auto* menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        FillColumnMenu(*menu);
+        menu->popup(horizontalHeader()->mapToGlobal(at));
+    });
+    connect(&head, &QHeaderView::sectionClicked, this, [this](int column) {
+        if (onHead) onHead(column);
+    });
+    connect(&head, &QHeaderView::sectionCountChanged, this, [this](int before, int) {
+        if (before == 0) TakeLayout({});
+    });
+}
+
+void ResultView::FillColumnMenu(QMenu& menu) {
+    for (int column = 1; column < results::kShortPath; ++column) { // the rest never shows
+        const auto& info = results::kColumns[static_cast<std::size_t>(column)];
+        QAction* entry = menu.addAction(ToQt(info.header));
+        entry->setCheckable(true);
+        entry->setChecked(!isColumnHidden(column));
+        connect(entry, &QAction::toggled, this, [this, column](bool shown) {
+            if (onColumn) return onColumn(column, shown);
+            setColumnHidden(column, !shown);
+        });
+    }
+}
+
+void ResultView::ShowColumns(const Columns& shown) {
+    for (int column = 1; column < results::kColumnCount; ++column) {
+        const bool hidden = !shown[static_cast<std::size_t>(column)];
+        if (isColumnHidden(column) != hidden) setColumnHidden(column, hidden);
+    }
+}
+
+void ResultView::TakeLayout(const Layout& layout) {
+    const std::vector<int> order = IsOrder(layout.order) ? layout.order : UsualOrder();
+    QHeaderView& head = *horizontalHeader();
+    for (int place = 0; place < results::kColumnCount; ++place) {
+        const int column = order[static_cast<std::size_t>(place)];
+        head.moveSection(head.visualIndex(column), place);
+        const int width = layout.widths[static_cast<std::size_t>(column)];
+        setColumnWidth(column, width > 0 ? width : UsualWidth(column));
+    }
+}
+
+int ResultView::LastShown() const {
+    const QHeaderView& head = *horizontalHeader();
+    int place = head.count() - 1;
+    while (place > 0 && head.isSectionHidden(head.logicalIndex(place))) {
+        --place;
+    }
+    return head.logicalIndex(place);
+}
+
+ResultView::Layout ResultView::LayoutNow(const Layout& before) const {
+    Layout now{before.widths, {}};
+    const int stretched = LastShown();
+    for (int column = 0; column < results::kColumnCount; ++column) {
+        now.order.push_back(horizontalHeader()->logicalIndex(column));
+        if (isColumnHidden(column) || column == stretched) continue;
+        const int width = columnWidth(column);
+        now.widths[static_cast<std::size_t>(column)] = width == UsualWidth(column) ? 0 : width;
+    }
+    if (now.order == UsualOrder()) now.order.clear();
+    return now;
+}
+
+void ResultView::LockWidths(bool locked) {
+    const auto mode = locked ? QHeaderView::Fixed : QHeaderView::Interactive;
+    if (horizontalHeader()->sectionResizeMode(0) != mode) {
+        horizontalHeader()->setSectionResizeMode(mode);
+    }
+}
+
+void ResultView::SetRowHeight() {
+    const int height = fontMetrics().height() + 5;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+}
+
+void ResultView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) SetRowHeight();
+}
+
+void ResultView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    viewport()->update();
+}
+
+std::optional<std::size_t> ResultView::CurrentRow() const {
+    const auto row = static_cast<std::size_t>(currentIndex().row());
+    return currentIndex().isValid() && selector_.CanSelect(row) ? std::optional(row) : std::nullopt;
+}
+
+std::optional<std::size_t> ResultView::RowAt(const QPoint& at) const {
+    const int row = rowAt(at.y());
+    if (row < 0 || !selector_.CanSelect(static_cast<std::size_t>(row))) return std::nullopt;
+    return static_cast<std::size_t>(row);
+}
+
+void ResultView::SetCurrentRow(std::size_t row) {
+    // The name's cell is always the current one, so that a row is read from its name on.
+    const int x = horizontalScrollBar()->value();
+    selectionModel()->setCurrentIndex(model()->index(static_cast<int>(row), results::kName),
+                                      QItemSelectionModel::NoUpdate);
+    horizontalScrollBar()->setValue(x);
+}
+
+void ResultView::Changed(std::size_t row) {
+    // Screen readers ask the selection model; it knows the current row.
+    const auto how = selector_.IsSelected(row) ? QItemSelectionModel::ClearAndSelect
+                                               : QItemSelectionModel::Clear;
+    selectionModel()->select(model()->index(static_cast<int>(row), results::kName),
+                             how | QItemSelectionModel::Rows);
+    viewport()->update();
+    if (onSelect) onSelect(row);
+}
+
+void ResultView::MoveTo(std::size_t row, Qt::KeyboardModifiers modifiers) {
+    if (!MaySelect()) return;
+    SetCurrentRow(row);
+    if (modifiers & Qt::ShiftModifier) {
+        selector_.ExtendTo(row, (modifiers & Qt::ControlModifier) != 0);
+    } else if (modifiers & Qt::ControlModifier) {
+        return; // only the current row moves
+    } else {
+        selector_.SelectOnly(row);
+    }
+    Changed(row);
+}
+
+void ResultView::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    pressedAt_ = at;
+    pressedRow_ = MaySelect() ? RowAt(at) : std::nullopt;
+    selectOnRelease_ = false;
+    event->accept();
+    if (!pressedRow_) return;
+    const std::size_t row = *pressedRow_;
+    const bool alone = !(event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier));
+    if (alone && selector_.IsSelected(row)) {
+        SetCurrentRow(row);
+        selectOnRelease_ = event->button() == Qt::LeftButton;
+    } else if (alone || event->modifiers() & Qt::ShiftModifier) {
+        MoveTo(row, event->modifiers());
+    } else {
+        SetCurrentRow(row);
+        selector_.Toggle(row);
+        Changed(row);
+    }
+}
+
+void ResultView::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton) || !pressedRow_ || !MaySelect()) return;
+    const QPoint at = event->position().toPoint();
+    if (selectOnRelease_) {
+        const int far = QApplication::startDragDistance();
+        if ((at - pressedAt_).manhattanLength() < far || !onDrag) return;
+        pressedRow_.reset();
+        onDrag();
+        return;
+    }
+    const int y = std::clamp(at.y(), 0, viewport()->height() - 1);
+    const auto row = RowAt({at.x(), y});
+    if (row && row != CurrentRow()) {
+        MoveTo(*row, Qt::ShiftModifier | (event->modifiers() & Qt::ControlModifier));
+    }
+}
+
+void ResultView::mouseReleaseEvent(QMouseEvent* event) {
+    if (selectOnRelease_ && pressedRow_ && event->button() == Qt::LeftButton && MaySelect()) {
+        selector_.SelectOnly(*pressedRow_);
+        Changed(*pressedRow_);
+    }
+    selectOnRelease_ = false;
+    pressedRow_.reset();
+}
+
+void ResultView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const auto row = RowAt(event->position().toPoint());
+    if (row && onOpen && MaySelect() && event->button() == Qt::LeftButton) onOpen(*row);
+}
+
+std::optional<std::size_t> ResultView::KeyTarget(int key) const {
+    const auto current = CurrentRow();
+    const int page = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
+    switch (key) {
+    case Qt::Key_Home:
+        return selector_.End(false);
+    case Qt::Key_End:
+        return selector_.End(true);
+    case Qt::Key_Up:
+        return current ? selector_.Neighbour(*current, -1) : selector_.End(false);
+    case Qt::Key_Down:
+        return current ? selector_.Neighbour(*current, 1) : selector_.End(false);
+    case Qt::Key_PageUp:
+        return current ? selector_.Neighbour(*current, -page) : std::nullopt;
+    case Qt::Key_PageDown:
+        return current ? selector_.Neighbour(*current, page) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+void ResultView::keyPressEvent(QKeyEvent* event) {
+    const auto current = CurrentRow();
+    QScrollBar& sideways = *horizontalScrollBar();
+    event->accept();
+    if (const auto target = KeyTarget(event->key())) {
+        MoveTo(*target, event->modifiers());
+    } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+        const int step = event->key() == Qt::Key_Left ? -60 : 60;
+        sideways.setValue(sideways.value() + step);
+    } else if (event->key() == Qt::Key_Space && typed_.isEmpty() && current && MaySelect()) {
+        if (event->modifiers() & Qt::ControlModifier)
+            selector_.Toggle(*current);
+        else
+            selector_.SelectOnly(*current);
+        Changed(*current);
+    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current) {
+        if (onOpen && MaySelect()) onOpen(*current);
+    } else if (!event->text().isEmpty() && event->text()[0].isPrint() &&
+               !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        keyboardSearch(event->text());
+    } else {
+        event->ignore();
+    }
+}
+
+void ResultView::keyboardSearch(const QString& text) {
+    if (model() == nullptr || model()->rowCount() == 0) return;
+    if (!sinceTyped_.isValid() || sinceTyped_.elapsed() > kTypePause) typed_.clear();
+    sinceTyped_.start();
+    const bool goOn = !typed_.isEmpty() && typed_ != text; // the same letter again steps onward
+    typed_ = goOn ? typed_ + text : text;
+    const auto found =
+        selector_.StartingWith(ToUtf8(typed_), CurrentRow().value_or(0), goOn || !CurrentRow());
+    if (found) MoveTo(*found, Qt::NoModifier);
+}
+
+void ResultView::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (model() == nullptr || model()->rowCount() > 0 || !emptyText) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(20, 10, -20, -10),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText());
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,328 @@
+#include "forms/search_window.h"
+
+#include "forms/bottom_panel.h"
+#include "forms/criteria_panel.h"
+#include "forms/drop_filter.h"
+#include "forms/field_widgets.h"
+#include "forms/native_input.h"
+#include "forms/panel_parts.h"
+#include "forms/text_conversion.h"
+#include "forms/window_place.h"
+#include "platform/native_paths.h"
+#include "search/browse.h"
+#include "session/session.h"
+#include "session/user_input.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDrag>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr int kTwips = 15;               // a pixel
+constexpr QSize kSmallest(800, 497);     // 12000 by 7450 twips
+constexpr QSize kComfortable(1120, 720); // where the screen has room for it
+constexpr int kRowsEvery = 100;          // milliseconds between looks at the rows of a search
+
+QSize FirstSize() {
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(40, 80);
+    return kComfortable.boundedTo(room).expandedTo(kSmallest);
+}
+
+} // namespace
+
+SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
+    : session_(session), gate_(gate) {
+    setObjectName("frmSearch");
+    setWindowTitle("Tarvix");
+    Build();
+    menu_ = std::make_unique<MainMenu>(*this, session.frmSearch);
+    binder_ = std::make_unique<Binder>(session, gate, session.frmSearch, *this);
+    AddOwnEntries();
+    SetUpList();
+    SetUpDrops();
+    SetTabOrder();
+    menu_->ClearMnemonics(*binder_);
+    setMinimumSize(kSmallest);
+    resize(FirstSize());
+    gate_.Add(*this);
+    Flush();
+}
+
+SearchWindow::~SearchWindow() {
+    gate_.Remove(*this);
+}
+
+void SearchWindow::Build() {
+    auto* central = new QWidget;
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(8, 6, 8, 6);
+    column->setSpacing(6);
+    model_ = new ResultModel(*session_.rows, this);
+    model_->UseTip(session_.frmSearch.lstMain.Tip.Get());
+    list_ = new ResultView(*session_.rows);
+    list_->setObjectName("lstMain");
+    list_->setAccessibleName("Found objects");
+    list_->setModel(model_);
+    column->addWidget(MakeCriteriaPanel(session_.frmSearch));
+    column->addWidget(list_, 1);
+    column->addWidget(MakeActionBar(session_.frmSearch));
+    counters_ = MakeCounterBar(session_.frmSearch);
+    column->addWidget(counters_);
+    column->addWidget(MakeStatusBar(session_.frmSearch));
+    setCentralWidget(central);
+    nativePath_ = static_cast<ElidedLabel*>(findChild<QLabel*>("lblNativePath"));
+    busy_ = findChild<QProgressBar*>("barBusy");
+    progress_ = findChild<QLabel*>("lblProgressText");
+}
+
+void SearchWindow::AddOwnEntries() {
+    QMenu* actions = menu_->Find("Actions");
+    actions->addSeparator();
+    QAction* copy = actions->addAction("Copy Pat&hs to Clipboard", this, [this] { CopyPaths(); });
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setObjectName("actCopyPaths");
+    QMenu* columns = menu_->Find("Options")->addMenu("&Columns");
+    connect(columns, &QMenu::aboutToShow, this, [this, columns] {
+        columns->clear();
+        list_->FillColumnMenu(*columns);
+    });
+    QAction* exit = menu_->Find("File")->addAction("E&xit", this, [this] { close(); });
+    exit->setShortcut(QKeySequence("Ctrl+Q"));
+    const auto focusOn = [this](const char* key, const char* box) {
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+                [this, box] { findChild<QComboBox*>(box)->setFocus(Qt::ShortcutFocusReason); });
+    };
+    focusOn("Ctrl+F", "cmbSearchFor");
+    focusOn("Ctrl+L", "cmbDir");
+    connect(new QShortcut(QKeySequence("F6"), this), &QShortcut::activated, this, [this] {
+        if (focusWidget() != list_) return list_->setFocus(Qt::ShortcutFocusReason);
+        findChild<QComboBox*>("cmbSearchFor")->setFocus(Qt::ShortcutFocusReason);
+    });
+}
+
+void SearchWindow::SetUpList() {
+    list_->maySelect = [this] { return !gate_.IsBusy() && session_.frmSearch.lstMain.Enabled; };
+    list_->onSelect = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_ItemClick", row); };
+    list_->onOpen = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_DblClick", row); };
+    list_->onHead = [this](int column) { SortBy(column); };
+    list_->onDrag = [this] { DragRows(); };
+    list_->onColumn = [this](int column, bool shown) {
+        gate_.Run(nullptr,
+                  [&] { session_.blnListItems[static_cast<std::size_t>(column)] = shown; });
+    };
+    list_->emptyText = [this] { return EmptyText(); };
+}
+
+void SearchWindow::SetUpDrops() {
+    auto* locations = findChild<QComboBox*>("cmbDir");
+    AcceptDrops(*locations, [this](const QList<QUrl>& urls) {
+        std::vector<std::string> paths;
+        for (const QUrl& url : urls) {
+            if (url.isLocalFile()) paths.push_back(ToUtf8(url.toLocalFile()));
+        }
+        gate_.Run(nullptr, [&] { search::DropLocations(session_, paths); });
+    });
+    locations->setToolTip("Folders separated by |. Folders can be dropped here.");
+}
+
+void SearchWindow::SetTabOrder() {
+    const auto box = [this](const char* name) { return findChild<QWidget*>(name); };
+    setTabOrder(box("cmbSearchFor"), box("cmbDir"));
+    setTabOrder(box("cmbDir"), box("cmdSearch"));
+    setTabOrder(box("cmdSearch"), box("cmdStop"));
+    setTabOrder(box("cmdStop"), box("cmdNext"));
+    setTabOrder(box("cmdNext"), box("chkNot"));
+    setTabOrder(box("chkNot"), box("cmdBrowse"));
+    setTabOrder(box("cmdBrowse"), box("cmdClearFolders"));
+    box("cmbSearchFor")->setFocus();
+}
+
+void SearchWindow::RaiseOnRow(const char* event, std::size_t row) {
+    gate_.Run(&session_.frmSearch.lstMain,
+              [&] { session_.events.Raise(session_, event, {static_cast<int>(row)}); });
+    ShowNativePath();
+}
+
+void SearchWindow::SortBy(int column) {
+    if (!list_->maySelect()) return;
+    gate_.Run(&session_.frmSearch.lstMain,
+              [&] { session_.events.Raise(session_, "frmSearch.lstMain_ColumnClick", {column}); });
+}
+
+QStringList SearchWindow::SelectedPaths() const {
+    QStringList paths;
+    for (std::size_t i = 0; i < session_.rows->Count(); ++i) {
+        if (!list_->Selector().IsSelected(i)) continue;
+        paths << ToQt(session_.platform.paths.ToNative(session_.rows->FullPath(i)));
+    }
+    return paths;
+}
+
+void SearchWindow::CopyPaths() {
+    const QStringList paths = SelectedPaths();
+    if (!paths.isEmpty()) QGuiApplication::clipboard()->setText(paths.join('\n'));
+}
+
+void SearchWindow::DragRows() {
+    QList<QUrl> urls;
+    for (const QString& path : SelectedPaths()) {
+        urls << QUrl::fromLocalFile(path);
+    }
+    if (urls.isEmpty()) return;
+    auto* mime = new QMimeData;
+    mime->setUrls(urls);
+    auto* drag = new QDrag(list_);
+    drag->setMimeData(mime);
+    drag->exec(Qt::CopyAction);
+}
+
+QString SearchWindow::EmptyText() const {
+    const auto& form = session_.frmSearch;
+    if (session_.state.blnSearching) return "Searching...";
+    const bool searched = form.lblNumOfFilesAttrib.Caption.Get() != "0" ||
+                          form.lblNumOfDirsAttrib.Caption.Get() != "0";
+    return searched ? "No object matches." : "Say what to search for and where, then press Search.";
+}
+
+void SearchWindow::Flush() {
+    binder_->Flush();
+    SettleRows(*counters_);
+    menu_->Refresh();
+    const QString title = Shown(session_.frmSearch.Caption);
+    if (!title.isEmpty() && windowTitle() != title) setWindowTitle(title);
+    ShowProgress();
+    ShowRows();
+    ShowSort();
+    TakeMemory();
+    ShowColumns();
+}
+
+void SearchWindow::ShowColumns() {
+    list_->ShowColumns(session_.blnListItems);
+    list_->LockWidths(session_.state.options.blnLockColumnWidths);
+}
+
+// The settings are read while the program starts.
+void SearchWindow::TakeMemory() {
+    if (remembered_ || !session_.state.blnStarted) return;
+    remembered_ = true;
+    const auto& settings = session_.state.platformSettings;
+    TakePlace(*this, settings.searchWindow);
+    list_->TakeLayout({settings.columnWidths, settings.columnOrder});
+}
+
+void SearchWindow::KeepMemory() {
+    if (!remembered_) return;
+    auto& settings = session_.state.platformSettings;
+    settings.searchWindow = PlaceOf(*this);
+    const auto layout = list_->LayoutNow({settings.columnWidths, settings.columnOrder});
+    settings.columnWidths = layout.widths;
+    settings.columnOrder = layout.order;
+}
+
+// A search can't tell how long it takes; rearranging the list and recycling can.
+void SearchWindow::ShowProgress() {
+    const auto& progress = session_.forms.frmProgress;
+    const auto most = static_cast<int>(progress.prgMain.Max.Get());
+    const bool isCounted = progress.IsShown() && most > 0;
+    busy_->setVisible(session_.state.blnSearching || progress.IsShown());
+    busy_->setMaximum(isCounted ? most : 0);
+    if (isCounted) busy_->setValue(static_cast<int>(progress.prgMain.Value.Get()));
+    progress_->setVisible(progress.IsShown());
+    progress_->setText(progress.IsShown() ? Shown(progress.lblMain.Caption.Get()) : QString());
+}
+
+void SearchWindow::ShowRows() {
+    const bool later = gate_.IsBusy() && model_->IsCurrent() && sinceRows_.isValid() &&
+                       sinceRows_.elapsed() < kRowsEvery;
+    if (later) return;
+    model_->Sync();
+    list_->setAlternatingRowColors(session_.frmSearch.lblGroups.Caption.Get() == "1");
+    list_->viewport()->update();
+    ShowNativePath();
+    sinceRows_.start();
+}
+
+void SearchWindow::ShowNativePath() {
+    const auto row = list_->CurrentRow();
+    nativePath_->setText(row ? ToQt(session_.platform.paths.ToNative(session_.rows->FullPath(*row)))
+                             : QString());
+}
+
+void SearchWindow::ShowSort() {
+    const auto& head = session_.frmSearch.lstMain;
+    const bool sorts = session_.events.Has("frmSearch.lstMain_ColumnClick");
+    list_->horizontalHeader()->setSortIndicatorShown(sorts);
+    if (!sorts) return;
+    const auto order = head.SortOrder.Get() == fields::SortDirection::kAscending
+                           ? Qt::AscendingOrder
+                           : Qt::DescendingOrder;
+    list_->horizontalHeader()->setSortIndicator(head.SortKey, order);
+}
+
+void SearchWindow::Idle() {
+    binder_->ApplyPending();
+    if (gate_.IsIdle() && (closing_ || session_.state.blnEnded)) {
+        QMetaObject::invokeMethod(
+            this, [this] { close(); }, Qt::QueuedConnection);
+    }
+}
+
+void SearchWindow::closeEvent(QCloseEvent* event) {
+    if (gate_.IsIdle()) {
+        KeepMemory();
+        event->accept();
+        return;
+    }
+    event->ignore();
+    closing_ = true;
+    if (session_.state.blnSearching) binder_->Click(session_.frmSearch.cmdStop);
+}
+
+void SearchWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) {
+        QMainWindow::keyPressEvent(event);
+    } else if (auto* button = qobject_cast<QPushButton*>(focusWidget())) {
+        button->click();
+    } else {
+        binder_->Click(session_.frmSearch.cmdSearch);
+    }
+}
+
+void SearchWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && binder_) binder_->ShowAll();
+    if (event->type() == QEvent::WindowStateChange) TellSize();
+}
+
+void SearchWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    TellSize();
+}
+
+void SearchWindow::TellSize() {
+    auto& form = session_.frmSearch;
+    form.Width = width() * kTwips;
+    form.Height = height() * kTwips;
+    form.State = isMinimized()   ? fields::WindowState::kMinimized
+                 : isMaximized() ? fields::WindowState::kMaximized
+                                 : fields::WindowState::kNormal;
+    if (!session_.state.blnStarted) return;
+    gate_.Run(nullptr, [&] { session_.events.Raise(session_, "frmSearch.Form_Resize"); });
+    if (isMinimized() && form.State == fields::WindowState::kNormal) showNormal();
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "forms/binder.h"
+#include "forms/event_gate.h"
+#include "forms/main_menu.h"
+#include "forms/result_model.h"
+#include "forms/result_view.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+
+namespace tarvix::session {
+struct Session;
+}
+class QLabel;
+class QProgressBar;
+
+namespace tarvix::forms {
+
+class ElidedLabel;
+
+// frmSearch: criteria, result list, selection and actions, counters and status.
+class SearchWindow : public QMainWindow, public View {
+  public:
+    // The session must have its rows.
+    SearchWindow(session::Session& session, EventGate& gate);
+    ~SearchWindow() override;
+
+    void Flush() override;
+    void Idle() override;
+
+    ResultView& List() { return *list_; }
+    // The native paths of the selected rows, one a line, on the clipboard.
+    void CopyPaths();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void Build();
+    void AddOwnEntries();
+    void SetUpList();
+    void SetUpDrops();
+    void SetTabOrder();
+    void TellSize();
+    void RaiseOnRow(const char* event, std::size_t row);
+    void SortBy(int column);
+    void DragRows();
+    void ShowProgress();
+    void ShowRows();
+    void ShowNativePath();
+    void ShowSort();
+    void ShowColumns();
+    void TakeMemory();
+    void KeepMemory();
+    QString EmptyText() const;
+    QStringList SelectedPaths() const;
+
+    session::Session& session_;
+    EventGate& gate_;
+    ResultModel* model_ = nullptr;
+    ResultView* list_ = nullptr;
+    ElidedLabel* nativePath_ = nullptr;
+    QProgressBar* busy_ = nullptr;
+    QLabel* progress_ = nullptr; // what the bar counts
+    QWidget* counters_ = nullptr;
+    std::unique_ptr<MainMenu> menu_;
+    std::unique_ptr<Binder> binder_;
+    QElapsedTimer sinceRows_;
+    bool remembered_ = false; // the places of the last run were taken
+    bool closing_ = false;    // asked to close while a routine ran
+};
+
+} // namespace tarvix::forms

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "fields/form.h"
+
+#include <QColor>
+#include <QPalette>
+
+#include <string_view>
+
+namespace tarvix::forms {
+
+// A colour of the logic as a tint that can be read on the palette's background: blue and red have
+// their own, others keep their hue and are made lighter or darker until they stand out. Black is
+// the palette's own text colour.
+QColor Tint(fields::Color color, const QPalette& palette);
+
+bool IsDark(const QPalette& palette);
+
+QPalette DarkPalette();
+
+// "light" or "dark" for the whole program; with anything else it follows the desktop.
+void ChooseShade(std::string_view shade);
+
+// Icons of the desktop's theme, or of the bundled fallback theme in the shade that fits.
+void ChooseIconTheme(const QPalette& palette);
+
+} // namespace tarvix::forms

@@ -1,0 +1,132 @@
+#include "session/remembered/history_file.h"
+
+#include "platform/file_system.h"
+#include "platform/trash.h"
+#include "session/attempt.h"
+#include "session/remembered/replace_file.h"
+#include "session/session.h"
+#include "text/numbers.h"
+
+#include <array>
+#include <optional>
+
+namespace tarvix::session {
+
+namespace {
+
+constexpr std::string_view kEndMark = "*EOF";
+constexpr std::size_t kFullFrom = 200; // rows
+constexpr int kTypeMismatch = 13;
+
+platform::Result<text::DateTime> ToStamp(std::string_view line) {
+    const auto stamp = text::ParseDate(line);
+    if (stamp) return *stamp;
+    return platform::Failure(kTypeMismatch,
+                             "Type mismatch: \"" + std::string(line) + "\" is no date.");
+}
+
+} // namespace
+
+// At saving nothing is asked about what stands in the file: the saving mends it.
+template <class Statement>
+auto HistoryFile::Try(std::string_view routine, Statement&& statement) {
+    const ErrorContext context{.routine = routine,
+                               .moduleName = kind_.moduleName,
+                               .object = kind_.path,
+                               .searchOrDestination = kind_.path,
+                               .objectType = ObjectType::kFile};
+    return Attempt(session_, context, std::forward<Statement>(statement),
+                   [this](const platform::PlatformError& error) -> std::optional<int> {
+                       const bool isContent =
+                           error.number == platform::kInputPastEnd || error.number == kTypeMismatch;
+                       if (isSaving_ && isContent) return kRecoveryLeave;
+                       return std::nullopt;
+                   });
+}
+
+void HistoryFile::Open() {
+    isSaving_ = false;
+    if (!session_.files().Facts(kind_.path)) return BeginAnew();
+    if (Read() == Ending::kDamaged) AskAboutDamage();
+}
+
+void HistoryFile::Save() {
+    isSaving_ = true;
+    if (session_.files().Facts(kind_.path)) (void)Read();
+    (void)Try(kind_.saveRoutine,
+              [&] { return ReplaceTextFile(session_.files(), kind_.path, FileText()); });
+}
+
+HistoryFile::Ending HistoryFile::Read() {
+    const auto facts = session_.files().Facts(kind_.path);
+    if (!facts || facts->size <= kind_.emptyUpTo) return Ending::kDone;
+    auto stream = Try(Routine(), [&] {
+        return session_.files().OpenAsTextStream(kind_.path, platform::OpenMode::kRead);
+    });
+    return stream ? ReadEntries(**stream) : Ending::kDone;
+}
+
+HistoryFile::Ending HistoryFile::ReadEntries(platform::TextStream& stream) {
+    const auto next = [&] { return Try(Routine(), [&] { return stream.ReadLine(); }); };
+    while (true) {
+        const auto entry = next();
+        if (!entry) return Ending::kDone;
+        const std::string& text = *entry.result;
+        if (text.find('/') != text.npos) return Ending::kDamaged;
+        const bool isListed = IsListed(text);
+        if (!isListed && text == kEndMark) return Ending::kDone;
+        if (!isListed && text == "12:00:00 AM") continue;
+        const auto line = next();
+        if (!line) return Ending::kDone;
+        if (isListed) continue;
+        if (line.result->find('/') == std::string::npos) return Ending::kDamaged;
+        const auto stamp = Try(Routine(), [&] { return ToStamp(*line.result); });
+        if (stamp) {
+            Take(text, *stamp.result);
+        } else if (!isSaving_) {
+            return Ending::kDone;
+        }
+    }
+}
+
+bool HistoryFile::IsListed(std::string_view text) const {
+    return rows_.Find(text) || kind_.isKnown(text, isSaving_);
+}
+
+void HistoryFile::Take(std::string_view text, const text::DateTime& stamp) {
+    if (!CanBeHistoryEntry(text) || stamp.IsZero()) return;
+    const auto oldest = rows_.Oldest();
+    const bool hasRoom = rows_.Count() < kFullFrom;
+    if (hasRoom || !oldest || stamp > rows_.Stamp(*oldest)) rows_.Add(text, stamp);
+}
+
+void HistoryFile::AskAboutDamage() {
+    const std::string question = "Your '" + std::string(kind_.name) +
+                                 "' History file is corrupted. "
+                                 "Would you like to fix it manually, and try again?";
+    if (session_.MsgBox(question, kYesNo + kQuestion) == kYes) {
+        session_.state.blnEnded = true;
+        session_.frmSearch.Hide();
+        return;
+    }
+    const std::array<std::string, 1> damaged{kind_.path};
+    const auto recycled =
+        Try(kind_.openRoutine, [&] { return session_.platform.trash.Recycle(damaged, {}); });
+    if (recycled) BeginAnew();
+}
+
+// A folder that can't be written is told when the history is saved.
+void HistoryFile::BeginAnew() {
+    if (auto made = session_.files().CreateTextFile(kind_.path, false)) (void)(*made)->Close();
+}
+
+std::string HistoryFile::FileText() const {
+    std::string text;
+    for (std::size_t row = rows_.First(); row < rows_.Count() && !rows_.Text(row).empty(); ++row) {
+        text.append(rows_.Text(row)).append("\r\n");
+        text.append(text::DefaultDateText(rows_.Stamp(row))).append("\r\n");
+    }
+    return text.append(kEndMark);
+}
+
+} // namespace tarvix::session

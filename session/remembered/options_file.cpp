@@ -1,0 +1,262 @@
+#include "session/remembered/options_file.h"
+
+#include "platform/dir.h"
+#include "platform/environment.h"
+#include "platform/file_system.h"
+#include "platform/names.h"
+#include "session/attempt.h"
+#include "session/paths/env_variables.h"
+#include "session/remembered/replace_file.h"
+#include "session/session.h"
+#include "session/settings/option_values.h"
+#include "text/characters.h"
+#include "text/paths.h"
+
+#include <algorithm>
+#include <bitset>
+#include <memory>
+
+namespace tarvix::session {
+
+namespace {
+
+using platform::TextStream;
+
+constexpr std::string_view kRoutine = "OpenOptionFile";
+constexpr std::string_view kVersion = TARVIX_VERSION;
+constexpr std::string_view kEndMark = "*EOF";
+constexpr std::string_view kHeading = "Tarvix Settings - Version";
+constexpr std::string_view kWarning =
+    "DO NOT EDIT WHILE TARVIX IS RUNNING, edits will be lost at close.";
+constexpr int kDocumentsSince = 6000;     // of intOSVersion
+constexpr std::size_t kMostVersion = 100; // characters in the name of a copy
+
+// One option that the main form shows as soon as it is read.
+void ShowOption(Session& session, const OptionKey& key) {
+    auto& form = session.frmSearch;
+    const Options& options = session.state.options;
+    if (!key.box.empty()) {
+        auto& box = static_cast<fields::CheckBox&>(*form.Find(key.box));
+        box.Value = options.*std::get<int Options::*>(key.field);
+        if (box.Value != 2) box.ForeColor = box.Value == 0 ? fields::kBlue : fields::kRed;
+    } else if (key.key == "blnAllowUserSelectSubfolders") {
+        form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
+        form.chkIncludeSubFolders.ToolTipText =
+            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
+        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
+    } else if (key.key == "blnDefaultToIncludeSubfolders") {
+        form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
+        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
+    } else if (key.key == "bytFilesVsDirs") {
+        form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
+    }
+}
+
+// What a damaged file has for its version must still make one name.
+std::string AsName(std::string_view version) {
+    std::string name(text::Left(version, kMostVersion));
+    std::ranges::replace_if(
+        name, [](char c) { return c == '/' || c == 0; }, '_');
+    return platform::NameToDrive(name);
+}
+
+// One reading of the file, from its version to the last line that counts.
+class Reading {
+  public:
+    explicit Reading(Session& session)
+        : session_(session), options_(session.state.options), path_(session.state.strOptionFile) {}
+
+    // Leaves the fields of lines that were not met to FillMissing.
+    void Run() {
+        if (CheckVersion()) ReadLines();
+    }
+    void FillMissing() {
+        for (std::size_t i = 0; i < kOptionKeys.size(); ++i) {
+            const OptionKey& key = kOptionKeys[i];
+            if (!met_[i]) {
+                FillMissingOption(options_, key);
+                if (!key.missing.empty()) ShowOption(session_, key);
+            }
+        }
+        if (options_.strDefSearchFolder.front().empty()) TakeFirstFolder();
+    }
+
+  private:
+    // The end of the file simply ends the reading.
+    static std::optional<int> EndsQuietly(const platform::PlatformError& error) {
+        if (error.number == platform::kInputPastEnd) return kRecoveryLeave;
+        return std::nullopt;
+    }
+    template <class Statement>
+    auto Try(Statement&& statement) {
+        const ErrorContext context{.routine = kRoutine,
+                                   .moduleName = session_.frmSearch.Name(),
+                                   .searchOrDestination = path_,
+                                   .objectType = ObjectType::kFile};
+        return Attempt(session_, context, std::forward<Statement>(statement), EndsQuietly);
+    }
+    bool Open() {
+        auto opened = Try(
+            [this] { return session_.files().OpenAsTextStream(path_, platform::OpenMode::kRead); });
+        session_.state.blnOptionFileUnread = !opened;
+        if (opened) stream_ = std::move(*opened);
+        return stream_ != nullptr;
+    }
+
+    bool CheckVersion() {
+        if (!Open()) return false;
+        std::string version;
+        for (int line = 0; line < 2; ++line) {
+            auto read = Try([this] { return stream_->ReadLine(); });
+            if (!read) return false;
+            version = std::move(*read);
+        }
+        stream_.reset();
+        if (version != kVersion && !CopyVersion(version)) return false;
+        return Open();
+    }
+
+    bool CopyVersion(std::string_view version) {
+        const std::string copy =
+            text::ParentFolderSlash(path_) + "TXOptionFile_" + AsName(version) + ".txt";
+        const auto copied = Try([&] { return session_.files().CopyFile(path_, copy, true, {}); });
+        // Options that were not read are not written over either.
+        session_.state.blnOptionFileUnread = !copied;
+        if (!copied) return false;
+        session_.MsgBox("Since you have upgraded Tarvix or possibly editted your options manually, "
+                        "a backup named:\r\n\r\n" +
+                        copy + " was created.");
+        return true;
+    }
+
+    void ReadLines() {
+        while (true) {
+            auto line = Try([this] { return stream_->ReadLine(); });
+            if (!line) return;
+            const OptionLine split = SplitOptionLine(*line);
+            if (split.key == kEndMark) return;
+            const auto taken = Try([&] { return Take(split); });
+            if (!taken && taken.recovery != kRecoveryNext) return;
+        }
+    }
+
+    platform::Result<void> Take(const OptionLine& line) {
+        if (line.key == "Include" || line.key == "Exclude") {
+            return TakeEnvVariable(options_, line, line.key == "Include");
+        }
+        const std::size_t place = FindOptionKey(line.key);
+        if (place == kOptionKeys.size()) return {};
+        const OptionKey& key = kOptionKeys[place];
+        if (auto taken = TakeOption(options_, key, line); !taken) return taken;
+        met_[place] = true;
+        ShowOption(session_, key);
+        if (std::holds_alternative<FolderLines>(key.field) && line.paren == "0") TakeFirstFolder();
+        return {};
+    }
+
+    void TakeFirstFolder() {
+        std::string& folder = options_.strDefSearchFolder.front();
+        if (folder.empty()) folder = DocumentsFolder(session_);
+        session_.frmSearch.cmbDir.Text = folder;
+    }
+
+    Session& session_;
+    Options& options_;
+    const std::string path_;
+    std::unique_ptr<TextStream> stream_;
+    std::bitset<kOptionKeys.size()> met_;
+};
+
+void TakeNoFile(Session& session) {
+    auto& options = session.state.options;
+    const int latestYear = options.intLatestYear;
+    options = Options{.intLatestYear = latestYear};
+    options.strDefSearchFolder.front() = DocumentsFolder(session);
+    session.frmSearch.cmbDir.Text = options.strDefSearchFolder.front();
+}
+
+void ReadFile(Session& session) {
+    auto& options = session.state.options;
+    const int latestYear = options.intLatestYear;
+    options = BlankOptions();
+    options.intLatestYear = latestYear;
+    Reading reading(session);
+    reading.Run();
+    reading.FillMissing();
+}
+
+} // namespace
+
+void OpenOptionFile(Session& session) {
+    auto& state = session.state;
+    const std::string& path = state.strOptionFile;
+    state.blnOptionFileFound =
+        !platform::DirName(session.files(), path, platform::kDirFiles).empty();
+    if (state.blnOptionFileFound) {
+        ReadFile(session);
+    } else {
+        TakeNoFile(session);
+    }
+    ApplyColumnsToList(session);
+    RebuildEnvVarTable(session);
+}
+
+void SaveOptionFile(Session& session) {
+    const auto& state = session.state;
+    if (state.blnOptionFileUnread) return;
+    auto saved = ReplaceTextFile(session.files(), state.strOptionFile, OptionFileText(session));
+    if (!saved) TellUnexpected(session, saved.error(), "SaveOptionFile", state.strOptionFile);
+}
+
+void BackUpOptionFile(Session& session) {
+    const auto& state = session.state;
+    (void)Attempt(session,
+                  {.routine = "Form_Load",
+                   .moduleName = session.frmSearch.Name(),
+                   .searchOrDestination = state.strOptionBackupFile,
+                   .objectType = ObjectType::kFile},
+                  [&] {
+                      return session.files().CopyFile(state.strOptionFile,
+                                                      state.strOptionBackupFile, true, {});
+                  });
+}
+
+std::string OptionFileText(const Session& session) {
+    const Options& options = session.state.options;
+    std::string text;
+    const auto add = [&text](std::string_view line) { text.append(line).append("\r\n"); };
+    for (const std::string_view line : {kHeading, kVersion, kWarning}) {
+        add(line);
+    }
+    for (const OptionKey& key : kOptionKeys) {
+        for (const std::string& line : OptionLines(options, key)) {
+            add(line);
+        }
+    }
+    for (const std::string& line : EnvVariableLines(options)) {
+        add(line);
+    }
+    return text.append(kEndMark);
+}
+
+void ApplyColumnsToList(Session& session) {
+    auto& list = session.frmSearch.lstMain;
+    const Options& options = session.state.options;
+    list.SortKey = options.bytSortBy;
+    list.SortOrder =
+        options.blnSort ? fields::SortDirection::kDescending : fields::SortDirection::kAscending;
+    fields::NoteChange(list);
+}
+
+std::string DocumentsFolder(Session& session) {
+    const std::string usual = session.state.intOSVersion < kDocumentsSince
+                                  ? "%UserProfile%\\My Documents"
+                                  : "%UserProfile%\\Documents";
+    const auto exists = [&session](std::string_view folder) {
+        const auto path = platform::ExpandVariables(session.platform.environment, folder);
+        return platform::GetFolder(session.files(), path).has_value();
+    };
+    return !exists(usual) && exists("%Documents%") ? "%Documents%" : usual;
+}
+
+} // namespace tarvix::session

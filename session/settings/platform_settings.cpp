@@ -1,0 +1,267 @@
+#include "session/settings/platform_settings.h"
+
+#include "session/settings/option_keys.h"
+#include "text/case.h"
+#include "text/characters.h"
+#include "text/numbers.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace tarvix::session {
+
+namespace {
+
+constexpr std::string_view kEndMark = "*EOF";
+constexpr std::string_view kDrivePrefix = "DRIVE ";
+constexpr std::string_view kNameColumn = "Name";
+constexpr int kMostPixels = 100'000;
+constexpr int kEarliestYear = 1980;
+constexpr int kLastYear = 9999;
+
+constexpr std::string_view kHeading =
+    "# What is particular to this machine. Tarvix writes this file when it closes: edit it only "
+    "then.";
+constexpr std::string_view kDriveComment =
+    "# Letters from D to Z for folders and mounts, as \"Drive E: = /srv/collection\".";
+
+std::optional<int> NumberFrom(std::string_view text, int least, int most) {
+    const auto number = text::ParseWholeNumber(text);
+    if (!number || *number < least || *number > most) return std::nullopt;
+    return *number;
+}
+
+// ---- values ----
+
+std::string WindowText(const WindowPlace& place) {
+    if (place.width == 0) return {};
+    std::string text;
+    for (const int value : {place.left, place.top, place.width, place.height}) {
+        text.append(text.empty() ? "" : ",").append(std::to_string(value));
+    }
+    return text + (place.isMaximized ? ",maximized" : "");
+}
+
+bool TakeWindow(WindowPlace& place, std::string_view text) {
+    WindowPlace read;
+    if (!text.empty()) {
+        const auto pieces = text::Split(text, ',');
+        const std::array<int*, 4> fields{&read.left, &read.top, &read.width, &read.height};
+        read.isMaximized = pieces.size() == 5 && text::EqualNoCase(pieces[4], "maximized");
+        if (pieces.size() != (read.isMaximized ? 5U : 4U)) return false;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            const auto number = NumberFrom(pieces[i], i < 2 ? -kMostPixels : 1, kMostPixels);
+            if (!number) return false;
+            *fields[i] = *number;
+        }
+    }
+    place = read;
+    return true;
+}
+
+std::string_view ColumnText(std::size_t column) {
+    return column == 0 ? kNameColumn : kColumnNames[column];
+}
+
+std::optional<std::size_t> ColumnFrom(std::string_view text) {
+    for (std::size_t column = 0; column < kListColumns; ++column) {
+        if (text::EqualNoCase(ColumnText(column), text::Trim(text))) return column;
+    }
+    return std::nullopt;
+}
+
+std::string WidthsText(const PlatformSettings& settings) {
+    std::string text;
+    for (std::size_t column = 0; column < kListColumns; ++column) {
+        const int width = settings.columnWidths[column];
+        if (width == 0) continue;
+        text.append(text.empty() ? "" : ",").append(ColumnText(column));
+        text.append(":").append(std::to_string(width));
+    }
+    return text;
+}
+
+bool TakeWidths(PlatformSettings& settings, std::string_view text) {
+    std::array<int, kListColumns> widths{};
+    for (const std::string_view piece : text::Split(text, ',')) {
+        if (text.empty()) break;
+        const std::size_t colon = std::min(piece.find(':'), piece.size());
+        const auto column = ColumnFrom(piece.substr(0, colon));
+        const auto width = NumberFrom(text::Mid(piece.substr(colon), 2), 1, kMostPixels);
+        if (!column || !width) return false;
+        widths[*column] = *width;
+    }
+    settings.columnWidths = widths;
+    return true;
+}
+
+std::string OrderText(const PlatformSettings& settings) {
+    std::string text;
+    for (const int column : settings.columnOrder) {
+        text.append(text.empty() ? "" : ",").append(ColumnText(static_cast<std::size_t>(column)));
+    }
+    return text;
+}
+
+bool TakeOrder(PlatformSettings& settings, std::string_view text) {
+    std::vector<int> order;
+    for (const std::string_view piece : text::Split(text, ',')) {
+        if (text.empty()) break;
+        const auto column = ColumnFrom(piece);
+        if (!column || std::ranges::find(order, static_cast<int>(*column)) != order.end())
+            return false;
+        order.push_back(static_cast<int>(*column));
+    }
+    settings.columnOrder = std::move(order);
+    return true;
+}
+
+bool TakeListPathForm(PlatformSettings& settings, std::string_view text) {
+    const bool isNative = text::EqualNoCase(text, "native");
+    if (!isNative && !text::EqualNoCase(text, "drive")) return false;
+    settings.listsAreNative = isNative;
+    return true;
+}
+
+bool TakeYear(PlatformSettings& settings, std::string_view text) {
+    const auto year = NumberFrom(text, kEarliestYear, kLastYear);
+    if (year) settings.latestYear = *year;
+    return year.has_value();
+}
+
+// ---- the keys ----
+
+struct SettingKey {
+    std::string_view key;
+    std::string_view comment;
+    std::string (*text)(const PlatformSettings&);
+    bool (*take)(PlatformSettings&, std::string_view);
+};
+
+template <std::string PlatformSettings::*Field>
+constexpr SettingKey TextKey(std::string_view key, std::string_view comment) {
+    return {key, comment, [](const PlatformSettings& settings) { return settings.*Field; },
+            [](PlatformSettings& settings, std::string_view text) {
+                settings.*Field = std::string(text);
+                return true;
+            }};
+}
+
+template <WindowPlace PlatformSettings::*Field>
+constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
+    return {key, comment,
+            [](const PlatformSettings& settings) { return WindowText(settings.*Field); },
+            [](PlatformSettings& settings, std::string_view text) {
+                return TakeWindow(settings.*Field, text);
+            }};
+}
+
+constexpr std::array kKeys{
+    SettingKey{"ListPathForm", "Paths in lists that are written: native or drive.",
+               [](const PlatformSettings& settings) {
+                   return std::string(settings.listsAreNative ? "native" : "drive");
+               },
+               TakeListPathForm},
+    TextKey<&PlatformSettings::editor>(
+        "Editor", "The command that opens text files; empty for the desktop's own."),
+    TextKey<&PlatformSettings::player>(
+        "Player", "The command of the media player; empty for the desktop's own."),
+    TextKey<&PlatformSettings::secondPlayer>(
+        "SecondPlayer", "The command of a second media player; empty for none."),
+    SettingKey{"LatestFileYear", "The last year that is plausible for the date of a file.",
+               [](const PlatformSettings& settings) { return std::to_string(settings.latestYear); },
+               TakeYear},
+    WindowKey<&PlatformSettings::searchWindow>(
+        "SearchWindow", "Left, top, width and height of the main window, and maximized if it was."),
+    WindowKey<&PlatformSettings::dialogWindow>("ActionWindow", "The same of the action window."),
+    SettingKey{"ColumnWidths", "Widths of columns that were changed, as \"Name:260\".", WidthsText,
+               TakeWidths},
+    SettingKey{"ColumnOrder", "The columns from left to right; empty for the usual order.",
+               OrderText, TakeOrder},
+};
+
+// The letter of "Drive E:", in upper case; 0 for any other key.
+char DriveLetterOf(std::string_view key) {
+    const std::string upper = text::Upper(key);
+    if (!upper.starts_with(kDrivePrefix)) return 0;
+    const std::string_view letter = text::Trim(std::string_view(upper).substr(kDrivePrefix.size()));
+    const bool isLetter = letter.size() == 1 || (letter.size() == 2 && letter[1] == ':');
+    return isLetter && letter[0] >= 'D' && letter[0] <= 'Z' ? letter[0] : '\0';
+}
+
+bool TakeDrive(PlatformSettings& settings, char letter, std::string_view folder) {
+    if (folder.empty()) return settings.drives.erase(letter) > 0;
+    if (!folder.starts_with('/')) return false;
+    settings.drives[letter] = std::string(folder);
+    return true;
+}
+
+bool TakeLine(PlatformSettings& settings, std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == line.npos) return false;
+    return SetSetting(settings, text::Trim(line.substr(0, equals)),
+                      text::Trim(line.substr(equals + 1)));
+}
+
+std::string DriveKey(char letter) {
+    return std::string("Drive ") + letter + ":";
+}
+
+} // namespace
+
+bool SetSetting(PlatformSettings& settings, std::string_view key, std::string_view value) {
+    if (value.find_first_of("\r\n") != value.npos) return false;
+    if (const char letter = DriveLetterOf(key)) return TakeDrive(settings, letter, value);
+    for (const SettingKey& known : kKeys) {
+        if (text::EqualNoCase(known.key, key)) return known.take(settings, value);
+    }
+    return false;
+}
+
+std::vector<NamedSetting> ListSettings(const PlatformSettings& settings) {
+    std::vector<NamedSetting> listed;
+    for (const auto& [letter, folder] : settings.drives) {
+        listed.push_back({DriveKey(letter), folder});
+    }
+    for (const SettingKey& known : kKeys) {
+        listed.push_back({std::string(known.key), known.text(settings)});
+    }
+    return listed;
+}
+
+PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines) {
+    PlatformSettings settings;
+    for (const std::string& line : lines) {
+        const std::string_view trimmed = text::Trim(line);
+        if (trimmed == kEndMark) break;
+        if (trimmed.empty() || trimmed.starts_with('#')) continue;
+        if (!TakeLine(settings, trimmed)) settings.unknownLines.push_back(line);
+    }
+    return settings;
+}
+
+std::string PlatformSettingsText(const PlatformSettings& settings) {
+    std::string text;
+    const auto add = [&text](std::initializer_list<std::string_view> parts) {
+        for (const std::string_view part : parts) {
+            text.append(part);
+        }
+        text.append("\r\n");
+    };
+    add({kHeading});
+    add({kDriveComment});
+    for (const auto& [letter, folder] : settings.drives) {
+        add({DriveKey(letter), " = ", folder});
+    }
+    for (const SettingKey& known : kKeys) {
+        const std::string value = known.text(settings);
+        add({"# ", known.comment});
+        add({known.key, value.empty() ? " =" : " = ", value});
+    }
+    for (const std::string& line : settings.unknownLines) {
+        add({line});
+    }
+    return text.append(kEndMark);
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,220 @@
+#include "forms/duplicate_text.h"
+#include "forms/wrapping_label.h"
+#include "session/user_input.h"
+#include "tests/forms/window_fixture.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include <set>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr QSize kSmallScreen(800, 549);
+
+const std::string kQuestion =
+    "Duplicate found of File :\r\n\r\n'b.mp3'\r\n\r\nWould you like to replace existing "
+    "\r\n\r\n\r\n"
+    "E:\\Bk\r\nb.mp3\r\n of type File \r\n\r\nSize: 1,204\r\nVersion: \r\nfor OS: \r\n"
+    "Date: 2025/06/01 12:00:00\r\n\r\nwith This One?\r\n\r\nC:\\Music\r\nb.mp3\r\n of type File "
+    "\r\n\r\nSize: 1,300\r\nVersion: \r\nfor OS: \r\nDate: 2025/06/02 12:00:00"
+    "\r\n\r\n\r\n\r\n\r\n\r\nRename rule: Add  '_' at end.";
+
+std::string LongPath() {
+    std::string path = "C:\\home";
+    for (int i = 0; i < 48; ++i) {
+        path += "\\folder" + std::to_string(i);
+    }
+    return path;
+}
+
+QPushButton* Button(QWidget& window, const char* name) {
+    return window.findChild<QPushButton*>(name);
+}
+
+// The letters that buttons in sight answer to with Alt.
+std::vector<QChar> Letters(const QWidget& window) {
+    std::vector<QChar> letters;
+    for (const auto* button : window.findChildren<QPushButton*>()) {
+        const qsizetype at = button->text().indexOf(u'&');
+        if (button->isVisible() && at >= 0) letters.push_back(button->text()[at + 1].toLower());
+    }
+    return letters;
+}
+
+} // namespace
+
+class ChoiceWindowTest : public WindowFixture {
+  protected:
+    // Every button of the form writes down its name and hides the form.
+    void Answering(fields::Form& form) {
+        for (fields::Control* control : form.Controls()) {
+            if (control->Kind() != fields::ControlKind::kCommandButton) continue;
+            S().events.On(form.Name() + "." + control->Name() + "_Click",
+                          [&, control](session::Session&, const session::EventArgs&) {
+                              answer_ = control->Name();
+                              form.Hide();
+                          });
+        }
+    }
+    std::string Ask(fields::Form& form, std::function<void(QWidget&)> act) {
+        answer_ = "none";
+        Answering(form);
+        OnModal(std::move(act));
+        S().ShowModal(form);
+        return answer_;
+    }
+
+    std::string answer_;
+};
+
+TEST_F(ChoiceWindowTest, EachButtonOfEachPromptAnswersAndCloses) {
+    auto& forms = S().forms;
+    for (fields::Form* form : std::initializer_list<fields::Form*>{&forms.frmAsk, &forms.frmAsk259,
+                                                                   &forms.frmOverrideDialog,
+                                                                   &forms.frmOverrideRecycleFail}) {
+        for (const fields::Control* control : form->Controls()) {
+            if (control->Kind() != fields::ControlKind::kCommandButton) continue;
+            const auto press = [&](QWidget& modal) {
+                EXPECT_EQ(modal.objectName().toStdString(), form->Name());
+                EXPECT_EQ(modal.windowTitle().toStdString(), form->Caption);
+                QTest::mouseClick(Button(modal, control->Name().c_str()), Qt::LeftButton);
+            };
+            EXPECT_EQ(Ask(*form, press), control->Name());
+        }
+    }
+}
+
+TEST_F(ChoiceWindowTest, TheSafeButtonHasTheFocusAndEscapeCancels) {
+    auto& forms = S().forms;
+    const auto enter = [](QWidget& modal) { QTest::keyClick(modal.focusWidget(), Qt::Key_Return); };
+    const auto escape = [](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); };
+    EXPECT_EQ(Ask(forms.frmAsk, enter), "cmdSkip");
+    EXPECT_EQ(Ask(forms.frmAsk259, enter), "cmdSkip");
+    EXPECT_EQ(Ask(forms.frmOverrideDialog, enter), "cmdNo");
+    EXPECT_EQ(Ask(forms.frmOverrideRecycleFail, enter), "cmdNo");
+    EXPECT_EQ(Ask(forms.frmAsk, escape), "cmdCancel");
+    EXPECT_EQ(Ask(forms.frmAsk259, escape), "cmdCancel");
+    EXPECT_EQ(Ask(forms.frmOverrideDialog, escape), "cmdCancel");
+    EXPECT_EQ(Ask(forms.frmOverrideRecycleFail, escape), "cmdCancel");
+}
+
+TEST_F(ChoiceWindowTest, EnterPressesTheButtonThatHasTheFocus) {
+    const auto tabAndEnter = [](QWidget& modal) {
+        Button(modal, "cmdRename")->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(modal.focusWidget(), Qt::Key_Return);
+    };
+    EXPECT_EQ(Ask(S().forms.frmAsk, tabAndEnter), "cmdRename");
+}
+
+TEST_F(ChoiceWindowTest, NoLetterStandsForTwoButtons) {
+    auto& forms = S().forms;
+    for (fields::Form* form : std::initializer_list<fields::Form*>{&forms.frmAsk, &forms.frmAsk259,
+                                                                   &forms.frmOverrideDialog}) {
+        Ask(*form, [&](QWidget& modal) {
+            const auto letters = Letters(modal);
+            EXPECT_GE(letters.size(), 5U);
+            EXPECT_EQ(std::set<QChar>(letters.begin(), letters.end()).size(), letters.size())
+                << form->Name();
+            modal.close();
+        });
+    }
+}
+
+TEST_F(ChoiceWindowTest, HiddenAndDisabledButtonsFollowTheFields) {
+    auto& form = S().forms.frmAsk;
+    form.cmdOverwrite.Visible = false;
+    form.cmdDeleteReplaceAll.Enabled = false;
+    form.cmdDeleteReplace.Caption = "Recycle duplicate file, then replace with original folder.";
+    Ask(form, [](QWidget& modal) {
+        EXPECT_FALSE(Button(modal, "cmdOverwrite")->isVisible());
+        EXPECT_TRUE(Button(modal, "cmdOverwriteAll")->isVisible());
+        EXPECT_FALSE(Button(modal, "cmdDeleteReplaceAll")->isEnabled());
+        EXPECT_EQ(Button(modal, "cmdDeleteReplace")->text(),
+                  "Recycle duplicate file, then replace with original folder.");
+        modal.close();
+    });
+}
+
+TEST_F(ChoiceWindowTest, BothObjectsOfADuplicateStandSideBySide) {
+    auto& form = S().forms.frmAsk;
+    form.lblMain.Caption = kQuestion;
+    Ask(form, [](QWidget& modal) {
+        auto* existing = modal.findChild<QLabel*>("lblExisting");
+        auto* thisOne = modal.findChild<QLabel*>("lblThisOne");
+        EXPECT_TRUE(existing->text().startsWith("E:\\Bk\nb.mp3\n of type File"));
+        EXPECT_TRUE(thisOne->text().startsWith("C:\\Music\nb.mp3\n of type File"));
+        EXPECT_TRUE(thisOne->text().endsWith("Date: 2025/06/02 12:00:00"));
+        EXPECT_EQ(modal.findChild<QLabel*>("lblRule")->text(), "Rename rule: Add  '_' at end.");
+        EXPECT_EQ(existing->mapTo(&modal, QPoint()).y(), thisOne->mapTo(&modal, QPoint()).y());
+        EXPECT_LT(existing->mapTo(&modal, QPoint()).x(), thisOne->mapTo(&modal, QPoint()).x());
+        modal.close();
+    });
+}
+
+TEST_F(ChoiceWindowTest, AQuestionInOtherWordsIsShownAsItStands) {
+    auto& form = S().forms.frmAsk;
+    form.lblMain.Caption = "Something else, with This One?";
+    Ask(form, [](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(), "Something else, with This One?");
+        modal.close();
+    });
+}
+
+TEST_F(ChoiceWindowTest, PathsOfFiveHundredCharactersWrapOnASmallScreen) {
+    auto& forms = S().forms;
+    forms.frmAsk259.lblMain.Caption = LongPath();
+    forms.frmOverrideDialog.lblMain.Caption = LongPath();
+    forms.frmAsk.lblMain.Caption = "Duplicate\r\n\r\n" + LongPath();
+    for (fields::Form* form : std::initializer_list<fields::Form*>{&forms.frmAsk, &forms.frmAsk259,
+                                                                   &forms.frmOverrideDialog}) {
+        Ask(*form, [&](QWidget& modal) {
+            EXPECT_LE(modal.minimumSizeHint().width(), kSmallScreen.width()) << form->Name();
+            EXPECT_LE(modal.minimumSizeHint().height(), kSmallScreen.height()) << form->Name();
+            modal.resize(kSmallScreen);
+            QCoreApplication::processEvents();
+            auto* area = modal.findChild<QScrollArea*>();
+            EXPECT_LE(area->widget()->width(), area->viewport()->width()) << form->Name();
+            for (const auto* found : modal.findChildren<QLabel*>()) {
+                const auto* label = dynamic_cast<const WrappingLabel*>(found);
+                if (label == nullptr) continue;
+                EXPECT_GE(label->height(), label->heightForWidth(label->width())) << form->Name();
+            }
+            modal.close();
+        });
+    }
+}
+
+TEST_F(ChoiceWindowTest, DeletingForGoodIsMarked) {
+    Ask(S().forms.frmOverrideRecycleFail, [](QWidget& modal) {
+        EXPECT_TRUE(Button(modal, "cmdYes")->toolTip().contains("permanently"));
+        EXPECT_TRUE(Button(modal, "cmdYesToAll")->toolTip().contains("permanently"));
+        EXPECT_TRUE(Button(modal, "cmdNo")->toolTip().isEmpty());
+        modal.close();
+    });
+}
+
+TEST(WrappingLabelTest, APathWithoutABlankIsBrokenWhereTheLineEnds) {
+    const WrappingLabel label(QString(400, u'x'));
+    const int line = label.fontMetrics().height();
+    EXPECT_LT(label.SizeFor(100'000).height(), 2 * line);
+    EXPECT_LE(label.SizeFor(200).width(), 200);
+    EXPECT_GT(label.SizeFor(200).height(), 3 * line);
+}
+
+TEST(DuplicateTextTest, ANameThatQuotesTheQuestionDoesNotConfuseTheCut) {
+    const auto pieces = CutDuplicateText(
+        "'with This One?'\n\nWould you like to replace existing \n\n\nE:\\a\n\nwith This "
+        "One?\n\nC:\\Rename rule:\n\n\n\n\n\n\nRename rule: Add  '_' at end.");
+    ASSERT_TRUE(pieces);
+    EXPECT_EQ(pieces->existing, "E:\\a");
+    EXPECT_EQ(pieces->thisOne, "C:\\Rename rule:");
+    EXPECT_EQ(pieces->rule, "Rename rule: Add  '_' at end.");
+    EXPECT_FALSE(CutDuplicateText("Would you like to replace existing"));
+}
+
+} // namespace tarvix::forms

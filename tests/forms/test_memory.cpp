@@ -1,0 +1,105 @@
+#include "forms/window_place.h"
+#include "tests/forms/window_fixture.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+
+namespace tarvix::forms {
+
+using MemoryTest = WindowFixture;
+
+TEST_F(MemoryTest, WhatWasSearchedForStandsInTheListOfTheBox) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    EXPECT_GE(Find<QComboBox>("cmbSearchFor")->findText("*.mp3"), 0);
+    EXPECT_GE(Find<QComboBox>("cmbDir")->findText("C:\\home\\ann\\Music\\Abba"), 0);
+}
+
+TEST_F(MemoryTest, EntriesThatHoldWhatIsTypedAreOffered) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbDir", "aBBa");
+    const auto* completer = Find<QComboBox>("cmbDir")->completer();
+    ASSERT_EQ(completer->completionCount(), 1);
+    EXPECT_TRUE(completer->popup()->isVisible());
+    QTest::keyClick(completer->popup(), Qt::Key_Down);
+    QTest::keyClick(completer->popup(), Qt::Key_Return);
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\home\\ann\\Music\\Abba");
+}
+
+TEST_F(MemoryTest, EnterSearchesForWhatIsTypedWhateverIsOffered) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbSearchFor", "*.mp");
+    auto* popup = Find<QComboBox>("cmbSearchFor")->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(Form().cmbSearchFor.Text.Get(), "*.mp");
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "0");
+}
+
+TEST_F(MemoryTest, KeysOfTheWindowActWhileEntriesAreOffered) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbSearchFor", "*.mp");
+    auto* popup = Find<QComboBox>("cmbSearchFor")->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_L, Qt::ControlModifier);
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(window->focusWidget()->objectName(), "cmbDir");
+    Type("cmbSearchFor", "*.mp3");
+    ASSERT_TRUE(popup->isVisible());
+    machine.disk.AddFile("C:\\home\\ann\\Music\\Abba\\new.mp3", "x");
+    QTest::keyClick(popup, Qt::Key_F5);
+    EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
+}
+
+TEST_F(MemoryTest, ThePlaceOfTheWindowIsKeptWhenItCloses) {
+    window->move(31, 42);
+    window->resize(820, 560);
+    QTest::qWait(20);
+    window->close();
+    const auto& place = S().state.platformSettings.searchWindow;
+    EXPECT_EQ(place.width, 820);
+    EXPECT_EQ(place.height, 560);
+    EXPECT_FALSE(place.isMaximized);
+}
+
+TEST_F(MemoryTest, TheActionWindowOpensAsWideAsItWas) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    OnModal([](QWidget& modal) {
+        modal.resize(790, modal.height());
+        modal.close();
+    });
+    Press("cmdCopySelected");
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.width(), 790);
+        modal.close();
+    });
+    Press("cmdCopySelected");
+}
+
+TEST(WindowPlaceTest, AWindowTakesThePlaceThatItHad) {
+    QWidget window;
+    window.resize(300, 200);
+    TakePlace(window, {});
+    EXPECT_EQ(window.size(), QSize(300, 200));
+    TakePlace(window, {15, 25, 400, 350, false});
+    EXPECT_EQ(window.size(), QSize(400, 350));
+    EXPECT_EQ(window.pos(), QPoint(15, 25));
+    EXPECT_EQ(PlaceOf(window), (session::WindowPlace{15, 25, 400, 350, false}));
+}
+
+TEST(WindowPlaceTest, APlaceOnAScreenThatIsGoneGivesItsSizeOnly) {
+    QWidget window;
+    const QPoint before = window.pos();
+    TakePlace(window, {90'000, -90'000, 100'000, 350, false});
+    EXPECT_EQ(window.pos(), before);
+    EXPECT_LE(window.width(), window.screen()->availableSize().width());
+    EXPECT_EQ(window.height(), 350);
+}
+
+} // namespace tarvix::forms

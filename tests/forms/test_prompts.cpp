@@ -1,0 +1,147 @@
+#include "forms/native_input.h"
+#include "forms/text_conversion.h"
+#include "forms/theme.h"
+#include "session/message_style.h"
+#include "tests/forms/window_fixture.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+
+namespace tarvix::forms {
+
+using PromptTest = WindowFixture;
+
+TEST_F(PromptTest, EachButtonOfAStyleGivesItsAnswer) {
+    for (int buttons = session::kOkOnly; buttons <= session::kRetryCancel; ++buttons) {
+        for (const int answer : session::ButtonsOf(buttons)) {
+            OnModal([answer](QWidget& modal) {
+                const QString name = "btn" + ToQt(session::CaptionOf(answer));
+                QTest::mouseClick(modal.findChild<QPushButton*>(name), Qt::LeftButton);
+            });
+            EXPECT_EQ(prompts.MsgBox("Text", buttons, "Title"), answer);
+        }
+    }
+}
+
+TEST_F(PromptTest, EnterGivesTheDefaultAnswerOfTheStyleAndNoWhereItNamesNone) {
+    const auto enter = [this] {
+        OnModal([](QWidget& modal) { QTest::keyClick(modal.focusWidget(), Qt::Key_Return); });
+    };
+    enter();
+    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo, "Title"), session::kNo);
+    enter();
+    EXPECT_EQ(prompts.MsgBox("Text", session::kOkCancel, "Title"), session::kOk);
+    enter();
+    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo + session::kSecondDefault, "Title"),
+              session::kNo);
+    enter();
+    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNoCancel + session::kThirdDefault, "Title"),
+              session::kCancel);
+}
+
+TEST_F(PromptTest, ClosingABoxGivesItsSafeAnswer) {
+    for (const int style : {session::kOkOnly, session::kOkCancel, session::kYesNo,
+                            session::kYesNoCancel, session::kRetryCancel}) {
+        OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+        EXPECT_EQ(prompts.MsgBox("Text", style, "Title"), session::SafeAnswer(style));
+    }
+}
+
+TEST_F(PromptTest, AMessageIsPlainTextInLines) {
+    OnModal([](QWidget& modal) {
+        auto* label = modal.findChild<QLabel*>("lblText");
+        EXPECT_EQ(label->text(), "<b>one</b>\ntwo");
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        EXPECT_EQ(modal.windowTitle(), "Tarvix");
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    S().MsgBox("<b>one</b>\r\ntwo");
+}
+
+TEST_F(PromptTest, AMessageOfAThousandLinesFitsTheScreenAndScrolls) {
+    std::string text;
+    for (int i = 0; i < 1000; ++i) {
+        text += "line\r\n";
+    }
+    OnModal([](QWidget& modal) {
+        EXPECT_LT(modal.height(), modal.screen()->availableSize().height());
+        auto* area = modal.findChild<QScrollArea*>();
+        EXPECT_GT(area->widget()->height(), area->height());
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    S().MsgBox(text);
+}
+
+TEST_F(PromptTest, AnInputBoxGivesItsTextAndNothingWhenCancelled) {
+    OnModal([](QWidget& modal) {
+        auto* edit = modal.findChild<QLineEdit*>();
+        EXPECT_EQ(edit->text(), "preset");
+        edit->setText("typed");
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_EQ(prompts.InputBox("Text", "Title", "preset"), "typed");
+    OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    EXPECT_EQ(prompts.InputBox("Text", "Title", "preset"), "");
+}
+
+TEST_F(PromptTest, ANoticeShowsItsTextUntilOk) {
+    auto& notice = S().forms.frmForChar;
+    notice.lblMain.Caption = "A file or folder was found";
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.objectName(), "frmForChar");
+        EXPECT_EQ(modal.findChild<QLabel*>("lblMain")->text(), "A file or folder was found");
+        QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    S().ShowModal(notice);
+    OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    S().ShowModal(notice);
+    EXPECT_FALSE(notice.IsShown());
+}
+
+TEST_F(PromptTest, AFormThatHasHiddenAlreadyDoesNotOpen) {
+    S().forms.frmForChar.Hide();
+    prompts.ShowModal(S(), S().forms.frmForChar);
+}
+
+TEST(FilterListTest, PairsBecomeNamesWithPatterns) {
+    EXPECT_EQ(FilterList("Multiple Path List Files (*.mpl)|*.mpl|Both (*.txt;*.mpl)|*.txt;*.mpl|"),
+              "Multiple Path List Files (*.mpl);;Both (*.txt *.mpl)");
+    EXPECT_EQ(FilterList(""), "");
+}
+
+TEST(AppendedTest, OneBarStandsBetweenAListAndMore) {
+    EXPECT_EQ(Appended("", "C:\\a"), "C:\\a");
+    EXPECT_EQ(Appended("C:\\a", "C:\\b"), "C:\\a|C:\\b");
+    EXPECT_EQ(Appended("C:\\a|", "C:\\b"), "C:\\a|C:\\b");
+    EXPECT_EQ(Appended("C:\\a", ""), "C:\\a");
+}
+
+TEST(TextConversionTest, NumbersAreReadable) {
+    EXPECT_EQ(WithThousands("0"), "0");
+    EXPECT_EQ(WithThousands("999"), "999");
+    EXPECT_EQ(WithThousands("1284442"), "1,284,442");
+    EXPECT_EQ(WithThousands("1,284"), "1,284");
+    EXPECT_EQ(WithThousands(""), "");
+    EXPECT_EQ(WithoutLeadingZeros("000,000,001,204"), "1,204");
+    EXPECT_EQ(WithoutLeadingZeros("000,000,000,000"), "0");
+    EXPECT_EQ(WithoutLeadingZeros(""), "");
+}
+
+TEST(ThemeTest, RowColoursCanBeReadOnLightAndDark) {
+    const auto light = [](QPalette palette) {
+        palette.setColor(QPalette::Base, Qt::white);
+        palette.setColor(QPalette::Text, Qt::black);
+        return palette;
+    }(QPalette());
+    for (const fields::Color color :
+         {fields::kBlue, fields::kRed, 0x00FF00U, 0xFFFF00U, 0x000040U}) {
+        EXPECT_LT(Tint(color, light).lightness(), 150) << color;
+        EXPECT_GT(Tint(color, DarkPalette()).lightness(), 110) << color;
+    }
+    EXPECT_EQ(Tint(fields::kBlack, light), QColor(Qt::black));
+}
+
+} // namespace tarvix::forms

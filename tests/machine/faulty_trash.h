@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/trash.h"
+#include "tests/machine/faulty_file_system.h"
+
+namespace tarvix::platform {
+
+// Hands each object on to another Trash, counted and failed by the file system's faults as one call
+// "Recycle" for each object.
+class FaultyTrash : public Trash {
+  public:
+    FaultyTrash(FaultyFileSystem& faults, Trash& trash) : faults_(faults), trash_(trash) {}
+
+    Result<void> Recycle(std::span<const std::string> paths,
+                         const TrashObserver& observer) override {
+        for (std::size_t done = 0; done < paths.size(); ++done) {
+            if (observer && !observer(done)) {
+                return Failure(kInterrupted, paths[done] + ": " + ErrorText(kInterrupted) + ".");
+            }
+            if (auto may = faults_.Enter("Recycle", paths[done]); !may) return may;
+            auto recycled = trash_.Recycle(paths.subspan(done, 1), {});
+            if (!recycled) return recycled;
+        }
+        return {};
+    }
+
+  private:
+    FaultyFileSystem& faults_;
+    Trash& trash_;
+};
+
+} // namespace tarvix::platform

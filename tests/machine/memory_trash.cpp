@@ -1,0 +1,76 @@
+#include "tests/machine/memory_trash.h"
+
+#include "platform/drive_path.h"
+#include "tests/machine/memory_failure.h"
+#include "text/case.h"
+#include "text/paths.h"
+
+#include <algorithm>
+
+namespace tarvix::platform {
+
+namespace {
+std::string PathKey(std::string_view path) {
+    return text::Upper(text::StripTrailingSlash(path));
+}
+} // namespace
+
+Result<void> MemoryTrash::Recycle(std::span<const std::string> paths,
+                                  const TrashObserver& observer) {
+    for (std::size_t done = 0; done < paths.size(); ++done) {
+        if (observer && !observer(done)) return Fail(kInterrupted, paths[done]);
+        if (auto recycled = RecycleOne(paths[done]); !recycled) return recycled;
+    }
+    return {};
+}
+
+Result<void> MemoryTrash::RecycleOne(const std::string& path) {
+    const auto truePath = disk_.TruePath(path);
+    if (!truePath) return std::unexpected(truePath.error());
+    const auto refusal = refused_.find(PathKey(*truePath));
+    if (refusal != refused_.end()) return Fail(refusal->second, path);
+    const auto parsed = ParseDrivePath(*truePath);
+    if (parsed && withoutTrash_.contains(text::Upper(parsed->root))) {
+        return Fail(kPathFileAccess, path);
+    }
+    auto node = disk_.TakeAway(path);
+    if (!node) return std::unexpected(node.error());
+    items_.push_back({*truePath, std::move(*node)});
+    return {};
+}
+
+std::vector<std::string> MemoryTrash::Paths() const {
+    std::vector<std::string> paths;
+    for (const Item& item : items_)
+        paths.push_back(item.path);
+    return paths;
+}
+
+Result<void> MemoryTrash::Restore(std::string_view path) {
+    const std::string key = PathKey(path);
+    const auto last = std::find_if(items_.rbegin(), items_.rend(), [&key](const Item& item) {
+        return text::Upper(item.path) == key;
+    });
+    if (last == items_.rend()) return Fail(kFileNotFound, path);
+    auto restored = disk_.PutBack(last->path, last->node);
+    if (restored) items_.erase(std::prev(last.base()));
+    return restored;
+}
+
+void MemoryTrash::SetHasTrash(std::string_view root, bool hasTrash) {
+    if (hasTrash) {
+        withoutTrash_.erase(PathKey(root));
+    } else {
+        withoutTrash_.insert(PathKey(root));
+    }
+}
+
+void MemoryTrash::Refuse(std::string_view path, int error) {
+    if (error == 0) {
+        refused_.erase(PathKey(path));
+    } else {
+        refused_[PathKey(path)] = error;
+    }
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/trash.h"
+#include "tests/machine/memory_file_system.h"
+
+#include <set>
+
+namespace tarvix::platform {
+
+// A trash in memory. An object that is thrown away keeps all it holds and can be restored.
+class MemoryTrash : public Trash {
+  public:
+    struct Item {
+        std::string path; // where it was, as the disk spelled it
+        std::shared_ptr<MemoryNode> node;
+    };
+
+    explicit MemoryTrash(MemoryFileSystem& disk) : disk_(disk) {}
+
+    Result<void> Recycle(std::span<const std::string> paths,
+                         const TrashObserver& observer) override;
+
+    // ---- for tests ----
+
+    // What lies in the trash, in the order it came.
+    const std::vector<Item>& Items() const { return items_; }
+    // The paths of the items, in that order.
+    std::vector<std::string> Paths() const;
+    // Puts back what was thrown away last from a path: 53 nothing was, 58 the name is taken, 76 the
+    // folder is gone.
+    Result<void> Restore(std::string_view path);
+    // Whether a drive ("E:") has a trash; 75 where it has none.
+    void SetHasTrash(std::string_view root, bool hasTrash);
+    // Refuses one path (without regard to case) with that error from now on; 0 takes it again.
+    void Refuse(std::string_view path, int error);
+
+  private:
+    Result<void> RecycleOne(const std::string& path);
+
+    MemoryFileSystem& disk_;
+    std::vector<Item> items_;
+    std::set<std::string> withoutTrash_; // roots in upper case
+    std::map<std::string, int> refused_; // by true path in upper case
+};
+
+} // namespace tarvix::platform

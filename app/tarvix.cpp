@@ -1,11 +1,12 @@
 // The windows: a machine under Linux, the prompts and the main window over one program.
+#include "app/program.h"
 #include "app/saved_drives.h"
 #include "forms/event_gate.h"
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
 #include "forms/theme.h"
 #include "platform/linux/linux_platform.h"
-#include "session/lifecycle/program.h"
+#include "session/product.h"
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -45,10 +46,10 @@ std::string Absolute(const std::string& path) {
 // Nothing, and the exit code set, when the process is to end at once.
 std::optional<Request> ReadArguments(int argc, char** argv, int& exitCode) {
     Request request;
-    const std::string name(lifecycle::ProductName());
+    const std::string name(session::kProductName);
     CLI::App app(name + ": finds large groups of files and copies, moves and renames them by rule.",
                  "tarvix");
-    app.set_version_flag("--version", name + " " + std::string(lifecycle::ProductVersion()));
+    app.set_version_flag("--version", name + " " + std::string(session::ProductVersion()));
     app.add_option("--data-folder", request.dataFolder, "where options, histories and logs lie")
         ->type_name("DIR");
     app.add_option("path", request.argument, "a folder, a file or a list of folders (.mpl)");
@@ -141,7 +142,7 @@ int main(int argc, char** argv) {
     const platform::Platform parts = machine.Parts();
     forms::EventGate gate;
     forms::QtPrompts prompts(gate, parts);
-    lifecycle::Program program(parts, prompts);
+    app::Program program(parts, prompts);
     {
         forms::SearchWindow window(program.Session(), gate);
         program.Session().yielder.SetPump([&gate] { gate.Pump(); });

@@ -1,4 +1,5 @@
 // The headless front: this machine without its desktop, and the commands of `cli/`.
+#include "app/program.h"
 #include "app/saved_drives.h"
 #include "cli/host.h"
 #include "platform/linux/linux_platform.h"
@@ -57,7 +58,8 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     std::error_code ignored;
     Machine machine;
-    cli::Host host{.in = std::cin, .out = std::cout, .err = std::cerr};
+    cli::Host host{
+        .in = std::cin, .out = std::cout, .err = std::cerr, .fillEvents = app::FillEvents};
     host.errIsTerminal = isatty(STDERR_FILENO) == 1;
     host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
     host.currentFolder = std::filesystem::current_path(ignored).string();

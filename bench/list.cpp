@@ -1,9 +1,9 @@
 // Searches a tree with every column listed, then times what the list does with its rows, beside the
 // system's `sort` on the same keys. One line a figure.
 
+#include "app/program.h"
 #include "platform/linux/linux_platform.h"
 #include "results/sorting.h"
-#include "session/lifecycle/program.h"
 #include "session/scripted_prompts.h"
 #include "session/user_input.h"
 
@@ -53,7 +53,7 @@ double SortBySystem(const results::ResultList& rows, results::Column column,
     return watch.Seconds();
 }
 
-void Arrange(lifecycle::Program& program, const std::string& folder) {
+void Arrange(app::Program& program, const std::string& folder) {
     auto& rows = program.Rows();
     for (const results::Column column :
          {results::kName, results::kSize, results::kDate, results::kExt, results::kPath,
@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
     platform::LinuxPlatform machine(options);
     session::ScriptedPrompts prompts;
     prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
-    lifecycle::Program program(machine.Parts(), prompts);
+    app::Program program(machine.Parts(), prompts);
     program.Start("");
     auto& session = program.Session();
     auto& form = session.frmSearch;

@@ -1,11 +1,11 @@
 // From the start of the process to the first idle moment of the main window, for a whole-process
 // clock: bench_start DATA_FOLDER, or bench_start --bare for a window of Qt with nothing in it.
 
+#include "app/program.h"
 #include "forms/event_gate.h"
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
 #include "platform/linux/linux_platform.h"
-#include "session/lifecycle/program.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -33,7 +33,7 @@ int RunProgram(const char* dataFolder) {
     const platform::Platform parts = machine.Parts();
     forms::EventGate gate;
     forms::QtPrompts prompts(gate, parts);
-    lifecycle::Program program(parts, prompts);
+    app::Program program(parts, prompts);
     forms::SearchWindow window(program.Session(), gate);
     window.show();
     gate.Run(nullptr, [&] { program.Start(""); });

@@ -1,12 +1,12 @@
 // Opens the main window over a large tree and times what a user waits for: the list after a
 // search, a click on a column's head with its grouping, select all, a scroll to the end.
 
+#include "app/program.h"
 #include "forms/event_gate.h"
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
 #include "platform/linux/linux_platform.h"
 #include "results/columns.h"
-#include "session/lifecycle/program.h"
 #include "session/user_input.h"
 
 #include <QApplication>
@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
     const platform::Platform parts = machine.Parts();
     forms::EventGate gate;
     forms::QtPrompts prompts(gate, parts);
-    lifecycle::Program program(parts, prompts);
+    app::Program program(parts, prompts);
     forms::SearchWindow window(program.Session(), gate);
     program.Session().yielder.SetPump([&gate] { gate.Pump(); });
     window.resize(1280, 800);

@@ -216,7 +216,7 @@ int RunAction(Host& host, const platform::Platform& machine, const ActionRequest
     ActionRun action(host, request);
     finding.Prompts().SetDialogFiller([&](Session& session) { action.InWindow(session); });
     ProgramRun run;
-    run.act = [&](lifecycle::Program& program) -> int {
+    run.act = [&](results::Program& program) -> int {
         const int code = finding.Search(program, request.criteria, request.answers);
         return code == kBadRequest ? code : action.AfterSearch(program.Session(), code);
     };

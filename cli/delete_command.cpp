@@ -66,7 +66,7 @@ int RunDelete(Host& host, const platform::Platform& machine, const DeleteRequest
     if (!finding.CheckLocations(request.criteria)) return kBadRequest;
     if (request.confirmed) finding.Prompts().ConfirmActions();
     ProgramRun run;
-    run.act = [&](lifecycle::Program& program) -> int {
+    run.act = [&](results::Program& program) -> int {
         const int code = finding.Search(program, request.criteria, request.answers);
         if (code == kBadRequest) return code;
         AnswerAhead(program.Session(), finding.Prompts(), request);

@@ -20,7 +20,7 @@ bool Finding::CheckLocations(const Criteria& criteria) {
     return true;
 }
 
-int Finding::Search(lifecycle::Program& program, const Criteria& criteria,
+int Finding::Search(results::Program& program, const Criteria& criteria,
                     const std::vector<std::string>& answers) {
     auto& session = program.Session();
     prompts_.BeginRequest();

@@ -23,7 +23,7 @@ class Finding {
     bool CheckLocations(const Criteria& criteria);
     // Fills in the criteria and searches. kDone; kSomeFailed when the search was cut short or
     // passed objects over; kBadRequest when the form refused it.
-    int Search(lifecycle::Program& program, const Criteria& criteria,
+    int Search(results::Program& program, const Criteria& criteria,
                const std::vector<std::string>& answers);
 
   private:

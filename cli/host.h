@@ -9,6 +9,10 @@
 #include <string>
 #include <vector>
 
+namespace tarvix::session {
+class EventTable;
+}
+
 namespace tarvix::cli {
 
 // What the headless front needs of the process that it runs in.
@@ -16,6 +20,8 @@ struct Host {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
+    // Puts the routines of all subsystems into the event table of a program.
+    void (*fillEvents)(session::EventTable& events);
     bool errIsTerminal = false;
     bool colour = false;       // on stderr
     std::string currentFolder; // native

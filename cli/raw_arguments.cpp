@@ -3,7 +3,8 @@
 #include "cli/help_texts.h"
 #include "cli/nearest.h"
 #include "cli/request.h"
-#include "session/lifecycle/program.h"
+#include "results/program.h"
+#include "session/product.h"
 
 #include <CLI/CLI.hpp>
 
@@ -64,8 +65,8 @@ void AddGlobalOptions(CLI::App& app, RawArguments& raw) {
     constexpr const char* kGroup = "Options";
     app.set_help_flag("-h,--help", "Tells what a command does and takes")->group(kGroup);
     app.set_version_flag("--version",
-                         std::string(lifecycle::ProductName()) + " " +
-                             std::string(lifecycle::ProductVersion()),
+                         std::string(session::kProductName) + " " +
+                             std::string(session::ProductVersion()),
                          "Tells the version")
         ->group(kGroup);
     AddText(app, "--data-folder", raw.dataFolder, "DIR",

@@ -52,7 +52,7 @@ int RunScript(Host& host, const platform::Platform& machine, const RunRequest& r
     ScriptRunner runner(std::move(*statements), scripted, host.out);
     runner.QueueLeadingAnswers();
     ProgramRun run;
-    run.act = [&](lifecycle::Program& program) -> int {
+    run.act = [&](results::Program& program) -> int {
         const Watch watch(host, program.Session());
         runner.Run(program);
         return runner.SomeFailed() ? kSomeFailed : kDone;

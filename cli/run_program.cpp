@@ -37,7 +37,7 @@ int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) 
 
 int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
                const ProgramRun& run) {
-    lifecycle::Program program(machine, prompts);
+    results::Program program(machine, prompts, host.fillEvents);
     bool started = false;
     int code = Guarded(host, run, [&] {
         program.Start("");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/host.h"
-#include "session/lifecycle/program.h"
+#include "results/program.h"
 #include "session/prompt_service.h"
 
 #include <functional>
@@ -11,10 +11,10 @@ namespace tarvix::cli {
 
 struct ProgramRun {
     // What is done with the started program; gives the exit code.
-    std::function<int(lifecycle::Program&)> act;
+    std::function<int(results::Program&)> act;
     // What is left to do with its rows once it was unloaded, unless the request was wrong or a
     // prompt had no answer. Takes and gives the exit code.
-    std::function<int(lifecycle::Program&, int)> afterUnload;
+    std::function<int(results::Program&, int)> afterUnload;
     // How a prompt is answered, for the sentence about one that had no answer.
     std::string answerWay = "give --answer";
     // The line of the script at which it went wrong; none outside scripts.

@@ -53,7 +53,7 @@ void ScriptRunner::QueueLeadingAnswers() {
         prompts_.Queue(statements_[next_++].value);
 }
 
-void ScriptRunner::Run(lifecycle::Program& program) {
+void ScriptRunner::Run(results::Program& program) {
     program_ = &program;
     prompts_.SetModalRunner(
         [this](session::Session&, fields::Form& form) { return RunInside(form); });

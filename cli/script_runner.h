@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/script.h"
-#include "session/lifecycle/program.h"
+#include "results/program.h"
 #include "session/scripted_prompts.h"
 #include "session/user_input.h"
 
@@ -28,7 +28,7 @@ class ScriptRunner {
     // Queues the answers that stand before the first other statement; called before the start.
     void QueueLeadingAnswers();
     // Runs the rest. Throws ScriptStopped, and lets pass what the prompts throw.
-    void Run(lifecycle::Program& program);
+    void Run(results::Program& program);
 
     // Whether an action failed on objects or skipped some.
     bool SomeFailed() const { return someFailed_; }
@@ -56,7 +56,7 @@ class ScriptRunner {
     int line_ = 0;
     session::ScriptedPrompts& prompts_;
     std::ostream& out_;
-    lifecycle::Program* program_ = nullptr;
+    results::Program* program_ = nullptr;
     std::vector<fields::Form*> modal_;
     bool someFailed_ = false;
     bool running_ = false; // planned clicks are for this time only

@@ -27,13 +27,13 @@ int RunSearch(Host& host, const platform::Platform& machine, const SearchRequest
     Finding finding(host, machine);
     if (!finding.CheckLocations(request.criteria)) return kBadRequest;
     ProgramRun run;
-    run.act = [&](lifecycle::Program& program) -> int {
+    run.act = [&](results::Program& program) -> int {
         const auto& sort = request.output.sort;
         const int code = finding.Search(program, request.criteria, request.answers);
         if (sort && code != kBadRequest) Sort(program.Session(), *sort);
         return code;
     };
-    run.afterUnload = [&](lifecycle::Program& program, int code) -> int {
+    run.afterUnload = [&](results::Program& program, int code) -> int {
         if (PrintRows(program.Rows(), machine.paths, request.output, host.out)) return code;
         Complain(host, "The results could not be written to the end.");
         return kSomeFailed;

@@ -16,9 +16,6 @@ namespace tarvix::results {
 
 constexpr std::string_view kFolderType = "  File Folder";
 constexpr std::int64_t kNoDate = INT64_MIN;
-// The list's tip without Expert Mode.
-constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
-                                      "of the column head.";
 
 // What all rows of one folder share. `longPath` has no final "\" except a drive's root. For a
 // folder row it is the folder's own path.

@@ -5,9 +5,11 @@
 #include "results/sorting.h"
 #include "search/browse.h"
 #include "search/criteria_boxes.h"
+#include "search/default_folders.h"
 #include "search/locations.h"
 #include "search/search_strings.h"
 #include "search/walk.h"
+#include "session/lifecycle_events.h"
 #include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -346,6 +348,10 @@ void AddSearchEvents(session::EventTable& events) {
             session.forms.Find(form)->Hide();
         });
     }
+    events.On(std::string(lifecycle::kBrowseNormally),
+              [](Session& session, const session::EventArgs&) { ChooseBrowseMode(session, 0); });
+    events.On(std::string(lifecycle::kPaintAttributeBoxes), PaintAttributeBoxes);
+    events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
 }

@@ -1,5 +1,6 @@
 #include "actions/request/start_action.h"
 
+#include "actions/place/recycle.h"
 #include "actions/request/delete_request.h"
 #include "actions/request/destination_controls.h"
 #include "actions/request/dialog_setup.h"
@@ -8,6 +9,7 @@
 #include "actions/request/preview.h"
 #include "actions/run/ask_flow.h"
 #include "results/selection.h"
+#include "session/lifecycle_events.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/format.h"
@@ -156,6 +158,10 @@ void cmdRenameSelected_Click(Session& session) {
 }
 
 void AddActionEvents(session::EventTable& events) {
+    events.On(std::string(lifecycle::kActivateDialog), frmDialog_Activate);
+    events.On(std::string(lifecycle::kRecycleActionLog), [](Session& session, const auto&) {
+        RecycleOne(session, session.state.strActionLogFile);
+    });
     events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
     events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
     events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);

@@ -1,6 +1,6 @@
-#include "actions/place/recycle.h"
 #include "platform/file_system.h"
 #include "session/lifecycle/startup.h"
+#include "session/lifecycle_events.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
@@ -56,7 +56,7 @@ void SaveFiles(Session& session) {
 void CloseLog(Session& session) {
     const bool isKept = session.state.options.blnFileLog || !session.log.IsOpen();
     session.log.Close(session);
-    if (!isKept) (void)actions::RecycleOne(session, session.state.strActionLogFile);
+    if (!isKept) session.events.Raise(session, kRecycleActionLog);
 }
 
 } // namespace

@@ -1,16 +1,10 @@
 #include "session/lifecycle/startup.h"
 
-#include "actions/request/dialog_setup.h"
 #include "platform/registry.h"
-#include "results/result_list.h"
-#include "results/selection.h"
-#include "search/browse.h"
-#include "search/criteria_boxes.h"
-#include "search/default_folders.h"
-#include "search/request.h"
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
-#include "session/lifecycle/program.h"
+#include "session/lifecycle_events.h"
+#include "session/product.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
@@ -25,6 +19,13 @@ namespace {
 
 using session::Session;
 
+void Raise(Session& session, std::string_view event) {
+    session.events.Raise(session, event);
+}
+
+// The list's tip without Expert Mode.
+constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
+                                      "of the column head.";
 constexpr std::string_view kTooSmall =
     " Tarvix is ending as it is to large for this screen size.\r\n\r\n"
     "800x549 is minimun size required.\r\n\r\n"
@@ -58,14 +59,14 @@ void ReadOptions(Session& session) {
 
 void SetVisibleDefaults(Session& session) {
     auto& form = session.frmSearch;
-    form.Caption = "Search Form - " + std::string(ProductName()) + " v" +
-                   std::string(ProductVersion()) + " - Copyright " +
+    form.Caption = "Search Form - " + std::string(session::kProductName) + " v" +
+                   std::string(session::ProductVersion()) + " - Copyright " +
                    std::to_string(session.Now().year) + " The Tarvix developers";
-    form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(results::kListTip);
-    search::ChooseBrowseMode(session, 0);
+    form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(kListTip);
+    Raise(session, kBrowseNormally);
     form.lblCurrentFolder.ForeColor = fields::kBlue;
     form.lblSearchFor.ForeColor = fields::kRed;
-    search::PaintAttributeBoxes(session);
+    Raise(session, kPaintAttributeBoxes);
 }
 
 void FillCriteria(Session& session) {
@@ -103,14 +104,14 @@ void PreloadDialog(Session& session) {
     session::OpenDestHistoryFile2(session);
     if (session.state.blnEnded) return;
     session.state.blnPreloadDialog = true;
-    actions::frmDialog_Activate(session);
+    Raise(session, kActivateDialog);
     session.state.blnPreloadDialog = false;
 }
 
 void RepeatSearch(Session& session) {
     session.frmSearch.lblStatus.Caption = "Repeat Searching";
     session.Repaint();
-    search::cmdSearch_Click(session);
+    Raise(session, kSearch);
 }
 
 void RedoAfterAction(Session& session) {
@@ -120,7 +121,7 @@ void RedoAfterAction(Session& session) {
         if (repeats) {
             RepeatSearch(session);
         } else {
-            results::ClearList(session);
+            Raise(session, kClearList);
         }
     } else if (state.blnRedoNow && repeats && state.blnRepeatRequested) {
         state.blnRepeatRequested = false;
@@ -145,11 +146,11 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     CommandLineOptions(session, argument);
     FillCriteria(session);
     ReadRegistryFlags(session);
-    results::ClearList(session);
+    Raise(session, kClearList);
     session.frmSearch.mnuTools_CreateMPLfromCombo.Enabled = true;
     session.frmSearch.lblStatus.Caption = "";
     if (!ReadHistories(session)) return;
-    search::BuildDefaultFolderList(session);
+    Raise(session, kListDefaultFolders);
     PreloadDialog(session);
     if (session.state.blnEnded) return;
     session.frmSearch.Show();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/lifecycle/program.h"
+#include "app/program.h"
 #include "session/prompt_service.h"
 #include "tests/machine/memory_platform.h"
 
@@ -84,7 +84,7 @@ class RandomWorld {
     // Searches and one action after the other.
     void Live(int actions);
 
-    lifecycle::Program& program() { return program_; }
+    app::Program& program() { return program_; }
     session::Session& S() { return program_.Session(); }
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     // Contents that are in no file of any drive nor in the trash any more.
@@ -107,7 +107,7 @@ class RandomWorld {
     void MakeTrouble();
     void ShowDialog(fields::CommandButton& button, const std::function<void()>& fill);
 
-    lifecycle::Program program_{machine.platform, user};
+    app::Program program_{machine.platform, user};
     std::set<std::string> first_;
 };
 

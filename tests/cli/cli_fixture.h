@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/program.h"
 #include "cli/host.h"
 #include "tests/machine/memory_platform.h"
 
@@ -31,6 +32,7 @@ class CliFixture : public ::testing::Test {
         Host host{.in = in,
                   .out = out,
                   .err = err,
+                  .fillEvents = app::FillEvents,
                   .errIsTerminal = isTerminal,
                   .currentFolder = "/home/ann"};
         host.interrupted = [this] { return interrupted; };

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/program.h"
 #include "forms/event_gate.h"
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
-#include "session/lifecycle/program.h"
 #include "tests/machine/memory_platform.h"
 
 #include <QTest>
@@ -55,7 +55,7 @@ class WindowFixture : public ::testing::Test {
     platform::MemoryPlatform machine;
     EventGate gate;
     QtPrompts prompts{gate, machine.platform};
-    lifecycle::Program program{machine.platform, prompts};
+    app::Program program{machine.platform, prompts};
     std::unique_ptr<SearchWindow> window;
 
   private:

@@ -103,7 +103,7 @@ TEST_F(RowCells, TheExtensionIsLowerCaseIfItHasFewerThanSixCharacters) {
          {std::pair{"A.MP3", "mp3"}, std::pair{"noextension", ""}, std::pair{"x.12345", "12345"},
           std::pair{"x.123456", ""}, std::pair{"two.tar.GZ", "gz"}, std::pair{"dot.", ""},
           std::pair{".profile", ""}, std::pair{".git", "git"}}) {
-        lifecycle::Program other(machine.platform, prompts);
+        app::Program other(machine.platform, prompts);
         Disk().AddFile("C:\\one\\" + std::string(name));
         other.Start("");
         auto& form = other.Session().frmSearch;

@@ -1,6 +1,7 @@
 #include "search/default_folders.h"
 #include "search/locations.h"
 #include "search/net_hood.h"
+#include "session/product.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +34,7 @@ class DefaultFolders : public ProgramFixture {
     }
     void GivenOptions(const std::string& lines) {
         Disk().AddFile(kFolder + "TXOptionFile.txt",
-                       "x\r\n" + std::string(lifecycle::ProductVersion()) + "\r\n" + lines);
+                       "x\r\n" + std::string(session::ProductVersion()) + "\r\n" + lines);
     }
 };
 
@@ -151,7 +152,7 @@ TEST_F(DefaultFolders, ARowOfSeveralFoldersGetsItsListTheFirstTimeOnly) {
     EXPECT_TRUE(HasEntry(LogText(), " Tarvix selected to Create MPL From Default Search list:  All "
                                     "hard drives .mpl"));
     Disk().AddFile(file, "mine");
-    lifecycle::Program(machine.platform, prompts).Start("");
+    app::Program(machine.platform, prompts).Start("");
     EXPECT_EQ(Disk().Content(file), "mine");
 }
 

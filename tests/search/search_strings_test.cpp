@@ -120,7 +120,7 @@ TEST_F(SearchStrings, TwoExtensionsDoNotAsk) {
 TEST_F(SearchStrings, ABatchIsNotAsked) {
     for (const char* action :
          {"Automated Playlist Gen", "Automated Move", "Automated Playlist Gen Full"}) {
-        lifecycle::Program batch(machine.platform, prompts);
+        app::Program batch(machine.platform, prompts);
         batch.Start("");
         batch.Session().state.strAction = action;
         search::ParseSearchFor(batch.Session(), "red|blue");

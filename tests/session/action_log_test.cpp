@@ -86,7 +86,7 @@ TEST_F(ActionLogFile, WithLoggingOnItStays) {
 }
 
 TEST_F(ActionLogFile, ASecondSessionWithinOneSecondTakesTheNextOnesName) {
-    lifecycle::Program second(machine.platform, prompts);
+    app::Program second(machine.platform, prompts);
     Start();
     second.Start("");
     EXPECT_EQ(second.Session().state.strActionLogFile,
@@ -98,7 +98,7 @@ TEST_F(ActionLogFile, ASecondSessionWithinOneSecondTakesTheNextOnesName) {
 }
 
 TEST_F(ActionLogFile, ASecondLaterItHasAnotherName) {
-    lifecycle::Program second(machine.platform, prompts);
+    app::Program second(machine.platform, prompts);
     Start();
     machine.clock.Advance(1);
     second.Start("");

@@ -55,7 +55,7 @@ TEST_F(FirstRun, MakesTheHistoryFileSoThatTheNextRunIsNone) {
     Start();
     EXPECT_EQ(Disk().Content(kHistory), "");
     const std::size_t told = prompts.Records().size();
-    lifecycle::Program second(machine.platform, prompts);
+    app::Program second(machine.platform, prompts);
     second.Start("");
     EXPECT_EQ(prompts.Records().size(), told);
 }

@@ -1,3 +1,4 @@
+#include "session/product.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/history_rows.h"
 #include "tests/support/program_fixture.h"
@@ -121,7 +122,7 @@ TEST_F(Histories, ADuplicateIsDroppedWithItsStampSoThatTheFirstOneWins) {
 
 TEST_F(Histories, AnEntryEqualToADefaultFolderIsDropped) {
     Disk().AddFile(kFolder + "TXOptionFile.txt",
-                   "Tarvix Settings - Version\r\n" + std::string(lifecycle::ProductVersion()) +
+                   "Tarvix Settings - Version\r\n" + std::string(session::ProductVersion()) +
                        "\r\nstrDefSearchFolder(2) = |C:\\a||C:\\b[ Both \r\n*EOF");
     Disk().AddFile(kFolderFile, Pair("c:\\A|C:\\b", Minute(1)) + Pair(" both ", Minute(2)) +
                                     Pair("C:\\a", Minute(3)) + "*EOF");
@@ -307,7 +308,7 @@ TEST_F(Histories, ARefusedSearchAddsNothing) {
 TEST_F(Histories, TwoCopiesClosingOneAfterTheOtherLoseNoEntry) {
     Disk().AddFile(kFolderFile, Pair("C:\\old", Minute(1)) + "*EOF");
     Start();
-    lifecycle::Program other(machine.platform, prompts);
+    app::Program other(machine.platform, prompts);
     other.Start("");
     UseFolder("C:\\mine");
     UseSearch("mine*");

@@ -1,3 +1,4 @@
+#include "session/product.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +26,7 @@ class Lifecycle : public ProgramFixture {
         return 0;
     }
     static std::string Options() {
-        return "x\r\n" + std::string(lifecycle::ProductVersion()) + "\r\n*EOF";
+        return "x\r\n" + std::string(session::ProductVersion()) + "\r\n*EOF";
     }
 };
 
@@ -76,7 +77,7 @@ TEST_F(Lifecycle, NothingIsLeftBesideTheFiles) {
 TEST_F(Lifecycle, AFullDiskIsToldOnceAndEveryFileStands) {
     Start();
     program.Stop();
-    lifecycle::Program next(machine.platform, prompts);
+    app::Program next(machine.platform, prompts);
     next.Start("");
     next.Session().state.options.blnSort = true;
     const std::string before = *Disk().Content(kFolder + "TXOptionFile.txt");

@@ -24,7 +24,7 @@ TEST_F(OptionMenu, SetsTheSubfoldersForThisRunAndTheNext) {
     EXPECT_EQ(Form().chkIncludeSubFolders.Value, 1);
     program.Stop();
     session::ScriptedPrompts quiet;
-    lifecycle::Program next(machine.platform, quiet);
+    app::Program next(machine.platform, quiet);
     next.Start("");
     EXPECT_EQ(next.Session().frmSearch.chkIncludeSubFolders.Value, 1);
     EXPECT_TRUE(next.Session().frmSearch.chkIncludeSubFolders.Enabled);

@@ -1,4 +1,5 @@
 #include "results/columns.h"
+#include "session/product.h"
 #include "session/remembered/options_file.h"
 #include "session/settings/option_values.h"
 #include "tests/support/program_fixture.h"
@@ -19,7 +20,7 @@ class OptionsFile : public ProgramFixture {
   protected:
     // A file of the running version with these lines, ended as a saved one is.
     void Given(const std::string& lines) {
-        Disk().AddFile(kFile, Head(std::string(lifecycle::ProductVersion())) + lines + "*EOF");
+        Disk().AddFile(kFile, Head(std::string(session::ProductVersion())) + lines + "*EOF");
     }
     static std::string Head(const std::string& version) {
         return "Tarvix Settings - Version\r\n" + version +
@@ -106,7 +107,7 @@ TEST_F(OptionsFile, IsWrittenByteForByte) {
     options.blnListItems[results::kOs] = false;
     options.sngDefWebSeconds = 2.5F;
     options.envVariables[0].blnEnvVarInclude = true;
-    const std::string expected = Head(std::string(lifecycle::ProductVersion())) +
+    const std::string expected = Head(std::string(session::ProductVersion())) +
                                  "blnAllowAll = False\r\n"
                                  "blnAllowUserSelectSubfolders = False\r\n"
                                  "blnDefaultToIncludeSubfolders = False\r\n"
@@ -208,7 +209,7 @@ TEST_F(OptionsFile, WhatIsSavedIsReadAgain) {
     options.strDefWebSize = "X - Maximimed";
     const session::Options before = options;
     program.Stop();
-    lifecycle::Program next(machine.platform, prompts);
+    app::Program next(machine.platform, prompts);
     next.Start("");
     const session::Options& after = next.Session().state.options;
     for (const auto& key : session::kOptionKeys) {
@@ -393,7 +394,7 @@ TEST_F(OptionsFile, AFileOfOneLineHasNoSecondLine) {
 }
 
 TEST_F(OptionsFile, AFileWithoutItsEndMarkIsReadToItsEnd) {
-    Disk().AddFile(kFile, Head(std::string(lifecycle::ProductVersion())) + "blnSort = True\r\n");
+    Disk().AddFile(kFile, Head(std::string(session::ProductVersion())) + "blnSort = True\r\n");
     Start();
     EXPECT_TRUE(State().options.blnSort);
     EXPECT_TRUE(prompts.Records().empty());
@@ -420,7 +421,7 @@ TEST_F(OptionsFile, AnotherVersionIsCopiedUnderItsOwnNumberWithTheMessage) {
                                     "C:\\home\\ann\\tarvix\\TXOptionFile_6.3.11.txt was created."));
     EXPECT_EQ(Disk().Content("C:\\home\\ann\\tarvix\\TXOptionFile_6.3.11.txt"), old);
     EXPECT_TRUE(State().options.blnSort) << "the old file is read all the same";
-    EXPECT_THAT(Saved(), HasSubstr("\r\n" + std::string(lifecycle::ProductVersion()) + "\r\n"));
+    EXPECT_THAT(Saved(), HasSubstr("\r\n" + std::string(session::ProductVersion()) + "\r\n"));
 }
 
 TEST_F(OptionsFile, ACopyOfThatVersionIsOverwritten) {

@@ -67,7 +67,7 @@ TEST_F(MainWindow, AScreenOfExactlyTheLeastSizePasses) {
 
 TEST_F(MainWindow, AMaximisedWindowOneTwipTooSmallEndsTheProgramWithTheMessage) {
     for (const auto& [width, height] : {std::pair{11999, 7450}, std::pair{12000, 7449}}) {
-        lifecycle::Program other(machine.platform, prompts);
+        app::Program other(machine.platform, prompts);
         other.Start("");
         auto& form = other.Session().frmSearch;
         form.Width = width;

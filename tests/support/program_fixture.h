@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/lifecycle/program.h"
+#include "app/program.h"
 #include "session/scripted_prompts.h"
 #include "tests/machine/memory_platform.h"
 
@@ -51,7 +51,7 @@ class ProgramFixture : public ::testing::Test {
 
     platform::MemoryPlatform machine;
     session::ScriptedPrompts prompts;
-    lifecycle::Program program{machine.platform, prompts};
+    app::Program program{machine.platform, prompts};
 };
 
 } // namespace tarvix::testing

@@ -7,16 +7,18 @@
 
 #include <string_view>
 
-namespace tarvix::lifecycle {
+namespace tarvix::results {
 
-// The whole program without a front: the session with its list, and the event table filled. A front
-// makes one, starts it, raises events, and stops it.
+// The whole program without a front: a session with its list. A front makes one, starts it, raises
+// events, and stops it.
 class Program {
   public:
-    Program(const platform::Platform& machine, session::PromptService& prompts);
+    // `fillEvents` puts the routines of all subsystems into the event table.
+    Program(const platform::Platform& machine, session::PromptService& prompts,
+            void (*fillEvents)(session::EventTable& events));
 
     session::Session& Session() { return session_; }
-    results::ResultList& Rows() { return rows_; }
+    ResultList& Rows() { return rows_; }
     results::Selection& Selection() { return selection_; }
 
     // The load of the main window. `argument` is the one argument of the process: a folder, a file
@@ -26,14 +28,13 @@ class Program {
     void Stop();
 
   private:
-    results::ResultList rows_;
+    ResultList rows_;
     results::Selection selection_;
     session::Session session_;
-    results::RowDetails details_{session_};
+    RowDetails details_{session_};
 };
 
-// Name and version as people see them: "Tarvix", "0.1.0".
-std::string_view ProductName();
-std::string_view ProductVersion();
+// The events of the list: selecting, sorting, clearing.
+void AddListEvents(session::EventTable& events);
 
-} // namespace tarvix::lifecycle
+} // namespace tarvix::results

@@ -1,0 +1,24 @@
+#include "app/program.h"
+
+#include "actions/request/start_action.h"
+#include "search/request.h"
+#include "session/lifecycle/help.h"
+#include "session/lifecycle/startup.h"
+#include "session/option_menu.h"
+#include "session/paths/ask_long_path.h"
+#include "session/text_viewer.h"
+
+namespace tarvix::app {
+
+void FillEvents(session::EventTable& events) {
+    lifecycle::AddLifecycleEvents(events);
+    lifecycle::AddHelpEvents(events);
+    session::AddAskLongPathEvents(events);
+    session::AddOptionMenuEvents(events);
+    session::AddLogViewEvents(events);
+    results::AddListEvents(events);
+    search::AddSearchEvents(events);
+    actions::AddActionEvents(events);
+}
+
+} // namespace tarvix::app

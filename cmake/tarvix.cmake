@@ -40,7 +40,6 @@ function(tarvix_library NAME)
     set(TARGET tarvix_${NAME})
     add_library(${TARGET} STATIC ${SOURCES} ${ARG_FILES})
     target_link_libraries(${TARGET} PUBLIC tarvix_flags ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE})
-    target_compile_definitions(${TARGET} PRIVATE TARVIX_VERSION="${PROJECT_VERSION}")
 endfunction()
 
 # tarvix_program(NAME SOURCE DEPENDS lib...)

@@ -6,6 +6,7 @@
 #include "platform/names.h"
 #include "session/attempt.h"
 #include "session/paths/env_variables.h"
+#include "session/product.h"
 #include "session/remembered/replace_file.h"
 #include "session/session.h"
 #include "session/settings/option_values.h"
@@ -23,7 +24,6 @@ namespace {
 using platform::TextStream;
 
 constexpr std::string_view kRoutine = "OpenOptionFile";
-constexpr std::string_view kVersion = TARVIX_VERSION;
 constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kHeading = "Tarvix Settings - Version";
 constexpr std::string_view kWarning =
@@ -112,7 +112,7 @@ class Reading {
             version = std::move(*read);
         }
         stream_.reset();
-        if (version != kVersion && !CopyVersion(version)) return false;
+        if (version != ProductVersion() && !CopyVersion(version)) return false;
         return Open();
     }
 
@@ -225,7 +225,7 @@ std::string OptionFileText(const Session& session) {
     const Options& options = session.state.options;
     std::string text;
     const auto add = [&text](std::string_view line) { text.append(line).append("\r\n"); };
-    for (const std::string_view line : {kHeading, kVersion, kWarning}) {
+    for (const std::string_view line : {kHeading, ProductVersion(), kWarning}) {
         add(line);
     }
     for (const OptionKey& key : kOptionKeys) {

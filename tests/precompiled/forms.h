@@ -1,0 +1,6 @@
+#pragma once
+
+#include "tests/forms/window_fixture.h"
+
+#include <QtTest>
+#include <QtWidgets>

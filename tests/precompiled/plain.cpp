@@ -1,0 +1,1 @@
+// The library whose precompiled header the tests without a program take.

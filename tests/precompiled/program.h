@@ -1,0 +1,5 @@
+#pragma once
+
+#include "tests/support/program_fixture.h"
+
+#include <gmock/gmock.h>

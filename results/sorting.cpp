@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdlib>
 #include <cstring>
 #include <numeric>
 #include <string>
@@ -203,10 +202,6 @@ bool NumberKeys(const ResultList& rows, Column column, std::vector<SortItem>& it
     return true;
 }
 
-void ShowGroups(Session& session, std::int64_t groups) {
-    session.frmSearch.lblGroups.Caption = std::to_string(groups);
-}
-
 std::int64_t CountOf(const ResultList& rows) {
     return static_cast<std::int64_t>(rows.Count());
 }
@@ -226,10 +221,9 @@ template <class Sort>
 void RunSort(Session& session, std::string_view logText, Column groupColumn, Sort sort) {
     auto& form = session.frmSearch;
     const std::int64_t rows = CountOf(*session.rows);
-    const std::int64_t groups = std::atoll(form.lblGroups.Caption->c_str());
     form.lblStatus.Caption = "Sorting";
     session.Repaint();
-    if (form.chkFastSort.Value != 1 && rows - groups >= kProgressFromRows) {
+    if (form.chkFastSort.Value != 1 && rows - session.state.lngGroups >= kProgressFromRows) {
         ShowProgress(session, "Show");
         StepProgress(session, "Removing Spacers...", 0, rows);
     }
@@ -246,6 +240,11 @@ void RunSort(Session& session, std::string_view logText, Column groupColumn, Sor
 }
 
 } // namespace
+
+void ShowGroups(Session& session, std::int64_t groups) {
+    session.state.lngGroups = groups;
+    session.frmSearch.lblGroups.Caption = std::to_string(groups);
+}
 
 void SortRows(ResultList& rows, Column key, SortDirection direction, Ties ties) {
     std::vector<SortItem> items;

@@ -27,6 +27,9 @@ void RemoveSpacers(ResultList& rows);
 // number of groups, 1 for an empty list.
 std::int64_t GrouplstMain(ResultList& rows, Column column);
 
+// Sets how many groups the list has, in the state and in its counter.
+void ShowGroups(session::Session& session, std::int64_t groups);
+
 // What the end of a search does with its rows: sorted by the list's column, and grouped unless
 // `chkFastSort` is set.
 void ArrangeFoundRows(session::Session& session);

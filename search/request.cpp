@@ -224,7 +224,7 @@ void CommonEnd(Session& session) {
           &form.lblTotalSize, &form.lblGroups}) {
         label->ForeColor = fields::kBlue;
     }
-    form.lblGroups.Caption = "1";
+    results::ShowGroups(session, 1);
 }
 
 // Runs what a repeat or a batch wants next; true when that has taken over.

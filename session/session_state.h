@@ -132,6 +132,7 @@ struct SessionState {
     std::int64_t lngSeenFolders = 0;
     std::int64_t lngFilesFound = 0;
     std::int64_t lngFoldersFound = 0;
+    std::int64_t lngGroups = 1; // of the list; rows stand in no groups when there is one
 
     // Errors and long paths.
     std::int32_t lngErrNumber = 0;

@@ -1,61 +1,105 @@
 #include "fields/controls.h"
 
 #include "text/case.h"
+#include "text/dates.h"
+#include "text/format.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 
 namespace tarvix::fields {
 
-void NoteChange(Control& control) {
-    if (control.changed_) return;
-    control.changed_ = true;
-    control.form_.changed_.push_back(&control);
+namespace {
+
+constexpr std::string_view kChange = "Change";
+constexpr std::string_view kClick = "Click";
+
+// A form copies only controls of its own class, so both are of one kind.
+template <class T>
+const T& As(const T& /*own*/, const Control& other) {
+    return static_cast<const T&>(other);
 }
 
-Control::Control(Form& form, std::string name, ControlKind kind, int index)
-    : form_(form), name_(std::move(name)), kind_(kind), index_(index) {
-    if (index >= 0) name_ += "(" + std::to_string(index) + ")";
-    form.controls_.push_back(this);
-}
+} // namespace
 
-std::string_view Control::ArrayName() const {
-    return std::string_view(name_).substr(0, index_ < 0 ? name_.size() : name_.find('('));
-}
-
-Control* Form::Find(std::string_view name) const {
-    const auto found = std::ranges::find_if(controls_, [name](const Control* control) {
-        return text::EqualNoCase(control->Name(), name);
-    });
-    return found == controls_.end() ? nullptr : *found;
-}
-
-std::vector<Control*> Form::TakeChanged() {
-    for (Control* control : changed_) {
-        control->changed_ = false;
-    }
-    return std::exchange(changed_, {});
-}
+CaptionedControl::CaptionedControl(Form& form, std::string name, ControlKind kind,
+                                   std::string caption, int index)
+    : Control(form, std::move(name), kind, index), Caption(*this, std::move(caption)) {}
 
 Label::Label(Form& form, std::string name, std::string caption)
-    : Control(form, std::move(name), ControlKind::kLabel), Caption(*this, std::move(caption)) {}
+    : CaptionedControl(form, std::move(name), ControlKind::kLabel, std::move(caption)) {}
+
+void Label::CopyValue(const Control& other) {
+    Caption = As(*this, other).Caption;
+}
 
 TextBox::TextBox(Form& form, std::string name, std::string text)
     : Control(form, std::move(name), ControlKind::kTextBox), Text(*this, std::move(text)),
       BackColor(*this, 0xFFFFFF) {}
 
-CheckBox::CheckBox(Form& form, std::string name, std::string caption, int value, bool triState)
-    : Control(form, std::move(name), ControlKind::kCheckBox), Value(*this, value),
-      Caption(*this, std::move(caption)), triState_(triState) {}
+EnterResult TextBox::Enter(std::string_view text) {
+    Text = std::string(text);
+    return Entered{kChange, Index()};
+}
 
-OptionButton::OptionButton(Form& form, std::string name, int index, std::string caption, bool value)
-    : Control(form, std::move(name), ControlKind::kOptionButton, index), Value(*this, value),
-      Caption(*this, std::move(caption)) {}
+void TextBox::CopyValue(const Control& other) {
+    Text = As(*this, other).Text;
+}
+
+CheckBox::CheckBox(Form& form, std::string name, std::string caption, int value, bool triState)
+    : CaptionedControl(form, std::move(name), ControlKind::kCheckBox, std::move(caption)),
+      Value(*this, value), triState_(triState) {}
+
+EnterResult CheckBox::Enter(std::string_view text) {
+    const char highest = triState_ ? '2' : '1';
+    if (text.size() != 1 || text[0] < '0' || text[0] > highest) {
+        return std::unexpected(triState_ ? "takes 0, 1 or 2." : "takes 0 or 1.");
+    }
+    const int wanted = text[0] - '0';
+    if (Value == wanted) return Entered{};
+    Value = wanted;
+    return Entered{triState_ ? kChange : kClick, Index()};
+}
+
+bool CheckBox::Press() {
+    if (!triState_) Value = Value == 0 ? 1 : 0;
+    return false;
+}
+
+void CheckBox::CopyValue(const Control& other) {
+    Value = As(*this, other).Value;
+}
+
+OptionButton::OptionButton(Form& form, OptionGroup& group, std::string name, int index,
+                           std::string caption, bool value)
+    : CaptionedControl(form, std::move(name), ControlKind::kOptionButton, std::move(caption),
+                       index),
+      Value(*this, value), group_(group) {}
+
+EnterResult OptionButton::Enter(std::string_view text) {
+    if (text != "1" && !text::EqualNoCase(text, "True")) {
+        return std::unexpected("is one of several choices: it can only be set to 1.");
+    }
+    if (Press()) return Entered{};
+    return Entered{kClick, Index()};
+}
+
+bool OptionButton::Press() {
+    const bool isRepeat = Value;
+    group_.Choose(Index());
+    return isRepeat;
+}
+
+void OptionButton::CopyValue(const Control& other) {
+    Value = As(*this, other).Value;
+}
 
 OptionGroup::OptionGroup(Form& form, const std::string& name,
                          const std::vector<std::string>& captions, int chosen) {
     for (int i = 0; i < static_cast<int>(captions.size()); ++i) {
         buttons_.push_back(std::make_unique<OptionButton>(
-            form, name, i, captions[static_cast<std::size_t>(i)], i == chosen));
+            form, *this, name, i, captions[static_cast<std::size_t>(i)], i == chosen));
     }
 }
 
@@ -80,6 +124,27 @@ void OptionGroup::SetEnabled(bool enabled) {
 
 ComboBox::ComboBox(Form& form, std::string name, bool editable)
     : Control(form, std::move(name), ControlKind::kComboBox), Text(*this, ""), editable_(editable) {
+}
+
+EnterResult ComboBox::Enter(std::string_view text) {
+    if (editable_) {
+        Text = std::string(text);
+        return Entered{kChange, Index()};
+    }
+    const auto known = std::ranges::find_if(
+        items_, [text](const ComboItem& item) { return text::EqualNoCase(item.text, text); });
+    if (known == items_.end()) {
+        return std::unexpected(fmt::format("has no entry \"{}\".", text));
+    }
+    Text = known->text;
+    return Entered{kChange, Index()};
+}
+
+void ComboBox::CopyValue(const Control& other) {
+    const ComboBox& from = As(*this, other);
+    items_ = from.items_;
+    NoteChange(*this);
+    Text = from.Text;
 }
 
 void ComboBox::AddItem(std::string text, int data) {
@@ -108,22 +173,32 @@ int ComboBox::ChosenData() const {
 }
 
 CommandButton::CommandButton(Form& form, std::string name, std::string caption, bool visible)
-    : Control(form, std::move(name), ControlKind::kCommandButton),
-      Caption(*this, std::move(caption)) {
+    : CaptionedControl(form, std::move(name), ControlKind::kCommandButton, std::move(caption)) {
     Visible = visible;
 }
 
 MenuEntry::MenuEntry(Form& form, std::string name, std::string caption, int index)
-    : Control(form, std::move(name), ControlKind::kMenuEntry, index),
-      Caption(*this, std::move(caption)), Checked(*this, false) {}
+    : CaptionedControl(form, std::move(name), ControlKind::kMenuEntry, std::move(caption), index),
+      Checked(*this, false) {}
 
 Frame::Frame(Form& form, std::string name, std::string caption, bool visible)
-    : Control(form, std::move(name), ControlKind::kFrame), Caption(*this, std::move(caption)) {
+    : CaptionedControl(form, std::move(name), ControlKind::kFrame, std::move(caption)) {
     Visible = visible;
 }
 
 DatePicker::DatePicker(Form& form, std::string name, bool isTime)
     : Control(form, std::move(name), ControlKind::kDatePicker), Text(*this, ""), isTime_(isTime) {}
+
+EnterResult DatePicker::Enter(std::string_view text) {
+    const auto date = text::ParseDate(text);
+    if (!date) return std::unexpected(fmt::format("takes a date or time, not \"{}\".", text));
+    Text = text::FormatDate(*date, isTime_ ? "hh:mm:ss" : "yyyy/mm/dd");
+    return Entered{kChange, Index()};
+}
+
+void DatePicker::CopyValue(const Control& other) {
+    Text = As(*this, other).Text;
+}
 
 ProgressBar::ProgressBar(Form& form, std::string name)
     : Control(form, std::move(name), ControlKind::kProgressBar), Value(*this, 0), Max(*this, 0) {}
@@ -131,46 +206,5 @@ ProgressBar::ProgressBar(Form& form, std::string name)
 ListView::ListView(Form& form, std::string name)
     : Control(form, std::move(name), ControlKind::kListView), Sorted(*this, true),
       SortKey(*this, 0), SortOrder(*this, SortDirection::kAscending), Tip(*this, "") {}
-
-ListBox::ListBox(Form& form, std::string name, bool multiple)
-    : Control(form, std::move(name), ControlKind::kListBox), Header(*this, ""),
-      multiple_(multiple) {}
-
-std::string ListBox::ValueText() const {
-    std::string result;
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-        if (selected_[i]) result.append(items_[i]).append("\r\n");
-    }
-    return result;
-}
-
-void ListBox::SetItems(std::vector<std::string> items) {
-    std::vector<bool> selected(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        const auto old = std::ranges::find(items_, items[i]);
-        selected[i] =
-            old != items_.end() && selected_[static_cast<std::size_t>(old - items_.begin())];
-    }
-    items_ = std::move(items);
-    selected_ = std::move(selected);
-    NoteChange(*this);
-}
-
-void ListBox::AddItem(std::string item) {
-    items_.push_back(std::move(item));
-    selected_.push_back(false);
-    NoteChange(*this);
-}
-
-void ListBox::Select(std::size_t position, bool selected) {
-    if (!multiple_) selected_.assign(items_.size(), false);
-    selected_[position] = selected;
-    NoteChange(*this);
-}
-
-void ListBox::SelectNone() {
-    selected_.assign(items_.size(), false);
-    NoteChange(*this);
-}
 
 } // namespace tarvix::fields

@@ -32,6 +32,10 @@ class Form {
     const std::vector<Control*>& Controls() const { return controls_; }
     // By name, array entries as "optTo(1)"; without regard to case. Null when there is none.
     Control* Find(std::string_view name) const;
+    // The buttons that close the form: its Cancel first, then its OK. Empty when it has neither.
+    std::vector<Control*> WaysOut() const;
+    // Takes over what the control of the same name holds in `other`, a form of the same class.
+    void CopyFrom(const Form& other);
 
     // Shown until Hide; a modal prompt returns to its caller then.
     bool IsShown() const { return shown_; }
@@ -40,7 +44,6 @@ class Form {
 
     // The controls that changed since the last call, each once.
     std::vector<Control*> TakeChanged();
-    bool HasChanged() const { return !changed_.empty(); }
 
     std::string Caption;
     int Width = 0; // twips, 15 of them a pixel

@@ -86,25 +86,6 @@ void MarkAsForm(QWidget& panel) {
     panel.setProperty(kFormMark, true);
 }
 
-std::string CaptionOf(const fields::Control& control) {
-    switch (control.Kind()) {
-    case ControlKind::kLabel:
-        return static_cast<const fields::Label&>(control).Caption;
-    case ControlKind::kCheckBox:
-        return static_cast<const fields::CheckBox&>(control).Caption;
-    case ControlKind::kOptionButton:
-        return static_cast<const fields::OptionButton&>(control).Caption;
-    case ControlKind::kCommandButton:
-        return static_cast<const fields::CommandButton&>(control).Caption;
-    case ControlKind::kMenuEntry:
-        return static_cast<const fields::MenuEntry&>(control).Caption;
-    case ControlKind::kFrame:
-        return static_cast<const fields::Frame&>(control).Caption;
-    default:
-        return {};
-    }
-}
-
 Binder::Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root)
     : session_(session), gate_(gate), form_(form), root_(root) {
     Bind();
@@ -147,7 +128,7 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
         shower = BindPicker(static_cast<fields::DatePicker&>(control), *picker);
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
         shower = [&control, label] {
-            const QString text = Shown(CaptionOf(control));
+            const QString text = Shown(control.CaptionText());
             label->setText(IsCounter(*label) ? WithThousands(WithoutLeadingZeros(text)) : text);
         };
     } else if (auto* bar = qobject_cast<QProgressBar*>(widget)) {
@@ -167,7 +148,7 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
 Binder::Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, [this, &control] { Click(control); });
     return [&control, &button] {
-        button.setText(ToQt(CaptionOf(control)));
+        button.setText(ToQt(control.CaptionText()));
         ShowMark(control, button);
     };
 }
@@ -236,7 +217,7 @@ Binder::Shower Binder::BindPicker(fields::DatePicker& field, QDateTimeEdit& pick
 Binder::Shower Binder::BindAction(fields::Control& control, QAction& action) {
     connect(&action, &QAction::triggered, this, [this, &control] { Click(control); });
     return [this, &control, &action] {
-        action.setText(ToQt(CaptionOf(control)));
+        action.setText(ToQt(control.CaptionText()));
         action.setVisible(control.Visible && HasRoutine(control));
         action.setEnabled(control.Enabled);
         if (control.Kind() != ControlKind::kMenuEntry) return;

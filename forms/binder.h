@@ -81,7 +81,4 @@ class Binder : public QObject {
 // Says that the widgets below the panel belong to a form of their own.
 void MarkAsForm(QWidget& panel);
 
-// The caption of any control that has one; empty for others.
-std::string CaptionOf(const fields::Control& control);
-
 } // namespace tarvix::forms

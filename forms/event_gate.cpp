@@ -1,18 +1,12 @@
 #include "forms/event_gate.h"
 
-#include "fields/control.h"
+#include "session/user_input.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
 
 namespace tarvix::forms {
-
-namespace {
-bool MayInterrupt(const fields::Control* control) {
-    return control != nullptr && (control->Name() == "cmdStop" || control->Name() == "cmdNext");
-}
-} // namespace
 
 void EventGate::Add(View& view) {
     views_.push_back(&view);
@@ -23,7 +17,8 @@ void EventGate::Remove(View& view) {
 }
 
 bool EventGate::Run(const fields::Control* control, const std::function<void()>& act) {
-    if (IsBusy() && !MayInterrupt(control)) return false;
+    const bool mayInterrupt = control != nullptr && session::MayInterrupt(*control);
+    if (IsBusy() && !mayInterrupt) return false;
     ++running_.back();
     act();
     --running_.back();

@@ -116,7 +116,7 @@ void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name)
 void MainMenu::ClearMnemonics(const Binder& binder) {
     std::set<QChar> taken;
     for (const fields::Control* control : form_.Controls()) {
-        if (HasMnemonic(*control, binder)) taken.insert(MnemonicOf(ToQt(CaptionOf(*control))));
+        if (HasMnemonic(*control, binder)) taken.insert(MnemonicOf(ToQt(control->CaptionText())));
     }
     for (QMenu* menu : menus_) {
         if (taken.contains(MnemonicOf(menu->title()))) menu->setTitle(menu->title().remove(u'&'));

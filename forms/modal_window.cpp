@@ -56,17 +56,12 @@ void ModalWindow::Idle() {
     if (binder_) binder_->ApplyPending();
 }
 
-fields::Control* ModalWindow::ClosingControl() const {
-    for (const char* name : {"CancelButton", "cmdCancel", "cmdOK"}) {
-        if (fields::Control* control = form_.Find(name)) return control;
-    }
-    return nullptr;
-}
-
 void ModalWindow::reject() {
-    fields::Control* stop = form_.Find("cmdStop");
-    fields::Control* close = gate_.IsBusy() ? stop : ClosingControl();
-    if (close != nullptr) binder_->Click(*close);
+    if (gate_.IsBusy()) {
+        if (fields::Control* stop = form_.Find("cmdStop")) binder_->Click(*stop);
+    } else if (const auto buttons = form_.WaysOut(); !buttons.empty()) {
+        binder_->Click(*buttons.front());
+    }
 }
 
 void ModalWindow::changeEvent(QEvent* event) {

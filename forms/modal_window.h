@@ -35,9 +35,6 @@ class ModalWindow : public QDialog, public View {
     EventGate& gate_;
     fields::Form& form_;
     std::unique_ptr<Binder> binder_;
-
-  private:
-    fields::Control* ClosingControl() const;
 };
 
 // The window for a form; null for a form that has none.

@@ -18,15 +18,18 @@ struct Session;
 
 using InputResult = std::expected<void, std::string>;
 
-// The press of a button or menu entry, the toggle of a box, the choice of an option.
+// The press of a button or menu entry, the toggle of a box, the choice of an option: raises
+// MouseDown, lets the control do what a press does to it, and raises Click.
 InputResult UserClick(Session& session, fields::Control& control);
 
-// Enters a value: the text of a text box, combo box or picker, 0, 1 or 2 for a check box, 1 (or
-// "True") for an option. Raises Change for texts and Click for boxes, if the value changed.
+// Enters a value as Control::Enter takes it, and raises the event that follows.
 InputResult UserSet(Session& session, fields::Control& control, std::string_view value);
 
 // The focus leaves the control.
 void UserLeave(Session& session, fields::Control& control);
+
+// Whether the control stops or skips what runs, and so acts while a routine does.
+bool MayInterrupt(const fields::Control& control);
 
 // Whether the control, and whatever holds it, can be used now; else why not.
 InputResult CanUse(const fields::Control& control);

@@ -4,7 +4,6 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/preview_prompts.h"
-#include "fields/copy_fields.h"
 #include "platform/clock.h"
 #include "platform/launcher.h"
 #include "platform/rehearsal/rehearsal_file_system.h"
@@ -105,8 +104,8 @@ class Rehearsal {
         session_.events = real.events;
         session_.log.KeepNothing();
         session_.errorLog.KeepNothing();
-        fields::CopyFields(real.frmSearch, session_.frmSearch);
-        fields::CopyFields(real.frmDialog, session_.frmDialog);
+        session_.frmSearch.CopyFrom(real.frmSearch);
+        session_.frmDialog.CopyFrom(real.frmDialog);
         session_.yielder.SetPump([this] {
             real_.Repaint();
             if (real_.state.blnStopAction) session_.state.blnStopAction = true;

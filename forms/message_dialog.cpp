@@ -19,8 +19,8 @@ namespace tarvix::forms {
 
 namespace {
 
-QStyle::StandardPixmap IconOf(int style) {
-    switch (style & 0x70) {
+QStyle::StandardPixmap PictureOf(int style) {
+    switch (session::IconOf(style)) {
     case session::kCritical:
         return QStyle::SP_MessageBoxCritical;
     case session::kQuestion:
@@ -30,13 +30,6 @@ QStyle::StandardPixmap IconOf(int style) {
     default:
         return QStyle::SP_MessageBoxInformation;
     }
-}
-
-// The default of the style; a Yes or No that names none is answered No by a careless Enter.
-int FocusedAnswer(int style) {
-    const bool namesNone = (style & (session::kSecondDefault | session::kThirdDefault)) == 0;
-    const bool isYesNo = session::ButtonsOf(style) == session::ButtonsOf(session::kYesNo);
-    return namesNone && isYesNo ? session::SafeAnswer(style) : session::DefaultAnswer(style);
 }
 
 } // namespace
@@ -81,8 +74,8 @@ MessageDialog::MessageDialog(const QString& text, int style, const QString& titl
 QWidget* MessageDialog::MakeIcon(int style) {
     auto* icon = new QLabel;
     const int size = this->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-    icon->setPixmap(this->style()->standardIcon(IconOf(style)).pixmap(size, size));
-    icon->setVisible((style & 0x70) != 0);
+    icon->setPixmap(this->style()->standardIcon(PictureOf(style)).pixmap(size, size));
+    icon->setVisible(session::IconOf(style) != 0);
     return icon;
 }
 
@@ -102,7 +95,7 @@ QWidget* MessageDialog::MakeButtons(int style) {
         });
         layout->addWidget(button);
         button->setAutoDefault(true);
-        if (answer == FocusedAnswer(style)) first_ = button;
+        if (answer == session::FocusedAnswer(style)) first_ = button;
     }
     return row;
 }

@@ -18,10 +18,12 @@ constexpr std::array<std::pair<int, std::string_view>, 7> kCaptions{{{kOk, "OK"}
                                                                      {kIgnore, "Ignore"},
                                                                      {kYes, "Yes"},
                                                                      {kNo, "No"}}};
+constexpr int kButtons = 7;  // the bits of a style that tell its buttons
+constexpr int kDefaults = 3; // of its default button, counted from 0
 } // namespace
 
 std::vector<int> ButtonsOf(int style) {
-    switch (style & 7) {
+    switch (style & kButtons) {
     case kOkCancel:
         return {kOk, kCancel};
     case kAbortRetryIgnore:
@@ -39,7 +41,7 @@ std::vector<int> ButtonsOf(int style) {
 
 int DefaultAnswer(int style) {
     const auto buttons = ButtonsOf(style);
-    const auto index = static_cast<std::size_t>((style / kSecondDefault) & 3);
+    const auto index = static_cast<std::size_t>((style / kSecondDefault) & kDefaults);
     return buttons[std::min(index, buttons.size() - 1)];
 }
 
@@ -49,6 +51,15 @@ int SafeAnswer(int style) {
         if (std::ranges::find(buttons, safe) != buttons.end()) return safe;
     }
     return buttons.front();
+}
+
+int FocusedAnswer(int style) {
+    const bool namesNone = (style & (kSecondDefault | kThirdDefault)) == 0;
+    return namesNone && (style & kButtons) == kYesNo ? SafeAnswer(style) : DefaultAnswer(style);
+}
+
+int IconOf(int style) {
+    return style & (kCritical | kQuestion | kInformation);
 }
 
 std::string_view CaptionOf(int answer) {

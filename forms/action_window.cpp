@@ -1,12 +1,12 @@
 #include "forms/action_window.h"
 
+#include "actions/request/drop_destination.h"
+#include "actions/request/request_sentence.h"
 #include "forms/action_sections.h"
-#include "forms/action_sentence.h"
 #include "forms/destination_examples.h"
 #include "forms/drop_filter.h"
 #include "forms/field_widgets.h"
 #include "forms/fitting_area.h"
-#include "forms/native_input.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
@@ -136,8 +136,10 @@ QWidget* ActionWindow::MakeDestination() {
     box->setAccessibleName("Destination");
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     AcceptDrops(*box, [this](const QList<QUrl>& urls) {
-        const auto dropped = DroppedLocations(session_.platform, urls.mid(0, 1));
-        if (!dropped.empty()) binder_->Set(session_.frmDialog.cmbDir, ToQt(dropped));
+        if (urls.isEmpty() || !urls.front().isLocalFile()) return;
+        const std::string dropped = ToUtf8(urls.front().toLocalFile());
+        binder_->Set(session_.frmDialog.cmbDir,
+                     ToQt(actions::DroppedDestination(session_.platform, dropped)));
     });
     QPushButton* browse = Make(form.cmdBrowse);
     browse->setAutoDefault(true);
@@ -226,7 +228,7 @@ void ActionWindow::Refresh() {
     ShowSections();
     ShowHints();
     if (!gate_.IsBusy()) ShowExamples();
-    sentence_->setText(ActionSentence(session_.frmDialog));
+    sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
 }

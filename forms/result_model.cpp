@@ -14,12 +14,6 @@ const results::ColumnInfo& Info(int column) {
     return results::kColumns[static_cast<std::size_t>(column)];
 }
 
-// Columns whose cells carry their header as a tip.
-bool TellsItsHeader(int column) {
-    return column == results::kPathNameLength || column == results::kPathLevels ||
-           column == results::kSearchForEntry;
-}
-
 QVariant Alignment(int column) {
     const auto side = Info(column).rightAlign ? Qt::AlignRight : Qt::AlignLeft;
     return QVariant::fromValue(Qt::Alignment(side | Qt::AlignVCenter));
@@ -85,7 +79,7 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ResultModel::TipOf(std::size_t row, results::Column column) const {
-    if (TellsItsHeader(column)) return ToQt(Info(column).header);
+    if (results::TellsItsHeader(column)) return ToQt(Info(column).header);
     if (tip_ != nullptr && !tip_->empty()) return ToQt(*tip_);
     return Shown(rows_.CellTip(row, column));
 }

@@ -7,50 +7,22 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <array>
 
 namespace tarvix::forms {
 
 namespace {
 
-// What people look at first stands first; the others follow by their indexes.
-constexpr std::array kFirst{results::kName, results::kSize, results::kDate, results::kExt,
-                            results::kPath};
 constexpr int kTypePause = 1000; // milliseconds until typed letters begin a new word
-
-int UsualWidth(int column) {
-    return results::kColumns[static_cast<std::size_t>(column)].width;
-}
-
-std::vector<int> UsualOrder() {
-    std::vector<int> order(kFirst.begin(), kFirst.end());
-    for (int column = 0; column < results::kColumnCount; ++column) {
-        if (std::ranges::find(kFirst, column) == kFirst.end()) order.push_back(column);
-    }
-    return order;
-}
-
-// Each column once, or it is no order.
-bool IsOrder(const std::vector<int>& order) {
-    std::vector<int> sorted = order;
-    std::ranges::sort(sorted);
-    for (int column = 0; column < results::kColumnCount; ++column) {
-        const auto at = static_cast<std::size_t>(column);
-        if (at >= sorted.size() || sorted[at] != column) return false;
-    }
-    return sorted.size() == static_cast<std::size_t>(results::kColumnCount);
-}
 
 } // namespace
 
 ResultView::ResultView(results::ResultList& rows, QWidget* parent)
-    : QTableView(parent), selector_(rows) {
+    : QTableView(parent), head_(*this), selector_(rows) {
     setSelectionMode(NoSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
@@ -65,89 +37,6 @@ ResultView::ResultView(results::ResultList& rows, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     SetRowHeight();
-    SetUpHead();
-}
-
-void ResultView::SetUpHead() {
-    QHeaderView& head = *horizontalHeader();
-    head.setSectionsMovable(true);
-    head.setSectionsClickable(true);
-    head.setHighlightSections(false);
-    head.setStretchLastSection(true);
-    head.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    head.setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&head, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        auto* menu = new QMenu(this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        FillColumnMenu(*menu);
-        menu->popup(horizontalHeader()->mapToGlobal(at));
-    });
-    connect(&head, &QHeaderView::sectionClicked, this, [this](int column) {
-        if (onHead) onHead(column);
-    });
-    connect(&head, &QHeaderView::sectionCountChanged, this, [this](int before, int) {
-        if (before == 0) TakeLayout({});
-    });
-}
-
-void ResultView::FillColumnMenu(QMenu& menu) {
-    for (int column = 1; column < results::kShortPath; ++column) { // the rest never shows
-        const auto& info = results::kColumns[static_cast<std::size_t>(column)];
-        QAction* entry = menu.addAction(ToQt(info.header));
-        entry->setCheckable(true);
-        entry->setChecked(!isColumnHidden(column));
-        connect(entry, &QAction::toggled, this, [this, column](bool shown) {
-            if (onColumn) return onColumn(column, shown);
-            setColumnHidden(column, !shown);
-        });
-    }
-}
-
-void ResultView::ShowColumns(const Columns& shown) {
-    for (int column = 1; column < results::kColumnCount; ++column) {
-        const bool hidden = !shown[static_cast<std::size_t>(column)];
-        if (isColumnHidden(column) != hidden) setColumnHidden(column, hidden);
-    }
-}
-
-void ResultView::TakeLayout(const Layout& layout) {
-    const std::vector<int> order = IsOrder(layout.order) ? layout.order : UsualOrder();
-    QHeaderView& head = *horizontalHeader();
-    for (int place = 0; place < results::kColumnCount; ++place) {
-        const int column = order[static_cast<std::size_t>(place)];
-        head.moveSection(head.visualIndex(column), place);
-        const int width = layout.widths[static_cast<std::size_t>(column)];
-        setColumnWidth(column, width > 0 ? width : UsualWidth(column));
-    }
-}
-
-int ResultView::LastShown() const {
-    const QHeaderView& head = *horizontalHeader();
-    int place = head.count() - 1;
-    while (place > 0 && head.isSectionHidden(head.logicalIndex(place))) {
-        --place;
-    }
-    return head.logicalIndex(place);
-}
-
-ResultView::Layout ResultView::LayoutNow(const Layout& before) const {
-    Layout now{before.widths, {}};
-    const int stretched = LastShown();
-    for (int column = 0; column < results::kColumnCount; ++column) {
-        now.order.push_back(horizontalHeader()->logicalIndex(column));
-        if (isColumnHidden(column) || column == stretched) continue;
-        const int width = columnWidth(column);
-        now.widths[static_cast<std::size_t>(column)] = width == UsualWidth(column) ? 0 : width;
-    }
-    if (now.order == UsualOrder()) now.order.clear();
-    return now;
-}
-
-void ResultView::LockWidths(bool locked) {
-    const auto mode = locked ? QHeaderView::Fixed : QHeaderView::Interactive;
-    if (horizontalHeader()->sectionResizeMode(0) != mode) {
-        horizontalHeader()->setSectionResizeMode(mode);
-    }
 }
 
 void ResultView::SetRowHeight() {

@@ -1,14 +1,14 @@
 #include "forms/row_delegate.h"
 
-#include "forms/row_selector.h"
 #include "forms/text_conversion.h"
+#include "results/row_selector.h"
 
 #include <QPainter>
 #include <QTableView>
 
 namespace tarvix::forms {
 
-RowDelegate::RowDelegate(QTableView& view, const RowSelector& selector)
+RowDelegate::RowDelegate(QTableView& view, const results::RowSelector& selector)
     : QStyledItemDelegate(&view), view_(view), selector_(selector) {}
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

@@ -4,15 +4,17 @@
 
 class QTableView;
 
-namespace tarvix::forms {
-
+namespace tarvix::results {
 class RowSelector;
+}
+
+namespace tarvix::forms {
 
 // Paints a cell: selected where its row's flag is set, a frame along the current row, numbers
 // without the zeros that they carry for sorting.
 class RowDelegate : public QStyledItemDelegate {
   public:
-    RowDelegate(QTableView& view, const RowSelector& selector);
+    RowDelegate(QTableView& view, const results::RowSelector& selector);
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
@@ -21,7 +23,7 @@ class RowDelegate : public QStyledItemDelegate {
 
   private:
     const QTableView& view_;
-    const RowSelector& selector_;
+    const results::RowSelector& selector_;
 };
 
 } // namespace tarvix::forms

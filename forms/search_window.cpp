@@ -4,12 +4,12 @@
 #include "forms/criteria_panel.h"
 #include "forms/drop_filter.h"
 #include "forms/field_widgets.h"
-#include "forms/native_input.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
 #include "platform/native_paths.h"
 #include "search/browse.h"
+#include "search/empty_list.h"
 #include "session/session.h"
 #include "session/user_input.h"
 
@@ -96,7 +96,7 @@ void SearchWindow::AddOwnEntries() {
     QMenu* columns = menu_->Find("Options")->addMenu("&Columns");
     connect(columns, &QMenu::aboutToShow, this, [this, columns] {
         columns->clear();
-        list_->FillColumnMenu(*columns);
+        list_->Head().FillMenu(*columns);
     });
     QAction* exit = menu_->Find("File")->addAction("E&xit", this, [this] { close(); });
     exit->setShortcut(QKeySequence("Ctrl+Q"));
@@ -116,13 +116,13 @@ void SearchWindow::SetUpList() {
     list_->maySelect = [this] { return !gate_.IsBusy() && session_.frmSearch.lstMain.Enabled; };
     list_->onSelect = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_ItemClick", row); };
     list_->onOpen = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_DblClick", row); };
-    list_->onHead = [this](int column) { SortBy(column); };
+    list_->Head().onClick = [this](int column) { SortBy(column); };
     list_->onDrag = [this] { DragRows(); };
-    list_->onColumn = [this](int column, bool shown) {
+    list_->Head().onChoose = [this](int column, bool shown) {
         gate_.Run(nullptr,
                   [&] { session_.blnListItems[static_cast<std::size_t>(column)] = shown; });
     };
-    list_->emptyText = [this] { return EmptyText(); };
+    list_->emptyText = [this] { return ToQt(search::EmptyListText(session_.state)); };
 }
 
 void SearchWindow::SetUpDrops() {
@@ -188,14 +188,6 @@ void SearchWindow::DragRows() {
     drag->exec(Qt::CopyAction);
 }
 
-QString SearchWindow::EmptyText() const {
-    const auto& form = session_.frmSearch;
-    if (session_.state.blnSearching) return "Searching...";
-    const bool searched = form.lblNumOfFilesAttrib.Caption.Get() != "0" ||
-                          form.lblNumOfDirsAttrib.Caption.Get() != "0";
-    return searched ? "No object matches." : "Say what to search for and where, then press Search.";
-}
-
 void SearchWindow::Flush() {
     binder_->Flush();
     SettleRows(*counters_);
@@ -210,8 +202,8 @@ void SearchWindow::Flush() {
 }
 
 void SearchWindow::ShowColumns() {
-    list_->ShowColumns(session_.blnListItems);
-    list_->LockWidths(session_.state.options.blnLockColumnWidths);
+    list_->Head().Show(session_.blnListItems);
+    list_->Head().LockWidths(session_.state.options.blnLockColumnWidths);
 }
 
 // The settings are read while the program starts.
@@ -220,14 +212,14 @@ void SearchWindow::TakeMemory() {
     remembered_ = true;
     const auto& settings = session_.state.platformSettings;
     TakePlace(*this, settings.searchWindow);
-    list_->TakeLayout({settings.columnWidths, settings.columnOrder});
+    list_->Head().Take({settings.columnWidths, settings.columnOrder});
 }
 
 void SearchWindow::KeepMemory() {
     if (!remembered_) return;
     auto& settings = session_.state.platformSettings;
     settings.searchWindow = PlaceOf(*this);
-    const auto layout = list_->LayoutNow({settings.columnWidths, settings.columnOrder});
+    const auto layout = list_->Head().LayoutNow({settings.columnWidths, settings.columnOrder});
     settings.columnWidths = layout.widths;
     settings.columnOrder = layout.order;
 }
@@ -249,7 +241,7 @@ void SearchWindow::ShowRows() {
                        sinceRows_.elapsed() < kRowsEvery;
     if (later) return;
     model_->Sync();
-    list_->setAlternatingRowColors(session_.frmSearch.lblGroups.Caption.Get() == "1");
+    list_->setAlternatingRowColors(session_.state.lngGroups == 1);
     list_->viewport()->update();
     ShowNativePath();
     sinceRows_.start();

@@ -56,7 +56,6 @@ class SearchWindow : public QMainWindow, public View {
     void ShowColumns();
     void TakeMemory();
     void KeepMemory();
-    QString EmptyText() const;
     QStringList SelectedPaths() const;
 
     session::Session& session_;

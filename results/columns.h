@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::results {
 
@@ -75,6 +76,15 @@ inline constexpr std::array<ColumnInfo, kColumnCount> kColumns{{
     {"ShortPathSubItem", "Short Path", 300, false},
     {"SearchFolderIndexSubItem", "Search Folder Index", 120, true},
 }};
+
+// The columns from left to right, unless the user has moved them.
+std::vector<int> UsualOrder();
+// Whether each column stands in it once.
+bool IsOrder(const std::vector<int>& order);
+// Whether a user can show and hide the column: the name always shows, the last ones never do.
+bool IsChoosable(int column);
+// Whether its cells carry their header as a tip.
+bool TellsItsHeader(int column);
 
 // By key ("Name" for column 0) without regard to case.
 std::optional<Column> FindColumn(std::string_view key);

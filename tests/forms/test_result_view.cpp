@@ -106,7 +106,7 @@ TEST_F(ResultViewTest, ColumnsAreChosenAtTheHead) {
     EXPECT_FALSE(window->List().isColumnHidden(results::kAttributes));
     EXPECT_TRUE(window->List().isColumnHidden(results::kShortPath));
     QMenu menu;
-    window->List().FillColumnMenu(menu);
+    window->List().Head().FillMenu(menu);
     EXPECT_EQ(menu.actions().size(), 24);
     for (QAction* entry : menu.actions()) {
         if (entry->text() == "Attributes") entry->trigger();
@@ -142,13 +142,13 @@ TEST_F(ResultViewTest, WidthsAndOrderOfColumnsAreKeptForTheNextRun) {
 
 TEST_F(ResultViewTest, AnOrderThatLacksAColumnIsTheUsualOne) {
     auto& list = window->List();
-    ResultView::Layout layout;
+    ColumnHead::Layout layout;
     layout.order = {results::kPath, results::kName};
     layout.widths[results::kName] = 333;
-    list.TakeLayout(layout);
+    list.Head().Take(layout);
     EXPECT_EQ(list.horizontalHeader()->visualIndex(results::kName), 0);
     EXPECT_EQ(list.columnWidth(results::kName), 333);
-    EXPECT_TRUE(list.LayoutNow({}).order.empty());
+    EXPECT_TRUE(list.Head().LayoutNow({}).order.empty());
 }
 
 TEST_F(ResultViewTest, LockedWidthsCannotBeDragged) {

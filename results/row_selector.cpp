@@ -1,10 +1,10 @@
-#include "forms/row_selector.h"
+#include "results/row_selector.h"
 
 #include "text/case.h"
 
 #include <algorithm>
 
-namespace tarvix::forms {
+namespace tarvix::results {
 
 void RowSelector::Apply(std::size_t first, std::size_t last, bool keepOthers) {
     for (std::size_t i = 0; i < rows_.Count(); ++i) {
@@ -65,4 +65,4 @@ std::optional<std::size_t> RowSelector::StartingWith(std::string_view text, std:
     return std::nullopt;
 }
 
-} // namespace tarvix::forms
+} // namespace tarvix::results

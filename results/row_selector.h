@@ -6,22 +6,21 @@
 #include <optional>
 #include <string_view>
 
-namespace tarvix::forms {
+namespace tarvix::results {
 
-// Extended selection on the rows' own flags. Spacers are never selected.
+// Extended selection on the rows' own flags, as a list of rows has it. Spacers are never selected.
 class RowSelector {
   public:
-    explicit RowSelector(results::ResultList& rows) : rows_(rows) {}
+    explicit RowSelector(ResultList& rows) : rows_(rows) {}
 
     bool CanSelect(std::size_t row) const {
         return row < rows_.Count() && !rows_.At(row).IsSpacer();
     }
     bool IsSelected(std::size_t row) const { return CanSelect(row) && rows_.At(row).selected; }
 
-    // Each moves the anchor to the row, except ExtendTo.
+    // Selects the row alone, or turns it; the anchor moves to it. A spacer changes nothing.
     void SelectOnly(std::size_t row);
     void Toggle(std::size_t row);
-    void MoveAnchor(std::size_t row) { anchor_ = row; }
     // Selects from the anchor to the row; what lies outside is unselected unless `keepOthers`.
     void ExtendTo(std::size_t row, bool keepOthers);
 
@@ -38,8 +37,8 @@ class RowSelector {
   private:
     void Apply(std::size_t first, std::size_t last, bool keepOthers);
 
-    results::ResultList& rows_;
+    ResultList& rows_;
     std::size_t anchor_ = 0;
 };
 
-} // namespace tarvix::forms
+} // namespace tarvix::results

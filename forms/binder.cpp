@@ -2,18 +2,14 @@
 
 #include "forms/field_widgets.h"
 #include "forms/list_box.h"
-#include "forms/native_input.h"
 #include "forms/text_conversion.h"
-#include "forms/theme.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 #include "session/user_input.h"
 
 #include <QAction>
 #include <QFocusEvent>
-#include <QGroupBox>
-#include <QSignalBlocker>
-
-#include <algorithm>
+#include <fmt/core.h>
 
 namespace tarvix::forms {
 
@@ -25,53 +21,6 @@ constexpr char kFormMark[] = "form";
 
 bool NeedsRoutine(ControlKind kind) {
     return kind == ControlKind::kCommandButton || kind == ControlKind::kMenuEntry;
-}
-
-Qt::CheckState StateOf(int value) {
-    return value == 0 ? Qt::Unchecked : value == 1 ? Qt::Checked : Qt::PartiallyChecked;
-}
-
-void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items) {
-    box.clear();
-    for (const auto& item : items) {
-        box.addItem(ToQt(item.text), item.data);
-    }
-    box.setCurrentIndex(-1);
-}
-
-void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
-    list.clear();
-    for (const std::string& line : lines) {
-        list.addItem(Shown(line));
-    }
-}
-
-// Where characters that were just typed are not taken, the rest is edited on.
-void ReplaceText(QLineEdit& edit, const QString& text) {
-    const qsizetype behind = edit.text().size() - edit.cursorPosition();
-    edit.setText(text);
-    edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
-}
-
-void ShowComboText(const fields::ComboBox& field, QComboBox& box) {
-    const QString text = ToQt(field.Text.Get());
-    if (!field.IsEditable()) {
-        box.setCurrentIndex(box.findText(text));
-    } else if (box.currentText() != text) {
-        ReplaceText(*box.lineEdit(), text);
-    }
-}
-
-void ShowMark(const fields::Control& control, QAbstractButton& button) {
-    if (control.Kind() == ControlKind::kCheckBox) {
-        const auto& field = static_cast<const fields::CheckBox&>(control);
-        auto& box = static_cast<QCheckBox&>(button);
-        box.setTristate(field.IsTriState());
-        box.setCheckState(StateOf(field.Value));
-    } else if (control.Kind() == ControlKind::kOptionButton) {
-        const auto& field = static_cast<const fields::OptionButton&>(control);
-        if (field.Value) button.setChecked(true);
-    }
 }
 
 // Leaving for another window, a menu or a list that drops down is not leaving the control.
@@ -127,94 +76,60 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
     } else if (auto* picker = qobject_cast<QDateTimeEdit*>(widget)) {
         shower = BindPicker(static_cast<fields::DatePicker&>(control), *picker);
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
-        shower = [&control, label] {
-            const QString text = Shown(control.CaptionText());
-            label->setText(IsCounter(*label) ? WithThousands(WithoutLeadingZeros(text)) : text);
-        };
+        shower = ShowerOf(control, *label);
     } else if (auto* bar = qobject_cast<QProgressBar*>(widget)) {
-        shower = [&field = static_cast<fields::ProgressBar&>(control), bar] {
-            const long long most = field.Max;
-            bar->setRange(0, 1000);
-            bar->setValue(most > 0 ? static_cast<int>(field.Value * 1000.0 / most) : 0);
-        };
+        shower = ShowerOf(static_cast<fields::ProgressBar&>(control), *bar);
     }
     widget->installEventFilter(this);
     showers_[&control].push_back([this, &control, widget, shower] {
         if (shower) shower();
+        const bool canAct = !NeedsRoutine(control.Kind()) || HasRoutine(control);
+        widget->setVisible(control.Visible && canAct);
         ShowCommon(control, *widget);
     });
 }
 
-Binder::Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
+Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, [this, &control] { Click(control); });
-    return [&control, &button] {
-        button.setText(ToQt(control.CaptionText()));
-        ShowMark(control, button);
-    };
+    return ShowerOf(control, button);
 }
 
-Binder::Shower Binder::BindCombo(fields::ComboBox& field, QComboBox& box) {
+Shower Binder::BindCombo(fields::ComboBox& field, QComboBox& box) {
     connect(&box, &QComboBox::textActivated, this,
             [this, &field](const QString& text) { Set(field, text); });
     if (field.IsEditable()) {
         connect(box.lineEdit(), &QLineEdit::textEdited, this,
                 [this, &field](const QString& text) { Set(field, text); });
     }
-    return [&field, &box, shown = std::vector<fields::ComboItem>()]() mutable {
-        const QSignalBlocker quiet(box);
-        if (shown != field.Items()) {
-            shown = field.Items();
-            FillItems(box, shown);
-        }
-        ShowComboText(field, box);
-    };
+    return ShowerOf(field, box);
 }
 
-Binder::Shower Binder::BindText(fields::TextBox& field, QLineEdit& edit) {
+Shower Binder::BindText(fields::TextBox& field, QLineEdit& edit) {
     connect(&edit, &QLineEdit::textEdited, this,
             [this, &field](const QString& text) { Set(field, text); });
-    return [&field, &edit] {
-        const QString text = ToQt(field.Text.Get());
-        if (edit.text() != text) ReplaceText(edit, text);
-    };
+    return ShowerOf(field, edit);
 }
 
-Binder::Shower Binder::BindList(fields::ListBox& field, FieldListBox& list) {
+Shower Binder::BindList(fields::ListBox& field, FieldListBox& list) {
     list.setSelectionMode(field.IsMultiple() ? QAbstractItemView::MultiSelection
                                              : QAbstractItemView::SingleSelection);
     list.onChoose = [this, &field](int line) {
         Set(field, ToQt(field.Items()[static_cast<std::size_t>(line)]));
     };
     list.onOpen = [this, &field](int line) {
-        const std::string event = form_.Name() + "." + field.Name() + "_DblClick";
+        const std::string event = fmt::format("{}.{}_DblClick", form_.Name(), field.Name());
         gate_.Run(&field, [&] { session_.events.Raise(session_, event, {line}); });
     };
-    return [&field, &list, shown = std::vector<std::string>()]() mutable {
-        if (shown != field.Items()) {
-            shown = field.Items();
-            FillLines(list, shown);
-        }
-        for (int i = 0; i < list.count(); ++i) {
-            list.item(i)->setSelected(field.IsSelected(static_cast<std::size_t>(i)));
-        }
-    };
+    return ShowerOf(field, list);
 }
 
-Binder::Shower Binder::BindPicker(fields::DatePicker& field, QDateTimeEdit& picker) {
+Shower Binder::BindPicker(fields::DatePicker& field, QDateTimeEdit& picker) {
     connect(&picker, &QDateTimeEdit::dateTimeChanged, this,
             [this, &field, &picker] { Set(field, picker.text()); });
-    return [&field, &picker] {
-        const QSignalBlocker quiet(picker);
-        const QString text = ToQt(field.Text.Get());
-        if (field.IsTime()) {
-            picker.setTime(QTime::fromString(text, "HH:mm:ss"));
-        } else if (const QDate date = QDate::fromString(text, "yyyy/MM/dd"); date.isValid()) {
-            picker.setDate(date);
-        }
-    };
+    return ShowerOf(field, picker);
 }
 
-Binder::Shower Binder::BindAction(fields::Control& control, QAction& action) {
+Shower Binder::BindAction(fields::Control& control, QAction& action) {
     connect(&action, &QAction::triggered, this, [this, &control] { Click(control); });
     return [this, &control, &action] {
         action.setText(ToQt(control.CaptionText()));
@@ -228,25 +143,7 @@ Binder::Shower Binder::BindAction(fields::Control& control, QAction& action) {
 }
 
 bool Binder::HasRoutine(const fields::Control& control, std::string_view event) const {
-    std::string name = form_.Name();
-    name.append(".").append(control.ArrayName()).append("_").append(event);
-    return session_.events.Has(name);
-}
-
-void Binder::ShowCommon(const fields::Control& control, QWidget& widget) const {
-    widget.setVisible(control.Visible && (!NeedsRoutine(control.Kind()) || HasRoutine(control)));
-    widget.setEnabled(control.Enabled);
-    if (!control.ToolTipText->empty()) widget.setToolTip(TipText(ToQt(control.ToolTipText.Get())));
-    const QPalette inherited = widget.parentWidget()->palette();
-    if (control.ForeColor == fields::kBlack && !widget.testAttribute(Qt::WA_SetPalette)) return;
-    QPalette palette = widget.palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::WindowText,
-                         control.ForeColor == fields::kBlack
-                             ? inherited.color(group, QPalette::WindowText)
-                             : Tint(control.ForeColor, inherited));
-    }
-    if (palette != widget.palette()) widget.setPalette(palette);
+    return session_.events.Has(fmt::format("{}.{}_{}", form_.Name(), control.ArrayName(), event));
 }
 
 void Binder::Show(fields::Control& control) {
@@ -280,10 +177,8 @@ void Binder::TakeFocus() {
 }
 
 void Binder::TakeNativePaths(fields::Control& control) {
-    if (!TakesPaths(control) || !control.Enabled) return;
-    const std::string typed = static_cast<fields::ComboBox&>(control).Text;
-    const std::string drive = DriveForm(session_.platform.paths, typed);
-    if (drive != typed) Set(control, ToQt(drive));
+    const auto drive = session::EntryInDriveForm(session_.platform.paths, control);
+    if (drive) Set(control, ToQt(*drive));
 }
 
 void Binder::Click(fields::Control& control) {

@@ -2,32 +2,23 @@
 
 #include "fields/controls.h"
 #include "forms/event_gate.h"
+#include "forms/field_showers.h"
 
 #include <QObject>
 
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-class QAbstractButton;
 class QAction;
-class QComboBox;
-class QDateTimeEdit;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
-class QWidget;
 
 namespace tarvix::session {
 struct Session;
 }
 
 namespace tarvix::forms {
-
-class FieldListBox;
 
 // Joins the fields of one form to the widgets and actions below `root` that bear their names: shows
 // the fields, and hands on what the user does. It decides nothing. What lies below a panel of
@@ -40,10 +31,13 @@ class Binder : public QObject {
     void Bind();
     // Shows the fields that changed.
     void Flush();
+    // Shows all of them, changed or not.
     void ShowAll();
     // Hands on the texts that were entered while a routine ran.
     void ApplyPending();
 
+    // What the user did: a click, or a value entered. While a routine runs a click is lost, unless
+    // the control may interrupt it, and a value waits.
     void Click(fields::Control& control);
     void Set(fields::Control& control, const QString& value);
     // Whether something happens when the control is clicked.
@@ -53,8 +47,6 @@ class Binder : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    using Shower = std::function<void()>;
-
     bool IsOfForm(const QObject& object) const;
     void BindObject(fields::Control& control, QObject& object);
     Shower BindButton(fields::Control& control, QAbstractButton& button);
@@ -64,7 +56,6 @@ class Binder : public QObject {
     Shower BindPicker(fields::DatePicker& field, QDateTimeEdit& picker);
     Shower BindAction(fields::Control& control, QAction& action);
     void Show(fields::Control& control);
-    void ShowCommon(const fields::Control& control, QWidget& widget) const;
     void TakeFocus();
     void TakeNativePaths(fields::Control& control);
     void Leave(fields::Control& control);

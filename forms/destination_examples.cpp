@@ -1,9 +1,9 @@
 #include "forms/destination_examples.h"
 
 #include "actions/place/destination.h"
-#include "forms/native_input.h"
 #include "platform/native_paths.h"
 #include "results/selection.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 #include "text/paths.h"
 
@@ -25,7 +25,8 @@ class FirstObject {
         action.intMultiIndex = 1;
         action.strFolderPrefix.clear();
         auto& form = session.frmDialog;
-        form.cmbDir.Text = text::CleanSpacesInPath(DriveForm(session.platform.paths, typed_), true);
+        form.cmbDir.Text =
+            text::CleanSpacesInPath(session::DriveForm(session.platform.paths, typed_), true);
         if (form.optTo[2].Value && form.chkFolderRename.Value == 1) {
             actions::BuildFolderPrefix(session);
         }

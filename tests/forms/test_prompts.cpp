@@ -1,4 +1,3 @@
-#include "forms/native_input.h"
 #include "forms/text_conversion.h"
 #include "forms/theme.h"
 #include "session/message_style.h"
@@ -110,13 +109,6 @@ TEST(FilterListTest, PairsBecomeNamesWithPatterns) {
     EXPECT_EQ(FilterList("Multiple Path List Files (*.mpl)|*.mpl|Both (*.txt;*.mpl)|*.txt;*.mpl|"),
               "Multiple Path List Files (*.mpl);;Both (*.txt *.mpl)");
     EXPECT_EQ(FilterList(""), "");
-}
-
-TEST(AppendedTest, OneBarStandsBetweenAListAndMore) {
-    EXPECT_EQ(Appended("", "C:\\a"), "C:\\a");
-    EXPECT_EQ(Appended("C:\\a", "C:\\b"), "C:\\a|C:\\b");
-    EXPECT_EQ(Appended("C:\\a|", "C:\\b"), "C:\\a|C:\\b");
-    EXPECT_EQ(Appended("C:\\a", ""), "C:\\a");
 }
 
 TEST(TextConversionTest, NumbersAreReadable) {

@@ -1,0 +1,149 @@
+#include "forms/field_showers.h"
+
+#include "forms/field_widgets.h"
+#include "forms/list_box.h"
+#include "forms/text_conversion.h"
+#include "forms/theme.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr int kBarSteps = 1000;
+
+Qt::CheckState StateOf(int value) {
+    return value == 0 ? Qt::Unchecked : value == 1 ? Qt::Checked : Qt::PartiallyChecked;
+}
+
+void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items) {
+    box.clear();
+    for (const auto& item : items) {
+        box.addItem(ToQt(item.text), item.data);
+    }
+    box.setCurrentIndex(-1);
+}
+
+void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
+    list.clear();
+    for (const std::string& line : lines) {
+        list.addItem(Shown(line));
+    }
+}
+
+// Where characters that were just typed are not taken, the rest is edited on.
+void ReplaceText(QLineEdit& edit, const QString& text) {
+    const qsizetype behind = edit.text().size() - edit.cursorPosition();
+    edit.setText(text);
+    edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
+}
+
+void ShowComboText(const fields::ComboBox& field, QComboBox& box) {
+    const QString text = ToQt(field.Text.Get());
+    if (!field.IsEditable()) {
+        box.setCurrentIndex(box.findText(text));
+    } else if (box.currentText() != text) {
+        ReplaceText(*box.lineEdit(), text);
+    }
+}
+
+void ShowMark(const fields::Control& control, QAbstractButton& button) {
+    if (control.Kind() == fields::ControlKind::kCheckBox) {
+        const auto& field = static_cast<const fields::CheckBox&>(control);
+        auto& box = static_cast<QCheckBox&>(button);
+        box.setTristate(field.IsTriState());
+        box.setCheckState(StateOf(field.Value));
+    } else if (control.Kind() == fields::ControlKind::kOptionButton) {
+        const auto& field = static_cast<const fields::OptionButton&>(control);
+        if (field.Value) button.setChecked(true);
+    }
+}
+
+} // namespace
+
+Shower ShowerOf(const fields::Control& control, QLabel& label) {
+    return [&control, &label] {
+        const QString text = Shown(control.CaptionText());
+        label.setText(IsCounter(label) ? WithThousands(WithoutLeadingZeros(text)) : text);
+    };
+}
+
+Shower ShowerOf(const fields::Control& control, QAbstractButton& button) {
+    return [&control, &button] {
+        button.setText(ToQt(control.CaptionText()));
+        ShowMark(control, button);
+    };
+}
+
+Shower ShowerOf(const fields::ComboBox& field, QComboBox& box) {
+    return [&field, &box, shown = std::vector<fields::ComboItem>()]() mutable {
+        const QSignalBlocker quiet(box);
+        if (shown != field.Items()) {
+            shown = field.Items();
+            FillItems(box, shown);
+        }
+        ShowComboText(field, box);
+    };
+}
+
+Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit) {
+    return [&field, &edit] {
+        const QString text = ToQt(field.Text.Get());
+        if (edit.text() != text) ReplaceText(edit, text);
+    };
+}
+
+Shower ShowerOf(const fields::ListBox& field, FieldListBox& list) {
+    return [&field, &list, shown = std::vector<std::string>()]() mutable {
+        if (shown != field.Items()) {
+            shown = field.Items();
+            FillLines(list, shown);
+        }
+        for (int i = 0; i < list.count(); ++i) {
+            list.item(i)->setSelected(field.IsSelected(static_cast<std::size_t>(i)));
+        }
+    };
+}
+
+Shower ShowerOf(const fields::DatePicker& field, QDateTimeEdit& picker) {
+    return [&field, &picker] {
+        const QSignalBlocker quiet(picker);
+        const QString text = ToQt(field.Text.Get());
+        if (field.IsTime()) {
+            picker.setTime(QTime::fromString(text, "HH:mm:ss"));
+        } else if (const QDate date = QDate::fromString(text, "yyyy/MM/dd"); date.isValid()) {
+            picker.setDate(date);
+        }
+    };
+}
+
+Shower ShowerOf(const fields::ProgressBar& field, QProgressBar& bar) {
+    return [&field, &bar] {
+        const auto most = static_cast<double>(field.Max);
+        const auto value = static_cast<double>(field.Value);
+        bar.setRange(0, kBarSteps);
+        bar.setValue(most > 0 ? static_cast<int>(value * kBarSteps / most) : 0);
+    };
+}
+
+void ShowCommon(const fields::Control& control, QWidget& widget) {
+    widget.setEnabled(control.Enabled);
+    if (!control.ToolTipText->empty()) widget.setToolTip(TipText(ToQt(control.ToolTipText.Get())));
+    const QPalette inherited = widget.parentWidget()->palette();
+    if (control.ForeColor == fields::kBlack && !widget.testAttribute(Qt::WA_SetPalette)) return;
+    QPalette palette = widget.palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::WindowText,
+                         control.ForeColor == fields::kBlack
+                             ? inherited.color(group, QPalette::WindowText)
+                             : Tint(control.ForeColor, inherited));
+    }
+    if (palette != widget.palette()) widget.setPalette(palette);
+}
+
+} // namespace tarvix::forms

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "fields/controls.h"
+
+#include <functional>
+
+class QAbstractButton;
+class QComboBox;
+class QDateTimeEdit;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QWidget;
+
+namespace tarvix::forms {
+
+class FieldListBox;
+
+// Brings a widget in line with its field. It holds references to both, which must live as long.
+using Shower = std::function<void()>;
+
+// One for each kind of widget. None of them makes the widget tell of a change. A label shows the
+// caption, a counter with thousands separators; a box that can't hold the text is left as it is.
+Shower ShowerOf(const fields::Control& control, QLabel& label);
+Shower ShowerOf(const fields::Control& control, QAbstractButton& button);
+Shower ShowerOf(const fields::ComboBox& field, QComboBox& box);
+Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit);
+Shower ShowerOf(const fields::ListBox& field, FieldListBox& list);
+Shower ShowerOf(const fields::DatePicker& field, QDateTimeEdit& picker);
+Shower ShowerOf(const fields::ProgressBar& field, QProgressBar& bar);
+
+// What all widgets show alike: whether they can be used, the tip, and the colour of the text.
+void ShowCommon(const fields::Control& control, QWidget& widget);
+
+} // namespace tarvix::forms

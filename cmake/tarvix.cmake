@@ -1,7 +1,7 @@
 # Flags and helpers shared by all targets.
 add_library(tarvix_flags INTERFACE)
 target_compile_options(tarvix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
-    -Woverloaded-virtual -Wno-missing-field-initializers)
+    -Woverloaded-virtual -Wno-missing-field-initializers $<$<BOOL:${TARVIX_WARNINGS_AS_ERRORS}>:-Werror>)
 target_include_directories(tarvix_flags INTERFACE ${PROJECT_SOURCE_DIR})
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes a text put together from a character and a string for a copy onto itself.

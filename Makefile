@@ -9,9 +9,9 @@ help:
 	@echo 'make setup     install the Debian packages that are needed'
 	@echo 'make nightly   the random tests, with many more rounds'
 	@echo 'make sanitize  all tests with address and undefined behaviour checks'
-	@echo 'make bench     time it beside its peers'
+	@echo 'make bench     time it beside its peers (ONLY="copy move" for some jobs)'
 	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
-	@echo 'make lint      layers, format, clang-tidy'
+	@echo 'make lint      layers, format, warnings of clang, clang-tidy'
 	@echo 'make format    format all sources'
 	@echo 'make package   a Debian package in build/'
 	@echo 'make clean     remove all builds'
@@ -49,10 +49,10 @@ headless: setup
 	@cmake --preset headless >/dev/null
 	@cmake --build build-headless -j $(JOBS) --target tarvix-cli
 
-bench: setup
+bench: setup-developer
 	@cmake --preset bench >/dev/null
 	@cmake --build build -j $(JOBS)
-	@bench/run build
+	@bench/run build $(ONLY)
 
 SECONDS ?= 60
 fuzz: setup-developer

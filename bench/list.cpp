@@ -1,7 +1,8 @@
-// Searches a tree with every column listed, then times what the list does with its rows, beside the
-// system's `sort` on the same keys. One line a figure.
+// Searches a tree with every column listed, then times what the list does with its rows, in turn
+// with the system's `sort` on the same keys.
 
 #include "app/program.h"
+#include "bench/pairs.h"
 #include "platform/linux/linux_platform.h"
 #include "results/sorting.h"
 #include "session/scripted_prompts.h"
@@ -9,11 +10,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -37,47 +41,64 @@ double Megabytes(const char* key) {
     return 0;
 }
 
-// The time of `sort` on the column's cells as the list has them.
-double SortBySystem(const results::ResultList& rows, results::Column column,
-                    const std::string& folder) {
-    const std::string keys = folder + "/keys";
-    {
-        std::ofstream out(keys, std::ios::binary);
-        for (std::size_t i = 0; i < rows.Count(); ++i) {
-            out << rows.Cell(i, column) << '\n';
-        }
-    }
+constexpr int kPairs = 5;
+
+void WriteKeys(const results::ResultList& rows, results::Column column, const std::string& file) {
+    std::ofstream out(file, std::ios::binary);
+    for (std::size_t i = 0; i < rows.Count(); ++i)
+        out << rows.Cell(i, column) << '\n';
+}
+
+std::size_t LinesOf(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    return static_cast<std::size_t>(
+        std::count(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>(), '\n'));
+}
+
+double Run(const std::string& command) {
     const Watch watch;
-    const std::string command = "sort -f -o '" + folder + "/sorted' '" + keys + "'";
     if (std::system(command.c_str()) != 0) std::exit(1);
     return watch.Seconds();
 }
 
-void Arrange(app::Program& program, const std::string& folder) {
-    auto& rows = program.Rows();
-    for (const results::Column column :
-         {results::kName, results::kSize, results::kDate, results::kExt, results::kPath,
-          results::kPathName, results::kPathNameLength, results::kYearRank}) {
+void TimeColumn(results::ResultList& rows, results::Column column, const std::string& folder) {
+    const std::string header(results::kColumns[static_cast<std::size_t>(column)].header);
+    bench::Pairs pairs;
+    std::vector<double> grouping;
+    std::size_t groups = 0;
+    for (int pair = 0; pair <= kPairs; ++pair) {
         results::RemoveSpacers(rows);
         results::SortRows(rows, results::kSearchFolderIndex, fields::SortDirection::kAscending);
-        const double peer = SortBySystem(rows, column, folder);
+        WriteKeys(rows, column, folder + "/keys");
+        const double peer = Run("sort -f -o '" + folder + "/sorted' '" + folder + "/keys'");
         const Watch sorting;
         results::SortRows(rows, column, fields::SortDirection::kAscending);
-        const double sorted = sorting.Seconds();
-        const Watch grouping;
-        const auto groups = results::GrouplstMain(rows, column);
-        fmt::print("sort by {:<16} {:.3f} s, x{:.2f} of sort; grouping {:.3f} s for {} groups\n",
-                   results::kColumns[static_cast<std::size_t>(column)].header, sorted,
-                   sorted / peer, grouping.Seconds(), groups);
+        pairs.Add(sorting.Seconds(), peer);
+        bench::DemandSameWork("sort by " + header, rows.Count(), LinesOf(folder + "/sorted"));
+        const Watch watch;
+        groups = static_cast<std::size_t>(results::GrouplstMain(rows, column));
+        grouping.push_back(watch.Seconds());
     }
     results::RemoveSpacers(rows);
+    fmt::print(
+        "sort by {}\n  {} of  sort -f -o sorted keys\n  {} objects each; {}; grouping {:.3f} s "
+        "for {} groups\n",
+        header, pairs.Ratio(), rows.Count(), pairs.Times(), bench::Median(grouping), groups);
+}
+
+void Do(const session::InputResult& input) {
+    if (input) return;
+    fmt::print(stderr, "{}\n", input.error());
+    std::exit(1);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        fmt::print(stderr, "Usage: bench_list TREE FOLDER\nFOLDER takes the files it needs.\n");
+    if (argc != 4) {
+        fmt::print(stderr,
+                   "Usage: bench_list TREE FOLDER OBJECTS\nFOLDER, which is empty, takes the "
+                   "files it needs; OBJECTS are in the tree.\n");
         return 2;
     }
     platform::LinuxOptions options;
@@ -90,19 +111,24 @@ int main(int argc, char** argv) {
     program.Start("");
     auto& session = program.Session();
     auto& form = session.frmSearch;
-    (void)session::UserSet(session, form.cmbSearchFor, "*");
-    (void)session::UserSet(session, form.cmbDir, argv[1]);
-    (void)session::UserClick(session, form.chkIncludeSubFolders);
+    Do(session::UserSet(session, form.cmbSearchFor, "*"));
+    Do(session::UserSet(session, form.cmbDir, argv[1]));
+    Do(session::UserSet(session, form.chkIncludeSubFolders, "1"));
     const double empty = Megabytes("VmRSS");
     const Watch search;
-    (void)session::UserClick(session, form.cmdSearch);
+    Do(session::UserClick(session, form.cmdSearch));
     fmt::print("{} rows listed in {:.3f} s; peak memory {:.0f} MB over the empty program\n",
                program.Rows().Count(), search.Seconds(), Megabytes("VmHWM") - empty);
+    bench::DemandSameWork("list", program.Rows().Count(), std::strtoull(argv[3], nullptr, 10));
     const Watch select;
-    (void)session::UserClick(session, form.cmdSelectAll);
+    Do(session::UserClick(session, form.cmdSelectAll));
     fmt::print("select all and BuildFileArray {:.3f} s for {} objects\n", select.Seconds(),
                program.Selection().lngSelTop + 1);
-    (void)session::UserClick(session, form.cmdSelectNone);
-    Arrange(program, argv[2]);
+    Do(session::UserClick(session, form.cmdSelectNone));
+    for (const results::Column column :
+         {results::kName, results::kSize, results::kDate, results::kExt, results::kPath,
+          results::kPathName, results::kPathNameLength, results::kYearRank}) {
+        TimeColumn(program.Rows(), column, argv[2]);
+    }
     program.Stop();
 }

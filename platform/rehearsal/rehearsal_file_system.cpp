@@ -1,9 +1,8 @@
 #include "platform/rehearsal/rehearsal_file_system.h"
 
-#include "platform/drive_path.h"
 #include "platform/names.h"
-#include "platform/rehearsal/rehearsal_text.h"
-#include "platform/short_names.h"
+#include "platform/rehearsal/rehearsal_node.h"
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/paths.h"
 
@@ -15,7 +14,6 @@ namespace tarvix::platform {
 
 namespace {
 constexpr std::size_t kFewTries = 16;
-constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
 
 FileTime SystemNow() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
@@ -30,262 +28,244 @@ class RehearsalOpenFolder : public OpenFolder {
         : files_(files), real_(std::move(real)), path_(std::move(path)) {}
 
     Result<void> List(FolderListing& listing) override {
-        if (real_ && !files_.HasSteps()) return real_->List(listing);
-        return files_.List(path_, listing);
+        listing.Clear();
+        TX_TRY_ASSIGN(OpenFolder* const folder, Now());
+        return folder->List(listing);
     }
 
     Result<ObjectFacts> Facts(std::string_view name) override {
-        if (real_ && !files_.HasSteps()) return real_->Facts(name);
-        return files_.ExactFacts(path_, name);
+        TX_TRY_ASSIGN(OpenFolder* const folder, Now());
+        return folder->Facts(name);
     }
 
   private:
+    Result<OpenFolder*> Now() {
+        if (!files_.HasSteps()) return real_.get();
+        if (!rehearsed_) {
+            TX_TRY_ASSIGN(rehearsed_, files_.OpenRehearsed(path_));
+        }
+        return rehearsed_.get();
+    }
+
     RehearsalFileSystem& files_;
     std::unique_ptr<OpenFolder> real_;
+    std::unique_ptr<OpenFolder> rehearsed_;
     std::string path_;
 };
 } // namespace
 
 RehearsalFileSystem::RehearsalFileSystem(FileSystem& real, std::function<FileTime()> now)
-    : real_(real), tree_(real, now ? std::move(now) : std::function<FileTime()>(SystemNow)) {}
+    : real_(real), now_(now ? std::move(now) : std::function<FileTime()>(SystemNow)) {}
 
 void RehearsalFileSystem::Clear() {
-    tree_.Clear();
+    ForgetRecent();
+    drives_.clear();
     steps_.Clear();
     vainTries_ = 0;
 }
 
 // Ever more rarely, so that many refusals in a row don't read a large folder each.
-void RehearsalFileSystem::Begin() {
+void RehearsalFileSystem::BeginChange() {
     if (HasSteps()) return;
     ++vainTries_;
-    if (vainTries_ <= kFewTries || std::has_single_bit(vainTries_)) tree_.Clear();
+    if (vainTries_ > kFewTries && !std::has_single_bit(vainTries_)) return;
+    ForgetRecent();
+    drives_.clear();
+}
+
+void RehearsalFileSystem::NoteChange(TreeChange change, std::string_view from,
+                                     std::string_view to) {
+    steps_.Add(change, from, to);
 }
 
 // ---- looking up ----
 
 Result<ObjectFacts> RehearsalFileSystem::Facts(std::string_view path) {
-    if (!HasSteps()) return real_.Facts(path);
-    const auto place = tree_.Need(path);
-    if (!place) return std::unexpected(place.error());
-    return tree_.FactsOf(*place->node);
-}
-
-template <class Spell>
-Result<std::string> RehearsalFileSystem::Spelled(std::string_view path, Spell spell) {
-    const auto place = tree_.Need(path);
-    if (!place) return std::unexpected(place.error());
-    std::vector<const RehearsalNode*> nodes;
-    for (const RehearsalNode* node = place->node; node->parent != nullptr; node = node->parent)
-        nodes.push_back(node);
-    const std::string_view root = ParseDrivePath(path)->root;
-    std::string out = root.size() == 2 ? text::Upper(root) : std::string(root);
-    if (nodes.empty() && out.size() == 2) out += '\\';
-    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
-        out += '\\';
-        out += spell((*node)->name);
-    }
-    return out;
+    return HasSteps() ? TreeFileSystem::Facts(path) : real_.Facts(path);
 }
 
 Result<std::string> RehearsalFileSystem::TruePath(std::string_view path) {
-    if (!HasSteps()) return real_.TruePath(path);
-    return Spelled(path, [](const std::string& name) { return name; });
+    return HasSteps() ? TreeFileSystem::TruePath(path) : real_.TruePath(path);
 }
 
-bool RehearsalFileSystem::IsWhereItWas(std::string_view path, const RehearsalNode& node) {
+Result<std::string> RehearsalFileSystem::ShortPath(std::string_view path) {
+    return HasSteps() ? TreeFileSystem::ShortPath(path) : real_.ShortPath(path);
+}
+
+bool RehearsalFileSystem::IsWhereItWas(std::string_view path, const TreeNode& node) {
     const auto truePath = TruePath(path);
-    return truePath && *truePath == node.RealPath();
+    return truePath && *truePath == RealPath(node);
 }
 
 Result<bool> RehearsalFileSystem::Holds(std::string_view outer, std::string_view inner) {
     if (!HasSteps()) return real_.Holds(outer, inner);
-    const auto holder = tree_.Need(outer);
-    if (!holder) return std::unexpected(holder.error());
-    const auto held = tree_.Need(inner);
-    if (!held) return std::unexpected(held.error());
-    if (held->node->IsWithin(*holder->node)) return true;
-    const bool isReal = IsWhereItWas(outer, *holder->node) && IsWhereItWas(inner, *held->node);
+    TX_TRY_ASSIGN(const Place holder, Need(outer));
+    TX_TRY_ASSIGN(const Place held, Need(inner));
+    if (held.node->IsWithin(*holder.node)) return true;
+    const bool isReal = IsWhereItWas(outer, *holder.node) && IsWhereItWas(inner, *held.node);
     return isReal ? real_.Holds(outer, inner) : Result<bool>(false);
 }
 
-Result<std::string> RehearsalFileSystem::ShortPath(std::string_view path) {
-    if (!HasSteps()) return real_.ShortPath(path);
-    return Spelled(path, ShortNameOf);
-}
-
 Result<std::unique_ptr<OpenFolder>> RehearsalFileSystem::Open(std::string_view folder) {
-    std::unique_ptr<OpenFolder> real;
-    if (!HasSteps()) {
-        auto opened = real_.Open(folder);
-        if (!opened) return opened;
-        real = std::move(*opened);
-    } else {
-        const auto place = tree_.NeedFolder(folder);
-        if (!place) return std::unexpected(place.error());
-        const auto children = tree_.ChildrenOf(*place->node);
-        if (!children) return RehearsalFailure(children.error().number, folder);
-    }
+    if (HasSteps()) return OpenRehearsed(folder);
+    TX_TRY_ASSIGN(auto real, real_.Open(folder));
     return std::make_unique<RehearsalOpenFolder>(*this, std::move(real), std::string(folder));
-}
-
-Result<void> RehearsalFileSystem::List(std::string_view folder, FolderListing& listing) {
-    listing.Clear();
-    const auto place = tree_.NeedFolder(folder);
-    if (!place) return std::unexpected(place.error());
-    const auto children = tree_.ChildrenOf(*place->node);
-    if (!children) return std::unexpected(children.error());
-    for (const auto& [upper, node] : (*children)->byUpper) {
-        listing.Add({node->name, node->isFolder, node->isLink, node->isBoundary});
-    }
-    return {};
-}
-
-Result<ObjectFacts> RehearsalFileSystem::ExactFacts(std::string_view folder,
-                                                    std::string_view name) {
-    const std::string path = text::JoinPath(folder, name);
-    if (!CanBeName(name)) return RehearsalFailure(kBadFileName, path);
-    const auto place = tree_.NeedFolder(folder);
-    if (!place) return std::unexpected(place.error());
-    const auto node = tree_.FindExact(*place->node, name);
-    if (!node) return std::unexpected(node.error());
-    if (*node == nullptr) return RehearsalFailure(kFileNotFound, path);
-    return tree_.FactsOf(**node);
-}
-
-// ---- changing one object ----
-
-Result<void> RehearsalFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
-    Begin();
-    const auto place = tree_.Need(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->drive->isReadOnly) return RehearsalFailure(kPermissionDenied, path);
-    const auto facts = tree_.FactsOf(*place->node);
-    if (!facts) return std::unexpected(facts.error());
-    std::uint32_t& held = place->node->facts->attributes;
-    held = (held & ~kSettable) | (attributes & kSettable);
-    if (place->node->name.starts_with('.')) held |= kHidden;
-    steps_.Add(RehearsedOperation::kSetAttributes, path);
-    return {};
-}
-
-Result<void> RehearsalFileSystem::DeleteFile(std::string_view path, bool force) {
-    Begin();
-    const auto place = tree_.NeedFile(path);
-    if (!place) return std::unexpected(place.error());
-    const auto facts = tree_.FactsOf(*place->node);
-    if (!facts) return std::unexpected(facts.error());
-    const bool isKept = (facts->attributes & kReadOnly) != 0 && !force;
-    if (place->drive->isReadOnly || isKept) return RehearsalFailure(kPermissionDenied, path);
-    tree_.Detach(*place->node);
-    steps_.Add(RehearsedOperation::kDeleteFile, path);
-    return {};
-}
-
-Result<void> RehearsalFileSystem::RemoveFolder(std::string_view path) {
-    Begin();
-    const auto place = tree_.NeedFolder(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->drive->isReadOnly) return RehearsalFailure(kPermissionDenied, path);
-    if (!place->node->IsTrueFolder() || place->folder == nullptr) {
-        return RehearsalFailure(kPathFileAccess, path);
-    }
-    const auto children = tree_.ChildrenOf(*place->node);
-    if (children && !(*children)->byUpper.empty()) return RehearsalFailure(kPathFileAccess, path);
-    tree_.Detach(*place->node);
-    steps_.Add(RehearsedOperation::kRemoveFolder, path);
-    return {};
-}
-
-Result<void> RehearsalFileSystem::CreateFolder(std::string_view path) {
-    Begin();
-    const auto place = tree_.NeedTarget(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->node != nullptr) return RehearsalFailure(kPathFileAccess, path);
-    tree_.Attach(*place->folder, tree_.MakeFolder(), place->name);
-    steps_.Add(RehearsedOperation::kCreateFolder, path);
-    return {};
-}
-
-Result<void> RehearsalFileSystem::Recycle(std::string_view path) {
-    Begin();
-    const auto place = tree_.Need(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->drive->isReadOnly || place->folder == nullptr) {
-        return RehearsalFailure(kPermissionDenied, path);
-    }
-    tree_.Detach(*place->node);
-    steps_.Add(RehearsedOperation::kRecycle, path);
-    return {};
-}
-
-// ---- content ----
-
-Result<RehearsalNode*> RehearsalFileSystem::NeedBytes(std::string_view path, bool toWrite) {
-    const auto place = tree_.NeedFile(path);
-    if (!place) return std::unexpected(place.error());
-    RehearsalNode& node = *place->node;
-    if (node.isFolder) return RehearsalFailure(kFileNotFound, path);
-    const auto facts = tree_.FactsOf(node);
-    if (!facts) return std::unexpected(facts.error());
-    if ((facts->attributes & kSpecial) != 0) return RehearsalFailure(kBadFileName, path);
-    const bool isKept = place->drive->isReadOnly || (facts->attributes & kReadOnly) != 0;
-    if (toWrite && isKept) return RehearsalFailure(kPermissionDenied, path);
-    if (node.isLink && !node.text) {
-        const auto behind = real_.ReadBytes(node.RealPath(), 0, 0);
-        if (!behind) return std::unexpected(behind.error());
-    }
-    return &node;
 }
 
 Result<std::string> RehearsalFileSystem::ReadBytes(std::string_view path, std::uint64_t offset,
                                                    std::size_t count) {
-    if (!HasSteps()) return real_.ReadBytes(path, offset, count);
-    const auto node = NeedBytes(path, false);
-    if (!node) return std::unexpected(node.error());
-    const std::shared_ptr<std::string>& text = (*node)->text;
-    if (!text) return real_.ReadBytes((*node)->RealPath(), offset, count);
-    if (offset >= text->size()) return std::string();
-    return text->substr(static_cast<std::size_t>(offset), count);
-}
-
-Result<std::unique_ptr<TextStream>> RehearsalFileSystem::CreateTextFile(std::string_view path,
-                                                                        bool overwrite) {
-    Begin();
-    const auto place = tree_.NeedTarget(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->node != nullptr) {
-        if (!overwrite) return RehearsalFailure(kAlreadyExists, path);
-        if (place->node->isFolder) return RehearsalFailure(kPathFileAccess, path);
-        return OpenAsTextStream(path, OpenMode::kWrite);
-    }
-    const RehearsalNode& made = tree_.Attach(*place->folder, tree_.MakeFile(), place->name);
-    steps_.Add(RehearsedOperation::kWriteText, path);
-    return std::make_unique<RehearsalWriter>(made.text);
+    return HasSteps() ? TreeFileSystem::ReadBytes(path, offset, count)
+                      : real_.ReadBytes(path, offset, count);
 }
 
 Result<std::unique_ptr<TextStream>> RehearsalFileSystem::OpenAsTextStream(std::string_view path,
                                                                           OpenMode mode) {
-    const bool toWrite = mode != OpenMode::kRead;
-    if (!toWrite && !HasSteps()) return real_.OpenAsTextStream(path, mode);
-    Begin();
-    const auto found = NeedBytes(path, toWrite);
-    if (!found) return std::unexpected(found.error());
-    RehearsalNode& node = **found;
-    if (!toWrite) {
-        if (!node.text) return real_.OpenAsTextStream(node.RealPath(), mode);
-        return std::make_unique<RehearsalReader>(*node.text);
+    const bool isReal = mode == OpenMode::kRead && !HasSteps();
+    return isReal ? real_.OpenAsTextStream(path, mode)
+                  : TreeFileSystem::OpenAsTextStream(path, mode);
+}
+
+// ---- what is read through ----
+
+Result<const TreeDrive*> RehearsalFileSystem::DriveNamed(std::string_view root, std::string_view) {
+    std::string key = text::Upper(root);
+    const auto known = drives_.find(key);
+    if (known != drives_.end()) return &known->second;
+    const std::string path = key + "\\";
+    TX_TRY(real_.Facts(path));
+    TreeDrive drive;
+    for (const DriveInfo& info : real_.Drives()) {
+        if (text::EqualNoCase(info.path, key)) drive.info = info;
     }
-    node.facts->modified = tree_.Now();
-    if (mode == OpenMode::kWrite) {
-        node.text = std::make_shared<std::string>();
-    } else if (!node.text) {
-        auto held = real_.ReadBytes(node.RealPath(), 0, static_cast<std::size_t>(node.facts->size));
-        if (!held) return std::unexpected(held.error());
-        node.text = std::make_shared<std::string>(std::move(*held));
+    drive.top = NewNode(TreeKind::kFolder);
+    drive.top->isHeld = false;
+    Rehearsed(*drive.top).isMade = false;
+    Rehearsed(*drive.top).origin = std::make_unique<std::string>(path);
+    return &drives_.emplace(std::move(key), std::move(drive)).first->second;
+}
+
+// Most paths are followed by others in the same folder.
+Result<RehearsalFileSystem::Place> RehearsalFileSystem::Walk(std::string_view path) {
+    const std::size_t slash = path.rfind('\\');
+    const std::string_view folderPath = path.substr(0, std::min(slash, path.size()));
+    const std::string_view last = slash == path.npos ? path : path.substr(slash + 1);
+    if (slash != path.npos && CanBeName(last)) {
+        const auto known = std::ranges::find(recent_, folderPath, &Recent::path);
+        if (known != recent_.end() && known->folder != nullptr) {
+            return Below(known->drive, *known->folder, last, path);
+        }
     }
-    steps_.Add(RehearsedOperation::kWriteText, path);
-    return std::make_unique<RehearsalWriter>(node.text);
+    auto place = TreeFileSystem::Walk(path);
+    if (place && place->folder != nullptr && place->name == last) {
+        recent_[nextRecent_] = {std::string(folderPath), place->drive, place->folder};
+        nextRecent_ = (nextRecent_ + 1) % recent_.size();
+    }
+    return place;
+}
+
+void RehearsalFileSystem::Load(RehearsalNode& folder) {
+    folder.children = std::make_unique<TreeChildren>();
+    const std::string path = RealPath(folder);
+    if (path.empty()) return;
+    FolderListing listing;
+    const auto opened = real_.Open(path);
+    const auto listed = opened ? (*opened)->List(listing) : std::unexpected(opened.error());
+    // Those that look alike can't be told apart, and nothing can be asked of them.
+    if (!listed && !folder.nativeName) folder.failure = listed.error().number;
+    std::size_t strange = 0;
+    for (std::size_t i = 0; i < listing.Size(); ++i) {
+        const FolderEntry entry = listing[i];
+        const bool isFolder = entry.isFolder && !entry.isLink;
+        const TreeKind kind = entry.isLink ? TreeKind::kLink
+                              : isFolder   ? TreeKind::kFolder
+                                           : TreeKind::kFile;
+        auto node = std::make_shared<RehearsalNode>(kind);
+        node->isHeld = false;
+        node->isLinkToFolder = entry.isLink && entry.isFolder;
+        node->isBoundary = entry.isBoundary;
+        const bool canBeOpened = CanBeName(entry.name);
+        folder.Attach(std::move(node), entry.name,
+                      canBeOpened ? std::string() : std::to_string(++strange));
+    }
+}
+
+int RehearsalFileSystem::WhyUnlisted(TreeNode& folder) {
+    if (!folder.children) Load(Rehearsed(folder));
+    return Rehearsed(folder).failure;
+}
+
+// A folder that can't be listed may still give an object by its exact name.
+Result<TreeNode*> RehearsalFileSystem::FindUnlisted(TreeNode& folder, std::string_view name) {
+    if (TreeNode* const known = folder.Child(name)) return known;
+    const auto facts = real_.Facts(text::JoinPath(RealPath(folder), name));
+    if (!facts && facts.error().number == kFileNotFound) return nullptr;
+    if (!facts) return std::unexpected(facts.error());
+    const bool isFolder = facts->IsFolder() && !facts->IsLink();
+    auto node = std::make_shared<RehearsalNode>(facts->IsLink() ? TreeKind::kLink
+                                                : isFolder      ? TreeKind::kFolder
+                                                                : TreeKind::kFile);
+    node->isHeld = false;
+    node->isLinkToFolder = facts->IsLink() && facts->IsFolder();
+    folder.Attach(node, name);
+    return node.get();
+}
+
+Result<void> RehearsalFileSystem::Fetch(TreeNode& node) {
+    RehearsalNode& own = Rehearsed(node);
+    if (own.hasFacts || own.isMade) return {};
+    const std::string path = RealPath(node);
+    auto facts = real_.Facts(path);
+    if (!facts && own.nativeName) facts = ObjectFacts{kArchive, 0, Now(), kNoTime, Now()};
+    if (!facts) return std::unexpected(facts.error());
+    own.attributes = facts->attributes & ~std::uint32_t{kFolder | kAlias};
+    if (text::FileNameOf(path).starts_with('.')) own.attributes &= ~std::uint32_t{kHidden};
+    own.size = facts->size;
+    own.modified = facts->modified;
+    own.created = facts->created;
+    own.accessed = facts->accessed;
+    own.hasFacts = true;
+    return {};
+}
+
+TreeNode* RehearsalFileSystem::FolderBehind(TreeNode& link) {
+    return Rehearsed(link).isLinkToFolder ? &link : nullptr;
+}
+
+Result<TreeNode*> RehearsalFileSystem::FileBehind(TreeNode& link) {
+    if (Rehearsed(link).isLinkToFolder) return nullptr;
+    if (!link.isHeld) TX_TRY(real_.ReadBytes(RealPath(link), 0, 0));
+    return &link;
+}
+
+Result<std::string> RehearsalFileSystem::BytesOf(TreeNode& file, std::uint64_t offset,
+                                                 std::size_t count) {
+    return file.isHeld ? file.Bytes(offset, count) : real_.ReadBytes(RealPath(file), offset, count);
+}
+
+// ---- objects ----
+
+std::shared_ptr<TreeNode> RehearsalFileSystem::NewNode(TreeKind kind) const {
+    auto node = std::make_shared<RehearsalNode>(kind);
+    node->isMade = true;
+    return node;
+}
+
+// A copied folder gets its objects one by one.
+void RehearsalFileSystem::CopyRest(const TreeNode& from, TreeNode& to) const {
+    if (from.IsFolder()) return;
+    std::string real = RealPath(from);
+    Rehearsed(to).isMade = real.empty();
+    Rehearsed(to).hasFacts = true;
+    Rehearsed(to).isLinkToFolder = Rehearsed(from).isLinkToFolder;
+    if (!real.empty()) Rehearsed(to).origin = std::make_unique<std::string>(std::move(real));
+}
+
+void RehearsalFileSystem::BeforeMoving(TreeNode& node) {
+    RehearsalNode& own = Rehearsed(node);
+    if (own.parent != nullptr && !own.origin && !own.isMade) {
+        own.origin = std::make_unique<std::string>(RealPath(node));
+    }
+    if (own.IsFolder() || own.IsLink()) ForgetRecent();
 }
 
 } // namespace tarvix::platform

@@ -1,25 +1,31 @@
 #pragma once
 
-#include "platform/file_system.h"
 #include "platform/rehearsal/rehearsal_steps.h"
-#include "platform/rehearsal/rehearsal_tree.h"
+#include "platform/tree/tree_file_system.h"
+
+#include <array>
+#include <functional>
 
 namespace tarvix::platform {
+
+struct RehearsalNode;
 
 // A file system on which nothing is really changed. Reading goes through to the real one, as it
 // would be after the changes recorded so far; changes are recorded in order and give the results
 // that the real ones would. It can't foresee refusals that only doing it would show: rights of
-// others, a full disk, a failing device.
+// others, a full disk, a failing device. Folders are read when they are first walked into, and kept
+// from then on.
 //
-// What a link leads to isn't known here: a path through a link is a road of its own, and what is
-// changed on the one road isn't seen on the other. The observer of a copy must not change files
-// here.
-class RehearsalFileSystem : public FileSystem {
+// What a link leads to isn't known here: a path through a link, or under another drive name, is a
+// road of its own, and what is changed on the one road isn't seen on the other.
+class RehearsalFileSystem : public TreeFileSystem {
   public:
-    // `now` dates what is made; the system's clock unless given.
+    // `now` dates what is made; the system's clock unless given. `real` must outlive this.
     explicit RehearsalFileSystem(FileSystem& real, std::function<FileTime()> now = {});
 
+    // The changes so far, in order.
     const RehearsalSteps& Steps() const { return steps_; }
+    bool HasSteps() const { return steps_.Size() > 0; }
     // Starts again with the real file system as it is now.
     void Clear();
 
@@ -28,63 +34,55 @@ class RehearsalFileSystem : public FileSystem {
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;
     Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
-    Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;
-    Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
-                          const CopyObserver& observer) override;
-    Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
-                            const CopyObserver& observer) override;
-    Result<void> MoveFile(std::string_view from, std::string_view to,
-                          const CopyObserver& observer) override;
-    Result<void> MoveFolder(std::string_view from, std::string_view to) override;
-    Result<void> DeleteFile(std::string_view path, bool force) override;
-    Result<void> RemoveFolder(std::string_view path) override;
-    Result<void> CreateFolder(std::string_view path) override;
     Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
                                   std::size_t count) override;
-    Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
-                                                       bool overwrite) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override { return real_.Drives(); }
 
-    // ---- for the parts of this layer ----
+    // ---- for the open folders of this layer ----
 
-    // Records that an object went to the trash.
-    Result<void> Recycle(std::string_view path);
-    Result<void> List(std::string_view folder, FolderListing& listing);
-    Result<ObjectFacts> ExactFacts(std::string_view folder, std::string_view name);
-    bool HasSteps() const { return steps_.Size() > 0; }
+    // A folder as it is after the changes so far.
+    Result<std::unique_ptr<OpenFolder>> OpenRehearsed(std::string_view folder) {
+        return TreeFileSystem::Open(folder);
+    }
+
+  protected:
+    FileTime Now() const override { return now_(); }
+    Result<const TreeDrive*> DriveNamed(std::string_view root, std::string_view path) override;
+    std::shared_ptr<TreeNode> NewNode(TreeKind kind) const override;
+    void CopyRest(const TreeNode& from, TreeNode& to) const override;
+    TreeNode* FolderBehind(TreeNode& link) override;
+    Result<TreeNode*> FileBehind(TreeNode& link) override;
+    void NoteChange(TreeChange change, std::string_view from, std::string_view to) override;
+    // What was read before the first change may be old.
+    void BeginChange() override;
+    void BeforeMoving(TreeNode& node) override;
+    int WhyUnlisted(TreeNode& folder) override;
+    Result<TreeNode*> FindUnlisted(TreeNode& folder, std::string_view name) override;
+    Result<void> Fetch(TreeNode& node) override;
+    Result<std::string> BytesOf(TreeNode& file, std::uint64_t offset, std::size_t count) override;
+    Result<Place> Walk(std::string_view path) override;
 
   private:
-    using Place = RehearsalTree::Place;
-    struct CopyRun;
+    // A folder that paths were looked up in.
+    struct Recent {
+        std::string path;
+        const TreeDrive* drive = nullptr;
+        TreeNode* folder = nullptr;
+    };
 
-    // To be called before each change: what was read before the first one may be old.
-    void Begin();
+    void Load(RehearsalNode& folder);
     // Whether the object lies where it really lies, so that the real file system can tell of it.
-    bool IsWhereItWas(std::string_view path, const RehearsalNode& node);
-    template <class Spell>
-    Result<std::string> Spelled(std::string_view path, Spell spell);
-    Result<RehearsalNode*> NeedBytes(std::string_view path, bool toWrite);
-    Result<void> CheckReplace(const Place& to, const RehearsalNode& source, bool overwrite,
-                              std::string_view path);
-    Result<void> CopyObject(CopyRun& run, RehearsalNode& source, const Place& to,
-                            std::string_view path);
-    Result<void> CopyContent(CopyRun& run, RehearsalNode& source, RehearsalNode& target,
-                             const std::string& from, const std::string& to);
-    Result<void> CopyChild(CopyRun& run, RehearsalNode& source, RehearsalNode& target,
-                           const std::string& from, const std::string& to);
-    Result<void> CopySubfolder(CopyRun& run, RehearsalNode& source, const Place& to,
-                               const std::string& from, const std::string& path);
-    Result<void> CopyFileOnly(std::string_view from, std::string_view to, bool overwrite,
-                              const CopyObserver& observer);
-    Result<std::uint64_t> SizeOfTree(RehearsalNode& node);
-    Result<void> Rename(const Place& from, const Place& to, std::string_view toPath);
+    bool IsWhereItWas(std::string_view path, const TreeNode& node);
+    void ForgetRecent() { recent_.fill({}); }
 
     FileSystem& real_;
-    RehearsalTree tree_;
+    std::function<FileTime()> now_;
     RehearsalSteps steps_;
-    std::size_t vainTries_ = 0; // changes asked for and refused before the first
+    std::size_t vainTries_ = 0;    // changes asked for and refused before the first
+    std::array<Recent, 4> recent_; // the next to go first
+    std::size_t nextRecent_ = 0;
 };
 
 } // namespace tarvix::platform

@@ -9,7 +9,7 @@ RehearsedStep RehearsalSteps::operator[](std::size_t index) const {
     return {record.operation, both.substr(0, record.fromLength), both.substr(record.fromLength)};
 }
 
-void RehearsalSteps::Add(RehearsedOperation operation, std::string_view from, std::string_view to) {
+void RehearsalSteps::Add(TreeChange operation, std::string_view from, std::string_view to) {
     records_.push_back({texts_.size(), static_cast<std::uint32_t>(from.size()),
                         static_cast<std::uint32_t>(to.size()), operation});
     texts_ += from;

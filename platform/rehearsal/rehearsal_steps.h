@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/tree/tree_file_system.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -8,23 +10,10 @@
 
 namespace tarvix::platform {
 
-enum class RehearsedOperation : std::uint8_t {
-    kCopyFile,
-    kCopyFolder,
-    kMoveFile,
-    kMoveFolder,
-    kDeleteFile,
-    kRemoveFolder,
-    kCreateFolder,
-    kSetAttributes,
-    kRecycle,
-    kWriteText, // a text file made, emptied or added to
-};
-
 // One change that would have been made, with the paths as they were given. The texts live until the
 // next step is recorded.
 struct RehearsedStep {
-    RehearsedOperation operation;
+    TreeChange operation;
     std::string_view from; // the object
     std::string_view to;   // its new path, of copies and moves
 };
@@ -34,7 +23,7 @@ class RehearsalSteps {
   public:
     std::size_t Size() const { return records_.size(); }
     RehearsedStep operator[](std::size_t index) const;
-    void Add(RehearsedOperation operation, std::string_view from, std::string_view to = {});
+    void Add(TreeChange operation, std::string_view from, std::string_view to = {});
     void Clear();
 
   private:
@@ -42,7 +31,7 @@ class RehearsalSteps {
         std::size_t offset;
         std::uint32_t fromLength;
         std::uint32_t toLength;
-        RehearsedOperation operation;
+        TreeChange operation;
     };
     std::string texts_;
     std::vector<Record> records_;

@@ -2,6 +2,7 @@
 
 #include "platform/rehearsal/rehearsal_file_system.h"
 #include "platform/trash.h"
+#include "platform/try.h"
 
 namespace tarvix::platform {
 
@@ -14,8 +15,8 @@ class RehearsalTrash : public Trash {
     Result<void> Recycle(std::span<const std::string> paths,
                          const TrashObserver& observer) override {
         for (std::size_t done = 0; done < paths.size(); ++done) {
-            if (observer && !observer(done)) return RehearsalFailure(kInterrupted, paths[done]);
-            if (auto recycled = files_.Recycle(paths[done]); !recycled) return recycled;
+            if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
+            TX_TRY(files_.TakeAway(paths[done]));
         }
         return {};
     }

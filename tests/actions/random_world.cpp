@@ -22,8 +22,8 @@ std::string ContentOf(const MemoryNode& node) {
 
 void Collect(const MemoryNode& node, std::set<std::string>& contents) {
     if (!node.IsFolder()) contents.insert(ContentOf(node));
-    for (const auto& [key, child] : node.children) {
-        Collect(*child, contents);
+    for (const auto& [key, child] : node.Children()) {
+        Collect(platform::InMemory(*child), contents);
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_system.h"
+#include "platform/tree/tree_file_system.h"
 #include "tests/machine/memory_node.h"
 
 #include <functional>
@@ -26,10 +26,9 @@ struct MemoryCalls {
 
 // Drives that live in memory and behave as FileSystem promises, with helpers for tests. Drive C:
 // is there from the start. Objects made through the interface are dated by the clock given.
-class MemoryFileSystem : public FileSystem {
+class MemoryFileSystem : public TreeFileSystem {
   public:
     MemoryFileSystem();
-    ~MemoryFileSystem() override;
 
     // ---- for tests ----
 
@@ -70,100 +69,46 @@ class MemoryFileSystem : public FileSystem {
     // ---- FileSystem ----
 
     Result<ObjectFacts> Facts(std::string_view path) override;
-    Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
-    Result<std::string> ShortPath(std::string_view path) override;
     Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
-    Result<void> SetAttributes(std::string_view path, std::uint32_t attributes) override;
-    Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
-                          const CopyObserver& observer) override;
-    Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
-                            const CopyObserver& observer) override;
-    Result<void> MoveFile(std::string_view from, std::string_view to,
-                          const CopyObserver& observer) override;
-    Result<void> MoveFolder(std::string_view from, std::string_view to) override;
-    Result<void> DeleteFile(std::string_view path, bool force) override;
-    Result<void> RemoveFolder(std::string_view path) override;
-    Result<void> CreateFolder(std::string_view path) override;
     Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
                                   std::size_t count) override;
-    Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
-                                                       bool overwrite) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override;
 
-    // ---- for the parts of this disk ----
+    // Puts an object under a path that is free (58) in a folder that exists (76). 70.
+    Result<void> PutBack(std::string_view path, std::shared_ptr<TreeNode> node);
 
-    ObjectFacts FactsOf(MemoryNode& node);
-    // 61 when the drive of `node` has no room for so many bytes more.
-    Result<void> CheckRoom(const MemoryNode& node, std::uint64_t more) const;
-    // Takes an object with all it holds out of the tree, and puts one into it under a path that is
-    // free (58) in a folder that exists (76). 53, 70, 76.
-    Result<std::shared_ptr<MemoryNode>> TakeAway(std::string_view path);
-    Result<void> PutBack(std::string_view path, std::shared_ptr<MemoryNode> node);
-    // Whether an object still hangs in a drive's tree.
-    bool IsOnDisk(const MemoryNode& node) const { return DriveOf(node) != nullptr; }
-    FileTime Now() const { return now_(); }
+  protected:
+    FileTime Now() const override { return now_(); }
+    // 76 for one that isn't there, 71 for one that isn't ready.
+    Result<const TreeDrive*> DriveNamed(std::string_view root, std::string_view path) override;
+    std::shared_ptr<TreeNode> NewNode(TreeKind kind) const override;
+    void CopyRest(const TreeNode& from, TreeNode& to) const override;
+    TreeNode* FolderBehind(TreeNode& link) override;
+    Result<TreeNode*> FileBehind(TreeNode& link) override;
+    void NoteChange(TreeChange change, std::string_view from, std::string_view to) override;
+    void BeforeMoving(TreeNode& node) override;
+    int WhyUnlisted(TreeNode& folder) override;
+    Result<TreeNode*> FindUnlisted(TreeNode& folder, std::string_view name) override;
+    Result<void> CheckReadable(const TreeNode& node, std::string_view path) override;
+    Result<void> CheckRoom(const TreeNode& node, std::uint64_t more) override;
 
   private:
-    struct Drive {
-        DriveInfo info;
-        std::shared_ptr<MemoryNode> root;
-        std::uint64_t capacity = kUnlimited;
+    TreeDrive* FindDrive(std::string_view root);
+    std::string PathOf(const TreeNode& node) const;
+    // What a chain of links leads to, or null.
+    TreeNode* Followed(TreeNode& node);
+    MemoryNode& AddNode(std::string_view path, TreeKind kind);
+    TreeNode& FolderFor(const DrivePath& path);
 
-        bool IsReadOnly() const { return info.type == DriveType::kCdRom; }
-    };
-    // Where a path leads: its folder and the object, null when there is none of that name. The
-    // folder is null for a drive itself.
-    struct Place {
-        const Drive* drive = nullptr;
-        MemoryNode* folder = nullptr;
-        MemoryNode* node = nullptr;
-        std::string_view name; // of the path that was walked
-    };
-    struct CopyRun;
-
-    Drive* FindDrive(std::string_view root);
-    const Drive* DriveOf(const MemoryNode& node) const;
-    std::string PathOf(const MemoryNode& node) const;
-    // What a chain of links leads to, or null; `depth` links were followed before.
-    MemoryNode* Followed(MemoryNode& node, int depth = 0);
-
-    Result<Place> Walk(std::string_view path, int depth = 0);
-    // The objects that a path names one after the other, links as they are. 53 or 76.
-    Result<std::vector<MemoryNode*>> NodesOnTheWay(std::string_view path);
-    // The object must be there (53), and be no folder (53), or nothing but a folder (76).
-    Result<Place> Need(std::string_view path);
-    Result<Place> NeedFile(std::string_view path);
-    Result<Place> NeedFolder(std::string_view path);
-    // A place that may be written to: 70 on a drive that can't be.
-    Result<Place> NeedTarget(std::string_view path);
-    // The file behind links, for its bytes: 52, 53, 70.
-    Result<MemoryNode*> NeedBytes(std::string_view path, bool toWrite);
-
-    MemoryNode& AddNode(std::string_view path, MemoryKind kind);
-    MemoryNode& FolderFor(const DrivePath& path);
-    std::shared_ptr<MemoryNode> NewNode(MemoryKind kind) const;
-
-    Result<void> CheckReplace(const Place& to, const MemoryNode& source, bool overwrite,
-                              std::string_view path);
-    // Copies one file or link to where `findTarget` says, asked again after the last progress.
-    Result<void> CopyObject(CopyRun& run, MemoryNode& source, std::string_view to,
-                            const std::function<Result<Place>()>& findTarget);
-    Result<void> CopyContent(CopyRun& run, MemoryNode& source, MemoryNode& target,
-                             const std::string& path);
-    Result<void> CopyChild(CopyRun& run, MemoryNode& source, MemoryNode& target,
-                           const std::string& path);
-    Result<void> CopySubfolder(CopyRun& run, MemoryNode& source, MemoryNode* existing,
-                               MemoryNode& parent, std::string_view name, const std::string& path);
-    Result<void> Rename(const Place& from, const Place& to, std::string_view toPath);
-
-    std::map<std::string, Drive> drives_; // by the root in upper case
+    std::map<std::string, std::uint64_t> capacities_; // in bytes, by the root in upper case
     MemoryCalls calls_;
     std::function<FileTime()> now_;
     std::string lastFolderPath_; // the folder that the last object was added to
-    MemoryNode* lastFolder_ = nullptr;
+    TreeNode* lastFolder_ = nullptr;
+    int linksFollowed_ = 0; // one behind the other
 };
 
 } // namespace tarvix::platform

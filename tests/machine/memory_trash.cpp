@@ -1,7 +1,6 @@
 #include "tests/machine/memory_trash.h"
 
 #include "platform/drive_path.h"
-#include "tests/machine/memory_failure.h"
 #include "text/case.h"
 #include "text/paths.h"
 
@@ -18,7 +17,7 @@ std::string PathKey(std::string_view path) {
 Result<void> MemoryTrash::Recycle(std::span<const std::string> paths,
                                   const TrashObserver& observer) {
     for (std::size_t done = 0; done < paths.size(); ++done) {
-        if (observer && !observer(done)) return Fail(kInterrupted, paths[done]);
+        if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
         if (auto recycled = RecycleOne(paths[done]); !recycled) return recycled;
     }
     return {};
@@ -28,14 +27,14 @@ Result<void> MemoryTrash::RecycleOne(const std::string& path) {
     const auto truePath = disk_.TruePath(path);
     if (!truePath) return std::unexpected(truePath.error());
     const auto refusal = refused_.find(PathKey(*truePath));
-    if (refusal != refused_.end()) return Fail(refusal->second, path);
+    if (refusal != refused_.end()) return TreeFailure(refusal->second, path);
     const auto parsed = ParseDrivePath(*truePath);
     if (parsed && withoutTrash_.contains(text::Upper(parsed->root))) {
-        return Fail(kPathFileAccess, path);
+        return TreeFailure(kPathFileAccess, path);
     }
     auto node = disk_.TakeAway(path);
     if (!node) return std::unexpected(node.error());
-    items_.push_back({*truePath, std::move(*node)});
+    items_.push_back({*truePath, std::static_pointer_cast<MemoryNode>(std::move(*node))});
     return {};
 }
 
@@ -51,7 +50,7 @@ Result<void> MemoryTrash::Restore(std::string_view path) {
     const auto last = std::find_if(items_.rbegin(), items_.rend(), [&key](const Item& item) {
         return text::Upper(item.path) == key;
     });
-    if (last == items_.rend()) return Fail(kFileNotFound, path);
+    if (last == items_.rend()) return TreeFailure(kFileNotFound, path);
     auto restored = disk_.PutBack(last->path, last->node);
     if (restored) items_.erase(std::prev(last.base()));
     return restored;

@@ -35,8 +35,8 @@ class Disk {
     virtual void SetModified(std::string_view path, FileTime modified) = 0;
     virtual void SetReadOnly(std::string_view path) = 0;
     virtual bool MakeFifo(std::string_view path) = 0;
-    // A file in the root folder whose name is given in the disk's own bytes.
-    virtual bool MakeBadName(std::string_view nativeName) = 0;
+    // A file in a folder that is there; its name is given in the disk's own bytes.
+    virtual bool MakeBadName(std::string_view folder, std::string_view nativeName) = 0;
     // Takes away the right to list a folder.
     virtual bool MakeUnreadable(std::string_view path) = 0;
     virtual bool SetExtendedAttribute(std::string_view path, std::string_view name,

@@ -104,6 +104,7 @@ TEST_P(FileSystemConformance, FactsByFolderTakeTheExactNameOnly) {
     ASSERT_TRUE(folder);
     EXPECT_EQ(NumberOf((*folder)->Facts("A.TXT")), kFileNotFound);
     EXPECT_EQ(NumberOf((*folder)->Facts("missing")), kFileNotFound);
+    EXPECT_EQ(NumberOf((*folder)->Facts(std::string(256, 'a'))), kBadFileName);
     disk().MakeFile("later.txt", "");
     EXPECT_TRUE((*folder)->Facts("later.txt"));
 }
@@ -195,7 +196,7 @@ TEST_P(FileSystemConformance, DirOpensFoldersByTheirShortPath) {
 }
 
 TEST_P(FileSystemConformance, DirListsNamesThatCannotBeOpened) {
-    if (!disk().MakeBadName("caf\xE9.txt")) GTEST_SKIP() << "not on this disk";
+    if (!disk().MakeBadName("", "caf\xE9.txt")) GTEST_SKIP() << "not on this disk";
     Dir dir(files());
     EXPECT_EQ(AllOf(dir, At("*.txt"), kDirFiles), std::vector<std::string>{"caf?.txt"});
 }

@@ -80,6 +80,13 @@ TEST_P(FileSystemConformance, ANameTooLongForTheDiskGives52) {
     EXPECT_EQ(NumberOf(files().Facts(At(name))), kBadFileName);
 }
 
+TEST_P(FileSystemConformance, AMissingFolderComesBeforeANameTooLongInIt) {
+    const std::string name(256, 'a');
+    disk().MakeFile("a.txt", "x");
+    EXPECT_EQ(NumberOf(files().Facts(At("missing\\" + name))), kPathNotFound);
+    EXPECT_EQ(NumberOf(files().Facts(At("a.txt\\" + name))), kPathNotFound);
+}
+
 TEST_P(FileSystemConformance, DotsInAPathAreResolvedByText) {
     disk().MakeFile("folder\\a.txt", "x");
     EXPECT_TRUE(Exists("folder\\.\\a.txt"));
@@ -209,12 +216,21 @@ TEST_P(FileSystemConformance, OddCharactersInNamesAreFound) {
 }
 
 TEST_P(FileSystemConformance, ANameThatIsNotUtf8ShowsAQuestionMarkAndCannotBeOpened) {
-    if (!disk().MakeBadName("caf\xE9.txt")) GTEST_SKIP() << "not on this disk";
+    if (!disk().MakeBadName("", "caf\xE9.txt")) GTEST_SKIP() << "not on this disk";
     EXPECT_EQ(Listed(""), std::vector<std::string>{"caf?.txt"});
     EXPECT_EQ(NumberOf(files().Facts(At("caf?.txt"))), kBadFileName);
     EXPECT_EQ(NumberOf(files().DeleteFile(At("caf?.txt"), true)), kBadFileName);
     EXPECT_EQ(NumberOf((*files().Open(Root()))->Facts("caf?.txt")), kBadFileName);
     EXPECT_EQ(Listed("").size(), 1u);
+}
+
+TEST_P(FileSystemConformance, ANameThatIsNotUtf8CanBeOpenedByItsShortName) {
+    if (!disk().MakeBadName("", "caf\xE9.txt")) GTEST_SKIP() << "not on this disk";
+    const std::string shortName = ShortNameOf("caf?.txt");
+    EXPECT_TRUE(Exists(shortName));
+    EXPECT_EQ(*files().TruePath(At(shortName)), At("caf?.txt"));
+    ASSERT_TRUE(Move(shortName, "coffee.txt"));
+    EXPECT_EQ(Listed(""), std::vector<std::string>{"coffee.txt"});
 }
 
 TEST_P(FileSystemConformance, TrailingAndLeadingBlanksBelongToTheName) {
@@ -328,6 +344,7 @@ TEST_P(FileSystemConformance, SetAttributesOfALinkLeavesItsTargetAlone) {
     disk().MakeLink("link", "a.txt");
     EXPECT_TRUE(files().SetAttributes(At("link"), kReadOnly));
     EXPECT_EQ(AttributesOf("a.txt") & kReadOnly, 0u);
+    EXPECT_EQ(AttributesOf("link") & kReadOnly, 0u);
 }
 
 TEST_P(FileSystemConformance, SetAttributesOfWhatIsMissing) {

@@ -91,6 +91,30 @@ TEST_P(FileSystemConformance, MoveThroughAShortPathMovesTheLongName) {
     EXPECT_EQ(Names(""), List{"b.txt"});
 }
 
+TEST_P(FileSystemConformance, MoveToItsOwnShortNameIsRefused) {
+    disk().MakeFile("A long name.text", "1");
+    disk().MakeFolder("A long folder name");
+    EXPECT_EQ(NumberOf(Move("A long name.text", ShortNameOf("A long name.text"))), kAlreadyExists);
+    EXPECT_EQ(NumberOf(MoveTree("A long folder name", ShortNameOf("A long folder name"))),
+              kAlreadyExists);
+    EXPECT_EQ(Names(""), (List{"A long folder name", "A long name.text"}));
+}
+
+TEST_P(FileSystemConformance, MoveMakesHiddenByALeadingDotOnly) {
+    disk().MakeFile(".a", "1");
+    disk().MakeFile("b", "2");
+    ASSERT_TRUE(Move(".a", "a"));
+    ASSERT_TRUE(Move("b", ".b"));
+    EXPECT_EQ(AttributesOf("a") & kHidden, 0u);
+    EXPECT_NE(AttributesOf(".b") & kHidden, 0u);
+}
+
+TEST_P(FileSystemConformance, MoveTreeOfADriveIsRefused) {
+    const std::string drive = Root().substr(0, 2) + "\\";
+    EXPECT_EQ(NumberOf(files().MoveFolder(drive, At("folder"))), kPermissionDenied);
+    EXPECT_TRUE(Names("").empty());
+}
+
 TEST_P(FileSystemConformance, MoveTreeMovesAllThatIsInIt) {
     disk().MakeFile("from\\inner\\a.txt", "1");
     disk().MakeFolder("other");
@@ -180,6 +204,13 @@ TEST_P(FileSystemConformance, RemoveFolderLeavesLinksAndFiles) {
     EXPECT_EQ(NumberOf(files().RemoveFolder(At("a.txt"))), kPathNotFound);
     EXPECT_EQ(NumberOf(files().RemoveFolder(At("missing"))), kPathNotFound);
     EXPECT_EQ(Names(""), (List{"a.txt", "folder", "link"}));
+}
+
+TEST_P(FileSystemConformance, RemoveFolderLeavesWhatItCannotList) {
+    disk().MakeFile("folder\\a.txt", "1");
+    if (!disk().MakeUnreadable("folder")) GTEST_SKIP() << "not on this disk or for this user";
+    EXPECT_EQ(NumberOf(files().RemoveFolder(At("folder"))), kPathFileAccess);
+    EXPECT_TRUE(Exists("folder"));
 }
 
 TEST_P(FileSystemConformance, CreateFolderMakesOneFolder) {

@@ -217,4 +217,60 @@ TEST_P(FileSystemConformance, WritingChangesTheTime) {
     EXPECT_GT(files().Facts(At("a.txt"))->modified, 1'000'000'000'000'000'000);
 }
 
+TEST_P(FileSystemConformance, OpeningForAppendingAloneLeavesTheTime) {
+    disk().MakeFile("a.txt", "old");
+    disk().SetModified("a.txt", 1'000'000'000'000'000'000);
+    ASSERT_TRUE(files().OpenAsTextStream(At("a.txt"), OpenMode::kAppend));
+    EXPECT_EQ(files().Facts(At("a.txt"))->modified, 1'000'000'000'000'000'000);
+    EXPECT_EQ(TextOf("a.txt"), "old");
+}
+
+TEST_P(FileSystemConformance, AppendingThroughALinkKeepsWhatIsThere) {
+    disk().MakeFile("a.txt", "one");
+    disk().MakeLink("link", "a.txt");
+    auto stream = files().OpenAsTextStream(At("link"), OpenMode::kAppend);
+    ASSERT_TRUE(stream);
+    ASSERT_TRUE((*stream)->Write(" and two"));
+    ASSERT_TRUE((*stream)->Close());
+    EXPECT_EQ(*files().ReadBytes(At("link"), 0, 100), "one and two");
+}
+
+TEST_P(FileSystemConformance, CreateTextFileOntoADanglingLinkMakesNothing) {
+    disk().MakeLink("link", "missing");
+    EXPECT_EQ(NumberOf(files().CreateTextFile(At("link"), false)), kAlreadyExists);
+    EXPECT_EQ(NumberOf(files().CreateTextFile(At("link"), true)), kFileNotFound);
+    EXPECT_EQ(Names(""), List{"link"});
+}
+
+TEST_P(FileSystemConformance, AStreamOutlivesTheNameOfItsFile) {
+    auto stream = files().CreateTextFile(At("log"), false);
+    ASSERT_TRUE(stream);
+    ASSERT_TRUE(Move("log", "moved"));
+    ASSERT_TRUE((*stream)->Write("1"));
+    ASSERT_TRUE((*stream)->Flush());
+    EXPECT_EQ(TextOf("moved"), "1");
+    ASSERT_TRUE(files().DeleteFile(At("moved"), false));
+    ASSERT_TRUE((*stream)->Write("2"));
+    EXPECT_TRUE((*stream)->Close());
+    EXPECT_TRUE(Names("").empty());
+}
+
+TEST_P(FileSystemConformance, AFileIsWrittenThroughOneStreamAtATime) {
+    auto first = files().CreateTextFile(At("log.txt"), true);
+    ASSERT_TRUE(first);
+    ASSERT_TRUE((*first)->Write("one"));
+    EXPECT_EQ(NumberOf(files().CreateTextFile(At("log.txt"), true)), kPermissionDenied);
+    for (const OpenMode mode : {OpenMode::kWrite, OpenMode::kAppend}) {
+        EXPECT_EQ(NumberOf(files().OpenAsTextStream(At("log.txt"), mode)), kPermissionDenied);
+    }
+    EXPECT_TRUE(files().OpenAsTextStream(At("log.txt"), OpenMode::kRead));
+    ASSERT_TRUE((*first)->Close());
+    EXPECT_EQ(TextOf("log.txt"), "one");
+    auto second = files().OpenAsTextStream(At("log.txt"), OpenMode::kAppend);
+    ASSERT_TRUE(second);
+    second->reset();
+    EXPECT_TRUE(files().OpenAsTextStream(At("log.txt"), OpenMode::kWrite));
+    EXPECT_EQ(TextOf("log.txt"), "");
+}
+
 } // namespace tarvix::platform

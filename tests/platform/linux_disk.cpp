@@ -113,8 +113,8 @@ bool LinuxDisk::MakeFifo(std::string_view path) {
     return ::mkfifo(native.c_str(), 0600) == 0;
 }
 
-bool LinuxDisk::MakeBadName(std::string_view nativeName) {
-    const std::string path = Native("") + "/" + std::string(nativeName);
+bool LinuxDisk::MakeBadName(std::string_view folder, std::string_view nativeName) {
+    const std::string path = Native(folder) + "/" + std::string(nativeName);
     const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     return fd >= 0 && ::close(fd) == 0;
 }

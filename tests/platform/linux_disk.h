@@ -70,7 +70,7 @@ class LinuxDisk : public Disk {
     void SetModified(std::string_view path, FileTime modified) override;
     void SetReadOnly(std::string_view path) override;
     bool MakeFifo(std::string_view path) override;
-    bool MakeBadName(std::string_view nativeName) override;
+    bool MakeBadName(std::string_view folder, std::string_view nativeName) override;
     bool MakeUnreadable(std::string_view path) override;
     bool SetExtendedAttribute(std::string_view path, std::string_view name,
                               std::string_view value) override;

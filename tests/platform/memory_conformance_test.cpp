@@ -33,8 +33,8 @@ class MemoryDisk : public Disk {
         disk_.AddSpecial(At(path));
         return true;
     }
-    bool MakeBadName(std::string_view nativeName) override {
-        disk_.AddNative(Root(), nativeName);
+    bool MakeBadName(std::string_view folder, std::string_view nativeName) override {
+        disk_.AddNative(At(folder), nativeName);
         return true;
     }
     bool MakeUnreadable(std::string_view path) override {
@@ -59,7 +59,7 @@ class MemoryDisk : public Disk {
     }
     std::vector<std::string> Names(std::string_view folder) override {
         std::vector<std::string> names;
-        for (const auto& [key, node] : disk_.Node(At(folder))->children) {
+        for (const auto& [key, node] : disk_.Node(At(folder))->Children()) {
             names.push_back(node->name);
         }
         return names;

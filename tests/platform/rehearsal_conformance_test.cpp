@@ -46,8 +46,8 @@ class RehearsalDisk : public Disk {
         real_.AddSpecial(At(path));
         return true;
     }
-    bool MakeBadName(std::string_view nativeName) override {
-        real_.AddNative(Root(), nativeName);
+    bool MakeBadName(std::string_view folder, std::string_view nativeName) override {
+        real_.AddNative(At(folder), nativeName);
         return true;
     }
     bool MakeUnreadable(std::string_view path) override {
@@ -80,7 +80,7 @@ class RehearsalDisk : public Disk {
         std::vector<std::string> paths;
         for (std::size_t i = 0; i < rehearsed_.Steps().Size(); ++i) {
             const RehearsedStep step = rehearsed_.Steps()[i];
-            if (step.operation != RehearsedOperation::kRecycle) continue;
+            if (step.operation != TreeChange::kRecycle) continue;
             paths.emplace_back(step.from.substr(Root().size() + 1));
         }
         std::sort(paths.begin(), paths.end());

@@ -92,7 +92,7 @@ TEST_F(RehearsalTest, ChangesNothingAndRecordsInOrder) {
     ASSERT_TRUE(files.RemoveFolder("C:\\empty"));
     ASSERT_EQ(Recycle("E:\\a"), 0);
     ASSERT_TRUE(files.CreateTextFile("C:\\t", false));
-    using enum RehearsedOperation;
+    using enum TreeChange;
     const std::vector<RehearsedStep> expected{
         {kCreateFolder, "C:\\new", ""},
         {kCopyFile, "C:\\a\\x.txt", "C:\\new\\x.txt"},
@@ -217,6 +217,40 @@ TEST_F(RehearsalTest, ATextThatIsWrittenCanBeReadAndAddedTo) {
     EXPECT_EQ(files.Facts("C:\\moved.txt")->size, 10u);
     EXPECT_EQ(*files.ReadBytes("C:\\a\\x.txt", 0, 100), "C:\\a\\x.txt!");
     ExpectDiskUntouched();
+}
+
+TEST_F(RehearsalTest, WhatTheObserverOfACopyMakesIsSeen) {
+    const auto rival = [&](const CopyProgress&) {
+        return files.CreateFolder("C:\\empty\\x.txt").has_value();
+    };
+    EXPECT_EQ(Number(files.CopyFile("C:\\a\\x.txt", "C:\\empty\\x.txt", false, rival)),
+              kAlreadyExists);
+    EXPECT_TRUE(files.Facts("C:\\empty\\x.txt")->IsFolder());
+}
+
+TEST_F(RehearsalTest, AFolderCopyThatFailsHalfwayShowsWhatItCopied) {
+    int calls = 0;
+    const auto once = [&](const CopyProgress&) { return ++calls < 2; };
+    EXPECT_EQ(Number(files.CopyFolder("C:\\a", "C:\\copy", false, once)), kInterrupted);
+    EXPECT_EQ(files.Steps().Size(), 1u);
+    EXPECT_TRUE(Exists("C:\\copy\\.y"));
+    EXPECT_FALSE(Exists("C:\\copy\\x.txt"));
+}
+
+TEST_F(RehearsalTest, AMountInACopiedFolderIsSkipped) {
+    disk.AddFolder("C:\\a\\b").isBoundary = true;
+    EXPECT_EQ(Number(files.CopyFolder("C:\\a", "C:\\copy", false, {})), kPathFileAccess);
+    EXPECT_FALSE(Exists("C:\\copy\\b"));
+    EXPECT_TRUE(Exists("C:\\copy\\x.txt"));
+}
+
+TEST_F(RehearsalTest, WhatLiesInAFolderOfAStrangeNameIsCopiedWithIt) {
+    auto strange = disk.Node("C:\\B")->Detach();
+    disk.Node("C:\\a")->Attach(std::move(strange), "B?", "B\xE1");
+    ASSERT_TRUE(files.CopyFolder("C:\\a", "C:\\copy", false, {}));
+    const std::string road = "C:\\copy\\" + ShortNameOf("B?");
+    EXPECT_EQ(*files.TruePath(road + "\\x.txt"), "C:\\copy\\B?\\x.txt");
+    EXPECT_EQ(*files.ReadBytes(road + "\\x.txt", 0, 100), "C:\\B\\x.txt");
 }
 
 // Whatever is done in whatever order: the rehearsal says what the disk would have said.

@@ -126,7 +126,7 @@ TEST_F(LongPaths, ASearchMakesNoFolderEvenWhereOneVanishes) {
     Start();
     WithSubfolders();
     const std::string top = Deep(1, 60);
-    std::shared_ptr<platform::MemoryNode> gone;
+    std::shared_ptr<platform::TreeNode> gone;
     machine.faults.BeforeCall("List", 6, [&] { gone = Disk().Node(top)->Detach(); });
     Search("*.txt", "C:\\t");
     ASSERT_TRUE(gone);

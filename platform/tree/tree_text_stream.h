@@ -1,16 +1,21 @@
 #pragma once
 
-#include "tests/machine/memory_file_system.h"
+#include "platform/text_stream.h"
+#include "platform/tree/tree_file_system.h"
 #include "text/encoding.h"
+
+#include <memory>
+#include <string>
 
 namespace tarvix::platform {
 
 // The lines of a file as it was when it was opened.
-class MemoryReader : public TextStream {
+class TreeReader : public TextStream {
   public:
-    explicit MemoryReader(std::string_view bytes);
+    explicit TreeReader(std::string_view bytes)
+        : text_(text::FromFileBytes(bytes)), lines_(text_) {}
 
-    bool AtEndOfStream() const override;
+    bool AtEndOfStream() const override { return !isOpen_ || lines_.AtEnd(); }
     Result<std::string> ReadLine() override;
     Result<void> Write(std::string_view text) override;
     Result<void> Flush() override;
@@ -23,13 +28,11 @@ class MemoryReader : public TextStream {
 };
 
 // Adds to the end of a file at each flush; works on when the file is renamed or removed.
-class MemoryWriter : public TextStream {
+class TreeWriter : public TextStream {
   public:
-    MemoryWriter(MemoryFileSystem& files, std::shared_ptr<MemoryNode> node)
-        : files_(files), node_(std::move(node)) {
-        node_->isBeingWritten = true;
-    }
-    ~MemoryWriter() override;
+    // `files` must outlive the stream.
+    TreeWriter(TreeFileSystem& files, std::shared_ptr<TreeNode> node);
+    ~TreeWriter() override;
 
     bool AtEndOfStream() const override { return true; }
     Result<std::string> ReadLine() override;
@@ -38,8 +41,8 @@ class MemoryWriter : public TextStream {
     Result<void> Close() override;
 
   private:
-    MemoryFileSystem& files_;
-    std::shared_ptr<MemoryNode> node_; // null once closed
+    TreeFileSystem& files_;
+    std::shared_ptr<TreeNode> node_; // null once closed
     std::string buffer_;
 };
 

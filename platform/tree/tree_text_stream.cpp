@@ -1,4 +1,6 @@
-#include "tests/machine/memory_text_stream.h"
+#include "platform/tree/tree_text_stream.h"
+
+#include "platform/try.h"
 
 namespace tarvix::platform {
 
@@ -8,60 +10,54 @@ std::unexpected<PlatformError> WrongUse() {
 }
 } // namespace
 
-MemoryReader::MemoryReader(std::string_view bytes)
-    : text_(text::FromFileBytes(bytes)), lines_(text_) {}
-
-bool MemoryReader::AtEndOfStream() const {
-    return !isOpen_ || lines_.AtEnd();
-}
-
-Result<std::string> MemoryReader::ReadLine() {
+Result<std::string> TreeReader::ReadLine() {
     if (!isOpen_) return WrongUse();
     if (lines_.AtEnd()) return Failure(kInputPastEnd, "The file has no more lines.");
     return std::string(lines_.Next());
 }
 
-Result<void> MemoryReader::Write(std::string_view) {
+Result<void> TreeReader::Write(std::string_view) {
     return WrongUse();
 }
 
-Result<void> MemoryReader::Flush() {
+Result<void> TreeReader::Flush() {
     return WrongUse();
 }
 
-Result<void> MemoryReader::Close() {
+Result<void> TreeReader::Close() {
     if (!isOpen_) return WrongUse();
     isOpen_ = false;
     return {};
 }
 
-MemoryWriter::~MemoryWriter() {
+TreeWriter::TreeWriter(TreeFileSystem& files, std::shared_ptr<TreeNode> node)
+    : files_(files), node_(std::move(node)) {
+    node_->isBeingWritten = true;
+}
+
+TreeWriter::~TreeWriter() {
     if (node_) (void)Close();
 }
 
-Result<std::string> MemoryWriter::ReadLine() {
+Result<std::string> TreeWriter::ReadLine() {
     return WrongUse();
 }
 
-Result<void> MemoryWriter::Write(std::string_view text) {
+Result<void> TreeWriter::Write(std::string_view text) {
     if (!node_) return WrongUse();
     buffer_ += text;
     return {};
 }
 
-Result<void> MemoryWriter::Flush() {
+Result<void> TreeWriter::Flush() {
     if (!node_) return WrongUse();
     if (buffer_.empty()) return {};
-    if (auto room = files_.CheckRoom(*node_, buffer_.size()); !room) return room;
-    node_->content.resize(static_cast<std::size_t>(node_->size), '\0');
-    node_->content += buffer_;
-    node_->size = node_->content.size();
-    node_->modified = files_.Now();
+    TX_TRY(files_.Append(*node_, buffer_));
     buffer_.clear();
     return {};
 }
 
-Result<void> MemoryWriter::Close() {
+Result<void> TreeWriter::Close() {
     if (!node_) return WrongUse();
     auto flushed = Flush();
     node_->isBeingWritten = false;

@@ -74,7 +74,7 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
     entry.Set(*choices[static_cast<std::size_t>(request.duplicateChoice)], "1");
     if (request.renameText) entry.Set(form.txtRename, *request.renameText);
     if (request.renameAtBeginning) entry.Set(form.chkRenameBeg, "1");
-    if (request.way == 2) {
+    if (request.way == kUpTheTree) {
         entry.Set(form.txtFolderTree, std::to_string(request.levels));
         entry.Set(form.chkFolderRename, request.withFolderNames ? "1" : "0");
     } else {
@@ -87,10 +87,10 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
 InputResult FillNames(Session& session, const ActionRequest& request) {
     auto& form = session.frmDialog;
     Entry entry(session);
-    entry.Set(request.insertsText ? form.chkAdd : form.chkFindReplace, "1");
+    entry.Set(request.insertedText ? form.chkAdd : form.chkFindReplace, "1");
     entry.Set(form.optNamePortion[request.portion], "1");
-    if (request.insertsText) {
-        entry.Set(form.txtAdd, request.insertedText);
+    if (request.insertedText) {
+        entry.Set(form.txtAdd, *request.insertedText);
         entry.Set(request.insertAtBeginning ? form.chkAddBeg : form.chkAddEnd, "1");
     } else {
         entry.Set(form.txtFind, request.soughtText).Set(form.txtReplace, request.newText);
@@ -161,7 +161,7 @@ class ActionRun {
         } else {
             // The list, and with it the selection, may be cleared behind the action.
             wanted_ = (session.selection->lngSelTop + 1) *
-                      (request_.way == 1 ? session.state.action.intMultiCount : 1);
+                      (request_.way == kToLists ? session.state.action.intMultiCount : 1);
             auto clicked = session::UserClick(session, form.OKButton);
             if (!clicked) Complain(host_, clicked.error());
         }
@@ -211,7 +211,7 @@ int RunAction(Host& host, const platform::Platform& machine, const ActionRequest
     Finding finding(host, machine);
     if (!finding.CheckLocations(typed.criteria)) return kBadRequest;
     ActionRequest request = typed;
-    if (request.way == 0) request.destination = finding.Paths().ToDrive(typed.destination);
+    if (request.way == kToFolder) request.destination = finding.Paths().ToDrive(typed.destination);
     if (request.confirmed) finding.Prompts().ConfirmActions();
     ActionRun action(host, request);
     finding.Prompts().SetDialogFiller([&](Session& session) { action.InWindow(session); });

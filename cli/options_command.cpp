@@ -12,6 +12,7 @@
 #include "text/case.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -58,12 +59,11 @@ std::vector<Listed> ListAll(const session::Session& session) {
 }
 
 std::string NoKey(std::string_view key, const std::vector<Listed>& all) {
-    std::vector<std::string_view> names;
-    for (const Listed& listed : all) {
-        names.push_back(listed.setting.key);
-    }
-    return "There is no option \"" + std::string(key) + "\"." + DidYouMean(key, names) +
-           " tarvix-cli options list shows them.";
+    const auto keyOf = [](const Listed& listed) -> const std::string& {
+        return listed.setting.key;
+    };
+    return fmt::format("There is no option \"{}\".{} tarvix-cli options list shows them.", key,
+                       DidYouMean(key, all, keyOf));
 }
 
 // The options of a data folder, read and saved without starting the program.

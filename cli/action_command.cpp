@@ -2,11 +2,13 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
+#include "cli/print_rows.h"
 #include "cli/summary.h"
 #include "platform/native_paths.h"
 #include "results/selection.h"
 #include "session/user_input.h"
 
+#include <fmt/core.h>
 #include <nlohmann/json.hpp>
 
 #include <array>
@@ -20,16 +22,8 @@ namespace {
 using session::InputResult;
 using session::Session;
 
-struct Words {
-    std::string_view done;    // begins the summary
-    std::string_view nothing; // what a search that was cut short prevented
-};
-
-Words WordsOf(ActionVerb verb) {
-    constexpr std::array<Words, 3> kWords{
-        {{"Copied", "copied"}, {"Moved", "moved"}, {"Renamed", "renamed"}}};
-    return kWords[static_cast<std::size_t>(verb)];
-}
+// The first word of a summary, by ActionVerb.
+constexpr std::array<std::string_view, 3> kDoneWords{"Copied", "Moved", "Renamed"};
 
 fields::Control& StartButton(Session& session, ActionVerb verb) {
     auto& form = session.frmSearch;
@@ -59,8 +53,9 @@ InputResult ChooseLists(Session& session, const std::vector<std::string>& lists)
     for (const std::string& list : lists) {
         entry.Set(field, list);
         if (entry.Done()) continue;
-        return std::unexpected("There is no list \"" + list + "\" in the data folder " +
-                               session.platform.paths.ToNative(session.state.strDataFolder) + ".");
+        return std::unexpected(
+            fmt::format("There is no list \"{}\" in the data folder {}.", list,
+                        session.platform.paths.ToNative(session.state.strDataFolder)));
     }
     return {};
 }
@@ -74,8 +69,8 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
     entry.Set(*choices[static_cast<std::size_t>(request.duplicateChoice)], "1");
     if (request.renameText) entry.Set(form.txtRename, *request.renameText);
     if (request.renameAtBeginning) entry.Set(form.chkRenameBeg, "1");
-    if (request.way == 2) {
-        entry.Set(form.txtFolderTree, std::to_string(request.levels));
+    if (request.way == kUpTheTree) {
+        entry.Set(form.txtFolderTree, fmt::format("{}", request.levels));
         entry.Set(form.chkFolderRename, request.withFolderNames ? "1" : "0");
     } else {
         entry.Set(form.cmbDir, request.destination);
@@ -87,10 +82,10 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
 InputResult FillNames(Session& session, const ActionRequest& request) {
     auto& form = session.frmDialog;
     Entry entry(session);
-    entry.Set(request.insertsText ? form.chkAdd : form.chkFindReplace, "1");
+    entry.Set(request.insertedText ? form.chkAdd : form.chkFindReplace, "1");
     entry.Set(form.optNamePortion[request.portion], "1");
-    if (request.insertsText) {
-        entry.Set(form.txtAdd, request.insertedText);
+    if (request.insertedText) {
+        entry.Set(form.txtAdd, *request.insertedText);
         entry.Set(request.insertAtBeginning ? form.chkAddBeg : form.chkAddEnd, "1");
     } else {
         entry.Set(form.txtFind, request.soughtText).Set(form.txtReplace, request.newText);
@@ -129,9 +124,7 @@ int PrintPreview(Host& host, Session& session, bool asJson) {
     for (const auto& entry : result.entries) {
         isAll = isAll && IsDone(entry.verdict);
         if (asJson) {
-            host.out << EntryAsJson(session, entry)
-                            .dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)
-                     << '\n';
+            PrintJson(EntryAsJson(session, entry), host.out);
             continue;
         }
         host.out << actions::VerdictText(entry.verdict) << '\t'
@@ -159,9 +152,7 @@ class ActionRun {
         } else if (request_.dryRun) {
             code_ = PrintPreview(host_, session, request_.json);
         } else {
-            // The list, and with it the selection, may be cleared behind the action.
-            wanted_ = (session.selection->lngSelTop + 1) *
-                      (request_.way == 1 ? session.state.action.intMultiCount : 1);
+            if (request_.way == kToLists) copies_ = session.state.action.intMultiCount;
             auto clicked = session::UserClick(session, form.OKButton);
             if (!clicked) Complain(host_, clicked.error());
         }
@@ -169,56 +160,40 @@ class ActionRun {
         form.Hide();
     }
 
-    int AfterSearch(Session& session, int searchCode) {
-        if (session.state.blnStopClicked) {
-            Complain(host_, "The search was cut short, so nothing was " +
-                                std::string(WordsOf(request_.verb).nothing) + ".");
-            return kSomeFailed;
-        }
-        if (session.rows->Count() == 0) {
-            if (!request_.dryRun) Summarize(host_, WordsOf(request_.verb).done, {}, 0);
-            return searchCode;
-        }
-        const Watch watch(host_, session);
-        return Act(session, searchCode);
+    // After the action on so many selected objects; gives the exit code.
+    int End(Session& session, std::int64_t selected) {
+        if (request_.dryRun) return code_;
+        if (session.state.blnActionCancelled) return kBadRequest;
+        return Summarize(host_, Done(), session.state.lastAction, selected * copies_);
     }
+
+    std::string_view Done() const { return kDoneWords[static_cast<std::size_t>(request_.verb)]; }
 
   private:
-    int Act(Session& session, int searchCode) {
-        for (fields::Control* button : std::initializer_list<fields::Control*>{
-                 &session.frmSearch.cmdSelectAll, &StartButton(session, request_.verb)}) {
-            const auto clicked = session::UserClick(session, *button);
-            if (clicked) continue;
-            Complain(host_, clicked.error());
-            return kBadRequest;
-        }
-        if (request_.dryRun) return code_ == kDone ? searchCode : code_;
-        if (session.state.blnActionCancelled) return kBadRequest;
-        const auto& totals = session.state.lastAction;
-        Summarize(host_, WordsOf(request_.verb).done, totals, wanted_);
-        return totals.done == wanted_ ? searchCode : kSomeFailed;
-    }
-
     Host& host_;
     const ActionRequest& request_;
-    std::int64_t wanted_ = 0;
+    std::int64_t copies_ = 1; // of each object
     int code_ = kBadRequest;
 };
 
 } // namespace
 
-int RunAction(Host& host, const platform::Platform& machine, const ActionRequest& typed) {
+int Run(Host& host, const platform::Platform& machine, const ActionRequest& typed) {
     Finding finding(host, machine);
     if (!finding.CheckLocations(typed.criteria)) return kBadRequest;
     ActionRequest request = typed;
-    if (request.way == 0) request.destination = finding.Paths().ToDrive(typed.destination);
+    if (request.way == kToFolder) request.destination = finding.Paths().ToDrive(typed.destination);
     if (request.confirmed) finding.Prompts().ConfirmActions();
     ActionRun action(host, request);
     finding.Prompts().SetDialogFiller([&](Session& session) { action.InWindow(session); });
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const int code = finding.Search(program, request.criteria, request.answers);
-        return code == kBadRequest ? code : action.AfterSearch(program.Session(), code);
+        if (code == kBadRequest) return code;
+        Session& session = program.Session();
+        return finding.ActOnAll(
+            session, code, StartButton(session, request.verb), action.Done(), request.dryRun,
+            [&](std::int64_t selected) { return action.End(session, selected); });
     };
     return RunProgram(host, machine, finding.Prompts(), run);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "cli/raw_arguments.h"
-#include "cli/request.h"
+#include "cli/parser.h"
 
 #include <expected>
 #include <string>
@@ -13,7 +12,10 @@ namespace tarvix::cli {
 // wrong with them is found here, before anything is opened.
 std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& arguments);
 
-// The criteria alone; a failure is one sentence.
-std::expected<Criteria, std::string> CheckCriteria(const RawArguments& raw);
+// Adds PATTERNS, --in and what else tells what to find to a command.
+void AddCriteria(CLI::App& command, Criteria& criteria, std::vector<std::string>& answers);
+// Once parsed: refuses criteria that the options alone can't tell to be wrong, and fills up those
+// that stand for several.
+void CheckCriteria(Criteria& criteria);
 
 } // namespace tarvix::cli

@@ -1,17 +1,13 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
-#include "cli/messages.h"
 #include "cli/summary.h"
-#include "results/selection.h"
-#include "session/user_input.h"
+#include "session/session.h"
 
 namespace tarvix::cli {
 
 namespace {
 
 using session::Session;
-
-constexpr std::string_view kVerb = "Recycled";
 
 // Answers the two questions that come for one object or another as the options say.
 void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest& request) {
@@ -27,41 +23,9 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
     }
 }
 
-int DeleteAll(Host& host, Session& session) {
-    auto& form = session.frmSearch;
-    std::int64_t wanted = 0;
-    for (fields::CommandButton* button : {&form.cmdSelectAll, &form.cmdDeleteSelected}) {
-        const auto clicked = session::UserClick(session, *button);
-        if (!clicked) {
-            Complain(host, clicked.error());
-            return kBadRequest;
-        }
-        if (button == &form.cmdSelectAll) wanted = session.selection->lngSelTop + 1;
-    }
-    const auto& totals = session.state.lastAction;
-    const bool wasStopped = session.state.blnStopAction;
-    if (session.state.blnActionCancelled && !wasStopped && totals.done == 0) return kBadRequest;
-    Summarize(host, kVerb, totals, wanted);
-    return totals.done == wanted ? kDone : kSomeFailed;
-}
-
-int AfterSearch(Host& host, Session& session, int searchCode) {
-    if (session.state.blnStopClicked) {
-        Complain(host, "The search was cut short, so nothing was recycled.");
-        return kSomeFailed;
-    }
-    if (session.rows->Count() == 0) {
-        Summarize(host, kVerb, {}, 0);
-        return searchCode;
-    }
-    const Watch watch(host, session);
-    const int code = DeleteAll(host, session);
-    return code == kDone ? searchCode : code;
-}
-
 } // namespace
 
-int RunDelete(Host& host, const platform::Platform& machine, const DeleteRequest& request) {
+int Run(Host& host, const platform::Platform& machine, const DeleteRequest& request) {
     Finding finding(host, machine);
     if (!finding.CheckLocations(request.criteria)) return kBadRequest;
     if (request.confirmed) finding.Prompts().ConfirmActions();
@@ -69,8 +33,16 @@ int RunDelete(Host& host, const platform::Platform& machine, const DeleteRequest
     run.act = [&](results::Program& program) -> int {
         const int code = finding.Search(program, request.criteria, request.answers);
         if (code == kBadRequest) return code;
-        AnswerAhead(program.Session(), finding.Prompts(), request);
-        return AfterSearch(host, program.Session(), code);
+        Session& session = program.Session();
+        AnswerAhead(session, finding.Prompts(), request);
+        const auto after = [&](std::int64_t selected) -> int {
+            const auto& state = session.state;
+            const bool isRefused = state.blnActionCancelled && !state.blnStopAction;
+            if (isRefused && state.lastAction.done == 0) return kBadRequest;
+            return Summarize(host, "Recycled", state.lastAction, selected);
+        };
+        return finding.ActOnAll(session, code, session.frmSearch.cmdDeleteSelected, "Recycled",
+                                false, after);
     };
     return RunProgram(host, machine, finding.Prompts(), run);
 }

@@ -1,9 +1,11 @@
 #include "cli/fill_criteria.h"
 
+#include "platform/try.h"
 #include "session/session.h"
 #include "text/format.h"
 
-#include <array>
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace tarvix::cli {
@@ -24,21 +26,29 @@ void SetBox(Session& session, fields::CheckBox& box, bool checked) {
 InputResult EnterAll(Session& session,
                      std::initializer_list<std::pair<fields::Control*, std::string_view>> entries) {
     for (const auto& [control, value] : entries) {
-        if (auto done = session::UserSet(session, *control, value); !done) return done;
+        TX_TRY(session::UserSet(session, *control, value));
         session::UserLeave(session, *control);
     }
     return {};
 }
 
-InputResult FillSize(Session& session, const std::optional<SizeTest>& size) {
+// The entry of cboSize or cboDate for a test, which has one end at least.
+template <class Value>
+std::string_view ChoiceOf(const Ends<Value>& ends, std::string_view low, std::string_view high) {
+    if (ends.low && ends.high) return "Range";
+    return ends.low ? low : high;
+}
+
+InputResult FillSize(Session& session, const Ends<std::int64_t>& size) {
     auto& form = session.frmSearch;
-    SetBox(session, form.chkSize, size.has_value());
-    if (!size) return {};
-    const std::string first = std::to_string(size->first);
-    const std::string second = std::to_string(size->second);
-    const bool isRange = size->choice == "Range";
-    auto done = EnterAll(session, {{&form.cboSize, size->choice}, {&form.txtSize1, first}});
-    return done && isRange ? EnterAll(session, {{&form.txtSize2, second}}) : done;
+    const bool isTested = size.low || size.high;
+    SetBox(session, form.chkSize, isTested);
+    if (!isTested) return {};
+    const std::string first = fmt::format("{}", size.low ? *size.low : *size.high);
+    TX_TRY(EnterAll(session, {{&form.cboSize, ChoiceOf(size, "At Least", "At Most")},
+                              {&form.txtSize1, first}}));
+    if (!size.low || !size.high) return {};
+    return EnterAll(session, {{&form.txtSize2, fmt::format("{}", *size.high)}});
 }
 
 std::string DateText(const text::DateTime& date) {
@@ -48,41 +58,34 @@ std::string DateText(const text::DateTime& date) {
 InputResult FillDate(Session& session, session::ScriptedPrompts& prompts,
                      const Criteria& criteria) {
     auto& form = session.frmSearch;
-    const auto& date = criteria.date;
-    SetBox(session, form.chkDate, date.has_value());
-    auto& dateKind = form.mnuSearch_DateType[static_cast<std::size_t>(criteria.dateKind)];
-    if (auto done = session::UserClick(session, dateKind); !done || !date) return done;
-    const bool isRange = date->choice == "Range";
-    prompts.Queue(DateText(date->first) + (isRange ? " thru " + DateText(date->second) : ""));
-    return EnterAll(session, {{&form.cboDate, date->choice}});
+    const auto& [low, high] = criteria.date;
+    SetBox(session, form.chkDate, low || high);
+    TX_TRY(session::UserClick(
+        session, form.mnuSearch_DateType[static_cast<std::size_t>(criteria.dateKind)]));
+    if (!low && !high) return {};
+    std::string answer = DateText(low ? *low : *high);
+    if (low && high) answer = fmt::format("{} thru {}", answer, DateText(*high));
+    prompts.Queue(std::move(answer));
+    return EnterAll(session, {{&form.cboDate, ChoiceOf(criteria.date, "Since", "Before")}});
 }
 
 InputResult FillAttributes(Session& session, const Criteria& criteria) {
     for (std::size_t i = 0; i < criteria.attributes.size(); ++i) {
         if (!criteria.attributes[i]) continue;
-        auto done = session::UserSet(session, *session.frmSearch.attributeBoxes[i],
-                                     std::to_string(*criteria.attributes[i]));
-        if (!done) return done;
+        TX_TRY(session::UserSet(session, *session.frmSearch.attributeBoxes[i],
+                                fmt::format("{}", *criteria.attributes[i])));
     }
     return {};
 }
 
 void FillBoxes(Session& session, const Criteria& criteria) {
     auto& form = session.frmSearch;
-    SetBox(session, form.chkIncludeSubFolders, criteria.subfolders);
+    SetBox(session, form.chkIncludeSubFolders, !criteria.noSubfolders);
     SetBox(session, form.chkOneEach, criteria.oneEach);
     SetBox(session, form.chkNot, criteria.isNot);
     SetBox(session, form.chkRepeatSearch, false);
     // A terminal shows no groups.
     SetBox(session, form.chkFastSort, true);
-}
-
-std::string Joined(const std::vector<std::string>& locations) {
-    std::string joined;
-    for (const std::string& location : locations) {
-        joined.append(joined.empty() ? "" : "|").append(location);
-    }
-    return joined;
 }
 
 } // namespace
@@ -91,13 +94,13 @@ InputResult FillCriteria(Session& session, session::ScriptedPrompts& prompts,
                          const Criteria& criteria, const std::vector<std::string>& locations) {
     auto& form = session.frmSearch;
     FillBoxes(session, criteria);
-    auto done = session::UserSet(session, form.optFilesVsDirs[criteria.kind], "1");
-    if (done) done = FillSize(session, criteria.size);
-    if (done) done = FillDate(session, prompts, criteria);
-    if (done) done = FillAttributes(session, criteria);
-    if (!done) return done;
+    TX_TRY(session::UserSet(session, form.optFilesVsDirs[criteria.kind], "1"));
+    TX_TRY(FillSize(session, criteria.size));
+    TX_TRY(FillDate(session, prompts, criteria));
+    TX_TRY(FillAttributes(session, criteria));
     return EnterAll(session,
-                    {{&form.cmbSearchFor, criteria.patterns}, {&form.cmbDir, Joined(locations)}});
+                    {{&form.cmbSearchFor, fmt::format("{}", fmt::join(criteria.patterns, "|"))},
+                     {&form.cmbDir, fmt::format("{}", fmt::join(locations, "|"))}});
 }
 
 } // namespace tarvix::cli

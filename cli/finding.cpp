@@ -2,6 +2,12 @@
 
 #include "cli/fill_criteria.h"
 #include "cli/messages.h"
+#include "cli/summary.h"
+#include "results/selection.h"
+#include "session/user_input.h"
+#include "text/case.h"
+
+#include <fmt/core.h>
 
 namespace tarvix::cli {
 
@@ -32,12 +38,36 @@ int Finding::Search(results::Program& program, const Criteria& criteria,
     for (const std::string& answer : answers)
         scripted_.Queue(answer);
     const Watch watch(host_, session);
-    if (const auto clicked = session::UserClick(session, session.frmSearch.cmdSearch); !clicked) {
-        Complain(host_, clicked.error());
-        return kBadRequest;
-    }
+    if (!Click(session, session.frmSearch.cmdSearch)) return kBadRequest;
     if (session.state.blnErrorPreparingForSearch) return kBadRequest;
     return session.state.blnStopClicked || prompts_.SkippedObjects() > 0 ? kSomeFailed : kDone;
+}
+
+int Finding::ActOnAll(session::Session& session, int searchCode, fields::Control& button,
+                      std::string_view done, bool isRehearsal,
+                      const std::function<int(std::int64_t)>& after) {
+    if (session.state.blnStopClicked) {
+        Complain(host_,
+                 fmt::format("The search was cut short, so nothing was {}.", text::Lower(done)));
+        return kSomeFailed;
+    }
+    if (session.rows->Count() == 0) {
+        if (!isRehearsal) (void)Summarize(host_, done, {}, 0);
+        return searchCode;
+    }
+    const Watch watch(host_, session);
+    if (!Click(session, session.frmSearch.cmdSelectAll)) return kBadRequest;
+    // The list, and with it the selection, may be cleared behind the action.
+    const std::int64_t selected = session.selection->lngSelTop + 1;
+    if (!Click(session, button)) return kBadRequest;
+    const int code = after(selected);
+    return code == kDone ? searchCode : code;
+}
+
+bool Finding::Click(session::Session& session, fields::Control& button) {
+    const auto clicked = session::UserClick(session, button);
+    if (!clicked) Complain(host_, clicked.error());
+    return clicked.has_value();
 }
 
 } // namespace tarvix::cli

@@ -5,8 +5,10 @@
 #include "cli/run_program.h"
 #include "cli/typed_paths.h"
 
-#include <expected>
+#include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::cli {
@@ -26,7 +28,17 @@ class Finding {
     int Search(results::Program& program, const Criteria& criteria,
                const std::vector<std::string>& answers);
 
+    // After a search that ended with `searchCode`: selects all rows and presses the button of an
+    // action, whose summary begins with `done` ("Copied"). Nothing found is told by a summary
+    // unless `isRehearsal`. `after` takes how many rows were selected; both give exit codes.
+    int ActOnAll(session::Session& session, int searchCode, fields::Control& button,
+                 std::string_view done, bool isRehearsal,
+                 const std::function<int(std::int64_t)>& after);
+
   private:
+    // Whether the button could be pressed; else the sentence was told.
+    bool Click(session::Session& session, fields::Control& button);
+
     Host& host_;
     TypedPaths paths_;
     session::ScriptedPrompts scripted_;

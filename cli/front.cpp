@@ -7,27 +7,6 @@
 
 namespace tarvix::cli {
 
-namespace {
-
-struct Dispatch {
-    Host& host;
-    const platform::Platform& machine;
-
-    int operator()(const SearchRequest& request) const { return RunSearch(host, machine, request); }
-    int operator()(const ActionRequest& request) const { return RunAction(host, machine, request); }
-    int operator()(const DeleteRequest& request) const { return RunDelete(host, machine, request); }
-    int operator()(const RunRequest& request) const { return RunScript(host, machine, request); }
-    int operator()(const SampleRequest& request) const {
-        return MakeSample(host, machine, request);
-    }
-    int operator()(const PathsRequest& request) const { return ShowPaths(host, machine, request); }
-    int operator()(const OptionsRequest& request) const {
-        return RunOptions(host, machine, request);
-    }
-};
-
-} // namespace
-
 int RunTarvixCli(const std::vector<std::string>& arguments, Host& host) {
     const auto request = ReadArguments(arguments);
     if (!request) {
@@ -40,7 +19,8 @@ int RunTarvixCli(const std::vector<std::string>& arguments, Host& host) {
         Complain(host, machine.error());
         return kBadRequest;
     }
-    return std::visit(Dispatch{host, *machine}, request->command);
+    return std::visit([&](const auto& command) { return Run(host, *machine, command); },
+                      request->command);
 }
 
 } // namespace tarvix::cli

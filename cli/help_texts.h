@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/parser.h"
+
 // The longer texts of `tarvix-cli --help` and of each command's help.
 namespace tarvix::cli {
 
@@ -17,14 +19,13 @@ inline constexpr const char* kAboutFooter =
     "Ends with 0 when all is done, 1 when objects failed or were skipped, 2 when the request\n"
     "is wrong, 3 when a question had no answer.\n";
 
-inline constexpr const char* kSearchAbout =
+inline constexpr CommandHelp kSearch{
+    "search", "Lists every file or folder that matches",
     "Lists every file or folder that matches a pattern and the criteria.\n"
     "\n"
     "A pattern without \".\", \"*\" and \"?\" is found anywhere in a name; several are separated "
     "by\n"
-    "\"|\". Subfolders are searched too.\n";
-
-inline constexpr const char* kSearchFooter =
+    "\"|\". Subfolders are searched too.\n",
     "\nExamples:\n"
     "  tarvix-cli search \"*.mp3|*.flac\" --in ~/Music\n"
     "  tarvix-cli search report --in ~/Documents /srv/archive --since 2026-01-01\n"
@@ -34,12 +35,10 @@ inline constexpr const char* kSearchFooter =
     "\n"
     "Without an output option each row is its path on this machine, one a line. Results go to\n"
     "stdout, messages to stderr. Without an attribute option the boxes stand as the options\n"
-    "say: at first, hidden, read-only and linked objects are not found.\n";
+    "say: at first, hidden, read-only and linked objects are not found.\n"};
 
-inline constexpr const char* kCopyAbout =
-    "Finds objects as \"search\" does and copies all of them.\n";
-
-inline constexpr const char* kCopyFooter =
+inline constexpr CommandHelp kCopy{
+    "copy", "Copies all that matches", "Finds objects as \"search\" does and copies all of them.\n",
     "\nExamples:\n"
     "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player/Music --yes\n"
     "  tarvix-cli copy \"*\" --in ~/Documents --structure backup --to /media/ann/Bk --dry-run\n"
@@ -50,13 +49,12 @@ inline constexpr const char* kCopyFooter =
     "folder    with the folders below the place where the search began\n"
     "backup    with the whole path, the drive as a folder\n"
     "\n"
-    "Nothing is ever lost: what is overwritten goes to the trash first.\n";
+    "Nothing is ever lost: what is overwritten goes to the trash first.\n"};
 
-inline constexpr const char* kMoveAbout =
+inline constexpr CommandHelp kMove{
+    "move", "Moves all that matches",
     "Finds objects as \"search\" does and moves all of them. Hidden and system objects are copied\n"
-    "instead, their originals stay.\n";
-
-inline constexpr const char* kMoveFooter =
+    "instead, their originals stay.\n",
     "\nExamples:\n"
     "  tarvix-cli move \"*.iso\" --in ~/Downloads --to /srv/images --yes\n"
     "  tarvix-cli move \"*.mp3\" --in ~/Music --up 1 --with-folder-names --dry-run\n"
@@ -64,23 +62,21 @@ inline constexpr const char* kMoveFooter =
     "--yes\n"
     "\n"
     "In a rule, *19* is the 19th character of an object's own drive path, and |19,3| a folder\n"
-    "whose name holds the 3 characters from there on.\n";
+    "whose name holds the 3 characters from there on.\n"};
 
-inline constexpr const char* kRenameAbout =
+inline constexpr CommandHelp kRename{
+    "rename", "Renames all that matches in its place",
     "Finds objects as \"search\" does and renames all of them, each in its place. Files are "
     "renamed\n"
-    "before folders; a name that is taken is never replaced.\n";
-
-inline constexpr const char* kRenameFooter =
+    "before folders; a name that is taken is never replaced.\n",
     "\nExamples:\n"
     "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
-    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n";
+    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"};
 
-inline constexpr const char* kDeleteAbout =
+inline constexpr CommandHelp kDelete{
+    "delete", "Sends all that matches to the trash",
     "Finds objects as \"search\" does and sends all of them to the trash, from which the file\n"
-    "manager or \"gio trash --restore\" brings them back.\n";
-
-inline constexpr const char* kDeleteFooter =
+    "manager or \"gio trash --restore\" brings them back.\n",
     "\nExamples:\n"
     "  tarvix-cli delete \"*.tmp|*.bak\" --in ~/Documents --before 2025-12-31 --yes\n"
     "  tarvix-cli delete \"*\" --in ~/Music --kind empty-folders --yes\n"
@@ -89,12 +85,11 @@ inline constexpr const char* kDeleteFooter =
     "Without --yes nothing is deleted. What can't go to the trash and what is hidden or a system\n"
     "object is asked about, which ends the command with 3 unless the options answer it. Folders\n"
     "together with files, or several folders, are warned of: that takes --answer Yes besides.\n"
-    "A trash itself is never deleted.\n";
+    "A trash itself is never deleted.\n"};
 
-inline constexpr const char* kRunAbout =
-    "Runs a script that drives the whole program by the names of its controls.\n";
-
-inline constexpr const char* kRunFooter =
+inline constexpr CommandHelp kRun{
+    "run", "Runs a script that drives the whole program",
+    "Runs a script that drives the whole program by the names of its controls.\n",
     "\nOne statement a line; a line that begins with # is a comment.\n"
     "  set CONTROL = VALUE          enters a value as a user would\n"
     "  click CONTROL                presses a button, menu entry, box or option\n"
@@ -113,28 +108,25 @@ inline constexpr const char* kRunFooter =
     "  set cmbDir = /home/ann/Music\n"
     "  click cmdSearch\n"
     "  dump lstMain Name SizeSubItem\n"
-    "  END\n";
+    "  END\n"};
 
-inline constexpr const char* kSampleAbout =
-    "Makes a small collection of music, documents and photos to try things on.\n";
-
-inline constexpr const char* kSampleFooter =
+inline constexpr CommandHelp kSample{
+    "sample", "Makes a small collection to try things on",
+    "Makes a small collection of music, documents and photos to try things on.\n",
     "\nExample:\n"
     "  tarvix-cli sample ~/tarvix-sample\n"
-    "\nThe folder is made if it is missing; one that holds anything is refused.\n";
+    "\nThe folder is made if it is missing; one that holds anything is refused.\n"};
 
-inline constexpr const char* kPathsAbout =
-    "Tells where options, histories and logs lie: name, tab and path on each line.\n";
-
-inline constexpr const char* kPathsFooter =
+inline constexpr CommandHelp kPaths{
+    "paths", "Tells where everything lies",
+    "Tells where options, histories and logs lie: name, tab and path on each line.\n",
     "\nExample:\n"
     "  less \"$(tarvix-cli paths --json | jq -r '.[\"Error log\"]')\"\n"
-    "\nNothing is made or changed. --data-folder and TARVIX_DATA_FOLDER choose another folder.\n";
+    "\nNothing is made or changed. --data-folder and TARVIX_DATA_FOLDER choose another folder.\n"};
 
-inline constexpr const char* kOptionsAbout =
-    "Lists all options, tells one, or sets one. With no word it lists them.\n";
-
-inline constexpr const char* kOptionsFooter =
+inline constexpr CommandHelp kOptions{
+    "options", "Lists, tells and sets options",
+    "Lists all options, tells one, or sets one. With no word it lists them.\n",
     "\nExamples:\n"
     "  tarvix-cli options list\n"
     "  tarvix-cli options get bytArchive\n"
@@ -143,6 +135,6 @@ inline constexpr const char* kOptionsFooter =
     "  tarvix-cli options set \"strDefSearchFolder(1)\" \"~/Music|/srv/music[Music\"\n"
     "  tarvix-cli options set \"Drive E:\" /srv/collection\n"
     "  tarvix-cli options set ListPathForm drive\n"
-    "\nClose Tarvix first: a running one writes its own options when it closes.\n";
+    "\nClose Tarvix first: a running one writes its own options when it closes.\n"};
 
 } // namespace tarvix::cli

@@ -2,6 +2,8 @@
 
 #include "text/case.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <numeric>
 #include <utility>
@@ -43,10 +45,8 @@ std::string_view Nearest(std::string_view wanted, std::span<const std::string_vi
     return nearest;
 }
 
-std::string DidYouMean(std::string_view wanted, std::span<const std::string_view> known) {
-    const std::string_view nearest = Nearest(wanted, known);
-    if (nearest.empty()) return {};
-    return std::string(" Did you mean \"").append(nearest).append("\"?");
+std::string Suggestion(std::string_view nearest) {
+    return nearest.empty() ? "" : fmt::format(" Did you mean \"{}\"?", nearest);
 }
 
 } // namespace tarvix::cli

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/messages.h"
 #include "cli/nearest.h"
+#include "cli/print_rows.h"
 #include "platform/environment.h"
 #include "platform/native_paths.h"
 #include "session/lifecycle/data_folder.h"
@@ -12,7 +13,7 @@
 #include "text/case.h"
 #include "text/characters.h"
 
-#include <nlohmann/json.hpp>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <ostream>
@@ -58,12 +59,11 @@ std::vector<Listed> ListAll(const session::Session& session) {
 }
 
 std::string NoKey(std::string_view key, const std::vector<Listed>& all) {
-    std::vector<std::string_view> names;
-    for (const Listed& listed : all) {
-        names.push_back(listed.setting.key);
-    }
-    return "There is no option \"" + std::string(key) + "\"." + DidYouMean(key, names) +
-           " tarvix-cli options list shows them.";
+    const auto keyOf = [](const Listed& listed) -> const std::string& {
+        return listed.setting.key;
+    };
+    return fmt::format("There is no option \"{}\".{} tarvix-cli options list shows them.", key,
+                       DidYouMean(key, all, keyOf));
 }
 
 // The options of a data folder, read and saved without starting the program.
@@ -103,19 +103,10 @@ class OptionsRun {
     }
 
     int List() {
-        nlohmann::ordered_json object = nlohmann::ordered_json::object();
-        for (const auto& [setting, key] : ListAll(session_)) {
-            if (request_.json) {
-                object[setting.key] = setting.value;
-            } else {
-                host_.out << setting.key << kBetween << setting.value << '\n';
-            }
-        }
-        if (request_.json) {
-            host_.out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)
-                      << '\n';
-        }
-        host_.out << std::flush;
+        std::vector<std::pair<std::string, std::string>> pairs;
+        for (auto& [setting, key] : ListAll(session_))
+            pairs.emplace_back(setting.key, setting.value);
+        PrintPairs(pairs, kBetween, request_.json, host_.out);
         return kDone;
     }
 
@@ -136,7 +127,7 @@ class OptionsRun {
     Done SetOption(const Listed& listed) {
         const bool isFolder = std::holds_alternative<session::FolderLines>(listed.key->field);
         const std::string value = isFolder ? FolderValue(listed.setting.value) : request_.value;
-        const std::string line = listed.setting.key + std::string(kBetween) + value;
+        const std::string line = fmt::format("{}{}{}", listed.setting.key, kBetween, value);
         auto& options = session_.state.options;
         const auto taken =
             session::TakeOption(options, *listed.key, session::SplitOptionLine(line));
@@ -161,7 +152,7 @@ class OptionsRun {
     bool IsDrive() const { return Plain(request_.key).starts_with("DRIVE"); }
 
     std::string BadValue(std::string_view key) const {
-        return "\"" + request_.value + "\" is no value for " + std::string(key) + ".";
+        return fmt::format("\"{}\" is no value for {}.", request_.value, key);
     }
 
     int Save(bool isOption) {
@@ -197,7 +188,7 @@ class OptionsRun {
 
 } // namespace
 
-int RunOptions(Host& host, const platform::Platform& machine, const OptionsRequest& request) {
+int Run(Host& host, const platform::Platform& machine, const OptionsRequest& request) {
     return OptionsRun(host, machine, request).Run();
 }
 

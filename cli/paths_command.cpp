@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/print_rows.h"
 #include "platform/environment.h"
 #include "platform/native_paths.h"
 #include "session/lifecycle/data_folder.h"
@@ -6,9 +7,6 @@
 #include "session/unattended_prompts.h"
 #include "text/paths.h"
 
-#include <nlohmann/json.hpp>
-
-#include <ostream>
 #include <utility>
 #include <vector>
 
@@ -39,22 +37,14 @@ std::vector<Place> PlacesOf(const platform::Platform& machine) {
 
 } // namespace
 
-int ShowPaths(Host& host, const platform::Platform& machine, const PathsRequest& request) {
-    nlohmann::ordered_json object;
-    for (const auto& [name, path] : PlacesOf(machine)) {
-        std::string native = machine.paths.ToNative(path);
+int Run(Host& host, const platform::Platform& machine, const PathsRequest& request) {
+    std::vector<Place> places = PlacesOf(machine);
+    for (auto& [name, path] : places) {
+        path = machine.paths.ToNative(path);
         // Each run has a log of its own.
-        if (name == "Action logs") native += " *.log";
-        if (request.json) {
-            object[name] = native;
-        } else {
-            host.out << name << '\t' << native << '\n';
-        }
+        if (name == "Action logs") path += " *.log";
     }
-    if (request.json) {
-        host.out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
-    }
-    host.out << std::flush;
+    PrintPairs(places, "\t", request.json, host.out);
     return kDone;
 }
 

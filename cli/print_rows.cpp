@@ -187,6 +187,24 @@ class RowPrinter {
 
 } // namespace
 
+void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs,
+                std::string_view between, bool asJson, std::ostream& out) {
+    if (asJson) {
+        nlohmann::ordered_json object = nlohmann::ordered_json::object();
+        for (const auto& [name, value] : pairs)
+            object[name] = value;
+        PrintJson(object, out);
+    } else {
+        for (const auto& [name, value] : pairs)
+            out << name << between << value << '\n';
+    }
+    out << std::flush;
+}
+
+void PrintJson(const nlohmann::ordered_json& object, std::ostream& out) {
+    out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+}
+
 std::string_view HeadOf(int column) {
     if (column == kNativePathColumn) return "NativePath";
     return results::kColumns[static_cast<std::size_t>(column)].header;

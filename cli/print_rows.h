@@ -4,9 +4,12 @@
 #include "platform/native_paths.h"
 #include "results/result_list.h"
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarvix::cli {
@@ -15,6 +18,13 @@ namespace tarvix::cli {
 // longer takes them.
 bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
                const RowOutput& output, std::ostream& out);
+
+// Prints named values: "NAME<between>VALUE" on each line or, as JSON, one object on one line.
+void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs,
+                std::string_view between, bool asJson, std::ostream& out);
+
+// An object on a line of its own; bytes that are no text are replaced.
+void PrintJson(const nlohmann::ordered_json& object, std::ostream& out);
 
 // A cell as one field of a line: a tab is "\t", a line end "\n", and what a drive path carries is
 // itself.

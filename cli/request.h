@@ -29,30 +29,26 @@ struct MachineRequest {
     std::optional<text::DateTime> now;
 };
 
-struct SizeTest {
-    std::string_view choice; // an entry of cboSize
-    std::int64_t first = 0;  // bytes
-    std::int64_t second = 0; // of a range
-};
-
-struct DateTest {
-    std::string_view choice; // an entry of cboDate
-    text::DateTime first;
-    text::DateTime second; // of a range
+// The ends of a test; one that is missing is open.
+template <class Value>
+struct Ends {
+    std::optional<Value> low;
+    std::optional<Value> high;
 };
 
 // One search as a user would fill it in.
 struct Criteria {
-    std::string patterns;               // with "|" between
-    std::vector<std::string> locations; // as typed, not yet split at "|"
+    std::vector<std::string> patterns;  // as typed, each perhaps several with "|" between
+    std::vector<std::string> locations; // the same
     int kind = 0;                       // an entry of optFilesVsDirs
-    bool subfolders = true;
+    bool noSubfolders = false;
     bool isNot = false;
     bool oneEach = false;
-    std::optional<SizeTest> size;
-    std::optional<DateTest> date;
+    Ends<std::int64_t> size; // bytes
+    Ends<text::DateTime> date;
     int dateKind = 0;                              // an entry of mnuSearch_DateType
     std::array<std::optional<int>, 10> attributes; // by FrmSearch::attributeBoxes
+    bool anyAttribute = false;                     // what those not given stand at
 };
 
 constexpr int kNativePathColumn = -1;
@@ -76,13 +72,16 @@ struct SearchRequest {
     std::vector<std::string> answers;
 };
 
+// Where an action puts its objects, by optTo.
+enum Way : int { kNoWay = -1, kToFolder, kToLists, kUpTheTree, kByRule };
+
 enum class ActionVerb { kCopy, kMove, kRename };
 
 // What the action window is to be filled with; all texts as typed.
 struct ActionRequest {
     ActionVerb verb = ActionVerb::kCopy;
     Criteria criteria;
-    int way = 0; // an entry of optTo
+    int way = kNoWay; // an entry of optTo
     std::string destination;
     std::vector<std::string> lists; // Multiple Path Lists of the data folder
     int levels = 0;
@@ -93,8 +92,7 @@ struct ActionRequest {
     bool renameAtBeginning = false;
 
     // Renames.
-    bool insertsText = true;
-    std::string insertedText;
+    std::optional<std::string> insertedText; // else soughtText is replaced
     bool insertAtBeginning = false;
     std::string soughtText;
     std::string newText;

@@ -37,7 +37,7 @@ std::optional<std::string> ReadScript(Host& host, const platform::Platform& mach
 
 } // namespace
 
-int RunScript(Host& host, const platform::Platform& machine, const RunRequest& request) {
+int Run(Host& host, const platform::Platform& machine, const RunRequest& request) {
     const auto text = ReadScript(host, machine, request.script);
     if (!text) return kBadRequest;
     auto statements = ParseScript(*text);

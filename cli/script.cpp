@@ -1,8 +1,12 @@
 #include "cli/script.h"
 
 #include "cli/nearest.h"
+#include "cli/values.h"
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <array>
 #include <charconv>
@@ -59,19 +63,9 @@ Parsed ParseClick(std::string_view rest) {
     return Statement{.kind = StatementKind::kClick, .target = std::string(control)};
 }
 
-std::expected<results::Column, std::string> ReadColumn(std::string_view key) {
-    if (const auto column = results::FindColumn(key)) return *column;
-    std::vector<std::string_view> keys;
-    for (const auto& column : results::kColumns)
-        keys.push_back(column.key);
-    return std::unexpected("There is no column \"" + std::string(key) + "\"." +
-                           DidYouMean(key, keys));
-}
-
 Parsed ParseColumn(std::string_view rest) {
-    const auto column = ReadColumn(text::Trim(rest));
-    if (!column) return Wrong(column.error());
-    return Statement{.kind = StatementKind::kColumn, .columns = {*column}};
+    TX_TRY_ASSIGN(const auto column, ReadColumn(text::Trim(rest)));
+    return Statement{.kind = StatementKind::kColumn, .columns = {column}};
 }
 
 Parsed ParseRows(std::string_view rest, StatementKind kind, std::string_view usage) {
@@ -81,7 +75,7 @@ Parsed ParseRows(std::string_view rest, StatementKind kind, std::string_view usa
         if (word.empty()) continue;
         const auto number = ReadNumber(word);
         if (!number) {
-            return Wrong("\"" + std::string(word) + "\" is no row: rows are counted from 1.");
+            return Wrong(fmt::format("\"{}\" is no row: rows are counted from 1.", word));
         }
         statement.numbers.push_back(*number);
     }
@@ -133,9 +127,8 @@ Parsed ParseDumpList(std::string_view rest) {
     while (!text::Trim(rest).empty()) {
         const std::string_view word = TakeWord(rest);
         if (word.empty()) continue;
-        const auto column = ReadColumn(word);
-        if (!column) return Wrong(column.error());
-        statement.columns.push_back(*column);
+        TX_TRY_ASSIGN(const auto column, ReadColumn(word));
+        statement.columns.push_back(column);
     }
     return statement;
 }
@@ -177,11 +170,8 @@ Parsed ParseStatement(std::string_view line) {
     for (const auto& [word, parse] : kStatements) {
         if (text::EqualNoCase(first, word)) return parse(rest);
     }
-    std::array<std::string_view, kStatements.size()> words{};
-    for (std::size_t i = 0; i < words.size(); ++i)
-        words[i] = kStatements[i].word;
-    return Wrong("There is no statement \"" + std::string(first) + "\"." +
-                 DidYouMean(first, words));
+    return Wrong(fmt::format("There is no statement \"{}\".{}", first,
+                             DidYouMean(first, kStatements, &StatementWord::word)));
 }
 
 } // namespace

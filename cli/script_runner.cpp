@@ -7,6 +7,8 @@
 #include "text/case.h"
 #include "text/like.h"
 
+#include <fmt/core.h>
+
 #include <memory>
 #include <ostream>
 #include <utility>
@@ -21,25 +23,25 @@ InputResult Wrong(std::string sentence) {
     return std::unexpected(std::move(sentence));
 }
 
+InputResult NoRow(std::uint64_t number, std::size_t count) {
+    return Wrong(fmt::format("There is no row {}: the list has {}.", number, count));
+}
+
 std::string NoForm(const fields::Forms& forms, const std::string& name) {
-    std::vector<std::string_view> names;
-    for (const fields::Form* form : forms.all)
-        names.push_back(form->Name());
-    return "There is no form \"" + name + "\"." + DidYouMean(name, names);
+    return fmt::format("There is no form \"{}\".{}", name,
+                       DidYouMean(name, forms.all, &fields::Form::Name));
 }
 
 std::string NoControl(const fields::Forms& forms, const fields::Form& form,
                       const std::string& name) {
     for (const fields::Form* other : forms.all) {
         if (other != &form && other->Find(name)) {
-            return form.Name() + " has no control \"" + name + "\"; " + other->Name() +
-                   " has one: write " + other->Name() + "." + name + ".";
+            return fmt::format("{0} has no control \"{1}\"; {2} has one: write {2}.{1}.",
+                               form.Name(), name, other->Name());
         }
     }
-    std::vector<std::string_view> names;
-    for (const fields::Control* control : form.Controls())
-        names.push_back(control->Name());
-    return form.Name() + " has no control \"" + name + "\"." + DidYouMean(name, names);
+    return fmt::format("{} has no control \"{}\".{}", form.Name(), name,
+                       DidYouMean(name, form.Controls(), &fields::Control::Name));
 }
 
 } // namespace
@@ -154,9 +156,9 @@ InputResult ScriptRunner::CheckReachable(const fields::Control& control) {
     const fields::Form& owner = control.Owner();
     if (&owner == &Top()) return {};
     const bool isOpen = &owner == &Session().frmSearch || owner.IsShown();
-    return Wrong(
-        owner.Name() + "." + control.Name() + " can't be used: " +
-        (isOpen ? Top().Name() + " is open in front of it." : owner.Name() + " isn't open."));
+    return Wrong(fmt::format("{}.{} can't be used: {}", owner.Name(), control.Name(),
+                             isOpen ? fmt::format("{} is open in front of it.", Top().Name())
+                                    : fmt::format("{} isn't open.", owner.Name())));
 }
 
 InputResult ScriptRunner::ClickColumn(const Statement& statement) {
@@ -173,8 +175,7 @@ InputResult ScriptRunner::Select(const Statement& statement) {
     const std::size_t count = rows.Count();
     for (const std::uint64_t number : statement.numbers) {
         if (number <= count) continue;
-        return Wrong("There is no row " + std::to_string(number) + ": the list has " +
-                     std::to_string(count) + ".");
+        return NoRow(number, count);
     }
     const bool byName = statement.kind == StatementKind::kSelectLike;
     const text::LikePattern pattern(statement.value, true);
@@ -195,10 +196,8 @@ InputResult ScriptRunner::Select(const Statement& statement) {
 InputResult ScriptRunner::DoubleClick(const Statement& statement) {
     if (auto usable = session::CanUse(Session().frmSearch.lstMain); !usable) return usable;
     const std::uint64_t number = statement.numbers.front();
-    if (number > program_->Rows().Count()) {
-        return Wrong("There is no row " + std::to_string(number) + ": the list has " +
-                     std::to_string(program_->Rows().Count()) + ".");
-    }
+    const std::size_t count = program_->Rows().Count();
+    if (number > count) return NoRow(number, count);
     const session::EventArgs args{static_cast<int>(number - 1)};
     if (Session().events.Raise(Session(), "frmSearch.lstMain_DblClick", args)) return {};
     return Wrong("Rows can't be opened by a double click in this version.");

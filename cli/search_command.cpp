@@ -23,7 +23,7 @@ void Sort(session::Session& session, const SortRequest& sort) {
 
 } // namespace
 
-int RunSearch(Host& host, const platform::Platform& machine, const SearchRequest& request) {
+int Run(Host& host, const platform::Platform& machine, const SearchRequest& request) {
     Finding finding(host, machine);
     if (!finding.CheckLocations(request.criteria)) return kBadRequest;
     ProgramRun run;

@@ -1,86 +1,140 @@
 #include "cli/values.h"
 
+#include "cli/nearest.h"
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/characters.h"
 
-#include <array>
+#include <CLI/CLI.hpp>
+#include <fmt/core.h>
+
+#include <algorithm>
 #include <charconv>
+#include <optional>
 
 namespace tarvix::cli {
 
 namespace {
 
-// The factor of a unit, 0 for a text that is none.
-std::int64_t FactorOf(std::string_view unit) {
-    constexpr std::array<std::pair<std::string_view, std::int64_t>, 11> kUnits{{
-        {"", 1},
-        {"B", 1},
-        {"K", 1 << 10},
-        {"KB", 1 << 10},
-        {"KIB", 1 << 10},
-        {"M", 1 << 20},
-        {"MB", 1 << 20},
-        {"MIB", 1 << 20},
-        {"G", 1 << 30},
-        {"GB", 1 << 30},
-        {"GIB", 1 << 30},
-    }};
-    for (const auto& [name, factor] : kUnits) {
-        if (text::EqualNoCase(unit, name)) return factor;
-    }
-    return 0;
-}
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kNativePath = "NativePath";
 
 std::unexpected<std::string> Refusal(std::string_view option, std::string_view takes,
                                      std::string_view value) {
-    std::string sentence(option);
-    sentence.append(" takes ").append(takes).append(", not \"").append(value).append("\".");
-    return std::unexpected(std::move(sentence));
+    return std::unexpected(fmt::format("{} takes {}, not \"{}\".", option, takes, value));
+}
+
+// The bytes as digits. The parser's own numbers would be read by eights behind a "0", by sixteens
+// behind "0x", and a unit alone would stand for one of it.
+std::optional<std::string> BytesOf(std::string_view value) {
+    static const CLI::AsSizeValue toBytes(false);
+    const std::size_t unit = std::min(value.find_first_not_of(kDigits), value.size());
+    const bool hasUnitOnly = value.find_first_of(" \t\n\v\f\r0123456789", unit) == value.npos;
+    if (unit == 0 || !hasUnitOnly) return std::nullopt;
+    std::string bytes(value.substr(std::min(value.find_first_not_of('0'), unit - 1)));
+    try {
+        if (!toBytes(bytes).empty()) return std::nullopt;
+    } catch (const CLI::ValidationError&) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+template <class Value>
+Read<Ends<Value>> ReadEnds(std::string_view option, std::string_view value,
+                           Read<Value> (*read)(std::string_view, std::string_view)) {
+    const std::size_t dots = value.find("..");
+    const std::string_view first = text::Trim(value.substr(0, dots));
+    const std::string_view second = dots == value.npos ? "" : text::Trim(value.substr(dots + 2));
+    if (first.empty() || second.empty()) {
+        return Refusal(option, "two ends with \"..\" between", value);
+    }
+    TX_TRY_ASSIGN(auto low, read(option, first));
+    TX_TRY_ASSIGN(auto high, read(option, second));
+    return Ends<Value>{low, high};
 }
 
 } // namespace
 
-std::expected<std::int64_t, std::string> ReadSize(std::string_view option, std::string_view value) {
-    std::uint64_t number = 0;
-    const char* end = value.data() + value.size();
-    const auto [rest, error] = std::from_chars(value.data(), end, number);
-    const std::int64_t factor = FactorOf({rest, static_cast<std::size_t>(end - rest)});
-    if (error == std::errc::invalid_argument || factor == 0) {
-        return Refusal(option, "a size in bytes such as 4096, 10K, 10M or 1G", value);
-    }
-    if (error != std::errc{} || number > static_cast<std::uint64_t>(kLargestSize / factor)) {
-        return Refusal(option, "at most 2147483647 bytes, one less than 2G", value);
-    }
-    return static_cast<std::int64_t>(number) * factor;
+Read<std::int64_t> ReadSize(std::string_view option, std::string_view value) {
+    static const CLI::Range fits(std::int64_t{0}, kLargestSize);
+    const auto bytes = BytesOf(value);
+    if (bytes && fits(*bytes).empty()) return std::stoll(*bytes);
+    return Refusal(option, "a size of at most 2147483647 bytes, such as 4096, 10K, 10M or 1G",
+                   value);
 }
 
-std::expected<text::DateTime, std::string> ReadMoment(std::string_view option,
-                                                      std::string_view value) {
+Read<Ends<std::int64_t>> ReadSizeRange(std::string_view option, std::string_view value) {
+    return ReadEnds(option, value, ReadSize);
+}
+
+Read<text::DateTime> ReadMoment(std::string_view option, std::string_view value) {
     const auto date = text::ParseDate(value);
-    if (!date || !date->HasDate()) {
-        return Refusal(option, "a date such as 2026-11-15 or \"2026-11-15 19:54:52\"", value);
-    }
-    return *date;
+    if (date && date->HasDate()) return *date;
+    return Refusal(option, "a date such as 2026-11-15 or \"2026-11-15 19:54:52\"", value);
 }
 
-std::expected<text::DateTime, std::string> ReadLastMoment(std::string_view option,
-                                                          std::string_view value) {
-    auto date = ReadMoment(option, value);
-    const bool hasTime = value.find(':') != value.npos;
-    if (date && !hasTime) {
-        date->hour = 23;
-        date->minute = date->second = 59;
+Read<Ends<text::DateTime>> ReadDateRange(std::string_view option, std::string_view value) {
+    auto dates = ReadEnds(option, value, ReadMoment);
+    const bool hasTime = value.find(':', std::min(value.find(".."), value.size())) != value.npos;
+    if (dates && !hasTime) {
+        dates->high->hour = 23;
+        dates->high->minute = dates->high->second = 59;
     }
-    return date;
+    return dates;
 }
 
-std::optional<std::pair<std::string_view, std::string_view>> SplitRange(std::string_view value) {
-    const std::size_t dots = value.find("..");
-    if (dots == value.npos) return std::nullopt;
-    const std::string_view first = text::Trim(value.substr(0, dots));
-    const std::string_view second = text::Trim(value.substr(dots + 2));
-    if (first.empty() || second.empty()) return std::nullopt;
-    return std::pair{first, second};
+Read<int> ReadLevels(std::string_view option, std::string_view value) {
+    constexpr int kMost = 999;
+    int levels = 0;
+    const char* end = value.data() + value.size();
+    const auto [rest, error] = std::from_chars(value.data(), end, levels);
+    const bool isNumber = error == std::errc{} && rest == end;
+    if (isNumber && levels >= 1 && levels <= kMost) return levels;
+    return Refusal(option, "a number of levels from 1 to 999", value);
+}
+
+Read<std::pair<char, std::string>> ReadDrive(std::string_view option, std::string_view value) {
+    const std::size_t equals = std::min(value.find('='), value.size());
+    const std::string letter = text::Upper(value.substr(0, equals));
+    const std::string folder(value.substr(std::min(equals + 1, value.size())));
+    const bool isLetter = letter.size() == 1 || (letter.size() == 2 && letter[1] == ':');
+    if (isLetter && letter[0] >= 'D' && letter[0] <= 'Z' && !folder.empty()) {
+        return std::pair(letter[0], folder);
+    }
+    return Refusal(option, "a letter from D to Z and a folder, such as E=/srv/collection", value);
+}
+
+Read<results::Column> ReadColumn(std::string_view key) {
+    if (const auto column = results::FindColumn(key)) return *column;
+    return std::unexpected(
+        fmt::format("There is no column \"{}\".{}", key,
+                    DidYouMean(key, results::kColumns, &results::ColumnInfo::key)));
+}
+
+Read<std::vector<int>> ReadColumns(std::string_view, std::string_view value) {
+    std::vector<int> columns;
+    for (const std::string_view piece : text::Split(value, ',')) {
+        const std::string_view key = text::Trim(piece);
+        if (text::EqualNoCase(key, kNativePath)) {
+            columns.push_back(kNativePathColumn);
+        } else {
+            TX_TRY_ASSIGN(const auto column, ReadColumn(key));
+            columns.push_back(column);
+        }
+    }
+    return columns;
+}
+
+Read<SortRequest> ReadSort(std::string_view option, std::string_view value) {
+    const std::size_t colon = std::min(value.find(':'), value.size());
+    const std::string_view order = value.substr(colon);
+    TX_TRY_ASSIGN(const auto column, ReadColumn(value.substr(0, colon)));
+    const bool descending = text::EqualNoCase(order, ":desc");
+    if (descending || order.empty() || text::EqualNoCase(order, ":asc")) {
+        return SortRequest{column, descending};
+    }
+    return Refusal(option, "a column key, with \":desc\" behind it to turn the order round", value);
 }
 
 } // namespace tarvix::cli

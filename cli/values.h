@@ -1,13 +1,13 @@
 #pragma once
 
-#include "text/dates.h"
+#include "cli/request.h"
 
 #include <cstdint>
 #include <expected>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarvix::cli {
 
@@ -15,19 +15,29 @@ namespace tarvix::cli {
 constexpr std::int64_t kLargestSize = 2'147'483'647;
 
 // Values of options. A failure is one sentence that names the option and what it takes.
+template <class Value>
+using Read = std::expected<Value, std::string>;
 
 // "4096", "10K", "10M", "1G" in bytes; the units are binary, in either case, "B" or "iB" behind
 // them allowed.
-std::expected<std::int64_t, std::string> ReadSize(std::string_view option, std::string_view value);
+Read<std::int64_t> ReadSize(std::string_view option, std::string_view value);
+// "10K..1M".
+Read<Ends<std::int64_t>> ReadSizeRange(std::string_view option, std::string_view value);
 
 // A date, with or without a time of day.
-std::expected<text::DateTime, std::string> ReadMoment(std::string_view option,
-                                                      std::string_view value);
-// The same; without a time of day it is the last second of the day.
-std::expected<text::DateTime, std::string> ReadLastMoment(std::string_view option,
-                                                          std::string_view value);
+Read<text::DateTime> ReadMoment(std::string_view option, std::string_view value);
+// "2026-01-01..2026-01-31"; without a time of day the second is the last second of its day.
+Read<Ends<text::DateTime>> ReadDateRange(std::string_view option, std::string_view value);
 
-// The two ends of "A..B"; nothing when an end is missing.
-std::optional<std::pair<std::string_view, std::string_view>> SplitRange(std::string_view value);
+// How many levels up the folder tree: from 1 to 999.
+Read<int> ReadLevels(std::string_view option, std::string_view value);
+
+// "E=/srv/collection" or "e:=/srv/collection".
+Read<std::pair<char, std::string>> ReadDrive(std::string_view option, std::string_view value);
+
+// Columns by their keys: one; several with commas between, NativePath among them; "KEY[:desc]".
+Read<results::Column> ReadColumn(std::string_view key);
+Read<std::vector<int>> ReadColumns(std::string_view option, std::string_view value);
+Read<SortRequest> ReadSort(std::string_view option, std::string_view value);
 
 } // namespace tarvix::cli

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace tarvix::cli {
 namespace {
 
@@ -37,10 +39,10 @@ std::string SearchRefusal(Words words) {
 
 TEST(ArgumentsTest, ABareSearchLooksForFilesInSubfolders) {
     const SearchRequest search = ReadSearch({});
-    EXPECT_EQ(search.criteria.patterns, "*.mp3");
+    EXPECT_EQ(search.criteria.patterns, Words{"*.mp3"});
     EXPECT_EQ(search.criteria.locations, Words{"/music"});
     EXPECT_EQ(search.criteria.kind, 0);
-    EXPECT_TRUE(search.criteria.subfolders);
+    EXPECT_FALSE(search.criteria.noSubfolders);
     EXPECT_EQ(search.criteria.dateKind, 0);
     EXPECT_EQ(search.output.format, RowFormat::kPaths);
     for (const auto& attribute : search.criteria.attributes) {
@@ -54,22 +56,27 @@ TEST(ArgumentsTest, InTakesSeveralLocationsAndMayBeRepeated) {
               (Words{"x", "y|z", "w"}));
 }
 
-TEST(ArgumentsTest, SeveralPatternsAreJoinedByBars) {
+TEST(ArgumentsTest, SeveralPatternsMayStandBeforeIn) {
     const Request request = Read({"search", "a", "b|c", "--in", "x"});
-    EXPECT_EQ(std::get<SearchRequest>(request.command).criteria.patterns, "a|b|c");
+    EXPECT_EQ(std::get<SearchRequest>(request.command).criteria.patterns, (Words{"a", "b|c"}));
+}
+
+TEST(ArgumentsTest, WhatStandsBehindInIsNeverAPattern) {
+    EXPECT_EQ(Refusal({"delete", "--in", "x", "y", "--yes"}),
+              "Put what to find before --in, such as \"*.mp3\", or \"*\" for all.");
 }
 
 TEST(ArgumentsTest, BracketsInWordsStayAsTyped) {
     const Request request = Read({"search", "[a,b]", "--in", "[x]", "--answer", "[1,2]"});
     const auto& search = std::get<SearchRequest>(request.command);
-    EXPECT_EQ(search.criteria.patterns, "[a,b]");
+    EXPECT_EQ(search.criteria.patterns, Words{"[a,b]"});
     EXPECT_EQ(search.criteria.locations, Words{"[x]"});
     EXPECT_EQ(search.answers, Words{"[1,2]"});
 }
 
 TEST(ArgumentsTest, WordsBehindADoubleDashAreNoOptions) {
     const Request request = Read({"search", "--in", "x", "--", "-a*"});
-    EXPECT_EQ(std::get<SearchRequest>(request.command).criteria.patterns, "-a*");
+    EXPECT_EQ(std::get<SearchRequest>(request.command).criteria.patterns, Words{"-a*"});
 }
 
 TEST(ArgumentsTest, KindsAreTheChoicesOfTheForm) {
@@ -78,41 +85,49 @@ TEST(ArgumentsTest, KindsAreTheChoicesOfTheForm) {
         EXPECT_EQ(ReadSearch({"--kind", kinds[i]}).criteria.kind, static_cast<int>(i));
     }
     EXPECT_EQ(SearchRefusal({"--kind", "links"}),
-              "--kind takes files, empty-files, all, folders or empty-folders, not \"links\".");
+              "--kind: links not in {files,empty-files,all,folders,empty-folders}.");
 }
 
 TEST(ArgumentsTest, SizesMakeOneTest) {
-    EXPECT_EQ(ReadSearch({"--size-at-least", "1K"}).criteria.size->choice, "At Least");
-    EXPECT_EQ(ReadSearch({"--size-at-most", "1K"}).criteria.size->choice, "At Most");
+    const auto low = ReadSearch({"--size-at-least", "1K"}).criteria.size;
+    EXPECT_EQ(low.low, 1024);
+    EXPECT_EQ(low.high, std::nullopt);
+    const auto high = ReadSearch({"--size-at-most", "1K"}).criteria.size;
+    EXPECT_EQ(high.low, std::nullopt);
+    EXPECT_EQ(high.high, 1024);
     for (const Words& words : {Words{"--size-range", "1K..2K"},
                                Words{"--size-at-least", "1K", "--size-at-most", "2K"}}) {
         const auto size = ReadSearch(words).criteria.size;
-        ASSERT_TRUE(size);
-        EXPECT_EQ(size->choice, "Range");
-        EXPECT_EQ(size->first, 1024);
-        EXPECT_EQ(size->second, 2048);
+        EXPECT_EQ(size.low, 1024);
+        EXPECT_EQ(size.high, 2048);
     }
 }
 
 TEST(ArgumentsTest, DatesMakeOneTest) {
-    EXPECT_EQ(ReadSearch({"--since", "2026-01-01"}).criteria.date->choice, "Since");
-    EXPECT_EQ(ReadSearch({"--before", "2026-01-01"}).criteria.date->choice, "Before");
+    const text::DateTime newYear{2026, 1, 1};
+    EXPECT_EQ(ReadSearch({"--since", "2026-01-01"}).criteria.date.low, newYear);
+    EXPECT_EQ(ReadSearch({"--since", "2026-01-01"}).criteria.date.high, std::nullopt);
+    EXPECT_EQ(ReadSearch({"--before", "2026-01-01"}).criteria.date.high, newYear);
     const auto both = ReadSearch({"--between", "2026-01-01..2026-01-31"}).criteria.date;
-    EXPECT_EQ(both->choice, "Range");
-    EXPECT_EQ(both->second, (text::DateTime{2026, 1, 31, 23, 59, 59}));
+    EXPECT_EQ(both.low, newYear);
+    EXPECT_EQ(both.high, (text::DateTime{2026, 1, 31, 23, 59, 59}));
     const auto pair = ReadSearch({"--since", "2026-01-01", "--before", "2026-01-31"}).criteria.date;
-    EXPECT_EQ(pair->choice, "Range");
-    EXPECT_EQ(pair->second, (text::DateTime{2026, 1, 31}));
+    EXPECT_EQ(pair.low, newYear);
+    EXPECT_EQ(pair.high, (text::DateTime{2026, 1, 31}));
     EXPECT_EQ(ReadSearch({"--date-kind", "accessed"}).criteria.dateKind, 2);
 }
 
 TEST(ArgumentsTest, RangesThatAreNoneAreRefused) {
     EXPECT_EQ(SearchRefusal({"--size-range", "10K"}),
               "--size-range takes two ends with \"..\" between, not \"10K\".");
-    EXPECT_EQ(SearchRefusal({"--size-range", "2K..1K"}),
-              "--size-range 2K..1K runs backwards: the first end must not be above the second.");
+    const std::string backwards = "The sizes run backwards: the first end must not be above the "
+                                  "second.";
+    EXPECT_EQ(SearchRefusal({"--size-range", "2K..1K"}), backwards);
+    EXPECT_EQ(SearchRefusal({"--size-at-least", "2K", "--size-at-most", "2047"}), backwards);
+    EXPECT_EQ(SearchRefusal({"--between", "2026-01-02..2026-01-01"}),
+              "The dates run backwards: the first end must not be above the second.");
     EXPECT_EQ(SearchRefusal({"--size-range", "1K..2K", "--size-at-most", "5"}),
-              "--size-range stands for --size-at-least and --size-at-most: leave those out.");
+              "--size-at-most excludes --size-range: leave one of them out.");
     EXPECT_THAT(SearchRefusal({"--between", "x..2026-01-01"}),
                 ::testing::StartsWith("--between takes a date such as"));
 }
@@ -126,8 +141,7 @@ TEST(ArgumentsTest, AttributesAreThreeStates) {
     const auto any = ReadSearch({"--any-attribute", "--alias", "no"}).criteria;
     EXPECT_EQ(any.attributes[9], 2);
     EXPECT_EQ(any.attributes[4], 0);
-    EXPECT_EQ(SearchRefusal({"--hidden", "maybe"}),
-              "--hidden takes no, yes or any, not \"maybe\".");
+    EXPECT_EQ(SearchRefusal({"--hidden", "maybe"}), "--hidden: maybe not in {no,yes,any}.");
 }
 
 TEST(ArgumentsTest, ColumnsAreCheckedAgainstTheTable) {
@@ -141,9 +155,11 @@ TEST(ArgumentsTest, ColumnsAreCheckedAgainstTheTable) {
 TEST(ArgumentsTest, OutputFormatsExcludeEachOther) {
     EXPECT_EQ(ReadSearch({"--json"}).output.format, RowFormat::kJson);
     EXPECT_EQ(ReadSearch({"--tsv", "--columns", "Name"}).output.format, RowFormat::kTable);
-    EXPECT_EQ(SearchRefusal({"--json", "--tsv"}), "Give only one of --json, --tsv and --print0.");
+    EXPECT_EQ(SearchRefusal({"--json", "--tsv"}), "--json excludes --tsv: leave one of them out.");
+    EXPECT_EQ(SearchRefusal({"--print0", "--tsv"}),
+              "--tsv excludes --print0: leave one of them out.");
     EXPECT_EQ(SearchRefusal({"--print0", "--columns", "Name"}),
-              "--print0 prints paths only: leave --columns out.");
+              "--columns excludes --print0: leave one of them out.");
 }
 
 TEST(ArgumentsTest, SortTakesAColumnAndADirection) {
@@ -155,11 +171,11 @@ TEST(ArgumentsTest, SortTakesAColumnAndADirection) {
 TEST(ArgumentsTest, WhatIsMissingIsNamed) {
     EXPECT_THAT(Refusal({"search", "--in", "x"}), ::testing::StartsWith("Put what to find"));
     EXPECT_EQ(Refusal({"search", "x"}), "Say where to search with --in, such as --in ~/Music.");
-    EXPECT_EQ(Refusal({"search", "x", "--in"}), "--in needs a value behind it.");
+    EXPECT_EQ(Refusal({"search", "x", "--in"}), "--in: 1 required LOCATION missing.");
     EXPECT_EQ(Refusal({"copy", "x", "--in", "y"}),
               "Say where the copies go with --to, such as --to ~/Copies.");
-    EXPECT_EQ(Refusal({"run"}), "Name the script to run, or - to read it from stdin.");
-    EXPECT_EQ(Refusal({"sample"}), "Name the folder to fill, such as ~/tarvix-sample.");
+    EXPECT_EQ(Refusal({"run"}), "SCRIPT is required. tarvix-cli run --help tells more.");
+    EXPECT_EQ(Refusal({"sample"}), "DIR is required. tarvix-cli sample --help tells more.");
     EXPECT_THAT(Refusal({}), ::testing::StartsWith("Name a command"));
 }
 
@@ -188,16 +204,19 @@ TEST(ArgumentsTest, AnActionNeedsAPlaceAndKnownChoices) {
     };
     const Request request = Read(with({"--yes", "--structure", "none", "--on-duplicate", "skip"}));
     EXPECT_TRUE(std::get<ActionRequest>(request.command).confirmed);
+    EXPECT_EQ(std::get<ActionRequest>(request.command).way, kToFolder);
     EXPECT_EQ(std::get<ActionRequest>(request.command).destination, "z");
     EXPECT_EQ(Refusal(with({"--structure", "mirrow"})),
-              "--structure takes none, mirror, folder or backup, not \"mirrow\". Did you mean "
-              "\"mirror\"?");
-    EXPECT_EQ(Refusal(with({"--on-duplicate", "delete"})).substr(0, 66),
-              "--on-duplicate takes skip, ask, overwrite or rename, not \"delete\".");
+              "--structure: mirrow not in {none,mirror,folder,backup}. Did you mean \"mirror\"?");
+    EXPECT_EQ(Refusal(with({"--on-duplicate", "delete"})),
+              "--on-duplicate: delete not in {skip,ask,overwrite,rename}.");
     EXPECT_EQ(Refusal(with({"--rule", "C:\\x\\*1*"})),
-              "Give only one of --to and --rule, and --rule without --mpl.");
-    EXPECT_EQ(Refusal(with({"--json"})),
-              "--json needs --dry-run: an action itself prints one line.");
+              "--to excludes --rule: leave one of them out.");
+    EXPECT_EQ(Refusal({"copy", "x", "--in", "y", "--mpl", "a", "--rule", "C:\\x\\*1*"}),
+              "--rule excludes --mpl: leave one of them out.");
+    EXPECT_EQ(Refusal({"copy", "x", "--in", "y", "--to", ""}),
+              "Say where the copies go with --to, such as --to ~/Copies.");
+    EXPECT_EQ(Refusal(with({"--json"})), "--json requires --dry-run.");
 }
 
 TEST(ArgumentsTest, ACopyTakesEachStructureAndDuplicateChoice) {
@@ -219,13 +238,13 @@ TEST(ArgumentsTest, AMoveGoesOneWayAndNeverOverwrites) {
         return more;
     };
     EXPECT_EQ(Refusal(move), "Say where they go with --to, --up or --rule, such as --to ~/Sorted.");
-    EXPECT_EQ(Refusal(with({"--up", "1", "--to", "z"})), "Give only one of --to, --up and --rule.");
-    EXPECT_EQ(Refusal(with({"--up", "0"})), "--up takes a number of levels from 1 on, not \"0\".");
+    EXPECT_EQ(Refusal(with({"--up", "1", "--to", "z"})),
+              "--to excludes --up: leave one of them out.");
     EXPECT_EQ(Refusal(with({"--to", "z", "--on-duplicate", "overwrite"})),
               "A move never overwrites: --on-duplicate takes skip, ask or rename for it.");
     const auto request = Read(with({"--up", "2", "--with-folder-names"}));
     const auto& action = std::get<ActionRequest>(request.command);
-    EXPECT_EQ(action.way, 2);
+    EXPECT_EQ(action.way, kUpTheTree);
     EXPECT_EQ(action.levels, 2);
     EXPECT_TRUE(action.withFolderNames);
 }
@@ -239,11 +258,13 @@ TEST(ArgumentsTest, ARenameInsertsOrReplaces) {
     const std::string neither = "Say what to do with the names: --insert TEXT, or --find TEXT with "
                                 "--replace TEXT.";
     EXPECT_EQ(Refusal(rename), neither);
-    EXPECT_EQ(Refusal(with({"--insert", "a", "--find", "b"})), neither);
-    EXPECT_EQ(Refusal(with({"--find", ""})), "--find needs a text to look for.");
+    EXPECT_EQ(Refusal(with({"--insert", "a", "--find", "b"})),
+              "--insert excludes --find: leave one of them out.");
+    EXPECT_EQ(Refusal(with({"--find", ""})), neither);
+    EXPECT_EQ(std::get<ActionRequest>(Read(with({"--insert", ""})).command).insertedText, "");
     const auto request = Read(with({"--find", " - ", "--replace", "_", "--portion", "name"}));
     const auto& action = std::get<ActionRequest>(request.command);
-    EXPECT_FALSE(action.insertsText);
+    EXPECT_EQ(action.insertedText, std::nullopt);
     EXPECT_EQ(action.soughtText, " - ");
     EXPECT_EQ(action.newText, "_");
     EXPECT_EQ(action.portion, 2);
@@ -263,6 +284,128 @@ TEST(ArgumentsTest, TheMachineIsAskedForBeforeOrBehindTheCommand) {
     EXPECT_THAT(Refusal({"--drive", "C=/x", "run", "-"}), ::testing::StartsWith("--drive takes"));
     EXPECT_THAT(Refusal({"--now", "noon", "run", "-"}),
                 ::testing::StartsWith("--now takes a date"));
+}
+
+TEST(ArgumentsTest, TheListsOfACopyMayComeWithAFolder) {
+    const Request request =
+        Read({"copy", "x", "--in", "y", "--mpl", "a", "--mpl", "b", "--to", "z"});
+    const auto& action = std::get<ActionRequest>(request.command);
+    EXPECT_EQ(action.way, kToLists);
+    EXPECT_EQ(action.lists, (Words{"a", "b"}));
+    EXPECT_EQ(action.destination, "z");
+}
+
+TEST(ArgumentsTest, OfSeveralValuesTheLastCounts) {
+    EXPECT_EQ(ReadSearch({"--kind", "all", "--kind", "folders"}).criteria.kind, 3);
+    EXPECT_EQ(ReadSearch({"--size-at-least", "1", "--size-at-least", "2"}).criteria.size.low, 2);
+    EXPECT_EQ(ReadSearch({"--columns", "Name", "--columns", "SizeSubItem"}).output.columns,
+              std::vector<int>{1});
+}
+
+TEST(ArgumentsTest, OptionsHasCommandsOfItsOwn) {
+    for (const Words& words : {Words{"options"}, Words{"options", "list"}}) {
+        EXPECT_EQ(std::get<OptionsRequest>(Read(words).command).verb, OptionsVerb::kList);
+    }
+    const auto set =
+        std::get<OptionsRequest>(Read({"options", "--json", "set", "list", ""}).command);
+    EXPECT_EQ(set.verb, OptionsVerb::kSet);
+    EXPECT_EQ(set.key, "list");
+    EXPECT_EQ(set.value, "");
+    EXPECT_TRUE(set.json);
+}
+
+TEST(ArgumentsTest, HelpIsGivenWhateverElseIsWrong) {
+    const auto end = ReadArguments({"search", "--size-at-least", "big", "--help"});
+    ASSERT_FALSE(end);
+    EXPECT_EQ(end.error().exitCode, kDone);
+    EXPECT_THAT(end.error().out, ::testing::HasSubstr("\nUsage: tarvix-cli search "));
+}
+
+// What people type, mistype and paste, in any order: it is taken, or told in one sentence.
+TEST(ArgumentsTest, AnyWordsAreTakenOrRefused) {
+    const Words words{"search",
+                      "copy",
+                      "move",
+                      "rename",
+                      "delete",
+                      "run",
+                      "sample",
+                      "paths",
+                      "options",
+                      "list",
+                      "get",
+                      "set",
+                      "--in",
+                      "--to",
+                      "--rule",
+                      "--up",
+                      "--mpl",
+                      "--kind",
+                      "files",
+                      "--size-at-least",
+                      "10K",
+                      "--size-range",
+                      "1..2",
+                      "--since",
+                      "--between",
+                      "2026-01-01..2026-01-02",
+                      "--hidden",
+                      "any",
+                      "--columns",
+                      "Name",
+                      "--sort",
+                      "Name:desc",
+                      "--json",
+                      "--tsv",
+                      "--print0",
+                      "--yes",
+                      "-y",
+                      "-n",
+                      "-yn",
+                      "-x",
+                      "--not",
+                      "--json=no",
+                      "--not=maybe",
+                      "--kind=",
+                      "--=",
+                      "-",
+                      "--",
+                      "---",
+                      "",
+                      " ",
+                      "[",
+                      "]",
+                      "[]",
+                      "[a,b]",
+                      "{}",
+                      "\x01",
+                      "\x80\xFF",
+                      "%s",
+                      "a=b",
+                      "--now",
+                      "--drive",
+                      "E=/x",
+                      "-1",
+                      "99999999999999999999",
+                      "--find",
+                      "--insert",
+                      "--any-attribute=3"};
+    std::mt19937 random(20261115);
+    std::uniform_int_distribution<std::size_t> pick(0, words.size() - 1);
+    std::uniform_int_distribution<int> length(0, 9);
+    int taken = 0;
+    for (int round = 0; round < 4000; ++round) {
+        Words arguments;
+        for (int count = length(random); count > 0; --count)
+            arguments.push_back(words[pick(random)]);
+        const auto request = ReadArguments(arguments);
+        if (request) ++taken;
+        if (request) continue;
+        const bool isTold = request.error().exitCode == kBadRequest &&
+                            !request.error().sentence.empty() && request.error().out.empty();
+        EXPECT_TRUE(isTold) << ::testing::PrintToString(arguments);
+    }
+    EXPECT_GT(taken, 0);
 }
 
 TEST(ArgumentsTest, HelpAndVersionGoToStdout) {

@@ -108,9 +108,9 @@ TEST_F(DeleteCommandTest, HiddenObjectsStayOrGoAsTheOptionSays) {
 
 TEST_F(DeleteCommandTest, AWordThatIsNoChoiceIsRefusedBeforeAnything) {
     EXPECT_EQ(Delete({"--yes", "--on-recycle-failure", "ask"}), kBadRequest);
-    EXPECT_THAT(Err(), HasSubstr("--on-recycle-failure takes keep or delete, not \"ask\"."));
+    EXPECT_THAT(Err(), HasSubstr("--on-recycle-failure: ask not in {keep,delete}."));
     EXPECT_EQ(Delete({"--yes", "--override-system-hidden", "all"}), kBadRequest);
-    EXPECT_THAT(Err(), HasSubstr("--override-system-hidden takes no or yes, not \"all\"."));
+    EXPECT_THAT(Err(), HasSubstr("--override-system-hidden: all not in {no,yes}."));
     EXPECT_THAT(Trashed(), IsEmpty());
 }
 

@@ -99,14 +99,26 @@ TEST_F(OptionsCommand, RefusesWhatIsNoValue) {
 }
 
 TEST_F(OptionsCommand, RefusesOtherWords) {
-    for (const std::vector<std::string>& words :
-         std::vector<std::vector<std::string>>{{"options", "show"},
-                                               {"options", "get"},
-                                               {"options", "set", "blnSort"},
-                                               {"options", "list", "more"},
-                                               {"options", "set", "a", "b", "c"}}) {
-        EXPECT_EQ(Run(words), kBadRequest);
-        EXPECT_THAT(Err(), HasSubstr("options takes list, get KEY, or set KEY VALUE."));
+    struct Case {
+        std::vector<std::string> words;
+        std::string sentence;
+    };
+    for (const auto& [words, sentence] : std::vector<Case>{
+             {{"show"}, "There is no command \"show\". tarvix-cli options --help lists them."},
+             {{"sett"},
+              "There is no command \"sett\". Did you mean \"set\"? tarvix-cli options --help lists "
+              "them."},
+             {{"get"}, "KEY is required. tarvix-cli options get --help tells more."},
+             {{"set", "blnSort"}, "VALUE is required. tarvix-cli options set --help tells more."},
+             {{"list", "more"},
+              "tarvix-cli options list can't use \"more\": it has all its arguments already."},
+             {{"set", "a", "b", "c"},
+              "tarvix-cli options set can't use \"c\": it has all its arguments already."}}) {
+        std::vector<std::string> arguments{"options"};
+        arguments.insert(arguments.end(), words.begin(), words.end());
+        EXPECT_EQ(Run(arguments), kBadRequest);
+        EXPECT_EQ(Err(), "tarvix-cli: " + sentence + "\n");
+        EXPECT_EQ(Options(), "");
     }
 }
 

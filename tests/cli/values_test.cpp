@@ -13,59 +13,152 @@ TEST(ReadSizeTest, UnitsAreBinaryAndInEitherCase) {
         std::string_view text;
         std::int64_t bytes;
     };
-    for (const auto& [text, bytes] : std::array<Case, 9>{{{"0", 0},
-                                                          {"4096", 4096},
-                                                          {"10K", 10240},
-                                                          {"10k", 10240},
-                                                          {"10KB", 10240},
-                                                          {"3MiB", 3145728},
-                                                          {"1G", 1073741824},
-                                                          {"7b", 7},
-                                                          {"2147483647", 2147483647}}}) {
+    for (const auto& [text, bytes] : std::array<Case, 15>{{{"0", 0},
+                                                           {"000", 0},
+                                                           {"0G", 0},
+                                                           {"4096", 4096},
+                                                           {"010", 10},
+                                                           {"0010K", 10240},
+                                                           {"10K", 10240},
+                                                           {"10k", 10240},
+                                                           {"10KB", 10240},
+                                                           {"3MiB", 3145728},
+                                                           {"1G", 1073741824},
+                                                           {"1gb", 1073741824},
+                                                           {"7b", 7},
+                                                           {"2097151K", 2147482624},
+                                                           {"2147483647", 2147483647}}}) {
         const auto size = ReadSize("--size-at-least", text);
         ASSERT_TRUE(size) << text;
         EXPECT_EQ(*size, bytes) << text;
     }
 }
 
-TEST(ReadSizeTest, WhatIsNoSizeIsRefusedByName) {
-    for (const std::string_view text : {"", "x", "-1", "10X", "1.5M", "10 K", "K", "0x10"}) {
+TEST(ReadSizeTest, WhatIsNoSizeOrTooLargeForTheBoxesIsRefusedByName) {
+    for (const std::string_view text : {"",
+                                        " ",
+                                        "x",
+                                        "-1",
+                                        "+1",
+                                        "-0",
+                                        "10X",
+                                        "1.5M",
+                                        "1,5M",
+                                        "10 K",
+                                        " 10",
+                                        "10 ",
+                                        "K",
+                                        "0x10",
+                                        "0b1",
+                                        "1e3",
+                                        "10K1",
+                                        "10KK",
+                                        "1K..2K",
+                                        "1\xC2\xA0K",
+                                        "2147483648",
+                                        "2G",
+                                        "2097152K",
+                                        "3000M",
+                                        "1T",
+                                        "1E",
+                                        "16E",
+                                        "18446744073709551615",
+                                        "18446744073709551616",
+                                        "99999999999999999999",
+                                        "99999999999999999999K"}) {
         const auto size = ReadSize("--size-at-most", text);
         ASSERT_FALSE(size) << text;
-        EXPECT_EQ(size.error(), "--size-at-most takes a size in bytes such as 4096, 10K, 10M or "
-                                "1G, not \"" +
+        EXPECT_EQ(size.error(), "--size-at-most takes a size of at most 2147483647 bytes, such as "
+                                "4096, 10K, 10M or 1G, not \"" +
                                     std::string(text) + "\".");
-    }
-}
-
-TEST(ReadSizeTest, SizesThatTheBoxesCannotHoldAreRefused) {
-    for (const std::string_view text : {"2147483648", "2G", "3000M", "99999999999999999999"}) {
-        const auto size = ReadSize("--size-range", text);
-        ASSERT_FALSE(size) << text;
-        EXPECT_NE(size.error().find("at most 2147483647 bytes"), std::string::npos) << text;
     }
 }
 
 TEST(ReadMomentTest, ADateNeedsADay) {
     EXPECT_EQ(ReadMoment("--since", "2026-11-15"), (text::DateTime{2026, 11, 15}));
+    EXPECT_EQ(ReadMoment("--since", "2024-02-29"), (text::DateTime{2024, 2, 29}));
     EXPECT_EQ(ReadMoment("--since", "2026/11/15 19:54:52"),
               (text::DateTime{2026, 11, 15, 19, 54, 52}));
-    for (const std::string_view text : {"", "19:54", "2026-02-30", "soon"}) {
-        EXPECT_FALSE(ReadMoment("--since", text)) << text;
+    for (const std::string_view text :
+         {"", " ", "19:54", "2026-02-29", "2026-02-30", "2026-13-01", "2026-00-10", "-2026-01-01",
+          "2026-11-15 24:00", "2026-11-15 19:60", "soon"}) {
+        const auto date = ReadMoment("--since", text);
+        ASSERT_FALSE(date) << text;
+        EXPECT_EQ(date.error(), "--since takes a date such as 2026-11-15 or \"2026-11-15 "
+                                "19:54:52\", not \"" +
+                                    std::string(text) + "\".");
     }
 }
 
-TEST(ReadMomentTest, TheLastMomentOfABareDateIsTheEndOfTheDay) {
-    EXPECT_EQ(ReadLastMoment("--between", "2026-11-15"),
-              (text::DateTime{2026, 11, 15, 23, 59, 59}));
-    EXPECT_EQ(ReadLastMoment("--between", "2026-11-15 00:00"), (text::DateTime{2026, 11, 15}));
+TEST(ReadRangeTest, ABareSecondDateIsTheEndOfItsDay) {
+    const auto days = ReadDateRange("--between", "2026-11-15 .. 2026-11-16");
+    EXPECT_EQ(days->low, (text::DateTime{2026, 11, 15}));
+    EXPECT_EQ(days->high, (text::DateTime{2026, 11, 16, 23, 59, 59}));
+    const auto moments = ReadDateRange("--between", "2026-11-15 10:00..2026-11-16 00:00");
+    EXPECT_EQ(moments->low, (text::DateTime{2026, 11, 15, 10}));
+    EXPECT_EQ(moments->high, (text::DateTime{2026, 11, 16}));
+    const auto mixed = ReadDateRange("--between", "2026-11-15 10:00..2026-11-16");
+    EXPECT_EQ(mixed->high, (text::DateTime{2026, 11, 16, 23, 59, 59}));
 }
 
-TEST(SplitRangeTest, BothEndsMustBeThere) {
-    EXPECT_EQ(SplitRange("1K..2K"), (std::pair<std::string_view, std::string_view>{"1K", "2K"}));
-    EXPECT_FALSE(SplitRange("1K.."));
-    EXPECT_FALSE(SplitRange("..2K"));
-    EXPECT_FALSE(SplitRange("1K-2K"));
+TEST(ReadRangeTest, BothEndsMustBeThereAndOfTheirKind) {
+    const auto sizes = ReadSizeRange("--size-range", "1K..2K");
+    EXPECT_EQ(sizes->low, 1024);
+    EXPECT_EQ(sizes->high, 2048);
+    for (const std::string_view text : {"", "..", "1K..", "..2K", "1K-2K", "1K.2K", "1K"}) {
+        EXPECT_EQ(ReadSizeRange("--size-range", text).error(),
+                  "--size-range takes two ends with \"..\" between, not \"" + std::string(text) +
+                      "\".");
+    }
+    for (const std::string_view text : {"x..1", "1..x", "1...2", "1..2..3", "1..2G", "-1..2"}) {
+        EXPECT_TRUE(
+            ReadSizeRange("--size-range", text).error().starts_with("--size-range takes a size"))
+            << text;
+    }
+}
+
+TEST(ReadLevelsTest, TakesNumbersFromOneToThreeDigits) {
+    EXPECT_EQ(ReadLevels("--up", "1"), 1);
+    EXPECT_EQ(ReadLevels("--up", "010"), 10);
+    EXPECT_EQ(ReadLevels("--up", "999"), 999);
+    for (const std::string_view text :
+         {"", " ", "0", "-0", "-1", "+1", " 1", "1 ", "1000", "0x2", "1.5", "two", "4294967297"}) {
+        EXPECT_EQ(ReadLevels("--up", text).error(),
+                  "--up takes a number of levels from 1 to 999, not \"" + std::string(text) +
+                      "\".");
+    }
+}
+
+TEST(ReadDriveTest, TakesALetterAndAFolder) {
+    using Drive = std::pair<char, std::string>;
+    EXPECT_EQ(ReadDrive("--drive", "e=/srv/a=b"), (Drive{'E', "/srv/a=b"}));
+    EXPECT_EQ(ReadDrive("--drive", "Z:=x"), (Drive{'Z', "x"}));
+    for (const std::string_view text :
+         {"", "=", "E", "E=", "E:", "=/x", ":=/x", "C=/x", "EE=/x", "E;=/x", "[=/x", "1=/x"}) {
+        EXPECT_EQ(ReadDrive("--drive", text).error(),
+                  "--drive takes a letter from D to Z and a folder, such as E=/srv/collection, not "
+                  "\"" +
+                      std::string(text) + "\".");
+    }
+}
+
+TEST(ReadColumnsTest, AreKeysInAnyCaseWithCommasBetween) {
+    EXPECT_EQ(ReadColumns("--columns", "NAME,nativepath, SizeSubItem "),
+              (std::vector<int>{0, kNativePathColumn, 1}));
+    for (const std::string_view text : {"", ",", "Name,", "Name SizeSubItem"}) {
+        EXPECT_FALSE(ReadColumns("--columns", text)) << text;
+    }
+    EXPECT_EQ(ReadColumn("Nmae").error(), "There is no column \"Nmae\". Did you mean \"Name\"?");
+}
+
+TEST(ReadSortTest, IsAKeyAndADirection) {
+    EXPECT_FALSE(ReadSort("--sort", "name")->descending);
+    EXPECT_FALSE(ReadSort("--sort", "Name:asc")->descending);
+    EXPECT_TRUE(ReadSort("--sort", "SizeSubItem:DESC")->descending);
+    EXPECT_EQ(ReadSort("--sort", "SizeSubItem:DESC")->column, results::kSize);
+    for (const std::string_view text : {"", ":desc", "Name:", "Name:up", "NativePath"}) {
+        EXPECT_FALSE(ReadSort("--sort", text)) << text;
+    }
 }
 
 TEST(NearestTest, ATypingErrorFindsItsName) {

@@ -19,7 +19,8 @@ TEST_F(RefusalsTest, EachIsOneSentenceAndNothingIsDone) {
     const std::vector<Case> cases{
         {{"search", "*"}, "Say where to search with --in, such as --in ~/Music."},
         {{"search", "*", "--in", "basic", "--size-at-least", "big"},
-         "--size-at-least takes a size in bytes such as 4096, 10K, 10M or 1G, not \"big\"."},
+         "--size-at-least takes a size of at most 2147483647 bytes, such as 4096, 10K, 10M or 1G, "
+         "not \"big\"."},
         {{"search", "*", "--in", "basic", "--since", "yesterday"},
          "--since takes a date such as 2026-11-15 or \"2026-11-15 19:54:52\", not \"yesterday\"."},
         {{"search", "*", "--in", "basic", "--columns", "Nmae"},
@@ -32,8 +33,7 @@ TEST_F(RefusalsTest, EachIsOneSentenceAndNothingIsDone) {
         {{"search", "*", "--in", "basic/a.mp3"},
          "\"basic/a.mp3\" is a file: give --in the folders to search."},
         {{"copy", "*", "--in", "basic", "--to", "out", "--structure", "mirrow"},
-         "--structure takes none, mirror, folder or backup, not \"mirrow\". Did you mean "
-         "\"mirror\"?"},
+         "--structure: mirrow not in {none,mirror,folder,backup}. Did you mean \"mirror\"?"},
         {{"--drive", "X=nowhere", "search", "*", "--in", "basic"},
          "--drive X=nowhere names no folder: give a drive a folder that exists."},
     };

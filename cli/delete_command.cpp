@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/summary.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 namespace tarvix::cli {
@@ -14,11 +15,11 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
     const auto& failure = session.forms.frmOverrideRecycleFail;
     const auto& hidden = session.forms.frmOverrideDialog;
     if (request.deletesForGood) {
-        prompts.AnswerForm(failure,
+        prompts.AnswerForm(session::PromptId::kOverrideRecycleFailure,
                            *request.deletesForGood ? failure.cmdYesToAll : failure.cmdNoToAll);
     }
     if (request.takesProtected) {
-        prompts.AnswerForm(hidden,
+        prompts.AnswerForm(session::PromptId::kOverrideProtected,
                            *request.takesProtected ? hidden.cmdYesToAll : hidden.cmdNoToAll);
     }
 }

@@ -34,6 +34,7 @@ run: setup build/CMakeCache.txt
 
 test: build
 	@tools/check-layers
+	@tools/check-prompts
 	@ctest --test-dir build -j $(JOBS) --output-on-failure
 
 nightly: build

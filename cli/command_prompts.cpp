@@ -2,68 +2,64 @@
 
 #include "cli/first_run_answers.h"
 #include "cli/messages.h"
-#include "fields/prompt_forms.h"
 #include "session/message_style.h"
+#include "session/prompt_table.h"
 #include "session/session.h"
+#include "session/unattended_prompts.h"
 #include "session/user_input.h"
 
 namespace tarvix::cli {
 
-namespace {
+using session::PromptId;
+using session::PromptRole;
 
-// Whether an object failed and the question is only whether to try it again.
-bool AsksToRetry(int style, std::string_view title) {
-    constexpr int kButtons = 15;
-    return (style & kButtons) == session::kRetryCancel || title == "File not found" ||
-           title == "Bad File or Folder Name";
-}
-
-} // namespace
-
-int CommandPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
-    if (!begun_) return FirstRunAnswers(inner_).MsgBox(text, style, title);
-    if (session::ButtonsOf(style).size() == 1) {
-        Tell(host_, text);
-        return session::SafeAnswer(style);
+int CommandPrompts::MsgBox(const session::Prompt& prompt) {
+    if (!begun_) return FirstRunAnswers(inner_).MsgBox(prompt);
+    const int safe = session::SafeAnswer(prompt.style);
+    if (session::ButtonsOf(prompt.style).size() == 1) {
+        Tell(host_, prompt.text);
+        return safe;
     }
-    if (confirmed_ && IsConfirmation(text, style)) return session::ButtonsOf(style).front();
-    if (confirmed_ && AsksToRetry(style, title) && !inner_.HasQueued()) {
-        Tell(host_, text);
-        return session::SafeAnswer(style);
+    const PromptRole role = session::FactsOf(prompt.id).role;
+    if (confirmed_ && role == PromptRole::kConfirmation) {
+        return session::ButtonsOf(prompt.style).front();
     }
-    return inner_.MsgBox(text, style, title);
+    if (confirmed_ && role == PromptRole::kTryAgain && !inner_.HasQueued()) {
+        Tell(host_, prompt.text);
+        return safe;
+    }
+    return inner_.MsgBox(prompt);
 }
 
-void CommandPrompts::AnswerForm(const fields::Form& form, const fields::Control& button) {
-    formButtons_[form.Name()] = button.Name();
+void CommandPrompts::AnswerForm(PromptId form, const fields::Control& button) {
+    formButtons_[form] = button.Name();
 }
 
-std::string CommandPrompts::InputBox(std::string_view text, std::string_view title,
-                                     std::string_view preset) {
-    return inner_.InputBox(text, title, preset);
+std::string CommandPrompts::InputBox(const session::Prompt& prompt, std::string_view preset) {
+    return inner_.InputBox(prompt, preset);
 }
 
-std::string CommandPrompts::PickFolder(std::string_view title) {
-    return inner_.PickFolder(title);
+std::string CommandPrompts::PickFolder(const session::Prompt& prompt) {
+    return inner_.PickFolder(prompt);
 }
 
-std::string CommandPrompts::PickFile(std::string_view title, std::string_view filters) {
-    return inner_.PickFile(title, filters);
+std::string CommandPrompts::PickFile(const session::Prompt& prompt, std::string_view filters) {
+    return inner_.PickFile(prompt, filters);
 }
 
-void CommandPrompts::ShowModal(session::Session& session, fields::Form& form) {
-    if (auto* notice = dynamic_cast<fields::NoticeForm*>(&form)) {
-        if (begun_) Tell(host_, notice->lblMain.Caption.Get());
+void CommandPrompts::ShowModal(session::Session& session, fields::Form& form,
+                               const session::Prompt& prompt) {
+    if (session::FactsOf(prompt.id).role == PromptRole::kNotice) {
+        if (begun_) Tell(host_, prompt.text);
         ++skippedObjects_;
-        (void)session::UserClick(session, notice->cmdOK);
-        form.Hide();
-    } else if (&form == &session.frmDialog && filler_) {
+        (void)session::CloseUnattended(session, form);
+    } else if (prompt.id == PromptId::kActionWindow && filler_) {
         filler_(session);
-    } else if (const auto button = formButtons_.find(form.Name()); button != formButtons_.end()) {
+    } else if (const auto button = formButtons_.find(prompt.id); button != formButtons_.end()) {
         (void)session::UserClick(session, *form.Find(button->second));
         form.Hide();
     } else {
-        inner_.ShowModal(session, form);
+        inner_.ShowModal(session, form, prompt);
     }
 }
 

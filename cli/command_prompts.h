@@ -25,28 +25,28 @@ class CommandPrompts : public session::PromptService {
 
     // Before this no notice is told: what the start shows is not about the request.
     void BeginRequest() { begun_ = true; }
-    // Confirms "Are you sure you want ...", and tells of objects that failed instead of
-    // asking whether to try them again.
+    // Gives each confirmation, and tells of objects that failed instead of asking whether to try
+    // them again.
     void ConfirmActions() { confirmed_ = true; }
     // Fills in the action window and presses a button in it, once it shows.
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
-    // Answers that form by that button of it whenever it shows.
-    void AnswerForm(const fields::Form& form, const fields::Control& button);
+    // Answers the form of that prompt by that button of it whenever it shows.
+    void AnswerForm(session::PromptId form, const fields::Control& button);
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view text, std::string_view title,
-                         std::string_view preset) override;
-    void ShowModal(session::Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view title) override;
-    std::string PickFile(std::string_view title, std::string_view filters) override;
+    int MsgBox(const session::Prompt& prompt) override;
+    std::string InputBox(const session::Prompt& prompt, std::string_view preset) override;
+    void ShowModal(session::Session& session, fields::Form& form,
+                   const session::Prompt& prompt) override;
+    std::string PickFolder(const session::Prompt& prompt) override;
+    std::string PickFile(const session::Prompt& prompt, std::string_view filters) override;
 
   private:
     session::ScriptedPrompts& inner_;
     Host& host_;
     FormFiller filler_;
-    std::map<std::string, std::string> formButtons_; // by the form's name
+    std::map<session::PromptId, std::string> formButtons_; // by name
     bool begun_ = false;
     bool confirmed_ = false;
     int skippedObjects_ = 0;

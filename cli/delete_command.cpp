@@ -3,6 +3,7 @@
 #include "cli/messages.h"
 #include "cli/summary.h"
 #include "results/selection.h"
+#include "session/prompt_id.h"
 #include "session/user_input.h"
 
 namespace tarvix::cli {
@@ -18,11 +19,11 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
     const auto& failure = session.forms.frmOverrideRecycleFail;
     const auto& hidden = session.forms.frmOverrideDialog;
     if (request.deletesForGood) {
-        prompts.AnswerForm(failure,
+        prompts.AnswerForm(session::PromptId::kOverrideRecycleFailure,
                            *request.deletesForGood ? failure.cmdYesToAll : failure.cmdNoToAll);
     }
     if (request.takesProtected) {
-        prompts.AnswerForm(hidden,
+        prompts.AnswerForm(session::PromptId::kOverrideProtected,
                            *request.takesProtected ? hidden.cmdYesToAll : hidden.cmdNoToAll);
     }
 }

@@ -1,30 +1,16 @@
 #include "cli/first_run_answers.h"
 
-#include <array>
+#include "session/message_style.h"
+#include "session/prompt_table.h"
 
 namespace tarvix::cli {
 
-namespace {
-
-struct StandingAnswer {
-    std::string_view textStart;
-    std::string_view answer;
-};
-
-constexpr std::array<StandingAnswer, 4> kFirstRun{{
-    {"WARNING - Using this program carelessly", "OK"},
-    {"Would you like to see the General Information file?", "No"},
-    {"Would you like to see the Advanced Functions file?", "No"},
-    {"Since you have upgraded Tarvix", "OK"},
-}};
-
-} // namespace
-
-int FirstRunAnswers::MsgBox(std::string_view text, int style, std::string_view title) {
-    for (const auto& [textStart, answer] : kFirstRun) {
-        if (!inner_.HasQueued() && text.starts_with(textStart)) inner_.Queue(std::string(answer));
+int FirstRunAnswers::MsgBox(const session::Prompt& prompt) {
+    const bool isFirstRun = session::FactsOf(prompt.id).role == session::PromptRole::kFirstRun;
+    if (isFirstRun && !inner_.HasQueued()) {
+        inner_.Queue(std::string(session::CaptionOf(session::SafeAnswer(prompt.style))));
     }
-    return inner_.MsgBox(text, style, title);
+    return inner_.MsgBox(prompt);
 }
 
 } // namespace tarvix::cli

@@ -14,17 +14,19 @@ class FirstRunAnswers : public session::PromptService {
   public:
     explicit FirstRunAnswers(session::ScriptedPrompts& inner) : inner_(inner) {}
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view text, std::string_view title,
-                         std::string_view preset) override {
-        return inner_.InputBox(text, title, preset);
+    int MsgBox(const session::Prompt& prompt) override;
+    std::string InputBox(const session::Prompt& prompt, std::string_view preset) override {
+        return inner_.InputBox(prompt, preset);
     }
-    void ShowModal(session::Session& session, fields::Form& form) override {
-        inner_.ShowModal(session, form);
+    void ShowModal(session::Session& session, fields::Form& form,
+                   const session::Prompt& prompt) override {
+        inner_.ShowModal(session, form, prompt);
     }
-    std::string PickFolder(std::string_view title) override { return inner_.PickFolder(title); }
-    std::string PickFile(std::string_view title, std::string_view filters) override {
-        return inner_.PickFile(title, filters);
+    std::string PickFolder(const session::Prompt& prompt) override {
+        return inner_.PickFolder(prompt);
+    }
+    std::string PickFile(const session::Prompt& prompt, std::string_view filters) override {
+        return inner_.PickFile(prompt, filters);
     }
 
   private:

@@ -2,7 +2,7 @@
 
 #include "platform/names.h"
 #include "session/message_style.h"
-#include "session/prompt_service.h"
+#include "session/prompt_table.h"
 #include "text/characters.h"
 
 #include <ostream>
@@ -10,9 +10,6 @@
 namespace tarvix::cli {
 
 namespace {
-
-constexpr int kButtonsMask = 7;
-constexpr int kIconMask = 0x70;
 
 // The lines of a text that hold something, with `between` between them.
 std::string JoinLines(std::string_view text, std::string_view between) {
@@ -23,6 +20,10 @@ std::string JoinLines(std::string_view text, std::string_view between) {
         joined.append(joined.empty() ? "" : between).append(platform::ForDisplay(trimmed));
     }
     return joined;
+}
+
+bool IsConfirmation(const session::Prompt& prompt) {
+    return session::FactsOf(prompt.id).role == session::PromptRole::kConfirmation;
 }
 
 void Say(Host& host, std::string_view text) {
@@ -43,13 +44,6 @@ void Tell(Host& host, std::string_view text) {
     Say(host, JoinLines(text, "\n  "));
 }
 
-bool IsConfirmation(std::string_view text, int style) {
-    const int buttons = style & kButtonsMask;
-    if (buttons == session::kYesNo) return text.starts_with("Are you sure you want delete all ");
-    return buttons == session::kOkCancel && (style & kIconMask) == session::kInformation &&
-           text.starts_with("Are you sure you want to ");
-}
-
 std::string OnOneLine(std::string_view text) {
     return JoinLines(text, " ");
 }
@@ -66,7 +60,7 @@ std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view wa
     if (prompt.kind != session::PromptKind::kMessage) {
         return sentence.append(way).append(" and the text.");
     }
-    if (isOption && IsConfirmation(prompt.text, prompt.style)) return sentence + "give --yes.";
+    if (isOption && IsConfirmation(prompt)) return sentence + "give --yes.";
     std::string ways;
     for (const int button : session::ButtonsOf(prompt.style)) {
         if (ways.empty()) {

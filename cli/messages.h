@@ -14,9 +14,6 @@ void Complain(Host& host, std::string_view sentence);
 // A prompt's text on stderr, its empty lines left out.
 void Tell(Host& host, std::string_view text);
 
-// "Are you sure you want ..." of an action, with no warning in front. Its first button confirms.
-bool IsConfirmation(std::string_view text, int style);
-
 // The sentence of a prompt that had no answer, and how to give one; `way` is "give --answer", or
 // "put answer" for a script.
 std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view way);

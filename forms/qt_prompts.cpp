@@ -38,23 +38,23 @@ QString FilterList(std::string_view filters) {
     return result.join(";;");
 }
 
-int QtPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
+int QtPrompts::MsgBox(const session::Prompt& prompt) {
     const EventGate::Modal level(gate_);
-    return MessageDialog(Shown(text), style, Shown(title), Front()).Ask();
+    return MessageDialog(Shown(prompt.text), prompt.style, Shown(prompt.title), Front()).Ask();
 }
 
-std::string QtPrompts::InputBox(std::string_view text, std::string_view title,
-                                std::string_view preset) {
+std::string QtPrompts::InputBox(const session::Prompt& prompt, std::string_view preset) {
     const EventGate::Modal level(gate_);
     QInputDialog box(Front());
     box.setObjectName("InputBox");
-    box.setWindowTitle(Shown(title));
-    box.setLabelText(Shown(text));
+    box.setWindowTitle(Shown(prompt.title));
+    box.setLabelText(Shown(prompt.text));
     box.setTextValue(ToQt(preset));
     return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
 }
 
-void QtPrompts::ShowModal(session::Session& session, fields::Form& form) {
+void QtPrompts::ShowModal(session::Session& session, fields::Form& form,
+                          const session::Prompt& /*prompt*/) {
     const EventGate::Modal level(gate_);
     if (const auto window = MakeModalWindow(session, gate_, form, Front())) window->Run();
 }
@@ -65,15 +65,15 @@ std::string QtPrompts::Picked(const QString& path) {
     return machine_.paths.ToDrive(ToUtf8(path));
 }
 
-std::string QtPrompts::PickFolder(std::string_view title) {
+std::string QtPrompts::PickFolder(const session::Prompt& prompt) {
     const EventGate::Modal level(gate_);
-    return Picked(QFileDialog::getExistingDirectory(Front(), Shown(title), lastFolder_));
+    return Picked(QFileDialog::getExistingDirectory(Front(), Shown(prompt.title), lastFolder_));
 }
 
-std::string QtPrompts::PickFile(std::string_view title, std::string_view filters) {
+std::string QtPrompts::PickFile(const session::Prompt& prompt, std::string_view filters) {
     const EventGate::Modal level(gate_);
-    return Picked(
-        QFileDialog::getOpenFileName(Front(), Shown(title), lastFolder_, FilterList(filters)));
+    return Picked(QFileDialog::getOpenFileName(Front(), Shown(prompt.title), lastFolder_,
+                                               FilterList(filters)));
 }
 
 } // namespace tarvix::forms

@@ -17,12 +17,12 @@ class QtPrompts : public session::PromptService {
     QtPrompts(EventGate& gate, const platform::Platform& machine)
         : gate_(gate), machine_(machine) {}
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view text, std::string_view title,
-                         std::string_view preset) override;
-    void ShowModal(session::Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view title) override;
-    std::string PickFile(std::string_view title, std::string_view filters) override;
+    int MsgBox(const session::Prompt& prompt) override;
+    std::string InputBox(const session::Prompt& prompt, std::string_view preset) override;
+    void ShowModal(session::Session& session, fields::Form& form,
+                   const session::Prompt& prompt) override;
+    std::string PickFolder(const session::Prompt& prompt) override;
+    std::string PickFile(const session::Prompt& prompt, std::string_view filters) override;
 
   private:
     std::string Picked(const QString& path);

@@ -1,5 +1,6 @@
 #include "results/counters.h"
 
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ void Counters::CountFolderFound() {
 void Counters::CheckLimit() {
     auto& state = session_.state;
     if (state.lngFilesFound + state.lngFoldersFound != session::kObjectLimit) return;
-    session_.MsgBox(kLimitText, session::kOkOnly);
+    session_.MsgBox(session::PromptId::kObjectLimitReached, kLimitText);
     state.blnStopClicked = true;
 }
 

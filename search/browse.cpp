@@ -4,6 +4,7 @@
 #include "platform/native_paths.h"
 #include "search/net_hood.h"
 #include "session/paths/path_list.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/paths.h"
@@ -32,11 +33,11 @@ void TakeLocations(Session& session, const std::string& locations, bool append) 
 void cmdBrowse_Click(Session& session) {
     const int mode = session.frmSearch.optBrowse.Chosen();
     if (mode == kPath || mode == kAddPath) {
-        const std::string folder = session.prompts.PickFolder("Select folder");
+        const std::string folder = session.PickFolder(session::PromptId::kPickLocation);
         TakeLocations(session, ResolveNetHood(session, folder), mode == kAddPath);
         return;
     }
-    const std::string list = session.prompts.PickFile("Select Multiple Path List", kListFilters);
+    const std::string list = session.PickFile(session::PromptId::kPickPathList, kListFilters);
     if (list.empty()) return;
     TakeLocations(session, session::ReadPathList(session, list), mode == kAddList);
 }

@@ -1,6 +1,7 @@
 #include "search/criteria_boxes.h"
 
 #include "platform/clock.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/dates.h"
@@ -18,6 +19,7 @@ namespace tarvix::search {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr double kHighestSize = 2147483648.0;
@@ -27,8 +29,8 @@ bool IsBlank(std::string_view text) {
     return text::Trim(text).empty();
 }
 
-void Refuse(Session& session, std::string_view message) {
-    session.MsgBox(message);
+void Refuse(Session& session, PromptId id, std::string_view message) {
+    session.MsgBox(id, message);
     session.state.blnErrorPreparingForSearch = true;
 }
 
@@ -39,21 +41,23 @@ constexpr std::string_view kDate = "You did not enter a valid date.";
 void ValidateSizeRange(Session& session) {
     const std::string& first = session.frmSearch.txtSize1.Text;
     const std::string& second = session.frmSearch.txtSize2.Text;
-    if (!text::IsNumeric(second)) return Refuse(session, kSecondSize);
-    if (!text::IsNumeric(first)) return Refuse(session, kFirstSize);
+    if (!text::IsNumeric(second)) return Refuse(session, PromptId::kSecondSizeInvalid, kSecondSize);
+    if (!text::IsNumeric(first)) return Refuse(session, PromptId::kFirstSizeInvalid, kFirstSize);
     if (*text::ParseWholeNumber(first) > *text::ParseWholeNumber(second)) {
-        Refuse(session, " When searching by file size range the first box\r\n"
-                        "must be less than the second box.");
+        Refuse(session, PromptId::kSizesReversed,
+               " When searching by file size range the first box\r\n"
+               "must be less than the second box.");
     }
 }
 
 void ValidateDateRange(Session& session) {
     const auto first = text::ParseDate(session.frmSearch.lblDate1.Caption.Get());
     const auto second = text::ParseDate(session.frmSearch.lblDate2.Caption.Get());
-    if (!second) return Refuse(session, kDate);
+    if (!second) return Refuse(session, PromptId::kDateInvalid, kDate);
     if (first && *second < *first) {
-        Refuse(session, " When searching by date range the first box\r\n"
-                        "must be less than the second box.");
+        Refuse(session, PromptId::kDatesReversed,
+               " When searching by date range the first box\r\n"
+               "must be less than the second box.");
     }
 }
 
@@ -78,7 +82,7 @@ void LeaveSizeBox(Session& session, fields::TextBox& box) {
     box.BackColor = kWhite;
     const auto value = NumberOf(box.Text.Get());
     if (!value || *value <= kHighestSize) return;
-    session.MsgBox(kSizeTooHigh);
+    session.MsgBox(PromptId::kSizeTooHigh, kSizeTooHigh);
     box.Text = "2147483647";
 }
 
@@ -123,7 +127,7 @@ void OpenSelectDate(Session& session) {
     endOfDay.minute = endOfDay.second = 59;
     FillPickers(dialog.dtpEndDate, dialog.dtpEndTime,
                 text::ParseDate(form.lblDate2.Caption.Get()).value_or(endOfDay));
-    session.ShowModal(dialog);
+    session.ShowModal(PromptId::kSelectDate);
     session.state.blnDateWindowClosing = true;
 }
 
@@ -253,9 +257,11 @@ void ValidateSizeBoxes(Session& session) {
     const std::string& choice = form.cboSize.Text;
     if (choice == "Range") return ValidateSizeRange(session);
     if (choice != "At Least" && choice != "At Most") {
-        return Refuse(session, choice + " is not a valid selection for file size search.");
+        return Refuse(session, PromptId::kSizeChoiceInvalid,
+                      choice + " is not a valid selection for file size search.");
     }
-    if (!text::IsNumeric(form.txtSize1.Text.Get())) Refuse(session, kFirstSize);
+    if (!text::IsNumeric(form.txtSize1.Text.Get()))
+        Refuse(session, PromptId::kFirstSizeInvalid, kFirstSize);
 }
 
 void ValidateDateBoxes(Session& session) {
@@ -264,10 +270,11 @@ void ValidateDateBoxes(Session& session) {
     const std::string& choice = form.cboDate.Text;
     if (choice == "Range") return ValidateDateRange(session);
     if (!IsDateChoice(choice)) {
-        return Refuse(session, choice + " is not a valid selection for date search.");
+        return Refuse(session, PromptId::kDateChoiceInvalid,
+                      choice + " is not a valid selection for date search.");
     }
     if (IsBlank(form.lblDate1.Caption.Get()) || !text::IsDate(form.lblDate1.Caption.Get())) {
-        Refuse(session, kDate);
+        Refuse(session, PromptId::kDateInvalid, kDate);
     }
 }
 

@@ -1,7 +1,9 @@
 #include "search/filters.h"
 
 #include "platform/clock.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/numbers.h"
 
 #include <array>
@@ -80,7 +82,8 @@ platform::FileTime Filters::TimeOf(const platform::ObjectFacts& facts) const {
 bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                        std::string_view name, TestedFacts& result) {
     if (dateKind_ == DateKind::kInvalid) {
-        if (!session_.state.options.blnAutoMode) session_.MsgBox("Error in date type");
+        session::TellUnlessAuto(session_, session::PromptId::kDateTypeInvalid,
+                                "Error in date type");
         session::LogTimed(session_,
                           " - this object was found to have a bad date type. The object is " +
                               std::string(folder) + "\\" + std::string(name));

@@ -8,6 +8,7 @@
 #include "session/paths/fake_roots.h"
 #include "session/paths/recycle_folders.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -46,7 +47,8 @@ void SubstituteFakeRoots(session::Session& session, std::string& piece) {
         auto real = session::WithoutFakeRoot(piece, fakeRoot);
         if (!real) continue;
         const std::string shown(text::Left(piece, 2 + fakeRoot.size()));
-        session.MsgBox(shown + " is not a real folder, substituting the actual folder " + *real);
+        session.MsgBox(session::PromptId::kLocationReplaced,
+                       shown + " is not a real folder, substituting the actual folder " + *real);
         piece = std::move(*real);
     }
 }
@@ -123,7 +125,7 @@ void ParseSearchFolder(session::Session& session, std::string_view strFolderStri
     }
     state.intSearchFolderCount = static_cast<int>(state.searchFolders.size()) - 1;
     wrong += DescribeOverlaps(state.searchFolders);
-    if (!wrong.empty()) session.MsgBox(wrong, session::kOkOnly, "ParseSearchFolder");
+    if (!wrong.empty()) session.MsgBox(session::PromptId::kLocationsWrong, wrong);
     if (!state.blnAutoMove) session.frmSearch.cmbDir.Text = list;
 }
 

@@ -2,6 +2,7 @@
 
 #include "session/paths/fake_roots.h"
 #include "session/paths/recycle_folders.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -52,7 +53,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
     form.Caption = "Routine IsNameValid - " + told;
     form.lblMain.Caption = told;
     session.state.blnForeignWarned = true;
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kForeignName);
     return false;
 }
 
@@ -74,7 +75,7 @@ void ReportTrailingSpaces(session::Session& session, std::string_view name,
                                       "For this session, you will get no more warnings about "
                                       "names like this on this form.",
                                       kInLog, kAutomatic});
-        session.ShowModal(form);
+        session.ShowModal(session::PromptId::kTrailingSpaces);
     }
     session::LogTimed(session, " " + found);
     session.state.blnTrailingWarned = true;
@@ -85,7 +86,7 @@ void ReportFakeFolder(session::Session& session, std::string_view path) {
     form.lblMain.Caption =
         std::string(path) + " is not a real folder. You may want to add the actual folder " +
         std::string(text::Left(path, 2)) + "\\ProgramData to your search location list.";
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kFakeFolder);
 }
 
 bool IsFakeFolder(std::string_view path) {

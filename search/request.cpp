@@ -10,6 +10,7 @@
 #include "search/search_strings.h"
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
+#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -24,13 +25,11 @@ namespace tarvix::search {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr std::array<std::string_view, 5> kKinds{"files", "empty files", "files and folders",
                                                  "folders", "empty folders"};
-
-// Yes/No, critical, No as the default.
-constexpr int kDeleteStyle = session::kYesNo + session::kCritical + session::kSecondDefault;
 
 constexpr std::string_view kNoMoreDeleted =
     "No more of the empty folders could be deleted. See the action log for what was skipped.";
@@ -48,14 +47,14 @@ void AskRepeatDelete(Session& session) {
         return;
     }
     if (session.MsgBox(
+            PromptId::kRepeatDelete,
             "Would you like every empty folder, that matches the search criteria, in the "
-            "search folder automatically deleted?",
-            kDeleteStyle) != session::kYes) {
+            "search folder automatically deleted?") != session::kYes) {
         return;
     }
-    if (session.MsgBox("Are you sure?,\r\n\r\nThis will continue repeat searching and deleting "
-                       "until none are found.",
-                       kDeleteStyle) == session::kYes) {
+    if (session.MsgBox(PromptId::kRepeatDeleteSure,
+                       "Are you sure?,\r\n\r\nThis will continue repeat searching and deleting "
+                       "until none are found.") == session::kYes) {
         session.state.blnRepeatDeleteEmpty = true;
     }
 }
@@ -237,7 +236,8 @@ bool RunFollowUp(Session& session, Outcome outcome) {
     } else if (state.blnRepeatDeleteEmpty) {
         if (form.lblNumOfDirsFound.Caption.Get() == "0") {
             state.blnRepeatDeleteEmpty = false;
-            session.MsgBox("All empty folders, matching search criteria, have been deleted.");
+            session.MsgBox(PromptId::kRepeatDeleteDone,
+                           "All empty folders, matching search criteria, have been deleted.");
             return true;
         }
         results::cmdSelectAll_Click(session);
@@ -245,7 +245,8 @@ bool RunFollowUp(Session& session, Outcome outcome) {
         if (state.blnActionCancelled || state.lastAction.done == 0) {
             // What can't be deleted now would be found again for ever.
             state.blnRepeatDeleteEmpty = false;
-            if (!state.blnActionCancelled) session.MsgBox(kNoMoreDeleted);
+            if (!state.blnActionCancelled)
+                session.MsgBox(PromptId::kRepeatDeleteStuck, kNoMoreDeleted);
             return true;
         }
         form.lblStatus.Caption = "Repeat Searching";

@@ -1,5 +1,6 @@
 #include "search/search_strings.h"
 
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -60,8 +61,8 @@ void ParseSearchFor(session::Session& session, std::string_view text) {
                               parsed.strings.end());
     if (state.blnNotExclusive && !IsBatchAction(state.strAction)) {
         const int answer = session.MsgBox(
-            "Search strings may not be mutually exclusive\r\nWould you like to cancel?",
-            session::kYesNo + session::kQuestion + session::kSecondDefault);
+            session::PromptId::kStringsOverlap,
+            "Search strings may not be mutually exclusive\r\nWould you like to cancel?");
         if (answer == session::kYes) state.blnStopClicked = true;
     }
     state.intSearchForCount = static_cast<int>(parsed.strings.size());
@@ -69,6 +70,7 @@ void ParseSearchFor(session::Session& session, std::string_view text) {
     auto& chkNot = session.frmSearch.chkNot;
     if (chkNot.Value == 1) {
         session.MsgBox(
+            session::PromptId::kNotTurnedOff,
             "Turning off NOT selection. It is not allowed with multiple search strings.");
     }
     chkNot.Value = 0;

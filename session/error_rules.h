@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/prompt_id.h"
+
 #include <span>
 #include <string_view>
 
@@ -33,10 +35,9 @@ enum class ErrorPrompt {
 struct ErrorRule {
     int number;
     std::string_view moduleName;
-    std::string_view title;
-    int style;
-    ErrorPrompt prompt;
-    std::span<const ErrorLine> lines;
+    ErrorPrompt asks = ErrorPrompt::kNever;
+    PromptId prompt{}; // when it asks
+    std::span<const ErrorLine> lines = {};
     int recovery;      // for every other answer, and without a prompt
     int affirmed = 0;  // after Yes or Retry
     int dismissed = 0; // after an answer that is no button of the prompt; 0: as `recovery`

@@ -3,14 +3,18 @@
 #include "platform/file_system.h"
 #include "session/action_log.h"
 #include "session/error_rules.h"
+#include "session/prompt_id.h"
+#include "session/prompt_table.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/dates.h"
 #include "text/format.h"
 #include "text/paths.h"
 
-#include <algorithm>
+#include <fmt/core.h>
+
 #include <array>
 
 namespace tarvix::session {
@@ -23,15 +27,6 @@ std::string_view TypeText(ObjectType type) {
     return kTexts[static_cast<std::size_t>(type)];
 }
 
-// What one call of HandleError is about.
-struct Failing {
-    std::string_view moduleName;
-    std::string_view object;
-    std::string_view path;
-    std::string_view searchOrDestination;
-    ObjectType objectType;
-};
-
 std::string FileSystemClause(Session& session, std::string_view path) {
     const std::string root(text::Left(path, 3));
     for (const platform::DriveInfo& drive : session.files().Drives()) {
@@ -43,36 +38,35 @@ std::string FileSystemClause(Session& session, std::string_view path) {
     return {};
 }
 
-std::string ValueOf(Session& session, ErrorValue value, const Failing& failing) {
+std::string ValueOf(Session& session, ErrorValue value, const ErrorContext& context) {
     switch (value) {
     case ErrorValue::kObject:
-        return std::string(failing.object);
+        return std::string(context.object);
     case ErrorValue::kPath:
-        return std::string(failing.path);
+        return std::string(context.path);
     case ErrorValue::kSearchOrDestination:
-        return std::string(failing.searchOrDestination);
+        return std::string(context.searchOrDestination);
     case ErrorValue::kFileSystem:
-        return FileSystemClause(session, failing.path);
+        return FileSystemClause(session, context.path);
     case ErrorValue::kDestFolder:
-        return text::ParentFolder(failing.searchOrDestination);
+        return text::ParentFolder(context.searchOrDestination);
     case ErrorValue::kTypedObject:
-        return std::string(TypeText(failing.objectType)).append(failing.object);
+        return std::string(TypeText(context.objectType)).append(context.object);
     case ErrorValue::kNone:
         break;
     }
     return {};
 }
 
-bool Asks(const Session& session, const ErrorRule& rule) {
-    const auto& state = session.state;
-    switch (rule.prompt) {
+bool Asks(const Session& session, const ErrorRule& rule, std::string_view routine) {
+    const auto& options = session.state.options;
+    switch (rule.asks) {
     case ErrorPrompt::kNever:
         return false;
     case ErrorPrompt::kUnlessAuto:
-        return !state.options.blnAutoMode;
+        return !options.blnAutoMode;
     case ErrorPrompt::kUnlessSkipped:
-        return (!state.options.blnAutoMode && !state.options.blnSkipNTFS) ||
-               state.strMessage.starts_with("ParseSearchFolder");
+        return (!options.blnAutoMode && !options.blnSkipNTFS) || routine == "ParseSearchFolder";
     }
     return false;
 }
@@ -83,52 +77,40 @@ int Decide(const ErrorRule& rule, int answer, std::string_view object) {
     return rule.unread != 0 && object == kUnreadObject ? rule.unread : rule.recovery;
 }
 
-void ApplyRule(Session& session, const ErrorRule& rule, const Failing& failing) {
+void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& context) {
     auto& state = session.state;
-    state.strTitle = rule.title;
-    state.intStyle = rule.style;
     state.intAnswer = 0;
     for (const ErrorLine& line : rule.lines) {
-        state.strMessage.append(line.text).append(ValueOf(session, line.value, failing));
+        state.strMessage.append(line.text).append(ValueOf(session, line.value, context));
         state.strMessage.append(line.end);
     }
-    if (Asks(session, rule)) {
-        state.intAnswer = session.MsgBox(state.strMessage, state.intStyle, state.strTitle);
+    if (Asks(session, rule, context.routine)) {
+        state.strTitle = FactsOf(rule.prompt).title;
+        state.intStyle = FactsOf(rule.prompt).style;
+        state.intAnswer = session.MsgBox(rule.prompt, state.strMessage);
     }
-    state.intRecovery = Decide(rule, state.intAnswer, failing.object);
+    state.intRecovery = Decide(rule, state.intAnswer, context.object);
 }
 
 // The end of a text file that lacks its mark.
-void ApplyInputPastEnd(Session& session, const Failing& failing) {
+void ApplyInputPastEnd(Session& session, const ErrorContext& context) {
     auto& state = session.state;
-    if (failing.moduleName == "RenameFromHTMLSearch" || failing.moduleName == "OpenOptionFile") {
+    if (context.moduleName == "RenameFromHTMLSearch" || context.moduleName == "OpenOptionFile") {
         state.intRecovery = kRecoverySkip;
         return;
     }
-    const std::string object(failing.object);
-    if (!state.options.blnAutoMode) {
-        session.MsgBox("*EOF missing from end of text file: \r\n\r\n" + object +
-                       "\r\n\r\n, system files will be corrected upon proper program exit.");
-    }
-    LogTimed(session, " *EOF missing from end of text file: " + object + ", ended reading.");
+    TellUnlessAuto(session, PromptId::kEndMarkMissing,
+                   fmt::format("*EOF missing from end of text file: \r\n\r\n{}\r\n\r\n, system "
+                               "files will be corrected upon proper program exit.",
+                               context.object));
+    LogTimed(session, fmt::format(" *EOF missing from end of text file: {}, ended reading.",
+                                  context.object));
     state.intRecovery = kRecoveryLeave;
 }
 
 // Error 52 while a shared routine runs is never asked about.
-void ApplyBadNameInModule(Session& session) {
-    if (session.state.strMessage.starts_with("ParseDefSearchFolder")) {
-        session.state.intRecovery = kRecoveryNext;
-    }
-}
-
-void ApplyUnexpected(Session& session, const Failing& failing, std::string_view routine) {
-    auto& state = session.state;
-    state.strTitle = "Client Error Message";
-    state.intStyle = kCritical;
-    UIErrorMsg(session, state.lngErrNumber, state.strErrDesc, state.strMessage, failing.moduleName,
-               routine, failing.object, failing.path, failing.searchOrDestination,
-               failing.objectType);
-    state.intRecovery = kRecoveryLeave;
+void ApplyBadNameInModule(Session& session, std::string_view routine) {
+    if (routine == "ParseDefSearchFolder") session.state.intRecovery = kRecoveryNext;
 }
 
 // The records of this run would be gone at the next start.
@@ -139,34 +121,33 @@ void KeepErrorLog(Session& session) {
     const std::string copy = log.substr(0, log.size() - 3) + "_unexpected_error_" +
                              text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss") + ".log";
     if (session.files().CopyFile(log, copy, true, {}) || state.options.blnAutoMode) return;
-    session.MsgBox("error happened in HandleError****");
+    session.MsgBox(PromptId::kErrorLogNotKept, "error happened in HandleError****");
     state.strMessage.clear();
-}
-
-std::string RoutineIn(std::string_view message) {
-    const std::size_t blank = message.find(' ');
-    return std::string(blank == message.npos ? std::string_view() : message.substr(0, blank));
 }
 
 } // namespace
 
-void ReportError(Session& session, int errNumber, std::string_view errDesc,
-                 std::string_view routine, std::string_view moduleName, std::string_view object,
-                 std::string_view path, int recovery, std::string_view message,
-                 std::string_view searchOrDestination, ObjectType objectType) {
+void ReportError(Session& session, const platform::PlatformError& error,
+                 const ErrorContext& context, int recovery, std::string_view message) {
     const auto& state = session.state;
-    if (errNumber == platform::kBadFileName && state.options.blnSkipNTFS) return;
+    if (error.number == platform::kBadFileName && state.options.blnSkipNTFS) return;
     if (state.strErrorLogOn != "Yes") return;
-    const std::string number = std::to_string(errNumber);
+    const std::string number = std::to_string(error.number);
     const std::string code = std::to_string(recovery);
     const std::string time = text::DefaultDateText(session.Now());
     const std::pair<std::string_view, std::string_view> lines[] = {
-        {"Error Number = ", number}, {"Error Desc: ", errDesc},
-        {" Time: ", time},           {" Search or Desination = ", searchOrDestination},
-        {" Object = ", object},      {" Object Type = ", TypeText(objectType)},
-        {" Path = ", path},          {" Routine : ", routine},
-        {" Module ", moduleName},    {" Recovery : ", code},
-        {" Message : ", message},    {"", ""},
+        {"Error Number = ", number},
+        {"Error Desc: ", error.description},
+        {" Time: ", time},
+        {" Search or Desination = ", context.searchOrDestination},
+        {" Object = ", context.object},
+        {" Object Type = ", TypeText(context.objectType)},
+        {" Path = ", context.path},
+        {" Routine : ", context.routine},
+        {" Module ", context.moduleName},
+        {" Recovery : ", code},
+        {" Message : ", message},
+        {"", ""},
     };
     std::string record;
     for (const auto& [label, value] : lines) {
@@ -175,27 +156,27 @@ void ReportError(Session& session, int errNumber, std::string_view errDesc,
     session.errorLog.WriteRaw(record);
 }
 
-void HandleError(Session& session, std::string_view moduleName, std::string_view object,
-                 std::string_view path, std::string_view searchOrDestination,
-                 ObjectType objectType) {
+void HandleError(Session& session, const ErrorContext& context) {
     auto& state = session.state;
-    const Failing failing{moduleName, object, path, searchOrDestination, objectType};
-    const int number = state.lngErrNumber;
-    const ErrorRule* rule = FindErrorRule(number, moduleName);
-    const bool isQuiet52 = number == platform::kBadFileName && moduleName == "Module1";
-    const bool isUnexpected = !rule && !isQuiet52 && number != platform::kInputPastEnd;
+    const platform::PlatformError error{state.lngErrNumber, state.strErrDesc};
+    const ErrorRule* rule = FindErrorRule(error.number, context.moduleName);
+    const bool isQuiet52 =
+        error.number == platform::kBadFileName && context.moduleName == "Module1";
+    const bool isUnexpected = !rule && !isQuiet52 && error.number != platform::kInputPastEnd;
     if (rule) {
-        ApplyRule(session, *rule, failing);
-        if (number == platform::kPermissionDenied && state.intRecovery == kRecoveryRetry) return;
+        ApplyRule(session, *rule, context);
+        if (error.number == platform::kPermissionDenied && state.intRecovery == kRecoveryRetry) {
+            return;
+        }
     } else if (isQuiet52) {
-        ApplyBadNameInModule(session);
+        ApplyBadNameInModule(session, context.routine);
     } else if (isUnexpected) {
-        ApplyUnexpected(session, failing, RoutineIn(state.strMessage));
+        UIErrorMsg(session, error, context, state.strMessage);
+        state.intRecovery = kRecoveryLeave;
     } else {
-        ApplyInputPastEnd(session, failing);
+        ApplyInputPastEnd(session, context);
     }
-    ReportError(session, number, state.strErrDesc, RoutineIn(state.strMessage), moduleName, object,
-                path, state.intRecovery, state.strMessage, searchOrDestination, objectType);
+    ReportError(session, error, context, state.intRecovery, state.strMessage);
     if (isUnexpected) KeepErrorLog(session);
     state.strTitle.clear();
     state.strMessage.clear();
@@ -208,46 +189,40 @@ int HandleError(Session& session, const platform::PlatformError& error,
     state.lngErrNumber = error.number;
     state.strErrDesc = error.description;
     state.intRecovery = 0; // a rule that leaves the code as it was must not repeat an old retry
-    state.strMessage = std::string(context.routine).append(" ").append(context.sentence);
-    HandleError(session, context.moduleName, context.object, context.path,
-                context.searchOrDestination, context.objectType);
+    state.strMessage = fmt::format("{} {}", context.routine, context.sentence);
+    HandleError(session, context);
     return state.intRecovery;
 }
 
-void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string& message,
-                std::string_view moduleName, std::string_view routine, std::string_view object,
-                std::string_view path, std::string_view searchOrDestination,
-                ObjectType objectType) {
-    const auto add = [&message](std::initializer_list<std::string_view> parts) {
-        for (const std::string_view part : parts) {
-            message.append(part);
-        }
-    };
-    add({"\r\n\r\n\r\n\r\nERROR CODE:  ", std::to_string(errNumber), "\r\n"});
-    add({"ERROR DESC:  ", errDesc, "\r\n"});
-    add({"Time: ", text::DefaultDateText(session.Now()), "\r\n\r\n"});
-    add({"LOCATION:  ", moduleName, " - ", routine, "\r\n\r\n"});
-    add({"Object : ", object, "\r\nPath : ", path, "\r\n"});
-    add({"Search Folder or Destination: ", searchOrDestination, "\r\n"});
-    add({"Type: ", TypeText(objectType), "\r\n\r\n"});
-    if (moduleName != "basGlobal") {
+void UIErrorMsg(Session& session, const platform::PlatformError& error, const ErrorContext& context,
+                std::string& message) {
+    message += fmt::format("\r\n\r\n\r\n\r\nERROR CODE:  {}\r\nERROR DESC:  {}\r\nTime: {}\r\n\r\n"
+                           "LOCATION:  {} - {}\r\n\r\n",
+                           error.number, error.description, text::DefaultDateText(session.Now()),
+                           context.moduleName, context.routine);
+    message += fmt::format("Object : {}\r\nPath : {}\r\nSearch Folder or Destination: {}\r\n"
+                           "Type: {}\r\n\r\n",
+                           context.object, context.path, context.searchOrDestination,
+                           TypeText(context.objectType));
+    if (context.moduleName != "basGlobal") {
         message += "OK returns you to the active form.";
     } else {
-        message += routine == "StartApp" ? "OK returns you to the Windows Desktop."
-                                         : "OK returns you to the active from.";
+        message += context.routine == "StartApp" ? "OK returns you to the Windows Desktop."
+                                                 : "OK returns you to the active from.";
     }
-    if (session.state.options.blnAutoMode) return;
-    session.MsgBox(message, kCritical, "Client Error Message");
+    TellUnlessAuto(session, PromptId::kUnexpectedError, message);
 }
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,
                     std::string_view routine, std::string_view path) {
-    auto& state = session.state;
-    state.strMessage = "unexpected error " + std::to_string(error.number) + " " + error.description;
-    if (!state.options.blnAutoMode) session.MsgBox(state.strMessage);
-    ReportError(session, error.number, error.description, routine, "Module1", "", "", 0,
-                state.strMessage, path, ObjectType::kFile);
-    state.strMessage.clear();
+    const std::string told = fmt::format("unexpected error {} {}", error.number, error.description);
+    TellUnlessAuto(session, PromptId::kOutsideError, told);
+    ReportError(session, error,
+                {.routine = routine,
+                 .moduleName = "Module1",
+                 .searchOrDestination = path,
+                 .objectType = ObjectType::kFile},
+                0, told);
 }
 
 } // namespace tarvix::session

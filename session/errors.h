@@ -35,25 +35,20 @@ struct ErrorContext {
 };
 
 // One record to the error log; none for error 52 while `blnSkipNTFS` is on.
-void ReportError(Session& session, int errNumber, std::string_view errDesc,
-                 std::string_view routine, std::string_view moduleName, std::string_view object,
-                 std::string_view path, int recovery, std::string_view message,
-                 std::string_view searchOrDestination, ObjectType objectType);
+void ReportError(Session& session, const platform::PlatformError& error,
+                 const ErrorContext& context, int recovery, std::string_view message);
 
 // Decides about the error in `lngErrNumber`, `strErrDesc` and `strMessage`: asks where its rule
 // says so, records it, sets `intRecovery`, and clears `strTitle`, `strMessage` and `intStyle`.
-void HandleError(Session& session, std::string_view moduleName, std::string_view object,
-                 std::string_view path, std::string_view searchOrDestination,
-                 ObjectType objectType);
+void HandleError(Session& session, const ErrorContext& context);
 // The same, with the three fields set from the error and its context. Gives `intRecovery`.
 int HandleError(Session& session, const platform::PlatformError& error,
                 const ErrorContext& context);
 
 // The prompt for an error without a rule of its own: appends all that is known of it to `message`,
 // and shows that unless `blnAutoMode`.
-void UIErrorMsg(Session& session, int errNumber, std::string_view errDesc, std::string& message,
-                std::string_view moduleName, std::string_view routine, std::string_view object,
-                std::string_view path, std::string_view searchOrDestination, ObjectType objectType);
+void UIErrorMsg(Session& session, const platform::PlatformError& error, const ErrorContext& context,
+                std::string& message);
 
 // An error that must not stop the run: told unless `blnAutoMode`, and recorded for `path`.
 void TellUnexpected(Session& session, const platform::PlatformError& error,

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <optional>
+#include "session/prompt.h"
+
 #include <string>
 #include <string_view>
 
@@ -35,18 +36,17 @@ enum Style : int {
 class PromptService {
   public:
     virtual ~PromptService() = default;
-    // A message with the buttons of `style`; gives the button that was pressed. Closing the box
+    // A message with the buttons of its style; gives the button that was pressed. Closing the box
     // counts as Cancel or No where there is one, else as OK.
-    virtual int MsgBox(std::string_view text, int style, std::string_view title) = 0;
+    virtual int MsgBox(const Prompt& prompt) = 0;
     // Empty when the user cancelled, as for an empty answer.
-    virtual std::string InputBox(std::string_view text, std::string_view title,
-                                 std::string_view preset) = 0;
+    virtual std::string InputBox(const Prompt& prompt, std::string_view preset) = 0;
     // Shows the form and returns when it hides. Its controls raise their events meanwhile.
-    virtual void ShowModal(Session& session, fields::Form& form) = 0;
+    virtual void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) = 0;
     // A folder in drive form; empty when the user cancelled.
-    virtual std::string PickFolder(std::string_view title) = 0;
+    virtual std::string PickFolder(const Prompt& prompt) = 0;
     // An existing file in drive form; `filters` as "Text Files (*.txt)|*.txt|".
-    virtual std::string PickFile(std::string_view title, std::string_view filters) = 0;
+    virtual std::string PickFile(const Prompt& prompt, std::string_view filters) = 0;
 };
 
 } // namespace tarvix::session

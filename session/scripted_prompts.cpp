@@ -11,6 +11,8 @@
 #include "text/characters.h"
 #include "text/dates.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -83,14 +85,14 @@ InputResult EnterDates(Session& session, fields::FrmSelectDate& form, const Date
 
 } // namespace
 
-std::size_t ScriptedPrompts::Note(PromptRecord record) {
-    records_.push_back(std::move(record));
+std::size_t ScriptedPrompts::Note(const Prompt& prompt, PromptKind kind, std::string form) {
+    records_.push_back({prompt, kind, std::move(form), ""});
     return records_.size() - 1;
 }
 
-std::optional<std::string> ScriptedPrompts::Take(std::size_t prompt) {
+std::optional<std::string> ScriptedPrompts::Take(std::size_t record) {
     if (queue_.empty()) {
-        if (fallback_ == Fallback::kThrow) throw PromptUnanswered{records_[prompt]};
+        if (fallback_ == Fallback::kThrow) throw PromptUnanswered{records_[record]};
         return std::nullopt;
     }
     std::string answer = std::move(queue_.front());
@@ -98,77 +100,77 @@ std::optional<std::string> ScriptedPrompts::Take(std::size_t prompt) {
     return answer;
 }
 
-std::string ScriptedPrompts::TakeText(std::size_t prompt) {
-    return records_[prompt].answer = Take(prompt).value_or("");
+std::string ScriptedPrompts::TakeText(std::size_t record) {
+    return records_[record].answer = Take(record).value_or("");
 }
 
-std::string ScriptedPrompts::TakePath(std::size_t prompt) {
-    std::string path = TakeText(prompt);
-    if (paths_) records_[prompt].answer = path = paths_->ToDrive(path);
+std::string ScriptedPrompts::TakePath(std::size_t record) {
+    std::string path = TakeText(record);
+    if (paths_) records_[record].answer = path = paths_->ToDrive(path);
     return path;
 }
 
-void ScriptedPrompts::Misanswered(std::size_t prompt, std::string why) const {
-    throw PromptMisanswered{records_[prompt], std::move(why)};
+void ScriptedPrompts::Misanswered(std::size_t record, std::string why) const {
+    throw PromptMisanswered{records_[record], std::move(why)};
 }
 
-int ScriptedPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
-    const std::size_t prompt =
-        Note({.style = style, .title = std::string(title), .text = std::string(text)});
-    const auto given = Take(prompt);
-    const auto answer = given ? AnswerOf(*given) : SafeAnswer(style);
-    if (!answer || std::ranges::count(ButtonsOf(style), *answer) == 0) {
-        Misanswered(prompt, "The prompt has no button \"" + given.value_or("") +
-                                "\". Its buttons are: " + ButtonNames(style) + ".");
+int ScriptedPrompts::MsgBox(const Prompt& prompt) {
+    const std::size_t record = Note(prompt, PromptKind::kMessage);
+    const auto given = Take(record);
+    const auto answer = given ? AnswerOf(*given) : SafeAnswer(prompt.style);
+    if (!answer || std::ranges::count(ButtonsOf(prompt.style), *answer) == 0) {
+        Misanswered(record, fmt::format("The prompt has no button \"{}\". Its buttons are: {}.",
+                                        given.value_or(""), ButtonNames(prompt.style)));
     }
-    records_[prompt].answer = CaptionOf(*answer);
+    records_[record].answer = CaptionOf(*answer);
     return *answer;
 }
 
-std::string ScriptedPrompts::InputBox(std::string_view text, std::string_view title,
-                                      std::string_view /*preset*/) {
-    return TakeText(
-        Note({.kind = PromptKind::kInput, .title = std::string(title), .text = std::string(text)}));
+std::string ScriptedPrompts::InputBox(const Prompt& prompt, std::string_view /*preset*/) {
+    return TakeText(Note(prompt, PromptKind::kInput));
 }
 
-std::string ScriptedPrompts::PickFolder(std::string_view title) {
-    return TakePath(Note({.kind = PromptKind::kFolder, .title = std::string(title)}));
+std::string ScriptedPrompts::PickFolder(const Prompt& prompt) {
+    return TakePath(Note(prompt, PromptKind::kFolder));
 }
 
-std::string ScriptedPrompts::PickFile(std::string_view title, std::string_view /*filters*/) {
-    return TakePath(Note({.kind = PromptKind::kFile, .title = std::string(title)}));
+std::string ScriptedPrompts::PickFile(const Prompt& prompt, std::string_view /*filters*/) {
+    return TakePath(Note(prompt, PromptKind::kFile));
 }
 
-void ScriptedPrompts::ShowModal(Session& session, fields::Form& form) {
-    const std::size_t prompt = Note(RecordOf(form));
+void ScriptedPrompts::ShowModal(Session& session, fields::Form& form, const Prompt& prompt) {
+    const std::size_t record = Note(prompt, PromptKind::kForm, form.Name());
     while (form.IsShown()) {
         if (HasQueued()) {
-            AnswerForm(session, form, prompt);
+            AnswerForm(session, form, record);
         } else if (runner_) {
-            if (!runner_(session, form)) throw PromptUnanswered{records_[prompt]};
+            if (!runner_(session, form)) throw PromptUnanswered{records_[record]};
         } else if (fallback_ == Fallback::kThrow) {
-            throw PromptUnanswered{records_[prompt]};
+            throw PromptUnanswered{records_[record]};
         } else {
-            records_[prompt].answer = CloseUnattended(session, form);
+            // Its events may put prompts of their own.
+            std::string answer = CloseUnattended(session, form);
+            records_[record].answer = std::move(answer);
         }
     }
 }
 
-void ScriptedPrompts::AnswerForm(Session& session, fields::Form& form, std::size_t prompt) {
-    const std::string answer = *Take(prompt);
-    records_[prompt].answer = answer;
+void ScriptedPrompts::AnswerForm(Session& session, fields::Form& form, std::size_t record) {
+    const std::string answer = *Take(record);
+    records_[record].answer = answer;
     InputResult done;
     if (fields::Control* control = FindNamedOrCaptioned(form, answer)) {
-        records_[prompt].answer = control->Name();
+        records_[record].answer = control->Name();
         done = UserClick(session, *control);
     } else if (const auto dates = ReadDates(answer);
                dates && &form == &session.forms.frmSelectDate) {
         done = EnterDates(session, session.forms.frmSelectDate, *dates);
     } else {
-        done = std::unexpected(form.Name() + " has no control or button \"" + answer +
-                               "\". Its buttons are: " + ButtonsOn(form) + ".");
+        done =
+            std::unexpected(fmt::format("{} has no control or button \"{}\". Its buttons are: {}.",
+                                        form.Name(), answer, ButtonsOn(form)));
     }
-    if (!done) Misanswered(prompt, done.error());
+    if (!done) Misanswered(record, done.error());
 }
 
 } // namespace tarvix::session

@@ -47,21 +47,22 @@ class ScriptedPrompts : public PromptService {
     // Every prompt up to now, in the order in which they were put.
     const std::vector<PromptRecord>& Records() const { return records_; }
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view text, std::string_view title,
-                         std::string_view preset) override;
-    void ShowModal(Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view title) override;
-    std::string PickFile(std::string_view title, std::string_view filters) override;
+    int MsgBox(const Prompt& prompt) override;
+    std::string InputBox(const Prompt& prompt, std::string_view preset) override;
+    void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) override;
+    std::string PickFolder(const Prompt& prompt) override;
+    std::string PickFile(const Prompt& prompt, std::string_view filters) override;
 
   private:
-    std::size_t Note(PromptRecord record);
-    // The next answer. Without one: nothing if the fallback answers, else PromptUnanswered.
-    std::optional<std::string> Take(std::size_t prompt);
-    std::string TakeText(std::size_t prompt);
-    std::string TakePath(std::size_t prompt);
-    void AnswerForm(Session& session, fields::Form& form, std::size_t prompt);
-    [[noreturn]] void Misanswered(std::size_t prompt, std::string why) const;
+    // Keeps the record and gives its index.
+    std::size_t Note(const Prompt& prompt, PromptKind kind, std::string form = {});
+    // The next answer to that record. Without one: nothing if the fallback answers, else
+    // PromptUnanswered.
+    std::optional<std::string> Take(std::size_t record);
+    std::string TakeText(std::size_t record);
+    std::string TakePath(std::size_t record);
+    void AnswerForm(Session& session, fields::Form& form, std::size_t record);
+    [[noreturn]] void Misanswered(std::size_t record, std::string why) const;
 
     std::deque<std::string> queue_;
     std::vector<PromptRecord> records_;

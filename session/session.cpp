@@ -1,9 +1,22 @@
 #include "session/session.h"
 
 #include "platform/clock.h"
+#include "session/prompt_table.h"
 #include "text/format.h"
 
 namespace tarvix::session {
+
+namespace {
+
+Prompt PromptOf(PromptId id, std::string_view text = {}) {
+    const PromptFacts& facts = FactsOf(id);
+    return {.id = id,
+            .style = facts.style,
+            .title = std::string(facts.title),
+            .text = std::string(text)};
+}
+
+} // namespace
 
 Session::Session(const platform::Platform& machine, PromptService& promptService)
     : platform(machine), prompts(promptService), frmSearch(forms.frmSearch),
@@ -30,11 +43,27 @@ bool Session::Raise(const fields::Control& control, std::string_view event, bool
     return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 
-void Session::ShowModal(fields::Form& form) {
+int Session::MsgBox(PromptId id, std::string_view text) {
+    return prompts.MsgBox(PromptOf(id, text));
+}
+
+void Session::ShowModal(PromptId id) {
+    fields::Form& form = *forms.Find(FactsOf(id).form);
+    const fields::Control* main = form.Find("lblMain");
+    const Prompt prompt{
+        .id = id, .title = form.Caption, .text = main ? main->ValueText() : std::string()};
     form.Show();
-    prompts.ShowModal(*this, form);
+    prompts.ShowModal(*this, form, prompt);
     form.Hide();
     state.strLastForm = form.Name();
+}
+
+std::string Session::PickFolder(PromptId id) {
+    return prompts.PickFolder(PromptOf(id));
+}
+
+std::string Session::PickFile(PromptId id, std::string_view filters) {
+    return prompts.PickFile(PromptOf(id), filters);
 }
 
 } // namespace tarvix::session

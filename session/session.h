@@ -56,10 +56,14 @@ struct Session {
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
     bool Raise(const fields::Control& control, std::string_view event, bool isRepeat = false);
-    int MsgBox(std::string_view text, int style = kOkOnly, std::string_view title = "Tarvix") {
-        return prompts.MsgBox(text, style, title);
-    }
-    void ShowModal(fields::Form& form);
+
+    // The prompts of the table, with its style and title. `MsgBox` gives the button that was
+    // pressed, the pickers a path in drive form, or nothing when the user cancelled.
+    int MsgBox(PromptId id, std::string_view text);
+    // Shows the form of that prompt, and returns when it hides.
+    void ShowModal(PromptId id);
+    std::string PickFolder(PromptId id);
+    std::string PickFile(PromptId id, std::string_view filters);
 
   private:
     text::DateTime toldTime_;

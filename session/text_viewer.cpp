@@ -2,6 +2,7 @@
 
 #include "platform/launcher.h"
 #include "session/attempt.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 namespace tarvix::session {
@@ -23,7 +24,7 @@ void mnuToolViewActionLog_Click(Session& session, const EventArgs&) {
 }
 
 void mnuToolViewAnyActionLog_Click(Session& session, const EventArgs&) {
-    const std::string file = session.prompts.PickFile("Select Action Log file.", kLogFilters);
+    const std::string file = session.PickFile(PromptId::kPickLog, kLogFilters);
     if (!file.empty()) ViewAsText(session, file, "mnuToolViewAnyActionLog_Click");
 }
 

@@ -10,37 +10,32 @@
 
 namespace tarvix::session {
 
-int UnattendedPrompts::MsgBox(std::string_view text, int style, std::string_view title) {
-    const int answer = SafeAnswer(style);
-    records_.push_back({.style = style,
-                        .title = std::string(title),
-                        .text = std::string(text),
-                        .answer = std::string(CaptionOf(answer))});
+int UnattendedPrompts::MsgBox(const Prompt& prompt) {
+    const int answer = SafeAnswer(prompt.style);
+    records_.push_back({prompt, PromptKind::kMessage, "", std::string(CaptionOf(answer))});
     return answer;
 }
 
-std::string UnattendedPrompts::InputBox(std::string_view text, std::string_view title,
-                                        std::string_view /*preset*/) {
-    records_.push_back(
-        {.kind = PromptKind::kInput, .title = std::string(title), .text = std::string(text)});
+std::string UnattendedPrompts::InputBox(const Prompt& prompt, std::string_view /*preset*/) {
+    records_.push_back({prompt, PromptKind::kInput, "", ""});
     return {};
 }
 
-std::string UnattendedPrompts::PickFolder(std::string_view title) {
-    records_.push_back({.kind = PromptKind::kFolder, .title = std::string(title)});
+std::string UnattendedPrompts::PickFolder(const Prompt& prompt) {
+    records_.push_back({prompt, PromptKind::kFolder, "", ""});
     return {};
 }
 
-std::string UnattendedPrompts::PickFile(std::string_view title, std::string_view /*filters*/) {
-    records_.push_back({.kind = PromptKind::kFile, .title = std::string(title)});
+std::string UnattendedPrompts::PickFile(const Prompt& prompt, std::string_view /*filters*/) {
+    records_.push_back({prompt, PromptKind::kFile, "", ""});
     return {};
 }
 
-void UnattendedPrompts::ShowModal(Session& session, fields::Form& form) {
-    const std::size_t prompt = records_.size();
-    records_.push_back(RecordOf(form));
+void UnattendedPrompts::ShowModal(Session& session, fields::Form& form, const Prompt& prompt) {
+    const std::size_t index = records_.size();
+    records_.push_back({prompt, PromptKind::kForm, form.Name(), ""});
     std::string answer = CloseUnattended(session, form);
-    records_[prompt].answer = std::move(answer);
+    records_[index].answer = std::move(answer);
 }
 
 std::string CloseUnattended(Session& session, fields::Form& form) {

@@ -15,12 +15,11 @@ class UnattendedPrompts : public PromptService {
   public:
     const std::vector<PromptRecord>& Records() const { return records_; }
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view text, std::string_view title,
-                         std::string_view preset) override;
-    void ShowModal(Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view title) override;
-    std::string PickFile(std::string_view title, std::string_view filters) override;
+    int MsgBox(const Prompt& prompt) override;
+    std::string InputBox(const Prompt& prompt, std::string_view preset) override;
+    void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) override;
+    std::string PickFolder(const Prompt& prompt) override;
+    std::string PickFile(const Prompt& prompt, std::string_view filters) override;
 
   private:
     std::vector<PromptRecord> records_;

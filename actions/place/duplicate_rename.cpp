@@ -9,7 +9,9 @@
 #include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
@@ -137,8 +139,7 @@ void RefuseUnconverted(Session& session, std::string_view path) {
     const bool isAutomatic = session.state.options.blnAutoMode;
     const std::string whole =
         told + (isAutomatic ? "Canceling the entire operation." : "Skipping this object.");
-    if (!isAutomatic) session.MsgBox(whole, session::kCritical);
-    session::LogTimed(session, " " + whole);
+    session::TellAndLog(session, session::PromptId::kDuplicateUnshortened, whole);
     session.state.bytPathChoice = isAutomatic ? session::kPathCancel : session::kPathSkip;
 }
 

@@ -1,6 +1,8 @@
 #include "actions/place/no_short_path.h"
 
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/characters.h"
 
 #include <string>
@@ -17,8 +19,7 @@ void RefuseWithoutShortPath(session::Session& session, std::string_view path, st
     const bool isAutomatic = session.state.options.blnAutoMode;
     const std::string end =
         isAutomatic ? "Canceling the entire operation." : "Skipping this object.";
-    if (!isAutomatic) session.MsgBox(told + end, session::kCritical);
-    session::LogTimed(session, " " + told + end);
+    session::TellAndLog(session, session::PromptId::kObjectUnshortened, told + end);
     session.state.bytPathChoice = isAutomatic ? session::kPathCancel : session::kPathSkip;
 }
 

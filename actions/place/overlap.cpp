@@ -4,7 +4,9 @@
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/attempt.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 
 #include <optional>
 #include <string>
@@ -21,20 +23,13 @@ std::size_t IndexInHand(const Session& session) {
     return static_cast<std::size_t>(session.state.action.lngIndex);
 }
 
-void Tell(Session& session, const std::string& told) {
-    if (session.state.options.blnAutoMode) {
-        session::LogTimed(session, told);
-    } else {
-        session.MsgBox(told);
-    }
-}
-
 void TellOneInOther(Session& session) {
-    Tell(session, " User attempted to replace object: \r\n\r\n" +
-                      session.state.action.strDestination + "\r\n\r\n by object: \r\n\r\n" +
-                      session.selection->strSelPath[IndexInHand(session)] +
-                      "\r\n\r\n One of them lies in the other, so that both would go to the "
-                      "recycle bin. Nothing was done.");
+    session::TellOrLog(session, session::PromptId::kReplaceOverlaps,
+                       " User attempted to replace object: \r\n\r\n" +
+                           session.state.action.strDestination + "\r\n\r\n by object: \r\n\r\n" +
+                           session.selection->strSelPath[IndexInHand(session)] +
+                           "\r\n\r\n One of them lies in the other, so that both would go to the "
+                           "recycle bin. Nothing was done.");
 }
 
 platform::Result<Overlap> OverlapOf(platform::FileSystem& files, const std::string& actual,
@@ -74,10 +69,11 @@ std::optional<Overlap> OverlapInHand(Session& session) {
 } // namespace
 
 void TellOntoItself(Session& session) {
-    Tell(session, " User attempted to write object: \r\n\r\n" +
-                      session.selection->strSelPath[IndexInHand(session)] +
-                      "\r\n\r\n upon itself or to its own subfolder as: \r\n\r\n" +
-                      session.state.action.strDestination);
+    session::TellOrLog(session, session::PromptId::kWriteOverlaps,
+                       " User attempted to write object: \r\n\r\n" +
+                           session.selection->strSelPath[IndexInHand(session)] +
+                           "\r\n\r\n upon itself or to its own subfolder as: \r\n\r\n" +
+                           session.state.action.strDestination);
 }
 
 bool RefusesOverlap(Session& session, DuplicateUse use, Outcome& outcome) {

@@ -8,6 +8,8 @@
 #include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
+#include "session/tell.h"
 #include "text/case.h"
 #include "text/characters.h"
 
@@ -152,11 +154,10 @@ bool Placing::RecycleDestination() {
     session::LogTimed(session_, " Was unable to delete " + destination_ +
                                     " to recycle bin and overwrite with " + source_ +
                                     " overwrite was skipped.");
-    if (!session_.state.options.blnAutoMode) {
-        session_.MsgBox("Was unable to delete: \r\n\r\n" + destination_ +
-                        "\r\n\r\n to recycle bin and overwrite with: \r\n\r\n" + source_ +
-                        "\r\n\r\n overwrite was skipped.");
-    }
+    session::TellUnlessAuto(session_, session::PromptId::kOverwriteNotRecycled,
+                            "Was unable to delete: \r\n\r\n" + destination_ +
+                                "\r\n\r\n to recycle bin and overwrite with: \r\n\r\n" + source_ +
+                                "\r\n\r\n overwrite was skipped.");
     return false;
 }
 

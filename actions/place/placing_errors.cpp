@@ -2,6 +2,8 @@
 #include "actions/place/recycle.h"
 #include "platform/dir.h"
 #include "session/paths/missing_folders.h"
+#include "session/prompt_id.h"
+#include "session/tell.h"
 
 namespace tarvix::actions {
 
@@ -67,11 +69,7 @@ void Placing::TellDeepFolder(bool isThere) {
         told += isAutomatic ? " " : "\r\n\r\n";
         told += "contains objects whose path exceed 259 characters, skipped.";
     }
-    if (isAutomatic) {
-        session::LogTimed(session_, told);
-    } else {
-        session_.MsgBox(told);
-    }
+    session::TellOrLog(session_, session::PromptId::kDeepFolder, told);
 }
 
 std::optional<int> Placing::ForceOnce() {

@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/trash.h"
 #include "session/attempt.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/paths.h"
@@ -74,7 +75,7 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
                                            "delete anyway, without going to the recycle bin?";
     form.Focus = &form.cmdNo;
     answer = session::kOverrideNo;
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kOverrideRecycleFailure);
     constexpr std::array<const char*, 5> kLines{
         " User selected do not override recycle failure to: ",
         " User selected override recycle failure to: ",

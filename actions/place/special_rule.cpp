@@ -5,7 +5,9 @@
 #include "session/attempt.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/characters.h"
 #include "text/like.h"
 #include "text/numbers.h"
@@ -161,7 +163,7 @@ bool Conversion::CheckColons() {
         RuleTold() + " this path was created, " + rule_ +
         " It has a : in the wrong position, can only be position 2. Skipping this object.";
     Log(told);
-    if (!session_.state.options.blnAutoMode) session_.MsgBox(told, session::kCritical);
+    session::TellUnlessAuto(session_, session::PromptId::kRuleColon, told);
     return false;
 }
 
@@ -272,7 +274,7 @@ bool ValidateSpecialRule(Session& session, std::string_view rule) {
     if (wrong == nullptr && !state.blnRuleHasReplacement && !state.blnRuleHasSearchSet) {
         wrong = kNoRule;
     }
-    if (wrong != nullptr) session.MsgBox(wrong);
+    if (wrong != nullptr) session.MsgBox(session::PromptId::kRuleInvalid, wrong);
     return wrong == nullptr;
 }
 

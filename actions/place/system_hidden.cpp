@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 #include "session/attempt.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 #include <array>
@@ -25,7 +26,7 @@ void TellOnce(Session& session, const std::string& object, std::string_view word
     told += ", and all others like it, will be copied and the original will still exist.\r\n"
             "Assuming there are no other errors.\r\n\r\n"
             "You will not see this warning again this session.";
-    session.MsgBox(told);
+    session.MsgBox(session::PromptId::kProtectedCopied, told);
 }
 
 std::string Question(const std::string& object, std::string_view word, bool isDelete) {
@@ -43,7 +44,7 @@ bool AskOverride(Session& session, const std::string& object, std::string_view w
     form.lblMain.Caption = Question(object, word, session.state.strAction == "Delete");
     form.Focus = &form.cmdNo;
     answer = session::kOverrideNo;
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kOverrideProtected);
     session.Repaint();
     constexpr std::array<const char*, 5> kLines{
         " User selected do not override to: ", " User selected override to: ",

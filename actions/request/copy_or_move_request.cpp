@@ -21,6 +21,7 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 enum Way { kOneLocation, kMultipleLocations, kUpFolderTree, kSpecialRule };
@@ -34,7 +35,8 @@ std::string Destination(const Session& session) {
 
 bool CheckUpFolderTree(Session& session) {
     if (FolderTreeLevels(session) > 0) return true;
-    RefuseLevels(session, "Must have a value of one or greater in the 'Up Folder Tree' textbox.");
+    RefuseLevels(session, PromptId::kFolderTreeMissing,
+                 "Must have a value of one or greater in the 'Up Folder Tree' textbox.");
     return false;
 }
 
@@ -45,7 +47,7 @@ bool CheckSpecialRule(Session& session, std::string& warnings) {
         return false;
     }
     if (text::Length(rule) < 2) {
-        Refuse(session, kNoFolder);
+        Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
     }
     warnings += ExtensionWarning(rule);
@@ -65,9 +67,9 @@ bool FirstPlace(Session& session, std::string& place) {
     if (text::Length(place) < session::kLongPath) return true;
     auto shortened = session::GetShortPathNameReturnCodes(session, place);
     if (shortened.status < 2) {
-        session.MsgBox(place + " exceeds 259 characters in length AND the folder portion does not "
-                               "exist. Was unable to calculate a short path to substitute.",
-                       session::kCritical);
+        session.MsgBox(PromptId::kFirstPlaceUnshortened,
+                       place + " exceeds 259 characters in length AND the folder portion does not "
+                               "exist. Was unable to calculate a short path to substitute.");
         BackToWindow(session);
         return false;
     }
@@ -77,12 +79,13 @@ bool FirstPlace(Session& session, std::string& place) {
 
 bool CheckPlace(Session& session, const std::string& place) {
     if (text::Length(place) >= kShortestFile && IsExistingFile(session, place)) {
-        Refuse(session, place + " is a file, you can not copy objects inside it.");
+        Refuse(session, PromptId::kDestinationIsFile,
+               place + " is a file, you can not copy objects inside it.");
         return false;
     }
     const bool needsFolder = session.frmDialog.optTo[kOneLocation].Value;
     if (text::Length(place) < 2 || (needsFolder && place.find('\\') == std::string::npos)) {
-        Refuse(session, kNoFolder);
+        Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
     }
     return true;
@@ -91,7 +94,8 @@ bool CheckPlace(Session& session, const std::string& place) {
 bool CheckLocations(Session& session) {
     const std::string typed = Destination(session);
     if (typed.find_first_of("*|") != std::string::npos) {
-        Refuse(session, "There is an asterick '*' or bar '|' in the destination path.");
+        Refuse(session, PromptId::kDestinationHasMarks,
+               "There is an asterick '*' or bar '|' in the destination path.");
         return false;
     }
     const bool isMultiple =
@@ -134,7 +138,9 @@ std::string Question(const Session& session) {
 
 void RunConfirmed(Session& session, const std::string& warnings) {
     const auto& form = session.frmDialog;
-    if (!Confirm(session, warnings + Question(session))) return ReportActionResult(session);
+    const auto id =
+        warnings.empty() ? PromptId::kConfirmCopyOrMove : PromptId::kConfirmCopyOrMoveWarned;
+    if (!Confirm(session, id, warnings + Question(session))) return ReportActionResult(session);
     if (form.cmbDir.Visible) session::UpdateDestHistory(session);
     if (form.optTo[kSpecialRule].Value) session.state.action.strFailedPosition.clear();
     if (form.optTo[kMultipleLocations].Value) CloseMultiPathInEditor(session);
@@ -187,14 +193,17 @@ void RequestCopyOrMove(Session& session) {
 void RequestCopyAsFolderName(Session& session) {
     const std::string destination = Destination(session);
     if (FolderTreeLevels(session) == 0) {
-        return RefuseLevels(session, "Must have a selected more than one Folder name to use.");
+        return RefuseLevels(session, PromptId::kFolderNamesMissing,
+                            "Must have a selected more than one Folder name to use.");
     }
     if (text::Length(destination) == 1) {
-        return Refuse(session, "It appears you did not select a valid destination folder.\r\n" +
-                                   destination + " is only one character.\r\n\r\n");
+        return Refuse(session, PromptId::kDestinationOneCharacter,
+                      "It appears you did not select a valid destination folder.\r\n" +
+                          destination + " is only one character.\r\n\r\n");
     }
     if (destination.empty() && session.frmDialog.optTo[kOneLocation].Value) {
-        return Refuse(session, "It appears you did not select a destination folder. \r\n\r\n");
+        return Refuse(session, PromptId::kDestinationMissing,
+                      "It appears you did not select a destination folder. \r\n\r\n");
     }
     if (!HasRenameText(session)) return;
     RunConfirmed(session, ExtensionWarning(destination) + SameLocationWarning(session));

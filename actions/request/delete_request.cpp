@@ -5,7 +5,9 @@
 #include "platform/clock.h"
 #include "results/selection.h"
 #include "session/paths/recycle_folders.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "text/characters.h"
 #include "text/format.h"
 
 #include <algorithm>
@@ -14,6 +16,7 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr std::string_view kReallySure =
@@ -43,8 +46,10 @@ bool NeedsWarning(Session& session) {
 }
 
 bool Confirm(Session& session) {
-    const std::string warning(NeedsWarning(session) ? kReallySure : "");
-    return session.MsgBox(warning + std::string(kConfirm), session::kYesNo) == session::kYes;
+    const bool isWarned = NeedsWarning(session);
+    const auto id = isWarned ? PromptId::kConfirmDeleteWarned : PromptId::kConfirmDelete;
+    return session.MsgBox(id, text::Concat({isWarned ? kReallySure : "", kConfirm})) ==
+           session::kYes;
 }
 
 // Automatic mode is off for the length of a deletion, so that the override prompts can appear.
@@ -53,7 +58,8 @@ class AutomaticModeOff {
     explicit AutomaticModeOff(Session& session)
         : options_(session.state.options), was_(options_.blnAutoMode) {
         if (was_ && !session.state.blnRepeatDeleteEmpty) {
-            session.MsgBox("Turning off automatic mode during delete.");
+            session.MsgBox(PromptId::kAutomaticModeOff,
+                           "Turning off automatic mode during delete.");
         }
         options_.blnAutoMode = false;
     }
@@ -209,7 +215,8 @@ void cmdDeleteSelected_Click(Session& session) {
     state.lastAction = {};
     results::BuildFileArray(session);
     if (session.selection->lngSelTop < 0) {
-        if (!state.blnAutoMove && !state.blnAutoPlayList) session.MsgBox("Nothing is selected.");
+        if (!state.blnAutoMove && !state.blnAutoPlayList)
+            session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
         return;
     }
     if (!state.blnRepeatDeleteEmpty && !Confirm(session)) {

@@ -1,6 +1,7 @@
 #include "actions/request/destination_controls.h"
 
 #include "platform/native_paths.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -88,7 +89,7 @@ void txtFolderTree_Change(Session& session) {
 }
 
 void cmdBrowse_Click(Session& session) {
-    const std::string folder = session.prompts.PickFolder("Select folder");
+    const std::string folder = session.PickFolder(session::PromptId::kPickDestination);
     if (!folder.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(folder);
 }
 

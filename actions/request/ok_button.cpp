@@ -10,6 +10,7 @@
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
@@ -20,6 +21,7 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr std::string_view kTooLong =
@@ -49,12 +51,12 @@ void CleanSpaces(Session& session) {
 bool ShortenDestination(Session& session) {
     auto& box = session.frmDialog.cmbDir;
     if (text::Length(box.Text.Get()) <= session::kLongPath) return true;
-    if (session.MsgBox(kTooLong, session::kOkCancel + session::kCritical) != session::kOk) {
+    if (session.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
         return false;
     }
     const auto shortened = session::GetShortPathNameReturnCodes(session, box.Text.Get());
     if (shortened.status < 2) {
-        session.MsgBox(kNoShortPath, session::kCritical);
+        session.MsgBox(PromptId::kDestinationUnshortened, kNoShortPath);
         return false;
     }
     box.Text = shortened.path;
@@ -67,8 +69,9 @@ void SubstituteFakeRoots(Session& session) {
     for (const std::string_view fake : session::kFakeRoots) {
         const auto real = session::WithoutFakeRoot(original, fake);
         if (!real) continue;
-        session.MsgBox(box.Text.Get() + " is not a real folder, substituting the actual folder " +
-                       *real);
+        session.MsgBox(PromptId::kDestinationReplaced,
+                       box.Text.Get() + " is not a real folder, substituting the actual folder " +
+                           *real);
         box.Text = *real;
     }
 }

@@ -17,6 +17,7 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr std::string_view kGap = "\r\n\r\n";
@@ -55,7 +56,8 @@ void WriteFile(Session& session) {
 }
 
 bool ConfirmRename(Session& session) {
-    return Confirm(session, "Are you sure you want to rename all selected objects?");
+    return Confirm(session, PromptId::kConfirmRename,
+                   "Are you sure you want to rename all selected objects?");
 }
 
 void HideAndReport(Session& session) {
@@ -86,14 +88,15 @@ void RequestTextFile(Session& session) {
     const std::string path = Destination(session);
     const std::string& action = session.state.strAction;
     if (text::Length(path) < kShortestFile) {
-        return Refuse(session, "You did not select a proper file name.\r\n\r\n");
+        return Refuse(session, PromptId::kTextFileInvalid,
+                      "You did not select a proper file name.\r\n\r\n");
     }
     if (platform::GetFolder(session.files(), path)) {
-        return Refuse(session,
+        return Refuse(session, PromptId::kTextFileIsFolder,
                       path + " is a folder, you can not write a file over an existing folder.");
     }
     const bool exists = IsExistingFile(session, path);
-    if (!Confirm(session, WriteQuestion(session, exists))) return;
+    if (!Confirm(session, PromptId::kConfirmWrite, WriteQuestion(session, exists))) return;
     session::UpdateDestHistory(session);
     if (exists) {
         session::LogTimed(session, " User selected to copy " + action + " to text file: " + path);
@@ -107,10 +110,12 @@ void RequestTextFile(Session& session) {
 void RequestMakeFolders(Session& session) {
     const std::string path = Destination(session);
     if (text::Length(path) < 2) {
-        return Refuse(session, "You did not select a valid location for folders.");
+        return Refuse(session, PromptId::kFoldersPlaceInvalid,
+                      "You did not select a valid location for folders.");
     }
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
-        return Refuse(session, path + " is a file, you can not create folders inside it.");
+        return Refuse(session, PromptId::kFoldersPlaceIsFile,
+                      path + " is a file, you can not create folders inside it.");
     }
     Raise(session, "MakeFolders");
     Report(session);
@@ -157,7 +162,8 @@ void RequestRenameFromFile(Session& session) {
     const auto source =
         std::ranges::find(kFileSources, session.state.strAction, &FileSource::action);
     if (path.empty() || !IsExistingFile(session, path)) {
-        return Refuse(session, std::string(source->missing).append(kGap));
+        return Refuse(session, PromptId::kSourceFileMissing,
+                      std::string(source->missing).append(kGap));
     }
     if (!ConfirmRename(session)) return;
     session::LogTimed(session, std::string(source->log) + path);

@@ -9,6 +9,7 @@
 #include "platform/rehearsal/rehearsal_file_system.h"
 #include "platform/rehearsal/rehearsal_trash.h"
 #include "results/selection.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
 
@@ -171,7 +172,7 @@ void cmdPreview_Click(Session& session) {
     const PreviewResult result = Preview(session);
     SetBusy(session, false);
     if (!result.refusal.empty()) {
-        session.MsgBox(result.refusal, session::kExclamation, "Preview");
+        session.MsgBox(session::PromptId::kPreviewRefused, result.refusal);
         return;
     }
     auto& form = session.forms.frmPreview;
@@ -183,7 +184,7 @@ void cmdPreview_Click(Session& session) {
     }
     form.lblMain.Caption = Summary(result);
     form.Focus = &form.cmdOK;
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kPreview);
     form.rows.clear();
 }
 

@@ -1,30 +1,44 @@
 #include "actions/request/preview_prompts.h"
 
 #include "session/message_style.h"
+#include "session/prompt_table.h"
 #include "session/session.h"
 
 namespace tarvix::actions {
 
-int PreviewPrompts::MsgBox(std::string_view text, int style, std::string_view /*title*/) {
-    constexpr int kButtons = 15;
-    if ((style & kButtons) == session::kOkCancel) return session::kOk;
-    lastTold_ = text;
-    return session::SafeAnswer(style);
+using session::PromptId;
+using session::PromptRole;
+
+int PreviewPrompts::MsgBox(const session::Prompt& prompt) {
+    const PromptRole role = session::FactsOf(prompt.id).role;
+    if (role == PromptRole::kConfirmation || role == PromptRole::kGoOn) {
+        return session::ButtonsOf(prompt.style).front();
+    }
+    lastTold_ = prompt.text;
+    return session::SafeAnswer(prompt.style);
 }
 
-void PreviewPrompts::ShowModal(session::Session& session, fields::Form& form) {
+void PreviewPrompts::ShowModal(session::Session& session, fields::Form& form,
+                               const session::Prompt& prompt) {
     auto& state = session.state;
-    if (&form == &session.forms.frmAsk) {
+    switch (prompt.id) {
+    case PromptId::kDuplicate:
         asked_.duplicate = true;
         state.action.bytAskAnswer = session::kAskSkip;
-    } else if (&form == &session.forms.frmAsk259) {
+        break;
+    case PromptId::kAskLongPath:
         asked_.longPath = true;
         state.bytPathChoice = session::kPathSkip;
-    } else if (&form == &session.forms.frmOverrideDialog) {
+        break;
+    case PromptId::kOverrideProtected:
         asked_.isProtected = true;
         state.action.bytOverrideAnswer = session::kOverrideNo;
-    } else if (&form == &session.forms.frmOverrideRecycleFail) {
+        break;
+    case PromptId::kOverrideRecycleFailure:
         state.action.bytRecycleAnswer = session::kOverrideNo;
+        break;
+    default:
+        break;
     }
     form.Hide();
 }

@@ -10,13 +10,12 @@ namespace tarvix::actions {
 // Answers for a preview: what only confirms is confirmed, everything else is left alone and noted.
 class PreviewPrompts : public session::PromptService {
   public:
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view, std::string_view, std::string_view) override {
-        return {};
-    }
-    void ShowModal(session::Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view) override { return {}; }
-    std::string PickFile(std::string_view, std::string_view) override { return {}; }
+    int MsgBox(const session::Prompt& prompt) override;
+    std::string InputBox(const session::Prompt&, std::string_view) override { return {}; }
+    void ShowModal(session::Session& session, fields::Form& form,
+                   const session::Prompt& prompt) override;
+    std::string PickFolder(const session::Prompt&) override { return {}; }
+    std::string PickFile(const session::Prompt&, std::string_view) override { return {}; }
 
     // What was asked since the last call.
     struct Asked {

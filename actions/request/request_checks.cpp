@@ -12,6 +12,7 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
 
 constexpr std::size_t kShortestWithExtension = 5;
@@ -23,22 +24,20 @@ bool IsExistingFile(Session& session, const std::string& path) {
     return found == "." || (!found.empty() && text::EqualNoCase(found, text::FileNameOf(path)));
 }
 
-void Refuse(Session& session, std::string_view told) {
-    session.MsgBox(told);
+void Refuse(Session& session, PromptId id, std::string_view told) {
+    session.MsgBox(id, told);
     BackToWindow(session);
 }
 
-bool Confirm(Session& session, std::string_view question) {
-    if (session.MsgBox(question, session::kOkCancel + session::kInformation) == session::kOk) {
-        return true;
-    }
+bool Confirm(Session& session, PromptId id, std::string_view question) {
+    if (session.MsgBox(id, question) == session::kOk) return true;
     BackToWindow(session);
     return false;
 }
 
 bool HasSelection(Session& session) {
     if (session.selection->lngSelTop >= 0) return true;
-    Refuse(session, "nothing was selected");
+    Refuse(session, PromptId::kNothingSelected, "nothing was selected");
     return false;
 }
 
@@ -66,15 +65,16 @@ std::string SameLocationWarning(Session& session) {
 bool HasRenameText(Session& session) {
     const auto& form = session.frmDialog;
     if (form.chkRename.Value != 1 || !form.txtRename.Text->empty()) return true;
-    Refuse(session, "There is no text to add to the names of duplicates, so that they could not be "
-                    "renamed.\r\n\r\nType one, for example _, or choose something else to be done "
-                    "with duplicates.");
+    Refuse(session, PromptId::kRenameTextMissing,
+           "There is no text to add to the names of duplicates, so that they could not be "
+           "renamed.\r\n\r\nType one, for example _, or choose something else to be done "
+           "with duplicates.");
     return false;
 }
 
-void RefuseLevels(Session& session, std::string_view told) {
+void RefuseLevels(Session& session, PromptId id, std::string_view told) {
     session.frmDialog.Focus = &session.frmDialog.txtFolderTree;
-    Refuse(session, told);
+    Refuse(session, id, told);
 }
 
 } // namespace tarvix::actions

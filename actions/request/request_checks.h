@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/prompt_id.h"
+
 #include <string>
 #include <string_view>
 
@@ -14,10 +16,10 @@ namespace tarvix::actions {
 bool IsExistingFile(session::Session& session, const std::string& path);
 
 // Tells a refusal and goes back to the window.
-void Refuse(session::Session& session, std::string_view told);
+void Refuse(session::Session& session, session::PromptId id, std::string_view told);
 
 // Asks "OK or Cancel"; on Cancel goes back to the window.
-bool Confirm(session::Session& session, std::string_view question);
+bool Confirm(session::Session& session, session::PromptId id, std::string_view question);
 
 // Whether something is selected; otherwise says so and goes back to the window.
 bool HasSelection(session::Session& session);
@@ -32,6 +34,6 @@ std::string SameLocationWarning(session::Session& session);
 bool HasRenameText(session::Session& session);
 
 // Gives the focus to the levels, says that they are missing, and goes back to the window.
-void RefuseLevels(session::Session& session, std::string_view told);
+void RefuseLevels(session::Session& session, session::PromptId id, std::string_view told);
 
 } // namespace tarvix::actions

@@ -10,6 +10,7 @@
 #include "actions/run/ask_flow.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
+#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/format.h"
@@ -21,9 +22,8 @@ namespace tarvix::actions {
 
 namespace {
 
+using session::PromptId;
 using session::Session;
-
-constexpr int kWarn = session::kOkCancel + session::kExclamation + session::kSecondDefault;
 
 constexpr std::string_view kCopyWarning =
     "ARE YOU REALLY SURE???\r\n\r\nCopying multiple folders in this mode, may make many duplicate "
@@ -51,7 +51,8 @@ bool ConfirmFolders(Session& session) {
     std::string_view warning;
     if (action == "Copy" && (folders >= 2 || (folders >= 1 && files >= 1))) warning = kCopyWarning;
     if (action == "Move" && folders > 1) warning = kMoveWarning;
-    return warning.empty() || session.MsgBox(warning, kWarn) == session::kOk;
+    return warning.empty() ||
+           session.MsgBox(PromptId::kFoldersWithContents, warning) == session::kOk;
 }
 
 // "Moved 12 of 15 objects, 3 skipped as duplicates."
@@ -90,7 +91,7 @@ void ShowDialog(Session& session) {
     session::OpenDestHistoryFile2(session);
     if (state.blnEnded) return;
     OpenDialog(session);
-    if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(session.frmDialog);
+    if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(PromptId::kActionWindow);
     session::SaveDestHistoryFile2(session);
     state.strPrevAction = state.strAction;
     if (state.strAction == "Move" && !state.blnActionCancelled) {
@@ -122,7 +123,7 @@ void StartAction(Session& session, const Start& start) {
     }
     // A batch notes in the log that its step found nothing.
     if (session.selection->lngSelTop < 0 && !IsAutomated(state)) {
-        session.MsgBox("Nothing is selected.");
+        session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
         return;
     }
     form.lblMain.Caption = std::string(start.heading);

@@ -10,6 +10,7 @@
 #include "results/exe_facts.h"
 #include "results/selection.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
 #include "text/paths.h"
@@ -107,7 +108,7 @@ void Show(Session& session, std::size_t index) {
     ShowButtons(session, session.selection->blnSelIsFile[index]);
     form.Focus = &form.cmdSkip;
     session.state.action.bytAskAnswer = session::kAskSkip;
-    session.ShowModal(form);
+    session.ShowModal(session::PromptId::kDuplicate);
 }
 
 // False when the object there stays, and the one in hand is not placed.
@@ -120,8 +121,7 @@ bool RecycleDuplicate(Session& session, const std::string& path) {
             "With Recycle and Replace, object is most likely open, possibly in an "
             "application.\r\n\r\nAlso write to device/folder may not be allowed.\r\n\r\n"
             "ex. CD/DVD device is write protected.";
-        if (session.MsgBox(told, session::kRetryCancel + session::kExclamation,
-                           "Permission denied") == session::kRetry) {
+        if (session.MsgBox(session::PromptId::kDuplicateNotRecycled, told) == session::kRetry) {
             continue;
         }
         session::LogTimed(session,

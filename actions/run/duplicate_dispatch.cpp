@@ -1,6 +1,7 @@
 #include "actions/run/duplicate_dispatch.h"
 
 #include "actions/run/duplicate_loops.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 namespace tarvix::actions {
@@ -30,7 +31,8 @@ void RunOverwrite(Session& session) {
     Log(session, " User selected to overwrite all duplicates ");
     if (!session.state.action.blnMove) return OverwriteAllDuplicates(session);
     if (!IsAutomated(session)) {
-        session.MsgBox("Overwrite can not be performed when moving files.\r\nThis will skip all "
+        session.MsgBox(session::PromptId::kMoveNeverOverwrites,
+                       "Overwrite can not be performed when moving files.\r\nThis will skip all "
                        "duplicates found.");
     }
     SkipAllDuplicates(session);

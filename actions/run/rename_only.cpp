@@ -10,7 +10,9 @@
 #include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/paths.h"
@@ -223,8 +225,7 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
     if (path.size() > object.parent.size()) return FitsOrShortens(object, path);
     const std::string told =
         "Could not rename: \r\n\r\n" + object.old + "\r\n\r\nNothing would be left of the name.";
-    if (!session_.state.options.blnAutoMode) session_.MsgBox(told);
-    session::LogTimed(session_, " " + told);
+    session::TellAndLog(session_, session::PromptId::kRenameEmpty, told);
     return false;
 }
 
@@ -251,12 +252,12 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
                              path + "\r\n\r\nThat" + (object.isFile ? " File " : " Folder ") +
                              "name already exists";
     if (isInsert) {
-        if (!isAutomatic) session_.MsgBox(told);
-        session::LogTimed(session_, " " + told);
+        session::TellAndLog(session_, session::PromptId::kRenameTaken, told);
         return false;
     }
     if (std::exchange(object.isAsked, true)) return true;
-    const bool goesOn = isAutomatic || session_.MsgBox(told, session::kOkCancel) == session::kOk;
+    const bool goesOn =
+        isAutomatic || session_.MsgBox(session::PromptId::kRenameTakenGoOn, told) == session::kOk;
     session::LogTimed(session_, " Was unable to rename " + object.old + " as " + path +
                                     (goesOn ? "" : " and user canceled."));
     if (!goesOn) action_.blnStopped = hasEnded_ = true;

@@ -1,6 +1,7 @@
 #include "actions/run/report.h"
 
 #include "actions/request/dialog_setup.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/text_viewer.h"
 
@@ -42,8 +43,9 @@ std::string DuplicatePhrase(const Session& session) {
 void OfferErrorLog(Session& session) {
     const auto& state = session.state;
     if (!state.action.blnErrorOccurred || !state.options.blnAutoMode) return;
-    const int answer = session.MsgBox(
-        "Error has occurred, would you like to view the Program Error log file?", session::kYesNo);
+    const int answer =
+        session.MsgBox(session::PromptId::kOfferErrorLog,
+                       "Error has occurred, would you like to view the Program Error log file?");
     if (answer != session::kYes) return;
     session::ViewAsText(session, state.strErrorLogFile, "ReportActionResult");
 }
@@ -89,7 +91,8 @@ void ReportActionResult(Session& session) {
         (action.blnMove ? " moved or" : " copied or") + DuplicatePhrase(session);
     OfferErrorLog(session);
     if (!session.frmDialog.optTo[3].Value) return;
-    session.MsgBox(action.blnRuleFailed
+    session.MsgBox(session::PromptId::kRuleReport,
+                   action.blnRuleFailed
                        ? RuleReport(session, done)
                        : "No error conditions occured during Special Rule. Objects were "
                          "successfully" +

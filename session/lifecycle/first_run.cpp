@@ -3,11 +3,14 @@
 #include "platform/dir.h"
 #include "platform/file_system.h"
 #include "session/lifecycle/help.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 namespace tarvix::lifecycle {
 
 namespace {
+
+using session::PromptId;
 
 constexpr std::string_view kNotice =
     "WARNING - Using this program carelessly can make your computer not function if used "
@@ -24,8 +27,8 @@ constexpr std::string_view kNotice =
     "I offer no guarantees, results are ENTIRELY based on your actions.\r\n\r\n"
     "The help file will now open.";
 
-bool AsksFor(session::Session& session, std::string_view question) {
-    return session.MsgBox(question, session::kYesNo) == session::kYes;
+bool AsksFor(session::Session& session, PromptId id, std::string_view question) {
+    return session.MsgBox(id, question) == session::kYes;
 }
 
 } // namespace
@@ -33,12 +36,14 @@ bool AsksFor(session::Session& session, std::string_view question) {
 void FirstRunCheck(session::Session& session) {
     const std::string& history = session.state.strFSSearchHistoryFile;
     if (!platform::DirName(session.files(), history, platform::kDirFiles).empty()) return;
-    session.MsgBox(kNotice, session::kCritical);
+    session.MsgBox(PromptId::kFirstRunWarning, kNotice);
     OpenHelp(session);
-    if (AsksFor(session, "Would you like to see the General Information file?")) {
+    if (AsksFor(session, PromptId::kOfferGeneralInformation,
+                "Would you like to see the General Information file?")) {
         OpenGeneralInformation(session);
     }
-    if (AsksFor(session, "Would you like to see the Advanced Functions file?")) {
+    if (AsksFor(session, PromptId::kOfferAdvancedFunctions,
+                "Would you like to see the Advanced Functions file?")) {
         OpenAdvancedFunctions(session);
     }
     if (auto made = session.files().CreateTextFile(history, false)) (void)(*made)->Close();

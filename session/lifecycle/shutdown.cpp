@@ -1,11 +1,13 @@
 #include "platform/file_system.h"
 #include "session/lifecycle/startup.h"
 #include "session/lifecycle_events.h"
+#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
 #include "session/remembered/replace_file.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
@@ -38,7 +40,7 @@ bool TakesFiles(Session& session) {
                              written.error().description +
                              "\r\n\r\nThe options and histories of this run are not saved. The "
                              "files there stay as they were.";
-    if (!session.state.options.blnAutoMode) session.MsgBox(told, session::kExclamation);
+    session::TellUnlessAuto(session, session::PromptId::kDataFolderUnwritable, told);
     return false;
 }
 

@@ -5,6 +5,7 @@
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle_events.h"
 #include "session/product.h"
+#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
@@ -178,7 +179,7 @@ void frmSearch_Resize(Session& session) {
     }
     if (form.Width >= kLeastWidth && form.Height >= kLeastHeight) return;
     if (form.State == fields::WindowState::kMaximized) {
-        session.MsgBox(kTooSmall);
+        session.MsgBox(session::PromptId::kWindowTooSmall, kTooSmall);
         frmSearch_Unload(session);
         return;
     }

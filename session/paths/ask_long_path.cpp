@@ -1,6 +1,8 @@
 #include "session/paths/ask_long_path.h"
 
+#include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/tell.h"
 #include "text/characters.h"
 
 #include <algorithm>
@@ -203,8 +205,7 @@ void RefuseLongSearch(Session& session, const Question& question) {
         Joined({kGap, "Routine - ", question.routine, " is attempting to search with this: ", kGap,
                 question.oldText, kGap, "It contains ", LengthOf(question.oldText), " characters. ",
                 "That search string is to long to used."});
-    if (!session.state.options.blnAutoMode) session.MsgBox(told);
-    LogTimed(session, " " + told);
+    TellAndLog(session, PromptId::kSearchTooLong, told);
     session.state.blnStopClicked = true;
 }
 
@@ -233,7 +234,7 @@ void AskLongPath(Session& session, std::string_view oldText, std::string_view ne
     if (state.bytPathChoice < 2) {
         state.bytPathChoice = kPathSkip;
         form.Focus = &form.cmdSkip;
-        session.ShowModal(form);
+        session.ShowModal(PromptId::kAskLongPath);
     }
     LogDecision(session, question);
 }

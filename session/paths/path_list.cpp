@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
+#include "session/prompt_id.h"
 #include "session/session.h"
 
 namespace tarvix::session {
@@ -9,7 +10,7 @@ namespace tarvix::session {
 namespace {
 
 std::string Unreadable(Session& session, const platform::PlatformError& error) {
-    session.MsgBox("The list can't be read: " + error.description, kExclamation);
+    session.MsgBox(PromptId::kListUnreadable, "The list can't be read: " + error.description);
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/trash.h"
 #include "session/attempt.h"
+#include "session/prompt_id.h"
 #include "session/remembered/replace_file.h"
 #include "session/session.h"
 #include "text/numbers.h"
@@ -104,7 +105,7 @@ void HistoryFile::AskAboutDamage() {
     const std::string question = "Your '" + std::string(kind_.name) +
                                  "' History file is corrupted. "
                                  "Would you like to fix it manually, and try again?";
-    if (session_.MsgBox(question, kYesNo + kQuestion) == kYes) {
+    if (session_.MsgBox(PromptId::kHistoryDamaged, question) == kYes) {
         session_.state.blnEnded = true;
         session_.frmSearch.Hide();
         return;

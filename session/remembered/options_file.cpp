@@ -7,6 +7,7 @@
 #include "session/attempt.h"
 #include "session/paths/env_variables.h"
 #include "session/product.h"
+#include "session/prompt_id.h"
 #include "session/remembered/replace_file.h"
 #include "session/session.h"
 #include "session/settings/option_values.h"
@@ -123,9 +124,10 @@ class Reading {
         // Options that were not read are not written over either.
         session_.state.blnOptionFileUnread = !copied;
         if (!copied) return false;
-        session_.MsgBox("Since you have upgraded Tarvix or possibly editted your options manually, "
+        session_.MsgBox(PromptId::kOptionsBackedUp,
+                        "Since you have upgraded Tarvix or possibly editted your options manually, "
                         "a backup named:\r\n\r\n" +
-                        copy + " was created.");
+                            copy + " was created.");
         return true;
     }
 

@@ -5,6 +5,7 @@
 #include "session/scripted_prompts.h"
 #include "session/session.h"
 #include "tests/machine/memory_platform.h"
+#include "tests/support/listed_prompts.h"
 #include "text/paths.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,7 @@ class BareSession : public ::testing::Test {
         session.errorLog.Open(session);
         session::AddAskLongPathEvents(session.events);
     }
+    ~BareSession() override { testing::ExpectListed(prompts.Records()); }
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     session::ActionState& State() { return session.state.action; }

@@ -1,6 +1,7 @@
 #include "tests/actions/random_world.h"
 
 #include "session/message_style.h"
+#include "session/prompt_table.h"
 #include "session/user_input.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace tarvix::testing {
 namespace {
 
 using platform::MemoryNode;
+using session::PromptId;
 
 constexpr std::array<const char*, 10> kDestinations{
     "C:\\d",         "C:\\t",   "C:\\t\\sub", "C:\\road", "E:\\d",
@@ -28,20 +30,27 @@ void Collect(const MemoryNode& node, std::set<std::string>& contents) {
 }
 
 // What he may press in each prompt; nothing is ever deleted for good.
-std::vector<std::string_view> ButtonsOn(const fields::Form& form) {
-    if (form.Name() == "frmAsk") {
+std::vector<std::string_view> ButtonsOn(PromptId id) {
+    switch (id) {
+    case PromptId::kDuplicate:
         return {"cmdSkip",          "cmdOverwrite",        "cmdRename",
                 "cmdSkipAll",       "cmdOverwriteAll",     "cmdRenameAll",
                 "cmdDeleteReplace", "cmdDeleteReplaceAll", "cmdCancel"};
-    }
-    if (form.Name() == "frmAsk259") {
+    case PromptId::kAskLongPath:
         return {"cmdSkip", "cmdContinue", "cmdSkipAll", "cmdContinueAll", "cmdCancel"};
-    }
-    if (form.Name() == "frmOverrideDialog") {
+    case PromptId::kOverrideProtected:
         return {"cmdNo", "cmdYes", "cmdNoToAll", "cmdYesToAll", "cmdCancel"};
+    case PromptId::kOverrideRecycleFailure:
+        return {"cmdNo", "cmdNoToAll", "cmdCancel"};
+    default:
+        return {};
     }
-    if (form.Name() == "frmOverrideRecycleFail") return {"cmdNo", "cmdNoToAll", "cmdCancel"};
-    return {};
+}
+
+// Whether it asks for what he has just started, with a warning in front or without.
+bool Confirms(PromptId id) {
+    return session::FactsOf(id).role == session::PromptRole::kConfirmation ||
+           id == PromptId::kConfirmCopyOrMoveWarned || id == PromptId::kConfirmDeleteWarned;
 }
 
 bool Press(session::Session& session, fields::Form& form, std::string_view name) {
@@ -58,19 +67,20 @@ int Dice::Roll(int sides) {
     return static_cast<int>((state_ >> 11) % static_cast<std::uint64_t>(sides));
 }
 
-int AnyUser::MsgBox(std::string_view text, int style, std::string_view /*title*/) {
-    const auto buttons = session::ButtonsOf(style);
-    const bool confirms = text.contains("Are you sure") || text.contains("ARE YOU REALLY SURE");
+int AnyUser::MsgBox(const session::Prompt& prompt) {
+    const auto buttons = session::ButtonsOf(prompt.style);
     if (isCareful_) {
-        return buttons.front() == session::kOk ? int{session::kOk} : session::SafeAnswer(style);
+        return buttons.front() == session::kOk ? int{session::kOk}
+                                               : session::SafeAnswer(prompt.style);
     }
-    return confirms && dice_.Chance(90) ? buttons.front() : dice_.One(buttons);
+    return Confirms(prompt.id) && dice_.Chance(90) ? buttons.front() : dice_.One(buttons);
 }
 
-void AnyUser::ShowModal(session::Session& session, fields::Form& form) {
-    if (&form == &session.frmDialog) {
+void AnyUser::ShowModal(session::Session& session, fields::Form& form,
+                        const session::Prompt& prompt) {
+    if (prompt.id == PromptId::kActionWindow) {
         inDialog(session);
-    } else if (const auto buttons = ButtonsOn(form); !buttons.empty()) {
+    } else if (const auto buttons = ButtonsOn(prompt.id); !buttons.empty()) {
         int tries = isCareful_ ? 0 : 30;
         while (form.IsShown() && tries-- > 0) {
             Press(session, form, dice_.One(buttons));

@@ -41,13 +41,12 @@ class AnyUser : public session::PromptService {
     // What he does in the action window.
     std::function<void(session::Session&)> inDialog;
 
-    int MsgBox(std::string_view text, int style, std::string_view title) override;
-    std::string InputBox(std::string_view, std::string_view, std::string_view) override {
-        return {};
-    }
-    void ShowModal(session::Session& session, fields::Form& form) override;
-    std::string PickFolder(std::string_view) override { return {}; }
-    std::string PickFile(std::string_view, std::string_view) override { return {}; }
+    int MsgBox(const session::Prompt& prompt) override;
+    std::string InputBox(const session::Prompt&, std::string_view) override { return {}; }
+    void ShowModal(session::Session& session, fields::Form& form,
+                   const session::Prompt& prompt) override;
+    std::string PickFolder(const session::Prompt&) override { return {}; }
+    std::string PickFile(const session::Prompt&, std::string_view) override { return {}; }
 
   private:
     Dice& dice_;

@@ -1,5 +1,6 @@
 #include "forms/duplicate_text.h"
 #include "forms/wrapping_label.h"
+#include "session/prompt_table.h"
 #include "session/user_input.h"
 #include "tests/forms/window_fixture.h"
 
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include <algorithm>
 #include <set>
 
 namespace tarvix::forms {
@@ -61,11 +63,15 @@ class ChoiceWindowTest : public WindowFixture {
                           });
         }
     }
+    static session::PromptId PromptOf(const fields::Form& form) {
+        return std::ranges::find(session::AllPrompts(), form.Name(), &session::PromptFacts::form)
+            ->id;
+    }
     std::string Ask(fields::Form& form, std::function<void(QWidget&)> act) {
         answer_ = "none";
         Answering(form);
         OnModal(std::move(act));
-        S().ShowModal(form);
+        S().ShowModal(PromptOf(form));
         return answer_;
     }
 

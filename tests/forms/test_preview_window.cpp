@@ -1,4 +1,5 @@
 #include "forms/preview_model.h"
+#include "session/prompt_id.h"
 #include "tests/forms/window_fixture.h"
 
 #include <QComboBox>
@@ -36,7 +37,7 @@ class PreviewWindowTest : public WindowFixture {
             act(modal);
             QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
         });
-        S().ShowModal(S().forms.frmPreview);
+        S().ShowModal(session::PromptId::kPreview);
     }
 };
 
@@ -56,7 +57,7 @@ TEST_F(PreviewWindowTest, ShowsEachObjectItsNewPathAndItsVerdict) {
 
 TEST_F(PreviewWindowTest, EscapeClosesIt) {
     OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
-    S().ShowModal(S().forms.frmPreview);
+    S().ShowModal(session::PromptId::kPreview);
     EXPECT_FALSE(S().forms.frmPreview.IsShown());
 }
 

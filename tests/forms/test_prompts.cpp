@@ -2,6 +2,7 @@
 #include "forms/text_conversion.h"
 #include "forms/theme.h"
 #include "session/message_style.h"
+#include "session/prompt_id.h"
 #include "tests/forms/window_fixture.h"
 
 #include <QInputDialog>
@@ -12,7 +13,14 @@
 
 namespace tarvix::forms {
 
-using PromptTest = WindowFixture;
+using session::PromptId;
+
+class PromptTest : public WindowFixture {
+  protected:
+    int Box(int style) {
+        return prompts.MsgBox({.style = style, .title = "Title", .text = "Text"});
+    }
+};
 
 TEST_F(PromptTest, EachButtonOfAStyleGivesItsAnswer) {
     for (int buttons = session::kOkOnly; buttons <= session::kRetryCancel; ++buttons) {
@@ -21,7 +29,7 @@ TEST_F(PromptTest, EachButtonOfAStyleGivesItsAnswer) {
                 const QString name = "btn" + ToQt(session::CaptionOf(answer));
                 QTest::mouseClick(modal.findChild<QPushButton*>(name), Qt::LeftButton);
             });
-            EXPECT_EQ(prompts.MsgBox("Text", buttons, "Title"), answer);
+            EXPECT_EQ(Box(buttons), answer);
         }
     }
 }
@@ -31,22 +39,20 @@ TEST_F(PromptTest, EnterGivesTheDefaultAnswerOfTheStyleAndNoWhereItNamesNone) {
         OnModal([](QWidget& modal) { QTest::keyClick(modal.focusWidget(), Qt::Key_Return); });
     };
     enter();
-    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo, "Title"), session::kNo);
+    EXPECT_EQ(Box(session::kYesNo), session::kNo);
     enter();
-    EXPECT_EQ(prompts.MsgBox("Text", session::kOkCancel, "Title"), session::kOk);
+    EXPECT_EQ(Box(session::kOkCancel), session::kOk);
     enter();
-    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNo + session::kSecondDefault, "Title"),
-              session::kNo);
+    EXPECT_EQ(Box(session::kYesNo + session::kSecondDefault), session::kNo);
     enter();
-    EXPECT_EQ(prompts.MsgBox("Text", session::kYesNoCancel + session::kThirdDefault, "Title"),
-              session::kCancel);
+    EXPECT_EQ(Box(session::kYesNoCancel + session::kThirdDefault), session::kCancel);
 }
 
 TEST_F(PromptTest, ClosingABoxGivesItsSafeAnswer) {
     for (const int style : {session::kOkOnly, session::kOkCancel, session::kYesNo,
                             session::kYesNoCancel, session::kRetryCancel}) {
         OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
-        EXPECT_EQ(prompts.MsgBox("Text", style, "Title"), session::SafeAnswer(style));
+        EXPECT_EQ(Box(style), session::SafeAnswer(style));
     }
 }
 
@@ -58,7 +64,7 @@ TEST_F(PromptTest, AMessageIsPlainTextInLines) {
         EXPECT_EQ(modal.windowTitle(), "Tarvix");
         QTest::keyClick(&modal, Qt::Key_Escape);
     });
-    S().MsgBox("<b>one</b>\r\ntwo");
+    S().MsgBox(PromptId::kNothingSelected, "<b>one</b>\r\ntwo");
 }
 
 TEST_F(PromptTest, AMessageOfAThousandLinesFitsTheScreenAndScrolls) {
@@ -72,7 +78,7 @@ TEST_F(PromptTest, AMessageOfAThousandLinesFitsTheScreenAndScrolls) {
         EXPECT_GT(area->widget()->height(), area->height());
         QTest::keyClick(&modal, Qt::Key_Escape);
     });
-    S().MsgBox(text);
+    S().MsgBox(PromptId::kNothingSelected, text);
 }
 
 TEST_F(PromptTest, AnInputBoxGivesItsTextAndNothingWhenCancelled) {
@@ -82,9 +88,9 @@ TEST_F(PromptTest, AnInputBoxGivesItsTextAndNothingWhenCancelled) {
         edit->setText("typed");
         QTest::keyClick(edit, Qt::Key_Return);
     });
-    EXPECT_EQ(prompts.InputBox("Text", "Title", "preset"), "typed");
+    EXPECT_EQ(prompts.InputBox({.title = "Title", .text = "Text"}, "preset"), "typed");
     OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
-    EXPECT_EQ(prompts.InputBox("Text", "Title", "preset"), "");
+    EXPECT_EQ(prompts.InputBox({.title = "Title", .text = "Text"}, "preset"), "");
 }
 
 TEST_F(PromptTest, ANoticeShowsItsTextUntilOk) {
@@ -95,15 +101,15 @@ TEST_F(PromptTest, ANoticeShowsItsTextUntilOk) {
         EXPECT_EQ(modal.findChild<QLabel*>("lblMain")->text(), "A file or folder was found");
         QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     });
-    S().ShowModal(notice);
+    S().ShowModal(PromptId::kForeignName);
     OnModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
-    S().ShowModal(notice);
+    S().ShowModal(PromptId::kForeignName);
     EXPECT_FALSE(notice.IsShown());
 }
 
 TEST_F(PromptTest, AFormThatHasHiddenAlreadyDoesNotOpen) {
     S().forms.frmForChar.Hide();
-    prompts.ShowModal(S(), S().forms.frmForChar);
+    prompts.ShowModal(S(), S().forms.frmForChar, {});
 }
 
 TEST(FilterListTest, PairsBecomeNamesWithPatterns) {

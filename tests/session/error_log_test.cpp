@@ -87,8 +87,7 @@ TEST_F(ErrorLogFile, AnyOtherErrorIsNotToldInAutomaticMode) {
 }
 
 TEST_F(ErrorLogFile, RecordsFromBeforeItOpensFollowItsOpeningLine) {
-    session::ReportError(session, 75, "", "Early", "", "", "", 0, "", "",
-                         session::ObjectType::kNoType);
+    session::ReportError(session, {.number = 75}, {.routine = "Early"}, 0, "");
     session.errorLog.Open(session);
     EXPECT_TRUE(Content(kName).starts_with(
         "Opened Error Log at 11/15/2026 7:54:52 PM\r\n\r\nError Number = 75\r\n"));
@@ -97,7 +96,7 @@ TEST_F(ErrorLogFile, RecordsFromBeforeItOpensFollowItsOpeningLine) {
 TEST_F(ErrorLogFile, AnErrorBeforeItOpensKeepsNoCopyOfIt) {
     State().lngErrNumber = 11;
     State().strMessage = "Early has failed.";
-    HandleError(session, "frmSearch", "", "", "", session::ObjectType::kNoType);
+    HandleError(session, {.routine = "Early", .moduleName = "frmSearch"});
     ASSERT_EQ(prompts.Records().size(), 1U) << "the error alone, none about the copy";
     EXPECT_TRUE(machine.disk.AllFiles().empty());
 }

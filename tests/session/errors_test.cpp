@@ -115,7 +115,12 @@ TEST_P(ErrorTable, AnswersAsksAndRecords) {
     State().strMessage = "Find has failed.";
     State().intRecovery = 99;
     if (c.answer) prompts.Queue(c.answer);
-    HandleError(session, c.module, c.object, "C:\\s", "C:\\s\\to", ObjectType::kFile);
+    HandleError(session, {.routine = "Find",
+                          .moduleName = c.module,
+                          .object = c.object,
+                          .path = "C:\\s",
+                          .searchOrDestination = "C:\\s\\to",
+                          .objectType = ObjectType::kFile});
     EXPECT_EQ(State().intRecovery, c.recovery);
     ASSERT_EQ(Prompts().size(), c.answer ? 1U : 0U);
     if (c.answer) {
@@ -137,19 +142,30 @@ INSTANTIATE_TEST_SUITE_P(All, ErrorTable, ::testing::ValuesIn(kCases));
 
 class Errors : public LogSession {
   protected:
-    void Handle(int number, std::string_view module, std::string_view message,
-                std::string_view object = "a.txt") {
+    void Handle(int number, std::string_view module, std::string_view object = "a.txt",
+                std::string_view routine = "Find") {
         State().lngErrNumber = number;
         State().strErrDesc = "why";
-        State().strMessage = message;
-        HandleError(session, module, object, "C:\\s", "C:\\s\\to", ObjectType::kFile);
+        State().strMessage = std::string(routine) + " has failed.";
+        HandleError(session, {.routine = routine,
+                              .moduleName = module,
+                              .object = object,
+                              .path = "C:\\s",
+                              .searchOrDestination = "C:\\s\\to",
+                              .objectType = ObjectType::kFile});
     }
     std::size_t Files() { return Disk().AllFiles().size(); }
 };
 
 TEST_F(Errors, ARecordHoldsItsLinesInOrder) {
-    session::ReportError(session, 53, "not there", "Find", "frmSearch", "a.txt", "C:\\s", 4,
-                         "Find has failed.", "C:\\s\\to", ObjectType::kFolder);
+    session::ReportError(session, {53, "not there"},
+                         {.routine = "Find",
+                          .moduleName = "frmSearch",
+                          .object = "a.txt",
+                          .path = "C:\\s",
+                          .searchOrDestination = "C:\\s\\to",
+                          .objectType = ObjectType::kFolder},
+                         4, "Find has failed.");
     EXPECT_EQ(ErrorLog(), "Error Number = 53\r\n"
                           "Error Desc: not there\r\n"
                           " Time: 11/15/2026 7:54:52 PM\r\n"
@@ -171,7 +187,7 @@ TEST_F(Errors, ARecordTellsTheFourTypes) {
                                                         {ObjectType::kUnknown, " unknown"}};
     std::string before;
     for (const auto& [type, text] : types) {
-        session::ReportError(session, 5, "", "", "", "", "", 0, "", "", type);
+        session::ReportError(session, {.number = 5}, {.objectType = type}, 0, "");
         const std::string added = ErrorLog().substr(before.size());
         EXPECT_NE(added.find("\r\n Object Type = " + std::string(text) + "\r\n"), added.npos);
         before += added;
@@ -180,21 +196,21 @@ TEST_F(Errors, ARecordTellsTheFourTypes) {
 
 TEST_F(Errors, NothingIsRecordedUnlessTheErrorLogIsOn) {
     State().strErrorLogOn = "No";
-    Handle(75, "frmDialog", "Find has failed.");
+    Handle(75, "frmDialog");
     EXPECT_EQ(ErrorLog(), "");
 }
 
 TEST_F(Errors, ARecordDoesNotAskForTheOptionOfTheErrorLog) {
     State().options.blnErrorLog = false;
-    Handle(75, "frmDialog", "Find has failed.");
+    Handle(75, "frmDialog");
     EXPECT_NE(ErrorLog(), "");
 }
 
 TEST_F(Errors, BadNamesLeaveNoRecordAndNoPromptWhileSecurityWarningsAreSkipped) {
     State().options.blnSkipNTFS = true;
-    Handle(52, "frmSearch", "Find has failed.");
+    Handle(52, "frmSearch");
     EXPECT_EQ(State().intRecovery, 4);
-    Handle(52, "frmSearch", "Find has failed.", kUnread);
+    Handle(52, "frmSearch", kUnread);
     EXPECT_EQ(State().intRecovery, 5);
     EXPECT_TRUE(Prompts().empty());
     EXPECT_EQ(ErrorLog(), "");
@@ -203,11 +219,11 @@ TEST_F(Errors, BadNamesLeaveNoRecordAndNoPromptWhileSecurityWarningsAreSkipped) 
 TEST_F(Errors, SkippingSecurityWarningsSilencesNoOtherModuleAndNoOtherError) {
     State().options.blnSkipNTFS = true;
     prompts.Queue("OK");
-    Handle(52, "frmDialog", "Find has failed.");
+    Handle(52, "frmDialog");
     EXPECT_EQ(Prompts().size(), 1U);
     EXPECT_EQ(ErrorLog(), "") << "the record is left out all the same";
     prompts.Queue("No");
-    Handle(53, "frmSearch", "Find has failed.");
+    Handle(53, "frmSearch");
     EXPECT_EQ(Prompts().size(), 2U);
     EXPECT_NE(ErrorLog(), "");
 }
@@ -215,17 +231,17 @@ TEST_F(Errors, SkippingSecurityWarningsSilencesNoOtherModuleAndNoOtherError) {
 TEST_F(Errors, ABadNameWhileSearchFoldersAreParsedIsAlwaysAskedAbout) {
     State().options.blnSkipNTFS = State().options.blnAutoMode = true;
     prompts.Queue("No");
-    Handle(52, "frmSearch", "ParseSearchFolder has failed.");
+    Handle(52, "frmSearch", "a.txt", "ParseSearchFolder");
     EXPECT_EQ(Prompts().size(), 1U);
     EXPECT_EQ(State().intRecovery, 4);
 }
 
 TEST_F(Errors, NoToARetryOfAnObjectNotReadYetSkipsIt) {
     prompts.Queue("No");
-    Handle(52, "frmSearch", "Find has failed.", kUnread);
+    Handle(52, "frmSearch", kUnread);
     EXPECT_EQ(State().intRecovery, 5);
     prompts.Queue("Yes");
-    Handle(52, "frmSearch", "Find has failed.", kUnread);
+    Handle(52, "frmSearch", kUnread);
     EXPECT_EQ(State().intRecovery, 2);
 }
 
@@ -234,7 +250,12 @@ TEST_F(Errors, ABadNameOnAnNtfsDriveSaysSo) {
     prompts.Queue("No");
     State().lngErrNumber = 52;
     State().strMessage = "Find has failed.";
-    HandleError(session, "frmSearch", "a.txt", "e:\\s", "E:\\", ObjectType::kFile);
+    HandleError(session, {.routine = "Find",
+                          .moduleName = "frmSearch",
+                          .object = "a.txt",
+                          .path = "e:\\s",
+                          .searchOrDestination = "E:\\",
+                          .objectType = ObjectType::kFile});
     EXPECT_NE(Prompts()[0].text.find("to this folder or file and it is in a NTFS filesystem.\r\n"),
               std::string::npos);
 }
@@ -243,15 +264,20 @@ TEST_F(Errors, ABadNameOnADriveThatIsNotThereSaysNothingOfItsFileSystem) {
     prompts.Queue("No");
     State().lngErrNumber = 52;
     State().strMessage = "Find has failed.";
-    HandleError(session, "frmSearch", "a.txt", "Q:\\s", "Q:\\", ObjectType::kFile);
+    HandleError(session, {.routine = "Find",
+                          .moduleName = "frmSearch",
+                          .object = "a.txt",
+                          .path = "Q:\\s",
+                          .searchOrDestination = "Q:\\",
+                          .objectType = ObjectType::kFile});
     EXPECT_NE(Prompts()[0].text.find("to this folder or file\r\n"), std::string::npos);
 }
 
 TEST_F(Errors, ABadNameInASharedRoutineGoesOnOnlyForTheDefaultSearchFolders) {
     State().intRecovery = 7;
-    Handle(52, "Module1", "Find has failed.");
+    Handle(52, "Module1");
     EXPECT_EQ(State().intRecovery, 7) << "left as it was";
-    Handle(52, "Module1", "ParseDefSearchFolder has failed.");
+    Handle(52, "Module1", "a.txt", "ParseDefSearchFolder");
     EXPECT_EQ(State().intRecovery, 3);
     EXPECT_TRUE(Prompts().empty());
     EXPECT_NE(ErrorLog().find(" Recovery : 3\r\n"), std::string::npos);
@@ -259,7 +285,7 @@ TEST_F(Errors, ABadNameInASharedRoutineGoesOnOnlyForTheDefaultSearchFolders) {
 
 TEST_F(Errors, TheMissingEndOfATextFileIsLogged) {
     State().options.blnAutoMode = true;
-    Handle(62, "frmDialog", "Find has failed.", "C:\\list.txt");
+    Handle(62, "frmDialog", "C:\\list.txt");
     EXPECT_EQ(ActionLog().substr(0, ActionLog().find("\r\n")),
               "11/15/2026 19:54:52 *EOF missing from end of text file: C:\\list.txt, ended "
               "reading.");
@@ -267,33 +293,35 @@ TEST_F(Errors, TheMissingEndOfATextFileIsLogged) {
 }
 
 TEST_F(Errors, AReaderThatExpectsTheEndLogsNothing) {
-    Handle(62, "OpenOptionFile", "Find has failed.");
+    Handle(62, "OpenOptionFile");
     EXPECT_EQ(ActionLog(), "");
     EXPECT_NE(ErrorLog(), "");
 }
 
 TEST_F(Errors, ARetryAfterPermissionDeniedKeepsTheMessageAndLeavesNoRecord) {
     prompts.Queue("Retry");
-    Handle(70, "frmDialog", "Find has failed.");
+    Handle(70, "frmDialog");
     EXPECT_EQ(State().strMessage, Prompts()[0].text);
     EXPECT_EQ(State().strTitle, "Permission denied");
     EXPECT_EQ(ErrorLog(), "");
 }
 
 TEST_F(Errors, APathNotFoundElsewhereIsRecordedWithItsPlainMessage) {
-    Handle(76, "frmSearch", "Find has failed.");
+    Handle(76, "frmSearch");
     EXPECT_NE(ErrorLog().find(" Message : Find has failed.\r\n"), std::string::npos);
 }
 
-TEST_F(Errors, AMessageWithoutABlankGivesAnEmptyRoutine) {
-    Handle(75, "frmDialog", "Find");
+TEST_F(Errors, TheRecordTakesTheRoutineFromTheContextAndNotFromTheMessage) {
+    State().lngErrNumber = 75;
+    State().strMessage = "Find";
+    HandleError(session, {.moduleName = "frmDialog"});
     EXPECT_NE(ErrorLog().find("\r\n Routine : \r\n"), std::string::npos);
     EXPECT_NE(ErrorLog().find("\r\n Message : Find\r\n"), std::string::npos);
 }
 
 TEST_F(Errors, AnUnexpectedErrorKeepsACopyOfTheErrorLogUnderItsOddName) {
     State().options.blnAutoMode = true;
-    Handle(11, "frmSearch", "Find has failed.");
+    Handle(11, "frmSearch");
     const auto copy =
         Disk().Content("C:\\data\\TXProgramError._unexpected_error_11.15.26_19.54.52.log");
     ASSERT_TRUE(copy);
@@ -305,7 +333,7 @@ TEST_F(Errors, AnExpectedErrorKeepsNoCopy) {
     State().options.blnAutoMode = true;
     const std::size_t before = Files();
     for (const int number : {52, 53, 62, 70, 75, 76, kNetworkDenied}) {
-        Handle(number, "frmSearch", "Find has failed.");
+        Handle(number, "frmSearch");
     }
     EXPECT_EQ(Files(), before);
 }
@@ -314,7 +342,7 @@ TEST_F(Errors, ACopyThatFailsIsToldAndTheRunGoesOn) {
     machine.faults.FailAll("CopyFile", 61);
     prompts.Queue("OK");
     prompts.Queue("OK");
-    Handle(11, "frmSearch", "Find has failed.");
+    Handle(11, "frmSearch");
     EXPECT_EQ(Prompts().back().text, "error happened in HandleError****");
     EXPECT_EQ(State().intRecovery, 1);
     EXPECT_EQ(State().strMessage, "");
@@ -322,7 +350,7 @@ TEST_F(Errors, ACopyThatFailsIsToldAndTheRunGoesOn) {
 
 TEST_F(Errors, AnUnexpectedErrorIsRecordedWithAllThatWasTold) {
     State().options.blnAutoMode = true;
-    Handle(11, "frmSearch", "Find has failed.");
+    Handle(11, "frmSearch");
     EXPECT_NE(ErrorLog().find(" Message : " + std::string(kUnexpected) + "\r\n"),
               std::string::npos);
 }
@@ -331,8 +359,8 @@ TEST_F(Errors, TheLastLineOfAnUnexpectedErrorDependsOnWhereItHappened) {
     const auto lastLine = [this](std::string_view module, std::string_view routine) {
         State().options.blnAutoMode = true;
         std::string message;
-        session::UIErrorMsg(session, 5, "", message, module, routine, "", "", "",
-                            ObjectType::kNoType);
+        session::UIErrorMsg(session, {.number = 5}, {.routine = routine, .moduleName = module},
+                            message);
         return message.substr(message.rfind('\n') + 1);
     };
     EXPECT_EQ(lastLine("frmDialog", "Find"), "OK returns you to the active form.");
@@ -363,7 +391,7 @@ TEST_F(Errors, AnErrorThatMustNotStopTheRunIsOnlyRecordedInAutomaticMode) {
 // A window that gives an answer which the question doesn't offer.
 class OddPrompts : public session::UnattendedPrompts {
   public:
-    int MsgBox(std::string_view, int, std::string_view) override { return session::kCancel; }
+    int MsgBox(const session::Prompt&) override { return session::kCancel; }
 };
 
 TEST(ErrorsOddAnswer, OnlyAMissingFileTellsItFromNo) {

@@ -4,6 +4,7 @@
 #include "session/scripted_prompts.h"
 #include "session/session.h"
 #include "tests/machine/memory_platform.h"
+#include "tests/support/listed_prompts.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,7 @@ class LogSession : public ::testing::Test {
         session.errorLog.Open(session);
         session::AddAskLongPathEvents(session.events);
     }
+    ~LogSession() override { ExpectListed(prompts.Records()); }
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     session::SessionState& State() { return session.state; }

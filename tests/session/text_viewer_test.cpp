@@ -54,9 +54,9 @@ TEST_F(TextViewer, ALogThatIsGoneIsTold) {
 // Remembers what a picker was to offer.
 class Picker : public session::UnattendedPrompts {
   public:
-    std::string PickFile(std::string_view title, std::string_view filters) override {
+    std::string PickFile(const session::Prompt& prompt, std::string_view filters) override {
         offered = filters;
-        return session::UnattendedPrompts::PickFile(title, filters);
+        return session::UnattendedPrompts::PickFile(prompt, filters);
     }
     std::string offered;
 };

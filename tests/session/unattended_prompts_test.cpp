@@ -1,3 +1,4 @@
+#include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/unattended_prompts.h"
 #include "tests/machine/memory_platform.h"
@@ -14,11 +15,11 @@ struct UnattendedPromptsTest : ::testing::Test {
 };
 
 TEST_F(UnattendedPromptsTest, EveryStyleGetsItsSafeAnswer) {
-    EXPECT_EQ(prompts.MsgBox("", kOkOnly, ""), kOk);
-    EXPECT_EQ(prompts.MsgBox("", kOkCancel, ""), kCancel);
-    EXPECT_EQ(prompts.MsgBox("", kYesNoCancel, ""), kCancel);
-    EXPECT_EQ(prompts.MsgBox("", kYesNo, ""), kNo);
-    EXPECT_EQ(prompts.MsgBox("", kRetryCancel, ""), kCancel);
+    EXPECT_EQ(prompts.MsgBox({.style = kOkOnly, .title = "", .text = ""}), kOk);
+    EXPECT_EQ(prompts.MsgBox({.style = kOkCancel, .title = "", .text = ""}), kCancel);
+    EXPECT_EQ(prompts.MsgBox({.style = kYesNoCancel, .title = "", .text = ""}), kCancel);
+    EXPECT_EQ(prompts.MsgBox({.style = kYesNo, .title = "", .text = ""}), kNo);
+    EXPECT_EQ(prompts.MsgBox({.style = kRetryCancel, .title = "", .text = ""}), kCancel);
 }
 
 TEST_F(UnattendedPromptsTest, AFormIsCancelledThroughItsOwnButton) {
@@ -27,26 +28,26 @@ TEST_F(UnattendedPromptsTest, AFormIsCancelledThroughItsOwnButton) {
         cancelled = true;
         s.frmDialog.Hide();
     });
-    session.ShowModal(session.frmDialog);
+    session.ShowModal(PromptId::kActionWindow);
     EXPECT_TRUE(cancelled);
     EXPECT_EQ(prompts.Records().at(0).answer, "CancelButton");
 }
 
 TEST_F(UnattendedPromptsTest, ANoticeWithoutCancelGetsItsOk) {
-    session.ShowModal(session.forms.frmForChar);
+    session.ShowModal(PromptId::kForeignName);
     EXPECT_FALSE(session.forms.frmForChar.IsShown());
     EXPECT_EQ(prompts.Records().at(0).answer, "cmdOK");
 }
 
 TEST_F(UnattendedPromptsTest, AFormThatRefusesItsButtonsIsHidden) {
     session.forms.frmForChar.cmdOK.Enabled = false;
-    session.ShowModal(session.forms.frmForChar);
+    session.ShowModal(PromptId::kForeignName);
     EXPECT_FALSE(session.forms.frmForChar.IsShown());
 }
 
 TEST_F(UnattendedPromptsTest, PromptsAreRecordedInOrder) {
-    prompts.MsgBox("first", kYesNo, "A");
-    prompts.InputBox("second", "B", "preset");
+    prompts.MsgBox({.style = kYesNo, .title = "A", .text = "first"});
+    prompts.InputBox({.title = "B", .text = "second"}, "preset");
     ASSERT_EQ(prompts.Records().size(), 2U);
     EXPECT_EQ(prompts.Records()[0].text, "first");
     EXPECT_EQ(prompts.Records()[0].answer, "No");

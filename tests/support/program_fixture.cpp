@@ -1,6 +1,7 @@
 #include "tests/support/program_fixture.h"
 
 #include "session/user_input.h"
+#include "tests/support/listed_prompts.h"
 
 #include <algorithm>
 
@@ -11,6 +12,10 @@ ProgramFixture::ProgramFixture() {
     // Files are made a year before the clock, so that their dates are plausible.
     Disk().UseClock([this] { return machine.clock.FromLocal({2025, 6, 1, 12, 0, 0}); });
     Disk().AddFile(machine.environment.programFolder + "\\TXFSSearchHistoryFile.txt", "*EOF");
+}
+
+ProgramFixture::~ProgramFixture() {
+    ExpectListed(prompts.Records());
 }
 
 void ProgramFixture::Start(std::string_view argument) {

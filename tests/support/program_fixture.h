@@ -16,6 +16,7 @@ namespace tarvix::testing {
 class ProgramFixture : public ::testing::Test {
   protected:
     ProgramFixture();
+    ~ProgramFixture() override;
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     session::Session& S() { return program.Session(); }

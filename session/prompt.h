@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tarvix::session {
+
+// Which prompt it is; `session/prompt_id.h` names them.
+enum class PromptId : std::uint8_t;
+
+// One prompt as it is put. Fronts decide by `id`, never by what the texts say.
+struct Prompt {
+    PromptId id{};
+    int style = 0; // of a message
+    std::string title;
+    std::string text; // of a modal form: what its lblMain reads
+};
+
+} // namespace tarvix::session

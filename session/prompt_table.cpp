@@ -1,0 +1,157 @@
+#include "session/prompt_table.h"
+
+#include "session/prompt_service.h"
+
+#include <array>
+
+namespace tarvix::session {
+
+namespace {
+
+using Id = PromptId;
+using Role = PromptRole;
+
+constexpr std::string_view kTitle = "Tarvix";
+
+constexpr PromptFacts Message(Id id, Role role, int style, std::string_view title = kTitle) {
+    return {id, PromptKind::kMessage, role, style, title, ""};
+}
+constexpr PromptFacts Notice(Id id, int icon = 0, std::string_view title = kTitle) {
+    return Message(id, Role::kNotice, kOkOnly + icon, title);
+}
+constexpr PromptFacts Modal(Id id, Role role, std::string_view form) {
+    return {id, PromptKind::kForm, role, 0, "", form};
+}
+constexpr PromptFacts FolderPicker(Id id, std::string_view title) {
+    return {id, PromptKind::kFolder, Role::kDecision, 0, title, ""};
+}
+constexpr PromptFacts FilePicker(Id id, std::string_view title) {
+    return {id, PromptKind::kFile, Role::kDecision, 0, title, ""};
+}
+
+constexpr auto kPrompts = std::to_array<PromptFacts>({
+    Message(Id::kFirstRunWarning, Role::kFirstRun, kCritical),
+    Message(Id::kOfferGeneralInformation, Role::kFirstRun, kYesNo),
+    Message(Id::kOfferAdvancedFunctions, Role::kFirstRun, kYesNo),
+    Message(Id::kOptionsBackedUp, Role::kFirstRun, kOkOnly),
+    Message(Id::kHistoryDamaged, Role::kDecision, kYesNo + kQuestion),
+    Notice(Id::kDataFolderUnwritable, kExclamation),
+    Notice(Id::kWindowTooSmall),
+
+    Message(Id::kFileNotFound, Role::kTryAgain, kYesNo + kExclamation + kSecondDefault,
+            "File not found"),
+    Message(Id::kBadNameInSearch, Role::kTryAgain, kYesNo + kExclamation + kSecondDefault,
+            "Bad File or Folder Name"),
+    Notice(Id::kBadNameInAction, kExclamation, "Bad File or Folder Name"),
+    Message(Id::kPermissionDenied, Role::kTryAgain, kRetryCancel + kExclamation,
+            "Permission denied"),
+    Notice(Id::kPathNotFound, kExclamation, "Path not found"),
+    Notice(Id::kNetworkDenied, kExclamation, "Automation error - Network access is denied"),
+    Notice(Id::kUnexpectedError, kCritical, "Client Error Message"),
+    Notice(Id::kOutsideError),
+    Notice(Id::kEndMarkMissing),
+    Notice(Id::kErrorLogNotKept),
+
+    FilePicker(Id::kPickLog, "Select Action Log file."),
+    Notice(Id::kListUnreadable, kExclamation),
+
+    FolderPicker(Id::kPickLocation, "Select folder"),
+    FilePicker(Id::kPickPathList, "Select Multiple Path List"),
+    Notice(Id::kLocationReplaced),
+    Notice(Id::kLocationsWrong, 0, "ParseSearchFolder"),
+    Notice(Id::kSearchTooLong),
+    Notice(Id::kFirstSizeInvalid),
+    Notice(Id::kSecondSizeInvalid),
+    Notice(Id::kSizesReversed),
+    Notice(Id::kSizeChoiceInvalid),
+    Notice(Id::kSizeTooHigh),
+    Modal(Id::kSelectDate, Role::kWindow, "frmSelectDate"),
+    Notice(Id::kDateInvalid),
+    Notice(Id::kDatesReversed),
+    Notice(Id::kDateChoiceInvalid),
+    Notice(Id::kDateTypeInvalid),
+    Message(Id::kStringsOverlap, Role::kDecision, kYesNo + kQuestion + kSecondDefault),
+    Notice(Id::kNotTurnedOff),
+    Modal(Id::kForeignName, Role::kNotice, "frmForChar"),
+    Modal(Id::kTrailingSpaces, Role::kNotice, "frmTrailingSp"),
+    Modal(Id::kFakeFolder, Role::kNotice, "frmAllUsers"),
+    Notice(Id::kObjectLimitReached),
+    Message(Id::kRepeatDelete, Role::kDecision, kYesNo + kCritical + kSecondDefault),
+    Message(Id::kRepeatDeleteSure, Role::kDecision, kYesNo + kCritical + kSecondDefault),
+    Notice(Id::kRepeatDeleteDone),
+    Notice(Id::kRepeatDeleteStuck),
+
+    Modal(Id::kActionWindow, Role::kWindow, "frmDialog"),
+    Notice(Id::kNothingSelected),
+    Message(Id::kFoldersWithContents, Role::kGoOn, kOkCancel + kExclamation + kSecondDefault),
+    FolderPicker(Id::kPickDestination, "Select folder"),
+    Message(Id::kDestinationTooLong, Role::kGoOn, kOkCancel + kCritical),
+    Notice(Id::kDestinationUnshortened, kCritical),
+    Notice(Id::kDestinationReplaced),
+    Notice(Id::kDestinationMissing),
+    Notice(Id::kDestinationIsFile),
+    Notice(Id::kDestinationHasMarks),
+    Notice(Id::kDestinationOneCharacter),
+    Notice(Id::kFirstPlaceUnshortened, kCritical),
+    Notice(Id::kFolderTreeMissing),
+    Notice(Id::kFolderNamesMissing),
+    Notice(Id::kRenameTextMissing),
+    Notice(Id::kRuleInvalid),
+    Notice(Id::kTextFileInvalid),
+    Notice(Id::kTextFileIsFolder),
+    Notice(Id::kFoldersPlaceInvalid),
+    Notice(Id::kFoldersPlaceIsFile),
+    Notice(Id::kSourceFileMissing),
+    Message(Id::kConfirmCopyOrMove, Role::kConfirmation, kOkCancel + kInformation),
+    Message(Id::kConfirmCopyOrMoveWarned, Role::kGoOn, kOkCancel + kInformation),
+    Message(Id::kConfirmWrite, Role::kConfirmation, kOkCancel + kInformation),
+    Message(Id::kConfirmRename, Role::kConfirmation, kOkCancel + kInformation),
+    Message(Id::kConfirmDelete, Role::kConfirmation, kYesNo),
+    Message(Id::kConfirmDeleteWarned, Role::kGoOn, kYesNo),
+    Notice(Id::kAutomaticModeOff),
+    Notice(Id::kPreviewRefused, kExclamation, "Preview"),
+    Modal(Id::kPreview, Role::kWindow, "frmPreview"),
+
+    Modal(Id::kDuplicate, Role::kDecision, "frmAsk"),
+    Modal(Id::kAskLongPath, Role::kDecision, "frmAsk259"),
+    Modal(Id::kOverrideProtected, Role::kDecision, "frmOverrideDialog"),
+    Modal(Id::kOverrideRecycleFailure, Role::kDecision, "frmOverrideRecycleFail"),
+    Notice(Id::kProtectedCopied),
+    Message(Id::kDuplicateNotRecycled, Role::kTryAgain, kRetryCancel + kExclamation,
+            "Permission denied"),
+    Notice(Id::kOverwriteNotRecycled),
+    Notice(Id::kMoveNeverOverwrites),
+    Notice(Id::kReplaceOverlaps),
+    Notice(Id::kWriteOverlaps),
+    Notice(Id::kObjectUnshortened, kCritical),
+    Notice(Id::kDuplicateUnshortened, kCritical),
+    Notice(Id::kDeepFolder),
+    Notice(Id::kRuleColon, kCritical),
+    Notice(Id::kRenameEmpty),
+    Notice(Id::kRenameTaken),
+    Message(Id::kRenameTakenGoOn, Role::kGoOn, kOkCancel),
+    Message(Id::kOfferErrorLog, Role::kDecision, kYesNo),
+    Notice(Id::kRuleReport),
+});
+
+constexpr bool IsInOrder() {
+    for (std::size_t i = 0; i < kPrompts.size(); ++i) {
+        if (kPrompts[i].id != static_cast<Id>(i)) return false;
+    }
+    return true;
+}
+
+static_assert(kPrompts.size() == static_cast<std::size_t>(Id::kEnd), "a prompt has no row");
+static_assert(IsInOrder(), "the rows stand in the order of the ids");
+
+} // namespace
+
+std::span<const PromptFacts> AllPrompts() {
+    return kPrompts;
+}
+
+const PromptFacts& FactsOf(PromptId id) {
+    return kPrompts[static_cast<std::size_t>(id)];
+}
+
+} // namespace tarvix::session

@@ -1,0 +1,25 @@
+#include "session/tell.h"
+
+#include "session/session.h"
+#include "text/characters.h"
+
+namespace tarvix::session {
+
+void TellUnlessAuto(Session& session, PromptId id, std::string_view text) {
+    if (!session.state.options.blnAutoMode) session.MsgBox(id, text);
+}
+
+void TellOrLog(Session& session, PromptId id, std::string_view text) {
+    if (session.state.options.blnAutoMode) {
+        LogTimed(session, text);
+    } else {
+        session.MsgBox(id, text);
+    }
+}
+
+void TellAndLog(Session& session, PromptId id, std::string_view text) {
+    TellUnlessAuto(session, id, text);
+    LogTimed(session, text::Concat({" ", text}));
+}
+
+} // namespace tarvix::session

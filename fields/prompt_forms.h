@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/controls.h"
+#include "fields/duplicate_question.h"
 
 namespace tarvix::fields {
 
@@ -68,6 +69,7 @@ class FrmAsk : public Form {
                                    "Rec&ycle this duplicate folder and contents, then replace."};
     CommandButton cmdDeleteReplaceAll{*this, "cmdDeleteReplaceAll",
                                       "Recyc&le all duplicate folders and contents, then replace."};
+    DuplicateQuestion parts; // of lblMain; changed only while the form is hidden
 };
 
 // What to do with an object whose path has grown too long.

@@ -104,10 +104,9 @@ void ChoiceWindow::Finish(const fields::CommandButton& safe, int characters) {
 AskWindow::AskWindow(session::Session& session, EventGate& gate, QWidget* parent)
     : ChoiceWindow(session, gate, session.forms.frmAsk, parent) {
     const auto& form = session.forms.frmAsk;
-    const QString text = Shown(form.lblMain.Caption.Get());
-    QWidget* panel = MakeDuplicateText(text);
+    QWidget* panel = MakeDuplicateText(form.parts);
     panel->setObjectName(ToQt(form.lblMain.Name()));
-    setAccessibleDescription(text);
+    setAccessibleDescription(Shown(form.lblMain.Caption.Get()));
     AddText(*panel, QStyle::SP_MessageBoxQuestion);
     AddGroups({{"This duplicate",
                 {&form.cmdSkip, &form.cmdOverwrite, &form.cmdRename, &form.cmdDeleteReplace}},

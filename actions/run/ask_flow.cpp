@@ -15,6 +15,8 @@
 #include "text/format.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <array>
 
 namespace tarvix::actions {
@@ -23,58 +25,33 @@ namespace {
 
 using session::Session;
 
-constexpr std::string_view kGap = "\r\n\r\n";
-
-// What the prompt tells of one of the two objects.
-struct Told {
-    std::string size;
-    std::string version;
-    std::string os;
-    std::string date;
-};
-
-Told Tell(Session& session, const std::string& path, bool isFile) {
-    Told told;
-    const auto facts = session.files().Facts(path);
-    if (!facts) return told;
-    told.date = text::DefaultDateText(session.platform.clock.ToLocal(facts->modified));
-    if (!isFile) return told;
-    told.size = text::Format(static_cast<std::int64_t>(facts->size), "##,###,###,##0");
-    results::GetVersionInfo(session.files(), path, told.version, told.os);
-    return told;
+// `actual` opens the object that is told of as `path`.
+fields::AskedObject AskedObject(Session& session, const std::string& path,
+                                const std::string& actual, bool isFile) {
+    fields::AskedObject asked{.folder = text::ParentFolder(path),
+                              .name = std::string(text::FolderOwnName(path)),
+                              .isFile = isFile};
+    const auto facts = session.files().Facts(actual);
+    if (!facts) return asked;
+    asked.date = text::DefaultDateText(session.platform.clock.ToLocal(facts->modified));
+    if (!isFile) return asked;
+    asked.size = text::Format(static_cast<std::int64_t>(facts->size), "##,###,###,##0");
+    results::GetVersionInfo(session.files(), actual, asked.version, asked.os);
+    return asked;
 }
 
-std::string Figures(const Told& told) {
-    return "Size: " + told.size + "\r\nVersion: " + told.version + "\r\nfor OS: " + told.os +
-           "\r\nDate: " + told.date;
-}
-
-std::string_view TypeWord(bool isFile) {
-    return isFile ? "File " : "Folder ";
-}
-
-std::string Placed(std::string_view path, bool isFile) {
-    std::string text = text::ParentFolder(path);
-    text.append("\r\n").append(text::FolderOwnName(path)).append("\r\n of type ");
-    return text.append(TypeWord(isFile)).append(kGap);
-}
-
-std::string Question(Session& session, std::size_t index) {
+fields::DuplicateQuestion Question(Session& session, std::size_t index) {
     const auto& tables = *session.selection;
     const auto& action = session.state.action;
-    const std::string& path = tables.strSelPath[index];
     const bool isFile = tables.blnSelIsFile[index];
-    std::string text = "Duplicate found of ";
-    text.append(TypeWord(isFile)).append(":").append(kGap);
-    text.append("'").append(tables.strSelName[index]).append("'").append(kGap);
-    text.append("Would you like to replace existing \r\n\r\n\r\n");
-    text.append(Placed(action.strDestination, action.blnDestIsFile));
-    text.append(Figures(Tell(session, action.strDestination, action.blnDestIsFile))).append(kGap);
-    text.append("with This One?").append(kGap);
-    text.append(Placed(path, isFile));
-    text.append(Figures(Tell(session, tables.strSelActualPath[index], isFile)));
-    text.append("\r\n\r\n\r\n\r\n\r\n\r\nRename rule: Add  ").append(RenameRuleText(session));
-    return text;
+    return {.question = fmt::format("Duplicate found of {} :\r\n\r\n'{}'\r\n\r\n"
+                                    "Would you like to replace existing",
+                                    isFile ? "File" : "Folder", tables.strSelName[index]),
+            .existing = AskedObject(session, action.strDestination, action.strDestination,
+                                    action.blnDestIsFile),
+            .thisOne = AskedObject(session, tables.strSelPath[index],
+                                   tables.strSelActualPath[index], isFile),
+            .rule = "Rename rule: Add  " + RenameRuleText(session)};
 }
 
 void ShowButtons(Session& session, bool sourceIsFile) {
@@ -104,7 +81,8 @@ bool Stands(std::uint8_t answer) {
 
 void Show(Session& session, std::size_t index) {
     auto& form = session.forms.frmAsk;
-    form.lblMain.Caption = Question(session, index);
+    form.parts = Question(session, index);
+    form.lblMain.Caption = fields::TextOf(form.parts);
     ShowButtons(session, session.selection->blnSelIsFile[index]);
     form.Focus = &form.cmdSkip;
     session.state.action.bytAskAnswer = session::kAskSkip;

@@ -1,4 +1,3 @@
-#include "forms/duplicate_text.h"
 #include "forms/wrapping_label.h"
 #include "session/prompt_table.h"
 #include "session/user_input.h"
@@ -18,13 +17,19 @@ namespace {
 
 constexpr QSize kSmallScreen(800, 549);
 
-const std::string kQuestion =
-    "Duplicate found of File :\r\n\r\n'b.mp3'\r\n\r\nWould you like to replace existing "
-    "\r\n\r\n\r\n"
-    "E:\\Bk\r\nb.mp3\r\n of type File \r\n\r\nSize: 1,204\r\nVersion: \r\nfor OS: \r\n"
-    "Date: 2025/06/01 12:00:00\r\n\r\nwith This One?\r\n\r\nC:\\Music\r\nb.mp3\r\n of type File "
-    "\r\n\r\nSize: 1,300\r\nVersion: \r\nfor OS: \r\nDate: 2025/06/02 12:00:00"
-    "\r\n\r\n\r\n\r\n\r\n\r\nRename rule: Add  '_' at end.";
+fields::DuplicateQuestion SomeQuestion() {
+    return {.question = "Duplicate found of File :\r\n\r\n'b.mp3'\r\n\r\n"
+                        "Would you like to replace existing",
+            .existing = {.folder = "E:\\Bk",
+                         .name = "b.mp3",
+                         .size = "1,204",
+                         .date = "2025/06/01 12:00:00"},
+            .thisOne = {.folder = "C:\\Music",
+                        .name = "b.mp3",
+                        .size = "1,300",
+                        .date = "2025/06/02 12:00:00"},
+            .rule = "Rename rule: Add  '_' at end."};
+}
 
 std::string LongPath() {
     std::string path = "C:\\home";
@@ -148,25 +153,18 @@ TEST_F(ChoiceWindowTest, HiddenAndDisabledButtonsFollowTheFields) {
 
 TEST_F(ChoiceWindowTest, BothObjectsOfADuplicateStandSideBySide) {
     auto& form = S().forms.frmAsk;
-    form.lblMain.Caption = kQuestion;
+    form.parts = SomeQuestion();
     Ask(form, [](QWidget& modal) {
         auto* existing = modal.findChild<QLabel*>("lblExisting");
         auto* thisOne = modal.findChild<QLabel*>("lblThisOne");
         EXPECT_TRUE(existing->text().startsWith("E:\\Bk\nb.mp3\n of type File"));
         EXPECT_TRUE(thisOne->text().startsWith("C:\\Music\nb.mp3\n of type File"));
         EXPECT_TRUE(thisOne->text().endsWith("Date: 2025/06/02 12:00:00"));
+        EXPECT_EQ(modal.findChild<QLabel*>("lblQuestion")->text(),
+                  "Duplicate found of File :\n\n'b.mp3'\n\nWould you like to replace existing");
         EXPECT_EQ(modal.findChild<QLabel*>("lblRule")->text(), "Rename rule: Add  '_' at end.");
         EXPECT_EQ(existing->mapTo(&modal, QPoint()).y(), thisOne->mapTo(&modal, QPoint()).y());
         EXPECT_LT(existing->mapTo(&modal, QPoint()).x(), thisOne->mapTo(&modal, QPoint()).x());
-        modal.close();
-    });
-}
-
-TEST_F(ChoiceWindowTest, AQuestionInOtherWordsIsShownAsItStands) {
-    auto& form = S().forms.frmAsk;
-    form.lblMain.Caption = "Something else, with This One?";
-    Ask(form, [](QWidget& modal) {
-        EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(), "Something else, with This One?");
         modal.close();
     });
 }
@@ -175,7 +173,7 @@ TEST_F(ChoiceWindowTest, PathsOfFiveHundredCharactersWrapOnASmallScreen) {
     auto& forms = S().forms;
     forms.frmAsk259.lblMain.Caption = LongPath();
     forms.frmOverrideDialog.lblMain.Caption = LongPath();
-    forms.frmAsk.lblMain.Caption = "Duplicate\r\n\r\n" + LongPath();
+    forms.frmAsk.parts.existing.folder = forms.frmAsk.parts.thisOne.folder = LongPath();
     for (fields::Form* form : std::initializer_list<fields::Form*>{&forms.frmAsk, &forms.frmAsk259,
                                                                    &forms.frmOverrideDialog}) {
         Ask(*form, [&](QWidget& modal) {
@@ -212,15 +210,21 @@ TEST(WrappingLabelTest, APathWithoutABlankIsBrokenWhereTheLineEnds) {
     EXPECT_GT(label.SizeFor(200).height(), 3 * line);
 }
 
-TEST(DuplicateTextTest, ANameThatQuotesTheQuestionDoesNotConfuseTheCut) {
-    const auto pieces = CutDuplicateText(
-        "'with This One?'\n\nWould you like to replace existing \n\n\nE:\\a\n\nwith This "
-        "One?\n\nC:\\Rename rule:\n\n\n\n\n\n\nRename rule: Add  '_' at end.");
-    ASSERT_TRUE(pieces);
-    EXPECT_EQ(pieces->existing, "E:\\a");
-    EXPECT_EQ(pieces->thisOne, "C:\\Rename rule:");
-    EXPECT_EQ(pieces->rule, "Rename rule: Add  '_' at end.");
-    EXPECT_FALSE(CutDuplicateText("Would you like to replace existing"));
+TEST_F(ChoiceWindowTest, NamesThatQuoteTheQuestionStandInTheirOwnPlaces) {
+    auto& form = S().forms.frmAsk;
+    form.parts = SomeQuestion();
+    form.parts.existing.name = "with This One?";
+    form.parts.thisOne.folder = "C:\\Rename rule:";
+    Ask(form, [](QWidget& modal) {
+        EXPECT_TRUE(modal.findChild<QLabel*>("lblExisting")
+                        ->text()
+                        .startsWith("E:\\Bk\nwith This One?\n of type File"));
+        EXPECT_TRUE(modal.findChild<QLabel*>("lblThisOne")
+                        ->text()
+                        .startsWith("C:\\Rename rule:\nb.mp3\n of type File"));
+        EXPECT_EQ(modal.findChild<QLabel*>("lblRule")->text(), "Rename rule: Add  '_' at end.");
+        modal.close();
+    });
 }
 
 } // namespace tarvix::forms

@@ -1,7 +1,7 @@
 #include "app/program.h"
 
 #include "actions/request/start_action.h"
-#include "search/request.h"
+#include "search/search_button.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
 #include "session/option_menu.h"

@@ -34,6 +34,15 @@ void Label::CopyValue(const Control& other) {
     Caption = As(*this, other).Caption;
 }
 
+void DateLabel::SetDate(const std::optional<text::DateTime>& date) {
+    date_ = date;
+    Caption = date ? text::FormatDate(*date, "yyyy/mm/dd hh:mm:ss") : std::string{};
+}
+
+void DateLabel::CopyValue(const Control& other) {
+    SetDate(As(*this, other).Date());
+}
+
 TextBox::TextBox(Form& form, std::string name, std::string text)
     : Control(form, std::move(name), ControlKind::kTextBox), Text(*this, std::move(text)),
       BackColor(*this, 0xFFFFFF) {}

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "fields/control.h"
+#include "text/dates.h"
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -30,6 +32,20 @@ class Label : public CaptionedControl {
 
   protected:
     void CopyValue(const Control& other) override;
+};
+
+// A moment, or none, shown as "yyyy/mm/dd hh:mm:ss"; the caption is made from it.
+class DateLabel : public Label {
+  public:
+    DateLabel(Form& form, std::string name) : Label(form, std::move(name)) {}
+    const std::optional<text::DateTime>& Date() const { return date_; }
+    void SetDate(const std::optional<text::DateTime>& date);
+
+  protected:
+    void CopyValue(const Control& other) override;
+
+  private:
+    std::optional<text::DateTime> date_;
 };
 
 // Takes any text.

@@ -3,8 +3,13 @@
 #include "fields/controls.h"
 
 #include <array>
+#include <string_view>
 
 namespace tarvix::fields {
+
+// The captions of `mnuSearch_DateType`.
+inline constexpr std::array<std::string_view, 3> kDateTypes{
+    "Date = Modified Date", "Date = Created Date", "Date = Last Accessed Date"};
 
 // The criteria, the result list's head, the counters and the status of the one main window.
 class FrmSearch : public Form {
@@ -31,10 +36,10 @@ class FrmSearch : public Form {
     TextBox txtSize2{*this, "txtSize2"};
     CheckBox chkDate{*this, "chkDate", "&Date"};
     ComboBox cboDate{*this, "cboDate", false};
-    Label lblDate1{*this, "lblDate1"};
+    DateLabel lblDate1{*this, "lblDate1"};
     Label lbldDateThru{*this, "lbldDateThru", "thru"};
-    Label lblDate2{*this, "lblDate2"};
-    Label lblDateType{*this, "lblDateType", "Date = Modified Date"};
+    DateLabel lblDate2{*this, "lblDate2"};
+    Label lblDateType{*this, "lblDateType", std::string(kDateTypes[0])};
 
     // Attributes: 0 must not have, 1 must have, 2 doesn't matter.
     CheckBox chkReadOnly{*this, "chkReadOnly", "Read Only", 0, true};
@@ -116,11 +121,11 @@ class FrmSearch : public Form {
     MenuEntry mnuToolViewAnyActionLog{*this, "mnuToolViewAnyActionLog", "View Any Action Log"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
 
-    // Which date of an object is tested and shown.
+    // Which date of an object is tested and shown: the one that is checked.
     std::array<MenuEntry, 3> mnuSearch_DateType{
-        MenuEntry{*this, "mnuSearch_DateType", "Date = Modified Date", 0},
-        MenuEntry{*this, "mnuSearch_DateType", "Date = Created Date", 1},
-        MenuEntry{*this, "mnuSearch_DateType", "Date = Last Accessed Date", 2}};
+        MenuEntry{*this, "mnuSearch_DateType", std::string(kDateTypes[0]), 0},
+        MenuEntry{*this, "mnuSearch_DateType", std::string(kDateTypes[1]), 1},
+        MenuEntry{*this, "mnuSearch_DateType", std::string(kDateTypes[2]), 2}};
 
     // Options that are at hand.
     MenuEntry mnuOptions_AllowUserSelectSubfolders{*this, "mnuOptions_AllowUserSelectSubfolders",

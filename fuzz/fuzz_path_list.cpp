@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fixture.Put("C:\\home\\ann\\l.mpl", data, size);
     const std::string paths = session::ReadPathList(session, "C:\\home\\ann\\l.mpl");
     fuzz::Require(paths.find('\n') == std::string::npos);
-    search::ParseSearchFolder(session, paths);
-    fuzz::Require(session.state.intSearchFolderCount <= session::kSearchFolderLimit);
+    const search::Locations locations = search::ParseSearchFolder(session, paths);
+    fuzz::Require(locations.folders.size() <= search::kSearchFolderLimit);
     return 0;
 }

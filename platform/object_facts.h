@@ -5,7 +5,7 @@
 
 namespace tarvix::platform {
 
-// Attribute bits of an object. Bits 64, 128 and 256 have no name of their own.
+// Attribute bits of an object.
 enum Attribute : std::uint32_t {
     kReadOnly = 1,
     kHidden = 2,
@@ -13,6 +13,8 @@ enum Attribute : std::uint32_t {
     kFolder = 16,
     kArchive = 32,
     kSpecial = 64, // devices, FIFOs, sockets: never opened
+    kBit128 = 128, // two bits that mean nothing here and can be asked for all the same
+    kBit256 = 256,
     kSparse = 512,
     kAlias = 1024, // a symbolic link; a link to a folder has kFolder too
     kCompressed = 2048,

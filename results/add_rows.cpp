@@ -1,6 +1,5 @@
 #include "results/add_rows.h"
 
-#include "results/virtual_store.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/characters.h"
@@ -12,11 +11,9 @@ namespace tarvix::results {
 namespace {
 
 // The folder record that a row refers to: the given one, or that of its copy in the store.
-const RowFolder* Located(session::Session& session, const RowFolder* folder, std::string_view name,
-                         bool isFolder) {
-    const bool look =
-        isFolder ? session.state.blnScanVirtualStore : session.state.blnScanVirtualStoreOwn;
-    if (!look) return folder;
+const RowFolder* Located(session::Session& session, const StoreScan& scan, const RowFolder* folder,
+                         std::string_view name, bool isFolder) {
+    if (isFolder ? !scan.blnScanVirtualStore : !scan.blnScanVirtualStoreOwn) return folder;
     const auto copy = FindInVirtualStore(session, JoinRowPath(*folder, name, isFolder));
     if (!copy) return folder;
     RowFolder moved{.longPath = isFolder ? *copy : text::ParentFolder(*copy),
@@ -29,26 +26,26 @@ const RowFolder* Located(session::Session& session, const RowFolder* folder, std
     return session.rows->AddFolder(std::move(moved));
 }
 
-bool NeedsDuplicateTest(const session::SessionState& state) {
-    return state.blnScanVirtualStore ||
-           (state.intSearchForIndex > 1 && !state.options.blnListDupsWhenSearchStringsNotExclusive);
+bool NeedsDuplicateTest(const session::Session& session, const RowSource& source) {
+    return source.scan.blnScanVirtualStore ||
+           (source.intSearchForIndex > 1 &&
+            !session.state.options.blnListDupsWhenSearchStringsNotExclusive);
 }
 
 // True when the object has a row already, which then took this string's index.
-bool NoteDuplicate(session::Session& session, const RowFolder& folder, std::string_view name,
-                   bool isFolder, const std::string& entry) {
-    if (!NeedsDuplicateTest(session.state)) return false;
+bool NoteDuplicate(session::Session& session, const RowSource& source, const RowFolder& folder,
+                   std::string_view name, bool isFolder) {
+    if (!NeedsDuplicateTest(session, source)) return false;
     const std::size_t row = session.rows->Find(folder.longPath, name, isFolder);
     if (row == session.rows->Count()) return false;
-    session.rows->AddSearchEntry(row, entry);
+    session.rows->AddSearchEntry(row, source.entry);
     return true;
 }
 
-void AddRow(session::Session& session, Counters& counters, const RowFolder* folder,
-            const FoundObject& object, bool isFolder) {
-    folder = Located(session, folder, object.name, isFolder);
-    const std::string entry = text::Format(session.state.intSearchForIndex, "00");
-    if (NoteDuplicate(session, *folder, object.name, isFolder, entry)) return;
+void AddRow(session::Session& session, Counters& counters, const RowSource& source,
+            const RowFolder* folder, const FoundObject& object, bool isFolder) {
+    folder = Located(session, source.scan, folder, object.name, isFolder);
+    if (NoteDuplicate(session, source, *folder, object.name, isFolder)) return;
     ResultRow row;
     row.name = object.name;
     row.folder = folder;
@@ -57,22 +54,25 @@ void AddRow(session::Session& session, Counters& counters, const RowFolder* fold
     row.attributes = object.attributes;
     row.filesInFolder = object.filesInFolder;
     row.foldersInFolder = object.foldersInFolder;
-    row.searchForIndex = static_cast<std::uint16_t>(session.state.intSearchForIndex);
+    row.searchForIndex = static_cast<std::uint16_t>(source.intSearchForIndex);
     row.isFolder = isFolder;
-    session.rows->Add(row, entry);
+    session.rows->Add(row, source.entry);
     isFolder ? counters.CountFolderFound() : counters.CountFileFound();
 }
 
 } // namespace
 
-void AddFileRow(session::Session& session, Counters& counters, const RowFolder* folder,
-                const FoundObject& object) {
-    AddRow(session, counters, folder, object, false);
+RowSource::RowSource(int index, const StoreScan& store)
+    : intSearchForIndex(index), entry(text::Format(index, "00")), scan(store) {}
+
+void AddFileRow(session::Session& session, Counters& counters, const RowSource& source,
+                const RowFolder* folder, const FoundObject& object) {
+    AddRow(session, counters, source, folder, object, false);
 }
 
-void AddFolderToListBox(session::Session& session, Counters& counters, const RowFolder* folder,
-                        const FoundObject& object) {
-    AddRow(session, counters, folder, object, true);
+void AddFolderToListBox(session::Session& session, Counters& counters, const RowSource& source,
+                        const RowFolder* folder, const FoundObject& object) {
+    AddRow(session, counters, source, folder, object, true);
 }
 
 } // namespace tarvix::results

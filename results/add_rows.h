@@ -2,6 +2,7 @@
 
 #include "results/counters.h"
 #include "results/result_list.h"
+#include "results/virtual_store.h"
 
 #include <cstdint>
 #include <string>
@@ -23,12 +24,20 @@ struct FoundObject {
     std::uint32_t foldersInFolder = 0;
 };
 
+// What the rows of one search string in one location share.
+struct RowSource {
+    RowSource(int index, const StoreScan& store);
+    int intSearchForIndex; // the string, from 1
+    std::string entry;     // the same in two digits
+    StoreScan scan;
+};
+
 // A row for a file in `folder`. An object that an earlier string found keeps its one row, whose
 // entry text gets this string's index, unless the options ask for it twice.
-void AddFileRow(session::Session& session, Counters& counters, const RowFolder* folder,
-                const FoundObject& object);
+void AddFileRow(session::Session& session, Counters& counters, const RowSource& source,
+                const RowFolder* folder, const FoundObject& object);
 // A row for the folder itself.
-void AddFolderToListBox(session::Session& session, Counters& counters, const RowFolder* folder,
-                        const FoundObject& object);
+void AddFolderToListBox(session::Session& session, Counters& counters, const RowSource& source,
+                        const RowFolder* folder, const FoundObject& object);
 
 } // namespace tarvix::results

@@ -15,7 +15,7 @@ constexpr const char* kLimitText =
 }
 
 bool Counters::IsRefreshDue() {
-    if (++sinceRefresh_ <= session_.state.lngRefreshEvery) return false;
+    if (++sinceRefresh_ <= lngRefreshEvery_) return false;
     sinceRefresh_ = 0;
     return true;
 }
@@ -83,8 +83,7 @@ void Counters::SetRefreshCounters() {
 }
 
 void Counters::SetRefreshCountersFolders(std::int64_t highFolder) {
-    session_.state.lngRefreshEvery = RefreshStep(highFolder, session_.frmSearch.chkSize.Value == 1,
-                                                 session_.frmSearch.chkDate.Value == 1);
+    lngRefreshEvery_ = RefreshStep(highFolder, sizeTest_, dateTest_);
 }
 
 } // namespace tarvix::results

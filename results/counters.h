@@ -8,11 +8,14 @@ struct Session;
 
 namespace tarvix::results {
 
-// How many objects were seen and found. The labels follow at every `lngRefreshEvery`-th object, so
-// that a large crawl doesn't spend its time on them. Every call yields.
+// How many objects were seen and found. The labels follow whenever more than `lngRefreshEvery`
+// objects were counted, 999 at first, so that a large crawl doesn't spend its time on them. Every
+// call yields.
 class Counters {
   public:
-    explicit Counters(session::Session& session) : session_(session) {}
+    // `sizeTest` and `dateTest` tell whether objects are tested by their size and date.
+    explicit Counters(session::Session& session, bool sizeTest = false, bool dateTest = false)
+        : session_(session), sizeTest_(sizeTest), dateTest_(dateTest) {}
 
     void CountFileSeen();
     void CountFolderSeen(); // counts only; the label is brought up to date at the list's end
@@ -24,6 +27,8 @@ class Counters {
     void SetRefreshCounters();
     // The same from the number of folders in the list.
     void SetRefreshCountersFolders(std::int64_t highFolder);
+    void SetRefreshEvery(std::int64_t objects) { lngRefreshEvery_ = objects; }
+    std::int64_t RefreshEvery() const { return lngRefreshEvery_; }
 
     // Brings the labels of what was seen, or found, up to their counts.
     void ShowSeen();
@@ -34,6 +39,9 @@ class Counters {
     void CheckLimit();
 
     session::Session& session_;
+    bool sizeTest_;
+    bool dateTest_;
+    std::int64_t lngRefreshEvery_ = 999;
     std::int64_t sinceRefresh_ = 0;
 };
 

@@ -9,6 +9,8 @@
 #include "text/case.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::search {
 
 namespace {
@@ -25,7 +27,7 @@ void TakeLocations(Session& session, const std::string& locations, bool append) 
     if (locations.empty()) return;
     auto& box = session.frmSearch.cmbDir;
     const std::string before = append ? box.Text.Get() : std::string{};
-    box.Text = before.empty() ? locations : before + "|" + locations;
+    box.Text = before.empty() ? locations : fmt::format("{}|{}", before, locations);
 }
 
 } // namespace

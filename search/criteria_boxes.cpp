@@ -1,13 +1,14 @@
 #include "search/criteria_boxes.h"
 
-#include "platform/clock.h"
+#include "search/search_request.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/dates.h"
 #include "text/format.h"
 #include "text/like.h"
-#include "text/numbers.h"
+
+#include <fmt/core.h>
 
 #include <array>
 #include <charconv>
@@ -19,47 +20,10 @@ namespace tarvix::search {
 
 namespace {
 
-using session::PromptId;
 using session::Session;
 
 constexpr double kHighestSize = 2147483648.0;
 constexpr fields::Color kWhite = 0xFFFFFF;
-
-bool IsBlank(std::string_view text) {
-    return text::Trim(text).empty();
-}
-
-void Refuse(Session& session, PromptId id, std::string_view message) {
-    session.MsgBox(id, message);
-    session.state.blnErrorPreparingForSearch = true;
-}
-
-constexpr std::string_view kFirstSize = "You did not enter a valid file size in the first box.";
-constexpr std::string_view kSecondSize = "You did not enter a valid file size in the second box.";
-constexpr std::string_view kDate = "You did not enter a valid date.";
-
-void ValidateSizeRange(Session& session) {
-    const std::string& first = session.frmSearch.txtSize1.Text;
-    const std::string& second = session.frmSearch.txtSize2.Text;
-    if (!text::IsNumeric(second)) return Refuse(session, PromptId::kSecondSizeInvalid, kSecondSize);
-    if (!text::IsNumeric(first)) return Refuse(session, PromptId::kFirstSizeInvalid, kFirstSize);
-    if (*text::ParseWholeNumber(first) > *text::ParseWholeNumber(second)) {
-        Refuse(session, PromptId::kSizesReversed,
-               " When searching by file size range the first box\r\n"
-               "must be less than the second box.");
-    }
-}
-
-void ValidateDateRange(Session& session) {
-    const auto first = text::ParseDate(session.frmSearch.lblDate1.Caption.Get());
-    const auto second = text::ParseDate(session.frmSearch.lblDate2.Caption.Get());
-    if (!second) return Refuse(session, PromptId::kDateInvalid, kDate);
-    if (first && *second < *first) {
-        Refuse(session, PromptId::kDatesReversed,
-               " When searching by date range the first box\r\n"
-               "must be less than the second box.");
-    }
-}
 
 // The six lines on sizes above what the boxes take.
 constexpr std::string_view kSizeTooHigh =
@@ -82,26 +46,26 @@ void LeaveSizeBox(Session& session, fields::TextBox& box) {
     box.BackColor = kWhite;
     const auto value = NumberOf(box.Text.Get());
     if (!value || *value <= kHighestSize) return;
-    session.MsgBox(PromptId::kSizeTooHigh, kSizeTooHigh);
+    session.MsgBox(session::PromptId::kSizeTooHigh, kSizeTooHigh);
     box.Text = "2147483647";
 }
 
-bool IsDateChoice(std::string_view text) {
-    return text == "Range" || text == "Since" || text == "Before";
+DateChoice ChoiceOf(const fields::ComboBox& cboDate) {
+    return static_cast<DateChoice>(cboDate.ChosenData());
 }
 
 void ShowDateLabels(Session& session) {
     auto& form = session.frmSearch;
     const bool isShown = form.chkDate.Value == 1;
-    const bool isRange = isShown && form.cboDate.Text.Get() == "Range";
+    const bool isRange = isShown && ChoiceOf(form.cboDate) == DateChoice::kRange;
     form.lblDate1.Visible = isShown;
     form.lbldDateThru.Visible = isRange;
     form.lblDate2.Visible = isRange;
 }
 
-// "yyyy/mm/dd hh:mm:ss" of a pair of pickers.
-std::string PickedDate(const fields::DatePicker& date, const fields::DatePicker& time) {
-    return date.Text.Get() + " " + time.Text.Get();
+std::optional<text::DateTime> PickedDate(const fields::DatePicker& date,
+                                         const fields::DatePicker& time) {
+    return text::ParseDate(fmt::format("{} {}", date.Text.Get(), time.Text.Get()));
 }
 
 void FillPickers(fields::DatePicker& datePicker, fields::DatePicker& timePicker,
@@ -113,37 +77,37 @@ void FillPickers(fields::DatePicker& datePicker, fields::DatePicker& timePicker,
 void OpenSelectDate(Session& session) {
     auto& form = session.frmSearch;
     auto& dialog = session.forms.frmSelectDate;
-    if (!IsDateChoice(form.cboDate.Text.Get())) return;
-    const bool isRange = form.cboDate.Text.Get() == "Range";
+    const DateChoice choice = ChoiceOf(form.cboDate);
+    if (choice == DateChoice::kNone) return;
+    const bool isRange = choice == DateChoice::kRange;
     dialog.lblMain.Caption = isRange ? "First and last date of the range" : form.cboDate.Text.Get();
     dialog.dtpEndDate.Visible = isRange;
     dialog.dtpEndTime.Visible = isRange;
     auto today = session.Now();
     today.hour = today.minute = today.second = 0;
-    FillPickers(dialog.dtpStartDate, dialog.dtpStartTime,
-                text::ParseDate(form.lblDate1.Caption.Get()).value_or(today));
+    FillPickers(dialog.dtpStartDate, dialog.dtpStartTime, form.lblDate1.Date().value_or(today));
     auto endOfDay = today;
     endOfDay.hour = 23;
     endOfDay.minute = endOfDay.second = 59;
-    FillPickers(dialog.dtpEndDate, dialog.dtpEndTime,
-                text::ParseDate(form.lblDate2.Caption.Get()).value_or(endOfDay));
-    session.ShowModal(PromptId::kSelectDate);
+    FillPickers(dialog.dtpEndDate, dialog.dtpEndTime, form.lblDate2.Date().value_or(endOfDay));
+    session.ShowModal(session::PromptId::kSelectDate);
     session.state.blnDateWindowClosing = true;
 }
 
 void frmSelectDate_OK(Session& session) {
     auto& form = session.frmSearch;
     auto& dialog = session.forms.frmSelectDate;
-    form.lblDate1.Caption = PickedDate(dialog.dtpStartDate, dialog.dtpStartTime);
+    form.lblDate1.SetDate(PickedDate(dialog.dtpStartDate, dialog.dtpStartTime));
     if (dialog.dtpEndDate.Visible) {
-        form.lblDate2.Caption = PickedDate(dialog.dtpEndDate, dialog.dtpEndTime);
+        form.lblDate2.SetDate(PickedDate(dialog.dtpEndDate, dialog.dtpEndTime));
     }
     dialog.Hide();
 }
 
 void cboSize_Change(Session& session) {
     auto& form = session.frmSearch;
-    form.txtSize2.Visible = form.chkSize.Value == 1 && form.cboSize.Text.Get() == "Range";
+    const bool isRange = form.cboSize.ChosenData() == static_cast<int>(SizeChoice::kRange);
+    form.txtSize2.Visible = form.chkSize.Value == 1 && isRange;
 }
 
 void cboDate_Change(Session& session) {
@@ -232,51 +196,24 @@ void Paint(fields::CheckBox& box) {
 void AddAttributeBoxEvents(session::EventTable& events, std::size_t which,
                            const std::string& name) {
     auto before = std::make_shared<int>(-1);
-    events.On("frmSearch." + name + "_MouseDown",
+    events.On(fmt::format("frmSearch.{}_MouseDown", name),
               [before, which](Session& session, const session::EventArgs&) {
                   *before = session.frmSearch.attributeBoxes[which]->Value;
               });
-    events.On("frmSearch." + name + "_Click",
+    events.On(fmt::format("frmSearch.{}_Click", name),
               [before, which](Session& session, const session::EventArgs&) {
                   fields::CheckBox& box = *session.frmSearch.attributeBoxes[which];
                   const int from = *before < 0 ? box.Value.Get() : std::exchange(*before, -1);
                   box.Value = (from + 1) % 3;
                   Paint(box);
               });
-    events.On("frmSearch." + name + "_Change",
+    events.On(fmt::format("frmSearch.{}_Change", name),
               [which](Session& session, const session::EventArgs&) {
                   Paint(*session.frmSearch.attributeBoxes[which]);
               });
 }
 
 } // namespace
-
-void ValidateSizeBoxes(Session& session) {
-    const auto& form = session.frmSearch;
-    if (form.chkSize.Value != 1) return;
-    const std::string& choice = form.cboSize.Text;
-    if (choice == "Range") return ValidateSizeRange(session);
-    if (choice != "At Least" && choice != "At Most") {
-        return Refuse(session, PromptId::kSizeChoiceInvalid,
-                      choice + " is not a valid selection for file size search.");
-    }
-    if (!text::IsNumeric(form.txtSize1.Text.Get()))
-        Refuse(session, PromptId::kFirstSizeInvalid, kFirstSize);
-}
-
-void ValidateDateBoxes(Session& session) {
-    const auto& form = session.frmSearch;
-    if (form.chkDate.Value != 1) return;
-    const std::string& choice = form.cboDate.Text;
-    if (choice == "Range") return ValidateDateRange(session);
-    if (!IsDateChoice(choice)) {
-        return Refuse(session, PromptId::kDateChoiceInvalid,
-                      choice + " is not a valid selection for date search.");
-    }
-    if (IsBlank(form.lblDate1.Caption.Get()) || !text::IsDate(form.lblDate1.Caption.Get())) {
-        Refuse(session, PromptId::kDateInvalid, kDate);
-    }
-}
 
 void AddCriteriaEvents(session::EventTable& events) {
     events.On("frmSearch.cboSize_Change", cboSize_Change);

@@ -1,18 +1,14 @@
 #pragma once
 
 namespace tarvix::session {
-struct EventArgs;
 class EventTable;
 struct Session;
 } // namespace tarvix::session
 
 namespace tarvix::search {
 
-// Each shows a message and sets `blnErrorPreparingForSearch` when its boxes are bad.
-void ValidateSizeBoxes(session::Session& session);
-void ValidateDateBoxes(session::Session& session);
-
-// The routines of the criteria's own events.
+// The routines of the criteria's own events: what each box shows and hides, the date window, the
+// menu of date kinds, and the steps of the three-state boxes.
 void AddCriteriaEvents(session::EventTable& events);
 
 // Colour and tip of the three-state boxes after their value.

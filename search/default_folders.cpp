@@ -12,6 +12,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
@@ -149,7 +151,7 @@ class Rows {
             std::vector<std::string> roots;
             for (const platform::DriveInfo& drive : drives) {
                 const bool isMeant = std::ranges::find(row.types, drive.type) != row.types.end();
-                if (isMeant && drive.isReady) roots.push_back(drive.path + "\\");
+                if (isMeant && drive.isReady) roots.push_back(fmt::format("{}\\", drive.path));
             }
             Add(row.title, roots);
         }
@@ -190,7 +192,7 @@ std::vector<std::string> ShownTitles(const session::Options& options) {
     for (std::size_t i = 0; i < options.strDefSearchFolder.size(); ++i) {
         const std::string& title = options.strDefSearchFolderTitle[i];
         const bool isOffered = !text::Trim(title).empty() && !options.strDefSearchFolder[i].empty();
-        if (isOffered) titles.push_back(title.starts_with(' ') ? title : " " + title);
+        if (isOffered) titles.push_back(title.starts_with(' ') ? title : fmt::format(" {}", title));
     }
     return titles;
 }
@@ -198,7 +200,8 @@ std::vector<std::string> ShownTitles(const session::Options& options) {
 std::string ListFile(const Session& session, std::string_view title) {
     std::string name(title);
     std::ranges::replace(name, '/', '-');
-    return text::JoinPath(session.state.strDataFolder, platform::NameToDrive(name) + ".mpl");
+    return text::JoinPath(session.state.strDataFolder,
+                          fmt::format("{}.mpl", platform::NameToDrive(name)));
 }
 
 std::vector<std::string> FoldersOf(Session& session, std::string_view title) {
@@ -220,21 +223,23 @@ void BuildDefaultFolderList(Session& session) {
 void WriteDefaultSearchMPL(Session& session, std::string_view title) {
     const std::string file = ListFile(session, title);
     if (session.files().Facts(file)) return;
-    const std::string action(kAction);
-    const std::string name(text::FileNameOf(file));
+    const std::string_view name = text::FileNameOf(file);
     const auto folders = FoldersOf(session, title);
     if (folders.empty()) {
-        session::LogTimed(session, " Tarvix was unable to " + action + " list: " + name +
-                                       " Folders are unavailable at this time.");
+        session::LogTimed(
+            session,
+            fmt::format(" Tarvix was unable to {} list: {} Folders are unavailable at this time.",
+                        kAction, name));
         return;
     }
-    session::LogTimed(session, " Tarvix selected to " + action + " list: " + name);
+    session::LogTimed(session, fmt::format(" Tarvix selected to {} list: {}", kAction, name));
     std::string text;
     for (const std::string& folder : folders) {
         text.append(session::PathForList(session, folder)).append("\r\n");
     }
-    const auto written = session::ReplaceTextFile(session.files(), file, text + "*EOF");
-    if (!written) session::LogTimed(session, " " + written.error().description);
+    text += "*EOF";
+    const auto written = session::ReplaceTextFile(session.files(), file, text);
+    if (!written) session::LogTimed(session, fmt::format(" {}", written.error().description));
 }
 
 std::size_t FindTitle(const Session& session, std::string_view text) {

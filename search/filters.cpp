@@ -4,38 +4,51 @@
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/tell.h"
-#include "text/numbers.h"
 
-#include <array>
+#include <fmt/core.h>
 
 namespace tarvix::search {
 
 namespace {
 
-// In the order of `attributeBoxes`.
-constexpr std::array<std::uint32_t, 10> kBoxBits{1, 2, 4, 32, 1024, 2048, 256, 512, 64, 128};
+constexpr text::DateTime kEarliest{1980, 1, 1, 0, 0, 0};
 
-double NumberIn(const fields::TextBox& box) {
-    return static_cast<double>(text::ParseWholeNumber(box.Text.Get()).value_or(0));
+platform::FileTime TimeOf(const platform::ObjectFacts& facts, DateKind kind) {
+    // The creation time decides for the access time too: a file system that keeps none of the one
+    // has nothing to say on the other.
+    if (kind == DateKind::kModified || facts.created == platform::kNoTime) return facts.modified;
+    return kind == DateKind::kCreated ? facts.created : facts.accessed;
 }
 
-text::DateTime DateIn(const fields::Label& label) {
-    return text::ParseDate(label.Caption.Get()).value_or(text::DateTime{});
+bool Passes(const SizeTest& test, double size) {
+    switch (test.choice) {
+    case SizeChoice::kNone:
+        return true;
+    case SizeChoice::kAtLeast:
+        return test.first <= size;
+    case SizeChoice::kAtMost:
+        return size <= test.first;
+    case SizeChoice::kRange:
+        return test.first <= size && size <= test.second;
+    }
+    return false;
+}
+
+bool Passes(const DateTest& test, const text::DateTime& date) {
+    switch (test.choice) {
+    case DateChoice::kNone:
+        return true;
+    case DateChoice::kSince:
+        return test.first <= date;
+    case DateChoice::kBefore:
+        return date <= test.first;
+    case DateChoice::kRange:
+        return test.first <= date && date <= test.second;
+    }
+    return false;
 }
 
 } // namespace
-
-AttributeMasks BuildSelectedAttributesVariable(const session::Session& session) {
-    AttributeMasks masks;
-    std::uint32_t grey = 0;
-    for (std::size_t i = 0; i < kBoxBits.size(); ++i) {
-        const int value = session.frmSearch.attributeBoxes[i]->Value;
-        if (value == 1) masks.intAttrRequired |= kBoxBits[i];
-        if (value == 2) grey |= kBoxBits[i];
-    }
-    masks.intAttrAllowed = masks.intAttrRequired | grey;
-    return masks;
-}
 
 bool DoesObjectMatchAttributesSelected(const AttributeMasks& masks,
                                        const platform::ObjectFacts& facts) {
@@ -43,54 +56,14 @@ bool DoesObjectMatchAttributesSelected(const AttributeMasks& masks,
     return (bits & ~masks.intAttrAllowed) == 0 && (masks.intAttrRequired & ~bits) == 0;
 }
 
-Filters::Filters(session::Session& session) : session_(session) {
-    const auto& form = session.frmSearch;
-    if (form.chkSize.Value == 1) sizeTest_ = SizeTestOf(form.cboSize.Text.Get());
-    if (form.chkDate.Value == 1) dateTest_ = DateTestOf(form.cboDate.Text.Get());
-    const std::string& kind = form.lblDateType.Caption;
-    dateKind_ = kind == "Date = Modified Date"        ? DateKind::kModified
-                : kind == "Date = Created Date"       ? DateKind::kCreated
-                : kind == "Date = Last Accessed Date" ? DateKind::kAccessed
-                                                      : DateKind::kInvalid;
-    size1_ = NumberIn(form.txtSize1);
-    size2_ = NumberIn(form.txtSize2);
-    date1_ = DateIn(form.lblDate1);
-    date2_ = DateIn(form.lblDate2);
-}
-
-Filters::SizeTest Filters::SizeTestOf(std::string_view text) {
-    if (text == "At Least") return SizeTest::kAtLeast;
-    if (text == "At Most") return SizeTest::kAtMost;
-    return text == "Range" ? SizeTest::kRange : SizeTest::kInvalid;
-}
-
-Filters::DateTest Filters::DateTestOf(std::string_view text) {
-    if (text == "Since") return DateTest::kSince;
-    if (text == "Before") return DateTest::kBefore;
-    return text == "Range" ? DateTest::kRange : DateTest::kInvalid;
-}
-
-platform::FileTime Filters::TimeOf(const platform::ObjectFacts& facts) const {
-    // The creation time decides for the access time too: a file system that keeps none of the one
-    // has nothing to say on the other.
-    if (dateKind_ == DateKind::kModified || facts.created == platform::kNoTime) {
-        return facts.modified;
-    }
-    return dateKind_ == DateKind::kCreated ? facts.created : facts.accessed;
-}
-
 bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                        std::string_view name, TestedFacts& result) {
-    if (dateKind_ == DateKind::kInvalid) {
-        session::TellUnlessAuto(session_, session::PromptId::kDateTypeInvalid,
-                                "Error in date type");
-        session::LogTimed(session_,
-                          " - this object was found to have a bad date type. The object is " +
-                              std::string(folder) + "\\" + std::string(name));
+    if (request_.dateKind == DateKind::kUnknown) {
+        RefuseDateKind(folder, name);
         return false;
     }
     result.dblObjectSize = static_cast<double>(facts.size);
-    result.datObjectDate = session_.platform.clock.ToLocal(TimeOf(facts));
+    result.datObjectDate = session_.platform.clock.ToLocal(TimeOf(facts, request_.dateKind));
     const auto& date = result.datObjectDate;
     if (!IsValidDate(date.day, date.month, date.year, session_.state.options.intLatestYear) ||
         !IsValidTime(date.hour, date.minute, date.second)) {
@@ -99,52 +72,28 @@ bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view fold
     return true;
 }
 
+void Filters::RefuseDateKind(std::string_view folder, std::string_view name) {
+    session::TellUnlessAuto(session_, session::PromptId::kDateTypeInvalid, "Error in date type");
+    session::LogTimed(
+        session_,
+        fmt::format(" - this object was found to have a bad date type. The object is {}\\{}",
+                    folder, name));
+}
+
 void Filters::ReplaceBadDate(std::string_view folder, std::string_view name, TestedFacts& result) {
-    result.datObjectDate = date1_.IsZero() ? text::DateTime{1980, 1, 1, 0, 0, 0} : date1_;
-    session::LogTimed(session_, " - this object was found to have a bad " +
-                                    session_.frmSearch.lblDateType.Caption.Get() +
-                                    ". The object is " + std::string(folder) + "\\" +
-                                    std::string(name));
-}
-
-bool Filters::PassesSize(double size) const {
-    switch (sizeTest_) {
-    case SizeTest::kNone:
-        return true;
-    case SizeTest::kAtLeast:
-        return size1_ <= size;
-    case SizeTest::kAtMost:
-        return size <= size1_;
-    case SizeTest::kRange:
-        return size1_ <= size && size <= size2_;
-    case SizeTest::kInvalid:
-        return false;
-    }
-    return false;
-}
-
-bool Filters::PassesDate(const text::DateTime& date) const {
-    switch (dateTest_) {
-    case DateTest::kNone:
-        return true;
-    case DateTest::kSince:
-        return date1_ <= date;
-    case DateTest::kBefore:
-        return date <= date1_;
-    case DateTest::kRange:
-        return date1_ <= date && date <= date2_;
-    case DateTest::kInvalid:
-        return false;
-    }
-    return false;
+    result.datObjectDate = request_.date.first.IsZero() ? kEarliest : request_.date.first;
+    session::LogTimed(session_,
+                      fmt::format(" - this object was found to have a bad {}. The object is {}\\{}",
+                                  fields::kDateTypes[static_cast<std::size_t>(request_.dateKind)],
+                                  folder, name));
 }
 
 bool Filters::CheckSizeAndDate(const TestedFacts& facts) const {
-    return PassesSize(facts.dblObjectSize) && PassesDate(facts.datObjectDate);
+    return Passes(request_.size, facts.dblObjectSize) && CheckDate(facts);
 }
 
 bool Filters::CheckDate(const TestedFacts& facts) const {
-    return PassesDate(facts.datObjectDate);
+    return Passes(request_.date, facts.datObjectDate);
 }
 
 bool IsValidDate(int day, int month, int year, int latestYear) {

@@ -1,12 +1,15 @@
 #include "search/find_family.h"
 
+#include "platform/try.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
-#include <algorithm>
+#include <fmt/core.h>
+
+#include <utility>
 
 namespace tarvix::search {
 
@@ -16,29 +19,29 @@ constexpr std::size_t kWorthReadingAhead = 1024; // files
 } // namespace
 
 FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
-                       Filters& filters, const AttributeMasks& masks)
-    : session_(session), counters_(counters), list_(list), filters_(filters), masks_(masks) {}
+                       Filters& filters, const SearchRequest& request)
+    : session_(session), counters_(counters), list_(list), filters_(filters), request_(request) {}
 
-void FindFamily::SetLocation(std::string_view folder) {
+void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
+    intFolderIndex_ = intFolderIndex;
     rowFolderIndex_ = openedIndex_ = SIZE_MAX;
     opened_.reset();
 }
 
-void FindFamily::SetString(std::string_view searchString, bool isNot) {
+void FindFamily::SetString(std::string_view searchString, results::RowSource source) {
     searchString_ = searchString;
-    isNot_ = isNot;
-    match_ = std::make_unique<NameMatch>(searchString, isNot);
+    source_ = std::move(source);
+    match_ = std::make_unique<NameMatch>(searchString, request_.isNot);
 }
 
-Outcome FindFamily::Test() const {
-    if (session_.state.blnStopClicked) return Outcome::kStopped;
-    return session_.state.blnSkipSearch ? Outcome::kSkipped : Outcome::kDone;
+WalkEnd FindFamily::Test() const {
+    return TestFlags(session_.state);
 }
 
 void FindFamily::ShowCurrent(std::size_t index) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        "Current search folder - " + list_.At(index).strFolderLong;
+        text::Concat({"Current search folder - ", list_.At(index).strFolderLong});
 }
 
 const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
@@ -49,7 +52,7 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
         folder.mixedPath = session::MixPath(folder.longPath, list_.At(index).Short());
     }
     folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
-    folder.searchFolderIndex = session_.state.intFolderIndex;
+    folder.searchFolderIndex = intFolderIndex_;
     rowFolder_ = session_.rows->AddFolder(std::move(folder));
     rowFolderIndex_ = index;
     return rowFolder_;
@@ -76,14 +79,14 @@ std::optional<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
 // Whether a file passes every test; if so it has its row.
 bool FindFamily::TryFile(std::size_t index, std::string_view name,
                          const platform::ObjectFacts& facts, Files which) {
-    if (!DoesObjectMatchAttributesSelected(masks_, facts)) return false;
+    if (!filters_.CheckAttributes(facts)) return false;
     if (which == Files::kEmpty && facts.size != 0) return false;
     TestedFacts tested;
     if (!filters_.GetFacts(facts, list_.At(index).strFolderLong, name, tested)) return false;
     const bool passes =
         which == Files::kEmpty ? filters_.CheckDate(tested) : filters_.CheckSizeAndDate(tested);
     if (!passes) return false;
-    results::AddFileRow(session_, counters_, RowFolderOf(index),
+    results::AddFileRow(session_, counters_, source_, RowFolderOf(index),
                         {.name = name,
                          .size = facts.size,
                          .date = text::ToSeconds(tested.datObjectDate),
@@ -93,18 +96,18 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
 
 bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {
     const std::string& folder = list_.At(index).Short();
-    const std::string spec = isNot_ ? "*" : searchString_;
+    const std::string_view spec = request_.isNot ? std::string_view("*") : searchString_;
     if (text::Length(folder) + 1 + text::Length(spec) <= kLongestSpec) return false;
-    session::AskLongPath(session_, folder + "\\" + spec, "", routine, "frmSearch");
+    session::AskLongPath(session_, fmt::format("{}\\{}", folder, spec), "", routine, "frmSearch");
     return true;
 }
 
-Outcome FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
+WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
                               std::string_view routine) {
     if (IsSpecTooLong(index, routine)) return Test();
     ShowCurrent(index);
     session_.Yield();
-    if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+    TX_TRY(Test());
     FindCandidates(index);
     // A walk that stops at the first match, or soon, would read too much.
     std::optional<FactsAhead> factsAhead;
@@ -123,9 +126,9 @@ Outcome FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
             if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
         }
         session_.Yield();
-        if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+        TX_TRY(Test());
     }
-    return Outcome::kDone;
+    return {};
 }
 
 void FindFamily::FindCandidates(std::size_t index) {
@@ -140,23 +143,23 @@ bool FindFamily::IsEmptyFolder(std::size_t index) {
     return list_.At(index).isWalkable && list_.HasNothing(index);
 }
 
-Outcome FindFamily::WalkFolder(std::size_t index, Folders which) {
+WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
     ShowCurrent(index);
     session_.Yield();
-    if (const Outcome outcome = Test(); outcome != Outcome::kDone) return outcome;
+    TX_TRY(Test());
     const CrawlFolder& folder = list_.At(index);
     const std::string_view name = text::FolderOwnName(folder.strFolderLong);
-    if (!match_->CheckNameMatch(name)) return Outcome::kDone;
-    if (!IsNameValid(session_, name, folder.strFolderLong, true)) return Outcome::kDone;
-    if (which == Folders::kEmpty && !IsEmptyFolder(index)) return Outcome::kDone;
+    if (!match_->CheckNameMatch(name)) return {};
+    if (!IsNameValid(session_, name, folder.strFolderLong, true)) return {};
+    if (which == Folders::kEmpty && !IsEmptyFolder(index)) return {};
     const auto facts = platform::GetFolder(session_.files(), folder.strFolderLong);
-    if (!facts || !DoesObjectMatchAttributesSelected(masks_, *facts)) return Outcome::kDone;
+    if (!facts || !filters_.CheckAttributes(*facts)) return {};
     TestedFacts tested;
     if (!filters_.GetFacts(*facts, text::ParentFolder(folder.strFolderLong), name, tested)) {
-        return Outcome::kDone;
+        return {};
     }
-    if (!filters_.CheckDate(tested)) return Outcome::kDone;
-    results::AddFolderToListBox(session_, counters_, RowFolderOf(index),
+    if (!filters_.CheckDate(tested)) return {};
+    results::AddFolderToListBox(session_, counters_, source_, RowFolderOf(index),
                                 {.name = name,
                                  .date = text::ToSeconds(tested.datObjectDate),
                                  .attributes = facts->attributes,
@@ -170,76 +173,71 @@ void FindFamily::ReadAheadFrom(std::size_t i) {
     candidates_ = std::make_unique<Candidates>(session_, list_, *match_, i);
 }
 
-Outcome FindFamily::ForEach(std::size_t& i, auto&& walk) {
+WalkEnd FindFamily::ForEach(std::size_t i, auto&& walk) {
+    WalkEnd end;
     for (; i < list_.Count(); ++i) {
-        if (const Outcome outcome = walk(i); outcome != Outcome::kDone) {
-            candidates_.reset();
-            return outcome;
-        }
+        end = walk(i);
+        if (!end) break;
     }
     candidates_.reset();
-    return Outcome::kDone;
+    return end;
 }
 
-Outcome FindFamily::WalkRoot(Files which, std::string_view routine) {
+WalkEnd FindFamily::WalkRoot(Files which, std::string_view routine) {
     if (list_.Count() == 0) list_.BuildRootOnly(location_);
-    const bool oneEach = which == Files::kAny && session_.frmSearch.chkOneEach.Value == 1;
+    const bool oneEach = which == Files::kAny && request_.oneEach;
     return WalkFiles(0, which, oneEach, routine);
 }
 
-Outcome FindFamily::FindFilesAtRoot() {
+WalkEnd FindFamily::FindFilesAtRoot() {
     return WalkRoot(Files::kAny, "FindFilesAtRoot");
 }
 
-Outcome FindFamily::FindEmptyFilesAtRoot() {
+WalkEnd FindFamily::FindEmptyFilesAtRoot() {
     return WalkRoot(Files::kEmpty, "FindEmptyFilesAtRoot");
 }
 
-Outcome FindFamily::FindFilesInSubFolders(std::size_t& i) {
-    const bool oneEach = session_.frmSearch.chkOneEach.Value == 1;
+WalkEnd FindFamily::FindFilesInSubFolders(std::size_t i) {
+    const bool oneEach = request_.oneEach;
     if (!oneEach) ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, oneEach, "FindFilesInSubFolders");
     });
 }
 
-Outcome FindFamily::FindEmptyFilesInSubFolders(std::size_t& i) {
+WalkEnd FindFamily::FindEmptyFilesInSubFolders(std::size_t i) {
     ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kEmpty, false, "FindEmptyFilesInSubFolders");
     });
 }
 
-Outcome FindFamily::FindFoldersInSubFolders(std::size_t& i) {
+WalkEnd FindFamily::FindFoldersInSubFolders(std::size_t i) {
     return ForEach(i, [&](std::size_t index) { return WalkFolder(index, Folders::kAny); });
 }
 
-Outcome FindFamily::FindFoldersInSubFoldersLikeOp(std::size_t& i) {
+WalkEnd FindFamily::FindFoldersInSubFoldersLikeOp(std::size_t i) {
     return FindFoldersInSubFolders(i);
 }
 
-Outcome FindFamily::FindEmptyFoldersInSubFolders(std::size_t& i) {
+WalkEnd FindFamily::FindEmptyFoldersInSubFolders(std::size_t i) {
     return ForEach(i, [&](std::size_t index) { return WalkFolder(index, Folders::kEmpty); });
 }
 
-Outcome FindFamily::FindEmptyFoldersInSubFoldersLikeOp(std::size_t& i) {
+WalkEnd FindFamily::FindEmptyFoldersInSubFoldersLikeOp(std::size_t i) {
     return FindEmptyFoldersInSubFolders(i);
 }
 
-Outcome FindFamily::FindFilesAndFoldersInSubFolders(std::size_t& i) {
+WalkEnd FindFamily::FindFilesAndFoldersInSubFolders(std::size_t i) {
     ReadAheadFrom(i);
-    return ForEach(i, [&](std::size_t index) {
-        const Outcome outcome = WalkFolder(index, Folders::kAny);
-        if (outcome != Outcome::kDone) return outcome;
+    return ForEach(i, [&](std::size_t index) -> WalkEnd {
+        TX_TRY(WalkFolder(index, Folders::kAny));
         return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFolders");
     });
 }
 
-Outcome FindFamily::FindFilesAndFoldersInSubFoldersLikeOp(std::size_t& i) {
-    const std::size_t start = i;
-    const Outcome outcome = FindFoldersInSubFolders(i);
-    if (outcome != Outcome::kDone) return outcome;
-    i = start;
+WalkEnd FindFamily::FindFilesAndFoldersInSubFoldersLikeOp(std::size_t i) {
+    TX_TRY(FindFoldersInSubFolders(i));
     ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFoldersLikeOp");

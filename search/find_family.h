@@ -6,6 +6,8 @@
 #include "search/filters.h"
 #include "search/folder_list.h"
 #include "search/name_checks.h"
+#include "search/search_request.h"
+#include "search/walk_end.h"
 
 #include <memory>
 #include <optional>
@@ -14,41 +16,39 @@
 
 namespace tarvix::search {
 
-// How a walk ended.
-enum class Outcome { kDone, kStopped, kSkipped };
-
 // The walks over one location's folder list for one search string. Each walk tests every object
 // and adds a row for what passes; it ends at the next object after a stop or a skip.
 class FindFamily {
   public:
+    // All must outlive this.
     FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
-               Filters& filters, const AttributeMasks& masks);
+               Filters& filters, const SearchRequest& request);
 
-    // A new location.
-    void SetLocation(std::string_view folder);
-    // A new search string of that location.
-    void SetString(std::string_view searchString, bool isNot);
+    // A new location, which is the `intFolderIndex`-th of the request, from 1.
+    void SetLocation(std::string_view folder, int intFolderIndex);
+    // A new search string of that location, and what its rows share.
+    void SetString(std::string_view searchString, results::RowSource source);
 
     // The location itself, once.
-    Outcome FindFilesAtRoot();
-    Outcome FindEmptyFilesAtRoot();
-    // The list from index `i` on; `i` is left behind the last folder walked.
-    Outcome FindFilesInSubFolders(std::size_t& i);
-    Outcome FindEmptyFilesInSubFolders(std::size_t& i);
-    Outcome FindFoldersInSubFolders(std::size_t& i);
-    Outcome FindFoldersInSubFoldersLikeOp(std::size_t& i);
-    Outcome FindEmptyFoldersInSubFolders(std::size_t& i);
-    Outcome FindEmptyFoldersInSubFoldersLikeOp(std::size_t& i);
-    Outcome FindFilesAndFoldersInSubFolders(std::size_t& i);
-    Outcome FindFilesAndFoldersInSubFoldersLikeOp(std::size_t& i);
+    WalkEnd FindFilesAtRoot();
+    WalkEnd FindEmptyFilesAtRoot();
+    // The list from index `i` on.
+    WalkEnd FindFilesInSubFolders(std::size_t i);
+    WalkEnd FindEmptyFilesInSubFolders(std::size_t i);
+    WalkEnd FindFoldersInSubFolders(std::size_t i);
+    WalkEnd FindFoldersInSubFoldersLikeOp(std::size_t i);
+    WalkEnd FindEmptyFoldersInSubFolders(std::size_t i);
+    WalkEnd FindEmptyFoldersInSubFoldersLikeOp(std::size_t i);
+    WalkEnd FindFilesAndFoldersInSubFolders(std::size_t i);
+    WalkEnd FindFilesAndFoldersInSubFoldersLikeOp(std::size_t i);
 
   private:
     enum class Files { kAny, kEmpty };
     enum class Folders { kAny, kEmpty };
 
-    Outcome WalkRoot(Files which, std::string_view routine);
-    Outcome WalkFiles(std::size_t index, Files which, bool oneEach, std::string_view routine);
-    Outcome WalkFolder(std::size_t index, Folders which);
+    WalkEnd WalkRoot(Files which, std::string_view routine);
+    WalkEnd WalkFiles(std::size_t index, Files which, bool oneEach, std::string_view routine);
+    WalkEnd WalkFolder(std::size_t index, Folders which);
     bool IsSpecTooLong(std::size_t index, std::string_view routine);
     void FindCandidates(std::size_t index);
     std::optional<platform::ObjectFacts> FactsNow(std::size_t index, std::string_view name);
@@ -56,8 +56,8 @@ class FindFamily {
                  Files which);
     void ReadAheadFrom(std::size_t i);
     bool IsEmptyFolder(std::size_t index);
-    Outcome ForEach(std::size_t& i, auto&& walk);
-    Outcome Test() const;
+    WalkEnd ForEach(std::size_t i, auto&& walk);
+    WalkEnd Test() const;
     const results::RowFolder* RowFolderOf(std::size_t index);
     platform::OpenFolder* Opened(std::size_t index);
     void ShowCurrent(std::size_t index);
@@ -66,11 +66,12 @@ class FindFamily {
     results::Counters& counters_;
     FolderList& list_;
     Filters& filters_;
-    AttributeMasks masks_;
+    const SearchRequest& request_;
     std::unique_ptr<NameMatch> match_;
     std::string searchString_;
+    results::RowSource source_{1, {}};
     std::string location_;
-    bool isNot_ = false;
+    int intFolderIndex_ = 1;
 
     // The matches of the folder in hand; `candidates_` while a walk over many folders reads ahead.
     std::unique_ptr<Candidates> candidates_;

@@ -3,10 +3,14 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "search/name_checks.h"
+#include "search/walk_end.h"
 #include "session/attempt.h"
+#include "session/paths/recycle_folders.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <optional>
 #include <utility>
@@ -25,7 +29,7 @@ void FolderList::Erase() {
 }
 
 bool FolderList::IsInterrupted() const {
-    return session_.state.blnStopClicked || session_.state.blnSkipSearch;
+    return !TestFlags(session_.state);
 }
 
 // Every level shortened at once, from the names alone: a search looks up nothing that it doesn't
@@ -37,10 +41,14 @@ std::string FolderList::ShortFormFor(const std::string& path) {
     return session::ShortFormOf(path);
 }
 
+void FolderList::ShowReading(std::string_view folder) {
+    session_.frmSearch.lblCurrentFolder.Caption =
+        text::Concat({"Building list of folders with - ", folder});
+}
+
 void FolderList::Start(std::string_view location) {
     Erase();
-    session_.frmSearch.lblCurrentFolder.Caption =
-        "Building list of folders with - " + std::string(location);
+    ShowReading(location);
     CrawlFolder root;
     root.strFolderLong = location;
     root.strFolderShort = ShortFormFor(root.strFolderLong);
@@ -64,11 +72,10 @@ void FolderList::Order(const CrawlFolder& folder) {
 void FolderList::BuildSubFoldersArray(std::string_view location) {
     readsChildren_ = true;
     Start(location);
-    const bool deep = session_.frmSearch.chkIncludeSubFolders.Value == 1;
     for (std::size_t index = 0; index < folders_.size() && !IsInterrupted(); ++index) {
-        session_.frmSearch.lblCurrentFolder.Caption =
-            "Building list of folders with - " + folders_[index].strFolderLong;
-        ReadFolder(index, deep || index == 0, deep || index == 0);
+        ShowReading(folders_[index].strFolderLong);
+        const bool addFolders = request_.subfolders || index == 0;
+        ReadFolder(index, addFolders, addFolders);
     }
     ahead_.reset();
     counters_.ShowSeen();
@@ -93,7 +100,7 @@ void FolderList::BuildRootOnly(std::string_view location) {
 void FolderList::BuildSecond() {
     for (const CrawlFolder& folder : folders_) {
         session_.frmSearch.lblCurrentFolder.Caption =
-            "Building another list of folders with - " + folder.strFolderLong;
+            text::Concat({"Building another list of folders with - ", folder.strFolderLong});
         session_.Yield();
         if (IsInterrupted()) return;
     }
@@ -164,11 +171,12 @@ bool FolderList::TakeEntry(std::size_t index, const platform::FolderEntry& entry
     const std::string& folder = folders_[index].strFolderLong;
     if (entry.name.ends_with(' ')) ReportTrailingSpaces(session_, entry.name, folder);
     if (entry.isFolder) {
-        const std::string path = folder + "\\" + std::string(entry.name);
+        const std::string path = text::Concat({folder, "\\", entry.name});
         if (IsNestedRecoveryFolder(path)) {
-            session::LogTimed(session_, " Skipped " + path +
-                                            " as nested Recovery-Mode folders are not allowed "
-                                            "(Ubuntu).");
+            session::LogTimed(
+                session_,
+                fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed (Ubuntu).",
+                            path));
             return true;
         }
     }
@@ -199,7 +207,7 @@ void FolderList::AddToFolderArray(std::size_t parent, const platform::FolderEntr
         ReportFakeFolder(session_, folder.strFolderLong);
         return;
     }
-    if (IsRecycleBinPath(session_, folder.strFolderLong)) return;
+    if (!request_.IsRecycleAllowed() && session::IsRecycleBinPath(folder.strFolderLong)) return;
     folder.strFolderShort = ShortFormFor(folder.strFolderLong);
     folder.isWalkable = entry.IsWalkable();
     if (readsChildren_) Order(folder);

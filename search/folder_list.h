@@ -3,7 +3,7 @@
 #include "platform/folder_listing.h"
 #include "platform/read_ahead.h"
 #include "results/counters.h"
-#include "results/result_list.h"
+#include "search/search_request.h"
 
 #include <cstdint>
 #include <memory>
@@ -42,10 +42,10 @@ struct CrawlFolder {
 //   it
 class FolderList {
   public:
-    enum class Depth { kAll, kOneLevel };
-
-    FolderList(session::Session& session, results::Counters& counters)
-        : session_(session), counters_(counters) {}
+    // `request` tells whether subfolders and recycle folders belong to the list. Both must outlive
+    // this.
+    FolderList(session::Session& session, results::Counters& counters, const SearchRequest& request)
+        : session_(session), counters_(counters), request_(request) {}
 
     void Erase();
     bool IsBuilt() const { return isBuilt_; }
@@ -71,6 +71,7 @@ class FolderList {
     bool HasNothing(std::size_t index);
 
   private:
+    void ShowReading(std::string_view folder);
     void Start(std::string_view location);
     void Order(const CrawlFolder& folder);
     bool HasListingOf(std::string_view folder) const;
@@ -84,6 +85,7 @@ class FolderList {
 
     session::Session& session_;
     results::Counters& counters_;
+    const SearchRequest& request_;
     std::vector<CrawlFolder> folders_;
     platform::FolderListing names_;
     platform::FolderListing scratch_;

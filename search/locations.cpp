@@ -15,20 +15,17 @@
 #include "text/like.h"
 #include "text/paths.h"
 
-#include <array>
-#include <vector>
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace tarvix::search {
 
 namespace {
 
-constexpr std::string_view kEol = "\r\n";
-const std::string kHyphens(74, '-');
-
 std::string Framed(std::string_view piece) {
-    std::string text;
-    return text.append(kEol).append(kHyphens).append(kEol).append(piece).append(kEol).append(
-        kHyphens + std::string(kEol) + std::string(kEol));
+    return fmt::format("\r\n{0:-<74}\r\n{1}\r\n{0:-<74}\r\n\r\n", "", piece);
 }
 
 // A leading blank marks a title: it is replaced by the folders it stands for.
@@ -38,7 +35,7 @@ std::string ReplaceTitle(const session::Session& session, std::string_view text)
     const std::size_t place = FindTitle(session, text.substr(0, bar));
     if (place == session::kDefaultFolderLimit) return std::string(text);
     const std::string_view folders = session.state.options.strDefSearchFolder[place];
-    return std::string(text::StripTrailingBar(folders)).append(text.substr(bar));
+    return fmt::format("{}{}", text::StripTrailingBar(folders), text.substr(bar));
 }
 
 // A folder that only stands in for ProgramData is replaced by that, with a notice.
@@ -46,87 +43,111 @@ void SubstituteFakeRoots(session::Session& session, std::string& piece) {
     for (const std::string_view fakeRoot : session::kFakeRoots) {
         auto real = session::WithoutFakeRoot(piece, fakeRoot);
         if (!real) continue;
-        const std::string shown(text::Left(piece, 2 + fakeRoot.size()));
+        const std::string_view shown = text::Left(piece, 2 + fakeRoot.size());
         session.MsgBox(session::PromptId::kLocationReplaced,
-                       shown + " is not a real folder, substituting the actual folder " + *real);
+                       fmt::format("{} is not a real folder, substituting the actual folder {}",
+                                   shown, *real));
         piece = std::move(*real);
     }
 }
 
-// Takes one piece into the table; gives what is wrong with it, or nothing.
-std::string TakeLocation(session::Session& session, std::string_view typed,
-                         session::SearchLocation& location, std::string& cleaned) {
-    std::string piece = session::RemoveEnvVarAndRestorePath(
+// One piece of the text, and what is wrong with it, or nothing.
+struct Piece {
+    SearchLocation location;
+    std::string cleaned;
+    std::string wrong;
+    bool isRecycleFolder = false;
+};
+
+Piece ParsePiece(session::Session& session, std::string_view typed) {
+    Piece piece;
+    std::string& path = piece.cleaned;
+    path = session::RemoveEnvVarAndRestorePath(
         session, ResolveNetHood(session, session.platform.paths.ToDrive(typed)));
-    const bool unexpanded = piece.find('%') != piece.npos;
-    SubstituteFakeRoots(session, piece);
-    cleaned = piece;
-    if (text::Length(piece) < 2) {
-        return "Each search folder must be at least 2 characters in length. (example C: or "
-               "C:Windows)";
+    const bool unexpanded = path.find('%') != path.npos;
+    SubstituteFakeRoots(session, path);
+    if (text::Length(path) < 2) {
+        piece.wrong = "Each search folder must be at least 2 characters in length. (example C: or "
+                      "C:Windows)";
+        return piece;
     }
-    const ResolvedObject resolved = ResolveObjectKind(session, piece);
-    if (session::IsInRecycleBin(piece)) session.state.blnRecycleAllowed = true;
+    const ResolvedObject resolved = ResolveObjectKind(session, path);
+    piece.isRecycleFolder = session::IsInRecycleBin(path);
     if (resolved.kind == ObjectKind::kFolder) {
-        location.folder = text::StripTrailingSlash(resolved.path);
-        location.folderShort = session::GetShortPathNameReturnCodes(session, location.folder).path;
-        return {};
+        auto& [folder, folderShort] = piece.location;
+        folder = text::StripTrailingSlash(resolved.path);
+        folderShort = session::GetShortPathNameReturnCodes(session, folder).path;
+    } else if (unexpanded) {
+        piece.wrong =
+            fmt::format("This appears to be an invalid environment variable(s):{}", Framed(typed));
+    } else {
+        piece.wrong =
+            fmt::format("This search folder does not exist, it is a file, or it contains "
+                        "multiple environment variables AND is over 259 characters in length:{}",
+                        Framed(typed));
     }
-    if (unexpanded) {
-        return "This appears to be an invalid environment variable(s):" + Framed(typed);
-    }
-    return "This search folder does not exist, it is a file, or it contains "
-           "multiple environment variables AND is over 259 characters in length:" +
-           Framed(typed);
+    return piece;
 }
 
-bool Contains(const std::string& shorter, const std::string& longer) {
-    return text::ContainsNoCase(longer + "\\", shorter + "\\");
+// Both end in "\". The shorter one may stand anywhere in the longer.
+bool Overlap(std::string_view a, std::string_view b) {
+    if (a.empty() || b.empty()) return false;
+    return text::Length(a) <= text::Length(b) ? text::ContainsNoCase(b, a)
+                                              : text::ContainsNoCase(a, b);
 }
 
-std::string DescribeOverlaps(const std::vector<session::SearchLocation>& locations) {
+std::string DescribeOverlaps(const std::vector<SearchLocation>& locations) {
+    std::vector<std::string> closed;
+    for (const SearchLocation& location : locations) {
+        const bool isThere = !location.folderShort.empty();
+        closed.push_back(isThere ? fmt::format("{}\\", location.folderShort) : std::string{});
+    }
     std::string told;
-    for (std::size_t i = 1; i < locations.size(); ++i) {
-        for (std::size_t j = i + 1; j < locations.size(); ++j) {
-            const std::string& a = locations[i].folderShort;
-            const std::string& b = locations[j].folderShort;
-            if (a.empty() || b.empty()) continue;
-            const bool overlap =
-                text::Length(a) <= text::Length(b) ? Contains(a, b) : Contains(b, a);
-            if (!overlap) continue;
-            told += "These search folders are NOT mutually exclusive: " +
-                    Framed(a + std::string(kEol) + b);
+    for (std::size_t i = 0; i < closed.size(); ++i) {
+        for (std::size_t j = i + 1; j < closed.size(); ++j) {
+            if (!Overlap(closed[i], closed[j])) continue;
+            told += fmt::format("These search folders are NOT mutually exclusive: {}",
+                                Framed(fmt::format("{}\r\n{}", locations[i].folderShort,
+                                                   locations[j].folderShort)));
         }
     }
     return told;
 }
 
-} // namespace
-
-void ParseSearchFolder(session::Session& session, std::string_view strFolderString) {
-    auto& state = session.state;
-    const std::string text = ReplaceTitle(session, strFolderString);
-    // A batch goes on with what was typed.
-    if (!state.blnAutoMove) session.frmSearch.cmbDir.Text = text;
+std::vector<std::string_view> PiecesOf(std::string_view text) {
     auto pieces = text::Split(text, '|');
     while (pieces.size() > 1 && pieces.back().empty()) {
         pieces.pop_back();
     }
-    state.searchFolders.assign(1, {});
+    if (pieces.size() > kSearchFolderLimit) pieces.resize(kSearchFolderLimit);
+    return pieces;
+}
+
+} // namespace
+
+Locations ParseSearchFolder(session::Session& session, std::string_view strFolderString) {
+    auto& box = session.frmSearch.cmbDir.Text;
+    const bool keepsBox = session.state.blnAutoMove;
+    const std::string text = ReplaceTitle(session, strFolderString);
+    if (!keepsBox) box = text;
+    Locations locations;
     std::string wrong;
-    std::string list;
-    for (const std::string_view piece : pieces) {
-        if (state.searchFolders.size() > session::kSearchFolderLimit) break;
-        session::SearchLocation location;
-        std::string cleaned;
-        wrong += TakeLocation(session, text::Trim(piece), location, cleaned);
-        list.append(list.empty() ? "" : "|").append(cleaned);
-        state.searchFolders.push_back(std::move(location));
+    for (const std::string_view typed : PiecesOf(text)) {
+        Piece piece = ParsePiece(session, text::Trim(typed));
+        wrong += piece.wrong;
+        if (!locations.text.empty()) locations.text += '|';
+        locations.text += piece.cleaned;
+        locations.blnRecycleAllowed |= piece.isRecycleFolder;
+        locations.folders.push_back(std::move(piece.location));
     }
-    state.intSearchFolderCount = static_cast<int>(state.searchFolders.size()) - 1;
-    wrong += DescribeOverlaps(state.searchFolders);
+    wrong += DescribeOverlaps(locations.folders);
     if (!wrong.empty()) session.MsgBox(session::PromptId::kLocationsWrong, wrong);
-    if (!state.blnAutoMove) session.frmSearch.cmbDir.Text = list;
+    if (keepsBox) {
+        locations.text = strFolderString;
+    } else {
+        box = locations.text;
+    }
+    return locations;
 }
 
 ResolvedObject ResolveObjectKind(session::Session& session, std::string_view path) {

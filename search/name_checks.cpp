@@ -1,11 +1,12 @@
 #include "search/name_checks.h"
 
 #include "session/paths/fake_roots.h"
-#include "session/paths/recycle_folders.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -40,17 +41,17 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
     if (name.find('?') == name.npos) return true;
     if (quiet) return false;
     const std::string found =
-        Lines({"A file or folder was found in " + std::string(folder) + ".",
-               "It contains " + std::to_string(text::Length(name)) + " characters in its name. ",
-               "The name is: " + std::string(name),
+        Lines({fmt::format("A file or folder was found in {}.", folder),
+               fmt::format("It contains {} characters in its name. ", text::Length(name)),
+               fmt::format("The name is: {}", name),
                "where '?' - represents non-Western Europe character encoding."});
-    session::LogTimed(session, " " + found);
+    session::LogTimed(session, fmt::format(" {}", found));
     if (session.state.options.blnAutoMode || session.state.blnForeignWarned) return false;
     auto& form = session.forms.frmForChar;
     const std::string told =
         Lines({found, "This file/folder will be not displayed or included in totals.",
                kOncePerSession, kInLog, kAutomatic});
-    form.Caption = "Routine IsNameValid - " + told;
+    form.Caption = fmt::format("Routine IsNameValid - {}", told);
     form.lblMain.Caption = told;
     session.state.blnForeignWarned = true;
     session.ShowModal(session::PromptId::kForeignName);
@@ -60,7 +61,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
 void ReportTrailingSpaces(session::Session& session, std::string_view name,
                           std::string_view folder) {
     const std::string found =
-        Lines({"Skipped: " + std::string(folder) + "\\" + std::string(name),
+        Lines({fmt::format("Skipped: {}\\{}", folder, name),
                " as it has trailing spaces in the object name. This is a very "
                "serious error. If you attempt to delete it in Explorer nothing will "
                "happen or worse Explorer will delete the object with the same name "
@@ -77,15 +78,16 @@ void ReportTrailingSpaces(session::Session& session, std::string_view name,
                                       kInLog, kAutomatic});
         session.ShowModal(session::PromptId::kTrailingSpaces);
     }
-    session::LogTimed(session, " " + found);
+    session::LogTimed(session, fmt::format(" {}", found));
     session.state.blnTrailingWarned = true;
 }
 
 void ReportFakeFolder(session::Session& session, std::string_view path) {
     auto& form = session.forms.frmAllUsers;
     form.lblMain.Caption =
-        std::string(path) + " is not a real folder. You may want to add the actual folder " +
-        std::string(text::Left(path, 2)) + "\\ProgramData to your search location list.";
+        fmt::format("{} is not a real folder. You may want to add the actual folder "
+                    "{}\\ProgramData to your search location list.",
+                    path, text::Left(path, 2));
     session.ShowModal(session::PromptId::kFakeFolder);
 }
 
@@ -94,10 +96,6 @@ bool IsFakeFolder(std::string_view path) {
     return std::ranges::any_of(session::kFakeRoots, [below](std::string_view fake) {
         return text::EqualNoCase(below, fake);
     });
-}
-
-bool IsRecycleBinPath(const session::Session& session, std::string_view path) {
-    return !session.state.blnRecycleAllowed && session::IsRecycleBinPath(path);
 }
 
 bool IsNestedRecoveryFolder(std::string_view path) {

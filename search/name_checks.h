@@ -38,9 +38,6 @@ void ReportFakeFolder(session::Session& session, std::string_view path);
 // "\USERS\ALL USERS" or its short form, at the end of a drive path.
 bool IsFakeFolder(std::string_view path);
 
-// A recycle folder that must be left out, unless the request names one.
-bool IsRecycleBinPath(const session::Session& session, std::string_view path);
-
 // A folder inside one of the same name, as some systems nest without end.
 bool IsNestedRecoveryFolder(std::string_view path);
 

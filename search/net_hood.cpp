@@ -5,6 +5,8 @@
 #include "text/case.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::search {
@@ -16,7 +18,7 @@ constexpr std::string_view kAddress = "smb://";
 constexpr std::string_view kDesktopFolder = "\\gvfs\\smb-share\xEF\x80\xBA";
 
 std::string ShareOfAddress(std::string_view address) {
-    std::string share = "\\\\" + std::string(address.substr(kAddress.size()));
+    std::string share = fmt::format("\\\\{}", address.substr(kAddress.size()));
     std::ranges::replace(share, '/', '\\');
     return share;
 }
@@ -33,11 +35,8 @@ std::string ShareOfDesktopFolder(std::string_view path, std::size_t at) {
     const std::string_view behind = path.substr(at + kDesktopFolder.size());
     const std::size_t end = std::min(behind.find('\\'), behind.size());
     const std::string_view name = behind.substr(0, end);
-    return std::string("\\\\")
-        .append(PartOf(name, "server="))
-        .append("\\")
-        .append(PartOf(name, "share="))
-        .append(behind.substr(end));
+    return fmt::format("\\\\{}\\{}{}", PartOf(name, "server="), PartOf(name, "share="),
+                       behind.substr(end));
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include "text/characters.h"
 #include "text/like.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::search {
 
 namespace {
@@ -35,15 +37,15 @@ bool IsBatchAction(std::string_view action) {
 
 } // namespace
 
-SearchStrings SplitSearchFor(std::string_view text) {
+SearchStrings ParseSearchFor(std::string_view text) {
     SearchStrings result;
     Forms forms;
     const auto pieces = text::Split(text, '|');
     result.blnRecycleAllowed = text::Like(text::Lower(pieces.back()), "*recyc*");
     for (const std::string_view piece : pieces) {
-        if (piece.empty() || result.strings.size() == session::kSearchStringLimit) continue;
+        if (piece.empty() || result.strings.size() == kSearchStringLimit) continue;
         const bool isPlain = piece.find_first_of(".*?") == piece.npos;
-        result.strings.push_back(isPlain ? "*" + std::string(piece) + "*" : std::string(piece));
+        result.strings.push_back(isPlain ? fmt::format("*{}*", piece) : std::string(piece));
         forms.Note(result.strings.back());
     }
     if (result.strings.empty()) result.strings.emplace_back("*");
@@ -51,22 +53,14 @@ SearchStrings SplitSearchFor(std::string_view text) {
     return result;
 }
 
-void ParseSearchFor(session::Session& session, std::string_view text) {
-    auto& state = session.state;
-    SearchStrings parsed = SplitSearchFor(text);
-    state.blnRecycleAllowed = state.blnRecycleAllowed || parsed.blnRecycleAllowed;
-    state.blnNotExclusive = parsed.blnNotExclusive;
-    state.strSearchFor.assign(1, "");
-    state.strSearchFor.insert(state.strSearchFor.end(), parsed.strings.begin(),
-                              parsed.strings.end());
-    if (state.blnNotExclusive && !IsBatchAction(state.strAction)) {
+void ConfirmSearchStrings(session::Session& session, const SearchStrings& strings) {
+    if (strings.blnNotExclusive && !IsBatchAction(session.state.strAction)) {
         const int answer = session.MsgBox(
             session::PromptId::kStringsOverlap,
             "Search strings may not be mutually exclusive\r\nWould you like to cancel?");
-        if (answer == session::kYes) state.blnStopClicked = true;
+        if (answer == session::kYes) session.state.blnStopClicked = true;
     }
-    state.intSearchForCount = static_cast<int>(parsed.strings.size());
-    if (state.intSearchForCount < 2) return;
+    if (strings.strings.size() < 2) return;
     auto& chkNot = session.frmSearch.chkNot;
     if (chkNot.Value == 1) {
         session.MsgBox(

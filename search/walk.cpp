@@ -1,159 +1,177 @@
 #include "search/walk.h"
 
-#include "search/request.h"
+#include "platform/try.h"
+#include "search/find_family.h"
+#include "search/folder_list.h"
 #include "session/session.h"
-#include "text/case.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
-#include <utility>
+#include <fmt/core.h>
 
 namespace tarvix::search {
 
 namespace {
-enum Kind : int { kFiles = 0, kEmptyFiles = 1, kAllObjects = 2, kFolders = 3, kEmptyFolders = 4 };
 
-bool LiesUnder(std::string_view folder, std::string_view location) {
-    return text::EqualNoCase(folder, location) ||
-           text::Upper(folder).starts_with(text::Upper(location) + "\\");
-}
-} // namespace
+constexpr std::size_t kFirst = 1; // of a list; the root is walked by itself before
 
-Walk::Walk(session::Session& session)
-    : session_(session), counters_(session), list_(session, counters_), filters_(session),
-      find_(session, counters_, list_, filters_, BuildSelectedAttributesVariable(session)),
-      kind_(session.frmSearch.optFilesVsDirs.Chosen()) {}
+class Walker {
+  public:
+    Walker(session::Session& session, const SearchRequest& request);
+    WalkEnd Run();
 
-Outcome Walk::YieldAndTest() {
+  private:
+    WalkEnd RunLocation(const SearchLocation& location, int intFolderIndex);
+    WalkEnd RunString(const std::string& searchString, int intSearchForIndex);
+    void ShowString(const std::string& searchString);
+    WalkEnd RunRoot();
+    WalkEnd RunSubFolders(bool isFirst);
+    WalkEnd FindInSubFolders();
+    WalkEnd RunOneLevel(bool isFirst);
+    WalkEnd YieldAndTest();
+
+    session::Session& session_;
+    const SearchRequest& request_;
+    results::Counters counters_;
+    FolderList list_;
+    Filters filters_;
+    FindFamily find_;
+    std::string folder_;
+    results::StoreScan scan_;
+    bool blnLikeChars_ = false; // the search string in hand holds "[" or "#"
+    bool blnListBuilt2_ = false;
+};
+
+Walker::Walker(session::Session& session, const SearchRequest& request)
+    : session_(session), request_(request),
+      counters_(session, request.size.choice != SizeChoice::kNone,
+                request.date.choice != DateChoice::kNone),
+      list_(session, counters_, request), filters_(session, request),
+      find_(session, counters_, list_, filters_, request) {}
+
+WalkEnd Walker::YieldAndTest() {
     session_.Yield();
-    if (session_.state.blnStopClicked) return Outcome::kStopped;
-    return session_.state.blnSkipSearch ? Outcome::kSkipped : Outcome::kDone;
+    return TestFlags(session_.state);
 }
 
-Outcome Walk::Run() {
-    for (int index = 1; index <= session_.state.intSearchFolderCount; ++index) {
-        const Outcome outcome = RunLocation(index);
-        if (outcome != Outcome::kDone) return outcome;
+WalkEnd Walker::Run() {
+    int index = 0;
+    for (const SearchLocation& location : request_.locations.folders) {
+        TX_TRY(RunLocation(location, ++index));
     }
     counters_.ShowSeen();
-    return Outcome::kDone;
+    return {};
 }
 
-void Walk::SetVirtualStoreFlags() {
-    auto& state = session_.state;
-    const bool isOwn = LiesUnder(state.strProgramFolder, folder_);
-    const bool isData = LiesUnder(state.strDataFolder, folder_);
-    state.blnScanVirtualStore =
-        state.intOSVersion > 6000 && state.blnDataInVirtualStore && (isOwn || isData);
-    state.blnScanVirtualStoreOwn = state.blnScanVirtualStore && isOwn;
-}
-
-Outcome Walk::RunLocation(int index) {
-    auto& state = session_.state;
-    const auto& location = state.searchFolders[static_cast<std::size_t>(index)];
-    state.intFolderIndex = index;
+WalkEnd Walker::RunLocation(const SearchLocation& location, int intFolderIndex) {
     list_.Erase();
     blnListBuilt2_ = false;
-    if (location.folder.empty()) return Outcome::kDone;
+    if (location.folder.empty()) return {};
     folder_ = text::StripTrailingSlash(location.folder);
-    find_.SetLocation(folder_);
-    SetVirtualStoreFlags();
-    for (int string = 1; string <= state.intSearchForCount; ++string) {
-        const Outcome outcome = RunString(string);
-        if (outcome != Outcome::kDone) return outcome;
+    find_.SetLocation(folder_, intFolderIndex);
+    scan_ = results::StoreScanOf(session_.state, folder_);
+    int index = 0;
+    for (const std::string& searchString : request_.strings.strings) {
+        TX_TRY(RunString(searchString, ++index));
     }
-    return Outcome::kDone;
+    return {};
 }
 
-Outcome Walk::RunString(int index) {
-    auto& state = session_.state;
+void Walker::ShowString(const std::string& searchString) {
     auto& form = session_.frmSearch;
-    const std::string& searchString = state.strSearchFor[static_cast<std::size_t>(index)];
-    const bool isNot = form.chkNot.Value == 1;
-    session::LogTimed(session_, " Start portion of search for " + std::string(KindText(kind_)) +
-                                    " with " + searchString + " in " + folder_);
-    state.intSearchForIndex = index;
-    state.strCurrentSearchFor = searchString;
+    session::LogTimed(session_, fmt::format(" Start portion of search for {} with {} in {}",
+                                            KindText(request_.kind), searchString, folder_));
     form.lblSearchFor.Caption =
-        "Current search string - " + std::string(isNot ? "Not " : "") + searchString;
-    state.blnLikeChars = searchString.find_first_of("[#") != searchString.npos;
-    form.lblCurrentFolder.Caption = "Current search folder - " + folder_;
-    find_.SetString(searchString, isNot);
-    if (const Outcome outcome = YieldAndTest(); outcome != Outcome::kDone) return outcome;
-    if (const Outcome outcome = RunRoot(); outcome != Outcome::kDone) return outcome;
-    const bool isRepeat = form.chkRepeatSearch.Value == 1;
-    form.lblStatus.Caption = isRepeat ? "Repeat searching" : "Searching";
-    if (form.chkIncludeSubFolders.Value == 1) return RunSubFolders(index == 1);
-    return form.chkSize.Value == 0 ? RunOneLevel(index == 1) : Outcome::kDone;
+        fmt::format("Current search string - {}{}", request_.isNot ? "Not " : "", searchString);
+    form.lblCurrentFolder.Caption = fmt::format("Current search folder - {}", folder_);
 }
 
-Outcome Walk::RunRoot() {
-    Outcome outcome = Outcome::kDone;
-    if (kind_ == kFiles || kind_ == kAllObjects) outcome = find_.FindFilesAtRoot();
-    if (kind_ == kEmptyFiles) outcome = find_.FindEmptyFilesAtRoot();
-    return outcome == Outcome::kDone ? YieldAndTest() : outcome;
+WalkEnd Walker::RunString(const std::string& searchString, int intSearchForIndex) {
+    ShowString(searchString);
+    blnLikeChars_ = searchString.find_first_of("[#") != searchString.npos;
+    find_.SetString(searchString, results::RowSource(intSearchForIndex, scan_));
+    TX_TRY(YieldAndTest());
+    TX_TRY(RunRoot());
+    session_.frmSearch.lblStatus.Caption = request_.isRepeat ? "Repeat searching" : "Searching";
+    const bool isFirst = intSearchForIndex == 1;
+    if (request_.subfolders) return RunSubFolders(isFirst);
+    // No folder passes a test of its size.
+    return request_.size.choice == SizeChoice::kNone ? RunOneLevel(isFirst) : WalkEnd{};
 }
 
-Outcome Walk::RunSubFolders(bool isFirst) {
-    auto& state = session_.state;
+WalkEnd Walker::RunRoot() {
+    if (request_.kind == Kind::kFiles || request_.kind == Kind::kAllObjects) {
+        TX_TRY(find_.FindFilesAtRoot());
+    } else if (request_.kind == Kind::kEmptyFiles) {
+        TX_TRY(find_.FindEmptyFilesAtRoot());
+    }
+    return YieldAndTest();
+}
+
+WalkEnd Walker::RunSubFolders(bool isFirst) {
     if (isFirst) list_.BuildSubFoldersArray(folder_);
-    if (state.blnLikeChars && !blnListBuilt2_) {
+    if (blnLikeChars_ && !blnListBuilt2_) {
         list_.BuildSecond();
         blnListBuilt2_ = true;
     }
-    if (const Outcome outcome = YieldAndTest(); outcome != Outcome::kDone) return outcome;
+    TX_TRY(YieldAndTest());
     counters_.SetRefreshCounters();
-    std::size_t i = 1;
-    switch (kind_) {
-    case kFiles:
-        return find_.FindFilesInSubFolders(i);
-    case kAllObjects:
-        return state.blnLikeChars ? find_.FindFilesAndFoldersInSubFoldersLikeOp(i)
-                                  : find_.FindFilesAndFoldersInSubFolders(i);
-    case kEmptyFolders:
-        state.lngRefreshEvery = 0;
-        return state.blnLikeChars ? find_.FindEmptyFoldersInSubFoldersLikeOp(i)
-                                  : find_.FindEmptyFoldersInSubFolders(i);
-    case kFolders:
-        counters_.SetRefreshCountersFolders(list_.HighFolder());
-        return state.blnLikeChars ? find_.FindFoldersInSubFoldersLikeOp(i)
-                                  : find_.FindFoldersInSubFolders(i);
-    default:
-        state.lngRefreshEvery = 0;
-        return find_.FindEmptyFilesInSubFolders(i);
-    }
+    return FindInSubFolders();
 }
 
-Outcome Walk::RunOneLevel(bool isFirst) {
-    auto& state = session_.state;
-    if (isFirst) {
-        const auto& columns = session_.blnListItems;
-        const bool countsShow =
-            columns[results::kFilesInFolder] || columns[results::kFoldersInFolder];
-        if (countsShow) {
-            list_.BuildSubFoldersArray(folder_);
-        } else {
-            list_.BuildSubFoldersArrayLevelOne(folder_);
-        }
+WalkEnd Walker::FindInSubFolders() {
+    switch (request_.kind) {
+    case Kind::kFiles:
+        return find_.FindFilesInSubFolders(kFirst);
+    case Kind::kAllObjects:
+        return blnLikeChars_ ? find_.FindFilesAndFoldersInSubFoldersLikeOp(kFirst)
+                             : find_.FindFilesAndFoldersInSubFolders(kFirst);
+    case Kind::kEmptyFolders:
+        counters_.SetRefreshEvery(0);
+        return blnLikeChars_ ? find_.FindEmptyFoldersInSubFoldersLikeOp(kFirst)
+                             : find_.FindEmptyFoldersInSubFolders(kFirst);
+    case Kind::kFolders:
+        counters_.SetRefreshCountersFolders(list_.HighFolder());
+        return blnLikeChars_ ? find_.FindFoldersInSubFoldersLikeOp(kFirst)
+                             : find_.FindFoldersInSubFolders(kFirst);
+    case Kind::kEmptyFiles:
+        counters_.SetRefreshEvery(0);
+        return find_.FindEmptyFilesInSubFolders(kFirst);
     }
-    if (state.blnLikeChars) {
+    return {};
+}
+
+WalkEnd Walker::RunOneLevel(bool isFirst) {
+    if (isFirst && request_.showsContents) {
+        list_.BuildSubFoldersArray(folder_);
+    } else if (isFirst) {
+        list_.BuildSubFoldersArrayLevelOne(folder_);
+    }
+    if (blnLikeChars_) {
         list_.BuildSecond();
         blnListBuilt2_ = true;
     }
     counters_.SetRefreshCounters();
-    std::size_t i = 1;
-    switch (kind_) {
-    case kFolders:
+    switch (request_.kind) {
+    case Kind::kFolders:
         counters_.SetRefreshCountersFolders(list_.HighFolder());
-        return find_.FindFoldersInSubFolders(i);
-    case kAllObjects:
-        return find_.FindFoldersInSubFolders(i);
-    case kEmptyFolders:
-        state.lngRefreshEvery = 0;
-        return find_.FindEmptyFoldersInSubFolders(i);
-    default:
-        return Outcome::kDone;
+        return find_.FindFoldersInSubFolders(kFirst);
+    case Kind::kAllObjects:
+        return find_.FindFoldersInSubFolders(kFirst);
+    case Kind::kEmptyFolders:
+        counters_.SetRefreshEvery(0);
+        return find_.FindEmptyFoldersInSubFolders(kFirst);
+    case Kind::kFiles:
+    case Kind::kEmptyFiles:
+        break;
     }
+    return {};
+}
+
+} // namespace
+
+WalkEnd Walk(session::Session& session, const SearchRequest& request) {
+    return Walker(session, request).Run();
 }
 
 } // namespace tarvix::search

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "search/find_family.h"
-#include "search/folder_list.h"
+#include "search/search_request.h"
+#include "search/walk_end.h"
 
 namespace tarvix::session {
 struct Session;
@@ -9,30 +9,9 @@ struct Session;
 
 namespace tarvix::search {
 
-// The matrix of locations by search strings: a location is finished with all strings before the
-// next one begins.
-class Walk {
-  public:
-    explicit Walk(session::Session& session);
-    Outcome Run();
-
-  private:
-    Outcome RunLocation(int index);
-    Outcome RunString(int index);
-    Outcome RunRoot();
-    Outcome RunSubFolders(bool isFirst);
-    Outcome RunOneLevel(bool isFirst);
-    void SetVirtualStoreFlags();
-    Outcome YieldAndTest();
-
-    session::Session& session_;
-    results::Counters counters_;
-    FolderList list_;
-    Filters filters_;
-    FindFamily find_;
-    std::string folder_;
-    int kind_;
-    bool blnListBuilt2_ = false;
-};
+// Walks the matrix of locations by search strings and adds a row for each object that passes: a
+// location is finished with all strings before the next one begins. Ends at the next object after a
+// stop or a skip; the rows found until then stay.
+WalkEnd Walk(session::Session& session, const SearchRequest& request);
 
 } // namespace tarvix::search

@@ -12,16 +12,7 @@
 
 namespace tarvix::session {
 
-constexpr int kSearchStringLimit = 99;
-constexpr int kSearchFolderLimit = 1000;
 constexpr std::int64_t kObjectLimit = 250'000;
-
-// One search location: the folder as people see it, and in a form that opens. Neither has a final
-// "\" except a drive's root. `folder` is empty when it doesn't exist.
-struct SearchLocation {
-    std::string folder;
-    std::string folderShort;
-};
 
 // What a batch asks of the action window, which then runs without a user.
 struct BatchRequest {
@@ -107,22 +98,6 @@ struct SessionState {
     std::string strBatchFile;
 
     // One search.
-    std::vector<std::string> strSearchFor{""}; // from index 1
-    int intSearchForCount = 0;
-    std::string strCurrentSearchFor;
-    std::vector<SearchLocation> searchFolders{{}}; // from index 1
-    int intSearchFolderCount = 0;
-    std::int64_t lngRefreshEvery = 999;
-    std::string strTargetSearch;
-    int intCriteriaMode = 0;
-    int intCriteriaCode = 0;
-    int intFolderIndex = 0;
-    int intSearchForIndex = 0;
-    bool blnLikeChars = false;
-    bool blnNotExclusive = false;
-    bool blnRecycleAllowed = false;
-    bool blnScanVirtualStore = false;
-    bool blnScanVirtualStoreOwn = false;
     bool blnErrorPreparingForSearch = false;
     bool blnStopClicked = false;
     bool blnSkipSearch = false;

@@ -163,6 +163,29 @@ TEST(CopyOfAForm, TakesOverWhatShowsAndWhatIsEnabled) {
     EXPECT_TRUE(to.cmdStop.Visible);
 }
 
+TEST(CopyOfAForm, TakesOverThePickedDates) {
+    FrmSearch from;
+    from.lblDate1.SetDate(text::DateTime{2024, 3, 9, 1, 2, 3});
+    FrmSearch to;
+    to.lblDate2.SetDate(text::DateTime{2024, 3, 9, 1, 2, 3});
+    to.CopyFrom(from);
+    EXPECT_EQ(to.lblDate1.Date(), (text::DateTime{2024, 3, 9, 1, 2, 3}));
+    EXPECT_EQ(to.lblDate1.Caption.Get(), "2024/03/09 01:02:03");
+    EXPECT_FALSE(to.lblDate2.Date());
+    EXPECT_EQ(to.lblDate2.Caption.Get(), "");
+}
+
+TEST(DateLabel, ShowsItsDate) {
+    FrmSearch form;
+    form.lblDate1.SetDate(text::DateTime{987, 1, 2, 3, 4, 5});
+    EXPECT_EQ(form.lblDate1.ValueText(), "0987/01/02 03:04:05");
+    form.TakeChanged();
+    form.lblDate1.SetDate(text::DateTime{987, 1, 2, 3, 4, 6});
+    EXPECT_THAT(NamesOf(form.TakeChanged()), ElementsAre("lblDate1"));
+    form.lblDate1.SetDate(std::nullopt);
+    EXPECT_EQ(form.lblDate1.ValueText(), "");
+}
+
 TEST(CopyOfAForm, TakesOverDates) {
     FrmSelectDate from;
     from.dtpStartDate.Text = "2020/02/29";

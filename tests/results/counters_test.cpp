@@ -33,7 +33,7 @@ class CounterLabels : public ProgramFixture {
 TEST_F(CounterLabels, FollowWhenTheRepaintCounterPassesTheStep) {
     Start();
     results::Counters counters(S());
-    State().lngRefreshEvery = 2;
+    counters.SetRefreshEvery(2);
     counters.CountFileFound();
     counters.CountFileFound();
     EXPECT_EQ(Found(), "0");
@@ -46,7 +46,7 @@ TEST_F(CounterLabels, FollowWhenTheRepaintCounterPassesTheStep) {
 TEST_F(CounterLabels, FollowEachObjectWithAStepOfZero) {
     Start();
     results::Counters counters(S());
-    State().lngRefreshEvery = 0;
+    counters.SetRefreshEvery(0);
     counters.CountFileSeen();
     EXPECT_EQ(Seen(), "1");
     counters.CountFolderFound();
@@ -56,7 +56,7 @@ TEST_F(CounterLabels, FollowEachObjectWithAStepOfZero) {
 TEST_F(CounterLabels, SeenIsNeverLowerThanFound) {
     Start();
     results::Counters counters(S());
-    State().lngRefreshEvery = 0;
+    counters.SetRefreshEvery(0);
     counters.CountFileFound();
     counters.CountFileFound();
     EXPECT_EQ(Seen(), "2");
@@ -77,12 +77,12 @@ TEST_F(CounterLabels, StepsComeFromFilesSeenOrFromFolders) {
     results::Counters counters(S());
     State().lngSeenFiles = 5000;
     counters.SetRefreshCounters();
-    EXPECT_EQ(State().lngRefreshEvery, 9);
+    EXPECT_EQ(counters.RefreshEvery(), 9);
     counters.SetRefreshCountersFolders(10'000);
-    EXPECT_EQ(State().lngRefreshEvery, 99);
-    Click(Form().chkSize);
-    counters.SetRefreshCounters();
-    EXPECT_EQ(State().lngRefreshEvery, 0);
+    EXPECT_EQ(counters.RefreshEvery(), 99);
+    results::Counters sizeTested(S(), true);
+    sizeTested.SetRefreshCounters();
+    EXPECT_EQ(sizeTested.RefreshEvery(), 0);
 }
 
 } // namespace

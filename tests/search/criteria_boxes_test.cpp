@@ -113,7 +113,7 @@ TEST_F(CriteriaBoxes, DateShowsAndHidesItsBoxesAndForgetsTheKindOfDate) {
     EXPECT_EQ(Form().chkDate.ForeColor.Get(), 255U);
     EXPECT_TRUE(Form().cboDate.Visible);
     EXPECT_FALSE(Form().lblDate2.Visible);
-    Form().lblDateType.Caption = "Date = Created Date";
+    Click(Form().mnuSearch_DateType[1]);
     Click(Form().chkDate);
     EXPECT_FALSE(Form().cboDate.Visible);
     EXPECT_EQ(Form().lblDateType.Caption.Get(), "Date = Modified Date");
@@ -156,7 +156,7 @@ TEST_F(CriteriaBoxes, LeavingTheDateChoiceAsksAgainButNotRightAfterTheWindow) {
 TEST_F(CriteriaBoxes, ACancelledDateWindowLeavesTheDate) {
     Start();
     Click(Form().chkDate);
-    Form().lblDate1.Caption = "2025/01/01 00:00:00";
+    Form().lblDate1.SetDate(text::DateTime{2025, 1, 1, 0, 0, 0});
     prompts.Queue("cmdCancel");
     Set(Form().cboDate, "Before");
     EXPECT_EQ(Form().lblDate1.Caption.Get(), "2025/01/01 00:00:00");

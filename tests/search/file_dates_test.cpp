@@ -16,7 +16,10 @@ class Dates : public ProgramFixture {
         file.modified = machine.clock.FromLocal(modified);
         return file;
     }
-    void UseKind(std::string_view kind) { Form().lblDateType.Caption = std::string(kind); }
+    void UseKind(int kind) {
+        session::EventArgs args{kind};
+        S().events.Raise(S(), "frmSearch.mnuSearch_DateType_Click", args);
+    }
     std::string DateCell() { return Cells(results::kDate).at(0); }
 };
 
@@ -50,7 +53,7 @@ TEST_F(Dates, ABadDateTakesTheFirstDateBoxSoThatSinceDoesNotDropIt) {
     Start();
     Click(Form().chkDate);
     Form().cboDate.Text = "Since";
-    Form().lblDate1.Caption = "2025/02/03 04:05:06";
+    Form().lblDate1.SetDate(text::DateTime{2025, 2, 3, 4, 5, 6});
     Search("*", "C:\\t");
     EXPECT_EQ(DateCell(), "2025/02/03 04:05:06");
 }
@@ -80,9 +83,8 @@ TEST_F(Dates, EachKindOfDateIsReadFromItsOwnTime) {
     file.accessed = machine.clock.FromLocal({2025, 3, 3, 0, 0, 0});
     Start();
     for (const auto& [kind, date] :
-         {std::pair{"Date = Modified Date", "2025/01/01 00:00:00"},
-          std::pair{"Date = Created Date", "2025/02/02 00:00:00"},
-          std::pair{"Date = Last Accessed Date", "2025/03/03 00:00:00"}}) {
+         {std::pair{0, "2025/01/01 00:00:00"}, std::pair{1, "2025/02/02 00:00:00"},
+          std::pair{2, "2025/03/03 00:00:00"}}) {
         UseKind(kind);
         Search("*", "C:\\t");
         EXPECT_EQ(DateCell(), date) << kind;
@@ -94,7 +96,7 @@ TEST_F(Dates, WithoutACreationTimeTheWriteTimeStandsForAllKinds) {
     file.created = platform::kNoTime;
     file.accessed = machine.clock.FromLocal({2025, 3, 3, 0, 0, 0});
     Start();
-    for (const char* kind : {"Date = Created Date", "Date = Last Accessed Date"}) {
+    for (const int kind : {1, 2}) {
         UseKind(kind);
         Search("*", "C:\\t");
         EXPECT_EQ(DateCell(), "2025/01/01 00:00:00") << kind;
@@ -104,7 +106,7 @@ TEST_F(Dates, WithoutACreationTimeTheWriteTimeStandsForAllKinds) {
 TEST_F(Dates, AnUnknownKindIsToldLoggedAndDropsEachObject) {
     FileOf({2025, 1, 1, 0, 0, 0});
     Start();
-    UseKind("Date = Birthday");
+    UseKind(3);
     Search("*", "C:\\t");
     EXPECT_THAT(Names(), IsEmpty());
     EXPECT_THAT(Told(), ElementsAre("Error in date type"));

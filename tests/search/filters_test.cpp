@@ -31,7 +31,7 @@ class Attributes : public ProgramFixture {
     }
     bool Passes(std::uint32_t attributes) {
         return search::DoesObjectMatchAttributesSelected(
-            search::BuildSelectedAttributesVariable(S()), {.attributes = attributes});
+            search::BuildSelectedAttributesVariable(Form()), {.attributes = attributes});
     }
 };
 
@@ -40,11 +40,11 @@ TEST_F(Attributes, EachBoxStandsForItsBit) {
     for (const BoxBit& entry : kBoxes) {
         SetAll("0");
         Set(Form().*entry.box, "1");
-        auto masks = search::BuildSelectedAttributesVariable(S());
+        auto masks = search::BuildSelectedAttributesVariable(Form());
         EXPECT_EQ(masks.intAttrRequired, entry.bit);
         EXPECT_EQ(masks.intAttrAllowed, entry.bit);
         Set(Form().*entry.box, "2");
-        masks = search::BuildSelectedAttributesVariable(S());
+        masks = search::BuildSelectedAttributesVariable(Form());
         EXPECT_EQ(masks.intAttrRequired, 0U);
         EXPECT_EQ(masks.intAttrAllowed, entry.bit);
     }
@@ -118,11 +118,21 @@ class SizeAndDate : public ProgramFixture {
         Form().txtSize1.Text = "20";
         Form().txtSize2.Text = "30";
     }
+    // 1 for a size test, 2 for a date test.
+    int Mode() {
+        const auto request = search::ReadSearchRequest(S()).value();
+        return (request.size.choice != search::SizeChoice::kNone ? 1 : 0) +
+               (request.date.choice != search::DateChoice::kNone ? 2 : 0);
+    }
+    int Code() {
+        const auto request = search::ReadSearchRequest(S()).value();
+        return static_cast<int>(request.size.choice) + static_cast<int>(request.date.choice);
+    }
     void UseDate(std::string_view choice) {
         if (Form().chkDate.Value == 0) Click(Form().chkDate);
         Form().cboDate.Text = std::string(choice);
-        Form().lblDate1.Caption = "2025/01/02 12:00:00";
-        Form().lblDate2.Caption = "2025/01/03 12:00:00";
+        Form().lblDate1.SetDate(text::DateTime{2025, 1, 2, 12, 0, 0});
+        Form().lblDate2.SetDate(text::DateTime{2025, 1, 3, 12, 0, 0});
     }
 };
 
@@ -176,8 +186,8 @@ TEST_F(SizeAndDate, AllNineCombinationsHaveTheirCodeAndBothTests) {
         UseSize(c.size);
         UseDate(c.date);
         Search("*", "C:\\t");
-        EXPECT_EQ(State().intCriteriaMode, 3);
-        EXPECT_EQ(State().intCriteriaCode, c.code) << c.size << " " << c.date;
+        EXPECT_EQ(Mode(), 3);
+        EXPECT_EQ(Code(), c.code) << c.size << " " << c.date;
         EXPECT_EQ(Names(), c.found) << c.size << " " << c.date;
     }
 }
@@ -185,15 +195,14 @@ TEST_F(SizeAndDate, AllNineCombinationsHaveTheirCodeAndBothTests) {
 TEST_F(SizeAndDate, TheCriteriaModeTellsWhichTestsRun) {
     Start();
     Search("*", "C:\\t");
-    EXPECT_EQ(State().intCriteriaMode, 0);
+    EXPECT_EQ(Mode(), 0);
     UseSize("At Least");
     Click(Form().cmdSearch);
-    EXPECT_EQ(State().intCriteriaMode, 1);
+    EXPECT_EQ(Mode(), 1);
     UseDate("Since");
     Click(Form().chkSize);
     Click(Form().cmdSearch);
-    EXPECT_EQ(State().intCriteriaMode, 2);
-    EXPECT_EQ(State().intCriteriaCode, 0);
+    EXPECT_EQ(Mode(), 2);
 }
 
 TEST_F(SizeAndDate, TrueSizesAreComparedWhateverTheirValue) {

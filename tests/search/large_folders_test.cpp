@@ -125,7 +125,7 @@ TEST_F(LargeFolders, AFilterByDateTakesTheRightFiles) {
     Start();
     Click(Form().chkDate);
     Form().cboDate.Text = std::string("Since");
-    Form().lblDate1.Caption = "2025/12/01 00:00:00";
+    Form().lblDate1.SetDate(text::DateTime{2025, 12, 1, 0, 0, 0});
     Search("*", "C:\\t");
     ExpectRows(Numbers(11, 3000, 12));
 }

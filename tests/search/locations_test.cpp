@@ -29,29 +29,31 @@ class Locations : public ProgramFixture {
     }
     void ParseIn(std::string_view text) {
         Start();
-        search::ParseSearchFolder(S(), text);
+        Parse(text);
     }
+    void Parse(std::string_view text) { parsed = search::ParseSearchFolder(S(), text); }
     std::vector<std::string> Folders() {
         std::vector<std::string> folders;
-        for (std::size_t i = 1; i < State().searchFolders.size(); ++i) {
-            folders.push_back(State().searchFolders[i].folder);
+        for (const search::SearchLocation& location : parsed.folders) {
+            folders.push_back(location.folder);
         }
         return folders;
     }
+    search::Locations parsed;
 };
 
 TEST_F(Locations, EachPieceIsTrimmedAndSpelledAsTheDiskDoes) {
     ParseIn("c:\\A|  C:\\a\\SUB  ");
     EXPECT_THAT(Folders(), ElementsAre("C:\\a", "C:\\a\\Sub"));
-    EXPECT_EQ(State().intSearchFolderCount, 2);
+    EXPECT_EQ(parsed.folders.size(), 2U);
 }
 
 TEST_F(Locations, AFinalSlashAndABareDriveAreTaken) {
     ParseIn("C:\\a\\");
     EXPECT_THAT(Folders(), ElementsAre("C:\\a"));
-    search::ParseSearchFolder(S(), "C:");
+    Parse("C:");
     EXPECT_THAT(Folders(), ElementsAre("C:"));
-    search::ParseSearchFolder(S(), "C:\\");
+    Parse("C:\\");
     EXPECT_THAT(Folders(), ElementsAre("C:"));
     EXPECT_TRUE(Told().empty());
 }
@@ -104,9 +106,10 @@ TEST_F(Locations, ABatchKeepsTheBoxAsItWasTyped) {
     Start();
     Form().cmbDir.Text = "%UserProfile%\\Music|C:\\a";
     State().blnAutoMove = true;
-    search::ParseSearchFolder(S(), Form().cmbDir.Text.Get());
+    Parse(Form().cmbDir.Text.Get());
     EXPECT_THAT(Folders(), ElementsAre("C:\\home\\ann\\Music", "C:\\a"));
     EXPECT_EQ(Form().cmbDir.Text.Get(), "%UserProfile%\\Music|C:\\a");
+    EXPECT_EQ(parsed.text, "%UserProfile%\\Music|C:\\a");
 }
 
 TEST_F(Locations, AnEmptyPieceInTheMiddleIsRefused) {
@@ -180,7 +183,7 @@ TEST_F(Locations, ATitleStandsForItsFoldersAndTheRestIsKept) {
     Start();
     State().options.strDefSearchFolderTitle[3] = " My two folders ";
     State().options.strDefSearchFolder[3] = "C:\\a|C:\\b|";
-    search::ParseSearchFolder(S(), " My two folders|C:\\home");
+    Parse(" My two folders|C:\\home");
     EXPECT_THAT(Folders(), ElementsAre("C:\\a", "C:\\b", "C:\\home"));
     EXPECT_EQ(Form().cmbDir.Text.Get(), "C:\\a|C:\\b|C:\\home");
 }
@@ -219,7 +222,7 @@ TEST_F(Locations, AtMostAThousandAreTaken) {
         text += folder + "|";
     }
     ParseIn(text.substr(0, text.size() - 1));
-    EXPECT_EQ(State().intSearchFolderCount, 1000);
+    EXPECT_EQ(parsed.folders.size(), 1000U);
 }
 
 TEST_F(Locations, ClearingEmptiesTheBox) {
@@ -278,7 +281,8 @@ TEST_F(RecycleFolders, AreCrawledWhenALocationIsOne) {
     WithSubfolders();
     Search("gone.*", "C:\\$recycle.bin");
     EXPECT_THAT(Paths(), ElementsAre("C:\\$Recycle.Bin\\gone.txt"));
-    EXPECT_TRUE(State().blnRecycleAllowed);
+    EXPECT_TRUE(search::ParseSearchFolder(S(), "C:\\$recycle.bin").blnRecycleAllowed);
+    EXPECT_FALSE(search::ParseSearchFolder(S(), "C:").blnRecycleAllowed);
     Search("gone.*", "C:");
     EXPECT_EQ(program.Rows().Count(), 0U) << "each search asks anew";
 }

@@ -20,8 +20,8 @@ class Refusals : public ProgramFixture {
         Start();
         Click(Form().chkDate);
         Form().cboDate.Text = std::string(choice);
-        Form().lblDate1.Caption = std::string(first);
-        Form().lblDate2.Caption = std::string(second);
+        Form().lblDate1.SetDate(text::ParseDate(first));
+        Form().lblDate2.SetDate(text::ParseDate(second));
         Search("*", "C:\\t");
     }
     void ExpectRefused(std::string_view message) {

@@ -1,3 +1,4 @@
+#include "search/follow_up.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -114,6 +115,21 @@ TEST_F(RepeatDeletion, AFolderFilledBetweenSearchAndDeletionIsKept) {
     Answer({"Yes", "Yes"});
     Search("*", "C:\\t");
     EXPECT_TRUE(Disk().Exists("C:\\t\\x\\new.txt"));
+    EXPECT_EQ(Told().back(), kDone);
+}
+
+TEST_F(RepeatDeletion, GoesByTheCountNotByWhatALabelReads) {
+    StartForEmptyFolders();
+    State().blnRepeatDeleteEmpty = true;
+    State().lngFoldersFound = 1;
+    Form().lblNumOfDirsFound.Caption = "0";
+    search::RunFollowUp(S(), {});
+    EXPECT_EQ(deletions, 1);
+    State().blnRepeatDeleteEmpty = true;
+    State().lngFoldersFound = 0;
+    Form().lblNumOfDirsFound.Caption = "1";
+    EXPECT_EQ(search::RunFollowUp(S(), {}), search::Next::kEnd);
+    EXPECT_EQ(deletions, 1);
     EXPECT_EQ(Told().back(), kDone);
 }
 

@@ -1,4 +1,4 @@
-#include "search/request.h"
+#include "search/search_button.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>

@@ -6,44 +6,44 @@
 namespace tarvix::testing {
 namespace {
 
-using search::SplitSearchFor;
+using search::ParseSearchFor;
 using ::testing::ElementsAre;
 
 std::vector<std::string> Strings(std::string_view text) {
-    return SplitSearchFor(text).strings;
+    return ParseSearchFor(text).strings;
 }
 
 bool MayOverlap(std::string_view text) {
-    return SplitSearchFor(text).blnNotExclusive;
+    return ParseSearchFor(text).blnNotExclusive;
 }
 
-TEST(SplitSearchFor, AnEmptyTextSearchesEverything) {
+TEST(ParseSearchFor, AnEmptyTextSearchesEverything) {
     EXPECT_THAT(Strings(""), ElementsAre("*"));
 }
 
-TEST(SplitSearchFor, BarsAloneSearchEverything) {
+TEST(ParseSearchFor, BarsAloneSearchEverything) {
     EXPECT_THAT(Strings("||"), ElementsAre("*"));
 }
 
-TEST(SplitSearchFor, APlainWordIsWrappedInStars) {
+TEST(ParseSearchFor, APlainWordIsWrappedInStars) {
     EXPECT_THAT(Strings("mp3"), ElementsAre("*mp3*"));
 }
 
-TEST(SplitSearchFor, AWordWithADotAStarOrAQuestionMarkStaysAsTyped) {
+TEST(ParseSearchFor, AWordWithADotAStarOrAQuestionMarkStaysAsTyped) {
     EXPECT_THAT(Strings(".mp3|a*b|a?c"), ElementsAre(".mp3", "a*b", "a?c"));
 }
 
-TEST(SplitSearchFor, BracketsAndNumberSignsDoNotKeepAWordFromBeingWrapped) {
+TEST(ParseSearchFor, BracketsAndNumberSignsDoNotKeepAWordFromBeingWrapped) {
     EXPECT_THAT(Strings("[live]|#1"), ElementsAre("*[live]*", "*#1*"));
 }
 
-TEST(SplitSearchFor, ATrailingBarAndADoubleBarLoseTheEmptyPiece) {
+TEST(ParseSearchFor, ATrailingBarAndADoubleBarLoseTheEmptyPiece) {
     EXPECT_THAT(Strings("*.a|*.b|"), ElementsAre("*.a", "*.b"));
     EXPECT_THAT(Strings("*.a||*.b"), ElementsAre("*.a", "*.b"));
     EXPECT_THAT(Strings("|*.a"), ElementsAre("*.a"));
 }
 
-TEST(SplitSearchFor, AtMostNinetyNineStringsAreTaken) {
+TEST(ParseSearchFor, AtMostNinetyNineStringsAreTaken) {
     std::string text;
     for (int i = 0; i < 120; ++i) {
         text += "*." + std::to_string(i) + "|";
@@ -53,22 +53,22 @@ TEST(SplitSearchFor, AtMostNinetyNineStringsAreTaken) {
     EXPECT_EQ(strings.back(), "*.98");
 }
 
-TEST(SplitSearchFor, TwoPlainWordsMayOverlap) {
+TEST(ParseSearchFor, TwoPlainWordsMayOverlap) {
     EXPECT_TRUE(MayOverlap("red|blue"));
 }
 
-TEST(SplitSearchFor, TwoExtensionsWithALeadingStarDoNot) {
+TEST(ParseSearchFor, TwoExtensionsWithALeadingStarDoNot) {
     EXPECT_FALSE(MayOverlap("*.mp3|*.flac"));
 }
 
-TEST(SplitSearchFor, FormsThatMayOverlap) {
+TEST(ParseSearchFor, FormsThatMayOverlap) {
     EXPECT_TRUE(MayOverlap("red|*.mp3")) << "both ends and ends-with";
     EXPECT_TRUE(MayOverlap("red|a.*")) << "both ends and begins-with";
     EXPECT_TRUE(MayOverlap("a.*|*.mp3")) << "begins-with and ends-with";
     EXPECT_TRUE(MayOverlap("*a.b*|blue")) << "typed stars at both ends count as wrapped";
 }
 
-TEST(SplitSearchFor, FormsThatMayNot) {
+TEST(ParseSearchFor, FormsThatMayNot) {
     EXPECT_FALSE(MayOverlap("red"));
     EXPECT_FALSE(MayOverlap("a.*|b.*"));
     EXPECT_FALSE(MayOverlap("a.txt|b.txt"));
@@ -76,9 +76,9 @@ TEST(SplitSearchFor, FormsThatMayNot) {
     EXPECT_FALSE(MayOverlap("a*b|*.mp3")) << "a star inside is no form of its own";
 }
 
-TEST(SplitSearchFor, OnlyTheLastPieceCanNameARecycleFolder) {
-    EXPECT_TRUE(SplitSearchFor("*.txt|$ReCyCle.bin").blnRecycleAllowed);
-    EXPECT_FALSE(SplitSearchFor("recycler|*.txt").blnRecycleAllowed);
+TEST(ParseSearchFor, OnlyTheLastPieceCanNameARecycleFolder) {
+    EXPECT_TRUE(ParseSearchFor("*.txt|$ReCyCle.bin").blnRecycleAllowed);
+    EXPECT_FALSE(ParseSearchFor("recycler|*.txt").blnRecycleAllowed);
 }
 
 class SearchStrings : public ProgramFixture {
@@ -118,15 +118,15 @@ TEST_F(SearchStrings, TwoExtensionsDoNotAsk) {
 }
 
 TEST_F(SearchStrings, ABatchIsNotAsked) {
+    Start();
     for (const char* action :
          {"Automated Playlist Gen", "Automated Move", "Automated Playlist Gen Full"}) {
-        app::Program batch(machine.platform, prompts);
-        batch.Start("");
-        batch.Session().state.strAction = action;
-        search::ParseSearchFor(batch.Session(), "red|blue");
+        State().strAction = action;
+        Search("red|blue", "C:\\t");
         EXPECT_TRUE(prompts.Records().empty()) << action;
-        EXPECT_TRUE(batch.Session().state.blnNotExclusive);
+        EXPECT_THAT(Names(), ElementsAre("red apple.txt", "blue.txt")) << action;
     }
+    EXPECT_TRUE(MayOverlap("red|blue"));
 }
 
 TEST_F(SearchStrings, SeveralStringsSwitchNotOffAndSaySo) {

@@ -1,3 +1,4 @@
+#include "results/virtual_store.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -20,14 +21,17 @@ class VirtualStoreRows : public ProgramFixture {
         Disk().AddFile(std::string(kStore) + "\\opt\\tarvix\\sub\\other.txt", "copy");
         Disk().AddFile(std::string(kStore) + "\\opt\\tarvix\\TXFSSearchHistoryFile.txt");
     }
+    results::StoreScan Scan(std::string_view location) {
+        return results::StoreScanOf(State(), location);
+    }
 };
 
 TEST_F(VirtualStoreRows, ShowTheCopyOfAnObjectOfTheProgramsFolder) {
     Start();
     WithSubfolders();
     Search("*.txt", "C:\\opt");
-    EXPECT_TRUE(State().blnScanVirtualStore);
-    EXPECT_TRUE(State().blnScanVirtualStoreOwn);
+    EXPECT_TRUE(Scan("C:\\opt").blnScanVirtualStore);
+    EXPECT_TRUE(Scan("C:\\opt").blnScanVirtualStoreOwn);
     EXPECT_THAT(Paths(), ElementsAre(std::string(kStore) + "\\opt\\tarvix\\own.txt",
                                      "C:\\opt\\tarvix\\sub\\plain.txt"));
 }
@@ -52,7 +56,7 @@ TEST_F(VirtualStoreRows, OtherLocationsAreLeftAlone) {
     Start();
     WithSubfolders();
     Search("*.txt", "C:\\t");
-    EXPECT_FALSE(State().blnScanVirtualStore);
+    EXPECT_FALSE(Scan("C:\\t").blnScanVirtualStore);
     EXPECT_THAT(Paths(), ElementsAre("C:\\t\\a.txt"));
 }
 
@@ -60,8 +64,8 @@ TEST_F(VirtualStoreRows, ALocationWithTheDataFolderAloneReplacesNothing) {
     Start();
     WithSubfolders();
     Search("own.*", "C:\\home");
-    EXPECT_TRUE(State().blnScanVirtualStore);
-    EXPECT_FALSE(State().blnScanVirtualStoreOwn);
+    EXPECT_TRUE(Scan("C:\\home").blnScanVirtualStore);
+    EXPECT_FALSE(Scan("C:\\home").blnScanVirtualStoreOwn);
     EXPECT_THAT(Paths(), ElementsAre(std::string(kStore) + "\\opt\\tarvix\\own.txt"));
 }
 
@@ -70,7 +74,7 @@ TEST_F(VirtualStoreRows, AnOlderSystemKnowsNoStore) {
     State().intOSVersion = 6000;
     WithSubfolders();
     Search("own.*", "C:\\opt");
-    EXPECT_FALSE(State().blnScanVirtualStore);
+    EXPECT_FALSE(Scan("C:\\opt").blnScanVirtualStore);
     EXPECT_THAT(Paths(), ElementsAre("C:\\opt\\tarvix\\own.txt"));
 }
 
@@ -79,7 +83,7 @@ TEST_F(VirtualStoreRows, AreNotLookedForWhenTheDataLiesBesideTheProgram) {
     Start();
     WithSubfolders();
     Search("own.*", "C:\\opt");
-    EXPECT_FALSE(State().blnScanVirtualStore);
+    EXPECT_FALSE(Scan("C:\\opt").blnScanVirtualStore);
     EXPECT_THAT(Paths(), ElementsAre("C:\\opt\\tarvix\\own.txt"));
 }
 

@@ -1,0 +1,162 @@
+#include "search/search_button.h"
+
+#include "platform/try.h"
+#include "results/selection.h"
+#include "results/sorting.h"
+#include "search/browse.h"
+#include "search/criteria_boxes.h"
+#include "search/default_folders.h"
+#include "search/follow_up.h"
+#include "search/search_form.h"
+#include "search/walk.h"
+#include "session/lifecycle_events.h"
+#include "session/remembered/histories.h"
+#include "session/search_lock.h"
+#include "session/session.h"
+#include "text/paths.h"
+
+#include <fmt/core.h>
+
+#include <expected>
+#include <string>
+#include <utility>
+
+namespace tarvix::search {
+
+namespace {
+
+using session::Session;
+
+// A standing entry begins with two blanks.
+void DropLeadingBlanks(fields::ComboBox& cmbSearchFor) {
+    std::string text = cmbSearchFor.Text;
+    while (text.starts_with("  ")) {
+        text.erase(0, 2);
+    }
+    cmbSearchFor.Text = std::move(text);
+}
+
+void DropOuterBars(fields::ComboBox& cmbDir) {
+    cmbDir.Text = std::string(text::StripLeadingBar(text::StripTrailingBar(cmbDir.Text.Get())));
+}
+
+// The request that the boxes make; bad boxes are told and stop the search.
+std::expected<SearchRequest, Interruption> ReadBoxes(Session& session) {
+    auto request = ReadSearchRequest(session);
+    session.state.blnErrorPreparingForSearch = !request;
+    if (!request) {
+        for (const Refusal& refusal : request.error()) {
+            session.MsgBox(refusal.id, refusal.text);
+        }
+        return std::unexpected(Interruption::kStopped);
+    }
+    TX_TRY(TestFlags(session.state));
+    return std::move(*request);
+}
+
+// Looks for the locations and lets the user call a doubtful request off.
+WalkEnd FindLocations(Session& session, SearchRequest& request) {
+    session.frmSearch.cmbDir.Text = request.searchIn;
+    request.locations = ParseSearchFolder(session, request.searchIn);
+    ConfirmSearchStrings(session, request.strings);
+    return TestFlags(session.state);
+}
+
+// Everything up to the walk. An interruption ends the search before it began.
+std::expected<SearchRequest, Interruption> Prepare(Session& session) {
+    auto& form = session.frmSearch;
+    DropLeadingBlanks(form.cmbSearchFor);
+    AskRepeatDelete(session);
+    DropOuterBars(form.cmbDir);
+    ClearForSearch(session);
+    TX_TRY_ASSIGN(SearchRequest request, ReadBoxes(session));
+    ShowSearching(session, request);
+    results::BuildFileArray(session);
+    session.Yield();
+    TX_TRY(TestFlags(session.state));
+    TX_TRY(FindLocations(session, request));
+    session::UpdateFolderHistory(session);
+    session::UpdateSearchHistory(session);
+    return request;
+}
+
+void LogRequest(Session& session, const SearchRequest& request) {
+    session::LogTimed(session, fmt::format(" User selected to search for {}{} with '{}' in {}",
+                                           KindText(request.kind),
+                                           request.subfolders ? " and search subfolders" : "",
+                                           request.searchFor, request.locations.text));
+}
+
+WalkEnd WalkLogged(Session& session, const SearchRequest& request) {
+    LogRequest(session, request);
+    return Walk(session, request);
+}
+
+// One search from its boxes to what comes next.
+Next SearchOnce(Session& session) {
+    session.state.blnSearching = true;
+    const auto request = Prepare(session);
+    const WalkEnd end = request ? WalkLogged(session, *request) : std::unexpected(request.error());
+    session.state.blnSearching = false;
+    ShowEnd(session, end);
+    if (request) {
+        CommonEnd(session, *request);
+        results::ArrangeFoundRows(session);
+    }
+    return RunFollowUp(session, end);
+}
+
+void GiveFocusBack(fields::FrmSearch& form) {
+    form.Focus = form.cmdSearch.Enabled ? static_cast<fields::Control*>(&form.cmbSearchFor)
+                                        : static_cast<fields::Control*>(&form.chkRepeatSearch);
+}
+
+} // namespace
+
+void cmdSearch_Click(Session& session) {
+    if (session.state.blnSearching) return;
+    Next next = Next::kSearchAgain;
+    while (next == Next::kSearchAgain) {
+        next = SearchOnce(session);
+    }
+    if (next == Next::kEnd) return;
+    session.Yield();
+    GiveFocusBack(session.frmSearch);
+}
+
+void cmdStop_Click(Session& session) {
+    if (session.state.blnRecycling) {
+        session.state.blnStopAction = true;
+        return;
+    }
+    session.state.blnStopClicked = true;
+    results::BuildFileArray(session);
+    session::LogTimed(session, " User selected to stop search.");
+    session::UnlockAfterSearch(session);
+    session.frmSearch.Focus = &session.frmSearch.cmbSearchFor;
+}
+
+void cmdNext_Click(Session& session) {
+    session.state.blnSkipSearch = true;
+    session::LogTimed(session, " User selected to skip to next automated search.");
+}
+
+void AddSearchEvents(session::EventTable& events) {
+    events.On("frmSearch.cmdSearch_Click", cmdSearch_Click);
+    events.On("frmSearch.cmdStop_Click", cmdStop_Click);
+    events.On("frmSearch.cmdNext_Click", cmdNext_Click);
+    for (const std::string form : {"frmForChar", "frmTrailingSp", "frmAllUsers"}) {
+        events.On(fmt::format("{}.cmdOK_Click", form),
+                  [form](Session& session, const session::EventArgs&) {
+                      session.forms.Find(form)->Hide();
+                  });
+    }
+    events.On(std::string(lifecycle::kBrowseNormally),
+              [](Session& session, const session::EventArgs&) { ChooseBrowseMode(session, 0); });
+    events.On(std::string(lifecycle::kPaintAttributeBoxes), PaintAttributeBoxes);
+    events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
+    AddCriteriaEvents(events);
+    AddBrowseEvents(events);
+}
+
+} // namespace tarvix::search

@@ -17,8 +17,6 @@ namespace {
 
 using fields::ControlKind;
 
-constexpr char kFormMark[] = "form";
-
 bool NeedsRoutine(ControlKind kind) {
     return kind == ControlKind::kCommandButton || kind == ControlKind::kMenuEntry;
 }
@@ -31,30 +29,14 @@ bool IsRealLeave(const QFocusEvent& event) {
 
 } // namespace
 
-void MarkAsForm(QWidget& panel) {
-    panel.setProperty(kFormMark, true);
-}
-
 Binder::Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root)
     : session_(session), gate_(gate), form_(form), root_(root) {
-    Bind();
-}
-
-void Binder::Bind() {
     for (fields::Control* control : form_.Controls()) {
         for (QObject* object : root_.findChildren<QObject*>(ToQt(control->Name()))) {
-            if (!IsOfForm(*object)) continue;
             if (bound_.emplace(object, control).second) BindObject(*control, *object);
         }
     }
     ShowAll();
-}
-
-bool Binder::IsOfForm(const QObject& object) const {
-    for (const QObject* at = object.parent(); at != nullptr && at != &root_; at = at->parent()) {
-        if (at->property(kFormMark).toBool()) return false;
-    }
-    return true;
 }
 
 void Binder::BindObject(fields::Control& control, QObject& object) {
@@ -91,6 +73,12 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
 
 Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, [this, &control] { Click(control); });
+    if (auto* box = qobject_cast<QCheckBox*>(&button)) {
+        return ShowerOf(static_cast<fields::CheckBox&>(control), *box);
+    }
+    if (auto* choice = qobject_cast<QRadioButton*>(&button)) {
+        return ShowerOf(static_cast<fields::OptionButton&>(control), *choice);
+    }
     return ShowerOf(control, button);
 }
 

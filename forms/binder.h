@@ -21,14 +21,12 @@ struct Session;
 namespace tarvix::forms {
 
 // Joins the fields of one form to the widgets and actions below `root` that bear their names: shows
-// the fields, and hands on what the user does. It decides nothing. What lies below a panel of
-// another form is left to that form's binder.
+// the fields, and hands on what the user does. It decides nothing.
 class Binder : public QObject {
   public:
+    // Joins the fields to what lies below the root and shows them. All must live as long.
     Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root);
 
-    // Joins what was added below the root since the last call.
-    void Bind();
     // Shows the fields that changed.
     void Flush();
     // Shows all of them, changed or not.
@@ -47,7 +45,6 @@ class Binder : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    bool IsOfForm(const QObject& object) const;
     void BindObject(fields::Control& control, QObject& object);
     Shower BindButton(fields::Control& control, QAbstractButton& button);
     Shower BindCombo(fields::ComboBox& field, QComboBox& box);
@@ -68,8 +65,5 @@ class Binder : public QObject {
     std::unordered_map<const QObject*, fields::Control*> bound_;
     std::map<fields::Control*, QString> pending_; // texts entered while a routine ran
 };
-
-// Says that the widgets below the panel belong to a form of their own.
-void MarkAsForm(QWidget& panel);
 
 } // namespace tarvix::forms

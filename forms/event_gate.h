@@ -23,6 +23,7 @@ class View {
 // prompt opens a level of its own, whose controls act until it closes.
 class EventGate {
   public:
+    // The views that are shown what changed. A view must be removed before it goes.
     void Add(View& view);
     void Remove(View& view);
 
@@ -34,8 +35,9 @@ class EventGate {
     // No routine runs and no prompt is open.
     bool IsIdle() const { return running_.size() == 1 && !IsBusy(); }
 
+    // Shows what changed in every view.
     void Flush();
-    // Shows what changed and lets waiting window events run.
+    // The same, and lets waiting window events run.
     void Pump();
 
     // A modal level, for as long as it lives.

@@ -52,18 +52,6 @@ void ShowComboText(const fields::ComboBox& field, QComboBox& box) {
     }
 }
 
-void ShowMark(const fields::Control& control, QAbstractButton& button) {
-    if (control.Kind() == fields::ControlKind::kCheckBox) {
-        const auto& field = static_cast<const fields::CheckBox&>(control);
-        auto& box = static_cast<QCheckBox&>(button);
-        box.setTristate(field.IsTriState());
-        box.setCheckState(StateOf(field.Value));
-    } else if (control.Kind() == fields::ControlKind::kOptionButton) {
-        const auto& field = static_cast<const fields::OptionButton&>(control);
-        if (field.Value) button.setChecked(true);
-    }
-}
-
 } // namespace
 
 Shower ShowerOf(const fields::Control& control, QLabel& label) {
@@ -74,9 +62,21 @@ Shower ShowerOf(const fields::Control& control, QLabel& label) {
 }
 
 Shower ShowerOf(const fields::Control& control, QAbstractButton& button) {
-    return [&control, &button] {
-        button.setText(ToQt(control.CaptionText()));
-        ShowMark(control, button);
+    return [&control, &button] { button.setText(ToQt(control.CaptionText())); };
+}
+
+Shower ShowerOf(const fields::CheckBox& field, QCheckBox& box) {
+    return [&field, &box] {
+        box.setText(ToQt(field.Caption.Get()));
+        box.setTristate(field.IsTriState());
+        box.setCheckState(StateOf(field.Value));
+    };
+}
+
+Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button) {
+    return [&field, &button] {
+        button.setText(ToQt(field.Caption.Get()));
+        if (field.Value) button.setChecked(true);
     };
 }
 

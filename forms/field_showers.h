@@ -5,11 +5,13 @@
 #include <functional>
 
 class QAbstractButton;
+class QCheckBox;
 class QComboBox;
 class QDateTimeEdit;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
+class QRadioButton;
 class QWidget;
 
 namespace tarvix::forms {
@@ -23,6 +25,8 @@ using Shower = std::function<void()>;
 // caption, a counter with thousands separators; a box that can't hold the text is left as it is.
 Shower ShowerOf(const fields::Control& control, QLabel& label);
 Shower ShowerOf(const fields::Control& control, QAbstractButton& button);
+Shower ShowerOf(const fields::CheckBox& field, QCheckBox& box);
+Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button);
 Shower ShowerOf(const fields::ComboBox& field, QComboBox& box);
 Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit);
 Shower ShowerOf(const fields::ListBox& field, FieldListBox& list);

@@ -12,12 +12,11 @@ class FittingArea : public QScrollArea {
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    // The height that shows all in this width.
-    int HeightFor(int width) const;
     // How much higher it must be to show all; below 0 when it is higher than that.
     int MissingHeight() const;
 
   private:
+    int HeightFor(int width) const; // that shows all
     int least_;
 };
 

@@ -73,16 +73,12 @@ QChar MnemonicOf(const QString& caption) {
     return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
 }
 
+// Whether a button of the window answers to the letter of the control's caption.
 bool HasMnemonic(const fields::Control& control, const Binder& binder) {
-    switch (control.Kind()) {
-    case fields::ControlKind::kCheckBox:
-    case fields::ControlKind::kOptionButton:
-        return true;
-    case fields::ControlKind::kCommandButton:
-        return binder.HasRoutine(control);
-    default:
-        return false;
-    }
+    using fields::ControlKind;
+    const ControlKind kind = control.Kind();
+    const bool isBox = kind == ControlKind::kCheckBox || kind == ControlKind::kOptionButton;
+    return isBox || (kind == ControlKind::kCommandButton && binder.HasRoutine(control));
 }
 
 } // namespace

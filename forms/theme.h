@@ -14,8 +14,10 @@ namespace tarvix::forms {
 // the palette's own text colour.
 QColor Tint(fields::Color color, const QPalette& palette);
 
+// Whether texts are lighter than what they stand on.
 bool IsDark(const QPalette& palette);
 
+// The palette of the dark shade, for every state of a widget.
 QPalette DarkPalette();
 
 // "light" or "dark" for the whole program; with anything else it follows the desktop.

@@ -29,17 +29,19 @@ std::string ButtonNames(int style) {
     return names;
 }
 
-bool IsButtonWithCaption(const fields::Control& control, std::string_view caption) {
-    if (control.Kind() != fields::ControlKind::kCommandButton || !control.Visible) return false;
-    const auto& button = static_cast<const fields::CommandButton&>(control);
-    return text::EqualNoCase(text::Replace(button.Caption.Get(), "&", ""),
+bool IsButton(const fields::Control& control) {
+    return control.Kind() == fields::ControlKind::kCommandButton && control.Visible;
+}
+
+bool HasCaption(const fields::Control& control, std::string_view caption) {
+    return text::EqualNoCase(text::Replace(control.CaptionText(), "&", ""),
                              text::Replace(caption, "&", ""));
 }
 
 fields::Control* FindNamedOrCaptioned(const fields::Form& form, std::string_view answer) {
     if (fields::Control* named = form.Find(answer)) return named;
     for (fields::Control* control : form.Controls()) {
-        if (IsButtonWithCaption(*control, answer)) return control;
+        if (IsButton(*control) && HasCaption(*control, answer)) return control;
     }
     return nullptr;
 }
@@ -47,7 +49,7 @@ fields::Control* FindNamedOrCaptioned(const fields::Form& form, std::string_view
 std::string ButtonsOn(const fields::Form& form) {
     std::string names;
     for (const fields::Control* control : form.Controls()) {
-        if (control->Kind() != fields::ControlKind::kCommandButton || !control->Visible) continue;
+        if (!IsButton(*control)) continue;
         names.append(names.empty() ? "" : ", ").append(control->Name());
     }
     return names;

@@ -5,7 +5,6 @@
 #include "session/session.h"
 #include "session/user_input.h"
 
-#include <array>
 #include <utility>
 
 namespace tarvix::session {
@@ -39,11 +38,8 @@ void UnattendedPrompts::ShowModal(Session& session, fields::Form& form, const Pr
 }
 
 std::string CloseUnattended(Session& session, fields::Form& form) {
-    constexpr std::array<std::string_view, 4> kWaysOut{"cmdCancel", "CancelButton", "cmdOK",
-                                                       "OKButton"};
-    for (const std::string_view name : kWaysOut) {
-        fields::Control* button = form.Find(name);
-        if (!button || !UserClick(session, *button)) continue;
+    for (fields::Control* button : form.WaysOut()) {
+        if (!UserClick(session, *button)) continue;
         form.Hide();
         return button->Name();
     }

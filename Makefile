@@ -36,10 +36,11 @@ test: build
 	@tools/check-layers
 	@tools/check-prompts
 	@ctest --test-dir build -j $(JOBS) --output-on-failure
+	@tools/test-as-user build
 
 nightly: build
 	@TARVIX_NIGHTLY=1 ctest --test-dir build -j $(JOBS) --timeout 3600 --output-on-failure \
-		-R 'Promise|Foretold|KillTest'
+		-R 'Promise|Foretold|KillTest|Sweep'
 
 sanitize: setup
 	@cmake --preset asan >/dev/null

@@ -1,5 +1,7 @@
 #include "tests/endtoend/cli_process.h"
 
+#include "tests/endtoend/program_path.h"
+
 #include <array>
 #include <cstdlib>
 #include <fcntl.h>
@@ -51,7 +53,7 @@ Outcome CliProcess::Run(const std::vector<std::string>& arguments, std::string_v
     const fs::path streams = root_ / ".streams";
     fs::create_directory(streams);
     std::ofstream(streams / "in", std::ios::binary) << in;
-    std::vector<std::string> words{TARVIX_CLI, "--data-folder", DataFolder().string(), "--now",
+    std::vector<std::string> words{ProgramPath(), "--data-folder", DataFolder().string(), "--now",
                                    "2025-11-15 19:54:52"};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const pid_t child = fork();

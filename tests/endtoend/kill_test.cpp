@@ -1,4 +1,5 @@
 #include "tests/endtoend/cli_process.h"
+#include "tests/endtoend/program_path.h"
 
 #include <algorithm>
 #include <array>
@@ -82,7 +83,8 @@ class KillTest : public CliProcess {
             for (const int stream : {0, 1, 2}) {
                 ::dup2(nothing, stream);
             }
-            ::execl(TARVIX_CLI, TARVIX_CLI, "--data-folder", data.c_str(), "run",
+            const std::string program = ProgramPath();
+            ::execl(program.c_str(), program.c_str(), "--data-folder", data.c_str(), "run",
                     (Root() / "script").c_str(), nullptr);
             ::_exit(127);
         }

@@ -1,3 +1,4 @@
+#include "tests/endtoend/program_path.h"
 #include "tests/endtoend/trees.h"
 
 #include <gmock/gmock.h>
@@ -71,9 +72,9 @@ TEST_F(RefusalsTest, HelpAndVersionAreResults) {
 
 TEST_F(RefusalsTest, ResultsThatCannotBeWrittenGiveOne) {
     MakeBasic();
-    const std::string command =
-        std::string(TARVIX_CLI) + " --data-folder " + DataFolder().string() + " search '*' --in " +
-        (Root() / "basic").string() + " > /dev/full 2> " + (Root() / "err").string();
+    const std::string command = ProgramPath() + " --data-folder " + DataFolder().string() +
+                                " search '*' --in " + (Root() / "basic").string() +
+                                " > /dev/full 2> " + (Root() / "err").string();
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_THAT(ReadAll(Root() / "err"), HasSubstr("could not be written"));
 }

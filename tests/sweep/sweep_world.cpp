@@ -1,5 +1,7 @@
 #include "tests/sweep/sweep_world.h"
 
+#include "tests/endtoend/program_path.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -113,7 +115,8 @@ std::string SweepWorld::Filled(std::string words) const {
 std::vector<std::string> SweepWorld::WordsOf(const std::string& command) const {
     ::setenv("XDG_DATA_HOME", (root_ / "home").c_str(), 1);
     ::unsetenv("TARVIX_DATA_FOLDER");
-    std::vector<std::string> words{TARVIX_CLI, "--data-folder", (root_ / "data").string()};
+    std::vector<std::string> words{endtoend::ProgramPath(), "--data-folder",
+                                   (root_ / "data").string()};
     std::istringstream stream(Filled(command));
     for (std::string word; stream >> word;) {
         words.push_back(std::move(word));

@@ -119,6 +119,7 @@ int main(int argc, char** argv) {
     Do(session::UserClick(session, form.cmdSearch));
     fmt::print("{} rows listed in {:.3f} s; peak memory {:.0f} MB over the empty program\n",
                program.Rows().Count(), search.Seconds(), Megabytes("VmHWM") - empty);
+    results::RemoveSpacers(program.Rows());
     bench::DemandSameWork("list", program.Rows().Count(), std::strtoull(argv[3], nullptr, 10));
     const Watch select;
     Do(session::UserClick(session, form.cmdSelectAll));

@@ -1,4 +1,5 @@
 #include "actions/request/preview.h"
+#include "actions/request/read_request.h"
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
@@ -152,7 +153,7 @@ class ActionRun {
         } else if (request_.dryRun) {
             code_ = PrintPreview(host_, session, request_.json);
         } else {
-            if (request_.way == kToLists) copies_ = session.state.action.intMultiCount;
+            copies_ = actions::ReadRequest(session).Places();
             auto clicked = session::UserClick(session, form.OKButton);
             if (!clicked) Complain(host_, clicked.error());
         }

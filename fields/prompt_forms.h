@@ -3,6 +3,8 @@
 #include "fields/controls.h"
 #include "fields/duplicate_question.h"
 
+#include <cstdint>
+
 namespace tarvix::fields {
 
 // A modal notice: a text and one button that hides it.
@@ -56,6 +58,7 @@ class FrmSelectDate : public Form {
 class FrmAsk : public Form {
   public:
     FrmAsk() : Form("frmAsk") { Caption = "Skip, Replace or  Rename Duplicates?"; }
+    std::uint8_t Answer = 0; // of the button that was pressed last
     Label lblMain{*this, "lblMain"};
     CommandButton cmdSkip{*this, "cmdSkip", "&Skip this duplicate only."};
     CommandButton cmdOverwrite{*this, "cmdOverwrite", "&OverWrite this duplicate only."};
@@ -98,6 +101,7 @@ class OverrideForm : public Form {
     OverrideForm(std::string name, std::string title) : Form(std::move(name)) {
         Caption = std::move(title);
     }
+    std::uint8_t Answer = 0; // of the button that was pressed last
     Label lblMain{*this, "lblMain"};
     CommandButton cmdNo{*this, "cmdNo", "&No"};
     CommandButton cmdYes{*this, "cmdYes", "&Yes"};

@@ -58,15 +58,20 @@ std::string ValueOf(Session& session, ErrorValue value, const ErrorContext& cont
     return {};
 }
 
-bool Asks(const Session& session, const ErrorRule& rule, std::string_view routine) {
-    const auto& options = session.state.options;
+bool IsQuiet(const Session& session, const ErrorContext& context) {
+    return session.state.options.blnAutoMode && !context.asksAlways;
+}
+
+bool Asks(const Session& session, const ErrorRule& rule, const ErrorContext& context) {
+    const bool isQuiet = IsQuiet(session, context);
     switch (rule.asks) {
     case ErrorPrompt::kNever:
         return false;
     case ErrorPrompt::kUnlessAuto:
-        return !options.blnAutoMode;
+        return !isQuiet;
     case ErrorPrompt::kUnlessSkipped:
-        return (!options.blnAutoMode && !options.blnSkipNTFS) || routine == "ParseSearchFolder";
+        return (!isQuiet && !session.state.options.blnSkipNTFS) ||
+               context.routine == "ParseSearchFolder";
     }
     return false;
 }
@@ -84,7 +89,7 @@ void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& cont
         state.strMessage.append(line.text).append(ValueOf(session, line.value, context));
         state.strMessage.append(line.end);
     }
-    if (Asks(session, rule, context.routine)) {
+    if (Asks(session, rule, context)) {
         state.strTitle = FactsOf(rule.prompt).title;
         state.intStyle = FactsOf(rule.prompt).style;
         state.intAnswer = session.MsgBox(rule.prompt, state.strMessage);
@@ -114,13 +119,13 @@ void ApplyBadNameInModule(Session& session, std::string_view routine) {
 }
 
 // The records of this run would be gone at the next start.
-void KeepErrorLog(Session& session) {
+void KeepErrorLog(Session& session, const ErrorContext& context) {
     auto& state = session.state;
     const std::string& log = state.strErrorLogFile;
     if (!session.errorLog.IsOpen() || log.size() < 3) return;
     const std::string copy = log.substr(0, log.size() - 3) + "_unexpected_error_" +
                              text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss") + ".log";
-    if (session.files().CopyFile(log, copy, true, {}) || state.options.blnAutoMode) return;
+    if (session.files().CopyFile(log, copy, true, {}) || IsQuiet(session, context)) return;
     session.MsgBox(PromptId::kErrorLogNotKept, "error happened in HandleError****");
     state.strMessage.clear();
 }
@@ -177,7 +182,7 @@ void HandleError(Session& session, const ErrorContext& context) {
         ApplyInputPastEnd(session, context);
     }
     ReportError(session, error, context, state.intRecovery, state.strMessage);
-    if (isUnexpected) KeepErrorLog(session);
+    if (isUnexpected) KeepErrorLog(session, context);
     state.strTitle.clear();
     state.strMessage.clear();
     state.intStyle = 0;
@@ -210,7 +215,7 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
         message += context.routine == "StartApp" ? "OK returns you to the Windows Desktop."
                                                  : "OK returns you to the active from.";
     }
-    TellUnlessAuto(session, PromptId::kUnexpectedError, message);
+    if (!IsQuiet(session, context)) session.MsgBox(PromptId::kUnexpectedError, message);
 }
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,

@@ -32,6 +32,7 @@ struct ErrorContext {
     std::string_view searchOrDestination;
     ObjectType objectType = ObjectType::kNoType;
     std::string_view sentence = "has not proceeded as expected.";
+    bool asksAlways = false; // in automatic mode, too
 };
 
 // One record to the error log; none for error 52 while `blnSkipNTFS` is on.

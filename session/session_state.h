@@ -1,6 +1,5 @@
 #pragma once
 
-#include "session/action_state.h"
 #include "session/settings/options.h"
 #include "session/settings/platform_settings.h"
 #include "text/dates.h"
@@ -13,6 +12,15 @@
 namespace tarvix::session {
 
 constexpr std::int64_t kObjectLimit = 250'000;
+
+// The standing decision on long paths: the buttons of frmAsk259, by answer.
+enum PathChoice : std::uint8_t {
+    kPathSkip = 0,
+    kPathContinue = 1,
+    kPathSkipAll = 3,
+    kPathContinueAll = 4,
+    kPathCancel = 6,
+};
 
 // What a batch asks of the action window, which then runs without a user.
 struct BatchRequest {
@@ -77,10 +85,14 @@ struct SessionState {
     bool blnRedoNow = false;
     bool blnRepeatRequested = false;
     bool blnActionCancelled = false;
-    bool blnRecycling = false;  // only the stop button acts meanwhile
-    bool blnStopAction = false; // takes effect at the next object
-    ActionState action;
+    bool blnRecycling = false;     // only the stop button acts meanwhile
+    bool blnStopAction = false;    // takes effect at the next object
+    bool blnErrorOccurred = false; // an object of the action failed in a way that was recorded
     ActionTotals lastAction;
+    // What the report of a Special Rule names; they stay until another takes their place.
+    std::string strSearchSetText;
+    std::string strFailedPosition;
+    std::string strLastFailedSearch;
     bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
 
@@ -124,6 +136,7 @@ struct SessionState {
     // The whole run.
     bool blnForeignWarned = false;
     bool blnTrailingWarned = false;
+    bool blnSystemHiddenWarned = false;
 };
 
 } // namespace tarvix::session

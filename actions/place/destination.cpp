@@ -1,11 +1,9 @@
 #include "actions/place/destination.h"
 
-#include "actions/place/special_rule.h"
-#include "results/selection.h"
-#include "session/attempt.h"
-#include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -13,10 +11,6 @@
 namespace tarvix::actions {
 
 namespace {
-
-using session::Session;
-
-enum Way { kOneLocation, kMultipleLocations, kUpFolderTree, kSpecialRule };
 
 // How a new path is put together, by structure: what it starts with, and what follows.
 enum class Front { kPlace, kRootOfPlace, kPlaceAndOldRoot };
@@ -32,128 +26,135 @@ constexpr std::array<Mapping, 4> kMappings{{
     {Front::kPlaceAndOldRoot, Back::kBelowOldRoot}, // Backup
 }};
 
-std::string_view SelectedRelPath(const Session& session) {
-    return session.selection
-        ->strSelRelPath[static_cast<std::size_t>(session.state.action.lngIndex)];
-}
+// A destination as it grows: one with something missing gets no longer.
+class Growing {
+  public:
+    Growing(const ActionRequest& request, int place)
+        : root_(RootPlace(request, place)),
+          // What is typed is a part of its own behind each path of a list.
+          part_(request.way == Way::kMultipleLocations ? std::string_view(request.typed)
+                                                       : std::string_view()) {}
 
-// The destination root in hand, of a list or as typed.
-const std::string& RootPlace(const Session& session, int way) {
-    static const std::string none;
-    if (way != kMultipleLocations) return session.frmDialog.cmbDir.Text.Get();
-    const auto& paths = session.state.action.strMultiPath;
-    const auto index = static_cast<std::size_t>(session.state.action.intMultiIndex);
-    return index < paths.size() ? paths[index] : none;
-}
-
-// What is typed is a part of its own behind each path of a list.
-std::string Place(const Session& session, int way) {
-    const std::string& root = RootPlace(session, way);
-    return way == kMultipleLocations ? root + session.frmDialog.cmbDir.Text.Get() : root;
-}
-
-platform::Result<std::string> RootOf(std::string_view path) {
-    std::string root = text::PathRoot(path);
-    if (root.empty()) {
-        return platform::Failure(platform::kInvalidCall,
-                                 std::string(path) + " names no drive and no network share.");
+    void AddFront(Front front, std::string_view path) {
+        if (root_.empty()) {
+            destination_.missing = Missing::kPlace;
+        } else if (front == Front::kRootOfPlace) {
+            AddRoot(root_, false);
+        } else {
+            destination_.path.append(root_).append(part_);
+            if (front == Front::kPlaceAndOldRoot) AddRoot(path, true);
+        }
     }
-    return root;
-}
-
-platform::Result<std::string> FrontOf(const Session& session, int way, Front front,
-                                      std::string_view path) {
-    if (RootPlace(session, way).empty()) {
-        return platform::Failure(platform::kInvalidCall, "There is no destination.");
+    void AddBack(Back back, const Object& object) {
+        if (!destination_.IsThere()) return;
+        if (back == Back::kBelowOldRoot) {
+            destination_.path += text::PathBelowRoot(object.path);
+            return;
+        }
+        destination_.path += '\\';
+        destination_.path += back == Back::kName ? object.name : object.relative;
     }
-    if (front == Front::kPlace) return Place(session, way);
-    if (front == Front::kRootOfPlace) return RootOf(RootPlace(session, way));
-    auto root = RootOf(path);
-    if (!root) return root;
-    return Place(session, way) + text::RootAsFolders(*root);
+    Destination Take() { return std::move(destination_); }
+
+  private:
+    void AddRoot(std::string_view path, bool asFolders) {
+        const std::string root = text::PathRoot(path);
+        if (!root.empty()) {
+            destination_.path += asFolders ? text::RootAsFolders(root) : root;
+            return;
+        }
+        destination_.path.clear();
+        destination_.missing = Missing::kShare;
+        destination_.unrooted = path;
+    }
+
+    std::string_view root_;
+    std::string_view part_;
+    Destination destination_;
+};
+
+Destination ByStructure(const ActionRequest& request, const Object& object, int place) {
+    const Mapping& mapping = kMappings[static_cast<std::size_t>(request.structure)];
+    Growing growing(request, place);
+    growing.AddFront(mapping.front, object.path);
+    growing.AddBack(mapping.back, object);
+    return growing.Take();
 }
 
-std::string BackOf(const Session& session, Back back, std::string_view name,
-                   std::string_view path) {
-    if (back == Back::kBelowOldRoot) return text::PathBelowRoot(path);
-    return "\\" + std::string(back == Back::kName ? name : SelectedRelPath(session));
+Destination ByFolderName(const ActionRequest& request, const Object& object) {
+    const std::string_view extension = text::GetExtension(object.name);
+    Destination destination;
+    destination.path =
+        fmt::format("{}\\{}{}{}", request.typed,
+                    LastFoldersAsName(text::ParentFolder(object.path), request.levels),
+                    extension.empty() ? "" : ".", extension);
+    return destination;
 }
 
-// Empty, after the error was handled, when a path has no root.
-std::string ByStructure(Session& session, int way, std::string_view name, std::string_view path) {
-    const int structure = session.frmDialog.optStructure.Chosen();
-    if (structure < 0) return {};
-    const Mapping& mapping = kMappings[static_cast<std::size_t>(structure)];
-    const session::ErrorContext context{.routine = "ComputeDestination",
-                                        .moduleName = "frmDialog",
-                                        .object = name,
-                                        .path = path,
-                                        .searchOrDestination = RootPlace(session, way),
-                                        .objectType = session::ObjectType::kUnknown};
-    auto front = session::Attempt(session, context,
-                                  [&] { return FrontOf(session, way, mapping.front, path); });
-    if (front) return *front + BackOf(session, mapping.back, name, path);
-    session.state.action.blnErrorOccurred = true;
-    return {};
+Destination UpTheTree(const ActionRequest& request, const Object& object) {
+    Destination destination;
+    if (request.structure != Structure::kNone) {
+        destination.missing = Missing::kStructure;
+        return destination;
+    }
+    const std::string prefix = BuildFolderPrefix(request, object);
+    const std::string above = FolderAbove(object.path, request.levels);
+    destination.path = prefix.empty()
+                           ? text::JoinPath(above, object.name)
+                           : text::JoinPath(above, fmt::format("{} {}", prefix, object.name));
+    return destination;
 }
 
-std::string ByFolderName(const Session& session, std::string_view name, std::string_view path) {
-    const std::string_view extension = text::GetExtension(name);
-    std::string result = session.frmDialog.cmbDir.Text.Get() + "\\" +
-                         LastFoldersAsName(text::ParentFolder(path), FolderTreeLevels(session));
-    if (!extension.empty()) result.append(1, '.').append(extension);
-    return result;
-}
-
-std::string UpTheTree(const Session& session, std::string_view name, std::string_view path) {
-    if (session.frmDialog.optStructure.Chosen() != 0) return {};
-    const std::string& prefix = session.state.action.strFolderPrefix;
-    const std::string above = FolderAbove(path, FolderTreeLevels(session));
-    if (prefix.empty()) return text::JoinPath(above, name);
-    return text::JoinPath(above, prefix + " " + std::string(name));
-}
-
-std::string ByRule(Session& session, std::string_view name, std::string_view path) {
-    const std::string folder =
-        SpecialRuleConvert(session, path, session.frmDialog.cmbDir.Text.Get());
-    if (!folder.empty()) return folder + "\\" + std::string(name);
-    session.state.action.blnRuleFailed = true;
-    return {};
-}
-
-std::string ByWay(Session& session, std::string_view name, std::string_view path) {
-    const int way = session.frmDialog.optTo.Chosen();
-    if (way == kUpFolderTree) return UpTheTree(session, name, path);
-    if (way == kSpecialRule) return ByRule(session, name, path);
-    const bool isFolderName = way == kOneLocation &&
-                              session.state.strAction == "CopyRenameAsFolderName" &&
-                              session.frmDialog.optStructure.Chosen() == 0;
-    return isFolderName ? ByFolderName(session, name, path) : ByStructure(session, way, name, path);
+Destination ByRule(const ActionRequest& request, const Object& object) {
+    Destination destination;
+    destination.missing = Missing::kRuleFolder;
+    if (!request.rule) return destination;
+    destination.rule = SpecialRuleConvert(*request.rule, object.path);
+    if (destination.rule.end == RuleEnd::kSearch) destination.missing = Missing::kSearch;
+    // A rule that comes to nothing names no folder.
+    if (destination.rule.end != RuleEnd::kFolder || destination.rule.folder.empty()) {
+        return destination;
+    }
+    destination.missing = Missing::kNothing;
+    destination.path = text::Concat({destination.rule.folder, "\\", object.name});
+    return destination;
 }
 
 } // namespace
 
-std::string ComputeDestination(Session& session, std::string_view strName,
-                               std::string_view strPath) {
-    std::string destination = ByWay(session, strName, strPath);
-    session.state.action.blnNoDestination = destination.empty();
-    return destination;
+std::string_view RootPlace(const ActionRequest& request, int place) {
+    if (request.way != Way::kMultipleLocations) return request.typed;
+    const auto index = static_cast<std::size_t>(place);
+    return index < request.strMultiPath.size() ? std::string_view(request.strMultiPath[index])
+                                               : std::string_view();
 }
 
-int FolderTreeLevels(const Session& session) {
+Destination ComputeDestination(const ActionRequest& request, const Object& object, int place) {
+    if (request.way == Way::kUpFolderTree) return UpTheTree(request, object);
+    if (request.way == Way::kSpecialRule) return ByRule(request, object);
+    const bool isFolderName = request.way == Way::kOneLocation &&
+                              request.strAction == "CopyRenameAsFolderName" &&
+                              request.structure == Structure::kNone;
+    return isFolderName ? ByFolderName(request, object) : ByStructure(request, object, place);
+}
+
+void CompleteDestination(Destination& destination, const Object& object, std::string_view found) {
+    destination.missing = Missing::kNothing;
+    destination.path = text::Concat({destination.rule.WithFound(found), "\\", object.name});
+}
+
+std::string BuildFolderPrefix(const ActionRequest& request, const Object& object) {
+    const bool has = request.way == Way::kUpFolderTree && request.prefixesFolders;
+    return has ? FolderPrefixOf(object.path, request.levels) : std::string();
+}
+
+int FolderTreeLevels(std::string_view text) {
     int levels = 0;
-    for (const char c : session.frmDialog.txtFolderTree.Text.Get()) {
+    for (const char c : text) {
         if (c < '0' || c > '9') continue;
         levels = std::min(levels * 10 + (c - '0'), kMostLevels);
     }
     return levels;
-}
-
-void BuildFolderPrefix(Session& session) {
-    auto& action = session.state.action;
-    action.strFolderPrefix =
-        FolderPrefixOf(session.selection->strSelPath[static_cast<std::size_t>(action.lngIndex)],
-                       FolderTreeLevels(session));
 }
 
 std::string FolderPrefixOf(std::string_view path, int levels) {

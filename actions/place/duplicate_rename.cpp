@@ -1,22 +1,27 @@
 #include "actions/place/duplicate_rename.h"
 
+#include "actions/place/action_run.h"
 #include "actions/place/destination.h"
+#include "actions/place/duplicate.h"
 #include "actions/place/engine.h"
+#include "actions/place/find_destination.h"
 #include "actions/place/name_parts.h"
 #include "actions/place/no_short_path.h"
+#include "actions/place/outcome.h"
 #include "actions/place/system_hidden.h"
 #include "platform/dir.h"
-#include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
-#include "session/prompt_id.h"
 #include "session/session.h"
-#include "session/tell.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <functional>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace tarvix::actions {
 
@@ -25,21 +30,29 @@ namespace {
 using session::Session;
 
 // A name's base, with the added text `count` times at the side that the user chose.
-std::string NewName(const Session& session, std::string_view base, int count) {
-    const auto& form = session.frmDialog;
+std::string NewName(const ActionRequest& request, std::string_view base, int count) {
     std::string added;
     for (int i = 0; i < count; ++i) {
-        added += form.txtRename.Text.Get();
+        added += request.renameText;
     }
-    const bool atEnd = form.chkRenameEnd.Value == 1 || session.state.strAction == "RenameAsTitle";
-    return atEnd ? std::string(base) + added : added + std::string(base);
+    const bool atEnd = request.renamesAtEnd || request.strAction == "RenameAsTitle";
+    return atEnd ? text::Concat({base, added}) : text::Concat({added, base});
 }
 
+struct FreeNameSearch {
+    std::string_view path; // of the object, for prompts
+    std::string_view name;
+    bool isFile;
+    bool isRename;
+    std::string_view routine;
+    // The candidate's folder, with its "\", for a new name; empty when there is none.
+    std::function<std::string(std::string_view newName)> folderFor;
+};
+
 // Brings a candidate that is too long into a form that can be used; false when it is left alone.
-bool Shorten(Session& session, const std::string& path, std::string& candidate,
-             std::string_view routine) {
+bool Shorten(Session& session, const FreeNameSearch& search, std::string& candidate) {
     if (text::Length(candidate) <= session::kLongPath) return true;
-    session::AskLongPath(session, path, candidate, routine, "frmDialog");
+    session::AskLongPath(session, search.path, candidate, search.routine, "frmDialog");
     if (!session::ContinuesLongPath(session)) return false;
     auto shortened = session::GetShortPathNameReturnCodes(session, candidate);
     candidate = std::move(shortened.path);
@@ -48,99 +61,94 @@ bool Shorten(Session& session, const std::string& path, std::string& candidate,
     return false;
 }
 
-struct Search {
-    const std::string& path; // of the object, for prompts
-    std::string_view name;
-    bool isFile;
-    bool isRename;
-    std::string_view routine;
-    // The candidate's folder, with its "\", for a new name; empty when there is none.
-    std::function<std::string(const std::string& newName)> folderFor;
-};
+// The full path that a name makes; empty when it can have no folder.
+std::string Candidate(const FreeNameSearch& search, std::string_view newName,
+                      std::string_view extension) {
+    std::string candidate = search.folderFor(newName);
+    if (candidate.empty()) return candidate;
+    candidate += newName;
+    if (!extension.empty()) candidate.append(".").append(extension);
+    return CleanedDestination(candidate, search.isRename);
+}
 
 // The first name that is free; nothing when the object is to be left alone.
-std::optional<std::string> FindFreeName(Session& session, const Search& search) {
-    if (session.frmDialog.txtRename.Text->empty()) {
-        session::LogTimed(session, " Skipped " + search.path +
-                                       ", there is no text to add to the name of a duplicate.");
+std::optional<std::string> FindFreeName(Session& session, const ActionRequest& request,
+                                        const FreeNameSearch& search) {
+    if (request.renameText.empty()) {
+        session::LogTimed(session,
+                          fmt::format(" Skipped {}, there is no text to add to the name of a "
+                                      "duplicate.",
+                                      search.path));
         return std::nullopt;
     }
     const NameParts parts =
         search.isFile ? SplitPrefixAndExtension(search.name) : NameParts{search.name, {}};
     std::string last;
     for (int count = 1;; ++count) {
-        const std::string newName = NewName(session, parts.strPrefix, count);
-        std::string candidate = search.folderFor(newName);
+        const std::string newName = NewName(request, parts.strPrefix, count);
+        std::string candidate = Candidate(search, newName, parts.strExtension);
         if (candidate.empty()) return std::nullopt;
-        candidate += newName;
-        if (!parts.strExtension.empty()) candidate.append(".").append(parts.strExtension);
-        candidate = CleanedDestination(candidate, search.isRename);
         // Blanks at the end of a name are lost again; past the limit no name can be made at all.
         if (candidate == last || text::Length(newName) > session::kAbsoluteLimit) {
-            session::LogTimed(session, " Skipped " + search.path +
-                                           ", no free name was found for a duplicate.");
+            session::LogTimed(
+                session,
+                fmt::format(" Skipped {}, no free name was found for a duplicate.", search.path));
             return std::nullopt;
         }
         last = candidate;
-        if (!Shorten(session, search.path, candidate, search.routine)) return std::nullopt;
+        if (!Shorten(session, search, candidate)) return std::nullopt;
         if (platform::DirName(session.files(), candidate, platform::kDirAll).empty()) {
             return candidate;
         }
     }
 }
 
+Outcome PlaceBeside(Session& session, ActionRun& run, const Object& object, std::string candidate) {
+    const bool moves = run.request.isMove && !CheckSystemHidden(session, run, object, false);
+    return PlaceObject(session, run,
+                       {.object = object,
+                        .destination = std::move(candidate),
+                        .verb = moves ? Verb::kMove : Verb::kCopy});
+}
+
 } // namespace
 
-void RenameObjForDuplicate(Session& session) {
-    const auto& tables = *session.selection;
-    auto& action = session.state.action;
-    const auto index = static_cast<std::size_t>(action.lngIndex);
-    const std::string& path = tables.strSelPath[index];
-    const std::string& actual = tables.strSelActualPath[index];
-    const bool isFile = tables.blnSelIsFile[index];
-    const auto folderFor = [&](const std::string& newName) -> std::string {
-        action.blnDuplicateRename = true;
-        const std::string destination = ComputeDestination(session, newName, path);
-        action.blnDuplicateRename = false;
+Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& clash) {
+    const Object& object = clash.object;
+    const std::string prefix = BuildFolderPrefix(run.request, object);
+    bool hasFailed = false;
+    const auto folderFor = [&](std::string_view newName) -> std::string {
+        Object renamed = object;
+        renamed.name = newName;
+        const auto found = FindDestination(session, run, renamed, clash.place, true);
+        hasFailed = hasFailed || found.hasFailed;
         const bool left = session.state.blnPathLimitHit && !session::ContinuesLongPath(session);
-        if (left || destination.empty()) return {};
-        std::string folder = text::ParentFolderSlash(destination);
-        if (!action.strFolderPrefix.empty()) folder += action.strFolderPrefix + " ";
+        if (left || found.path.empty()) return {};
+        std::string folder = text::ParentFolderSlash(found.path);
+        if (!prefix.empty()) folder.append(prefix).append(" ");
         return folder;
     };
-    const auto candidate = FindFreeName(session, {path, tables.strSelName[index], isFile, false,
-                                                  "RenameObjForDuplicate", folderFor});
-    if (!candidate) return;
-    if (action.blnMove && !CheckSystemHidden(session, path, actual, isFile, false)) {
-        MoveObject(session, path, actual, *candidate, isFile, false, "");
-    } else {
-        CopyObject(session, path, actual, *candidate, isFile, "");
-    }
+    auto candidate = FindFreeName(
+        session, run.request,
+        {object.path, object.name, object.isFile, false, "RenameObjForDuplicate", folderFor});
+    Outcome outcome;
+    if (candidate) outcome = PlaceBeside(session, run, object, std::move(*candidate));
+    if (hasFailed) outcome.kind = OutcomeKind::kFailed;
+    outcome.isNewName = true;
+    return outcome;
 }
 
-void RenameObjForDuplicateLocal(Session& session, const std::string& source,
-                                const std::string& actual, const std::string& destination,
-                                bool blnIsFile) {
+Outcome RenameObjForDuplicateLocal(Session& session, ActionRun& run, const Object& object,
+                                   std::string_view destination) {
     const std::string folder = text::ParentFolderSlash(destination);
-    const auto candidate = FindFreeName(
-        session, {source, text::FileNameOf(destination), blnIsFile, true,
-                  "RenameObjForDuplicateLocal", [&folder](const std::string&) { return folder; }});
-    if (candidate) MoveObject(session, source, actual, *candidate, blnIsFile, true, "");
-}
-
-void RefuseUnconverted(Session& session, std::string_view path) {
-    const std::string told =
-        std::string(path) +
-        "'s path exceeds 259 characters in length. You may be exceeding 500 characters. "
-        "\r\n\r\nLength of path shown above is : " +
-        std::to_string(text::Length(path)) +
-        " characters.\r\n\r\nPath above maybe partly converted to a short path. Possibly all "
-        "required folders could not be created.";
-    const bool isAutomatic = session.state.options.blnAutoMode;
-    const std::string whole =
-        told + (isAutomatic ? "Canceling the entire operation." : "Skipping this object.");
-    session::TellAndLog(session, session::PromptId::kDuplicateUnshortened, whole);
-    session.state.bytPathChoice = isAutomatic ? session::kPathCancel : session::kPathSkip;
+    auto candidate = FindFreeName(session, run.request,
+                                  {object.path, text::FileNameOf(destination), object.isFile, true,
+                                   "RenameObjForDuplicateLocal",
+                                   [&folder](std::string_view) { return folder; }});
+    if (!candidate) return {};
+    return PlaceObject(
+        session, run,
+        {.object = object, .destination = std::move(*candidate), .verb = Verb::kRename});
 }
 
 } // namespace tarvix::actions

@@ -1,20 +1,18 @@
 #include "actions/place/engine.h"
 
+#include "actions/place/action_run.h"
+#include "actions/place/outcome.h"
 #include "actions/place/placing.h"
+#include "actions/place/plain_attributes.h"
 #include "actions/place/system_hidden.h"
-#include "results/selection.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
-#include <optional>
+#include <utility>
 
 namespace tarvix::actions {
 
-namespace {
-
-constexpr std::uint32_t kCarried = 1 + 2 + 4 + 32;
-
-} // namespace
+using session::Session;
 
 std::string CleanedDestination(const std::string& path, bool isRename) {
     const std::string_view own = text::FolderOwnName(path);
@@ -33,42 +31,26 @@ std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b) {
     return (a | b) & kCarried;
 }
 
-void CopyObject(Session& session, const std::string& strSource, const std::string& strSourceActual,
-                std::string strDestination, bool blnIsFile, std::string_view strMode) {
-    Placing(session, Verb::kCopy, strSource, strSourceActual, std::move(strDestination), blnIsFile,
-            strMode)
-        .Run();
+Outcome PlaceObject(Session& session, ActionRun& run, Job job) {
+    return Placing(session, run, std::move(job)).Run();
 }
 
-void MoveObject(Session& session, const std::string& strSource, const std::string& strSourceActual,
-                std::string strDestination, bool blnIsFile, bool blnIsRename,
-                std::string_view strMode) {
-    Placing(session, blnIsRename ? Verb::kRename : Verb::kMove, strSource, strSourceActual,
-            std::move(strDestination), blnIsFile, strMode)
-        .Run();
+Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& object,
+                           const std::string& destination) {
+    if (destination == object.path) return {};
+    Outcome outcome = PlaceObject(
+        session, run,
+        {.object = object, .destination = destination, .verb = Verb::kCopy, .overwrites = true});
+    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kOverwrote;
+    return outcome;
 }
 
-void OverWriteDuplicate(Session& session) {
-    const auto& tables = *session.selection;
-    const auto& action = session.state.action;
-    const auto index = static_cast<std::size_t>(action.lngIndex);
-    if (action.strDestination == tables.strSelPath[index]) return;
-    CopyObject(session, tables.strSelPath[index], tables.strSelActualPath[index],
-               action.strDestination, tables.blnSelIsFile[index], "overwrite");
-}
-
-void PerformMoveOrCopy(Session& session) {
-    const auto& tables = *session.selection;
-    const auto& action = session.state.action;
-    if (action.blnNoDestination) return;
-    const auto index = static_cast<std::size_t>(action.lngIndex);
-    const std::string& path = tables.strSelPath[index];
-    const std::string& actual = tables.strSelActualPath[index];
-    const bool isFile = tables.blnSelIsFile[index];
-    std::optional<ObjectFacts> facts;
-    const bool isProtected = CheckSystemHidden(session, path, actual, isFile, false, &facts);
-    const Verb verb = action.blnMove && !isProtected ? Verb::kMove : Verb::kCopy;
-    Placing(session, verb, path, actual, action.strDestination, isFile, "").Knowing(facts).Run();
+Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
+                          const std::string& destination) {
+    Object known = object;
+    const bool isProtected = CheckSystemHidden(session, run, object, false, &known.facts);
+    const Verb verb = run.request.isMove && !isProtected ? Verb::kMove : Verb::kCopy;
+    return PlaceObject(session, run, {.object = known, .destination = destination, .verb = verb});
 }
 
 } // namespace tarvix::actions

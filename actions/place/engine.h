@@ -1,5 +1,7 @@
 #pragma once
 
+#include "actions/place/object.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,28 +12,35 @@ struct Session;
 
 namespace tarvix::actions {
 
-// Copies one object to its destination (a full new path, brought into its final form first). With
-// the mode "overwrite" what stands there goes to the recycle bin before. A read-only, hidden or
-// system object can be copied, and the new one bears its attributes, combined with those of what it
-// overwrote. What it did goes to the action log; an error ends in `HandleError` and leaves the
-// source whole, nothing under the new name, and `blnErrorOccurred` set.
-void CopyObject(session::Session& session, const std::string& strSource,
-                const std::string& strSourceActual, std::string strDestination, bool blnIsFile,
-                std::string_view strMode);
+struct ActionRun;
+struct Outcome;
 
-// The same for a move, or with `blnIsRename` a rename. Where the system refuses the move, the
-// object is copied and the original recycled.
-void MoveObject(session::Session& session, const std::string& strSource,
-                const std::string& strSourceActual, std::string strDestination, bool blnIsFile,
-                bool blnIsRename, std::string_view strMode);
+enum class Verb : std::uint8_t { kCopy, kMove, kRename };
 
-// Puts the object in hand at `strDestination` in place of the object there; nothing when the two
-// are the same.
-void OverWriteDuplicate(session::Session& session);
+// One object, and the place that it is to go to.
+struct Job {
+    const Object& object;
+    std::string destination; // a full new path, brought into its final form first
+    Verb verb = Verb::kCopy;
+    bool overwrites = false; // what stands there goes to the recycle bin before
+};
 
-// Puts the object in hand at `strDestination`, where nothing stands: by a move if that is the
-// action, but a system or hidden object is always copied. Nothing without a destination.
-void PerformMoveOrCopy(session::Session& session);
+// Places one object, and gives what became of it. Without `overwrites` nothing is ever replaced. A
+// read-only, hidden or system object can be copied, and the new one bears its attributes, combined
+// with those of what it overwrote. Where the system refuses a move, the object is copied and the
+// original recycled. What was done goes to the action log; an error ends in `HandleError` and
+// leaves the source whole and nothing under the new name.
+Outcome PlaceObject(session::Session& session, ActionRun& run, Job job);
+
+// Puts the object at `destination` in place of what stands there; nothing when the two paths are
+// the same.
+Outcome OverWriteDuplicate(session::Session& session, ActionRun& run, const Object& object,
+                           const std::string& destination);
+
+// Puts the object at `destination`, where nothing stands: by a move if that is the action, but a
+// system or hidden object is always copied.
+Outcome PerformMoveOrCopy(session::Session& session, ActionRun& run, const Object& object,
+                          const std::string& destination);
 
 // A new path as it will be used: a blank next to a separator is never kept, since no folder can be
 // made so, but a name of blanks alone is. A rename keeps the folder, however it is spelt.

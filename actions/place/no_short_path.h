@@ -14,4 +14,7 @@ namespace tarvix::actions {
 // the object in hand.
 void RefuseWithoutShortPath(session::Session& session, std::string_view path, std::size_t limit);
 
+// The same for a destination that could not be shortened enough to look at.
+void RefuseUnconverted(session::Session& session, std::string_view path);
+
 } // namespace tarvix::actions

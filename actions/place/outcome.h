@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace tarvix::actions {
 
 // What became of one object at one of its destinations.
-enum class OutcomeKind {
+enum class OutcomeKind : std::uint8_t {
     kCopied,
     kMoved,
     kRenamed,
@@ -22,10 +23,14 @@ enum class OutcomeKind {
 };
 
 struct Outcome {
-    std::size_t index = 0; // in the selection
-    std::string strDestination;
+    std::size_t index = 0;      // in the selection
+    std::string strDestination; // where it stands, or would stand
     OutcomeKind kind = OutcomeKind::kLeftAlone;
-    bool isNewName = false; // a duplicate that got another name
+    bool isPlaced = false;  // it stands there, even if a step behind that failed
+    bool isNewName = false; // a duplicate that got another name, or was to
+    bool isDiskFull = false;
+    bool endsRun = false; // the user cancelled what is left
+    std::string error;    // of a failure, in one sentence; may be empty
 };
 
 // Follows an action object by object.

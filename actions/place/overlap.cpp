@@ -1,15 +1,17 @@
 #include "actions/place/overlap.h"
 
+#include "actions/place/duplicate.h"
+#include "actions/place/object.h"
 #include "actions/place/outcome.h"
 #include "platform/file_system.h"
-#include "results/selection.h"
+#include "platform/try.h"
 #include "session/attempt.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/tell.h"
+#include "text/case.h"
 
-#include <optional>
-#include <string>
+#include <fmt/core.h>
 
 namespace tarvix::actions {
 
@@ -19,77 +21,73 @@ using session::Session;
 
 enum class Overlap { kNone, kSame, kOneInOther };
 
-std::size_t IndexInHand(const Session& session) {
-    return static_cast<std::size_t>(session.state.action.lngIndex);
+void TellOneInOther(Session& session, const Clash& clash) {
+    session::TellOrLog(
+        session, session::PromptId::kReplaceOverlaps,
+        fmt::format(" User attempted to replace object: \r\n\r\n{}\r\n\r\n by object: "
+                    "\r\n\r\n{}\r\n\r\n One of them lies in the other, so that both would "
+                    "go to the recycle bin. Nothing was done.",
+                    clash.destination, clash.object.path));
 }
 
-void TellOneInOther(Session& session) {
-    session::TellOrLog(session, session::PromptId::kReplaceOverlaps,
-                       " User attempted to replace object: \r\n\r\n" +
-                           session.state.action.strDestination + "\r\n\r\n by object: \r\n\r\n" +
-                           session.selection->strSelPath[IndexInHand(session)] +
-                           "\r\n\r\n One of them lies in the other, so that both would go to the "
-                           "recycle bin. Nothing was done.");
+platform::Result<Overlap> OverlapOf(platform::FileSystem& files, const Clash& clash) {
+    const std::string_view actual = clash.object.actual;
+    TX_TRY_ASSIGN(const bool isHeld, files.Holds(clash.destination, actual));
+    if (clash.object.isFile && clash.there.isFile) return isHeld ? Overlap::kSame : Overlap::kNone;
+    TX_TRY_ASSIGN(const bool holds, files.Holds(actual, clash.destination));
+    if (isHeld && holds) return Overlap::kSame;
+    return isHeld || holds ? Overlap::kOneInOther : Overlap::kNone;
 }
 
-platform::Result<Overlap> OverlapOf(platform::FileSystem& files, const std::string& actual,
-                                    const std::string& destination, bool bothFiles) {
-    const auto isHeld = files.Holds(destination, actual);
-    if (!isHeld) return std::unexpected(isHeld.error());
-    if (bothFiles) return *isHeld ? Overlap::kSame : Overlap::kNone;
-    const auto holds = files.Holds(actual, destination);
-    if (!holds) return std::unexpected(holds.error());
-    if (*isHeld && *holds) return Overlap::kSame;
-    return *isHeld || *holds ? Overlap::kOneInOther : Overlap::kNone;
-}
-
-// Nothing when it can't be found out.
-std::optional<Overlap> OverlapInHand(Session& session) {
-    const auto& tables = *session.selection;
-    auto& action = session.state.action;
-    const std::size_t index = IndexInHand(session);
-    const bool isFile = tables.blnSelIsFile[index];
-    const session::ErrorContext context{.routine = "RefusesOverlap",
-                                        .moduleName = "frmDialog",
-                                        .object = tables.strSelPath[index],
-                                        .path = tables.strSelActualPath[index],
-                                        .searchOrDestination = action.strDestination,
-                                        .objectType = isFile ? session::ObjectType::kFile
-                                                             : session::ObjectType::kFolder};
-    const auto overlap = session::Attempt(session, context, [&] {
-        return OverlapOf(session.files(), tables.strSelActualPath[index], action.strDestination,
-                         isFile && action.blnDestIsFile);
-    });
-    if (overlap) return *overlap.result;
-    action.blnErrorOccurred = true;
-    session.state.lastAction.errors.push_back(overlap.result.error().description);
-    return {};
+// Whether it is `path` itself, or something below it.
+bool LiesIn(std::string_view destination, std::string_view path) {
+    return text::EqualNoCase(destination, path) ||
+           (text::StartsWithNoCase(destination, path) &&
+            text::StartsWithNoCase(destination, fmt::format("{}\\", path)));
 }
 
 } // namespace
 
-void TellOntoItself(Session& session) {
-    session::TellOrLog(session, session::PromptId::kWriteOverlaps,
-                       " User attempted to write object: \r\n\r\n" +
-                           session.selection->strSelPath[IndexInHand(session)] +
-                           "\r\n\r\n upon itself or to its own subfolder as: \r\n\r\n" +
-                           session.state.action.strDestination);
+bool IsOntoItself(const Object& object, std::string_view destination) {
+    return LiesIn(destination, object.path) ||
+           (object.actual != object.path && LiesIn(destination, object.actual));
 }
 
-bool RefusesOverlap(Session& session, DuplicateUse use, Outcome& outcome) {
-    const auto overlap = OverlapInHand(session);
-    outcome.kind = OutcomeKind::kLeftAlone;
-    if (!overlap) return true;
-    const bool isRefused = *overlap == Overlap::kSame ||
-                           (*overlap == Overlap::kOneInOther && use == DuplicateUse::kReplace);
-    if (!isRefused) return false;
-    outcome.kind = OutcomeKind::kOntoItself;
-    if (*overlap == Overlap::kSame) {
-        TellOntoItself(session);
-    } else {
-        TellOneInOther(session);
+void TellOntoItself(Session& session, const Object& object, std::string_view destination) {
+    session::TellOrLog(session, session::PromptId::kWriteOverlaps,
+                       fmt::format(" User attempted to write object: \r\n\r\n{}\r\n\r\n upon "
+                                   "itself or to its own subfolder as: \r\n\r\n{}",
+                                   object.path, destination));
+}
+
+std::optional<Outcome> RefusesOverlap(Session& session, const Clash& clash, DuplicateUse use) {
+    const Object& object = clash.object;
+    const session::ErrorContext context{.routine = "RefusesOverlap",
+                                        .moduleName = "frmDialog",
+                                        .object = object.path,
+                                        .path = object.actual,
+                                        .searchOrDestination = clash.destination,
+                                        .objectType = object.isFile ? session::ObjectType::kFile
+                                                                    : session::ObjectType::kFolder};
+    const auto overlap =
+        session::Attempt(session, context, [&] { return OverlapOf(session.files(), clash); });
+    Outcome outcome;
+    if (!overlap) {
+        outcome.kind = OutcomeKind::kFailed;
+        outcome.error = overlap.result.error().description;
+        return outcome;
     }
-    return true;
+    const bool isSame = *overlap.result == Overlap::kSame;
+    const bool isRefused =
+        isSame || (*overlap.result == Overlap::kOneInOther && use == DuplicateUse::kReplace);
+    if (!isRefused) return std::nullopt;
+    if (isSame) {
+        TellOntoItself(session, object, clash.destination);
+    } else {
+        TellOneInOther(session, clash);
+    }
+    outcome.kind = OutcomeKind::kOntoItself;
+    return outcome;
 }
 
 } // namespace tarvix::actions

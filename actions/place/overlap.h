@@ -1,11 +1,16 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 namespace tarvix::session {
 struct Session;
 }
 
 namespace tarvix::actions {
 
+struct Clash;
+struct Object;
 struct Outcome;
 
 // What may be done about a duplicate.
@@ -14,13 +19,16 @@ enum class DuplicateUse {
     kReplace, // it goes to the recycle bin
 };
 
-// Whether what stands at `strDestination` is the object in hand itself, reached by another road (a
-// link, a second drive letter, a second name of one file), or for kReplace whether the one lies in
-// the other. Then nothing may be done, which is told, or in automatic mode logged, and noted in
-// `outcome`. True, too, when it can't be found out, which is an error of the object.
-bool RefusesOverlap(session::Session& session, DuplicateUse use, Outcome& outcome);
+// What comes of it when the duplicate is the object itself, reached by another road (a link, a
+// second drive letter, a second name of one file), or for kReplace when the one lies in the other:
+// nothing may be done, which is told, or in automatic mode logged. So, too, when it can't be found
+// out, which is an error of the object. Nothing when the duplicate may be used.
+std::optional<Outcome> RefusesOverlap(session::Session& session, const Clash& clash,
+                                      DuplicateUse use);
 
-// Tells, or in automatic mode logs, that the object in hand would be written on itself.
-void TellOntoItself(session::Session& session);
+// Whether by their texts an object would be written on itself or into its own subfolder.
+bool IsOntoItself(const Object& object, std::string_view destination);
+// Tells that, or in automatic mode logs it.
+void TellOntoItself(session::Session& session, const Object& object, std::string_view destination);
 
 } // namespace tarvix::actions

@@ -1,11 +1,10 @@
 #include "actions/place/placing.h"
 
-#include "actions/place/engine.h"
 #include "actions/place/no_short_path.h"
+#include "actions/place/plain_attributes.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
-#include "actions/run/action_progress.h"
-#include "results/selection.h"
+#include "platform/try.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
@@ -13,45 +12,49 @@
 #include "text/case.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
+#include <array>
 
 namespace tarvix::actions {
 
 namespace {
 
 constexpr std::size_t kLongestNewPath = 254;
-constexpr std::uint32_t kCarried = 1 + 2 + 4 + 32;
-constexpr std::uint32_t kProtecting = 1 + 2 + 4;
-constexpr std::uint32_t kPlainFolder = 16;
-constexpr std::uint32_t kPlainFile = 0;
 
-// The folder that the object in hand was found in, with what lies between left out.
-std::string SearchFolderOf(Session& session, const std::string& source) {
-    const auto& tables = *session.selection;
-    const auto index = session.state.action.lngIndex;
-    if (index < 0 || index > tables.lngSelTop) return source;
-    const std::string& relative = tables.strSelRelPath[static_cast<std::size_t>(index)];
-    if (relative.empty() || !source.ends_with("\\" + relative)) return source;
-    return source.substr(0, source.size() - relative.size() - 1);
+// The folder that the object was found in, with what lies between left out.
+std::string_view SearchFolderOf(const Object& object) {
+    const std::string_view path = object.path;
+    const std::string_view relative = object.relative;
+    const bool isBelow = !relative.empty() && path.size() > relative.size() &&
+                         path.ends_with(relative) &&
+                         path[path.size() - relative.size() - 1] == '\\';
+    return isBelow ? path.substr(0, path.size() - relative.size() - 1) : path;
 }
+
+// The words of a verb: in the status line and, done, in the log.
+struct Words {
+    std::string_view doing;
+    std::string_view as;
+};
+constexpr std::array<Words, 3> kWords{
+    {{"Copying ", "  to  "}, {"Moving ", "  to  "}, {"Renaming ", "  as  "}}};
 
 } // namespace
 
-Placing& Placing::Knowing(const std::optional<ObjectFacts>& facts) {
-    known_ = facts;
-    return *this;
+Outcome Placing::Run() {
+    GoThroughSteps();
+    return Result();
 }
 
-void Placing::Run() {
-    action_.blnPlaced = action_.blnProtected = false;
-    if (verb_ == Verb::kCopy && text::EqualNoCase(source_, destination_)) return;
+void Placing::GoThroughSteps() {
+    if (verb_ == Verb::kCopy && text::EqualNoCase(object_.path, destination_)) return;
     if (!FinishDestination()) return;
     ShowStatus();
     FindReadOnlyDrives();
-    action_.blnPathNotFoundTried = false;
     if (overwrites_ && !MayOverwrite()) return;
-    const bool isPlaced = ReadObjects() && MakePlain() && Place();
-    if (!isPlaced) {
+    if (!ReadObjects() || !MakePlain() || !PutThere()) {
         RestoreDestination();
         return RestoreSource();
     }
@@ -60,11 +63,28 @@ void Placing::Run() {
     LogPlaced();
 }
 
+Outcome Placing::Result() {
+    Outcome outcome{.index = object_.index,
+                    .isPlaced = isDone_,
+                    .isDiskFull = isDiskFull_,
+                    .error = std::move(error_)};
+    if (isDone_) outcome.strDestination = std::move(destination_);
+    if (hasFailed_) {
+        outcome.kind = OutcomeKind::kFailed;
+    } else if (isDone_) {
+        constexpr std::array kKinds{OutcomeKind::kCopied, OutcomeKind::kMoved,
+                                    OutcomeKind::kRenamed};
+        outcome.kind = isCopyOnly_ ? OutcomeKind::kCopied : kKinds[static_cast<std::size_t>(verb_)];
+    } else if (isProtected_) {
+        outcome.kind = OutcomeKind::kProtected;
+    }
+    return outcome;
+}
+
 bool Placing::FinishDestination() {
     destination_ = CleanedDestination(destination_, verb_ == Verb::kRename);
-    action_.blnFolderAlreadyThere = false;
     if (text::Length(destination_) <= kLongestNewPath) return true;
-    session::AskLongPath(session_, SearchFolderOf(session_, source_), destination_, "CopyObject",
+    session::AskLongPath(session_, SearchFolderOf(object_), destination_, "CopyObject",
                          "frmDialog");
     if (!session::ContinuesLongPath(session_)) return false;
     auto shortened =
@@ -76,40 +96,39 @@ bool Placing::FinishDestination() {
 }
 
 void Placing::ShowStatus() {
-    const char* word = verb_ == Verb::kCopy   ? "Copying "
-                       : verb_ == Verb::kMove ? "Moving "
-                                              : "Renaming ";
-    const char* between = verb_ == Verb::kRename ? "  as  " : "  to  ";
-    session_.frmDialog.lblStatus.Caption = text::Concat({word, source_, between, destination_});
+    const Words& words = kWords[static_cast<std::size_t>(verb_)];
+    session_.frmDialog.lblStatus.Caption =
+        text::Concat({words.doing, object_.path, words.as, destination_});
     session_.Yield();
 }
 
 void Placing::FindReadOnlyDrives() {
-    const auto isOn = [this](const std::string& path) {
-        return std::ranges::any_of(action_.strCDDrives, [&path](const std::string& drive) {
+    const auto isOn = [this](std::string_view path) {
+        return std::ranges::any_of(run_.strCDDrives, [path](const std::string& drive) {
             return text::EqualNoCase(text::Left(path, 2), drive);
         });
     };
-    blnSourceOnCD_ = isOn(actual_);
+    blnSourceOnCD_ = isOn(object_.actual);
     blnDestOnCD_ = isOn(destination_);
 }
 
 bool Placing::MayOverwrite() {
-    if (action_.bytOverrideAnswer == session::kOverrideCancel) {
+    if (run_.bytOverrideAnswer == kOverrideCancel) {
         session::LogTimed(session_, " User canceled delete of rest of files");
         return false;
     }
-    if (!CheckSystemHidden(session_, source_, actual_, isFile_, true)) return true;
-    action_.blnProtected = true;
-    session::LogTimed(session_, " User did not override in override form, of " + source_ +
-                                    " to overwrite " + destination_);
+    if (!CheckSystemHidden(session_, run_, object_, true)) return true;
+    isProtected_ = true;
+    session::LogTimed(session_,
+                      fmt::format(" User did not override in override form, of {} to overwrite {}",
+                                  object_.path, destination_));
     return false;
 }
 
 bool Placing::ReadObjects() {
-    if (known_) {
-        sourceFacts_ = *known_;
-    } else if (!Do([this] { return Read(actual_, sourceFacts_); })) {
+    if (object_.facts) {
+        sourceFacts_ = *object_.facts;
+    } else if (!Do([this] { return Read(object_.actual, sourceFacts_); })) {
         return false;
     }
     sourceAttributes_ = sourceFacts_.attributes & kCarried;
@@ -127,11 +146,11 @@ bool Placing::MakePlain() {
         if (!destinationIsPlain_) return false;
     }
     if (blnSourceOnCD_ || (sourceAttributes_ & kProtecting) == 0) return true;
-    sourceIsPlain_ = Do([this] { return SetPlain(actual_); });
+    sourceIsPlain_ = Do([this] { return SetPlain(object_.actual); });
     return sourceIsPlain_;
 }
 
-bool Placing::Place() {
+bool Placing::PutThere() {
     if (overwrites_ && !RecycleDestination()) return false;
     if (verb_ == Verb::kCopy || overwrites_) {
         if (!Do([this] { return Copy(); })) return false;
@@ -147,34 +166,35 @@ bool Placing::RecycleDestination() {
     if (RecycleOne(session_, destination_)) {
         destinationIsPlain_ = false;
         isRecycled_ = true;
-        session::LogTimed(session_, " Deleted " + destination_ +
-                                        " to recycle bin before it was overwritten.");
+        session::LogTimed(
+            session_,
+            fmt::format(" Deleted {} to recycle bin before it was overwritten.", destination_));
         return true;
     }
-    session::LogTimed(session_, " Was unable to delete " + destination_ +
-                                    " to recycle bin and overwrite with " + source_ +
-                                    " overwrite was skipped.");
-    session::TellUnlessAuto(session_, session::PromptId::kOverwriteNotRecycled,
-                            "Was unable to delete: \r\n\r\n" + destination_ +
-                                "\r\n\r\n to recycle bin and overwrite with: \r\n\r\n" + source_ +
-                                "\r\n\r\n overwrite was skipped.");
+    session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin and overwrite "
+                                            "with {} overwrite was skipped.",
+                                            destination_, object_.path));
+    session::TellUnlessAuto(
+        session_, session::PromptId::kOverwriteNotRecycled,
+        fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to recycle bin and overwrite with: "
+                    "\r\n\r\n{}\r\n\r\n overwrite was skipped.",
+                    destination_, object_.path));
     return false;
 }
 
 void Placing::RecycleSource() {
     RestoreSource();
-    if (RecycleOne(session_, actual_)) return;
+    if (RecycleOne(session_, object_.actual)) return;
     isCopyOnly_ = true;
-    action_.blnPlacedByMove = false;
-    session::LogTimed(session_, " Was unable to delete " + source_ +
-                                    (isFile_ ? " to recycle bin (file already copied)."
-                                             : " to recycle bin (folder already copied)."));
+    session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin ({} already "
+                                            "copied).",
+                                            object_.path, object_.isFile ? "file" : "folder"));
 }
 
 void Placing::RestoreSource() {
     if (!sourceIsPlain_) return;
     sourceIsPlain_ = false;
-    (void)session_.files().SetAttributes(actual_, sourceAttributes_);
+    (void)session_.files().SetAttributes(object_.actual, sourceAttributes_);
 }
 
 void Placing::RestoreDestination() {
@@ -192,61 +212,56 @@ void Placing::SetCombined() {
     if (!isCarried && !blnDestOnCD_) {
         const bool set = Do([this, combined]() -> platform::Result<void> {
             ObjectFacts placed;
-            if (auto read = Read(destination_, placed); !read) return read;
+            TX_TRY(Read(destination_, placed));
             if ((placed.attributes & kCarried) == combined) return {};
             return session_.files().SetAttributes(destination_, combined);
         });
         if (!set) return;
     }
     if (!overwrites_) return;
-    session::LogTimed(session_, " Attributes of " + destination_ +
-                                    " were combined since it overwrote another object.");
-}
-
-void Placing::Note() {
-    action_.blnPlaced = true;
-    action_.blnPlacedByMove = verb_ != Verb::kCopy && !isCopyOnly_;
-    action_.strPlacedAt = destination_;
+    session::LogTimed(session_,
+                      fmt::format(" Attributes of {} were combined since it overwrote another "
+                                  "object.",
+                                  destination_));
 }
 
 void Placing::LogPlaced() {
-    Note();
-    if (failed_) return;
+    isDone_ = true;
+    if (hasFailed_) return;
+    const std::string_view mode = overwrites_ ? "overwrite" : "";
     std::string line;
     switch (verb_) {
     case Verb::kCopy:
-        line = text::Concat({" Copy ", source_, " -- to -- ", destination_, " ", mode_});
+        line = text::Concat({" Copy ", object_.path, " -- to -- ", destination_, " ", mode});
         break;
     case Verb::kMove:
-        line = text::Concat({" Move ", source_, " -- to -- ", destination_, mode_, "."});
+        line = text::Concat({" Move ", object_.path, " -- to -- ", destination_, mode, "."});
         break;
     case Verb::kRename:
-        line = text::Concat({" Renamed ", source_, " -- as -- ", destination_, mode_});
+        line = text::Concat({" Renamed ", object_.path, " -- as -- ", destination_, mode});
         break;
     }
     session::LogTimed(session_, line);
 }
 
-platform::Result<void> Placing::Read(const std::string& path, ObjectFacts& facts) {
-    auto read = isFile_ ? platform::GetFile(session_.files(), path)
-                        : platform::GetFolder(session_.files(), path);
-    if (!read) return std::unexpected(std::move(read.error()));
-    facts = *read;
+platform::Result<void> Placing::Read(std::string_view path, ObjectFacts& facts) {
+    TX_TRY_ASSIGN(facts, object_.isFile ? platform::GetFile(session_.files(), path)
+                                        : platform::GetFolder(session_.files(), path));
     return {};
 }
 
-platform::Result<void> Placing::SetPlain(const std::string& path) {
-    return session_.files().SetAttributes(path, isFile_ ? kPlainFile : kPlainFolder);
+platform::Result<void> Placing::SetPlain(std::string_view path) {
+    return session_.files().SetAttributes(path, object_.isFile ? kPlainFile : kPlainFolder);
 }
 
 platform::Result<void> Placing::CanBeRead() {
     if ((sourceFacts_.attributes & platform::kSpecial) != 0) {
-        return platform::Failure(platform::kPathFileAccess,
-                                 source_ + " is a special file, which can't be copied.");
+        return platform::Failure(
+            platform::kPathFileAccess,
+            fmt::format("{} is a special file, which can't be copied.", object_.path));
     }
-    if (!isFile_ || sourceFacts_.IsLink()) return {};
-    auto read = session_.files().ReadBytes(actual_, 0, 1);
-    if (!read) return std::unexpected(std::move(read.error()));
+    if (!object_.isFile || sourceFacts_.IsLink()) return {};
+    TX_TRY(session_.files().ReadBytes(object_.actual, 0, 1));
     return {};
 }
 
@@ -261,26 +276,25 @@ platform::Result<bool> Placing::DestinationStands() {
 
 platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
-    if (isFile_) return files.CopyFile(actual_, destination_, false, ObserverOf(session_));
-    if (auto may = MakeWay(); !may) return may;
+    if (object_.isFile) return files.CopyFile(object_.actual, destination_, false, run_.observer);
+    TX_TRY(MakeWay());
     isOwn_ = true;
-    return files.CopyFolder(actual_, destination_, false, ObserverOf(session_));
+    return files.CopyFolder(object_.actual, destination_, false, run_.observer);
 }
 
 platform::Result<void> Placing::MakeWay() {
-    const auto stands = DestinationStands();
-    if (!stands) return std::unexpected(stands.error());
-    if (!*stands || (isOwn_ && RecycleOne(session_, destination_))) return {};
-    return platform::Failure(platform::kAlreadyExists,
-                             destination_ + ": " +
-                                 std::string(platform::ErrorText(platform::kAlreadyExists)) + ".");
+    TX_TRY_ASSIGN(const bool stands, DestinationStands());
+    if (!stands || (isOwn_ && RecycleOne(session_, destination_))) return {};
+    return platform::Failure(
+        platform::kAlreadyExists,
+        fmt::format("{}: {}.", destination_, platform::ErrorText(platform::kAlreadyExists)));
 }
 
 platform::Result<void> Placing::Move() {
     auto& files = session_.files();
     isMoveTried_ = true;
-    return isFile_ ? files.MoveFile(actual_, destination_, ObserverOf(session_))
-                   : files.MoveFolder(actual_, destination_);
+    return object_.isFile ? files.MoveFile(object_.actual, destination_, run_.observer)
+                          : files.MoveFolder(object_.actual, destination_);
 }
 
 } // namespace tarvix::actions

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "actions/place/action_run.h"
+#include "actions/place/engine.h"
+#include "actions/place/outcome.h"
 #include "platform/file_system.h"
 #include "session/attempt.h"
 #include "session/session.h"
@@ -15,25 +18,19 @@ namespace tarvix::actions {
 using platform::ObjectFacts;
 using session::Session;
 
-enum class Verb { kCopy, kMove, kRename };
-
 // One object on its way to one place.
 class Placing {
   public:
-    Placing(Session& session, Verb verb, const std::string& source, const std::string& actual,
-            std::string destination, bool isFile, std::string_view mode)
-        : session_(session), action_(session.state.action), verb_(verb), source_(source),
-          actual_(actual), destination_(std::move(destination)), isFile_(isFile), mode_(mode),
-          overwrites_(mode == "overwrite") {}
+    Placing(Session& session, ActionRun& run, Job job)
+        : session_(session), run_(run), object_(job.object),
+          destination_(std::move(job.destination)), verb_(job.verb), overwrites_(job.overwrites) {}
 
-    // The source's facts, when they were read just now.
-    Placing& Knowing(const std::optional<ObjectFacts>& facts);
-
-    // All of it, as CopyObject and MoveObject tell it.
-    void Run();
+    // All of it, as PlaceObject tells it; once.
+    Outcome Run();
 
   private:
     // ---- the steps, in order ----
+    void GoThroughSteps();
     bool FinishDestination();
     void ShowStatus();
     void FindReadOnlyDrives();
@@ -41,7 +38,7 @@ class Placing {
     bool ReadObjects();
     // A read-only or hidden object could not be copied, moved or overwritten.
     bool MakePlain();
-    bool Place();
+    bool PutThere();
     // What stands at the destination is kept in the recycle bin.
     bool RecycleDestination();
     // An original that can't go stays beside its copy.
@@ -49,13 +46,12 @@ class Placing {
     void RestoreSource();
     void RestoreDestination();
     void SetCombined();
-    // Tells the loop what was done.
-    void Note();
     void LogPlaced();
+    Outcome Result();
 
     // ---- the file system ----
-    platform::Result<void> Read(const std::string& path, ObjectFacts& facts);
-    platform::Result<void> SetPlain(const std::string& path);
+    platform::Result<void> Read(std::string_view path, ObjectFacts& facts);
+    platform::Result<void> SetPlain(std::string_view path);
     platform::Result<void> CanBeRead();
     platform::Result<bool> DestinationStands();
     // Never replaces: what stood there has gone to the recycle bin before.
@@ -95,31 +91,32 @@ class Placing {
     void LogForcedMove();
 
     Session& session_;
-    session::ActionState& action_;
-    Verb verb_;
-    const std::string& source_;
-    const std::string& actual_;
+    ActionRun& run_;
+    const Object& object_;
     std::string destination_;
-    bool isFile_;
-    std::string_view mode_;
+    Verb verb_;
     bool overwrites_;
     bool blnSourceOnCD_ = false;
     bool blnDestOnCD_ = false;
-    std::optional<ObjectFacts> known_;
     ObjectFacts sourceFacts_;
     ObjectFacts destinationFacts_;
     std::uint32_t sourceAttributes_ = 0;
     std::uint32_t destinationAttributes_ = 0;
     bool sourceIsPlain_ = false;
     bool destinationIsPlain_ = false;
+    bool isProtected_ = false;
     bool isRecycled_ = false; // what stood at the destination went to the recycle bin
     bool isOwn_ = false;      // what stands there is a copy of ours, perhaps in part
     bool isMoveTried_ = false;
     bool isCopyOnly_ = false; // moved, but the original could not go
     bool forceTried_ = false;
+    bool pathTried_ = false;
     bool isPlaced_ = false;  // the object stands at its new place
+    bool isDone_ = false;    // and all that belongs to it was done
     bool isSettled_ = false; // told or logged already; the routine only leaves
-    bool failed_ = false;
+    bool hasFailed_ = false;
+    bool isDiskFull_ = false;
+    std::string error_;
 };
 
 } // namespace tarvix::actions

@@ -5,21 +5,18 @@
 #include "session/prompt_id.h"
 #include "session/tell.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::actions {
-
-namespace {
-
-constexpr std::size_t kMostErrorsKept = 100;
-
-} // namespace
 
 session::ErrorContext Placing::Context() const {
     return {.routine = verb_ == Verb::kCopy ? "CopyObject" : "MoveObject",
             .moduleName = "frmDialog",
-            .object = source_,
-            .path = actual_,
+            .object = object_.path,
+            .path = object_.actual,
             .searchOrDestination = destination_,
-            .objectType = isFile_ ? session::ObjectType::kFile : session::ObjectType::kFolder,
+            .objectType =
+                object_.isFile ? session::ObjectType::kFile : session::ObjectType::kFolder,
             .sentence = verb_ == Verb::kCopy
                             ? "has not proceeded as expected, copy did not occur."
                             : "has not proceeded as expected, move did not occur, but copy "
@@ -27,19 +24,17 @@ session::ErrorContext Placing::Context() const {
 }
 
 void Placing::Fail(const platform::PlatformError& error) {
-    auto& told = session_.state.lastAction.errors;
-    if (told.size() < kMostErrorsKept) told.push_back(error.description);
-    failed_ = true;
-    action_.blnErrorOccurred = true;
+    error_ = error.description;
+    hasFailed_ = true;
     // Every further copy would end the same way.
-    if (error.number == platform::kDiskFull) action_.blnDiskFull = true;
+    isDiskFull_ = error.number == platform::kDiskFull;
 }
 
 std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
-    if (error.number == platform::kPathNotFound && !action_.blnPathNotFoundTried) {
+    if (error.number == platform::kPathNotFound && !pathTried_) {
         return MakePathOnce();
     }
     return std::nullopt;
@@ -47,10 +42,10 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
 
 std::optional<int> Placing::MakePathOnce() {
     const auto made = session::CreateMissingFolder(session_, destination_, false);
-    action_.blnPathNotFoundTried = true;
-    action_.blnFolderAlreadyThere = made.blnFolderAlreadyThere;
-    if (isFile_ || !action_.blnFolderAlreadyThere) return session::kRecoveryRetry;
-    const bool isThere = !platform::DirName(session_.files(), actual_, platform::kDirAll).empty();
+    pathTried_ = true;
+    if (object_.isFile || !made.blnFolderAlreadyThere) return session::kRecoveryRetry;
+    const bool isThere =
+        !platform::DirName(session_.files(), object_.actual, platform::kDirAll).empty();
     // Nothing was tried yet: what stands there is no folder.
     if (isThere && !isOwn_ && !isMoveTried_) return std::nullopt;
     TellDeepFolder(isThere);
@@ -59,17 +54,19 @@ std::optional<int> Placing::MakePathOnce() {
 }
 
 void Placing::TellDeepFolder(bool isThere) {
-    const bool isAutomatic = session_.state.options.blnAutoMode;
-    std::string told = " Folder: " + source_;
     if (!isThere) {
-        told +=
-            "\r\n\r\nor Folder: " + destination_ + "\r\n\r\n has already been removed, skipped.";
-    } else {
-        if (isOwn_) (void)RecycleOne(session_, destination_);
-        told += isAutomatic ? " " : "\r\n\r\n";
-        told += "contains objects whose path exceed 259 characters, skipped.";
+        return session::TellOrLog(
+            session_, session::PromptId::kDeepFolder,
+            fmt::format(" Folder: {}\r\n\r\nor Folder: {}\r\n\r\n has already been "
+                        "removed, skipped.",
+                        object_.path, destination_));
     }
-    session::TellOrLog(session_, session::PromptId::kDeepFolder, told);
+    if (isOwn_) (void)RecycleOne(session_, destination_);
+    session::TellOrLog(
+        session_, session::PromptId::kDeepFolder,
+        fmt::format(" Folder: {}{}contains objects whose path exceed 259 characters, "
+                    "skipped.",
+                    object_.path, session_.state.options.blnAutoMode ? " " : "\r\n\r\n"));
 }
 
 std::optional<int> Placing::ForceOnce() {
@@ -90,13 +87,14 @@ std::optional<int> Placing::ForceCopy() {
     isPlaced_ = true;
     RestoreSource();
     SetCombined();
-    if (!failed_) {
-        session::LogTimed(session_, " Copy " + source_ + " -- to -- " + destination_ + " forced.");
+    if (!hasFailed_) {
+        session::LogTimed(session_,
+                          fmt::format(" Copy {} -- to -- {} forced.", object_.path, destination_));
     }
-    Note();
+    isDone_ = true;
     // The line comes first, then the report of an error without a number.
     session::HandleError(session_, platform::PlatformError{}, Context());
-    action_.blnErrorOccurred = true;
+    hasFailed_ = true;
     return session::kRecoveryLeave;
 }
 
@@ -105,8 +103,7 @@ std::optional<int> Placing::ForceMove() {
     isSettled_ = true;
     if (overwrites_ && !isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
     if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
-    isPlaced_ = true;
-    Note();
+    isPlaced_ = isDone_ = true;
     if (sourceIsPlain_) {
         (void)session_.files().SetAttributes(destination_, sourceAttributes_);
     }
@@ -117,12 +114,14 @@ std::optional<int> Placing::ForceMove() {
 
 void Placing::LogForcedMove() {
     const bool isRename = verb_ == Verb::kRename;
-    std::string line = isRename ? " Renamed " : " Move ";
-    line += source_ + (isRename ? " -- as -- " : " -- to -- ") + destination_ + " forced";
-    line += overwrites_ ? "by copying and deleting and deleting original object.First the new "
-                          "location file being overwritten was placed in the recycle bin."
-                        : "by copying and deleting.";
-    session::LogTimed(session_, line);
+    session::LogTimed(
+        session_,
+        fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move", object_.path,
+                    isRename ? "as" : "to", destination_,
+                    overwrites_ ? "by copying and deleting and deleting original object.First the "
+                                  "new location file being overwritten was placed in the recycle "
+                                  "bin."
+                                : "by copying and deleting."));
 }
 
 } // namespace tarvix::actions

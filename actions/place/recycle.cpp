@@ -1,7 +1,10 @@
 #include "actions/place/recycle.h"
 
+#include "actions/place/action_run.h"
+#include "actions/place/plain_attributes.h"
 #include "platform/file_system.h"
 #include "platform/trash.h"
+#include "platform/try.h"
 #include "session/attempt.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -19,9 +22,6 @@ namespace {
 using session::ObjectType;
 using session::Session;
 
-constexpr std::uint32_t kPlainFolder = 16;
-constexpr std::uint32_t kPlainFile = 0;
-
 // Whether the object itself is there. Names are found without regard to case, so that what answers
 // to the name of an object that is gone may be its neighbour.
 bool IsThere(Session& session, const std::string& path) {
@@ -38,9 +38,7 @@ platform::Result<void> DeleteForGood(Session& session, const std::string& path, 
     if (!IsThere(session, path)) {
         return platform::Failure(platform::kFileNotFound, path + " is not there.");
     }
-    if (auto plain = files.SetAttributes(path, isFile ? kPlainFile : kPlainFolder); !plain) {
-        return plain;
-    }
+    TX_TRY(files.SetAttributes(path, isFile ? kPlainFile : kPlainFolder));
     return isFile ? files.DeleteFile(path, true) : files.RemoveFolder(path);
 }
 
@@ -50,7 +48,8 @@ bool DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
                                         .moduleName = "Module1",
                                         .object = entry.strPath,
                                         .path = entry.strActualPath,
-                                        .objectType = kind};
+                                        .objectType = kind,
+                                        .asksAlways = true};
     const auto deleted = session::Attempt(
         session, context, [&] { return DeleteForGood(session, entry.strActualPath, kind); });
     if (!deleted) return false;
@@ -70,11 +69,10 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
 
 void AskOverride(Session& session, const RecycleEntry& entry) {
     auto& form = session.forms.frmOverrideRecycleFail;
-    auto& answer = session.state.action.bytRecycleAnswer;
     form.lblMain.Caption = entry.strPath + "\r\n\r\n failed to be recycled. \r\nWould you like to "
                                            "delete anyway, without going to the recycle bin?";
     form.Focus = &form.cmdNo;
-    answer = session::kOverrideNo;
+    form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideRecycleFailure);
     constexpr std::array<const char*, 5> kLines{
         " User selected do not override recycle failure to: ",
@@ -82,21 +80,21 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
         " User selected do not override recycle failure to all at: ",
         " User selected override recycle failure to all at: ",
         " User selected cancel to all in override recycle failure form at: "};
-    session::LogTimed(session, kLines[answer] + entry.strPath);
+    session::LogTimed(session, kLines[form.Answer] + entry.strPath);
 }
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
 // says; gives whether the object is gone.
 bool OverrideRecycleFailure(Session& session, const RecycleEntry& entry, bool blnNoPrompt,
                             std::string_view routine) {
-    const auto& answer = session.state.action.bytRecycleAnswer;
+    const auto& answer = session.forms.frmOverrideRecycleFail.Answer;
     const auto kind = KindOnDisk(session, entry);
-    if (!kind || answer == session::kOverrideNoToAll) return false;
-    if (answer != session::kOverrideYesToAll) {
+    if (!kind || answer == kOverrideNoToAll) return false;
+    if (answer != kOverrideYesToAll) {
         if (blnNoPrompt) return false;
         AskOverride(session, entry);
     }
-    const bool deletes = answer == session::kOverrideYes || answer == session::kOverrideYesToAll;
+    const bool deletes = answer == kOverrideYes || answer == kOverrideYesToAll;
     return deletes && DeleteAnyway(session, entry, *kind, routine);
 }
 
@@ -148,7 +146,7 @@ class RecycleRun {
         outcome_.deleted += isDeleted ? 1 : 0;
         ++(isDeleted ? outcome_.gone : outcome_.failed);
         outcome_.blnStopped =
-            session_.state.action.bytRecycleAnswer == session::kOverrideCancel && !noPrompt_;
+            session_.forms.frmOverrideRecycleFail.Answer == kOverrideCancel && !noPrompt_;
     }
 
     Session& session_;
@@ -168,9 +166,10 @@ RecycleOutcome RecycleObjects(Session& session, const std::vector<RecycleEntry>&
     return RecycleRun(session, queue, blnNoPrompt, observer).Run();
 }
 
-bool RecycleOne(Session& session, const std::string& path) {
-    const std::string actual = session.files().TruePath(path).value_or(path);
-    return RecycleObjects(session, {{actual, path}}, true).gone == 1;
+bool RecycleOne(Session& session, std::string_view path) {
+    std::string listed(path);
+    std::string actual = session.files().TruePath(path).value_or(listed);
+    return RecycleObjects(session, {{std::move(actual), std::move(listed)}}, true).gone == 1;
 }
 
 void AddRecycleEvents(session::EventTable& events) {
@@ -180,12 +179,12 @@ void AddRecycleEvents(session::EventTable& events) {
         const std::string event = std::string(kButtons[answer]) + "_Click";
         events.On("frmOverrideRecycleFail." + event,
                   [answer](Session& session, const session::EventArgs&) {
-                      session.state.action.bytRecycleAnswer = answer;
+                      session.forms.frmOverrideRecycleFail.Answer = answer;
                       session.forms.frmOverrideRecycleFail.Hide();
                   });
         events.On("frmOverrideDialog." + event,
                   [answer](Session& session, const session::EventArgs&) {
-                      session.state.action.bytOverrideAnswer = answer;
+                      session.forms.frmOverrideDialog.Answer = answer;
                       session.forms.frmOverrideDialog.Hide();
                   });
     }

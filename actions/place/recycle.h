@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
@@ -37,7 +38,7 @@ struct RecycleOutcome {
 RecycleOutcome RecycleObjects(session::Session& session, const std::vector<RecycleEntry>& queue,
                               bool blnNoPrompt, const RecycleObserver& observer = {});
 // The same for one object that nobody is asked about; gives whether it is gone.
-bool RecycleOne(session::Session& session, const std::string& path);
+bool RecycleOne(session::Session& session, std::string_view path);
 
 void AddRecycleEvents(session::EventTable& events);
 

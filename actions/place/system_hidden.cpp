@@ -1,11 +1,16 @@
 #include "actions/place/system_hidden.h"
 
+#include "actions/place/action_run.h"
+#include "actions/place/object.h"
 #include "platform/file_system.h"
 #include "session/attempt.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace tarvix::actions {
@@ -14,79 +19,82 @@ namespace {
 
 using session::Session;
 
-constexpr std::uint32_t kHiddenOrSystem = 2 + 4;
+constexpr std::uint32_t kHiddenOrSystem = platform::kHidden | platform::kSystem;
 constexpr std::string_view kHas = " has the attribute(s) system or hidden. ";
 
-void TellOnce(Session& session, const std::string& object, std::string_view word) {
-    auto& warned = session.state.action.blnSystemHiddenWarned;
-    if (session.state.strAction != "Move" || warned) return;
-    warned = true;
-    std::string told = object + "\r\n\r\n";
-    told.append(kHas).append("\r\n\r\n").append(word).append(object);
-    told += ", and all others like it, will be copied and the original will still exist.\r\n"
-            "Assuming there are no other errors.\r\n\r\n"
-            "You will not see this warning again this session.";
-    session.MsgBox(session::PromptId::kProtectedCopied, told);
+std::string_view KindWord(const Object& object) {
+    return object.isFile ? "File " : "Folder ";
 }
 
-std::string Question(const std::string& object, std::string_view word, bool isDelete) {
-    std::string told = object + "\r\n";
-    told.append(kHas).append("\r\n").append(word);
-    told += isDelete ? "was not deleted. \r\n\r\nWould you like to delete anyway?"
-                     : "was not overwritten. \r\n\r\nWould you like to overwrite anyway?";
-    return told;
+void TellOnce(Session& session, const ActionRun& run, const Object& object) {
+    auto& warned = session.state.blnSystemHiddenWarned;
+    if (run.request.strAction != "Move" || warned) return;
+    warned = true;
+    session.MsgBox(
+        session::PromptId::kProtectedCopied,
+        fmt::format(
+            "{0}\r\n\r\n{1}\r\n\r\n{2}{0}, and all others like it, will be copied and the original "
+            "will still exist.\r\nAssuming there are no other errors.\r\n\r\nYou will not see this "
+            "warning again this session.",
+            object.path, kHas, KindWord(object)));
+}
+
+std::string Question(const Object& object, bool isDelete) {
+    return fmt::format("{}\r\n{}\r\n{}{}", object.path, kHas, KindWord(object),
+                       isDelete
+                           ? "was not deleted. \r\n\r\nWould you like to delete anyway?"
+                           : "was not overwritten. \r\n\r\nWould you like to overwrite anyway?");
 }
 
 // Gives whether the object stays protected.
-bool AskOverride(Session& session, const std::string& object, std::string_view word) {
+bool AskOverride(Session& session, ActionRun& run, const Object& object) {
     auto& form = session.forms.frmOverrideDialog;
-    auto& answer = session.state.action.bytOverrideAnswer;
-    form.lblMain.Caption = Question(object, word, session.state.strAction == "Delete");
+    form.lblMain.Caption = Question(object, run.request.strAction == "Delete");
     form.Focus = &form.cmdNo;
-    answer = session::kOverrideNo;
+    form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideProtected);
     session.Repaint();
-    constexpr std::array<const char*, 5> kLines{
+    run.bytOverrideAnswer = form.Answer;
+    constexpr std::array<std::string_view, 5> kLines{
         " User selected do not override to: ", " User selected override to: ",
         " User selected do not override to all at: ", " User selected override to all at: ",
         " User selected cancel to all in override form at: "};
-    session::LogTimed(session, kLines[answer] + object);
-    return answer != session::kOverrideYes && answer != session::kOverrideYesToAll;
+    session::LogTimed(session, fmt::format("{}{}", kLines[form.Answer], object.path));
+    return form.Answer != kOverrideYes && form.Answer != kOverrideYesToAll;
+}
+
+bool IsProtected(Session& session, ActionRun& run, const Object& object, std::uint32_t attributes,
+                 bool blnOverwriting) {
+    if ((attributes & kHiddenOrSystem) == 0) return false;
+    if (run.bytOverrideAnswer == kOverrideNoToAll) return true;
+    if (run.bytOverrideAnswer == kOverrideYesToAll) return false;
+    if (run.request.strAction == "Delete" || blnOverwriting) {
+        return AskOverride(session, run, object);
+    }
+    TellOnce(session, run, object);
+    return true;
 }
 
 } // namespace
 
-bool IsProtected(Session& session, const std::string& object, std::uint32_t attributes,
-                 bool blnIsFile, bool blnOverwriting) {
-    if ((attributes & kHiddenOrSystem) == 0) return false;
-    const auto& answer = session.state.action.bytOverrideAnswer;
-    if (answer == session::kOverrideNoToAll) return true;
-    if (answer == session::kOverrideYesToAll) return false;
-    const std::string_view word = blnIsFile ? "File " : "Folder ";
-    if (session.state.strAction == "Delete" || blnOverwriting) {
-        return AskOverride(session, object, word);
-    }
-    TellOnce(session, object, word);
-    return true;
-}
-
-bool CheckSystemHidden(Session& session, const std::string& object, const std::string& actual,
-                       bool blnIsFile, bool blnOverwriting,
+bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, bool blnOverwriting,
                        std::optional<platform::ObjectFacts>* read) {
-    const session::ErrorContext context{
-        .routine = "CheckSystemHidden",
-        .moduleName = session.state.strAction == "Delete" ? "frmSearch" : "frmDialog",
-        .object = object,
-        .path = actual,
-        .objectType = blnIsFile ? session::ObjectType::kFile : session::ObjectType::kFolder};
+    const bool isDelete = run.request.strAction == "Delete";
+    const session::ErrorContext context{.routine = "CheckSystemHidden",
+                                        .moduleName = isDelete ? "frmSearch" : "frmDialog",
+                                        .object = object.path,
+                                        .path = object.actual,
+                                        .objectType = object.isFile ? session::ObjectType::kFile
+                                                                    : session::ObjectType::kFolder,
+                                        .asksAlways = isDelete};
     const auto facts = session::Attempt(session, context, [&] {
-        return blnIsFile ? platform::GetFile(session.files(), actual)
-                         : platform::GetFolder(session.files(), actual);
+        return object.isFile ? platform::GetFile(session.files(), object.actual)
+                             : platform::GetFolder(session.files(), object.actual);
     });
     // What can't be read can't be shown to be harmless.
     if (!facts) return true;
     if (read) *read = *facts.result;
-    return IsProtected(session, object, facts->attributes, blnIsFile, blnOverwriting);
+    return IsProtected(session, run, object, facts->attributes, blnOverwriting);
 }
 
 } // namespace tarvix::actions

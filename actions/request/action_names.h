@@ -15,6 +15,10 @@ constexpr bool IsTextGroup(std::string_view action) {
     return std::ranges::find(kTextGroup, action) != kTextGroup.end();
 }
 
+constexpr bool IsMove(std::string_view action) {
+    return action == "Move" || action == "Automated Move";
+}
+
 constexpr bool IsCopyOrMove(std::string_view action) {
     return action == "Copy" || action == "Move";
 }

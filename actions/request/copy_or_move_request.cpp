@@ -1,7 +1,6 @@
 #include "actions/request/copy_or_move_request.h"
 
-#include "actions/place/destination.h"
-#include "actions/place/special_rule.h"
+#include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/multi_paths.h"
 #include "actions/request/request_checks.h"
@@ -15,7 +14,7 @@
 #include "session/session.h"
 #include "text/characters.h"
 
-#include <algorithm>
+#include <fmt/core.h>
 
 namespace tarvix::actions {
 
@@ -24,52 +23,47 @@ namespace {
 using session::PromptId;
 using session::Session;
 
-enum Way { kOneLocation, kMultipleLocations, kUpFolderTree, kSpecialRule };
-
 constexpr std::string_view kNoFolder = "It appears you did not select a destination folder. ";
 constexpr std::size_t kShortestFile = 4;
 
-std::string Destination(const Session& session) {
-    return session.frmDialog.cmbDir.Text;
-}
-
-bool CheckUpFolderTree(Session& session) {
-    if (FolderTreeLevels(session) > 0) return true;
+bool CheckUpFolderTree(Session& session, const ActionRequest& request) {
+    if (request.levels > 0) return true;
     RefuseLevels(session, PromptId::kFolderTreeMissing,
                  "Must have a value of one or greater in the 'Up Folder Tree' textbox.");
     return false;
 }
 
-bool CheckSpecialRule(Session& session, std::string& warnings) {
-    const std::string rule = Destination(session);
-    if (!ValidateSpecialRule(session, rule)) {
+bool CheckSpecialRule(Session& session, const ActionRequest& request, std::string& warnings) {
+    if (!request.rule) {
+        session.MsgBox(PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
         BackToWindow(session);
         return false;
     }
-    if (text::Length(rule) < 2) {
+    if (request.rule->set) session.state.strSearchSetText = request.rule->SetText();
+    if (text::Length(request.typed) < 2) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
     }
-    warnings += ExtensionWarning(rule);
+    warnings += ExtensionWarning(request.typed);
     return true;
 }
 
 // The first of several places, as it will be used; false when it has no form that can be opened,
 // and the window stays as it is.
-bool FirstPlace(Session& session, std::string& place) {
-    const auto& form = session.frmDialog;
-    const auto& multi = session.state.action.strMultiPath;
-    place = multi.size() > 1 ? multi[1] : std::string();
-    const std::string partial = Destination(session);
-    if (!form.optStructure[1].Value && !partial.empty()) {
-        place += (partial.starts_with('\\') ? "" : "\\") + partial;
+bool FirstPlace(Session& session, const ActionRequest& request, std::string& place) {
+    place = request.strMultiPath.empty() ? std::string() : request.strMultiPath.front();
+    const std::string& partial = request.typed;
+    if (request.structure != Structure::kDriveMirror && !partial.empty()) {
+        place.append(partial.starts_with('\\') ? "" : "\\").append(partial);
     }
     if (text::Length(place) < session::kLongPath) return true;
     auto shortened = session::GetShortPathNameReturnCodes(session, place);
     if (shortened.status < 2) {
         session.MsgBox(PromptId::kFirstPlaceUnshortened,
-                       place + " exceeds 259 characters in length AND the folder portion does not "
-                               "exist. Was unable to calculate a short path to substitute.");
+                       fmt::format("{} exceeds 259 characters in length AND the folder portion "
+                                   "does not exist. Was unable to calculate a short path to "
+                                   "substitute.",
+                                   place));
         BackToWindow(session);
         return false;
     }
@@ -77,89 +71,90 @@ bool FirstPlace(Session& session, std::string& place) {
     return true;
 }
 
-bool CheckPlace(Session& session, const std::string& place) {
+bool CheckPlace(Session& session, const ActionRequest& request, const std::string& place) {
     if (text::Length(place) >= kShortestFile && IsExistingFile(session, place)) {
         Refuse(session, PromptId::kDestinationIsFile,
-               place + " is a file, you can not copy objects inside it.");
+               fmt::format("{} is a file, you can not copy objects inside it.", place));
         return false;
     }
-    const bool needsFolder = session.frmDialog.optTo[kOneLocation].Value;
-    if (text::Length(place) < 2 || (needsFolder && place.find('\\') == std::string::npos)) {
+    const bool needsFolder = request.way == Way::kOneLocation;
+    if (text::Length(place) < 2 || (needsFolder && !place.contains('\\'))) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
     }
     return true;
 }
 
-bool CheckLocations(Session& session) {
-    const std::string typed = Destination(session);
-    if (typed.find_first_of("*|") != std::string::npos) {
+bool CheckLocations(Session& session, const ActionRequest& request) {
+    if (request.typed.find_first_of("*|") != std::string::npos) {
         Refuse(session, PromptId::kDestinationHasMarks,
                "There is an asterick '*' or bar '|' in the destination path.");
         return false;
     }
-    const bool isMultiple =
-        session.frmDialog.optTo[kMultipleLocations].Value && session.state.strAction == "Copy";
-    std::string place = typed;
-    if (isMultiple && !FirstPlace(session, place)) return false;
-    if (!CheckPlace(session, place)) return false;
-    const auto& multi = session.state.action.strMultiPath;
-    for (std::size_t i = 2; isMultiple && i < multi.size(); ++i) {
-        if (!CheckPlace(session, multi[i])) return false;
+    const bool isMultiple = request.way == Way::kMultipleLocations && request.strAction == "Copy";
+    std::string place = request.typed;
+    if (isMultiple && !FirstPlace(session, request, place)) return false;
+    if (!CheckPlace(session, request, place)) return false;
+    for (std::size_t i = 1; isMultiple && i < request.strMultiPath.size(); ++i) {
+        if (!CheckPlace(session, request, request.strMultiPath[i])) return false;
     }
     return true;
 }
 
-std::string Question(const Session& session) {
-    const auto& form = session.frmDialog;
-    const auto structure = static_cast<std::size_t>(std::max(form.optStructure.Chosen(), 0));
-    const std::string name = session::strStructureName[structure];
-    const std::string heading = form.lblMain.Caption;
-    const std::string sure = "Are you sure you want to ";
-    const std::string using_ = "sing folder structure - " + name + " ?";
-    const auto& multi = session.state.action.strMultiPath;
-    switch (form.optTo.Chosen()) {
-    case kMultipleLocations:
-        return sure + heading + " " + (multi.size() > 1 ? multi[1] : std::string()) +
-               (form.optStructure[1].Value ? std::string() : Destination(session)) +
-               " and other destination folders?\r\nU" + using_;
-    case kUpFolderTree:
-        return sure +
-               (form.chkFolderRename.Value == 1 ? "move and rename object(s) "
-                                                : "move object(s) ") +
-               "up folder tree " + form.txtFolderTree.Text.Get() + " folder(s)?\r\nU" + using_;
-    case kSpecialRule:
-        return sure + heading + " to varying folders using Special Rule - " + Destination(session) +
-               "?";
-    default:
-        return sure + heading + " " + Destination(session) + " u" + using_;
+std::string Question(const ActionRequest& request) {
+    const std::string_view structure =
+        strStructureName[static_cast<std::size_t>(request.structure)];
+    const std::string& typed = request.typed;
+    switch (request.way) {
+    case Way::kMultipleLocations:
+        return fmt::format(
+            "Are you sure you want to {} {}{} and other destination folders?\r\nUsing folder "
+            "structure - {} ?",
+            request.heading, request.strMultiPath.empty() ? "" : request.strMultiPath.front(),
+            request.structure == Structure::kDriveMirror ? "" : typed, structure);
+    case Way::kUpFolderTree:
+        return fmt::format("Are you sure you want to {} object(s) up folder tree {} folder(s)?\r\n"
+                           "Using folder structure - {} ?",
+                           request.prefixesFolders ? "move and rename" : "move",
+                           request.levelsTyped, structure);
+    case Way::kSpecialRule:
+        return fmt::format("Are you sure you want to {} to varying folders using Special Rule - "
+                           "{}?",
+                           request.heading, typed);
+    case Way::kOneLocation:
+        break;
     }
+    return fmt::format("Are you sure you want to {} {} using folder structure - {} ?",
+                       request.heading, typed, structure);
 }
 
-void RunConfirmed(Session& session, const std::string& warnings) {
-    const auto& form = session.frmDialog;
+void LogStart(Session& session, const ActionRequest& request) {
+    session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {} Using {}",
+                                           request.strAction, request.typed,
+                                           kWayNames[static_cast<std::size_t>(request.way)]));
+}
+
+void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings) {
+    const ActionRequest& request = run.request;
     const auto id =
         warnings.empty() ? PromptId::kConfirmCopyOrMove : PromptId::kConfirmCopyOrMoveWarned;
-    if (!Confirm(session, id, warnings + Question(session))) return ReportActionResult(session);
-    if (form.cmbDir.Visible) session::UpdateDestHistory(session);
-    if (form.optTo[kSpecialRule].Value) session.state.action.strFailedPosition.clear();
-    if (form.optTo[kMultipleLocations].Value) CloseMultiPathInEditor(session);
-    if (!HasSelection(session)) return ReportActionResult(session);
-    const int way = std::max(form.optTo.Chosen(), 0);
-    session::LogTimed(session, " User selected to " + session.state.strAction +
-                                   "objects to folder: " + Destination(session) + " Using " +
-                                   text::Replace(form.optTo[way].Caption.Get(), "&", ""));
-    DispatchByDuplicates(session);
-    Report(session);
+    if (!Confirm(session, id, warnings + Question(request)))
+        return ReportActionResult(session, run);
+    if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
+    if (request.way == Way::kSpecialRule) session.state.strFailedPosition.clear();
+    if (request.way == Way::kMultipleLocations) CloseMultiPathInEditor(session);
+    if (!HasSelection(session)) return ReportActionResult(session, run);
+    LogStart(session, request);
+    DispatchByDuplicates(session, run);
+    Report(session, run);
 }
 
 // What is wrong with the step of a batch; empty when it can run.
-std::string WhyNotAutomated(Session& session) {
-    const std::string folder = Destination(session);
+std::string WhyNotAutomated(Session& session, const std::string& folder) {
     auto& failed = session.state.batch.blnStepFailed;
     if (IsExistingFile(session, folder)) {
         failed = true;
-        return folder + " is a file, you can not move objects inside it.";
+        return fmt::format("{} is a file, you can not move objects inside it.", folder);
     }
     const auto exists = [&] {
         return !platform::DirName(session.files(), folder, platform::kDirAll).empty();
@@ -167,7 +162,7 @@ std::string WhyNotAutomated(Session& session) {
     if (!exists()) session::CreateMissingFolder(session, folder, true);
     if (!exists()) {
         failed = true;
-        return "Was unable to create destination folder " + folder;
+        return fmt::format("Was unable to create destination folder {}", folder);
     }
     return session.selection->lngSelTop < 0 ? "Was unable to do move, no objects found."
                                             : std::string();
@@ -175,51 +170,54 @@ std::string WhyNotAutomated(Session& session) {
 
 } // namespace
 
-void RequestCopyOrMove(Session& session) {
-    const auto& form = session.frmDialog;
+void RequestCopyOrMove(Session& session, ActionRun& run) {
+    const ActionRequest& request = run.request;
     std::string warnings;
-    if (form.optTo[kUpFolderTree].Value && session.state.strAction == "Move") {
-        if (!CheckUpFolderTree(session)) return;
-    } else if (form.optTo[kSpecialRule].Value) {
-        if (!CheckSpecialRule(session, warnings)) return;
-    } else if (!CheckLocations(session)) {
+    if (request.way == Way::kUpFolderTree && request.strAction == "Move") {
+        if (!CheckUpFolderTree(session, request)) return;
+    } else if (request.way == Way::kSpecialRule) {
+        if (!CheckSpecialRule(session, request, warnings)) return;
+    } else if (!CheckLocations(session, request)) {
         return;
     }
-    if (!HasRenameText(session)) return;
-    warnings += SameLocationWarning(session);
-    RunConfirmed(session, warnings);
+    if (!HasRenameText(session, request)) return;
+    warnings += SameLocationWarning(session, request);
+    RunConfirmed(session, run, warnings);
 }
 
-void RequestCopyAsFolderName(Session& session) {
-    const std::string destination = Destination(session);
-    if (FolderTreeLevels(session) == 0) {
+void RequestCopyAsFolderName(Session& session, ActionRun& run) {
+    const ActionRequest& request = run.request;
+    const std::string& typed = request.typed;
+    if (request.levels == 0) {
         return RefuseLevels(session, PromptId::kFolderNamesMissing,
                             "Must have a selected more than one Folder name to use.");
     }
-    if (text::Length(destination) == 1) {
+    if (text::Length(typed) == 1) {
         return Refuse(session, PromptId::kDestinationOneCharacter,
-                      "It appears you did not select a valid destination folder.\r\n" +
-                          destination + " is only one character.\r\n\r\n");
+                      fmt::format("It appears you did not select a valid destination folder.\r\n{} "
+                                  "is only one character.\r\n\r\n",
+                                  typed));
     }
-    if (destination.empty() && session.frmDialog.optTo[kOneLocation].Value) {
+    if (typed.empty() && request.way == Way::kOneLocation) {
         return Refuse(session, PromptId::kDestinationMissing,
                       "It appears you did not select a destination folder. \r\n\r\n");
     }
-    if (!HasRenameText(session)) return;
-    RunConfirmed(session, ExtensionWarning(destination) + SameLocationWarning(session));
+    if (!HasRenameText(session, request)) return;
+    RunConfirmed(session, run, ExtensionWarning(typed) + SameLocationWarning(session, request));
 }
 
-void RequestAutomatedMove(Session& session) {
-    const std::string wrong = WhyNotAutomated(session);
+void RequestAutomatedMove(Session& session, ActionRun& run) {
+    const ActionRequest& request = run.request;
+    const std::string wrong = WhyNotAutomated(session, request.typed);
     if (!wrong.empty()) {
-        session::LogTimed(session, " " + wrong + "\r\nThis search step skipped.\r\n");
+        session::LogTimed(session, fmt::format(" {}\r\nThis search step skipped.\r\n", wrong));
         session.frmDialog.Hide();
         return SetBusy(session, false);
     }
-    session::LogTimed(session, " User selected to " + session.state.strAction +
-                                   "objects to folder: " + Destination(session));
-    DispatchByDuplicates(session);
-    Report(session);
+    session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {}",
+                                           request.strAction, request.typed));
+    DispatchByDuplicates(session, run);
+    Report(session, run);
 }
 
 } // namespace tarvix::actions

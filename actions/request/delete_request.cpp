@@ -1,5 +1,7 @@
 #include "actions/request/delete_request.h"
 
+#include "actions/place/action_run.h"
+#include "actions/place/object.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
 #include "platform/clock.h"
@@ -9,6 +11,8 @@
 #include "session/session.h"
 #include "text/characters.h"
 #include "text/format.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -52,78 +56,59 @@ bool Confirm(Session& session) {
            session::kYes;
 }
 
-// Automatic mode is off for the length of a deletion, so that the override prompts can appear.
-class AutomaticModeOff {
-  public:
-    explicit AutomaticModeOff(Session& session)
-        : options_(session.state.options), was_(options_.blnAutoMode) {
-        if (was_ && !session.state.blnRepeatDeleteEmpty) {
-            session.MsgBox(PromptId::kAutomaticModeOff,
-                           "Turning off automatic mode during delete.");
-        }
-        options_.blnAutoMode = false;
-    }
-    ~AutomaticModeOff() { options_.blnAutoMode = was_; }
-    AutomaticModeOff(const AutomaticModeOff&) = delete;
-    AutomaticModeOff& operator=(const AutomaticModeOff&) = delete;
-
-  private:
-    session::Options& options_;
-    bool was_;
-};
+// A deletion asks in automatic mode, too.
+void TellThatItAsks(Session& session) {
+    if (!session.state.options.blnAutoMode || session.state.blnRepeatDeleteEmpty) return;
+    session.MsgBox(PromptId::kAutomaticModeOff, "Turning off automatic mode during delete.");
+}
 
 // While it lives the stop button shows and only it acts.
-class Busy {
+class StopButton {
   public:
-    explicit Busy(Session& session) : session_(session) {
+    explicit StopButton(Session& session) : session_(session) {
         session.state.blnRecycling = true;
         session.state.blnStopAction = false;
         session.frmSearch.cmdStop.Visible = true;
     }
-    ~Busy() {
+    ~StopButton() {
         session_.state.blnRecycling = false;
         session_.frmSearch.cmdStop.Visible = false;
         session_.forms.frmProgress.Hide();
     }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    StopButton(const StopButton&) = delete;
+    StopButton& operator=(const StopButton&) = delete;
 
   private:
     Session& session_;
 };
 
-bool WasCancelled(const Session& session) {
-    const auto& action = session.state.action;
-    return session.state.blnStopAction || action.bytOverrideAnswer == session::kOverrideCancel ||
-           action.bytRecycleAnswer == session::kOverrideCancel;
-}
-
-void QueueOne(Session& session, std::size_t index, std::vector<RecycleEntry>& queue) {
-    const auto& tables = *session.selection;
-    const std::string& path = tables.strSelPath[index];
+void QueueOne(Session& session, ActionRun& run, std::size_t index,
+              std::vector<RecycleEntry>& queue) {
+    const Object object = ObjectAt(*session.selection, index);
     auto& skipped = session.state.lastAction.skipped;
-    if (CheckSystemHidden(session, path, tables.strSelActualPath[index], tables.blnSelIsFile[index],
-                          false)) {
-        session::LogTimed(session, " User skipped delete of " + path);
+    if (CheckSystemHidden(session, run, object, false)) {
+        session::LogTimed(session, text::Concat({" User skipped delete of ", object.path}));
         ++skipped;
-    } else if (session::IsRecycleBin(path)) {
-        session::LogTimed(session,
-                          " Skipped delete of " + path + ". Because it is the Recycle Bin.");
+    } else if (session::IsRecycleBin(object.path)) {
+        session::LogTimed(session, fmt::format(" Skipped delete of {}. Because it is the Recycle "
+                                               "Bin.",
+                                               object.path));
         ++skipped;
     } else {
-        queue.push_back({tables.strSelActualPath[index], path});
-        session::LogTimed(session, " " + path + " is queued for the recycle bin.");
+        queue.push_back({std::string(object.actual), std::string(object.path)});
+        session::LogTimed(session,
+                          text::Concat({" ", object.path, " is queued for the recycle bin."}));
     }
 }
 
 // False when the user cancelled, and nothing must be recycled.
-bool BuildQueue(Session& session, std::vector<RecycleEntry>& queue) {
+bool BuildQueue(Session& session, ActionRun& run, std::vector<RecycleEntry>& queue) {
     const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
     queue.reserve(count);
     for (std::size_t index = 0; index < count; ++index) {
         session.Yield();
-        if (!session.state.blnStopAction) QueueOne(session, index, queue);
-        if (!WasCancelled(session)) continue;
+        if (!session.state.blnStopAction) QueueOne(session, run, index, queue);
+        if (!session.state.blnStopAction && run.bytOverrideAnswer != kOverrideCancel) continue;
         session::LogTimed(session, " User canceled delete of the objects");
         return false;
     }
@@ -131,9 +116,9 @@ bool BuildQueue(Session& session, std::vector<RecycleEntry>& queue) {
 }
 
 // Shows how far a long recycling is; a short one goes without.
-class Progress {
+class RecyclingShown {
   public:
-    Progress(Session& session, std::size_t total)
+    RecyclingShown(Session& session, std::size_t total)
         : session_(session), total_(total), due_(session.platform.clock.Steady() + kFirstShown) {}
 
     bool Step(std::size_t done) {
@@ -148,9 +133,9 @@ class Progress {
 
     void Show(std::size_t done) {
         auto& form = session_.forms.frmProgress;
-        form.lblMain.Caption =
-            "Recycling " + text::Format(static_cast<std::int64_t>(done), "#,##0") + " of " +
-            text::Format(static_cast<std::int64_t>(total_), "#,##0") + " objects";
+        form.lblMain.Caption = fmt::format(
+            "Recycling {} of {} objects", text::Format(static_cast<std::int64_t>(done), "#,##0"),
+            text::Format(static_cast<std::int64_t>(total_), "#,##0"));
         form.prgMain.Max = static_cast<long long>(total_);
         form.prgMain.Value = static_cast<long long>(done);
         form.Show();
@@ -167,13 +152,13 @@ void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
     auto& state = session.state;
     auto& totals = state.lastAction;
     const std::string before = form.lblStatus.Caption.Get();
-    form.lblStatus.Caption = session.state.action.bytRecycleAnswer == session::kOverrideYesToAll
+    form.lblStatus.Caption = session.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll
                                  ? "Recycling or permanently deleting: Everything selected at once."
                                  : "Recycling: Everything selected at once.";
     session.Repaint();
-    Progress progress(session, queue.size());
+    RecyclingShown shown(session, queue.size());
     const RecycleOutcome outcome = RecycleObjects(
-        session, queue, false, [&progress](std::size_t done) { return progress.Step(done); });
+        session, queue, false, [&shown](std::size_t done) { return shown.Step(done); });
     totals.done += static_cast<std::int64_t>(outcome.gone);
     totals.deleted += static_cast<std::int64_t>(outcome.deleted);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
@@ -191,12 +176,14 @@ void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
 }
 
 void DeleteSelection(Session& session) {
-    const AutomaticModeOff interactive(session);
+    TellThatItAsks(session);
     session::LogTimed(session,
                       " User selected to delete all selected objects to the recycle bin at start.");
-    const Busy busy(session);
+    const StopButton stoppable(session);
+    const ActionRequest request{.strAction = session.state.strAction};
+    ActionRun run(session, request);
     std::vector<RecycleEntry> queue;
-    if (!BuildQueue(session, queue)) {
+    if (!BuildQueue(session, run, queue)) {
         session.state.blnActionCancelled = true;
     } else if (!queue.empty()) {
         RecycleQueue(session, queue);
@@ -211,7 +198,7 @@ void cmdDeleteSelected_Click(Session& session) {
     if (state.options.blnAutoMode) form.lblStatus.Caption = "Deleting";
     state.strAction = "Delete";
     state.blnActionCancelled = false;
-    state.action.bytOverrideAnswer = session::kOverrideNo;
+    session.forms.frmOverrideDialog.Answer = kOverrideNo;
     state.lastAction = {};
     results::BuildFileArray(session);
     if (session.selection->lngSelTop < 0) {
@@ -224,7 +211,7 @@ void cmdDeleteSelected_Click(Session& session) {
         return;
     }
     DeleteSelection(session);
-    state.action.bytRecycleAnswer = session::kOverrideNo;
+    session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
     if (state.blnRepeatDeleteEmpty) return;
     state.blnRepeatRequested = state.blnRedoNow = true;
     results::CountSelection(session);

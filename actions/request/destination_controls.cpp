@@ -1,10 +1,13 @@
 #include "actions/request/destination_controls.h"
 
+#include "actions/place/action_request.h"
 #include "platform/native_paths.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -17,8 +20,6 @@ using fields::CheckBox;
 using fields::FrmDialog;
 using session::EventArgs;
 using session::Session;
-
-enum Way { kOneLocation, kMultipleLocations, kUpFolderTree, kSpecialRule };
 
 constexpr std::array kWayLogs{
     " objects into one location folder.",
@@ -46,9 +47,9 @@ bool CanBeOneLocation(std::string_view text) {
     return text.contains("\\\\") || text.contains(':') || text.contains('%') || BeginsNative(text);
 }
 
-void ClearDestination(FrmDialog& form, int way) {
-    const bool keeps =
-        way == kUpFolderTree || (way == kOneLocation && CanBeOneLocation(form.cmbDir.Text.Get()));
+void ClearDestination(FrmDialog& form, Way way) {
+    const bool keeps = way == Way::kUpFolderTree ||
+                       (way == Way::kOneLocation && CanBeOneLocation(form.cmbDir.Text.Get()));
     if (!keeps) form.cmbDir.Text = "";
 }
 
@@ -65,21 +66,21 @@ void optTo_Click(Session& session, const EventArgs& args) {
     if (args.isRepeat) return;
     if (args.index < 0 || args.index >= static_cast<int>(kWayLogs.size())) return;
     FrmDialog& form = session.frmDialog;
-    session::LogTimed(session, " User selected to " + session.state.strAction +
-                                   kWayLogs[static_cast<std::size_t>(args.index)]);
-    ClearDestination(form, args.index);
-    if (args.index == kUpFolderTree) {
+    session::LogTimed(session, fmt::format(" User selected to {}{}", session.state.strAction,
+                                           kWayLogs[static_cast<std::size_t>(args.index)]));
+    const auto way = static_cast<Way>(args.index);
+    ClearDestination(form, way);
+    if (way == Way::kUpFolderTree) {
         form.txtFolderTree.Text = "1";
         form.lblFolderTree.Caption = "Number of levels to move object up folder tree";
     }
     ResetDuplicateChoice(session);
-    CountDestinations(session);
     ShowDestinationFields(session);
 }
 
 void cmbDir_Change(Session& session) {
     FrmDialog& form = session.frmDialog;
-    form.cmbDir.Text = FilterEntry(form.cmbDir.Text.Get(), form.optTo[kSpecialRule].Value);
+    form.cmbDir.Text = FilterEntry(form.cmbDir.Text.Get(), form.optTo[3].Value);
 }
 
 void txtFolderTree_Change(Session& session) {
@@ -177,21 +178,15 @@ void ShowDestinationFields(Session& session) {
     const std::string& action = session.state.strAction;
     if (action != "Copy" && action != "Move") return;
     FrmDialog& form = session.frmDialog;
-    const int way = form.optTo.Chosen();
-    form.cmbDir.Visible = way != kUpFolderTree;
-    form.cmdBrowse.Visible = way == kOneLocation || way == kSpecialRule;
-    form.txtFolderTree.Visible = way == kUpFolderTree;
-    form.lblFolderTree.Visible = way == kUpFolderTree;
-    form.chkFolderRename.Visible = way == kUpFolderTree;
-    form.filMultiPath.Visible = way == kMultipleLocations;
-    form.lstMulti.Visible = way == kMultipleLocations;
-    form.OKButton.Visible = way != kMultipleLocations || !form.lstMulti.Items().empty();
-}
-
-void CountDestinations(Session& session) {
-    auto& action = session.state.action;
-    const bool isMultiple = session.frmDialog.optTo[kMultipleLocations].Value;
-    action.intMultiCount = isMultiple ? static_cast<int>(action.strMultiPath.size()) - 1 : 1;
+    const auto way = static_cast<Way>(form.optTo.Chosen());
+    form.cmbDir.Visible = way != Way::kUpFolderTree;
+    form.cmdBrowse.Visible = way == Way::kOneLocation || way == Way::kSpecialRule;
+    form.txtFolderTree.Visible = way == Way::kUpFolderTree;
+    form.lblFolderTree.Visible = way == Way::kUpFolderTree;
+    form.chkFolderRename.Visible = way == Way::kUpFolderTree;
+    form.filMultiPath.Visible = way == Way::kMultipleLocations;
+    form.lstMulti.Visible = way == Way::kMultipleLocations;
+    form.OKButton.Visible = way != Way::kMultipleLocations || !form.lstMulti.Items().empty();
 }
 
 void AddDestinationEvents(session::EventTable& events) {

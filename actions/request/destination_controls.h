@@ -30,9 +30,6 @@ void ShowDuplicateFields(session::Session& session);   // what makes a duplicate
 void ShowRenameFields(session::Session& session);      // find and replace, or insert
 void ShowDestinationFields(session::Session& session); // by `optTo`, for copies and moves
 
-// Sets `intMultiCount`: the paths loaded when the action goes to several locations, else 1.
-void CountDestinations(session::Session& session);
-
 void AddDestinationEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

@@ -9,6 +9,8 @@
 #include "session/session.h"
 #include "text/format.h"
 
+#include <fmt/core.h>
+
 #include <array>
 
 namespace tarvix::actions {
@@ -27,7 +29,6 @@ struct Setup {
     bool hasBrowse;
     Duplicates duplicates;
     bool hasStructure;
-    bool isMove;
     bool hasLevels = false;
     bool hasRename = false;
     bool hasEof = false;
@@ -38,32 +39,27 @@ constexpr std::array<bool, 4> kNoChoice{};
 constexpr std::array<bool, 4> kOnlyOne{true, false, false, false};
 
 constexpr std::array kSetups{
-    Setup{"Copy", {true, true, false, true}, true, true, Duplicates::kWithOverwrite, true, false},
-    Setup{"Move", {true, false, true, true}, true, true, Duplicates::kWithoutOverwrite, true, true},
-    Setup{"Rename", kNoChoice, false, false, Duplicates::kNone, false, false, false, true},
-    Setup{"RenameAsTitle", kNoChoice, false, false, Duplicates::kNone, false, false},
-    Setup{"RenameFromTextFile", kNoChoice, true, true, Duplicates::kNone, false, false},
-    Setup{"RenameFromHTMLSearch", kNoChoice, true, true, Duplicates::kNone, false, false},
-    Setup{"RenameFromSelfSearch", kNoChoice, true, true, Duplicates::kNone, false, false},
-    Setup{"CopyRenameAsFolderName", kNoChoice, true, true, Duplicates::kWithOverwrite, false, false,
+    Setup{"Copy", {true, true, false, true}, true, true, Duplicates::kWithOverwrite, true},
+    Setup{"Move", {true, false, true, true}, true, true, Duplicates::kWithoutOverwrite, true},
+    Setup{"Rename", kNoChoice, false, false, Duplicates::kNone, false, false, true},
+    Setup{"RenameAsTitle", kNoChoice, false, false, Duplicates::kNone, false},
+    Setup{"RenameFromTextFile", kNoChoice, true, true, Duplicates::kNone, false},
+    Setup{"RenameFromHTMLSearch", kNoChoice, true, true, Duplicates::kNone, false},
+    Setup{"RenameFromSelfSearch", kNoChoice, true, true, Duplicates::kNone, false},
+    Setup{"CopyRenameAsFolderName", kNoChoice, true, true, Duplicates::kWithOverwrite, false, true},
+    Setup{"Names Only", kNoChoice, true, true, Duplicates::kNone, false, false, false, true, true},
+    Setup{"Path and Names", kNoChoice, true, true, Duplicates::kNone, false, false, false, true,
           true},
-    Setup{"Names Only", kNoChoice, true, true, Duplicates::kNone, false, false, false, false, true,
-          true},
-    Setup{"Path and Names", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
-          true, true},
-    Setup{"Target Paths", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
-          true},
-    Setup{"CreateHTML", kNoChoice, true, true, Duplicates::kNone, false, false},
+    Setup{"Target Paths", kNoChoice, true, true, Duplicates::kNone, false, false, false, true},
+    Setup{"CreateHTML", kNoChoice, true, true, Duplicates::kNone, false},
     Setup{"Create MPL From Combo Box", kNoChoice, true, true, Duplicates::kNone, false, false,
-          false, false, true},
-    Setup{"Numeric Increment", kNoChoice, true, true, Duplicates::kNone, false, false, false, false,
+          false, true},
+    Setup{"Numeric Increment", kNoChoice, true, true, Duplicates::kNone, false, false, false, true},
+    Setup{"MakeFolders", kNoChoice, true, true, Duplicates::kNone, false},
+    Setup{"Automated Move", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true},
+    Setup{"Automated Playlist Gen", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true},
+    Setup{"Automated Playlist Gen Full", kOnlyOne, true, false, Duplicates::kWithoutOverwrite,
           true},
-    Setup{"MakeFolders", kNoChoice, true, true, Duplicates::kNone, false, false},
-    Setup{"Automated Move", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true, true},
-    Setup{"Automated Playlist Gen", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true,
-          false},
-    Setup{"Automated Playlist Gen Full", kOnlyOne, true, false, Duplicates::kWithoutOverwrite, true,
-          false},
 };
 
 const Setup& SetupOf(std::string_view action) {
@@ -162,12 +158,13 @@ void TakeNewestDestination(Session& session) {
 std::string OkCaption(const Session& session) {
     const std::string& action = session.state.strAction;
     const auto count = session.selection->lngSelTop + 1;
-    const std::string objects =
-        text::Format(count, "#,##0") + (count == 1 ? " object" : " objects");
-    if (action == "Copy" || action == "CopyRenameAsFolderName") return "&Copy " + objects;
-    if (action == "Move") return "&Move " + objects;
-    if (action.starts_with("Rename")) return "&Rename " + objects;
-    return "&OK";
+    const bool isCopy = action == "Copy" || action == "CopyRenameAsFolderName";
+    if (!isCopy && action != "Move" && !action.starts_with("Rename")) return "&OK";
+    return fmt::format("&{} {} {}",
+                       isCopy             ? "Copy"
+                       : action == "Move" ? "Move"
+                                          : "Rename",
+                       text::Format(count, "#,##0"), count == 1 ? "object" : "objects");
 }
 
 // A batch brings its own destination and duplicate choice, and nobody presses OK.
@@ -199,9 +196,9 @@ void SetUpWindow(Session& session) {
     RefreshMultiPathList(session);
     form.lblNumOfFilesSelected.Caption = session.frmSearch.lblNumOfFilesSelected.Caption.Get();
     form.lblNumOfDirsSelected.Caption = session.frmSearch.lblNumOfDirsSelected.Caption.Get();
-    form.lstMulti.Header = state.strAction + " to File Locations.  (Double click to clear.)";
+    form.lstMulti.Header =
+        fmt::format("{} to File Locations.  (Double click to clear.)", state.strAction);
     const Setup& setup = SetupOf(state.strAction);
-    state.action.blnMove = setup.isMove;
     OfferDestinations(session, setup);
     TakeNewestDestination(session);
     OfferDuplicates(session, setup);
@@ -209,7 +206,6 @@ void SetUpWindow(Session& session) {
     OfferOthers(session, setup);
     form.cmdPreview.Visible = IsCopyOrMove(setup.action) || setup.hasRename || setup.hasLevels;
     form.OKButton.Caption = OkCaption(session);
-    CountDestinations(session);
 }
 
 } // namespace

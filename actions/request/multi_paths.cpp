@@ -1,5 +1,6 @@
 #include "actions/request/multi_paths.h"
 
+#include "actions/place/action_request.h"
 #include "actions/request/destination_controls.h"
 #include "platform/dir.h"
 #include "platform/launcher.h"
@@ -18,8 +19,6 @@ namespace tarvix::actions {
 namespace {
 
 using session::Session;
-
-constexpr std::size_t kMostPaths = session::kMultiPathLimit;
 
 std::string ListPath(const Session& session, std::size_t position) {
     return text::JoinPath(session.state.strDataFolder,
@@ -87,13 +86,9 @@ void LoadMultiPaths(Session& session) {
         ReadInto(session, list, paths);
     }
     session.frmDialog.lblStatus.Caption =
-        paths.size() <= kMostPaths ? std::string() : "Only the first 1000 locations are used.";
-    paths.resize(std::min(paths.size(), kMostPaths));
-    auto& loaded = session.state.action.strMultiPath;
-    loaded.assign(1, "");
-    loaded.insert(loaded.end(), paths.begin(), paths.end());
+        paths.size() <= kMultiPathLimit ? std::string() : "Only the first 1000 locations are used.";
+    paths.resize(std::min(paths.size(), kMultiPathLimit));
     session.frmDialog.lstMulti.SetItems(std::move(paths));
-    CountDestinations(session);
     ShowDestinationFields(session);
 }
 

@@ -10,7 +10,7 @@ namespace tarvix::actions {
 // Lists the Multiple Path Lists (*.mpl) of the data folder; those chosen stay chosen.
 void RefreshMultiPathList(session::Session& session);
 
-// Reads the chosen lists into `strMultiPath` and `lstMulti`, each path cleaned and without a final
+// Reads the chosen lists into `lstMulti`, each path cleaned and without a final
 // "\", at most kMultiPathLimit of them (the status line tells of more). A list that can't be read
 // is told and left out.
 void LoadMultiPaths(session::Session& session);

@@ -1,11 +1,11 @@
 #include "actions/request/ok_button.h"
 
+#include "actions/place/action_run.h"
 #include "actions/request/action_names.h"
 #include "actions/request/copy_or_move_request.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/other_requests.h"
-#include "actions/run/report.h"
-#include "platform/file_system.h"
+#include "actions/request/read_request.h"
 #include "platform/native_paths.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
@@ -15,7 +15,12 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
+#include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
 
 namespace tarvix::actions {
 
@@ -34,66 +39,75 @@ constexpr std::string_view kNoShortPath =
     "What is typed into the Destination combo box exceeds 259 characters in length AND the folder "
     "portion does not exist. Was unable to calculate a short path to substitute.";
 
-void CleanSpaces(Session& session) {
-    auto& box = session.frmDialog.cmbDir;
-    const bool isPath = session.state.strAction != "Copy" && session.state.strAction != "Move";
-    const bool isRule = !isPath && session.frmDialog.optTo[3].Value;
-    std::string typed = session.platform.paths.ToDrive(box.Text.Get());
+// The destination box of this session while its text is brought into its final form, step by
+// step: each step shows.
+class Typed {
+  public:
+    Typed(Session& session, std::string text) : session_(session), text_(std::move(text)) {}
+
+    bool Finish(bool isRule) {
+        CleanSpaces(isRule);
+        if (!Shorten()) return false;
+        SubstituteFakeRoots();
+        return true;
+    }
+    void ExpandVariables() {
+        if (text_.contains('%')) Set(session::RemoveEnvVarAndRestorePath(session_, text_));
+    }
+    const std::string& Text() const { return text_; }
+
+  private:
+    void Set(std::string text) {
+        text_ = std::move(text);
+        session_.frmDialog.cmbDir.Text = text_;
+    }
+    void CleanSpaces(bool isRule);
+    bool Shorten();
+    void SubstituteFakeRoots();
+
+    Session& session_;
+    std::string text_;
+};
+
+void Typed::CleanSpaces(bool isRule) {
+    std::string text = session_.platform.paths.ToDrive(text_);
     if (isRule) {
         // In a rule these are marks, not characters of a name.
-        typed = text::Replace(typed, "\uF02A", "*");
-        typed = text::Replace(typed, "\uF07C", "|");
+        text = text::Replace(text, "\uF02A", "*");
+        text = text::Replace(text, "\uF07C", "|");
     }
-    box.Text = std::move(typed);
-    box.Text = text::CleanSpacesInPath(box.Text.Get(), true);
+    Set(text::CleanSpacesInPath(text, true));
 }
 
-bool ShortenDestination(Session& session) {
-    auto& box = session.frmDialog.cmbDir;
-    if (text::Length(box.Text.Get()) <= session::kLongPath) return true;
-    if (session.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
+bool Typed::Shorten() {
+    if (text::Length(text_) <= session::kLongPath) return true;
+    if (session_.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
         return false;
     }
-    const auto shortened = session::GetShortPathNameReturnCodes(session, box.Text.Get());
+    auto shortened = session::GetShortPathNameReturnCodes(session_, text_);
     if (shortened.status < 2) {
-        session.MsgBox(PromptId::kDestinationUnshortened, kNoShortPath);
+        session_.MsgBox(PromptId::kDestinationUnshortened, kNoShortPath);
         return false;
     }
-    box.Text = shortened.path;
+    Set(std::move(shortened.path));
     return true;
 }
 
-void SubstituteFakeRoots(Session& session) {
-    auto& box = session.frmDialog.cmbDir;
-    const std::string original = box.Text;
+void Typed::SubstituteFakeRoots() {
+    const std::string original = text_;
     for (const std::string_view fake : session::kFakeRoots) {
-        const auto real = session::WithoutFakeRoot(original, fake);
+        auto real = session::WithoutFakeRoot(original, fake);
         if (!real) continue;
-        session.MsgBox(PromptId::kDestinationReplaced,
-                       box.Text.Get() + " is not a real folder, substituting the actual folder " +
-                           *real);
-        box.Text = *real;
-    }
-}
-
-// Everything that one action leaves behind for the next.
-void ResetForRun(Session& session) {
-    auto& state = session.state;
-    auto& action = state.action;
-    state.blnRedoAfterAction = state.blnActionCancelled = false;
-    action.blnErrorOccurred = action.blnPathNotFoundTried = false;
-    action.intRuleNoFolder = action.intRuleOk = 0;
-    action.intRuleShortSearch = action.intRuleShortReplace = 0;
-    action.strFolderPrefix.clear();
-    action.strCDDrives.clear();
-    for (const platform::DriveInfo& drive : session.files().Drives()) {
-        if (drive.type == platform::DriveType::kCdRom) action.strCDDrives.push_back(drive.path);
+        session_.MsgBox(PromptId::kDestinationReplaced,
+                        fmt::format("{} is not a real folder, substituting the actual folder {}",
+                                    text_, *real));
+        Set(std::move(*real));
     }
 }
 
 struct Branch {
     std::string_view action;
-    void (*run)(Session& session);
+    void (*run)(Session& session, ActionRun& run);
 };
 
 constexpr std::array kBranches{
@@ -111,33 +125,31 @@ constexpr std::array kBranches{
     Branch{"Move", RequestCopyOrMove},
 };
 
-void RunBranch(Session& session) {
-    const std::string& action = session.state.strAction;
-    if (IsTextGroup(action)) return RequestTextFile(session);
+void RunBranch(Session& session, ActionRun& run) {
+    const std::string& action = run.request.strAction;
+    if (IsTextGroup(action)) return RequestTextFile(session, run);
     const auto branch = std::ranges::find(kBranches, action, &Branch::action);
-    if (branch != kBranches.end()) branch->run(session);
+    if (branch != kBranches.end()) branch->run(session, run);
 }
 
 } // namespace
 
-bool CleanDestinationBox(Session& session) {
-    CleanSpaces(session);
-    if (!ShortenDestination(session)) return false;
-    SubstituteFakeRoots(session);
-    return true;
+void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink) {
+    auto& state = session.state;
+    const bool isRule = IsCopyOrMove(state.strAction) && form.optTo[3].Value;
+    state.bytPathChoice = session::kPathSkip;
+    Typed typed(session, form.cmbDir.Text);
+    if (!typed.Finish(isRule)) return;
+    SetBusy(session, true);
+    state.blnRedoAfterAction = state.blnActionCancelled = state.blnErrorOccurred = false;
+    typed.ExpandVariables();
+    const ActionRequest request = ReadRequest(form, state.strAction, typed.Text());
+    ActionRun run(session, request, sink);
+    RunBranch(session, run);
 }
 
 void OKButton_Click(Session& session) {
-    session.state.action.blnRuleFailed = false;
-    session.state.bytPathChoice = session::kPathSkip;
-    if (!CleanDestinationBox(session)) return;
-    SetBusy(session, true);
-    ResetForRun(session);
-    auto& box = session.frmDialog.cmbDir;
-    if (box.Text->find('%') != std::string::npos) {
-        box.Text = session::RemoveEnvVarAndRestorePath(session, box.Text.Get());
-    }
-    RunBranch(session);
+    PressOk(session, session.frmDialog, nullptr);
 }
 
 void CancelButton_Click(Session& session) {

@@ -1,14 +1,16 @@
 #include "actions/request/other_requests.h"
 
+#include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/rename_only.h"
-#include "actions/run/report.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -20,39 +22,32 @@ namespace {
 using session::PromptId;
 using session::Session;
 
-constexpr std::string_view kGap = "\r\n\r\n";
 constexpr std::size_t kShortestFile = 4;
 
-std::string Destination(const Session& session) {
-    return session.frmDialog.cmbDir.Text;
-}
-
 void Raise(Session& session, std::string_view routine) {
-    session.events.Raise(session, std::string("frmDialog.").append(routine));
+    session.events.Raise(session, fmt::format("frmDialog.{}", routine));
 }
 
-std::string WriteQuestion(Session& session, bool exists) {
-    const bool isList = session.state.strAction == "Names Only";
-    std::string question = "Are you sure you want to " + session.frmDialog.lblMain.Caption.Get() +
-                           " " + Destination(session);
-    if (!exists && isList) {
-        return question + "\r\n\r\n(Local playlists only work if created in same folder as all "
-                          "the songs) ?";
+std::string WriteQuestion(const ActionRequest& request, bool exists) {
+    const std::string question =
+        fmt::format("Are you sure you want to {} {}", request.heading, request.typed);
+    if (exists) {
+        return question + " ?\r\n\r\nThe current file will be replaced by this action.";
     }
-    question += " ?";
-    if (exists) question += "\r\n\r\nThe current file will be replaced by this action.";
-    return question;
+    if (request.strAction != "Names Only") return question + " ?";
+    return question + "\r\n\r\n(Local playlists only work if created in same folder as all the "
+                      "songs) ?";
 }
 
 // Writes the file, and leaves the window open when that failed.
-void WriteFile(Session& session) {
+void WriteFile(Session& session, const ActionRun& run) {
     Raise(session, "CopyToTextFile");
-    if (session.state.action.blnErrorOccurred) {
+    if (session.state.blnErrorOccurred) {
         BackToWindow(session);
     } else {
         session.frmDialog.Hide();
     }
-    Report(session);
+    Report(session, run);
 }
 
 bool ConfirmRename(Session& session) {
@@ -60,10 +55,10 @@ bool ConfirmRename(Session& session) {
                    "Are you sure you want to rename all selected objects?");
 }
 
-void HideAndReport(Session& session) {
+void HideAndReport(Session& session, const ActionRun& run) {
     session.frmDialog.Hide();
     session.state.blnRedoAfterAction = true;
-    Report(session);
+    Report(session, run);
 }
 
 struct FileSource {
@@ -84,92 +79,92 @@ constexpr std::array kFileSources{
 
 } // namespace
 
-void RequestTextFile(Session& session) {
-    const std::string path = Destination(session);
-    const std::string& action = session.state.strAction;
+void RequestTextFile(Session& session, ActionRun& run) {
+    const std::string& path = run.request.typed;
+    const std::string& action = run.request.strAction;
     if (text::Length(path) < kShortestFile) {
         return Refuse(session, PromptId::kTextFileInvalid,
                       "You did not select a proper file name.\r\n\r\n");
     }
     if (platform::GetFolder(session.files(), path)) {
         return Refuse(session, PromptId::kTextFileIsFolder,
-                      path + " is a folder, you can not write a file over an existing folder.");
+                      fmt::format("{} is a folder, you can not write a file over an existing "
+                                  "folder.",
+                                  path));
     }
     const bool exists = IsExistingFile(session, path);
-    if (!Confirm(session, PromptId::kConfirmWrite, WriteQuestion(session, exists))) return;
+    if (!Confirm(session, PromptId::kConfirmWrite, WriteQuestion(run.request, exists))) return;
     session::UpdateDestHistory(session);
     if (exists) {
-        session::LogTimed(session, " User selected to copy " + action + " to text file: " + path);
+        session::LogTimed(session,
+                          fmt::format(" User selected to copy {} to text file: {}", action, path));
     }
     const bool needsSelection =
         action != "Create MPL From Combo Box" && action != "Numeric Increment";
     if (needsSelection && !HasSelection(session)) return;
-    WriteFile(session);
+    WriteFile(session, run);
 }
 
-void RequestMakeFolders(Session& session) {
-    const std::string path = Destination(session);
+void RequestMakeFolders(Session& session, ActionRun& run) {
+    const std::string& path = run.request.typed;
     if (text::Length(path) < 2) {
         return Refuse(session, PromptId::kFoldersPlaceInvalid,
                       "You did not select a valid location for folders.");
     }
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kFoldersPlaceIsFile,
-                      path + " is a file, you can not create folders inside it.");
+                      fmt::format("{} is a file, you can not create folders inside it.", path));
     }
     Raise(session, "MakeFolders");
-    Report(session);
+    Report(session, run);
 }
 
-void RequestAutomatedPlaylist(Session& session) {
+void RequestAutomatedPlaylist(Session& session, ActionRun& run) {
     if (session.selection->lngSelTop < 0) {
         session::LogTimed(session, " Was unable to Generate Playlist , no objects found.\r\nThis "
                                    "search step skipped.\r\n");
         session.frmDialog.Hide();
-        return Report(session);
+        return Report(session, run);
     }
-    session::LogTimed(session, " User selected to " + session.state.strAction +
-                                   "object names to file as list: " + Destination(session));
-    WriteFile(session);
+    session::LogTimed(session, fmt::format(" User selected to {}object names to file as list: {}",
+                                           run.request.strAction, run.request.typed));
+    WriteFile(session, run);
 }
 
-void RequestRename(Session& session) {
-    const auto& form = session.frmDialog;
-    auto& action = session.state.action;
+void RequestRename(Session& session, ActionRun& run) {
+    const RenameRequest& rename = run.request.rename;
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, form.chkFindReplace.Value == 1
-                                   ? " User selected to find and replace rename using: \r\nFind: " +
-                                         form.txtFind.Text.Get() +
-                                         " Replace: " + form.txtReplace.Text.Get()
-                                   : " User selected to insert: " + form.txtAdd.Text.Get());
+    session::LogTimed(session, rename.inserts
+                                   ? fmt::format(" User selected to insert: {}", rename.add)
+                                   : fmt::format(" User selected to find and replace rename using: "
+                                                 "\r\nFind: {} Replace: {}",
+                                                 rename.find, rename.replace));
     if (!HasSelection(session)) return;
-    RenameOnly(session);
-    if (!action.blnStopped) return HideAndReport(session);
-    action.blnStopped = action.blnRenamed = false;
+    const RenameOnlyEnd end = RenameOnly(session, run);
+    if (!end.blnStopped) return HideAndReport(session, run);
     SetBusy(session, false);
 }
 
-void RequestRenameAsTitle(Session& session) {
+void RequestRenameAsTitle(Session& session, ActionRun& run) {
     if (!ConfirmRename(session)) return;
     session::LogTimed(session, " User selected to insert <TITLE> at beg of the current name");
     if (!HasSelection(session)) return;
     Raise(session, "RenameAsTitle");
-    HideAndReport(session);
+    HideAndReport(session, run);
 }
 
-void RequestRenameFromFile(Session& session) {
-    const std::string path = Destination(session);
-    const auto source =
-        std::ranges::find(kFileSources, session.state.strAction, &FileSource::action);
+void RequestRenameFromFile(Session& session, ActionRun& run) {
+    const std::string& path = run.request.typed;
+    const auto source = std::ranges::find(kFileSources, run.request.strAction, &FileSource::action);
     if (path.empty() || !IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kSourceFileMissing,
-                      std::string(source->missing).append(kGap));
+                      fmt::format("{}\r\n\r\n", source->missing));
     }
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, std::string(source->log) + path);
+    session::LogTimed(session, fmt::format("{}{}", source->log, path));
     if (!HasSelection(session)) return;
     Raise(session, source->action);
-    HideAndReport(session);
+    HideAndReport(session, run);
 }
 
 } // namespace tarvix::actions

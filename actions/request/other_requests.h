@@ -6,13 +6,15 @@ struct Session;
 
 namespace tarvix::actions {
 
+struct ActionRun;
+
 // The other actions of the window: their checks in order, the confirmation, the run and the report.
 // What writes a file, makes folders or renames from other sources is reached by its event.
-void RequestTextFile(session::Session& session);
-void RequestMakeFolders(session::Session& session);
-void RequestAutomatedPlaylist(session::Session& session);
-void RequestRename(session::Session& session);
-void RequestRenameAsTitle(session::Session& session);
-void RequestRenameFromFile(session::Session& session);
+void RequestTextFile(session::Session& session, ActionRun& run);
+void RequestMakeFolders(session::Session& session, ActionRun& run);
+void RequestAutomatedPlaylist(session::Session& session, ActionRun& run);
+void RequestRename(session::Session& session, ActionRun& run);
+void RequestRenameAsTitle(session::Session& session, ActionRun& run);
+void RequestRenameFromFile(session::Session& session, ActionRun& run);
 
 } // namespace tarvix::actions

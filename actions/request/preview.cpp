@@ -1,6 +1,7 @@
 #include "actions/request/preview.h"
 
 #include "actions/place/outcome.h"
+#include "actions/request/action_names.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/preview_prompts.h"
@@ -12,6 +13,8 @@
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
+
+#include <fmt/core.h>
 
 #include <array>
 
@@ -46,9 +49,8 @@ class NoLauncher : public platform::Launcher {
 // Collects the verdicts as the action goes from object to object.
 class Collector : public OutcomeSink {
   public:
-    Collector(PreviewPrompts& prompts, const session::SessionState& state,
-              std::vector<PreviewEntry>& entries)
-        : prompts_(prompts), state_(state), entries_(entries) {}
+    Collector(PreviewPrompts& prompts, bool isMove, std::vector<PreviewEntry>& entries)
+        : prompts_(prompts), isMove_(isMove), entries_(entries) {}
 
     void Settled(const Outcome& outcome) override {
         entries_.push_back({outcome.index, outcome.strDestination, VerdictOf(outcome)});
@@ -63,7 +65,7 @@ class Collector : public OutcomeSink {
         switch (outcome.kind) {
         case OutcomeKind::kCopied:
             if (outcome.isNewName) return Verdict::kDuplicateRename;
-            return state_.action.blnMove ? Verdict::kProtectedCopy : Verdict::kCopy;
+            return isMove_ ? Verdict::kProtectedCopy : Verdict::kCopy;
         case OutcomeKind::kMoved:
             return outcome.isNewName ? Verdict::kDuplicateRename : Verdict::kMove;
         case OutcomeKind::kRenamed:
@@ -90,23 +92,21 @@ class Collector : public OutcomeSink {
     }
 
     PreviewPrompts& prompts_;
-    const session::SessionState& state_;
+    bool isMove_;
     std::vector<PreviewEntry>& entries_;
 };
 
-// A second session with the same request, whose files only record.
+// A session of its own that reads the request from the real window, and whose files only record.
 class Rehearsal {
   public:
     explicit Rehearsal(Session& real)
         : real_(real), files_(real.files()), trash_(files_), session_(MachineOf(real), prompts_) {
         session_.state = real.state;
-        session_.state.action.progress = nullptr;
+        session_.state.datDestHistory.clear();
         session_.selection = real.selection;
-        session_.events = real.events;
+        session_.forms.frmOverrideDialog.Answer = real.forms.frmOverrideDialog.Answer;
         session_.log.KeepNothing();
         session_.errorLog.KeepNothing();
-        session_.frmSearch.CopyFrom(real.frmSearch);
-        session_.frmDialog.CopyFrom(real.frmDialog);
         session_.yielder.SetPump([this] {
             real_.Repaint();
             if (real_.state.blnStopAction) session_.state.blnStopAction = true;
@@ -115,10 +115,9 @@ class Rehearsal {
 
     PreviewResult Run() {
         PreviewResult result;
-        Collector collector(prompts_, session_.state, result.entries);
-        session_.state.action.sink = &collector;
+        Collector collector(prompts_, IsMove(real_.state.strAction), result.entries);
         session_.frmDialog.Show();
-        OKButton_Click(session_);
+        PressOk(session_, real_.frmDialog, &collector);
         result.blnStopped = real_.state.blnStopAction;
         if (result.entries.empty() && session_.frmDialog.IsShown()) {
             result.refusal = prompts_.LastTold();
@@ -149,8 +148,8 @@ std::string Summary(const PreviewResult& result) {
     std::string told;
     for (std::size_t i = 0; i < counts.size(); ++i) {
         if (counts[i] == 0) continue;
-        told.append(told.empty() ? "" : ",   ").append(kVerdicts[i]).append("  ");
-        told += text::Format(counts[i], "#,##0");
+        told += fmt::format("{}{}  {}", told.empty() ? "" : ",   ", kVerdicts[i],
+                            text::Format(counts[i], "#,##0"));
     }
     if (result.blnStopped) told += "   (stopped before the end)";
     return told.empty() ? "Nothing would be done." : told;

@@ -1,5 +1,6 @@
 #include "actions/request/preview_prompts.h"
 
+#include "actions/place/action_run.h"
 #include "session/message_style.h"
 #include "session/prompt_table.h"
 #include "session/session.h"
@@ -20,22 +21,21 @@ int PreviewPrompts::MsgBox(const session::Prompt& prompt) {
 
 void PreviewPrompts::ShowModal(session::Session& session, fields::Form& form,
                                const session::Prompt& prompt) {
-    auto& state = session.state;
     switch (prompt.id) {
     case PromptId::kDuplicate:
         asked_.duplicate = true;
-        state.action.bytAskAnswer = session::kAskSkip;
+        session.forms.frmAsk.Answer = kAskSkip;
         break;
     case PromptId::kAskLongPath:
         asked_.longPath = true;
-        state.bytPathChoice = session::kPathSkip;
+        session.state.bytPathChoice = session::kPathSkip;
         break;
     case PromptId::kOverrideProtected:
         asked_.isProtected = true;
-        state.action.bytOverrideAnswer = session::kOverrideNo;
+        session.forms.frmOverrideDialog.Answer = kOverrideNo;
         break;
     case PromptId::kOverrideRecycleFailure:
-        state.action.bytRecycleAnswer = session::kOverrideNo;
+        session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
         break;
     default:
         break;

@@ -12,6 +12,9 @@ struct Session;
 // The checks that several actions share before they run.
 namespace tarvix::actions {
 
+struct ActionRequest;
+struct ActionRun;
+
 // Whether a file of that drive path exists; "." as its name counts too.
 bool IsExistingFile(session::Session& session, const std::string& path);
 
@@ -28,12 +31,15 @@ bool HasSelection(session::Session& session);
 std::string ExtensionWarning(std::string_view destination);
 
 // A warning for a copy or move to the places that the objects come from; empty without one.
-std::string SameLocationWarning(session::Session& session);
+std::string SameLocationWarning(const session::Session& session, const ActionRequest& request);
 
 // Whether duplicates could be renamed as chosen; otherwise says what is missing and goes back.
-bool HasRenameText(session::Session& session);
+bool HasRenameText(session::Session& session, const ActionRequest& request);
 
 // Gives the focus to the levels, says that they are missing, and goes back to the window.
 void RefuseLevels(session::Session& session, session::PromptId id, std::string_view told);
+
+// Reports, then lifts the busy state; the window is hidden already or stays as it is.
+void Report(session::Session& session, const ActionRun& run);
 
 } // namespace tarvix::actions

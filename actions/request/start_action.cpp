@@ -1,5 +1,6 @@
 #include "actions/request/start_action.h"
 
+#include "actions/place/action_run.h"
 #include "actions/place/recycle.h"
 #include "actions/request/delete_request.h"
 #include "actions/request/destination_controls.h"
@@ -14,6 +15,8 @@
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/format.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -59,14 +62,14 @@ bool ConfirmFolders(Session& session) {
 std::string Summary(const session::ActionTotals& totals, std::string_view verb) {
     const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
     const std::int64_t all = totals.done + totals.skipped + totals.failed;
-    std::string told = std::string(verb) + " " + figure(totals.done) + " of " + figure(all) +
-                       (all == 1 ? " object" : " objects");
+    std::string told = fmt::format("{} {} of {} {}", verb, figure(totals.done), figure(all),
+                                   all == 1 ? "object" : "objects");
     const std::array<std::pair<std::int64_t, const char*>, 3> others{
         {{totals.duplicates, " skipped as duplicates"},
          {totals.skipped - totals.duplicates, " left alone"},
          {totals.failed, " failed"}}};
     for (const auto& [count, what] : others) {
-        if (count > 0) told += ", " + figure(count) + what;
+        if (count > 0) told += fmt::format(", {}{}", figure(count), what);
     }
     return told + ".";
 }
@@ -114,8 +117,8 @@ void StartAction(Session& session, const Start& start) {
     if (start.action != "Move" || !IsAutomated(state)) state.strAction = start.action;
     state.blnActionCancelled = false;
     state.lastAction = {};
-    if (isCopyOrMove) state.action.bytOverrideAnswer = session::kOverrideNo;
-    state.action.bytRecycleAnswer = session::kOverrideNo;
+    if (isCopyOrMove) session.forms.frmOverrideDialog.Answer = kOverrideNo;
+    session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
     results::BuildFileArray(session);
     if (isCopyOrMove && !ConfirmFolders(session)) {
         state.blnActionCancelled = true;
@@ -131,8 +134,9 @@ void StartAction(Session& session, const Start& start) {
         form.txtFolderTree.Visible = form.lblFolderTree.Visible = false;
     }
     if (!state.strRememberedDestination.empty()) form.cmbDir.Text = state.strRememberedDestination;
-    session::LogTimed(session, " User clicked on the " + std::string(start.action) +
-                                   " Button which opened the Action form. ");
+    session::LogTimed(session, fmt::format(" User clicked on the {} Button which opened the Action "
+                                           "form. ",
+                                           start.action));
     ShowDialog(session);
 }
 

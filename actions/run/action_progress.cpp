@@ -4,6 +4,8 @@
 #include "session/session.h"
 #include "text/format.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -23,14 +25,12 @@ std::string Bytes(double bytes) {
     }
     const auto tenths = static_cast<std::int64_t>(bytes * 10);
     std::string text = text::Format(tenths / 10, "#,##0");
-    if (unit > 0 && bytes < 100) text += "." + std::to_string(tenths % 10);
+    if (unit > 0 && bytes < 100) text += fmt::format(".{}", tenths % 10);
     return text + kUnits[unit];
 }
 
 std::string Duration(std::int64_t seconds) {
-    const std::string minutes = std::to_string(seconds / 60);
-    const std::string rest = std::to_string(seconds % 60);
-    return minutes + (rest.size() == 1 ? ":0" : ":") + rest;
+    return fmt::format("{}:{:02}", seconds / 60, seconds % 60);
 }
 
 } // namespace
@@ -38,7 +38,6 @@ std::string Duration(std::int64_t seconds) {
 ActionProgress::ActionProgress(session::Session& session, std::int64_t objects, std::int64_t bytes)
     : session_(session), objects_(objects), bytes_(bytes),
       started_(session.platform.clock.Steady()), due_(started_) {
-    session.state.action.progress = this;
     auto& form = session.frmDialog;
     form.prgBytes.Max = bytes > 0 ? bytes : objects;
     form.prgBytes.Value = 0;
@@ -47,7 +46,6 @@ ActionProgress::ActionProgress(session::Session& session, std::int64_t objects, 
 }
 
 ActionProgress::~ActionProgress() {
-    session_.state.action.progress = nullptr;
     session_.frmDialog.lblProgress.Visible = session_.frmDialog.prgBytes.Visible = false;
 }
 
@@ -72,26 +70,20 @@ void ActionProgress::Show(bool now) {
     auto& form = session_.frmDialog;
     const std::int64_t done = bytesBefore_ + bytesInHand_;
     form.prgBytes.Value = bytes_ > 0 ? std::min(done, bytes_) : objectsDone_;
-    std::string told = text::Format(objectsDone_, "#,##0") + " of " +
-                       text::Format(objects_, "#,##0") + (objects_ == 1 ? " object" : " objects");
+    std::string told =
+        fmt::format("{} of {} {}", text::Format(objectsDone_, "#,##0"),
+                    text::Format(objects_, "#,##0"), objects_ == 1 ? "object" : "objects");
     const double seconds = static_cast<double>(ticks - started_) / kSecond;
-    if (done > 0) told += " - " + Bytes(static_cast<double>(done));
+    if (done > 0) told += fmt::format(" - {}", Bytes(static_cast<double>(done)));
     if (bytes_ > 0 && done > 0 && seconds > 0.5) {
         const double speed = static_cast<double>(done) / seconds;
-        told += " of " + Bytes(static_cast<double>(bytes_)) + " - " + Bytes(speed) + "/s";
+        told += fmt::format(" of {} - {}/s", Bytes(static_cast<double>(bytes_)), Bytes(speed));
         if (bytes_ > done) {
-            told += " - " + Duration(static_cast<std::int64_t>((bytes_ - done) / speed)) + " left";
+            const auto left = static_cast<std::int64_t>((bytes_ - done) / speed);
+            told += fmt::format(" - {} left", Duration(left));
         }
     }
     form.lblProgress.Caption = told;
-}
-
-platform::CopyObserver ObserverOf(session::Session& session) {
-    return [&session](const platform::CopyProgress& progress) {
-        if (session.state.action.progress) return session.state.action.progress->InFile(progress);
-        session.Yield();
-        return true;
-    };
 }
 
 } // namespace tarvix::actions

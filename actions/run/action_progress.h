@@ -11,7 +11,7 @@ struct Session;
 namespace tarvix::actions {
 
 // How far an action is, shown in the action window a few times a second: objects, bytes, speed and
-// time left. While it lives it is the session's; each copy reports to it.
+// time left. It shows while it lives; the copies of its run report to it.
 class ActionProgress {
   public:
     // With no bytes to come the bar counts objects.
@@ -20,7 +20,7 @@ class ActionProgress {
     ActionProgress(const ActionProgress&) = delete;
     ActionProgress& operator=(const ActionProgress&) = delete;
 
-    // Lets waiting events run, too.
+    // The observer of a copy: lets waiting events run, too, and never abandons the copy.
     bool InFile(const platform::CopyProgress& progress);
     // One object is settled.
     void Step();
@@ -37,8 +37,5 @@ class ActionProgress {
     std::int64_t started_;
     std::int64_t due_;
 };
-
-// Reports to the session's progress, if there is one, and yields. Never abandons a copy.
-platform::CopyObserver ObserverOf(session::Session& session);
 
 } // namespace tarvix::actions

@@ -1,5 +1,7 @@
 #include "actions/run/ask_flow.h"
 
+#include "actions/place/action_run.h"
+#include "actions/place/duplicate.h"
 #include "actions/place/duplicate_rename.h"
 #include "actions/place/engine.h"
 #include "actions/place/outcome.h"
@@ -8,7 +10,6 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "results/exe_facts.h"
-#include "results/selection.h"
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -18,6 +19,7 @@
 #include <fmt/core.h>
 
 #include <array>
+#include <utility>
 
 namespace tarvix::actions {
 
@@ -26,8 +28,8 @@ namespace {
 using session::Session;
 
 // `actual` opens the object that is told of as `path`.
-fields::AskedObject AskedObject(Session& session, const std::string& path,
-                                const std::string& actual, bool isFile) {
+fields::AskedObject AskedObject(Session& session, std::string_view path, std::string_view actual,
+                                bool isFile) {
     fields::AskedObject asked{.folder = text::ParentFolder(path),
                               .name = std::string(text::FolderOwnName(path)),
                               .isFile = isFile};
@@ -40,141 +42,146 @@ fields::AskedObject AskedObject(Session& session, const std::string& path,
     return asked;
 }
 
-fields::DuplicateQuestion Question(Session& session, std::size_t index) {
-    const auto& tables = *session.selection;
-    const auto& action = session.state.action;
-    const bool isFile = tables.blnSelIsFile[index];
+fields::DuplicateQuestion Question(Session& session, const ActionRequest& request,
+                                   const Clash& clash) {
+    const Object& object = clash.object;
     return {.question = fmt::format("Duplicate found of {} :\r\n\r\n'{}'\r\n\r\n"
                                     "Would you like to replace existing",
-                                    isFile ? "File" : "Folder", tables.strSelName[index]),
-            .existing = AskedObject(session, action.strDestination, action.strDestination,
-                                    action.blnDestIsFile),
-            .thisOne = AskedObject(session, tables.strSelPath[index],
-                                   tables.strSelActualPath[index], isFile),
-            .rule = "Rename rule: Add  " + RenameRuleText(session)};
+                                    object.isFile ? "File" : "Folder", object.name),
+            .existing =
+                AskedObject(session, clash.destination, clash.destination, clash.there.isFile),
+            .thisOne = AskedObject(session, object.path, object.actual, object.isFile),
+            .rule = fmt::format("Rename rule: Add  {}", RenameRuleText(request))};
 }
 
-void ShowButtons(Session& session, bool sourceIsFile) {
+void ShowButtons(Session& session, const ActionRequest& request, const Clash& clash) {
     auto& form = session.forms.frmAsk;
-    const auto& action = session.state.action;
-    const bool bothFiles = sourceIsFile && action.blnDestIsFile;
-    const bool differ = sourceIsFile != action.blnDestIsFile;
-    form.cmdOverwrite.Visible = form.cmdOverwriteAll.Visible = !action.blnMove && !differ;
-    form.cmdDeleteReplace.Visible = !action.blnMove && !bothFiles;
-    form.cmdDeleteReplaceAll.Visible = !action.blnMove && !bothFiles && !differ;
+    const bool bothFiles = clash.object.isFile && clash.there.isFile;
+    const bool differ = clash.object.isFile != clash.there.isFile;
+    form.cmdOverwrite.Visible = form.cmdOverwriteAll.Visible = !request.isMove && !differ;
+    form.cmdDeleteReplace.Visible = !request.isMove && !bothFiles;
+    form.cmdDeleteReplaceAll.Visible = !request.isMove && !bothFiles && !differ;
     if (!differ) {
         form.cmdDeleteReplace.Caption =
             "Rec&ycle this duplicate folder and contents, then replace.";
     } else {
         form.cmdDeleteReplace.Caption =
-            action.blnDestIsFile ? "Recycle duplicate file, then replace with original folder."
-                                 : "Recycle duplicate folder, then replace with original file.";
+            clash.there.isFile ? "Recycle duplicate file, then replace with original folder."
+                               : "Recycle duplicate folder, then replace with original file.";
     }
     // Without a text no new name can be made.
-    const bool canRename = !session.frmDialog.txtRename.Text->empty();
-    form.cmdRename.Enabled = form.cmdRenameAll.Enabled = canRename;
+    form.cmdRename.Enabled = form.cmdRenameAll.Enabled = !request.renameText.empty();
 }
 
 bool Stands(std::uint8_t answer) {
-    return answer >= session::kAskSkipAll && answer != session::kAskDeleteReplace;
+    return answer >= kAskSkipAll && answer != kAskDeleteReplace;
 }
 
-void Show(Session& session, std::size_t index) {
+void LogAnswer(Session& session, std::string_view line, const Object& object) {
+    if (!line.empty()) session::LogTimed(session, fmt::format("{}{}", line, object.path));
+}
+
+void Show(Session& session, ActionRun& run, const Clash& clash) {
     auto& form = session.forms.frmAsk;
-    form.parts = Question(session, index);
+    form.parts = Question(session, run.request, clash);
     form.lblMain.Caption = fields::TextOf(form.parts);
-    ShowButtons(session, session.selection->blnSelIsFile[index]);
+    ShowButtons(session, run.request, clash);
     form.Focus = &form.cmdSkip;
-    session.state.action.bytAskAnswer = session::kAskSkip;
+    form.Answer = kAskSkip;
     session.ShowModal(session::PromptId::kDuplicate);
+    run.bytAskAnswer = form.Answer;
+    constexpr std::array<std::string_view, 9> kLines{
+        "",
+        "",
+        "",
+        " User selected skip to all in Ask form at: ",
+        " User selected overwrite to all in Ask form at: ",
+        " User selected rename to all in Ask form at: ",
+        "",
+        "",
+        " User selected delete and replace to all file\\folders in Ask form at: "};
+    LogAnswer(session, kLines[run.bytAskAnswer], clash.object);
 }
 
 // False when the object there stays, and the one in hand is not placed.
-bool RecycleDuplicate(Session& session, const std::string& path) {
+bool RecycleDuplicate(Session& session, const Clash& clash) {
     const std::string target =
-        session::GetShortPathNameReturnCodes(session, session.state.action.strDestination).path;
+        session::GetShortPathNameReturnCodes(session, clash.destination).path;
     while (!RecycleOne(session, target)) {
-        const std::string told =
-            "Permission denied on: \r\n\r\n" + target + "\r\n\r\n action not performed.\r\n\r\n" +
-            "With Recycle and Replace, object is most likely open, possibly in an "
-            "application.\r\n\r\nAlso write to device/folder may not be allowed.\r\n\r\n"
-            "ex. CD/DVD device is write protected.";
+        const std::string told = fmt::format(
+            "Permission denied on: \r\n\r\n{}\r\n\r\n action not performed.\r\n\r\nWith Recycle "
+            "and Replace, object is most likely open, possibly in an application.\r\n\r\nAlso "
+            "write to device/folder may not be allowed.\r\n\r\nex. CD/DVD device is write "
+            "protected.",
+            target);
         if (session.MsgBox(session::PromptId::kDuplicateNotRecycled, told) == session::kRetry) {
             continue;
         }
-        session::LogTimed(session,
-                          " User selected Recycle and Replace in Ask form to object: " + path +
-                              "Permission was denied, action was not performed.\r\n\r\nWith "
-                              "Recycle and Replace, object was most likely open, possibly in "
-                              "explorer or other application.");
+        session::LogTimed(
+            session, fmt::format(" User selected Recycle and Replace in Ask form to object: {}"
+                                 "Permission was denied, action was not performed.\r\n\r\nWith "
+                                 "Recycle and Replace, object was most likely open, possibly in "
+                                 "explorer or other application.",
+                                 clash.object.path));
         return false;
     }
-    session::LogTimed(session, " Recycled " + target);
+    session::LogTimed(session, fmt::format(" Recycled {}", target));
     return true;
 }
 
-void Replace(Session& session, const std::string& path, Outcome& outcome) {
-    if (RefusesOverlap(session, DuplicateUse::kReplace, outcome)) return;
-    if (!RecycleDuplicate(session, path)) return;
-    PerformMoveOrCopy(session);
-    outcome.kind = OutcomeKind::kReplaced;
+Outcome Replace(Session& session, ActionRun& run, const Clash& clash) {
+    if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
+        return std::move(*refused);
+    }
+    Outcome outcome;
+    if (!RecycleDuplicate(session, clash)) return outcome;
+    outcome = PerformMoveOrCopy(session, run, clash.object, clash.destination);
+    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
+    return outcome;
 }
 
-void Act(Session& session, const std::string& path, Outcome& outcome) {
-    switch (session.state.action.bytAskAnswer) {
-    case session::kAskOverwrite:
-    case session::kAskOverwriteAll:
-        if (RefusesOverlap(session, DuplicateUse::kReplace, outcome)) return;
-        OverWriteDuplicate(session);
-        outcome.kind = OutcomeKind::kOverwrote;
-        break;
-    case session::kAskRename:
-    case session::kAskRenameAll:
-        RenameObjForDuplicate(session);
-        outcome.kind = OutcomeKind::kCopied;
-        outcome.isNewName = true;
-        break;
-    case session::kAskDeleteReplace:
-    case session::kAskDeleteReplaceAll:
-        Replace(session, path, outcome);
-        break;
+Outcome Act(Session& session, ActionRun& run, const Clash& clash) {
+    switch (run.bytAskAnswer) {
+    case kAskOverwrite:
+    case kAskOverwriteAll:
+        if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
+            return std::move(*refused);
+        }
+        return OverWriteDuplicate(session, run, clash.object, clash.destination);
+    case kAskRename:
+    case kAskRenameAll:
+        return RenameObjForDuplicate(session, run, clash);
+    case kAskDeleteReplace:
+    case kAskDeleteReplaceAll:
+        return Replace(session, run, clash);
     default:
-        outcome.kind = OutcomeKind::kSkippedDuplicate;
+        break;
     }
-}
-
-void Choose(Session& session, std::uint8_t answer, std::string_view line) {
-    auto& action = session.state.action;
-    action.bytAskAnswer = answer;
-    if (!line.empty()) {
-        const auto index = static_cast<std::size_t>(action.lngAskIndex);
-        session::LogTimed(session, std::string(line) + session.selection->strSelPath[index]);
-    }
-    session.forms.frmAsk.Hide();
+    Outcome outcome;
+    outcome.kind = OutcomeKind::kSkippedDuplicate;
+    return outcome;
 }
 
 } // namespace
 
-std::string RenameRuleText(const Session& session) {
-    const auto& form = session.frmDialog;
-    const char* where = form.chkRenameBeg.Value == 1 ? "beginning." : "end.";
-    if (form.txtRename.Text->empty()) {
-        return std::string("'' at ") + where +
-               "  (There is no text to add: type one in the action window to rename duplicates.)";
+std::string RenameRuleText(const ActionRequest& request) {
+    const std::string_view where = request.renamesAtEnd ? "end." : "beginning.";
+    if (request.renameText.empty()) {
+        return fmt::format("'' at {}  (There is no text to add: type one in the action window to "
+                           "rename duplicates.)",
+                           where);
     }
-    return "'" + form.txtRename.Text.Get() + "' at " + where;
+    return fmt::format("'{}' at {}", request.renameText, where);
 }
 
-bool AskAboutDuplicate(Session& session, Outcome& outcome) {
-    auto& action = session.state.action;
-    const auto index = static_cast<std::size_t>(action.lngIndex);
-    action.lngAskIndex = action.lngIndex;
+Outcome AskAboutDuplicate(Session& session, ActionRun& run, const Clash& clash) {
     // There is nothing to ask about when both are one.
-    if (RefusesOverlap(session, DuplicateUse::kKeep, outcome)) return true;
-    if (session.selection->blnSelIsFile[index] != action.blnDestIsFile) {
-        action.bytAskAnswer = session::kAskSkip;
+    if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kKeep)) {
+        return std::move(*refused);
     }
-    if (!Stands(action.bytAskAnswer)) Show(session, index);
+    if (clash.object.isFile != clash.there.isFile) run.bytAskAnswer = kAskSkip;
+    if (!Stands(run.bytAskAnswer)) Show(session, run, clash);
+    session.forms.frmAsk.Answer = run.bytAskAnswer;
     constexpr std::array<std::string_view, 9> kLines{
         " User selected skip in Ask form to object: ",
         " User selected overwrite in Ask form to object: ",
@@ -185,38 +192,29 @@ bool AskAboutDuplicate(Session& session, Outcome& outcome) {
         " User selected cancel to all in Ask form at: ",
         " User selected Recycle and Replace in ask form to: ",
         ""};
-    const std::string& path = session.selection->strSelPath[index];
-    const std::string_view line = kLines[action.bytAskAnswer];
-    if (!line.empty()) session::LogTimed(session, std::string(line) + path);
-    if (action.bytAskAnswer == session::kAskCancel) return false;
-    Act(session, path, outcome);
-    return true;
+    LogAnswer(session, kLines[run.bytAskAnswer], clash.object);
+    if (run.bytAskAnswer != kAskCancel) return Act(session, run, clash);
+    Outcome cancelled;
+    cancelled.endsRun = true;
+    return cancelled;
 }
 
 void AddAskEvents(session::EventTable& events) {
-    struct Button {
-        const char* event;
-        std::uint8_t answer;
-        std::string_view line;
-    };
-    constexpr std::array<Button, 9> kButtons{{
-        {"frmAsk.cmdSkip_Click", session::kAskSkip, ""},
-        {"frmAsk.cmdOverwrite_Click", session::kAskOverwrite, ""},
-        {"frmAsk.cmdRename_Click", session::kAskRename, ""},
-        {"frmAsk.cmdSkipAll_Click", session::kAskSkipAll,
-         " User selected skip to all in Ask form at: "},
-        {"frmAsk.cmdOverwriteAll_Click", session::kAskOverwriteAll,
-         " User selected overwrite to all in Ask form at: "},
-        {"frmAsk.cmdRenameAll_Click", session::kAskRenameAll,
-         " User selected rename to all in Ask form at: "},
-        {"frmAsk.cmdCancel_Click", session::kAskCancel, ""},
-        {"frmAsk.cmdDeleteReplace_Click", session::kAskDeleteReplace, ""},
-        {"frmAsk.cmdDeleteReplaceAll_Click", session::kAskDeleteReplaceAll,
-         " User selected delete and replace to all file\\folders in Ask form at: "},
+    constexpr std::array<std::pair<const char*, AskAnswer>, 9> kButtons{{
+        {"frmAsk.cmdSkip_Click", kAskSkip},
+        {"frmAsk.cmdOverwrite_Click", kAskOverwrite},
+        {"frmAsk.cmdRename_Click", kAskRename},
+        {"frmAsk.cmdSkipAll_Click", kAskSkipAll},
+        {"frmAsk.cmdOverwriteAll_Click", kAskOverwriteAll},
+        {"frmAsk.cmdRenameAll_Click", kAskRenameAll},
+        {"frmAsk.cmdCancel_Click", kAskCancel},
+        {"frmAsk.cmdDeleteReplace_Click", kAskDeleteReplace},
+        {"frmAsk.cmdDeleteReplaceAll_Click", kAskDeleteReplaceAll},
     }};
-    for (const Button& button : kButtons) {
-        events.On(button.event, [button](Session& session, const session::EventArgs&) {
-            Choose(session, button.answer, button.line);
+    for (const auto& [event, answer] : kButtons) {
+        events.On(event, [answer](Session& session, const session::EventArgs&) {
+            session.forms.frmAsk.Answer = answer;
+            session.forms.frmAsk.Hide();
         });
     }
 }

@@ -9,14 +9,17 @@ struct Session;
 
 namespace tarvix::actions {
 
+struct ActionRequest;
+struct ActionRun;
+struct Clash;
 struct Outcome;
 
-// Asks what to do about the object that stands at `strDestination`, unless an answer stands, and
-// does it. False when the user cancels what is left of the action.
-bool AskAboutDuplicate(session::Session& session, Outcome& outcome);
+// Asks what to do about the object that stands at the destination, unless an answer stands, and
+// does it. A cancel ends the run.
+Outcome AskAboutDuplicate(session::Session& session, ActionRun& run, const Clash& clash);
 
 // "'_' at end.": what a renamed duplicate's name gets, and where.
-std::string RenameRuleText(const session::Session& session);
+std::string RenameRuleText(const ActionRequest& request);
 
 void AddAskEvents(session::EventTable& events);
 

@@ -1,10 +1,12 @@
 #include "actions/run/rename_only.h"
 
+#include "actions/place/action_run.h"
 #include "actions/place/engine.h"
 #include "actions/place/name_parts.h"
 #include "actions/place/no_short_path.h"
 #include "actions/place/outcome.h"
 #include "actions/run/action_progress.h"
+#include "actions/run/fold_outcome.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
 #include "results/selection.h"
@@ -17,6 +19,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -28,12 +32,11 @@ namespace {
 
 using session::Session;
 
-enum Portion { kPrefix, kExtension, kWholeName };
-
 // The object in hand.
 struct Renamed {
+    std::size_t index = 0;
     bool isFile = true;
-    int portion = kWholeName;
+    NamePortion portion = NamePortion::kWholeName;
     NameParts parts;    // of the name as listed
     std::string parent; // with "\" behind it
     std::string old;    // the path as people see it, and then each newly reached one
@@ -42,23 +45,23 @@ struct Renamed {
     bool isAsked = false;
     bool isChanged = false;
     bool hasFailed = false;
+    std::string error;
 };
 
 class Renaming {
   public:
-    explicit Renaming(Session& session)
-        : session_(session), form_(session.frmDialog), action_(session.state.action),
-          find_(text::Upper(form_.txtFind.Text.Get())), replace_(form_.txtReplace.Text),
-          findLength_(text::Length(form_.txtFind.Text.Get())),
-          replaceLength_(text::Length(replace_)) {}
+    Renaming(Session& session, ActionRun& run)
+        : session_(session), run_(run), request_(run.request.rename),
+          find_(text::Upper(request_.find)), findLength_(text::Length(request_.find)),
+          replaceLength_(text::Length(request_.replace)) {}
 
-    void Run();
+    RenameOnlyEnd Run();
 
   private:
     void RunPass(bool files, ActionProgress& progress);
     void RenameObject(std::size_t index);
     Renamed ObjectAt(std::size_t index) const;
-    void Settle(const Renamed& object, std::size_t index);
+    void Settle(Renamed& object);
 
     void Insert(Renamed& object);
     void FindAndReplace(Renamed& object);
@@ -74,24 +77,27 @@ class Renaming {
     bool Move(Renamed& object, const std::string& path);
 
     Session& session_;
-    const fields::FrmDialog& form_;
-    session::ActionState& action_;
-    std::string find_; // upper case
-    std::string replace_;
+    ActionRun& run_;
+    const RenameRequest& request_;
+    std::string find_;       // upper case
     std::size_t findLength_; // in characters, as all positions
     std::size_t replaceLength_;
     RenamedFolders folders_;
+    RenameOnlyEnd end_;
     bool hasEnded_ = false;
 };
 
-void Renaming::Run() {
+RenameOnlyEnd Renaming::Run() {
     session_.state.lastAction = {};
     session_.state.blnStopAction = false;
-    action_.blnStopped = action_.blnRenamed = false;
     const platform::Busy busy(session_.files());
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
+    const auto plain = std::exchange(
+        run_.observer, [&progress](const auto& copied) { return progress.InFile(copied); });
     RunPass(true, progress);
     if (!hasEnded_) RunPass(false, progress);
+    run_.observer = plain;
+    return end_;
 }
 
 void Renaming::RunPass(bool files, ActionProgress& progress) {
@@ -107,56 +113,58 @@ void Renaming::RunPass(bool files, ActionProgress& progress) {
 }
 
 void Renaming::RenameObject(std::size_t index) {
-    action_.lngIndex = static_cast<std::int64_t>(index);
     Renamed object = ObjectAt(index);
-    if (form_.chkAdd.Value == 1) {
+    if (request_.inserts) {
         Insert(object);
-    } else if (form_.chkFindReplace.Value == 1) {
+    } else {
         FindAndReplace(object);
     }
-    Settle(object, index);
+    Settle(object);
 }
 
 Renamed Renaming::ObjectAt(std::size_t index) const {
     const auto& tables = *session_.selection;
     const std::string& name = tables.strSelName[index];
     Renamed object;
+    object.index = index;
     object.isFile = tables.blnSelIsFile[index];
-    object.portion = object.isFile ? form_.optNamePortion.Chosen() : kWholeName;
+    object.portion = object.isFile ? request_.portion : NamePortion::kWholeName;
     object.parts = SplitPrefixAndExtension(name);
     object.old = folders_.Now(tables.strSelPath[index]);
     object.actual = folders_.Now(tables.strSelActualPath[index]);
     object.parent = text::ParentFolderSlash(object.old);
-    object.text = object.portion == kPrefix      ? object.parts.strPrefix
-                  : object.portion == kExtension ? object.parts.strExtension
-                                                 : std::string_view(name);
+    object.text = object.portion == NamePortion::kPrefix      ? object.parts.strPrefix
+                  : object.portion == NamePortion::kExtension ? object.parts.strExtension
+                                                              : std::string_view(name);
     return object;
 }
 
-void Renaming::Settle(const Renamed& object, std::size_t index) {
-    auto& totals = session_.state.lastAction;
-    ++(object.hasFailed ? totals.failed : object.isChanged ? totals.done : totals.skipped);
-    if (action_.sink) {
-        action_.sink->Settled({.index = index,
-                               .strDestination = object.old,
-                               .kind = object.hasFailed   ? OutcomeKind::kFailed
-                                       : object.isChanged ? OutcomeKind::kRenamed
-                                                          : OutcomeKind::kLeftAlone});
+void Renaming::Settle(Renamed& object) {
+    if (object.isChanged) {
+        end_.blnRenamed = true;
+        if (!object.isFile) {
+            const auto& tables = *session_.selection;
+            const std::string_view name = text::FolderOwnName(object.old);
+            folders_.Note(tables.strSelPath[object.index], name);
+            folders_.Note(tables.strSelActualPath[object.index], name);
+        }
     }
-    if (!object.isChanged) return;
-    action_.blnRenamed = true;
-    if (object.isFile) return;
-    const std::string_view name = text::FolderOwnName(object.old);
-    folders_.Note(session_.selection->strSelPath[index], name);
-    folders_.Note(session_.selection->strSelActualPath[index], name);
+    FoldOutcome(session_.state, run_,
+                {.index = object.index,
+                 .strDestination = std::move(object.old),
+                 .kind = object.hasFailed   ? OutcomeKind::kFailed
+                         : object.isChanged ? OutcomeKind::kRenamed
+                                            : OutcomeKind::kLeftAlone,
+                 .isPlaced = object.isChanged,
+                 .error = std::move(object.error)});
 }
 
 // ---- the two modes ----
 
 void Renaming::Insert(Renamed& object) {
-    const std::string& add = form_.txtAdd.Text;
-    std::string path =
-        NewPath(object, form_.chkAddEnd.Value == 1 ? object.text + add : add + object.text);
+    const std::string& add = request_.add;
+    std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
+                                                          : text::Concat({add, object.text}));
     session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
     if (!CanUse(object, path)) return;
     if (platform::StandingName(session_.files(), path).empty()) {
@@ -175,7 +183,7 @@ void Renaming::FindAndReplace(Renamed& object) {
         isReplaced = round == Round::kRenamed;
         if (round == Round::kDone) return;
         if (!isReplaced) continue;
-        if (form_.optOnceVsAll[0].Value) return;
+        if (request_.onlyFirst) return;
         object.text = ReplaceInText(object.text, hit);
     }
 }
@@ -183,7 +191,8 @@ void Renaming::FindAndReplace(Renamed& object) {
 Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
     const std::string text = ReplaceInText(object.text, hit);
     std::string path =
-        NewPath(object, object.portion == kExtension ? std::string_view(text) : text::Trim(text));
+        NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
+                                                                  : text::Trim(text));
     if (!CanUse(object, path)) return Round::kDone;
     const std::string found = platform::StandingName(session_.files(), path);
     // The object itself may be found under its name in another case.
@@ -206,26 +215,28 @@ std::size_t Renaming::NextHit(const std::string& text, std::size_t hit, bool isR
 }
 
 std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) const {
-    return std::string(text::Left(text, hit - 1)) + replace_ +
-           std::string(text::Mid(text, hit + findLength_));
+    return text::Concat(
+        {text::Left(text, hit - 1), request_.replace, text::Mid(text, hit + findLength_)});
 }
 
 // ---- one new name ----
 
 std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
-    const std::string name =
-        object.portion == kPrefix      ? text::Concat({text, ".", object.parts.strExtension})
-        : object.portion == kExtension ? text::Concat({object.parts.strPrefix, ".", text})
-                                       : std::string(text);
+    const std::string name = object.portion == NamePortion::kPrefix
+                                 ? text::Concat({text, ".", object.parts.strExtension})
+                             : object.portion == NamePortion::kExtension
+                                 ? text::Concat({object.parts.strPrefix, ".", text})
+                                 : std::string(text);
     return text::Concat({object.parent, text::Trim(name)});
 }
 
 // Whether something is left of the name and the path isn't too long, or could be shortened.
 bool Renaming::CanUse(const Renamed& object, std::string& path) {
     if (path.size() > object.parent.size()) return FitsOrShortens(object, path);
-    const std::string told =
-        "Could not rename: \r\n\r\n" + object.old + "\r\n\r\nNothing would be left of the name.";
-    session::TellAndLog(session_, session::PromptId::kRenameEmpty, told);
+    session::TellAndLog(session_, session::PromptId::kRenameEmpty,
+                        fmt::format("Could not rename: \r\n\r\n{}\r\n\r\nNothing would "
+                                    "be left of the name.",
+                                    object.old));
     return false;
 }
 
@@ -246,34 +257,40 @@ bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
 
 // False when the object in hand is settled by it.
 bool Renaming::TellTaken(Renamed& object, const std::string& path) {
-    const bool isAutomatic = session_.state.options.blnAutoMode;
-    const bool isInsert = form_.chkAdd.Value == 1;
-    const std::string told = "Could not rename: \r\n\r\n" + object.old + "\r\n\r\n as: \r\n\r\n" +
-                             path + "\r\n\r\nThat" + (object.isFile ? " File " : " Folder ") +
-                             "name already exists";
-    if (isInsert) {
+    const std::string told = fmt::format(
+        "Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nThat {} name already exists",
+        object.old, path, object.isFile ? "File" : "Folder");
+    if (request_.inserts) {
         session::TellAndLog(session_, session::PromptId::kRenameTaken, told);
         return false;
     }
     if (std::exchange(object.isAsked, true)) return true;
-    const bool goesOn =
-        isAutomatic || session_.MsgBox(session::PromptId::kRenameTakenGoOn, told) == session::kOk;
-    session::LogTimed(session_, " Was unable to rename " + object.old + " as " + path +
-                                    (goesOn ? "" : " and user canceled."));
-    if (!goesOn) action_.blnStopped = hasEnded_ = true;
+    const bool goesOn = session_.state.options.blnAutoMode ||
+                        session_.MsgBox(session::PromptId::kRenameTakenGoOn, told) == session::kOk;
+    session::LogTimed(session_, fmt::format(" Was unable to rename {} as {}{}", object.old, path,
+                                            goesOn ? "" : " and user canceled."));
+    if (!goesOn) end_.blnStopped = hasEnded_ = true;
     return goesOn;
 }
 
 // Whether the object bears the new name now.
 bool Renaming::Move(Renamed& object, const std::string& path) {
-    const bool failedBefore = std::exchange(action_.blnErrorOccurred, false);
-    action_.blnPlaced = false;
-    MoveObject(session_, object.old, object.actual, path, object.isFile, true, "");
-    object.hasFailed = object.hasFailed || action_.blnErrorOccurred;
-    action_.blnErrorOccurred = action_.blnErrorOccurred || failedBefore;
+    const Object present{.index = object.index,
+                         .name = {},
+                         .path = object.old,
+                         .actual = object.actual,
+                         .relative = session_.selection->strSelRelPath[object.index],
+                         .isFile = object.isFile,
+                         .facts = {}};
+    Outcome outcome = PlaceObject(session_, run_,
+                                  {.object = present, .destination = path, .verb = Verb::kRename});
+    if (outcome.kind == OutcomeKind::kFailed) {
+        object.hasFailed = true;
+        object.error = std::move(outcome.error);
+    }
     session_.state.blnPathLimitHit = false;
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
-    if (!action_.blnPlaced) return false;
+    if (!outcome.isPlaced) return false;
     object.old = text::Concat({object.parent, text::FolderOwnName(path)});
     object.actual = path;
     object.isChanged = true;
@@ -282,8 +299,8 @@ bool Renaming::Move(Renamed& object, const std::string& path) {
 
 } // namespace
 
-void RenameOnly(Session& session) {
-    Renaming(session).Run();
+RenameOnlyEnd RenameOnly(Session& session, ActionRun& run) {
+    return Renaming(session, run).Run();
 }
 
 } // namespace tarvix::actions

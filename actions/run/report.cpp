@@ -1,9 +1,11 @@
 #include "actions/run/report.h"
 
-#include "actions/request/dialog_setup.h"
+#include "actions/place/action_run.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/text_viewer.h"
+
+#include <fmt/core.h>
 
 #include <array>
 #include <string>
@@ -14,35 +16,38 @@ namespace {
 
 using session::Session;
 
-constexpr std::string_view kGap = "\r\n\r\n";
-
-std::string DuplicatePhrase(const Session& session) {
-    const auto& form = session.frmDialog;
-    const auto& action = session.state.action;
-    if (form.chkAsk.Value == 1) {
-        const char* recycle =
-            action.blnMove ? " recycle object and move.)" : " recycle object and copy.)";
-        const std::array<const char*, 9> kLast{" skip duplicate(s).)",
-                                               " overwrite duplicate(s).)",
-                                               " rename duplicate(s).)",
-                                               " skip duplicate(s).)",
-                                               " overwrite duplicate(s).)",
-                                               " rename duplicate(s).)",
-                                               " Cancel).",
-                                               recycle,
-                                               recycle};
-        return std::string(" acted upon as per the options you chose on the Ask form. (Your last "
-                           "choice was -") +
-               kLast[action.bytAskAnswer];
+std::string DuplicatePhrase(const ActionRun& run) {
+    const char* recycle =
+        run.request.isMove ? " recycle object and move.)" : " recycle object and copy.)";
+    const std::array<const char*, 9> kLast{" skip duplicate(s).)",
+                                           " overwrite duplicate(s).)",
+                                           " rename duplicate(s).)",
+                                           " skip duplicate(s).)",
+                                           " overwrite duplicate(s).)",
+                                           " rename duplicate(s).)",
+                                           " Cancel).",
+                                           recycle,
+                                           recycle};
+    switch (run.request.duplicates) {
+    case DuplicateChoice::kAsk:
+        return fmt::format(" acted upon as per the options you chose on the Ask form. (Your last "
+                           "choice was -{}",
+                           kLast[run.bytAskAnswer]);
+    case DuplicateChoice::kOverwrite:
+        return " overwritten as duplicates.";
+    case DuplicateChoice::kSkip:
+        return " skipped as duplicates.";
+    case DuplicateChoice::kRename:
+        return " renamed as duplicates.";
+    case DuplicateChoice::kNone:
+        break;
     }
-    if (form.chkOverWrite.Value == 1) return " overwritten as duplicates.";
-    if (form.chkSkipAll.Value == 1) return " skipped as duplicates.";
-    return form.chkRename.Value == 1 ? " renamed as duplicates." : "";
+    return {};
 }
 
 void OfferErrorLog(Session& session) {
     const auto& state = session.state;
-    if (!state.action.blnErrorOccurred || !state.options.blnAutoMode) return;
+    if (!state.blnErrorOccurred || !state.options.blnAutoMode) return;
     const int answer =
         session.MsgBox(session::PromptId::kOfferErrorLog,
                        "Error has occurred, would you like to view the Program Error log file?");
@@ -50,58 +55,45 @@ void OfferErrorLog(Session& session) {
     session::ViewAsText(session, state.strErrorLogFile, "ReportActionResult");
 }
 
-std::string RuleReport(const Session& session, const std::string& done) {
-    const auto& action = session.state.action;
-    std::string report = "Rule text used: ";
-    report.append(kGap).append(session.frmDialog.cmbDir.Text.Get()).append(kGap);
-    report += std::to_string(action.intRuleOk) + " - objects were successfully" + done + " ";
-    report.append(kGap);
-    report +=
-        std::to_string(action.intRuleNoFolder) + " - objects did not find a destination folder.";
-    if (action.intRuleNoFolder > 0) {
-        report.append(kGap).append("The last search path that failed was: ").append(kGap);
-        report += action.strLastFailedSearch;
-    }
-    const std::string set = action.strSearchSetText.empty()
+std::string RuleReport(const session::SessionState& state, const ActionRun& run,
+                       const std::string& done) {
+    const RuleTally& tally = run.rule;
+    const std::string failed =
+        tally.intRuleNoFolder > 0
+            ? fmt::format("\r\n\r\nThe last search path that failed was: \r\n\r\n{}",
+                          state.strLastFailedSearch)
+            : std::string();
+    const std::string set = state.strSearchSetText.empty()
                                 ? " example - |2,2|"
-                                : " - *" + action.strSearchSetText + "*";
-    report.append(kGap);
-    report += std::to_string(action.intRuleShortSearch) +
-              " - objects path/name were shorter than character position typed into the Search "
-              "Set of the Special Rule." +
-              set +
-              "  If any had exceeded, they would have matched anything so the object was skipped "
-              "entirely.";
-    const std::string position = action.strFailedPosition.empty()
+                                : fmt::format(" - *{}*", state.strSearchSetText);
+    const std::string position = state.strFailedPosition.empty()
                                      ? " example - *2*"
-                                     : " - *" + action.strFailedPosition + "*";
-    report.append(kGap);
-    report += std::to_string(action.intRuleShortReplace) +
-              " - objects path/name were shorter than character position typed into the "
-              "Replacement Character of the Special Rule or there was a misplaced colon." +
-              position;
-    return report.append(kGap).append("See the action log for more details.");
+                                     : fmt::format(" - *{}*", state.strFailedPosition);
+    return fmt::format(
+        "Rule text used: \r\n\r\n{}\r\n\r\n{} - objects were successfully{} \r\n\r\n{} - objects "
+        "did not find a destination folder.{}\r\n\r\n{} - objects path/name were shorter than "
+        "character position typed into the Search Set of the Special Rule.{}  If any had exceeded, "
+        "they would have matched anything so the object was skipped entirely.\r\n\r\n{} - objects "
+        "path/name were shorter than character position typed into the Replacement Character of "
+        "the Special Rule or there was a misplaced colon.{}\r\n\r\nSee the action log for more "
+        "details.",
+        run.request.typed, tally.intRuleOk, done, tally.intRuleNoFolder, failed,
+        tally.intRuleShortSearch, set, tally.intRuleShortReplace, position);
 }
 
 } // namespace
 
-void ReportActionResult(Session& session) {
-    const auto& action = session.state.action;
+void ReportActionResult(Session& session, const ActionRun& run) {
     const std::string done =
-        (action.blnMove ? " moved or" : " copied or") + DuplicatePhrase(session);
+        fmt::format("{}{}", run.request.isMove ? " moved or" : " copied or", DuplicatePhrase(run));
     OfferErrorLog(session);
-    if (!session.frmDialog.optTo[3].Value) return;
+    if (run.request.way != Way::kSpecialRule) return;
     session.MsgBox(session::PromptId::kRuleReport,
-                   action.blnRuleFailed
-                       ? RuleReport(session, done)
-                       : "No error conditions occured during Special Rule. Objects were "
-                         "successfully" +
-                             done + " See the action log for more details.");
-}
-
-void Report(Session& session) {
-    ReportActionResult(session);
-    SetBusy(session, false);
+                   run.rule.blnRuleFailed
+                       ? RuleReport(session.state, run, done)
+                       : fmt::format("No error conditions occured during Special Rule. Objects "
+                                     "were successfully{} See the action log for more details.",
+                                     done));
 }
 
 } // namespace tarvix::actions

@@ -16,7 +16,6 @@ class ActionFixture : public ProgramFixture {
     using Fill = std::function<void(fields::FrmDialog&)>;
 
     fields::FrmDialog& Dialog() { return S().frmDialog; }
-    session::ActionState& Action() { return State().action; }
     session::ActionTotals& Totals() { return State().lastAction; }
 
     // Finds everything of a kind (optFilesVsDirs) below a folder and selects it.

@@ -227,7 +227,10 @@ class RenameRule : public ActionFixture {
             if (atBeginning) Set(form.chkRenameBeg, "1");
             Set(form.txtRename, added);
         });
-        return Action().strPlacedAt;
+        for (const std::string& path : Disk().AllFiles()) {
+            if (path.starts_with("C:\\d\\") && Disk().Content(path) == "new") return path;
+        }
+        return {};
     }
 };
 

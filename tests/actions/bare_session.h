@@ -34,7 +34,6 @@ class BareSession : public ::testing::Test {
     ~BareSession() override { testing::ExpectListed(prompts.Records()); }
 
     platform::MemoryFileSystem& Disk() { return machine.disk; }
-    session::ActionState& State() { return session.state.action; }
     fields::FrmDialog& Form() { return session.frmDialog; }
 
     void Select(const std::string& path, bool isFile = true, std::string relPath = {}) {

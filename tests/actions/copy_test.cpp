@@ -191,7 +191,7 @@ TEST_F(Copy, AFullDiskEndsTheLoopAndSaysSo) {
     EXPECT_FALSE(Disk().Exists("E:\\d\\3.txt")) << "the loop ended";
     ExpectTotals(1, 0, 1);
     EXPECT_TRUE(WasTold("Disk full"));
-    EXPECT_TRUE(State().action.blnErrorOccurred);
+    EXPECT_TRUE(State().blnErrorOccurred);
 }
 
 TEST_F(Copy, AFailingObjectDoesNotStopTheOthers) {
@@ -204,7 +204,7 @@ TEST_F(Copy, AFailingObjectDoesNotStopTheOthers) {
     EXPECT_EQ(Disk().Content("C:\\d\\3.txt"), "3");
     ExpectTotals(1, 0, 2);
     EXPECT_EQ(Totals().errors.size(), 2U);
-    EXPECT_TRUE(State().action.blnErrorOccurred);
+    EXPECT_TRUE(State().blnErrorOccurred);
     program.Stop();
     const auto errors = Disk().Content(State().strErrorLogFile).value_or("");
     EXPECT_NE(errors.find(" Object = C:\\t\\1.txt\r\n"), std::string::npos);

@@ -308,7 +308,7 @@ TEST_F(Delete, AnswersLiveForOneDeletion) {
     Find();
     Answer({"Yes", "cmdNoToAll"});
     DeleteRows();
-    EXPECT_EQ(State().action.bytRecycleAnswer, 0);
+    EXPECT_EQ(S().forms.frmOverrideRecycleFail.Answer, 0);
     Answer({"Yes", "cmdYesToAll"});
     DeleteRows();
     EXPECT_EQ(TimesTold("failed to be recycled"), 2U);

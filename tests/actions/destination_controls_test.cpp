@@ -1,5 +1,6 @@
 #include "actions/request/destination_controls.h"
 #include "actions/request/multi_paths.h"
+#include "actions/request/read_request.h"
 #include "session/user_input.h"
 #include "tests/actions/bare_session.h"
 
@@ -257,7 +258,9 @@ class MultiPaths : public DestinationControls {
         RefreshMultiPathList(session);
         Click(Form().optTo[1]);
     }
-    std::vector<std::string>& Paths() { return State().strMultiPath; }
+    // As the request has them.
+    std::vector<std::string> Paths() { return ReadRequest(session).strMultiPath; }
+    int Places() { return ReadRequest(session).Places(); }
 };
 
 TEST_F(MultiPaths, TheListsOfTheDataFolderAreOffered) {
@@ -268,9 +271,9 @@ TEST_F(MultiPaths, TheListsOfTheDataFolderAreOffered) {
 
 TEST_F(MultiPaths, AClickLoadsTheListAndShowsIt) {
     Set(Form().filMultiPath, "one.mpl");
-    EXPECT_THAT(Paths(), ElementsAre("", "E:\\a", "F:\\b", "C:\\home\\ann"));
+    EXPECT_THAT(Paths(), ElementsAre("E:\\a", "F:\\b", "C:\\home\\ann"));
     EXPECT_THAT(Form().lstMulti.Items(), ElementsAre("E:\\a", "F:\\b", "C:\\home\\ann"));
-    EXPECT_EQ(State().intMultiCount, 3);
+    EXPECT_EQ(Places(), 3);
     EXPECT_THAT(machine.launcher.opened, ElementsAre("C:\\data\\one.mpl"));
     EXPECT_TRUE(Form().OKButton.Visible);
 }
@@ -278,7 +281,7 @@ TEST_F(MultiPaths, AClickLoadsTheListAndShowsIt) {
 TEST_F(MultiPaths, SeveralListsAddUpInTheirOrder) {
     Set(Form().filMultiPath, "two.MPL");
     Set(Form().filMultiPath, "one.mpl");
-    EXPECT_THAT(Paths(), ElementsAre("", "E:\\a", "F:\\b", "C:\\home\\ann", "G:\\c"));
+    EXPECT_THAT(Paths(), ElementsAre("E:\\a", "F:\\b", "C:\\home\\ann", "G:\\c"));
     EXPECT_EQ(machine.launcher.opened.size(), 2U);
 }
 
@@ -286,8 +289,8 @@ TEST_F(MultiPaths, AListThatIsChosenNoMoreIsClosedWhereThatCanBeAsked) {
     machine.launcher.canClose = true;
     Set(Form().filMultiPath, "one.mpl");
     Set(Form().filMultiPath, "one.mpl");
-    EXPECT_THAT(Paths(), ElementsAre(""));
-    EXPECT_EQ(State().intMultiCount, 0);
+    EXPECT_THAT(Paths(), IsEmpty());
+    EXPECT_EQ(Places(), 0);
     EXPECT_THAT(machine.launcher.closed, ElementsAre("C:\\data\\one.mpl"));
     EXPECT_EQ(machine.launcher.opened.size(), 1U);
     EXPECT_FALSE(Form().OKButton.Visible);
@@ -303,7 +306,7 @@ TEST_F(MultiPaths, WhereNoProgramCanBeAskedNothingHappens) {
 TEST_F(MultiPaths, AListThatNoProgramShowsIsLoadedAllTheSame) {
     machine.launcher.refusal = 70;
     Set(Form().filMultiPath, "two.MPL");
-    EXPECT_THAT(Paths(), ElementsAre("", "G:\\c"));
+    EXPECT_THAT(Paths(), ElementsAre("G:\\c"));
     EXPECT_TRUE(prompts.Records().empty());
     EXPECT_NE(Form().lblStatus.Caption.Get(), "");
 }
@@ -315,7 +318,7 @@ TEST_F(MultiPaths, ADoubleClickOnThePathsClearsTheChoice) {
     session.events.Raise(session, "frmDialog.lstMulti_DblClick");
     EXPECT_THAT(Form().lstMulti.Items(), IsEmpty());
     EXPECT_EQ(Form().filMultiPath.ValueText(), "");
-    EXPECT_THAT(Paths(), ElementsAre(""));
+    EXPECT_THAT(Paths(), IsEmpty());
     EXPECT_THAT(machine.launcher.closed, ElementsAre("C:\\data\\one.mpl", "C:\\data\\two.MPL"));
 }
 
@@ -326,14 +329,14 @@ TEST_F(MultiPaths, AtMostAThousandPathsAreTaken) {
     }
     Disk().AddFile("C:\\data\\two.MPL", text);
     Set(Form().filMultiPath, "two.MPL");
-    EXPECT_EQ(State().intMultiCount, 1000);
+    EXPECT_EQ(Places(), 1000);
     EXPECT_EQ(Paths().back(), "E:\\999");
     EXPECT_EQ(Form().lblStatus.Caption.Get(), "Only the first 1000 locations are used.");
 }
 
 TEST_F(MultiPaths, AnotherWayHasOneDestinationAndOffersToGoOn) {
     Click(Form().optTo[0]);
-    EXPECT_EQ(State().intMultiCount, 1);
+    EXPECT_EQ(Places(), 1);
     EXPECT_TRUE(Form().OKButton.Visible);
     EXPECT_FALSE(Form().filMultiPath.Visible);
 }
@@ -341,7 +344,7 @@ TEST_F(MultiPaths, AnotherWayHasOneDestinationAndOffersToGoOn) {
 TEST_F(MultiPaths, AListThatIsGoneIsTold) {
     Disk().Node("C:\\data\\two.MPL")->Detach();
     Set(Form().filMultiPath, "two.MPL");
-    EXPECT_THAT(Paths(), ElementsAre(""));
+    EXPECT_THAT(Paths(), IsEmpty());
     EXPECT_EQ(prompts.Records().size(), 1U);
 }
 

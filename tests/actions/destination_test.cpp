@@ -1,4 +1,6 @@
+#include "actions/place/action_run.h"
 #include "actions/place/destination.h"
+#include "actions/place/find_destination.h"
 #include "tests/actions/bare_session.h"
 
 #include <array>
@@ -9,22 +11,25 @@
 namespace tarvix::actions {
 namespace {
 
-enum Way { kOne, kMultiple, kUp, kRule };
-enum Structure { kNone, kMirror, kFolderToFolder, kBackup };
+using enum Way;
+using enum Structure;
 
-class Destination : public BareSession {
+class DestinationTest : public ::testing::Test {
   protected:
-    std::string Of(const std::string& path, const std::string& relPath = {}) {
-        selection = {};
-        Select(path, true, relPath);
-        State().lngIndex = 0;
-        return ComputeDestination(session, selection.strSelName[0], path);
+    std::string Of(const std::string& path, const std::string& relPath = {}, int place = 0) {
+        const std::string name(text::FileNameOf(path));
+        destination = ComputeDestination(
+            request, {.name = name, .path = path, .actual = path, .relative = relPath}, place);
+        return destination.path;
     }
     void Choose(Way way, Structure structure, const std::string& typed) {
-        Form().optTo.Choose(way);
-        Form().optStructure.Choose(structure);
-        Form().cmbDir.Text = typed;
+        request.way = way;
+        request.structure = structure;
+        request.typed = typed;
     }
+
+    ActionRequest request;
+    Destination destination;
 };
 
 struct Case {
@@ -37,86 +42,84 @@ struct Case {
 
 // The list path in hand is F:\List, the object's path below its search folder a\b.mp3.
 constexpr Case kCases[] = {
-    {kOne, kNone, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\b.mp3"},
-    {kOne, kMirror, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
-    {kOne, kFolderToFolder, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\a\\b.mp3"},
-    {kOne, kBackup, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\C\\Music\\a\\b.mp3"},
-    {kOne, kBackup, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3", "E:\\Bk\\pc\\d\\Music\\a\\b.mp3"},
-    {kOne, kMirror, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
-    {kOne, kMirror, "\\\\pc\\d\\x", "C:\\Music\\a\\b.mp3", "\\\\pc\\d\\Music\\a\\b.mp3"},
-    {kOne, kBackup, "\\\\pc\\d", "C:\\Music\\a\\b.mp3", "\\\\pc\\d\\C\\Music\\a\\b.mp3"},
-    {kOne, kNone, "E:", "C:\\Music\\a\\b.mp3", "E:\\b.mp3"},
-    {kOne, kNone, "E:\\Größe", "C:\\é\\ü.mp3", "E:\\Größe\\ü.mp3"},
-    {kMultiple, kNone, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\b.mp3"},
-    {kMultiple, kNone, "", "C:\\Music\\a\\b.mp3", "F:\\List\\b.mp3"},
-    {kMultiple, kNone, "in", "C:\\Music\\a\\b.mp3", "F:\\Listin\\b.mp3"},
-    {kMultiple, kMirror, "\\in", "C:\\Music\\a\\b.mp3", "F:\\Music\\a\\b.mp3"},
-    {kMultiple, kFolderToFolder, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\a\\b.mp3"},
-    {kMultiple, kBackup, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\C\\Music\\a\\b.mp3"},
+    {kOneLocation, kNone, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\b.mp3"},
+    {kOneLocation, kDriveMirror, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
+    {kOneLocation, kFolderToFolder, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\a\\b.mp3"},
+    {kOneLocation, kBackup, "E:\\Bk", "C:\\Music\\a\\b.mp3", "E:\\Bk\\C\\Music\\a\\b.mp3"},
+    {kOneLocation, kBackup, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3",
+     "E:\\Bk\\pc\\d\\Music\\a\\b.mp3"},
+    {kOneLocation, kDriveMirror, "E:\\Bk", "\\\\pc\\d\\Music\\a\\b.mp3", "E:\\Music\\a\\b.mp3"},
+    {kOneLocation, kDriveMirror, "\\\\pc\\d\\x", "C:\\Music\\a\\b.mp3",
+     "\\\\pc\\d\\Music\\a\\b.mp3"},
+    {kOneLocation, kBackup, "\\\\pc\\d", "C:\\Music\\a\\b.mp3", "\\\\pc\\d\\C\\Music\\a\\b.mp3"},
+    {kOneLocation, kNone, "E:", "C:\\Music\\a\\b.mp3", "E:\\b.mp3"},
+    {kOneLocation, kNone, "E:\\Größe", "C:\\é\\ü.mp3", "E:\\Größe\\ü.mp3"},
+    {kMultipleLocations, kNone, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\b.mp3"},
+    {kMultipleLocations, kNone, "", "C:\\Music\\a\\b.mp3", "F:\\List\\b.mp3"},
+    {kMultipleLocations, kNone, "in", "C:\\Music\\a\\b.mp3", "F:\\Listin\\b.mp3"},
+    {kMultipleLocations, kDriveMirror, "\\in", "C:\\Music\\a\\b.mp3", "F:\\Music\\a\\b.mp3"},
+    {kMultipleLocations, kFolderToFolder, "\\in", "C:\\Music\\a\\b.mp3", "F:\\List\\in\\a\\b.mp3"},
+    {kMultipleLocations, kBackup, "\\in", "C:\\Music\\a\\b.mp3",
+     "F:\\List\\in\\C\\Music\\a\\b.mp3"},
 };
 
-TEST_F(Destination, EachWayAndStructureMapsAsToldByTheTable) {
-    State().strMultiPath = {"", "F:\\List"};
+TEST_F(DestinationTest, EachWayAndStructureMapsAsToldByTheTable) {
+    request.strMultiPath = {"F:\\List"};
     for (const Case& c : kCases) {
         Choose(c.way, c.structure, c.typed);
-        EXPECT_EQ(Of(c.object, "a\\b.mp3"), c.result)
-            << c.way << ' ' << c.structure << ' ' << c.typed << ' ' << c.object;
-        EXPECT_FALSE(State().blnNoDestination);
+        EXPECT_EQ(Of(c.object, "a\\b.mp3"), c.result) << c.typed << ' ' << c.object;
+        EXPECT_TRUE(destination.IsThere());
     }
 }
 
-TEST_F(Destination, BackupOfAnObjectAtTheDriveRootHasTheDriveAsFolder) {
-    Choose(kOne, kBackup, "E:\\Bk");
+TEST_F(DestinationTest, BackupOfAnObjectAtTheDriveRootHasTheDriveAsFolder) {
+    Choose(kOneLocation, kBackup, "E:\\Bk");
     EXPECT_EQ(Of("C:\\x.txt"), "E:\\Bk\\C\\x.txt");
 }
 
-TEST_F(Destination, DriveMirrorUsesOnlyTheDriveOfWhatIsTyped) {
-    Choose(kOne, kMirror, "E:\\any\\folder");
+TEST_F(DestinationTest, DriveMirrorUsesOnlyTheDriveOfWhatIsTyped) {
+    Choose(kOneLocation, kDriveMirror, "E:\\any\\folder");
     EXPECT_EQ(Of("C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
 }
 
-TEST_F(Destination, DriveMirrorPaysNoRegardToANewName) {
-    Choose(kOne, kMirror, "E:\\Bk");
-    Select("C:\\Music\\b.mp3");
-    EXPECT_EQ(ComputeDestination(session, "b_.mp3", "C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
+TEST_F(DestinationTest, DriveMirrorPaysNoRegardToANewName) {
+    Choose(kOneLocation, kDriveMirror, "E:\\Bk");
+    const Object renamed{.name = "b_.mp3", .path = "C:\\Music\\b.mp3"};
+    EXPECT_EQ(ComputeDestination(request, renamed, 0).path, "E:\\Music\\b.mp3");
 }
 
-TEST_F(Destination, WithManyLocationsAndDriveMirrorWhatIsTypedPlaysNoPart) {
-    State().strMultiPath = {"", "F:\\List"};
-    Choose(kMultiple, kMirror, "nonsense without a root");
+TEST_F(DestinationTest, WithManyLocationsAndDriveMirrorWhatIsTypedPlaysNoPart) {
+    request.strMultiPath = {"F:\\List"};
+    Choose(kMultipleLocations, kDriveMirror, "nonsense without a root");
     EXPECT_EQ(Of("C:\\Music\\b.mp3"), "F:\\Music\\b.mp3");
 }
 
-TEST_F(Destination, TheLocationInHandIsTheOneOfTheList) {
-    State().strMultiPath = {"", "F:\\One", "G:\\Two"};
-    Choose(kMultiple, kNone, "");
-    State().intMultiIndex = 2;
-    EXPECT_EQ(Of("C:\\b.mp3"), "G:\\Two\\b.mp3");
+TEST_F(DestinationTest, TheLocationInHandIsTheOneOfTheList) {
+    request.strMultiPath = {"F:\\One", "G:\\Two"};
+    Choose(kMultipleLocations, kNone, "");
+    EXPECT_EQ(Of("C:\\b.mp3", {}, 1), "G:\\Two\\b.mp3");
+    EXPECT_EQ(request.Places(), 2);
 }
 
-TEST_F(Destination, ANetworkPathWithTooFewSeparatorsIsAnErrorOfItsOwn) {
-    Choose(kOne, kMirror, "\\\\server\\share");
+TEST_F(DestinationTest, ANetworkPathWithTooFewSeparatorsIsAnErrorOfItsOwn) {
+    Choose(kOneLocation, kDriveMirror, "\\\\server\\share");
     EXPECT_EQ(Of("C:\\Music\\b.mp3"), "");
-    EXPECT_TRUE(State().blnNoDestination);
-    EXPECT_TRUE(State().blnErrorOccurred);
-    EXPECT_FALSE(State().blnRuleFailed);
-    ASSERT_EQ(prompts.Records().size(), 1U);
-    EXPECT_EQ(prompts.Records()[0].title, "Client Error Message");
-    EXPECT_TRUE(prompts.Records()[0].text.starts_with("ComputeDestination "));
+    EXPECT_EQ(destination.missing, Missing::kShare);
+    EXPECT_EQ(destination.unrooted, "\\\\server\\share");
 }
 
-TEST_F(Destination, TheNextObjectHasADestinationAgain) {
-    Choose(kOne, kMirror, "\\\\server\\share");
+TEST_F(DestinationTest, TheNextObjectHasADestinationAgain) {
+    Choose(kOneLocation, kDriveMirror, "\\\\server\\share");
     Of("C:\\Music\\b.mp3");
-    Form().cmbDir.Text = "E:\\x";
+    request.typed = "E:\\x";
     EXPECT_EQ(Of("C:\\Music\\b.mp3"), "E:\\Music\\b.mp3");
-    EXPECT_FALSE(State().blnNoDestination);
+    EXPECT_TRUE(destination.IsThere());
 }
 
-TEST_F(Destination, ManyLocationsWithoutAListGiveNone) {
-    Choose(kMultiple, kNone, "\\in");
+TEST_F(DestinationTest, ManyLocationsWithoutAListGiveNone) {
+    Choose(kMultipleLocations, kNone, "\\in");
     EXPECT_EQ(Of("C:\\Music\\b.mp3"), "");
-    EXPECT_TRUE(State().blnNoDestination);
+    EXPECT_EQ(destination.missing, Missing::kPlace);
 }
 
 // ---- up the tree ----
@@ -127,8 +130,8 @@ struct UpCase {
     const char* result;
 };
 
-TEST_F(Destination, UpTheTreeClimbsSoManyFolders) {
-    Choose(kUp, kNone, "");
+TEST_F(DestinationTest, UpTheTreeClimbsSoManyFolders) {
+    Choose(kUpFolderTree, kNone, "");
     for (const UpCase& c : {
              UpCase{"1", "C:\\a\\b\\c.txt", "C:\\a\\c.txt"},
              UpCase{"2", "C:\\a\\b\\c.txt", "C:\\c.txt"},
@@ -136,35 +139,33 @@ TEST_F(Destination, UpTheTreeClimbsSoManyFolders) {
              UpCase{"1", "\\\\pc\\d\\a\\b.txt", "\\\\pc\\d\\b.txt"},
              UpCase{"9", "\\\\pc\\d\\a\\b.txt", "\\\\pc\\d\\b.txt"},
          }) {
-        Form().txtFolderTree.Text = c.levels;
+        request.levels = FolderTreeLevels(c.levels);
         EXPECT_EQ(Of(c.object), c.result) << c.levels << ' ' << c.object;
     }
 }
 
-TEST_F(Destination, MoreLevelsThanTheObjectIsDeepLeaveTheDriveRoot) {
-    Choose(kUp, kNone, "");
+TEST_F(DestinationTest, MoreLevelsThanTheObjectIsDeepLeaveTheDriveRoot) {
+    Choose(kUpFolderTree, kNone, "");
     for (const char* levels : {"3", "250", "99999999999999999999"}) {
-        Form().txtFolderTree.Text = levels;
+        request.levels = FolderTreeLevels(levels);
         EXPECT_EQ(Of("C:\\a\\b\\c.txt"), "C:\\c.txt") << levels;
     }
-    EXPECT_TRUE(prompts.Records().empty());
 }
 
-TEST_F(Destination, UpTheTreeKnowsNoOtherStructure) {
-    Form().txtFolderTree.Text = "1";
-    for (const Structure structure : {kMirror, kFolderToFolder, kBackup}) {
-        Choose(kUp, structure, "E:\\Bk");
+TEST_F(DestinationTest, UpTheTreeKnowsNoOtherStructure) {
+    request.levels = 1;
+    for (const Structure structure : {kDriveMirror, kFolderToFolder, kBackup}) {
+        Choose(kUpFolderTree, structure, "E:\\Bk");
         EXPECT_EQ(Of("C:\\a\\b.txt"), "");
-        EXPECT_TRUE(State().blnNoDestination);
+        EXPECT_EQ(destination.missing, Missing::kStructure);
     }
 }
 
-TEST_F(Destination, TheFoldersPassedComeInFrontOfTheName) {
-    Choose(kUp, kNone, "");
-    Form().txtFolderTree.Text = "2";
-    Select("C:\\a\\b\\c\\f.txt");
-    BuildFolderPrefix(session);
-    EXPECT_EQ(State().strFolderPrefix, "b c");
+TEST_F(DestinationTest, TheFoldersPassedComeInFrontOfTheName) {
+    Choose(kUpFolderTree, kNone, "");
+    request.levels = 2;
+    request.prefixesFolders = true;
+    EXPECT_EQ(BuildFolderPrefix(request, {.path = "C:\\a\\b\\c\\f.txt"}), "b c");
     EXPECT_EQ(Of("C:\\a\\b\\c\\f.txt"), "C:\\a\\b c f.txt");
 }
 
@@ -179,10 +180,10 @@ TEST(FolderPrefix, StopsAtTheRootWithoutBlanksInFront) {
 
 // ---- as the folder's name ----
 
-TEST_F(Destination, ACopyCanBearTheNamesOfItsFolders) {
-    session.state.strAction = "CopyRenameAsFolderName";
-    Choose(kOne, kNone, "E:\\Bk");
-    Form().txtFolderTree.Text = "2";
+TEST_F(DestinationTest, ACopyCanBearTheNamesOfItsFolders) {
+    request.strAction = "CopyRenameAsFolderName";
+    Choose(kOneLocation, kNone, "E:\\Bk");
+    request.levels = 2;
     EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\01.mp3"), "E:\\Bk\\Rock Album.mp3");
     EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\cover"), "E:\\Bk\\Rock Album");
     EXPECT_EQ(Of("C:\\Music\\Rock\\Album\\ends."), "E:\\Bk\\Rock Album");
@@ -207,31 +208,59 @@ TEST(FoldersAsName, AtMostAHundredOfEitherMarkAreReplaced) {
     EXPECT_EQ(FoldersAsWords(slashes + ":"), std::string(100, ' ') + "\\\\\\ ");
 }
 
-TEST_F(Destination, LevelsAreReadFromDigits) {
+TEST(FolderTreeLevels, AreReadFromDigits) {
     for (const auto& [text, levels] :
          {std::pair{"", 0}, {"0", 0}, {"007", 7}, {"1000", kMostLevels}, {"77777", kMostLevels}}) {
-        Form().txtFolderTree.Text = text;
-        EXPECT_EQ(FolderTreeLevels(session), levels) << text;
+        EXPECT_EQ(FolderTreeLevels(text), levels) << text;
     }
 }
 
 // ---- by rule ----
 
-TEST_F(Destination, ARuleThatGivesNoFolderLeavesTheObjectWithoutADestination) {
-    Choose(kRule, kNone, "E:\\*200*");
-    State().blnRuleHasReplacement = true;
-    State().intRulePosition = {0, 200};
+TEST_F(DestinationTest, ARuleThatGivesNoFolderLeavesTheObjectWithoutADestination) {
+    Choose(kSpecialRule, kNone, "E:\\*200*");
+    request.rule = *ValidateSpecialRule(request.typed);
     EXPECT_EQ(Of("C:\\a.txt"), "");
-    EXPECT_TRUE(State().blnNoDestination);
-    EXPECT_TRUE(State().blnRuleFailed);
+    EXPECT_EQ(destination.missing, Missing::kRuleFolder);
+    EXPECT_EQ(destination.rule.end, RuleEnd::kShortReplace);
 }
 
-TEST_F(Destination, ARuleGivesTheFolderThatTheNameGoesTo) {
-    Choose(kRule, kNone, "E:\\Sorted\\*4*\\");
-    State().blnRuleHasReplacement = true;
-    State().intRulePosition = {0, 4};
+TEST_F(DestinationTest, ARuleGivesTheFolderThatTheNameGoesTo) {
+    Choose(kSpecialRule, kNone, "E:\\Sorted\\*4*\\");
+    request.rule = *ValidateSpecialRule(request.typed);
     EXPECT_EQ(Of("C:\\a.txt"), "E:\\Sorted\\a\\a.txt");
-    EXPECT_FALSE(State().blnRuleFailed);
+    EXPECT_TRUE(destination.IsThere());
+}
+
+TEST_F(DestinationTest, ASearchSetIsCompleteOnceItsFolderIsFound) {
+    Choose(kSpecialRule, kNone, "E:\\Sorted\\|4,2|\\new");
+    request.rule = *ValidateSpecialRule(request.typed);
+    EXPECT_EQ(Of("C:\\be.mp3"), "");
+    EXPECT_EQ(destination.missing, Missing::kSearch);
+    EXPECT_EQ(destination.rule.front, "E:\\Sorted\\");
+    EXPECT_EQ(destination.rule.set, "be");
+    CompleteDestination(destination, {.name = "be.mp3", .path = "C:\\be.mp3"}, "Beatles, The");
+    EXPECT_EQ(destination.path, "E:\\Sorted\\Beatles, The\\new\\be.mp3");
+    EXPECT_TRUE(destination.IsThere());
+}
+
+// ---- with its user ----
+
+using FindDestinationTest = BareSession;
+
+TEST_F(FindDestinationTest, APathWithoutARootIsAnErrorOfItsObject) {
+    ActionRequest request;
+    request.structure = kDriveMirror;
+    request.typed = "\\\\server\\share";
+    ActionRun run(session, request);
+    const auto found =
+        FindDestination(session, run, {.name = "b.mp3", .path = "C:\\Music\\b.mp3"}, 0);
+    EXPECT_EQ(found.path, "");
+    EXPECT_TRUE(found.hasFailed);
+    EXPECT_FALSE(run.rule.blnRuleFailed);
+    ASSERT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records()[0].title, "Client Error Message");
+    EXPECT_TRUE(prompts.Records()[0].text.starts_with("ComputeDestination "));
 }
 
 // ---- a second reading ----
@@ -277,10 +306,10 @@ struct Request {
 
 // The new path as names; nothing where no root can be told.
 std::optional<std::string> Expected(const Request& r, Way way, Structure structure) {
-    const Taken& place = way == kMultiple ? r.listed : r.typed;
-    const Names extra = way == kMultiple ? r.part : Names{};
+    const Taken& place = way == kMultipleLocations ? r.listed : r.typed;
+    const Names extra = way == kMultipleLocations ? r.part : Names{};
     const Names& object = r.object.below;
-    if (way == kUp) {
+    if (way == kUpFolderTree) {
         const std::size_t folders = object.size() - 1;
         const auto climbed = std::min(static_cast<std::size_t>(r.levels), folders);
         Taken up = r.object;
@@ -291,7 +320,7 @@ std::optional<std::string> Expected(const Request& r, Way way, Structure structu
     switch (structure) {
     case kNone:
         return Text(place) + Join(extra + Names{object.back()});
-    case kMirror:
+    case kDriveMirror:
         if (place.isNetwork && place.below.empty()) return std::nullopt;
         return RootText(place) + Join(object);
     case kFolderToFolder:
@@ -336,28 +365,27 @@ class RandomPaths {
     std::mt19937 random_{20261115};
 };
 
-TEST_F(Destination, AgreesWithASecondReadingOnRandomPaths) {
-    session.state.options.blnAutoMode = true;
+TEST_F(DestinationTest, AgreesWithASecondReadingOnRandomPaths) {
     RandomPaths random;
     for (int round = 0; round < 4000; ++round) {
         Request r{.object = random.Path(1), .typed = random.Path(0), .listed = random.Path(0)};
         r.searchDepth = random.Below(r.object.below.size());
         r.part = random.SomeNames(0, 2);
         r.levels = static_cast<int>(random.Below(9));
-        State().strMultiPath = {"", Text(r.listed)};
-        Form().txtFolderTree.Text = std::to_string(r.levels);
+        request.strMultiPath = {Text(r.listed)};
+        request.levels = r.levels;
         const std::string relPath =
             Join({r.object.below.begin() + static_cast<long>(r.searchDepth), r.object.below.end()})
                 .substr(1);
-        for (const Way way : {kOne, kMultiple, kUp}) {
-            for (const Structure structure : {kNone, kMirror, kFolderToFolder, kBackup}) {
-                if (way == kUp && structure != kNone) continue;
-                Choose(way, structure, way == kMultiple ? Join(r.part) : Text(r.typed));
+        for (const Way way : {kOneLocation, kMultipleLocations, kUpFolderTree}) {
+            for (const Structure structure : {kNone, kDriveMirror, kFolderToFolder, kBackup}) {
+                if (way == kUpFolderTree && structure != kNone) continue;
+                Choose(way, structure, way == kMultipleLocations ? Join(r.part) : Text(r.typed));
                 const auto expected = Expected(r, way, structure);
                 ASSERT_EQ(Of(Text(r.object), relPath), expected.value_or(""))
-                    << way << ' ' << structure << ' ' << Text(r.object) << " levels " << r.levels
-                    << " typed " << Form().cmbDir.Text.Get() << " listed " << Text(r.listed);
-                ASSERT_EQ(State().blnNoDestination, !expected);
+                    << Text(r.object) << " levels " << r.levels << " typed " << request.typed
+                    << " listed " << Text(r.listed);
+                ASSERT_EQ(destination.IsThere(), expected.has_value());
             }
         }
     }

@@ -1,4 +1,5 @@
 #include "actions/request/dialog_setup.h"
+#include "actions/request/read_request.h"
 #include "tests/actions/action_fixture.h"
 
 #include <gmock/gmock.h>
@@ -90,7 +91,7 @@ TEST_F(DialogSetup, EachActionShowsItsFields) {
         EXPECT_EQ(form.chkAddEOF.Visible.Get(), shown.eof) << shown.action;
         EXPECT_EQ(form.chkComments.Visible.Get(), shown.comments) << shown.action;
         EXPECT_EQ(form.chkFindSimilar.Visible.Get(), shown.comments) << shown.action;
-        EXPECT_EQ(Action().blnMove, shown.isMove) << shown.action;
+        EXPECT_EQ(actions::ReadRequest(S()).isMove, shown.isMove) << shown.action;
         EXPECT_EQ(form.optStructure.Chosen(), 0) << shown.action;
         EXPECT_EQ(form.lstMulti.Header.Get(),
                   std::string(shown.action) + " to File Locations.  (Double click to clear.)");

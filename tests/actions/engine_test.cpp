@@ -185,7 +185,7 @@ TEST_F(Engine, AnOverwriteThatIsRefusedIsForcedAndReported) {
     Copy(To("C:\\d", "chkOverWrite"));
     EXPECT_EQ(Disk().Content("C:\\d\\a.txt"), "new");
     EXPECT_THAT(machine.bin.Paths(), ElementsAre("C:\\d\\a.txt"));
-    EXPECT_TRUE(Action().blnErrorOccurred);
+    EXPECT_TRUE(State().blnErrorOccurred);
     ExpectLog({" Copy C:\\t\\a.txt -- to -- C:\\d\\a.txt forced."});
 }
 

@@ -1,5 +1,9 @@
+#include "actions/place/destination.h"
+#include "actions/place/engine.h"
 #include "actions/place/outcome.h"
+#include "actions/request/ok_button.h"
 #include "actions/request/preview.h"
+#include "actions/request/read_request.h"
 #include "results/selection.h"
 #include "tests/actions/random_world.h"
 #include "text/case.h"
@@ -161,8 +165,23 @@ struct Course {
     std::map<std::string, std::string> expected;
     bool wasOpened = false;
     bool isPossible = true;
+    bool examplesAgree = true;
     std::string told;
 };
+
+// Whether what goes to a new place without ado goes where the text of the request alone says.
+bool ExamplesAgree(RandomWorld& world, const actions::PreviewResult& foretold) {
+    const actions::ActionRequest request = actions::ReadRequest(world.S());
+    if (request.way == actions::Way::kSpecialRule) return true;
+    std::map<std::size_t, int> places;
+    return std::ranges::all_of(foretold.entries, [&](const PreviewEntry& entry) {
+        const int place = places[entry.index]++;
+        if (entry.verdict != Verdict::kCopy && entry.verdict != Verdict::kMove) return true;
+        const auto object = actions::ObjectAt(world.program().Selection(), entry.index);
+        const auto example = actions::ComputeDestination(request, object, place);
+        return actions::CleanedDestination(example.path) == entry.strNewPath;
+    });
+}
 
 Course ForetellAndDo(RandomWorld& world) {
     Course run;
@@ -195,7 +214,10 @@ Course ForetellAndDo(RandomWorld& world) {
             run.told += "impossible: " + entry.strNewPath + "\n";
         }
         run.expected = disk.Files();
-        world.S().state.action.sink = &run.real;
+        if (!renames) run.examplesAgree = ExamplesAgree(world, run.foretold);
+    };
+    world.pressOk = [&run](session::Session& session) {
+        actions::PressOk(session, session.frmDialog, &run.real);
     };
     world.beforeOk = foretell;
     if (renames) {
@@ -203,7 +225,6 @@ Course ForetellAndDo(RandomWorld& world) {
     } else {
         world.Copy(request);
     }
-    world.S().state.action.sink = nullptr;
     return run;
 }
 
@@ -220,6 +241,7 @@ TEST(Foretold, WhatAPreviewSaysIsWhatHappens) {
             ASSERT_TRUE(run.isPossible) << when;
             ASSERT_EQ(world.Files(), run.expected) << when;
         }
+        ASSERT_TRUE(run.examplesAgree) << when;
         ASSERT_EQ(run.foretold.entries.size(), run.real.outcomes.size()) << when;
         for (std::size_t i = 0; i < run.real.outcomes.size(); ++i) {
             const auto& real = run.real.outcomes[i];

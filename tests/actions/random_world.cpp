@@ -172,7 +172,7 @@ Request RandomWorld::AnyRequest() {
     request.destination = dice.One(kDestinations);
     if (request.way == 1) {
         request.destination = dice.Chance(50) ? "" : "\\sub";
-        request.places = {"", dice.One(kDestinations), dice.One(kDestinations)};
+        request.places = {dice.One(kDestinations), dice.One(kDestinations)};
     } else if (request.way == 2) {
         request.destination.clear();
     } else if (request.way == 3) {
@@ -185,11 +185,9 @@ Request RandomWorld::AnyRequest() {
 
 void RandomWorld::Enter(const Request& request) {
     auto& form = S().frmDialog;
-    auto& action = S().state.action;
-    action.strMultiPath = request.places.empty() ? std::vector<std::string>{""} : request.places;
+    form.lstMulti.SetItems(request.places);
     form.optTo.Choose(request.way == 0 ? 3 : 0);
     (void)session::UserClick(S(), form.optTo[request.way]);
-    action.intMultiCount = request.way == 1 ? static_cast<int>(action.strMultiPath.size()) - 1 : 1;
     form.OKButton.Visible = true;
     form.cmbDir.Text = request.destination;
     form.optStructure.Choose(request.structure);
@@ -204,7 +202,11 @@ void RandomWorld::ShowDialog(fields::CommandButton& button, const std::function<
     user.inDialog = [&](session::Session& session) {
         fill();
         if (beforeOk) beforeOk();
-        (void)session::UserClick(session, session.frmDialog.OKButton);
+        if (pressOk) {
+            pressOk(session);
+        } else {
+            (void)session::UserClick(session, session.frmDialog.OKButton);
+        }
         if (session.frmDialog.IsShown()) {
             (void)session::UserClick(session, session.frmDialog.CancelButton);
         }

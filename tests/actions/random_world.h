@@ -96,6 +96,8 @@ class RandomWorld {
 
     // Runs when the action window is filled, before OK.
     std::function<void()> beforeOk;
+    // Takes the place of a click on OK.
+    std::function<void(session::Session&)> pressOk;
 
     platform::MemoryPlatform machine;
     Dice dice;

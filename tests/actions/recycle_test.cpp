@@ -1,3 +1,4 @@
+#include "actions/place/action_run.h"
 #include "actions/place/recycle.h"
 #include "tests/actions/bare_session.h"
 
@@ -115,11 +116,11 @@ TEST_F(Recycle, EachAnswerIsLoggedAndDone) {
     for (const Answered& answered : kAnswers) {
         SCOPED_TRACE(answered.button);
         queue.clear();
-        State().bytRecycleAnswer = session::kOverrideNo;
+        session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
         QueueThreeWithABadOne();
         Answer({answered.button});
         Run();
-        EXPECT_EQ(State().bytRecycleAnswer, answered.answer);
+        EXPECT_EQ(session.forms.frmOverrideRecycleFail.Answer, answered.answer);
         EXPECT_TRUE(HasEntry(answered.line));
         EXPECT_EQ(Disk().Exists("C:\\t\\b"), !answered.isDeleted);
         EXPECT_EQ(Disk().Exists("C:\\t\\c"), answered.answer == 4) << "cancel leaves the rest";

@@ -1,3 +1,5 @@
+#include "actions/place/action_run.h"
+#include "actions/request/read_request.h"
 #include "actions/run/rename_only.h"
 #include "tests/actions/bare_session.h"
 
@@ -10,7 +12,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
-enum Portion { kPrefix, kExtension, kWholeName };
+using Portion = NamePortion;
+using enum NamePortion;
 
 class RenameOnlyTest : public BareSession {
   protected:
@@ -30,8 +33,8 @@ class RenameOnlyTest : public BareSession {
         Form().txtAdd.Text = add;
         Form().chkAddEnd.Value = atEnd ? 1 : 0;
         Form().chkAddBeg.Value = atEnd ? 0 : 1;
-        Form().optNamePortion.Choose(portion);
-        RenameOnly(session);
+        Form().optNamePortion.Choose(static_cast<int>(portion));
+        Run();
     }
     void Replace(const std::string& find, const std::string& replace, bool all = true,
                  Portion portion = kPrefix) {
@@ -40,8 +43,13 @@ class RenameOnlyTest : public BareSession {
         Form().txtFind.Text = find;
         Form().txtReplace.Text = replace;
         Form().optOnceVsAll.Choose(all ? 1 : 0);
-        Form().optNamePortion.Choose(portion);
-        RenameOnly(session);
+        Form().optNamePortion.Choose(static_cast<int>(portion));
+        Run();
+    }
+    void Run() {
+        const ActionRequest request = ReadRequest(session);
+        ActionRun run(session, request);
+        end = RenameOnly(session, run);
     }
     // The files below C:\t, less that.
     std::vector<std::string> Files() { return Below(Disk().AllFiles()); }
@@ -50,13 +58,15 @@ class RenameOnlyTest : public BareSession {
         EXPECT_EQ(session.state.lastAction.done, done);
         EXPECT_EQ(session.state.lastAction.skipped, skipped);
         EXPECT_EQ(session.state.lastAction.failed, failed);
-        EXPECT_EQ(State().blnRenamed, done > 0);
+        EXPECT_EQ(end.blnRenamed, done > 0);
     }
     static std::string Taken(const char* old, const char* newName, const char* word = "File") {
         return std::string("Could not rename: \r\n\r\nC:\\t\\") + old +
                "\r\n\r\n as: \r\n\r\nC:\\t\\" + newName + "\r\n\r\nThat " + word +
                " name already exists";
     }
+
+    RenameOnlyEnd end;
 
   private:
     static std::vector<std::string> Below(const std::vector<std::string>& paths) {
@@ -89,7 +99,7 @@ TEST_F(RenameOnlyTest, TextIsInsertedOnTheSideAndPortionChosen) {
         selection = {};
         AddFile(std::string("C:\\t\\") + c.name);
         Insert(c.add, c.atEnd, c.portion);
-        EXPECT_THAT(Files(), ElementsAre(c.result)) << c.name << ' ' << c.portion;
+        EXPECT_THAT(Files(), ElementsAre(c.result)) << c.name;
         ExpectTotals(1, 0, 0);
         Disk().Node(std::string("C:\\t\\") + c.result)->Detach();
     }
@@ -116,7 +126,7 @@ TEST_F(RenameOnlyTest, AnInsertedNameThatIsTakenIsToldAndSkipped) {
     EXPECT_TRUE(HasEntry(" " + Taken("a.txt", "ax.txt")));
     EXPECT_EQ(prompts.Records()[0].style, session::kOkOnly);
     ExpectTotals(1, 1, 0);
-    EXPECT_FALSE(State().blnStopped);
+    EXPECT_FALSE(end.blnStopped);
 }
 
 TEST_F(RenameOnlyTest, AnInsertedNameThatIsTakenIsOnlyLoggedInAutomaticMode) {
@@ -227,7 +237,7 @@ TEST_F(RenameOnlyTest, ATakenNameAsksAndOkGoesOnWithTheNextHit) {
     EXPECT_TRUE(HasEntry(" Was unable to rename C:\\t\\aXa.txt as C:\\t\\bXa.txt"));
     EXPECT_EQ(Disk().Content("C:\\t\\bXa.txt"), "old");
     EXPECT_THAT(Files(), ElementsAre("aXb.txt", "bXa.txt"));
-    EXPECT_FALSE(State().blnStopped);
+    EXPECT_FALSE(end.blnStopped);
 }
 
 TEST_F(RenameOnlyTest, ATakenNameIsAskedOnceForEachObject) {
@@ -248,8 +258,8 @@ TEST_F(RenameOnlyTest, CancelAtATakenNameStopsTheActionAndKeepsWhatWasRenamed) {
     Disk().AddFile("C:\\t\\b2.txt", "old");
     prompts.Queue("Cancel");
     Replace("a", "b");
-    EXPECT_TRUE(State().blnStopped);
-    EXPECT_TRUE(State().blnRenamed);
+    EXPECT_TRUE(end.blnStopped);
+    EXPECT_TRUE(end.blnRenamed);
     EXPECT_TRUE(
         HasEntry(" Was unable to rename C:\\t\\a2.txt as C:\\t\\b2.txt and user canceled."));
     EXPECT_THAT(Files(), ElementsAre("a2.txt", "a3.txt", "b1.txt", "b2.txt"));
@@ -335,7 +345,7 @@ TEST_F(RenameOnlyTest, AStopTakesEffectAtTheNextObject) {
     machine.faults.BeforeCall("MoveFile", 2, [this] { session.state.blnStopAction = true; });
     Replace("a", "b", true, kWholeName);
     EXPECT_THAT(Files(), ElementsAre("a3", "b1", "b2"));
-    EXPECT_FALSE(State().blnStopped) << "the window closes";
+    EXPECT_FALSE(end.blnStopped) << "the window closes";
     ExpectTotals(2, 0, 0);
 }
 
@@ -354,7 +364,7 @@ TEST_F(RenameOnlyTest, AnObjectThatFailsIsCountedAndTheOthersGoOn) {
     Replace("1", "2");
     EXPECT_THAT(Files(), ElementsAre("1-1.txt", "2.txt"));
     ExpectTotals(1, 0, 1);
-    EXPECT_TRUE(State().blnErrorOccurred);
+    EXPECT_TRUE(session.state.blnErrorOccurred);
     EXPECT_TRUE(HasEntry(" Renamed C:\\t\\1.txt -- as -- C:\\t\\2.txt"));
 }
 

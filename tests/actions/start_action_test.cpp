@@ -1,4 +1,8 @@
+#include "actions/place/action_run.h"
 #include "actions/place/duplicate_rename.h"
+#include "actions/place/object.h"
+#include "actions/place/outcome.h"
+#include "actions/request/read_request.h"
 #include "actions/run/action_progress.h"
 #include "tests/actions/action_fixture.h"
 #include "tests/actions/bare_session.h"
@@ -19,6 +23,12 @@ class StartAction : public ActionFixture {
         Disk().AddFolder("C:\\t\\one");
         Disk().AddFolder("C:\\t\\two");
         Disk().AddFolder("C:\\d");
+    }
+    void RenameLocal(const std::string& path, const std::string& destination, bool isFile) {
+        const auto request = actions::ReadRequest(S());
+        actions::ActionRun run(S(), request);
+        actions::RenameObjForDuplicateLocal(
+            S(), run, {.path = path, .actual = path, .isFile = isFile}, destination);
     }
 };
 
@@ -70,11 +80,11 @@ TEST_F(StartAction, EachButtonHasItsHeadingAndItsLine) {
 
 TEST_F(StartAction, AnEarlierOverrideNoLongerStands) {
     Find();
-    Action().bytOverrideAnswer = session::kOverrideYesToAll;
-    Action().bytRecycleAnswer = session::kOverrideYesToAll;
+    S().forms.frmOverrideDialog.Answer = actions::kOverrideYesToAll;
+    S().forms.frmOverrideRecycleFail.Answer = actions::kOverrideYesToAll;
     Copy(To("C:\\d"), {"Cancel"});
-    EXPECT_EQ(Action().bytOverrideAnswer, session::kOverrideNo);
-    EXPECT_EQ(Action().bytRecycleAnswer, session::kOverrideNo);
+    EXPECT_EQ(S().forms.frmOverrideDialog.Answer, actions::kOverrideNo);
+    EXPECT_EQ(S().forms.frmOverrideRecycleFail.Answer, actions::kOverrideNo);
     EXPECT_EQ(State().strPrevAction, "Copy");
 }
 
@@ -84,7 +94,7 @@ TEST_F(StartAction, ARenamedObjectGetsAFreeNameLikeADuplicate) {
     Disk().AddFile("C:\\t\\b.txt", "b");
     Disk().AddFile("C:\\t\\b_.txt", "b");
     Start();
-    actions::RenameObjForDuplicateLocal(S(), "C:\\t\\a.txt", "C:\\t\\a.txt", "C:\\t\\b.txt", true);
+    RenameLocal("C:\\t\\a.txt", "C:\\t\\b.txt", true);
     EXPECT_EQ(Disk().Content("C:\\t\\b__.txt"), "a");
     EXPECT_FALSE(Disk().Exists("C:\\t\\a.txt"));
     ExpectLog({" Renamed C:\\t\\a.txt -- as -- C:\\t\\b__.txt"});
@@ -93,7 +103,7 @@ TEST_F(StartAction, ARenamedObjectGetsAFreeNameLikeADuplicate) {
 TEST_F(StartAction, ARenamedFolderKeepsItsDots) {
     Disk().AddFolder("C:\\t\\x.y");
     Start();
-    actions::RenameObjForDuplicateLocal(S(), "C:\\t\\one", "C:\\t\\one", "C:\\t\\x.y", false);
+    RenameLocal("C:\\t\\one", "C:\\t\\x.y", false);
     EXPECT_TRUE(Disk().Exists("C:\\t\\x.y_"));
     EXPECT_FALSE(Disk().Exists("C:\\t\\one"));
 }
@@ -146,7 +156,7 @@ TEST_F(Progress, TellsObjectsBytesSpeedAndTimeLeft) {
         EXPECT_EQ(Form().prgBytes.Value.Get(), 1'000'000);
     }
     EXPECT_FALSE(Form().lblProgress.Visible);
-    EXPECT_EQ(State().progress, nullptr);
+    EXPECT_FALSE(Form().prgBytes.Visible);
 }
 
 TEST_F(Progress, WithoutBytesTheBarCountsObjects) {

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "actions/place/action_request.h"
+#include "platform/file_system.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::actions {
+
+class OutcomeSink;
+
+// The buttons of frmAsk, by answer.
+enum AskAnswer : std::uint8_t {
+    kAskSkip,
+    kAskOverwrite,
+    kAskRename,
+    kAskSkipAll,
+    kAskOverwriteAll,
+    kAskRenameAll,
+    kAskCancel,
+    kAskDeleteReplace,
+    kAskDeleteReplaceAll,
+};
+
+// The buttons of frmOverrideDialog and frmOverrideRecycleFail, by answer.
+enum OverrideAnswer : std::uint8_t {
+    kOverrideNo,
+    kOverrideYes,
+    kOverrideNoToAll,
+    kOverrideYesToAll,
+    kOverrideCancel,
+};
+
+// How often a Special Rule came to which end.
+struct RuleTally {
+    int intRuleOk = 0;
+    int intRuleNoFolder = 0;
+    int intRuleShortSearch = 0;
+    int intRuleShortReplace = 0;
+    bool blnRuleFailed = false; // of any object
+};
+
+// One run of an action: its request, and what is kept from object to object.
+struct ActionRun {
+    // Takes over the answers that stand in the prompts. `request` must outlive it.
+    ActionRun(session::Session& session, const ActionRequest& request, OutcomeSink* sink = nullptr);
+
+    const ActionRequest& request;
+    OutcomeSink* sink; // may be null
+    std::uint8_t bytAskAnswer;
+    std::uint8_t bytOverrideAnswer;
+    RuleTally rule;
+    std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
+    platform::CopyObserver observer;      // of each copy; yields
+};
+
+} // namespace tarvix::actions

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/object_facts.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace tarvix::results {
+struct Selection;
+}
+
+namespace tarvix::actions {
+
+// One object that an action has in hand. The texts belong to the selection or to the caller.
+struct Object {
+    std::size_t index = 0;     // in the selection
+    std::string_view name;     // that it is to get
+    std::string_view path;     // as listed, for people
+    std::string_view actual;   // for file system calls, spelled as on the disk
+    std::string_view relative; // path and name below its search location, without a leading "\"
+    bool isFile = true;
+    std::optional<platform::ObjectFacts> facts; // where they were read just now
+};
+
+// The selected object at `index`; valid for as long as the selection stands.
+Object ObjectAt(const results::Selection& selection, std::size_t index);
+
+} // namespace tarvix::actions

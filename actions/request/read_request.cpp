@@ -1,0 +1,72 @@
+#include "actions/request/read_request.h"
+
+#include "actions/place/destination.h"
+#include "actions/request/action_names.h"
+#include "session/session.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tarvix::actions {
+
+namespace {
+
+using fields::FrmDialog;
+
+template <class Choice>
+Choice ChosenOf(const fields::OptionGroup& group) {
+    return static_cast<Choice>(std::max(group.Chosen(), 0));
+}
+
+// The first that is set counts.
+DuplicateChoice DuplicatesOf(const FrmDialog& form) {
+    const std::array<std::pair<const fields::CheckBox*, DuplicateChoice>, 4> choices{
+        {{&form.chkRename, DuplicateChoice::kRename},
+         {&form.chkSkipAll, DuplicateChoice::kSkip},
+         {&form.chkOverWrite, DuplicateChoice::kOverwrite},
+         {&form.chkAsk, DuplicateChoice::kAsk}}};
+    const auto chosen =
+        std::ranges::find_if(choices, [](const auto& choice) { return choice.first->Value == 1; });
+    return chosen == choices.end() ? DuplicateChoice::kNone : chosen->second;
+}
+
+RenameRequest RenameOf(const FrmDialog& form) {
+    return {.inserts = form.chkAdd.Value == 1,
+            .find = form.txtFind.Text,
+            .replace = form.txtReplace.Text,
+            .onlyFirst = form.optOnceVsAll[0].Value,
+            .add = form.txtAdd.Text,
+            .addsAtEnd = form.chkAddEnd.Value == 1,
+            .portion = ChosenOf<NamePortion>(form.optNamePortion)};
+}
+
+} // namespace
+
+ActionRequest ReadRequest(const FrmDialog& form, std::string strAction, std::string typed) {
+    ActionRequest request;
+    request.isMove = IsMove(strAction);
+    request.strAction = std::move(strAction);
+    request.heading = form.lblMain.Caption;
+    request.way = ChosenOf<Way>(form.optTo);
+    request.structure = ChosenOf<Structure>(form.optStructure);
+    request.typed = std::move(typed);
+    request.strMultiPath = form.lstMulti.Items();
+    request.levelsTyped = form.txtFolderTree.Text;
+    request.levels = FolderTreeLevels(request.levelsTyped);
+    request.prefixesFolders = form.chkFolderRename.Value == 1;
+    if (request.way == Way::kSpecialRule) {
+        if (auto rule = ValidateSpecialRule(request.typed)) request.rule = std::move(*rule);
+    }
+    request.duplicates = DuplicatesOf(form);
+    request.renameText = form.txtRename.Text;
+    request.renamesAtEnd = form.chkRenameEnd.Value == 1;
+    request.rename = RenameOf(form);
+    return request;
+}
+
+ActionRequest ReadRequest(const session::Session& session) {
+    return ReadRequest(session.frmDialog, session.state.strAction, session.frmDialog.cmbDir.Text);
+}
+
+} // namespace tarvix::actions

@@ -5,7 +5,6 @@
 #include "session/settings/platform_settings.h"
 #include "text/dates.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -46,7 +45,6 @@ struct SessionState {
     std::string strFDHistoryFile;
     std::string strFSSearchHistoryFile;
     std::string strFSFolderHistoryFile;
-    std::string strTargetPathFile;
     std::string strActionLogFile;
     std::string strErrorLogFile;
     std::string strOptionFile;
@@ -56,7 +54,6 @@ struct SessionState {
     bool blnOptionFileUnread = false; // it is there but could not be opened, so it is left alone
     int intMaxYear = 0;
     int intOSVersion = 10000;
-    std::array<std::string, 8> strWindowStyle; // by a shortcut's code: 1, 3 and 7
     bool blnStarShell = false;
     bool blnUnknownShell = false;
     // The time of last use of each row of a box, zero for its fixed rows.
@@ -69,9 +66,7 @@ struct SessionState {
 
     // Windows and actions.
     std::string strAction;
-    std::string strPrevAction;
     std::string strLastForm;
-    std::string strCurrentForm;
     bool blnPreloadDialog = false;
     bool blnRedoAfterAction = false;
     bool blnRedoNow = false;
@@ -81,7 +76,6 @@ struct SessionState {
     bool blnStopAction = false; // takes effect at the next object
     ActionState action;
     ActionTotals lastAction;
-    bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
 
     std::string strRememberedDestination; // offered to the next action
@@ -91,7 +85,6 @@ struct SessionState {
     bool blnAutoMove = false;
     bool blnAutoPlayList = false;
     bool blnAutoPlayListLocal = false;
-    bool blnAutoPlayListFull = false;
     bool blnBatchDeleteEmpty = false;
     bool blnPlayListMode = false;
     bool blnEditTargets = false;
@@ -113,9 +106,6 @@ struct SessionState {
     std::int32_t lngErrNumber = 0;
     std::string strErrDesc;
     std::string strMessage; // the failing routine's name, a blank and a sentence
-    std::string strTitle;
-    int intStyle = 0;
-    int intAnswer = 0;
     int intRecovery = 0;
     std::string strErrorLogOn = "Yes";
     std::uint8_t bytPathChoice = kPathSkip;

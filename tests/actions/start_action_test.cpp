@@ -75,7 +75,6 @@ TEST_F(StartAction, AnEarlierOverrideNoLongerStands) {
     Copy(To("C:\\d"), {"Cancel"});
     EXPECT_EQ(Action().bytOverrideAnswer, session::kOverrideNo);
     EXPECT_EQ(Action().bytRecycleAnswer, session::kOverrideNo);
-    EXPECT_EQ(State().strPrevAction, "Copy");
 }
 
 // ---- an object renamed beside a duplicate in its own folder ----

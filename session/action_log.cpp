@@ -7,6 +7,8 @@
 #include "text/dates.h"
 #include "text/format.h"
 
+#include <fmt/core.h>
+
 #include <cmath>
 #include <utility>
 
@@ -20,19 +22,18 @@ constexpr int kMostTries = 100;
 } // namespace
 
 std::string ActionLogName(Session& session, int secondsLater) {
-    return session.state.strDataFolder + "\\TXAction " +
-           text::FormatDate(text::FromSeconds(text::ToSeconds(session.Now()) + secondsLater),
-                            "mm.dd.yy hh.nn.ss") +
-           ".log";
+    const auto opened = text::FromSeconds(text::ToSeconds(session.Now()) + secondsLater);
+    return fmt::format("{}\\TXAction {}.log", session.state.strDataFolder,
+                       text::FormatDate(opened, "mm.dd.yy hh.nn.ss"));
 }
 
 void ActionLog::Open(Session& session) {
     wasOpened_ = true;
     const auto early = std::exchange(early_, {});
     std::string& name = session.state.strActionLogFile;
-    std::string head = "Opened Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
-    head += session.state.options.blnFileLog ? "Logging is turned on." : "Logging is turned off.";
-    head += "\r\n\r\n";
+    const std::string head = fmt::format("Opened Log at {}\r\n\r\nLogging is turned {}.\r\n\r\n",
+                                         text::DefaultDateText(session.Now()),
+                                         session.state.options.blnFileLog ? "on" : "off");
     auto opened = file_.Open(session.files(), name, head);
     for (int later = 1;
          later < kMostTries && !opened && opened.error().number == platform::kPermissionDenied &&
@@ -49,7 +50,7 @@ void ActionLog::Open(Session& session) {
 
 void ActionLog::Close(Session& session) {
     const auto closed =
-        file_.Close("\r\nClosed Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+        file_.Close(fmt::format("\r\nClosed Log at {}\r\n", text::DefaultDateText(session.Now())));
     if (closed) return;
     TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
@@ -57,12 +58,8 @@ void ActionLog::Close(Session& session) {
 void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {
     if (!wasOpened_) early_.push_back(text::Concat({stamp, text}));
     if (!file_.IsOpen() || !session.state.options.blnFileLog) return;
-    std::string entry;
-    entry.reserve((stamp.size() + text.size()) * 2 + 6);
-    entry.append(stamp).append(text);
-    const std::string dashes = DashesFor(entry);
-    entry.append("\r\n").append(dashes).append("\r\n\r\n");
-    file_.Write(entry);
+    const std::string entry = text::Concat({stamp, text});
+    file_.Write(text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"}));
 }
 
 void WriteToActionLog(Session& session, std::string_view text) {

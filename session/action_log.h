@@ -17,12 +17,15 @@ class ActionLog {
     // the program has that file, the next moment's name is taken. Any other error is told once, and
     // the run goes on without a log.
     void Open(Session& session);
+    // Writes the closing line. A failure is told unless in automatic mode, and recorded.
     void Close(Session& session);
     // One entry: the text, behind its stamp if any, a line of dashes under it, an empty line.
     // Nothing with logging off. What is written before the log opens follows its opening lines.
     void Write(Session& session, std::string_view text, std::string_view stamp = {});
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { wasOpened_ = true; }
+    // Whether entries reach a file; false before `Open`, after `Close`, and where no file could be
+    // made.
     bool IsOpen() const { return file_.IsOpen(); }
 
   private:
@@ -34,7 +37,7 @@ class ActionLog {
 // The name of an action log that opens so many seconds from now, in the data folder.
 std::string ActionLogName(Session& session, int secondsLater = 0);
 
-// One entry to the action log of the session.
+// One entry to the action log of the session, without a time.
 void WriteToActionLog(Session& session, std::string_view text);
 // The present time as "mm/dd/yyyy hh:mm:ss", followed by a text that begins with a blank.
 void LogTimed(Session& session, std::string_view text);

@@ -5,6 +5,8 @@
 #include "session/session.h"
 #include "text/format.h"
 
+#include <fmt/core.h>
+
 #include <utility>
 
 namespace tarvix::session {
@@ -18,7 +20,7 @@ constexpr std::size_t kExtension = 4;
 void ErrorLog::Open(Session& session) {
     std::string& name = session.state.strErrorLogFile;
     const std::string head =
-        "Opened Error Log at " + text::DefaultDateText(session.Now()) + "\r\n\r\n";
+        fmt::format("Opened Error Log at {}\r\n\r\n", text::DefaultDateText(session.Now()));
     auto opened = file_.Open(session.files(), name, head);
     // A folder that can't be written refuses every name, and its longest name differs.
     while (!opened && opened.error().number == platform::kPermissionDenied &&
@@ -31,8 +33,8 @@ void ErrorLog::Open(Session& session) {
 }
 
 void ErrorLog::Close(Session& session) {
-    const auto closed =
-        file_.Close("\r\nClosed Error Log at " + text::DefaultDateText(session.Now()) + "\r\n");
+    const auto closed = file_.Close(
+        fmt::format("\r\nClosed Error Log at {}\r\n", text::DefaultDateText(session.Now())));
     if (closed) return;
     TellUnexpected(session, closed.error(), "CloseProgramErrorFile", session.state.strErrorLogFile);
 }

@@ -14,11 +14,13 @@ class ErrorLog {
     // Opens `strErrorLogFile`. While another copy of the program has it, the name gets "_1" before
     // its extension, again and again. Any other error is told once, and the run goes on without it.
     void Open(Session& session);
+    // Writes the closing line. A failure is told unless in automatic mode, and recorded nowhere.
     void Close(Session& session);
     // Text as it stands; before the log opens it is kept, and follows the opening line.
     void WriteRaw(std::string_view text);
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { keeps_ = false; }
+    // Whether records reach a file.
     bool IsOpen() const { return file_.IsOpen(); }
 
   private:

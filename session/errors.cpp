@@ -4,7 +4,6 @@
 #include "session/action_log.h"
 #include "session/error_rules.h"
 #include "session/prompt_id.h"
-#include "session/prompt_table.h"
 #include "session/session.h"
 #include "session/tell.h"
 #include "text/case.h"
@@ -30,7 +29,7 @@ std::string_view TypeText(ObjectType type) {
 std::string FileSystemClause(Session& session, std::string_view path) {
     const std::string root(text::Left(path, 3));
     for (const platform::DriveInfo& drive : session.files().Drives()) {
-        if (!text::EqualNoCase(drive.path + "\\", root)) continue;
+        if (!text::EqualNoCase(fmt::format("{}\\", drive.path), root)) continue;
         return text::Upper(drive.fileSystem).starts_with("NTFS")
                    ? " and it is in a NTFS filesystem."
                    : " and it is in a FAT or other filesystem.";
@@ -51,7 +50,7 @@ std::string ValueOf(Session& session, ErrorValue value, const ErrorContext& cont
     case ErrorValue::kDestFolder:
         return text::ParentFolder(context.searchOrDestination);
     case ErrorValue::kTypedObject:
-        return std::string(TypeText(context.objectType)).append(context.object);
+        return fmt::format("{}{}", TypeText(context.objectType), context.object);
     case ErrorValue::kNone:
         break;
     }
@@ -84,17 +83,13 @@ int Decide(const ErrorRule& rule, int answer, std::string_view object) {
 
 void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& context) {
     auto& state = session.state;
-    state.intAnswer = 0;
     for (const ErrorLine& line : rule.lines) {
         state.strMessage.append(line.text).append(ValueOf(session, line.value, context));
         state.strMessage.append(line.end);
     }
-    if (Asks(session, rule, context)) {
-        state.strTitle = FactsOf(rule.prompt).title;
-        state.intStyle = FactsOf(rule.prompt).style;
-        state.intAnswer = session.MsgBox(rule.prompt, state.strMessage);
-    }
-    state.intRecovery = Decide(rule, state.intAnswer, context.object);
+    const int answer =
+        Asks(session, rule, context) ? session.MsgBox(rule.prompt, state.strMessage) : 0;
+    state.intRecovery = Decide(rule, answer, context.object);
 }
 
 // The end of a text file that lacks its mark.
@@ -123,8 +118,9 @@ void KeepErrorLog(Session& session, const ErrorContext& context) {
     auto& state = session.state;
     const std::string& log = state.strErrorLogFile;
     if (!session.errorLog.IsOpen() || log.size() < 3) return;
-    const std::string copy = log.substr(0, log.size() - 3) + "_unexpected_error_" +
-                             text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss") + ".log";
+    const std::string copy =
+        fmt::format("{}_unexpected_error_{}.log", std::string_view(log).substr(0, log.size() - 3),
+                    text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss"));
     if (session.files().CopyFile(log, copy, true, {}) || IsQuiet(session, context)) return;
     session.MsgBox(PromptId::kErrorLogNotKept, "error happened in HandleError****");
     state.strMessage.clear();
@@ -137,27 +133,14 @@ void ReportError(Session& session, const platform::PlatformError& error,
     const auto& state = session.state;
     if (error.number == platform::kBadFileName && state.options.blnSkipNTFS) return;
     if (state.strErrorLogOn != "Yes") return;
-    const std::string number = std::to_string(error.number);
-    const std::string code = std::to_string(recovery);
-    const std::string time = text::DefaultDateText(session.Now());
-    const std::pair<std::string_view, std::string_view> lines[] = {
-        {"Error Number = ", number},
-        {"Error Desc: ", error.description},
-        {" Time: ", time},
-        {" Search or Desination = ", context.searchOrDestination},
-        {" Object = ", context.object},
-        {" Object Type = ", TypeText(context.objectType)},
-        {" Path = ", context.path},
-        {" Routine : ", context.routine},
-        {" Module ", context.moduleName},
-        {" Recovery : ", code},
-        {" Message : ", message},
-        {"", ""},
-    };
-    std::string record;
-    for (const auto& [label, value] : lines) {
-        record.append(label).append(value).append("\r\n");
-    }
+    std::string record =
+        fmt::format("Error Number = {}\r\nError Desc: {}\r\n Time: {}\r\n"
+                    " Search or Desination = {}\r\n Object = {}\r\n Object Type = {}\r\n",
+                    error.number, error.description, text::DefaultDateText(session.Now()),
+                    context.searchOrDestination, context.object, TypeText(context.objectType));
+    record += fmt::format(" Path = {}\r\n Routine : {}\r\n Module {}\r\n Recovery : {}\r\n"
+                          " Message : {}\r\n\r\n",
+                          context.path, context.routine, context.moduleName, recovery, message);
     session.errorLog.WriteRaw(record);
 }
 
@@ -183,9 +166,7 @@ void HandleError(Session& session, const ErrorContext& context) {
     }
     ReportError(session, error, context, state.intRecovery, state.strMessage);
     if (isUnexpected) KeepErrorLog(session, context);
-    state.strTitle.clear();
     state.strMessage.clear();
-    state.intStyle = 0;
 }
 
 int HandleError(Session& session, const platform::PlatformError& error,

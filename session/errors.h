@@ -40,7 +40,7 @@ void ReportError(Session& session, const platform::PlatformError& error,
                  const ErrorContext& context, int recovery, std::string_view message);
 
 // Decides about the error in `lngErrNumber`, `strErrDesc` and `strMessage`: asks where its rule
-// says so, records it, sets `intRecovery`, and clears `strTitle`, `strMessage` and `intStyle`.
+// says so, records it, sets `intRecovery`, and clears `strMessage`.
 void HandleError(Session& session, const ErrorContext& context);
 // The same, with the three fields set from the error and its context. Gives `intRecovery`.
 int HandleError(Session& session, const platform::PlatformError& error,

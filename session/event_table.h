@@ -21,10 +21,12 @@ using EventRoutine = std::function<void(Session&, const EventArgs&)>;
 // menus, scripts and batches all raise events through it.
 class EventTable {
   public:
+    // Gives the event its routine, in place of the one that it had.
     void On(std::string event, EventRoutine routine);
     void On(std::string event, void (*routine)(Session&));
+    // Whether a routine stands behind the event; a button without one is not offered.
     bool Has(std::string_view event) const;
-    // Runs the routine of the event, if there is one.
+    // Runs the routine of the event; false when there is none.
     bool Raise(Session& session, std::string_view event, const EventArgs& args = {}) const;
 
   private:

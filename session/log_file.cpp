@@ -3,6 +3,7 @@
 #include "platform/dir.h"
 #include "platform/file_system.h"
 #include "platform/text_stream.h"
+#include "platform/try.h"
 
 #include <utility>
 
@@ -16,10 +17,8 @@ LogFile& LogFile::operator=(LogFile&&) noexcept = default;
 platform::Result<void> LogFile::Open(platform::FileSystem& files, const std::string& path,
                                      std::string_view head) {
     const bool exists = !platform::DirName(files, path, platform::kDirFiles).empty();
-    auto stream = exists ? files.OpenAsTextStream(path, platform::OpenMode::kWrite)
-                         : files.CreateTextFile(path, true);
-    if (!stream) return std::unexpected(std::move(stream.error()));
-    stream_ = std::move(*stream);
+    TX_TRY_ASSIGN(stream_, exists ? files.OpenAsTextStream(path, platform::OpenMode::kWrite)
+                                  : files.CreateTextFile(path, true));
     Write(head);
     return {};
 }

@@ -25,6 +25,7 @@ class LogFile {
     // program writes it.
     platform::Result<void> Open(platform::FileSystem& files, const std::string& path,
                                 std::string_view head);
+    // Appends the text and flushes it; nothing while no file is open.
     void Write(std::string_view text);
     // Writes `tail` and closes; what failed of that first. Closed it is in any case.
     platform::Result<void> Close(std::string_view tail);

@@ -6,7 +6,7 @@
 
 namespace tarvix::session {
 
-// The answers that a style offers, in the order of its buttons.
+// The answers that a style offers, in the order of its buttons; OK alone for an unknown one.
 std::vector<int> ButtonsOf(int style);
 // The answer of the button that has the focus at first.
 int DefaultAnswer(int style);

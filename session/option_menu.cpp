@@ -3,12 +3,14 @@
 #include "session/action_log.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::session {
 
 namespace {
 
 void Log(Session& session, std::string_view what, bool value) {
-    LogTimed(session, " User turned " + std::string(value ? "on: " : "off: ") + std::string(what));
+    LogTimed(session, fmt::format(" User turned {}: {}", value ? "on" : "off", what));
 }
 
 void AllowSubfolders(Session& session) {

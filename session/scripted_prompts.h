@@ -38,9 +38,13 @@ class ScriptedPrompts : public PromptService {
     // though the form still shows.
     using ModalRunner = std::function<bool(Session&, fields::Form&)>;
 
+    // An answer for the next prompt that finds none before it.
     void Queue(std::string answer) { queue_.push_back(std::move(answer)); }
+    // Whether an answer waits.
     bool HasQueued() const { return !queue_.empty(); }
+    // kThrow at first.
     void SetFallback(Fallback fallback) { fallback_ = fallback; }
+    // An empty runner takes it away.
     void SetModalRunner(ModalRunner runner) { runner_ = std::move(runner); }
     // Pickers then take native paths too. `paths` must outlive this.
     void SetPaths(const platform::NativePaths& paths) { paths_ = &paths; }

@@ -4,6 +4,8 @@
 #include "session/prompt_table.h"
 #include "text/format.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::session {
 
 namespace {
@@ -38,8 +40,8 @@ const std::string& Session::TimeText() {
 }
 
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {
-    std::string name = control.Owner().Name();
-    name.append(".").append(control.ArrayName()).append("_").append(event);
+    const std::string name =
+        fmt::format("{}.{}_{}", control.Owner().Name(), control.ArrayName(), event);
     return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 

@@ -54,7 +54,8 @@ struct Session {
     text::DateTime Now();
     const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
-    // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it.
+    // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it. `isRepeat`: the choice
+    // was made already.
     bool Raise(const fields::Control& control, std::string_view event, bool isRepeat = false);
 
     // The prompts of the table, with its style and title. `MsgBox` gives the button that was

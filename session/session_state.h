@@ -4,7 +4,6 @@
 #include "session/settings/platform_settings.h"
 #include "text/dates.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -54,7 +53,6 @@ struct SessionState {
     std::string strFDHistoryFile;
     std::string strFSSearchHistoryFile;
     std::string strFSFolderHistoryFile;
-    std::string strTargetPathFile;
     std::string strActionLogFile;
     std::string strErrorLogFile;
     std::string strOptionFile;
@@ -64,7 +62,6 @@ struct SessionState {
     bool blnOptionFileUnread = false; // it is there but could not be opened, so it is left alone
     int intMaxYear = 0;
     int intOSVersion = 10000;
-    std::array<std::string, 8> strWindowStyle; // by a shortcut's code: 1, 3 and 7
     bool blnStarShell = false;
     bool blnUnknownShell = false;
     // The time of last use of each row of a box, zero for its fixed rows.
@@ -77,9 +74,7 @@ struct SessionState {
 
     // Windows and actions.
     std::string strAction;
-    std::string strPrevAction;
     std::string strLastForm;
-    std::string strCurrentForm;
     bool blnPreloadDialog = false;
     bool blnRedoAfterAction = false;
     bool blnRedoNow = false;
@@ -93,7 +88,6 @@ struct SessionState {
     std::string strSearchSetText;
     std::string strFailedPosition;
     std::string strLastFailedSearch;
-    bool blnColumnsChanged = false;
     bool blnDateWindowClosing = false;
 
     std::string strRememberedDestination; // offered to the next action
@@ -103,7 +97,6 @@ struct SessionState {
     bool blnAutoMove = false;
     bool blnAutoPlayList = false;
     bool blnAutoPlayListLocal = false;
-    bool blnAutoPlayListFull = false;
     bool blnBatchDeleteEmpty = false;
     bool blnPlayListMode = false;
     bool blnEditTargets = false;
@@ -125,9 +118,6 @@ struct SessionState {
     std::int32_t lngErrNumber = 0;
     std::string strErrDesc;
     std::string strMessage; // the failing routine's name, a blank and a sentence
-    std::string strTitle;
-    int intStyle = 0;
-    int intAnswer = 0;
     int intRecovery = 0;
     std::string strErrorLogOn = "Yes";
     std::uint8_t bytPathChoice = kPathSkip;

@@ -13,6 +13,7 @@ namespace tarvix::session {
 // form is closed by its Cancel, else by its OK.
 class UnattendedPrompts : public PromptService {
   public:
+    // Every prompt up to now, in the order in which they were put.
     const std::vector<PromptRecord>& Records() const { return records_; }
 
     int MsgBox(const Prompt& prompt) override;

@@ -16,6 +16,7 @@ struct Session;
 // What a user does to one control, with the events that follow. Windows and scripts both come
 // through here, so a disabled or hidden control refuses both with the same sentence.
 
+// Nothing, or the sentence of the refusal, which names the control.
 using InputResult = std::expected<void, std::string>;
 
 // The press of a button or menu entry, the toggle of a box, the choice of an option: raises
@@ -25,7 +26,7 @@ InputResult UserClick(Session& session, fields::Control& control);
 // Enters a value as Control::Enter takes it, and raises the event that follows.
 InputResult UserSet(Session& session, fields::Control& control, std::string_view value);
 
-// The focus leaves the control.
+// The focus leaves the control: raises LostFocus.
 void UserLeave(Session& session, fields::Control& control);
 
 // Whether the control stops or skips what runs, and so acts while a routine does.

@@ -20,9 +20,11 @@ class Yielder {
     void SetPump(std::function<void()> pump) { pump_ = std::move(pump); }
     // Runs `act` at the n-th yield from now (n from 1).
     void After(std::uint64_t n, std::function<void()> act);
+    // Runs what `After` planned for this count, and the pump if it is due.
     void Yield();
     // Pumps at once, whatever the clock says.
     void PumpNow();
+    // How many yields there were.
     std::uint64_t Count() const { return count_; }
 
   private:

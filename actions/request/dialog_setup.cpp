@@ -190,7 +190,6 @@ void RunForBatch(Session& session) {
 void SetUpWindow(Session& session) {
     auto& form = session.frmDialog;
     auto& state = session.state;
-    state.strCurrentForm = "frmDialog";
     form.lblStatus.Caption = "";
     state.blnRedoAfterAction = state.blnActionCancelled = false;
     RefreshMultiPathList(session);

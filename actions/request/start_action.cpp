@@ -96,7 +96,6 @@ void ShowDialog(Session& session) {
     OpenDialog(session);
     if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(PromptId::kActionWindow);
     session::SaveDestHistoryFile2(session);
-    state.strPrevAction = state.strAction;
     if (state.strAction == "Move" && !state.blnActionCancelled) {
         state.strRememberedDestination.clear();
     }

@@ -7,6 +7,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::lifecycle {
 
 void CommandLineOptions(session::Session& session, std::string_view argument) {
@@ -20,7 +22,7 @@ void CommandLineOptions(session::Session& session, std::string_view argument) {
         form.cmbDir.Text = path;
     } else if (text::Upper(path).ends_with(".MPL")) {
         const std::string locations = session::ReadPathList(session, path);
-        form.cmbDir.Text = locations.empty() ? std::string{} : "|" + locations;
+        form.cmbDir.Text = locations.empty() ? std::string{} : fmt::format("|{}", locations);
     } else {
         form.cmbDir.Text = std::string(text::StripTrailingSlash(text::ParentFolder(path)));
         form.cmbSearchFor.Text = std::string(text::FolderOwnName(path));

@@ -6,8 +6,9 @@
 #include "session/remembered/platform_file.h"
 #include "session/session.h"
 #include "text/characters.h"
-#include "text/format.h"
 #include "text/paths.h"
+
+#include <fmt/core.h>
 
 namespace tarvix::lifecycle {
 
@@ -15,8 +16,8 @@ namespace {
 constexpr std::string_view kPlatformFile = "TXPlatform.txt";
 
 // The program's own folder without its drive, or without the "\\" of a share.
-std::string BelowDrive(std::string_view folder) {
-    return std::string(text::Mid(folder, 3));
+std::string_view BelowDrive(std::string_view folder) {
+    return text::Mid(folder, 3);
 }
 } // namespace
 
@@ -26,7 +27,7 @@ DataPlace PlaceOfData(const platform::Environment& environment) {
         return {std::string(text::StripTrailingSlash(*asked)), false};
     }
     if (environment.IsProtectedFolder(program)) {
-        return {environment.VirtualStore() + BelowDrive(program), true};
+        return {fmt::format("{}{}", environment.VirtualStore(), BelowDrive(program)), true};
     }
     return {program, false};
 }
@@ -44,17 +45,15 @@ void FindDataFolder(session::Session& session) {
 
 void FormDataPaths(session::Session& session) {
     auto& state = session.state;
-    const std::string folder = state.strDataFolder + "\\";
-    state.strFDHistoryFile = folder + "TXFDFolderHistoryFile.txt";
-    state.strFSSearchHistoryFile = folder + "TXFSSearchHistoryFile.txt";
-    state.strFSFolderHistoryFile = folder + "TXFSFolderHistoryFile.txt";
-    state.strTargetPathFile = folder + "TXTargetPathFile.txt";
-    state.strActionLogFile =
-        folder + "TXAction " + text::FormatDate(session.Now(), "mm.dd.yy hh.nn.ss") + ".log";
-    state.strErrorLogFile = folder + "TXProgramError.log";
-    state.strOptionFile = folder + "TXOptionFile.txt";
-    state.strOptionBackupFile = folder + "TXOptionFile.bak";
-    state.strPlatformFile = folder + std::string(kPlatformFile);
+    const std::string& folder = state.strDataFolder;
+    state.strFDHistoryFile = text::JoinPath(folder, "TXFDFolderHistoryFile.txt");
+    state.strFSSearchHistoryFile = text::JoinPath(folder, "TXFSSearchHistoryFile.txt");
+    state.strFSFolderHistoryFile = text::JoinPath(folder, "TXFSFolderHistoryFile.txt");
+    state.strActionLogFile = session::ActionLogName(session);
+    state.strErrorLogFile = text::JoinPath(folder, "TXProgramError.log");
+    state.strOptionFile = text::JoinPath(folder, "TXOptionFile.txt");
+    state.strOptionBackupFile = text::JoinPath(folder, "TXOptionFile.bak");
+    state.strPlatformFile = text::JoinPath(folder, kPlatformFile);
 }
 
 std::vector<std::pair<char, std::string>> SavedDrives(const platform::Platform& machine) {

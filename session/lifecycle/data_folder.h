@@ -23,9 +23,10 @@ DataPlace PlaceOfData(const platform::Environment& environment);
 // know them yet; none where nothing was saved.
 std::vector<std::pair<char, std::string>> SavedDrives(const platform::Platform& machine);
 
-// Finds the data folder, makes it if it is missing, and forms the paths of all files in it. The
-// levels that were made are logged once the log is open.
+// Finds the data folder and makes it if it is missing. The levels that were made are logged once
+// the log is open.
 void FindDataFolder(session::Session& session);
+// The drive paths of its files, from `strDataFolder`; the action log is named by the time.
 void FormDataPaths(session::Session& session);
 
 } // namespace tarvix::lifecycle

@@ -5,6 +5,8 @@
 #include "session/session.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <string>
 #include <string_view>
 
@@ -17,7 +19,7 @@ std::string PathOf(session::Session& session, std::string_view name) {
     const std::string& folder = session.state.strProgramFolder;
     std::string beside = text::JoinPath(folder, name);
     if (session.files().Facts(beside)) return beside;
-    return text::JoinPath(text::ParentFolder(folder) + "\\share\\doc\\tarvix", name);
+    return fmt::format("{}\\share\\doc\\tarvix\\{}", text::ParentFolder(folder), name);
 }
 
 void OpenText(session::Session& session, std::string_view name) {

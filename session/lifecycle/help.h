@@ -14,6 +14,7 @@ void OpenGeneralInformation(session::Session& session);
 void OpenAdvancedFunctions(session::Session& session);
 void OpenVersionChanges(session::Session& session);
 
+// The entries of the help menu.
 void AddHelpEvents(session::EventTable& events);
 
 } // namespace tarvix::lifecycle

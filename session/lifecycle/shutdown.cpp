@@ -11,6 +11,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::lifecycle {
 
 namespace {
@@ -36,11 +38,11 @@ bool TakesFiles(Session& session) {
     const auto written = session::ReplaceTextFile(session.files(), probe, text::Repeat(" ", 4096));
     (void)session.files().DeleteFile(probe, true);
     if (written) return true;
-    const std::string told = "The data folder can't be written: " + folder + "\r\n\r\n" +
-                             written.error().description +
-                             "\r\n\r\nThe options and histories of this run are not saved. The "
-                             "files there stay as they were.";
-    session::TellUnlessAuto(session, session::PromptId::kDataFolderUnwritable, told);
+    session::TellUnlessAuto(
+        session, session::PromptId::kDataFolderUnwritable,
+        fmt::format("The data folder can't be written: {}\r\n\r\n{}\r\n\r\nThe options and "
+                    "histories of this run are not saved. The files there stay as they were.",
+                    folder, written.error().description));
     return false;
 }
 

@@ -12,6 +12,8 @@
 #include "session/session.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::lifecycle {
@@ -35,9 +37,6 @@ constexpr std::string_view kTooSmall =
 
 void SetState(Session& session) {
     auto& state = session.state;
-    state.strWindowStyle[1] = "Normal";
-    state.strWindowStyle[3] = "Maximized";
-    state.strWindowStyle[7] = "Minimized";
     state.blnRepeatDeleteEmpty = false;
     state.intMaxYear = session.Now().year + 20;
     state.blnRedoNow = true;
@@ -60,9 +59,9 @@ void ReadOptions(Session& session) {
 
 void SetVisibleDefaults(Session& session) {
     auto& form = session.frmSearch;
-    form.Caption = "Search Form - " + std::string(session::kProductName) + " v" +
-                   std::string(session::ProductVersion()) + " - Copyright " +
-                   std::to_string(session.Now().year) + " The Tarvix developers";
+    form.Caption =
+        fmt::format("Search Form - {} v{} - Copyright {} The Tarvix developers",
+                    session::kProductName, session::ProductVersion(), session.Now().year);
     form.lstMain.Tip = session.state.options.blnAllowAll ? "" : std::string(kListTip);
     Raise(session, kBrowseNormally);
     form.lblCurrentFolder.ForeColor = fields::kBlue;

@@ -9,8 +9,10 @@ struct Session;
 
 namespace tarvix::lifecycle {
 
-// The load and the unload of the main window, each in its fixed order.
+// The load of the main window in its fixed order; `argument` is that of the process. Ends early,
+// with `blnEnded`, when a damaged history is to be mended first.
 void frmSearch_Load(session::Session& session, std::string_view argument);
+// The unload: stops what runs, saves what is remembered and closes the logs.
 void frmSearch_Unload(session::Session& session);
 
 // Each time a secondary window gives the focus back: repeats the search or clears the list after an
@@ -22,6 +24,7 @@ void frmSearch_Resize(session::Session& session);
 // Reads the argument of the process into the two boxes. One that names nothing changes nothing.
 void CommandLineOptions(session::Session& session, std::string_view argument);
 
+// Activate, resize and unload of the main window.
 void AddLifecycleEvents(session::EventTable& events);
 
 constexpr int kLeastWidth = 12000; // twips

@@ -5,6 +5,8 @@
 #include "session/tell.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -12,8 +14,6 @@
 namespace tarvix::session {
 
 namespace {
-
-constexpr std::string_view kGap = "\r\n\r\n";
 
 enum class Message { kSearch, kCreate, kPlaylist, kPlace };
 
@@ -98,40 +98,31 @@ struct Question {
     bool creatingFile;
 };
 
-std::string Joined(std::initializer_list<std::string_view> parts) {
-    std::string result;
-    for (const std::string_view part : parts) {
-        result.append(part);
-    }
-    return result;
-}
-
-std::string LengthOf(std::string_view text) {
-    return std::to_string(text::Length(text));
-}
-
 std::string MessageOf(Message message, const Question& question) {
     constexpr std::string_view kShort = "The program can continue and attempt to use the short "
                                         "path. What would you like to do?";
     if (message == Message::kSearch) {
-        return Joined({kGap, "Routine - ", question.routine,
-                       " is attempting to search with this: ", kGap, question.oldText, kGap,
-                       "It contains ", LengthOf(question.oldText), " characters. ",
-                       "That search string may be to long to used in this situation. What would "
-                       "you like to do?"});
+        return fmt::format(
+            "\r\n\r\nRoutine - {} is attempting to search with this: \r\n\r\n{}\r\n\r\nIt contains "
+            "{} characters. That search string may be to long to used in this situation. What "
+            "would you like to do?",
+            question.routine, question.oldText, text::Length(question.oldText));
     }
     if (message == Message::kPlace) {
-        return Joined({"Routine - ", question.routine,
-                       " is attempting to copy\\move\\rename this object: ", kGap, question.oldText,
-                       kGap, "to: ", kGap, question.newPath, kGap, "The new location\\name is ",
-                       LengthOf(question.newPath), " characters in length. ", kGap, kShort});
+        return fmt::format(
+            "Routine - {} is attempting to copy\\move\\rename this object: \r\n\r\n{}"
+            "\r\n\r\nto: \r\n\r\n{}\r\n\r\nThe new location\\name is {} characters "
+            "in length. \r\n\r\n{}",
+            question.routine, question.oldText, question.newPath, text::Length(question.newPath),
+            kShort);
     }
-    const std::string_view what =
-        message == Message::kCreate
-            ? "was about to be created. "
-            : "was about to be added as a possible duplicate to the playlist. ";
-    return Joined({kGap, "The file: ", question.newPath, kGap, what, "The path is ",
-                   LengthOf(question.newPath), " characters in length. ", kGap, kShort});
+    return fmt::format("\r\n\r\nThe file: {}\r\n\r\n{} The path is {} characters in length. "
+                       "\r\n\r\n{}",
+                       question.newPath,
+                       message == Message::kCreate
+                           ? "was about to be created."
+                           : "was about to be added as a possible duplicate to the playlist.",
+                       text::Length(question.newPath), kShort);
 }
 
 void SetUp(fields::FrmAsk259& form, const Question& question) {
@@ -162,16 +153,16 @@ int KindOf(int choice) {
 
 std::string SearchLine(const SearchLines& lines, int kind, std::string_view oldText) {
     const std::array texts{lines.continued, lines.skipped, lines.cancelled};
-    return Joined({texts[static_cast<std::size_t>(kind)], "\r\n", oldText, "\r\n",
-                   kind == 0 ? "Even though it contains " : "Since it contains ", LengthOf(oldText),
-                   " characters. "});
+    return fmt::format("{}\r\n{}\r\n{} it contains {} characters. ",
+                       texts[static_cast<std::size_t>(kind)], oldText,
+                       kind == 0 ? "Even though" : "Since", text::Length(oldText));
 }
 
 std::string FileLine(int kind, std::string_view newPath) {
     constexpr std::array<std::string_view, 3> kVerbs{"use ", "skip using ", "cancel using "};
-    return Joined({" User selected to ", kVerbs[static_cast<std::size_t>(kind)], newPath,
-                   kind == 0 ? " even though the long path exceeds 259 characters"
-                             : " Since the long path exceeds 259 characters"});
+    return fmt::format(" User selected to {}{} {} the long path exceeds 259 characters",
+                       kVerbs[static_cast<std::size_t>(kind)], newPath,
+                       kind == 0 ? "even though" : "Since");
 }
 
 std::string PlaceLine(int kind, const Question& question) {
@@ -179,11 +170,10 @@ std::string PlaceLine(int kind, const Question& question) {
         return " User selected to cancel all actions where a new long path would exceeds 259 "
                "characters";
     }
-    return Joined({kind == 0 ? " User selected to copy\\move\\rename "
-                             : " User selected to skip the action from ",
-                   question.oldText, " -- to -- ", question.newPath,
-                   kind == 0 ? " even though the long path exceeds 259 characters"
-                             : " since the new long path would exceeds 259 characters"});
+    return fmt::format(" User selected to {} {} -- to -- {} {} exceeds 259 characters",
+                       kind == 0 ? "copy\\move\\rename" : "skip the action from", question.oldText,
+                       question.newPath,
+                       kind == 0 ? "even though the long path" : "since the new long path would");
 }
 
 void LogDecision(Session& session, const Question& question) {
@@ -201,10 +191,10 @@ void LogDecision(Session& session, const Question& question) {
 
 // A search is never asked about: it ends.
 void RefuseLongSearch(Session& session, const Question& question) {
-    const std::string told =
-        Joined({kGap, "Routine - ", question.routine, " is attempting to search with this: ", kGap,
-                question.oldText, kGap, "It contains ", LengthOf(question.oldText), " characters. ",
-                "That search string is to long to used."});
+    const std::string told = fmt::format(
+        "\r\n\r\nRoutine - {} is attempting to search with this: \r\n\r\n{}\r\n\r\nIt contains {} "
+        "characters. That search string is to long to used.",
+        question.routine, question.oldText, text::Length(question.oldText));
     TellAndLog(session, PromptId::kSearchTooLong, told);
     session.state.blnStopClicked = true;
 }

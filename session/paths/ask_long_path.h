@@ -17,6 +17,7 @@ void AskLongPath(Session& session, std::string_view oldText, std::string_view ne
 // Whether the standing choice takes the object in hand.
 bool ContinuesLongPath(const Session& session);
 
+// The buttons of frmAsk259.
 void AddAskLongPathEvents(EventTable& events);
 
 } // namespace tarvix::session

@@ -7,7 +7,7 @@
 #include "text/case.h"
 #include "text/characters.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <utility>
@@ -50,9 +50,10 @@ std::string Expanded(Session& session, std::string path) {
     Variable variable;
     for (int round = 0; FindVariable(path, variable); ++round) {
         if (session.files().Facts(path)) {
-            LogTimed(session, " RemoveEnvVarAndRestorePath determined " + path +
-                                  " already exists as a valid path. The environment variable was "
-                                  "not converted.");
+            LogTimed(session,
+                     fmt::format(" RemoveEnvVarAndRestorePath determined {} already exists as a "
+                                 "valid path. The environment variable was not converted.",
+                                 path));
             return path;
         }
         const std::string_view name = round == 0 ? WideName(session, variable.name) : variable.name;

@@ -8,6 +8,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -46,7 +48,7 @@ Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFold
         session, ContextOf(folder), [&] { return session.files().CreateFolder(folder); },
         LeavesMissingParent);
     if (made) {
-        LogTimed(session, " Created " + folder);
+        LogTimed(session, fmt::format(" Created {}", folder));
         result.blnFolderCreated = true;
         result.path = folder;
     }

@@ -17,8 +17,10 @@ struct MissingFolderResult {
 };
 
 // Makes the folder that is to hold `path` (or `path` itself with `isFolderPath`), with all that is
-// missing above it, at most 100 levels. Each folder made is logged " Created " and its path.
+// missing above it, at most 100 levels. Each folder made is logged " Created " and its path; what
+// fails goes to the error handling, and stands in the result. Levels made before that stay.
 MissingFolderResult CreateMissingFolder(Session& session, std::string_view path, bool isFolderPath);
+// The same, for what shortens a path.
 MissingFolderResult CreateMissing247Folder(Session& session, std::string_view path,
                                            bool isFolderPath);
 

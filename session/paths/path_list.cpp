@@ -5,12 +5,15 @@
 #include "session/prompt_id.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::session {
 
 namespace {
 
 std::string Unreadable(Session& session, const platform::PlatformError& error) {
-    session.MsgBox(PromptId::kListUnreadable, "The list can't be read: " + error.description);
+    session.MsgBox(PromptId::kListUnreadable,
+                   fmt::format("The list can't be read: {}", error.description));
     return {};
 }
 

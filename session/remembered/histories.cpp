@@ -176,10 +176,9 @@ void ShowTitledFolders(Session& session, const std::vector<std::string>& titles)
 bool RemoveCharAt(std::size_t position, std::string& text, bool blnBlank) {
     const std::size_t length = text::Length(text);
     if (position == 0 || position > length) return true;
-    const std::string before(text::Left(text, position - 1));
-    const std::string_view behind = text::Mid(text, position + 1);
     const bool isInside = position > 1 && position < length;
-    text = before + (blnBlank && isInside ? " " : "") + std::string(behind);
+    text = text::Concat({text::Left(text, position - 1), blnBlank && isInside ? " " : "",
+                         text::Mid(text, position + 1)});
     return false;
 }
 

@@ -8,6 +8,8 @@
 #include "session/session.h"
 #include "text/numbers.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <optional>
 
@@ -22,8 +24,7 @@ constexpr int kTypeMismatch = 13;
 platform::Result<text::DateTime> ToStamp(std::string_view line) {
     const auto stamp = text::ParseDate(line);
     if (stamp) return *stamp;
-    return platform::Failure(kTypeMismatch,
-                             "Type mismatch: \"" + std::string(line) + "\" is no date.");
+    return platform::Failure(kTypeMismatch, fmt::format("Type mismatch: \"{}\" is no date.", line));
 }
 
 } // namespace
@@ -102,9 +103,9 @@ void HistoryFile::Take(std::string_view text, const text::DateTime& stamp) {
 }
 
 void HistoryFile::AskAboutDamage() {
-    const std::string question = "Your '" + std::string(kind_.name) +
-                                 "' History file is corrupted. "
-                                 "Would you like to fix it manually, and try again?";
+    const std::string question = fmt::format("Your '{}' History file is corrupted. Would you like "
+                                             "to fix it manually, and try again?",
+                                             kind_.name);
     if (session_.MsgBox(PromptId::kHistoryDamaged, question) == kYes) {
         session_.state.blnEnded = true;
         session_.frmSearch.Hide();

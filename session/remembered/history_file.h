@@ -35,7 +35,9 @@ class HistoryFile {
         : session_(session), kind_(std::move(kind)), rows_(rows) {}
 
     HistoryRows& Rows() { return rows_; }
+    // Reads the file into the rows; a missing one is made, a damaged one asked about.
     void Open();
+    // Takes in what the file has by now, then replaces it. Nothing is asked about.
     void Save();
 
   private:

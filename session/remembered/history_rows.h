@@ -24,8 +24,10 @@ class HistoryRows {
     HistoryRows(fields::ComboBox& box, std::vector<text::DateTime>& stamps, std::size_t first,
                 std::size_t bound);
 
+    // The first row that is history, and how many rows there are with the fixed ones.
     std::size_t First() const { return first_; }
     std::size_t Count() const;
+    // Of a row below `Count`.
     const std::string& Text(std::size_t row) const;
     const text::DateTime& Stamp(std::size_t row) const { return stamps_[row]; }
 
@@ -34,9 +36,11 @@ class HistoryRows {
     // The history row that was used longest ago; nothing when there is none.
     std::optional<std::size_t> Oldest() const;
 
-    // Adds a row, in place of the oldest one when the bound is reached.
+    // Adds a row in the order of the texts, in place of the oldest one when the bound is reached.
     void Add(std::string_view text, const text::DateTime& stamp);
+    // Dates a row.
     void Touch(std::size_t row, const text::DateTime& stamp) { stamps_[row] = stamp; }
+    // Takes a row out; those behind it move up.
     void Remove(std::size_t row);
     // Other fixed rows; gives how many there are now.
     std::size_t SetFixed(const std::vector<std::string>& texts);

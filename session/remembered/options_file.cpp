@@ -14,6 +14,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <bitset>
 #include <memory>
@@ -119,15 +121,15 @@ class Reading {
 
     bool CopyVersion(std::string_view version) {
         const std::string copy =
-            text::ParentFolderSlash(path_) + "TXOptionFile_" + AsName(version) + ".txt";
+            fmt::format("{}TXOptionFile_{}.txt", text::ParentFolderSlash(path_), AsName(version));
         const auto copied = Try([&] { return session_.files().CopyFile(path_, copy, true, {}); });
         // Options that were not read are not written over either.
         session_.state.blnOptionFileUnread = !copied;
         if (!copied) return false;
         session_.MsgBox(PromptId::kOptionsBackedUp,
-                        "Since you have upgraded Tarvix or possibly editted your options manually, "
-                        "a backup named:\r\n\r\n" +
-                            copy + " was created.");
+                        fmt::format("Since you have upgraded Tarvix or possibly editted your "
+                                    "options manually, a backup named:\r\n\r\n{} was created.",
+                                    copy));
         return true;
     }
 

@@ -2,9 +2,12 @@
 
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
+#include "platform/try.h"
 #include "session/errors.h"
 #include "session/remembered/replace_file.h"
 #include "session/session.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -20,10 +23,9 @@ constexpr std::array<std::string_view, 3> kMountRoots{"/media/", "/run/media/", 
 
 platform::Result<std::vector<std::string>> ReadLines(platform::FileSystem& files,
                                                      std::string_view path) {
-    auto stream = files.OpenAsTextStream(path, platform::OpenMode::kRead);
-    if (!stream) return std::unexpected(stream.error());
+    TX_TRY_ASSIGN(const auto stream, files.OpenAsTextStream(path, platform::OpenMode::kRead));
     std::vector<std::string> lines;
-    while (auto line = (*stream)->ReadLine()) {
+    while (auto line = stream->ReadLine()) {
         lines.push_back(std::move(*line));
     }
     return lines;
@@ -71,8 +73,8 @@ void OpenPlatformFile(Session& session) {
     state.platformSettings = ReadPlatformFile(session.files(), state.strPlatformFile);
     state.options.intLatestYear = state.platformSettings.latestYear;
     for (const std::string& line : state.platformSettings.unknownLines) {
-        LogTimed(session,
-                 " " + state.strPlatformFile + " has a line that is not understood: " + line);
+        LogTimed(session, fmt::format(" {} has a line that is not understood: {}",
+                                      state.strPlatformFile, line));
     }
 }
 

@@ -1,6 +1,9 @@
 #include "session/remembered/replace_file.h"
 
 #include "platform/file_system.h"
+#include "platform/try.h"
+
+#include <fmt/core.h>
 
 #include <string>
 
@@ -15,7 +18,7 @@ using platform::Result;
 constexpr int kMostNames = 10;
 
 std::string NameBeside(std::string_view path, int number) {
-    return std::string(path) + ".tmp" + (number == 0 ? "" : std::to_string(number));
+    return number == 0 ? fmt::format("{}.tmp", path) : fmt::format("{}.tmp{}", path, number);
 }
 
 Result<std::unique_ptr<platform::TextStream>> CreateBeside(FileSystem& files, std::string_view path,
@@ -50,9 +53,8 @@ Result<void> PutInPlace(FileSystem& files, const std::string& name, std::string_
 
 Result<void> ReplaceTextFile(FileSystem& files, std::string_view path, std::string_view content) {
     std::string name;
-    auto stream = CreateBeside(files, path, name);
-    if (!stream) return std::unexpected(stream.error());
-    auto done = WriteAll(**stream, content);
+    TX_TRY_ASSIGN(const auto stream, CreateBeside(files, path, name));
+    auto done = WriteAll(*stream, content);
     if (done) done = PutInPlace(files, name, path);
     // Also after a move that failed.
     if (!done) (void)files.DeleteFile(name, true);

@@ -1,9 +1,10 @@
 #include "session/settings/option_values.h"
 
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/characters.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <charconv>
@@ -31,11 +32,11 @@ Overloaded(Parts...) -> Overloaded<Parts...>;
 
 std::unexpected<platform::PlatformError> Mismatch(std::string_view text) {
     return platform::Failure(kTypeMismatch,
-                             "Type mismatch: \"" + std::string(text) + "\" is no such value.");
+                             fmt::format("Type mismatch: \"{}\" is no such value.", text));
 }
 
 std::unexpected<platform::PlatformError> OutOfRange(std::string_view text) {
-    return platform::Failure(kSubscript, "Subscript out of range: \"" + std::string(text) + "\".");
+    return platform::Failure(kSubscript, fmt::format("Subscript out of range: \"{}\".", text));
 }
 
 Result<double> ToNumber(std::string_view text) {
@@ -48,7 +49,7 @@ Result<double> ToNumber(std::string_view text) {
     const char* end = digits.data() + digits.size();
     const auto read = std::from_chars(digits.data(), end, value);
     if (read.ec == std::errc::result_out_of_range) {
-        return platform::Failure(kOverflow, "Overflow: \"" + std::string(text) + "\".");
+        return platform::Failure(kOverflow, fmt::format("Overflow: \"{}\".", text));
     }
     if (read.ec != std::errc() || read.ptr != end) return Mismatch(text);
     return value;
@@ -56,8 +57,7 @@ Result<double> ToNumber(std::string_view text) {
 
 template <class Value, class Field>
 Result<void> Store(const Result<Value>& value, Field& field) {
-    if (!value) return std::unexpected(value.error());
-    field = *value;
+    TX_TRY_ASSIGN(field, value);
     return {};
 }
 
@@ -68,9 +68,8 @@ std::optional<std::size_t> ColumnByName(std::string_view name) {
 }
 
 Result<void> TakeFolder(Options& options, const OptionLine& line) {
-    const auto number = ToNumber(line.paren);
-    if (!number) return std::unexpected(number.error());
-    const double index = std::nearbyint(*number);
+    TX_TRY_ASSIGN(const double number, ToNumber(line.paren));
+    const double index = std::nearbyint(number);
     if (index < 0 || index >= static_cast<double>(kDefaultFolderLimit)) {
         return OutOfRange(line.paren);
     }
@@ -133,15 +132,13 @@ std::size_t FindOptionKey(std::string_view key) {
 Result<bool> ToBoolean(std::string_view text) {
     if (text::EqualNoCase(text, "True")) return true;
     if (text::EqualNoCase(text, "False")) return false;
-    const auto number = ToNumber(text);
-    if (!number) return std::unexpected(number.error());
-    return *number != 0;
+    TX_TRY_ASSIGN(const double number, ToNumber(text));
+    return number != 0;
 }
 
 Result<int> ToByte(std::string_view text, int most) {
-    const auto number = ToNumber(text);
-    if (!number) return std::unexpected(number.error());
-    const double rounded = std::nearbyint(*number);
+    TX_TRY_ASSIGN(const double number, ToNumber(text));
+    const double rounded = std::nearbyint(number);
     if (rounded < 0 || rounded > most) {
         return platform::Failure(kOverflow,
                                  fmt::format("Overflow: \"{}\" is not from 0 to {}.", text, most));
@@ -150,12 +147,11 @@ Result<int> ToByte(std::string_view text, int most) {
 }
 
 Result<float> ToSingle(std::string_view text) {
-    const auto number = ToNumber(text);
-    if (!number) return std::unexpected(number.error());
-    if (std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())) {
-        return platform::Failure(kOverflow, "Overflow: \"" + std::string(text) + "\".");
+    TX_TRY_ASSIGN(const double number, ToNumber(text));
+    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max())) {
+        return platform::Failure(kOverflow, fmt::format("Overflow: \"{}\".", text));
     }
-    return static_cast<float>(*number);
+    return static_cast<float>(number);
 }
 
 OptionLine SplitOptionLine(std::string_view line) {
@@ -200,9 +196,8 @@ Result<void> TakeOption(Options& options, const OptionKey& key, const OptionLine
 }
 
 Result<void> TakeEnvVariable(Options& options, const OptionLine& line, bool include) {
-    const auto number = ToNumber(text::Right(line.rest, 2));
-    if (!number) return std::unexpected(number.error());
-    const double index = std::nearbyint(*number);
+    TX_TRY_ASSIGN(const double number, ToNumber(text::Right(line.rest, 2)));
+    const double index = std::nearbyint(number);
     if (index < 0 || index >= static_cast<double>(kEnvVariableLimit)) {
         return OutOfRange(text::Right(line.rest, 2));
     }

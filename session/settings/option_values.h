@@ -15,6 +15,7 @@ namespace tarvix::session {
 platform::Result<bool> ToBoolean(std::string_view text);
 // A number, rounded half to even, from 0 to `most`.
 platform::Result<int> ToByte(std::string_view text, int most = 255);
+// A number in the range of a float.
 platform::Result<float> ToSingle(std::string_view text);
 
 // One line cut at the first of each separator. Views point into the line.
@@ -31,7 +32,7 @@ OptionLine SplitOptionLine(std::string_view line);
 
 // Takes the line's value into `options`. A failure changes nothing.
 platform::Result<void> TakeOption(Options& options, const OptionKey& key, const OptionLine& line);
-// The "Include NAME 00" and "Exclude NAME 00" lines.
+// The same for the "Include NAME 00" and "Exclude NAME 00" lines.
 platform::Result<void> TakeEnvVariable(Options& options, const OptionLine& line, bool include);
 
 // Where nothing was read yet: every field False, 0 or empty.

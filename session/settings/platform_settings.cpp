@@ -5,6 +5,8 @@
 #include "text/characters.h"
 #include "text/numbers.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <optional>
 
@@ -39,7 +41,8 @@ std::string WindowText(const WindowPlace& place) {
     for (const int value : {place.left, place.top, place.width, place.height}) {
         text.append(text.empty() ? "" : ",").append(std::to_string(value));
     }
-    return text + (place.isMaximized ? ",maximized" : "");
+    if (place.isMaximized) text.append(",maximized");
+    return text;
 }
 
 bool TakeWindow(WindowPlace& place, std::string_view text) {
@@ -75,8 +78,7 @@ std::string WidthsText(const PlatformSettings& settings) {
     for (std::size_t column = 0; column < kListColumns; ++column) {
         const int width = settings.columnWidths[column];
         if (width == 0) continue;
-        text.append(text.empty() ? "" : ",").append(ColumnText(column));
-        text.append(":").append(std::to_string(width));
+        text += fmt::format("{}{}:{}", text.empty() ? "" : ",", ColumnText(column), width);
     }
     return text;
 }
@@ -204,7 +206,7 @@ bool TakeLine(PlatformSettings& settings, std::string_view line) {
 }
 
 std::string DriveKey(char letter) {
-    return std::string("Drive ") + letter + ":";
+    return fmt::format("Drive {}:", letter);
 }
 
 } // namespace
@@ -241,25 +243,17 @@ PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines) {
 }
 
 std::string PlatformSettingsText(const PlatformSettings& settings) {
-    std::string text;
-    const auto add = [&text](std::initializer_list<std::string_view> parts) {
-        for (const std::string_view part : parts) {
-            text.append(part);
-        }
-        text.append("\r\n");
-    };
-    add({kHeading});
-    add({kDriveComment});
+    std::string text = fmt::format("{}\r\n{}\r\n", kHeading, kDriveComment);
     for (const auto& [letter, folder] : settings.drives) {
-        add({DriveKey(letter), " = ", folder});
+        text += fmt::format("{} = {}\r\n", DriveKey(letter), folder);
     }
     for (const SettingKey& known : kKeys) {
         const std::string value = known.text(settings);
-        add({"# ", known.comment});
-        add({known.key, value.empty() ? " =" : " = ", value});
+        text += fmt::format("# {}\r\n{} ={}{}\r\n", known.comment, known.key,
+                            value.empty() ? "" : " ", value);
     }
     for (const std::string& line : settings.unknownLines) {
-        add({line});
+        text += fmt::format("{}\r\n", line);
     }
     return text.append(kEndMark);
 }

@@ -26,7 +26,6 @@ TEST_F(DataFolder, HoldsEveryFileOfTheProgram) {
     EXPECT_EQ(state.strFDHistoryFile, "C:\\home\\ann\\tarvix\\TXFDFolderHistoryFile.txt");
     EXPECT_EQ(state.strFSSearchHistoryFile, "C:\\home\\ann\\tarvix\\TXFSSearchHistoryFile.txt");
     EXPECT_EQ(state.strFSFolderHistoryFile, "C:\\home\\ann\\tarvix\\TXFSFolderHistoryFile.txt");
-    EXPECT_EQ(state.strTargetPathFile, "C:\\home\\ann\\tarvix\\TXTargetPathFile.txt");
     EXPECT_EQ(state.strErrorLogFile, "C:\\home\\ann\\tarvix\\TXProgramError.log");
     EXPECT_EQ(state.strOptionFile, "C:\\home\\ann\\tarvix\\TXOptionFile.txt");
     EXPECT_EQ(state.strOptionBackupFile, "C:\\home\\ann\\tarvix\\TXOptionFile.bak");

@@ -134,8 +134,7 @@ TEST_P(ErrorTable, AnswersAsksAndRecords) {
     if (!c.isRecorded) return;
     EXPECT_NE(record.find("\r\n Routine : Find\r\n"), record.npos);
     EXPECT_NE(record.find(" Recovery : " + std::to_string(c.recovery) + "\r\n"), record.npos);
-    EXPECT_EQ(State().strMessage + State().strTitle, "");
-    EXPECT_EQ(State().intStyle, 0);
+    EXPECT_EQ(State().strMessage, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ErrorTable, ::testing::ValuesIn(kCases));
@@ -302,7 +301,7 @@ TEST_F(Errors, ARetryAfterPermissionDeniedKeepsTheMessageAndLeavesNoRecord) {
     prompts.Queue("Retry");
     Handle(70, "frmDialog");
     EXPECT_EQ(State().strMessage, Prompts()[0].text);
-    EXPECT_EQ(State().strTitle, "Permission denied");
+    EXPECT_EQ(Prompts()[0].title, "Permission denied");
     EXPECT_EQ(ErrorLog(), "");
 }
 

@@ -38,9 +38,6 @@ TEST_F(MainWindow, StartsIdleInItsLeastSizeWithItsEntries) {
     EXPECT_EQ(Form().lblNumOfFilesFound.Caption.Get(), "0");
     EXPECT_EQ(Form().lblStatus.Caption.Get(), "");
     EXPECT_EQ(State().intMaxYear, 2046);
-    EXPECT_EQ(State().strWindowStyle[1], "Normal");
-    EXPECT_EQ(State().strWindowStyle[3], "Maximized");
-    EXPECT_EQ(State().strWindowStyle[7], "Minimized");
 }
 
 TEST_F(MainWindow, LoadsTheActionWindowHidden) {

@@ -20,6 +20,7 @@ constexpr std::uint32_t kDirAll = 23;
 // left out. A folder that can't be opened gives nothing. Names are as the disk spells them.
 class Dir {
   public:
+    // `files` must outlive this.
     explicit Dir(FileSystem& files) : files_(files) {}
 
     // The first match, or empty.

@@ -16,6 +16,7 @@ class Environment {
     // "Temp", "windir", "ProgramFiles", "ProgramFiles(x86)", "ProgramData", "Public", "AppData",
     // "LocalAppData" and the user folders always have a value.
     virtual std::optional<std::string> Get(std::string_view name) const = 0;
+    // All that have a value, as names and values, in no special order.
     virtual std::vector<std::pair<std::string, std::string>> All() const = 0;
     // The folder that the program runs from, no final "\".
     virtual std::string ProgramFolder() const = 0;

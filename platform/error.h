@@ -31,6 +31,7 @@ struct PlatformError {
 template <class T>
 using Result = std::expected<T, PlatformError>;
 
+// What a routine with a Result returns when it fails; `description` is for people.
 inline std::unexpected<PlatformError> Failure(int number, std::string description) {
     return std::unexpected(PlatformError{number, std::move(description)});
 }

@@ -21,14 +21,18 @@ struct FolderEntry {
 // The names of one folder in one block of memory, in the order that `Dir` gives them.
 class FolderListing {
   public:
+    // Empties it, keeping its memory for the next folder.
     void Clear();
+    // Copies the entry behind the others.
     void Add(const FolderEntry& entry);
     void SortByName(); // upper-case forms, ties by exact text
     std::size_t Size() const { return records_.size(); }
+    // The entry at an index below Size(), in the order of adding or sorting.
     FolderEntry operator[](std::size_t index) const;
 
     // Names as one block and 8-byte records: what a listing costs in memory.
     std::size_t Bytes() const { return names_.size() + records_.size() * sizeof(Record); }
+    // Gives back what memory is not needed, for a listing that is kept.
     void ShrinkToFit();
 
   private:

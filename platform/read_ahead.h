@@ -18,15 +18,18 @@ class FileSystem;
 // are dropped with this.
 class ReadAhead {
   public:
+    // `files` must outlive this.
     explicit ReadAhead(FileSystem& files);
     ~ReadAhead();
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
+    // Asks for the names of a folder, a drive path.
     void OrderListing(std::string folder);
     // The names of the oldest folder ordered; false when it couldn't be read.
     bool TakeListing(FolderListing& listing);
 
+    // Asks for the facts of these names in a folder, a drive path.
     void OrderFacts(std::string folder, FolderListing names);
     // Facts of the oldest names ordered, one for each; none for an object that is gone.
     void TakeFacts(std::vector<std::optional<ObjectFacts>>& facts);

@@ -22,6 +22,7 @@ class TextStream {
     virtual Result<std::string> ReadLine() = 0;
     // Writes the text, adding nothing; 61 when the disk is full. Buffered until Flush or Close.
     virtual Result<void> Write(std::string_view text) = 0;
+    // Writes what is buffered to the file; 61 when the disk is full.
     virtual Result<void> Flush() = 0;
     // Writes what is buffered and closes; later calls fail with 52.
     virtual Result<void> Close() = 0;

@@ -17,6 +17,7 @@ class Counters {
     explicit Counters(session::Session& session, bool sizeTest = false, bool dateTest = false)
         : session_(session), sizeTest_(sizeTest), dateTest_(dateTest) {}
 
+    // One object more that was looked at.
     void CountFileSeen();
     void CountFolderSeen(); // counts only; the label is brought up to date at the list's end
     // At 250,000 objects they tell so and set `blnStopClicked`.

@@ -2,7 +2,8 @@
 
 #include "platform/file_system.h"
 #include "results/exe_facts_bytes.h"
-#include "text/format.h"
+
+#include <fmt/core.h>
 
 namespace tarvix::results {
 
@@ -125,12 +126,12 @@ std::string ExeTypeText(std::uint32_t exeType) {
     std::string out(TextOf(kExeTypeTexts, exeType & 0xFFFF, "<unknown executable>"));
     const std::uint32_t major = exeType >> 24;
     const std::uint32_t minor = exeType >> 16 & 0xFF;
-    if (major != 0) out += ", v" + text::Format(major, "#") + "." + text::Format(minor, "00");
+    if (major != 0) out += fmt::format(", v{}.{:02}", major, minor);
     return out;
 }
 
 std::string VersionText(const VersionRecord& record) {
-    return std::to_string(record.major) + "." + std::to_string(record.minor);
+    return fmt::format("{}.{}", record.major, record.minor);
 }
 
 std::string_view OsText(std::uint32_t os) {

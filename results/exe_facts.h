@@ -42,6 +42,7 @@ struct ExeFacts {
 // A file that doesn't begin like a program costs one call for its first 4 KiB, a program with a
 // version record mostly three.
 ExeFacts ReadExeFacts(const ByteReader& read);
+// The parts alone, read as sparingly; 0 and nothing where there is none.
 std::uint32_t ReadExeType(const ByteReader& read);
 std::optional<VersionRecord> ReadVersionRecord(const ByteReader& read);
 

@@ -17,6 +17,7 @@ class Program {
     Program(const platform::Platform& machine, session::PromptService& prompts,
             void (*fillEvents)(session::EventTable& events));
 
+    // They live as long as the program.
     session::Session& Session() { return session_; }
     ResultList& Rows() { return rows_; }
     results::Selection& Selection() { return selection_; }

@@ -1,5 +1,6 @@
 #include "results/result_list.h"
 
+#include "platform/object_facts.h"
 #include "results/row_details.h"
 #include "session/paths/short_path.h"
 #include "text/case.h"
@@ -25,16 +26,17 @@ constexpr std::size_t kBlockSize = 64 * 1024;
 constexpr std::size_t kTipFromLength = 79; // characters of a path
 constexpr std::uint64_t kLargestShownSize = 999'999'999'999;
 
-constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{{{1, 'r'},
-                                                                            {2, 'h'},
-                                                                            {4, 's'},
-                                                                            {32, 'a'},
-                                                                            {64, '6'},
-                                                                            {128, '1'},
-                                                                            {256, '2'},
-                                                                            {512, '5'},
-                                                                            {1024, 'A'},
-                                                                            {2048, 'C'}}};
+constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{
+    {{platform::kReadOnly, 'r'},
+     {platform::kHidden, 'h'},
+     {platform::kSystem, 's'},
+     {platform::kArchive, 'a'},
+     {platform::kSpecial, '6'},
+     {platform::kBit128, '1'},
+     {platform::kBit256, '2'},
+     {platform::kSparse, '5'},
+     {platform::kAlias, 'A'},
+     {platform::kCompressed, 'C'}}};
 
 // By the index of the string that found a row first; 0xFFFFFFFF leaves the row's own colour.
 constexpr fields::Color kOwnColor = 0xFFFFFFFF;

@@ -57,7 +57,9 @@ class ResultList {
     // Where cells come from that need more than a row's facts; without it they are empty.
     void UseDetails(RowDetails& details) { details_ = &details; }
 
+    // Rows, folders and names go, and what is indexed of them.
     void Clear();
+    // Rows, spacers among them.
     std::size_t Count() const { return rows_.size(); }
     const ResultRow& At(std::size_t index) const { return rows_[index]; }
     ResultRow& At(std::size_t index) { return rows_[index]; }
@@ -75,13 +77,16 @@ class ResultList {
 
     // Row i becomes the one that stood at order[i].
     void Reorder(const std::vector<std::uint32_t>& order);
+    // Every spacer goes.
     void RemoveSpacers();
     // A spacer in front of each of these rows, whose indexes ascend.
     void InsertSpacers(const std::vector<std::uint32_t>& before);
 
+    // The text of one cell; empty for a spacer.
     std::string Cell(std::size_t index, Column column) const;
     // The row's tip in Expert Mode: its path when that is long, else the cell itself.
     std::string CellTip(std::size_t index, Column column) const;
+    // By the string that found the row, red for folders and for what needs care, else blue.
     fields::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.
     std::string FullPath(std::size_t index) const;

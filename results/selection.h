@@ -31,6 +31,7 @@ void BuildFileArray(session::Session& session);
 // The counters alone, without the tables; cheap enough for every click in the list.
 void CountSelection(session::Session& session);
 
+// Each selects rows by its rule, never a spacer, and builds the tables anew.
 void cmdSelectAll_Click(session::Session& session);
 void cmdSelectAllDirs_Click(session::Session& session);
 void cmdSelectAllFiles_Click(session::Session& session);

@@ -15,6 +15,7 @@ inline constexpr std::size_t kAll = std::string_view::npos;
 // True when every byte is below 128, so that characters and bytes are the same.
 bool IsAscii(std::string_view s);
 
+// How many characters the text has.
 std::size_t Length(std::string_view s);
 
 // All the parts, one behind the other.
@@ -45,8 +46,10 @@ std::string Replace(std::string_view s, std::string_view find, std::string_view 
 // pieces, so an empty text gives one empty piece.
 std::vector<std::string_view> Split(std::string_view s, char separator);
 
+// The text, so many times one behind the other.
 std::string Repeat(std::string_view s, std::size_t times);
 
+// Whether every byte is part of valid UTF-8; surrogates and overlong forms aren't.
 bool IsValidUtf8(std::string_view s);
 
 // Reads the character at the front of `s` and gives its bytes, 0 for an empty text. An invalid byte

@@ -32,6 +32,7 @@ std::string DefaultDateText(const DateTime& value);
 // h:mm or h:mm:ss, of 24 hours or with AM or PM. Years of two digits are 2000 to 2029 and 1930 to
 // 1999. Blanks around are passed over. Empty for anything else and for a date that doesn't exist.
 std::optional<DateTime> ParseDate(std::string_view s);
+// Whether ParseDate would give a value.
 bool IsDate(std::string_view s);
 
 // Seconds from 1970-01-01 00:00:00, proleptic Gregorian. A value without a date counts as one on

@@ -21,6 +21,7 @@ class LikePattern {
   public:
     explicit LikePattern(std::string_view pattern, bool ignoreCase = false);
 
+    // Whether the whole text, UTF-8, fits; never for a bad pattern.
     bool Matches(std::string_view text) const;
 
     bool IsBad() const { return bad_; }

@@ -9,6 +9,7 @@ namespace tarvix::text {
 // A whole number of 32 bits: digits with an optional sign, blanks around allowed, no thousands
 // separators. Empty for anything else.
 std::optional<std::int32_t> ParseWholeNumber(std::string_view s);
+// Whether ParseWholeNumber would give a value.
 bool IsNumeric(std::string_view s);
 
 // Not empty and nothing but "0" to "9".

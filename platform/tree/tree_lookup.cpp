@@ -6,7 +6,7 @@
 #include "text/case.h"
 #include "text/paths.h"
 
-#include <algorithm>
+#include <fmt/core.h>
 
 namespace tarvix::platform {
 
@@ -49,7 +49,7 @@ class TreeOpenFolder : public OpenFolder {
 } // namespace
 
 std::unexpected<PlatformError> TreeFailure(int number, std::string_view path) {
-    return Failure(number, ForDisplay(path) + ": " + ErrorText(number) + ".");
+    return Failure(number, fmt::format("{}: {}.", ForDisplay(path), ErrorText(number)));
 }
 
 // ---- walking ----

@@ -1,5 +1,7 @@
 #include "tests/machine/faulty_file_system.h"
 
+#include "platform/tree/tree_file_system.h"
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/paths.h"
 
@@ -16,15 +18,13 @@ class FaultyFolder : public OpenFolder {
         : files_(files), folder_(std::move(folder)), path_(std::move(path)) {}
 
     Result<void> List(FolderListing& listing) override {
-        if (auto may = files_.Enter("List", path_); !may) return may;
+        TX_TRY(files_.Enter("List", path_));
         return folder_->List(listing);
     }
 
     Result<ObjectFacts> Facts(std::string_view name) override {
         const std::string path = text::JoinPath(path_, name);
-        if (auto may = files_.Enter("FolderFacts", path); !may) {
-            return std::unexpected(may.error());
-        }
+        TX_TRY(files_.Enter("FolderFacts", path));
         return folder_->Facts(name);
     }
 
@@ -42,22 +42,22 @@ class FaultyStream : public TextStream {
     bool AtEndOfStream() const override { return stream_->AtEndOfStream(); }
 
     Result<std::string> ReadLine() override {
-        if (auto may = files_.Enter("ReadLine", path_); !may) return std::unexpected(may.error());
+        TX_TRY(files_.Enter("ReadLine", path_));
         return stream_->ReadLine();
     }
 
     Result<void> Write(std::string_view text) override {
-        if (auto may = files_.Enter("Write", path_); !may) return may;
+        TX_TRY(files_.Enter("Write", path_));
         return stream_->Write(text);
     }
 
     Result<void> Flush() override {
-        if (auto may = files_.Enter("Flush", path_); !may) return may;
+        TX_TRY(files_.Enter("Flush", path_));
         return stream_->Flush();
     }
 
     Result<void> Close() override {
-        if (auto may = files_.Enter("Close", path_); !may) return may;
+        TX_TRY(files_.Enter("Close", path_));
         return stream_->Close();
     }
 
@@ -128,99 +128,96 @@ Result<void> FaultyFileSystem::Enter(std::string_view operation, std::string_vie
         if (error == 0) error = fault.error;
     }
     if (error == 0) return {};
-    return Failure(error, call.path + ": " + ErrorText(error) + ".");
+    return TreeFailure(error, call.path);
 }
 
 Result<ObjectFacts> FaultyFileSystem::Facts(std::string_view path) {
-    if (auto may = Enter("Facts", path); !may) return std::unexpected(may.error());
+    TX_TRY(Enter("Facts", path));
     return files_.Facts(path);
 }
 
 Result<std::string> FaultyFileSystem::TruePath(std::string_view path) {
-    if (auto may = Enter("TruePath", path); !may) return std::unexpected(may.error());
+    TX_TRY(Enter("TruePath", path));
     return files_.TruePath(path);
 }
 
 Result<bool> FaultyFileSystem::Holds(std::string_view outer, std::string_view inner) {
-    if (auto may = Enter("Holds", outer, inner); !may) return std::unexpected(may.error());
+    TX_TRY(Enter("Holds", outer, inner));
     return files_.Holds(outer, inner);
 }
 
 Result<std::string> FaultyFileSystem::ShortPath(std::string_view path) {
-    if (auto may = Enter("ShortPath", path); !may) return std::unexpected(may.error());
+    TX_TRY(Enter("ShortPath", path));
     return files_.ShortPath(path);
 }
 
 Result<std::unique_ptr<OpenFolder>> FaultyFileSystem::Open(std::string_view folder) {
-    if (auto may = Enter("Open", folder); !may) return std::unexpected(may.error());
-    auto opened = files_.Open(folder);
-    if (!opened) return opened;
-    return std::make_unique<FaultyFolder>(*this, std::move(*opened), std::string(folder));
+    TX_TRY(Enter("Open", folder));
+    TX_TRY_ASSIGN(auto opened, files_.Open(folder));
+    return std::make_unique<FaultyFolder>(*this, std::move(opened), std::string(folder));
 }
 
 Result<void> FaultyFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
-    if (auto may = Enter("SetAttributes", path); !may) return may;
+    TX_TRY(Enter("SetAttributes", path));
     return files_.SetAttributes(path, attributes);
 }
 
 Result<void> FaultyFileSystem::CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                         const CopyObserver& observer) {
-    if (auto may = Enter("CopyFile", from, to); !may) return may;
+    TX_TRY(Enter("CopyFile", from, to));
     return files_.CopyFile(from, to, overwrite, observer);
 }
 
 Result<void> FaultyFileSystem::CopyFolder(std::string_view from, std::string_view to,
                                           bool overwrite, const CopyObserver& observer) {
-    if (auto may = Enter("CopyFolder", from, to); !may) return may;
+    TX_TRY(Enter("CopyFolder", from, to));
     return files_.CopyFolder(from, to, overwrite, observer);
 }
 
 Result<void> FaultyFileSystem::MoveFile(std::string_view from, std::string_view to,
                                         const CopyObserver& observer) {
-    if (auto may = Enter("MoveFile", from, to); !may) return may;
+    TX_TRY(Enter("MoveFile", from, to));
     return files_.MoveFile(from, to, observer);
 }
 
 Result<void> FaultyFileSystem::MoveFolder(std::string_view from, std::string_view to) {
-    if (auto may = Enter("MoveFolder", from, to); !may) return may;
+    TX_TRY(Enter("MoveFolder", from, to));
     return files_.MoveFolder(from, to);
 }
 
 Result<void> FaultyFileSystem::DeleteFile(std::string_view path, bool force) {
-    if (auto may = Enter("DeleteFile", path); !may) return may;
+    TX_TRY(Enter("DeleteFile", path));
     return files_.DeleteFile(path, force);
 }
 
 Result<void> FaultyFileSystem::RemoveFolder(std::string_view path) {
-    if (auto may = Enter("RemoveFolder", path); !may) return may;
+    TX_TRY(Enter("RemoveFolder", path));
     return files_.RemoveFolder(path);
 }
 
 Result<void> FaultyFileSystem::CreateFolder(std::string_view path) {
-    if (auto may = Enter("CreateFolder", path); !may) return may;
+    TX_TRY(Enter("CreateFolder", path));
     return files_.CreateFolder(path);
 }
 
 Result<std::string> FaultyFileSystem::ReadBytes(std::string_view path, std::uint64_t offset,
                                                 std::size_t count) {
-    if (auto may = Enter("ReadBytes", path); !may) return std::unexpected(may.error());
+    TX_TRY(Enter("ReadBytes", path));
     return files_.ReadBytes(path, offset, count);
 }
 
 Result<std::unique_ptr<TextStream>> FaultyFileSystem::CreateTextFile(std::string_view path,
                                                                      bool overwrite) {
-    if (auto may = Enter("CreateTextFile", path); !may) return std::unexpected(may.error());
-    auto stream = files_.CreateTextFile(path, overwrite);
-    if (!stream) return stream;
-    return std::make_unique<FaultyStream>(*this, std::move(*stream), std::string(path));
+    TX_TRY(Enter("CreateTextFile", path));
+    TX_TRY_ASSIGN(auto stream, files_.CreateTextFile(path, overwrite));
+    return std::make_unique<FaultyStream>(*this, std::move(stream), std::string(path));
 }
 
 Result<std::unique_ptr<TextStream>> FaultyFileSystem::OpenAsTextStream(std::string_view path,
                                                                        OpenMode mode) {
-    if (auto may = Enter("OpenAsTextStream", path); !may) return std::unexpected(may.error());
-    auto stream = files_.OpenAsTextStream(path, mode);
-    if (!stream) return stream;
-    return std::make_unique<FaultyStream>(*this, std::move(*stream), std::string(path));
+    TX_TRY(Enter("OpenAsTextStream", path));
+    TX_TRY_ASSIGN(auto stream, files_.OpenAsTextStream(path, mode));
+    return std::make_unique<FaultyStream>(*this, std::move(stream), std::string(path));
 }
 
 } // namespace tarvix::platform

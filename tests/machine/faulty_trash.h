@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/trash.h"
+#include "platform/tree/tree_file_system.h"
+#include "platform/try.h"
 #include "tests/machine/faulty_file_system.h"
 
 namespace tarvix::platform {
@@ -14,12 +16,9 @@ class FaultyTrash : public Trash {
     Result<void> Recycle(std::span<const std::string> paths,
                          const TrashObserver& observer) override {
         for (std::size_t done = 0; done < paths.size(); ++done) {
-            if (observer && !observer(done)) {
-                return Failure(kInterrupted, paths[done] + ": " + ErrorText(kInterrupted) + ".");
-            }
-            if (auto may = faults_.Enter("Recycle", paths[done]); !may) return may;
-            auto recycled = trash_.Recycle(paths.subspan(done, 1), {});
-            if (!recycled) return recycled;
+            if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
+            TX_TRY(faults_.Enter("Recycle", paths[done]));
+            TX_TRY(trash_.Recycle(paths.subspan(done, 1), {}));
         }
         return {};
     }

@@ -1,6 +1,7 @@
 #include "tests/machine/memory_trash.h"
 
 #include "platform/drive_path.h"
+#include "platform/try.h"
 #include "text/case.h"
 #include "text/paths.h"
 
@@ -18,23 +19,21 @@ Result<void> MemoryTrash::Recycle(std::span<const std::string> paths,
                                   const TrashObserver& observer) {
     for (std::size_t done = 0; done < paths.size(); ++done) {
         if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
-        if (auto recycled = RecycleOne(paths[done]); !recycled) return recycled;
+        TX_TRY(RecycleOne(paths[done]));
     }
     return {};
 }
 
 Result<void> MemoryTrash::RecycleOne(const std::string& path) {
-    const auto truePath = disk_.TruePath(path);
-    if (!truePath) return std::unexpected(truePath.error());
-    const auto refusal = refused_.find(PathKey(*truePath));
+    TX_TRY_ASSIGN(const std::string truePath, disk_.TruePath(path));
+    const auto refusal = refused_.find(PathKey(truePath));
     if (refusal != refused_.end()) return TreeFailure(refusal->second, path);
-    const auto parsed = ParseDrivePath(*truePath);
+    const auto parsed = ParseDrivePath(truePath);
     if (parsed && withoutTrash_.contains(text::Upper(parsed->root))) {
         return TreeFailure(kPathFileAccess, path);
     }
-    auto node = disk_.TakeAway(path);
-    if (!node) return std::unexpected(node.error());
-    items_.push_back({*truePath, std::static_pointer_cast<MemoryNode>(std::move(*node))});
+    TX_TRY_ASSIGN(auto node, disk_.TakeAway(path));
+    items_.push_back({truePath, std::static_pointer_cast<MemoryNode>(std::move(node))});
     return {};
 }
 

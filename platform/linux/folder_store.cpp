@@ -226,6 +226,8 @@ Sys<FolderStore::Folder*> FolderStore::Valid(std::string_view path) {
         folder.names && folder.hasOwnChange && folder.usedAt - folder.checkedAt <= kBelieved;
     if (isTrusted) return &folder;
     TX_TRY(LookAt(entry));
+    folder.isCurrent =
+        !folder.hasOwnChange && !folder.isFresh && folder.namesDate == folder.modified;
     if (!folder.names || IsDue(folder, clock_.now())) TX_TRY(Read(entry));
     return &folder;
 }
@@ -252,6 +254,7 @@ Sys<void> FolderStore::Read(Entry& entry) {
     if (reader.Error() != 0) return std::unexpected(reader.Error());
     folder.readCost = clock_.now() - folder.readAt;
     names_ += names.Size();
+    folder.isCurrent = true;
     folder.names = std::move(names);
     return {};
 }
@@ -274,7 +277,7 @@ bool FolderStore::IsKnownFree(std::string_view folder, std::string_view nativeNa
         return known->names->IsFree(nativeName);
     }
     const auto valid = Valid(folder);
-    return valid && (*valid)->IsCurrent() && (*valid)->names->IsFree(nativeName);
+    return valid && (*valid)->isCurrent && (*valid)->names->IsFree(nativeName);
 }
 
 bool FolderStore::HasOther(std::string_view folder, std::string_view nativeName,

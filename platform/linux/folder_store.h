@@ -124,8 +124,7 @@ class FolderStore {
         std::int64_t readCost = 0;
         bool isFresh = false; // changed so shortly before it was read that more may be hidden
         bool hasOwnChange = false;
-
-        bool IsCurrent() const { return !hasOwnChange && !isFresh && namesDate == modified; }
+        bool isCurrent = false; // nobody changed it since it was read, as it was last looked at
     };
 
     using Entry = ByText<Folder>::value_type; // with its native path

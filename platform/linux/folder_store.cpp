@@ -222,8 +222,9 @@ bool FolderStore::IsDue(const Folder& folder, std::int64_t now) {
 Sys<FolderStore::Folder*> FolderStore::Valid(std::string_view path) {
     Entry& entry = At(path);
     Folder& folder = entry.second;
-    const bool isTrusted =
-        folder.names && folder.hasOwnChange && folder.usedAt - folder.checkedAt <= kBelieved;
+    const bool isTrusted = folder.names && folder.hasOwnChange &&
+                           folder.usedAt - folder.checkedAt <= kBelieved &&
+                           !IsDue(folder, folder.usedAt);
     if (isTrusted) return &folder;
     TX_TRY(LookAt(entry));
     folder.isCurrent =

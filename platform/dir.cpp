@@ -46,17 +46,32 @@ std::string Dir::NextMatch() {
     return {};
 }
 
-std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask) {
-    const auto facts = files.Facts(path);
-    if (!facts || !Takes(mask, facts->IsFolder())) return {};
+namespace {
+// The name of an object that is there, as the disk spells it; empty when it has gone since.
+std::string SpelledName(FileSystem& files, std::string_view path) {
     const auto truePath = files.TruePath(path);
     if (!truePath) return {};
     const std::string_view name = text::FileNameOf(*truePath);
     return std::string(name.empty() ? text::StripTrailingSlash(*truePath) : name);
 }
+} // namespace
+
+std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask) {
+    const auto facts = files.Facts(path);
+    if (!facts || !Takes(mask, facts->IsFolder())) return {};
+    return SpelledName(files, path);
+}
+
+Standing WhatStands(FileSystem& files, std::string_view path) {
+    if (auto place = files.KnownFree(path)) return {.place = std::move(*place)};
+    const auto facts = files.Facts(path);
+    std::string name = facts ? SpelledName(files, path) : std::string();
+    if (name.empty()) return {.place = {std::string(path), nullptr}};
+    return {.name = std::move(name), .isFolder = facts->IsFolder()};
+}
 
 std::string StandingName(FileSystem& files, std::string_view path) {
-    return files.SeemsFree(path) ? std::string() : DirName(files, path, kDirAll);
+    return WhatStands(files, path).name;
 }
 
 } // namespace tarvix::platform

@@ -42,8 +42,18 @@ class Dir {
 // if `mask` takes its kind, else empty. Only mask bit 16 takes folders and links to folders.
 std::string DirName(FileSystem& files, std::string_view path, std::uint32_t mask);
 
-// The same of every kind, before a call that never replaces: what others put there in the last
-// moments may be missed.
+// What stands at a new path, as a duplicate test sees it.
+struct Standing {
+    std::string name;      // as the disk spells it; empty where nothing stands
+    bool isFolder = false; // or a link to one
+    FreePlace place;       // where nothing stands, for the call that puts an object there
+
+    bool IsFree() const { return name.empty(); }
+};
+
+// Before a call that never replaces: what others put there in the last moments may be missed.
+Standing WhatStands(FileSystem& files, std::string_view path);
+// The name alone.
 std::string StandingName(FileSystem& files, std::string_view path);
 
 } // namespace tarvix::platform

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,6 +43,27 @@ struct PlannedCopy {
     std::string_view toFolder;
 };
 
+// What one file system keeps of a path that it looked at. It means something to that one alone.
+class Known {
+  public:
+    virtual ~Known() = default;
+};
+
+// An object as it was seen at `path`. Who paid for the look hands it on to the call that acts on
+// the object, so that it isn't looked for again; a look that is no longer believed is taken anew.
+struct Look {
+    std::string path;
+    ObjectFacts facts;
+    std::shared_ptr<const Known> known; // none where the path says all
+};
+
+// A new path at which nothing stands, as far as is known: what a duplicate test hands on to the
+// call that puts an object there. That call never replaces anything, so a mistake is told by 58.
+struct FreePlace {
+    std::string path;
+    std::shared_ptr<const Known> known;
+};
+
 // One folder held open, for its names and for facts by name without walking its path again.
 class OpenFolder {
   public:
@@ -67,10 +89,11 @@ class FileSystem {
     virtual ~FileSystem() = default;
 
     virtual Result<ObjectFacts> Facts(std::string_view path) = 0;
-    // Whether it is known without a look at the disk that nothing stands at `path`, by any form and
-    // in any case. What others put there in the last second may be missed, so it is only for what
-    // then goes there by a call that never replaces.
-    virtual bool SeemsFree(std::string_view) { return false; }
+    // The same, to be handed on to CopyFileTo and the like.
+    virtual Result<Look> LookAt(std::string_view path);
+    // The place at `path`, if it is known without a look at the disk that nothing stands there, by
+    // any form and in any case. What others put there in the last second may be missed.
+    virtual std::optional<FreePlace> KnownFree(std::string_view) { return std::nullopt; }
     // The path as the disk spells it: long names, true case, drive in upper case, links left in;
     // no final "\" but on a drive alone ("C:\"). 53 or 76.
     virtual Result<std::string> TruePath(std::string_view path) = 0;
@@ -111,6 +134,13 @@ class FileSystem {
     virtual Result<void> MoveFile(std::string_view from, std::string_view to,
                                   const CopyObserver& observer) = 0;
     virtual Result<void> MoveFolder(std::string_view from, std::string_view to) = 0;
+    // CopyFile, MoveFile and MoveFolder from an object that was looked at to a place that was found
+    // free: nothing is ever replaced, 58 when the name is taken after all.
+    virtual Result<void> CopyFileTo(const Look& from, const FreePlace& to,
+                                    const CopyObserver& observer);
+    virtual Result<void> MoveFileTo(const Look& from, const FreePlace& to,
+                                    const CopyObserver& observer);
+    virtual Result<void> MoveFolderTo(const Look& from, const FreePlace& to);
     // Deletes one file or link for good; a read-only one (70) only with `force`.
     virtual Result<void> DeleteFile(std::string_view path, bool force) = 0;
     // Removes an empty folder; 75 when it isn't empty, or is a link.
@@ -159,5 +189,8 @@ class Busy {
 Result<ObjectFacts> GetFile(FileSystem& files, std::string_view path);
 // 76 when it is missing or a file.
 Result<ObjectFacts> GetFolder(FileSystem& files, std::string_view path);
+// `LookAt` for a caller that wants a file (53) or a folder (76).
+Result<Look> LookAtFile(FileSystem& files, std::string_view path);
+Result<Look> LookAtFolder(FileSystem& files, std::string_view path);
 
 } // namespace tarvix::platform

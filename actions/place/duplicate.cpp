@@ -12,25 +12,25 @@
 
 namespace tarvix::actions {
 
-std::optional<Duplicate> FindDuplicate(platform::FileSystem& files, std::string_view destination) {
-    std::string name = platform::StandingName(files, destination);
-    if (name.empty()) return std::nullopt;
-    std::string file = platform::DirName(files, destination, platform::kDirFiles);
-    if (file.empty()) return Duplicate{std::move(name), false};
-    return Duplicate{std::move(file), true};
+std::expected<platform::FreePlace, Duplicate> FindDuplicate(platform::FileSystem& files,
+                                                            std::string_view destination) {
+    platform::Standing standing = platform::WhatStands(files, destination);
+    if (standing.IsFree()) return std::move(standing.place);
+    return std::unexpected(Duplicate{std::move(standing.name), !standing.isFolder});
 }
 
-std::optional<Duplicate> DetermineIfDuplicateExists(session::Session& session, const Object& object,
-                                                    std::string& destination) {
+std::expected<platform::FreePlace, Duplicate> DetermineIfDuplicateExists(session::Session& session,
+                                                                         const Object& object,
+                                                                         std::string& destination) {
     if (text::Length(destination) > session::kLongPath) {
         session::AskLongPath(session, object.path, destination, "DetermineIfDuplicateExists",
                              "frmDialog");
-        if (!session::ContinuesLongPath(session)) return std::nullopt;
+        if (!session::ContinuesLongPath(session)) return platform::FreePlace{destination, nullptr};
         auto shortened = session::GetShortPathNameReturnCodes(session, destination);
         destination = std::move(shortened.path);
         if (shortened.status < 2) {
             RefuseUnconverted(session, destination);
-            return std::nullopt;
+            return platform::FreePlace{destination, nullptr};
         }
     }
     return FindDuplicate(session.files(), destination);

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <optional>
+#include "platform/file_system.h"
+
+#include <expected>
 #include <string>
 #include <string_view>
 
-namespace tarvix::platform {
-class FileSystem;
-}
 namespace tarvix::session {
 struct Session;
 }
@@ -21,14 +20,16 @@ struct Duplicate {
     bool isFile = false;
 };
 
-// What stands at `destination`, if anything. What others put there in the last moments may be
-// missed, so it only comes before calls that never replace.
-std::optional<Duplicate> FindDuplicate(platform::FileSystem& files, std::string_view destination);
+// The free place at `destination`, or what stands there. What others put there in the last moments
+// may be missed, so it only comes before calls that never replace.
+std::expected<platform::FreePlace, Duplicate> FindDuplicate(platform::FileSystem& files,
+                                                            std::string_view destination);
 
 // The same for an object in hand. A path too long to look at is asked about first and may be
 // shortened in `destination`; where it stays too long, `blnPathLimitHit` is set and nothing found.
-std::optional<Duplicate> DetermineIfDuplicateExists(session::Session& session, const Object& object,
-                                                    std::string& destination);
+std::expected<platform::FreePlace, Duplicate> DetermineIfDuplicateExists(session::Session& session,
+                                                                         const Object& object,
+                                                                         std::string& destination);
 
 // An object, and what already stands where it is to go.
 struct Clash {

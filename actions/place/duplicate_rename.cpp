@@ -72,8 +72,8 @@ std::string Candidate(const FreeNameSearch& search, std::string_view newName,
 }
 
 // The first name that is free; nothing when the object is to be left alone.
-std::optional<std::string> FindFreeName(Session& session, const ActionRequest& request,
-                                        const FreeNameSearch& search) {
+std::optional<platform::FreePlace> FindFreeName(Session& session, const ActionRequest& request,
+                                                const FreeNameSearch& search) {
     if (request.renameText.empty()) {
         session::LogTimed(session,
                           fmt::format(" Skipped {}, there is no text to add to the name of a "
@@ -97,18 +97,31 @@ std::optional<std::string> FindFreeName(Session& session, const ActionRequest& r
         }
         last = candidate;
         if (!Shorten(session, search, candidate)) return std::nullopt;
-        if (platform::DirName(session.files(), candidate, platform::kDirAll).empty()) {
-            return candidate;
-        }
+        auto standing = platform::WhatStands(session.files(), candidate);
+        if (standing.IsFree()) return std::move(standing.place);
     }
 }
 
-Outcome PlaceBeside(Session& session, ActionRun& run, const Object& object, std::string candidate) {
-    const bool moves = run.request.isMove && !CheckSystemHidden(session, run, object, false);
-    return PlaceObject(session, run,
-                       {.object = object,
-                        .destination = std::move(candidate),
-                        .verb = moves ? Verb::kMove : Verb::kCopy});
+// Tries names until one is still free when the object gets it. Without a verb it goes as the
+// request says.
+Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::optional<Verb> verb,
+                   const FreeNameSearch& search) {
+    Outcome outcome;
+    do {
+        auto place = FindFreeName(session, run.request, search);
+        if (!place) return {};
+        if (!verb) {
+            const bool moves =
+                run.request.isMove && !CheckSystemHidden(session, run, object, false);
+            verb = moves ? Verb::kMove : Verb::kCopy;
+        }
+        outcome = PlaceObject(session, run,
+                              {.object = object,
+                               .destination = place->path,
+                               .verb = *verb,
+                               .place = std::move(place)});
+    } while (outcome.isTaken);
+    return outcome;
 }
 
 } // namespace
@@ -128,11 +141,9 @@ Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& cla
         if (!prefix.empty()) folder.append(prefix).append(" ");
         return folder;
     };
-    auto candidate = FindFreeName(
-        session, run.request,
+    Outcome outcome = PlaceAsNew(
+        session, run, object, std::nullopt,
         {object.path, object.name, object.isFile, false, "RenameObjForDuplicate", folderFor});
-    Outcome outcome;
-    if (candidate) outcome = PlaceBeside(session, run, object, std::move(*candidate));
     if (hasFailed) outcome.kind = OutcomeKind::kFailed;
     outcome.isNewName = true;
     return outcome;
@@ -141,14 +152,10 @@ Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& cla
 Outcome RenameObjForDuplicateLocal(Session& session, ActionRun& run, const Object& object,
                                    std::string_view destination) {
     const std::string folder = text::ParentFolderSlash(destination);
-    auto candidate = FindFreeName(session, run.request,
-                                  {object.path, text::FileNameOf(destination), object.isFile, true,
-                                   "RenameObjForDuplicateLocal",
-                                   [&folder](std::string_view) { return folder; }});
-    if (!candidate) return {};
-    return PlaceObject(
-        session, run,
-        {.object = object, .destination = std::move(*candidate), .verb = Verb::kRename});
+    return PlaceAsNew(session, run, object, Verb::kRename,
+                      {object.path, text::FileNameOf(destination), object.isFile, true,
+                       "RenameObjForDuplicateLocal",
+                       [&folder](std::string_view) { return folder; }});
 }
 
 } // namespace tarvix::actions

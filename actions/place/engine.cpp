@@ -46,11 +46,13 @@ Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& objec
 }
 
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
-                          const std::string& destination) {
+                          platform::FreePlace place) {
     Object known = object;
-    const bool isProtected = CheckSystemHidden(session, run, object, false, &known.facts);
+    const bool isProtected = CheckSystemHidden(session, run, object, false, &known.look);
     const Verb verb = run.request.isMove && !isProtected ? Verb::kMove : Verb::kCopy;
-    return PlaceObject(session, run, {.object = known, .destination = destination, .verb = verb});
+    return PlaceObject(
+        session, run,
+        {.object = known, .destination = place.path, .verb = verb, .place = std::move(place)});
 }
 
 } // namespace tarvix::actions

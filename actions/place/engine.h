@@ -3,6 +3,7 @@
 #include "actions/place/object.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ struct Job {
     std::string destination; // a full new path, brought into its final form first
     Verb verb = Verb::kCopy;
     bool overwrites = false; // what stands there goes to the recycle bin before
+    // The destination, where it was found free: that it is taken after all is then no error but
+    // told by `isTaken`.
+    std::optional<platform::FreePlace> place = std::nullopt;
 };
 
 // Places one object, and gives what became of it. Without `overwrites` nothing is ever replaced. A
@@ -37,10 +41,10 @@ Outcome PlaceObject(session::Session& session, ActionRun& run, Job job);
 Outcome OverWriteDuplicate(session::Session& session, ActionRun& run, const Object& object,
                            const std::string& destination);
 
-// Puts the object at `destination`, where nothing stands: by a move if that is the action, but a
-// system or hidden object is always copied.
+// Puts the object at a place where nothing stands: by a move if that is the action, but a system or
+// hidden object is always copied.
 Outcome PerformMoveOrCopy(session::Session& session, ActionRun& run, const Object& object,
-                          const std::string& destination);
+                          platform::FreePlace place);
 
 // A new path as it will be used: a blank next to a separator is never kept, since no folder can be
 // made so, but a name of blanks alone is. A rename keeps the folder, however it is spelt.

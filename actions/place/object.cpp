@@ -11,7 +11,7 @@ Object ObjectAt(const results::Selection& selection, std::size_t index) {
             .actual = selection.strSelActualPath[index],
             .relative = selection.strSelRelPath[index],
             .isFile = selection.blnSelIsFile[index],
-            .facts = {}};
+            .look = {}};
 }
 
 } // namespace tarvix::actions

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/object_facts.h"
+#include "platform/file_system.h"
 
 #include <cstddef>
 #include <optional>
@@ -20,7 +20,7 @@ struct Object {
     std::string_view actual;   // for file system calls, spelled as on the disk
     std::string_view relative; // path and name below its search location, without a leading "\"
     bool isFile = true;
-    std::optional<platform::ObjectFacts> facts; // where they were read just now
+    std::optional<platform::Look> look; // where one was taken just now
 };
 
 // The selected object at `index`; valid for as long as the selection stands.

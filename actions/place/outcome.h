@@ -29,6 +29,7 @@ struct Outcome {
     bool isPlaced = false;  // it stands there, even if a step behind that failed
     bool isNewName = false; // a duplicate that got another name, or was to
     bool isDiskFull = false;
+    bool isTaken = false; // nothing was done: something stands there since the duplicate test
     bool endsRun = false; // the user cancelled what is left
     std::string error;    // of a failure, in one sentence; may be empty
 };

@@ -67,6 +67,7 @@ Outcome Placing::Result() {
     Outcome outcome{.index = object_.index,
                     .isPlaced = isDone_,
                     .isDiskFull = isDiskFull_,
+                    .isTaken = isTaken_,
                     .error = std::move(error_)};
     if (isDone_) outcome.strDestination = std::move(destination_);
     if (hasFailed_) {
@@ -126,11 +127,8 @@ bool Placing::MayOverwrite() {
 }
 
 bool Placing::ReadObjects() {
-    if (object_.facts) {
-        sourceFacts_ = *object_.facts;
-    } else if (!Do([this] { return Read(object_.actual, sourceFacts_); })) {
-        return false;
-    }
+    if (!look_ && !Do([this] { return LookAtSource(); })) return false;
+    sourceFacts_ = look_->facts;
     sourceAttributes_ = sourceFacts_.attributes & kCarried;
     if (!overwrites_) return true;
     // What stands there is not given up for what can't be copied.
@@ -250,6 +248,17 @@ platform::Result<void> Placing::Read(std::string_view path, ObjectFacts& facts) 
     return {};
 }
 
+platform::Result<void> Placing::LookAtSource() {
+    TX_TRY_ASSIGN(look_, object_.isFile ? platform::LookAtFile(session_.files(), object_.actual)
+                                        : platform::LookAtFolder(session_.files(), object_.actual));
+    return {};
+}
+
+platform::FreePlace Placing::NewPlace() const {
+    if (place_ && place_->path == destination_) return *place_;
+    return {destination_, nullptr};
+}
+
 platform::Result<void> Placing::SetPlain(std::string_view path) {
     return session_.files().SetAttributes(path, object_.isFile ? kPlainFile : kPlainFolder);
 }
@@ -276,7 +285,7 @@ platform::Result<bool> Placing::DestinationStands() {
 
 platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
-    if (object_.isFile) return files.CopyFile(object_.actual, destination_, false, run_.observer);
+    if (object_.isFile) return files.CopyFileTo(*look_, NewPlace(), run_.observer);
     TX_TRY(MakeWay());
     isOwn_ = true;
     return files.CopyFolder(object_.actual, destination_, false, run_.observer);
@@ -293,8 +302,8 @@ platform::Result<void> Placing::MakeWay() {
 platform::Result<void> Placing::Move() {
     auto& files = session_.files();
     isMoveTried_ = true;
-    return object_.isFile ? files.MoveFile(object_.actual, destination_, run_.observer)
-                          : files.MoveFolder(object_.actual, destination_);
+    return object_.isFile ? files.MoveFileTo(*look_, NewPlace(), run_.observer)
+                          : files.MoveFolderTo(*look_, NewPlace());
 }
 
 } // namespace tarvix::actions

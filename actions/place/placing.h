@@ -23,7 +23,8 @@ class Placing {
   public:
     Placing(Session& session, ActionRun& run, Job job)
         : session_(session), run_(run), object_(job.object),
-          destination_(std::move(job.destination)), verb_(job.verb), overwrites_(job.overwrites) {}
+          destination_(std::move(job.destination)), verb_(job.verb), overwrites_(job.overwrites),
+          look_(job.object.look), place_(std::move(job.place)) {}
 
     // All of it, as PlaceObject tells it; once.
     Outcome Run();
@@ -51,6 +52,8 @@ class Placing {
 
     // ---- the file system ----
     platform::Result<void> Read(std::string_view path, ObjectFacts& facts);
+    platform::Result<void> LookAtSource();
+    platform::FreePlace NewPlace() const;
     platform::Result<void> SetPlain(std::string_view path);
     platform::Result<void> CanBeRead();
     platform::Result<bool> DestinationStands();
@@ -74,6 +77,8 @@ class Placing {
     }
     void Fail(const platform::PlatformError& error);
     std::optional<int> OwnRule(const platform::PlatformError& error);
+    // 58: what stands there may have come just now.
+    std::optional<int> LeaveTaken();
     // 76, first time: the folder may be missing.
     std::optional<int> MakePathOnce();
     void TellDeepFolder(bool isThere);
@@ -96,6 +101,8 @@ class Placing {
     std::string destination_;
     Verb verb_;
     bool overwrites_;
+    std::optional<platform::Look> look_; // at the source
+    std::optional<platform::FreePlace> place_;
     bool blnSourceOnCD_ = false;
     bool blnDestOnCD_ = false;
     ObjectFacts sourceFacts_;
@@ -116,6 +123,7 @@ class Placing {
     bool isSettled_ = false; // told or logged already; the routine only leaves
     bool hasFailed_ = false;
     bool isDiskFull_ = false;
+    bool isTaken_ = false;
     std::string error_;
 };
 

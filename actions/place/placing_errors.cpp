@@ -34,10 +34,19 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
+    if (error.number == platform::kAlreadyExists && place_ && !isOwn_ && !isPlaced_) {
+        return LeaveTaken();
+    }
     if (error.number == platform::kPathNotFound && !pathTried_) {
         return MakePathOnce();
     }
     return std::nullopt;
+}
+
+std::optional<int> Placing::LeaveTaken() {
+    if (platform::WhatStands(session_.files(), destination_).IsFree()) return std::nullopt;
+    isTaken_ = isSettled_ = true;
+    return session::kRecoveryLeave;
 }
 
 std::optional<int> Placing::MakePathOnce() {

@@ -78,7 +78,7 @@ bool IsProtected(Session& session, ActionRun& run, const Object& object, std::ui
 } // namespace
 
 bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, bool blnOverwriting,
-                       std::optional<platform::ObjectFacts>* read) {
+                       std::optional<platform::Look>* read) {
     const bool isDelete = run.request.strAction == "Delete";
     const session::ErrorContext context{.routine = "CheckSystemHidden",
                                         .moduleName = isDelete ? "frmSearch" : "frmDialog",
@@ -87,14 +87,15 @@ bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, b
                                         .objectType = object.isFile ? session::ObjectType::kFile
                                                                     : session::ObjectType::kFolder,
                                         .asksAlways = isDelete};
-    const auto facts = session::Attempt(session, context, [&] {
-        return object.isFile ? platform::GetFile(session.files(), object.actual)
-                             : platform::GetFolder(session.files(), object.actual);
+    auto look = session::Attempt(session, context, [&] {
+        return object.isFile ? platform::LookAtFile(session.files(), object.actual)
+                             : platform::LookAtFolder(session.files(), object.actual);
     });
     // What can't be read can't be shown to be harmless.
-    if (!facts) return true;
-    if (read) *read = *facts.result;
-    return IsProtected(session, run, object, facts->attributes, blnOverwriting);
+    if (!look) return true;
+    const std::uint32_t attributes = look->facts.attributes;
+    if (read) *read = std::move(*look.result);
+    return IsProtected(session, run, object, attributes, blnOverwriting);
 }
 
 } // namespace tarvix::actions

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/object_facts.h"
+#include "platform/file_system.h"
 
 #include <optional>
 
@@ -16,8 +16,8 @@ struct Object;
 // Whether an object is protected and must not be overwritten, moved or deleted: it is hidden or a
 // system object and the user did not say otherwise, or it can't be read. Asks, logs the answer, and
 // keeps one for all in the run. A plain copy or move of such an object goes on as a copy, which is
-// told once for the whole program. `read` gets the object's facts, if they could be read.
+// told once for the whole program. `read` gets the look at the object, if it could be read.
 bool CheckSystemHidden(session::Session& session, ActionRun& run, const Object& object,
-                       bool blnOverwriting, std::optional<platform::ObjectFacts>* read = nullptr);
+                       bool blnOverwriting, std::optional<platform::Look>* read = nullptr);
 
 } // namespace tarvix::actions

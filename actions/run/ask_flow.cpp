@@ -135,7 +135,7 @@ Outcome Replace(Session& session, ActionRun& run, const Clash& clash) {
     }
     Outcome outcome;
     if (!RecycleDuplicate(session, clash)) return outcome;
-    outcome = PerformMoveOrCopy(session, run, clash.object, clash.destination);
+    outcome = PerformMoveOrCopy(session, run, clash.object, {clash.destination, nullptr});
     if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
     return outcome;
 }

@@ -200,13 +200,16 @@ Outcome Loop::PlaceOne(const Object& object, int place) {
 Outcome Loop::PlaceAt(const Object& object, int place, const std::string& computed) {
     // What stands where the object will really go is the duplicate.
     std::string destination = CleanedDestination(computed);
-    const auto duplicate = DetermineIfDuplicateExists(session_, object, destination);
     Outcome outcome;
-    if (!StopsAtLongPath(outcome)) {
-        outcome = duplicate ? rule_(session_, run_, {object, place, destination, *duplicate})
-                            : PerformMoveOrCopy(session_, run_, object, destination);
+    // What came there between the duplicate test and the act is a duplicate as any other.
+    do {
+        auto found = DetermineIfDuplicateExists(session_, object, destination);
+        outcome = {};
+        if (StopsAtLongPath(outcome)) break;
+        outcome = found ? PerformMoveOrCopy(session_, run_, object, std::move(*found))
+                        : rule_(session_, run_, {object, place, destination, found.error()});
         NoteLongPath(outcome);
-    }
+    } while (outcome.isTaken);
     if (!outcome.isPlaced || outcome.kind == OutcomeKind::kFailed) {
         outcome.strDestination = std::move(destination);
     }

@@ -74,7 +74,8 @@ class Renaming {
     bool CanUse(const Renamed& object, std::string& path);
     bool FitsOrShortens(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
-    bool Move(Renamed& object, const std::string& path);
+    enum class Moved { kYes, kNo, kTaken };
+    Moved Move(Renamed& object, const platform::FreePlace& place);
 
     Session& session_;
     ActionRun& run_;
@@ -167,9 +168,8 @@ void Renaming::Insert(Renamed& object) {
                                                           : text::Concat({add, object.text}));
     session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
     if (!CanUse(object, path)) return;
-    if (platform::StandingName(session_.files(), path).empty()) {
-        Move(object, path);
-    } else {
+    const platform::Standing standing = platform::WhatStands(session_.files(), path);
+    if (!standing.IsFree() || Move(object, standing.place) == Moved::kTaken) {
         TellTaken(object, path);
     }
 }
@@ -194,13 +194,17 @@ Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
         NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
                                                                   : text::Trim(text));
     if (!CanUse(object, path)) return Round::kDone;
-    const std::string found = platform::StandingName(session_.files(), path);
+    platform::Standing standing = platform::WhatStands(session_.files(), path);
+    const std::string& found = standing.name;
     // The object itself may be found under its name in another case.
     const bool isTaken =
         !found.empty() && (found == text::FolderOwnName(path) ||
                            !text::EqualNoCase(found, text::FolderOwnName(object.actual)));
-    if (isTaken) return TellTaken(object, path) ? Round::kGoOn : Round::kDone;
-    return Move(object, path) ? Round::kRenamed : Round::kDone;
+    if (!standing.IsFree()) standing.place = {path, nullptr};
+    const Moved moved = isTaken ? Moved::kTaken : Move(object, standing.place);
+    if (moved == Moved::kYes) return Round::kRenamed;
+    if (moved == Moved::kNo) return Round::kDone;
+    return TellTaken(object, path) ? Round::kGoOn : Round::kDone;
 }
 
 // The start depends on the two lengths, so that a replacement is not searched again. A text that
@@ -273,28 +277,31 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     return goesOn;
 }
 
-// Whether the object bears the new name now.
-bool Renaming::Move(Renamed& object, const std::string& path) {
+// Whether the object bears the new name now, or others took it just before.
+Renaming::Moved Renaming::Move(Renamed& object, const platform::FreePlace& place) {
+    const std::string& path = place.path;
     const Object present{.index = object.index,
                          .name = {},
                          .path = object.old,
                          .actual = object.actual,
                          .relative = session_.selection->strSelRelPath[object.index],
                          .isFile = object.isFile,
-                         .facts = {}};
-    Outcome outcome = PlaceObject(session_, run_,
-                                  {.object = present, .destination = path, .verb = Verb::kRename});
+                         .look = {}};
+    Outcome outcome = PlaceObject(
+        session_, run_,
+        {.object = present, .destination = path, .verb = Verb::kRename, .place = place});
     if (outcome.kind == OutcomeKind::kFailed) {
         object.hasFailed = true;
         object.error = std::move(outcome.error);
     }
     session_.state.blnPathLimitHit = false;
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
-    if (!outcome.isPlaced) return false;
+    if (outcome.isTaken) return Moved::kTaken;
+    if (!outcome.isPlaced) return Moved::kNo;
     object.old = text::Concat({object.parent, text::FolderOwnName(path)});
     object.actual = path;
     object.isChanged = true;
-    return true;
+    return Moved::kYes;
 }
 
 } // namespace

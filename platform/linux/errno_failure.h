@@ -4,6 +4,8 @@
 
 #include <expected>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 namespace tarvix::platform {
 
@@ -19,5 +21,16 @@ std::unexpected<PlatformError> FailureOf(int error, std::string_view path);
 
 // A failure by number, where no errno tells more.
 std::unexpected<PlatformError> FailureBy(int number, std::string_view path);
+
+// A value as it is; an errno as the failure on the object at a drive path.
+template <class T>
+Result<T> Named(Sys<T> value, std::string_view path) {
+    if (!value) return FailureOf(value.error(), path);
+    if constexpr (std::is_void_v<T>) {
+        return {};
+    } else {
+        return std::move(*value);
+    }
+}
 
 } // namespace tarvix::platform

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
+#include "platform/try.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -17,7 +18,7 @@ unsigned ModeWith(unsigned mode, std::uint32_t attributes) {
 }
 
 // Only where a file system keeps such attributes.
-void SetDosAttributes(const Place& place, At at, std::uint32_t attributes) {
+void SetDosAttributes(const Resolved& place, At at, std::uint32_t attributes) {
     const DosAttributes kind = place.drives->DosAttributesAt(DeviceOf(*place.st));
     if (kind == DosAttributes::kNone) return;
     const auto fd = OpenAt(at, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
@@ -46,63 +47,55 @@ Sys<void> UnlinkReadOnly(At at, unsigned mode) {
 } // namespace
 
 Result<void> LinuxFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
-    const auto place = resolver_.Existing(path);
-    if (!place) return std::unexpected(place.error());
-    if (S_ISLNK(place->st->stx_mode)) return {};
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    if (!IsSpecial(*place->st)) SetDosAttributes(*place, *location, attributes);
-    const unsigned mode = ModeWith(place->st->stx_mode, attributes);
-    const bool isWritable = (place->st->stx_mode & S_IWUSR) != 0;
+    TX_TRY_ASSIGN(const Resolved place, resolver_.Existing(path));
+    if (S_ISLNK(place.st->stx_mode)) return {};
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    if (!IsSpecial(*place.st)) SetDosAttributes(place, location, attributes);
+    const unsigned mode = ModeWith(place.st->stx_mode, attributes);
+    const bool isWritable = (place.st->stx_mode & S_IWUSR) != 0;
     const bool shallBeWritable = (mode & S_IWUSR) != 0;
+    NoteChanged();
     if (isWritable == shallBeWritable) return {};
-    const auto set = SetMode(*location, mode);
+    const auto set = SetMode(location, mode);
     if (!set && set.error() != EOPNOTSUPP) return FailureOf(set.error(), path);
     return {};
 }
 
 Result<void> LinuxFileSystem::DeleteFile(std::string_view path, bool force) {
-    const auto place = resolver_.File(path);
-    if (!place) return std::unexpected(place.error());
-    const bool isReadOnly = IsReadOnly(*place->st);
+    TX_TRY_ASSIGN(const Resolved place, resolver_.File(path));
+    const bool isReadOnly = IsReadOnly(*place.st);
     if (isReadOnly && !force) return FailureBy(kPermissionDenied, path);
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    const auto gone =
-        isReadOnly ? UnlinkReadOnly(*location, place->st->stx_mode) : Unlink(*location);
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    const auto gone = isReadOnly ? UnlinkReadOnly(location, place.st->stx_mode) : Unlink(location);
     if (!gone) return FailureOf(gone.error(), path);
-    NoteGone(*place);
+    NoteGone(place);
     return {};
 }
 
 Result<void> LinuxFileSystem::RemoveFolder(std::string_view path) {
-    const auto place = resolver_.Folder(path);
-    if (!place) return std::unexpected(place.error());
-    if (!S_ISDIR(place->st->stx_mode) || place->IsRoot()) {
+    TX_TRY_ASSIGN(const Resolved place, resolver_.Folder(path));
+    if (!S_ISDIR(place.st->stx_mode) || place.IsRoot()) {
         return FailureBy(kPathFileAccess, path);
     }
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    const auto gone = Unlink(*location, AT_REMOVEDIR);
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    const auto gone = Unlink(location, AT_REMOVEDIR);
     if (!gone && gone.error() == EEXIST) return FailureBy(kPathFileAccess, path);
     if (!gone) return FailureOf(gone.error(), path);
-    NoteGone(*place);
+    NoteGone(place);
     return {};
 }
 
 Result<void> LinuxFileSystem::CreateFolder(std::string_view path) {
-    const auto place = resolver_.Target(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->Exists()) return FailureBy(kPathFileAccess, path);
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    const At at = *location;
+    TX_TRY_ASSIGN(const Resolved place, resolver_.Target(path));
+    if (place.Exists()) return FailureBy(kPathFileAccess, path);
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    const At at = location;
     if (::mkdirat(at.folder, at.name, 0777) != 0) {
         if (errno == EEXIST) return FailureBy(kPathFileAccess, path);
         if (errno == ENOENT) return FailureBy(kPathNotFound, path);
         return FailureOf(errno, path);
     }
-    NoteMade(*place);
+    NoteMade(place);
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_stream.h"
 #include "platform/linux/native_facts.h"
+#include "platform/try.h"
 #include "text/encoding.h"
 
 #include <cerrno>
@@ -26,12 +27,9 @@ int FlagsOf(OpenMode mode) {
     }
 }
 
-Result<UniqueFd> OpenForBytes(const Place& place, int flags, std::string_view path) {
-    const auto location = Locate(place.native);
-    if (!location) return FailureOf(location.error(), path);
-    auto fd = OpenAt(*location, flags | O_NONBLOCK | O_NOCTTY);
-    if (!fd) return FailureOf(fd.error(), path);
-    return std::move(*fd);
+Result<UniqueFd> OpenForBytes(const Resolved& place, int flags, std::string_view path) {
+    TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), path));
+    return Named(OpenAt(location, flags | O_NONBLOCK | O_NOCTTY), path);
 }
 
 // Whether nobody else writes the file through a text stream; from then on nobody else can. A file
@@ -55,64 +53,54 @@ Sys<std::string> ReadPart(int fd, std::uint64_t offset, std::size_t count) {
 }
 } // namespace
 
-Result<Place> LinuxFileSystem::FileForBytes(std::string_view path, bool toWrite) {
-    auto place = resolver_.File(path);
-    if (!place) return place;
-    const auto behind = StatBehindPath(place->native);
-    if (!behind) return FailureOf(behind.error(), path);
-    if (S_ISDIR(behind->stx_mode)) return FailureBy(kFileNotFound, path);
-    if (!S_ISREG(behind->stx_mode)) return FailureBy(kBadFileName, path);
-    if (toWrite && IsReadOnly(*behind)) return FailureBy(kPermissionDenied, path);
+Result<Resolved> LinuxFileSystem::FileForBytes(std::string_view path, bool toWrite) {
+    TX_TRY_ASSIGN(Resolved place, resolver_.File(path));
+    TX_TRY_ASSIGN(const auto behind, Named(StatBehindPath(place.native), path));
+    if (S_ISDIR(behind.stx_mode)) return FailureBy(kFileNotFound, path);
+    if (!S_ISREG(behind.stx_mode)) return FailureBy(kBadFileName, path);
+    if (toWrite && IsReadOnly(behind)) return FailureBy(kPermissionDenied, path);
     return place;
 }
 
 Result<std::string> LinuxFileSystem::ReadBytes(std::string_view path, std::uint64_t offset,
                                                std::size_t count) {
-    const auto place = FileForBytes(path, false);
-    if (!place) return std::unexpected(place.error());
-    const auto fd = OpenForBytes(*place, O_RDONLY, path);
-    if (!fd) return std::unexpected(fd.error());
+    TX_TRY_ASSIGN(const Resolved place, FileForBytes(path, false));
+    TX_TRY_ASSIGN(const UniqueFd fd, OpenForBytes(place, O_RDONLY, path));
     if (offset > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()) - count) return {};
-    auto bytes = ReadPart(fd->Get(), offset, count);
-    if (!bytes) return FailureOf(bytes.error(), path);
-    return std::move(*bytes);
+    return Named(ReadPart(fd.Get(), offset, count), path);
 }
 
 Result<std::unique_ptr<TextStream>> LinuxFileSystem::CreateTextFile(std::string_view path,
                                                                     bool overwrite) {
-    const auto place = resolver_.Target(path);
-    if (!place) return std::unexpected(place.error());
-    if (place->Exists()) {
+    TX_TRY_ASSIGN(const Resolved place, resolver_.Target(path));
+    if (place.Exists()) {
         if (!overwrite) return FailureBy(kAlreadyExists, path);
-        if (LeadsToFolder(*place)) return FailureBy(kPathFileAccess, path);
+        if (LeadsToFolder(place)) return FailureBy(kPathFileAccess, path);
         return OpenAsTextStream(path, OpenMode::kWrite);
     }
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    auto fd = OpenAt(*location, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    auto fd = OpenAt(location, O_WRONLY | O_CREAT | O_EXCL, 0666);
     if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
     if (!fd) return FailureOf(fd.error(), path);
-    NoteMade(*place);
+    NoteMade(place);
     if (!LockForWriting(*fd)) return FailureBy(kPermissionDenied, path);
     return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
 }
 
 Result<std::unique_ptr<TextStream>> LinuxFileSystem::OpenAsTextStream(std::string_view path,
                                                                       OpenMode mode) {
-    const auto place = FileForBytes(path, mode != OpenMode::kRead);
-    if (!place) return std::unexpected(place.error());
-    auto fd = OpenForBytes(*place, FlagsOf(mode), path);
-    if (!fd) return std::unexpected(fd.error());
+    TX_TRY_ASSIGN(const Resolved place, FileForBytes(path, mode != OpenMode::kRead));
+    TX_TRY_ASSIGN(UniqueFd fd, OpenForBytes(place, FlagsOf(mode), path));
     if (mode != OpenMode::kRead) {
-        if (!LockForWriting(*fd)) return FailureBy(kPermissionDenied, path);
-        if (mode == OpenMode::kWrite && ::ftruncate(fd->Get(), 0) != 0) {
+        NoteChanged();
+        if (!LockForWriting(fd)) return FailureBy(kPermissionDenied, path);
+        if (mode == OpenMode::kWrite && ::ftruncate(fd.Get(), 0) != 0) {
             return FailureOf(errno, path);
         }
-        return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
+        return std::make_unique<LinuxTextWriter>(std::move(fd), std::string(path));
     }
-    const auto bytes = ReadAll(fd->Get(), kTextLimit);
-    if (!bytes) return FailureOf(bytes.error(), path);
-    return std::make_unique<LinuxTextReader>(text::FromFileBytes(*bytes), std::string(path));
+    TX_TRY_ASSIGN(const std::string bytes, Named(ReadAll(fd.Get(), kTextLimit), path));
+    return std::make_unique<LinuxTextReader>(text::FromFileBytes(bytes), std::string(path));
 }
 
 } // namespace tarvix::platform

@@ -2,6 +2,7 @@
 #include "platform/linux/folder_copier.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
+#include "platform/try.h"
 
 #include <climits>
 
@@ -16,82 +17,87 @@ namespace {
 constexpr std::size_t kMostPlanned = 64;
 
 // Whether a file's facts can be trusted to tell of each change at once.
-bool IsLocal(const Place& place) {
+bool IsLocal(const Resolved& place) {
     return std::ranges::any_of(place.drives->Drives(), [&place](const DriveInfo& drive) {
         return drive.path == place.root && drive.type != DriveType::kNetwork;
     });
 }
 
-Sys<UniqueFd> OpenItself(const Place& place) {
-    const auto location = Locate(place.native);
-    if (!location) return std::unexpected(location.error());
-    return OpenAt(*location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+Sys<UniqueFd> OpenItself(const Resolved& place) {
+    TX_TRY_ASSIGN(const Location location, Locate(place.native));
+    return OpenAt(location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
 
-bool IsFolder(const Place& place) {
+bool IsFolder(const Resolved& place) {
     return place.Exists() && S_ISDIR(place.st->stx_mode);
 }
 
 // What a folder copy goes into: the folder that is there, or else the one around it.
-Result<UniqueFd> OpenNearest(const Place& target, std::string_view path) {
+Result<UniqueFd> OpenNearest(const Resolved& target, std::string_view path) {
     if (!IsFolder(target)) return OpenFolderOf(target, path);
-    auto itself = OpenItself(target);
-    if (!itself) return FailureOf(itself.error(), path);
-    return std::move(*itself);
+    return Named(OpenItself(target), path);
 }
 
-Result<UniqueFd> MakeTarget(int outer, const Place& target, std::string_view path) {
+Result<UniqueFd> MakeTarget(int outer, const Resolved& target, std::string_view path) {
     const std::string name(target.NativeName());
     if (::mkdirat(outer, name.c_str(), 0700) != 0) return FailureOf(errno, path);
-    auto made = OpenAt({outer, name.c_str()}, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
-    if (!made) return FailureOf(made.error(), path);
-    return std::move(*made);
+    return Named(OpenAt({outer, name.c_str()}, O_RDONLY | O_DIRECTORY | O_NOFOLLOW), path);
 }
 } // namespace
 
 Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                        const CopyObserver& observer) {
-    const auto source = FileLookedAt(from);
-    if (!source) return std::unexpected(source.error());
-    if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from);
-    const auto target = overwrite ? resolver_.Target(to) : NewTarget(to);
-    if (!target) return std::unexpected(target.error());
-    if (target->Exists()) {
-        auto can = CheckReplace(*source->st, *target->st, LeadsToFolder(*target), overwrite, to);
-        if (!can) return can;
+    TX_TRY_ASSIGN(const Resolved source, resolver_.File(from));
+    if (IsSpecial(*source.st)) return FailureBy(kPathFileAccess, from);
+    TX_TRY_ASSIGN(const Resolved target,
+                  overwrite ? resolver_.Target(to) : resolver_.NewTarget(to));
+    return Copy(source, target, from, to, overwrite, observer);
+}
+
+Result<void> LinuxFileSystem::CopyFileTo(const Look& from, const FreePlace& to,
+                                         const CopyObserver& observer) {
+    TX_TRY_ASSIGN(const auto source, SourceOf(from));
+    if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from.path);
+    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    return Copy(*source, *target, from.path, to.path, false, observer);
+}
+
+Result<void> LinuxFileSystem::Copy(const Resolved& source, const Resolved& target,
+                                   std::string_view from, std::string_view to, bool overwrite,
+                                   const CopyObserver& observer) {
+    if (target.Exists()) {
+        TX_TRY(CheckReplace(*source.st, *target.st, LeadsToFolder(target), overwrite, to));
     }
     CopyRun run(observer, roads_, overwrite);
     run.ahead = Ahead();
-    return CopyOne(*source, *target, from, to, run);
+    return CopyOne(source, target, from, to, run);
 }
 
 Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                                          const CopyObserver& observer) {
-    const auto source = resolver_.Folder(from);
-    if (!source) return std::unexpected(source.error());
-    if (!S_ISDIR(source->st->stx_mode)) return CopyFile(from, to, overwrite, observer);
-    const auto target = resolver_.Target(to);
-    if (!target) return std::unexpected(target.error());
-    auto nearest = OpenNearest(*target, to);
-    if (!nearest) return std::unexpected(nearest.error());
-    if (IsWithin(nearest->Get(), *source->st)) return FailureBy(kPathFileAccess, to);
-    if (target->Exists() && !IsFolder(*target)) {
+    TX_TRY_ASSIGN(const Resolved source, resolver_.Folder(from));
+    if (!S_ISDIR(source.st->stx_mode)) return CopyFile(from, to, overwrite, observer);
+    TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to));
+    TX_TRY_ASSIGN(UniqueFd nearest, OpenNearest(target, to));
+    if (IsWithin(nearest.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
+    if (target.Exists() && !IsFolder(target)) {
         return FailureBy(overwrite ? kPathFileAccess : kAlreadyExists, to);
     }
-    auto in = OpenItself(*source);
-    if (!in) return FailureOf(in.error(), from);
-    auto out = target->Exists() ? std::move(nearest) : MakeTarget(nearest->Get(), *target, to);
-    if (!out) return std::unexpected(out.error());
-    NoteMade(*target);
-    names_.Forget(target->native);
+    TX_TRY_ASSIGN(UniqueFd in, Named(OpenItself(source), from));
+    UniqueFd out = std::move(nearest);
+    if (!target.Exists()) {
+        TX_TRY_ASSIGN(out, MakeTarget(out.Get(), target, to));
+    }
+    NoteMade(target);
+    store_.Forget(target.native);
     CopyRun run(observer, roads_, overwrite);
     run.ahead = Ahead();
     if (run.IsObserved()) {
-        auto again = OpenItself(*source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source->drives));
+        auto again = OpenItself(source);
+        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source.drives));
     }
-    FolderCopier copier(run, *source->drives, from, to);
-    return copier.Copy(std::move(*in), std::move(*out), !target->Exists());
+    FolderCopier copier(run, *source.drives, from, to);
+    return copier.Copy(std::move(in), std::move(out), !target.Exists());
 }
 
 void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
@@ -119,18 +125,16 @@ bool LinuxFileSystem::FindAhead(AheadItem& item) const {
     return true;
 }
 
-Result<void> LinuxFileSystem::CopyOne(const Place& source, const Place& target,
+Result<void> LinuxFileSystem::CopyOne(const Resolved& source, const Resolved& target,
                                       std::string_view from, std::string_view to, CopyRun& run) {
-    const auto location = Locate(source.native);
-    if (!location) return FailureOf(location.error(), from);
-    const auto place = Locate(target.native);
-    if (!place) return FailureOf(place.error(), to);
+    TX_TRY_ASSIGN(const Location in, Named(store_.Locate(source.native), from));
+    TX_TRY_ASSIGN(const Location out, Named(store_.Locate(target.native), to));
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
-    const At at = *place;
-    auto copied = CopyObject({*location, *source.st, from, at.folder, at.name, to}, run);
-    if (copied) target.Exists() ? ForgetLooks() : NoteMade(target);
+    const At at = out;
+    auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to}, run);
+    if (copied) target.Exists() ? NoteChanged() : NoteMade(target);
     // Others were faster than what is known of the folder.
-    if (!copied && copied.error().number == kAlreadyExists) names_.Forget(target.Folder());
+    if (!copied && copied.error().number == kAlreadyExists) store_.Forget(target.Folder());
     return copied;
 }
 

@@ -2,6 +2,7 @@
 #include "platform/linux/folder_copier.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/part_file.h"
+#include "platform/try.h"
 #include "text/case.h"
 
 #include <cerrno>
@@ -11,7 +12,7 @@
 namespace tarvix::platform {
 
 namespace {
-bool HasSameFolder(const Place& a, const Place& b) {
+bool HasSameFolder(const Resolved& a, const Resolved& b) {
     if (a.Folder() == b.Folder()) return true;
     const auto ofA = StatBehindPath(std::string(a.Folder()));
     const auto ofB = StatBehindPath(std::string(b.Folder()));
@@ -19,7 +20,7 @@ bool HasSameFolder(const Place& a, const Place& b) {
 }
 
 // Whether the target is the source under its own name in another case.
-bool IsCaseChange(const Place& source, const Place& target) {
+bool IsCaseChange(const Resolved& source, const Resolved& target) {
     return target.Exists() && IsSameObject(*source.st, *target.st) &&
            source.NativeName() != target.WantedName() &&
            text::EqualNoCase(source.NativeName(), target.WantedName()) &&
@@ -34,14 +35,14 @@ Sys<void> RenameOver(At from, At to) {
 }
 
 // The native path with the name that was asked for, where an object of another case was found.
-std::string WantedPath(const Place& target) {
+std::string WantedPath(const Resolved& target) {
     std::string native = target.native;
     if (!target.otherName.empty())
         native.replace(native.rfind('/') + 1, native.npos, target.otherName);
     return native;
 }
 
-void RemoveIfPresent(const Place& place) {
+void RemoveIfPresent(const Resolved& place) {
     const auto location = Locate(place.native);
     if (!location) return;
     const At at = *location;
@@ -49,26 +50,24 @@ void RemoveIfPresent(const Place& place) {
 }
 } // namespace
 
-bool LinuxFileSystem::IsTaken(const Place& source, const Place& target) {
+bool LinuxFileSystem::IsTaken(const Resolved& source, const Resolved& target) {
     if (!target.Exists()) return false;
     if (!IsCaseChange(source, target)) return true;
-    return names_.HasOther(target.Folder(), target.WantedName(), source.NativeName());
+    return store_.HasOther(target.Folder(), target.WantedName(), source.NativeName());
 }
 
-Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
+Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target) {
     const std::string wanted = WantedPath(target);
-    const auto from = Locate(source.native);
-    if (!from) return std::unexpected(from.error());
-    const auto to = Locate(wanted);
-    if (!to) return std::unexpected(to.error());
+    TX_TRY_ASSIGN(const Location from, store_.Locate(source.native));
+    TX_TRY_ASSIGN(const Location to, store_.Locate(wanted));
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
     auto renamed =
-        isOneName ? RenameOver(*from, *to) : RenameWithoutReplacing(*from, *to, isFolder, roads_);
+        isOneName ? RenameOver(from, to) : RenameWithoutReplacing(from, to, isFolder, roads_);
     if (!renamed) {
         // Others were faster than what is known of the folder.
-        if (renamed.error() == EEXIST) names_.Forget(target.Folder());
+        if (renamed.error() == EEXIST) store_.Forget(target.Folder());
         return renamed;
     }
     NoteRenamed(source, target);
@@ -77,32 +76,41 @@ Sys<void> LinuxFileSystem::Rename(const Place& source, const Place& target) {
 
 Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view to,
                                        const CopyObserver& observer) {
-    const auto source = FileLookedAt(from);
-    if (!source) return std::unexpected(source.error());
-    const auto target = NewTarget(to);
-    if (!target) return std::unexpected(target.error());
-    if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
-    const auto renamed = Rename(*source, *target);
+    TX_TRY_ASSIGN(const Resolved source, resolver_.File(from));
+    TX_TRY_ASSIGN(const Resolved target, resolver_.NewTarget(to));
+    return Move(source, target, from, to, observer);
+}
+
+Result<void> LinuxFileSystem::MoveFileTo(const Look& from, const FreePlace& to,
+                                         const CopyObserver& observer) {
+    TX_TRY_ASSIGN(const auto source, SourceOf(from));
+    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    return Move(*source, *target, from.path, to.path, observer);
+}
+
+Result<void> LinuxFileSystem::Move(const Resolved& source, const Resolved& target,
+                                   std::string_view from, std::string_view to,
+                                   const CopyObserver& observer) {
+    if (IsTaken(source, target)) return FailureOf(EEXIST, to);
+    const auto renamed = Rename(source, target);
     if (renamed) return {};
     if (renamed.error() == EXDEV) {
-        const auto now = resolver_.File(from);
-        return now ? MoveAcross(*now, *target, from, to, observer) : std::unexpected(now.error());
+        TX_TRY_ASSIGN(const Resolved now, resolver_.File(from));
+        return MoveAcross(now, target, from, to, observer);
     }
     if (renamed.error() == ENOENT) return FailureBy(kPathNotFound, to);
     return FailureOf(renamed.error(), to);
 }
 
 // The copy lies safe on its disk before the source goes; whatever fails, the source stays.
-Result<void> LinuxFileSystem::MoveAcross(const Place& source, const Place& target,
+Result<void> LinuxFileSystem::MoveAcross(const Resolved& source, const Resolved& target,
                                          std::string_view from, std::string_view to,
                                          const CopyObserver& observer) {
     CopyRun run(observer, roads_, false);
     run.sync = true;
-    auto copied = CopyOne(source, target, from, to, run);
-    if (!copied) return copied;
-    const auto location = Locate(source.native);
-    if (!location) return FailureOf(location.error(), from);
-    const At at = *location;
+    TX_TRY(CopyOne(source, target, from, to, run));
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(source.native), from));
+    const At at = location;
     int error = IsUnchanged(*source.st, at) ? 0 : EBUSY;
     if (error == 0 && ::unlinkat(at.folder, at.name, 0) != 0) error = errno;
     if (error == 0) {
@@ -117,17 +125,29 @@ Result<void> LinuxFileSystem::MoveAcross(const Place& source, const Place& targe
 }
 
 Result<void> LinuxFileSystem::MoveFolder(std::string_view from, std::string_view to) {
-    const auto source = resolver_.Folder(from);
-    if (!source) return std::unexpected(source.error());
-    const auto target = resolver_.Target(to);
-    if (!target) return std::unexpected(target.error());
-    if (source->IsRoot()) return FailureBy(kPermissionDenied, from);
-    if (target->IsRoot()) return FailureOf(EEXIST, to);
-    const auto outer = OpenFolderOf(*target, to);
-    if (!outer) return std::unexpected(outer.error());
-    if (IsWithin(outer->Get(), *source->st)) return FailureBy(kPathFileAccess, to);
-    if (IsTaken(*source, *target)) return FailureOf(EEXIST, to);
-    const auto renamed = Rename(*source, *target);
+    TX_TRY_ASSIGN(const Resolved source, resolver_.Folder(from));
+    TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to));
+    return MoveFolder(source, target, from, to);
+}
+
+Result<void> LinuxFileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
+    auto source = Believed(from.known);
+    if (!source || !S_ISDIR(source->st->stx_mode)) {
+        TX_TRY_ASSIGN(Resolved found, resolver_.Folder(from.path));
+        source = std::make_shared<const Resolved>(std::move(found));
+    }
+    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    return MoveFolder(*source, *target, from.path, to.path);
+}
+
+Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved& target,
+                                         std::string_view from, std::string_view to) {
+    if (source.IsRoot()) return FailureBy(kPermissionDenied, from);
+    if (target.IsRoot()) return FailureOf(EEXIST, to);
+    TX_TRY_ASSIGN(const UniqueFd outer, OpenFolderOf(target, to));
+    if (IsWithin(outer.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
+    if (IsTaken(source, target)) return FailureOf(EEXIST, to);
+    const auto renamed = Rename(source, target);
     if (renamed) return {};
     if (renamed.error() == EINVAL) return FailureBy(kPathFileAccess, to);
     if (renamed.error() == ENOTEMPTY) return FailureOf(EEXIST, to);

@@ -1,10 +1,12 @@
 #include "platform/linux/linux_file_system.h"
 
-#include "platform/linux/held_folders.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/native_facts.h"
 #include "platform/names.h"
 #include "platform/short_names.h"
+#include "platform/try.h"
+
+#include <fmt/core.h>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -32,24 +34,22 @@ struct OpenedFolder {
 };
 
 Sys<OpenedFolder> OpenFolderAt(const std::string& native) {
-    const auto location = Locate(native);
-    if (!location) return std::unexpected(location.error());
-    auto fd = OpenWithoutLinks(*location);
-    if (fd && !location->folder) return OpenedFolder{std::move(*fd), native.empty() ? "/" : native};
+    TX_TRY_ASSIGN(const Location location, Locate(native));
+    auto fd = OpenWithoutLinks(location);
+    if (fd && !location.folder) return OpenedFolder{std::move(*fd), native.empty() ? "/" : native};
     const bool isOtherwise = fd || fd.error() == ELOOP || fd.error() == ENOSYS ||
                              fd.error() == EPERM || fd.error() == EAGAIN;
     if (!isOtherwise) return std::unexpected(fd.error());
-    fd = OpenAt(*location, kFolderFlags);
-    if (!fd) return std::unexpected(fd.error());
+    TX_TRY_ASSIGN(UniqueFd walked, OpenAt(location, kFolderFlags));
     std::string truePath(PATH_MAX, '\0');
-    const std::string link = "/proc/self/fd/" + std::to_string(fd->Get());
+    const std::string link = fmt::format("/proc/self/fd/{}", walked.Get());
     const ssize_t length = ::readlink(link.c_str(), truePath.data(), truePath.size());
     truePath.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     if (truePath.empty()) truePath = native;
-    return OpenedFolder{std::move(*fd), std::move(truePath)};
+    return OpenedFolder{std::move(walked), std::move(truePath)};
 }
 
-std::unique_ptr<OpenFolder> MakeOpenFolder(OpenedFolder opened, const Place& place,
+std::unique_ptr<OpenFolder> MakeOpenFolder(OpenedFolder opened, const Resolved& place,
                                            std::string_view path) {
     const DriveTable::Names* boundaries = place.drives->BoundariesIn(opened.native);
     return std::make_unique<LinuxOpenFolder>(std::move(opened.fd), place.drives, boundaries,
@@ -73,101 +73,108 @@ std::string ShortForm(std::string_view truePath) {
 }
 } // namespace
 
-namespace {
-// What a thread looked at last: who looks at an object mostly acts on it next.
-class LastLook {
-  public:
-    void Keep(const void* files, std::string_view path, Place place) {
-        files_ = files;
-        path_ = path;
-        place_ = std::move(place);
-        at_ = SteadyNow();
-    }
-    void Drop() { files_ = nullptr; }
-    // The place, unless more than a moment has gone by.
-    std::optional<Place> Take(const void* files, std::string_view path) {
-        if (files_ != files || path_ != path || SteadyNow() - at_ >= kLasts) return std::nullopt;
-        Drop();
-        return std::move(place_);
-    }
+// ---- looks ----
 
-  private:
-    static constexpr std::int64_t kLasts = 1'000'000; // nanoseconds
-
-    const void* files_ = nullptr;
-    std::int64_t at_ = 0;
-    std::string path_;
-    Place place_;
+struct LinuxFileSystem::ResolvedLook : Known {
+    std::uint64_t fileSystem = 0;
+    std::uint64_t changes = 0; // that were made before it
+    std::int64_t takenAt = 0;
+    Resolved place;
 };
-thread_local LastLook lastLook; // at an object
-thread_local LastLook lastFree; // at a place where none stands
-} // namespace
+
+// No other file system of this program has the same.
+std::uint64_t LinuxFileSystem::NextNumber() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+
+std::shared_ptr<const Known> LinuxFileSystem::Keep(Resolved place) const {
+    auto kept = std::make_shared<ResolvedLook>();
+    kept->fileSystem = number_;
+    kept->changes = changes_;
+    kept->takenAt = store_.Tick();
+    kept->place = std::move(place);
+    return kept;
+}
+
+std::shared_ptr<const Resolved>
+LinuxFileSystem::Believed(const std::shared_ptr<const Known>& known) const {
+    const auto* const kept = dynamic_cast<const ResolvedLook*>(known.get());
+    const bool isBelieved = kept != nullptr && kept->fileSystem == number_ &&
+                            kept->changes == changes_ &&
+                            store_.Tick() - kept->takenAt <= FolderStore::kBelieved;
+    if (!isBelieved) return nullptr;
+    return {known, &kept->place};
+}
+
+Result<std::shared_ptr<const Resolved>> LinuxFileSystem::SourceOf(const Look& look) const {
+    auto seen = Believed(look.known);
+    if (seen && !S_ISDIR(seen->st->stx_mode)) return seen;
+    TX_TRY_ASSIGN(Resolved found, resolver_.File(look.path));
+    return std::make_shared<const Resolved>(std::move(found));
+}
+
+Result<std::shared_ptr<const Resolved>> LinuxFileSystem::TargetOf(const FreePlace& place) const {
+    if (auto seen = Believed(place.known)) return seen;
+    TX_TRY_ASSIGN(Resolved found, resolver_.NewTarget(place.path));
+    return std::make_shared<const Resolved>(std::move(found));
+}
+
+Result<ObjectFacts> LinuxFileSystem::FactsOf(const Resolved& place, std::string_view path) {
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    const std::string_view name = place.IsRoot() ? std::string_view() : place.NativeName();
+    return FactsFrom(*place.st, name, location, *place.drives);
+}
 
 Result<ObjectFacts> LinuxFileSystem::Facts(std::string_view path) {
-    auto place = resolver_.Existing(path);
-    if (!place) return std::unexpected(place.error());
-    const auto location = Locate(place->native);
-    if (!location) return FailureOf(location.error(), path);
-    const std::string_view name = place->IsRoot() ? std::string_view() : place->NativeName();
-    auto facts = FactsFrom(*place->st, name, *location, *place->drives);
-    lastLook.Keep(this, path, std::move(*place));
-    return facts;
+    TX_TRY_ASSIGN(const Resolved place, resolver_.Existing(path));
+    return FactsOf(place, path);
 }
 
-bool LinuxFileSystem::SeemsFree(std::string_view path) {
-    auto place = resolver_.FreePlace(path);
-    if (!place) return false;
-    lastFree.Keep(this, path, std::move(*place));
-    return true;
+Result<Look> LinuxFileSystem::LookAt(std::string_view path) {
+    TX_TRY_ASSIGN(Resolved place, resolver_.Existing(path));
+    TX_TRY_ASSIGN(const ObjectFacts facts, FactsOf(place, path));
+    return Look{std::string(path), facts, Keep(std::move(place))};
 }
 
-Result<Place> LinuxFileSystem::FileLookedAt(std::string_view path) {
-    auto seen = lastLook.Take(this, path);
-    if (!seen || S_ISDIR(seen->st->stx_mode)) return resolver_.File(path);
-    return std::move(*seen);
+std::optional<FreePlace> LinuxFileSystem::KnownFree(std::string_view path) {
+    auto place = resolver_.KnownFree(path);
+    if (!place) return std::nullopt;
+    return FreePlace{std::string(path), Keep(std::move(*place))};
 }
 
-Result<Place> LinuxFileSystem::NewTarget(std::string_view path) {
-    auto seen = lastFree.Take(this, path);
-    if (!seen) return resolver_.NewTarget(path);
-    return std::move(*seen);
-}
+// ---- paths ----
 
-Result<Place> LinuxFileSystem::TruePlace(std::string_view path) {
+Result<Resolved> LinuxFileSystem::TruePlace(std::string_view path) {
     auto place = resolver_.Existing(path);
     if (!place || !place->drives->FoldsCaseAt(DeviceOf(*place->st))) return place;
     return resolver_.Spelled(std::move(*place), path);
 }
 
 Result<std::string> LinuxFileSystem::TruePath(std::string_view path) {
-    const auto place = TruePlace(path);
-    if (!place) return std::unexpected(place.error());
-    return place->DrivePath();
+    TX_TRY_ASSIGN(const Resolved place, TruePlace(path));
+    return place.DrivePath();
 }
 
 Result<std::string> LinuxFileSystem::ShortPath(std::string_view path) {
-    const auto place = TruePlace(path);
-    if (!place) return std::unexpected(place.error());
-    return ShortForm(place->DrivePath());
+    TX_TRY_ASSIGN(const Resolved place, TruePlace(path));
+    return ShortForm(place.DrivePath());
 }
 
 Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folder) {
-    auto place = resolver_.ByText(folder);
-    if (!place) return std::unexpected(place.error());
-    auto opened = OpenFolderAt(place->native);
+    TX_TRY_ASSIGN(Resolved place, resolver_.ByText(folder));
+    auto opened = OpenFolderAt(place.native);
     if (!opened && opened.error() == ENOENT) {
-        place = resolver_.Folder(folder);
-        if (!place) return std::unexpected(place.error());
-        opened = OpenFolderAt(place->native);
+        TX_TRY_ASSIGN(place, resolver_.Folder(folder));
+        opened = OpenFolderAt(place.native);
     }
-    if (opened) return MakeOpenFolder(std::move(*opened), *place, folder);
+    if (opened) return MakeOpenFolder(std::move(*opened), place, folder);
     if (opened.error() == ENOENT) return FailureBy(kPathNotFound, folder);
     return FailureOf(opened.error(), folder);
 }
 
 void LinuxFileSystem::SetBusy(bool isBusy) {
-    HeldFolders& folders = HeldFolders::OfThread();
-    isBusy ? folders.Begin() : folders.End();
+    isBusy ? store_.BeginRun() : store_.EndRun();
 }
 
 std::vector<DriveInfo> LinuxFileSystem::Drives() {
@@ -181,42 +188,31 @@ std::vector<DriveInfo> LinuxFileSystem::Drives() {
 }
 
 namespace {
-bool MayLeadToFolder(const Place& place) {
+bool MayLeadToFolder(const Resolved& place) {
     return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
 }
 } // namespace
 
-void LinuxFileSystem::ForgetLooks() {
-    lastLook.Drop();
-    lastFree.Drop();
+void LinuxFileSystem::NoteMade(const Resolved& place) {
+    NoteChanged();
+    store_.NoteMade(place.native);
 }
 
-void LinuxFileSystem::ForgetFolder(const std::string& native) {
-    names_.Forget(native);
-    HeldFolders::OfThread().LetGo();
-}
-
-void LinuxFileSystem::NoteMade(const Place& place) {
-    ForgetLooks();
-    HeldFolders::OfThread().LetGoAt(place.native);
-    names_.NoteAdded(place.Folder(), place.NativeName());
-}
-
-void LinuxFileSystem::NoteRenamed(const Place& source, const Place& target) {
-    ForgetLooks();
-    if (MayLeadToFolder(source)) ForgetFolder(source.native);
+void LinuxFileSystem::NoteRenamed(const Resolved& source, const Resolved& target) {
+    NoteChanged();
+    if (MayLeadToFolder(source)) store_.NoteMoved(source.native);
     if (source.Folder() == target.Folder()) {
-        names_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());
+        store_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());
     } else {
-        names_.NoteRemoved(source.Folder(), source.NativeName());
-        names_.NoteAdded(target.Folder(), target.WantedName());
+        store_.NoteRemoved(source.Folder(), source.NativeName());
+        store_.NoteAdded(target.Folder(), target.WantedName());
     }
 }
 
-void LinuxFileSystem::NoteGone(const Place& place) {
-    ForgetLooks();
-    if (MayLeadToFolder(place)) ForgetFolder(place.native);
-    names_.NoteRemoved(place.Folder(), place.NativeName());
+void LinuxFileSystem::NoteGone(const Resolved& place) {
+    NoteChanged();
+    if (MayLeadToFolder(place)) store_.NoteMoved(place.native);
+    store_.NoteRemoved(place.Folder(), place.NativeName());
 }
 
 } // namespace tarvix::platform

@@ -4,7 +4,7 @@
 #include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
-#include "platform/linux/name_cache.h"
+#include "platform/linux/folder_store.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
@@ -15,13 +15,12 @@ namespace tarvix::platform {
 // changes files is for one thread.
 class LinuxFileSystem : public FileSystem {
   public:
-    explicit LinuxFileSystem(Mounts& mounts, CopyRoads roads = {})
-        : mounts_(mounts), resolver_(mounts, names_), roads_(roads) {}
-    // The next one may come to lie at the same address.
-    ~LinuxFileSystem() override { ForgetLooks(); }
+    explicit LinuxFileSystem(Mounts& mounts, CopyRoads roads = {}, StoreClock clock = {})
+        : mounts_(mounts), store_(std::move(clock)), resolver_(mounts, store_), roads_(roads) {}
 
     Result<ObjectFacts> Facts(std::string_view path) override;
-    bool SeemsFree(std::string_view path) override;
+    Result<Look> LookAt(std::string_view path) override;
+    std::optional<FreePlace> KnownFree(std::string_view path) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;
@@ -35,6 +34,11 @@ class LinuxFileSystem : public FileSystem {
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
+    Result<void> CopyFileTo(const Look& from, const FreePlace& to,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFileTo(const Look& from, const FreePlace& to,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
     Result<void> DeleteFile(std::string_view path, bool force) override;
     Result<void> RemoveFolder(std::string_view path) override;
     Result<void> CreateFolder(std::string_view path) override;
@@ -51,38 +55,54 @@ class LinuxFileSystem : public FileSystem {
     // ---- for the other parts of this machine ----
 
     // The object: 53 missing, 76 when a folder on the way is missing.
-    Result<Place> Existing(std::string_view path) const { return resolver_.Existing(path); }
+    Result<Resolved> Existing(std::string_view path) const { return resolver_.Existing(path); }
     // To be told when an object was taken away by another road.
-    void NoteGone(const Place& place);
+    void NoteGone(const Resolved& place);
+    // What its store of folders had to do so far.
+    StoreCounts Counts() const { return store_.Counts(); }
 
   private:
-    Result<Place> TruePlace(std::string_view path);
-    // A file as the same thread saw it less than a millisecond ago; else as it is now.
-    Result<Place> FileLookedAt(std::string_view path);
-    // The place for what is put there in one step that never replaces, by what the same thread was
-    // told less than a millisecond ago.
-    Result<Place> NewTarget(std::string_view path);
-    static void ForgetLooks();
-    // What is known of a folder that left its place.
-    void ForgetFolder(const std::string& native);
+    // A look or a free place hands down what it was resolved to. That is believed as long as a
+    // folder is (FolderStore::kBelieved) and nothing was changed here in between.
+    struct ResolvedLook;
+    static std::uint64_t NextNumber();
+    std::shared_ptr<const Known> Keep(Resolved place) const;
+    // Null where it isn't believed.
+    std::shared_ptr<const Resolved> Believed(const std::shared_ptr<const Known>& known) const;
+    Result<std::shared_ptr<const Resolved>> SourceOf(const Look& look) const;
+    Result<std::shared_ptr<const Resolved>> TargetOf(const FreePlace& place) const;
+
+    Result<Resolved> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
-    Result<Place> FileForBytes(std::string_view path, bool toWrite);
-    Result<void> CopyOne(const Place& source, const Place& target, std::string_view from,
+    Result<Resolved> FileForBytes(std::string_view path, bool toWrite);
+    Result<ObjectFacts> FactsOf(const Resolved& place, std::string_view path);
+    // The parts of the routines above, with both objects found.
+    Result<void> Copy(const Resolved& source, const Resolved& target, std::string_view from,
+                      std::string_view to, bool overwrite, const CopyObserver& observer);
+    Result<void> Move(const Resolved& source, const Resolved& target, std::string_view from,
+                      std::string_view to, const CopyObserver& observer);
+    Result<void> MoveFolder(const Resolved& source, const Resolved& target, std::string_view from,
+                            std::string_view to);
+    Result<void> CopyOne(const Resolved& source, const Resolved& target, std::string_view from,
                          std::string_view to, CopyRun& run);
     // Where the source of a planned copy lies, if its facts tell of each change. For any thread.
     bool FindAhead(AheadItem& item) const;
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
     // Whether a target keeps an object from getting its name.
-    bool IsTaken(const Place& source, const Place& target);
-    Sys<void> Rename(const Place& source, const Place& target);
-    Result<void> MoveAcross(const Place& source, const Place& target, std::string_view from,
+    bool IsTaken(const Resolved& source, const Resolved& target);
+    Sys<void> Rename(const Resolved& source, const Resolved& target);
+    Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
-    void NoteMade(const Place& place);
-    void NoteRenamed(const Place& source, const Place& target);
+    // An object is another than it was: no look that was taken before stands.
+    void NoteChanged() { ++changes_; }
+    void NoteMade(const Resolved& place);
+    void NoteRenamed(const Resolved& source, const Resolved& target);
 
     Mounts& mounts_;
-    NameCache names_;
+    FolderStore store_;
     PathResolver resolver_;
+    std::atomic<std::uint64_t> changes_ = 0; // made here so far
+    const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
 };

@@ -7,8 +7,8 @@ LinuxPlatform::LinuxPlatform(LinuxOptions options)
 
 LinuxPlatform::LinuxPlatform(LinuxOptions options, const EnvironmentSource& source)
     : mounts_(std::move(options.extraDrives), std::move(options.readMounts)),
-      files_(mounts_, options.copyRoads), paths_(mounts_, source.home), clock_(options.now),
-      environment_(source, paths_) {
+      files_(mounts_, options.copyRoads, options.storeClock), paths_(mounts_, source.home),
+      clock_(options.now), environment_(source, paths_) {
     if (options.hasDesktop) {
         launcher_ = std::make_unique<LinuxLauncher>(files_, paths_);
     } else {

@@ -27,6 +27,7 @@ struct LinuxOptions {
     bool hasDesktop = true;            // false: other programs are never started
     Mounts::ReadText readMounts;       // the mount table's text; this process's unless given
     CopyRoads copyRoads;
+    StoreClock storeClock;
 };
 
 // The machine that the program runs on. It owns all parts.

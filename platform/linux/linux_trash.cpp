@@ -3,6 +3,7 @@
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/trash_folder.h"
 #include "platform/names.h"
+#include "platform/try.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -12,7 +13,7 @@ namespace tarvix::platform {
 
 namespace {
 // The true path of the folder around a place.
-Sys<std::string> TrueFolder(const Place& place) {
+Sys<std::string> TrueFolder(const Resolved& place) {
     struct Free {
         void operator()(char* text) const { std::free(text); }
     };
@@ -38,7 +39,7 @@ std::string TopOf(std::string folder, std::uint64_t device) {
 // since an open folder keeps a drive from being taken out.
 class TrashRun {
   public:
-    Sys<void> Recycle(const Place& place) {
+    Sys<void> Recycle(const Resolved& place) {
         auto taken = Take(place);
         if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
         if (!StatOfPath(place.native)) return taken;
@@ -47,39 +48,35 @@ class TrashRun {
     }
 
   private:
-    Sys<void> Take(const Place& place);
-    Sys<TrashFolder*> TrashFor(const Place& place, const std::string& folder);
+    Sys<void> Take(const Resolved& place);
+    Sys<TrashFolder*> TrashFor(const Resolved& place, const std::string& folder);
 
     std::map<std::uint64_t, TrashFolder> trashes_; // by device
     std::string folder_;                           // the last, as it was asked for
     std::string trueFolder_;
 };
 
-Sys<void> TrashRun::Take(const Place& place) {
+Sys<void> TrashRun::Take(const Resolved& place) {
     if (const std::string folder(place.Folder()); folder != folder_) {
-        auto real = TrueFolder(place);
-        if (!real) return std::unexpected(real.error());
+        TX_TRY_ASSIGN(trueFolder_, TrueFolder(place));
         folder_ = folder;
-        trueFolder_ = std::move(*real);
     }
-    const auto trash = TrashFor(place, trueFolder_);
-    if (!trash) return std::unexpected(trash.error());
-    const auto location = Locate(place.native);
-    if (!location) return std::unexpected(location.error());
+    TX_TRY_ASSIGN(TrashFolder* const trash, TrashFor(place, trueFolder_));
+    TX_TRY_ASSIGN(const Location location, Locate(place.native));
     const std::string path =
         (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
-    return (*trash)->Take(*location, path, S_ISDIR(place.st->stx_mode));
+    return trash->Take(location, path, S_ISDIR(place.st->stx_mode));
 }
 
-Sys<TrashFolder*> TrashRun::TrashFor(const Place& place, const std::string& folder) {
+Sys<TrashFolder*> TrashRun::TrashFor(const Resolved& place, const std::string& folder) {
     const std::uint64_t device = DeviceOf(*place.st);
     const auto known = trashes_.find(device);
     if (known != trashes_.end()) return &known->second;
     const auto home = StatBehindPath(g_get_home_dir());
     const bool isHome = home && DeviceOf(*home) == device;
-    auto trash = isHome ? TrashFolder::OfHome() : TrashFolder::OfMount(TopOf(folder, device));
-    if (!trash) return std::unexpected(trash.error());
-    return &trashes_.emplace(device, std::move(*trash)).first->second;
+    TX_TRY_ASSIGN(auto trash,
+                  isHome ? TrashFolder::OfHome() : TrashFolder::OfMount(TopOf(folder, device)));
+    return &trashes_.emplace(device, std::move(trash)).first->second;
 }
 
 std::unexpected<PlatformError> TrashFailure(int error, const std::string& path) {
@@ -101,12 +98,11 @@ Result<void> LinuxTrash::Recycle(std::span<const std::string> paths,
     for (std::size_t done = 0; done < paths.size(); ++done) {
         const std::string& path = paths[done];
         if (observer && !observer(done)) return FailureBy(kInterrupted, path);
-        const auto place = files_.Existing(path);
-        if (!place) return std::unexpected(place.error());
-        if (place->IsRoot()) return FailureBy(kPermissionDenied, path);
-        const auto taken = run.Recycle(*place);
+        TX_TRY_ASSIGN(const Resolved place, files_.Existing(path));
+        if (place.IsRoot()) return FailureBy(kPermissionDenied, path);
+        const auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), path);
-        files_.NoteGone(*place);
+        files_.NoteGone(place);
     }
     return {};
 }

@@ -2,16 +2,18 @@
 
 #include "platform/drive_path.h"
 #include "platform/names.h"
+#include "platform/try.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <unordered_map>
 
 namespace tarvix::platform {
 
 namespace {
+constexpr int kMostTries = 3;
+
 // Where the last name of a native path starts.
 std::size_t NameStart(const std::string& native) {
     const void* const slash = ::memrchr(native.data(), '/', native.size());
@@ -20,59 +22,6 @@ std::size_t NameStart(const std::string& native) {
                : static_cast<std::size_t>(static_cast<const char*>(slash) - native.data()) + 1;
 }
 
-bool MayBeFoundLoosely(int error) {
-    return error == ENOENT;
-}
-
-// Folders on drives that a thread worked out: most paths are followed by others like them.
-class KnownFolders {
-  public:
-    // Where a path in one of the folders leads; nothing for names that mean more than a name.
-    std::optional<Place> Find(const std::shared_ptr<const DriveTable>& drives,
-                              std::string_view path) const {
-        const std::size_t slash = path.rfind('\\');
-        if (slash == path.npos || drives != drives_) return std::nullopt;
-        const auto found = folders_.find(path.substr(0, slash));
-        if (found == folders_.end() || !CanBeName(path.substr(slash + 1))) return std::nullopt;
-        const Folder& known = found->second;
-        Place place{known.root, {}, known.baseEnd, {}, drives, {}};
-        place.native.reserve(known.native.size() + path.size() - slash);
-        place.native.append(known.native).append(1, '/');
-        AppendNameToNative(place.native, path.substr(slash + 1));
-        return place;
-    }
-
-    void Note(const Place& place, std::string_view path) {
-        const std::size_t slash = path.rfind('\\');
-        if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
-        if (drives_ != place.drives || folders_.size() >= kMostFolders) folders_.clear();
-        drives_ = place.drives;
-        folders_.insert_or_assign(
-            std::string(path.substr(0, slash)),
-            Folder{place.root, place.native.substr(0, NameStart(place.native) - 1), place.baseEnd});
-    }
-
-  private:
-    static constexpr std::size_t kMostFolders = 2048;
-    struct Folder {
-        std::string root;
-        std::string native;
-        std::size_t baseEnd = 0;
-    };
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view s) const {
-            return std::hash<std::string_view>()(s);
-        }
-    };
-
-    std::shared_ptr<const DriveTable> drives_;
-    // By drive form, as it was given, without the final "\".
-    std::unordered_map<std::string, Folder, Hash, std::equal_to<>> folders_;
-};
-
-thread_local KnownFolders knownFolders;
-
 std::string UpperRoot(std::string_view root) {
     std::string out(root);
     if (out.size() == 2 && out[0] >= 'a' && out[0] <= 'z') {
@@ -80,19 +29,23 @@ std::string UpperRoot(std::string_view root) {
     }
     return out;
 }
+
+void SetLastName(std::string& native, std::string_view name) {
+    native.replace(NameStart(native), native.npos, name);
+}
 } // namespace
 
-std::string_view Place::Folder() const {
+std::string_view Resolved::Folder() const {
     const std::size_t name = NameStart(native);
     if (name <= 1) return "/";
     return std::string_view(native).substr(0, name - 1);
 }
 
-std::string_view Place::NativeName() const {
+std::string_view Resolved::NativeName() const {
     return std::string_view(native).substr(NameStart(native));
 }
 
-std::string Place::DrivePath() const {
+std::string Resolved::DrivePath() const {
     std::string out = root;
     const std::size_t start = out.size();
     std::size_t begin = baseEnd;
@@ -106,119 +59,142 @@ std::string Place::DrivePath() const {
     return out;
 }
 
-Result<Place> PathResolver::ByText(std::string_view path) const {
-    Place place;
+// ---- by text ----
+
+// Nothing for names that mean more than a name.
+std::optional<Resolved> PathResolver::ByWay(const std::shared_ptr<const DriveTable>& drives,
+                                            std::string_view path) const {
+    const std::size_t slash = path.rfind('\\');
+    if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return std::nullopt;
+    auto way = store_.FindWay(drives, path.substr(0, slash), path.size() - slash);
+    if (!way) return std::nullopt;
+    Resolved place{std::move(way->root), std::move(way->native), way->baseEnd, {}, drives, {}};
+    place.native += '/';
+    AppendNameToNative(place.native, path.substr(slash + 1));
+    return place;
+}
+
+void PathResolver::NoteWay(const Resolved& place, std::string_view path) const {
+    const std::size_t slash = path.rfind('\\');
+    if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
+    store_.NoteWay(
+        place.drives, path.substr(0, slash),
+        {place.root, place.native.substr(0, NameStart(place.native) - 1), place.baseEnd});
+}
+
+Result<Resolved> PathResolver::ByText(std::string_view path) const {
+    Resolved place;
     place.drives = mounts_.Now();
-    if (auto known = knownFolders.Find(place.drives, path)) return std::move(*known);
-    const auto parsed = ParseDrivePath(path);
-    if (!parsed) return std::unexpected(parsed.error());
-    auto base = place.drives->BaseOf(*parsed);
+    auto known = ByWay(place.drives, path);
+    store_.NoteResolved(!known.has_value());
+    if (known) return std::move(*known);
+    TX_TRY_ASSIGN(const DrivePath parsed, ParseDrivePath(path));
+    auto base = place.drives->BaseOf(parsed);
     if (!base) return FailureBy(kPathNotFound, path);
-    place.root = UpperRoot(parsed->root);
+    place.root = UpperRoot(parsed.root);
     place.native = std::move(base->folder);
     place.native.reserve(place.native.size() + path.size());
     place.baseEnd = place.native.size();
-    for (std::size_t i = 0; i < parsed->names.size(); ++i) {
+    for (std::size_t i = 0; i < parsed.names.size(); ++i) {
         if (i < base->namesTaken) {
             place.root += '\\';
-            place.root += parsed->names[i];
+            place.root += parsed.names[i];
             continue;
         }
         place.native += '/';
-        AppendNameToNative(place.native, parsed->names[i]);
+        AppendNameToNative(place.native, parsed.names[i]);
     }
     // On a share more than the folder may tell where a name leads.
-    if (place.root.size() == 2 && !place.IsRoot()) knownFolders.Note(place, path);
+    if (place.root.size() == 2 && !place.IsRoot()) NoteWay(place, path);
     return place;
 }
 
-Result<Place> PathResolver::Existing(std::string_view path) const {
-    auto place = ByText(path);
-    if (!place) return place;
-    const auto st = StatOfPath(place->native);
-    if (st) {
-        place->st = *st;
-        return place;
-    }
-    if (!MayBeFoundLoosely(st.error())) return FailureOf(st.error(), path);
-    auto found = Loosely(std::move(*place), path);
-    if (found && !found->Exists()) return FailureOf(ENOENT, path);
-    return found;
+// ---- by the disk ----
+
+Result<Resolved> PathResolver::Existing(std::string_view path) const {
+    auto place = Target(path);
+    if (place && !place->Exists()) return FailureOf(ENOENT, path);
+    return place;
 }
 
-Result<Place> PathResolver::Target(std::string_view path) const {
+Result<Resolved> PathResolver::Target(std::string_view path) const {
     auto place = ByText(path);
     if (!place) return place;
-    const auto st = StatOfPath(place->native);
+    const auto st = store_.Stat(place->native);
     if (st) {
         place->st = *st;
         return place;
     }
-    if (!MayBeFoundLoosely(st.error())) return FailureOf(st.error(), path);
+    if (st.error() != ENOENT) return FailureOf(st.error(), path);
     return Loosely(std::move(*place), path);
 }
 
-Result<Place> PathResolver::NewTarget(std::string_view path) const {
-    if (auto place = FreePlace(path)) return std::move(*place);
+Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
+    if (auto place = KnownFree(path)) return std::move(*place);
     return Target(path);
 }
 
-std::optional<Place> PathResolver::FreePlace(std::string_view path) const {
+std::optional<Resolved> PathResolver::KnownFree(std::string_view path) const {
     auto place = ByText(path);
     if (!place || place->IsRoot()) return std::nullopt;
-    if (!names_.IsKnownFree(place->Folder(), place->NativeName())) return std::nullopt;
+    if (!store_.IsKnownFree(place->Folder(), place->NativeName())) return std::nullopt;
     return std::move(*place);
 }
 
-// Most often only the last name isn't there as it stands.
-Result<Place> PathResolver::Loosely(Place exact, std::string_view path) const {
-    if (exact.IsRoot()) return FailureBy(kPathNotFound, path);
-    const auto name = names_.Find(exact.Folder(), NameToDrive(exact.NativeName()));
-    if (name) return InFolder(std::move(exact), path, *name);
-    if (name.error() == ENOENT) return ByWalk(std::move(exact), path);
-    // A folder that can't be listed holds what its exact names say, and no more.
-    if (name.error() == EACCES || name.error() == EPERM) {
-        return InFolder(std::move(exact), path, std::nullopt);
+// A name that is known but gone was taken away by others: what is there now is read anew.
+Sys<std::optional<PathResolver::Found>> PathResolver::FindIn(std::string_view folder,
+                                                             const std::string& wanted) const {
+    for (int i = 0; i < kMostTries; ++i) {
+        TX_TRY_ASSIGN(auto name, store_.Find(folder, NameToDrive(wanted)));
+        if (!name) return std::nullopt;
+        const auto st = store_.Stat(std::string(folder == "/" ? "" : folder) + "/" + *name);
+        if (st) return Found{std::move(*name), *st};
+        if (st.error() != ENOENT) return std::unexpected(st.error());
+        store_.Forget(folder);
     }
-    return FailureOf(name.error(), path);
+    return std::nullopt;
 }
 
-Result<Place> PathResolver::InFolder(Place place, std::string_view path,
-                                     const std::optional<std::string>& name) const {
-    if (!name) return place;
-    if (*name != place.NativeName()) place.otherName = place.NativeName();
-    place.native.replace(place.native.rfind('/') + 1, place.native.npos, *name);
-    const auto st = StatOfPath(place.native);
-    if (st) place.st = *st;
-    if (!st && st.error() != ENOENT) return FailureOf(st.error(), path);
-    if (!st) names_.Forget(place.Folder());
-    return place;
+// Most often only the last name isn't there as it stands.
+Result<Resolved> PathResolver::Loosely(Resolved exact, std::string_view path) const {
+    if (exact.IsRoot()) return FailureBy(kPathNotFound, path);
+    const std::string wanted(exact.NativeName());
+    const auto found = FindIn(exact.Folder(), wanted);
+    if (!found && found.error() == ENOENT) return ByWalk(std::move(exact), path);
+    // A folder that can't be listed holds what its exact names say, and no more.
+    const bool isUnlisted = !found && (found.error() == EACCES || found.error() == EPERM);
+    if (!found && !isUnlisted) return FailureOf(found.error(), path);
+    if (isUnlisted || !*found) return exact;
+    if ((*found)->name != wanted) exact.otherName = wanted;
+    SetLastName(exact.native, (*found)->name);
+    exact.st = (*found)->st;
+    return exact;
 }
 
-Result<Place> PathResolver::ByWalk(Place place, std::string_view path) const {
+Result<Resolved> PathResolver::ByWalk(Resolved place, std::string_view path) const {
     const std::string wanted = std::move(place.native);
     place.native = wanted.substr(0, place.baseEnd);
     std::size_t begin = place.baseEnd;
     while (begin < wanted.size()) {
         const std::size_t end = std::min(wanted.find('/', begin + 1), wanted.size());
         const std::string name = wanted.substr(begin + 1, end - begin - 1);
+        const bool isLast = end == wanted.size();
         const std::string folder = place.native.empty() ? "/" : place.native;
         place.native += '/';
         place.native += name;
         begin = end;
         place.st.reset();
-        auto st = StatOfPath(place.native);
-        if (!st && MayBeFoundLoosely(st.error())) {
-            const auto found = names_.Find(folder, NameToDrive(name));
+        auto st = store_.Stat(place.native);
+        if (!st && st.error() == ENOENT) {
+            const auto found = FindIn(folder, name);
             const bool isMissing = !found || !*found;
-            if (isMissing && begin < wanted.size()) return FailureBy(kPathNotFound, path);
-            if (!found && (found.error() == ENOENT || found.error() == ENOTDIR)) {
-                return FailureBy(kPathNotFound, path);
-            }
+            const bool hasNoFolder =
+                !found && (found.error() == ENOENT || found.error() == ENOTDIR);
+            if (hasNoFolder || (isMissing && !isLast)) return FailureBy(kPathNotFound, path);
             if (isMissing) return place;
-            place.native.replace(place.native.size() - name.size(), name.size(), **found);
-            if (begin == wanted.size() && **found != name) place.otherName = name;
-            st = StatOfPath(place.native);
+            if (isLast && (*found)->name != name) place.otherName = name;
+            SetLastName(place.native, (*found)->name);
+            st = (*found)->st;
         }
         if (!st) return FailureOf(st.error(), path);
         place.st = *st;
@@ -226,14 +202,14 @@ Result<Place> PathResolver::ByWalk(Place place, std::string_view path) const {
     return place;
 }
 
-Result<Place> PathResolver::Spelled(Place place, std::string_view path) const {
+Result<Resolved> PathResolver::Spelled(Resolved place, std::string_view path) const {
     const std::string found = std::move(place.native);
     place.native = found.substr(0, place.baseEnd);
     for (std::size_t begin = place.baseEnd; begin < found.size();) {
         const std::size_t end = std::min(found.find('/', begin + 1), found.size());
         const std::string name = found.substr(begin + 1, end - begin - 1);
         const auto spelled =
-            names_.Find(place.native.empty() ? "/" : place.native, NameToDrive(name));
+            store_.Find(place.native.empty() ? "/" : place.native, NameToDrive(name));
         if (!spelled && spelled.error() != EACCES) return FailureOf(spelled.error(), path);
         place.native += '/';
         place.native += spelled && *spelled ? **spelled : name;
@@ -242,7 +218,7 @@ Result<Place> PathResolver::Spelled(Place place, std::string_view path) const {
     return place;
 }
 
-Result<Place> PathResolver::Folder(std::string_view path) const {
+Result<Resolved> PathResolver::Folder(std::string_view path) const {
     auto place = Existing(path);
     if (!place) {
         if (place.error().number != kFileNotFound) return place;
@@ -252,13 +228,13 @@ Result<Place> PathResolver::Folder(std::string_view path) const {
     return place;
 }
 
-Result<Place> PathResolver::File(std::string_view path) const {
+Result<Resolved> PathResolver::File(std::string_view path) const {
     auto place = Existing(path);
     if (place && S_ISDIR(place->st->stx_mode)) return FailureBy(kFileNotFound, path);
     return place;
 }
 
-bool LeadsToFolder(const Place& place) {
+bool LeadsToFolder(const Resolved& place) {
     if (!place.Exists()) return false;
     if (S_ISDIR(place.st->stx_mode)) return true;
     if (!S_ISLNK(place.st->stx_mode)) return false;
@@ -266,14 +242,13 @@ bool LeadsToFolder(const Place& place) {
     return behind && S_ISDIR(behind->stx_mode);
 }
 
-Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path) {
+Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path) {
     const std::string folder(place.Folder());
     const auto location = Locate(folder);
     auto fd = location ? OpenAt(*location, O_PATH | O_DIRECTORY)
                        : Sys<UniqueFd>(std::unexpected(location.error()));
     if (!fd && fd.error() == ENOENT) return FailureBy(kPathNotFound, path);
-    if (!fd) return FailureOf(fd.error(), path);
-    return std::move(*fd);
+    return Named(std::move(fd), path);
 }
 
 } // namespace tarvix::platform

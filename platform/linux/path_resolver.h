@@ -2,7 +2,7 @@
 
 #include "platform/linux/drive_table.h"
 #include "platform/linux/errno_failure.h"
-#include "platform/linux/name_cache.h"
+#include "platform/linux/folder_store.h"
 #include "platform/linux/system_calls.h"
 
 #include <memory>
@@ -13,7 +13,7 @@
 namespace tarvix::platform {
 
 // Where a drive path leads.
-struct Place {
+struct Resolved {
     std::string root;        // "C:" or "\\server\share", as given, drive in upper case
     std::string native;      // absolute native path; existing parts as the disk spells them
     std::size_t baseEnd = 0; // behind the drive's own folder; the names of the path follow
@@ -33,44 +33,51 @@ struct Place {
 };
 
 // Finds objects by drive path: the exact name first, then made short names, then without regard to
-// case.
+// case. Each routine gives 52 for a path that can't be one and 76 for an unknown drive.
 class PathResolver {
   public:
-    PathResolver(Mounts& mounts, NameCache& names) : mounts_(mounts), names_(names) {}
+    PathResolver(Mounts& mounts, FolderStore& store) : mounts_(mounts), store_(store) {}
 
-    // Where the path leads by its text alone. 52, 76 for an unknown drive.
-    Result<Place> ByText(std::string_view path) const;
+    // Where the path leads by its text alone; the disk isn't looked at.
+    Result<Resolved> ByText(std::string_view path) const;
     // The object: 53 missing, 76 when a folder on the way is missing.
-    Result<Place> Existing(std::string_view path) const;
+    Result<Resolved> Existing(std::string_view path) const;
     // The object or the place for a new one: 76 when its folder is missing.
-    Result<Place> Target(std::string_view path) const;
+    Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what
     // others put there just now may be missed.
-    Result<Place> NewTarget(std::string_view path) const;
+    Result<Resolved> NewTarget(std::string_view path) const;
     // That place, if it is known to be free without a look at the disk.
-    std::optional<Place> FreePlace(std::string_view path) const;
+    std::optional<Resolved> KnownFree(std::string_view path) const;
     // The same object with each name as the disk spells it, for file systems that find exact names
     // in any case.
-    Result<Place> Spelled(Place place, std::string_view path) const;
+    Result<Resolved> Spelled(Resolved place, std::string_view path) const;
     // A folder, or a link to one: 76.
-    Result<Place> Folder(std::string_view path) const;
+    Result<Resolved> Folder(std::string_view path) const;
     // Anything but a folder; a link to a folder is taken: 53.
-    Result<Place> File(std::string_view path) const;
+    Result<Resolved> File(std::string_view path) const;
 
   private:
-    Result<Place> Loosely(Place exact, std::string_view path) const;
-    Result<Place> ByWalk(Place place, std::string_view path) const;
-    Result<Place> InFolder(Place place, std::string_view path,
-                           const std::optional<std::string>& name) const;
+    // An object that is there, as the disk spells its name.
+    struct Found {
+        std::string name;
+        struct statx st;
+    };
+    std::optional<Resolved> ByWay(const std::shared_ptr<const DriveTable>& drives,
+                                  std::string_view path) const;
+    void NoteWay(const Resolved& place, std::string_view path) const;
+    Sys<std::optional<Found>> FindIn(std::string_view folder, const std::string& wanted) const;
+    Result<Resolved> Loosely(Resolved exact, std::string_view path) const;
+    Result<Resolved> ByWalk(Resolved place, std::string_view path) const;
 
     Mounts& mounts_;
-    NameCache& names_;
+    FolderStore& store_;
 };
 
 // Whether an object is a folder, or a link that leads to one.
-bool LeadsToFolder(const Place& place);
+bool LeadsToFolder(const Resolved& place);
 
 // The folder around a place, open to reach what is in it: 76.
-Result<UniqueFd> OpenFolderOf(const Place& place, std::string_view path);
+Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path);
 
 } // namespace tarvix::platform

@@ -1,6 +1,6 @@
 #include "platform/linux/system_calls.h"
 
-#include "platform/linux/held_folders.h"
+#include "platform/try.h"
 
 #include <climits>
 
@@ -17,7 +17,10 @@ constexpr unsigned kMask = STATX_BASIC_STATS | STATX_BTIME;
 constexpr int kFlags = AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT;
 constexpr std::size_t kSystemTextLimit = 16 << 20;
 
+thread_local CallCounts callsOfThread;
+
 Sys<struct statx> Stat(At at, int flags) {
+    ++callsOfThread.looks;
     struct statx st;
     if (::statx(at.folder, at.name, kFlags | flags, kMask, &st) != 0) {
         return std::unexpected(errno);
@@ -32,23 +35,14 @@ Location::operator At() const {
 
 Sys<Location> Locate(const std::string& native) {
     Location location{nullptr, native.empty() ? "/" : native.c_str()};
-    if (HeldFolders& folders = HeldFolders::OfThread(); folders.IsOn()) {
-        const std::size_t slash = std::min(native.rfind('/'), native.size());
-        location.folder = folders.Find(std::string_view(native).substr(0, slash));
-        if (location.folder) {
-            location.name = native.c_str() + slash + 1;
-            return location;
-        }
-    }
     std::size_t begin = 0;
     while (native.size() - begin >= PATH_MAX) {
         const std::size_t slash = native.rfind('/', begin + PATH_MAX - 1);
         if (slash == native.npos || slash <= begin) return std::unexpected(ENAMETOOLONG);
         const std::string step = native.substr(begin, slash - begin);
         const int from = location.folder ? location.folder->Get() : AT_FDCWD;
-        auto opened = OpenAt({from, step.c_str()}, O_PATH | O_DIRECTORY);
-        if (!opened) return std::unexpected(opened.error());
-        location.folder = std::make_shared<const UniqueFd>(std::move(*opened));
+        TX_TRY_ASSIGN(UniqueFd opened, OpenAt({from, step.c_str()}, O_PATH | O_DIRECTORY));
+        location.folder = std::make_shared<const UniqueFd>(std::move(opened));
         begin = slash + 1;
         location.name = native.c_str() + begin;
     }
@@ -68,15 +62,17 @@ Sys<struct statx> StatOf(int fd) {
 }
 
 Sys<struct statx> StatOfPath(const std::string& native) {
-    const auto location = Locate(native);
-    if (!location) return std::unexpected(location.error());
-    return StatOf(At(*location));
+    TX_TRY_ASSIGN(const Location location, Locate(native));
+    return StatOf(At(location));
 }
 
 Sys<struct statx> StatBehindPath(const std::string& native) {
-    const auto location = Locate(native);
-    if (!location) return std::unexpected(location.error());
-    return StatBehind(*location);
+    TX_TRY_ASSIGN(const Location location, Locate(native));
+    return StatBehind(location);
+}
+
+CallCounts CallsOfThread() {
+    return callsOfThread;
 }
 
 std::uint64_t DeviceOf(const struct statx& st) {
@@ -99,6 +95,7 @@ FileTime TimeOf(const struct statx_timestamp& stamp) {
 }
 
 Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode) {
+    ++callsOfThread.opens;
     while (true) {
         UniqueFd fd(::openat(at.folder, at.name, flags | O_CLOEXEC, mode));
         if (fd) return fd;

@@ -27,8 +27,7 @@ struct Location {
     operator At() const; // NOLINT: meant to stand for it
 };
 
-// Starts from a folder that the thread holds open, and else walks an absolute path in steps where
-// it is longer than the system takes at once.
+// An absolute path as it is, or walked in steps where it is longer than the system takes at once.
 Sys<Location> Locate(const std::string& native);
 
 // Facts of an object as the system gives them, links not followed; birth time where it is kept.
@@ -39,6 +38,13 @@ Sys<struct statx> StatOf(int fd);
 // The path is taken in steps, as by Locate.
 Sys<struct statx> StatOfPath(const std::string& native);
 Sys<struct statx> StatBehindPath(const std::string& native);
+
+// The calls of these routines that the thread made, from its start.
+struct CallCounts {
+    std::uint64_t looks = 0; // at an object
+    std::uint64_t opens = 0;
+};
+CallCounts CallsOfThread();
 
 std::uint64_t DeviceOf(const struct statx& st);
 bool IsSameObject(const struct statx& a, const struct statx& b);

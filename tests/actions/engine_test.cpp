@@ -280,7 +280,45 @@ TEST_F(Engine, AFolderThatAppearsMeanwhileIsNeverFilledNorTakenAway) {
     EXPECT_EQ(Disk().Content("C:\\d\\sub\\mine"), "mine");
     EXPECT_FALSE(Disk().Exists("C:\\d\\sub\\1.txt"));
     EXPECT_THAT(machine.bin.Paths(), IsEmpty());
-    ExpectTotals(0, 0, 1);
+    ExpectTotals(0, 1, 0);
+}
+
+TEST_F(Engine, AFileThatAppearsMeanwhileIsADuplicateAsAnyOther) {
+    Disk().AddFile("C:\\t\\1.txt", "1");
+    Find();
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("CopyFile", 1, [this] { Disk().AddFile("C:\\d\\1.txt", "theirs"); });
+    Copy(To("C:\\d"));
+    EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "theirs");
+    ExpectTotals(0, 1, 0);
+    EXPECT_EQ(machine.faults.Count("CopyFile"), 1U);
+}
+
+TEST_F(Engine, AFileThatAppearsMeanwhileIsNotMovedOver) {
+    Disk().AddFile("C:\\t\\1.txt", "1");
+    Find();
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("MoveFile", 1, [this] { Disk().AddFile("C:\\d\\1.txt", "theirs"); });
+    Move(To("C:\\d"));
+    EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "theirs");
+    EXPECT_EQ(Disk().Content("C:\\t\\1.txt"), "1");
+    ExpectTotals(0, 1, 0);
+}
+
+TEST_F(Engine, ANewNameThatIsTakenMeanwhileGivesWayToTheNext) {
+    Disk().AddFile("C:\\t\\1.txt", "1");
+    Disk().AddFile("C:\\d\\1.txt", "there");
+    Find();
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("CopyFile", 1, [this] { Disk().AddFile("C:\\d\\1_.txt", "theirs"); });
+    Copy([this](fields::FrmDialog& form) {
+        To("C:\\d", "chkRename")(form);
+        Set(form.txtRename, "_");
+    });
+    EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "there");
+    EXPECT_EQ(Disk().Content("C:\\d\\1_.txt"), "theirs");
+    EXPECT_EQ(Disk().Content("C:\\d\\1__.txt"), "1");
+    ExpectTotals(1, 0, 0);
 }
 
 // ---- long paths ----

@@ -245,12 +245,12 @@ TEST(LinuxLooks, AnotherFileSystemThatLiesWhereOneWasLooksForItself) {
     files.emplace(first);
     EXPECT_FALSE(files->Facts("T:\\NONE"));
     EXPECT_TRUE(files->Facts("T:\\a.txt"));
-    EXPECT_TRUE(files->SeemsFree("T:\\b.txt"));
+    EXPECT_TRUE(files->KnownFree("T:\\b.txt"));
     files.emplace(second);
     EXPECT_EQ(NumberOf(files->MoveFile("T:\\a.txt", "T:\\c.txt", {})), kFileNotFound);
     files.emplace(first);
     EXPECT_FALSE(files->Facts("T:\\NONE"));
-    EXPECT_TRUE(files->SeemsFree("T:\\c.txt"));
+    EXPECT_TRUE(files->KnownFree("T:\\c.txt"));
     files.emplace(second);
     EXPECT_TRUE(files->MoveFile("T:\\b.txt", "T:\\c.txt", {}));
     EXPECT_TRUE(std::filesystem::exists(one.Path() + "/a.txt"));

@@ -33,7 +33,7 @@ class LinuxRenameTest : public testing::Test {
                 const auto found = files().TruePath(At("f\\" + asked));
                 EXPECT_EQ(found.value_or("none"), wanted.value_or("none")) << asked;
                 EXPECT_EQ(NumberOf(found), NumberOf(wanted)) << asked;
-                EXPECT_FALSE(wanted && files().SeemsFree(At("f\\" + asked))) << asked;
+                EXPECT_FALSE(wanted && files().KnownFree(At("f\\" + asked))) << asked;
             }
         }
     }
@@ -216,8 +216,8 @@ TEST_F(LinuxRenameTest, RandomRenames) {
             return text::Upper(entry.first) == text::Upper(to) &&
                    (source == onDisk.end() || entry.first != source->first);
         });
-        if (round % 3 == 0) files().SeemsFree(At("f\\" + to));
-        if (round % 5 == 0) static_cast<void>(files().Facts(At("f\\" + from)));
+        if (round % 3 == 0) files().KnownFree(At("f\\" + to));
+        if (round % 5 == 0) static_cast<void>(files().LookAt(At("f\\" + from)));
         const int number = NumberOf(Move(from, to));
         if (source == onDisk.end()) {
             ASSERT_EQ(number, kFileNotFound) << from << " to " << to;

@@ -11,7 +11,7 @@ class LinuxSeemsFreeTest : public testing::TestWithParam<CopyRoads> {
   protected:
     FileSystem& files() { return disk_.Files(); }
     std::string At(std::string_view path) const { return disk_.Root() + "\\" + std::string(path); }
-    bool SeemsFree(std::string_view path) { return files().SeemsFree(At(path)); }
+    bool SeemsFree(std::string_view path) { return files().KnownFree(At(path)).has_value(); }
     std::string Standing(std::string_view path) { return StandingName(files(), At(path)); }
     Result<void> Copy(std::string_view from, std::string_view to) {
         return files().CopyFile(At(from), At(to), false, {});
@@ -90,7 +90,7 @@ TEST_P(LinuxSeemsFreeTest, RootsAndWhatCannotBeANameAreNeverFree) {
     Know("f");
     for (const char* path :
          {"T:", "T:\\", "t:\\.", "Q:\\x", "", "x", "T:\\a?b", "\\\\no\\share\\x"})
-        EXPECT_FALSE(files().SeemsFree(path)) << path;
+        EXPECT_FALSE(files().KnownFree(path)) << path;
     EXPECT_FALSE(SeemsFree("f\\a*"));
     EXPECT_FALSE(SeemsFree("f\\a:b"));
     EXPECT_FALSE(SeemsFree("f\\."));

@@ -178,7 +178,7 @@ TEST_F(LinuxSpellingsTest, ADriveThatComesAndGoesLeadsWhereItLeadsNow) {
         files.Drives();
         EXPECT_EQ(NumberOf(files.Facts(drive + "\\sub\\File.txt")), kPathNotFound);
         EXPECT_EQ(NumberOf(files.Facts(drive + "\\top.txt")), kPathNotFound);
-        EXPECT_FALSE(files.SeemsFree(drive + "\\sub\\new"));
+        EXPECT_FALSE(files.KnownFree(drive + "\\sub\\new"));
     }
 }
 

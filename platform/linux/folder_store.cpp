@@ -1,0 +1,345 @@
+#include "platform/linux/folder_store.h"
+
+#include "platform/linux/folder_reader.h"
+#include "platform/short_names.h"
+#include "platform/try.h"
+
+#include <climits>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+
+namespace tarvix::platform {
+
+namespace {
+constexpr std::size_t kMostFolders = 4096;
+constexpr std::size_t kMostNames = 400'000;
+constexpr std::size_t kMostWays = 2048;
+constexpr std::size_t kMostHeld = 32;
+constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
+// Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
+constexpr std::int64_t kDateStep = 20'000'000;
+constexpr std::int64_t kFreeBelieved = 1'000'000'000;
+constexpr std::int64_t kCheap = 200'000; // nanoseconds
+constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
+
+std::int64_t WallNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
+
+bool HasWholeSeconds(std::int64_t modified) {
+    return modified % 1'000'000'000 == 0;
+}
+} // namespace
+
+StoreCounts FolderStore::Counts() const {
+    const std::scoped_lock lock(mutex_);
+    StoreCounts counts = counts_;
+    counts.resolved = resolved_;
+    counts.parsed = parsed_;
+    counts.walked = walked_;
+    return counts;
+}
+
+// ---- texts ----
+
+void FolderStore::NoteResolved(bool isParsed) {
+    ++resolved_;
+    if (isParsed) ++parsed_;
+}
+
+std::optional<FolderStore::Way>
+FolderStore::FindWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
+                     std::size_t room) {
+    const std::scoped_lock lock(mutex_);
+    if (drives != drives_) return std::nullopt;
+    const auto found = ways_.find(folder);
+    if (found == ways_.end()) return std::nullopt;
+    const Way& known = found->second;
+    Way way{known.root, {}, known.baseEnd};
+    way.native.reserve(known.native.size() + room);
+    way.native.append(known.native);
+    return way;
+}
+
+void FolderStore::NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
+                          Way way) {
+    const std::scoped_lock lock(mutex_);
+    if (drives_ != drives || ways_.size() >= kMostWays) ways_.clear();
+    drives_ = drives;
+    ways_.insert_or_assign(std::string(folder), std::move(way));
+}
+
+// ---- one folder ----
+
+FolderStore::Entry& FolderStore::At(std::string_view path) {
+    auto found = folders_.find(path);
+    if (found == folders_.end()) {
+        MakeRoom();
+        found = folders_.try_emplace(std::string(path)).first;
+    }
+    found->second.usedAt = clock_.tick();
+    return *found;
+}
+
+FolderStore::Folder* FolderStore::WithNames(std::string_view path) {
+    const auto found = folders_.find(path);
+    return found == folders_.end() || !found->second.names ? nullptr : &found->second;
+}
+
+// Another folder at the same path shares nothing with the one that was there.
+void FolderStore::Set(Folder& folder, const struct statx& st, std::int64_t now) {
+    if (folder.inode != st.stx_ino || folder.device != DeviceOf(st)) {
+        folder.names.reset();
+        folder.hasOwnChange = false;
+        folder.inode = st.stx_ino;
+        folder.device = DeviceOf(st);
+    }
+    folder.modified = TimeOf(st.stx_mtime);
+    folder.checkedAt = now;
+}
+
+Sys<void> FolderStore::LookAt(Entry& entry) {
+    auto& [path, folder] = entry;
+    ++counts_.asked;
+    const std::uint64_t device = folder.device;
+    const std::uint64_t inode = folder.inode;
+    auto st = StatBehindPath(path);
+    if (st && !S_ISDIR(st->stx_mode)) st = std::unexpected(ENOTDIR);
+    const bool isSame = st && st->stx_ino == inode && DeviceOf(*st) == device;
+    if (!isSame && folder.fd) {
+        folder.fd.reset();
+        std::erase(held_, &entry);
+    }
+    if (!st) {
+        folder.names.reset();
+        return std::unexpected(st.error());
+    }
+    Set(folder, *st, clock_.tick());
+    return {};
+}
+
+void FolderStore::MakeRoom() {
+    if (folders_.size() < kMostFolders && names_ <= kMostNames) return;
+    // The older half goes at once, so that this is seldom needed.
+    std::vector<std::int64_t> used;
+    used.reserve(folders_.size());
+    for (const auto& [path, folder] : folders_)
+        used.push_back(folder.usedAt);
+    const auto middle = used.begin() + static_cast<std::ptrdiff_t>(used.size() / 2);
+    std::nth_element(used.begin(), middle, used.end());
+    LetGo();
+    std::erase_if(folders_,
+                  [last = *middle](const auto& entry) { return entry.second.usedAt <= last; });
+    names_ = 0;
+    for (const auto& [path, folder] : folders_)
+        names_ += folder.names ? folder.names->Size() : 0;
+}
+
+// ---- descriptors ----
+
+void FolderStore::EndRun() {
+    if (--depth_ > 0) return;
+    const std::scoped_lock lock(mutex_);
+    LetGo();
+}
+
+void FolderStore::LetGo() {
+    for (Entry* entry : held_) {
+        entry->second.fd.reset();
+        entry->second.asked = 0;
+    }
+    held_.clear();
+}
+
+void FolderStore::LetGoBelow(std::string_view path) {
+    std::erase_if(held_, [path](Entry* entry) {
+        if (!IsAtOrBelow(entry->first, path)) return false;
+        entry->second.fd.reset();
+        return true;
+    });
+}
+
+Sys<Location> FolderStore::Locate(const std::string& native) {
+    const std::size_t slash = std::min(native.rfind('/'), native.size());
+    if (depth_ > 0 && slash > 0 && slash < PATH_MAX) {
+        if (auto held = Held(std::string_view(native).substr(0, slash))) {
+            return Location{std::move(held), native.c_str() + slash + 1};
+        }
+    }
+    ++walked_;
+    return platform::Locate(native);
+}
+
+Sys<struct statx> FolderStore::Stat(const std::string& native) {
+    TX_TRY_ASSIGN(const Location location, Locate(native));
+    return StatOf(platform::At(location));
+}
+
+std::shared_ptr<const UniqueFd> FolderStore::Held(std::string_view path) {
+    const std::scoped_lock lock(mutex_);
+    Entry& entry = At(path);
+    Folder& folder = entry.second;
+    if (folder.fd && folder.usedAt - folder.checkedAt > kBelieved) (void)LookAt(entry);
+    if (!folder.fd && ++folder.asked >= kOftenEnough) Hold(entry);
+    return folder.fd;
+}
+
+void FolderStore::Hold(Entry& entry) {
+    auto& [path, folder] = entry;
+    folder.asked = 0;
+    auto fd = OpenAt({AT_FDCWD, path.c_str()}, O_PATH | O_DIRECTORY);
+    if (!fd) return;
+    const auto st = StatOf(fd->Get());
+    if (!st) return;
+    if (held_.size() >= kMostHeld) {
+        const auto oldest = std::ranges::min_element(
+            held_, {}, [](const Entry* held) { return held->second.usedAt; });
+        (*oldest)->second.fd.reset();
+        held_.erase(oldest);
+    }
+    folder.fd = std::make_shared<const UniqueFd>(std::move(*fd));
+    held_.push_back(&entry);
+    Set(folder, *st, clock_.tick());
+}
+
+// ---- names ----
+
+// Reading again must never take more than a small share of the time, however many others' changes
+// and misses follow each other.
+bool FolderStore::IsDue(const Folder& folder, std::int64_t now) {
+    const std::int64_t pause = kShare * folder.readCost;
+    if (folder.hasOwnChange) return now - folder.readAt > std::max(kDateStep, pause);
+    if (!folder.isFresh && folder.namesDate == folder.modified) return false;
+    return folder.readCost < kCheap || now - folder.readAt > pause;
+}
+
+// A folder that we are changing ourselves isn't looked at for each of our own changes.
+Sys<FolderStore::Folder*> FolderStore::Valid(std::string_view path) {
+    Entry& entry = At(path);
+    Folder& folder = entry.second;
+    const bool isTrusted = folder.names && folder.hasOwnChange &&
+                           folder.usedAt - folder.checkedAt <= kBelieved &&
+                           !IsDue(folder, folder.usedAt);
+    if (isTrusted) return &folder;
+    TX_TRY(LookAt(entry));
+    folder.isCurrent =
+        !folder.hasOwnChange && !folder.isFresh && folder.namesDate == folder.modified;
+    if (!folder.names || IsDue(folder, clock_.now())) TX_TRY(Read(entry));
+    return &folder;
+}
+
+Sys<void> FolderStore::Read(Entry& entry) {
+    auto& [path, folder] = entry;
+    ++counts_.read;
+    folder.names.reset();
+    TX_TRY_ASSIGN(const Location location, platform::Locate(path));
+    TX_TRY_ASSIGN(const UniqueFd fd, OpenAt(location, O_RDONLY | O_DIRECTORY));
+    TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
+    const std::int64_t date = folder.modified; // of before: what comes meanwhile changes it
+    Set(folder, st, clock_.tick());
+    folder.modified = folder.namesDate = date;
+    folder.readAt = clock_.now();
+    const std::int64_t step = HasWholeSeconds(date) ? 100 * kDateStep : kDateStep;
+    folder.isFresh = WallNow() - date < step;
+    folder.hasOwnChange = folder.hasOwnChange && folder.isFresh;
+    NameTable names;
+    FolderReader reader(fd.Get());
+    FolderReader::Entry listed{};
+    while (reader.Next(listed))
+        names.Add(listed.name);
+    if (reader.Error() != 0) return std::unexpected(reader.Error());
+    folder.readCost = clock_.now() - folder.readAt;
+    names_ += names.Size();
+    folder.isCurrent = true;
+    folder.names = std::move(names);
+    return {};
+}
+
+Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::string_view name) {
+    const std::scoped_lock lock(mutex_);
+    TX_TRY_ASSIGN(Folder* const valid, Valid(folder));
+    const std::string* const found = valid->names->Find(name);
+    if (found == nullptr) return std::nullopt;
+    return *found;
+}
+
+bool FolderStore::IsKnownFree(std::string_view folder, std::string_view nativeName) {
+    if (LooksLikeMadeShortName(nativeName)) return false;
+    const std::scoped_lock lock(mutex_);
+    Folder* const known = WithNames(folder);
+    if (known == nullptr) return false;
+    known->usedAt = clock_.tick();
+    if (known->hasOwnChange && known->usedAt - known->readAt < kFreeBelieved) {
+        return known->names->IsFree(nativeName);
+    }
+    const auto valid = Valid(folder);
+    return valid && (*valid)->isCurrent && (*valid)->names->IsFree(nativeName);
+}
+
+bool FolderStore::HasOther(std::string_view folder, std::string_view nativeName,
+                           std::string_view except) {
+    const std::scoped_lock lock(mutex_);
+    const auto valid = Valid(folder);
+    return valid && (*valid)->names->HasOther(nativeName, except);
+}
+
+// ---- what this process did ----
+
+void FolderStore::NoteMade(std::string_view native) {
+    const std::scoped_lock lock(mutex_);
+    LetGoBelow(native);
+    const std::size_t slash = native.rfind('/');
+    Add(slash == 0 ? "/" : native.substr(0, slash), native.substr(slash + 1));
+}
+
+void FolderStore::NoteAdded(std::string_view folder, std::string_view nativeName) {
+    const std::scoped_lock lock(mutex_);
+    Add(folder, nativeName);
+}
+
+void FolderStore::Add(std::string_view folder, std::string_view nativeName) {
+    Folder* const known = WithNames(folder);
+    if (known == nullptr) return;
+    known->names->Add(nativeName);
+    known->hasOwnChange = true;
+}
+
+void FolderStore::NoteRemoved(std::string_view folder, std::string_view nativeName) {
+    const std::scoped_lock lock(mutex_);
+    Folder* const known = WithNames(folder);
+    if (known == nullptr) return;
+    known->hasOwnChange = true;
+    if (!known->names->Remove(nativeName)) known->names.reset();
+}
+
+void FolderStore::NoteRenamed(std::string_view folder, std::string_view from, std::string_view to) {
+    const std::scoped_lock lock(mutex_);
+    Folder* const known = WithNames(folder);
+    if (known == nullptr) return;
+    known->hasOwnChange = true;
+    if (!known->names->Rename(from, to)) known->names.reset();
+}
+
+void FolderStore::NoteMoved(std::string_view native) {
+    {
+        const std::scoped_lock lock(mutex_);
+        LetGo();
+    }
+    Forget(native);
+}
+
+void FolderStore::Forget(std::string_view folder) {
+    const std::scoped_lock lock(mutex_);
+    for (auto& [path, known] : folders_) {
+        if (!known.names || !IsAtOrBelow(path, folder)) continue;
+        known.names.reset();
+        known.hasOwnChange = false;
+    }
+}
+
+} // namespace tarvix::platform

@@ -1,0 +1,160 @@
+#pragma once
+
+#include "platform/linux/drive_table.h"
+#include "platform/linux/name_table.h"
+#include "platform/linux/system_calls.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvix::platform {
+
+// The clock that belief is measured by, in nanoseconds that only grow.
+struct StoreClock {
+    std::function<std::int64_t()> now = SteadyNow;
+    std::function<std::int64_t()> tick = SteadyTick; // may lag a few milliseconds behind
+};
+
+// What a store had to do, counted from its start.
+struct StoreCounts {
+    std::uint64_t resolved = 0; // drive paths followed
+    std::uint64_t parsed = 0;   // of these, those taken apart name by name
+    std::uint64_t walked = 0;   // objects reached from "/" on
+    std::uint64_t asked = 0;    // folders looked at, to see whether what is known still stands
+    std::uint64_t read = 0;     // folders whose names were read
+};
+
+// What is known of folders: where their drive paths lead, the names in them and, while a run of
+// calls lasts, descriptors of those in hand. Safe to use from several threads.
+//
+// How long it is believed. Own changes are told to the store and count at once; what the disk
+// contradicts (a name found here is missing, a free one is taken) is forgotten at once. Else:
+//   where the text of a drive path leads            as long as the table of drives stands
+//   which folder a path leads to                    5 ms, then it is looked at again
+//   its names, when others may change it            as long as its date stands: looked at each time
+//   its names, while we change it ourselves, so     20 ms, or 100 times what reading took; then
+//     that its date tells nothing                   they are read again
+//   that a name is free in it, while we change it   1 s: asked only before calls that never replace
+//
+// What it saves for each object of a run that goes on in known folders:
+//   texts         two drive paths to take apart (source and target)
+//   descriptors   walks from "/" on, three for an object copied or moved; a call to open the
+//                 target's folder and one to close it for a file that wasn't copied ahead
+//   names         two looks at the target and one at its folder, since it is known to be free
+class FolderStore {
+  public:
+    static constexpr std::int64_t kBelieved = 5'000'000; // nanoseconds
+
+    explicit FolderStore(StoreClock clock = {}) : clock_(std::move(clock)) {}
+
+    std::int64_t Tick() const { return clock_.tick(); }
+    StoreCounts Counts() const;
+
+    // ---- texts ----
+
+    // Where a drive folder leads.
+    struct Way {
+        std::string root;   // as given, drive in upper case
+        std::string native; // absolute native path, "" for "/"
+        std::size_t baseEnd = 0;
+    };
+    // To be called for each drive path that is followed; `isParsed` when no way was known for it.
+    void NoteResolved(bool isParsed);
+    // The way of a folder given by its drive path without a final "\", if it is known for these
+    // drives; with room in `native` for so many bytes more.
+    std::optional<Way> FindWay(const std::shared_ptr<const DriveTable>& drives,
+                               std::string_view folder, std::size_t room);
+    void NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder, Way way);
+
+    // ---- descriptors ----
+
+    // Holds folders between the first BeginRun and the last EndRun, and none at other times.
+    void BeginRun() { ++depth_; }
+    void EndRun();
+    // As platform::Locate, from the folder around the object where it is held. A folder that is
+    // asked for again and again becomes held.
+    Sys<Location> Locate(const std::string& native);
+    Sys<struct statx> Stat(const std::string& native);
+
+    // ---- names; `folder` is an absolute native path ----
+
+    // The disk name that `name` (drive form) stands for, as by NameTable. Errnos when the folder is
+    // missing or can't be read.
+    Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
+    // Whether a folder whose names are known has none like a disk name: by no form and in no case.
+    bool IsKnownFree(std::string_view folder, std::string_view nativeName);
+    // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
+    bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
+
+    // ---- what this process did; names are disk names ----
+
+    // An object was made, where others may have taken a folder away.
+    void NoteMade(std::string_view native);
+    void NoteAdded(std::string_view folder, std::string_view nativeName);
+    void NoteRemoved(std::string_view folder, std::string_view nativeName);
+    void NoteRenamed(std::string_view folder, std::string_view from, std::string_view to);
+    // A folder, or a link to one, left its place: what is known of it and of those below goes, and
+    // what is held by any road.
+    void NoteMoved(std::string_view native);
+    // The names in a folder and below it are read again when they are asked for.
+    void Forget(std::string_view folder);
+
+  private:
+    struct Folder {
+        // As it was last looked at.
+        std::uint64_t device = 0;
+        std::uint64_t inode = 0;
+        std::int64_t modified = 0;
+        std::int64_t checkedAt = 0;
+        std::int64_t usedAt = 0;
+        // Held.
+        std::shared_ptr<const UniqueFd> fd;
+        int asked = 0;
+        // Its names.
+        std::optional<NameTable> names;
+        std::int64_t namesDate = 0; // the folder's date when they were read
+        std::int64_t readAt = 0;
+        std::int64_t readCost = 0;
+        bool isFresh = false; // changed so shortly before it was read that more may be hidden
+        bool hasOwnChange = false;
+        bool isCurrent = false; // nobody changed it since it was read, as it was last looked at
+    };
+
+    using Entry = ByText<Folder>::value_type; // with its native path
+
+    Entry& At(std::string_view path);
+    Folder* WithNames(std::string_view path);
+    void Add(std::string_view folder, std::string_view nativeName);
+    Sys<void> LookAt(Entry& entry);
+    static void Set(Folder& folder, const struct statx& st, std::int64_t now);
+    static bool IsDue(const Folder& folder, std::int64_t now);
+    Sys<Folder*> Valid(std::string_view path);
+    Sys<void> Read(Entry& entry);
+    void MakeRoom();
+    std::shared_ptr<const UniqueFd> Held(std::string_view path);
+    void Hold(Entry& entry);
+    void LetGo();
+    void LetGoBelow(std::string_view path);
+
+    const StoreClock clock_;
+    mutable std::mutex mutex_;
+    std::atomic<int> depth_ = 0;
+    ByText<Folder> folders_; // by native path
+    std::vector<Entry*> held_;
+    std::shared_ptr<const DriveTable> drives_; // of the ways
+    ByText<Way> ways_;
+    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
+    StoreCounts counts_;
+    std::atomic<std::uint64_t> resolved_ = 0;
+    std::atomic<std::uint64_t> parsed_ = 0;
+    std::atomic<std::uint64_t> walked_ = 0;
+};
+
+} // namespace tarvix::platform

@@ -290,8 +290,7 @@ TEST_F(Engine, AFileThatAppearsMeanwhileIsADuplicateAsAnyOther) {
     machine.faults.BeforeCall("CopyFile", 1, [this] { Disk().AddFile("C:\\d\\1.txt", "theirs"); });
     Copy(To("C:\\d"));
     EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "theirs");
-    ExpectTotals(0, 1, 0);
-    EXPECT_EQ(machine.faults.Count("CopyFile"), 1U);
+    ExpectTotals(1, 1, 0);
 }
 
 TEST_F(Engine, AFileThatAppearsMeanwhileIsNotMovedOver) {
@@ -302,7 +301,7 @@ TEST_F(Engine, AFileThatAppearsMeanwhileIsNotMovedOver) {
     Move(To("C:\\d"));
     EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "theirs");
     EXPECT_EQ(Disk().Content("C:\\t\\1.txt"), "1");
-    ExpectTotals(0, 1, 0);
+    ExpectTotals(1, 1, 0);
 }
 
 TEST_F(Engine, ANewNameThatIsTakenMeanwhileGivesWayToTheNext) {
@@ -318,7 +317,7 @@ TEST_F(Engine, ANewNameThatIsTakenMeanwhileGivesWayToTheNext) {
     EXPECT_EQ(Disk().Content("C:\\d\\1.txt"), "there");
     EXPECT_EQ(Disk().Content("C:\\d\\1_.txt"), "theirs");
     EXPECT_EQ(Disk().Content("C:\\d\\1__.txt"), "1");
-    ExpectTotals(1, 0, 0);
+    ExpectTotals(2, 0, 0);
 }
 
 // ---- long paths ----

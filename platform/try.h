@@ -4,7 +4,7 @@
 
 #include <utility>
 
-// Leaves the routine with the failure of `expression`, a Result; its value is not needed.
+// Leaves the routine with the failure of `expression`, a Result. NOLINTBEGIN(bugprone-macro-*)
 #define TX_TRY(expression)                                                                         \
     do {                                                                                           \
         if (auto tried = (expression); !tried) {                                                   \
@@ -21,3 +21,4 @@
     declaration = std::move(*tried)
 #define TX_TRY_NAME(name, line) TX_TRY_JOIN(name, line)
 #define TX_TRY_JOIN(name, line) name##line
+// NOLINTEND

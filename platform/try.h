@@ -21,4 +21,4 @@
     declaration = std::move(*tried)
 #define TX_TRY_NAME(name, line) TX_TRY_JOIN(name, line)
 #define TX_TRY_JOIN(name, line) name##line
-// NOLINTEND
+// NOLINTEND(bugprone-macro-*)

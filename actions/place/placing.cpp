@@ -254,6 +254,11 @@ platform::Result<void> Placing::LookAtSource() {
     return {};
 }
 
+platform::Look Placing::Source() const {
+    if (look_) return *look_;
+    return {.path = std::string(object_.actual), .facts = {}, .known = nullptr};
+}
+
 platform::FreePlace Placing::NewPlace() const {
     if (place_ && place_->path == destination_) return *place_;
     return {destination_, nullptr};
@@ -285,7 +290,7 @@ platform::Result<bool> Placing::DestinationStands() {
 
 platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
-    if (object_.isFile) return files.CopyFileTo(*look_, NewPlace(), run_.observer);
+    if (object_.isFile) return files.CopyFileTo(Source(), NewPlace(), run_.observer);
     TX_TRY(MakeWay());
     isOwn_ = true;
     return files.CopyFolder(object_.actual, destination_, false, run_.observer);
@@ -302,8 +307,8 @@ platform::Result<void> Placing::MakeWay() {
 platform::Result<void> Placing::Move() {
     auto& files = session_.files();
     isMoveTried_ = true;
-    return object_.isFile ? files.MoveFileTo(*look_, NewPlace(), run_.observer)
-                          : files.MoveFolderTo(*look_, NewPlace());
+    return object_.isFile ? files.MoveFileTo(Source(), NewPlace(), run_.observer)
+                          : files.MoveFolderTo(Source(), NewPlace());
 }
 
 } // namespace tarvix::actions

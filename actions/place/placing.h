@@ -53,6 +53,8 @@ class Placing {
     // ---- the file system ----
     platform::Result<void> Read(std::string_view path, ObjectFacts& facts);
     platform::Result<void> LookAtSource();
+    // By its path alone where it could not be looked at.
+    platform::Look Source() const;
     platform::FreePlace NewPlace() const;
     platform::Result<void> SetPlain(std::string_view path);
     platform::Result<void> CanBeRead();

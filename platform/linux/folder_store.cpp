@@ -111,10 +111,7 @@ Sys<void> FolderStore::LookAt(Entry& entry) {
     auto st = StatBehindPath(path);
     if (st && !S_ISDIR(st->stx_mode)) st = std::unexpected(ENOTDIR);
     const bool isSame = st && st->stx_ino == inode && DeviceOf(*st) == device;
-    if (!isSame && folder.fd) {
-        folder.fd.reset();
-        std::erase(held_, &entry);
-    }
+    if (!isSame) Release(entry);
     if (!st) {
         folder.names.reset();
         return std::unexpected(st.error());
@@ -146,6 +143,13 @@ void FolderStore::EndRun() {
     if (--depth_ > 0) return;
     const std::scoped_lock lock(mutex_);
     LetGo();
+}
+
+void FolderStore::Release(Entry& entry) {
+    entry.second.asked = 0;
+    if (!entry.second.fd) return;
+    entry.second.fd.reset();
+    std::erase(held_, &entry);
 }
 
 void FolderStore::LetGo() {
@@ -184,6 +188,8 @@ std::shared_ptr<const UniqueFd> FolderStore::Held(std::string_view path) {
     const std::scoped_lock lock(mutex_);
     Entry& entry = At(path);
     Folder& folder = entry.second;
+    // What is asked for so rarely that it must be looked at each time isn't worth holding.
+    if (folder.usedAt - std::exchange(folder.askedAt, folder.usedAt) > kBelieved) Release(entry);
     if (folder.fd && folder.usedAt - folder.checkedAt > kBelieved) (void)LookAt(entry);
     if (!folder.fd && ++folder.asked >= kOftenEnough) Hold(entry);
     return folder.fd;
@@ -192,16 +198,16 @@ std::shared_ptr<const UniqueFd> FolderStore::Held(std::string_view path) {
 void FolderStore::Hold(Entry& entry) {
     auto& [path, folder] = entry;
     folder.asked = 0;
+    if (held_.size() >= kMostHeld) {
+        Entry* const oldest = *std::ranges::min_element(
+            held_, {}, [](const Entry* held) { return held->second.askedAt; });
+        if (folder.askedAt - oldest->second.askedAt <= kBelieved) return;
+        Release(*oldest);
+    }
     auto fd = OpenAt({AT_FDCWD, path.c_str()}, O_PATH | O_DIRECTORY);
     if (!fd) return;
     const auto st = StatOf(fd->Get());
     if (!st) return;
-    if (held_.size() >= kMostHeld) {
-        const auto oldest = std::ranges::min_element(
-            held_, {}, [](const Entry* held) { return held->second.usedAt; });
-        (*oldest)->second.fd.reset();
-        held_.erase(oldest);
-    }
     folder.fd = std::make_shared<const UniqueFd>(std::move(*fd));
     held_.push_back(&entry);
     Set(folder, *st, clock_.tick());

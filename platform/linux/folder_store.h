@@ -79,7 +79,7 @@ class FolderStore {
     void BeginRun() { ++depth_; }
     void EndRun();
     // As platform::Locate, from the folder around the object where it is held. A folder that is
-    // asked for again and again becomes held.
+    // asked for again and again, each time within 5 ms, becomes held; one that isn't is let go.
     Sys<Location> Locate(const std::string& native);
     Sys<struct statx> Stat(const std::string& native);
 
@@ -116,7 +116,8 @@ class FolderStore {
         std::int64_t usedAt = 0;
         // Held.
         std::shared_ptr<const UniqueFd> fd;
-        int asked = 0;
+        std::int64_t askedAt = 0;
+        int asked = 0; // in so quick a succession that it may pay to hold it
         // Its names.
         std::optional<NameTable> names;
         std::int64_t namesDate = 0; // the folder's date when they were read
@@ -140,6 +141,7 @@ class FolderStore {
     void MakeRoom();
     std::shared_ptr<const UniqueFd> Held(std::string_view path);
     void Hold(Entry& entry);
+    void Release(Entry& entry);
     void LetGo();
     void LetGoBelow(std::string_view path);
 

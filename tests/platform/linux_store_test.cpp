@@ -134,11 +134,27 @@ TEST_F(LinuxStoreCounts, WithoutHeldFoldersEachCallWalks) {
 TEST_F(LinuxStoreCounts, AHeldFolderIsLookedAtAgainWhenItsTimeIsOver) {
     const Busy busy(world.files);
     Count(true);
-    const std::uint64_t asked = world.files.Counts().asked;
-    world.now += 6 * kMillisecond;
-    EXPECT_EQ(NumberOf(world.files.Facts("T:\\to\\1")), 0);
-    EXPECT_EQ(NumberOf(world.files.Facts("T:\\to\\2")), 0);
-    EXPECT_EQ(world.files.Counts().asked, asked + 1);
+    const StoreCounts before = world.files.Counts();
+    for (int i = 0; i < 4; ++i) {
+        world.now += 2 * kMillisecond;
+        EXPECT_EQ(NumberOf(world.files.Facts("T:\\to\\" + std::to_string(i))), 0);
+    }
+    EXPECT_EQ(world.files.Counts().asked, before.asked + 1);
+    EXPECT_EQ(world.files.Counts().walked, before.walked);
+}
+
+TEST_F(LinuxStoreCounts, AFolderThatIsSeldomAskedForIsNeitherHeldNorLookedAt) {
+    const Busy busy(world.files);
+    Count(true);
+    const StoreCounts before = world.files.Counts();
+    const std::uint64_t opens = CallsOfThread().opens;
+    for (int i = 0; i < 20; ++i) {
+        world.now += 6 * kMillisecond;
+        EXPECT_EQ(NumberOf(world.files.Facts("T:\\to\\" + std::to_string(i))), 0);
+    }
+    EXPECT_EQ(world.files.Counts().asked, before.asked);
+    EXPECT_EQ(world.files.Counts().walked, before.walked + 40); // the look, and its marks
+    EXPECT_EQ(CallsOfThread().opens, opens);
 }
 
 TEST_F(LinuxStoreCounts, NamesOfAFolderThatWeFillAreReadAgainAfterASecond) {

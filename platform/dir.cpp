@@ -70,8 +70,4 @@ Standing WhatStands(FileSystem& files, std::string_view path) {
     return {.name = std::move(name), .isFolder = facts->IsFolder()};
 }
 
-std::string StandingName(FileSystem& files, std::string_view path) {
-    return WhatStands(files, path).name;
-}
-
 } // namespace tarvix::platform

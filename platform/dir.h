@@ -53,7 +53,5 @@ struct Standing {
 
 // Before a call that never replaces: what others put there in the last moments may be missed.
 Standing WhatStands(FileSystem& files, std::string_view path);
-// The name alone.
-std::string StandingName(FileSystem& files, std::string_view path);
 
 } // namespace tarvix::platform

@@ -47,7 +47,7 @@ int HandleError(Session& session, const platform::PlatformError& error,
                 const ErrorContext& context);
 
 // The prompt for an error without a rule of its own: appends all that is known of it to `message`,
-// and shows that unless `blnAutoMode`.
+// and shows that unless `blnAutoMode`, or in any mode where the context always asks.
 void UIErrorMsg(Session& session, const platform::PlatformError& error, const ErrorContext& context,
                 std::string& message);
 

@@ -115,11 +115,9 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
                 run.request.isMove && !CheckSystemHidden(session, run, object, false);
             verb = moves ? Verb::kMove : Verb::kCopy;
         }
-        outcome = PlaceObject(session, run,
-                              {.object = object,
-                               .destination = place->path,
-                               .verb = *verb,
-                               .place = std::move(place)});
+        outcome = PlaceObject(
+            session, run,
+            {.object = object, .destination = place->path, .verb = *verb, .place = place});
     } while (outcome.isTaken);
     return outcome;
 }

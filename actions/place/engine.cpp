@@ -50,9 +50,12 @@ Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object
     Object known = object;
     const bool isProtected = CheckSystemHidden(session, run, object, false, &known.look);
     const Verb verb = run.request.isMove && !isProtected ? Verb::kMove : Verb::kCopy;
-    return PlaceObject(
-        session, run,
-        {.object = known, .destination = place.path, .verb = verb, .place = std::move(place)});
+    std::string destination = place.path;
+    return PlaceObject(session, run,
+                       {.object = known,
+                        .destination = std::move(destination),
+                        .verb = verb,
+                        .place = std::move(place)});
 }
 
 } // namespace tarvix::actions

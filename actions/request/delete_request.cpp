@@ -101,6 +101,11 @@ void QueueOne(Session& session, ActionRun& run, std::size_t index,
     }
 }
 
+bool WasCancelled(const Session& session, const ActionRun& run) {
+    return session.state.blnStopAction || run.bytOverrideAnswer == kOverrideCancel ||
+           session.forms.frmOverrideRecycleFail.Answer == kOverrideCancel;
+}
+
 // False when the user cancelled, and nothing must be recycled.
 bool BuildQueue(Session& session, ActionRun& run, std::vector<RecycleEntry>& queue) {
     const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
@@ -108,7 +113,7 @@ bool BuildQueue(Session& session, ActionRun& run, std::vector<RecycleEntry>& que
     for (std::size_t index = 0; index < count; ++index) {
         session.Yield();
         if (!session.state.blnStopAction) QueueOne(session, run, index, queue);
-        if (!session.state.blnStopAction && run.bytOverrideAnswer != kOverrideCancel) continue;
+        if (!WasCancelled(session, run)) continue;
         session::LogTimed(session, " User canceled delete of the objects");
         return false;
     }

@@ -253,6 +253,18 @@ TEST_F(Delete, ACancelInTheOverridePromptLeavesEverythingInPlace) {
     EXPECT_FALSE(HasEntry(log, kPartial));
 }
 
+TEST_F(Delete, ACancelOfTheRecycleFailureThatStandsLeavesEverythingInPlace) {
+    Disk().AddFile("C:\\t\\a.txt", "1");
+    Find();
+    S().forms.frmOverrideRecycleFail.Answer = 4; // Cancel
+    Answer({"Yes"});
+    DeleteRows();
+    EXPECT_THAT(Trashed(), IsEmpty());
+    EXPECT_TRUE(Disk().Exists("C:\\t\\a.txt"));
+    EXPECT_TRUE(State().blnActionCancelled);
+    EXPECT_TRUE(HasEntry(LogText(), " User canceled delete of the objects"));
+}
+
 TEST_F(Delete, ACancelAfterOthersWereQueuedLeavesThemToo) {
     Disk().AddFile("C:\\t\\a.txt");
     Disk().AddFile("C:\\t\\b.txt").attributes = platform::kHidden;

@@ -12,7 +12,7 @@ class LinuxSeemsFreeTest : public testing::TestWithParam<CopyRoads> {
     FileSystem& files() { return disk_.Files(); }
     std::string At(std::string_view path) const { return disk_.Root() + "\\" + std::string(path); }
     bool SeemsFree(std::string_view path) { return files().KnownFree(At(path)).has_value(); }
-    std::string Standing(std::string_view path) { return StandingName(files(), At(path)); }
+    std::string Standing(std::string_view path) { return WhatStands(files(), At(path)).name; }
     Result<void> Copy(std::string_view from, std::string_view to) {
         return files().CopyFile(At(from), At(to), false, {});
     }
@@ -269,7 +269,7 @@ TEST_P(LinuxSeemsFreeTest, ALinkToAFolderThatWeTurnedTakesItsNamesWithIt) {
     EXPECT_EQ(disk_.Names("g").size(), 1u);
 }
 
-TEST_P(LinuxSeemsFreeTest, StandingNameGivesTheNameAsTheDiskSpellsIt) {
+TEST_P(LinuxSeemsFreeTest, WhatStandsHasTheNameAsTheDiskSpellsIt) {
     disk_.MakeFolder("f\\Folder");
     for (const bool isKnown : {false, true}) {
         EXPECT_EQ(Standing("f\\one.txt"), "one.txt");
@@ -277,7 +277,7 @@ TEST_P(LinuxSeemsFreeTest, StandingNameGivesTheNameAsTheDiskSpellsIt) {
         EXPECT_EQ(Standing("f\\folder"), "Folder");
         EXPECT_EQ(Standing("f\\none"), "");
         EXPECT_EQ(Standing("no folder\\none"), "");
-        EXPECT_EQ(StandingName(files(), "t:\\"), "T:");
+        EXPECT_EQ(WhatStands(files(), "t:\\").name, "T:");
         if (!isKnown) Know("f");
     }
 }

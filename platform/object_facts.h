@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
 namespace tarvix::platform {
 
@@ -21,9 +20,9 @@ enum Attribute : std::uint32_t {
     kEncrypted = 16384,
 };
 
-// Nanoseconds since 1970-01-01 00:00 UTC.
-using FileTime = std::int64_t;
-constexpr FileTime kNoTime = std::numeric_limits<FileTime>::min();
+// Nanoseconds since 1970-01-01 00:00 UTC. 64 bits of them end in 2262, the dates of disks in 2446.
+__extension__ using FileTime = __int128;
+constexpr FileTime kNoTime = -(FileTime{1} << 100); // before any disk's dates
 
 // What the file system tells of one object; links are not followed.
 struct ObjectFacts {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/traits.h"
+
 namespace tarvix::platform {
 
 class FileSystem;
@@ -21,6 +23,7 @@ struct Platform {
     Launcher& launcher;
     ContentTypes& contentTypes;
     Trash& trash;
+    Traits traits{};
 };
 
 } // namespace tarvix::platform

@@ -64,12 +64,15 @@ bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view fold
     }
     result.dblObjectSize = static_cast<double>(facts.size);
     result.datObjectDate = session_.platform.clock.ToLocal(TimeOf(facts, request_.dateKind));
-    const auto& date = result.datObjectDate;
-    if (!IsValidDate(date.day, date.month, date.year, session_.state.options.intLatestYear) ||
-        !IsValidTime(date.hour, date.minute, date.second)) {
-        ReplaceBadDate(folder, name, result);
-    }
+    if (!IsPlausible(result.datObjectDate)) ReplaceBadDate(folder, name, result);
     return true;
+}
+
+bool Filters::IsPlausible(const text::DateTime& date) const {
+    const int latestYear = session_.state.options.intLatestYear;
+    return latestYear == session::kAnyYear ||
+           (IsValidDate(date.day, date.month, date.year, latestYear) &&
+            IsValidTime(date.hour, date.minute, date.second));
 }
 
 void Filters::RefuseDateKind(std::string_view folder, std::string_view name) {

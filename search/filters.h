@@ -32,8 +32,8 @@ class Filters {
         return DoesObjectMatchAttributesSelected(request_.attributes, facts);
     }
     // Takes the folder and the name for messages. False for an unknown kind of date (told and
-    // logged). A date that can't be true is logged and replaced by the first date of the request,
-    // or 1980, so that it drops no object by itself.
+    // logged). A date beyond `intLatestYear` or before 1980 is logged and replaced by the first
+    // date of the request, or 1980, so that it drops no object by itself; with kAnyYear none is.
     bool GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                   std::string_view name, TestedFacts& result);
     // The bounds pass. Files are tested by both, folders and empty files by their date alone.
@@ -41,6 +41,7 @@ class Filters {
     bool CheckDate(const TestedFacts& facts) const;
 
   private:
+    bool IsPlausible(const text::DateTime& date) const;
     void RefuseDateKind(std::string_view folder, std::string_view name);
     void ReplaceBadDate(std::string_view folder, std::string_view name, TestedFacts& result);
 

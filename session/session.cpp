@@ -1,6 +1,8 @@
 #include "session/session.h"
 
 #include "platform/clock.h"
+#include "platform/names.h"
+#include "platform/native_paths.h"
 #include "session/prompt_table.h"
 #include "text/format.h"
 
@@ -37,6 +39,12 @@ const std::string& Session::TimeText() {
         toldTimeText_ = text::FormatDate(now, "mm/dd/yyyy hh:mm:ss");
     }
     return toldTimeText_;
+}
+
+std::string Session::Shown(std::string_view path) const {
+    if (!state.platformSettings.showsNative) return platform::ForDisplay(path);
+    const std::string native = platform.paths.ToNative(path);
+    return native.empty() ? platform::ForDisplay(path) : native;
 }
 
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {

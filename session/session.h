@@ -54,6 +54,10 @@ struct Session {
     text::DateTime Now();
     const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
+    // A drive path (any other text, too) as people read it: in the form that `PathForm` names, its
+    // carried characters as themselves, bytes that are no text as \xNN.
+    std::string Shown(std::string_view path) const;
+
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it. `isRepeat`: the choice
     // was made already.
     bool Raise(const fields::Control& control, std::string_view event, bool isRepeat = false);

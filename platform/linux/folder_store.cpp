@@ -31,7 +31,7 @@ std::int64_t WallNow() {
     return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
-bool HasWholeSeconds(std::int64_t modified) {
+bool HasWholeSeconds(FileTime modified) {
     return modified % 1'000'000'000 == 0;
 }
 } // namespace
@@ -246,7 +246,7 @@ Sys<void> FolderStore::Read(Entry& entry) {
     TX_TRY_ASSIGN(const Location location, platform::Locate(path));
     TX_TRY_ASSIGN(const UniqueFd fd, OpenAt(location, O_RDONLY | O_DIRECTORY));
     TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
-    const std::int64_t date = folder.modified; // of before: what comes meanwhile changes it
+    const FileTime date = folder.modified; // of before: what comes meanwhile changes it
     Set(folder, st, clock_.tick());
     folder.modified = folder.namesDate = date;
     folder.readAt = clock_.now();

@@ -111,7 +111,7 @@ class FolderStore {
         // As it was last looked at.
         std::uint64_t device = 0;
         std::uint64_t inode = 0;
-        std::int64_t modified = 0;
+        FileTime modified = 0;
         std::int64_t checkedAt = 0;
         std::int64_t usedAt = 0;
         // Held.
@@ -120,7 +120,7 @@ class FolderStore {
         int asked = 0; // in so quick a succession that it may pay to hold it
         // Its names.
         std::optional<NameTable> names;
-        std::int64_t namesDate = 0; // the folder's date when they were read
+        FileTime namesDate = 0; // the folder's date when they were read
         std::int64_t readAt = 0;
         std::int64_t readCost = 0;
         bool isFresh = false; // changed so shortly before it was read that more may be hidden

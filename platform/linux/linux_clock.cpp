@@ -11,8 +11,8 @@ constexpr std::int64_t kDay = 86'400;
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
 constexpr std::uint64_t kIsKnown = std::uint64_t{1} << 63;
 
-std::int64_t FloorDivide(std::int64_t value, std::int64_t by) {
-    return value / by - (value % by < 0 ? 1 : 0);
+std::int64_t FloorDivide(FileTime value, std::int64_t by) {
+    return static_cast<std::int64_t>(value / by - (value % by < 0 ? 1 : 0));
 }
 
 std::int64_t SystemOffset(std::int64_t seconds) {
@@ -40,7 +40,7 @@ text::DateTime LinuxClock::Now() {
     if (fixedNow_) return *fixedNow_;
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    return ToLocal(std::int64_t{now.tv_sec} * kNanoseconds + now.tv_nsec);
+    return ToLocal(FileTime{now.tv_sec} * kNanoseconds + now.tv_nsec);
 }
 
 text::DateTime LinuxClock::ToLocal(FileTime time) {

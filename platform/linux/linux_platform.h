@@ -36,10 +36,13 @@ class LinuxPlatform {
     explicit LinuxPlatform(LinuxOptions options = {});
 
     Platform Parts() {
-        return {files_, paths_, clock_, environment_, registry_, *launcher_, contentTypes_, trash_};
+        return {files_,     paths_,        clock_, environment_, registry_,
+                *launcher_, contentTypes_, trash_, kTraits};
     }
 
   private:
+    static constexpr Traits kTraits{.keepsEveryDate = true, .hasNativePaths = true};
+
     LinuxPlatform(LinuxOptions options, const EnvironmentSource& source);
 
     Mounts mounts_;

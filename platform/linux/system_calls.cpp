@@ -84,14 +84,7 @@ bool IsSameObject(const struct statx& a, const struct statx& b) {
 }
 
 FileTime TimeOf(const struct statx_timestamp& stamp) {
-    constexpr FileTime kSecond = 1'000'000'000;
-    FileTime seconds = 0;
-    FileTime time = 0;
-    if (__builtin_mul_overflow(stamp.tv_sec, kSecond, &seconds) ||
-        __builtin_add_overflow(seconds, FileTime{stamp.tv_nsec}, &time)) {
-        return kNoTime;
-    }
-    return time;
+    return FileTime{stamp.tv_sec} * 1'000'000'000 + stamp.tv_nsec;
 }
 
 Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode) {

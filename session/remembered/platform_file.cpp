@@ -63,14 +63,16 @@ void ForgetGoneMounts(PlatformSettings& settings, const std::vector<platform::Dr
 
 } // namespace
 
-PlatformSettings ReadPlatformFile(platform::FileSystem& files, std::string_view path) {
+PlatformSettings ReadPlatformFile(platform::FileSystem& files, std::string_view path,
+                                  const platform::Traits& traits) {
     const auto lines = ReadLines(files, path);
-    return lines ? ParsePlatformSettings(*lines) : PlatformSettings{};
+    return lines ? ParsePlatformSettings(*lines, UsualSettings(traits)) : UsualSettings(traits);
 }
 
 void OpenPlatformFile(Session& session) {
     auto& state = session.state;
-    state.platformSettings = ReadPlatformFile(session.files(), state.strPlatformFile);
+    const auto& traits = session.platform.traits;
+    state.platformSettings = ReadPlatformFile(session.files(), state.strPlatformFile, traits);
     state.options.intLatestYear = state.platformSettings.latestYear;
     for (const std::string& line : state.platformSettings.unknownLines) {
         LogTimed(session, fmt::format(" {} has a line that is not understood: {}",
@@ -91,7 +93,8 @@ void SavePlatformFile(Session& session) {
     ForgetGoneMounts(settings, drives);
     settings.latestYear = state.options.intLatestYear;
     const bool isWhole = old && !old->empty() && old->back() == kEndMark;
-    if (isWhole && ParsePlatformSettings(*old) == settings) return;
+    const PlatformSettings usual = UsualSettings(session.platform.traits);
+    if (isWhole && ParsePlatformSettings(*old, usual) == settings) return;
     auto saved = ReplaceTextFile(files, state.strPlatformFile, PlatformSettingsText(settings));
     if (!saved) TellUnexpected(session, saved.error(), "SavePlatformFile", state.strPlatformFile);
 }

@@ -13,8 +13,10 @@ namespace tarvix::session {
 
 struct Session;
 
-// The settings in the file of that drive path; those of a new record where there is none.
-PlatformSettings ReadPlatformFile(platform::FileSystem& files, std::string_view path);
+// The settings in the file of that drive path; what it lacks, and all where there is none, is as
+// usual on a machine of these traits.
+PlatformSettings ReadPlatformFile(platform::FileSystem& files, std::string_view path,
+                                  const platform::Traits& traits = {});
 
 // Reads `strPlatformFile` into `platformSettings`; lines that aren't understood are logged.
 void OpenPlatformFile(Session& session);

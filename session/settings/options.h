@@ -11,6 +11,7 @@ constexpr std::size_t kConfiguredFolders = 19;
 constexpr std::size_t kDefaultFolderLimit = 42;
 constexpr std::size_t kEnvVariableLimit = 101;
 constexpr std::size_t kVisibilityCount = 27; // by column index, 0 the name
+constexpr int kAnyYear = 0;
 
 // A variable that stands for a folder, and whether paths are folded into it.
 struct EnvVariable {
@@ -71,7 +72,8 @@ struct Options {
     std::vector<EnvVariable> envVariables; // at most 101; an unused place has no name
 
     // Kept in the platform file.
-    int intLatestYear = 2025; // the last year that counts as plausible for a file's date
+    // The last year that counts as plausible for a file's date; kAnyYear when all do.
+    int intLatestYear = 2025;
 };
 
 } // namespace tarvix::session

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -17,6 +18,9 @@ namespace {
 constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kDrivePrefix = "DRIVE ";
 constexpr std::string_view kNameColumn = "Name";
+constexpr std::string_view kNative = "native";
+constexpr std::string_view kDrive = "drive";
+constexpr std::string_view kAny = "any";
 constexpr int kMostPixels = 100'000;
 constexpr int kEarliestYear = 1980;
 constexpr int kLastYear = 9999;
@@ -118,14 +122,16 @@ bool TakeOrder(PlatformSettings& settings, std::string_view text) {
     return true;
 }
 
-bool TakeListPathForm(PlatformSettings& settings, std::string_view text) {
-    const bool isNative = text::EqualNoCase(text, "native");
-    if (!isNative && !text::EqualNoCase(text, "drive")) return false;
-    settings.listsAreNative = isNative;
-    return true;
+std::string YearText(const PlatformSettings& settings) {
+    return settings.latestYear == kAnyYear ? std::string(kAny)
+                                           : std::to_string(settings.latestYear);
 }
 
 bool TakeYear(PlatformSettings& settings, std::string_view text) {
+    if (text::EqualNoCase(text, kAny)) {
+        settings.latestYear = kAnyYear;
+        return true;
+    }
     const auto year = NumberFrom(text, kEarliestYear, kLastYear);
     if (year) settings.latestYear = *year;
     return year.has_value();
@@ -149,6 +155,20 @@ constexpr SettingKey TextKey(std::string_view key, std::string_view comment) {
             }};
 }
 
+template <bool PlatformSettings::*IsNative>
+constexpr SettingKey FormKey(std::string_view key, std::string_view comment) {
+    return {key, comment,
+            [](const PlatformSettings& settings) {
+                return std::string(settings.*IsNative ? kNative : kDrive);
+            },
+            [](PlatformSettings& settings, std::string_view text) {
+                const bool isNative = text::EqualNoCase(text, kNative);
+                if (!isNative && !text::EqualNoCase(text, kDrive)) return false;
+                settings.*IsNative = isNative;
+                return true;
+            }};
+}
+
 template <WindowPlace PlatformSettings::*Field>
 constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
     return {key, comment,
@@ -159,20 +179,19 @@ constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
 }
 
 constexpr std::array kKeys{
-    SettingKey{"ListPathForm", "Paths in lists that are written: native or drive.",
-               [](const PlatformSettings& settings) {
-                   return std::string(settings.listsAreNative ? "native" : "drive");
-               },
-               TakeListPathForm},
+    FormKey<&PlatformSettings::showsNative>(
+        "PathForm", "Paths in windows, messages and logs: native or drive."),
+    FormKey<&PlatformSettings::listsAreNative>("ListPathForm",
+                                               "Paths in lists that are written: native or drive."),
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
         "Player", "The command of the media player; empty for the desktop's own."),
     TextKey<&PlatformSettings::secondPlayer>(
         "SecondPlayer", "The command of a second media player; empty for none."),
-    SettingKey{"LatestFileYear", "The last year that is plausible for the date of a file.",
-               [](const PlatformSettings& settings) { return std::to_string(settings.latestYear); },
-               TakeYear},
+    SettingKey{"LatestFileYear",
+               "The last year that is plausible for the date of a file; any for all years.",
+               YearText, TakeYear},
     WindowKey<&PlatformSettings::searchWindow>(
         "SearchWindow", "Left, top, width and height of the main window, and maximized if it was."),
     WindowKey<&PlatformSettings::dialogWindow>("ActionWindow", "The same of the action window."),
@@ -231,8 +250,16 @@ std::vector<NamedSetting> ListSettings(const PlatformSettings& settings) {
     return listed;
 }
 
-PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines) {
+PlatformSettings UsualSettings(const platform::Traits& traits) {
     PlatformSettings settings;
+    settings.showsNative = traits.hasNativePaths;
+    if (traits.keepsEveryDate) settings.latestYear = kAnyYear;
+    return settings;
+}
+
+PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines,
+                                       PlatformSettings usual) {
+    PlatformSettings settings = std::move(usual);
     for (const std::string& line : lines) {
         const std::string_view trimmed = text::Trim(line);
         if (trimmed == kEndMark) break;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/traits.h"
+#include "session/settings/options.h"
+
 #include <array>
 #include <cstddef>
 #include <map>
@@ -22,14 +25,16 @@ struct WindowPlace {
     bool operator==(const WindowPlace&) const = default;
 };
 
-// What is particular to this machine and so stands in no options file.
+// What is particular to this machine and so stands in no options file. A new record holds what
+// counts on a machine of default traits.
 struct PlatformSettings {
     std::map<char, std::string> drives; // by letter from D to Z, absolute native folders
+    bool showsNative = false;           // paths in what people read
     bool listsAreNative = true;         // paths in written lists
     std::string editor;                 // a command; empty for the desktop's own
     std::string player;                 // in the place of VLC
     std::string secondPlayer;           // in the place of Winamp
-    int latestYear = kLatestYear;       // the last year that is plausible for a file
+    int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
     WindowPlace searchWindow;
     WindowPlace dialogWindow;
     // By column index, in pixels; 0 for the width that the column has at first.
@@ -39,10 +44,14 @@ struct PlatformSettings {
     bool operator==(const PlatformSettings&) const = default;
 };
 
-// The settings in the lines of a file, "key = value" each, up to "*EOF" or its end. A line that
-// isn't understood, or whose value is none, is kept among `unknownLines`; lines that begin with "#"
-// are passed over.
-PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines);
+// What counts on a machine as long as nothing else was set.
+PlatformSettings UsualSettings(const platform::Traits& traits);
+
+// The settings in the lines of a file, "key = value" each, up to "*EOF" or its end; the others are
+// those of `usual`. A line that isn't understood, or whose value is none, is kept among
+// `unknownLines`; lines that begin with "#" are passed over.
+PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines,
+                                       PlatformSettings usual = {});
 // The whole text of the file, a comment above each key.
 std::string PlatformSettingsText(const PlatformSettings& settings);
 

@@ -6,8 +6,7 @@ namespace {
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
 
 std::int64_t WholeSeconds(FileTime time) {
-    const std::int64_t seconds = time / kNanoseconds;
-    return time % kNanoseconds < 0 ? seconds - 1 : seconds;
+    return static_cast<std::int64_t>(time / kNanoseconds - (time % kNanoseconds < 0 ? 1 : 0));
 }
 } // namespace
 
@@ -21,7 +20,7 @@ void MemoryClock::Advance(std::int64_t seconds) {
 }
 
 FileTime MemoryClock::FromLocal(const text::DateTime& local) const {
-    return (text::ToSeconds(local) - zone_) * kNanoseconds;
+    return FileTime{text::ToSeconds(local) - zone_} * kNanoseconds;
 }
 
 } // namespace tarvix::platform

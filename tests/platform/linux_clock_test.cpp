@@ -67,6 +67,15 @@ TEST(LinuxClockTest, PartsOfASecondAreCutOff) {
     EXPECT_EQ(clock.ToLocal(-1), (text::DateTime{1969, 12, 31, 23, 59, 59}));
 }
 
+TEST(LinuxClockTest, TheFirstAndTheLastDateOfADisk) {
+    const Zone zone("UTC");
+    LinuxClock clock;
+    EXPECT_EQ(clock.ToLocal(FileTime{-2'147'483'648} * kNanoseconds),
+              (text::DateTime{1901, 12, 13, 20, 45, 52}));
+    EXPECT_EQ(clock.ToLocal(FileTime{15'032'385'535} * kNanoseconds + 999'999'999),
+              (text::DateTime{2446, 5, 10, 22, 38, 55}));
+}
+
 TEST(LinuxClockTest, NoTimeIsNoDate) {
     LinuxClock clock;
     EXPECT_TRUE(clock.ToLocal(kNoTime).IsZero());

@@ -97,7 +97,9 @@ void LinuxDisk::MakeLink(std::string_view path, std::string_view target) {
 void LinuxDisk::SetModified(std::string_view path, FileTime modified) {
     constexpr FileTime kSecond = 1'000'000'000;
     const FileTime seconds = modified / kSecond - (modified % kSecond < 0 ? 1 : 0);
-    const timespec times[2] = {{0, UTIME_OMIT}, {seconds, modified - seconds * kSecond}};
+    const timespec times[2] = {
+        {0, UTIME_OMIT},
+        {static_cast<std::time_t>(seconds), static_cast<long>(modified - seconds * kSecond)}};
     ASSERT_EQ(::utimensat(AT_FDCWD, Native(path).c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
 }
 

@@ -77,6 +77,32 @@ TEST_F(Dates, TheLatestPlausibleYearIsAnOption) {
     EXPECT_EQ(DateCell(), "2026/01/01 00:00:00");
 }
 
+TEST_F(Dates, WithAnyYearEveryDateOfADiskIsTakenAsItIs) {
+    Start();
+    State().options.intLatestYear = session::kAnyYear;
+    for (const auto& [modified, cell] :
+         {std::pair{text::DateTime{1901, 12, 13, 20, 45, 52}, "1901/12/13 20:45:52"},
+          std::pair{text::DateTime{1970, 1, 1, 0, 0, 0}, "1970/01/01 00:00:00"},
+          std::pair{text::DateTime{2026, 11, 22, 10, 0, 0}, "2026/11/22 10:00:00"},
+          std::pair{text::DateTime{2446, 5, 10, 22, 38, 55}, "2446/05/10 22:38:55"}}) {
+        FileOf(modified);
+        Search("*", "C:\\t");
+        EXPECT_EQ(DateCell(), cell);
+    }
+    EXPECT_EQ(LogText().find("bad Date"), std::string::npos);
+}
+
+TEST_F(Dates, WithAnyYearBeforeTakesNoFileOfThisYear) {
+    FileOf({2026, 11, 22, 10, 0, 0});
+    Start();
+    State().options.intLatestYear = session::kAnyYear;
+    Click(Form().chkDate);
+    Form().cboDate.Text = "Before";
+    Form().lblDate1.SetDate(text::DateTime{2020, 1, 1, 0, 0, 0});
+    Search("*", "C:\\t");
+    EXPECT_THAT(Names(), IsEmpty());
+}
+
 TEST_F(Dates, EachKindOfDateIsReadFromItsOwnTime) {
     auto& file = FileOf({2025, 1, 1, 0, 0, 0});
     file.created = machine.clock.FromLocal({2025, 2, 2, 0, 0, 0});

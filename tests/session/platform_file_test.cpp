@@ -21,6 +21,7 @@ const std::string kFile = "C:\\home\\ann\\tarvix\\TXPlatform.txt";
 TEST(PlatformSettingsText, HasACommentForEachKey) {
     PlatformSettings settings;
     settings.drives = {{'E', "/srv/collection"}};
+    settings.showsNative = true;
     settings.listsAreNative = false;
     settings.editor = "gedit --wait";
     settings.player = "vlc";
@@ -36,6 +37,8 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "only then.\r\n"
         "# Letters from D to Z for folders and mounts, as \"Drive E: = /srv/collection\".\r\n"
         "Drive E: = /srv/collection\r\n"
+        "# Paths in windows, messages and logs: native or drive.\r\n"
+        "PathForm = native\r\n"
         "# Paths in lists that are written: native or drive.\r\n"
         "ListPathForm = drive\r\n"
         "# The command that opens text files; empty for the desktop's own.\r\n"
@@ -44,7 +47,7 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "Player = vlc\r\n"
         "# The command of a second media player; empty for none.\r\n"
         "SecondPlayer =\r\n"
-        "# The last year that is plausible for the date of a file.\r\n"
+        "# The last year that is plausible for the date of a file; any for all years.\r\n"
         "LatestFileYear = 2026\r\n"
         "# Left, top, width and height of the main window, and maximized if it was.\r\n"
         "SearchWindow = -10,20,1120,720,maximized\r\n"
@@ -94,6 +97,8 @@ TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
                                        "Drive E: = relative",
                                        "LatestFileYear = soon",
                                        "LatestFileYear = 1979",
+                                       "LatestFileYear = 0",
+                                       "PathForm = natively",
                                        "SearchWindow = 1,2,3",
                                        "SearchWindow = 1,2,0,4",
                                        "SearchWindow = 1,2,3,4,full",
@@ -114,6 +119,23 @@ TEST(PlatformSettingsText, TheLastOfTwoLinesCountsAndNothingBehindTheEndMark) {
     const auto settings =
         session::ParsePlatformSettings({"Editor = a", "Editor = b", "*EOF", "Editor = c"});
     EXPECT_EQ(settings.editor, "b");
+}
+
+TEST(PlatformSettingsText, AnyYearIsWrittenAndReadAsAWord) {
+    PlatformSettings settings;
+    EXPECT_TRUE(session::SetSetting(settings, "LatestFileYear", "Any"));
+    EXPECT_EQ(settings.latestYear, session::kAnyYear);
+    EXPECT_THAT(session::PlatformSettingsText(settings), HasSubstr("\r\nLatestFileYear = any\r\n"));
+}
+
+TEST(PlatformSettingsText, WhatTheFileLacksIsAsUsualOnTheMachine) {
+    const auto usual = session::UsualSettings({.keepsEveryDate = true, .hasNativePaths = true});
+    EXPECT_EQ(usual.latestYear, session::kAnyYear);
+    EXPECT_TRUE(usual.showsNative);
+    EXPECT_EQ(session::UsualSettings({}), PlatformSettings{});
+    const auto read = session::ParsePlatformSettings({"PathForm = drive"}, usual);
+    EXPECT_EQ(read.latestYear, session::kAnyYear);
+    EXPECT_FALSE(read.showsNative);
 }
 
 TEST(PlatformSettingsText, AnEmptyValueTakesASettingBack) {
@@ -222,6 +244,30 @@ TEST_F(PlatformFile, SavedDrivesAreFoundInTheVirtualStore) {
     Disk().AddFile("C:\\home\\ann\\.local\\share\\tarvix\\VirtualStore\\usr\\bin\\TXPlatform.txt",
                    "Drive E: = /x\n*EOF");
     EXPECT_THAT(lifecycle::SavedDrives(machine.platform), ElementsAre(Pair('E', "/x")));
+}
+
+TEST_F(PlatformFile, EveryYearCountsOnAMachineThatKeepsEveryDate) {
+    S().platform.traits.keepsEveryDate = true;
+    Start();
+    EXPECT_EQ(State().options.intLatestYear, session::kAnyYear);
+    EXPECT_THAT(Saved(), HasSubstr("\r\nLatestFileYear = any\r\n"));
+}
+
+TEST_F(PlatformFile, ASavedYearCountsOnAMachineThatKeepsEveryDate) {
+    Disk().AddFile(kFile, "LatestFileYear = 2025\r\n*EOF");
+    S().platform.traits.keepsEveryDate = true;
+    Start();
+    EXPECT_EQ(State().options.intLatestYear, 2025);
+}
+
+TEST_F(PlatformFile, PathsAreShownInTheFormThatIsSet) {
+    Start();
+    EXPECT_EQ(S().Shown("C:\\home\\ann\\a\uF03Ab"), "C:\\home\\ann\\a:b");
+    State().platformSettings.showsNative = true;
+    EXPECT_EQ(S().Shown("C:\\home\\ann\\a\uF03Ab"), "/home/ann/a:b");
+    EXPECT_EQ(S().Shown("C:\\"), "/");
+    EXPECT_EQ(S().Shown("Q:\\nowhere"), "Q:\\nowhere");
+    EXPECT_EQ(S().Shown("no path"), "no path");
 }
 
 TEST_F(PlatformFile, ListsHaveNativePathsUnlessTold) {

@@ -5,7 +5,7 @@
 
 #include <fmt/core.h>
 
-#include <string>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -32,33 +32,53 @@ Result<std::unique_ptr<platform::TextStream>> CreateBeside(FileSystem& files, st
     return files.CreateTextFile(name, true);
 }
 
-Result<void> WriteAll(platform::TextStream& stream, std::string_view content) {
-    auto written = stream.Write(content);
-    auto closed = stream.Close();
-    return written ? closed : written;
-}
-
-Result<void> PutInPlace(FileSystem& files, const std::string& name, std::string_view path) {
-    const auto old = files.Facts(path);
-    if (!old) return files.MoveFile(name, path, {});
-    if (old->attributes & platform::kReadOnly) {
-        (void)files.SetAttributes(path, old->attributes & ~platform::kReadOnly);
-    }
-    auto copied = files.CopyFile(name, path, true, {});
-    (void)files.DeleteFile(name, true);
-    return copied;
-}
-
 } // namespace
 
-Result<void> ReplaceTextFile(FileSystem& files, std::string_view path, std::string_view content) {
+Result<NewTextFile> NewTextFile::Begin(FileSystem& files, std::string_view path) {
+    NewTextFile file(files, path);
     std::string name;
-    TX_TRY_ASSIGN(const auto stream, CreateBeside(files, path, name));
-    auto done = WriteAll(*stream, content);
-    if (done) done = PutInPlace(files, name, path);
-    // Also after a move that failed.
-    if (!done) (void)files.DeleteFile(name, true);
-    return done;
+    TX_TRY_ASSIGN(file.stream_, CreateBeside(files, path, name));
+    file.name_ = std::move(name);
+    return file;
+}
+
+NewTextFile::NewTextFile(FileSystem& files, std::string_view path) : files_(files), path_(path) {}
+
+NewTextFile::NewTextFile(NewTextFile&& other) noexcept
+    : files_(other.files_), path_(std::move(other.path_)), name_(std::exchange(other.name_, {})),
+      stream_(std::move(other.stream_)) {}
+
+NewTextFile::~NewTextFile() {
+    stream_.reset();
+    if (!name_.empty()) (void)files_.DeleteFile(name_, true);
+}
+
+Result<void> NewTextFile::Write(std::string_view text) {
+    return stream_->Write(text);
+}
+
+Result<void> NewTextFile::Finish() {
+    TX_TRY(stream_->Close());
+    return PutInPlace();
+}
+
+Result<void> NewTextFile::PutInPlace() {
+    const auto old = files_.Facts(path_);
+    if (!old) {
+        TX_TRY(files_.MoveFile(name_, path_, {}));
+        name_.clear();
+        return {};
+    }
+    if (old->attributes & platform::kReadOnly) {
+        (void)files_.SetAttributes(path_, old->attributes & ~platform::kReadOnly);
+    }
+    return files_.CopyFile(name_, path_, true, {});
+}
+
+Result<void> ReplaceTextFile(FileSystem& files, std::string_view path, std::string_view content) {
+    TX_TRY_ASSIGN(auto file, NewTextFile::Begin(files, path));
+    TX_TRY(file.Write(content));
+    return file.Finish();
 }
 
 } // namespace tarvix::session

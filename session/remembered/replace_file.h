@@ -2,13 +2,40 @@
 
 #include "platform/error.h"
 
+#include <memory>
+#include <string>
 #include <string_view>
 
 namespace tarvix::platform {
 class FileSystem;
-}
+class TextStream;
+} // namespace tarvix::platform
 
 namespace tarvix::session {
+
+// A text file that is written beside the one it is to be, and put in its place when it is whole.
+// Until then the old file stands as it was, and what was written goes when this does.
+class NewTextFile {
+  public:
+    // `path` is a drive path; `files` must outlive this. 70 refused, 76 no such folder.
+    static platform::Result<NewTextFile> Begin(platform::FileSystem& files, std::string_view path);
+    NewTextFile(NewTextFile&& other) noexcept;
+    ~NewTextFile();
+
+    // 61 disk full.
+    platform::Result<void> Write(std::string_view text);
+    // Makes it the file of that path, also in the place of a read-only one. Comes last.
+    platform::Result<void> Finish();
+
+  private:
+    NewTextFile(platform::FileSystem& files, std::string_view path);
+    platform::Result<void> PutInPlace();
+
+    platform::FileSystem& files_;
+    std::string path_;
+    std::string name_; // where it stands meanwhile; empty when it doesn't
+    std::unique_ptr<platform::TextStream> stream_;
+};
 
 // Gives the text file of that drive path this content, and makes it if it is missing. The content
 // is written beside it first and then put in its place, so that after any failure the old file

@@ -36,15 +36,23 @@ void CommandPrompts::AnswerForm(PromptId form, const fields::Control& button) {
 }
 
 std::string CommandPrompts::InputBox(const session::Prompt& prompt, std::string_view preset) {
+    if (const auto input = inputs_.find(prompt.id); input != inputs_.end()) return input->second;
     return inner_.InputBox(prompt, preset);
 }
 
 std::string CommandPrompts::PickFolder(const session::Prompt& prompt) {
+    if (const auto input = inputs_.find(prompt.id); input != inputs_.end()) return input->second;
     return inner_.PickFolder(prompt);
 }
 
 std::string CommandPrompts::PickFile(const session::Prompt& prompt, std::string_view filters) {
+    if (const auto input = inputs_.find(prompt.id); input != inputs_.end()) return input->second;
     return inner_.PickFile(prompt, filters);
+}
+
+std::string CommandPrompts::PickNewFile(const session::Prompt& prompt,
+                                        const session::NewFilePick& pick) {
+    return inner_.PickNewFile(prompt, pick);
 }
 
 void CommandPrompts::ShowModal(session::Session& session, fields::Form& form,

@@ -32,6 +32,10 @@ class CommandPrompts : public session::PromptService {
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
     // Answers the form of that prompt by that button of it whenever it shows.
     void AnswerForm(session::PromptId form, const fields::Control& button);
+    // Answers the input box of that prompt, each time.
+    void AnswerInput(session::PromptId id, std::string text) { inputs_[id] = std::move(text); }
+    // Answers the picker of that prompt by a path in drive form.
+    void AnswerPick(session::PromptId id, std::string path) { inputs_[id] = std::move(path); }
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
@@ -41,12 +45,15 @@ class CommandPrompts : public session::PromptService {
                    const session::Prompt& prompt) override;
     std::string PickFolder(const session::Prompt& prompt) override;
     std::string PickFile(const session::Prompt& prompt, std::string_view filters) override;
+    std::string PickNewFile(const session::Prompt& prompt,
+                            const session::NewFilePick& pick) override;
 
   private:
     session::ScriptedPrompts& inner_;
     Host& host_;
     FormFiller filler_;
     std::map<session::PromptId, std::string> formButtons_; // by name
+    std::map<session::PromptId, std::string> inputs_;
     bool begun_ = false;
     bool confirmed_ = false;
     int skippedObjects_ = 0;

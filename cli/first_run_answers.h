@@ -28,6 +28,10 @@ class FirstRunAnswers : public session::PromptService {
     std::string PickFile(const session::Prompt& prompt, std::string_view filters) override {
         return inner_.PickFile(prompt, filters);
     }
+    std::string PickNewFile(const session::Prompt& prompt,
+                            const session::NewFilePick& pick) override {
+        return inner_.PickNewFile(prompt, pick);
+    }
 
   private:
     session::ScriptedPrompts& inner_;

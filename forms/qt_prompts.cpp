@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -74,6 +75,19 @@ std::string QtPrompts::PickFile(const session::Prompt& prompt, std::string_view 
     const EventGate::Modal level(gate_);
     return Picked(QFileDialog::getOpenFileName(Front(), Shown(prompt.title), lastFolder_,
                                                FilterList(filters)));
+}
+
+std::string QtPrompts::PickNewFile(const session::Prompt& prompt,
+                                   const session::NewFilePick& pick) {
+    const EventGate::Modal level(gate_);
+    const QString folder =
+        pick.folder.empty() ? lastFolder_ : ToQt(machine_.paths.ToNative(pick.folder));
+    const QString filters = FilterList(pick.filters);
+    QString chosen = filters.split(";;").value(pick.filter);
+    // The action window asks before it replaces a file.
+    return Picked(QFileDialog::getSaveFileName(Front(), Shown(prompt.title),
+                                               QDir(folder).filePath(ToQt(pick.name)), filters,
+                                               &chosen, QFileDialog::DontConfirmOverwrite));
 }
 
 } // namespace tarvix::forms

@@ -23,6 +23,9 @@ class QtPrompts : public session::PromptService {
                    const session::Prompt& prompt) override;
     std::string PickFolder(const session::Prompt& prompt) override;
     std::string PickFile(const session::Prompt& prompt, std::string_view filters) override;
+    std::string PickNewFile(const session::Prompt& prompt,
+                            const session::NewFilePick& pick) override;
+    bool PrefersForms() const override { return true; }
 
   private:
     std::string Picked(const QString& path);

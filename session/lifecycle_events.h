@@ -11,6 +11,10 @@ constexpr std::string_view kBrowseNormally = "frmSearch.BrowseNormally";
 constexpr std::string_view kPaintAttributeBoxes = "frmSearch.PaintAttributeBoxes";
 constexpr std::string_view kListDefaultFolders = "frmSearch.ListDefaultFolders";
 constexpr std::string_view kActivateDialog = "frmDialog.Form_Activate";
+// Opens the action window for the action in force, and sees to what follows.
+constexpr std::string_view kOpenDialog = "frmDialog.Open";
+// Parses the box of the search locations into `strSearchFolder`.
+constexpr std::string_view kParseLocations = "frmSearch.ParseLocations";
 constexpr std::string_view kRecycleActionLog = "frmSearch.RecycleActionLog";
 
 } // namespace tarvix::lifecycle

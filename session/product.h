@@ -8,4 +8,7 @@ namespace tarvix::session {
 constexpr std::string_view kProductName = "Tarvix";
 std::string_view ProductVersion();
 
+// Where the project is at home; pages that it writes lead there.
+constexpr std::string_view kProductHome = "https://tarvix.org/";
+
 } // namespace tarvix::session

@@ -112,6 +112,26 @@ enum class PromptId : std::uint8_t {
     kOfferErrorLog,
     kRuleReport,
 
+    // Written files.
+    kNewPathListFile,
+    kNewPlaylistFile,
+    kNewTextFile,
+    kNewTargetFile,
+    kNewPageFile,
+    kNewLocationsFile,
+    kNewNumbersFile,
+    kPageText,
+    kPageFolderMissing,
+    kListUnshortened,
+    kListLeftOut,
+    kNumberStart,
+    kNumberEnd,
+    kNumberSameLength,
+    kNumberFormat,
+    kNumberLine,
+    kNumberInvalid,
+    kNumbersCanceled,
+
     kEnd
 };
 

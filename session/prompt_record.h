@@ -7,7 +7,7 @@
 
 namespace tarvix::session {
 
-enum class PromptKind : std::uint8_t { kMessage, kInput, kForm, kFolder, kFile };
+enum class PromptKind : std::uint8_t { kMessage, kInput, kForm, kFolder, kFile, kNewFile };
 
 // One prompt as it was put, and what it was answered.
 struct PromptRecord : Prompt {

@@ -32,6 +32,14 @@ enum Style : int {
     kThirdDefault = 512,
 };
 
+// What a picker of a new file shows at first.
+struct NewFilePick {
+    std::string_view filters;     // "Text Files (*.txt)|*.txt|"
+    std::string_view name;        // of the file
+    int filter = 0;               // the one that is chosen, from 0
+    std::string_view folder = {}; // in drive form; empty for the last one
+};
+
 // The one way by which the logic asks the user. Whoever shows it is not the logic's business.
 class PromptService {
   public:
@@ -47,6 +55,11 @@ class PromptService {
     virtual std::string PickFolder(const Prompt& prompt) = 0;
     // An existing file in drive form; `filters` as "Text Files (*.txt)|*.txt|".
     virtual std::string PickFile(const Prompt& prompt, std::string_view filters) = 0;
+    // A file to be written, which may exist, in drive form; empty when the user cancelled. It isn't
+    // asked whether to replace it.
+    virtual std::string PickNewFile(const Prompt& prompt, const NewFilePick& pick) = 0;
+    // Whether several questions about one thing are better put in one form.
+    virtual bool PrefersForms() const { return false; }
 };
 
 } // namespace tarvix::session

@@ -29,6 +29,13 @@ constexpr PromptFacts FilePicker(Id id, std::string_view title) {
     return {id, PromptKind::kFile, Role::kDecision, 0, title, ""};
 }
 
+constexpr PromptFacts NewFilePicker(Id id, std::string_view title) {
+    return {id, PromptKind::kNewFile, Role::kDecision, 0, title, ""};
+}
+constexpr PromptFacts Input(Id id, std::string_view title = "") {
+    return {id, PromptKind::kInput, Role::kDecision, 0, title, ""};
+}
+
 constexpr auto kPrompts = std::to_array<PromptFacts>({
     Message(Id::kFirstRunWarning, Role::kFirstRun, kCritical),
     Message(Id::kOfferGeneralInformation, Role::kFirstRun, kYesNo),
@@ -132,6 +139,25 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Message(Id::kRenameTakenGoOn, Role::kGoOn, kOkCancel),
     Message(Id::kOfferErrorLog, Role::kDecision, kYesNo),
     Notice(Id::kRuleReport),
+
+    NewFilePicker(Id::kNewPathListFile, "MPL File to create."),
+    NewFilePicker(Id::kNewPlaylistFile, "Playlist File to create."),
+    NewFilePicker(Id::kNewTextFile, "Text File to create."),
+    NewFilePicker(Id::kNewTargetFile, "Target Path List File to create."),
+    NewFilePicker(Id::kNewPageFile, "HTML File to create."),
+    NewFilePicker(Id::kNewLocationsFile, "MPL File to create."),
+    NewFilePicker(Id::kNewNumbersFile, "Numeric Increment File to create."),
+    Input(Id::kPageText, "TEXT"),
+    Notice(Id::kPageFolderMissing),
+    Notice(Id::kListUnshortened, kCritical),
+    Notice(Id::kListLeftOut, kInformation),
+    Input(Id::kNumberStart),
+    Input(Id::kNumberEnd),
+    Input(Id::kNumberSameLength),
+    Input(Id::kNumberFormat),
+    Input(Id::kNumberLine),
+    Notice(Id::kNumberInvalid),
+    Notice(Id::kNumbersCanceled),
 });
 
 constexpr bool IsInOrder() {

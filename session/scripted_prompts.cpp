@@ -140,6 +140,10 @@ std::string ScriptedPrompts::PickFile(const Prompt& prompt, std::string_view /*f
     return TakePath(Note(prompt, PromptKind::kFile));
 }
 
+std::string ScriptedPrompts::PickNewFile(const Prompt& prompt, const NewFilePick& /*pick*/) {
+    return TakePath(Note(prompt, PromptKind::kNewFile));
+}
+
 void ScriptedPrompts::ShowModal(Session& session, fields::Form& form, const Prompt& prompt) {
     const std::size_t record = Note(prompt, PromptKind::kForm, form.Name());
     while (form.IsShown()) {

@@ -56,6 +56,7 @@ class ScriptedPrompts : public PromptService {
     void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) override;
     std::string PickFolder(const Prompt& prompt) override;
     std::string PickFile(const Prompt& prompt, std::string_view filters) override;
+    std::string PickNewFile(const Prompt& prompt, const NewFilePick& pick) override;
 
   private:
     // Keeps the record and gives its index.

@@ -76,4 +76,12 @@ std::string Session::PickFile(PromptId id, std::string_view filters) {
     return prompts.PickFile(PromptOf(id), filters);
 }
 
+std::string Session::PickNewFile(PromptId id, const NewFilePick& pick) {
+    return prompts.PickNewFile(PromptOf(id), pick);
+}
+
+std::string Session::InputBox(PromptId id, std::string_view text, std::string_view preset) {
+    return prompts.InputBox(PromptOf(id, text), preset);
+}
+
 } // namespace tarvix::session

@@ -69,6 +69,9 @@ struct Session {
     void ShowModal(PromptId id);
     std::string PickFolder(PromptId id);
     std::string PickFile(PromptId id, std::string_view filters);
+    std::string PickNewFile(PromptId id, const NewFilePick& pick);
+    // What was typed; empty when the user cancelled.
+    std::string InputBox(PromptId id, std::string_view text, std::string_view preset);
 
   private:
     text::DateTime toldTime_;

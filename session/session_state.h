@@ -91,12 +91,22 @@ struct SessionState {
     bool blnDateWindowClosing = false;
 
     std::string strRememberedDestination; // offered to the next action
+    std::string strPrevAction;            // of the action window when it closed
+
+    // Written files.
+    std::string strFileKind;     // "Create Txt", "Create M3u" or "Create MPL"
+    std::string strPrevFileKind; // when the action window closed
+    std::string strHtmlText = "PN";
+    std::vector<std::string> strSearchFolder; // of the last list of locations that was parsed
 
     // Batches.
     BatchRequest batch;
     bool blnAutoMove = false;
     bool blnAutoPlayList = false;
+    bool blnAutoPlayListFull = false;
     bool blnAutoPlayListLocal = false;
+    bool blnAutoPlayListFullPaths = false;
+    std::string strPlaylistFolder;
     bool blnBatchDeleteEmpty = false;
     bool blnPlayListMode = false;
     bool blnEditTargets = false;

@@ -30,6 +30,11 @@ std::string UnattendedPrompts::PickFile(const Prompt& prompt, std::string_view /
     return {};
 }
 
+std::string UnattendedPrompts::PickNewFile(const Prompt& prompt, const NewFilePick& /*pick*/) {
+    records_.push_back({prompt, PromptKind::kNewFile, "", ""});
+    return {};
+}
+
 void UnattendedPrompts::ShowModal(Session& session, fields::Form& form, const Prompt& prompt) {
     const std::size_t index = records_.size();
     records_.push_back({prompt, PromptKind::kForm, form.Name(), ""});

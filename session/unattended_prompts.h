@@ -21,6 +21,7 @@ class UnattendedPrompts : public PromptService {
     void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) override;
     std::string PickFolder(const Prompt& prompt) override;
     std::string PickFile(const Prompt& prompt, std::string_view filters) override;
+    std::string PickNewFile(const Prompt& prompt, const NewFilePick& pick) override;
 
   private:
     std::vector<PromptRecord> records_;

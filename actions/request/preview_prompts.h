@@ -16,6 +16,9 @@ class PreviewPrompts : public session::PromptService {
                    const session::Prompt& prompt) override;
     std::string PickFolder(const session::Prompt&) override { return {}; }
     std::string PickFile(const session::Prompt&, std::string_view) override { return {}; }
+    std::string PickNewFile(const session::Prompt&, const session::NewFilePick&) override {
+        return {};
+    }
 
     // What was asked since the last call.
     struct Asked {

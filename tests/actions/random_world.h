@@ -47,6 +47,9 @@ class AnyUser : public session::PromptService {
                    const session::Prompt& prompt) override;
     std::string PickFolder(const session::Prompt&) override { return {}; }
     std::string PickFile(const session::Prompt&, std::string_view) override { return {}; }
+    std::string PickNewFile(const session::Prompt&, const session::NewFilePick&) override {
+        return {};
+    }
 
   private:
     Dice& dice_;

@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "actions/request/start_action.h"
+#include "generate/menu.h"
 #include "search/search_button.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
@@ -19,6 +20,7 @@ void FillEvents(session::EventTable& events) {
     results::AddListEvents(events);
     search::AddSearchEvents(events);
     actions::AddActionEvents(events);
+    generate::AddGenerateEvents(events);
 }
 
 } // namespace tarvix::app

@@ -63,6 +63,7 @@ class FrmDialog : public Form {
     // Written files.
     CheckBox chkAddEOF{*this, "chkAddEOF", "Add &EOF", 1};
     CheckBox chkComments{*this, "chkComments", "Add pla&ylist comments.", 1};
+    CheckBox chkRelative{*this, "chkRelative", "Paths relati&ve to the playlist"};
     CheckBox chkFindSimilar{*this, "chkFindSimilar", "&Get similar file names."};
     TextBox txtDeviation{*this, "txtDeviation", "400000"};
 

@@ -102,9 +102,20 @@ class FrmSearch : public Form {
         MenuEntry{*this, "mnuBrowse_Behave", "Add Path Only", 1},
         MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add MPL", 2},
         MenuEntry{*this, "mnuBrowse_Behave", "Add Multiple Path List (MPL) Only", 3}};
+    MenuEntry mnuNamesTxt{*this, "mnuNamesTxt", "as an Object Names Only Text File"};
+    MenuEntry mnuPathNamesTxt{*this, "mnuPathNamesTxt", "as a Full Path Text File"};
+    MenuEntry mnuPathNamesMPL{*this, "mnuPathNamesMPL",
+                              "as an MPL - Multiple Path List (Folder List)"};
+    MenuEntry mnuNamesM3u{*this, "mnuNamesM3u", "as a Local Audio/Video Playlist"};
+    MenuEntry mnuPathNamesM3u{*this, "mnuPathNamesM3u", "as a Full Path Audio/Video Playlist"};
+    MenuEntry mnuTools_TargetPaths{*this, "mnuTools_TargetPaths",
+                                   "as a Shortcut (link) Target Paths List "};
+    MenuEntry mnuTools_CreateHtml{*this, "mnuTools_CreateHtml", "as a Simple HTML Web Page"};
     MenuEntry mnuTools_CreateMPLfromCombo{
         *this, "mnuTools_CreateMPLfromCombo",
         "Create Multiple Path List from 'Search Location(s)' Box"};
+    MenuEntry mnuTools_NumericIncrement{*this, "mnuTools_NumericIncrement",
+                                        "Create Numeric Incremented Text File"};
     MenuEntry mnuTools_DeleteFolderContentsOnly{*this, "mnuTools_DeleteFolderContentsOnly",
                                                 "Delete Folder Contents Only"};
     MenuEntry mnuTools_FolderSummary{*this, "mnuTools_FolderSummary", "Summarize Objects"};

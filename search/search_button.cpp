@@ -111,6 +111,16 @@ void GiveFocusBack(fields::FrmSearch& form) {
                                         : static_cast<fields::Control*>(&form.chkRepeatSearch);
 }
 
+void ParseLocations(Session& session) {
+    DropOuterBars(session.frmSearch.cmbDir);
+    const Locations locations = ParseSearchFolder(session, session.frmSearch.cmbDir.Text.Get());
+    session.state.strSearchFolder.clear();
+    for (const SearchLocation& location : locations.folders) {
+        if (location.folder.empty()) continue;
+        session.state.strSearchFolder.push_back(location.folder);
+    }
+}
+
 } // namespace
 
 void cmdSearch_Click(Session& session) {
@@ -153,6 +163,7 @@ void AddSearchEvents(session::EventTable& events) {
     }
     events.On(std::string(lifecycle::kBrowseNormally),
               [](Session& session, const session::EventArgs&) { ChooseBrowseMode(session, 0); });
+    events.On(std::string(lifecycle::kParseLocations), ParseLocations);
     events.On(std::string(lifecycle::kPaintAttributeBoxes), PaintAttributeBoxes);
     events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
     AddCriteriaEvents(events);

@@ -1,6 +1,7 @@
 #include "actions/request/destination_controls.h"
 
 #include "actions/place/action_request.h"
+#include "actions/request/action_names.h"
 #include "platform/native_paths.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -90,6 +91,10 @@ void txtFolderTree_Change(Session& session) {
 }
 
 void cmdBrowse_Click(Session& session) {
+    if (IsTextGroup(session.state.strAction)) {
+        session.events.Raise(session, "frmDialog.PickNewFile");
+        return;
+    }
     const std::string folder = session.PickFolder(session::PromptId::kPickDestination);
     if (!folder.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(folder);
 }

@@ -147,6 +147,8 @@ void OfferOthers(Session& session, const Setup& setup) {
     ShowRenameFields(session);
     form.chkAddEOF.Visible = setup.hasEof;
     form.chkComments.Visible = form.chkFindSimilar.Visible = setup.hasComments;
+    form.chkRelative.Visible = setup.hasComments && session.state.strFileKind == "Create M3u";
+    form.txtDeviation.Visible = setup.hasComments && form.chkFindSimilar.Value == 1;
 }
 
 void TakeNewestDestination(Session& session) {
@@ -243,6 +245,7 @@ void frmDialog_Activate(Session& session) {
     }
     SetUpWindow(session);
     if (state.strAction == "Automated Move") RunForBatch(session);
+    if (state.strAction.starts_with("Automated Playlist Gen")) OKButton_Click(session);
 }
 
 } // namespace tarvix::actions

@@ -6,6 +6,7 @@
 #include "actions/run/rename_only.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
+#include "session/paths/extra_path_file.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/characters.h"
@@ -28,11 +29,26 @@ void Raise(Session& session, std::string_view routine) {
     session.events.Raise(session, fmt::format("frmDialog.{}", routine));
 }
 
-std::string WriteQuestion(const ActionRequest& request, bool exists) {
+// A second file of the list that stands already, or nothing.
+std::string SecondFile(Session& session, const std::string& path) {
+    const auto& state = session.state;
+    const bool hasSecond = state.strAction == "Path and Names" && state.strFileKind == "Create Txt";
+    if (!hasSecond) return {};
+    std::string second = session::ExtraPathFile(path);
+    return IsExistingFile(session, second) ? second : std::string();
+}
+
+std::string WriteQuestion(const ActionRequest& request, const std::string& path, bool exists,
+                          const std::string& second) {
     const std::string question =
-        fmt::format("Are you sure you want to {} {}", request.heading, request.typed);
+        fmt::format("Are you sure you want to {} {}", request.heading, path);
     if (exists) {
-        return question + " ?\r\n\r\nThe current file will be replaced by this action.";
+        const std::string too =
+            second.empty() ? "" : fmt::format("\r\n{} will be replaced too.", second);
+        return question + " ?\r\n\r\nThe current file will be replaced by this action." + too;
+    }
+    if (!second.empty()) {
+        return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question, second);
     }
     if (request.strAction != "Names Only") return question + " ?";
     return question + "\r\n\r\n(Local playlists only work if created in same folder as all the "
@@ -80,7 +96,8 @@ constexpr std::array kFileSources{
 } // namespace
 
 void RequestTextFile(Session& session, ActionRun& run) {
-    const std::string& path = run.request.typed;
+    // The name of a written file holds no bars.
+    const std::string path = text::Replace(run.request.typed, "|", "");
     const std::string& action = run.request.strAction;
     if (text::Length(path) < kShortestFile) {
         return Refuse(session, PromptId::kTextFileInvalid,
@@ -93,7 +110,10 @@ void RequestTextFile(Session& session, ActionRun& run) {
                                   path));
     }
     const bool exists = IsExistingFile(session, path);
-    if (!Confirm(session, PromptId::kConfirmWrite, WriteQuestion(run.request, exists))) return;
+    if (!Confirm(session, PromptId::kConfirmWrite,
+                 WriteQuestion(run.request, path, exists, SecondFile(session, path)))) {
+        return;
+    }
     session::UpdateDestHistory(session);
     if (exists) {
         session::LogTimed(session,

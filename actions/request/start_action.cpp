@@ -2,6 +2,7 @@
 
 #include "actions/place/action_run.h"
 #include "actions/place/recycle.h"
+#include "actions/request/action_names.h"
 #include "actions/request/delete_request.h"
 #include "actions/request/destination_controls.h"
 #include "actions/request/dialog_setup.h"
@@ -82,6 +83,7 @@ void TellSummary(Session& session) {
                           session.state.blnActionCancelled || !status.Caption->empty();
     if (isSilent) return;
     const std::string& action = session.state.strAction;
+    if (!IsCopyOrMove(action) && !action.starts_with("Rename")) return;
     status.Caption = Summary(totals, action == "Copy"   ? "Copied"
                                      : action == "Move" ? "Moved"
                                                         : "Renamed");
@@ -96,6 +98,8 @@ void ShowDialog(Session& session) {
     OpenDialog(session);
     if (!isBatch || session.frmDialog.IsShown()) session.ShowModal(PromptId::kActionWindow);
     session::SaveDestHistoryFile2(session);
+    state.strPrevAction = state.strAction;
+    state.strPrevFileKind = state.strFileKind;
     if (state.strAction == "Move" && !state.blnActionCancelled) {
         state.strRememberedDestination.clear();
     }
@@ -166,6 +170,7 @@ void AddActionEvents(session::EventTable& events) {
     events.On(std::string(lifecycle::kRecycleActionLog), [](Session& session, const auto&) {
         RecycleOne(session, session.state.strActionLogFile);
     });
+    events.On(std::string(lifecycle::kOpenDialog), ShowDialog);
     events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
     events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
     events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);

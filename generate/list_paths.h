@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::generate {
+
+// How paths and names stand in written lists: as this machine writes them, or in drive form, by the
+// settings. Many paths of one folder in a row are cheap.
+class ListPaths {
+  public:
+    explicit ListPaths(session::Session& session);
+
+    bool IsNative() const { return isNative_; }
+    // Appends a full drive path. In drive form one of 248 characters and more has short names in
+    // front.
+    void Append(std::string& out, std::string_view drivePath);
+    std::string Of(std::string_view drivePath);
+    // Appends one name.
+    void AppendName(std::string& out, std::string_view driveName) const;
+
+  private:
+    session::Session& session_;
+    bool isNative_;
+    std::string folder_;       // of the last path, in drive form
+    std::string nativeFolder_; // with a final "/"; empty when it is on no drive
+};
+
+// Whether a line of a list can hold the text: none that breaks in two.
+bool FitsInLine(std::string_view text);
+
+// The bytes but A-Z, a-z, 0-9 and -._~/ as "%XX".
+std::string PercentEncode(std::string_view bytes);
+
+} // namespace tarvix::generate

@@ -1,0 +1,197 @@
+#include "generate/write_list.h"
+
+#include "generate/list_source.h"
+#include "platform/clock.h"
+#include "platform/names.h"
+#include "results/selection.h"
+#include "session/remembered/replace_file.h"
+#include "session/session.h"
+#include "text/encoding.h"
+#include "text/format.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+
+namespace tarvix::generate {
+
+namespace {
+
+using session::Session;
+
+constexpr std::size_t kPiece = 1 << 16;         // bytes
+constexpr std::size_t kToldPaths = 10;          // of those that were left out
+constexpr std::int64_t kShowEvery = 15'000'000; // nanoseconds
+
+// The line that is being written, shown as often as anybody could read it.
+class Status {
+  public:
+    explicit Status(Session& session) : session_(session) {}
+    void Show(std::string_view line) {
+        const std::int64_t now = session_.platform.clock.Steady();
+        if (now >= due_) {
+            due_ = now + kShowEvery;
+            line = line.substr(0, line.find('\r'));
+            session_.frmDialog.lblStatus.Caption = fmt::format("Writing {}", line);
+        }
+        session_.Yield();
+    }
+
+  private:
+    Session& session_;
+    std::int64_t due_ = INT64_MIN;
+};
+
+void NoteLeftOut(Session& session, const ListRequest& request, std::size_t index,
+                 ListOutcome& outcome) {
+    ++outcome.leftOut;
+    if (outcome.leftOutPaths.size() >= kToldPaths) return;
+    const bool isLocation = request.kind == ListKind::kLocations;
+    outcome.leftOutPaths.push_back(isLocation ? request.locations[index]
+                                              : session.selection->strSelActualPath[index]);
+}
+
+// The folders of the entries, into a file of their own.
+class SecondFile {
+  public:
+    explicit SecondFile(Session& session) : source_(MakePathOnlySource(session)) {}
+
+    platform::Result<void> Begin(platform::FileSystem& files, const std::string& path) {
+        auto file = session::NewTextFile::Begin(files, path);
+        if (!file) return std::unexpected(std::move(file.error()));
+        file_.emplace(std::move(*file));
+        return {};
+    }
+    platform::Result<void> Write() {
+        for (; next_ < source_->Count(); ++next_) {
+            (void)source_->Append(next_, text_);
+            if (text_.size() < kPiece) continue;
+            if (auto written = Flush(); !written) return written;
+        }
+        return {};
+    }
+    platform::Result<void> Finish(bool hasMark) {
+        if (hasMark) text_ += kEndMark;
+        if (auto written = Flush(); !written) return written;
+        return file_->Finish();
+    }
+
+  private:
+    platform::Result<void> Flush() {
+        auto written = file_->Write(text_);
+        text_.clear();
+        return written;
+    }
+
+    std::unique_ptr<ListSource> source_;
+    std::optional<session::NewTextFile> file_;
+    std::string text_;
+    std::size_t next_ = 0;
+};
+
+} // namespace
+
+std::string LeftOutText(const ListOutcome& outcome) {
+    if (outcome.leftOut == 0) return {};
+    const bool isOne = outcome.leftOut == 1;
+    std::string told =
+        fmt::format("{} {} a line break in {}, which a list of lines can't hold. "
+                    "{} left out:\r\n",
+                    text::Format(outcome.leftOut, "#,##0"), isOne ? "object has" : "objects have",
+                    isOne ? "its path" : "their paths", isOne ? "It was" : "They were");
+    for (const std::string& path : outcome.leftOutPaths) {
+        told += fmt::format("\r\n{}", platform::ForDisplay(path));
+    }
+    if (outcome.leftOut > static_cast<std::int64_t>(outcome.leftOutPaths.size())) told += "\r\n...";
+    return told;
+}
+
+ListOutcome MakeListText(Session& session, const ListRequest& request, ListSource& source,
+                         const std::function<bool(std::string_view)>& take) {
+    ListOutcome outcome;
+    Status status(session);
+    std::string text;
+    source.AppendHead(text);
+    const std::size_t count = source.Count();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t start = text.size();
+        const Appended appended = source.Append(i, text);
+        status.Show(std::string_view(text).substr(start));
+        outcome.isStopped = session.state.blnStopAction || appended == Appended::kEndsRun;
+        if (outcome.isStopped) return outcome;
+        if (appended == Appended::kLeftOut) {
+            NoteLeftOut(session, request, i, outcome);
+        } else {
+            ++outcome.written;
+        }
+        if (text.size() < kPiece) continue;
+        if (!take(text)) return outcome;
+        text.clear();
+    }
+    source.AppendEnd(text);
+    if (EndsInMark(request)) text += kEndMark;
+    source.AppendFooter(text);
+    (void)take(text);
+    return outcome;
+}
+
+ListOutcome WriteList(Session& session, const ListRequest& request, const std::string& secondFile) {
+    ListOutcome outcome;
+    // Whether the statement succeeded; else the outcome tells why not.
+    const auto succeeds = [&outcome](const platform::Result<void>& result,
+                                     const std::string& file) {
+        if (result) return true;
+        outcome.error = result.error();
+        outcome.failedFile = file;
+        return false;
+    };
+    auto file = session::NewTextFile::Begin(session.files(), request.file);
+    if (!file) {
+        outcome.error = std::move(file.error());
+        outcome.failedFile = request.file;
+        return outcome;
+    }
+    std::optional<SecondFile> second;
+    if (!secondFile.empty()) {
+        second.emplace(session);
+        if (!succeeds(second->Begin(session.files(), secondFile), secondFile)) return outcome;
+    }
+    platform::Result<void> written;
+    const auto source = MakeListSource(session, request);
+    outcome = MakeListText(session, request, *source, [&](std::string_view piece) {
+        written = file->Write(piece);
+        return written.has_value();
+    });
+    if (outcome.isStopped || !succeeds(written, request.file)) return outcome;
+    if (second && !succeeds(second->Write(), secondFile)) return outcome;
+    if (!succeeds(file->Finish(), request.file)) return outcome;
+    if (second) (void)succeeds(second->Finish(EndsInMark(request)), secondFile);
+    return outcome;
+}
+
+std::vector<std::string> FirstLines(Session& session, const ListRequest& request,
+                                    std::size_t count) {
+    const auto source = MakeListSource(session, request);
+    std::string text;
+    source->AppendHead(text);
+    std::vector<std::string> lines;
+    const auto isEnough = [&](const std::string& text_so_far) {
+        return static_cast<std::size_t>(std::ranges::count(text_so_far, '\n')) >= count;
+    };
+    std::size_t next = 0;
+    while (next < source->Count() && !isEnough(text)) {
+        (void)source->Append(next++, text);
+    }
+    if (next == source->Count()) {
+        source->AppendEnd(text);
+        if (EndsInMark(request)) text += kEndMark;
+        source->AppendFooter(text);
+    }
+    text::LineReader reader(text);
+    while (!reader.AtEnd() && lines.size() < count) {
+        lines.emplace_back(reader.Next());
+    }
+    return lines;
+}
+
+} // namespace tarvix::generate

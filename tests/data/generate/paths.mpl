@@ -1,0 +1,3 @@
+/t/a b.txt
+/t/sub/Äpfel.txt
+*EOF

@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* kOutputGroup = "Output";
 constexpr const char* kActionGroup = "What to do";
+constexpr const char* kSortHelp = "Sorts as by a click on a column head";
 
 // A command, and the record that its options fill.
 template <class Record>
@@ -66,8 +67,7 @@ void AddSearch(CLI::App& app, Command& chosen) {
     Options options(command, kOutputGroup);
     auto* columns = options.Value("--columns KEY,...", search.output.columns, ReadColumns,
                                   "These cells, in this order: column keys or NativePath");
-    options.Value("--sort KEY[:desc]", search.output.sort, ReadSort,
-                  "Sorts as by a click on a column head");
+    options.Value("--sort KEY[:desc]", search.output.sort, ReadSort, kSortHelp);
     const auto addFormat = [&](const char* name, RowFormat format, const char* help) {
         const auto take = [&taken = search.output.format, format] { taken = format; };
         return command.add_flag_callback(name, take, help);
@@ -196,6 +196,63 @@ void AddDelete(CLI::App& app, Command& chosen) {
     options.Flag("-y,--yes", deletion.confirmed, "Confirms the deletion");
 }
 
+void AddFile(Options& options, std::string& file, bool& addsEof, bool& confirmed) {
+    options.Text("--to FILE", file, "The file to write; - (unless given) for stdout");
+    options.Flag("--eof", addsEof, "Ends it in a line \"*EOF\"; a name in .mpl always has that");
+    options.Flag("-y,--yes", confirmed, "Replaces a file that stands already");
+}
+
+void AddList(CLI::App& app, Command& chosen) {
+    const auto [command, list] = Add<ListRequest>(app, kList, chosen, [](ListRequest& request) {
+        CheckCriteria(request.criteria);
+        if (request.form != kWebPage || request.file != "-") return;
+        Refuse("A web page needs a file, since its links begin there: give --to FILE.");
+    });
+    AddCriteria(command, list.criteria, list.answers);
+    Options options(command, kActionGroup);
+    options.Choice("--as FORM", list.form, {"paths", "names", "mpl", "html", "targets"},
+                   "paths (unless given), names, mpl, html or targets");
+    options.Choice("--text TEXT", list.pageText, {"PN", "P", "N", "R", "F"},
+                   "Of a page's entries: PN path and name (unless given), P path, N name, R "
+                   "relative path, F folder");
+    options.Value("--sort KEY[:desc]", list.sort, ReadSort, kSortHelp);
+    AddFile(options, list.file, list.addsEof, list.confirmed);
+}
+
+void AddPlaylist(CLI::App& app, Command& chosen) {
+    const auto [command, playlist] =
+        Add<PlaylistRequest>(app, kPlaylist, chosen, [](PlaylistRequest& request) {
+            CheckCriteria(request.criteria);
+            if (request.file.empty()) {
+                Refuse("Say where the playlist goes with --to, such as --to ~/Music/all.m3u.");
+            }
+        });
+    AddCriteria(command, playlist.criteria, playlist.answers);
+    Options options(command, kActionGroup);
+    options.Text("--to FILE", playlist.file, "The playlist to write");
+    const auto addForm = [&](const char* name, PlaylistForm form, const char* help) {
+        const auto take = [&taken = playlist.form, form] { taken = form; };
+        return command.add_flag_callback(name, take, help);
+    };
+    ExcludeEachOther(
+        {addForm("--full", kFullPaths, "Entries are full paths (unless told otherwise)"),
+         addForm("--local", kLocalNames, "Entries are names: the playlist lies beside its files"),
+         addForm("--relative", kRelativePaths, "Entries begin at the playlist's own folder")});
+    options.Value("--sort KEY[:desc]", playlist.sort, ReadSort, kSortHelp);
+    options.Flag("--comments", playlist.addsComments, "Tells missing ranks as comments");
+    options.Flag("-y,--yes", playlist.confirmed, "Replaces a file that stands already");
+}
+
+void AddNumbers(CLI::App& app, Command& chosen) {
+    const auto [command, numbers] = Add<NumbersRequest>(app, kNumbers, chosen);
+    Options options(command, kActionGroup);
+    options.Text("--from N", numbers.from, "The first number")->required();
+    options.Text("--until N", numbers.until, "The last number")->required();
+    options.Text("--line TEXT", numbers.lineText, "The line; * (unless given) is the number");
+    options.Text("--format PICTURE", numbers.picture, "How numbers look, such as 00#");
+    AddFile(options, numbers.file, numbers.addsEof, numbers.confirmed);
+}
+
 void AddOthers(CLI::App& app, Command& chosen) {
     const auto [runCommand, run] = Add<RunRequest>(app, kRun, chosen);
     Options(runCommand, "Arguments")
@@ -233,8 +290,8 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     SetUp(app);
     app.footer(kAboutFooter);
     AddMachine(app, request.machine);
-    for (const auto add :
-         {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddOthers, AddOptions})
+    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddList, AddPlaylist,
+                           AddNumbers, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

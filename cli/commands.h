@@ -9,6 +9,9 @@ namespace tarvix::cli {
 int Run(Host& host, const platform::Platform& machine, const SearchRequest& request);
 int Run(Host& host, const platform::Platform& machine, const ActionRequest& request);
 int Run(Host& host, const platform::Platform& machine, const DeleteRequest& request);
+int Run(Host& host, const platform::Platform& machine, const ListRequest& request);
+int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& request);
+int Run(Host& host, const platform::Platform& machine, const NumbersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PathsRequest& request);

@@ -70,4 +70,16 @@ bool Finding::Click(session::Session& session, fields::Control& button) {
     return clicked.has_value();
 }
 
+void SortRows(session::Session& session, const SortRequest& sort) {
+    constexpr int kMostClicks = 2;
+    const auto& list = session.frmSearch.lstMain;
+    const auto wanted =
+        sort.descending ? fields::SortDirection::kDescending : fields::SortDirection::kAscending;
+    const auto isWanted = [&] {
+        return list.SortKey.Get() == sort.column && list.SortOrder.Get() == wanted;
+    };
+    for (int click = 0; click < kMostClicks && !isWanted(); ++click)
+        session.events.Raise(session, "frmSearch.lstMain_ColumnClick", {sort.column});
+}
+
 } // namespace tarvix::cli

@@ -46,4 +46,8 @@ class Finding {
     std::vector<std::string> locations_;
 };
 
+// Clicks the column's head until the list stands as wanted: the first click on another head sorts
+// upward, a second one turns the order round.
+void SortRows(session::Session& session, const SortRequest& sort);
+
 } // namespace tarvix::cli

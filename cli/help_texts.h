@@ -87,6 +87,43 @@ inline constexpr CommandHelp kDelete{
     "together with files, or several folders, are warned of: that takes --answer Yes besides.\n"
     "A trash itself is never deleted.\n"};
 
+inline constexpr CommandHelp kList{
+    "list", "Writes a list of all that matches",
+    "Finds objects as \"search\" does and writes a list of them: paths, names, a Multiple Path\n"
+    "List, a web page, or what shortcuts lead to.\n",
+    "\nExamples:\n"
+    "  tarvix-cli list \"*.pdf\" --in ~/Documents\n"
+    "  tarvix-cli list \"*.pdf\" --in ~/Documents --as names --to ~/papers.txt\n"
+    "  tarvix-cli list \"*\" --in /srv/music --kind folders --as mpl --to ~/artists.mpl\n"
+    "  tarvix-cli list \"*.jpg\" --in ~/Pictures --as html --text N --to ~/Pictures/all.htm\n"
+    "  tarvix-cli list \"*.lnk\" --in /media/ann/OLD --as targets\n"
+    "\n"
+    "A file that stands already is replaced only with --yes, and only when the new one is whole.\n"
+    "A list of paths in a file has a second one beside it, \"NAME Extra Path Only\", with the\n"
+    "folders alone. In a file lines end in CR LF, on stdout in LF. A path with a line break can't\n"
+    "stand in a list: it is told and left out, and the command ends with 1.\n"};
+
+inline constexpr CommandHelp kPlaylist{
+    "playlist", "Writes a playlist of all that matches",
+    "Finds objects as \"search\" does and writes an M3U playlist of them, in the order of names.\n",
+    "\nExamples:\n"
+    "  tarvix-cli playlist \"*.mp3|*.flac\" --in ~/Music/Jazz --to ~/jazz.m3u\n"
+    "  tarvix-cli playlist \"*.mp3\" --in ~/Music/1987 --relative --to ~/Music/1987.m3u\n"
+    "  tarvix-cli playlist 1987 --in ~/Music/Years --comments --to ~/Music/1987.m3u --yes\n"
+    "\n"
+    "--comments takes a search for one year, such as 1987, whose files are named YYYY-RRR (year\n"
+    "and rank): the ranks that are missing stand as comments where they belong.\n"};
+
+inline constexpr CommandHelp kNumbers{
+    "numbers", "Writes a list of numbered lines",
+    "Writes one line for each number, from one to another.\n",
+    "\nExamples:\n"
+    "  tarvix-cli numbers --from 1 --until 12 --format 0# --line \"Chapter *\"\n"
+    "  tarvix-cli numbers --from 1980 --until 2026 --eof --to years.txt\n"
+    "\n"
+    "The first * of the line is the number's place. In the format 0 is a digit that is always\n"
+    "there and # one that may be: 00# gives 007.\n"};
+
 inline constexpr CommandHelp kRun{
     "run", "Runs a script that drives the whole program",
     "Runs a script that drives the whole program by the names of its controls.\n",

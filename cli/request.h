@@ -113,6 +113,43 @@ struct DeleteRequest {
     std::vector<std::string> answers;
 };
 
+// What a list holds, by the words of --as.
+enum ListForm : int { kListOfPaths, kListOfNames, kPathList, kWebPage, kListOfTargets };
+
+struct ListRequest {
+    Criteria criteria;
+    std::optional<SortRequest> sort; // otherwise as the list stands
+    int form = kListOfPaths;
+    std::string file = "-"; // as typed; "-" for stdout
+    int pageText = 0;       // by the words of --text
+    bool addsEof = false;
+    bool confirmed = false;
+    std::vector<std::string> answers;
+};
+
+// How the entries of a playlist stand.
+enum PlaylistForm : int { kFullPaths, kLocalNames, kRelativePaths };
+
+struct PlaylistRequest {
+    Criteria criteria;
+    std::optional<SortRequest> sort; // otherwise as the list stands
+    int form = kFullPaths;
+    std::string file; // as typed
+    bool addsComments = false;
+    bool confirmed = false;
+    std::vector<std::string> answers;
+};
+
+struct NumbersRequest {
+    std::string from;
+    std::string until;
+    std::string lineText = "*";
+    std::string picture;    // empty for plain numbers
+    std::string file = "-"; // as typed; "-" for stdout
+    bool addsEof = false;
+    bool confirmed = false;
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -134,8 +171,9 @@ struct OptionsRequest {
     bool json = false;
 };
 
-using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, RunRequest, SampleRequest,
-                             PathsRequest, OptionsRequest>;
+using Command =
+    std::variant<SearchRequest, ActionRequest, DeleteRequest, ListRequest, PlaylistRequest,
+                 NumbersRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

@@ -62,6 +62,9 @@ Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
     if (!in) return FailureOf(in.error(), item.sourcePath);
     const auto st = StatOf(in->Get());
     if (!st) return FailureOf(st.error(), item.sourcePath);
+    if (item.isSeen && !IsSameObject(item.st, *st)) {
+        return FailureBy(kChangedSinceSearch, item.sourcePath);
+    }
     if (!S_ISREG(st->stx_mode)) return FailureBy(kPathFileAccess, item.sourcePath);
     const auto target = TargetOf(item);
     if (!target) return TargetFailure(target.error(), item.targetPath);

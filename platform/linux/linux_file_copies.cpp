@@ -23,9 +23,18 @@ bool IsLocal(const Resolved& place) {
     });
 }
 
+Sys<UniqueFd> OpenItself(const Resolved& place, At at) {
+    TX_TRY_ASSIGN(UniqueFd fd, OpenAt(at, O_RDONLY | O_DIRECTORY | O_NOFOLLOW));
+    if (!place.around) return fd;
+    TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
+    if (!IsSameObject(st, *place.st)) return std::unexpected(ESTALE);
+    return fd;
+}
+
 Sys<UniqueFd> OpenItself(const Resolved& place) {
+    if (place.around) return OpenItself(place, At{place.around->Get(), place.NameText()});
     TX_TRY_ASSIGN(const Location location, Locate(place.native));
-    return OpenAt(location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    return OpenItself(place, location);
 }
 
 bool IsFolder(const Resolved& place) {
@@ -78,12 +87,29 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     TX_TRY_ASSIGN(const Resolved source, resolver_.Folder(from));
     if (!S_ISDIR(source.st->stx_mode)) return CopyFile(from, to, overwrite, observer);
     TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to));
+    return CopyFolder(source, target, from, to, overwrite, observer);
+}
+
+Result<void> LinuxFileSystem::CopyFolderTo(const Look& from, const FreePlace& to,
+                                           const CopyObserver& observer) {
+    TX_TRY_ASSIGN(const auto source, FolderOf(from));
+    if (!S_ISDIR(source->st->stx_mode)) return CopyFileTo(from, to, observer);
+    TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to.path));
+    if (target.Exists()) return FailureBy(kAlreadyExists, to.path);
+    return CopyFolder(*source, target, from.path, to.path, false, observer);
+}
+
+Result<void> LinuxFileSystem::CopyFolder(const Resolved& source, const Resolved& target,
+                                         std::string_view from, std::string_view to, bool overwrite,
+                                         const CopyObserver& observer) {
     TX_TRY_ASSIGN(UniqueFd nearest, OpenNearest(target, to));
     if (IsWithin(nearest.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
     if (target.Exists() && !IsFolder(target)) {
         return FailureBy(overwrite ? kPathFileAccess : kAlreadyExists, to);
     }
-    TX_TRY_ASSIGN(UniqueFd in, Named(OpenItself(source), from));
+    auto opened = OpenItself(source);
+    if (!opened && opened.error() == ESTALE) return FailureBy(kChangedSinceSearch, from);
+    TX_TRY_ASSIGN(UniqueFd in, Named(std::move(opened), from));
     UniqueFd out = std::move(nearest);
     if (!target.Exists()) {
         TX_TRY_ASSIGN(out, MakeTarget(out.Get(), target, to));
@@ -127,11 +153,12 @@ bool LinuxFileSystem::FindAhead(AheadItem& item) const {
 
 Result<void> LinuxFileSystem::CopyOne(const Resolved& source, const Resolved& target,
                                       std::string_view from, std::string_view to, CopyRun& run) {
-    TX_TRY_ASSIGN(const Location in, Named(store_.Locate(source.native), from));
+    TX_TRY_ASSIGN(const Location in, Named(LocationOf(source, store_), from));
     TX_TRY_ASSIGN(const Location out, Named(store_.Locate(target.native), to));
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
     const At at = out;
-    auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to}, run);
+    const bool isSeen = source.around != nullptr;
+    auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to, isSeen}, run);
     if (copied) target.Exists() ? NoteChanged() : NoteMade(target);
     // Others were faster than what is known of the folder.
     if (!copied && copied.error().number == kAlreadyExists) store_.Forget(target.Folder());

@@ -3,6 +3,7 @@
 #include "platform/drive_path.h"
 #include "platform/names.h"
 #include "platform/try.h"
+#include "text/paths.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -43,6 +44,16 @@ std::string_view Resolved::Folder() const {
 
 std::string_view Resolved::NativeName() const {
     return std::string_view(native).substr(NameStart(native));
+}
+
+const char* Resolved::NameText() const {
+    return native.c_str() + NameStart(native);
+}
+
+std::string Resolved::WantedPath() const {
+    std::string path = native;
+    if (!otherName.empty()) SetLastName(path, otherName);
+    return path;
 }
 
 std::string Resolved::DrivePath() const {
@@ -127,6 +138,31 @@ Result<Resolved> PathResolver::Target(std::string_view path) const {
     }
     if (st.error() != ENOENT) return FailureOf(st.error(), path);
     return Loosely(std::move(*place), path);
+}
+
+// Each name of the path is one on the disk.
+std::size_t PathResolver::FolderLength(const Resolved& place, std::string_view below) {
+    std::size_t length = NameStart(place.native) - 1;
+    const auto names = std::ranges::count(text::StripTrailingSlash(below), '\\');
+    for (std::ptrdiff_t i = 1; i < names && length > place.baseEnd; ++i) {
+        length = place.native.rfind('/', length - 1);
+    }
+    return std::max(length, place.baseEnd);
+}
+
+Result<Resolved> PathResolver::Below(std::string_view path, std::size_t location) const {
+    TX_TRY_ASSIGN(Resolved place, ByText(path));
+    if (place.IsRoot()) return Existing(path);
+    const std::string_view below = path.substr(std::min(location, path.size()));
+    const auto at = store_.LocateBelow(place.native, FolderLength(place, below));
+    if (!at) {
+        const bool isOther = at.error() == ELOOP || at.error() == ENOTDIR || at.error() == EXDEV;
+        if (isOther) return FailureBy(kChangedSinceSearch, path);
+        return at.error() == ENOENT ? FailureBy(kPathNotFound, path) : FailureOf(at.error(), path);
+    }
+    TX_TRY_ASSIGN(place.st, Named(StatOf(platform::At(*at)), path));
+    place.around = at->folder;
+    return place;
 }
 
 Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
@@ -232,6 +268,11 @@ Result<Resolved> PathResolver::File(std::string_view path) const {
     auto place = Existing(path);
     if (place && S_ISDIR(place->st->stx_mode)) return FailureBy(kFileNotFound, path);
     return place;
+}
+
+Sys<Location> LocationOf(const Resolved& place, FolderStore& store) {
+    if (!place.around) return store.Locate(place.native);
+    return Location{place.around, place.NameText()};
 }
 
 bool LeadsToFolder(const Resolved& place) {

@@ -19,13 +19,20 @@ class TrashFolder {
     static Sys<TrashFolder> OfMount(const std::string& top);
 
     // Moves an object into it. `path` is where the object is (native, absolute, no links on the
-    // way), and what it will be restored to. EXDEV when it lies on another file system. On failure
-    // the object stays and nothing new is left.
-    Sys<void> Take(At object, std::string_view path, bool isFolder);
+    // way), and what it will be restored to. EXDEV when it lies on another file system; EREMCHG
+    // when it must be the object of `st` and another has come to its name, which then goes back.
+    // On failure the object stays and nothing new is left.
+    Sys<void> Take(At object, std::string_view path, const struct statx& st, bool mustBeSame);
 
   private:
     static Sys<TrashFolder> Open(Sys<UniqueFd> folder, std::string top);
-    Sys<void> TakeAs(const std::string& name, At object, const std::string& info, bool isFolder);
+    struct Taken {
+        At object;
+        const struct statx& st;
+        bool mustBeSame;
+    };
+    Sys<void> TakeAs(const std::string& name, const Taken& taken, const std::string& info);
+    Sys<void> CheckTaken(const std::string& name, const Taken& taken);
 
     std::string top_; // paths are told relative to it; empty for absolute ones
     UniqueFd info_;

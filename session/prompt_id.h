@@ -109,6 +109,7 @@ enum class PromptId : std::uint8_t {
     kRenameEmpty,
     kRenameTaken,
     kRenameTakenGoOn,
+    kChangedSinceSearch,
     kOfferErrorLog,
     kRuleReport,
 

@@ -112,7 +112,7 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         if (!place) return {};
         if (!verb) {
             const bool moves =
-                run.request.isMove && !CheckSystemHidden(session, run, object, false);
+                run.request.isMove && !CheckSystemHidden(session, run, object, false).isProtected;
             verb = moves ? Verb::kMove : Verb::kCopy;
         }
         outcome = PlaceObject(

@@ -48,8 +48,9 @@ Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& objec
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
                           platform::FreePlace place) {
     Object known = object;
-    const bool isProtected = CheckSystemHidden(session, run, object, false, &known.look);
-    const Verb verb = run.request.isMove && !isProtected ? Verb::kMove : Verb::kCopy;
+    Protection found = CheckSystemHidden(session, run, object, false);
+    known.look = std::move(found.look);
+    const Verb verb = run.request.isMove && !found.isProtected ? Verb::kMove : Verb::kCopy;
     std::string destination = place.path;
     return PlaceObject(session, run,
                        {.object = known,

@@ -70,7 +70,9 @@ Outcome Placing::Result() {
                     .isTaken = isTaken_,
                     .error = std::move(error_)};
     if (isDone_) outcome.strDestination = std::move(destination_);
-    if (hasFailed_) {
+    if (isChanged_) {
+        outcome.kind = OutcomeKind::kChanged;
+    } else if (hasFailed_) {
         outcome.kind = OutcomeKind::kFailed;
     } else if (isDone_) {
         constexpr std::array kKinds{OutcomeKind::kCopied, OutcomeKind::kMoved,
@@ -118,7 +120,9 @@ bool Placing::MayOverwrite() {
         session::LogTimed(session_, " User canceled delete of rest of files");
         return false;
     }
-    if (!CheckSystemHidden(session_, run_, object_, true)) return true;
+    const Protection found = CheckSystemHidden(session_, run_, object_, true);
+    if (found.isChanged) NoteChanged();
+    if (!found.isProtected || found.isChanged) return !found.isProtected;
     isProtected_ = true;
     session::LogTimed(session_,
                       fmt::format(" User did not override in override form, of {} to overwrite {}",
@@ -144,7 +148,10 @@ bool Placing::MakePlain() {
         if (!destinationIsPlain_) return false;
     }
     if (blnSourceOnCD_ || (sourceAttributes_ & kProtecting) == 0) return true;
-    sourceIsPlain_ = Do([this] { return SetPlain(object_.actual); });
+    sourceIsPlain_ = Do([this] {
+        return session_.files().SetAttributesOf(Source(),
+                                                object_.isFile ? kPlainFile : kPlainFolder);
+    });
     return sourceIsPlain_;
 }
 
@@ -182,7 +189,7 @@ bool Placing::RecycleDestination() {
 
 void Placing::RecycleSource() {
     RestoreSource();
-    if (RecycleOne(session_, object_.actual)) return;
+    if (RecycleObject(session_, object_, run_.same)) return;
     isCopyOnly_ = true;
     session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin ({} already "
                                             "copied).",
@@ -192,7 +199,7 @@ void Placing::RecycleSource() {
 void Placing::RestoreSource() {
     if (!sourceIsPlain_) return;
     sourceIsPlain_ = false;
-    (void)session_.files().SetAttributes(object_.actual, sourceAttributes_);
+    (void)session_.files().SetAttributesOf(Source(), sourceAttributes_);
 }
 
 void Placing::RestoreDestination() {
@@ -249,14 +256,18 @@ platform::Result<void> Placing::Read(std::string_view path, ObjectFacts& facts) 
 }
 
 platform::Result<void> Placing::LookAtSource() {
-    TX_TRY_ASSIGN(look_, object_.isFile ? platform::LookAtFile(session_.files(), object_.actual)
-                                        : platform::LookAtFolder(session_.files(), object_.actual));
+    TX_TRY_ASSIGN(look_, LookAt(session_, run_, object_));
     return {};
 }
 
 platform::Look Placing::Source() const {
     if (look_) return *look_;
-    return {.path = std::string(object_.actual), .facts = {}, .known = nullptr};
+    return {.path = std::string(object_.actual),
+            .facts = {.attributes = object_.sighting.attributes,
+                      .size = object_.sighting.size,
+                      .identity = object_.sighting.identity},
+            .known = nullptr,
+            .location = object_.sighting.location};
 }
 
 platform::FreePlace Placing::NewPlace() const {
@@ -293,7 +304,7 @@ platform::Result<void> Placing::Copy() {
     if (object_.isFile) return files.CopyFileTo(Source(), NewPlace(), run_.observer);
     TX_TRY(MakeWay());
     isOwn_ = true;
-    return files.CopyFolder(object_.actual, destination_, false, run_.observer);
+    return files.CopyFolderTo(Source(), NewPlace(), run_.observer);
 }
 
 platform::Result<void> Placing::MakeWay() {

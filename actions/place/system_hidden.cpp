@@ -77,8 +77,8 @@ bool IsProtected(Session& session, ActionRun& run, const Object& object, std::ui
 
 } // namespace
 
-bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, bool blnOverwriting,
-                       std::optional<platform::Look>* read) {
+Protection CheckSystemHidden(Session& session, ActionRun& run, const Object& object,
+                             bool blnOverwriting) {
     const bool isDelete = run.request.strAction == "Delete";
     const session::ErrorContext context{.routine = "CheckSystemHidden",
                                         .moduleName = isDelete ? "frmSearch" : "frmDialog",
@@ -87,15 +87,19 @@ bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, b
                                         .objectType = object.isFile ? session::ObjectType::kFile
                                                                     : session::ObjectType::kFolder,
                                         .asksAlways = isDelete};
-    auto look = session::Attempt(session, context, [&] {
-        return object.isFile ? platform::LookAtFile(session.files(), object.actual)
-                             : platform::LookAtFolder(session.files(), object.actual);
-    });
+    Protection found;
+    auto look = session::Attempt(
+        session, context, [&] { return LookAt(session, run, object); },
+        [&found](const platform::PlatformError& error) -> std::optional<int> {
+            found.isChanged = error.number == platform::kChangedSinceSearch;
+            return found.isChanged ? std::optional(session::kRecoveryLeave) : std::nullopt;
+        });
     // What can't be read can't be shown to be harmless.
-    if (!look) return true;
-    const std::uint32_t attributes = look->facts.attributes;
-    if (read) *read = std::move(*look.result);
-    return IsProtected(session, run, object, attributes, blnOverwriting);
+    if (!look) return found;
+    found.look = std::move(*look.result);
+    found.isProtected =
+        IsProtected(session, run, object, found.look->facts.attributes, blnOverwriting);
+    return found;
 }
 
 } // namespace tarvix::actions

@@ -3,6 +3,7 @@
 #include "platform/names.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -16,13 +17,31 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
 
+// JSON has no bytes: one that is no text is written as the lone surrogate U+DC00 plus the byte,
+// which many readers give back as that byte.
+void AppendJsonWithBytes(std::string& out, std::string_view text) {
+    out += '"';
+    std::size_t begin = 0;
+    const auto appendValid = [&](std::size_t end) {
+        const std::string quoted = nlohmann::json(text.substr(begin, end - begin)).dump();
+        out.append(quoted, 1, quoted.size() - 2);
+    };
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t at = pos;
+        const char32_t c = text::NextCharacter(text, pos);
+        if (c <= 0x10FFFF) continue;
+        appendValid(at);
+        out += fmt::format("\\udc{:02x}", static_cast<unsigned>(c - 0x110000));
+        begin = pos;
+    }
+    appendValid(text.size());
+    out += '"';
+}
+
 // A text as JSON writes it. Plain ASCII, which nearly all cells are, takes a short road.
 void AppendJsonText(std::string& out, const std::string& text) {
     const auto isPlain = [](char c) { return c >= ' ' && c < '\x7F'; };
-    if (!std::ranges::all_of(text, isPlain)) {
-        out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-        return;
-    }
+    if (!std::ranges::all_of(text, isPlain)) return AppendJsonWithBytes(out, text);
     out += '"';
     for (const char c : text) {
         if (c == '"' || c == '\\') out += '\\';

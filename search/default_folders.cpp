@@ -201,7 +201,7 @@ std::string ListFile(const Session& session, std::string_view title) {
     std::string name(title);
     std::ranges::replace(name, '/', '-');
     return text::JoinPath(session.state.strDataFolder,
-                          fmt::format("{}.mpl", platform::NameToDrive(name)));
+                          fmt::format("{}.mpl", platform::PieceToDrive(name)));
 }
 
 std::vector<std::string> FoldersOf(Session& session, std::string_view title) {

@@ -14,7 +14,6 @@
 namespace tarvix::search {
 
 namespace {
-constexpr std::size_t kLongestSpec = 259;
 constexpr std::size_t kWorthReadingAhead = 1024; // files
 } // namespace
 
@@ -48,7 +47,7 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     if (rowFolderIndex_ == index) return rowFolder_;
     results::RowFolder folder;
     folder.longPath = list_.At(index).strFolderLong;
-    if (text::Length(folder.longPath) > session::kLongPath) {
+    if (session::ExceedsLimit(session_, folder.longPath, session::kLongPath)) {
         folder.mixedPath = session::MixPath(folder.longPath, list_.At(index).Short());
     }
     folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
@@ -97,8 +96,11 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
 bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {
     const std::string& folder = list_.At(index).Short();
     const std::string_view spec = request_.isNot ? std::string_view("*") : searchString_;
-    if (text::Length(folder) + 1 + text::Length(spec) <= kLongestSpec) return false;
-    session::AskLongPath(session_, fmt::format("{}\\{}", folder, spec), "", routine, "frmSearch");
+    const bool isSurelyShort = folder.size() + 1 + spec.size() <= session::kLongPath;
+    if (isSurelyShort) return false;
+    const std::string whole = text::Concat({folder, "\\", spec});
+    if (!session::ExceedsLimit(session_, whole, session::kLongPath)) return false;
+    session::AskLongPath(session_, whole, "", routine, "frmSearch");
     return true;
 }
 

@@ -33,11 +33,9 @@ bool FolderList::IsInterrupted() const {
 }
 
 // Every level shortened at once, from the names alone: a search looks up nothing that it doesn't
-// list. Bytes are never fewer than characters, so a short byte count settles most paths.
+// list.
 std::string FolderList::ShortFormFor(const std::string& path) {
-    if (path.size() <= session::kFolderPortion || text::Length(path) <= session::kFolderPortion) {
-        return {};
-    }
+    if (!session::ExceedsLimit(session_, path, session::kFolderPortion)) return {};
     return session::ShortFormOf(path);
 }
 

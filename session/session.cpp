@@ -44,7 +44,7 @@ const std::string& Session::TimeText() {
 std::string Session::Shown(std::string_view path) const {
     if (!state.platformSettings.showsNative) return platform::ForDisplay(path);
     const std::string native = platform.paths.ToNative(path);
-    return native.empty() ? platform::ForDisplay(path) : native;
+    return native.empty() ? platform::ForDisplay(path) : platform::NativeForDisplay(native);
 }
 
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {

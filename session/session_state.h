@@ -118,6 +118,7 @@ struct SessionState {
     bool blnSkipSearch = false;
     bool blnRepeatDeleteEmpty = false;
     bool blnSearching = false;
+    bool blnDeepFolderTold = false; // one that was too deep to be searched
     std::int64_t lngSeenFiles = 0;
     std::int64_t lngSeenFolders = 0;
     std::int64_t lngFilesFound = 0;

@@ -51,7 +51,7 @@ struct FreeNameSearch {
 
 // Brings a candidate that is too long into a form that can be used; false when it is left alone.
 bool Shorten(Session& session, const FreeNameSearch& search, std::string& candidate) {
-    if (text::Length(candidate) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session, candidate, session::kLongPath)) return true;
     session::AskLongPath(session, search.path, candidate, search.routine, "frmDialog");
     if (!session::ContinuesLongPath(session)) return false;
     auto shortened = session::GetShortPathNameReturnCodes(session, candidate);

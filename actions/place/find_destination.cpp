@@ -140,7 +140,7 @@ void RuleSettler::LookForFolder(Destination& destination) {
 
 std::optional<std::string> RuleSettler::FittingFolder(const RuleResult& result) {
     const std::string search = fmt::format("{}*{}*", result.front, result.set);
-    if (text::Length(search) <= kSearchLimit) return result.front;
+    if (!session::ExceedsLimit(session_, search, kSearchLimit)) return result.front;
     session::AskLongPath(session_, search, "", "SpecialRuleConvert", "frmDialog");
     if (!session::ContinuesLongPath(session_)) return std::nullopt;
     auto shortened =

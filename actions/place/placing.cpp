@@ -84,7 +84,7 @@ Outcome Placing::Result() {
 
 bool Placing::FinishDestination() {
     destination_ = CleanedDestination(destination_, verb_ == Verb::kRename);
-    if (text::Length(destination_) <= kLongestNewPath) return true;
+    if (!session::ExceedsLimit(session_, destination_, kLongestNewPath)) return true;
     session::AskLongPath(session_, SearchFolderOf(object_), destination_, "CopyObject",
                          "frmDialog");
     if (!session::ContinuesLongPath(session_)) return false;

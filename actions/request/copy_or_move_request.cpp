@@ -56,7 +56,7 @@ bool FirstPlace(Session& session, const ActionRequest& request, std::string& pla
     if (request.structure != Structure::kDriveMirror && !partial.empty()) {
         place.append(partial.starts_with('\\') ? "" : "\\").append(partial);
     }
-    if (text::Length(place) < session::kLongPath) return true;
+    if (!session::ExceedsLimit(session, place, session::kLongPath - 1)) return true;
     auto shortened = session::GetShortPathNameReturnCodes(session, place);
     if (shortened.status < 2) {
         session.MsgBox(PromptId::kFirstPlaceUnshortened,

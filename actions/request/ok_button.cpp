@@ -80,7 +80,7 @@ void Typed::CleanSpaces(bool isRule) {
 }
 
 bool Typed::Shorten() {
-    if (text::Length(text_) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session_, text_, session::kLongPath)) return true;
     if (session_.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
         return false;
     }

@@ -226,7 +226,10 @@ std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) co
 // ---- one new name ----
 
 std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
-    const std::string name = object.portion == NamePortion::kPrefix
+    // Many a disk drops the dot of a name that has no extension; where it stays it isn't written.
+    const bool hasNoDot =
+        session_.platform.traits.keepsFinalDots && object.parts.strExtension.empty();
+    const std::string name = object.portion == NamePortion::kPrefix && !hasNoDot
                                  ? text::Concat({text, ".", object.parts.strExtension})
                              : object.portion == NamePortion::kExtension
                                  ? text::Concat({object.parts.strPrefix, ".", text})
@@ -245,7 +248,7 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
 }
 
 bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
-    if (text::Length(path) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session_, path, session::kLongPath)) return true;
     session::AskLongPath(session_, object.old, path, "RenameOnly", "frmDialog");
     bool isShort = false;
     if (session::ContinuesLongPath(session_)) {

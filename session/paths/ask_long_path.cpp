@@ -4,12 +4,14 @@
 #include "session/session.h"
 #include "session/tell.h"
 #include "text/characters.h"
+#include "text/paths.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -189,12 +191,26 @@ void LogDecision(Session& session, const Question& question) {
     }
 }
 
-// A search is never asked about: it ends.
+// One sentence a search, however many folders it passes over.
+void PassDeepFolder(Session& session, const Question& question, std::string_view told) {
+    LogTimed(session, text::Concat({" ", told}));
+    if (std::exchange(session.state.blnDeepFolderTold, true)) return;
+    TellUnlessAuto(
+        session, PromptId::kSearchTooLong,
+        fmt::format("A folder is too deep to be searched and was left out: "
+                    "\r\n\r\n{}\r\n\r\nIts path and what is looked for have {} characters, "
+                    "and LongestPath allows 259. The action log names the others.",
+                    session.Shown(text::GetParentFolderName(question.oldText)),
+                    text::Length(question.oldText)));
+}
+
+// A search is never asked about: it ends, or goes on without the folder.
 void RefuseLongSearch(Session& session, const Question& question) {
     const std::string told = fmt::format(
         "\r\n\r\nRoutine - {} is attempting to search with this: \r\n\r\n{}\r\n\r\nIt contains {} "
         "characters. That search string is to long to used.",
         question.routine, question.oldText, text::Length(question.oldText));
+    if (session.platform.traits.passesDeepFolders) return PassDeepFolder(session, question, told);
     TellAndLog(session, PromptId::kSearchTooLong, told);
     session.state.blnStopClicked = true;
 }

@@ -90,7 +90,7 @@ MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
                                         bool isFolderPath) {
     MissingFolderResult result;
     std::string folder = text::CleanSpacesInPath(FolderOf(path, isFolderPath), true);
-    if (text::Length(folder) > kFolderPortion) {
+    if (ExceedsLimit(session, folder, kFolderPortion)) {
         folder = GetShortPathNameReturnCodes(session, folder).path;
     }
     result.path = folder;

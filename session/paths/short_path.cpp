@@ -61,8 +61,15 @@ bool ShortenFolderPortion(Session& session, std::string& path) {
 
 } // namespace
 
+bool ExceedsLimit(const Session& session, std::string_view path, std::size_t limit) {
+    // Bytes are never fewer than characters, so a short byte count settles most paths.
+    return path.size() > limit && session.state.platformSettings.longestPath != kAnyLength &&
+           text::Length(path) > limit;
+}
+
 ShortPathResult GetShortPathNameReturnCodes(Session& session, std::string_view path, bool whole,
                                             std::size_t limit) {
+    if (session.state.platformSettings.longestPath == kAnyLength) return {std::string(path), 3};
     const std::size_t length = text::Length(path);
     if (length >= kAbsoluteLimit) return {std::string(path), 0};
     if (limit < 1 || limit > kFolderPortion) limit = kFolderPortion;

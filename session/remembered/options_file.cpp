@@ -60,7 +60,7 @@ std::string AsName(std::string_view version) {
     std::string name(text::Left(version, kMostVersion));
     std::ranges::replace_if(
         name, [](char c) { return c == '/' || c == 0; }, '_');
-    return platform::NameToDrive(name);
+    return platform::PieceToDrive(name);
 }
 
 // One reading of the file, from its version to the last line that counts.

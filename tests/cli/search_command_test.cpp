@@ -179,7 +179,7 @@ TEST_F(SearchCommandTest, NoticesGoToStderrAndTheSearchGoesOn) {
 }
 
 TEST_F(SearchCommandTest, AnObjectThatCannotBeOpenedIsToldAndGivesOne) {
-    Disk().AddNative("C:\\home\\ann\\Music", "bad\xFF.mp3");
+    Disk().AddUnopenable("C:\\home\\ann\\Music", "bad?.mp3", "bad\xFF.mp3");
     EXPECT_EQ(Search({}), kSomeFailed);
     EXPECT_THAT(Err(), ::testing::HasSubstr("bad?.mp3"));
     EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");

@@ -135,19 +135,6 @@ TEST_F(SearchTest, WeirdNamesArriveByteForByte) {
     });
 }
 
-TEST_F(SearchTest, NamesThatCannotBeOpenedAreToldOnceAndGiveOne) {
-    AddFile("bad/good.txt");
-    AddFile("bad/a\xFF.txt");
-    AddFile("bad/b\xFE.txt");
-    AddFile("bad/trailing ");
-    const Outcome outcome = Run({"search", "*", "--in", "bad"});
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(Shown(outcome.out), "ROOT/bad/good.txt\n");
-    EXPECT_THAT(outcome.err, HasSubstr("a?.txt"));
-    EXPECT_THAT(outcome.err, ::testing::Not(HasSubstr("b?.txt")));
-    EXPECT_THAT(outcome.err, HasSubstr("trailing spaces"));
-}
-
 TEST_F(SearchTest, DeepPathsAreFoundAndPrintedInFull) {
     MakeDeep();
     const Outcome outcome = Run({"search", "*.txt", "--in", "deep"});

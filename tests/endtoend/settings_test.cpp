@@ -3,10 +3,13 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tarvix::endtoend {
 namespace {
@@ -82,6 +85,95 @@ TEST_F(SettingsTest, WithALatestFileYearLaterDatesTakeTheFilters) {
               "new.tmp\t1980/01/01 00:00:00\n");
     EXPECT_EQ(Found({"*.tmp", "--in", "d", "--before", "2020-01-01"}), "ROOT/d/new.tmp\n");
     EXPECT_THAT(ActionLogs(), HasSubstr("bad Date = Modified Date. The object is "));
+}
+
+// ---- LongestPath ----
+
+// A folder in a folder, and so on, a file in each tenth; by names alone, since the whole path is
+// longer than the system takes.
+void MakeChain(const fs::path& top, int levels, const std::string& name) {
+    fs::create_directories(top);
+    int folder = open(top.c_str(), O_RDONLY | O_DIRECTORY);
+    for (int level = 1; level <= levels; ++level) {
+        ASSERT_EQ(mkdirat(folder, name.c_str(), 0755), 0);
+        const int inner = openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY);
+        ASSERT_GE(inner, 0);
+        close(folder);
+        folder = inner;
+        if (level % 10 == 0) close(openat(folder, "file.txt", O_WRONLY | O_CREAT, 0644));
+    }
+    close(folder);
+}
+
+std::ptrdiff_t LinesIn(const std::string& text) {
+    return std::ranges::count(text, '\n');
+}
+
+TEST_F(SettingsTest, ATreeOf300LevelsIsSearchedCopiedAndRecycledWhole) {
+    setenv("HOME", Root().c_str(), 1);
+    setenv("XDG_DATA_HOME", (Root() / ".local/share").c_str(), 1);
+    MakeChain(Root() / "deep/top", 300, "a folder of 24 character");
+    EXPECT_EQ(LinesIn(Found({"file.txt", "--in", "deep"})), 30);
+    const std::vector<std::string> top{"--kind", "folders", "--no-subfolders", "--yes"};
+    std::vector<std::string> copy{"copy", "top", "--in", "deep", "--to", "copied"};
+    copy.insert(copy.end(), top.begin(), top.end());
+    const Outcome copied = Run(copy);
+    EXPECT_EQ(copied.exitCode, 0) << copied.err << copied.out;
+    EXPECT_EQ(LinesIn(Found({"file.txt", "--in", "copied"})), 30);
+    std::vector<std::string> recycle{"delete", "top", "--in", "copied"};
+    recycle.insert(recycle.end(), top.begin(), top.end());
+    const Outcome recycled = Run(recycle);
+    EXPECT_EQ(recycled.exitCode, 0) << recycled.err << recycled.out;
+    EXPECT_FALSE(fs::exists(Root() / "copied/top"));
+    EXPECT_EQ(LinesIn(Found({"file.txt", "--in", ".local/share/Trash/files"})), 30);
+}
+
+TEST_F(SettingsTest, AWholeTreeOfLongPathsIsCopiedFileByFileWithoutAQuestion) {
+    MakeChain(Root() / "deep", 60, "a folder with a rather long name");
+    const Outcome copied = Run(
+        {"copy", "file.txt", "--in", "deep", "--to", "copied", "--structure", "folder", "--yes"});
+    EXPECT_EQ(copied.exitCode, 0) << copied.err << copied.out;
+    EXPECT_EQ(copied.err, "");
+    EXPECT_EQ(LinesIn(Found({"file.txt", "--in", "copied"})), 6);
+}
+
+TEST_F(SettingsTest, With259CharactersAFolderThatIsTooDeepIsPassedOverAndTold) {
+    MakeDeep();
+    AddFile("deep/zz/after.txt");
+    Option("LongestPath", "259");
+    // The short forms of the folders are short enough for long.
+    const Outcome short8 = Run({"search", "*.txt", "--in", "deep"});
+    EXPECT_EQ(LinesIn(short8.out), 13) << short8.err;
+    MakeChain(Root() / "deeper", 60, "abcdefgh");
+    AddFile("deeper/zz/after.txt");
+    const Outcome outcome = Run({"search", "*.txt", "--in", "deeper"});
+    EXPECT_THAT(outcome.out, HasSubstr("/deeper/zz/after.txt\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("/abcdefgh/file.txt\n"));
+    EXPECT_LT(LinesIn(outcome.out), 7);
+    EXPECT_THAT(outcome.err, HasSubstr("A folder is too deep to be searched and was left out"));
+    EXPECT_THAT(ActionLogs(), HasSubstr("That search string is to long to used."));
+}
+
+TEST_F(SettingsTest, With259CharactersALongNewPathIsAskedAbout) {
+    AddFile("from/" + std::string(200, 'n') + ".txt");
+    const std::string to = "to/" + std::string(40, 'a') + "/" + std::string(40, 'b');
+    Option("LongestPath", "259");
+    const Outcome asked = Run({"copy", "*", "--in", "from", "--to", to, "--yes"});
+    EXPECT_EQ(asked.exitCode, 3) << asked.out;
+    Option("LongestPath", "native");
+    const Outcome done = Run({"copy", "*", "--in", "from", "--to", to, "--yes"});
+    EXPECT_EQ(done.exitCode, 0) << done.err;
+}
+
+// ---- names ----
+
+TEST_F(SettingsTest, ANameWithoutExtensionGetsNoDotAtItsEnd) {
+    AddFile("r/plain");
+    AddFile("r/with.txt");
+    const Outcome outcome =
+        Run({"rename", "*", "--in", "r", "--insert", "x", "--at", "end", "--yes"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(Found({"*", "--in", "r"}), "ROOT/r/plainx\nROOT/r/withx.txt\n");
 }
 
 } // namespace

@@ -198,8 +198,8 @@ TEST(MemoryFileSystem, BoundariesAreListed) {
 
 TEST(MemoryFileSystem, CopyTreeKeepsNamesThatCannotBeOpenedApart) {
     MemoryFileSystem disk;
-    disk.AddNative("C:\\from", "caf\xE9", "1");
-    disk.AddNative("C:\\from", "caf\xE8", "2");
+    disk.AddUnopenable("C:\\from", "caf?", "caf\xE9", "1");
+    disk.AddUnopenable("C:\\from", "caf?", "caf\xE8", "2");
     disk.AddNative("C:\\from", "plain:name", "3");
     ASSERT_TRUE(disk.CopyFolder("C:\\from", "C:\\to", false, {}));
     EXPECT_EQ(disk.Node("C:\\to")->Children().size(), 3u);

@@ -1,6 +1,10 @@
 #include "cli/print_rows.h"
 
 #include "platform/names.h"
+#include "platform/native_paths.h"
+#include "results/result_list.h"
+#include "results/shown_cells.h"
+#include "session/session.h"
 #include "text/characters.h"
 
 #include <fmt/core.h>
@@ -110,10 +114,9 @@ class RowPaths {
 
 class RowPrinter {
   public:
-    RowPrinter(const results::ResultList& rows, const platform::NativePaths& paths,
-               const RowOutput& output, std::ostream& out)
-        : rows_(rows), paths_(rows, paths), format_(output.format), columns_(output.columns),
-          gathered_(out) {
+    RowPrinter(const session::Session& session, const RowOutput& output, std::ostream& out)
+        : session_(session), rows_(*session.rows), paths_(rows_, session.platform.paths),
+          format_(output.format), columns_(output.columns), gathered_(out) {
         if (columns_.empty()) AddAllColumns();
         const bool hasPath = std::ranges::find(columns_, kNativePathColumn) != columns_.end();
         if (format_ == RowFormat::kJson && !hasPath) columns_.push_back(kNativePathColumn);
@@ -149,7 +152,7 @@ class RowPrinter {
         if (column == kNativePathColumn) {
             paths_.Append(out, row);
         } else {
-            out += platform::NameToNative(rows_.Cell(row, static_cast<results::Column>(column)));
+            out += results::PlainCell(session_, rows_, row, static_cast<results::Column>(column));
         }
     }
 
@@ -179,7 +182,7 @@ class RowPrinter {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             cell_.clear();
             AppendCell(cell_, row, columns_[i]);
-            gathered_.Text().append(i > 0 ? "\t" : "").append(CellField(cell_));
+            gathered_.Text().append(i > 0 ? "\t" : "").append(PlainField(cell_));
         }
         gathered_.Text() += '\n';
     }
@@ -195,6 +198,7 @@ class RowPrinter {
         out += "}\n";
     }
 
+    const session::Session& session_;
     const results::ResultList& rows_;
     RowPaths paths_;
     RowFormat format_;
@@ -230,18 +234,20 @@ std::string_view HeadOf(int column) {
 }
 
 std::string CellField(std::string_view cell) {
+    return PlainField(platform::NameToNative(cell));
+}
+
+std::string PlainField(std::string field) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kEscapes{
         {{"\r\n", "\\n"}, {"\n", "\\n"}, {"\r", "\\r"}, {"\t", "\\t"}}};
-    std::string field = platform::NameToNative(cell);
     if (field.find_first_of("\r\n\t") == field.npos) return field;
     for (const auto& [control, escape] : kEscapes)
         field = text::Replace(field, control, escape);
     return field;
 }
 
-bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
-               const RowOutput& output, std::ostream& out) {
-    return RowPrinter(rows, paths, output, out).Print();
+bool PrintRows(const session::Session& session, const RowOutput& output, std::ostream& out) {
+    return RowPrinter(session, output, out).Print();
 }
 
 } // namespace tarvix::cli

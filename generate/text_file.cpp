@@ -33,7 +33,7 @@ void RefuseUnshortened(Session& session, const std::string& file) {
         fmt::format("{}'s path exceeds 259 characters in length AND the folder portion does not "
                     "exist. \r\n\r\nIt's actual length is : {} characters.\r\n\r\nWas unable to "
                     "calculate a short path to substitute. ",
-                    file, text::Length(file));
+                    session.Shown(file), text::Length(file));
     const bool isAutomatic = session.state.options.blnAutoMode;
     session::TellOrLog(
         session, PromptId::kListUnshortened,
@@ -42,7 +42,7 @@ void RefuseUnshortened(Session& session, const std::string& file) {
 
 // A path that is too long is put in its short form, if the user wants that; false to give up.
 bool ShortenSecond(Session& session, const ListRequest& request, std::string& second) {
-    if (text::Length(second) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session, second, session::kLongPath)) return true;
     session::AskLongPath(session, request.file, second, kRoutine, kModule, true);
     if (!session::ContinuesLongPath(session)) return false;
     const auto shortened = session::GetShortPathNameReturnCodes(session, second);

@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 
+#include "platform/names.h"
 #include "platform/try.h"
 
 #include <fmt/core.h>
@@ -31,7 +32,10 @@ Result<void> FileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
 
 Result<Look> LookAtFile(FileSystem& files, std::string_view path) {
     TX_TRY_ASSIGN(Look look, files.LookAt(path));
-    if (look.facts.IsFolder()) return Failure(kFileNotFound, fmt::format("{} is a folder.", path));
+    if (look.facts.IsFolder()) {
+        return std::unexpected(PlatformError{
+            kFileNotFound, fmt::format("{} is a folder.", ForDisplay(path)), std::string(path)});
+    }
     return look;
 }
 
@@ -39,7 +43,9 @@ Result<Look> LookAtFolder(FileSystem& files, std::string_view path) {
     auto look = files.LookAt(path);
     if (!look && look.error().number == kFileNotFound) look.error().number = kPathNotFound;
     if (look && !look->facts.IsFolder()) {
-        return Failure(kPathNotFound, fmt::format("{} is not a folder.", path));
+        return std::unexpected(PlatformError{kPathNotFound,
+                                             fmt::format("{} is not a folder.", ForDisplay(path)),
+                                             std::string(path)});
     }
     return look;
 }

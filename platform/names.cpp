@@ -98,7 +98,8 @@ void AppendAllShown(std::string& out, std::string_view native) {
 bool MayHoldCarried(std::string_view text) {
     std::size_t at = text.find('\xEF');
     while (at != text.npos && at + 1 < text.size()) {
-        if (text[at + 1] >= '\x80' && text[at + 1] <= '\x83') return true;
+        const auto next = static_cast<unsigned char>(text[at + 1]);
+        if (next >= 0x80 && next <= 0x83) return true;
         at = text.find('\xEF', at + 1);
     }
     return false;
@@ -196,6 +197,19 @@ std::string NativeForDisplay(std::string_view native) {
     std::string out;
     out.reserve(native.size());
     AppendAllShown(out, native);
+    return out;
+}
+
+std::string FileAddress(std::string_view native) {
+    constexpr std::string_view kPlain = "-._~/";
+    std::string out = "file://";
+    for (const char c : native) {
+        const bool isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                             (c >= '0' && c <= '9') || kPlain.contains(c);
+        out += isPlain
+                   ? std::string(1, c)
+                   : fmt::format("%{:02X}", static_cast<unsigned>(static_cast<unsigned char>(c)));
+    }
     return out;
 }
 

@@ -35,4 +35,7 @@ std::string ForDisplay(std::string_view driveText);
 // The same of a native path.
 std::string NativeForDisplay(std::string_view native);
 
+// The "file://" address of an absolute native path, every byte that is no plain character as %XX.
+std::string FileAddress(std::string_view native);
+
 } // namespace tarvix::platform

@@ -41,7 +41,7 @@ std::string FolderList::ShortFormFor(const std::string& path) {
 
 void FolderList::ShowReading(std::string_view folder) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        text::Concat({"Building list of folders with - ", folder});
+        text::Concat({"Building list of folders with - ", session_.Shown(folder)});
 }
 
 void FolderList::Start(std::string_view location) {
@@ -97,8 +97,8 @@ void FolderList::BuildRootOnly(std::string_view location) {
 
 void FolderList::BuildSecond() {
     for (const CrawlFolder& folder : folders_) {
-        session_.frmSearch.lblCurrentFolder.Caption =
-            text::Concat({"Building another list of folders with - ", folder.strFolderLong});
+        session_.frmSearch.lblCurrentFolder.Caption = text::Concat(
+            {"Building another list of folders with - ", session_.Shown(folder.strFolderLong)});
         session_.Yield();
         if (IsInterrupted()) return;
     }
@@ -174,7 +174,7 @@ bool FolderList::TakeEntry(std::size_t index, const platform::FolderEntry& entry
             session::LogTimed(
                 session_,
                 fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed (Ubuntu).",
-                            path));
+                            session_.Shown(path)));
             return true;
         }
     }

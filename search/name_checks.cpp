@@ -58,7 +58,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
     if (name.find('?') == name.npos) return true;
     if (quiet) return false;
     const std::string found =
-        Lines({fmt::format("A file or folder was found in {}.", folder),
+        Lines({fmt::format("A file or folder was found in {}.", session.Shown(folder)),
                fmt::format("It contains {} characters in its name. ", text::Length(name)),
                fmt::format("The name is: {}", name),
                "where '?' - represents non-Western Europe character encoding."});
@@ -78,7 +78,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
 void ReportTrailingSpaces(session::Session& session, std::string_view name,
                           std::string_view folder) {
     const std::string found =
-        Lines({fmt::format("Skipped: {}\\{}", folder, name),
+        Lines({fmt::format("Skipped: {}", session.Shown(text::Concat({folder, "\\", name}))),
                " as it has trailing spaces in the object name. This is a very "
                "serious error. If you attempt to delete it in Explorer nothing will "
                "happen or worse Explorer will delete the object with the same name "
@@ -104,7 +104,7 @@ void ReportFakeFolder(session::Session& session, std::string_view path) {
     form.lblMain.Caption =
         fmt::format("{} is not a real folder. You may want to add the actual folder "
                     "{}\\ProgramData to your search location list.",
-                    path, text::Left(path, 2));
+                    session.Shown(path), text::Left(path, 2));
     session.ShowModal(session::PromptId::kFakeFolder);
 }
 

@@ -10,6 +10,7 @@
 #include "search/search_form.h"
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
+#include "session/native_entry.h"
 #include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -84,7 +85,9 @@ void LogRequest(Session& session, const SearchRequest& request) {
     session::LogTimed(session, fmt::format(" User selected to search for {}{} with '{}' in {}",
                                            KindText(request.kind),
                                            request.subfolders ? " and search subfolders" : "",
-                                           request.searchFor, request.locations.text));
+                                           request.searchFor,
+                                           session::EntryShown(session, session.frmSearch.cmbDir,
+                                                               request.locations.text)));
 }
 
 WalkEnd WalkLogged(Session& session, const SearchRequest& request) {

@@ -28,9 +28,9 @@ void ShowBatch(Session& session) {
         state.blnAutoMove
             ? fmt::format(
                   "**** - Automated Move - **** Search file: {}   Delete empty folders = {}",
-                  state.strBatchFile, state.blnBatchDeleteEmpty ? "True" : "False")
+                  session.Shown(state.strBatchFile), state.blnBatchDeleteEmpty ? "True" : "False")
             : fmt::format("**** - Automated PlayList Generation - **** Search file: {}",
-                          state.strBatchFile);
+                          session.Shown(state.strBatchFile));
 }
 
 void ShowIdle(Session& session, std::string_view status) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/forms.h"
+#include "platform/error.h"
 #include "platform/platform.h"
 #include "session/action_log.h"
 #include "session/error_log.h"
@@ -54,9 +55,11 @@ struct Session {
     text::DateTime Now();
     const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
-    // A drive path (any other text, too) as people read it: in the form that `PathForm` names, its
-    // carried characters as themselves, bytes that are no text as \xNN.
+    // A drive path (any other text, too; a rule or pattern of paths) as people read it: in the form
+    // that `PathForm` names, its carried characters as themselves, bytes that are no text as \xNN.
     std::string Shown(std::string_view path) const;
+    // The sentence of an error, with its path as people read it.
+    std::string Shown(const platform::PlatformError& error) const;
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it. `isRepeat`: the choice
     // was made already.

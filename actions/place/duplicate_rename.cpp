@@ -78,7 +78,7 @@ std::optional<platform::FreePlace> FindFreeName(Session& session, const ActionRe
         session::LogTimed(session,
                           fmt::format(" Skipped {}, there is no text to add to the name of a "
                                       "duplicate.",
-                                      search.path));
+                                      session.Shown(search.path)));
         return std::nullopt;
     }
     const NameParts parts =
@@ -90,9 +90,9 @@ std::optional<platform::FreePlace> FindFreeName(Session& session, const ActionRe
         if (candidate.empty()) return std::nullopt;
         // Blanks at the end of a name are lost again; past the limit no name can be made at all.
         if (candidate == last || text::Length(newName) > session::kAbsoluteLimit) {
-            session::LogTimed(
-                session,
-                fmt::format(" Skipped {}, no free name was found for a duplicate.", search.path));
+            session::LogTimed(session,
+                              fmt::format(" Skipped {}, no free name was found for a duplicate.",
+                                          session.Shown(search.path)));
             return std::nullopt;
         }
         last = candidate;

@@ -80,7 +80,8 @@ class RuleSettler {
 void RuleSettler::TellDoubledSlashes(const RuleResult& result) const {
     Log(fmt::format(" With this object {} and this Special Rule {} this path was created, {} after "
                     "applying the Replacement Characters. Replacing \\\\ with a single \\.",
-                    object_.path, rule_->text, result.made));
+                    session_.Shown(object_.path), session_.Shown(rule_->text),
+                    session_.Shown(result.made)));
 }
 
 void RuleSettler::TellFailure(const RuleResult& result) {
@@ -93,12 +94,14 @@ void RuleSettler::TellFailure(const RuleResult& result) {
         Count(tally_.intRuleShortSearch);
         return Log(fmt::format(" {}'s full path length is equal to: {}. Position {} is greater "
                                "than that.",
-                               object_.path, text::Length(object_.path), rule_->SetText()));
+                               session_.Shown(object_.path), text::Length(object_.path),
+                               rule_->SetText()));
     case RuleEnd::kSlashInSet:
         Count(tally_.intRuleNoFolder);
         return Log(fmt::format(" With this object {} and this Special Rule {} this search Set was "
                                "created, {} It has slashes '\\' which can not be searched for.",
-                               object_.path, rule_->text, rule_->SetText()));
+                               session_.Shown(object_.path), session_.Shown(rule_->text),
+                               rule_->SetText()));
     default:
         return;
     }
@@ -107,7 +110,7 @@ void RuleSettler::TellFailure(const RuleResult& result) {
 void RuleSettler::TellShortReplace(int position) {
     Count(tally_.intRuleShortReplace);
     Log(fmt::format(" {}'s full path length is equal to: {}. Position *{}* is greater than that.",
-                    object_.path, text::Length(object_.path), position));
+                    session_.Shown(object_.path), text::Length(object_.path), position));
     session_.state.strFailedPosition = std::to_string(position);
 }
 
@@ -115,10 +118,10 @@ void RuleSettler::TellColon(const RuleResult& result) {
     // A rule without a set has been counted as good by its replacements.
     if (rule_->set) Count(tally_.intRuleOk, -1);
     Count(tally_.intRuleShortReplace);
-    const std::string told =
-        fmt::format(" With this object {} and this Special Rule {} this path was created, {} It "
-                    "has a : in the wrong position, can only be position 2. Skipping this object.",
-                    object_.path, rule_->text, result.made);
+    const std::string told = fmt::format(
+        " With this object {} and this Special Rule {} this path was created, {} It "
+        "has a : in the wrong position, can only be position 2. Skipping this object.",
+        session_.Shown(object_.path), session_.Shown(rule_->text), session_.Shown(result.made));
     Log(told);
     session::TellUnlessAuto(session_, session::PromptId::kRuleColon, told);
 }
@@ -184,7 +187,8 @@ void RuleSettler::TellNothingFound(std::string search) {
     Count(tally_.intRuleNoFolder);
     Log(fmt::format(" {0} Triggered a search that found nothing. Using position {1}. With {0} and "
                     "{2} this search path was created, {3} after applying the Search Set.",
-                    object_.path, rule_->SetText(), rule_->text, search));
+                    session_.Shown(object_.path), rule_->SetText(), session_.Shown(rule_->text),
+                    session_.Shown(search)));
     session_.state.strLastFailedSearch = std::move(search);
 }
 
@@ -197,10 +201,10 @@ void HandleUnrooted(Session& session, const ActionRun& run, const Object& object
                                         .path = object.path,
                                         .searchOrDestination = RootPlace(run.request, place),
                                         .objectType = session::ObjectType::kUnknown};
-    const std::string told =
-        destination.missing == Missing::kPlace
-            ? "There is no destination."
-            : fmt::format("{} names no drive and no network share.", destination.unrooted);
+    const std::string told = destination.missing == Missing::kPlace
+                                 ? "There is no destination."
+                                 : fmt::format("{} names no drive and no network share.",
+                                               session.Shown(destination.unrooted));
     (void)session::Attempt(session, context, [&told]() -> platform::Result<void> {
         return platform::Failure(platform::kInvalidCall, told);
     });

@@ -98,8 +98,8 @@ bool Placing::FinishDestination() {
 
 void Placing::ShowStatus() {
     const Words& words = kWords[static_cast<std::size_t>(verb_)];
-    session_.frmDialog.lblStatus.Caption =
-        text::Concat({words.doing, object_.path, words.as, destination_});
+    session_.frmDialog.lblStatus.Caption = text::Concat(
+        {words.doing, session_.Shown(object_.path), words.as, session_.Shown(destination_)});
     session_.Yield();
 }
 
@@ -122,7 +122,7 @@ bool Placing::MayOverwrite() {
     isProtected_ = true;
     session::LogTimed(session_,
                       fmt::format(" User did not override in override form, of {} to overwrite {}",
-                                  object_.path, destination_));
+                                  session_.Shown(object_.path), session_.Shown(destination_)));
     return false;
 }
 
@@ -164,19 +164,20 @@ bool Placing::RecycleDestination() {
     if (RecycleOne(session_, destination_)) {
         destinationIsPlain_ = false;
         isRecycled_ = true;
-        session::LogTimed(
-            session_,
-            fmt::format(" Deleted {} to recycle bin before it was overwritten.", destination_));
+        session::LogTimed(session_,
+                          fmt::format(" Deleted {} to recycle bin before it was overwritten.",
+                                      session_.Shown(destination_)));
         return true;
     }
-    session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin and overwrite "
-                                            "with {} overwrite was skipped.",
-                                            destination_, object_.path));
+    session::LogTimed(session_,
+                      fmt::format(" Was unable to delete {} to recycle bin and overwrite "
+                                  "with {} overwrite was skipped.",
+                                  session_.Shown(destination_), session_.Shown(object_.path)));
     session::TellUnlessAuto(
         session_, session::PromptId::kOverwriteNotRecycled,
         fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to recycle bin and overwrite with: "
                     "\r\n\r\n{}\r\n\r\n overwrite was skipped.",
-                    destination_, object_.path));
+                    session_.Shown(destination_), session_.Shown(object_.path)));
     return false;
 }
 
@@ -186,7 +187,8 @@ void Placing::RecycleSource() {
     isCopyOnly_ = true;
     session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin ({} already "
                                             "copied).",
-                                            object_.path, object_.isFile ? "file" : "folder"));
+                                            session_.Shown(object_.path),
+                                            object_.isFile ? "file" : "folder"));
 }
 
 void Placing::RestoreSource() {
@@ -220,23 +222,25 @@ void Placing::SetCombined() {
     session::LogTimed(session_,
                       fmt::format(" Attributes of {} were combined since it overwrote another "
                                   "object.",
-                                  destination_));
+                                  session_.Shown(destination_)));
 }
 
 void Placing::LogPlaced() {
     isDone_ = true;
     if (hasFailed_) return;
+    const std::string source = session_.Shown(object_.path);
+    const std::string place = session_.Shown(destination_);
     const std::string_view mode = overwrites_ ? "overwrite" : "";
     std::string line;
     switch (verb_) {
     case Verb::kCopy:
-        line = text::Concat({" Copy ", object_.path, " -- to -- ", destination_, " ", mode});
+        line = text::Concat({" Copy ", source, " -- to -- ", place, " ", mode});
         break;
     case Verb::kMove:
-        line = text::Concat({" Move ", object_.path, " -- to -- ", destination_, mode, "."});
+        line = text::Concat({" Move ", source, " -- to -- ", place, mode, "."});
         break;
     case Verb::kRename:
-        line = text::Concat({" Renamed ", object_.path, " -- as -- ", destination_, mode});
+        line = text::Concat({" Renamed ", source, " -- as -- ", place, mode});
         break;
     }
     session::LogTimed(session_, line);
@@ -270,9 +274,9 @@ platform::Result<void> Placing::SetPlain(std::string_view path) {
 
 platform::Result<void> Placing::CanBeRead() {
     if ((sourceFacts_.attributes & platform::kSpecial) != 0) {
-        return platform::Failure(
-            platform::kPathFileAccess,
-            fmt::format("{} is a special file, which can't be copied.", object_.path));
+        return platform::Failure(platform::kPathFileAccess,
+                                 fmt::format("{} is a special file, which can't be copied.",
+                                             session_.Shown(object_.path)));
     }
     if (!object_.isFile || sourceFacts_.IsLink()) return {};
     TX_TRY(session_.files().ReadBytes(object_.actual, 0, 1));
@@ -299,9 +303,9 @@ platform::Result<void> Placing::Copy() {
 platform::Result<void> Placing::MakeWay() {
     TX_TRY_ASSIGN(const bool stands, DestinationStands());
     if (!stands || (isOwn_ && RecycleOne(session_, destination_))) return {};
-    return platform::Failure(
-        platform::kAlreadyExists,
-        fmt::format("{}: {}.", destination_, platform::ErrorText(platform::kAlreadyExists)));
+    return platform::Failure(platform::kAlreadyExists,
+                             fmt::format("{}: {}.", session_.Shown(destination_),
+                                         platform::ErrorText(platform::kAlreadyExists)));
 }
 
 platform::Result<void> Placing::Move() {

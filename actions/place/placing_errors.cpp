@@ -24,7 +24,7 @@ session::ErrorContext Placing::Context() const {
 }
 
 void Placing::Fail(const platform::PlatformError& error) {
-    error_ = error.description;
+    error_ = session_.Shown(error);
     hasFailed_ = true;
     // Every further copy would end the same way.
     isDiskFull_ = error.number == platform::kDiskFull;
@@ -68,14 +68,15 @@ void Placing::TellDeepFolder(bool isThere) {
             session_, session::PromptId::kDeepFolder,
             fmt::format(" Folder: {}\r\n\r\nor Folder: {}\r\n\r\n has already been "
                         "removed, skipped.",
-                        object_.path, destination_));
+                        session_.Shown(object_.path), session_.Shown(destination_)));
     }
     if (isOwn_) (void)RecycleOne(session_, destination_);
     session::TellOrLog(
         session_, session::PromptId::kDeepFolder,
         fmt::format(" Folder: {}{}contains objects whose path exceed 259 characters, "
                     "skipped.",
-                    object_.path, session_.state.options.blnAutoMode ? " " : "\r\n\r\n"));
+                    session_.Shown(object_.path),
+                    session_.state.options.blnAutoMode ? " " : "\r\n\r\n"));
 }
 
 std::optional<int> Placing::ForceOnce() {
@@ -98,7 +99,8 @@ std::optional<int> Placing::ForceCopy() {
     SetCombined();
     if (!hasFailed_) {
         session::LogTimed(session_,
-                          fmt::format(" Copy {} -- to -- {} forced.", object_.path, destination_));
+                          fmt::format(" Copy {} -- to -- {} forced.", session_.Shown(object_.path),
+                                      session_.Shown(destination_)));
     }
     isDone_ = true;
     // The line comes first, then the report of an error without a number.
@@ -125,8 +127,9 @@ void Placing::LogForcedMove() {
     const bool isRename = verb_ == Verb::kRename;
     session::LogTimed(
         session_,
-        fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move", object_.path,
-                    isRename ? "as" : "to", destination_,
+        fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move",
+                    session_.Shown(object_.path), isRename ? "as" : "to",
+                    session_.Shown(destination_),
                     overwrites_ ? "by copying and deleting and deleting original object.First the "
                                   "new location file being overwritten was placed in the recycle "
                                   "bin."

@@ -53,7 +53,8 @@ bool DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
     const auto deleted = session::Attempt(
         session, context, [&] { return DeleteForGood(session, entry.strActualPath, kind); });
     if (!deleted) return false;
-    session::LogTimed(session, " Deleted " + entry.strPath + " since recycle failed.");
+    session::LogTimed(session,
+                      " Deleted " + session.Shown(entry.strPath) + " since recycle failed.");
     return true;
 }
 
@@ -62,15 +63,16 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
     const auto facts = session.files().Facts(entry.strActualPath);
     if (facts)
         return facts->IsFolder() && !facts->IsLink() ? ObjectType::kFolder : ObjectType::kFile;
-    session::LogTimed(session,
-                      " Was unable to determine the object type of: " + entry.strPath + ".");
+    session::LogTimed(session, " Was unable to determine the object type of: " +
+                                   session.Shown(entry.strPath) + ".");
     return {};
 }
 
 void AskOverride(Session& session, const RecycleEntry& entry) {
     auto& form = session.forms.frmOverrideRecycleFail;
-    form.lblMain.Caption = entry.strPath + "\r\n\r\n failed to be recycled. \r\nWould you like to "
-                                           "delete anyway, without going to the recycle bin?";
+    form.lblMain.Caption = session.Shown(entry.strPath) +
+                           "\r\n\r\n failed to be recycled. \r\nWould you like to "
+                           "delete anyway, without going to the recycle bin?";
     form.Focus = &form.cmdNo;
     form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideRecycleFailure);
@@ -80,7 +82,7 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
         " User selected do not override recycle failure to all at: ",
         " User selected override recycle failure to all at: ",
         " User selected cancel to all in override recycle failure form at: "};
-    session::LogTimed(session, kLines[form.Answer] + entry.strPath);
+    session::LogTimed(session, kLines[form.Answer] + session.Shown(entry.strPath));
 }
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer

@@ -36,7 +36,7 @@ void TellOnce(Session& session, const ActionRun& run, const Object& object) {
             "{0}\r\n\r\n{1}\r\n\r\n{2}{0}, and all others like it, will be copied and the original "
             "will still exist.\r\nAssuming there are no other errors.\r\n\r\nYou will not see this "
             "warning again this session.",
-            object.path, kHas, KindWord(object)));
+            session.Shown(object.path), kHas, KindWord(object)));
 }
 
 std::string Question(const Object& object, bool isDelete) {
@@ -59,7 +59,8 @@ bool AskOverride(Session& session, ActionRun& run, const Object& object) {
         " User selected do not override to: ", " User selected override to: ",
         " User selected do not override to all at: ", " User selected override to all at: ",
         " User selected cancel to all in override form at: "};
-    session::LogTimed(session, fmt::format("{}{}", kLines[form.Answer], object.path));
+    session::LogTimed(session,
+                      fmt::format("{}{}", kLines[form.Answer], session.Shown(object.path)));
     return form.Answer != kOverrideYes && form.Answer != kOverrideYesToAll;
 }
 

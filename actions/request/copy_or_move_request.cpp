@@ -63,7 +63,7 @@ bool FirstPlace(Session& session, const ActionRequest& request, std::string& pla
                        fmt::format("{} exceeds 259 characters in length AND the folder portion "
                                    "does not exist. Was unable to calculate a short path to "
                                    "substitute.",
-                                   place));
+                                   session.Shown(place)));
         BackToWindow(session);
         return false;
     }
@@ -73,11 +73,14 @@ bool FirstPlace(Session& session, const ActionRequest& request, std::string& pla
 
 bool CheckPlace(Session& session, const ActionRequest& request, const std::string& place) {
     if (text::Length(place) >= kShortestFile && IsExistingFile(session, place)) {
-        Refuse(session, PromptId::kDestinationIsFile,
-               fmt::format("{} is a file, you can not copy objects inside it.", place));
+        Refuse(
+            session, PromptId::kDestinationIsFile,
+            fmt::format("{} is a file, you can not copy objects inside it.", session.Shown(place)));
         return false;
     }
-    const bool needsFolder = request.way == Way::kOneLocation;
+    const bool isRoot =
+        session.platform.traits.takesRoots && place.size() == 2 && place.ends_with(':');
+    const bool needsFolder = request.way == Way::kOneLocation && !isRoot;
     if (text::Length(place) < 2 || (needsFolder && !place.contains('\\'))) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
@@ -101,16 +104,17 @@ bool CheckLocations(Session& session, const ActionRequest& request) {
     return true;
 }
 
-std::string Question(const ActionRequest& request) {
+std::string Question(const Session& session, const ActionRequest& request) {
     const std::string_view structure =
         strStructureName[static_cast<std::size_t>(request.structure)];
-    const std::string& typed = request.typed;
+    const std::string typed = session.Shown(request.typed);
     switch (request.way) {
     case Way::kMultipleLocations:
         return fmt::format(
             "Are you sure you want to {} {}{} and other destination folders?\r\nUsing folder "
             "structure - {} ?",
-            request.heading, request.strMultiPath.empty() ? "" : request.strMultiPath.front(),
+            request.heading,
+            request.strMultiPath.empty() ? "" : session.Shown(request.strMultiPath.front()),
             request.structure == Structure::kDriveMirror ? "" : typed, structure);
     case Way::kUpFolderTree:
         return fmt::format("Are you sure you want to {} object(s) up folder tree {} folder(s)?\r\n"
@@ -130,7 +134,7 @@ std::string Question(const ActionRequest& request) {
 
 void LogStart(Session& session, const ActionRequest& request) {
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {} Using {}",
-                                           request.strAction, request.typed,
+                                           request.strAction, session.Shown(request.typed),
                                            kWayNames[static_cast<std::size_t>(request.way)]));
 }
 
@@ -138,7 +142,7 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     const ActionRequest& request = run.request;
     const auto id =
         warnings.empty() ? PromptId::kConfirmCopyOrMove : PromptId::kConfirmCopyOrMoveWarned;
-    if (!Confirm(session, id, warnings + Question(request)))
+    if (!Confirm(session, id, warnings + Question(session, request)))
         return ReportActionResult(session, run);
     if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
     if (request.way == Way::kSpecialRule) session.state.strFailedPosition.clear();
@@ -215,7 +219,7 @@ void RequestAutomatedMove(Session& session, ActionRun& run) {
         return SetBusy(session, false);
     }
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {}",
-                                           request.strAction, request.typed));
+                                           request.strAction, session.Shown(request.typed)));
     DispatchByDuplicates(session, run);
     Report(session, run);
 }

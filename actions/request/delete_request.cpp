@@ -87,17 +87,18 @@ void QueueOne(Session& session, ActionRun& run, std::size_t index,
     const Object object = ObjectAt(*session.selection, index);
     auto& skipped = session.state.lastAction.skipped;
     if (CheckSystemHidden(session, run, object, false)) {
-        session::LogTimed(session, text::Concat({" User skipped delete of ", object.path}));
+        session::LogTimed(session,
+                          text::Concat({" User skipped delete of ", session.Shown(object.path)}));
         ++skipped;
     } else if (session::IsRecycleBin(object.path)) {
         session::LogTimed(session, fmt::format(" Skipped delete of {}. Because it is the Recycle "
                                                "Bin.",
-                                               object.path));
+                                               session.Shown(object.path)));
         ++skipped;
     } else {
         queue.push_back({std::string(object.actual), std::string(object.path)});
-        session::LogTimed(session,
-                          text::Concat({" ", object.path, " is queued for the recycle bin."}));
+        session::LogTimed(session, text::Concat({" ", session.Shown(object.path),
+                                                 " is queued for the recycle bin."}));
     }
 }
 

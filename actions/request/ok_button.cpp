@@ -100,7 +100,7 @@ void Typed::SubstituteFakeRoots() {
         if (!real) continue;
         session_.MsgBox(PromptId::kDestinationReplaced,
                         fmt::format("{} is not a real folder, substituting the actual folder {}",
-                                    text_, *real));
+                                    session_.Shown(text_), session_.Shown(*real)));
         Set(std::move(*real));
     }
 }

@@ -38,17 +38,19 @@ std::string SecondFile(Session& session, const std::string& path) {
     return IsExistingFile(session, second) ? second : std::string();
 }
 
-std::string WriteQuestion(const ActionRequest& request, const std::string& path, bool exists,
-                          const std::string& second) {
+std::string WriteQuestion(const Session& session, const ActionRequest& request,
+                          const std::string& path, bool exists, const std::string& second) {
     const std::string question =
-        fmt::format("Are you sure you want to {} {}", request.heading, path);
+        fmt::format("Are you sure you want to {} {}", request.heading, session.Shown(path));
     if (exists) {
         const std::string too =
-            second.empty() ? "" : fmt::format("\r\n{} will be replaced too.", second);
+            second.empty() ? ""
+                           : fmt::format("\r\n{} will be replaced too.", session.Shown(second));
         return question + " ?\r\n\r\nThe current file will be replaced by this action." + too;
     }
     if (!second.empty()) {
-        return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question, second);
+        return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question,
+                           session.Shown(second));
     }
     if (request.strAction != "Names Only") return question + " ?";
     return question + "\r\n\r\n(Local playlists only work if created in same folder as all the "
@@ -107,17 +109,17 @@ void RequestTextFile(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kTextFileIsFolder,
                       fmt::format("{} is a folder, you can not write a file over an existing "
                                   "folder.",
-                                  path));
+                                  session.Shown(path)));
     }
     const bool exists = IsExistingFile(session, path);
     if (!Confirm(session, PromptId::kConfirmWrite,
-                 WriteQuestion(run.request, path, exists, SecondFile(session, path)))) {
+                 WriteQuestion(session, run.request, path, exists, SecondFile(session, path)))) {
         return;
     }
     session::UpdateDestHistory(session);
     if (exists) {
-        session::LogTimed(session,
-                          fmt::format(" User selected to copy {} to text file: {}", action, path));
+        session::LogTimed(session, fmt::format(" User selected to copy {} to text file: {}", action,
+                                               session.Shown(path)));
     }
     const bool needsSelection =
         action != "Create MPL From Combo Box" && action != "Numeric Increment";
@@ -133,7 +135,8 @@ void RequestMakeFolders(Session& session, ActionRun& run) {
     }
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kFoldersPlaceIsFile,
-                      fmt::format("{} is a file, you can not create folders inside it.", path));
+                      fmt::format("{} is a file, you can not create folders inside it.",
+                                  session.Shown(path)));
     }
     Raise(session, "MakeFolders");
     Report(session, run);
@@ -146,8 +149,9 @@ void RequestAutomatedPlaylist(Session& session, ActionRun& run) {
         session.frmDialog.Hide();
         return Report(session, run);
     }
-    session::LogTimed(session, fmt::format(" User selected to {}object names to file as list: {}",
-                                           run.request.strAction, run.request.typed));
+    session::LogTimed(session,
+                      fmt::format(" User selected to {}object names to file as list: {}",
+                                  run.request.strAction, session.Shown(run.request.typed)));
     WriteFile(session, run);
 }
 
@@ -181,7 +185,7 @@ void RequestRenameFromFile(Session& session, ActionRun& run) {
                       fmt::format("{}\r\n\r\n", source->missing));
     }
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, fmt::format("{}{}", source->log, path));
+    session::LogTimed(session, fmt::format("{}{}", source->log, session.Shown(path)));
     if (!HasSelection(session)) return;
     Raise(session, source->action);
     HideAndReport(session, run);

@@ -70,7 +70,7 @@ class Renaming {
     std::size_t NextHit(const std::string& text, std::size_t hit, bool isReplaced) const;
     std::string ReplaceInText(const std::string& text, std::size_t hit) const;
 
-    static std::string NewPath(const Renamed& object, std::string_view text);
+    std::string NewPath(const Renamed& object, std::string_view text) const;
     bool CanUse(const Renamed& object, std::string& path);
     bool FitsOrShortens(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
@@ -166,7 +166,8 @@ void Renaming::Insert(Renamed& object) {
     const std::string& add = request_.add;
     std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
                                                           : text::Concat({add, object.text}));
-    session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
+    session_.frmDialog.lblStatus.Caption =
+        text::Concat({"Renaming ", session_.Shown(object.old), "  as  ", session_.Shown(path)});
     if (!CanUse(object, path)) return;
     const platform::Standing standing = platform::WhatStands(session_.files(), path);
     if (!standing.IsFree() || Move(object, standing.place) == Moved::kTaken) {
@@ -225,7 +226,7 @@ std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) co
 
 // ---- one new name ----
 
-std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
+std::string Renaming::NewPath(const Renamed& object, std::string_view text) const {
     // Many a disk drops the dot of a name that has no extension; where it stays it isn't written.
     const bool hasNoDot =
         session_.platform.traits.keepsFinalDots && object.parts.strExtension.empty();
@@ -243,7 +244,7 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
     session::TellAndLog(session_, session::PromptId::kRenameEmpty,
                         fmt::format("Could not rename: \r\n\r\n{}\r\n\r\nNothing would "
                                     "be left of the name.",
-                                    object.old));
+                                    session_.Shown(object.old)));
     return false;
 }
 
@@ -274,8 +275,9 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     if (std::exchange(object.isAsked, true)) return true;
     const bool goesOn = session_.state.options.blnAutoMode ||
                         session_.MsgBox(session::PromptId::kRenameTakenGoOn, told) == session::kOk;
-    session::LogTimed(session_, fmt::format(" Was unable to rename {} as {}{}", object.old, path,
-                                            goesOn ? "" : " and user canceled."));
+    session::LogTimed(session_,
+                      fmt::format(" Was unable to rename {} as {}{}", session_.Shown(object.old),
+                                  session_.Shown(path), goesOn ? "" : " and user canceled."));
     if (!goesOn) end_.blnStopped = hasEnded_ = true;
     return goesOn;
 }

@@ -48,7 +48,7 @@ Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFold
         session, ContextOf(folder), [&] { return session.files().CreateFolder(folder); },
         LeavesMissingParent);
     if (made) {
-        LogTimed(session, fmt::format(" Created {}", folder));
+        LogTimed(session, fmt::format(" Created {}", session.Shown(folder)));
         result.blnFolderCreated = true;
         result.path = folder;
     }
@@ -60,7 +60,7 @@ void NoteError(Session& session, const std::string& folder, const platform::Plat
                MissingFolderResult& result) {
     if (error.number == platform::kPathNotFound) HandleError(session, error, ContextOf(folder));
     result.errorNumber = error.number;
-    result.errorText = error.description;
+    result.errorText = session.Shown(error);
 }
 
 // The parents of a folder that can't be made yet, then the folder itself, topmost first.

@@ -93,6 +93,7 @@ TEST_F(SearchTest, LocationsComeInEveryForm) {
 
 TEST_F(SearchTest, ADriveOfItsOwn) {
     MakeBasic();
+    ASSERT_EQ(Run({"options", "set", "PathForm", "drive"}).exitCode, 0);
     const Outcome outcome = Run({"--drive", "X=basic/sub", "search", "e.txt", "--in", "X:\\below",
                                  "--columns", "PathNameSubItem,NativePath"});
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err;

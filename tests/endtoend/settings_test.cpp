@@ -165,6 +165,126 @@ TEST_F(SettingsTest, With259CharactersALongNewPathIsAskedAbout) {
     EXPECT_EQ(done.exitCode, 0) << done.err;
 }
 
+// ---- PathForm ----
+
+constexpr std::string_view kLookAround = R"(
+set cmbSearchFor = *.txt
+set cmbDir = ROOT/basic/sub|ROOT/no such folder
+set chkIncludeSubFolders = 1
+click cmdSearch
+dump cmbDir
+dump lblCurrentFolder
+dump lstMain PathNameSubItem PathSubItem PathNameNoSrchSubItem
+dump prompts
+dump log
+dump errorlog
+)";
+
+TEST_F(SettingsTest, WhatPeopleReadHasNativePaths) {
+    MakeBasic();
+    std::string script(kLookAround);
+    for (std::size_t at = script.find("ROOT"); at != script.npos; at = script.find("ROOT"))
+        script.replace(at, 4, Root().string());
+    const Outcome outcome = RunScript(script);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    const std::string out = Shown(outcome.out);
+    EXPECT_THAT(out, HasSubstr("ROOT/basic/sub|ROOT/no such folder\n"));
+    EXPECT_THAT(out, HasSubstr("ROOT/basic/sub/below/e.txt\tROOT/basic/sub/below\tbelow/e.txt\n"));
+    EXPECT_THAT(out, HasSubstr("\\nROOT/no such folder\\n"));
+    EXPECT_THAT(out, HasSubstr(" in ROOT/basic/sub|ROOT/no such folder\n"));
+    EXPECT_THAT(out, Not(HasSubstr("C:\\")));
+    const std::string histories = ReadAll(DataFolder() / "TXFSFolderHistoryFile.txt");
+    EXPECT_THAT(histories, HasSubstr("C:\\"));
+}
+
+TEST_F(SettingsTest, InDriveFormPeopleReadDrivePaths) {
+    MakeBasic();
+    Option("PathForm", "drive");
+    std::string script(kLookAround);
+    for (std::size_t at = script.find("ROOT"); at != script.npos; at = script.find("ROOT"))
+        script.replace(at, 4, Root().string());
+    const Outcome outcome = RunScript(script);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    std::string drive = "C:" + Root().string();
+    std::ranges::replace(drive, '/', '\\');
+    EXPECT_THAT(outcome.out, HasSubstr(drive + "\\basic\\sub|" + drive + "\\no such folder\n"));
+    EXPECT_THAT(outcome.out, HasSubstr(drive + "\\basic\\sub\\below\\e.txt\t"));
+    EXPECT_THAT(outcome.out, HasSubstr("\tbelow\\e.txt\n"));
+}
+
+TEST_F(SettingsTest, AFailureSpeaksOfNativePaths) {
+    AddFile("from/a.txt");
+    AddFile("to", "a file");
+    const Outcome outcome = Run({"copy", "*", "--in", "from", "--to", "to/x", "--yes"});
+    EXPECT_NE(outcome.exitCode, 0);
+    EXPECT_THAT(Shown(outcome.err), HasSubstr("ROOT/to"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("C:\\")));
+    EXPECT_THAT(ActionLogs(), Not(HasSubstr("C:\\")));
+}
+
+// ---- a new options file, and the one that is told otherwise ----
+
+TEST_F(SettingsTest, ANewOptionsFileLooksThroughSubfoldersAndShowsSixColumns) {
+    MakeBasic();
+    const Outcome outcome =
+        RunScript("set cmbSearchFor = *.mp3\nset cmbDir = " + (Root() / "basic").string() +
+                  "\nclick cmdSearch\n"
+                  "dump lblNumOfFilesFound\ndump chkIncludeSubFolders\n"
+                  "dump chk512\ndump chkHidden\n");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "3\n1\n2\n0\n");
+    const std::string options = ReadAll(DataFolder() / "TXOptionFile.txt");
+    for (const char* line :
+         {"blnAllowUserSelectSubfolders = True", "blnDefaultToIncludeSubfolders = True",
+          "byt512 = 2", "byt128 = 2", "bytCompressed = 2", "bytHidden = 0",
+          "blnListItems (SizeSubItem) = True", "blnListItems (PathSubItem) = True",
+          "blnListItems (VersionSubItem) = False", "blnListItems (PathNameSubItem) = False"})
+        EXPECT_THAT(options, HasSubstr(std::string(line) + "\r\n"));
+}
+
+TEST_F(SettingsTest, AnOptionsFileThatSaysOtherwiseCounts) {
+    MakeBasic();
+    Option("blnDefaultToIncludeSubfolders", "False");
+    Option("byt512", "0");
+    const Outcome outcome = RunScript("dump chkIncludeSubFolders\ndump chk512\n");
+    EXPECT_EQ(outcome.out, "0\n0\n") << outcome.err;
+}
+
+TEST_F(SettingsTest, PrintedColumnsAreFilledThoughTheOptionsHideThem) {
+    MakeBasic();
+    EXPECT_EQ(Found({"a.mp3", "--in", "basic", "--columns", "Name,PathLevels"}).substr(0, 6),
+              "a.mp3\t");
+    EXPECT_THAT(Found({"a.mp3", "--in", "basic", "--json"}),
+                HasSubstr("\"SearchForEntry\":\"01\""));
+    EXPECT_THAT(ReadAll(DataFolder() / "TXOptionFile.txt"),
+                HasSubstr("blnListItems (VersionSubItem) = False\r\n"));
+}
+
+TEST_F(SettingsTest, SparseFilesAreFoundAndTheSettingLeavesThemOut) {
+    const fs::path sparse = AddFile("s/holes.bin", "x");
+    ASSERT_EQ(truncate(sparse.c_str(), 10'000'000), 0);
+    EXPECT_EQ(Found({"*", "--in", "s"}), "ROOT/s/holes.bin\n");
+    Option("byt512", "0");
+    if (Found({"*", "--in", "s", "--512", "yes"}).empty()) GTEST_SKIP() << "no holes on this disk";
+    EXPECT_EQ(Found({"*", "--in", "s"}), "");
+}
+
+// ---- roots ----
+
+TEST_F(SettingsTest, ADriveIsADestination) {
+    AddFile("from/a.txt");
+    AddFolder("stick");
+    const Outcome outcome =
+        Run({"--drive", "X=stick", "copy", "*", "--in", "from", "--to", "X:\\", "--yes"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_TRUE(fs::exists(Root() / "stick/a.txt"));
+    AddFile("from/b.txt");
+    const Outcome native =
+        Run({"--drive", "X=stick", "copy", "b*", "--in", "from", "--to", "stick", "--yes"});
+    EXPECT_EQ(native.exitCode, 0) << native.err;
+    EXPECT_TRUE(fs::exists(Root() / "stick/b.txt"));
+}
+
 // ---- names ----
 
 TEST_F(SettingsTest, ANameWithoutExtensionGetsNoDotAtItsEnd) {

@@ -37,7 +37,7 @@ bool CheckUpFolderTree(Session& session, const ActionRequest& request) {
 }
 
 bool CheckSpecialRule(Session& session, const ActionRequest& request, std::string& warnings) {
-    if (!IsPath(session, request)) return false;
+    if (!IsPath(session, request, request.typed)) return false;
     if (!request.rule) {
         session.MsgBox(PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
         BackToWindow(session);
@@ -97,7 +97,7 @@ bool CheckLocations(Session& session, ActionRun& run) {
                "There is an asterick '*' or bar '|' in the destination path.");
         return false;
     }
-    if (!IsPath(session, request)) return false;
+    if (!IsPath(session, request, request.typed)) return false;
     const bool isMultiple = request.way == Way::kMultipleLocations && request.strAction == "Copy";
     std::string place = request.typed;
     if (isMultiple && !FirstPlace(session, run, place)) return false;
@@ -218,7 +218,7 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kDestinationMissing,
                       "It appears you did not select a destination folder. \r\n\r\n");
     }
-    if (!IsPath(session, request) || !HasRenameText(session, request)) return;
+    if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
     RunConfirmed(session, run, ExtensionWarning(typed) + SameLocationWarning(session, request));
 }
 

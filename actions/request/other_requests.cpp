@@ -105,6 +105,7 @@ void RequestTextFile(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kTextFileInvalid,
                       "You did not select a proper file name.\r\n\r\n");
     }
+    if (!IsPath(session, run.request, path)) return;
     if (platform::GetFolder(session.files(), path)) {
         return Refuse(session, PromptId::kTextFileIsFolder,
                       fmt::format("{} is a folder, you can not write a file over an existing "

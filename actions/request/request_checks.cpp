@@ -34,11 +34,10 @@ std::string CharacterWord(char c) {
 }
 
 // A rule is looked at when its characters are replaced.
-bool HasStrayColon(const ActionRequest& request) {
-    if (request.way == Way::kSpecialRule) return false;
-    const std::string_view typed = request.typed;
+bool HasStrayColon(Way way, std::string_view typed) {
+    if (way == Way::kSpecialRule) return false;
     const std::size_t last = typed.rfind(':');
-    const bool isDrive = last == 1 && request.way != Way::kMultipleLocations;
+    const bool isDrive = last == 1 && way != Way::kMultipleLocations;
     return last != typed.npos && !isDrive;
 }
 
@@ -115,8 +114,7 @@ bool FitsName(Session& session, std::string_view part) {
     return wrong.empty();
 }
 
-bool IsPath(Session& session, const ActionRequest& request) {
-    const std::string& typed = request.typed;
+bool IsPath(Session& session, const ActionRequest& request, std::string_view typed) {
     const std::string_view marks = request.way == Way::kSpecialRule ? "/\"?<>" : "/\"?<>*|";
     const auto wrong =
         std::ranges::find_if(typed, [marks](char c) { return IsControl(c) || marks.contains(c); });
@@ -124,7 +122,7 @@ bool IsPath(Session& session, const ActionRequest& request) {
     if (wrong != typed.end()) {
         told = fmt::format("no folder in a path with \\ between its folders can hold {}",
                            CharacterWord(*wrong));
-    } else if (HasStrayColon(request)) {
+    } else if (HasStrayColon(request.way, typed)) {
         told = "a : can only stand behind the letter of a drive";
     }
     if (told.empty()) return true;

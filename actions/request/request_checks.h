@@ -44,7 +44,7 @@ std::string WhyNoName(std::string_view part);
 
 // Whether what is typed for a destination is a path, as far as its text tells; otherwise says why
 // not and goes back.
-bool IsPath(session::Session& session, const ActionRequest& request);
+bool IsPath(session::Session& session, const ActionRequest& request, std::string_view typed);
 
 // Gives the focus to the levels, says that they are missing, and goes back to the window.
 void RefuseLevels(session::Session& session, session::PromptId id, std::string_view told);

@@ -123,6 +123,20 @@ void AppendNameToDrive(std::string& out, std::string_view nativeName) {
     }
 }
 
+std::string CarryReserved(std::string_view typed) {
+    std::string out;
+    out.reserve(typed.size());
+    for (const char c : typed) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < kIsReserved.size() && kIsReserved[byte]) {
+            text::AppendUtf8(out, kCarriedBase + byte);
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
 std::string NameToDrive(std::string_view nativeName) {
     std::string out;
     out.reserve(nativeName.size());

@@ -24,6 +24,10 @@ void AppendNameToNative(std::string& out, std::string_view driveName);
 // False for a text that carries nothing; now and then true for one that does not, either.
 bool MayHoldCarried(std::string_view text);
 
+// The same for text that a user typed for a part of a name: what drive paths reserve is carried,
+// all else, a "/" too, stays as it is.
+std::string CarryReserved(std::string_view typed);
+
 // Whether one component of a drive path can be the name of an object: not empty, not "." or "..",
 // valid UTF-8, and none of \ / : * ? " < > | or the control characters 0 to 31 as themselves. What
 // can't gives error 52.

@@ -110,6 +110,7 @@ void BuildFileArray(session::Session& session) {
     ResultList& rows = *session.rows;
     Selection& tables = *session.selection;
     Resize(tables, CountSelected(rows));
+    tables.isRenamed = false;
     Totals totals;
     std::size_t next = 0;
     std::string path;

@@ -111,8 +111,10 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         auto place = FindFreeName(session, run.request, search);
         if (!place) return {};
         if (!verb) {
+            platform::Result<platform::Look> read;
             const bool moves =
-                run.request.isMove && !CheckSystemHidden(session, run, object, false);
+                run.request.isMove && !CheckSystemHidden(session, run, object, false, &read);
+            if (!read) return Unread(read.error());
             verb = moves ? Verb::kMove : Verb::kCopy;
         }
         outcome = PlaceObject(

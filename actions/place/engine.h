@@ -36,6 +36,9 @@ struct Job {
 // leaves the source whole and nothing under the new name.
 Outcome PlaceObject(session::Session& session, ActionRun& run, Job job);
 
+// The outcome of an object that could not be looked at, which has been told.
+Outcome Unread(const platform::PlatformError& error);
+
 // Puts the object at `destination` in place of what stands there; nothing when the two paths are
 // the same.
 Outcome OverWriteDuplicate(session::Session& session, ActionRun& run, const Object& object,

@@ -60,6 +60,7 @@ class RuleSettler {
     void TellFailure(const RuleResult& result);
     void TellShortReplace(int position);
     void TellColon(const RuleResult& result);
+    void TellDots(const RuleResult& result);
 
     void LookForFolder(Destination& destination);
     // The folder to look in and the set, or nothing when the search is too long.
@@ -90,11 +91,13 @@ void RuleSettler::TellFailure(const RuleResult& result) {
         return TellShortReplace(result.position);
     case RuleEnd::kColon:
         return TellColon(result);
+    case RuleEnd::kDots:
+        return TellDots(result);
     case RuleEnd::kShortSearch:
         Count(tally_.intRuleShortSearch);
         return Log(fmt::format(" {}'s full path length is equal to: {}. Position {} is greater "
                                "than that.",
-                               session_.Shown(object_.path), text::Length(object_.path),
+                               session_.Shown(object_.path), text::Length(object_.TruePath()),
                                rule_->SetText()));
     case RuleEnd::kSlashInSet:
         Count(tally_.intRuleNoFolder);
@@ -110,7 +113,7 @@ void RuleSettler::TellFailure(const RuleResult& result) {
 void RuleSettler::TellShortReplace(int position) {
     Count(tally_.intRuleShortReplace);
     Log(fmt::format(" {}'s full path length is equal to: {}. Position *{}* is greater than that.",
-                    session_.Shown(object_.path), text::Length(object_.path), position));
+                    session_.Shown(object_.path), text::Length(object_.TruePath()), position));
     session_.state.strFailedPosition = std::to_string(position);
 }
 
@@ -124,6 +127,14 @@ void RuleSettler::TellColon(const RuleResult& result) {
         session_.Shown(object_.path), session_.Shown(rule_->text), session_.Shown(result.made));
     Log(told);
     session::TellUnlessAuto(session_, session::PromptId::kRuleColon, told);
+}
+
+void RuleSettler::TellDots(const RuleResult& result) {
+    Count(tally_.intRuleNoFolder);
+    Log(fmt::format(" With this object {} and this Special Rule {} this path was created, {} No "
+                    "folder can be named . or .. Skipping this object.",
+                    object_.path, rule_->text, result.made));
+    session_.state.strLastFailedSearch = result.made;
 }
 
 void RuleSettler::LookForFolder(Destination& destination) {

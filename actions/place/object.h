@@ -21,6 +21,9 @@ struct Object {
     std::string_view relative; // path and name below its search location, without a leading "\"
     bool isFile = true;
     std::optional<platform::Look> look; // where one was taken just now
+
+    // The path whose folders are really named so: `path` may have short names in it.
+    std::string_view TruePath() const { return actual.empty() ? path : actual; }
 };
 
 // The selected object at `index`; valid for as long as the selection stands.

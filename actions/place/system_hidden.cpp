@@ -79,7 +79,7 @@ bool IsProtected(Session& session, ActionRun& run, const Object& object, std::ui
 } // namespace
 
 bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, bool blnOverwriting,
-                       std::optional<platform::Look>* read) {
+                       platform::Result<platform::Look>* read) {
     const bool isDelete = run.request.strAction == "Delete";
     const session::ErrorContext context{.routine = "CheckSystemHidden",
                                         .moduleName = isDelete ? "frmSearch" : "frmDialog",
@@ -93,10 +93,10 @@ bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, b
                              : platform::LookAtFolder(session.files(), object.actual);
     });
     // What can't be read can't be shown to be harmless.
-    if (!look) return true;
-    const std::uint32_t attributes = look->facts.attributes;
-    if (read) *read = std::move(*look.result);
-    return IsProtected(session, run, object, attributes, blnOverwriting);
+    const bool isProtected =
+        !look || IsProtected(session, run, object, look->facts.attributes, blnOverwriting);
+    if (read) *read = std::move(look.result);
+    return isProtected;
 }
 
 } // namespace tarvix::actions

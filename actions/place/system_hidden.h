@@ -2,8 +2,6 @@
 
 #include "platform/file_system.h"
 
-#include <optional>
-
 namespace tarvix::session {
 struct Session;
 }
@@ -16,8 +14,9 @@ struct Object;
 // Whether an object is protected and must not be overwritten, moved or deleted: it is hidden or a
 // system object and the user did not say otherwise, or it can't be read. Asks, logs the answer, and
 // keeps one for all in the run. A plain copy or move of such an object goes on as a copy, which is
-// told once for the whole program. `read` gets the look at the object, if it could be read.
+// told once for the whole program. `read` gets the look at the object, or the error that it was
+// told by.
 bool CheckSystemHidden(session::Session& session, ActionRun& run, const Object& object,
-                       bool blnOverwriting, std::optional<platform::Look>* read = nullptr);
+                       bool blnOverwriting, platform::Result<platform::Look>* read = nullptr);
 
 } // namespace tarvix::actions

@@ -16,6 +16,9 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tarvix::actions {
 
 namespace {
@@ -34,12 +37,12 @@ bool CheckUpFolderTree(Session& session, const ActionRequest& request) {
 }
 
 bool CheckSpecialRule(Session& session, const ActionRequest& request, std::string& warnings) {
+    if (!IsPath(session, request, request.typed)) return false;
     if (!request.rule) {
         session.MsgBox(PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
         BackToWindow(session);
         return false;
     }
-    if (request.rule->set) session.state.strSearchSetText = request.rule->SetText();
     if (text::Length(request.typed) < 2) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
@@ -50,7 +53,8 @@ bool CheckSpecialRule(Session& session, const ActionRequest& request, std::strin
 
 // The first of several places, as it will be used; false when it has no form that can be opened,
 // and the window stays as it is.
-bool FirstPlace(Session& session, const ActionRequest& request, std::string& place) {
+bool FirstPlace(Session& session, ActionRun& run, std::string& place) {
+    const ActionRequest& request = run.request;
     place = request.strMultiPath.empty() ? std::string() : request.strMultiPath.front();
     const std::string& partial = request.typed;
     if (request.structure != Structure::kDriveMirror && !partial.empty()) {
@@ -58,6 +62,7 @@ bool FirstPlace(Session& session, const ActionRequest& request, std::string& pla
     }
     if (!session::ExceedsLimit(session, place, session::kLongPath - 1)) return true;
     auto shortened = session::GetShortPathNameReturnCodes(session, place);
+    std::ranges::move(shortened.made, std::back_inserter(run.madeFolders));
     if (shortened.status < 2) {
         session.MsgBox(PromptId::kFirstPlaceUnshortened,
                        fmt::format("{} exceeds 259 characters in length AND the folder portion "
@@ -88,15 +93,17 @@ bool CheckPlace(Session& session, const ActionRequest& request, const std::strin
     return true;
 }
 
-bool CheckLocations(Session& session, const ActionRequest& request) {
+bool CheckLocations(Session& session, ActionRun& run) {
+    const ActionRequest& request = run.request;
     if (request.typed.find_first_of("*|") != std::string::npos) {
         Refuse(session, PromptId::kDestinationHasMarks,
                "There is an asterick '*' or bar '|' in the destination path.");
         return false;
     }
+    if (!IsPath(session, request, request.typed)) return false;
     const bool isMultiple = request.way == Way::kMultipleLocations && request.strAction == "Copy";
     std::string place = request.typed;
-    if (isMultiple && !FirstPlace(session, request, place)) return false;
+    if (isMultiple && !FirstPlace(session, run, place)) return false;
     if (!CheckPlace(session, request, place)) return false;
     for (std::size_t i = 1; isMultiple && i < request.strMultiPath.size(); ++i) {
         if (!CheckPlace(session, request, request.strMultiPath[i])) return false;
@@ -145,17 +152,26 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     if (!Confirm(session, id, warnings + Question(session, request)))
         return ReportActionResult(session, run);
     if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
-    if (request.way == Way::kSpecialRule) session.state.strFailedPosition.clear();
+    if (request.way == Way::kSpecialRule) {
+        session.state.strFailedPosition.clear();
+        session.state.strLastFailedSearch.clear();
+    }
     if (request.way == Way::kMultipleLocations) CloseMultiPathInEditor(session);
     if (!HasSelection(session)) return ReportActionResult(session, run);
     LogStart(session, request);
+    run.madeFolders.clear();
     DispatchByDuplicates(session, run);
     Report(session, run);
 }
 
 // What is wrong with the step of a batch; empty when it can run.
-std::string WhyNotAutomated(Session& session, const std::string& folder) {
+std::string WhyNotAutomated(Session& session, const ActionRequest& request) {
     auto& failed = session.state.batch.blnStepFailed;
+    const std::string& folder = request.typed;
+    if (const std::string wrong = WhyNoName(request.renameText); !wrong.empty()) {
+        failed = true;
+        return wrong;
+    }
     if (IsExistingFile(session, folder)) {
         failed = true;
         return fmt::format("{} is a file, you can not move objects inside it.", folder);
@@ -181,7 +197,7 @@ void RequestCopyOrMove(Session& session, ActionRun& run) {
         if (!CheckUpFolderTree(session, request)) return;
     } else if (request.way == Way::kSpecialRule) {
         if (!CheckSpecialRule(session, request, warnings)) return;
-    } else if (!CheckLocations(session, request)) {
+    } else if (!CheckLocations(session, run)) {
         return;
     }
     if (!HasRenameText(session, request)) return;
@@ -206,13 +222,13 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kDestinationMissing,
                       "It appears you did not select a destination folder. \r\n\r\n");
     }
-    if (!HasRenameText(session, request)) return;
+    if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
     RunConfirmed(session, run, ExtensionWarning(typed) + SameLocationWarning(session, request));
 }
 
 void RequestAutomatedMove(Session& session, ActionRun& run) {
     const ActionRequest& request = run.request;
-    const std::string wrong = WhyNotAutomated(session, request.typed);
+    const std::string wrong = WhyNotAutomated(session, request);
     if (!wrong.empty()) {
         session::LogTimed(session, fmt::format(" {}\r\nThis search step skipped.\r\n", wrong));
         session.frmDialog.Hide();
@@ -220,6 +236,7 @@ void RequestAutomatedMove(Session& session, ActionRun& run) {
     }
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {}",
                                            request.strAction, session.Shown(request.typed)));
+    run.madeFolders.clear();
     DispatchByDuplicates(session, run);
     Report(session, run);
 }

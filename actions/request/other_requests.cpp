@@ -5,6 +5,7 @@
 #include "actions/request/request_checks.h"
 #include "actions/run/rename_only.h"
 #include "platform/file_system.h"
+#include "platform/names.h"
 #include "results/selection.h"
 #include "session/paths/extra_path_file.h"
 #include "session/remembered/histories.h"
@@ -58,7 +59,8 @@ std::string WriteQuestion(const Session& session, const ActionRequest& request,
 }
 
 // Writes the file, and leaves the window open when that failed.
-void WriteFile(Session& session, const ActionRun& run) {
+void WriteFile(Session& session, ActionRun& run) {
+    run.madeFolders.clear();
     Raise(session, "CopyToTextFile");
     if (session.state.blnErrorOccurred) {
         BackToWindow(session);
@@ -105,6 +107,7 @@ void RequestTextFile(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kTextFileInvalid,
                       "You did not select a proper file name.\r\n\r\n");
     }
+    if (!IsPath(session, run.request, path)) return;
     if (platform::GetFolder(session.files(), path)) {
         return Refuse(session, PromptId::kTextFileIsFolder,
                       fmt::format("{} is a folder, you can not write a file over an existing "
@@ -138,6 +141,7 @@ void RequestMakeFolders(Session& session, ActionRun& run) {
                       fmt::format("{} is a file, you can not create folders inside it.",
                                   session.Shown(path)));
     }
+    run.madeFolders.clear();
     Raise(session, "MakeFolders");
     Report(session, run);
 }
@@ -157,12 +161,15 @@ void RequestAutomatedPlaylist(Session& session, ActionRun& run) {
 
 void RequestRename(Session& session, ActionRun& run) {
     const RenameRequest& rename = run.request.rename;
+    if (!FitsName(session, rename.inserts ? rename.add : rename.replace)) return;
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, rename.inserts
-                                   ? fmt::format(" User selected to insert: {}", rename.add)
-                                   : fmt::format(" User selected to find and replace rename using: "
-                                                 "\r\nFind: {} Replace: {}",
-                                                 rename.find, rename.replace));
+    session::LogTimed(
+        session,
+        rename.inserts
+            ? fmt::format(" User selected to insert: {}", platform::ForDisplay(rename.add))
+            : fmt::format(" User selected to find and replace rename using: \r\nFind: {} "
+                          "Replace: {}",
+                          platform::ForDisplay(rename.find), platform::ForDisplay(rename.replace)));
     if (!HasSelection(session)) return;
     const RenameOnlyEnd end = RenameOnly(session, run);
     if (!end.blnStopped) return HideAndReport(session, run);

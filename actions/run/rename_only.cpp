@@ -9,6 +9,7 @@
 #include "actions/run/fold_outcome.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
+#include "platform/names.h"
 #include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
@@ -25,6 +26,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarvix::actions {
 
@@ -62,6 +64,8 @@ class Renaming {
     void RenameObject(std::size_t index);
     Renamed ObjectAt(std::size_t index) const;
     void Settle(Renamed& object);
+    // The window stays open: what it acts on next are the objects as they are named by then.
+    void KeepNewNames();
 
     void Insert(Renamed& object);
     void FindAndReplace(Renamed& object);
@@ -84,6 +88,7 @@ class Renaming {
     std::size_t findLength_; // in characters, as all positions
     std::size_t replaceLength_;
     RenamedFolders folders_;
+    std::vector<std::pair<std::size_t, std::string>> newNames_; // by index
     RenameOnlyEnd end_;
     bool hasEnded_ = false;
 };
@@ -98,6 +103,7 @@ RenameOnlyEnd Renaming::Run() {
     RunPass(true, progress);
     if (!hasEnded_) RunPass(false, progress);
     run_.observer = plain;
+    if (end_.blnStopped) KeepNewNames();
     return end_;
 }
 
@@ -143,9 +149,10 @@ Renamed Renaming::ObjectAt(std::size_t index) const {
 void Renaming::Settle(Renamed& object) {
     if (object.isChanged) {
         end_.blnRenamed = true;
+        const std::string_view name = text::FolderOwnName(object.old);
+        if (!request_.inserts) newNames_.emplace_back(object.index, name);
         if (!object.isFile) {
             const auto& tables = *session_.selection;
-            const std::string_view name = text::FolderOwnName(object.old);
             folders_.Note(tables.strSelPath[object.index], name);
             folders_.Note(tables.strSelActualPath[object.index], name);
         }
@@ -158,6 +165,26 @@ void Renaming::Settle(Renamed& object) {
                                             : OutcomeKind::kLeftAlone,
                  .isPlaced = object.isChanged,
                  .error = std::move(object.error)});
+}
+
+void Renaming::KeepNewNames() {
+    auto& tables = *session_.selection;
+    tables.isRenamed = tables.isRenamed || end_.blnRenamed;
+    for (std::size_t index = 0; index < tables.strSelPath.size(); ++index) {
+        std::string& actual = tables.strSelActualPath[index];
+        const std::size_t above = actual.size() - tables.strSelRelPath[index].size();
+        tables.strSelPath[index] = folders_.Now(tables.strSelPath[index]);
+        actual = folders_.Now(actual);
+        tables.strSelRelPath[index] = actual.substr(above);
+    }
+    for (auto& [index, name] : newNames_) {
+        for (std::string* path : {&tables.strSelPath[index], &tables.strSelActualPath[index],
+                                  &tables.strSelRelPath[index]}) {
+            path->resize(path->size() - text::FolderOwnName(*path).size());
+            *path += name;
+        }
+        tables.strSelName[index] = std::move(name);
+    }
 }
 
 // ---- the two modes ----
@@ -238,9 +265,18 @@ std::string Renaming::NewPath(const Renamed& object, std::string_view text) cons
     return text::Concat({object.parent, text::Trim(name)});
 }
 
-// Whether something is left of the name and the path isn't too long, or could be shortened.
+// Whether it makes a name and the path isn't too long, or could be shortened.
 bool Renaming::CanUse(const Renamed& object, std::string& path) {
-    if (path.size() > object.parent.size()) return FitsOrShortens(object, path);
+    const std::string_view name = std::string_view(path).substr(object.parent.size());
+    if (platform::CanBeName(name)) return FitsOrShortens(object, path);
+    if (!name.empty()) {
+        session::TellAndLog(
+            session_, session::PromptId::kRenameNoName,
+            fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
+                        "have such a name.",
+                        object.old, path, object.isFile ? "file" : "folder"));
+        return false;
+    }
     session::TellAndLog(session_, session::PromptId::kRenameEmpty,
                         fmt::format("Could not rename: \r\n\r\n{}\r\n\r\nNothing would "
                                     "be left of the name.",

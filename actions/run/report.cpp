@@ -63,9 +63,9 @@ std::string RuleReport(const Session& session, const ActionRun& run, const std::
             ? fmt::format("\r\n\r\nThe last search path that failed was: \r\n\r\n{}",
                           session.Shown(state.strLastFailedSearch))
             : std::string();
-    const std::string set = state.strSearchSetText.empty()
-                                ? " example - |2,2|"
-                                : fmt::format(" - *{}*", state.strSearchSetText);
+    const bool hasSetFailed = tally.intRuleShortSearch > 0 && run.request.rule;
+    const std::string set =
+        hasSetFailed ? fmt::format(" - *{}*", run.request.rule->SetText()) : " example - |2,2|";
     const std::string position = state.strFailedPosition.empty()
                                      ? " example - *2*"
                                      : fmt::format(" - *{}*", state.strFailedPosition);

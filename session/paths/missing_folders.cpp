@@ -50,6 +50,7 @@ Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFold
     if (made) {
         LogTimed(session, fmt::format(" Created {}", session.Shown(folder)));
         result.blnFolderCreated = true;
+        result.made.push_back(folder);
         result.path = folder;
     }
     return made;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::session {
 
@@ -21,6 +22,7 @@ struct ShortPathResult {
     // 0 no short path; 1 still over 259 characters (only for a whole path); 2 over the limit but
     // below 260; 3 within the limit.
     int status = 0;
+    std::vector<std::string> made = {}; // the folders that were missing, the topmost first
 };
 
 // A form of a drive path that can be opened everywhere, by short names level by level. Only limits

@@ -103,7 +103,7 @@ Next SearchOnce(Session& session) {
         CommonEnd(session, *request);
         results::ArrangeFoundRows(session);
     }
-    return RunFollowUp(session, end);
+    return RunFollowUp(session, request ? &*request : nullptr, end);
 }
 
 void GiveFocusBack(fields::FrmSearch& form) {

@@ -8,6 +8,7 @@
 #include "search/default_folders.h"
 #include "search/follow_up.h"
 #include "search/search_form.h"
+#include "search/unread.h"
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
 #include "session/remembered/histories.h"
@@ -168,6 +169,7 @@ void AddSearchEvents(session::EventTable& events) {
     events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
+    AddUnreadEvents(events);
 }
 
 } // namespace tarvix::search

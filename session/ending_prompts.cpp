@@ -28,4 +28,8 @@ std::string EndingPrompts::PickFile(const Prompt& prompt, std::string_view filte
     return ServiceFor(prompt).PickFile(prompt, filters);
 }
 
+std::string EndingPrompts::PickNewFile(const Prompt& prompt, const NewFilePick& pick) {
+    return ServiceFor(prompt).PickNewFile(prompt, pick);
+}
+
 } // namespace tarvix::session

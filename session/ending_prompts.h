@@ -24,6 +24,8 @@ class EndingPrompts : public PromptService {
     void ShowModal(Session& session, fields::Form& form, const Prompt& prompt) override;
     std::string PickFolder(const Prompt& prompt) override;
     std::string PickFile(const Prompt& prompt, std::string_view filters) override;
+    std::string PickNewFile(const Prompt& prompt, const NewFilePick& pick) override;
+    bool PrefersForms() const override { return inner_.PrefersForms(); }
 
   private:
     // Who answers this one.

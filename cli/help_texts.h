@@ -16,8 +16,9 @@ inline constexpr const char* kAboutFooter =
     "  tarvix-cli run nightly.txt\n"
     "\n"
     "tarvix-cli COMMAND --help tells all about a command.\n"
-    "Ends with 0 when all is done, 1 when objects failed or were skipped, 2 when the request\n"
-    "is wrong, 3 when a question had no answer.\n";
+    "Ends with 0 when all is done, 1 when objects failed, were skipped or could not be read, 2\n"
+    "when the request is wrong, 3 when a question had no answer, and with 128 and the number of\n"
+    "the signal when it was interrupted (130 by Ctrl+C): it stops at the next object then.\n";
 
 inline constexpr CommandHelp kSearch{
     "search", "Lists every file or folder that matches",

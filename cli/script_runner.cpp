@@ -81,11 +81,19 @@ bool ScriptRunner::RunInside(fields::Form& form) {
 void ScriptRunner::RunNext() {
     const Statement& statement = statements_[next_++];
     line_ = statement.line;
+    CheckInterruption();
     if (const auto done = Execute(statement); !done) {
         throw ScriptStopped{statement.line, done.error()};
     }
     const auto& totals = Session().state.lastAction;
     someFailed_ = someFailed_ || totals.failed > 0 || totals.skipped > 0;
+    CheckInterruption();
+}
+
+void ScriptRunner::CheckInterruption() const {
+    if (!interrupted_()) return;
+    throw ScriptStopped{line_,
+                        "The script was interrupted here. Nothing behind this line is done."};
 }
 
 InputResult ScriptRunner::Execute(const Statement& statement) {

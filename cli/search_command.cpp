@@ -43,13 +43,15 @@ int Run(Host& host, const platform::Platform& machine, const SearchRequest& requ
         const auto& sort = request.output.sort;
         const PrintedColumns printed(program.Session(), request.output);
         const int code = finding.Search(program, request.criteria, request.answers);
+        if (host.interrupted() != 0) Complain(host, "The search was cut short by an interruption.");
         if (sort && code != kBadRequest) SortRows(program.Session(), *sort);
         return code;
     };
     run.afterUnload = [&](results::Program& program, int code) -> int {
         const PrintedColumns printed(program.Session(), request.output);
         if (PrintRows(program.Session(), request.output, host.out)) return code;
-        Complain(host, "The results could not be written to the end.");
+        // Who reads no further, as head does, knows.
+        if (host.interrupted() == 0) Complain(host, "The results could not be written to the end.");
         return kSomeFailed;
     };
     return RunProgram(host, machine, finding.Prompts(), run);

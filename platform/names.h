@@ -24,7 +24,7 @@ void AppendNameToNative(std::string& out, std::string_view driveName);
 // False for a text that carries nothing; now and then true for one that does not, either.
 bool MayHoldCarried(std::string_view text);
 
-// The same for text that a user typed for a part of a name: what drive paths reserve is carried,
+// Drive form of a text that a user typed for a part of a name: what drive paths reserve is carried,
 // all else, a "/" too, stays as it is.
 std::string CarryReserved(std::string_view typed);
 

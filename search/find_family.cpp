@@ -1,6 +1,7 @@
 #include "search/find_family.h"
 
 #include "platform/try.h"
+#include "search/unread.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
@@ -57,21 +58,33 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     return rowFolder_;
 }
 
-// Null when the folder can't be opened any more.
-platform::OpenFolder* FindFamily::Opened(std::size_t index) {
+platform::Result<platform::OpenFolder*> FindFamily::Opened(std::size_t index) {
     if (openedIndex_ != index) {
-        auto opened = session_.files().Open(list_.At(index).strFolderLong);
-        opened_ = opened ? std::move(*opened) : nullptr;
+        openedIndex_ = SIZE_MAX;
+        TX_TRY_ASSIGN(opened_, session_.files().Open(list_.At(index).strFolderLong));
         openedIndex_ = index;
     }
     return opened_.get();
 }
 
-std::optional<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
-                                                          std::string_view name) {
-    platform::OpenFolder* const folder = Opened(index);
-    if (!folder) return std::nullopt;
-    const auto facts = folder->Facts(name);
+platform::Result<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
+                                                             std::string_view name) {
+    TX_TRY_ASSIGN(platform::OpenFolder* const folder, Opened(index));
+    return folder->Facts(name);
+}
+
+// Those that could not be read ahead are read once more, to know why.
+std::optional<platform::ObjectFacts>
+FindFamily::FactsOrNote(std::size_t index, std::string_view name, std::string_view routine) {
+    const std::string& folder = list_.At(index).strFolderLong;
+    auto facts = ReadOrNote(session_, {.path = text::JoinPath(folder, name)},
+                            {.routine = routine,
+                             .moduleName = "frmSearch",
+                             .object = name,
+                             .path = folder,
+                             .searchOrDestination = location_,
+                             .objectType = session::ObjectType::kFile},
+                            [&] { return FactsNow(index, name); });
     return facts ? std::optional(*facts) : std::nullopt;
 }
 
@@ -121,9 +134,10 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
         if (next < found_.positions.size() && found_.positions[next] == at) {
             const std::string_view name = list_.Names()[at].name;
-            const auto facts = candidates_  ? found_.facts[next]
-                               : factsAhead ? factsAhead->Next()
-                                            : FactsNow(index, name);
+            auto facts = candidates_  ? found_.facts[next]
+                         : factsAhead ? factsAhead->Next()
+                                      : std::nullopt;
+            if (!facts) facts = FactsOrNote(index, name, routine);
             ++next;
             if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
         }
@@ -154,10 +168,18 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
     if (!match_->CheckNameMatch(name)) return {};
     if (!IsNameValid(session_, name, folder.strFolderLong, true)) return {};
     if (which == Folders::kEmpty && !IsEmptyFolder(index)) return {};
-    const auto facts = platform::GetFolder(session_.files(), folder.strFolderLong);
-    if (!facts || !filters_.CheckAttributes(*facts)) return {};
+    const auto facts =
+        ReadOrNote(session_, {.path = folder.strFolderLong, .isFolder = true},
+                   {.routine = "FindFoldersInSubFolders",
+                    .moduleName = "frmSearch",
+                    .object = name,
+                    .path = folder.strFolderLong,
+                    .searchOrDestination = location_,
+                    .objectType = session::ObjectType::kFolder},
+                   [&] { return platform::GetFolder(session_.files(), folder.strFolderLong); });
+    if (!facts || !filters_.CheckAttributes(*facts.result)) return {};
     TestedFacts tested;
-    if (!filters_.GetFacts(*facts, text::ParentFolder(folder.strFolderLong), name, tested)) {
+    if (!filters_.GetFacts(*facts.result, text::ParentFolder(folder.strFolderLong), name, tested)) {
         return {};
     }
     if (!filters_.CheckDate(tested)) return {};

@@ -8,6 +8,7 @@
 #include "search/default_folders.h"
 #include "search/follow_up.h"
 #include "search/search_form.h"
+#include "search/unread.h"
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
 #include "session/native_entry.h"
@@ -106,7 +107,7 @@ Next SearchOnce(Session& session) {
         CommonEnd(session, *request);
         results::ArrangeFoundRows(session);
     }
-    return RunFollowUp(session, end);
+    return RunFollowUp(session, request ? &*request : nullptr, end);
 }
 
 void GiveFocusBack(fields::FrmSearch& form) {
@@ -171,6 +172,7 @@ void AddSearchEvents(session::EventTable& events) {
     events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
+    AddUnreadEvents(events);
 }
 
 } // namespace tarvix::search

@@ -2,6 +2,7 @@
 
 #include "results/selection.h"
 #include "results/sorting.h"
+#include "search/unread.h"
 #include "session/search_lock.h"
 #include "session/session.h"
 
@@ -82,6 +83,7 @@ void ClearForSearch(Session& session) {
     auto& form = session.frmSearch;
     session.state.blnStopClicked = session.state.blnSkipSearch = false;
     results::ClearList(session);
+    HideUnread(session);
     form.lblCurrentFolder.Caption = "";
     form.lblSearchFor.Caption = "";
     session::LockForSearch(session);
@@ -122,6 +124,7 @@ void CommonEnd(Session& session, const SearchRequest& request) {
         label->ForeColor = fields::kBlue;
     }
     results::ShowGroups(session, 1);
+    ShowUnread(session);
 }
 
 void RestoreNotBox(Session& session) {

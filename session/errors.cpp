@@ -182,6 +182,20 @@ int HandleError(Session& session, const platform::PlatformError& error,
     return state.intRecovery;
 }
 
+int HandleUnreadable(Session& session, const platform::PlatformError& error,
+                     const ErrorContext& context) {
+    auto& state = session.state;
+    state.lngErrNumber = error.number;
+    state.strErrDesc = error.description;
+    state.strMessage = fmt::format("{} {}", context.routine, context.sentence);
+    ApplyRule(session, *FindErrorRule(platform::kBadFileName, "frmSearch"), context);
+    if (state.intRecovery != kRecoveryRetry) {
+        ReportError(session, error, context, state.intRecovery, state.strMessage);
+    }
+    state.strMessage.clear();
+    return state.intRecovery;
+}
+
 void UIErrorMsg(Session& session, const platform::PlatformError& error, const ErrorContext& context,
                 std::string& message) {
     message += fmt::format("\r\n\r\n\r\n\r\nERROR CODE:  {}\r\nERROR DESC:  {}\r\nTime: {}\r\n\r\n"

@@ -54,6 +54,7 @@ enum class PromptId : std::uint8_t {
     kTrailingSpaces,
     kFakeFolder,
     kObjectLimitReached,
+    kUnreadObjects,
     kRepeatDelete,
     kRepeatDeleteSure,
     kRepeatDeleteDone,

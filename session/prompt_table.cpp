@@ -83,6 +83,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Modal(Id::kTrailingSpaces, Role::kNotice, "frmTrailingSp"),
     Modal(Id::kFakeFolder, Role::kNotice, "frmAllUsers"),
     Notice(Id::kObjectLimitReached),
+    Modal(Id::kUnreadObjects, Role::kWindow, "frmUnread"),
     Message(Id::kRepeatDelete, Role::kDecision, kYesNo + kCritical + kSecondDefault),
     Message(Id::kRepeatDeleteSure, Role::kDecision, kYesNo + kCritical + kSecondDefault),
     Notice(Id::kRepeatDeleteDone),

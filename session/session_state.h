@@ -2,6 +2,7 @@
 
 #include "session/settings/options.h"
 #include "session/settings/platform_settings.h"
+#include "session/unread.h"
 #include "text/dates.h"
 
 #include <cstdint>
@@ -123,6 +124,7 @@ struct SessionState {
     std::int64_t lngSeenFolders = 0;
     std::int64_t lngFilesFound = 0;
     std::int64_t lngFoldersFound = 0;
+    UnreadList unread;
     std::int64_t lngGroups = 1; // of the list; rows stand in no groups when there is one
 
     // Errors and long paths.

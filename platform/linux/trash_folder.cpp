@@ -100,6 +100,12 @@ std::string NameForTry(std::string_view name, unsigned number) {
     out += stem.substr(end);
     return out;
 }
+
+// A relative place is none.
+std::string DataHome() {
+    const std::string data = g_get_user_data_dir();
+    return data.starts_with('/') ? data : std::string(g_get_home_dir()) + "/.local/share";
+}
 } // namespace
 
 Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
@@ -119,7 +125,7 @@ Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
 }
 
 Sys<TrashFolder> TrashFolder::OfHome() {
-    const std::string data = g_get_user_data_dir();
+    const std::string data = DataHome();
     if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
     // The user may have put a link in its place.
     return Open(OpenOrMake({AT_FDCWD, (data + "/Trash").c_str()}, O_RDONLY | O_DIRECTORY), {});

@@ -73,8 +73,8 @@ Sys<void> EmptyTree(UniqueFd top) {
             TX_TRY(stack.Enter(item.name));
             if (DeviceOf(stack.TopFacts()) != device) return std::unexpected(EXDEV);
             TX_TRY_ASSIGN(FolderNames inner, FolderNames::Read(stack.Top()));
+            names.emplace_back(item.name); // which goes with the levels
             levels.push_back(std::move(inner));
-            names.emplace_back(item.name);
         }
     }
 }

@@ -14,7 +14,7 @@ void RefuseUnshortened(session::Session& session, std::string_view path) {
         fmt::format("{}'s path exceeds 259 characters in length AND the folder portion does not "
                     "exist. \r\n\r\nIt's actual length is : {} characters.\r\n\r\nWas unable to "
                     "calculate a short path to substitute. ",
-                    path, text::Length(path));
+                    session.Shown(path), text::Length(path));
     const bool isAutomatic = session.state.options.blnAutoMode;
     session::TellOrLog(
         session, session::PromptId::kListUnshortened,

@@ -88,7 +88,8 @@ bool SimilarSource::AppendSimilar(std::size_t index, std::string& out) {
 }
 
 bool SimilarSource::Shorten(const std::string& own, std::string& path) {
-    if (paths_.IsNative() || text::Length(path) <= session::kLongPath) return true;
+    if (paths_.IsNative() || !session::ExceedsLimit(session_, path, session::kLongPath))
+        return true;
     session::AskLongPath(session_, own, path, "CopyToTextFile", "frmDialog", false);
     if (session_.state.bytPathChoice == session::kPathCancel) {
         session_.state.blnErrorOccurred = true;

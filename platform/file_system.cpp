@@ -28,6 +28,14 @@ Result<void> FileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
     return MoveFolder(from.path, to.path);
 }
 
+Result<void> NameWhole(UnnamedCopy& copy) {
+    TX_TRY(copy.Name());
+    if (std::string missing = copy.Missing(); !missing.empty()) {
+        return Failure(kPathFileAccess, std::move(missing));
+    }
+    return {};
+}
+
 // ---- one kind of object ----
 
 Result<Look> LookAtFile(FileSystem& files, std::string_view path) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace tarvix::platform {
 
@@ -23,6 +24,9 @@ class Trash {
     // 75 where there is no trash, 18 stopped by the observer, which may be empty.
     virtual Result<void> Recycle(std::span<const std::string> paths,
                                  const TrashObserver& observer) = 0;
+    // Puts the object that was taken last back to where it was: 53 when that isn't `path` or it has
+    // left the trash since, 58 when something stands there by now.
+    virtual Result<void> PutBack(std::string_view path) = 0;
 };
 
 } // namespace tarvix::platform

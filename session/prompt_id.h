@@ -102,6 +102,7 @@ enum class PromptId : std::uint8_t {
     kProtectedCopied,
     kDuplicateNotRecycled,
     kOverwriteNotRecycled,
+    kOverwriteNotUndone,
     kMoveNeverOverwrites,
     kReplaceOverlaps,
     kWriteOverlaps,

@@ -130,6 +130,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Message(Id::kDuplicateNotRecycled, Role::kTryAgain, kRetryCancel + kExclamation,
             "Permission denied"),
     Notice(Id::kOverwriteNotRecycled),
+    Notice(Id::kOverwriteNotUndone),
     Notice(Id::kMoveNeverOverwrites),
     Notice(Id::kReplaceOverlaps),
     Notice(Id::kWriteOverlaps),

@@ -94,6 +94,17 @@ Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& objec
     return outcome;
 }
 
+Outcome ReplaceDuplicate(Session& session, ActionRun& run, const Object& object,
+                         const std::string& destination, std::function<bool()> makeWay) {
+    Outcome outcome = PlaceObject(session, run,
+                                  {.object = object,
+                                   .destination = destination,
+                                   .verb = Verb::kCopy,
+                                   .makeWay = std::move(makeWay)});
+    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
+    return outcome;
+}
+
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
                           platform::FreePlace place) {
     platform::Result<platform::Look> read;

@@ -34,7 +34,7 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
-    if (error.number == platform::kAlreadyExists && place_ && !isOwn_ && !isPlaced_) {
+    if (error.number == platform::kAlreadyExists && place_ && !isPlaced_) {
         return LeaveTaken();
     }
     if (error.number == platform::kPathNotFound && !pathTried_) {
@@ -56,13 +56,13 @@ std::optional<int> Placing::MakePathOnce() {
     const bool isThere =
         !platform::DirName(session_.files(), object_.actual, platform::kDirAll).empty();
     // Nothing was tried yet: what stands there is no folder.
-    if (isThere && !isOwn_ && !isMoveTried_) return std::nullopt;
+    if (isThere && !isTried_) return std::nullopt;
     TellDeepFolder(isThere);
     isSettled_ = true;
     return session::kRecoveryLeave;
 }
 
-void Placing::TellDeepFolder(bool isThere) {
+void Placing::TellDeepFolder(bool isThere) const {
     if (!isThere) {
         return session::TellOrLog(
             session_, session::PromptId::kDeepFolder,
@@ -70,7 +70,6 @@ void Placing::TellDeepFolder(bool isThere) {
                         "removed, skipped.",
                         session_.Shown(object_.path), session_.Shown(destination_)));
     }
-    if (isOwn_) (void)RecycleOne(session_, destination_);
     session::TellOrLog(
         session_, session::PromptId::kDeepFolder,
         fmt::format(" Folder: {}{}contains objects whose path exceed 259 characters, "
@@ -81,21 +80,21 @@ void Placing::TellDeepFolder(bool isThere) {
 
 std::optional<int> Placing::ForceOnce() {
     forceTried_ = true;
-    if (verb_ == Verb::kCopy) {
-        if (!overwrites_) return std::nullopt;
-        return ForceCopy();
-    }
-    return ForceMove();
+    if (verb_ == Verb::kCopy) return overwrites_ ? ForceCopy() : std::nullopt;
+    // A copy beside its original is no rename.
+    return verb_ == Verb::kMove ? ForceMove() : std::nullopt;
+}
+
+// Whatever stands there goes for a whole copy only.
+bool Placing::ForceCopyThere() {
+    if (!Replaces()) return Force([this] { return Copy(); });
+    return Force([this] { return Prepare(); }) && MakeWay() && NameCopy();
 }
 
 std::optional<int> Placing::ForceCopy() {
-    // A source that can't be read is no reason to take away what stands there.
-    if (!CanBeRead()) return std::nullopt;
     isSettled_ = true;
-    if (!isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
-    if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
+    if (!ForceCopyThere()) return session::kRecoveryLeave;
     isPlaced_ = true;
-    RestoreSource();
     SetCombined();
     if (!hasFailed_) {
         session::LogTimed(session_,
@@ -110,14 +109,9 @@ std::optional<int> Placing::ForceCopy() {
 }
 
 std::optional<int> Placing::ForceMove() {
-    if (overwrites_ && !CanBeRead()) return std::nullopt;
     isSettled_ = true;
-    if (overwrites_ && !isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
-    if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
+    if (!ForceCopyThere()) return session::kRecoveryLeave;
     isPlaced_ = isDone_ = true;
-    if (sourceIsPlain_) {
-        (void)session_.files().SetAttributes(destination_, sourceAttributes_);
-    }
     RecycleSource();
     LogForcedMove();
     return session::kRecoveryLeave;

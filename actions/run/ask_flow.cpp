@@ -134,11 +134,8 @@ Outcome Replace(Session& session, ActionRun& run, const Clash& clash) {
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
         return std::move(*refused);
     }
-    Outcome outcome;
-    if (!RecycleDuplicate(session, clash)) return outcome;
-    outcome = PerformMoveOrCopy(session, run, clash.object, {clash.destination, nullptr});
-    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
-    return outcome;
+    return ReplaceDuplicate(session, run, clash.object, clash.destination,
+                            [&] { return RecycleDuplicate(session, clash); });
 }
 
 Outcome Act(Session& session, ActionRun& run, const Clash& clash) {

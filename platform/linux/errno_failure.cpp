@@ -63,4 +63,9 @@ std::unexpected<PlatformError> FailureBy(int number, std::string_view path) {
     return std::unexpected(PlatformError{number, Sentence(number, 0, path), std::string(path)});
 }
 
+std::unexpected<PlatformError> HoldsMountFailure(std::string_view path) {
+    return Failure(kPathFileAccess,
+                   "A drive is mounted in " + ForDisplay(path) + ", so it stays where it is.");
+}
+
 } // namespace tarvix::platform

@@ -6,6 +6,7 @@
 #include "text/case.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -34,12 +35,13 @@ Sys<void> RenameOver(At from, At to) {
     return {};
 }
 
-// The native path with the name that was asked for, where an object of another case was found.
-std::string WantedPath(const Resolved& target) {
-    std::string native = target.native;
-    if (!target.otherName.empty())
-        native.replace(native.rfind('/') + 1, native.npos, target.otherName);
-    return native;
+// By its true path, since that is how mounts are known.
+bool HoldsMount(const Resolved& folder) {
+    struct Free {
+        void operator()(char* text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> real(::realpath(folder.native.c_str(), nullptr));
+    return real != nullptr && folder.drives->HoldsMount(real.get());
 }
 
 void RemoveIfPresent(const Resolved& place) {
@@ -57,14 +59,13 @@ bool LinuxFileSystem::IsTaken(const Resolved& source, const Resolved& target) {
 }
 
 Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target) {
-    const std::string wanted = WantedPath(target);
+    const std::string wanted = target.WantedPath();
     TX_TRY_ASSIGN(const Location from, store_.Locate(source.native));
     TX_TRY_ASSIGN(const Location to, store_.Locate(wanted));
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
-    auto renamed =
-        isOneName ? RenameOver(from, to) : RenameWithoutReplacing(from, to, isFolder, roads_);
+    auto renamed = isOneName ? RenameOver(from, to) : RenameReadOnly(from, to, isFolder, roads_);
     if (!renamed) {
         // Others were faster than what is known of the folder.
         if (renamed.error() == EEXIST) store_.Forget(target.Folder());
@@ -145,11 +146,12 @@ Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved&
     if (source.IsRoot()) return FailureBy(kPermissionDenied, from);
     if (target.IsRoot()) return FailureOf(EEXIST, to);
     TX_TRY_ASSIGN(const UniqueFd outer, OpenFolderOf(target, to));
-    if (IsWithin(outer.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
+    if (IsWithin(outer.Get(), *source.st)) return IntoItselfFailure(from, to);
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(source, target);
     if (renamed) return {};
-    if (renamed.error() == EINVAL) return FailureBy(kPathFileAccess, to);
+    if (renamed.error() == EINVAL) return IntoItselfFailure(from, to);
+    if (renamed.error() == EXDEV && HoldsMount(source)) return HoldsMountFailure(from);
     if (renamed.error() == ENOTEMPTY) return FailureOf(EEXIST, to);
     if (renamed.error() == ENOENT) return FailureBy(kPathNotFound, to);
     return FailureOf(renamed.error(), to);

@@ -30,6 +30,11 @@ class LinuxFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(std::string_view from, std::string_view to,
+                                                     const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
@@ -58,6 +63,8 @@ class LinuxFileSystem : public FileSystem {
     Result<Resolved> Existing(std::string_view path) const { return resolver_.Existing(path); }
     // To be told when an object was taken away by another road.
     void NoteGone(const Resolved& place);
+    // To be told when it was put back there.
+    void NoteBack(const Resolved& place) { NoteMade(place); }
     // What its store of folders had to do so far.
     StoreCounts Counts() const { return store_.Counts(); }
 
@@ -71,6 +78,9 @@ class LinuxFileSystem : public FileSystem {
     std::shared_ptr<const Resolved> Believed(const std::shared_ptr<const Known>& known) const;
     Result<std::shared_ptr<const Resolved>> SourceOf(const Look& look) const;
     Result<std::shared_ptr<const Resolved>> TargetOf(const FreePlace& place) const;
+
+    // A copy without its name, and the place where it will get one.
+    class Prepared;
 
     Result<Resolved> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.

@@ -39,7 +39,7 @@ std::string TopOf(std::string folder, std::uint64_t device) {
 // since an open folder keeps a drive from being taken out.
 class TrashRun {
   public:
-    Sys<void> Recycle(const Resolved& place) {
+    Sys<TrashFolder::Taken> Recycle(const Resolved& place) {
         auto taken = Take(place);
         if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
         if (!StatOfPath(place.native)) return taken;
@@ -48,7 +48,7 @@ class TrashRun {
     }
 
   private:
-    Sys<void> Take(const Resolved& place);
+    Sys<TrashFolder::Taken> Take(const Resolved& place);
     Sys<TrashFolder*> TrashFor(const Resolved& place, const std::string& folder);
 
     std::map<std::uint64_t, TrashFolder> trashes_; // by device
@@ -56,7 +56,7 @@ class TrashRun {
     std::string trueFolder_;
 };
 
-Sys<void> TrashRun::Take(const Resolved& place) {
+Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
     if (const std::string folder(place.Folder()); folder != folder_) {
         TX_TRY_ASSIGN(trueFolder_, TrueFolder(place));
         folder_ = folder;
@@ -65,6 +65,10 @@ Sys<void> TrashRun::Take(const Resolved& place) {
     TX_TRY_ASSIGN(const Location location, Locate(place.native));
     const std::string path =
         (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
+    // It would go along, still in use.
+    if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
+        return std::unexpected(EBUSY);
+    }
     return trash->Take(location, path, S_ISDIR(place.st->stx_mode));
 }
 
@@ -84,6 +88,8 @@ std::unexpected<PlatformError> TrashFailure(int error, const std::string& path) 
     case ENOTSUP:
     case EXDEV:
         return Failure(kPathFileAccess, "There is no trash for " + ForDisplay(path) + ".");
+    case EBUSY:
+        return HoldsMountFailure(path);
     case EINVAL: // the trash lies in it
         return FailureBy(kPermissionDenied, path);
     default:
@@ -100,10 +106,22 @@ Result<void> LinuxTrash::Recycle(std::span<const std::string> paths,
         if (observer && !observer(done)) return FailureBy(kInterrupted, path);
         TX_TRY_ASSIGN(const Resolved place, files_.Existing(path));
         if (place.IsRoot()) return FailureBy(kPermissionDenied, path);
-        const auto taken = run.Recycle(place);
+        auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), path);
         files_.NoteGone(place);
+        path_ = path;
+        place_ = place;
+        taken_ = std::move(*taken);
     }
+    return {};
+}
+
+Result<void> LinuxTrash::PutBack(std::string_view path) {
+    if (!place_ || path_ != path) return FailureBy(kFileNotFound, path);
+    const Resolved place = *std::exchange(place_, std::nullopt);
+    TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), path));
+    TX_TRY(Named(TrashFolder::GiveBack(taken_, location), path));
+    files_.NoteBack(place);
     return {};
 }
 

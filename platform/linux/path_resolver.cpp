@@ -45,6 +45,12 @@ std::string_view Resolved::NativeName() const {
     return std::string_view(native).substr(NameStart(native));
 }
 
+std::string Resolved::WantedPath() const {
+    std::string path = native;
+    if (!otherName.empty()) path.replace(path.rfind('/') + 1, path.npos, otherName);
+    return path;
+}
+
 std::string Resolved::DrivePath() const {
     std::string out = root;
     const std::size_t start = out.size();
@@ -240,6 +246,11 @@ bool LeadsToFolder(const Resolved& place) {
     if (!S_ISLNK(place.st->stx_mode)) return false;
     const auto behind = StatBehindPath(place.native);
     return behind && S_ISDIR(behind->stx_mode);
+}
+
+Sys<UniqueFd> OpenItself(const Resolved& place) {
+    TX_TRY_ASSIGN(const Location location, Locate(place.native));
+    return OpenAt(location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
 
 Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path) {

@@ -28,6 +28,8 @@ struct Resolved {
     std::string_view NativeName() const; // disk name of the object
     // Disk name of the last part as it was asked for.
     std::string_view WantedName() const { return otherName.empty() ? NativeName() : otherName; }
+    // The native path with that name.
+    std::string WantedPath() const;
     // The path as the disk spells it.
     std::string DrivePath() const;
 };
@@ -76,6 +78,9 @@ class PathResolver {
 
 // Whether an object is a folder, or a link that leads to one.
 bool LeadsToFolder(const Resolved& place);
+
+// The folder at a place, open to be read.
+Sys<UniqueFd> OpenItself(const Resolved& place);
 
 // The folder around a place, open to reach what is in it: 76.
 Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path);

@@ -108,7 +108,7 @@ std::string DataHome() {
 }
 } // namespace
 
-Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
+Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string path, std::string top) {
     if (!folder) return std::unexpected(folder.error());
     const auto st = StatOf(folder->Get());
     if (!st) return std::unexpected(st.error());
@@ -118,6 +118,7 @@ Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
     auto files = OpenOrMake({folder->Get(), "files"});
     if (!files) return std::unexpected(files.error());
     TrashFolder trash;
+    trash.path_ = std::move(path);
     trash.top_ = std::move(top);
     trash.info_ = std::move(*info);
     trash.files_ = std::move(*files);
@@ -128,7 +129,9 @@ Sys<TrashFolder> TrashFolder::OfHome() {
     const std::string data = DataHome();
     if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
     // The user may have put a link in its place.
-    return Open(OpenOrMake({AT_FDCWD, (data + "/Trash").c_str()}, O_RDONLY | O_DIRECTORY), {});
+    std::string path = data + "/Trash";
+    auto folder = OpenOrMake({AT_FDCWD, path.c_str()}, O_RDONLY | O_DIRECTORY);
+    return Open(std::move(folder), std::move(path), {});
 }
 
 Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
@@ -136,24 +139,39 @@ Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
     const std::string user = std::to_string(::getuid());
     const std::string base = top == "/" ? top : top + "/";
     if (const auto shared = OpenShared(base + ".Trash")) {
-        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base);
+        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base + ".Trash/" + user, base);
         if (trash) return trash;
     }
-    auto trash = Open(OpenOrMake({AT_FDCWD, (base + ".Trash-" + user).c_str()}), base);
+    const std::string own = base + ".Trash-" + user;
+    auto trash = Open(OpenOrMake({AT_FDCWD, own.c_str()}), own, base);
     if (trash || trash.error() == EROFS || trash.error() == ENOSPC) return trash;
     return std::unexpected(ENOTSUP);
 }
 
-Sys<void> TrashFolder::Take(At object, std::string_view path, bool isFolder) {
+Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, bool isFolder) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
         "[Trash Info]\nPath=" + Percented(told) + "\nDeletionDate=" + LocalTime() + "\n";
     for (unsigned number = 1; number < kMostTries; ++number) {
-        auto taken = TakeAs(NameForTry(name, number), object, info, isFolder);
-        if (taken || taken.error() != EEXIST) return taken;
+        const std::string there = NameForTry(name, number);
+        const auto taken = TakeAs(there, object, info, isFolder);
+        if (taken) {
+            return Taken{path_ + "/files/" + there,
+                         path_ + "/info/" + there + std::string(kInfoEnd)};
+        }
+        if (taken.error() != EEXIST) return std::unexpected(taken.error());
     }
     return std::unexpected(EEXIST);
+}
+
+Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
+    const auto st = StatOfPath(taken.object);
+    if (!st) return std::unexpected(st.error());
+    const auto back =
+        RenameReadOnly({AT_FDCWD, taken.object.c_str()}, place, S_ISDIR(st->stx_mode), {});
+    if (back) ::unlinkat(AT_FDCWD, taken.info.c_str(), 0);
+    return back;
 }
 
 Sys<void> TrashFolder::TakeAs(const std::string& name, At object, const std::string& info,
@@ -164,7 +182,7 @@ Sys<void> TrashFolder::TakeAs(const std::string& name, At object, const std::str
     if (!fd) return std::unexpected(fd.error());
     auto taken = WriteAll(fd->Get(), info);
     if (taken) {
-        taken = RenameWithoutReplacing(object, {files_.Get(), name.c_str()}, isFolder, {});
+        taken = RenameReadOnly(object, {files_.Get(), name.c_str()}, isFolder, {});
     }
     if (!taken) ::unlinkat(info_.Get(), infoName.c_str(), 0);
     return taken;

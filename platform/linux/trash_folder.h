@@ -20,14 +20,21 @@ class TrashFolder {
 
     // Moves an object into it. `path` is where the object is (native, absolute, no links on the
     // way), and what it will be restored to. EXDEV when it lies on another file system. On failure
-    // the object stays and nothing new is left.
-    Sys<void> Take(At object, std::string_view path, bool isFolder);
+    // the object stays and nothing new is left. Gives where it lies in the trash.
+    struct Taken {
+        std::string object; // native paths
+        std::string info;
+    };
+    Sys<Taken> Take(At object, std::string_view path, bool isFolder);
+    // Takes it out again, to a place where nothing stands (EEXIST).
+    static Sys<void> GiveBack(const Taken& taken, At place);
 
   private:
-    static Sys<TrashFolder> Open(Sys<UniqueFd> folder, std::string top);
+    static Sys<TrashFolder> Open(Sys<UniqueFd> folder, std::string path, std::string top);
     Sys<void> TakeAs(const std::string& name, At object, const std::string& info, bool isFolder);
 
-    std::string top_; // paths are told relative to it; empty for absolute ones
+    std::string path_; // of the trash, native
+    std::string top_;  // paths are told relative to it; empty for absolute ones
     UniqueFd info_;
     UniqueFd files_;
 };

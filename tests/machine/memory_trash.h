@@ -19,6 +19,7 @@ class MemoryTrash : public Trash {
 
     Result<void> Recycle(std::span<const std::string> paths,
                          const TrashObserver& observer) override;
+    Result<void> PutBack(std::string_view path) override;
 
     // ---- for tests ----
 

@@ -187,6 +187,7 @@ TEST_P(FileSystemConformance, CopyTreeSkipsSpecialFilesAndTellsOfThemAfterTheRes
 TEST_P(FileSystemConformance, AnAbandonedCopyTreeLeavesOnlyWholeFiles) {
     disk().MakeFile("from\\a.txt", "whole");
     disk().MakeFile("from\\b.txt", "second");
+    disk().MakeFolder("to");
     int calls = 0;
     const auto observer = [&](const CopyProgress& progress) {
         ++calls;

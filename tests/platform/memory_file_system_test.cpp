@@ -68,6 +68,7 @@ TEST(MemoryFileSystem, CopyTreeStopsWhereTheDiskIsFull) {
     MemoryFileSystem disk;
     disk.AddFile("C:\\from\\a", "12345");
     disk.AddFile("C:\\from\\b", "12345");
+    disk.AddFolder("C:\\to");
     disk.SetCapacity("C:", 16);
     EXPECT_EQ(NumberOf(disk.CopyFolder("C:\\from", "C:\\to", false, {})), kDiskFull);
     EXPECT_EQ(disk.AllFiles(), (List{"C:\\from\\a", "C:\\from\\b", "C:\\to\\a"}));

@@ -1,4 +1,5 @@
 // The windows: a machine under Linux, the prompts and the main window over one program.
+#include "app/process.h"
 #include "app/program.h"
 #include "app/saved_drives.h"
 #include "forms/event_gate.h"
@@ -6,6 +7,7 @@
 #include "forms/search_window.h"
 #include "forms/theme.h"
 #include "platform/linux/linux_platform.h"
+#include "session/ending_prompts.h"
 #include "session/product.h"
 
 #include <CLI/CLI.hpp>
@@ -92,8 +94,10 @@ void WaitUntilShown(const QMainWindow& window) {
 }
 
 int signalPipe[2] = {-1, -1};
+volatile std::sig_atomic_t interruption = 0; // the first signal that asked for the end
 
-void PassSignalOn(int) {
+void PassSignalOn(int signal) {
+    if (interruption == 0) interruption = signal;
     const char byte = 1;
     (void)!write(signalPipe[1], &byte, 1);
 }
@@ -113,14 +117,13 @@ void CloseOnSignals(QMainWindow& window) {
         });
         timer->start(50);
     });
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        std::signal(signal, PassSignalOn);
-    }
+    app::TakeEndingSignals(PassSignalOn);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    app::OpenStandardDescriptors();
     int exitCode = 0;
     const auto request = ReadArguments(argc, argv, exitCode);
     if (!request) return exitCode;
@@ -141,7 +144,8 @@ int main(int argc, char** argv) {
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
     forms::EventGate gate;
-    forms::QtPrompts prompts(gate, parts);
+    forms::QtPrompts windows(gate, parts);
+    session::EndingPrompts prompts(windows, [] { return interruption != 0; });
     app::Program program(parts, prompts);
     {
         forms::SearchWindow window(program.Session(), gate);
@@ -156,5 +160,5 @@ int main(int argc, char** argv) {
         program.Session().yielder.SetPump({});
     }
     program.Stop();
-    return exitCode;
+    return interruption == 0 ? exitCode : app::ExitCodeAfter(interruption);
 }

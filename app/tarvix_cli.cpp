@@ -1,4 +1,5 @@
 // The headless front: this machine without its desktop, and the commands of `cli/`.
+#include "app/process.h"
 #include "app/program.h"
 #include "app/saved_drives.h"
 #include "cli/host.h"
@@ -41,20 +42,16 @@ std::expected<platform::Platform, std::string> Open(Machine& machine, const std:
     return machine->Parts();
 }
 
-volatile std::sig_atomic_t interruptions = 0;
+volatile std::sig_atomic_t interruption = 0; // the first signal that asked for the end
 
-// The first interruption lets the work stop in order, the next one ends the process.
-void StopInOrder() {
-    struct sigaction action {};
-    action.sa_handler = [](int) { interruptions = 1; };
-    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+void NoteInterruption(int signal) {
+    if (interruption == 0) interruption = signal;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    app::OpenStandardDescriptors();
     std::ios::sync_with_stdio(false);
     std::error_code ignored;
     Machine machine;
@@ -63,10 +60,10 @@ int main(int argc, char** argv) {
     host.errIsTerminal = isatty(STDERR_FILENO) == 1;
     host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
     host.currentFolder = std::filesystem::current_path(ignored).string();
-    host.interrupted = [] { return interruptions != 0; };
+    host.interrupted = [] { return static_cast<int>(interruption); };
+    host.stopInOrder = [] { app::TakeEndingSignals(NoteInterruption); };
     host.open = [&](const cli::MachineRequest& request) {
         return Open(machine, host.currentFolder, request);
     };
-    StopInOrder();
     return cli::RunTarvixCli({argv + 1, argv + argc}, host);
 }

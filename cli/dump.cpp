@@ -2,6 +2,9 @@
 
 #include "cli/print_rows.h"
 #include "platform/file_system.h"
+#include "results/result_list.h"
+#include "results/shown_cells.h"
+#include "session/session.h"
 
 #include <ostream>
 
@@ -32,23 +35,25 @@ std::vector<results::Column> AllColumns() {
     return columns;
 }
 
-void AppendCells(std::string& text, const results::ResultList& rows, std::size_t row,
+void AppendCells(std::string& text, const session::Session& session, std::size_t row,
                  const std::vector<results::Column>& columns) {
     for (std::size_t i = 0; i < columns.size(); ++i)
-        text.append(i > 0 ? "\t" : "").append(CellField(rows.Cell(row, columns[i])));
+        text.append(i > 0 ? "\t" : "")
+            .append(PlainField(results::PlainCell(session, *session.rows, row, columns[i])));
 }
 
 } // namespace
 
-void DumpList(const results::ResultList& rows, const std::vector<results::Column>& columns,
+void DumpList(const session::Session& session, const std::vector<results::Column>& columns,
               std::ostream& out) {
-    if (columns.empty()) return DumpList(rows, AllColumns(), out);
+    if (columns.empty()) return DumpList(session, AllColumns(), out);
+    const results::ResultList& rows = *session.rows;
     std::string text;
     for (const results::Column column : columns)
         text.append(text.empty() ? "" : "\t").append(HeadOf(column));
     text += '\n';
     for (std::size_t row = 0; row < rows.Count(); ++row) {
-        if (!rows.At(row).IsSpacer()) AppendCells(text, rows, row, columns);
+        if (!rows.At(row).IsSpacer()) AppendCells(text, session, row, columns);
         text += '\n';
     }
     out << text;

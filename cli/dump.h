@@ -1,7 +1,6 @@
 #pragma once
 
 #include "results/columns.h"
-#include "results/result_list.h"
 #include "session/prompt_record.h"
 
 #include <iosfwd>
@@ -13,12 +12,16 @@ namespace tarvix::platform {
 class FileSystem;
 }
 
+namespace tarvix::session {
+struct Session;
+}
+
 namespace tarvix::cli {
 
 // What the script's dump statement prints. Tabs and line ends inside a field are "\t" and "\n".
 
 // Cells under a line of headers, a spacer as an empty line; all columns when none is named.
-void DumpList(const results::ResultList& rows, const std::vector<results::Column>& columns,
+void DumpList(const session::Session& session, const std::vector<results::Column>& columns,
               std::ostream& out);
 // Style (or what the prompt is, when it is no message), title, text and answer.
 void DumpPrompts(const std::vector<session::PromptRecord>& prompts, std::ostream& out);

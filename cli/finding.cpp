@@ -46,7 +46,7 @@ int Finding::Search(results::Program& program, const Criteria& criteria,
 int Finding::ActOnAll(session::Session& session, int searchCode, fields::Control& button,
                       std::string_view done, bool isRehearsal,
                       const std::function<int(std::int64_t)>& after) {
-    if (session.state.blnStopClicked) {
+    if (session.state.blnStopClicked || host_.interrupted() != 0) {
         Complain(host_,
                  fmt::format("The search was cut short, so nothing was {}.", text::Lower(done)));
         return kSomeFailed;

@@ -19,8 +19,10 @@ int RunTarvixCli(const std::vector<std::string>& arguments, Host& host) {
         Complain(host, machine.error());
         return kBadRequest;
     }
-    return std::visit([&](const auto& command) { return Run(host, *machine, command); },
-                      request->command);
+    const int code = std::visit([&](const auto& command) { return Run(host, *machine, command); },
+                                request->command);
+    const int signal = host.interrupted();
+    return signal == 0 ? code : kSignalled + signal;
 }
 
 } // namespace tarvix::cli

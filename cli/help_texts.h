@@ -16,8 +16,9 @@ inline constexpr const char* kAboutFooter =
     "  tarvix-cli run nightly.txt\n"
     "\n"
     "tarvix-cli COMMAND --help tells all about a command.\n"
-    "Ends with 0 when all is done, 1 when objects failed or were skipped, 2 when the request\n"
-    "is wrong, 3 when a question had no answer.\n";
+    "Ends with 0 when all is done, 1 when objects failed, were skipped or could not be read, 2\n"
+    "when the request is wrong, 3 when a question had no answer, and with 128 and the number of\n"
+    "the signal when it was interrupted (130 by Ctrl+C): it stops at the next object then.\n";
 
 inline constexpr CommandHelp kSearch{
     "search", "Lists every file or folder that matches",
@@ -112,7 +113,10 @@ inline constexpr CommandHelp kPlaylist{
     "  tarvix-cli playlist 1987 --in ~/Music/Years --comments --to ~/Music/1987.m3u --yes\n"
     "\n"
     "--comments takes a search for one year, such as 1987, whose files are named YYYY-RRR (year\n"
-    "and rank): the ranks that are missing stand as comments where they belong.\n"};
+    "and rank): the ranks that are missing stand as comments where they belong. --similar looks "
+    "for\n"
+    "the same songs under other names; the playlist mode of the window works with what it "
+    "found.\n"};
 
 inline constexpr CommandHelp kNumbers{
     "numbers", "Writes a list of numbered lines",

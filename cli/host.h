@@ -25,8 +25,11 @@ struct Host {
     bool errIsTerminal = false;
     bool colour = false;       // on stderr
     std::string currentFolder; // native
-    // Whether the process was asked to stop; asked every few milliseconds in long loops.
-    std::function<bool()> interrupted = [] { return false; };
+    // The signal that asked the process to stop, 0 for none; asked every few milliseconds in long
+    // loops.
+    std::function<int()> interrupted = [] { return 0; };
+    // Called before a program starts: from here on a signal ends nothing by itself.
+    std::function<void()> stopInOrder = [] {};
     // Opens the machine, once; a failure is a sentence. The platform lives as long as the host.
     std::function<std::expected<platform::Platform, std::string>(const MachineRequest&)> open;
 };

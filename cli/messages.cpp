@@ -1,9 +1,13 @@
 #include "cli/messages.h"
 
 #include "platform/names.h"
+#include "platform/native_paths.h"
 #include "session/message_style.h"
 #include "session/prompt_table.h"
+#include "session/session.h"
 #include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <ostream>
 
@@ -42,6 +46,15 @@ void Complain(Host& host, std::string_view sentence) {
 
 void Tell(Host& host, std::string_view text) {
     Say(host, JoinLines(text, "\n  "));
+}
+
+void TellUnread(Host& host, const session::Session& session) {
+    for (const session::UnreadObject& object : session.state.unread.All()) {
+        const std::string native = session.platform.paths.ToNative(object.path);
+        Complain(host,
+                 fmt::format("{} could not be read: {}.", native.empty() ? object.path : native,
+                             platform::ErrorText(object.number)));
+    }
 }
 
 std::string OnOneLine(std::string_view text) {

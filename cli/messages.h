@@ -6,6 +6,10 @@
 #include <string>
 #include <string_view>
 
+namespace tarvix::session {
+struct Session;
+}
+
 namespace tarvix::cli {
 
 // One sentence on stderr, behind the program's name.
@@ -13,6 +17,9 @@ void Complain(Host& host, std::string_view sentence);
 
 // A prompt's text on stderr, its empty lines left out.
 void Tell(Host& host, std::string_view text);
+
+// What the last search could not read, a line each on stderr.
+void TellUnread(Host& host, const session::Session& session);
 
 // The sentence of a prompt that had no answer, and how to give one; `way` is "give --answer", or
 // "put answer" for a script.

@@ -1,8 +1,13 @@
 #include "cli/print_rows.h"
 
 #include "platform/names.h"
+#include "platform/native_paths.h"
+#include "results/result_list.h"
+#include "results/shown_cells.h"
+#include "session/session.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -16,13 +21,31 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
 
+// JSON has no bytes: one that is no text is written as the lone surrogate U+DC00 plus the byte,
+// which many readers give back as that byte.
+void AppendJsonWithBytes(std::string& out, std::string_view text) {
+    out += '"';
+    std::size_t begin = 0;
+    const auto appendValid = [&](std::size_t end) {
+        const std::string quoted = nlohmann::json(text.substr(begin, end - begin)).dump();
+        out.append(quoted, 1, quoted.size() - 2);
+    };
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t at = pos;
+        const char32_t c = text::NextCharacter(text, pos);
+        if (c <= 0x10FFFF) continue;
+        appendValid(at);
+        out += fmt::format("\\udc{:02x}", static_cast<unsigned>(c - 0x110000));
+        begin = pos;
+    }
+    appendValid(text.size());
+    out += '"';
+}
+
 // A text as JSON writes it. Plain ASCII, which nearly all cells are, takes a short road.
 void AppendJsonText(std::string& out, const std::string& text) {
     const auto isPlain = [](char c) { return c >= ' ' && c < '\x7F'; };
-    if (!std::ranges::all_of(text, isPlain)) {
-        out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-        return;
-    }
+    if (!std::ranges::all_of(text, isPlain)) return AppendJsonWithBytes(out, text);
     out += '"';
     for (const char c : text) {
         if (c == '"' || c == '\\') out += '\\';
@@ -91,10 +114,9 @@ class RowPaths {
 
 class RowPrinter {
   public:
-    RowPrinter(const results::ResultList& rows, const platform::NativePaths& paths,
-               const RowOutput& output, std::ostream& out)
-        : rows_(rows), paths_(rows, paths), format_(output.format), columns_(output.columns),
-          gathered_(out) {
+    RowPrinter(const session::Session& session, const RowOutput& output, std::ostream& out)
+        : session_(session), rows_(*session.rows), paths_(rows_, session.platform.paths),
+          format_(output.format), columns_(output.columns), gathered_(out) {
         if (columns_.empty()) AddAllColumns();
         const bool hasPath = std::ranges::find(columns_, kNativePathColumn) != columns_.end();
         if (format_ == RowFormat::kJson && !hasPath) columns_.push_back(kNativePathColumn);
@@ -130,7 +152,7 @@ class RowPrinter {
         if (column == kNativePathColumn) {
             paths_.Append(out, row);
         } else {
-            out += platform::NameToNative(rows_.Cell(row, static_cast<results::Column>(column)));
+            out += results::PlainCell(session_, rows_, row, static_cast<results::Column>(column));
         }
     }
 
@@ -160,7 +182,7 @@ class RowPrinter {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             cell_.clear();
             AppendCell(cell_, row, columns_[i]);
-            gathered_.Text().append(i > 0 ? "\t" : "").append(CellField(cell_));
+            gathered_.Text().append(i > 0 ? "\t" : "").append(PlainField(cell_));
         }
         gathered_.Text() += '\n';
     }
@@ -176,6 +198,7 @@ class RowPrinter {
         out += "}\n";
     }
 
+    const session::Session& session_;
     const results::ResultList& rows_;
     RowPaths paths_;
     RowFormat format_;
@@ -211,18 +234,20 @@ std::string_view HeadOf(int column) {
 }
 
 std::string CellField(std::string_view cell) {
+    return PlainField(platform::NameToNative(cell));
+}
+
+std::string PlainField(std::string field) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kEscapes{
         {{"\r\n", "\\n"}, {"\n", "\\n"}, {"\r", "\\r"}, {"\t", "\\t"}}};
-    std::string field = platform::NameToNative(cell);
     if (field.find_first_of("\r\n\t") == field.npos) return field;
     for (const auto& [control, escape] : kEscapes)
         field = text::Replace(field, control, escape);
     return field;
 }
 
-bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
-               const RowOutput& output, std::ostream& out) {
-    return RowPrinter(rows, paths, output, out).Print();
+bool PrintRows(const session::Session& session, const RowOutput& output, std::ostream& out) {
+    return RowPrinter(session, output, out).Print();
 }
 
 } // namespace tarvix::cli

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "cli/request.h"
-#include "platform/native_paths.h"
-#include "results/result_list.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -12,12 +10,15 @@
 #include <utility>
 #include <vector>
 
+namespace tarvix::session {
+struct Session;
+}
+
 namespace tarvix::cli {
 
 // Prints the rows of a list as results of a command; spacers are left out. False when `out` no
 // longer takes them.
-bool PrintRows(const results::ResultList& rows, const platform::NativePaths& paths,
-               const RowOutput& output, std::ostream& out);
+bool PrintRows(const session::Session& session, const RowOutput& output, std::ostream& out);
 
 // Prints named values: "NAME<between>VALUE" on each line or, as JSON, one object on one line.
 void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs,
@@ -26,9 +27,11 @@ void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs,
 // An object on a line of its own; bytes that are no text are replaced.
 void PrintJson(const nlohmann::ordered_json& object, std::ostream& out);
 
-// A cell as one field of a line: a tab is "\t", a line end "\n", and what a drive path carries is
-// itself.
+// A text of names as one field of a line: a tab is "\t", a line end "\n", and what a drive path
+// carries is itself.
 std::string CellField(std::string_view cell);
+// The same of a text in the disk's own bytes.
+std::string PlainField(std::string field);
 
 // The head of a column: its header, or "NativePath".
 std::string_view HeadOf(int column);

@@ -17,9 +17,10 @@ namespace tarvix::cli {
 // What the process ends with.
 enum ExitCode : int {
     kDone = 0,
-    kSomeFailed = 1, // done, but objects failed or were skipped
-    kBadRequest = 2, // the request or the script is wrong
-    kUnanswered = 3, // a prompt had no answer; nothing further was done
+    kSomeFailed = 1,  // done, but objects failed or were skipped
+    kBadRequest = 2,  // the request or the script is wrong
+    kUnanswered = 3,  // a prompt had no answer; nothing further was done
+    kSignalled = 128, // and the number of the signal that asked for the end
 };
 
 // How the machine is opened, as it was asked for.
@@ -137,6 +138,8 @@ struct PlaylistRequest {
     int form = kFullPaths;
     std::string file; // as typed
     bool addsComments = false;
+    std::string similarFolder; // as typed; empty for no search for duplicates
+    std::int64_t deviation = 400'000;
     bool confirmed = false;
     std::vector<std::string> answers;
 };

@@ -50,6 +50,7 @@ int Run(Host& host, const platform::Platform& machine, const RunRequest& request
     scripted.SetPaths(machine.paths);
     FirstRunAnswers prompts(scripted);
     ScriptRunner runner(std::move(*statements), scripted, host.out);
+    runner.SetInterrupted([&host] { return host.interrupted() != 0; });
     runner.QueueLeadingAnswers();
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {

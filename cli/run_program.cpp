@@ -2,6 +2,8 @@
 
 #include "cli/messages.h"
 #include "cli/script_runner.h"
+#include "search/unread.h"
+#include "session/ending_prompts.h"
 #include "session/scripted_prompts.h"
 #include "session/user_input.h"
 
@@ -37,7 +39,17 @@ int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) 
 
 int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
                const ProgramRun& run) {
-    results::Program program(machine, prompts, host.fillEvents);
+    host.stopInOrder();
+    session::EndingPrompts untilSignal(
+        prompts, [&host] { return host.interrupted() != 0; },
+        [&host](std::string_view text) { Tell(host, text); });
+    results::Program program(machine, untilSignal, host.fillEvents);
+    bool leftOut = false;
+    program.Session().events.On(std::string(search::kUnreadTold),
+                                [&](session::Session& session, const session::EventArgs&) {
+                                    TellUnread(host, session);
+                                    leftOut = true;
+                                });
     bool started = false;
     int code = Guarded(host, run, [&] {
         program.Start("");
@@ -50,7 +62,7 @@ int RunProgram(Host& host, const platform::Platform& machine, session::PromptSer
         program.Stop();
         return int{kDone};
     });
-    if (code == kDone) code = unloaded;
+    if (code == kDone) code = leftOut ? kSomeFailed : unloaded;
     const bool isDone = code == kDone || code == kSomeFailed;
     return isDone && run.afterUnload ? run.afterUnload(program, code) : code;
 }
@@ -60,7 +72,7 @@ Watch::Watch(Host& host, session::Session& session) : host_(host), session_(sess
 }
 
 void Watch::Look() {
-    if (host_.interrupted() && !stopped_) Stop();
+    if (host_.interrupted() != 0 && !stopped_) Stop();
     if (host_.errIsTerminal) Show();
 }
 

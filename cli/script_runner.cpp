@@ -3,6 +3,7 @@
 #include "cli/dump.h"
 #include "cli/nearest.h"
 #include "cli/print_rows.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 #include "text/case.h"
 #include "text/like.h"
@@ -80,11 +81,19 @@ bool ScriptRunner::RunInside(fields::Form& form) {
 void ScriptRunner::RunNext() {
     const Statement& statement = statements_[next_++];
     line_ = statement.line;
+    CheckInterruption();
     if (const auto done = Execute(statement); !done) {
         throw ScriptStopped{statement.line, done.error()};
     }
     const auto& totals = Session().state.lastAction;
     someFailed_ = someFailed_ || totals.failed > 0 || totals.skipped > 0;
+    CheckInterruption();
+}
+
+void ScriptRunner::CheckInterruption() const {
+    if (!interrupted_()) return;
+    throw ScriptStopped{line_,
+                        "The script was interrupted here. Nothing behind this line is done."};
 }
 
 InputResult ScriptRunner::Execute(const Statement& statement) {
@@ -115,7 +124,9 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
     const auto control = FindControl(statement.target);
     if (!control) return Wrong(control.error());
     if (statement.kind == StatementKind::kDumpControl) {
-        out_ << CellField((*control)->ValueText()) << '\n';
+        const std::string text = (*control)->ValueText();
+        const bool isPath = session::TakesPaths(**control);
+        out_ << CellField(isPath ? session::EntryShown(Session(), **control, text) : text) << '\n';
         return {};
     }
     if (auto reachable = CheckReachable(**control); !reachable) return reachable;
@@ -208,7 +219,7 @@ InputResult ScriptRunner::Dump(const Statement& statement) {
     const auto& state = Session().state;
     switch (statement.kind) {
     case StatementKind::kDumpList:
-        DumpList(program_->Rows(), statement.columns, out_);
+        DumpList(Session(), statement.columns, out_);
         break;
     case StatementKind::kDumpPrompts:
         DumpPrompts(prompts_.Records(), out_);

@@ -5,6 +5,7 @@
 #include "session/scripted_prompts.h"
 #include "session/user_input.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -30,6 +31,11 @@ class ScriptRunner {
     // Runs the rest. Throws ScriptStopped, and lets pass what the prompts throw.
     void Run(results::Program& program);
 
+    // Asked before and after each statement: an interruption ends the script, so that nothing acts
+    // on what was half done.
+    void SetInterrupted(std::function<bool()> interrupted) {
+        interrupted_ = std::move(interrupted);
+    }
     // Whether an action failed on objects or skipped some.
     bool SomeFailed() const { return someFailed_; }
     // The line of the statement under work, or the last one.
@@ -38,6 +44,7 @@ class ScriptRunner {
   private:
     bool RunInside(fields::Form& form);
     void RunNext();
+    void CheckInterruption() const;
     session::InputResult Execute(const Statement& statement);
     session::InputResult ExecuteOnControl(const Statement& statement);
     session::InputResult ClickColumn(const Statement& statement);
@@ -56,6 +63,7 @@ class ScriptRunner {
     int line_ = 0;
     session::ScriptedPrompts& prompts_;
     std::ostream& out_;
+    std::function<bool()> interrupted_ = [] { return false; };
     results::Program* program_ = nullptr;
     std::vector<fields::Form*> modal_;
     bool someFailed_ = false;

@@ -2,8 +2,38 @@
 #include "cli/finding.h"
 #include "cli/messages.h"
 #include "cli/print_rows.h"
+#include "session/session.h"
+
+#include <array>
 
 namespace tarvix::cli {
+
+namespace {
+
+// Shows what is printed and sorted by, whatever the options show; they are as they were when it
+// goes.
+class PrintedColumns {
+  public:
+    PrintedColumns(session::Session& session, const RowOutput& output)
+        : shown_(session.blnListItems), before_(shown_) {
+        const bool printsCells =
+            output.format != RowFormat::kPaths && output.format != RowFormat::kZeroPaths;
+        if (printsCells && output.columns.empty()) shown_.fill(true);
+        for (const int column : output.columns) {
+            if (column != kNativePathColumn) shown_[static_cast<std::size_t>(column)] = true;
+        }
+        if (output.sort) shown_[output.sort->column] = true;
+    }
+    ~PrintedColumns() { shown_ = before_; }
+    PrintedColumns(const PrintedColumns&) = delete;
+    PrintedColumns& operator=(const PrintedColumns&) = delete;
+
+  private:
+    std::array<bool, session::kVisibilityCount>& shown_;
+    std::array<bool, session::kVisibilityCount> before_;
+};
+
+} // namespace
 
 int Run(Host& host, const platform::Platform& machine, const SearchRequest& request) {
     Finding finding(host, machine);
@@ -11,13 +41,17 @@ int Run(Host& host, const platform::Platform& machine, const SearchRequest& requ
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const auto& sort = request.output.sort;
+        const PrintedColumns printed(program.Session(), request.output);
         const int code = finding.Search(program, request.criteria, request.answers);
+        if (host.interrupted() != 0) Complain(host, "The search was cut short by an interruption.");
         if (sort && code != kBadRequest) SortRows(program.Session(), *sort);
         return code;
     };
     run.afterUnload = [&](results::Program& program, int code) -> int {
-        if (PrintRows(program.Rows(), machine.paths, request.output, host.out)) return code;
-        Complain(host, "The results could not be written to the end.");
+        const PrintedColumns printed(program.Session(), request.output);
+        if (PrintRows(program.Session(), request.output, host.out)) return code;
+        // Who reads no further, as head does, knows.
+        if (host.interrupted() == 0) Complain(host, "The results could not be written to the end.");
         return kSomeFailed;
     };
     return RunProgram(host, machine, finding.Prompts(), run);

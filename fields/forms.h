@@ -23,8 +23,9 @@ struct Forms {
     FrmOverrideDialog frmOverrideDialog;
     FrmOverrideRecycleFail frmOverrideRecycleFail;
     FrmPreview frmPreview;
+    FrmUnread frmUnread;
 
-    const std::array<Form*, 12> all{&frmSearch,
+    const std::array<Form*, 13> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -35,7 +36,8 @@ struct Forms {
                                     &frmAsk259,
                                     &frmOverrideDialog,
                                     &frmOverrideRecycleFail,
-                                    &frmPreview};
+                                    &frmPreview,
+                                    &frmUnread};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -90,6 +90,7 @@ class FrmSearch : public Form {
     Label lblDetailedStatus{*this, "lblDetailedStatus"};
     Label lblCurrentFolder{*this, "lblCurrentFolder"};
     Label lblSearchFor{*this, "lblSearchFor"};
+    CommandButton cmdUnread{*this, "cmdUnread", "", false}; // opens the list of what was not read
 
     // Menu entries that a search or its end switches.
     MenuEntry mnuRun{*this, "mnuRun", "Ru&n"};

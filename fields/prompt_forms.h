@@ -123,6 +123,15 @@ class FrmOverrideRecycleFail : public OverrideForm {
         : OverrideForm("frmOverrideRecycleFail", "Override Recycle Failure?") {}
 };
 
+// What a search could not read, a line each.
+class FrmUnread : public Form {
+  public:
+    FrmUnread() : Form("frmUnread") { Caption = "Not Read"; }
+    Label lblMain{*this, "lblMain"};
+    ListBox lstUnread{*this, "lstUnread"};
+    CommandButton cmdOK{*this, "cmdOK", "&Close"};
+};
+
 // One object of a preview: where it is, where it would be, and what would happen to it.
 struct PreviewRow {
     std::string object;

@@ -1,5 +1,6 @@
 #include "forms/action_window.h"
 
+#include "actions/request/destination_controls.h"
 #include "actions/request/drop_destination.h"
 #include "actions/request/request_sentence.h"
 #include "forms/action_sections.h"
@@ -7,6 +8,7 @@
 #include "forms/drop_filter.h"
 #include "forms/field_widgets.h"
 #include "forms/fitting_area.h"
+#include "forms/key_filter.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
@@ -135,6 +137,9 @@ QWidget* ActionWindow::MakeDestination() {
     QComboBox* box = Make(form.cmbDir);
     box->setAccessibleName("Destination");
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    FilterKeys(*box, [this](char key, std::string_view entry) {
+        return actions::TakesKey(key, session_.frmDialog.optTo[3].Value, entry);
+    });
     AcceptDrops(*box, [this](const QList<QUrl>& urls) {
         if (urls.isEmpty() || !urls.front().isLocalFile()) return;
         const std::string dropped = ToUtf8(urls.front().toLocalFile());

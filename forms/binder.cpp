@@ -89,7 +89,7 @@ Shower Binder::BindCombo(fields::ComboBox& field, QComboBox& box) {
         connect(box.lineEdit(), &QLineEdit::textEdited, this,
                 [this, &field](const QString& text) { Set(field, text); });
     }
-    return ShowerOf(field, box);
+    return ShowerOf(field, box, PathTextOf(field));
 }
 
 Shower Binder::BindText(fields::TextBox& field, QLineEdit& edit) {
@@ -165,8 +165,25 @@ void Binder::TakeFocus() {
 }
 
 void Binder::TakeNativePaths(fields::Control& control) {
-    const auto drive = session::EntryInDriveForm(session_.platform.paths, control);
-    if (drive) Set(control, ToQt(*drive));
+    if (!session::TakesPaths(control) || !control.Enabled) return;
+    const std::string typed = control.ValueText();
+    const std::string drive = session::EntryInDriveForm(session_.platform.paths, control, typed);
+    if (drive != typed) Set(control, ToQt(drive));
+}
+
+// What was typed into a box of paths stays as it stands there, whatever its field makes of it.
+PathText Binder::PathTextOf(const fields::Control& control) const {
+    if (!session::TakesPaths(control)) return {};
+    return {.shown =
+                [this, &control](std::string_view text) {
+                    return session::EntryShown(session_, control, text);
+                },
+            .read =
+                [this, &control](std::string_view typed) {
+                    return session_.state.platformSettings.showsNative
+                               ? session::EntryInDriveForm(session_.platform.paths, control, typed)
+                               : std::string(typed);
+                }};
 }
 
 void Binder::Click(fields::Control& control) {
@@ -181,8 +198,9 @@ void Binder::Click(fields::Control& control) {
 
 void Binder::Set(fields::Control& control, const QString& value) {
     pending_.erase(&control);
-    const bool done =
-        gate_.Run(&control, [&] { (void)session::UserSet(session_, control, ToUtf8(value)); });
+    const PathText paths = PathTextOf(control);
+    const std::string text = paths.read ? paths.read(ToUtf8(value)) : ToUtf8(value);
+    const bool done = gate_.Run(&control, [&] { (void)session::UserSet(session_, control, text); });
     if (!done) pending_[&control] = value;
     Show(control);
 }

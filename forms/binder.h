@@ -55,6 +55,7 @@ class Binder : public QObject {
     void Show(fields::Control& control);
     void TakeFocus();
     void TakeNativePaths(fields::Control& control);
+    PathText PathTextOf(const fields::Control& control) const;
     void Leave(fields::Control& control);
 
     session::Session& session_;

@@ -108,6 +108,9 @@ QWidget* MakeStatusBar(const fields::FrmSearch& form) {
     row->addWidget(progress, 3);
     row->addWidget(Make(form.lblStatus));
     row->addWidget(Make(form.lblDetailedStatus));
+    QPushButton* unread = Make(form.cmdUnread);
+    unread->setFlat(true);
+    row->addWidget(unread);
     row->addWidget(MakeElided(form.lblCurrentFolder), 3);
     row->addWidget(MakeElided(form.lblSearchFor), 2);
     row->addWidget(native, 3);

@@ -19,7 +19,8 @@ namespace tarvix::forms {
 namespace {
 
 constexpr const char* kOverwriteTip =
-    "Replaces what is there. (Folder contents with different names will not be overwritten.)";
+    "Replaces what is there, which goes to the trash. A folder is replaced whole, with all that is "
+    "in it.";
 
 QPushButton* MakeChoice(const fields::CommandButton& field) {
     QPushButton* button = Make(field);

@@ -23,7 +23,7 @@ using session::Session;
 ActionRequest PresentRequest(const Session& session) {
     const auto& form = session.frmDialog;
     return actions::ReadRequest(
-        form, session.state.strAction,
+        form, session.platform.paths, session.state.strAction,
         text::CleanSpacesInPath(session::DriveForm(session.platform.paths, form.cmbDir.Text.Get()),
                                 true));
 }

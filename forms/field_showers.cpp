@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvix::forms {
@@ -21,10 +22,14 @@ Qt::CheckState StateOf(int value) {
     return value == 0 ? Qt::Unchecked : value == 1 ? Qt::Checked : Qt::PartiallyChecked;
 }
 
-void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items) {
+QString TextIn(const PathText& paths, const std::string& text) {
+    return ToQt(paths.shown ? paths.shown(text) : text);
+}
+
+void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items, const PathText& paths) {
     box.clear();
     for (const auto& item : items) {
-        box.addItem(ToQt(item.text), item.data);
+        box.addItem(TextIn(paths, item.text), item.data);
     }
     box.setCurrentIndex(-1);
 }
@@ -43,8 +48,10 @@ void ReplaceText(QLineEdit& edit, const QString& text) {
     edit.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
 }
 
-void ShowComboText(const fields::ComboBox& field, QComboBox& box) {
-    const QString text = ToQt(field.Text.Get());
+void ShowComboText(const fields::ComboBox& field, QComboBox& box, const PathText& paths) {
+    const bool isSaid = paths.read && paths.read(ToUtf8(box.currentText())) == field.Text.Get();
+    if (isSaid) return;
+    const QString text = TextIn(paths, field.Text.Get());
     if (!field.IsEditable()) {
         box.setCurrentIndex(box.findText(text));
     } else if (box.currentText() != text) {
@@ -80,14 +87,15 @@ Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button) {
     };
 }
 
-Shower ShowerOf(const fields::ComboBox& field, QComboBox& box) {
-    return [&field, &box, shown = std::vector<fields::ComboItem>()]() mutable {
+Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths) {
+    return [&field, &box, paths = std::move(paths),
+            shown = std::vector<fields::ComboItem>()]() mutable {
         const QSignalBlocker quiet(box);
         if (shown != field.Items()) {
             shown = field.Items();
-            FillItems(box, shown);
+            FillItems(box, shown, paths);
         }
-        ShowComboText(field, box);
+        ShowComboText(field, box, paths);
     };
 }
 

@@ -3,6 +3,8 @@
 #include "fields/controls.h"
 
 #include <functional>
+#include <string>
+#include <string_view>
 
 class QAbstractButton;
 class QCheckBox;
@@ -21,13 +23,20 @@ class FieldListBox;
 // Brings a widget in line with its field. It holds references to both, which must live as long.
 using Shower = std::function<void()>;
 
+// How a box of paths differs from its field: what it shows of the field's text, and what the field
+// holds of a text in the box. Empty functions where they are the same.
+struct PathText {
+    std::function<std::string(std::string_view)> shown;
+    std::function<std::string(std::string_view)> read;
+};
+
 // One for each kind of widget. None of them makes the widget tell of a change. A label shows the
 // caption, a counter with thousands separators; a box that can't hold the text is left as it is.
 Shower ShowerOf(const fields::Control& control, QLabel& label);
 Shower ShowerOf(const fields::Control& control, QAbstractButton& button);
 Shower ShowerOf(const fields::CheckBox& field, QCheckBox& box);
 Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button);
-Shower ShowerOf(const fields::ComboBox& field, QComboBox& box);
+Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths = {});
 Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit);
 Shower ShowerOf(const fields::ListBox& field, FieldListBox& list);
 Shower ShowerOf(const fields::DatePicker& field, QDateTimeEdit& picker);

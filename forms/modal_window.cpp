@@ -6,6 +6,7 @@
 #include "forms/notice_window.h"
 #include "forms/preview_window.h"
 #include "forms/text_conversion.h"
+#include "forms/unread_window.h"
 #include "session/session.h"
 
 #include <QCloseEvent>
@@ -86,6 +87,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmPreview) {
         return std::make_unique<PreviewWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmUnread) {
+        return std::make_unique<UnreadWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

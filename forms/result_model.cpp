@@ -2,6 +2,8 @@
 
 #include "forms/text_conversion.h"
 #include "forms/theme.h"
+#include "results/shown_cells.h"
+#include "session/session.h"
 
 #include <QGuiApplication>
 #include <QStringList>
@@ -21,9 +23,9 @@ QVariant Alignment(int column) {
 
 } // namespace
 
-ResultModel::ResultModel(const results::ResultList& rows, QObject* parent)
-    : QAbstractTableModel(parent), rows_(rows), generation_(rows.Generation()),
-      count_(static_cast<int>(rows.Count())) {}
+ResultModel::ResultModel(const session::Session& session, QObject* parent)
+    : QAbstractTableModel(parent), session_(session), rows_(*session.rows),
+      generation_(rows_.Generation()), count_(static_cast<int>(rows_.Count())) {}
 
 void ResultModel::Sync() {
     const int now = static_cast<int>(rows_.Count());
@@ -51,7 +53,7 @@ QString ResultModel::SpokenRow(std::size_t row) const {
     QStringList parts;
     for (const auto column :
          {results::kName, results::kType, results::kSize, results::kDate, results::kPath}) {
-        QString part = Shown(rows_.Cell(row, column)).trimmed();
+        QString part = Shown(results::ShownCell(session_, row, column)).trimmed();
         if (column == results::kSize) part = WithoutLeadingZeros(part);
         if (!part.isEmpty()) parts << part;
     }
@@ -64,7 +66,7 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
     const auto column = static_cast<results::Column>(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return Shown(rows_.Cell(row, column));
+        return Shown(results::ShownCell(session_, row, column));
     case Qt::ForegroundRole:
         return Tint(rows_.CellColor(row, column), QGuiApplication::palette());
     case Qt::TextAlignmentRole:
@@ -81,7 +83,7 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
 QVariant ResultModel::TipOf(std::size_t row, results::Column column) const {
     if (results::TellsItsHeader(column)) return ToQt(Info(column).header);
     if (tip_ != nullptr && !tip_->empty()) return ToQt(*tip_);
-    return Shown(rows_.CellTip(row, column));
+    return Shown(results::ShownTip(session_, row, column));
 }
 
 QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const {

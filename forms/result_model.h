@@ -6,12 +6,16 @@
 
 #include <string>
 
+namespace tarvix::session {
+struct Session;
+}
+
 namespace tarvix::forms {
 
 // The result list as a view asks for it: texts are made for the cells that are looked at.
 class ResultModel : public QAbstractTableModel {
   public:
-    explicit ResultModel(const results::ResultList& rows, QObject* parent = nullptr);
+    explicit ResultModel(const session::Session& session, QObject* parent = nullptr);
 
     // The list's one tip for all rows; while it is empty each row has its own.
     void UseTip(const std::string& tip) { tip_ = &tip; }
@@ -30,6 +34,7 @@ class ResultModel : public QAbstractTableModel {
     QString SpokenRow(std::size_t row) const;
     QVariant TipOf(std::size_t row, results::Column column) const;
 
+    const session::Session& session_;
     const results::ResultList& rows_;
     const std::string* tip_ = nullptr;
     std::uint64_t generation_ = 0;

@@ -7,6 +7,7 @@
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
+#include "platform/names.h"
 #include "platform/native_paths.h"
 #include "search/browse.h"
 #include "search/empty_list.h"
@@ -69,7 +70,7 @@ void SearchWindow::Build() {
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(6);
-    model_ = new ResultModel(*session_.rows, this);
+    model_ = new ResultModel(session_, this);
     model_->UseTip(session_.frmSearch.lstMain.Tip.Get());
     list_ = new ResultView(*session_.rows);
     list_->setObjectName("lstMain");
@@ -249,7 +250,8 @@ void SearchWindow::ShowRows() {
 
 void SearchWindow::ShowNativePath() {
     const auto row = list_->CurrentRow();
-    nativePath_->setText(row ? ToQt(session_.platform.paths.ToNative(session_.rows->FullPath(*row)))
+    nativePath_->setText(row ? ToQt(platform::NativeForDisplay(
+                                   session_.platform.paths.ToNative(session_.rows->FullPath(*row))))
                              : QString());
 }
 

@@ -27,6 +27,7 @@ enum ErrorNumber : int {
 struct PlatformError {
     int number = 0;
     std::string description;
+    std::string path = {}; // the drive path that the sentence names (as ForDisplay); empty for none
 };
 
 template <class T>

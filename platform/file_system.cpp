@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 
+#include "platform/names.h"
 #include "platform/try.h"
 
 #include <fmt/core.h>
@@ -51,10 +52,16 @@ Result<void> FileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
     return MoveFolder(from.path, to.path);
 }
 
-Result<void> FileSystem::CopyFolderTo(const Look& from, const FreePlace& to,
-                                      const CopyObserver& observer) {
+Result<std::unique_ptr<UnnamedCopy>>
+FileSystem::PrepareFileOf(const Look& from, std::string_view to, const CopyObserver& observer) {
+    TX_TRY(StillStands(*this, from));
+    return PrepareFile(from.path, to, observer);
+}
+
+Result<std::unique_ptr<UnnamedCopy>>
+FileSystem::PrepareFolderOf(const Look& from, std::string_view to, const CopyObserver& observer) {
     TX_TRY(FolderStillStands(*this, from));
-    return CopyFolder(from.path, to.path, false, observer);
+    return PrepareFolder(from.path, to, observer);
 }
 
 Result<void> FileSystem::SetAttributesOf(const Look& object, std::uint32_t attributes) {
@@ -72,6 +79,14 @@ Result<void> FileSystem::RemoveFolderOf(const Look& object) {
     return RemoveFolder(object.path);
 }
 
+Result<void> NameWhole(UnnamedCopy& copy) {
+    TX_TRY(copy.Name());
+    if (std::string missing = copy.Missing(); !missing.empty()) {
+        return Failure(kPathFileAccess, std::move(missing));
+    }
+    return {};
+}
+
 SeenObject SeenAs(const Look& look) {
     return {.path = look.path,
             .sighting = {.identity = look.facts.identity,
@@ -86,7 +101,8 @@ SeenObject SeenAs(const Look& look) {
 namespace {
 Result<Look> AsFile(Result<Look> look, std::string_view path) {
     if (look && look->facts.IsFolder()) {
-        return Failure(kFileNotFound, fmt::format("{} is a folder.", path));
+        return std::unexpected(PlatformError{
+            kFileNotFound, fmt::format("{} is a folder.", ForDisplay(path)), std::string(path)});
     }
     return look;
 }
@@ -94,7 +110,9 @@ Result<Look> AsFile(Result<Look> look, std::string_view path) {
 Result<Look> AsFolder(Result<Look> look, std::string_view path) {
     if (!look && look.error().number == kFileNotFound) look.error().number = kPathNotFound;
     if (look && !look->facts.IsFolder()) {
-        return Failure(kPathNotFound, fmt::format("{} is not a folder.", path));
+        return std::unexpected(PlatformError{kPathNotFound,
+                                             fmt::format("{} is not a folder.", ForDisplay(path)),
+                                             std::string(path)});
     }
     return look;
 }

@@ -68,6 +68,17 @@ struct FreePlace {
     std::shared_ptr<const Known> known;
 };
 
+// A whole copy that has no name yet. Unless it gets one nothing of it is left, whatever happens.
+class UnnamedCopy {
+  public:
+    virtual ~UnnamedCopy() = default;
+    // Gives it the name that it was made for, and never replaces anything: 58. After a failure it
+    // can be tried again.
+    virtual Result<void> Name() = 0;
+    // What isn't in it, special files and mounts of others, in a sentence; empty when it is whole.
+    virtual std::string Missing() const { return {}; }
+};
+
 // One folder held open, for its names and for facts by name without walking its path again.
 class OpenFolder {
   public:
@@ -123,12 +134,25 @@ class FileSystem {
     virtual Result<void> CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                   const CopyObserver& observer) = 0;
     // The same for a folder with all that is in it, links as links, special files skipped and told
-    // by error 75 after the rest was copied. Merges into an existing folder, but never through a
-    // link, file by file as CopyFile does (58, 70, 75), though below `to` names count exactly, so
-    // that "a" and "A" stay two files. Ends at the first failure, what was copied stays. 75 for a
-    // folder into itself, before anything is made.
+    // by error 75 after the rest was copied. A new folder gets its name when it is whole; after a
+    // failure nothing of it is left. Merges into an existing folder, but never through a link, file
+    // by file as CopyFile does (58, 70, 75), though below `to` names count exactly, so that "a" and
+    // "A" stay two files; ends at the first failure, what was copied into it stays. 75 for a folder
+    // into itself, before anything is made.
     virtual Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                                     const CopyObserver& observer) = 0;
+    // CopyFile and CopyFolder in two steps: the copy is made whole first, so that what stands at
+    // `to` can be taken away before the copy gets its name. A file that changes while it is copied
+    // is copied once more, then given up with 75. The file system must outlive the copy.
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFile(std::string_view from, std::string_view to, const CopyObserver& observer) = 0;
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFolder(std::string_view from, std::string_view to, const CopyObserver& observer) = 0;
+    // Takes away the copies without a name that runs which were killed left in a folder, and gives
+    // the paths they had. What another run is writing stays. 70, 76.
+    virtual Result<std::vector<std::string>> RemoveAbandoned(std::string_view) {
+        return std::vector<std::string>();
+    }
     // Tells which files will probably be copied next, in that order, so that their content can be
     // read and written ahead; each call replaces what the last one told. Only the first 64 count:
     // call it again before they are all copied, and with none when there are no more. Nothing of it
@@ -141,15 +165,18 @@ class FileSystem {
     virtual Result<void> MoveFile(std::string_view from, std::string_view to,
                                   const CopyObserver& observer) = 0;
     virtual Result<void> MoveFolder(std::string_view from, std::string_view to) = 0;
-    // CopyFile, MoveFile, MoveFolder and CopyFolder from an object that was looked at to a place
-    // that was found free: nothing is ever replaced, 58 when the name is taken after all.
+    // CopyFile, MoveFile and MoveFolder from an object that was looked at to a place that was found
+    // free: nothing is ever replaced, 58 when the name is taken after all.
     virtual Result<void> CopyFileTo(const Look& from, const FreePlace& to,
                                     const CopyObserver& observer);
     virtual Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                                     const CopyObserver& observer);
     virtual Result<void> MoveFolderTo(const Look& from, const FreePlace& to);
-    virtual Result<void> CopyFolderTo(const Look& from, const FreePlace& to,
-                                      const CopyObserver& observer);
+    // PrepareFile and PrepareFolder of an object that was looked at.
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFileOf(const Look& from, std::string_view to, const CopyObserver& observer);
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFolderOf(const Look& from, std::string_view to, const CopyObserver& observer);
     // SetAttributes, DeleteFile and RemoveFolder of an object that was looked at.
     virtual Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes);
     virtual Result<void> DeleteFileOf(const Look& object, bool force);
@@ -185,6 +212,9 @@ class FileSystem {
     // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
     virtual bool AllowsReadingThreads() const { return false; }
 };
+
+// Names a copy; 75 with a sentence when it isn't whole.
+Result<void> NameWhole(UnnamedCopy& copy);
 
 // Keeps a file system busy for as long as it lives.
 class Busy {

@@ -2,6 +2,8 @@
 
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <cstdint>
 
@@ -36,13 +38,26 @@ bool IsReserved(char32_t c) {
     return c < kIsReserved.size() && kIsReserved[c];
 }
 
-// The reserved character that `c` carries, or 0.
-char32_t Carried(char32_t c) {
-    return c > kCarriedBase && IsReserved(c - kCarriedBase) ? c - kCarriedBase : 0;
+// The byte that `c` carries, or 0.
+unsigned char Carried(char32_t c) {
+    const char32_t code = c - kCarriedBase;
+    if (c <= kCarriedBase || code > 0xFF) return 0;
+    const bool isCarried = code >= 0x80 || IsReserved(code) || code == ' ' || code == '.';
+    return isCarried ? static_cast<unsigned char>(code) : 0;
+}
+
+bool IsCarriedRange(char32_t c) {
+    return c >= kCarriedBase && c <= kCarriedBase + 0xFF;
+}
+
+bool IsCarriedAtEnd(char c) {
+    return c == ' ' || c == '.';
 }
 
 // Whether every byte means the same on disk and in drive form.
 bool IsPlain(std::string_view name) {
+    if (name.empty()) return true;
+    if (name.front() == ' ' || IsCarriedAtEnd(name.back())) return false;
     for (const char c : name) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte >= 128 || kIsReserved[byte]) return false;
@@ -50,16 +65,45 @@ bool IsPlain(std::string_view name) {
     return true;
 }
 
-// All carried characters start with these bytes in UTF-8 (U+F000 to U+F07F).
+// One character of a disk name that carries nothing by its place.
+void AppendCarried(std::string& out, std::string_view character, char32_t c) {
+    if (IsReserved(c)) {
+        text::AppendUtf8(out, kCarriedBase + c);
+    } else if (c > 0x10FFFF || IsCarriedRange(c)) {
+        for (const char byte : character)
+            text::AppendUtf8(out, kCarriedBase + static_cast<unsigned char>(byte));
+    } else {
+        out += character;
+    }
+}
+
+// One character as it is shown: a control character as its picture, a byte that is no text as \xNN.
+void AppendShown(std::string& out, char32_t c) {
+    if (c > 0x10FFFF) {
+        out += fmt::format("\\x{:02X}", static_cast<unsigned>(c - 0x110000));
+    } else if (c < 32) {
+        text::AppendUtf8(out, kControlPictures + c);
+    } else {
+        text::AppendUtf8(out, c);
+    }
+}
+
+void AppendAllShown(std::string& out, std::string_view native) {
+    for (std::size_t pos = 0; pos < native.size();)
+        AppendShown(out, text::NextCharacter(native, pos));
+}
+} // namespace
+
+// All carried characters start with these bytes in UTF-8 (U+F000 to U+F0FF).
 bool MayHoldCarried(std::string_view text) {
     std::size_t at = text.find('\xEF');
     while (at != text.npos && at + 1 < text.size()) {
-        if (text[at + 1] == '\x80' || text[at + 1] == '\x81') return true;
+        const auto next = static_cast<unsigned char>(text[at + 1]);
+        if (next >= 0x80 && next <= 0x83) return true;
         at = text.find('\xEF', at + 1);
     }
     return false;
 }
-} // namespace
 
 void AppendNameToDrive(std::string& out, std::string_view nativeName) {
     if (IsPlain(nativeName)) {
@@ -69,14 +113,28 @@ void AppendNameToDrive(std::string& out, std::string_view nativeName) {
     for (std::size_t pos = 0; pos < nativeName.size();) {
         const std::size_t start = pos;
         const char32_t c = text::NextCharacter(nativeName, pos);
-        if (IsReserved(c)) {
+        const bool isAtStart = start == 0 && c == ' ';
+        const bool isAtEnd = pos == nativeName.size() && (c == ' ' || c == '.');
+        if (isAtStart || isAtEnd) {
             text::AppendUtf8(out, kCarriedBase + c);
-        } else if (c > 0x10FFFF || Carried(c) != 0) {
-            out += '?';
         } else {
-            out += nativeName.substr(start, pos - start);
+            AppendCarried(out, nativeName.substr(start, pos - start), c);
         }
     }
+}
+
+std::string CarryReserved(std::string_view typed) {
+    std::string out;
+    out.reserve(typed.size());
+    for (const char c : typed) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < kIsReserved.size() && kIsReserved[byte]) {
+            text::AppendUtf8(out, kCarriedBase + byte);
+        } else {
+            out += c;
+        }
+    }
+    return out;
 }
 
 std::string NameToDrive(std::string_view nativeName) {
@@ -86,15 +144,30 @@ std::string NameToDrive(std::string_view nativeName) {
     return out;
 }
 
+std::string PieceToDrive(std::string_view nativePiece) {
+    std::string out;
+    out.reserve(nativePiece.size());
+    for (std::size_t pos = 0; pos < nativePiece.size();) {
+        const std::size_t start = pos;
+        const char32_t c = text::NextCharacter(nativePiece, pos);
+        AppendCarried(out, nativePiece.substr(start, pos - start), c);
+    }
+    return out;
+}
+
 void AppendNameToNative(std::string& out, std::string_view driveName) {
     if (!MayHoldCarried(driveName)) {
         out += driveName;
         return;
     }
     for (std::size_t pos = 0; pos < driveName.size();) {
-        const char32_t c = text::NextCharacter(driveName, pos);
-        const char32_t carried = Carried(c);
-        text::AppendUtf8(out, carried != 0 ? carried : c);
+        const std::size_t start = pos;
+        const unsigned char carried = Carried(text::NextCharacter(driveName, pos));
+        if (carried != 0) {
+            out += static_cast<char>(carried);
+        } else {
+            out += driveName.substr(start, pos - start);
+        }
     }
 }
 
@@ -117,13 +190,39 @@ bool CanBeName(std::string_view driveName) {
 std::string ForDisplay(std::string_view driveText) {
     if (!MayHoldCarried(driveText)) return std::string(driveText);
     std::string out;
+    std::string carriedText; // bytes that are carried one behind the other may make a character
     out.reserve(driveText.size());
     for (std::size_t pos = 0; pos < driveText.size();) {
-        const char32_t c = text::NextCharacter(driveText, pos);
-        const char32_t carried = Carried(c);
-        text::AppendUtf8(out, carried == 0   ? c
-                              : carried < 32 ? kControlPictures + carried
-                                             : carried);
+        const std::size_t start = pos;
+        const unsigned char carried = Carried(text::NextCharacter(driveText, pos));
+        if (carried != 0) {
+            carriedText += static_cast<char>(carried);
+            continue;
+        }
+        AppendAllShown(out, carriedText);
+        carriedText.clear();
+        out += driveText.substr(start, pos - start);
+    }
+    AppendAllShown(out, carriedText);
+    return out;
+}
+
+std::string NativeForDisplay(std::string_view native) {
+    std::string out;
+    out.reserve(native.size());
+    AppendAllShown(out, native);
+    return out;
+}
+
+std::string FileAddress(std::string_view native) {
+    constexpr std::string_view kPlain = "-._~/";
+    std::string out = "file://";
+    for (const char c : native) {
+        const bool isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                             (c >= '0' && c <= '9') || kPlain.contains(c);
+        out += isPlain
+                   ? std::string(1, c)
+                   : fmt::format("%{:02X}", static_cast<unsigned>(static_cast<unsigned char>(c)));
     }
     return out;
 }

@@ -45,8 +45,10 @@ Result<void> CheckSame(const SeenObject& seen, const ObjectFacts& now) {
                         (IsObject(seen.sighting, now) &&
                          (seen.same == Same::kObject || HasContent(seen.sighting, now)));
     if (isSame) return {};
-    return Failure(kChangedSinceSearch,
-                   fmt::format("{}: {}.", ForDisplay(seen.path), ErrorText(kChangedSinceSearch)));
+    return std::unexpected(
+        PlatformError{kChangedSinceSearch,
+                      fmt::format("{}: {}.", ForDisplay(seen.path), ErrorText(kChangedSinceSearch)),
+                      std::string(seen.path)});
 }
 
 } // namespace tarvix::platform

@@ -7,6 +7,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::platform {
@@ -31,6 +32,9 @@ class Trash {
         const std::vector<SeenObject> objects = ByPath(paths);
         return RecycleSeen(objects, observer);
     }
+    // Puts the object that was taken last back to where it was: 53 when that isn't `path` or it has
+    // left the trash since, 58 when something stands there by now.
+    virtual Result<void> PutBack(std::string_view path) = 0;
 
   private:
     static std::vector<SeenObject> ByPath(std::span<const std::string> paths) {

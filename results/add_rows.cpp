@@ -20,7 +20,7 @@ const RowFolder* Located(session::Session& session, const StoreScan& scan, const
                     .mixedPath = {},
                     .searchPrefix = 0,
                     .searchFolderIndex = folder->searchFolderIndex};
-    if (text::Length(moved.longPath) > session::kLongPath) {
+    if (session::ExceedsLimit(session, moved.longPath, session::kLongPath)) {
         moved.mixedPath = session::MixPath(moved.longPath, session::ShortFormOf(moved.longPath));
     }
     return session.rows->AddFolder(std::move(moved));

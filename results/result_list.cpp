@@ -55,14 +55,6 @@ std::string ExtensionCell(const ResultRow& row) {
     return text::Lower(extension);
 }
 
-bool NeedsShortName(const ResultRow& row, std::size_t pathLength) {
-    static const text::LikePattern shortName("??????~?.???");
-    if (!shortName.Matches(row.name)) return false;
-    const std::string& folder = row.folder->longPath;
-    if (pathLength >= 247) return true;
-    return folder.find('~') != folder.npos && text::Length(folder) >= 125;
-}
-
 } // namespace
 
 // Rows by the hash of their path; equal hashes are told apart by the path itself.
@@ -214,7 +206,7 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     case kPath:
         return row.folder->mixedPath.empty() ? row.folder->longPath : row.folder->mixedPath;
     case kPathName:
-        return OpenablePath(FullPath(index));
+        return PathCell(index);
     case kAttributes:
         return BuildAttributeString(row.attributes);
     case kPathNameNoSrch: {
@@ -248,6 +240,18 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     }
 }
 
+std::string ResultList::PathCell(std::size_t index) const {
+    return showsLongPaths_ ? FullPath(index) : OpenablePath(FullPath(index));
+}
+
+bool ResultList::NeedsShortName(const ResultRow& row, std::size_t pathLength) const {
+    static const text::LikePattern shortName("??????~?.???");
+    if (showsLongPaths_ || !shortName.Matches(row.name)) return false;
+    const std::string& folder = row.folder->longPath;
+    if (pathLength >= 247) return true;
+    return folder.find('~') != folder.npos && text::Length(folder) >= 125;
+}
+
 std::string ResultList::DetailCell(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
     if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
@@ -256,7 +260,7 @@ std::string ResultList::DetailCell(std::size_t index, Column column) const {
 
 std::string ResultList::CellTip(std::size_t index, Column column) const {
     if (rows_[index].IsSpacer()) return {};
-    std::string path = OpenablePath(FullPath(index));
+    std::string path = PathCell(index);
     return text::Length(path) > kTipFromLength ? path : Cell(index, column);
 }
 

@@ -57,6 +57,9 @@ class ResultList {
     ResultList(const ResultList&) = delete;
     ResultList& operator=(const ResultList&) = delete;
 
+    // Whether paths of any length are shown as they are.
+    void ShowLongPaths(bool shows) { showsLongPaths_ = shows; }
+
     // Where cells come from that need more than a row's facts; without it they are empty.
     void UseDetails(RowDetails& details) { details_ = &details; }
 
@@ -105,6 +108,8 @@ class ResultList {
   private:
     struct PathIndex;
     std::string DetailCell(std::size_t index, Column column) const;
+    std::string PathCell(std::size_t index) const;
+    bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
     std::string_view KeepName(std::string_view name);
     void Replace(std::vector<ResultRow> rows);
     const std::string* KeepEntry(std::string_view entry);
@@ -117,6 +122,7 @@ class ResultList {
     RowIdentities identities_;
     std::unique_ptr<PathIndex> index_;
     RowDetails* details_ = nullptr;
+    bool showsLongPaths_ = false;
     std::uint64_t generation_ = 0;
 };
 

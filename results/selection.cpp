@@ -65,10 +65,10 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
 
 // `path` is the row's own, a buffer for all of them.
 void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const ResultRow& row,
-               std::string& path) {
+               bool takesLongPaths, std::string& path) {
     AssignRowPath(path, *row.folder, row.name, row.isFolder);
     tables.strSelName[at] = row.name;
-    if (path.size() <= session::kLongPath) {
+    if (takesLongPaths || path.size() <= session::kLongPath) {
         tables.strSelPath[at] = path;
     } else {
         tables.strSelPath[at] = OpenablePath(path);
@@ -113,13 +113,15 @@ void BuildFileArray(session::Session& session) {
     ResultList& rows = *session.rows;
     Selection& tables = *session.selection;
     Resize(tables, CountSelected(rows));
+    tables.isRenamed = false;
     Totals totals;
     std::size_t next = 0;
     std::string path;
+    const bool takesLongPaths = session.state.platformSettings.longestPath == session::kAnyLength;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
-        FillEntry(rows, tables, next++, row, path);
+        FillEntry(rows, tables, next++, row, takesLongPaths, path);
         totals.Add(row);
     }
     tables.lngSelTop = static_cast<std::int64_t>(next) - 1;
@@ -178,6 +180,7 @@ void lstMain_ItemClick(session::Session& session, std::size_t row) {
 void ClearList(session::Session& session) {
     auto& form = session.frmSearch;
     session.rows->Clear();
+    session.rows->ShowLongPaths(session.state.platformSettings.longestPath == session::kAnyLength);
     *session.selection = Selection{};
     for (fields::Label* counter :
          {&form.lblNumOfFilesSelected, &form.lblNumOfDirsSelected, &form.lblNumOfFilesFound,
@@ -187,6 +190,7 @@ void ClearList(session::Session& session) {
         counter->Caption = "0";
     }
     auto& state = session.state;
+    state.blnDeepFolderTold = false;
     state.lngSeenFiles = state.lngSeenFolders = state.lngFilesFound = state.lngFoldersFound = 0;
     for (fields::Control* hidden : std::initializer_list<fields::Control*>{
              &form.fraSelection, &form.fraStandardAction, &form.cmdDeleteSelected,

@@ -25,6 +25,8 @@ struct Selection {
     std::int64_t lngSelBytes = 0;              // of the files
     std::int64_t intSelAnchor = -1;
     std::string strSelAnchorName;
+    // Objects were renamed and stand here under their new names, but not in the list.
+    bool isRenamed = false;
 };
 
 // Fills the tables from the selected rows and sets the counters of the selection. A spacer that is

@@ -201,7 +201,7 @@ std::string ListFile(const Session& session, std::string_view title) {
     std::string name(title);
     std::ranges::replace(name, '/', '-');
     return text::JoinPath(session.state.strDataFolder,
-                          fmt::format("{}.mpl", platform::NameToDrive(name)));
+                          fmt::format("{}.mpl", platform::PieceToDrive(name)));
 }
 
 std::vector<std::string> FoldersOf(Session& session, std::string_view title) {
@@ -239,7 +239,7 @@ void WriteDefaultSearchMPL(Session& session, std::string_view title) {
     }
     text += "*EOF";
     const auto written = session::ReplaceTextFile(session.files(), file, text);
-    if (!written) session::LogTimed(session, fmt::format(" {}", written.error().description));
+    if (!written) session::LogTimed(session, fmt::format(" {}", session.Shown(written.error())));
 }
 
 std::size_t FindTitle(const Session& session, std::string_view text) {

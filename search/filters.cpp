@@ -80,7 +80,7 @@ void Filters::RefuseDateKind(std::string_view folder, std::string_view name) {
     session::LogTimed(
         session_,
         fmt::format(" - this object was found to have a bad date type. The object is {}\\{}",
-                    folder, name));
+                    session_.Shown(folder), name));
 }
 
 void Filters::ReplaceBadDate(std::string_view folder, std::string_view name, TestedFacts& result) {
@@ -88,7 +88,7 @@ void Filters::ReplaceBadDate(std::string_view folder, std::string_view name, Tes
     session::LogTimed(session_,
                       fmt::format(" - this object was found to have a bad {}. The object is {}\\{}",
                                   fields::kDateTypes[static_cast<std::size_t>(request_.dateKind)],
-                                  folder, name));
+                                  session_.Shown(folder), name));
 }
 
 bool Filters::CheckSizeAndDate(const TestedFacts& facts) const {

@@ -1,6 +1,7 @@
 #include "search/find_family.h"
 
 #include "platform/try.h"
+#include "search/unread.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
@@ -14,7 +15,6 @@
 namespace tarvix::search {
 
 namespace {
-constexpr std::size_t kLongestSpec = 259;
 constexpr std::size_t kWorthReadingAhead = 1024; // files
 } // namespace
 
@@ -41,14 +41,14 @@ WalkEnd FindFamily::Test() const {
 
 void FindFamily::ShowCurrent(std::size_t index) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        text::Concat({"Current search folder - ", list_.At(index).strFolderLong});
+        text::Concat({"Current search folder - ", session_.Shown(list_.At(index).strFolderLong)});
 }
 
 const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     if (rowFolderIndex_ == index) return rowFolder_;
     results::RowFolder folder;
     folder.longPath = list_.At(index).strFolderLong;
-    if (text::Length(folder.longPath) > session::kLongPath) {
+    if (session::ExceedsLimit(session_, folder.longPath, session::kLongPath)) {
         folder.mixedPath = session::MixPath(folder.longPath, list_.At(index).Short());
     }
     folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
@@ -58,21 +58,33 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     return rowFolder_;
 }
 
-// Null when the folder can't be opened any more.
-platform::OpenFolder* FindFamily::Opened(std::size_t index) {
+platform::Result<platform::OpenFolder*> FindFamily::Opened(std::size_t index) {
     if (openedIndex_ != index) {
-        auto opened = session_.files().Open(list_.At(index).strFolderLong);
-        opened_ = opened ? std::move(*opened) : nullptr;
+        openedIndex_ = SIZE_MAX;
+        TX_TRY_ASSIGN(opened_, session_.files().Open(list_.At(index).strFolderLong));
         openedIndex_ = index;
     }
     return opened_.get();
 }
 
-std::optional<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
-                                                          std::string_view name) {
-    platform::OpenFolder* const folder = Opened(index);
-    if (!folder) return std::nullopt;
-    const auto facts = folder->Facts(name);
+platform::Result<platform::ObjectFacts> FindFamily::FactsNow(std::size_t index,
+                                                             std::string_view name) {
+    TX_TRY_ASSIGN(platform::OpenFolder* const folder, Opened(index));
+    return folder->Facts(name);
+}
+
+// Those that could not be read ahead are read once more, to know why.
+std::optional<platform::ObjectFacts>
+FindFamily::FactsOrNote(std::size_t index, std::string_view name, std::string_view routine) {
+    const std::string& folder = list_.At(index).strFolderLong;
+    auto facts = ReadOrNote(session_, {.path = text::JoinPath(folder, name)},
+                            {.routine = routine,
+                             .moduleName = "frmSearch",
+                             .object = name,
+                             .path = folder,
+                             .searchOrDestination = location_,
+                             .objectType = session::ObjectType::kFile},
+                            [&] { return FactsNow(index, name); });
     return facts ? std::optional(*facts) : std::nullopt;
 }
 
@@ -98,8 +110,11 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
 bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {
     const std::string& folder = list_.At(index).Short();
     const std::string_view spec = request_.isNot ? std::string_view("*") : searchString_;
-    if (text::Length(folder) + 1 + text::Length(spec) <= kLongestSpec) return false;
-    session::AskLongPath(session_, fmt::format("{}\\{}", folder, spec), "", routine, "frmSearch");
+    const bool isSurelyShort = folder.size() + 1 + spec.size() <= session::kLongPath;
+    if (isSurelyShort) return false;
+    const std::string whole = text::Concat({folder, "\\", spec});
+    if (!session::ExceedsLimit(session_, whole, session::kLongPath)) return false;
+    session::AskLongPath(session_, whole, "", routine, "frmSearch");
     return true;
 }
 
@@ -120,9 +135,10 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
         if (next < found_.positions.size() && found_.positions[next] == at) {
             const std::string_view name = list_.Names()[at].name;
-            const auto facts = candidates_  ? found_.facts[next]
-                               : factsAhead ? factsAhead->Next()
-                                            : FactsNow(index, name);
+            auto facts = candidates_  ? found_.facts[next]
+                         : factsAhead ? factsAhead->Next()
+                                      : std::nullopt;
+            if (!facts) facts = FactsOrNote(index, name, routine);
             ++next;
             if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
         }
@@ -153,10 +169,18 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
     if (!match_->CheckNameMatch(name)) return {};
     if (!IsNameValid(session_, name, folder.strFolderLong, true)) return {};
     if (which == Folders::kEmpty && !IsEmptyFolder(index)) return {};
-    const auto facts = platform::GetFolder(session_.files(), folder.strFolderLong);
-    if (!facts || !filters_.CheckAttributes(*facts)) return {};
+    const auto facts =
+        ReadOrNote(session_, {.path = folder.strFolderLong, .isFolder = true},
+                   {.routine = "FindFoldersInSubFolders",
+                    .moduleName = "frmSearch",
+                    .object = name,
+                    .path = folder.strFolderLong,
+                    .searchOrDestination = location_,
+                    .objectType = session::ObjectType::kFolder},
+                   [&] { return platform::GetFolder(session_.files(), folder.strFolderLong); });
+    if (!facts || !filters_.CheckAttributes(*facts.result)) return {};
     TestedFacts tested;
-    if (!filters_.GetFacts(*facts, text::ParentFolder(folder.strFolderLong), name, tested)) {
+    if (!filters_.GetFacts(*facts.result, text::ParentFolder(folder.strFolderLong), name, tested)) {
         return {};
     }
     if (!filters_.CheckDate(tested)) return {};

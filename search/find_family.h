@@ -51,7 +51,9 @@ class FindFamily {
     WalkEnd WalkFolder(std::size_t index, Folders which);
     bool IsSpecTooLong(std::size_t index, std::string_view routine);
     void FindCandidates(std::size_t index);
-    std::optional<platform::ObjectFacts> FactsNow(std::size_t index, std::string_view name);
+    platform::Result<platform::ObjectFacts> FactsNow(std::size_t index, std::string_view name);
+    std::optional<platform::ObjectFacts> FactsOrNote(std::size_t index, std::string_view name,
+                                                     std::string_view routine);
     bool TryFile(std::size_t index, std::string_view name, const platform::ObjectFacts& facts,
                  Files which);
     void ReadAheadFrom(std::size_t i);
@@ -59,7 +61,7 @@ class FindFamily {
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
     const results::RowFolder* RowFolderOf(std::size_t index);
-    platform::OpenFolder* Opened(std::size_t index);
+    platform::Result<platform::OpenFolder*> Opened(std::size_t index);
     void ShowCurrent(std::size_t index);
 
     session::Session& session_;

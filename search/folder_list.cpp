@@ -2,9 +2,10 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/try.h"
 #include "search/name_checks.h"
+#include "search/unread.h"
 #include "search/walk_end.h"
-#include "session/attempt.h"
 #include "session/paths/recycle_folders.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
@@ -33,17 +34,15 @@ bool FolderList::IsInterrupted() const {
 }
 
 // Every level shortened at once, from the names alone: a search looks up nothing that it doesn't
-// list. Bytes are never fewer than characters, so a short byte count settles most paths.
+// list.
 std::string FolderList::ShortFormFor(const std::string& path) {
-    if (path.size() <= session::kFolderPortion || text::Length(path) <= session::kFolderPortion) {
-        return {};
-    }
+    if (!session::ExceedsLimit(session_, path, session::kFolderPortion)) return {};
     return session::ShortFormOf(path);
 }
 
 void FolderList::ShowReading(std::string_view folder) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        text::Concat({"Building list of folders with - ", folder});
+        text::Concat({"Building list of folders with - ", session_.Shown(folder)});
 }
 
 void FolderList::Start(std::string_view location) {
@@ -99,8 +98,8 @@ void FolderList::BuildRootOnly(std::string_view location) {
 
 void FolderList::BuildSecond() {
     for (const CrawlFolder& folder : folders_) {
-        session_.frmSearch.lblCurrentFolder.Caption =
-            text::Concat({"Building another list of folders with - ", folder.strFolderLong});
+        session_.frmSearch.lblCurrentFolder.Caption = text::Concat(
+            {"Building another list of folders with - ", session_.Shown(folder.strFolderLong)});
         session_.Yield();
         if (IsInterrupted()) return;
     }
@@ -112,7 +111,7 @@ void FolderList::EnsureListed(std::size_t index) {
     folder.isListed = true;
     folder.namesBegin = folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
     if (!folder.isWalkable) return;
-    if (!ListNow(index, index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders")) return;
+    if (!ListNow(index, index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders", true)) return;
     for (std::size_t i = 0; i < scratch_.Size(); ++i) {
         if (!scratch_[i].isFolder) names_.Add(scratch_[i]);
     }
@@ -120,11 +119,12 @@ void FolderList::EnsureListed(std::size_t index) {
 }
 
 bool FolderList::HasNothing(std::size_t index) {
-    return ListNow(index, "FindEmptyFoldersInSubFolders") && scratch_.Size() == 0;
+    return ListNow(index, "FindEmptyFoldersInSubFolders", true) && scratch_.Size() == 0;
 }
 
-// Into `scratch_`. A folder that can't be opened has no objects; only a bad name is told.
-bool FolderList::ListNow(std::size_t index, std::string_view routine) {
+// Into `scratch_`. A folder that can't be read has no objects, and is told if the search wants
+// them.
+bool FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
     const CrawlFolder& folder = folders_[index];
     const session::ErrorContext context{.routine = routine,
                                         .moduleName = "frmSearch",
@@ -133,17 +133,12 @@ bool FolderList::ListNow(std::size_t index, std::string_view routine) {
                                         .searchOrDestination = folders_.front().strFolderLong};
     listed_.clear();
     listedAt_ = session_.platform.clock.Steady();
-    const auto done = session::Attempt(
-        session_, context,
-        [&]() -> platform::Result<void> {
-            auto opened = session_.files().Open(folder.strFolderLong);
-            if (!opened) return std::unexpected(std::move(opened.error()));
-            return (*opened)->List(scratch_);
-        },
-        [](const platform::PlatformError& error) -> std::optional<int> {
-            if (error.number == platform::kBadFileName) return {};
-            return session::kRecoverySkip;
-        });
+    const UnreadCandidate object{
+        .path = folder.strFolderLong, .isFolder = true, .mustExist = index == 0, .counts = counts};
+    const auto done = ReadOrNote(session_, object, context, [&]() -> platform::Result<void> {
+        TX_TRY_ASSIGN(const auto opened, session_.files().Open(folder.strFolderLong));
+        return opened->List(scratch_);
+    });
     if (!done) return false;
     listed_ = folder.strFolderLong;
     return true;
@@ -157,7 +152,8 @@ void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countConten
     const bool isAtHand = index == 0 && takesRootOver_;
     if (!isAtHand) listed_.clear();
     if (!isAtHand && !ahead_->TakeListing(scratch_) &&
-        !ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne")) {
+        !ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne",
+                 addFolders)) {
         return;
     }
     for (std::size_t i = 0; i < scratch_.Size(); ++i) {
@@ -176,7 +172,7 @@ bool FolderList::TakeEntry(std::size_t index, const platform::FolderEntry& entry
             session::LogTimed(
                 session_,
                 fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed (Ubuntu).",
-                            path));
+                            session_.Shown(path)));
             return true;
         }
     }

@@ -76,7 +76,7 @@ class FolderList {
     void Order(const CrawlFolder& folder);
     bool HasListingOf(std::string_view folder) const;
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
-    bool ListNow(std::size_t index, std::string_view routine);
+    bool ListNow(std::size_t index, std::string_view routine, bool counts);
     bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
                    bool countContent);
     void AddToFolderArray(std::size_t parent, const platform::FolderEntry& entry);

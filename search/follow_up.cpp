@@ -61,11 +61,13 @@ void RunBatch(Session& session) {
 
 void AskRepeatDelete(Session& session) {
     const auto& form = session.frmSearch;
-    if (session.state.blnRepeatDeleteEmpty) return;
     if (form.chkIncludeSubFolders.Value != 1 || form.chkRepeatSearch.Value != 1 ||
         form.optFilesVsDirs.Chosen() != static_cast<int>(Kind::kEmptyFolders)) {
+        // What was agreed to for another search is no consent for this one.
+        session.state.blnRepeatDeleteEmpty = false;
         return;
     }
+    if (session.state.blnRepeatDeleteEmpty) return;
     if (session.MsgBox(
             PromptId::kRepeatDelete,
             "Would you like every empty folder, that matches the search criteria, in the "
@@ -79,15 +81,14 @@ void AskRepeatDelete(Session& session) {
     }
 }
 
-Next RunFollowUp(Session& session, const WalkEnd& end) {
+Next RunFollowUp(Session& session, const SearchRequest* request, const WalkEnd& end) {
     auto& state = session.state;
     const bool isStopped = !end && end.error() == Interruption::kStopped;
-    if (state.blnRepeatDeleteEmpty && isStopped) {
-        // A stop must not delete what was found so far, nor let the next search do so unasked.
-        state.blnRepeatDeleteEmpty = state.blnErrorPreparingForSearch;
-    } else if (state.blnRepeatDeleteEmpty) {
-        return RunRepeatDelete(session);
-    }
+    // A refusal or a stop must not delete what stands in the list, nor let the next search do so
+    // unasked; and only empty folders were agreed to.
+    const bool mayDelete = request && request->kind == Kind::kEmptyFolders && !isStopped;
+    if (state.blnRepeatDeleteEmpty && mayDelete) return RunRepeatDelete(session);
+    state.blnRepeatDeleteEmpty = false;
     if (state.blnAutoMove || state.blnAutoPlayList) {
         RunBatch(session);
     } else if (!state.blnStopClicked) {

@@ -46,7 +46,7 @@ void SubstituteFakeRoots(session::Session& session, std::string& piece) {
         const std::string_view shown = text::Left(piece, 2 + fakeRoot.size());
         session.MsgBox(session::PromptId::kLocationReplaced,
                        fmt::format("{} is not a real folder, substituting the actual folder {}",
-                                   shown, *real));
+                                   session.Shown(shown), session.Shown(*real)));
         piece = std::move(*real);
     }
 }
@@ -78,13 +78,13 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
         folder = text::StripTrailingSlash(resolved.path);
         folderShort = session::GetShortPathNameReturnCodes(session, folder).path;
     } else if (unexpanded) {
-        piece.wrong =
-            fmt::format("This appears to be an invalid environment variable(s):{}", Framed(typed));
+        piece.wrong = fmt::format("This appears to be an invalid environment variable(s):{}",
+                                  Framed(session.Shown(typed)));
     } else {
         piece.wrong =
             fmt::format("This search folder does not exist, it is a file, or it contains "
                         "multiple environment variables AND is over 259 characters in length:{}",
-                        Framed(typed));
+                        Framed(session.Shown(typed)));
     }
     return piece;
 }
@@ -96,7 +96,8 @@ bool Overlap(std::string_view a, std::string_view b) {
                                               : text::ContainsNoCase(a, b);
 }
 
-std::string DescribeOverlaps(const std::vector<SearchLocation>& locations) {
+std::string DescribeOverlaps(const session::Session& session,
+                             const std::vector<SearchLocation>& locations) {
     std::vector<std::string> closed;
     for (const SearchLocation& location : locations) {
         const bool isThere = !location.folderShort.empty();
@@ -106,9 +107,10 @@ std::string DescribeOverlaps(const std::vector<SearchLocation>& locations) {
     for (std::size_t i = 0; i < closed.size(); ++i) {
         for (std::size_t j = i + 1; j < closed.size(); ++j) {
             if (!Overlap(closed[i], closed[j])) continue;
-            told += fmt::format("These search folders are NOT mutually exclusive: {}",
-                                Framed(fmt::format("{}\r\n{}", locations[i].folderShort,
-                                                   locations[j].folderShort)));
+            told +=
+                fmt::format("These search folders are NOT mutually exclusive: {}",
+                            Framed(fmt::format("{}\r\n{}", session.Shown(locations[i].folderShort),
+                                               session.Shown(locations[j].folderShort))));
         }
     }
     return told;
@@ -140,7 +142,7 @@ Locations ParseSearchFolder(session::Session& session, std::string_view strFolde
         locations.blnRecycleAllowed |= piece.isRecycleFolder;
         locations.folders.push_back(std::move(piece.location));
     }
-    wrong += DescribeOverlaps(locations.folders);
+    wrong += DescribeOverlaps(session, locations.folders);
     if (!wrong.empty()) session.MsgBox(session::PromptId::kLocationsWrong, wrong);
     if (keepsBox) {
         locations.text = strFolderString;

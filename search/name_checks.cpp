@@ -1,5 +1,6 @@
 #include "search/name_checks.h"
 
+#include "platform/names.h"
 #include "session/paths/fake_roots.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -21,6 +22,17 @@ constexpr std::string_view kInLog =
 constexpr std::string_view kAutomatic =
     "Turning on 'Automatic Mode' will stop this message completely.";
 constexpr std::string_view kBreak = "\r\n\r\n";
+constexpr std::string_view kCarriedStar = "\uF02A";
+constexpr std::string_view kCarriedQuestion = "\uF03F";
+
+// Names are compared by the disk's own characters, so that a typed ":" is one. A wildcard that is
+// carried is no wildcard.
+std::string PatternOf(std::string_view searchString) {
+    const std::string escaped = text::EscapeLikeChars(searchString);
+    if (!platform::MayHoldCarried(escaped)) return escaped;
+    const std::string starred = text::Replace(escaped, kCarriedStar, "[*]");
+    return platform::NameToNative(text::Replace(starred, kCarriedQuestion, "[?]"));
+}
 
 std::string Lines(std::initializer_list<std::string_view> lines) {
     std::string text;
@@ -34,14 +46,19 @@ std::string Lines(std::initializer_list<std::string_view> lines) {
 } // namespace
 
 NameMatch::NameMatch(std::string_view searchString, bool isNot)
-    : pattern_(text::EscapeLikeChars(searchString), true), isNot_(isNot) {}
+    : pattern_(PatternOf(searchString), true), isNot_(isNot) {}
+
+bool NameMatch::Fits(std::string_view name) const {
+    if (!platform::MayHoldCarried(name)) return pattern_.Matches(name);
+    return pattern_.Matches(platform::NameToNative(name));
+}
 
 bool IsNameValid(session::Session& session, std::string_view name, std::string_view folder,
                  bool quiet) {
     if (name.find('?') == name.npos) return true;
     if (quiet) return false;
     const std::string found =
-        Lines({fmt::format("A file or folder was found in {}.", folder),
+        Lines({fmt::format("A file or folder was found in {}.", session.Shown(folder)),
                fmt::format("It contains {} characters in its name. ", text::Length(name)),
                fmt::format("The name is: {}", name),
                "where '?' - represents non-Western Europe character encoding."});
@@ -61,7 +78,7 @@ bool IsNameValid(session::Session& session, std::string_view name, std::string_v
 void ReportTrailingSpaces(session::Session& session, std::string_view name,
                           std::string_view folder) {
     const std::string found =
-        Lines({fmt::format("Skipped: {}\\{}", folder, name),
+        Lines({fmt::format("Skipped: {}", session.Shown(text::Concat({folder, "\\", name}))),
                " as it has trailing spaces in the object name. This is a very "
                "serious error. If you attempt to delete it in Explorer nothing will "
                "happen or worse Explorer will delete the object with the same name "
@@ -87,7 +104,7 @@ void ReportFakeFolder(session::Session& session, std::string_view path) {
     form.lblMain.Caption =
         fmt::format("{} is not a real folder. You may want to add the actual folder "
                     "{}\\ProgramData to your search location list.",
-                    path, text::Left(path, 2));
+                    session.Shown(path), text::Left(path, 2));
     session.ShowModal(session::PromptId::kFakeFolder);
 }
 

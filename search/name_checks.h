@@ -13,13 +13,16 @@ struct Session;
 namespace tarvix::search {
 
 // The exact test of a name against one search string, prepared once: "*" and "?" are wildcards,
-// "[" and "#" stand for themselves, case doesn't count. With `chkNot` the result is inverted.
+// "[" and "#" stand for themselves, carried characters count as what they carry, case doesn't
+// count. With `chkNot` the result is inverted.
 class NameMatch {
   public:
     NameMatch(std::string_view searchString, bool isNot);
-    bool CheckNameMatch(std::string_view name) const { return pattern_.Matches(name) != isNot_; }
+    bool CheckNameMatch(std::string_view name) const { return Fits(name) != isNot_; }
 
   private:
+    bool Fits(std::string_view name) const;
+
     text::LikePattern pattern_;
     bool isNot_;
 };

@@ -8,8 +8,10 @@
 #include "search/default_folders.h"
 #include "search/follow_up.h"
 #include "search/search_form.h"
+#include "search/unread.h"
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
+#include "session/native_entry.h"
 #include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -84,7 +86,9 @@ void LogRequest(Session& session, const SearchRequest& request) {
     session::LogTimed(session, fmt::format(" User selected to search for {}{} with '{}' in {}",
                                            KindText(request.kind),
                                            request.subfolders ? " and search subfolders" : "",
-                                           request.searchFor, request.locations.text));
+                                           request.searchFor,
+                                           session::EntryShown(session, session.frmSearch.cmbDir,
+                                                               request.locations.text)));
 }
 
 WalkEnd WalkLogged(Session& session, const SearchRequest& request) {
@@ -103,7 +107,7 @@ Next SearchOnce(Session& session) {
         CommonEnd(session, *request);
         results::ArrangeFoundRows(session);
     }
-    return RunFollowUp(session, end);
+    return RunFollowUp(session, request ? &*request : nullptr, end);
 }
 
 void GiveFocusBack(fields::FrmSearch& form) {
@@ -168,6 +172,7 @@ void AddSearchEvents(session::EventTable& events) {
     events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
+    AddUnreadEvents(events);
 }
 
 } // namespace tarvix::search

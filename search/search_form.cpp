@@ -2,6 +2,7 @@
 
 #include "results/selection.h"
 #include "results/sorting.h"
+#include "search/unread.h"
 #include "session/search_lock.h"
 #include "session/session.h"
 
@@ -28,9 +29,9 @@ void ShowBatch(Session& session) {
         state.blnAutoMove
             ? fmt::format(
                   "**** - Automated Move - **** Search file: {}   Delete empty folders = {}",
-                  state.strBatchFile, state.blnBatchDeleteEmpty ? "True" : "False")
+                  session.Shown(state.strBatchFile), state.blnBatchDeleteEmpty ? "True" : "False")
             : fmt::format("**** - Automated PlayList Generation - **** Search file: {}",
-                          state.strBatchFile);
+                          session.Shown(state.strBatchFile));
 }
 
 void ShowIdle(Session& session, std::string_view status) {
@@ -82,6 +83,7 @@ void ClearForSearch(Session& session) {
     auto& form = session.frmSearch;
     session.state.blnStopClicked = session.state.blnSkipSearch = false;
     results::ClearList(session);
+    HideUnread(session);
     form.lblCurrentFolder.Caption = "";
     form.lblSearchFor.Caption = "";
     session::LockForSearch(session);
@@ -122,6 +124,7 @@ void CommonEnd(Session& session, const SearchRequest& request) {
         label->ForeColor = fields::kBlue;
     }
     results::ShowGroups(session, 1);
+    ShowUnread(session);
 }
 
 void RestoreNotBox(Session& session) {

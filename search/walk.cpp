@@ -79,11 +79,13 @@ WalkEnd Walker::RunLocation(const SearchLocation& location, int intFolderIndex) 
 
 void Walker::ShowString(const std::string& searchString) {
     auto& form = session_.frmSearch;
-    session::LogTimed(session_, fmt::format(" Start portion of search for {} with {} in {}",
-                                            KindText(request_.kind), searchString, folder_));
+    session::LogTimed(session_,
+                      fmt::format(" Start portion of search for {} with {} in {}",
+                                  KindText(request_.kind), searchString, session_.Shown(folder_)));
     form.lblSearchFor.Caption =
         fmt::format("Current search string - {}{}", request_.isNot ? "Not " : "", searchString);
-    form.lblCurrentFolder.Caption = fmt::format("Current search folder - {}", folder_);
+    form.lblCurrentFolder.Caption =
+        fmt::format("Current search folder - {}", session_.Shown(folder_));
 }
 
 WalkEnd Walker::RunString(const std::string& searchString, int intSearchForIndex) {

@@ -40,17 +40,17 @@ std::string FileSystemClause(Session& session, std::string_view path) {
 std::string ValueOf(Session& session, ErrorValue value, const ErrorContext& context) {
     switch (value) {
     case ErrorValue::kObject:
-        return std::string(context.object);
+        return session.Shown(context.object);
     case ErrorValue::kPath:
-        return std::string(context.path);
+        return session.Shown(context.path);
     case ErrorValue::kSearchOrDestination:
-        return std::string(context.searchOrDestination);
+        return session.Shown(context.searchOrDestination);
     case ErrorValue::kFileSystem:
         return FileSystemClause(session, context.path);
     case ErrorValue::kDestFolder:
-        return text::ParentFolder(context.searchOrDestination);
+        return session.Shown(text::ParentFolder(context.searchOrDestination));
     case ErrorValue::kTypedObject:
-        return fmt::format("{}{}", TypeText(context.objectType), context.object);
+        return fmt::format("{}{}", TypeText(context.objectType), session.Shown(context.object));
     case ErrorValue::kNone:
         break;
     }
@@ -102,9 +102,9 @@ void ApplyInputPastEnd(Session& session, const ErrorContext& context) {
     TellUnlessAuto(session, PromptId::kEndMarkMissing,
                    fmt::format("*EOF missing from end of text file: \r\n\r\n{}\r\n\r\n, system "
                                "files will be corrected upon proper program exit.",
-                               context.object));
+                               session.Shown(context.object)));
     LogTimed(session, fmt::format(" *EOF missing from end of text file: {}, ended reading.",
-                                  context.object));
+                                  session.Shown(context.object)));
     state.intRecovery = kRecoveryLeave;
 }
 
@@ -136,11 +136,13 @@ void ReportError(Session& session, const platform::PlatformError& error,
     std::string record =
         fmt::format("Error Number = {}\r\nError Desc: {}\r\n Time: {}\r\n"
                     " Search or Desination = {}\r\n Object = {}\r\n Object Type = {}\r\n",
-                    error.number, error.description, text::DefaultDateText(session.Now()),
-                    context.searchOrDestination, context.object, TypeText(context.objectType));
+                    error.number, session.Shown(error), text::DefaultDateText(session.Now()),
+                    session.Shown(context.searchOrDestination), session.Shown(context.object),
+                    TypeText(context.objectType));
     record += fmt::format(" Path = {}\r\n Routine : {}\r\n Module {}\r\n Recovery : {}\r\n"
                           " Message : {}\r\n\r\n",
-                          context.path, context.routine, context.moduleName, recovery, message);
+                          session.Shown(context.path), context.routine, context.moduleName,
+                          recovery, message);
     session.errorLog.WriteRaw(record);
 }
 
@@ -173,10 +175,24 @@ int HandleError(Session& session, const platform::PlatformError& error,
                 const ErrorContext& context) {
     auto& state = session.state;
     state.lngErrNumber = error.number;
-    state.strErrDesc = error.description;
+    state.strErrDesc = session.Shown(error);
     state.intRecovery = 0; // a rule that leaves the code as it was must not repeat an old retry
     state.strMessage = fmt::format("{} {}", context.routine, context.sentence);
     HandleError(session, context);
+    return state.intRecovery;
+}
+
+int HandleUnreadable(Session& session, const platform::PlatformError& error,
+                     const ErrorContext& context) {
+    auto& state = session.state;
+    state.lngErrNumber = error.number;
+    state.strErrDesc = error.description;
+    state.strMessage = fmt::format("{} {}", context.routine, context.sentence);
+    ApplyRule(session, *FindErrorRule(platform::kBadFileName, "frmSearch"), context);
+    if (state.intRecovery != kRecoveryRetry) {
+        ReportError(session, error, context, state.intRecovery, state.strMessage);
+    }
+    state.strMessage.clear();
     return state.intRecovery;
 }
 
@@ -184,12 +200,13 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
                 std::string& message) {
     message += fmt::format("\r\n\r\n\r\n\r\nERROR CODE:  {}\r\nERROR DESC:  {}\r\nTime: {}\r\n\r\n"
                            "LOCATION:  {} - {}\r\n\r\n",
-                           error.number, error.description, text::DefaultDateText(session.Now()),
+                           error.number, session.Shown(error), text::DefaultDateText(session.Now()),
                            context.moduleName, context.routine);
-    message += fmt::format("Object : {}\r\nPath : {}\r\nSearch Folder or Destination: {}\r\n"
-                           "Type: {}\r\n\r\n",
-                           context.object, context.path, context.searchOrDestination,
-                           TypeText(context.objectType));
+    message +=
+        fmt::format("Object : {}\r\nPath : {}\r\nSearch Folder or Destination: {}\r\n"
+                    "Type: {}\r\n\r\n",
+                    session.Shown(context.object), session.Shown(context.path),
+                    session.Shown(context.searchOrDestination), TypeText(context.objectType));
     if (context.moduleName != "basGlobal") {
         message += "OK returns you to the active form.";
     } else {
@@ -201,7 +218,8 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,
                     std::string_view routine, std::string_view path) {
-    const std::string told = fmt::format("unexpected error {} {}", error.number, error.description);
+    const std::string told =
+        fmt::format("unexpected error {} {}", error.number, session.Shown(error));
     TellUnlessAuto(session, PromptId::kOutsideError, told);
     ReportError(session, error,
                 {.routine = routine,

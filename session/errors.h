@@ -46,6 +46,11 @@ void HandleError(Session& session, const ErrorContext& context);
 int HandleError(Session& session, const platform::PlatformError& error,
                 const ErrorContext& context);
 
+// Decides about an object that a search can't read: asks whether to retry where error 52 would be
+// asked about, and records what isn't retried, under its own number. Gives `intRecovery`.
+int HandleUnreadable(Session& session, const platform::PlatformError& error,
+                     const ErrorContext& context);
+
 // The prompt for an error without a rule of its own: appends all that is known of it to `message`,
 // and shows that unless `blnAutoMode`, or in any mode where the context always asks.
 void UIErrorMsg(Session& session, const platform::PlatformError& error, const ErrorContext& context,

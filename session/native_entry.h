@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,12 +12,24 @@ class NativePaths;
 
 namespace tarvix::session {
 
-// A list of paths separated by "|" with each native one in drive form.
+struct Session;
+
+// Whether a box holds a path, or a list of paths. Its field has them in drive form; people read and
+// write the form that `PathForm` names, and may type either.
+bool TakesPaths(const fields::Control& control);
+
+// A list of paths separated by "|" with each native one in drive form; blanks in front of a bar
+// belong to no path.
 std::string DriveForm(const platform::NativePaths& paths, std::string_view list);
 
-// What a box of paths is to hold once a user has left it: its native paths in drive form. Nothing
-// when it stays as it is, as a disabled box and a control of another kind do.
-std::optional<std::string> EntryInDriveForm(const platform::NativePaths& paths,
-                                            const fields::Control& control);
+// What a box of paths holds for its field: the destination is one path, whatever marks are in it,
+// the locations are a list.
+std::string EntryInDriveForm(const platform::NativePaths& paths, const fields::Control& control,
+                             std::string_view typed);
+
+// A text of such a field as its box shows it. What is read back gives the same again: a path that
+// the box could not hold as it is stands there as an address.
+std::string EntryShown(const Session& session, const fields::Control& control,
+                       std::string_view text);
 
 } // namespace tarvix::session

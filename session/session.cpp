@@ -4,6 +4,7 @@
 #include "platform/names.h"
 #include "platform/native_paths.h"
 #include "session/prompt_table.h"
+#include "text/characters.h"
 #include "text/format.h"
 
 #include <fmt/core.h>
@@ -11,6 +12,15 @@
 namespace tarvix::session {
 
 namespace {
+
+// The marks of rules and patterns, which no name holds as themselves.
+constexpr std::string_view kMarks = "*?|";
+
+std::string Carried(std::string_view path) {
+    std::string carried = text::Replace(path, "*", "\uF02A");
+    carried = text::Replace(carried, "?", "\uF03F");
+    return text::Replace(carried, "|", "\uF07C");
+}
 
 Prompt PromptOf(PromptId id, std::string_view text = {}) {
     const PromptFacts& facts = FactsOf(id);
@@ -43,8 +53,16 @@ const std::string& Session::TimeText() {
 
 std::string Session::Shown(std::string_view path) const {
     if (!state.platformSettings.showsNative) return platform::ForDisplay(path);
-    const std::string native = platform.paths.ToNative(path);
-    return native.empty() ? platform::ForDisplay(path) : native;
+    std::string native = platform.paths.ToNative(path);
+    if (native.empty() && path.find_first_of(kMarks) != path.npos) {
+        native = platform.paths.ToNative(Carried(path));
+    }
+    return native.empty() ? platform::ForDisplay(path) : platform::NativeForDisplay(native);
+}
+
+std::string Session::Shown(const platform::PlatformError& error) const {
+    if (error.path.empty()) return error.description;
+    return text::Replace(error.description, platform::ForDisplay(error.path), Shown(error.path));
 }
 
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {
@@ -68,8 +86,10 @@ void Session::ShowModal(PromptId id) {
     state.strLastForm = form.Name();
 }
 
-std::string Session::PickFolder(PromptId id) {
-    return prompts.PickFolder(PromptOf(id));
+std::string Session::PickFolder(PromptId id, std::string_view start) {
+    Prompt prompt = PromptOf(id);
+    prompt.folder = start;
+    return prompts.PickFolder(prompt);
 }
 
 std::string Session::PickFile(PromptId id, std::string_view filters) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/forms.h"
+#include "platform/error.h"
 #include "platform/platform.h"
 #include "session/action_log.h"
 #include "session/error_log.h"
@@ -54,9 +55,11 @@ struct Session {
     text::DateTime Now();
     const std::string& TimeText(); // "mm/dd/yyyy hh:mm:ss"
 
-    // A drive path (any other text, too) as people read it: in the form that `PathForm` names, its
-    // carried characters as themselves, bytes that are no text as \xNN.
+    // A drive path (any other text, too; a rule or pattern of paths) as people read it: in the form
+    // that `PathForm` names, its carried characters as themselves, bytes that are no text as \xNN.
     std::string Shown(std::string_view path) const;
+    // The sentence of an error, with its path as people read it.
+    std::string Shown(const platform::PlatformError& error) const;
 
     // Raises "FORM.CONTROL_EVENT"; gives whether a routine stood behind it. `isRepeat`: the choice
     // was made already.
@@ -67,7 +70,8 @@ struct Session {
     int MsgBox(PromptId id, std::string_view text);
     // Shows the form of that prompt, and returns when it hides.
     void ShowModal(PromptId id);
-    std::string PickFolder(PromptId id);
+    // `start` is where the picker begins, in drive form; empty for where the last one ended.
+    std::string PickFolder(PromptId id, std::string_view start = {});
     std::string PickFile(PromptId id, std::string_view filters);
     std::string PickNewFile(PromptId id, const NewFilePick& pick);
     // What was typed; empty when the user cancelled.

@@ -2,6 +2,7 @@
 
 #include "session/settings/options.h"
 #include "session/settings/platform_settings.h"
+#include "session/unread.h"
 #include "text/dates.h"
 
 #include <cstdint>
@@ -118,10 +119,12 @@ struct SessionState {
     bool blnSkipSearch = false;
     bool blnRepeatDeleteEmpty = false;
     bool blnSearching = false;
+    bool blnDeepFolderTold = false; // one that was too deep to be searched
     std::int64_t lngSeenFiles = 0;
     std::int64_t lngSeenFolders = 0;
     std::int64_t lngFilesFound = 0;
     std::int64_t lngFoldersFound = 0;
+    UnreadList unread;
     std::int64_t lngGroups = 1; // of the list; rows stand in no groups when there is one
 
     // Errors and long paths.

@@ -60,6 +60,9 @@ struct ActionRun {
     RuleTally rule;
     std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
     platform::CopyObserver observer;      // of each copy; yields
+    // Folders that were made to find out about the request, the topmost first; those that still
+    // stand here at the end of OK came to nothing.
+    std::vector<std::string> madeFolders = {};
 };
 
 } // namespace tarvix::actions

@@ -48,7 +48,7 @@ class Growing {
     void AddBack(Back back, const Object& object) {
         if (!destination_.IsThere()) return;
         if (back == Back::kBelowOldRoot) {
-            destination_.path += text::PathBelowRoot(object.path);
+            destination_.path += text::PathBelowRoot(object.TruePath());
             return;
         }
         destination_.path += '\\';
@@ -76,7 +76,7 @@ class Growing {
 Destination ByStructure(const ActionRequest& request, const Object& object, int place) {
     const Mapping& mapping = kMappings[static_cast<std::size_t>(request.structure)];
     Growing growing(request, place);
-    growing.AddFront(mapping.front, object.path);
+    growing.AddFront(mapping.front, object.TruePath());
     growing.AddBack(mapping.back, object);
     return growing.Take();
 }
@@ -86,7 +86,7 @@ Destination ByFolderName(const ActionRequest& request, const Object& object) {
     Destination destination;
     destination.path =
         fmt::format("{}\\{}{}{}", request.typed,
-                    LastFoldersAsName(text::ParentFolder(object.path), request.levels),
+                    LastFoldersAsName(text::ParentFolder(object.TruePath()), request.levels),
                     extension.empty() ? "" : ".", extension);
     return destination;
 }
@@ -98,7 +98,7 @@ Destination UpTheTree(const ActionRequest& request, const Object& object) {
         return destination;
     }
     const std::string prefix = BuildFolderPrefix(request, object);
-    const std::string above = FolderAbove(object.path, request.levels);
+    const std::string above = FolderAbove(object.TruePath(), request.levels);
     destination.path = prefix.empty()
                            ? text::JoinPath(above, object.name)
                            : text::JoinPath(above, fmt::format("{} {}", prefix, object.name));
@@ -109,7 +109,7 @@ Destination ByRule(const ActionRequest& request, const Object& object) {
     Destination destination;
     destination.missing = Missing::kRuleFolder;
     if (!request.rule) return destination;
-    destination.rule = SpecialRuleConvert(*request.rule, object.path);
+    destination.rule = SpecialRuleConvert(*request.rule, object.TruePath());
     if (destination.rule.end == RuleEnd::kSearch) destination.missing = Missing::kSearch;
     // A rule that comes to nothing names no folder.
     if (destination.rule.end != RuleEnd::kFolder || destination.rule.folder.empty()) {
@@ -145,7 +145,7 @@ void CompleteDestination(Destination& destination, const Object& object, std::st
 
 std::string BuildFolderPrefix(const ActionRequest& request, const Object& object) {
     const bool has = request.way == Way::kUpFolderTree && request.prefixesFolders;
-    return has ? FolderPrefixOf(object.path, request.levels) : std::string();
+    return has ? FolderPrefixOf(object.TruePath(), request.levels) : std::string();
 }
 
 int FolderTreeLevels(std::string_view text) {

@@ -22,7 +22,7 @@ std::expected<platform::FreePlace, Duplicate> FindDuplicate(platform::FileSystem
 std::expected<platform::FreePlace, Duplicate> DetermineIfDuplicateExists(session::Session& session,
                                                                          const Object& object,
                                                                          std::string& destination) {
-    if (text::Length(destination) > session::kLongPath) {
+    if (session::ExceedsLimit(session, destination, session::kLongPath)) {
         session::AskLongPath(session, object.path, destination, "DetermineIfDuplicateExists",
                              "frmDialog");
         if (!session::ContinuesLongPath(session)) return platform::FreePlace{destination, nullptr};

@@ -51,7 +51,7 @@ struct FreeNameSearch {
 
 // Brings a candidate that is too long into a form that can be used; false when it is left alone.
 bool Shorten(Session& session, const FreeNameSearch& search, std::string& candidate) {
-    if (text::Length(candidate) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session, candidate, session::kLongPath)) return true;
     session::AskLongPath(session, search.path, candidate, search.routine, "frmDialog");
     if (!session::ContinuesLongPath(session)) return false;
     auto shortened = session::GetShortPathNameReturnCodes(session, candidate);
@@ -78,7 +78,7 @@ std::optional<platform::FreePlace> FindFreeName(Session& session, const ActionRe
         session::LogTimed(session,
                           fmt::format(" Skipped {}, there is no text to add to the name of a "
                                       "duplicate.",
-                                      search.path));
+                                      session.Shown(search.path)));
         return std::nullopt;
     }
     const NameParts parts =
@@ -90,9 +90,9 @@ std::optional<platform::FreePlace> FindFreeName(Session& session, const ActionRe
         if (candidate.empty()) return std::nullopt;
         // Blanks at the end of a name are lost again; past the limit no name can be made at all.
         if (candidate == last || text::Length(newName) > session::kAbsoluteLimit) {
-            session::LogTimed(
-                session,
-                fmt::format(" Skipped {}, no free name was found for a duplicate.", search.path));
+            session::LogTimed(session,
+                              fmt::format(" Skipped {}, no free name was found for a duplicate.",
+                                          session.Shown(search.path)));
             return std::nullopt;
         }
         last = candidate;
@@ -111,8 +111,9 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         auto place = FindFreeName(session, run.request, search);
         if (!place) return {};
         if (!verb) {
-            const bool moves =
-                run.request.isMove && !CheckSystemHidden(session, run, object, false).isProtected;
+            const Protection found = CheckSystemHidden(session, run, object, false);
+            if (!found.look) return Unread(found.look.error());
+            const bool moves = run.request.isMove && !found.isProtected;
             verb = moves ? Verb::kMove : Verb::kCopy;
         }
         outcome = PlaceObject(

@@ -5,14 +5,53 @@
 #include "actions/place/placing.h"
 #include "actions/place/plain_attributes.h"
 #include "actions/place/system_hidden.h"
+#include "platform/names.h"
+#include "session/attempt.h"
+#include "session/session.h"
 #include "text/characters.h"
 #include "text/paths.h"
+
+#include <fmt/core.h>
 
 #include <utility>
 
 namespace tarvix::actions {
 
 using session::Session;
+
+namespace {
+
+// Whether a new path is a name in the folder that the object lies in.
+bool StaysInFolder(platform::FileSystem& files, const Job& job) {
+    const std::string_view folder = text::GetParentFolderName(job.destination);
+    if (!platform::CanBeName(text::FolderOwnName(job.destination))) return false;
+    const std::string_view listed = text::GetParentFolderName(job.object.path);
+    const std::string_view actual = text::GetParentFolderName(job.object.TruePath());
+    if (folder == listed || folder == actual) return true;
+    // It may be spelled otherwise, as where a path had to be made shorter.
+    const auto there = files.TruePath(folder);
+    const auto here = files.TruePath(actual);
+    return there && here && *there == *here;
+}
+
+Outcome RefuseToLeave(Session& session, const Job& job) {
+    const session::ErrorContext context{.routine = "PlaceObject",
+                                        .moduleName = "frmDialog",
+                                        .object = job.object.path,
+                                        .path = job.object.path,
+                                        .searchOrDestination = job.destination,
+                                        .objectType = job.object.isFile
+                                                          ? session::ObjectType::kFile
+                                                          : session::ObjectType::kFolder};
+    const auto refused = session::Attempt(session, context, [&]() -> platform::Result<void> {
+        return platform::Failure(platform::kPathFileAccess,
+                                 fmt::format("A rename can't give {} another folder: {}.",
+                                             job.object.path, job.destination));
+    });
+    return Unread(refused.result.error());
+}
+
+} // namespace
 
 std::string CleanedDestination(const std::string& path, bool isRename) {
     const std::string_view own = text::FolderOwnName(path);
@@ -31,7 +70,18 @@ std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b) {
     return (a | b) & kCarried;
 }
 
+Outcome Unread(const platform::PlatformError& error) {
+    Outcome outcome;
+    outcome.kind = error.number == platform::kChangedSinceSearch ? OutcomeKind::kChanged
+                                                                 : OutcomeKind::kFailed;
+    outcome.error = error.description;
+    return outcome;
+}
+
 Outcome PlaceObject(Session& session, ActionRun& run, Job job) {
+    if (job.verb == Verb::kRename && !StaysInFolder(session.files(), job)) {
+        return RefuseToLeave(session, job);
+    }
     return Placing(session, run, std::move(job)).Run();
 }
 
@@ -45,11 +95,23 @@ Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& objec
     return outcome;
 }
 
+Outcome ReplaceDuplicate(Session& session, ActionRun& run, const Object& object,
+                         const std::string& destination, std::function<bool()> makeWay) {
+    Outcome outcome = PlaceObject(session, run,
+                                  {.object = object,
+                                   .destination = destination,
+                                   .verb = Verb::kCopy,
+                                   .makeWay = std::move(makeWay)});
+    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
+    return outcome;
+}
+
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
                           platform::FreePlace place) {
-    Object known = object;
     Protection found = CheckSystemHidden(session, run, object, false);
-    known.look = std::move(found.look);
+    if (!found.look) return Unread(found.look.error());
+    Object known = object;
+    known.look = std::move(*found.look);
     const Verb verb = run.request.isMove && !found.isProtected ? Verb::kMove : Verb::kCopy;
     std::string destination = place.path;
     return PlaceObject(session, run,

@@ -3,6 +3,7 @@
 #include "actions/place/object.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ struct Job {
     std::string destination; // a full new path, brought into its final form first
     Verb verb = Verb::kCopy;
     bool overwrites = false; // what stands there goes to the recycle bin before
+    // Where something else is to be taken away there: does that once the copy lies ready, and gives
+    // whether the place is free.
+    std::function<bool()> makeWay = {};
     // The destination, where it was found free: that it is taken after all is then no error but
     // told by `isTaken`.
     std::optional<platform::FreePlace> place = std::nullopt;
@@ -31,15 +35,24 @@ struct Job {
 
 // Places one object, and gives what became of it. Without `overwrites` nothing is ever replaced. A
 // read-only, hidden or system object can be copied, and the new one bears its attributes, combined
-// with those of what it overwrote. Where the system refuses a move, the object is copied and the
-// original recycled. What was done goes to the action log; an error ends in `HandleError` and
-// leaves the source whole and nothing under the new name.
+// with those of what it overwrote. Where the system refuses a move, but no rename, the object is
+// copied and the original recycled; an original that can't go makes it "copied". What is to be
+// replaced stays until the copy is whole, and comes back if that gets no name. What was done goes
+// to the action log; an error ends in `HandleError` and leaves the source as it was and nothing new
+// under the new name.
 Outcome PlaceObject(session::Session& session, ActionRun& run, Job job);
+
+// The outcome of an object that could not be looked at, which has been told.
+Outcome Unread(const platform::PlatformError& error);
 
 // Puts the object at `destination` in place of what stands there; nothing when the two paths are
 // the same.
 Outcome OverWriteDuplicate(session::Session& session, ActionRun& run, const Object& object,
                            const std::string& destination);
+
+// Puts a copy in place of what stands at `destination`, which `makeWay` takes away.
+Outcome ReplaceDuplicate(session::Session& session, ActionRun& run, const Object& object,
+                         const std::string& destination, std::function<bool()> makeWay);
 
 // Puts the object at a place where nothing stands: by a move if that is the action, but a system or
 // hidden object is always copied.

@@ -60,6 +60,7 @@ class RuleSettler {
     void TellFailure(const RuleResult& result);
     void TellShortReplace(int position);
     void TellColon(const RuleResult& result);
+    void TellDots(const RuleResult& result);
 
     void LookForFolder(Destination& destination);
     // The folder to look in and the set, or nothing when the search is too long.
@@ -80,7 +81,8 @@ class RuleSettler {
 void RuleSettler::TellDoubledSlashes(const RuleResult& result) const {
     Log(fmt::format(" With this object {} and this Special Rule {} this path was created, {} after "
                     "applying the Replacement Characters. Replacing \\\\ with a single \\.",
-                    object_.path, rule_->text, result.made));
+                    session_.Shown(object_.path), session_.Shown(rule_->text),
+                    session_.Shown(result.made)));
 }
 
 void RuleSettler::TellFailure(const RuleResult& result) {
@@ -89,16 +91,20 @@ void RuleSettler::TellFailure(const RuleResult& result) {
         return TellShortReplace(result.position);
     case RuleEnd::kColon:
         return TellColon(result);
+    case RuleEnd::kDots:
+        return TellDots(result);
     case RuleEnd::kShortSearch:
         Count(tally_.intRuleShortSearch);
         return Log(fmt::format(" {}'s full path length is equal to: {}. Position {} is greater "
                                "than that.",
-                               object_.path, text::Length(object_.path), rule_->SetText()));
+                               session_.Shown(object_.path), text::Length(object_.TruePath()),
+                               rule_->SetText()));
     case RuleEnd::kSlashInSet:
         Count(tally_.intRuleNoFolder);
         return Log(fmt::format(" With this object {} and this Special Rule {} this search Set was "
                                "created, {} It has slashes '\\' which can not be searched for.",
-                               object_.path, rule_->text, rule_->SetText()));
+                               session_.Shown(object_.path), session_.Shown(rule_->text),
+                               rule_->SetText()));
     default:
         return;
     }
@@ -107,7 +113,7 @@ void RuleSettler::TellFailure(const RuleResult& result) {
 void RuleSettler::TellShortReplace(int position) {
     Count(tally_.intRuleShortReplace);
     Log(fmt::format(" {}'s full path length is equal to: {}. Position *{}* is greater than that.",
-                    object_.path, text::Length(object_.path), position));
+                    session_.Shown(object_.path), text::Length(object_.TruePath()), position));
     session_.state.strFailedPosition = std::to_string(position);
 }
 
@@ -115,12 +121,20 @@ void RuleSettler::TellColon(const RuleResult& result) {
     // A rule without a set has been counted as good by its replacements.
     if (rule_->set) Count(tally_.intRuleOk, -1);
     Count(tally_.intRuleShortReplace);
-    const std::string told =
-        fmt::format(" With this object {} and this Special Rule {} this path was created, {} It "
-                    "has a : in the wrong position, can only be position 2. Skipping this object.",
-                    object_.path, rule_->text, result.made);
+    const std::string told = fmt::format(
+        " With this object {} and this Special Rule {} this path was created, {} It "
+        "has a : in the wrong position, can only be position 2. Skipping this object.",
+        session_.Shown(object_.path), session_.Shown(rule_->text), session_.Shown(result.made));
     Log(told);
     session::TellUnlessAuto(session_, session::PromptId::kRuleColon, told);
+}
+
+void RuleSettler::TellDots(const RuleResult& result) {
+    Count(tally_.intRuleNoFolder);
+    Log(fmt::format(" With this object {} and this Special Rule {} this path was created, {} No "
+                    "folder can be named . or .. Skipping this object.",
+                    object_.path, rule_->text, result.made));
+    session_.state.strLastFailedSearch = result.made;
 }
 
 void RuleSettler::LookForFolder(Destination& destination) {
@@ -140,7 +154,7 @@ void RuleSettler::LookForFolder(Destination& destination) {
 
 std::optional<std::string> RuleSettler::FittingFolder(const RuleResult& result) {
     const std::string search = fmt::format("{}*{}*", result.front, result.set);
-    if (text::Length(search) <= kSearchLimit) return result.front;
+    if (!session::ExceedsLimit(session_, search, kSearchLimit)) return result.front;
     session::AskLongPath(session_, search, "", "SpecialRuleConvert", "frmDialog");
     if (!session::ContinuesLongPath(session_)) return std::nullopt;
     auto shortened =
@@ -184,7 +198,8 @@ void RuleSettler::TellNothingFound(std::string search) {
     Count(tally_.intRuleNoFolder);
     Log(fmt::format(" {0} Triggered a search that found nothing. Using position {1}. With {0} and "
                     "{2} this search path was created, {3} after applying the Search Set.",
-                    object_.path, rule_->SetText(), rule_->text, search));
+                    session_.Shown(object_.path), rule_->SetText(), session_.Shown(rule_->text),
+                    session_.Shown(search)));
     session_.state.strLastFailedSearch = std::move(search);
 }
 
@@ -197,10 +212,10 @@ void HandleUnrooted(Session& session, const ActionRun& run, const Object& object
                                         .path = object.path,
                                         .searchOrDestination = RootPlace(run.request, place),
                                         .objectType = session::ObjectType::kUnknown};
-    const std::string told =
-        destination.missing == Missing::kPlace
-            ? "There is no destination."
-            : fmt::format("{} names no drive and no network share.", destination.unrooted);
+    const std::string told = destination.missing == Missing::kPlace
+                                 ? "There is no destination."
+                                 : fmt::format("{} names no drive and no network share.",
+                                               session.Shown(destination.unrooted));
     (void)session::Attempt(session, context, [&told]() -> platform::Result<void> {
         return platform::Failure(platform::kInvalidCall, told);
     });

@@ -28,7 +28,7 @@ void RefuseWithoutShortPath(session::Session& session, std::string_view path, st
                  fmt::format("{}'s path exceeds {} characters in length AND the folder portion "
                              "does not exist. \r\n\r\nIt's actual length is : {} characters."
                              "\r\n\r\nWas unable to calculate a short path to substitute. ",
-                             path, limit, text::Length(path)));
+                             session.Shown(path), limit, text::Length(path)));
 }
 
 void RefuseUnconverted(session::Session& session, std::string_view path) {
@@ -37,7 +37,7 @@ void RefuseUnconverted(session::Session& session, std::string_view path) {
                              "characters. \r\n\r\nLength of path shown above is : {} characters."
                              "\r\n\r\nPath above maybe partly converted to a short path. Possibly "
                              "all required folders could not be created.",
-                             path, text::Length(path)));
+                             session.Shown(path), text::Length(path)));
 }
 
 } // namespace tarvix::actions

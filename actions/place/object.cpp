@@ -3,7 +3,6 @@
 #include "actions/place/action_run.h"
 #include "results/selection.h"
 #include "session/session.h"
-#include "text/characters.h"
 
 namespace tarvix::actions {
 
@@ -14,8 +13,8 @@ platform::Result<platform::Look> LookAt(session::Session& session, const ActionR
                          : platform::LookAtSeenFolder(session.files(), seen);
 }
 
-std::string ChangedText(std::string_view path) {
-    return text::Concat({path, " has changed since the search, and stays as it is."});
+std::string ChangedText(const session::Session& session, std::string_view path) {
+    return session.Shown(path) + " has changed since the search, and stays as it is.";
 }
 
 Object ObjectAt(const results::Selection& selection, std::size_t index) {

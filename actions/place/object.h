@@ -32,6 +32,8 @@ struct Object {
 
     // What an action must find at its path.
     platform::SeenObject Seen(platform::Same same) const { return {actual, sighting, same}; }
+    // The path whose folders are really named so: `path` may have short names in it.
+    std::string_view TruePath() const { return actual.empty() ? path : actual; }
 };
 
 // The object itself, as far as the run wants it to be what the search saw: 53 for what isn't the
@@ -39,8 +41,8 @@ struct Object {
 platform::Result<platform::Look> LookAt(session::Session& session, const ActionRun& run,
                                         const Object& object);
 
-// What is told of one that is not what the search saw.
-std::string ChangedText(std::string_view path);
+// What is told of one, given by its path, that is not what the search saw.
+std::string ChangedText(const session::Session& session, std::string_view path);
 
 // The selected object at `index`; valid for as long as the selection stands.
 Object ObjectAt(const results::Selection& selection, std::size_t index);

@@ -27,7 +27,7 @@ void TellOneInOther(Session& session, const Clash& clash) {
         fmt::format(" User attempted to replace object: \r\n\r\n{}\r\n\r\n by object: "
                     "\r\n\r\n{}\r\n\r\n One of them lies in the other, so that both would "
                     "go to the recycle bin. Nothing was done.",
-                    clash.destination, clash.object.path));
+                    session.Shown(clash.destination), session.Shown(clash.object.path)));
 }
 
 platform::Result<Overlap> OverlapOf(platform::FileSystem& files, const Clash& clash) {
@@ -57,7 +57,7 @@ void TellOntoItself(Session& session, const Object& object, std::string_view des
     session::TellOrLog(session, session::PromptId::kWriteOverlaps,
                        fmt::format(" User attempted to write object: \r\n\r\n{}\r\n\r\n upon "
                                    "itself or to its own subfolder as: \r\n\r\n{}",
-                                   object.path, destination));
+                                   session.Shown(object.path), session.Shown(destination)));
 }
 
 std::optional<Outcome> RefusesOverlap(Session& session, const Clash& clash, DuplicateUse use) {
@@ -74,7 +74,7 @@ std::optional<Outcome> RefusesOverlap(Session& session, const Clash& clash, Dupl
     Outcome outcome;
     if (!overlap) {
         outcome.kind = OutcomeKind::kFailed;
-        outcome.error = overlap.result.error().description;
+        outcome.error = session.Shown(overlap.result.error());
         return outcome;
     }
     const bool isSame = *overlap.result == Overlap::kSame;

@@ -4,6 +4,7 @@
 #include "actions/place/plain_attributes.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
+#include "platform/trash.h"
 #include "platform/try.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
@@ -54,11 +55,7 @@ void Placing::GoThroughSteps() {
     ShowStatus();
     FindReadOnlyDrives();
     if (overwrites_ && !MayOverwrite()) return;
-    if (!ReadObjects() || !MakePlain() || !PutThere()) {
-        RestoreDestination();
-        return RestoreSource();
-    }
-    if (verb_ == Verb::kCopy) RestoreSource();
+    if (!ReadObjects() || !PutThere()) return;
     SetCombined();
     LogPlaced();
 }
@@ -86,7 +83,7 @@ Outcome Placing::Result() {
 
 bool Placing::FinishDestination() {
     destination_ = CleanedDestination(destination_, verb_ == Verb::kRename);
-    if (text::Length(destination_) <= kLongestNewPath) return true;
+    if (!session::ExceedsLimit(session_, destination_, kLongestNewPath)) return true;
     session::AskLongPath(session_, SearchFolderOf(object_), destination_, "CopyObject",
                          "frmDialog");
     if (!session::ContinuesLongPath(session_)) return false;
@@ -100,8 +97,8 @@ bool Placing::FinishDestination() {
 
 void Placing::ShowStatus() {
     const Words& words = kWords[static_cast<std::size_t>(verb_)];
-    session_.frmDialog.lblStatus.Caption =
-        text::Concat({words.doing, object_.path, words.as, destination_});
+    session_.frmDialog.lblStatus.Caption = text::Concat(
+        {words.doing, session_.Shown(object_.path), words.as, session_.Shown(destination_)});
     session_.Yield();
 }
 
@@ -111,7 +108,6 @@ void Placing::FindReadOnlyDrives() {
             return text::EqualNoCase(text::Left(path, 2), drive);
         });
     };
-    blnSourceOnCD_ = isOn(object_.actual);
     blnDestOnCD_ = isOn(destination_);
 }
 
@@ -121,12 +117,12 @@ bool Placing::MayOverwrite() {
         return false;
     }
     const Protection found = CheckSystemHidden(session_, run_, object_, true);
-    if (found.isChanged) NoteChanged();
-    if (!found.isProtected || found.isChanged) return !found.isProtected;
+    if (found.IsChanged()) NoteChanged();
+    if (!found.isProtected || isChanged_) return !found.isProtected;
     isProtected_ = true;
     session::LogTimed(session_,
                       fmt::format(" User did not override in override form, of {} to overwrite {}",
-                                  object_.path, destination_));
+                                  session_.Shown(object_.path), session_.Shown(destination_)));
     return false;
 }
 
@@ -135,77 +131,84 @@ bool Placing::ReadObjects() {
     sourceFacts_ = look_->facts;
     sourceAttributes_ = sourceFacts_.attributes & kCarried;
     if (!overwrites_) return true;
-    // What stands there is not given up for what can't be copied.
-    if (!Do([this] { return CanBeRead(); })) return false;
     if (!Do([this] { return Read(destination_, destinationFacts_); })) return false;
     destinationAttributes_ = destinationFacts_.attributes & kCarried;
     return true;
 }
 
-bool Placing::MakePlain() {
-    if (overwrites_ && !blnDestOnCD_ && (destinationAttributes_ & kProtecting) != 0) {
-        destinationIsPlain_ = Do([this] { return SetPlain(destination_); });
-        if (!destinationIsPlain_) return false;
-    }
-    if (blnSourceOnCD_ || (sourceAttributes_ & kProtecting) == 0) return true;
-    sourceIsPlain_ = Do([this] {
-        return session_.files().SetAttributesOf(Source(),
-                                                object_.isFile ? kPlainFile : kPlainFolder);
-    });
-    return sourceIsPlain_;
-}
-
 bool Placing::PutThere() {
-    if (overwrites_ && !RecycleDestination()) return false;
-    if (verb_ == Verb::kCopy || overwrites_) {
-        if (!Do([this] { return Copy(); })) return false;
-    } else if (!Do([this] { return Move(); })) {
+    if (Replaces()) {
+        if (!ReplaceWhatStands()) return false;
+    } else if (!Do([this] { return verb_ == Verb::kCopy ? Copy() : Move(); })) {
         return false;
     }
     isPlaced_ = true;
-    if (verb_ != Verb::kCopy && overwrites_) RecycleSource();
+    if (verb_ != Verb::kCopy && Replaces()) RecycleSource();
     return true;
+}
+
+bool Placing::ReplaceWhatStands() {
+    return Do([this] { return Prepare(); }) && MakeWay() && NameCopy();
+}
+
+bool Placing::MakeWay() {
+    trashed_ = session_.files().TruePath(destination_).value_or(destination_);
+    isRecycled_ = makeWay_ ? makeWay_() : RecycleDestination();
+    return isRecycled_;
+}
+
+bool Placing::NameCopy() {
+    // Behind the recycling there is no other road.
+    forceTried_ = pathTried_ = true;
+    isPlaced_ = Do([this] { return copy_->Name(); });
+    if (!isPlaced_) UndoRecycling();
+    return isPlaced_;
+}
+
+void Placing::UndoRecycling() {
+    const bool isBack = PutBack();
+    const std::string told =
+        isBack ? fmt::format("{} was put back from the recycle bin.", session_.Shown(destination_))
+               : fmt::format("What stood at {} could not be put back: look for it in the recycle "
+                             "bin.",
+                             session_.Shown(destination_));
+    session::LogTimed(session_, " " + told);
+    if (isBack) return;
+    error_ += (error_.empty() ? "" : " ") + told;
+    session::TellUnlessAuto(session_, session::PromptId::kOverwriteNotUndone, told);
+}
+
+bool Placing::PutBack() {
+    if (isPlaced_ || !std::exchange(isRecycled_, false)) return false;
+    return session_.platform.trash.PutBack(trashed_).has_value();
 }
 
 bool Placing::RecycleDestination() {
     if (RecycleOne(session_, destination_)) {
-        destinationIsPlain_ = false;
-        isRecycled_ = true;
-        session::LogTimed(
-            session_,
-            fmt::format(" Deleted {} to recycle bin before it was overwritten.", destination_));
+        session::LogTimed(session_,
+                          fmt::format(" Deleted {} to recycle bin before it was overwritten.",
+                                      session_.Shown(destination_)));
         return true;
     }
-    session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin and overwrite "
-                                            "with {} overwrite was skipped.",
-                                            destination_, object_.path));
+    session::LogTimed(session_,
+                      fmt::format(" Was unable to delete {} to recycle bin and overwrite "
+                                  "with {} overwrite was skipped.",
+                                  session_.Shown(destination_), session_.Shown(object_.path)));
     session::TellUnlessAuto(
         session_, session::PromptId::kOverwriteNotRecycled,
         fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to recycle bin and overwrite with: "
                     "\r\n\r\n{}\r\n\r\n overwrite was skipped.",
-                    destination_, object_.path));
+                    session_.Shown(destination_), session_.Shown(object_.path)));
     return false;
 }
 
 void Placing::RecycleSource() {
-    RestoreSource();
     if (RecycleObject(session_, object_, run_.same)) return;
     isCopyOnly_ = true;
     session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin ({} already "
                                             "copied).",
-                                            object_.path, object_.isFile ? "file" : "folder"));
-}
-
-void Placing::RestoreSource() {
-    if (!sourceIsPlain_) return;
-    sourceIsPlain_ = false;
-    (void)session_.files().SetAttributesOf(Source(), sourceAttributes_);
-}
-
-void Placing::RestoreDestination() {
-    if (!destinationIsPlain_) return;
-    destinationIsPlain_ = false;
-    (void)session_.files().SetAttributes(destination_, destinationAttributes_);
+                                            session_.Shown(object_.path),
+                                            object_.isFile ? "file" : "folder"));
 }
 
 void Placing::SetCombined() {
@@ -227,23 +230,25 @@ void Placing::SetCombined() {
     session::LogTimed(session_,
                       fmt::format(" Attributes of {} were combined since it overwrote another "
                                   "object.",
-                                  destination_));
+                                  session_.Shown(destination_)));
 }
 
 void Placing::LogPlaced() {
     isDone_ = true;
     if (hasFailed_) return;
+    const std::string source = session_.Shown(object_.path);
+    const std::string place = session_.Shown(destination_);
     const std::string_view mode = overwrites_ ? "overwrite" : "";
     std::string line;
     switch (verb_) {
     case Verb::kCopy:
-        line = text::Concat({" Copy ", object_.path, " -- to -- ", destination_, " ", mode});
+        line = text::Concat({" Copy ", source, " -- to -- ", place, " ", mode});
         break;
     case Verb::kMove:
-        line = text::Concat({" Move ", object_.path, " -- to -- ", destination_, mode, "."});
+        line = text::Concat({" Move ", source, " -- to -- ", place, mode, "."});
         break;
     case Verb::kRename:
-        line = text::Concat({" Renamed ", object_.path, " -- as -- ", destination_, mode});
+        line = text::Concat({" Renamed ", source, " -- as -- ", place, mode});
         break;
     }
     session::LogTimed(session_, line);
@@ -275,49 +280,32 @@ platform::FreePlace Placing::NewPlace() const {
     return {destination_, nullptr};
 }
 
-platform::Result<void> Placing::SetPlain(std::string_view path) {
-    return session_.files().SetAttributes(path, object_.isFile ? kPlainFile : kPlainFolder);
-}
-
-platform::Result<void> Placing::CanBeRead() {
-    if ((sourceFacts_.attributes & platform::kSpecial) != 0) {
-        return platform::Failure(
-            platform::kPathFileAccess,
-            fmt::format("{} is a special file, which can't be copied.", object_.path));
-    }
-    if (!object_.isFile || sourceFacts_.IsLink()) return {};
-    TX_TRY(session_.files().ReadBytes(object_.actual, 0, 1));
-    return {};
-}
-
-platform::Result<bool> Placing::DestinationStands() {
-    auto facts = session_.files().Facts(destination_);
-    if (facts) return true;
-    const int number = facts.error().number;
-    const bool isMissing = number == platform::kFileNotFound || number == platform::kPathNotFound;
-    if (isMissing) return false;
-    return std::unexpected(std::move(facts.error()));
-}
-
 platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
+    isTried_ = true;
     if (object_.isFile) return files.CopyFileTo(Source(), NewPlace(), run_.observer);
-    TX_TRY(MakeWay());
-    isOwn_ = true;
-    return files.CopyFolderTo(Source(), NewPlace(), run_.observer);
+    TX_TRY_ASSIGN(const auto copy, files.PrepareFolderOf(Source(), destination_, run_.observer));
+    return platform::NameWhole(*copy);
 }
 
-platform::Result<void> Placing::MakeWay() {
-    TX_TRY_ASSIGN(const bool stands, DestinationStands());
-    if (!stands || (isOwn_ && RecycleOne(session_, destination_))) return {};
-    return platform::Failure(
-        platform::kAlreadyExists,
-        fmt::format("{}: {}.", destination_, platform::ErrorText(platform::kAlreadyExists)));
+// What stands there is not given up for a copy that isn't whole.
+platform::Result<void> Placing::Prepare() {
+    auto& files = session_.files();
+    isTried_ = true;
+    copy_.reset();
+    TX_TRY_ASSIGN(auto copy, object_.isFile
+                                 ? files.PrepareFileOf(Source(), destination_, run_.observer)
+                                 : files.PrepareFolderOf(Source(), destination_, run_.observer));
+    if (std::string missing = copy->Missing(); !missing.empty()) {
+        return platform::Failure(platform::kPathFileAccess, std::move(missing));
+    }
+    copy_ = std::move(copy);
+    return {};
 }
 
 platform::Result<void> Placing::Move() {
     auto& files = session_.files();
-    isMoveTried_ = true;
+    isTried_ = true;
     return object_.isFile ? files.MoveFileTo(Source(), NewPlace(), run_.observer)
                           : files.MoveFolderTo(Source(), NewPlace());
 }

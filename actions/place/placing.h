@@ -8,6 +8,8 @@
 #include "session/session.h"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,7 +26,11 @@ class Placing {
     Placing(Session& session, ActionRun& run, Job job)
         : session_(session), run_(run), object_(job.object),
           destination_(std::move(job.destination)), verb_(job.verb), overwrites_(job.overwrites),
-          look_(job.object.look), place_(std::move(job.place)) {}
+          makeWay_(std::move(job.makeWay)), look_(job.object.look), place_(std::move(job.place)) {}
+    // What was taken away for nothing comes back.
+    ~Placing() { (void)PutBack(); }
+    Placing(const Placing&) = delete;
+    Placing& operator=(const Placing&) = delete;
 
     // All of it, as PlaceObject tells it; once.
     Outcome Run();
@@ -37,15 +43,19 @@ class Placing {
     void FindReadOnlyDrives();
     bool MayOverwrite();
     bool ReadObjects();
-    // A read-only or hidden object could not be copied, moved or overwritten.
-    bool MakePlain();
     bool PutThere();
+    bool Replaces() const { return overwrites_ || makeWay_ != nullptr; }
+    // The copy lies whole beside the place before what stands there goes, and gets its name then.
+    bool ReplaceWhatStands();
+    bool MakeWay();
+    bool NameCopy();
     // What stands at the destination is kept in the recycle bin.
     bool RecycleDestination();
+    // What was recycled for a copy that got no name stands again, or the failure tells where it is.
+    void UndoRecycling();
+    bool PutBack();
     // An original that can't go stays beside its copy.
     void RecycleSource();
-    void RestoreSource();
-    void RestoreDestination();
     void SetCombined();
     void LogPlaced();
     Outcome Result();
@@ -56,13 +66,9 @@ class Placing {
     // By its path alone where it could not be looked at.
     platform::Look Source() const;
     platform::FreePlace NewPlace() const;
-    platform::Result<void> SetPlain(std::string_view path);
-    platform::Result<void> CanBeRead();
-    platform::Result<bool> DestinationStands();
-    // Never replaces: what stood there has gone to the recycle bin before.
+    // Never replaces, and a folder never goes into one that is there.
     platform::Result<void> Copy();
-    // A folder never goes into one that is there. What an earlier try left of it is taken away.
-    platform::Result<void> MakeWay();
+    platform::Result<void> Prepare();
     platform::Result<void> Move();
 
     // ---- the error policy ----
@@ -85,7 +91,7 @@ class Placing {
     std::optional<int> LeaveTaken();
     // 76, first time: the folder may be missing.
     std::optional<int> MakePathOnce();
-    void TellDeepFolder(bool isThere);
+    void TellDeepFolder(bool isThere) const;
     // 70, first time: what the system refuses may go by copying and recycling.
     std::optional<int> ForceOnce();
     // A statement of the forced road: its errors have no second chance.
@@ -95,6 +101,7 @@ class Placing {
         if (!done) Fail(done.result.error());
         return static_cast<bool>(done);
     }
+    bool ForceCopyThere();
     std::optional<int> ForceCopy();
     std::optional<int> ForceMove();
     void LogForcedMove();
@@ -105,20 +112,19 @@ class Placing {
     std::string destination_;
     Verb verb_;
     bool overwrites_;
+    std::function<bool()> makeWay_;
     std::optional<platform::Look> look_; // at the source
     std::optional<platform::FreePlace> place_;
-    bool blnSourceOnCD_ = false;
+    std::unique_ptr<platform::UnnamedCopy> copy_; // that lies ready
     bool blnDestOnCD_ = false;
     ObjectFacts sourceFacts_;
     ObjectFacts destinationFacts_;
     std::uint32_t sourceAttributes_ = 0;
     std::uint32_t destinationAttributes_ = 0;
-    bool sourceIsPlain_ = false;
-    bool destinationIsPlain_ = false;
     bool isProtected_ = false;
+    std::string trashed_;     // the path that it had, as it was recycled
     bool isRecycled_ = false; // what stood at the destination went to the recycle bin
-    bool isOwn_ = false;      // what stands there is a copy of ours, perhaps in part
-    bool isMoveTried_ = false;
+    bool isTried_ = false;    // a copy or move
     bool isCopyOnly_ = false; // moved, but the original could not go
     bool forceTried_ = false;
     bool pathTried_ = false;

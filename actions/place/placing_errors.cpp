@@ -24,7 +24,7 @@ session::ErrorContext Placing::Context() const {
 }
 
 void Placing::Fail(const platform::PlatformError& error) {
-    error_ = error.description;
+    error_ = session_.Shown(error);
     hasFailed_ = true;
     // Every further copy would end the same way.
     isDiskFull_ = error.number == platform::kDiskFull;
@@ -32,19 +32,19 @@ void Placing::Fail(const platform::PlatformError& error) {
 
 void Placing::NoteChanged() {
     isChanged_ = isSettled_ = true;
-    error_ = ChangedText(object_.path);
-    session::LogTimed(session_, " " + error_);
+    error_ = ChangedText(session_, object_.path);
 }
 
 std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kChangedSinceSearch) {
         NoteChanged();
+        session::LogTimed(session_, " " + error_);
         return session::kRecoveryLeave;
     }
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
-    if (error.number == platform::kAlreadyExists && place_ && !isOwn_ && !isPlaced_) {
+    if (error.number == platform::kAlreadyExists && place_ && !isPlaced_) {
         return LeaveTaken();
     }
     if (error.number == platform::kPathNotFound && !pathTried_) {
@@ -66,49 +66,50 @@ std::optional<int> Placing::MakePathOnce() {
     const bool isThere =
         session_.files().LookAtSeen(object_.Seen(platform::Same::kName)).has_value();
     // Nothing was tried yet: what stands there is no folder.
-    if (isThere && !isOwn_ && !isMoveTried_) return std::nullopt;
+    if (isThere && !isTried_) return std::nullopt;
     TellDeepFolder(isThere);
     isSettled_ = true;
     return session::kRecoveryLeave;
 }
 
-void Placing::TellDeepFolder(bool isThere) {
+void Placing::TellDeepFolder(bool isThere) const {
     if (!isThere) {
         return session::TellOrLog(
             session_, session::PromptId::kDeepFolder,
             fmt::format(" Folder: {}\r\n\r\nor Folder: {}\r\n\r\n has already been "
                         "removed, skipped.",
-                        object_.path, destination_));
+                        session_.Shown(object_.path), session_.Shown(destination_)));
     }
-    if (isOwn_) (void)RecycleOne(session_, destination_);
     session::TellOrLog(
         session_, session::PromptId::kDeepFolder,
         fmt::format(" Folder: {}{}contains objects whose path exceed 259 characters, "
                     "skipped.",
-                    object_.path, session_.state.options.blnAutoMode ? " " : "\r\n\r\n"));
+                    session_.Shown(object_.path),
+                    session_.state.options.blnAutoMode ? " " : "\r\n\r\n"));
 }
 
 std::optional<int> Placing::ForceOnce() {
     forceTried_ = true;
-    if (verb_ == Verb::kCopy) {
-        if (!overwrites_) return std::nullopt;
-        return ForceCopy();
-    }
-    return ForceMove();
+    if (verb_ == Verb::kCopy) return overwrites_ ? ForceCopy() : std::nullopt;
+    // A copy beside its original is no rename.
+    return verb_ == Verb::kMove ? ForceMove() : std::nullopt;
+}
+
+// Whatever stands there goes for a whole copy only.
+bool Placing::ForceCopyThere() {
+    if (!Replaces()) return Force([this] { return Copy(); });
+    return Force([this] { return Prepare(); }) && MakeWay() && NameCopy();
 }
 
 std::optional<int> Placing::ForceCopy() {
-    // A source that can't be read is no reason to take away what stands there.
-    if (!CanBeRead()) return std::nullopt;
     isSettled_ = true;
-    if (!isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
-    if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
+    if (!ForceCopyThere()) return session::kRecoveryLeave;
     isPlaced_ = true;
-    RestoreSource();
     SetCombined();
     if (!hasFailed_) {
         session::LogTimed(session_,
-                          fmt::format(" Copy {} -- to -- {} forced.", object_.path, destination_));
+                          fmt::format(" Copy {} -- to -- {} forced.", session_.Shown(object_.path),
+                                      session_.Shown(destination_)));
     }
     isDone_ = true;
     // The line comes first, then the report of an error without a number.
@@ -118,14 +119,9 @@ std::optional<int> Placing::ForceCopy() {
 }
 
 std::optional<int> Placing::ForceMove() {
-    if (overwrites_ && !CanBeRead()) return std::nullopt;
     isSettled_ = true;
-    if (overwrites_ && !isRecycled_ && !RecycleDestination()) return session::kRecoveryLeave;
-    if (!Force([this] { return Copy(); })) return session::kRecoveryLeave;
+    if (!ForceCopyThere()) return session::kRecoveryLeave;
     isPlaced_ = isDone_ = true;
-    if (sourceIsPlain_) {
-        (void)session_.files().SetAttributes(destination_, sourceAttributes_);
-    }
     RecycleSource();
     LogForcedMove();
     return session::kRecoveryLeave;
@@ -135,8 +131,9 @@ void Placing::LogForcedMove() {
     const bool isRename = verb_ == Verb::kRename;
     session::LogTimed(
         session_,
-        fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move", object_.path,
-                    isRename ? "as" : "to", destination_,
+        fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move",
+                    session_.Shown(object_.path), isRename ? "as" : "to",
+                    session_.Shown(destination_),
                     overwrites_ ? "by copying and deleting and deleting original object.First the "
                                   "new location file being overwritten was placed in the recycle "
                                   "bin."

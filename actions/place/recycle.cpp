@@ -72,7 +72,8 @@ Override DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType ki
         });
     if (deleted.ErrorNumber() == platform::kChangedSinceSearch) return Override::kChanged;
     if (!deleted) return Override::kStays;
-    session::LogTimed(session, " Deleted " + entry.strPath + " since recycle failed.");
+    session::LogTimed(session,
+                      " Deleted " + session.Shown(entry.strPath) + " since recycle failed.");
     return Override::kDeleted;
 }
 
@@ -84,15 +85,16 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
         return look->facts.IsFolder() && !look->facts.IsLink() ? ObjectType::kFolder
                                                                : ObjectType::kFile;
     }
-    session::LogTimed(session,
-                      " Was unable to determine the object type of: " + entry.strPath + ".");
+    session::LogTimed(session, " Was unable to determine the object type of: " +
+                                   session.Shown(entry.strPath) + ".");
     return {};
 }
 
 void AskOverride(Session& session, const RecycleEntry& entry) {
     auto& form = session.forms.frmOverrideRecycleFail;
-    form.lblMain.Caption = entry.strPath + "\r\n\r\n failed to be recycled. \r\nWould you like to "
-                                           "delete anyway, without going to the recycle bin?";
+    form.lblMain.Caption = session.Shown(entry.strPath) +
+                           "\r\n\r\n failed to be recycled. \r\nWould you like to "
+                           "delete anyway, without going to the recycle bin?";
     form.Focus = &form.cmdNo;
     form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideRecycleFailure);
@@ -102,7 +104,7 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
         " User selected do not override recycle failure to all at: ",
         " User selected override recycle failure to all at: ",
         " User selected cancel to all in override recycle failure form at: "};
-    session::LogTimed(session, kLines[form.Answer] + entry.strPath);
+    session::LogTimed(session, kLines[form.Answer] + session.Shown(entry.strPath));
 }
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
@@ -181,7 +183,7 @@ class RecycleRun {
 
     void NoteChanged(const RecycleEntry& entry) {
         outcome_.changed.push_back(first_ - 1);
-        session::LogTimed(session_, " " + ChangedText(entry.strPath));
+        session::LogTimed(session_, " " + ChangedText(session_, entry.strPath));
     }
 
     Session& session_;

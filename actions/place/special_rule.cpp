@@ -6,6 +6,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace tarvix::actions {
 
 namespace {
@@ -19,6 +21,8 @@ constexpr std::string_view kOutOfRange =
     "Replacement character position must be 1-250 in Special Rule - example *1**250*";
 constexpr std::string_view kBadSearchSet =
     "Search Set is incorrect in Special Rule - example |2,2|";
+constexpr std::string_view kDotsInRule =
+    "A folder of a Special Rule can't be named . or .., type the folders themselves.";
 constexpr std::string_view kNoRule =
     "You have selected 'Special Rule', yet you have not typed a rule.";
 
@@ -39,12 +43,13 @@ std::string_view ReadReplacements(SpecialRule& rule) {
     return {};
 }
 
+// A comma outside of bars is a letter of a name.
 std::string_view ReadSearchSet(SpecialRule& rule) {
     const std::string_view text = rule.text;
     const std::size_t first = text.find('|');
-    const std::size_t second = first == text.npos ? first : text.find('|', first + 1);
-    const std::size_t comma = text.find(',', first == text.npos ? 0 : first + 1);
-    if (first == text.npos && comma == text.npos) return {};
+    if (first == text.npos) return {};
+    const std::size_t second = text.find('|', first + 1);
+    const std::size_t comma = text.find(',', first + 1);
     const bool isWhole = second != text.npos && comma < second && first > 0 &&
                          text[first - 1] == '\\' &&
                          (second + 1 == text.size() || text[second + 1] == '\\');
@@ -54,6 +59,11 @@ std::string_view ReadSearchSet(SpecialRule& rule) {
     if (!start || !length || *start < 1 || *length < 1) return kBadSearchSet;
     rule.set = SpecialRule::SearchSet{*start, *length};
     return {};
+}
+
+bool HasDots(std::string_view folder) {
+    return std::ranges::any_of(text::Split(folder, '\\'),
+                               [](std::string_view name) { return name == "." || name == ".."; });
 }
 
 // ---- one object, step by step; false when it gets no folder ----
@@ -110,6 +120,7 @@ std::expected<SpecialRule, std::string_view> ValidateSpecialRule(std::string_vie
     std::string_view wrong = ReadReplacements(read);
     if (wrong.empty()) wrong = ReadSearchSet(read);
     if (wrong.empty() && read.positions.empty() && !read.set) wrong = kNoRule;
+    if (wrong.empty() && HasDots(text::CleanSpacesInPath(rule, true))) wrong = kDotsInRule;
     if (!wrong.empty()) return std::unexpected(wrong);
     return read;
 }
@@ -122,6 +133,10 @@ RuleResult SpecialRuleConvert(const SpecialRule& rule, std::string_view path) {
     result.hasDoubledSlash = text::Mid(result.made, 3).contains("\\\\");
     if (!CheckColons(result)) return result;
     result.folder = text::CleanSpacesInPath(result.made, true);
+    if (HasDots(result.folder)) {
+        result.end = RuleEnd::kDots;
+        return result;
+    }
     if (rule.set) CutAtSet(rule, path, result);
     return result;
 }

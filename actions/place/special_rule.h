@@ -33,6 +33,7 @@ enum class RuleEnd : std::uint8_t {
     kSearch,       // its folder is still to be looked for, by `front` and `set`
     kShortReplace, // `position` is beyond the path
     kColon,        // a colon where none can be
+    kDots,         // a folder named "." or ".."
     kShortSearch,  // the set is beyond the path
     kSlashInSet,
 };

@@ -36,7 +36,7 @@ void TellOnce(Session& session, const ActionRun& run, const Object& object) {
             "{0}\r\n\r\n{1}\r\n\r\n{2}{0}, and all others like it, will be copied and the original "
             "will still exist.\r\nAssuming there are no other errors.\r\n\r\nYou will not see this "
             "warning again this session.",
-            object.path, kHas, KindWord(object)));
+            session.Shown(object.path), kHas, KindWord(object)));
 }
 
 std::string Question(const Object& object, bool isDelete) {
@@ -59,7 +59,8 @@ bool AskOverride(Session& session, ActionRun& run, const Object& object) {
         " User selected do not override to: ", " User selected override to: ",
         " User selected do not override to all at: ", " User selected override to all at: ",
         " User selected cancel to all in override form at: "};
-    session::LogTimed(session, fmt::format("{}{}", kLines[form.Answer], object.path));
+    session::LogTimed(session,
+                      fmt::format("{}{}", kLines[form.Answer], session.Shown(object.path)));
     return form.Answer != kOverrideYes && form.Answer != kOverrideYesToAll;
 }
 
@@ -90,15 +91,16 @@ Protection CheckSystemHidden(Session& session, ActionRun& run, const Object& obj
     Protection found;
     auto look = session::Attempt(
         session, context, [&] { return LookAt(session, run, object); },
-        [&found](const platform::PlatformError& error) -> std::optional<int> {
-            found.isChanged = error.number == platform::kChangedSinceSearch;
-            return found.isChanged ? std::optional(session::kRecoveryLeave) : std::nullopt;
+        [](const platform::PlatformError& error) {
+            return error.number == platform::kChangedSinceSearch
+                       ? std::optional(session::kRecoveryLeave)
+                       : std::nullopt;
         });
     // What can't be read can't be shown to be harmless.
-    if (!look) return found;
-    found.look = std::move(*look.result);
     found.isProtected =
-        IsProtected(session, run, object, found.look->facts.attributes, blnOverwriting);
+        !look || IsProtected(session, run, object, look->facts.attributes, blnOverwriting);
+    found.look = std::move(look.result);
+    if (found.IsChanged()) session::LogTimed(session, " " + ChangedText(session, object.path));
     return found;
 }
 

@@ -16,6 +16,9 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tarvix::actions {
 
 namespace {
@@ -34,12 +37,12 @@ bool CheckUpFolderTree(Session& session, const ActionRequest& request) {
 }
 
 bool CheckSpecialRule(Session& session, const ActionRequest& request, std::string& warnings) {
+    if (!IsPath(session, request, request.typed)) return false;
     if (!request.rule) {
         session.MsgBox(PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
         BackToWindow(session);
         return false;
     }
-    if (request.rule->set) session.state.strSearchSetText = request.rule->SetText();
     if (text::Length(request.typed) < 2) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
@@ -50,20 +53,22 @@ bool CheckSpecialRule(Session& session, const ActionRequest& request, std::strin
 
 // The first of several places, as it will be used; false when it has no form that can be opened,
 // and the window stays as it is.
-bool FirstPlace(Session& session, const ActionRequest& request, std::string& place) {
+bool FirstPlace(Session& session, ActionRun& run, std::string& place) {
+    const ActionRequest& request = run.request;
     place = request.strMultiPath.empty() ? std::string() : request.strMultiPath.front();
     const std::string& partial = request.typed;
     if (request.structure != Structure::kDriveMirror && !partial.empty()) {
         place.append(partial.starts_with('\\') ? "" : "\\").append(partial);
     }
-    if (text::Length(place) < session::kLongPath) return true;
+    if (!session::ExceedsLimit(session, place, session::kLongPath - 1)) return true;
     auto shortened = session::GetShortPathNameReturnCodes(session, place);
+    std::ranges::move(shortened.made, std::back_inserter(run.madeFolders));
     if (shortened.status < 2) {
         session.MsgBox(PromptId::kFirstPlaceUnshortened,
                        fmt::format("{} exceeds 259 characters in length AND the folder portion "
                                    "does not exist. Was unable to calculate a short path to "
                                    "substitute.",
-                                   place));
+                                   session.Shown(place)));
         BackToWindow(session);
         return false;
     }
@@ -73,11 +78,14 @@ bool FirstPlace(Session& session, const ActionRequest& request, std::string& pla
 
 bool CheckPlace(Session& session, const ActionRequest& request, const std::string& place) {
     if (text::Length(place) >= kShortestFile && IsExistingFile(session, place)) {
-        Refuse(session, PromptId::kDestinationIsFile,
-               fmt::format("{} is a file, you can not copy objects inside it.", place));
+        Refuse(
+            session, PromptId::kDestinationIsFile,
+            fmt::format("{} is a file, you can not copy objects inside it.", session.Shown(place)));
         return false;
     }
-    const bool needsFolder = request.way == Way::kOneLocation;
+    const bool isRoot =
+        session.platform.traits.takesRoots && place.size() == 2 && place.ends_with(':');
+    const bool needsFolder = request.way == Way::kOneLocation && !isRoot;
     if (text::Length(place) < 2 || (needsFolder && !place.contains('\\'))) {
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
@@ -85,15 +93,17 @@ bool CheckPlace(Session& session, const ActionRequest& request, const std::strin
     return true;
 }
 
-bool CheckLocations(Session& session, const ActionRequest& request) {
+bool CheckLocations(Session& session, ActionRun& run) {
+    const ActionRequest& request = run.request;
     if (request.typed.find_first_of("*|") != std::string::npos) {
         Refuse(session, PromptId::kDestinationHasMarks,
                "There is an asterick '*' or bar '|' in the destination path.");
         return false;
     }
+    if (!IsPath(session, request, request.typed)) return false;
     const bool isMultiple = request.way == Way::kMultipleLocations && request.strAction == "Copy";
     std::string place = request.typed;
-    if (isMultiple && !FirstPlace(session, request, place)) return false;
+    if (isMultiple && !FirstPlace(session, run, place)) return false;
     if (!CheckPlace(session, request, place)) return false;
     for (std::size_t i = 1; isMultiple && i < request.strMultiPath.size(); ++i) {
         if (!CheckPlace(session, request, request.strMultiPath[i])) return false;
@@ -101,16 +111,17 @@ bool CheckLocations(Session& session, const ActionRequest& request) {
     return true;
 }
 
-std::string Question(const ActionRequest& request) {
+std::string Question(const Session& session, const ActionRequest& request) {
     const std::string_view structure =
         strStructureName[static_cast<std::size_t>(request.structure)];
-    const std::string& typed = request.typed;
+    const std::string typed = session.Shown(request.typed);
     switch (request.way) {
     case Way::kMultipleLocations:
         return fmt::format(
             "Are you sure you want to {} {}{} and other destination folders?\r\nUsing folder "
             "structure - {} ?",
-            request.heading, request.strMultiPath.empty() ? "" : request.strMultiPath.front(),
+            request.heading,
+            request.strMultiPath.empty() ? "" : session.Shown(request.strMultiPath.front()),
             request.structure == Structure::kDriveMirror ? "" : typed, structure);
     case Way::kUpFolderTree:
         return fmt::format("Are you sure you want to {} object(s) up folder tree {} folder(s)?\r\n"
@@ -130,7 +141,7 @@ std::string Question(const ActionRequest& request) {
 
 void LogStart(Session& session, const ActionRequest& request) {
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {} Using {}",
-                                           request.strAction, request.typed,
+                                           request.strAction, session.Shown(request.typed),
                                            kWayNames[static_cast<std::size_t>(request.way)]));
 }
 
@@ -138,20 +149,29 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     const ActionRequest& request = run.request;
     const auto id =
         warnings.empty() ? PromptId::kConfirmCopyOrMove : PromptId::kConfirmCopyOrMoveWarned;
-    if (!Confirm(session, id, warnings + Question(request)))
+    if (!Confirm(session, id, warnings + Question(session, request)))
         return ReportActionResult(session, run);
     if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
-    if (request.way == Way::kSpecialRule) session.state.strFailedPosition.clear();
+    if (request.way == Way::kSpecialRule) {
+        session.state.strFailedPosition.clear();
+        session.state.strLastFailedSearch.clear();
+    }
     if (request.way == Way::kMultipleLocations) CloseMultiPathInEditor(session);
     if (!HasSelection(session)) return ReportActionResult(session, run);
     LogStart(session, request);
+    run.madeFolders.clear();
     DispatchByDuplicates(session, run);
     Report(session, run);
 }
 
 // What is wrong with the step of a batch; empty when it can run.
-std::string WhyNotAutomated(Session& session, const std::string& folder) {
+std::string WhyNotAutomated(Session& session, const ActionRequest& request) {
     auto& failed = session.state.batch.blnStepFailed;
+    const std::string& folder = request.typed;
+    if (const std::string wrong = WhyNoName(request.renameText); !wrong.empty()) {
+        failed = true;
+        return wrong;
+    }
     if (IsExistingFile(session, folder)) {
         failed = true;
         return fmt::format("{} is a file, you can not move objects inside it.", folder);
@@ -177,7 +197,7 @@ void RequestCopyOrMove(Session& session, ActionRun& run) {
         if (!CheckUpFolderTree(session, request)) return;
     } else if (request.way == Way::kSpecialRule) {
         if (!CheckSpecialRule(session, request, warnings)) return;
-    } else if (!CheckLocations(session, request)) {
+    } else if (!CheckLocations(session, run)) {
         return;
     }
     if (!HasRenameText(session, request)) return;
@@ -202,20 +222,21 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kDestinationMissing,
                       "It appears you did not select a destination folder. \r\n\r\n");
     }
-    if (!HasRenameText(session, request)) return;
+    if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
     RunConfirmed(session, run, ExtensionWarning(typed) + SameLocationWarning(session, request));
 }
 
 void RequestAutomatedMove(Session& session, ActionRun& run) {
     const ActionRequest& request = run.request;
-    const std::string wrong = WhyNotAutomated(session, request.typed);
+    const std::string wrong = WhyNotAutomated(session, request);
     if (!wrong.empty()) {
         session::LogTimed(session, fmt::format(" {}\r\nThis search step skipped.\r\n", wrong));
         session.frmDialog.Hide();
         return SetBusy(session, false);
     }
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {}",
-                                           request.strAction, request.typed));
+                                           request.strAction, session.Shown(request.typed)));
+    run.madeFolders.clear();
     DispatchByDuplicates(session, run);
     Report(session, run);
 }

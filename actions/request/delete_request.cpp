@@ -192,23 +192,23 @@ void Deletion::QueueOne(std::size_t index, Queued& queue) {
     const Object object = ObjectAt(*session_.selection, index);
     auto& skipped = session_.state.lastAction.skipped;
     const Protection found = CheckSystemHidden(session_, run_, object, false);
-    if (found.isChanged) {
-        session::LogTimed(session_, " " + ChangedText(object.path));
+    if (found.IsChanged()) {
         changed_.push_back({index});
     } else if (found.isProtected) {
-        session::LogTimed(session_, text::Concat({" User skipped delete of ", object.path}));
+        session::LogTimed(session_,
+                          text::Concat({" User skipped delete of ", session_.Shown(object.path)}));
         ++skipped;
     } else if (session::IsRecycleBin(object.path)) {
         session::LogTimed(session_, fmt::format(" Skipped delete of {}. Because it is the Recycle "
                                                 "Bin.",
-                                                object.path));
+                                                session_.Shown(object.path)));
         ++skipped;
     } else {
         queue.entries.push_back(
             {std::string(object.actual), std::string(object.path), object.sighting, run_.same});
         queue.indexes.push_back(index);
-        session::LogTimed(session_,
-                          text::Concat({" ", object.path, " is queued for the recycle bin."}));
+        session::LogTimed(session_, text::Concat({" ", session_.Shown(object.path),
+                                                  " is queued for the recycle bin."}));
     }
 }
 

@@ -81,7 +81,7 @@ void optTo_Click(Session& session, const EventArgs& args) {
 
 void cmbDir_Change(Session& session) {
     FrmDialog& form = session.frmDialog;
-    form.cmbDir.Text = FilterEntry(form.cmbDir.Text.Get(), form.optTo[3].Value);
+    form.cmbDir.Text = std::string(WithoutQuotes(form.cmbDir.Text.Get()));
 }
 
 void txtFolderTree_Change(Session& session) {
@@ -129,19 +129,11 @@ void AddDuplicateEvents(session::EventTable& events) {
 
 } // namespace
 
-bool TakesKey(char key, bool isRule) {
+bool TakesKey(char key, bool isRule, std::string_view entry) {
     constexpr std::string_view kNever = "/\"?<>";
     constexpr std::string_view kInRules = "*|";
+    if (BeginsNative(WithoutQuotes(entry))) return true;
     return !kNever.contains(key) && (isRule || !kInRules.contains(key));
-}
-
-std::string FilterEntry(std::string_view text, bool isRule) {
-    const std::string_view plain = WithoutQuotes(text);
-    std::string entry(plain);
-    if (!BeginsNative(plain)) {
-        std::erase_if(entry, [isRule](char c) { return !TakesKey(c, isRule); });
-    }
-    return entry;
 }
 
 void ResetDuplicateChoice(Session& session) {

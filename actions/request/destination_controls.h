@@ -16,11 +16,11 @@ constexpr std::string_view kPasteNotice =
     "characters can be used. Your choices are: 1. Use the Browse button. 2.Type the folder "
     "location fully. 3. Make an MPL file and load that.";
 
-// Whether the destination box takes a key; "*" and "|" only where a Special Rule is typed.
-bool TakesKey(char key, bool isRule);
-// A text without the characters that the box refuses. Native paths ("/x", "~/x", "file://x") stay
-// whole, less quotes around them, until they are turned into drive form.
-std::string FilterEntry(std::string_view text, bool isRule);
+// Whether the destination box takes a key that makes its text `entry`: no path with "\" between
+// its folders has / " ? < or >, and "*" and "|" stand in a Special Rule alone. Native paths ("/x",
+// "~/x", "file://x") may hold all. A whole text that is pasted or set is taken as it is, and told
+// of at OK.
+bool TakesKey(char key, bool isRule, std::string_view entry = {});
 
 // The duplicate choice that each change of `optTo` goes back to: to be asked, or in automatic mode
 // to skip (for a move) or rename.

@@ -46,7 +46,7 @@ void ReadInto(Session& session, const std::string& list, std::vector<std::string
 
 void ShowInEditor(Session& session, std::size_t position) {
     const auto opened = session.platform.launcher.OpenDocument(ListPath(session, position));
-    if (!opened) session.frmDialog.lblStatus.Caption = opened.error().description;
+    if (!opened) session.frmDialog.lblStatus.Caption = session.Shown(opened.error());
 }
 
 void filMultiPath_Click(Session& session, const session::EventArgs& args) {

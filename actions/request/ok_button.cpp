@@ -7,6 +7,7 @@
 #include "actions/request/other_requests.h"
 #include "actions/request/read_request.h"
 #include "platform/native_paths.h"
+#include "results/selection.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
 #include "session/paths/short_path.h"
@@ -19,8 +20,10 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tarvix::actions {
 
@@ -55,6 +58,8 @@ class Typed {
         if (text_.contains('%')) Set(session::RemoveEnvVarAndRestorePath(session_, text_));
     }
     const std::string& Text() const { return text_; }
+    // Those that were missing, the topmost first.
+    std::vector<std::string>& MadeFolders() { return made_; }
 
   private:
     void Set(std::string text) {
@@ -67,6 +72,7 @@ class Typed {
 
     Session& session_;
     std::string text_;
+    std::vector<std::string> made_;
 };
 
 void Typed::CleanSpaces(bool isRule) {
@@ -80,11 +86,12 @@ void Typed::CleanSpaces(bool isRule) {
 }
 
 bool Typed::Shorten() {
-    if (text::Length(text_) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session_, text_, session::kLongPath)) return true;
     if (session_.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
         return false;
     }
     auto shortened = session::GetShortPathNameReturnCodes(session_, text_);
+    made_ = std::move(shortened.made);
     if (shortened.status < 2) {
         session_.MsgBox(PromptId::kDestinationUnshortened, kNoShortPath);
         return false;
@@ -100,7 +107,7 @@ void Typed::SubstituteFakeRoots() {
         if (!real) continue;
         session_.MsgBox(PromptId::kDestinationReplaced,
                         fmt::format("{} is not a real folder, substituting the actual folder {}",
-                                    text_, *real));
+                                    session_.Shown(text_), session_.Shown(*real)));
         Set(std::move(*real));
     }
 }
@@ -132,6 +139,14 @@ void RunBranch(Session& session, ActionRun& run) {
     if (branch != kBranches.end()) branch->run(session, run);
 }
 
+// A request that came to nothing leaves nothing behind.
+void TakeAway(Session& session, const std::vector<std::string>& made) {
+    for (const std::string& folder : std::views::reverse(made)) {
+        if (!session.files().RemoveFolder(folder)) return;
+        session::LogTimed(session, fmt::format(" Removed {}", folder));
+    }
+}
+
 } // namespace
 
 void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink) {
@@ -139,13 +154,18 @@ void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink)
     const bool isRule = IsCopyOrMove(state.strAction) && form.optTo[3].Value;
     state.bytPathChoice = session::kPathSkip;
     Typed typed(session, form.cmbDir.Text);
-    if (!typed.Finish(isRule)) return;
+    if (!typed.Finish(isRule)) return TakeAway(session, typed.MadeFolders());
     SetBusy(session, true);
     state.blnRedoAfterAction = state.blnActionCancelled = state.blnErrorOccurred = false;
     typed.ExpandVariables();
-    const ActionRequest request = ReadRequest(form, state.strAction, typed.Text());
+    const ActionRequest request =
+        ReadRequest(form, session.platform.paths, state.strAction, typed.Text());
     ActionRun run(session, request, sink);
+    run.madeFolders = std::move(typed.MadeFolders());
     RunBranch(session, run);
+    TakeAway(session, run.madeFolders);
+    // The rows of what was renamed before a cancel are old.
+    if (session.selection->isRenamed) state.blnRedoAfterAction = true;
 }
 
 void OKButton_Click(Session& session) {
@@ -156,6 +176,7 @@ void CancelButton_Click(Session& session) {
     session.frmDialog.Hide();
     session.state.blnActionCancelled = true;
     session.state.blnRedoNow = false;
+    if (session.selection->isRenamed) session.state.blnRedoAfterAction = true;
     session::LogTimed(session, " User cancelled the action form.");
 }
 

@@ -5,6 +5,7 @@
 #include "actions/request/request_checks.h"
 #include "actions/run/rename_only.h"
 #include "platform/file_system.h"
+#include "platform/names.h"
 #include "results/selection.h"
 #include "session/paths/extra_path_file.h"
 #include "session/remembered/histories.h"
@@ -38,17 +39,19 @@ std::string SecondFile(Session& session, const std::string& path) {
     return IsExistingFile(session, second) ? second : std::string();
 }
 
-std::string WriteQuestion(const ActionRequest& request, const std::string& path, bool exists,
-                          const std::string& second) {
+std::string WriteQuestion(const Session& session, const ActionRequest& request,
+                          const std::string& path, bool exists, const std::string& second) {
     const std::string question =
-        fmt::format("Are you sure you want to {} {}", request.heading, path);
+        fmt::format("Are you sure you want to {} {}", request.heading, session.Shown(path));
     if (exists) {
         const std::string too =
-            second.empty() ? "" : fmt::format("\r\n{} will be replaced too.", second);
+            second.empty() ? ""
+                           : fmt::format("\r\n{} will be replaced too.", session.Shown(second));
         return question + " ?\r\n\r\nThe current file will be replaced by this action." + too;
     }
     if (!second.empty()) {
-        return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question, second);
+        return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question,
+                           session.Shown(second));
     }
     if (request.strAction != "Names Only") return question + " ?";
     return question + "\r\n\r\n(Local playlists only work if created in same folder as all the "
@@ -56,7 +59,8 @@ std::string WriteQuestion(const ActionRequest& request, const std::string& path,
 }
 
 // Writes the file, and leaves the window open when that failed.
-void WriteFile(Session& session, const ActionRun& run) {
+void WriteFile(Session& session, ActionRun& run) {
+    run.madeFolders.clear();
     Raise(session, "CopyToTextFile");
     if (session.state.blnErrorOccurred) {
         BackToWindow(session);
@@ -103,21 +107,22 @@ void RequestTextFile(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kTextFileInvalid,
                       "You did not select a proper file name.\r\n\r\n");
     }
+    if (!IsPath(session, run.request, path)) return;
     if (platform::GetFolder(session.files(), path)) {
         return Refuse(session, PromptId::kTextFileIsFolder,
                       fmt::format("{} is a folder, you can not write a file over an existing "
                                   "folder.",
-                                  path));
+                                  session.Shown(path)));
     }
     const bool exists = IsExistingFile(session, path);
     if (!Confirm(session, PromptId::kConfirmWrite,
-                 WriteQuestion(run.request, path, exists, SecondFile(session, path)))) {
+                 WriteQuestion(session, run.request, path, exists, SecondFile(session, path)))) {
         return;
     }
     session::UpdateDestHistory(session);
     if (exists) {
-        session::LogTimed(session,
-                          fmt::format(" User selected to copy {} to text file: {}", action, path));
+        session::LogTimed(session, fmt::format(" User selected to copy {} to text file: {}", action,
+                                               session.Shown(path)));
     }
     const bool needsSelection =
         action != "Create MPL From Combo Box" && action != "Numeric Increment";
@@ -133,8 +138,10 @@ void RequestMakeFolders(Session& session, ActionRun& run) {
     }
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kFoldersPlaceIsFile,
-                      fmt::format("{} is a file, you can not create folders inside it.", path));
+                      fmt::format("{} is a file, you can not create folders inside it.",
+                                  session.Shown(path)));
     }
+    run.madeFolders.clear();
     Raise(session, "MakeFolders");
     Report(session, run);
 }
@@ -146,19 +153,23 @@ void RequestAutomatedPlaylist(Session& session, ActionRun& run) {
         session.frmDialog.Hide();
         return Report(session, run);
     }
-    session::LogTimed(session, fmt::format(" User selected to {}object names to file as list: {}",
-                                           run.request.strAction, run.request.typed));
+    session::LogTimed(session,
+                      fmt::format(" User selected to {}object names to file as list: {}",
+                                  run.request.strAction, session.Shown(run.request.typed)));
     WriteFile(session, run);
 }
 
 void RequestRename(Session& session, ActionRun& run) {
     const RenameRequest& rename = run.request.rename;
+    if (!FitsName(session, rename.inserts ? rename.add : rename.replace)) return;
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, rename.inserts
-                                   ? fmt::format(" User selected to insert: {}", rename.add)
-                                   : fmt::format(" User selected to find and replace rename using: "
-                                                 "\r\nFind: {} Replace: {}",
-                                                 rename.find, rename.replace));
+    session::LogTimed(
+        session,
+        rename.inserts
+            ? fmt::format(" User selected to insert: {}", platform::ForDisplay(rename.add))
+            : fmt::format(" User selected to find and replace rename using: \r\nFind: {} "
+                          "Replace: {}",
+                          platform::ForDisplay(rename.find), platform::ForDisplay(rename.replace)));
     if (!HasSelection(session)) return;
     const RenameOnlyEnd end = RenameOnly(session, run);
     if (!end.blnStopped) return HideAndReport(session, run);
@@ -181,7 +192,7 @@ void RequestRenameFromFile(Session& session, ActionRun& run) {
                       fmt::format("{}\r\n\r\n", source->missing));
     }
     if (!ConfirmRename(session)) return;
-    session::LogTimed(session, fmt::format("{}{}", source->log, path));
+    session::LogTimed(session, fmt::format("{}{}", source->log, session.Shown(path)));
     if (!HasSelection(session)) return;
     Raise(session, source->action);
     HideAndReport(session, run);

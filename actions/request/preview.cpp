@@ -13,6 +13,7 @@
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
+#include "text/paths.h"
 
 #include <fmt/core.h>
 
@@ -47,14 +48,53 @@ class NoLauncher : public platform::Launcher {
     platform::Result<void> CloseDocument(std::string_view) override { return {}; }
 };
 
+// New paths with their folders as these are spelled where they stand.
+class Spelling {
+  public:
+    explicit Spelling(platform::FileSystem& files) : files_(files) {}
+
+    std::string Of(const std::string& path) {
+        const std::size_t slash = path.rfind('\\');
+        if (slash == path.npos || slash < 3) return path;
+        const std::string_view folder = std::string_view(path).substr(0, slash);
+        if (folder != folder_) {
+            folder_ = folder;
+            spelled_ = Folder(folder);
+        }
+        return text::JoinPath(spelled_, std::string_view(path).substr(slash + 1));
+    }
+
+  private:
+    // As far up as nothing stands yet, it is as typed.
+    std::string Folder(std::string_view folder) {
+        std::string_view there = folder;
+        while (!there.empty()) {
+            if (auto spelled = files_.TruePath(there)) {
+                const std::string_view rest = folder.substr(there.size());
+                return rest.empty() ? *spelled : text::JoinPath(*spelled, rest.substr(1));
+            }
+            const std::size_t slash = there.rfind('\\');
+            if (slash == there.npos) break;
+            there = there.substr(0, slash);
+        }
+        return std::string(folder);
+    }
+
+    platform::FileSystem& files_;
+    std::string folder_; // the last one, since most objects go where the one before them went
+    std::string spelled_;
+};
+
 // Collects the verdicts as the action goes from object to object.
 class Collector : public OutcomeSink {
   public:
-    Collector(PreviewPrompts& prompts, bool isMove, std::vector<PreviewEntry>& entries)
-        : prompts_(prompts), isMove_(isMove), entries_(entries) {}
+    Collector(PreviewPrompts& prompts, platform::FileSystem& files, bool isMove,
+              std::vector<PreviewEntry>& entries)
+        : prompts_(prompts), spelling_(files), isMove_(isMove), entries_(entries) {}
 
     void Settled(const Outcome& outcome) override {
-        entries_.push_back({outcome.index, outcome.strDestination, VerdictOf(outcome)});
+        entries_.push_back(
+            {outcome.index, spelling_.Of(outcome.strDestination), VerdictOf(outcome)});
     }
 
   private:
@@ -95,6 +135,7 @@ class Collector : public OutcomeSink {
     }
 
     PreviewPrompts& prompts_;
+    Spelling spelling_;
     bool isMove_;
     std::vector<PreviewEntry>& entries_;
 };
@@ -118,7 +159,7 @@ class Rehearsal {
 
     PreviewResult Run() {
         PreviewResult result;
-        Collector collector(prompts_, IsMove(real_.state.strAction), result.entries);
+        Collector collector(prompts_, files_, IsMove(real_.state.strAction), result.entries);
         session_.frmDialog.Show();
         PressOk(session_, real_.frmDialog, &collector);
         result.blnStopped = real_.state.blnStopAction;

@@ -2,6 +2,7 @@
 
 #include "actions/place/destination.h"
 #include "actions/request/action_names.h"
+#include "platform/native_paths.h"
 #include "session/session.h"
 
 #include <algorithm>
@@ -31,19 +32,20 @@ DuplicateChoice DuplicatesOf(const FrmDialog& form) {
     return chosen == choices.end() ? DuplicateChoice::kNone : chosen->second;
 }
 
-RenameRequest RenameOf(const FrmDialog& form) {
+RenameRequest RenameOf(const FrmDialog& form, const platform::NativePaths& paths) {
     return {.inserts = form.chkAdd.Value == 1,
-            .find = form.txtFind.Text,
-            .replace = form.txtReplace.Text,
+            .find = paths.NamePart(form.txtFind.Text.Get()),
+            .replace = paths.NamePart(form.txtReplace.Text.Get()),
             .onlyFirst = form.optOnceVsAll[0].Value,
-            .add = form.txtAdd.Text,
+            .add = paths.NamePart(form.txtAdd.Text.Get()),
             .addsAtEnd = form.chkAddEnd.Value == 1,
             .portion = ChosenOf<NamePortion>(form.optNamePortion)};
 }
 
 } // namespace
 
-ActionRequest ReadRequest(const FrmDialog& form, std::string strAction, std::string typed) {
+ActionRequest ReadRequest(const FrmDialog& form, const platform::NativePaths& paths,
+                          std::string strAction, std::string typed) {
     ActionRequest request;
     request.isMove = IsMove(strAction);
     request.strAction = std::move(strAction);
@@ -59,14 +61,15 @@ ActionRequest ReadRequest(const FrmDialog& form, std::string strAction, std::str
         if (auto rule = ValidateSpecialRule(request.typed)) request.rule = std::move(*rule);
     }
     request.duplicates = DuplicatesOf(form);
-    request.renameText = form.txtRename.Text;
+    request.renameText = paths.NamePart(form.txtRename.Text.Get());
     request.renamesAtEnd = form.chkRenameEnd.Value == 1;
-    request.rename = RenameOf(form);
+    request.rename = RenameOf(form, paths);
     return request;
 }
 
 ActionRequest ReadRequest(const session::Session& session) {
-    return ReadRequest(session.frmDialog, session.state.strAction, session.frmDialog.cmbDir.Text);
+    return ReadRequest(session.frmDialog, session.platform.paths, session.state.strAction,
+                       session.frmDialog.cmbDir.Text);
 }
 
 } // namespace tarvix::actions

@@ -4,6 +4,7 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/run/report.h"
 #include "platform/dir.h"
+#include "platform/names.h"
 #include "results/selection.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -11,6 +12,8 @@
 #include "text/paths.h"
 
 #include <fmt/core.h>
+
+#include <algorithm>
 
 namespace tarvix::actions {
 
@@ -20,6 +23,23 @@ using session::PromptId;
 using session::Session;
 
 constexpr std::size_t kShortestWithExtension = 5;
+constexpr std::string_view kNeverInNames = "\\/:*?\"<>|";
+
+bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < 32;
+}
+
+std::string CharacterWord(char c) {
+    return IsControl(c) ? "a control character" : std::string(1, c);
+}
+
+// A rule is looked at when its characters are replaced.
+bool HasStrayColon(Way way, std::string_view typed) {
+    if (way == Way::kSpecialRule) return false;
+    const std::size_t last = typed.rfind(':');
+    const bool isDrive = last == 1 && way != Way::kMultipleLocations;
+    return last != typed.npos && !isDrive;
+}
 
 } // namespace
 
@@ -68,11 +88,48 @@ std::string SameLocationWarning(const Session& session, const ActionRequest& req
 }
 
 bool HasRenameText(Session& session, const ActionRequest& request) {
+    const bool mayRename = request.duplicates == DuplicateChoice::kRename ||
+                           request.duplicates == DuplicateChoice::kAsk;
+    if (mayRename && !FitsName(session, request.renameText)) return false;
     if (request.duplicates != DuplicateChoice::kRename || !request.renameText.empty()) return true;
     Refuse(session, PromptId::kRenameTextMissing,
            "There is no text to add to the names of duplicates, so that they could not be "
            "renamed.\r\n\r\nType one, for example _, or choose something else to be done "
            "with duplicates.");
+    return false;
+}
+
+std::string WhyNoName(std::string_view part) {
+    const auto wrong = std::ranges::find_if(
+        part, [](char c) { return IsControl(c) || kNeverInNames.contains(c); });
+    if (wrong == part.end()) return {};
+    return fmt::format("\"{}\" can't become part of a name, as no name may hold {}.\r\n\r\nType "
+                       "it without that character.",
+                       platform::ForDisplay(part), CharacterWord(*wrong));
+}
+
+bool FitsName(Session& session, std::string_view part) {
+    const std::string wrong = WhyNoName(part);
+    if (!wrong.empty()) Refuse(session, PromptId::kNamePartInvalid, wrong);
+    return wrong.empty();
+}
+
+bool IsPath(Session& session, const ActionRequest& request, std::string_view typed) {
+    const std::string_view marks = request.way == Way::kSpecialRule ? "/\"?<>" : "/\"?<>*|";
+    const auto wrong =
+        std::ranges::find_if(typed, [marks](char c) { return IsControl(c) || marks.contains(c); });
+    std::string told;
+    if (wrong != typed.end()) {
+        told = fmt::format("no folder in a path with \\ between its folders can hold {}",
+                           CharacterWord(*wrong));
+    } else if (HasStrayColon(request.way, typed)) {
+        told = "a : can only stand behind the letter of a drive";
+    }
+    if (told.empty()) return true;
+    Refuse(session, PromptId::kDestinationNoPath,
+           fmt::format("{} can't be used as a destination, as {}.\r\n\r\nChange it, or type the "
+                       "whole path with / between its folders.",
+                       typed, told));
     return false;
 }
 

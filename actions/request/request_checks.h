@@ -33,8 +33,18 @@ std::string ExtensionWarning(std::string_view destination);
 // A warning for a copy or move to the places that the objects come from; empty without one.
 std::string SameLocationWarning(const session::Session& session, const ActionRequest& request);
 
-// Whether duplicates could be renamed as chosen; otherwise says what is missing and goes back.
+// Whether duplicates could be renamed as chosen; otherwise says what is wrong and goes back.
 bool HasRenameText(session::Session& session, const ActionRequest& request);
+
+// Whether a text that was typed for a part of a name (drive form) can stand in one; otherwise says
+// why not and goes back.
+bool FitsName(session::Session& session, std::string_view part);
+// Why it can't; empty when it can.
+std::string WhyNoName(std::string_view part);
+
+// Whether what is typed for a destination is a path, as far as its text tells; otherwise says why
+// not and goes back.
+bool IsPath(session::Session& session, const ActionRequest& request, std::string_view typed);
 
 // Gives the focus to the levels, says that they are missing, and goes back to the window.
 void RefuseLevels(session::Session& session, session::PromptId id, std::string_view told);

@@ -30,8 +30,8 @@ using session::Session;
 // `actual` opens the object that is told of as `path`.
 fields::AskedObject AskedObject(Session& session, std::string_view path, std::string_view actual,
                                 bool isFile) {
-    fields::AskedObject asked{.folder = text::ParentFolder(path),
-                              .name = std::string(text::FolderOwnName(path)),
+    fields::AskedObject asked{.folder = session.Shown(text::ParentFolder(path)),
+                              .name = session.Shown(text::FolderOwnName(path)),
                               .isFile = isFile};
     const auto facts = session.files().Facts(actual);
     if (!facts) return asked;
@@ -47,7 +47,7 @@ fields::DuplicateQuestion Question(Session& session, const ActionRequest& reques
     const Object& object = clash.object;
     return {.question = fmt::format("Duplicate found of {} :\r\n\r\n'{}'\r\n\r\n"
                                     "Would you like to replace existing",
-                                    object.isFile ? "File" : "Folder", object.name),
+                                    object.isFile ? "File" : "Folder", session.Shown(object.name)),
             .existing =
                 AskedObject(session, clash.destination, clash.destination, clash.there.isFile),
             .thisOne = AskedObject(session, object.path, object.actual, object.isFile),
@@ -78,7 +78,8 @@ bool Stands(std::uint8_t answer) {
 }
 
 void LogAnswer(Session& session, std::string_view line, const Object& object) {
-    if (!line.empty()) session::LogTimed(session, fmt::format("{}{}", line, object.path));
+    if (!line.empty())
+        session::LogTimed(session, fmt::format("{}{}", line, session.Shown(object.path)));
 }
 
 void Show(Session& session, ActionRun& run, const Clash& clash) {
@@ -125,7 +126,7 @@ bool RecycleDuplicate(Session& session, const Clash& clash) {
                                  clash.object.path));
         return false;
     }
-    session::LogTimed(session, fmt::format(" Recycled {}", target));
+    session::LogTimed(session, fmt::format(" Recycled {}", session.Shown(target)));
     return true;
 }
 
@@ -133,11 +134,8 @@ Outcome Replace(Session& session, ActionRun& run, const Clash& clash) {
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
         return std::move(*refused);
     }
-    Outcome outcome;
-    if (!RecycleDuplicate(session, clash)) return outcome;
-    outcome = PerformMoveOrCopy(session, run, clash.object, {clash.destination, nullptr});
-    if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
-    return outcome;
+    return ReplaceDuplicate(session, run, clash.object, clash.destination,
+                            [&] { return RecycleDuplicate(session, clash); });
 }
 
 Outcome Act(Session& session, ActionRun& run, const Clash& clash) {

@@ -50,7 +50,7 @@ std::string Question(const Session& session, const ActionRequest& request,
                                    isOne ? "was" : "were", verbs.done);
     const std::size_t named = std::min(changed.size(), kMostNamed);
     for (std::size_t i = 0; i < named; ++i)
-        text += "\r\n" + session.selection->strSelPath[changed[i].index];
+        text += "\r\n" + session.Shown(session.selection->strSelPath[changed[i].index]);
     if (named < changed.size()) text += "\r\n...";
     text += fmt::format("\r\n\r\nWould you like to {} what stands there by now?", verbs.doing);
     return text;
@@ -82,7 +82,7 @@ void FoldChanged(Session& session, const ActionRun& run,
         FoldOutcome(session.state, run,
                     {.index = object.index,
                      .kind = OutcomeKind::kChanged,
-                     .error = ChangedText(session.selection->strSelPath[object.index])});
+                     .error = ChangedText(session, session.selection->strSelPath[object.index])});
     }
 }
 

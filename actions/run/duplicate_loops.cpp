@@ -45,10 +45,10 @@ Outcome Skip(Session&, ActionRun&, const Clash&) {
 Outcome Overwrite(Session& session, ActionRun& run, const Clash& clash) {
     const Object& object = clash.object;
     if (object.isFile != clash.there.isFile) {
-        session::LogTimed(session, fmt::format(" Skipped {}, {} {}", object.path,
+        session::LogTimed(session, fmt::format(" Skipped {}, {} {}", session.Shown(object.path),
                                                object.isFile ? "a file can't overwrite the folder"
                                                              : "a folder can't overwrite the file",
-                                               clash.destination));
+                                               session.Shown(clash.destination)));
         return SkippedDuplicate();
     }
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
@@ -209,7 +209,8 @@ Outcome Loop::PlaceOne(const Object& object, int place) {
         outcome.kind = OutcomeKind::kNoDestination;
         // The rule logs its own.
         if (run_.request.way != Way::kSpecialRule) {
-            session::LogTimed(session_, fmt::format(" Found no destination for {}", object.path));
+            session::LogTimed(
+                session_, fmt::format(" Found no destination for {}", session_.Shown(object.path)));
         }
     } else if (!stops && IsOntoItself(object, found.path)) {
         outcome.kind = OutcomeKind::kOntoItself;

@@ -10,6 +10,7 @@
 #include "actions/run/fold_outcome.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
+#include "platform/names.h"
 #include "results/selection.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
@@ -66,6 +67,8 @@ class Renaming {
     void SettleChanged();
     Renamed ObjectAt(std::size_t index) const;
     void Settle(Renamed& object);
+    // The window stays open: what it acts on next are the objects as they are named by then.
+    void KeepNewNames();
 
     void Insert(Renamed& object);
     void FindAndReplace(Renamed& object);
@@ -74,7 +77,7 @@ class Renaming {
     std::size_t NextHit(const std::string& text, std::size_t hit, bool isReplaced) const;
     std::string ReplaceInText(const std::string& text, std::size_t hit) const;
 
-    static std::string NewPath(const Renamed& object, std::string_view text);
+    std::string NewPath(const Renamed& object, std::string_view text) const;
     bool CanUse(const Renamed& object, std::string& path);
     bool FitsOrShortens(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
@@ -89,6 +92,7 @@ class Renaming {
     std::size_t replaceLength_;
     RenamedFolders folders_;
     std::vector<ChangedObject> changed_;
+    std::vector<std::pair<std::size_t, std::string>> newNames_; // by index
     RenameOnlyEnd end_;
     bool hasEnded_ = false;
 };
@@ -104,6 +108,7 @@ RenameOnlyEnd Renaming::Run() {
     if (!hasEnded_) RunPass(false, progress);
     SettleChanged();
     run_.observer = plain;
+    if (end_.blnStopped) KeepNewNames();
     return end_;
 }
 
@@ -158,9 +163,10 @@ Renamed Renaming::ObjectAt(std::size_t index) const {
 void Renaming::Settle(Renamed& object) {
     if (object.isChanged) {
         end_.blnRenamed = true;
+        const std::string_view name = text::FolderOwnName(object.old);
+        if (!request_.inserts) newNames_.emplace_back(object.index, name);
         if (!object.isFile) {
             const auto& tables = *session_.selection;
-            const std::string_view name = text::FolderOwnName(object.old);
             folders_.Note(tables.strSelPath[object.index], name);
             folders_.Note(tables.strSelActualPath[object.index], name);
         }
@@ -180,13 +186,34 @@ void Renaming::Settle(Renamed& object) {
                  .error = std::move(object.error)});
 }
 
+void Renaming::KeepNewNames() {
+    auto& tables = *session_.selection;
+    tables.isRenamed = tables.isRenamed || end_.blnRenamed;
+    for (std::size_t index = 0; index < tables.strSelPath.size(); ++index) {
+        std::string& actual = tables.strSelActualPath[index];
+        const std::size_t above = actual.size() - tables.strSelRelPath[index].size();
+        tables.strSelPath[index] = folders_.Now(tables.strSelPath[index]);
+        actual = folders_.Now(actual);
+        tables.strSelRelPath[index] = actual.substr(above);
+    }
+    for (auto& [index, name] : newNames_) {
+        for (std::string* path : {&tables.strSelPath[index], &tables.strSelActualPath[index],
+                                  &tables.strSelRelPath[index]}) {
+            path->resize(path->size() - text::FolderOwnName(*path).size());
+            *path += name;
+        }
+        tables.strSelName[index] = std::move(name);
+    }
+}
+
 // ---- the two modes ----
 
 void Renaming::Insert(Renamed& object) {
     const std::string& add = request_.add;
     std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
                                                           : text::Concat({add, object.text}));
-    session_.frmDialog.lblStatus.Caption = text::Concat({"Renaming ", object.old, "  as  ", path});
+    session_.frmDialog.lblStatus.Caption =
+        text::Concat({"Renaming ", session_.Shown(object.old), "  as  ", session_.Shown(path)});
     if (!CanUse(object, path)) return;
     const platform::Standing standing = platform::WhatStands(session_.files(), path);
     if (!standing.IsFree() || Move(object, standing.place) == Moved::kTaken) {
@@ -245,8 +272,11 @@ std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) co
 
 // ---- one new name ----
 
-std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
-    const std::string name = object.portion == NamePortion::kPrefix
+std::string Renaming::NewPath(const Renamed& object, std::string_view text) const {
+    // Many a disk drops the dot of a name that has no extension; where it stays it isn't written.
+    const bool hasNoDot =
+        session_.platform.traits.keepsFinalDots && object.parts.strExtension.empty();
+    const std::string name = object.portion == NamePortion::kPrefix && !hasNoDot
                                  ? text::Concat({text, ".", object.parts.strExtension})
                              : object.portion == NamePortion::kExtension
                                  ? text::Concat({object.parts.strPrefix, ".", text})
@@ -254,18 +284,27 @@ std::string Renaming::NewPath(const Renamed& object, std::string_view text) {
     return text::Concat({object.parent, text::Trim(name)});
 }
 
-// Whether something is left of the name and the path isn't too long, or could be shortened.
+// Whether it makes a name and the path isn't too long, or could be shortened.
 bool Renaming::CanUse(const Renamed& object, std::string& path) {
-    if (path.size() > object.parent.size()) return FitsOrShortens(object, path);
+    const std::string_view name = std::string_view(path).substr(object.parent.size());
+    if (platform::CanBeName(name)) return FitsOrShortens(object, path);
+    if (!name.empty()) {
+        session::TellAndLog(
+            session_, session::PromptId::kRenameNoName,
+            fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
+                        "have such a name.",
+                        object.old, path, object.isFile ? "file" : "folder"));
+        return false;
+    }
     session::TellAndLog(session_, session::PromptId::kRenameEmpty,
                         fmt::format("Could not rename: \r\n\r\n{}\r\n\r\nNothing would "
                                     "be left of the name.",
-                                    object.old));
+                                    session_.Shown(object.old)));
     return false;
 }
 
 bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
-    if (text::Length(path) <= session::kLongPath) return true;
+    if (!session::ExceedsLimit(session_, path, session::kLongPath)) return true;
     session::AskLongPath(session_, object.old, path, "RenameOnly", "frmDialog");
     bool isShort = false;
     if (session::ContinuesLongPath(session_)) {
@@ -291,8 +330,9 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     if (std::exchange(object.isAsked, true)) return true;
     const bool goesOn = session_.state.options.blnAutoMode ||
                         session_.MsgBox(session::PromptId::kRenameTakenGoOn, told) == session::kOk;
-    session::LogTimed(session_, fmt::format(" Was unable to rename {} as {}{}", object.old, path,
-                                            goesOn ? "" : " and user canceled."));
+    session::LogTimed(session_,
+                      fmt::format(" Was unable to rename {} as {}{}", session_.Shown(object.old),
+                                  session_.Shown(path), goesOn ? "" : " and user canceled."));
     if (!goesOn) end_.blnStopped = hasEnded_ = true;
     return goesOn;
 }

@@ -55,17 +55,17 @@ void OfferErrorLog(Session& session) {
     session::ViewAsText(session, state.strErrorLogFile, "ReportActionResult");
 }
 
-std::string RuleReport(const session::SessionState& state, const ActionRun& run,
-                       const std::string& done) {
+std::string RuleReport(const Session& session, const ActionRun& run, const std::string& done) {
+    const session::SessionState& state = session.state;
     const RuleTally& tally = run.rule;
     const std::string failed =
         tally.intRuleNoFolder > 0
             ? fmt::format("\r\n\r\nThe last search path that failed was: \r\n\r\n{}",
-                          state.strLastFailedSearch)
+                          session.Shown(state.strLastFailedSearch))
             : std::string();
-    const std::string set = state.strSearchSetText.empty()
-                                ? " example - |2,2|"
-                                : fmt::format(" - *{}*", state.strSearchSetText);
+    const bool hasSetFailed = tally.intRuleShortSearch > 0 && run.request.rule;
+    const std::string set =
+        hasSetFailed ? fmt::format(" - *{}*", run.request.rule->SetText()) : " example - |2,2|";
     const std::string position = state.strFailedPosition.empty()
                                      ? " example - *2*"
                                      : fmt::format(" - *{}*", state.strFailedPosition);
@@ -77,7 +77,7 @@ std::string RuleReport(const session::SessionState& state, const ActionRun& run,
         "path/name were shorter than character position typed into the Replacement Character of "
         "the Special Rule or there was a misplaced colon.{}\r\n\r\nSee the action log for more "
         "details.",
-        run.request.typed, tally.intRuleOk, done, tally.intRuleNoFolder, failed,
+        session.Shown(run.request.typed), tally.intRuleOk, done, tally.intRuleNoFolder, failed,
         tally.intRuleShortSearch, set, tally.intRuleShortReplace, position);
 }
 
@@ -90,7 +90,7 @@ void ReportActionResult(Session& session, const ActionRun& run) {
     if (run.request.way != Way::kSpecialRule) return;
     session.MsgBox(session::PromptId::kRuleReport,
                    run.rule.blnRuleFailed
-                       ? RuleReport(session.state, run, done)
+                       ? RuleReport(session, run, done)
                        : fmt::format("No error conditions occured during Special Rule. Objects "
                                      "were successfully{} See the action log for more details.",
                                      done));

@@ -182,6 +182,9 @@ bool CopyAhead::Prepare(Entry& entry) {
     // A group that couldn't be kept is that of the folder, which may be another in the end.
     const auto made = StatOf(part->Fd());
     if (!made || made->stx_gid != st->stx_gid) return false;
+    // What changed while it was read is read again by who asks for it.
+    const auto now = StatOf(in->Get());
+    if (!now || !IsSame(*st, *now)) return false;
     entry.st = *st;
     entry.part.emplace(std::move(*part));
     return true;

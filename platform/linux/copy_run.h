@@ -33,6 +33,9 @@ class CopyRun {
 
     bool IsObserved() const { return static_cast<bool>(observer_); }
     void SetTotal(std::uint64_t bytes) { total_ = bytes; }
+    std::uint64_t Done() const { return done_; }
+    // Goes back, untold, where something is done again.
+    void SetDone(std::uint64_t bytes) { done_ = bytes; }
 
     // Each gives false when the observer wants no more. `path` must live until the next Begin.
     bool Begin(std::string_view path) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace tarvix::platform {
 
@@ -64,6 +65,7 @@ DriveTable::DriveTable(const std::vector<Mount>& mounts, const std::vector<Extra
     AddMounts(mounts, former);
     for (const Mount& mount : mounts)
         NoteMount(mount);
+    std::ranges::sort(points_);
     if (former != nullptr) {
         for (const auto& [point, letter] : former->letters_)
             letters_.try_emplace(point, letter);
@@ -123,6 +125,7 @@ char DriveTable::FreeLetter(const DriveTable* former) const {
 }
 
 void DriveTable::NoteMount(const Mount& mount) {
+    points_.push_back(mount.point);
     const auto letter = letters_.find(mount.point);
     if (mount.point != "/" && (IsPseudo(mount) || letter != letters_.end())) {
         const std::size_t slash = mount.point.rfind('/');
@@ -180,6 +183,13 @@ std::string DriveTable::ToDrive(std::string_view native) const {
     }
     if (out.size() == best->path.size()) out += '\\';
     return out;
+}
+
+bool DriveTable::HoldsMount(std::string_view native) const {
+    if (std::ranges::binary_search(points_, native, std::less<>())) return true;
+    const std::string below = std::string(native) + "/";
+    const auto next = std::ranges::lower_bound(points_, below);
+    return next != points_.end() && next->starts_with(below);
 }
 
 const DriveTable::Names* DriveTable::BoundariesIn(const std::string& folder) const {

@@ -47,6 +47,8 @@ class DriveTable {
     // null when there are none.
     const Names* BoundariesIn(const std::string& folder) const;
     bool IsBoundaryDevice(std::uint64_t device) const;
+    // Whether anything is mounted at a native path without links, or below it.
+    bool HoldsMount(std::string_view native) const;
 
     DosAttributes DosAttributesAt(std::uint64_t device) const;
     bool KeepsNumbersAt(std::uint64_t device) const { return !losing_.contains(device); }
@@ -71,6 +73,7 @@ class DriveTable {
     std::unordered_map<std::uint64_t, DosAttributes> dosAttributes_;
     std::unordered_set<std::uint64_t> folding_;
     std::unordered_set<std::uint64_t> losing_; // where objects are given other numbers
+    std::vector<std::string> points_;          // of all mounts, in order
 };
 
 // The current drives, kept up with the system's mount table. Safe to use from several threads.

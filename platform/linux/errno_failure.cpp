@@ -56,11 +56,16 @@ int NumberOfErrno(int error) {
 
 std::unexpected<PlatformError> FailureOf(int error, std::string_view path) {
     const int number = NumberOfErrno(error);
-    return Failure(number, Sentence(number, error, path));
+    return std::unexpected(PlatformError{number, Sentence(number, error, path), std::string(path)});
 }
 
 std::unexpected<PlatformError> FailureBy(int number, std::string_view path) {
-    return Failure(number, Sentence(number, 0, path));
+    return std::unexpected(PlatformError{number, Sentence(number, 0, path), std::string(path)});
+}
+
+std::unexpected<PlatformError> HoldsMountFailure(std::string_view path) {
+    return Failure(kPathFileAccess,
+                   "A drive is mounted in " + ForDisplay(path) + ", so it stays where it is.");
 }
 
 } // namespace tarvix::platform

@@ -22,6 +22,9 @@ std::unexpected<PlatformError> FailureOf(int error, std::string_view path);
 // A failure by number, where no errno tells more.
 std::unexpected<PlatformError> FailureBy(int number, std::string_view path);
 
+// 75, for a folder that something is mounted in.
+std::unexpected<PlatformError> HoldsMountFailure(std::string_view path);
+
 // A value as it is; an errno as the failure on the object at a drive path.
 template <class T>
 Result<T> Named(Sys<T> value, std::string_view path) {

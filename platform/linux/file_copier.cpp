@@ -3,9 +3,12 @@
 #include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_content.h"
 #include "platform/linux/native_facts.h"
-#include "platform/linux/part_file.h"
+#include "platform/linux/temporary.h"
+#include "platform/names.h"
+#include "platform/try.h"
 
 #include <climits>
+#include <fmt/core.h>
 
 #include <array>
 #include <cerrno>
@@ -16,6 +19,7 @@ namespace tarvix::platform {
 
 namespace {
 constexpr unsigned kPlainPermissions = 0777;
+constexpr int kMostTries = 2; // of a file that changes meanwhile
 
 Sys<void> Synced(int fd) {
     if (::fsync(fd) != 0) return std::unexpected(errno);
@@ -57,27 +61,35 @@ std::unexpected<PlatformError> TargetFailure(int error, std::string_view path) {
     return FailureOf(error, path);
 }
 
-Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
-    const auto in = OpenForCopy(item.source);
-    if (!in) return FailureOf(in.error(), item.sourcePath);
-    const auto st = StatOf(in->Get());
-    if (!st) return FailureOf(st.error(), item.sourcePath);
-    if (item.isSeen && !IsSameObject(item.st, *st)) {
+// Whether nobody wrote to it between two looks; the change time tells also of what is dated back.
+bool IsAsItWas(const struct statx& before, const struct statx& now) {
+    return before.stx_size == now.stx_size && TimeOf(before.stx_mtime) == TimeOf(now.stx_mtime) &&
+           TimeOf(before.stx_ctime) == TimeOf(now.stx_ctime);
+}
+
+// The part, or nothing when its source changed.
+Result<std::optional<PartFile>> TryPart(const CopyItem& item, int folder, CopyRun& run) {
+    TX_TRY_ASSIGN(const UniqueFd in, Named(OpenForCopy(item.source), item.sourcePath));
+    TX_TRY_ASSIGN(const auto st, Named(StatOf(in.Get()), item.sourcePath));
+    if (item.isSeen && !IsSameObject(item.st, st)) {
         return FailureBy(kChangedSinceSearch, item.sourcePath);
     }
-    if (!S_ISREG(st->stx_mode)) return FailureBy(kPathFileAccess, item.sourcePath);
+    if (!S_ISREG(st.stx_mode)) return SpecialFailure(item.sourcePath);
+    auto part = PartFile::Create(folder, st.stx_mode & kPlainPermissions, run.roads);
+    if (!part) return TargetFailure(part.error(), item.targetPath);
+    TX_TRY(Named(CopyContent(in.Get(), part->Fd(), st, run), item.targetPath));
+    CopyMetadata(in.Get(), part->Fd(), st);
+    TX_TRY_ASSIGN(const auto now, Named(StatOf(in.Get()), item.sourcePath));
+    if (!IsAsItWas(st, now)) return std::nullopt;
+    return std::move(*part);
+}
+
+Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
     const auto target = TargetOf(item);
     if (!target) return TargetFailure(target.error(), item.targetPath);
-    auto part = PartFile::Create(target->folder, st->stx_mode & kPlainPermissions, run.roads);
-    if (!part) return TargetFailure(part.error(), item.targetPath);
-    const auto copied = CopyContent(in->Get(), part->Fd(), *st, run);
-    if (!copied) return FailureOf(copied.error(), item.targetPath);
-    CopyMetadata(in->Get(), part->Fd(), *st);
-    if (run.sync) {
-        const auto synced = Synced(part->Fd());
-        if (!synced) return FailureOf(synced.error(), item.targetPath);
-    }
-    const auto named = part->Commit(*target, run.overwrite);
+    TX_TRY_ASSIGN(PartFile part, MakePart(item, target->folder, run));
+    if (run.sync) TX_TRY(Named(Synced(part.Fd()), item.targetPath));
+    const auto named = part.Commit(*target, run.overwrite);
     if (!named) return TargetFailure(named.error(), item.targetPath);
     return {};
 }
@@ -104,14 +116,6 @@ Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
     return copied;
 }
 
-Sys<std::string> LinkText(At at) {
-    std::string text(PATH_MAX, '\0');
-    const ssize_t length = ::readlinkat(at.folder, at.name, text.data(), text.size());
-    if (length < 0) return std::unexpected(errno);
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
 // A link is whole from the moment it is there.
 Sys<void> MakeLink(const std::string& text, int folder, const char* name, bool overwrite) {
     if (::symlinkat(text.c_str(), folder, name) == 0) return {};
@@ -122,14 +126,6 @@ Sys<void> MakeLink(const std::string& text, int folder, const char* name, bool o
     const int error = errno;
     ::unlinkat(folder, temporary.c_str(), 0);
     return std::unexpected(error);
-}
-
-void KeepLinkFacts(const struct statx& st, int folder, const char* name) {
-    // What can't be held there is no failure.
-    if (::fchownat(folder, name, st.stx_uid, st.stx_gid, AT_SYMLINK_NOFOLLOW) != 0) errno = 0;
-    const std::array<timespec, 2> times{
-        {{st.stx_atime.tv_sec, st.stx_atime.tv_nsec}, {st.stx_mtime.tv_sec, st.stx_mtime.tv_nsec}}};
-    ::utimensat(folder, name, times.data(), AT_SYMLINK_NOFOLLOW);
 }
 
 Result<void> CopyLink(const CopyItem& item, CopyRun& run) {
@@ -144,6 +140,39 @@ Result<void> CopyLink(const CopyItem& item, CopyRun& run) {
 }
 } // namespace
 
+std::unexpected<PlatformError> SpecialFailure(std::string_view path) {
+    return Failure(kPathFileAccess,
+                   fmt::format("{} is a special file, which can't be copied.", ForDisplay(path)));
+}
+
+Result<PartFile> MakePart(const CopyItem& item, int folder, CopyRun& run) {
+    const std::uint64_t before = run.Done();
+    for (int i = 0; i < kMostTries; ++i) {
+        run.SetDone(before);
+        TX_TRY_ASSIGN(auto part, TryPart(item, folder, run));
+        if (part) return std::move(*part);
+    }
+    return Failure(kPathFileAccess, fmt::format("{} was changed while it was copied, so that its "
+                                                "copy was not kept.",
+                                                ForDisplay(item.sourcePath)));
+}
+
+Sys<std::string> LinkText(At at) {
+    std::string text(PATH_MAX, '\0');
+    const ssize_t length = ::readlinkat(at.folder, at.name, text.data(), text.size());
+    if (length < 0) return std::unexpected(errno);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void KeepLinkFacts(const struct statx& st, int folder, const char* name) {
+    // What can't be held there is no failure.
+    if (::fchownat(folder, name, st.stx_uid, st.stx_gid, AT_SYMLINK_NOFOLLOW) != 0) errno = 0;
+    const std::array<timespec, 2> times{
+        {{st.stx_atime.tv_sec, st.stx_atime.tv_nsec}, {st.stx_mtime.tv_sec, st.stx_mtime.tv_nsec}}};
+    ::utimensat(folder, name, times.data(), AT_SYMLINK_NOFOLLOW);
+}
+
 Result<void> CheckReplace(const struct statx& source, const struct statx& existing,
                           bool leadsToFolder, bool overwrite, std::string_view path) {
     if (!overwrite) return FailureOf(EEXIST, path);
@@ -155,7 +184,7 @@ Result<void> CheckReplace(const struct statx& source, const struct statx& existi
 }
 
 Result<void> CopyObject(const CopyItem& item, CopyRun& run) {
-    if (IsSpecial(item.st)) return FailureBy(kPathFileAccess, item.sourcePath);
+    if (IsSpecial(item.st)) return SpecialFailure(item.sourcePath);
     if (!run.Begin(item.sourcePath)) return FailureBy(kInterrupted, item.sourcePath);
     auto copied = S_ISLNK(item.st.stx_mode) ? CopyLink(item, run) : CopyRegular(item, run);
     if (copied && run.sync) SyncFolder(item);
@@ -164,8 +193,7 @@ Result<void> CopyObject(const CopyItem& item, CopyRun& run) {
 
 bool IsUnchanged(const struct statx& before, At source) {
     const auto now = StatOf(source);
-    return now && IsSameObject(before, *now) && before.stx_size == now->stx_size &&
-           TimeOf(before.stx_mtime) == TimeOf(now->stx_mtime);
+    return now && IsSameObject(before, *now) && IsAsItWas(before, *now);
 }
 
 } // namespace tarvix::platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/copy_run.h"
+#include "platform/linux/part_file.h"
 #include "platform/linux/system_calls.h"
 
 #include <optional>
@@ -25,6 +26,16 @@ struct CopyItem {
 // links to them, special files and the object itself, 70 for read-only ones.
 Result<void> CheckReplace(const struct statx& source, const struct statx& existing,
                           bool leadsToFolder, bool overwrite, std::string_view path);
+
+// The content of a file and all that belongs to it, in a part that has no name yet; `folder` is
+// where it will get one. A file that changes meanwhile is copied once more, and then given up
+// with 75.
+Result<PartFile> MakePart(const CopyItem& item, int folder, CopyRun& run);
+Sys<std::string> LinkText(At at);
+// Owner and times of a link that was made.
+void KeepLinkFacts(const struct statx& st, int folder, const char* name);
+// 75, for what is never opened.
+std::unexpected<PlatformError> SpecialFailure(std::string_view path);
 
 // Copies a file or link, in one step as others see it. 75 for special files; 58 when the name is
 // taken and the run doesn't overwrite. On failure nothing new is left.

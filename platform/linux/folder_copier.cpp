@@ -4,6 +4,8 @@
 #include "platform/linux/file_copier.h"
 #include "platform/names.h"
 
+#include <fmt/core.h>
+
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
@@ -48,11 +50,19 @@ Result<void> FolderCopier::Copy(UniqueFd source, UniqueFd target, bool madeTarge
         if (!PopLevel()) break;
     }
     if (run_.ahead != nullptr) run_.ahead->DropPushed();
-    if (copied && hasSkipped_) {
-        return Failure(kPathFileAccess, "Special files or other drives in " + ForDisplay(from_) +
-                                            " were skipped; all else was copied.");
-    }
     return copied;
+}
+
+void FolderCopier::NoteSkipped() {
+    if (skipped_++ == 0) firstSkipped_ = from_;
+}
+
+std::string FolderCopier::Skipped() const {
+    if (skipped_ == 0) return {};
+    const std::string others =
+        skipped_ == 1 ? std::string() : fmt::format(" and {} more like it", skipped_ - 1);
+    return fmt::format("{}{} can't be copied, being a special file or another drive; all else was.",
+                       ForDisplay(firstSkipped_), others);
 }
 
 Result<void> FolderCopier::CopyContents() {
@@ -132,7 +142,7 @@ Result<void> FolderCopier::CopyFile(const FolderNames::Item& item) {
     if (!st) return FailureOf(st.error(), from_);
     if (S_ISDIR(st->stx_mode)) return FailureBy(kPathFileAccess, from_);
     if (!S_ISREG(st->stx_mode) && !S_ISLNK(st->stx_mode)) {
-        hasSkipped_ = true;
+        NoteSkipped();
         return {};
     }
     if (!levels_.back().isNew) {
@@ -158,7 +168,7 @@ Result<void> FolderCopier::CopySubfolder(const FolderNames::Item& item) {
         return FailureOf(entered.error(), from_);
     }
     if (IsForeignMount(sources_, drives_)) {
-        hasSkipped_ = true;
+        NoteSkipped();
         from_.resize(levels_.back().fromLength);
         to_.resize(levels_.back().toLength);
         const auto left = sources_.Leave();
@@ -204,6 +214,11 @@ std::uint64_t SizeOfTree(UniqueFd folder, const DriveTable& drives) {
         }
     }
     return bytes;
+}
+
+std::unexpected<PlatformError> IntoItselfFailure(std::string_view from, std::string_view to) {
+    return Failure(kPathFileAccess, fmt::format("The folder {} can't go into itself, as {}.",
+                                                ForDisplay(from), ForDisplay(to)));
 }
 
 bool IsWithin(int folder, const struct statx& outer) {

@@ -19,8 +19,10 @@ class FolderCopier {
         : run_(run), drives_(drives), from_(from), to_(to) {}
 
     // `madeTarget` tells that the target folder is new and shall get the source's mode and times.
-    // 75, after all else was copied, when special files or mounts of others were skipped.
+    // Special files and mounts of others are skipped.
     Result<void> Copy(UniqueFd source, UniqueFd target, bool madeTarget);
+    // What was skipped, in a sentence; empty for nothing.
+    std::string Skipped() const;
 
   private:
     struct Level {
@@ -36,6 +38,7 @@ class FolderCopier {
     Result<void> CopyContents();
     Result<void> CopyChild(const FolderNames::Item& item);
     Result<void> CopyFile(const FolderNames::Item& item);
+    void NoteSkipped();
     Result<void> CopySubfolder(const FolderNames::Item& item);
     Result<bool> MakeFolder(const char* name);
     Result<void> CheckFile(const struct statx& source, const char* name);
@@ -51,11 +54,15 @@ class FolderCopier {
     FolderStack sources_;
     FolderStack targets_;
     std::vector<Level> levels_;
-    bool hasSkipped_ = false;
+    std::string firstSkipped_;
+    std::size_t skipped_ = 0;
 };
 
 // The bytes of all files in a folder, as far as they can be seen.
 std::uint64_t SizeOfTree(UniqueFd folder, const DriveTable& drives);
+
+// 75, for a folder that would go into itself.
+std::unexpected<PlatformError> IntoItselfFailure(std::string_view from, std::string_view to);
 
 // Whether an open folder is `outer` or lies in it.
 bool IsWithin(int folder, const struct statx& outer);

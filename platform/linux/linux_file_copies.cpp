@@ -22,42 +22,12 @@ bool IsLocal(const Resolved& place) {
         return drive.path == place.root && drive.type != DriveType::kNetwork;
     });
 }
-
-Sys<UniqueFd> OpenItself(const Resolved& place, At at) {
-    TX_TRY_ASSIGN(UniqueFd fd, OpenAt(at, O_RDONLY | O_DIRECTORY | O_NOFOLLOW));
-    if (!place.around) return fd;
-    TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
-    if (!IsSameObject(st, *place.st)) return std::unexpected(ESTALE);
-    return fd;
-}
-
-Sys<UniqueFd> OpenItself(const Resolved& place) {
-    if (place.around) return OpenItself(place, At{place.around->Get(), place.NameText()});
-    TX_TRY_ASSIGN(const Location location, Locate(place.native));
-    return OpenItself(place, location);
-}
-
-bool IsFolder(const Resolved& place) {
-    return place.Exists() && S_ISDIR(place.st->stx_mode);
-}
-
-// What a folder copy goes into: the folder that is there, or else the one around it.
-Result<UniqueFd> OpenNearest(const Resolved& target, std::string_view path) {
-    if (!IsFolder(target)) return OpenFolderOf(target, path);
-    return Named(OpenItself(target), path);
-}
-
-Result<UniqueFd> MakeTarget(int outer, const Resolved& target, std::string_view path) {
-    const std::string name(target.NativeName());
-    if (::mkdirat(outer, name.c_str(), 0700) != 0) return FailureOf(errno, path);
-    return Named(OpenAt({outer, name.c_str()}, O_RDONLY | O_DIRECTORY | O_NOFOLLOW), path);
-}
 } // namespace
 
 Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view to, bool overwrite,
                                        const CopyObserver& observer) {
     TX_TRY_ASSIGN(const Resolved source, resolver_.File(from));
-    if (IsSpecial(*source.st)) return FailureBy(kPathFileAccess, from);
+    if (IsSpecial(*source.st)) return SpecialFailure(from);
     TX_TRY_ASSIGN(const Resolved target,
                   overwrite ? resolver_.Target(to) : resolver_.NewTarget(to));
     return Copy(source, target, from, to, overwrite, observer);
@@ -66,7 +36,7 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
 Result<void> LinuxFileSystem::CopyFileTo(const Look& from, const FreePlace& to,
                                          const CopyObserver& observer) {
     TX_TRY_ASSIGN(const auto source, SourceOf(from));
-    if (IsSpecial(*source->st)) return FailureBy(kPathFileAccess, from.path);
+    if (IsSpecial(*source->st)) return SpecialFailure(from.path);
     TX_TRY_ASSIGN(const auto target, TargetOf(to));
     return Copy(*source, *target, from.path, to.path, false, observer);
 }
@@ -87,34 +57,17 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     TX_TRY_ASSIGN(const Resolved source, resolver_.Folder(from));
     if (!S_ISDIR(source.st->stx_mode)) return CopyFile(from, to, overwrite, observer);
     TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to));
-    return CopyFolder(source, target, from, to, overwrite, observer);
-}
-
-Result<void> LinuxFileSystem::CopyFolderTo(const Look& from, const FreePlace& to,
-                                           const CopyObserver& observer) {
-    TX_TRY_ASSIGN(const auto source, FolderOf(from));
-    if (!S_ISDIR(source->st->stx_mode)) return CopyFileTo(from, to, observer);
-    TX_TRY_ASSIGN(const Resolved target, resolver_.Target(to.path));
-    if (target.Exists()) return FailureBy(kAlreadyExists, to.path);
-    return CopyFolder(*source, target, from.path, to.path, false, observer);
-}
-
-Result<void> LinuxFileSystem::CopyFolder(const Resolved& source, const Resolved& target,
-                                         std::string_view from, std::string_view to, bool overwrite,
-                                         const CopyObserver& observer) {
-    TX_TRY_ASSIGN(UniqueFd nearest, OpenNearest(target, to));
-    if (IsWithin(nearest.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
-    if (target.Exists() && !IsFolder(target)) {
+    if (!target.Exists()) {
+        TX_TRY_ASSIGN(const auto prepared, PrepareFolder(from, to, observer));
+        return NameWhole(*prepared);
+    }
+    if (!S_ISDIR(target.st->stx_mode)) {
         return FailureBy(overwrite ? kPathFileAccess : kAlreadyExists, to);
     }
-    auto opened = OpenItself(source);
-    if (!opened && opened.error() == ESTALE) return FailureBy(kChangedSinceSearch, from);
-    TX_TRY_ASSIGN(UniqueFd in, Named(std::move(opened), from));
-    UniqueFd out = std::move(nearest);
-    if (!target.Exists()) {
-        TX_TRY_ASSIGN(out, MakeTarget(out.Get(), target, to));
-    }
-    NoteMade(target);
+    TX_TRY_ASSIGN(UniqueFd out, Named(OpenItself(target), to));
+    if (IsWithin(out.Get(), *source.st)) return IntoItselfFailure(from, to);
+    TX_TRY_ASSIGN(UniqueFd in, Named(OpenItself(source), from));
+    NoteChanged();
     store_.Forget(target.native);
     CopyRun run(observer, roads_, overwrite);
     run.ahead = Ahead();
@@ -123,7 +76,11 @@ Result<void> LinuxFileSystem::CopyFolder(const Resolved& source, const Resolved&
         if (again) run.SetTotal(SizeOfTree(std::move(*again), *source.drives));
     }
     FolderCopier copier(run, *source.drives, from, to);
-    return copier.Copy(std::move(in), std::move(out), !target.Exists());
+    TX_TRY(copier.Copy(std::move(in), std::move(out), false));
+    if (std::string skipped = copier.Skipped(); !skipped.empty()) {
+        return Failure(kPathFileAccess, std::move(skipped));
+    }
+    return {};
 }
 
 void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {

@@ -6,6 +6,7 @@
 #include "text/case.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -34,6 +35,15 @@ Sys<void> RenameOver(At from, At to) {
     return {};
 }
 
+// By its true path, since that is how mounts are known.
+bool HoldsMount(const Resolved& folder) {
+    struct Free {
+        void operator()(char* text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> real(::realpath(folder.native.c_str(), nullptr));
+    return real != nullptr && folder.drives->HoldsMount(real.get());
+}
+
 void RemoveIfPresent(const Resolved& place) {
     const auto location = Locate(place.native);
     if (!location) return;
@@ -55,8 +65,7 @@ Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
-    auto renamed =
-        isOneName ? RenameOver(from, to) : RenameWithoutReplacing(from, to, isFolder, roads_);
+    auto renamed = isOneName ? RenameOver(from, to) : RenameReadOnly(from, to, isFolder, roads_);
     if (!renamed) {
         // Others were faster than what is known of the folder.
         if (renamed.error() == EEXIST) store_.Forget(target.Folder());
@@ -136,11 +145,12 @@ Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved&
     if (source.IsRoot()) return FailureBy(kPermissionDenied, from);
     if (target.IsRoot()) return FailureOf(EEXIST, to);
     TX_TRY_ASSIGN(const UniqueFd outer, OpenFolderOf(target, to));
-    if (IsWithin(outer.Get(), *source.st)) return FailureBy(kPathFileAccess, to);
+    if (IsWithin(outer.Get(), *source.st)) return IntoItselfFailure(from, to);
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(source, target);
     if (renamed) return CheckMoved(source, target, from, to);
-    if (renamed.error() == EINVAL) return FailureBy(kPathFileAccess, to);
+    if (renamed.error() == EINVAL) return IntoItselfFailure(from, to);
+    if (renamed.error() == EXDEV && HoldsMount(source)) return HoldsMountFailure(from);
     if (renamed.error() == ENOTEMPTY) return FailureOf(EEXIST, to);
     if (renamed.error() == ENOENT) return FailureBy(kPathNotFound, to);
     return FailureOf(renamed.error(), to);

@@ -31,6 +31,11 @@ class LinuxFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(std::string_view from, std::string_view to,
+                                                     const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
@@ -40,8 +45,10 @@ class LinuxFileSystem : public FileSystem {
     Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                             const CopyObserver& observer) override;
     Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
-    Result<void> CopyFolderTo(const Look& from, const FreePlace& to,
-                              const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFileOf(const Look& from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolderOf(const Look& from, std::string_view to,
+                                                         const CopyObserver& observer) override;
     Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes) override;
     Result<void> DeleteFileOf(const Look& object, bool force) override;
     Result<void> RemoveFolderOf(const Look& object) override;
@@ -70,6 +77,8 @@ class LinuxFileSystem : public FileSystem {
     Result<SeenPlace> Seen(const SeenObject& seen);
     // To be told when an object was taken away by another road.
     void NoteGone(const Resolved& place);
+    // To be told when it was put back there.
+    void NoteBack(const Resolved& place) { NoteMade(place); }
     // What its store of folders had to do so far.
     StoreCounts Counts() const { return store_.Counts(); }
 
@@ -86,6 +95,9 @@ class LinuxFileSystem : public FileSystem {
     Result<std::shared_ptr<const Resolved>> FolderOf(const Look& look); // 76 for a file
     Result<std::shared_ptr<const Resolved>> TargetOf(const FreePlace& place) const;
 
+    // A copy without its name, and the place where it will get one.
+    class Prepared;
+
     Result<Resolved> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
     Result<Resolved> FileForBytes(std::string_view path, bool toWrite);
@@ -97,8 +109,12 @@ class LinuxFileSystem : public FileSystem {
                       std::string_view to, const CopyObserver& observer);
     Result<void> MoveFolder(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to);
-    Result<void> CopyFolder(const Resolved& source, const Resolved& target, std::string_view from,
-                            std::string_view to, bool overwrite, const CopyObserver& observer);
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(const Resolved& source, std::string_view from,
+                                                     std::string_view to,
+                                                     const CopyObserver& observer);
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(const Resolved& source,
+                                                       std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer);
     Result<void> SetAttributes(const Resolved& place, std::string_view path,
                                std::uint32_t attributes);
     Result<void> DeleteFile(const Resolved& place, std::string_view path, bool force);

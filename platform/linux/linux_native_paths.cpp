@@ -83,4 +83,8 @@ std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
     return out.empty() ? "/" : out;
 }
 
+std::string LinuxNativePaths::NamePart(std::string_view typed) const {
+    return CarryReserved(typed);
+}
+
 } // namespace tarvix::platform

@@ -13,6 +13,7 @@ class LinuxNativePaths : public NativePaths {
     bool IsNative(std::string_view text) const override;
     std::string ToDrive(std::string_view text) const override;
     std::string ToNative(std::string_view drivePath) const override;
+    std::string NamePart(std::string_view typed) const override;
 
   private:
     Mounts& mounts_;

@@ -41,7 +41,12 @@ class LinuxPlatform {
     }
 
   private:
-    static constexpr Traits kTraits{.keepsEveryDate = true, .hasNativePaths = true};
+    static constexpr Traits kTraits{.keepsEveryDate = true,
+                                    .hasNativePaths = true,
+                                    .takesLongPaths = true,
+                                    .passesDeepFolders = true,
+                                    .keepsFinalDots = true,
+                                    .takesRoots = true};
 
     LinuxPlatform(LinuxOptions options, const EnvironmentSource& source);
 

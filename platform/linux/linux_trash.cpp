@@ -45,7 +45,7 @@ std::string TopOf(std::string folder, std::uint64_t device) {
 // since an open folder keeps a drive from being taken out.
 class TrashRun {
   public:
-    Sys<void> Recycle(const Resolved& place) {
+    Sys<TrashFolder::Taken> Recycle(const Resolved& place) {
         auto taken = Take(place);
         if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
         const auto location = LocationOf(place);
@@ -55,7 +55,7 @@ class TrashRun {
     }
 
   private:
-    Sys<void> Take(const Resolved& place);
+    Sys<TrashFolder::Taken> Take(const Resolved& place);
     Sys<TrashFolder*> TrashFor(const Resolved& place, const std::string& folder);
 
     std::map<std::uint64_t, TrashFolder> trashes_; // by device
@@ -64,7 +64,7 @@ class TrashRun {
     std::string trueFolder_;
 };
 
-Sys<void> TrashRun::Take(const Resolved& place) {
+Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
     const bool isKnown = folder_ == place.Folder() && around_ == place.around;
     if (!isKnown) {
         TX_TRY_ASSIGN(trueFolder_, TrueFolder(place));
@@ -75,6 +75,10 @@ Sys<void> TrashRun::Take(const Resolved& place) {
     TX_TRY_ASSIGN(const Location location, LocationOf(place));
     const std::string path =
         (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
+    // It would go along, still in use.
+    if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
+        return std::unexpected(EBUSY);
+    }
     const bool mustBeSame = place.around && place.drives->KeepsNumbersAt(DeviceOf(*place.st));
     return trash->Take(location, path, *place.st, mustBeSame);
 }
@@ -98,6 +102,8 @@ std::unexpected<PlatformError> TrashFailure(int error, const SeenObject& object)
     case ENOTSUP:
     case EXDEV:
         return Failure(kPathFileAccess, "There is no trash for " + ForDisplay(path) + ".");
+    case EBUSY:
+        return HoldsMountFailure(path);
     case EINVAL: // the trash lies in it
         return FailureBy(kPermissionDenied, path);
     default:
@@ -115,10 +121,23 @@ Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
         TX_TRY_ASSIGN(const auto seen, files_.Seen(object));
         const Resolved& place = seen.place;
         if (place.IsRoot()) return FailureBy(kPermissionDenied, object.path);
-        const auto taken = run.Recycle(place);
+        auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), object);
         files_.NoteGone(place);
+        path_ = object.path;
+        place_ = place;
+        place_->around.reset(); // an open folder keeps a drive from being taken out
+        taken_ = std::move(*taken);
     }
+    return {};
+}
+
+Result<void> LinuxTrash::PutBack(std::string_view path) {
+    if (!place_ || path_ != path) return FailureBy(kFileNotFound, path);
+    const Resolved place = *std::exchange(place_, std::nullopt);
+    TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), path));
+    TX_TRY(Named(TrashFolder::GiveBack(taken_, location), path));
+    files_.NoteBack(place);
     return {};
 }
 

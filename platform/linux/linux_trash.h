@@ -1,7 +1,11 @@
 #pragma once
 
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/trash_folder.h"
 #include "platform/trash.h"
+
+#include <optional>
+#include <string>
 
 namespace tarvix::platform {
 
@@ -13,9 +17,14 @@ class LinuxTrash : public Trash {
     explicit LinuxTrash(LinuxFileSystem& files) : files_(files) {}
     Result<void> RecycleSeen(std::span<const SeenObject> objects,
                              const TrashObserver& observer) override;
+    Result<void> PutBack(std::string_view path) override;
 
   private:
     LinuxFileSystem& files_;
+    // What was taken last.
+    std::string path_;
+    std::optional<Resolved> place_;
+    TrashFolder::Taken taken_;
 };
 
 } // namespace tarvix::platform

@@ -1,5 +1,7 @@
 #include "platform/linux/part_file.h"
 
+#include "platform/linux/temporary.h"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -42,23 +44,46 @@ bool IsUnsupported(int error) {
            error == EMLINK;
 }
 
-Sys<void> RenameOverPlaceholder(At from, At to, bool isFolder) {
-    if (isFolder) {
-        if (const auto made = Checked(::mkdirat(to.folder, to.name, 0700)); !made) return made;
-    } else {
-        const auto made = OpenAt(to, O_WRONLY | O_CREAT | O_EXCL, 0600);
-        if (!made) return std::unexpected(made.error());
+// While it lives the owner may write to an object that is read-only otherwise.
+class MadeWritable {
+  public:
+    explicit MadeWritable(At at) {
+        auto fd = OpenAt(at, O_PATH | O_NOFOLLOW);
+        const auto st = fd ? StatOf(fd->Get()) : std::unexpected(fd.error());
+        if (!st || S_ISLNK(st->stx_mode) || (st->stx_mode & S_IWUSR) != 0) return;
+        fd_ = std::move(*fd);
+        mode_ = st->stx_mode & 07777u;
+        if (!Set(mode_ | S_IWUSR)) fd_.Reset();
     }
-    const auto renamed = Rename(from, to);
-    if (!renamed) ::unlinkat(to.folder, to.name, isFolder ? AT_REMOVEDIR : 0);
-    return renamed;
+    ~MadeWritable() {
+        if (fd_) (void)Set(mode_);
+    }
+    MadeWritable(const MadeWritable&) = delete;
+    MadeWritable& operator=(const MadeWritable&) = delete;
+    explicit operator bool() const { return static_cast<bool>(fd_); }
+
+  private:
+    // The object itself, whatever its name is by then.
+    bool Set(unsigned mode) const {
+        const std::string path = "/proc/self/fd/" + std::to_string(fd_.Get());
+        return ::chmod(path.c_str(), mode) == 0;
+    }
+
+    UniqueFd fd_;
+    unsigned mode_ = 0;
+};
+
+// For disks that know neither a rename that never replaces nor hard links: some drives of phones
+// and cameras, some shares. A placeholder under the new name would keep others out, but a run that
+// is killed behind it would leave an empty file where people look for a whole one. So the name is
+// looked for just before. A plain rename puts a folder over nothing but an empty folder.
+Sys<void> RenameIfFree(At from, At to) {
+    const auto standing = StatOf(to);
+    if (standing) return std::unexpected(EEXIST);
+    if (standing.error() != ENOENT) return std::unexpected(standing.error());
+    return Rename(from, to);
 }
 } // namespace
-
-std::string TemporaryName() {
-    static std::atomic<unsigned> counter{0};
-    return ".tarvix-" + std::to_string(::getpid()) + "-" + std::to_string(++counter) + ".part";
-}
 
 Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads& roads) {
     if (roads.renameNoReplace) {
@@ -75,7 +100,14 @@ Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads&
         }
         if (!IsUnsupported(linked.error())) return linked;
     }
-    return RenameOverPlaceholder(from, to, isFolder);
+    return RenameIfFree(from, to);
+}
+
+Sys<void> RenameReadOnly(At from, At to, bool isFolder, const CopyRoads& roads) {
+    const auto renamed = RenameWithoutReplacing(from, to, isFolder, roads);
+    if (renamed || (renamed.error() != EACCES && renamed.error() != EPERM)) return renamed;
+    const MadeWritable writable(from);
+    return writable ? RenameWithoutReplacing(from, to, isFolder, roads) : renamed;
 }
 
 Sys<PartFile> PartFile::CreateUnnamed(int folder, unsigned mode) {
@@ -96,7 +128,10 @@ Sys<PartFile> PartFile::Create(int folder, unsigned mode, const CopyRoads& roads
     for (int i = 0; i < kMostTries; ++i) {
         std::string name = TemporaryName();
         auto fd = OpenAt({folder, name.c_str()}, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
-        if (fd) return PartFile(folder, std::move(*fd), std::move(name), roads);
+        if (fd) {
+            LockTemporary(fd->Get());
+            return PartFile(folder, std::move(*fd), std::move(name), roads);
+        }
         if (fd.error() != EEXIST) return std::unexpected(fd.error());
     }
     return std::unexpected(EEXIST);
@@ -128,7 +163,8 @@ Sys<void> PartFile::Commit(At to, bool overwrite) {
         return named;
     }
     // Network file systems tell only at the close that a write failed.
-    if (::close(fd_.Release()) != 0 && errno != EINTR) return std::unexpected(errno);
+    const bool isOpen = static_cast<bool>(fd_);
+    if (isOpen && ::close(fd_.Release()) != 0 && errno != EINTR) return std::unexpected(errno);
     const At temporary{folder_, temporary_.c_str()};
     const auto named =
         overwrite ? Rename(temporary, to) : RenameWithoutReplacing(temporary, to, false, roads_);

@@ -26,7 +26,8 @@ class PartFile {
     ~PartFile();
 
     int Fd() const { return fd_.Get(); }
-    // Gives it its name and closes it. EEXIST when the name is taken and `overwrite` is false.
+    // Gives it its name and closes it. EEXIST when the name is taken and `overwrite` is false; then
+    // it can be tried again.
     Sys<void> Commit(At to, bool overwrite);
 
   private:
@@ -40,11 +41,12 @@ class PartFile {
     CopyRoads roads_;
 };
 
-// A name for something that shall not stay, new in this process.
-std::string TemporaryName();
-
 // Renames without ever replacing anything: EEXIST. Where the system can't do that in one step,
-// files are linked and unlinked, or a placeholder takes the new name first.
+// files are linked and unlinked, or the name is looked for just before.
 Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads& roads);
+// The same for an object that its own mode may keep from going, such as a read-only folder that
+// goes into another: only once that was refused its owner may write to it for so long, and then its
+// whole mode is as it was, wherever it is.
+Sys<void> RenameReadOnly(At from, At to, bool isFolder, const CopyRoads& roads);
 
 } // namespace tarvix::platform

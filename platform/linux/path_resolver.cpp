@@ -283,6 +283,18 @@ bool LeadsToFolder(const Resolved& place) {
     return behind && S_ISDIR(behind->stx_mode);
 }
 
+Sys<UniqueFd> OpenItself(const Resolved& place) {
+    constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
+    if (place.around) {
+        TX_TRY_ASSIGN(UniqueFd fd, OpenAt({place.around->Get(), place.NameText()}, kFlags));
+        TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
+        if (!IsSameObject(st, *place.st)) return std::unexpected(EREMCHG);
+        return fd;
+    }
+    TX_TRY_ASSIGN(const Location location, Locate(place.native));
+    return OpenAt(location, kFlags);
+}
+
 Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path) {
     const std::string folder(place.Folder());
     const auto location = Locate(folder);

@@ -89,6 +89,9 @@ Sys<Location> LocationOf(const Resolved& place, FolderStore& store);
 // Whether an object is a folder, or a link that leads to one.
 bool LeadsToFolder(const Resolved& place);
 
+// The folder at a place, open to be read.
+Sys<UniqueFd> OpenItself(const Resolved& place);
+
 // The folder around a place, open to reach what is in it: 76.
 Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path);
 

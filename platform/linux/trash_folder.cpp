@@ -100,9 +100,15 @@ std::string NameForTry(std::string_view name, unsigned number) {
     out += stem.substr(end);
     return out;
 }
+
+// A relative place is none.
+std::string DataHome() {
+    const std::string data = g_get_user_data_dir();
+    return data.starts_with('/') ? data : std::string(g_get_home_dir()) + "/.local/share";
+}
 } // namespace
 
-Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
+Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string path, std::string top) {
     if (!folder) return std::unexpected(folder.error());
     const auto st = StatOf(folder->Get());
     if (!st) return std::unexpected(st.error());
@@ -112,6 +118,7 @@ Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
     auto files = OpenOrMake({folder->Get(), "files"});
     if (!files) return std::unexpected(files.error());
     TrashFolder trash;
+    trash.path_ = std::move(path);
     trash.top_ = std::move(top);
     trash.info_ = std::move(*info);
     trash.files_ = std::move(*files);
@@ -119,10 +126,12 @@ Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string top) {
 }
 
 Sys<TrashFolder> TrashFolder::OfHome() {
-    const std::string data = g_get_user_data_dir();
+    const std::string data = DataHome();
     if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
     // The user may have put a link in its place.
-    return Open(OpenOrMake({AT_FDCWD, (data + "/Trash").c_str()}, O_RDONLY | O_DIRECTORY), {});
+    std::string path = data + "/Trash";
+    auto folder = OpenOrMake({AT_FDCWD, path.c_str()}, O_RDONLY | O_DIRECTORY);
+    return Open(std::move(folder), std::move(path), {});
 }
 
 Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
@@ -130,28 +139,43 @@ Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
     const std::string user = std::to_string(::getuid());
     const std::string base = top == "/" ? top : top + "/";
     if (const auto shared = OpenShared(base + ".Trash")) {
-        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base);
+        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base + ".Trash/" + user, base);
         if (trash) return trash;
     }
-    auto trash = Open(OpenOrMake({AT_FDCWD, (base + ".Trash-" + user).c_str()}), base);
+    const std::string own = base + ".Trash-" + user;
+    auto trash = Open(OpenOrMake({AT_FDCWD, own.c_str()}), own, base);
     if (trash || trash.error() == EROFS || trash.error() == ENOSPC) return trash;
     return std::unexpected(ENOTSUP);
 }
 
-Sys<void> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
-                            bool mustBeSame) {
+Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
+                                          bool mustBeSame) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
         "[Trash Info]\nPath=" + Percented(told) + "\nDeletionDate=" + LocalTime() + "\n";
     for (unsigned number = 1; number < kMostTries; ++number) {
-        auto taken = TakeAs(NameForTry(name, number), {object, st, mustBeSame}, info);
-        if (taken || taken.error() != EEXIST) return taken;
+        const std::string there = NameForTry(name, number);
+        const auto taken = TakeAs(there, {object, st, mustBeSame}, info);
+        if (taken) {
+            return Taken{path_ + "/files/" + there,
+                         path_ + "/info/" + there + std::string(kInfoEnd)};
+        }
+        if (taken.error() != EEXIST) return std::unexpected(taken.error());
     }
     return std::unexpected(EEXIST);
 }
 
-Sys<void> TrashFolder::TakeAs(const std::string& name, const Taken& taken,
+Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
+    const auto st = StatOfPath(taken.object);
+    if (!st) return std::unexpected(st.error());
+    const auto back =
+        RenameReadOnly({AT_FDCWD, taken.object.c_str()}, place, S_ISDIR(st->stx_mode), {});
+    if (back) ::unlinkat(AT_FDCWD, taken.info.c_str(), 0);
+    return back;
+}
+
+Sys<void> TrashFolder::TakeAs(const std::string& name, const Wanted& wanted,
                               const std::string& info) {
     const std::string infoName = name + std::string(kInfoEnd);
     const auto fd =
@@ -159,21 +183,21 @@ Sys<void> TrashFolder::TakeAs(const std::string& name, const Taken& taken,
     if (!fd) return std::unexpected(fd.error());
     auto done = WriteAll(fd->Get(), info);
     if (done) {
-        done = RenameWithoutReplacing(taken.object, {files_.Get(), name.c_str()},
-                                      S_ISDIR(taken.st.stx_mode), {});
-        if (done) return CheckTaken(name, taken);
+        done = RenameReadOnly(wanted.object, {files_.Get(), name.c_str()},
+                              S_ISDIR(wanted.st.stx_mode), {});
+        if (done) return CheckTaken(name, wanted);
     }
     ::unlinkat(info_.Get(), infoName.c_str(), 0);
     return done;
 }
 
 // What can't go back stays in the trash with its info file, from which it can be restored.
-Sys<void> TrashFolder::CheckTaken(const std::string& name, const Taken& taken) {
-    if (!taken.mustBeSame) return {};
+Sys<void> TrashFolder::CheckTaken(const std::string& name, const Wanted& wanted) {
+    if (!wanted.mustBeSame) return {};
     const At there{files_.Get(), name.c_str()};
     const auto st = StatOf(there);
-    if (!st || IsSameObject(*st, taken.st)) return {};
-    if (RenameWithoutReplacing(there, taken.object, S_ISDIR(st->stx_mode), {})) {
+    if (!st || IsSameObject(*st, wanted.st)) return {};
+    if (RenameWithoutReplacing(there, wanted.object, S_ISDIR(st->stx_mode), {})) {
         ::unlinkat(info_.Get(), (name + std::string(kInfoEnd)).c_str(), 0);
     }
     return std::unexpected(EREMCHG);

@@ -25,6 +25,11 @@ class RehearsalTrash : public Trash {
         return {};
     }
 
+    // What was made whole before gets its name here, so that nothing ever comes back.
+    Result<void> PutBack(std::string_view path) override {
+        return TreeFailure(kFileNotFound, path);
+    }
+
   private:
     RehearsalFileSystem& files_;
 };

@@ -2,6 +2,8 @@
 #include "platform/try.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::platform {
@@ -9,6 +11,7 @@ namespace tarvix::platform {
 namespace {
 constexpr std::uint64_t kLeastStep = 4 << 20;
 constexpr std::uint64_t kMostSteps = 64; // so that a sparse terabyte is copied at once
+constexpr int kMostTries = 2;            // of a file that changes meanwhile
 } // namespace
 
 // One CopyFile or CopyFolder call.
@@ -85,6 +88,23 @@ Result<void> TreeFileSystem::CheckCopy(const CopyRun& run, const TreeNode& sourc
     return CheckRoom(*place.folder, source.size);
 }
 
+// A copy in no folder. The observer may have changed the source: then it is made once more.
+Result<std::shared_ptr<TreeNode>> TreeFileSystem::CopyUnchanged(CopyRun& run, TreeNode& source,
+                                                                std::string_view from) {
+    const std::uint64_t before = run.done;
+    for (int i = 0; i < kMostTries; ++i) {
+        run.done = before;
+        auto copy = Duplicate(source);
+        if (!run.Pass(from, source.IsLink() ? 0 : source.size)) {
+            return TreeFailure(kInterrupted, from);
+        }
+        const bool isSame = copy->modified == source.modified && copy->size == source.size &&
+                            copy->content == source.content;
+        if (isSame) return copy;
+    }
+    return TreeFailure(kPathFileAccess, from);
+}
+
 Result<void> TreeFileSystem::CopyObject(CopyRun& run, TreeNode& source, std::string_view from,
                                         const Aim& aim) {
     const auto kept = source.shared_from_this();
@@ -92,10 +112,7 @@ Result<void> TreeFileSystem::CopyObject(CopyRun& run, TreeNode& source, std::str
     if ((source.attributes & kSpecial) != 0) return TreeFailure(kPathFileAccess, from);
     TX_TRY_ASSIGN(Place place, FindTarget(aim, source));
     TX_TRY(CheckCopy(run, source, place, from, aim.path));
-    auto copy = Duplicate(source);
-    if (!run.Pass(from, source.IsLink() ? 0 : source.size)) {
-        return TreeFailure(kInterrupted, from);
-    }
+    TX_TRY_ASSIGN(auto copy, CopyUnchanged(run, source, from));
     if (run.observer) { // who may have changed what stands there
         TX_TRY_ASSIGN(place, FindTarget(aim, source));
         TX_TRY(CheckReplace(place, source, run.overwrite, aim.path));
@@ -121,6 +138,90 @@ Result<void> TreeFileSystem::CopyFile(std::string_view from, std::string_view to
     return {};
 }
 
+// ---- copies without a name ----
+
+// A file stands in no folder meanwhile, a folder under a hidden name.
+class TreeFileSystem::Unnamed : public UnnamedCopy {
+  public:
+    Unnamed(TreeFileSystem& files, std::string_view from, std::string_view to)
+        : files_(files), from_(from), to_(to) {}
+    ~Unnamed() override {
+        if (node_ != nullptr && node_->parent != nullptr) files_.Detach(*node_);
+    }
+    Unnamed(const Unnamed&) = delete;
+    Unnamed& operator=(const Unnamed&) = delete;
+
+    void Hold(std::shared_ptr<TreeNode> node) { node_ = std::move(node); }
+    void SetMissing(std::string missing) { missing_ = std::move(missing); }
+    std::string Missing() const override { return missing_; }
+
+    Result<void> Name() override {
+        TX_TRY_ASSIGN(const Place place, files_.Walk(to_));
+        if (place.node != nullptr) return TreeFailure(kAlreadyExists, to_);
+        if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, to_);
+        const auto change = node_->IsFolder() ? TreeChange::kCopyFolder : TreeChange::kCopyFile;
+        if (node_->parent != nullptr) files_.Detach(*node_);
+        files_.Attach(place, std::move(node_), place.name);
+        files_.NoteChange(change, from_, to_);
+        return {};
+    }
+
+  private:
+    TreeFileSystem& files_;
+    std::string from_;
+    std::string to_;
+    std::string missing_;
+    std::shared_ptr<TreeNode> node_; // none once it has its name
+};
+
+Result<std::unique_ptr<UnnamedCopy>> TreeFileSystem::PrepareFile(std::string_view from,
+                                                                 std::string_view to,
+                                                                 const CopyObserver& observer) {
+    BeginChange();
+    TX_TRY_ASSIGN(const Place source, NeedFile(from));
+    const auto kept = source.node->shared_from_this();
+    TX_TRY(Fetch(*kept));
+    if ((kept->attributes & kSpecial) != 0) return TreeFailure(kPathFileAccess, from);
+    TX_TRY_ASSIGN(const Place place, Walk(to));
+    if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, to);
+    TX_TRY(CheckReadable(*kept, from));
+    TX_TRY(CheckRoom(place.folder != nullptr ? *place.folder : *place.node, kept->size));
+    CopyRun run{observer, false, kept->IsLink() ? 0 : kept->size};
+    TX_TRY_ASSIGN(auto node, CopyUnchanged(run, *kept, from));
+    auto copy = std::make_unique<Unnamed>(*this, from, to);
+    copy->Hold(std::move(node));
+    return copy;
+}
+
+Result<std::unique_ptr<UnnamedCopy>> TreeFileSystem::PrepareFolder(std::string_view from,
+                                                                   std::string_view to,
+                                                                   const CopyObserver& observer) {
+    BeginChange();
+    TX_TRY_ASSIGN(const Place source, NeedFolder(from));
+    if (source.node->IsLink()) return PrepareFile(from, to, observer);
+    TX_TRY_ASSIGN(const Place target, Walk(to));
+    const bool isInto = target.folder == nullptr || target.folder->IsWithin(*source.node);
+    if (isInto) return TreeFailure(kPathFileAccess, to);
+    const auto kept = source.node->shared_from_this();
+    CopyRun run{observer, false, observer ? SizeOfTree(*kept) : 0};
+    auto copy = std::make_unique<Unnamed>(*this, from, to);
+    const std::string hidden = fmt::format(".tarvix-{}.part", ++unnamed_);
+    Place aside = target;
+    aside.node = nullptr;
+    aside.name = hidden;
+    TX_TRY(CheckSubfolder(run, *kept, aside, from, to));
+    TX_TRY_ASSIGN(auto made, MadeLike(*kept));
+    Attach(aside, made, hidden);
+    copy->Hold(made);
+    TX_TRY(CopyContent(run, *kept, *made, std::string(from), std::string(to)));
+    if (run.hasSkipped) {
+        copy->SetMissing(fmt::format("Special files or other drives in {} can't be copied; all "
+                                     "else was.",
+                                     from));
+    }
+    return copy;
+}
+
 // ---- folders ----
 
 // What can't be told counts nothing.
@@ -140,8 +241,11 @@ Result<void> TreeFileSystem::CopyFolder(std::string_view from, std::string_view 
     TX_TRY_ASSIGN(const Place source, NeedFolder(from));
     if (source.node->IsLink()) return CopyFile(from, to, overwrite, observer);
     TX_TRY_ASSIGN(const Place target, Walk(to));
-    const TreeNode& inside = target.node != nullptr ? *target.node : *target.folder;
-    if (inside.IsWithin(*source.node)) return TreeFailure(kPathFileAccess, to);
+    if (target.node == nullptr) {
+        TX_TRY_ASSIGN(const auto prepared, PrepareFolder(from, to, observer));
+        return NameWhole(*prepared);
+    }
+    if (target.node->IsWithin(*source.node)) return TreeFailure(kPathFileAccess, to);
     const auto kept = source.node->shared_from_this();
     CopyRun run{observer, overwrite, observer ? SizeOfTree(*kept) : 0};
     TX_TRY(CheckSubfolder(run, *kept, target, from, to));
@@ -166,14 +270,20 @@ Result<void> TreeFileSystem::CopySubfolder(CopyRun& run, TreeNode& source, const
                                            const std::string& from, const std::string& path) {
     TX_TRY(CheckSubfolder(run, source, to, from, path));
     if (to.node != nullptr) return CopyContent(run, source, *to.node, from, path);
+    TX_TRY_ASSIGN(const auto made, MadeLike(source));
+    Attach(to, made, to.name);
+    return CopyContent(run, source, *made, from, path);
+}
+
+// An empty folder with all else of the source.
+Result<std::shared_ptr<TreeNode>> TreeFileSystem::MadeLike(TreeNode& source) {
     TX_TRY(Fetch(source));
-    const auto made = Made(TreeKind::kFolder);
+    auto made = Made(TreeKind::kFolder);
     made->attributes = source.attributes;
     made->modified = source.modified;
     made->accessed = source.accessed;
     CopyRest(source, *made);
-    Attach(to, made, to.name);
-    return CopyContent(run, source, *made, from, path);
+    return made;
 }
 
 Result<void> TreeFileSystem::CopyContent(CopyRun& run, TreeNode& source, TreeNode& target,

@@ -50,6 +50,10 @@ class TreeFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(std::string_view from, std::string_view to,
+                                                     const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -137,6 +141,7 @@ class TreeFileSystem : public FileSystem {
   private:
     struct CopyRun;
     struct Aim;
+    class Unnamed;
 
     Result<Place> WalkAll(std::string_view path, std::vector<const TreeNode*>* way);
     // Whether a place was reached from the search location by exact names and no link.
@@ -154,6 +159,8 @@ class TreeFileSystem : public FileSystem {
     Result<void> CopyFileOnly(std::string_view from, std::string_view to, bool overwrite,
                               const CopyObserver& observer);
     Result<void> CopyObject(CopyRun& run, TreeNode& source, std::string_view from, const Aim& aim);
+    Result<std::shared_ptr<TreeNode>> CopyUnchanged(CopyRun& run, TreeNode& source,
+                                                    std::string_view from);
     Result<void> CheckCopy(const CopyRun& run, const TreeNode& source, const Place& place,
                            std::string_view from, std::string_view to);
     Result<void> CheckSubfolder(const CopyRun& run, TreeNode& source, const Place& to,
@@ -164,11 +171,14 @@ class TreeFileSystem : public FileSystem {
                              const std::string& from, const std::string& to);
     Result<void> CopyChild(CopyRun& run, TreeNode& source, TreeNode& target,
                            const std::string& from, const std::string& to);
+    Result<std::shared_ptr<TreeNode>> MadeLike(TreeNode& source);
     std::uint64_t SizeOfTree(TreeNode& node);
     Result<void> CheckFree(const Place& from, const Place& to, std::string_view toPath) const;
     Result<void> Rename(const Place& from, const Place& to, std::string_view toPath);
     Result<void> MoveAcross(const Place& source, std::string_view from, std::string_view to,
                             const CopyObserver& observer);
+
+    unsigned unnamed_ = 0; // folders that were made under a hidden name
 };
 
 } // namespace tarvix::platform

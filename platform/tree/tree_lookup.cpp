@@ -51,7 +51,8 @@ class TreeOpenFolder : public OpenFolder {
 } // namespace
 
 std::unexpected<PlatformError> TreeFailure(int number, std::string_view path) {
-    return Failure(number, fmt::format("{}: {}.", ForDisplay(path), ErrorText(number)));
+    return std::unexpected(PlatformError{
+        number, fmt::format("{}: {}.", ForDisplay(path), ErrorText(number)), std::string(path)});
 }
 
 // ---- walking ----

@@ -24,7 +24,7 @@ std::string PathOf(session::Session& session, std::string_view name) {
 
 void OpenText(session::Session& session, std::string_view name) {
     const auto opened = session.platform.launcher.OpenDocument(PathOf(session, name));
-    if (!opened) session.frmSearch.lblStatus.Caption = opened.error().description;
+    if (!opened) session.frmSearch.lblStatus.Caption = session.Shown(opened.error());
 }
 
 } // namespace

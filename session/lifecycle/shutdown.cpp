@@ -42,7 +42,7 @@ bool TakesFiles(Session& session) {
         session, session::PromptId::kDataFolderUnwritable,
         fmt::format("The data folder can't be written: {}\r\n\r\n{}\r\n\r\nThe options and "
                     "histories of this run are not saved. The files there stay as they were.",
-                    folder, written.error().description));
+                    session.Shown(folder), session.Shown(written.error())));
     return false;
 }
 

@@ -57,6 +57,17 @@ void ReadOptions(Session& session) {
     session.errorLog.Open(session);
 }
 
+// The attributes that have but a number, in words.
+void NameAttributes(fields::FrmSearch& form) {
+    form.chkReadOnly.Caption = "Read only";
+    form.chkAlias.Caption = "Link";
+    form.chkCompressed.Caption = "Compressed";
+    form.chk256.Caption = "Temporary (256)";
+    form.chk512.Caption = "Sparse (512)";
+    form.chk64.Caption = "Special (64)";
+    form.chk128.Caption = "Plain (128)";
+}
+
 void SetVisibleDefaults(Session& session) {
     auto& form = session.frmSearch;
     form.Caption =
@@ -67,6 +78,7 @@ void SetVisibleDefaults(Session& session) {
     form.lblCurrentFolder.ForeColor = fields::kBlue;
     form.lblSearchFor.ForeColor = fields::kRed;
     Raise(session, kPaintAttributeBoxes);
+    if (session.platform.traits.hasNativePaths) NameAttributes(form);
 }
 
 void FillCriteria(Session& session) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -92,8 +93,10 @@ constexpr std::array<std::string_view, 9> kPlaceLineRoutines{
     "RenameFromHTMLSearch",       "RenameFromSelfSearch", "RenameFromTextFile"};
 
 struct Question {
-    std::string_view oldText;
-    std::string_view newPath;
+    std::string oldText; // as they are shown
+    std::string newPath;
+    std::size_t oldLength; // characters of what is counted
+    std::size_t newLength;
     std::string_view routine;
     bool creatingFile;
 };
@@ -106,15 +109,14 @@ std::string MessageOf(Message message, const Question& question) {
             "\r\n\r\nRoutine - {} is attempting to search with this: \r\n\r\n{}\r\n\r\nIt contains "
             "{} characters. That search string may be to long to used in this situation. What "
             "would you like to do?",
-            question.routine, question.oldText, text::Length(question.oldText));
+            question.routine, question.oldText, question.oldLength);
     }
     if (message == Message::kPlace) {
         return fmt::format(
             "Routine - {} is attempting to copy\\move\\rename this object: \r\n\r\n{}"
             "\r\n\r\nto: \r\n\r\n{}\r\n\r\nThe new location\\name is {} characters "
             "in length. \r\n\r\n{}",
-            question.routine, question.oldText, question.newPath, text::Length(question.newPath),
-            kShort);
+            question.routine, question.oldText, question.newPath, question.newLength, kShort);
     }
     return fmt::format("\r\n\r\nThe file: {}\r\n\r\n{} The path is {} characters in length. "
                        "\r\n\r\n{}",
@@ -122,7 +124,7 @@ std::string MessageOf(Message message, const Question& question) {
                        message == Message::kCreate
                            ? "was about to be created."
                            : "was about to be added as a possible duplicate to the playlist.",
-                       text::Length(question.newPath), kShort);
+                       question.newLength, kShort);
 }
 
 void SetUp(fields::FrmAsk259& form, const Question& question) {
@@ -151,11 +153,11 @@ int KindOf(int choice) {
     }
 }
 
-std::string SearchLine(const SearchLines& lines, int kind, std::string_view oldText) {
+std::string SearchLine(const SearchLines& lines, int kind, const Question& question) {
     const std::array texts{lines.continued, lines.skipped, lines.cancelled};
     return fmt::format("{}\r\n{}\r\n{} it contains {} characters. ",
-                       texts[static_cast<std::size_t>(kind)], oldText,
-                       kind == 0 ? "Even though" : "Since", text::Length(oldText));
+                       texts[static_cast<std::size_t>(kind)], question.oldText,
+                       kind == 0 ? "Even though" : "Since", question.oldLength);
 }
 
 std::string FileLine(int kind, std::string_view newPath) {
@@ -181,7 +183,7 @@ void LogDecision(Session& session, const Question& question) {
     if (kind < 0) return;
     const auto lines = std::ranges::find(kSearchLines, question.routine, &SearchLines::routine);
     if (lines != kSearchLines.end()) {
-        LogTimed(session, SearchLine(*lines, kind, question.oldText));
+        LogTimed(session, SearchLine(*lines, kind, question));
     } else if (question.routine == "CopyToTextFile") {
         LogTimed(session, FileLine(kind, question.newPath));
     } else if (std::ranges::count(kPlaceLineRoutines, question.routine) > 0) {
@@ -189,12 +191,25 @@ void LogDecision(Session& session, const Question& question) {
     }
 }
 
-// A search is never asked about: it ends.
+// One sentence a search, however many folders it passes over.
+void PassDeepFolder(Session& session, const Question& question, std::string_view told) {
+    LogTimed(session, text::Concat({" ", told}));
+    if (std::exchange(session.state.blnDeepFolderTold, true)) return;
+    TellUnlessAuto(
+        session, PromptId::kSearchTooLong,
+        fmt::format("A folder is too deep to be searched and was left out: "
+                    "\r\n\r\n{}\r\n\r\nIts path and what is looked for have {} characters, "
+                    "and LongestPath allows 259. The action log names the others.",
+                    question.oldText, question.oldLength));
+}
+
+// A search is never asked about: it ends, or goes on without the folder.
 void RefuseLongSearch(Session& session, const Question& question) {
     const std::string told = fmt::format(
         "\r\n\r\nRoutine - {} is attempting to search with this: \r\n\r\n{}\r\n\r\nIt contains {} "
         "characters. That search string is to long to used.",
-        question.routine, question.oldText, text::Length(question.oldText));
+        question.routine, question.oldText, question.oldLength);
+    if (session.platform.traits.passesDeepFolders) return PassDeepFolder(session, question, told);
     TellAndLog(session, PromptId::kSearchTooLong, told);
     session.state.blnStopClicked = true;
 }
@@ -215,7 +230,12 @@ void Choose(Session& session, std::uint8_t choice) {
 void AskLongPath(Session& session, std::string_view oldText, std::string_view newPath,
                  std::string_view routine, std::string_view moduleName, bool creatingFile) {
     auto& state = session.state;
-    const Question question{oldText, newPath, routine, creatingFile};
+    const Question question{session.Shown(oldText),
+                            session.Shown(newPath),
+                            text::Length(oldText),
+                            text::Length(newPath),
+                            routine,
+                            creatingFile};
     if (moduleName != "frmDialog") return RefuseLongSearch(session, question);
     state.blnPathLimitHit = true;
     if (state.options.blnAutoMode) state.bytPathChoice = kPathSkipAll;

@@ -53,7 +53,7 @@ std::string Expanded(Session& session, std::string path) {
             LogTimed(session,
                      fmt::format(" RemoveEnvVarAndRestorePath determined {} already exists as a "
                                  "valid path. The environment variable was not converted.",
-                                 path));
+                                 session.Shown(path)));
             return path;
         }
         const std::string_view name = round == 0 ? WideName(session, variable.name) : variable.name;

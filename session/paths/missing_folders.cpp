@@ -48,8 +48,9 @@ Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFold
         session, ContextOf(folder), [&] { return session.files().CreateFolder(folder); },
         LeavesMissingParent);
     if (made) {
-        LogTimed(session, fmt::format(" Created {}", folder));
+        LogTimed(session, fmt::format(" Created {}", session.Shown(folder)));
         result.blnFolderCreated = true;
+        result.made.push_back(folder);
         result.path = folder;
     }
     return made;
@@ -60,7 +61,7 @@ void NoteError(Session& session, const std::string& folder, const platform::Plat
                MissingFolderResult& result) {
     if (error.number == platform::kPathNotFound) HandleError(session, error, ContextOf(folder));
     result.errorNumber = error.number;
-    result.errorText = error.description;
+    result.errorText = session.Shown(error);
 }
 
 // The parents of a folder that can't be made yet, then the folder itself, topmost first.
@@ -90,7 +91,7 @@ MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
                                         bool isFolderPath) {
     MissingFolderResult result;
     std::string folder = text::CleanSpacesInPath(FolderOf(path, isFolderPath), true);
-    if (text::Length(folder) > kFolderPortion) {
+    if (ExceedsLimit(session, folder, kFolderPortion)) {
         folder = GetShortPathNameReturnCodes(session, folder).path;
     }
     result.path = folder;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::session {
 
@@ -11,6 +12,7 @@ struct Session;
 struct MissingFolderResult {
     std::string path;              // the folder that stands now
     bool blnFolderCreated = false; // at least one folder was made
+    std::vector<std::string> made; // all of them, the topmost first
     bool blnFolderAlreadyThere = false;
     int errorNumber = 0; // why the chain could not be made; 0 when it stands
     std::string errorText;

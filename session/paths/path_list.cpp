@@ -13,7 +13,7 @@ namespace {
 
 std::string Unreadable(Session& session, const platform::PlatformError& error) {
     session.MsgBox(PromptId::kListUnreadable,
-                   fmt::format("The list can't be read: {}", error.description));
+                   fmt::format("The list can't be read: {}", session.Shown(error)));
     return {};
 }
 

@@ -9,7 +9,9 @@
 #include "text/paths.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace tarvix::session {
 
@@ -30,7 +32,7 @@ int StatusOf(std::string_view path, std::size_t limit) {
 }
 
 // Makes sure that the folder is there; one that is missing is made. False to leave.
-bool ProveFolder(Session& session, std::string_view folder) {
+bool ProveFolder(Session& session, std::string_view folder, std::vector<std::string>& made) {
     const ErrorContext context{.routine = "GetShortPathNameReturnCodes",
                                .moduleName = "Module1",
                                .object = folder,
@@ -39,7 +41,8 @@ bool ProveFolder(Session& session, std::string_view folder) {
                                .objectType = ObjectType::kFolder};
     const auto makesIt = [&](const platform::PlatformError& error) -> std::optional<int> {
         if (error.number != platform::kPathNotFound) return {};
-        CreateMissing247Folder(session, folder, true);
+        std::ranges::move(CreateMissing247Folder(session, folder, true).made,
+                          std::back_inserter(made));
         return kRecoveryNext;
     };
     const auto facts = Attempt(
@@ -48,11 +51,11 @@ bool ProveFolder(Session& session, std::string_view folder) {
 }
 
 // One round: the folder portion in its short form. False when there is no way to shorten.
-bool ShortenFolderPortion(Session& session, std::string& path) {
+bool ShortenFolderPortion(Session& session, std::string& path, std::vector<std::string>& made) {
     const std::size_t end = FolderPortionEnd(path);
     if (end == 0) return false;
     const std::string_view folder = std::string_view(path).substr(0, end);
-    if (!ProveFolder(session, folder)) return false;
+    if (!ProveFolder(session, folder, made)) return false;
     const auto shortForm = session.files().ShortPath(folder);
     if (!shortForm || shortForm->empty()) return false;
     path = std::string(text::StripTrailingSlash(*shortForm)) + path.substr(end);
@@ -61,22 +64,32 @@ bool ShortenFolderPortion(Session& session, std::string& path) {
 
 } // namespace
 
+bool ExceedsLimit(const Session& session, std::string_view path, std::size_t limit) {
+    // Bytes are never fewer than characters, so a short byte count settles most paths.
+    return path.size() > limit && session.state.platformSettings.longestPath != kAnyLength &&
+           text::Length(path) > limit;
+}
+
 ShortPathResult GetShortPathNameReturnCodes(Session& session, std::string_view path, bool whole,
                                             std::size_t limit) {
+    if (session.state.platformSettings.longestPath == kAnyLength) return {std::string(path), 3};
     const std::size_t length = text::Length(path);
     if (length >= kAbsoluteLimit) return {std::string(path), 0};
     if (limit < 1 || limit > kFolderPortion) limit = kFolderPortion;
     std::string current(path);
+    std::vector<std::string> made;
     for (int round = 0; round < kRounds && text::Length(current) > limit; ++round) {
-        if (!ShortenFolderPortion(session, current)) return {std::string(path), 0};
+        if (!ShortenFolderPortion(session, current, made)) {
+            return {std::string(path), 0, std::move(made)};
+        }
     }
     if (whole) {
-        if (text::Length(current) > kLongPath) return {current, 1};
+        if (text::Length(current) > kLongPath) return {current, 1, std::move(made)};
         if (auto shortForm = session.files().ShortPath(current); shortForm && !shortForm->empty()) {
             current = *shortForm;
         }
     }
-    return {current, StatusOf(current, limit)};
+    return {current, StatusOf(current, limit), std::move(made)};
 }
 
 std::string MixPath(std::string_view longPath, std::string_view shortPath, std::size_t limit) {

@@ -17,6 +17,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <memory>
 
@@ -60,7 +61,7 @@ std::string AsName(std::string_view version) {
     std::string name(text::Left(version, kMostVersion));
     std::ranges::replace_if(
         name, [](char c) { return c == '/' || c == 0; }, '_');
-    return platform::NameToDrive(name);
+    return platform::PieceToDrive(name);
 }
 
 // One reading of the file, from its version to the last line that counts.
@@ -129,7 +130,7 @@ class Reading {
         session_.MsgBox(PromptId::kOptionsBackedUp,
                         fmt::format("Since you have upgraded Tarvix or possibly editted your "
                                     "options manually, a backup named:\r\n\r\n{} was created.",
-                                    copy));
+                                    session_.Shown(copy)));
         return true;
     }
 
@@ -171,10 +172,29 @@ class Reading {
     std::bitset<kOptionKeys.size()> met_;
 };
 
+constexpr int kGrey = 2;                                           // of an attribute box
+constexpr std::array<std::size_t, 5> kFirstColumns{1, 2, 3, 4, 8}; // beside the name
+
+// What a new user finds where paths are native: subfolders are looked through, the columns that
+// most people read stand in the list, and nothing is left out for how it is stored on the disk.
+void SetUpForNative(Options& options) {
+    options.blnAllowUserSelectSubfolders = options.blnDefaultToIncludeSubfolders = true;
+    options.blnListItems.fill(false);
+    options.blnListItems.front() = kAllColumns.front();
+    for (const std::size_t column : kFirstColumns)
+        options.blnListItems[column] = true;
+    options.byt512 = options.byt128 = options.bytCompressed = kGrey;
+}
+
 void TakeNoFile(Session& session) {
     auto& options = session.state.options;
     const int latestYear = options.intLatestYear;
     options = Options{.intLatestYear = latestYear};
+    if (session.platform.traits.hasNativePaths) {
+        SetUpForNative(options);
+        for (const OptionKey& key : kOptionKeys)
+            ShowOption(session, key);
+    }
     options.strDefSearchFolder.front() = DocumentsFolder(session);
     session.frmSearch.cmbDir.Text = options.strDefSearchFolder.front();
 }

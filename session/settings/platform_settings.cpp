@@ -127,6 +127,18 @@ std::string YearText(const PlatformSettings& settings) {
                                            : std::to_string(settings.latestYear);
 }
 
+std::string LengthText(const PlatformSettings& settings) {
+    return settings.longestPath == kAnyLength ? std::string(kNative)
+                                              : std::to_string(settings.longestPath);
+}
+
+bool TakeLength(PlatformSettings& settings, std::string_view text) {
+    const bool isAny = text::EqualNoCase(text, kNative);
+    if (!isAny && !NumberFrom(text, kToldLength, kToldLength)) return false;
+    settings.longestPath = isAny ? kAnyLength : kToldLength;
+    return true;
+}
+
 bool TakeYear(PlatformSettings& settings, std::string_view text) {
     if (text::EqualNoCase(text, kAny)) {
         settings.latestYear = kAnyYear;
@@ -183,6 +195,9 @@ constexpr std::array kKeys{
         "PathForm", "Paths in windows, messages and logs: native or drive."),
     FormKey<&PlatformSettings::listsAreNative>("ListPathForm",
                                                "Paths in lists that are written: native or drive."),
+    SettingKey{"LongestPath",
+               "The longest path: native for what the disk takes, or 259 characters.", LengthText,
+               TakeLength},
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
@@ -253,6 +268,7 @@ std::vector<NamedSetting> ListSettings(const PlatformSettings& settings) {
 PlatformSettings UsualSettings(const platform::Traits& traits) {
     PlatformSettings settings;
     settings.showsNative = traits.hasNativePaths;
+    if (traits.takesLongPaths) settings.longestPath = kAnyLength;
     if (traits.keepsEveryDate) settings.latestYear = kAnyYear;
     return settings;
 }

@@ -14,6 +14,8 @@ namespace tarvix::session {
 
 constexpr std::size_t kListColumns = 27;
 constexpr int kLatestYear = 2025;
+constexpr int kToldLength = 259; // characters
+constexpr int kAnyLength = 0;
 
 // Where a window stood when it closed, in pixels of its toolkit; a width of 0 is no place.
 struct WindowPlace {
@@ -31,6 +33,7 @@ struct PlatformSettings {
     std::map<char, std::string> drives; // by letter from D to Z, absolute native folders
     bool showsNative = false;           // paths in what people read
     bool listsAreNative = true;         // paths in written lists
+    int longestPath = kToldLength;      // in characters, or kAnyLength: what the disk takes
     std::string editor;                 // a command; empty for the desktop's own
     std::string player;                 // in the place of VLC
     std::string secondPlayer;           // in the place of Winamp

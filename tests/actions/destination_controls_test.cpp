@@ -133,22 +133,28 @@ TEST_F(DestinationControls, TheBoxRefusesKeysThatNoPathHas) {
     EXPECT_TRUE(TakesKey('%', false));
 }
 
-TEST_F(DestinationControls, RefusedCharactersOfATextAreDropped) {
-    Set(Form().cmbDir, "E:\\<B>k?*|\\\"ü\"");
-    EXPECT_EQ(Form().cmbDir.Text.Get(), "E:\\Bk\\ü");
-    Click(Form().optTo[3]);
-    Set(Form().cmbDir, "E:\\<*1*>\\|2,2|\\?/");
-    EXPECT_EQ(Form().cmbDir.Text.Get(), "E:\\*1*\\|2,2|\\");
+TEST_F(DestinationControls, AWholeTextLosesNoCharacterButTheQuotesAroundIt) {
+    for (const char* text : {"E:\\<B>k?*|\\\"ü\"x", "C:\\data/x/y", "/", "~/Music",
+                             "file:///home/ann", "/home/ann/What? \"A*B\" <1>"}) {
+        Set(Form().cmbDir, text);
+        EXPECT_EQ(Form().cmbDir.Text.Get(), text);
+    }
+    Set(Form().cmbDir, "\"/home/ann\"");
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "/home/ann");
+    Set(Form().cmbDir, "\"E:\\Bk\"");
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "E:\\Bk");
+    Set(Form().cmbDir, "\"\"\"");
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "");
 }
 
-TEST_F(DestinationControls, ANativePathIsTakenAsItStands) {
+TEST_F(DestinationControls, InANativePathEveryKeyIsTaken) {
     for (const char* path :
          {"/", "/home/ann/What? \"A*B\" <1>", "~/Music", "file:///home/ann", "FILE:/"}) {
-        EXPECT_EQ(FilterEntry(path, false), path);
+        EXPECT_TRUE(TakesKey('/', false, path)) << path;
+        EXPECT_TRUE(TakesKey('|', false, path)) << path;
+        EXPECT_TRUE(TakesKey('"', true, path)) << path;
     }
-    EXPECT_EQ(FilterEntry("\"/home/ann\"", false), "/home/ann");
-    EXPECT_EQ(FilterEntry("\"E:\\Bk\"", false), "E:\\Bk");
-    EXPECT_EQ(FilterEntry("\"\"\"", false), "");
+    EXPECT_FALSE(TakesKey('/', false, "C:/"));
 }
 
 TEST_F(DestinationControls, LevelsAreDigitsOnly) {

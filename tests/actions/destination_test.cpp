@@ -72,6 +72,29 @@ TEST_F(DestinationTest, EachWayAndStructureMapsAsToldByTheTable) {
     }
 }
 
+// What is shown of a path that is too long has short names in it, which are no folders.
+TEST_F(DestinationTest, TheFoldersOfAShortenedPathAreNamedAsTheyAre) {
+    const Object object{.name = "b.mp3",
+                        .path = "C:\\MUSICA~1\\ROCKAB~1\\b.mp3",
+                        .actual = "C:\\Music all\\Rock Album\\b.mp3",
+                        .relative = "b.mp3"};
+    const auto of = [&] { return ComputeDestination(request, object, 0).path; };
+    Choose(kOneLocation, kBackup, "E:\\Bk");
+    EXPECT_EQ(of(), "E:\\Bk\\C\\Music all\\Rock Album\\b.mp3");
+    Choose(kOneLocation, kDriveMirror, "E:");
+    EXPECT_EQ(of(), "E:\\Music all\\Rock Album\\b.mp3");
+    request.levels = 1;
+    request.prefixesFolders = true;
+    Choose(kUpFolderTree, kNone, "");
+    EXPECT_EQ(of(), "C:\\Music all\\Rock Album b.mp3");
+    Choose(kSpecialRule, kNone, "E:\\*9**10**11**12*");
+    request.rule = *ValidateSpecialRule(request.typed);
+    EXPECT_EQ(of(), "E:\\ all\\b.mp3");
+    request.strAction = "CopyRenameAsFolderName";
+    Choose(kOneLocation, kNone, "E:\\x");
+    EXPECT_EQ(of(), "E:\\x\\Rock Album.mp3");
+}
+
 TEST_F(DestinationTest, BackupOfAnObjectAtTheDriveRootHasTheDriveAsFolder) {
     Choose(kOneLocation, kBackup, "E:\\Bk");
     EXPECT_EQ(Of("C:\\x.txt"), "E:\\Bk\\C\\x.txt");

@@ -28,20 +28,6 @@ class Engine : public ActionFixture {
 
 // ---- attributes ----
 
-TEST_F(Engine, OverwritingCombinesAttributes) {
-    Disk().Node("C:\\t\\a.txt")->attributes |= kSystem;
-    Disk().AddFile("C:\\d\\a.txt", "old").attributes |= kReadOnly;
-    Find();
-    Copy(To("C:\\d", "chkOverWrite"), {"OK", "cmdYes"});
-    EXPECT_EQ(Disk().Content("C:\\d\\a.txt"), "new");
-    EXPECT_EQ(MarksOf("C:\\d\\a.txt"), kReadOnly | kSystem);
-    EXPECT_EQ(MarksOf("C:\\t\\a.txt"), std::uint32_t{kSystem});
-    EXPECT_THAT(machine.bin.Paths(), ElementsAre("C:\\d\\a.txt"));
-    ExpectLog({" Deleted C:\\d\\a.txt to recycle bin before it was overwritten.",
-               " Attributes of C:\\d\\a.txt were combined since it overwrote another object.",
-               " Copy C:\\t\\a.txt -- to -- C:\\d\\a.txt overwrite"});
-}
-
 TEST_F(Engine, AMovedReadOnlyFileStaysReadOnly) {
     Disk().Node("C:\\t\\a.txt")->attributes |= kReadOnly;
     Find();
@@ -209,35 +195,8 @@ TEST_F(Engine, AFolderCopiedInPartIsCopiedAnewOnRetry) {
     Copy(To("C:\\d"), {"OK", "Retry"});
     EXPECT_EQ(Disk().Content("C:\\d\\sub\\1.txt"), "1");
     EXPECT_EQ(Disk().Content("C:\\d\\sub\\2.txt"), "2");
-    EXPECT_THAT(machine.bin.Paths(), ElementsAre("C:\\d\\sub"));
+    EXPECT_THAT(machine.bin.Paths(), IsEmpty());
     ExpectTotals(1, 0, 0);
-}
-
-// ---- overwriting and the bin ----
-
-TEST_F(Engine, WhatCannotBeRecycledIsNotOverwritten) {
-    Disk().AddFile("C:\\d\\a.txt", "old");
-    machine.bin.Refuse("C:\\d\\a.txt", platform::kPermissionDenied);
-    Find();
-    Copy(To("C:\\d", "chkOverWrite"));
-    EXPECT_EQ(Disk().Content("C:\\d\\a.txt"), "old");
-    EXPECT_THAT(Told(),
-                Contains("Was unable to delete: \r\n\r\nC:\\d\\a.txt\r\n\r\n to recycle bin "
-                         "and overwrite with: \r\n\r\nC:\\t\\a.txt\r\n\r\n overwrite was "
-                         "skipped."));
-    ExpectLog({" Was unable to delete C:\\d\\a.txt to recycle bin and overwrite with C:\\t\\a.txt "
-               "overwrite was skipped."});
-}
-
-TEST_F(Engine, AnOverwriteWhoseCopyFailsLeavesTheOldInTheBin) {
-    Disk().AddFile("C:\\d\\a.txt", "old");
-    Find();
-    machine.faults.FailAll("CopyFile", platform::kPathFileAccess);
-    Copy(To("C:\\d", "chkOverWrite"));
-    ASSERT_THAT(machine.bin.Paths(), ElementsAre("C:\\d\\a.txt"));
-    EXPECT_EQ(machine.bin.Items()[0].node->content, "old");
-    EXPECT_EQ(Disk().Content("C:\\t\\a.txt"), "new");
-    ExpectTotals(0, 0, 1);
 }
 
 // ---- path not found ----

@@ -57,6 +57,25 @@ TEST_F(PreviewTest, ACopyThatSkipsDuplicates) {
     EXPECT_EQ(LogText().find(" Copy C:"), std::string::npos);
 }
 
+TEST_F(PreviewTest, FoldersAreSpelledAsTheyStand) {
+    Disk().AddFolder("C:\\d\\Sub");
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\D\\SUB\\New");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\Sub\\New\\a.txt - copy", "C:\\d\\Sub\\New\\b.txt - copy"));
+}
+
+TEST_F(PreviewTest, ADuplicateIsToldInTheFolderThatHoldsIt) {
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\t\\..\\D");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\a.txt - copy", "C:\\d\\b.txt - duplicate: skip"));
+}
+
 TEST_F(PreviewTest, ACopyThatAsks) {
     const auto result = Foretell(Form().cmdCopySelected,
                                  [this](fields::FrmDialog& form) { Set(form.cmbDir, "C:\\d"); });

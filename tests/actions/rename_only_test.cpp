@@ -288,6 +288,28 @@ TEST_F(RenameOnlyTest, AnotherObjectInAnotherCaseIsTakenToo) {
     ExpectTotals(0, 1, 0);
 }
 
+TEST_F(RenameOnlyTest, AChangeOfCaseBesideANeighbourOfThatNameIsTaken) {
+    AddFile("C:\\t\\Aa.TXT");
+    Disk().AddFile("C:\\t\\aa.txt", "old");
+    prompts.Queue("OK");
+    Replace("a", "A");
+    EXPECT_THAT(Files(), ::testing::UnorderedElementsAre("Aa.TXT", "aa.txt"));
+    EXPECT_EQ(Disk().Content("C:\\t\\aa.txt"), "old");
+    ASSERT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records()[0].text, Taken("Aa.TXT", "AA.TXT"));
+    ExpectTotals(0, 1, 0);
+}
+
+TEST_F(RenameOnlyTest, ATextWithAPathInItMovesNothing) {
+    AddFile("C:\\t\\a.txt");
+    Disk().AddFolder("C:\\t\\b");
+    Insert("..\\..\\x", false, kWholeName);
+    Insert("b\\", false, kWholeName);
+    Replace("a", "..\\up", true, kWholeName);
+    EXPECT_THAT(Files(), ElementsAre("a.txt"));
+    EXPECT_FALSE(end.blnRenamed);
+}
+
 TEST_F(RenameOnlyTest, ANameOfWhichNothingWouldBeLeftIsRefused) {
     AddFolder("C:\\t\\aaa");
     Disk().AddFile("C:\\t\\aaa\\inside.txt", "x");

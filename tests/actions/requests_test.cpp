@@ -59,6 +59,13 @@ TEST_F(Requests, AListNeedsAProperName) {
     ExpectRefused("Names Only", "C:\\", "You did not select a proper file name.\r\n\r\n");
 }
 
+TEST_F(Requests, AListNeedsANameThatAFileCanHave) {
+    ExpectRefused("Names Only", "C:\\d/x.txt",
+                  "C:\\d/x.txt can't be used as a destination, as no folder in a path with \\ "
+                  "between its folders can hold /.\r\n\r\nChange it, or type the whole path with / "
+                  "between its folders.");
+}
+
 TEST_F(Requests, AListIsNotWrittenOverAFolder) {
     ExpectRefused("Target Paths", "C:\\d\\",
                   "C:\\d is a folder, you can not write a file over an existing folder.");

@@ -94,9 +94,26 @@ TEST(ValidateSpecialRule, ASearchSetTakesUpOneWholeLevel) {
     constexpr const char* kTold = "Search Set is incorrect in Special Rule - example |2,2|";
     for (const char* rule :
          {"|2,2|", "E:\\a|2,2|", "E:\\|2,2|a", "E:\\|2,2", "E:\\|22|\\a", "E:\\|22|\\a,b",
-          "E:\\2,2|", "E:\\a,b\\*1*", "E:\\|a,2|", "E:\\|2,|", "E:\\|0,2|", "E:\\|2,0|"}) {
+          "E:\\2,2|", "E:\\|a,2|", "E:\\|2,|", "E:\\|0,2|", "E:\\|2,0|"}) {
         ExpectRefusal(rule, kTold);
     }
+}
+
+TEST(ValidateSpecialRule, ACommaOutsideOfBarsIsALetter) {
+    const auto rule = ValidateSpecialRule("E:\\a,b\\*1*");
+    ASSERT_TRUE(rule);
+    EXPECT_FALSE(rule->set);
+    EXPECT_TRUE(ValidateSpecialRule("E:\\a,b\\|2,2|\\c,d"));
+    ExpectRefusal("E:\\a,b", "You have selected 'Special Rule', yet you have not typed a rule.");
+}
+
+TEST(ValidateSpecialRule, AFolderIsNeverNamedByDotsAlone) {
+    constexpr const char* kTold =
+        "A folder of a Special Rule can't be named . or .., type the folders themselves.";
+    for (const char* rule : {"E:\\..\\*1*", "E:\\*1*\\.", "E:\\a\\.\\|2,2|", "E:\\ .. \\*1*"}) {
+        ExpectRefusal(rule, kTold);
+    }
+    EXPECT_TRUE(ValidateSpecialRule("E:\\...\\*1*"));
 }
 
 TEST(ValidateSpecialRule, ARuleWithoutAMarkIsNone) {
@@ -122,6 +139,9 @@ TEST(SpecialRuleConvert, GivesAFolderOrWhyThereIsNone) {
              ConvertCase{"C:\\a.txt", "E:\\*8*", RuleEnd::kFolder, "E:\\t"},
              ConvertCase{"C:\\a.txt", "E:\\*9*", RuleEnd::kShortReplace, ""},
              ConvertCase{"C:\\a.txt", "E:\\x*2*", RuleEnd::kColon, ""},
+             ConvertCase{"C:\\.a", "E:\\x\\*4*", RuleEnd::kDots, "E:\\x\\."},
+             ConvertCase{"C:\\..a", "E:\\x\\*4**5*\\y", RuleEnd::kDots, "E:\\x\\..\\y"},
+             ConvertCase{"C:\\..a", "E:\\x\\*4**6*", RuleEnd::kFolder, "E:\\x\\.a"},
              ConvertCase{"C:\\ab", "E:\\|4,2|", RuleEnd::kSearch, ""},
              ConvertCase{"C:\\ab", "E:\\|4,3|", RuleEnd::kShortSearch, ""},
              ConvertCase{"C:\\a\\b", "E:\\|4,3|", RuleEnd::kSlashInSet, ""},

@@ -51,7 +51,7 @@ class CliFixture : public ::testing::Test {
     std::string Err() const { return err.str(); }
 
     bool isTerminal = false;
-    bool interrupted = false;
+    int interrupted = 0; // by that signal
     platform::MemoryPlatform machine;
     std::istringstream in;
     std::ostringstream out;

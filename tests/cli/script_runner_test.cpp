@@ -240,6 +240,31 @@ TEST_F(ScriptRunnerTest, AnEmptyScriptStartsAndUnloadsTheProgram) {
     EXPECT_EQ(Out(), "");
 }
 
+TEST_F(ScriptRunnerTest, AnInterruptedSearchEndsTheScriptBeforeAnythingActsOnHalfAList) {
+    for (int i = 0; i < 60; ++i)
+        Disk().AddFile("C:\\home\\ann\\Music\\many\\" + std::to_string(i) + ".mp3");
+    machine.clock.SetStep(20'000'000);
+    machine.faults.BeforeCall("Open", 3, [this] { interrupted = 15; });
+    EXPECT_EQ(RunScript(kFind + "click cmdSelectAll\nanswer Yes\nclick cmdDeleteSelected\n"), 143);
+    EXPECT_EQ(Err(), "tarvix-cli: line 4: The script was interrupted here. Nothing behind this "
+                     "line is done.\n");
+    EXPECT_EQ(machine.bin.Items().size(), 0U);
+}
+
+TEST_F(ScriptRunnerTest, AnInterruptionBeforeTheFirstStatementDoesNothing) {
+    interrupted = 2;
+    EXPECT_EQ(RunScript("dump lblGroups\n"), 130);
+    EXPECT_EQ(Out(), "");
+}
+
+TEST_F(ScriptRunnerTest, AfterASignalPromptsAreAnsweredByTheUnattendedRule) {
+    machine.faults.BeforeCall("Open", 1, [this] { interrupted = 15; });
+    machine.faults.FailPath(machine.environment.programFolder + "\\TXWriteTest.tmp", 61);
+    EXPECT_EQ(RunScript(kFind), 143);
+    EXPECT_THAT(Err(), HasSubstr("The data folder can't be written"));
+    EXPECT_THAT(Err(), ::testing::Not(HasSubstr("This needs an answer")));
+}
+
 TEST_F(ScriptRunnerTest, TheActionLogCanBeDumped) {
     EXPECT_EQ(RunScript(kFind + "dump log\n"), kDone);
     EXPECT_THAT(Out(), HasSubstr("11/15/2026 19:54:52 User selected to search for files"));

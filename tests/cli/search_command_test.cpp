@@ -179,7 +179,7 @@ TEST_F(SearchCommandTest, NoticesGoToStderrAndTheSearchGoesOn) {
 }
 
 TEST_F(SearchCommandTest, AnObjectThatCannotBeOpenedIsToldAndGivesOne) {
-    Disk().AddNative("C:\\home\\ann\\Music", "bad\xFF.mp3");
+    Disk().AddUnopenable("C:\\home\\ann\\Music", "bad?.mp3", "bad\xFF.mp3");
     EXPECT_EQ(Search({}), kSomeFailed);
     EXPECT_THAT(Err(), ::testing::HasSubstr("bad?.mp3"));
     EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n/home/ann/Music/Jazz/b.MP3\n");
@@ -208,11 +208,23 @@ TEST_F(SearchCommandTest, ATerminalSeesHowFarItCameAndThenACleanLine) {
     EXPECT_THAT(Err(), ::testing::EndsWith("\r\x1B[K"));
 }
 
+TEST_F(SearchCommandTest, WhatCouldNotBeReadIsALineOnStderrAndExitOne) {
+    machine.faults.FailPath("C:\\home\\ann\\Music\\Jazz", 70, "Open");
+    EXPECT_EQ(Search({}), kSomeFailed);
+    EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n");
+    EXPECT_EQ(Err(), "tarvix-cli: /home/ann/Music/Jazz could not be read: Permission denied.\n");
+    EXPECT_EQ(RunScript("set cmbSearchFor = *\nset cmbDir = /home/ann/Music/Jazz\n"
+                        "click cmdSearch\n"),
+              kSomeFailed);
+    EXPECT_EQ(Err(), "tarvix-cli: /home/ann/Music/Jazz could not be read: Permission denied.\n");
+}
+
 TEST_F(SearchCommandTest, AnInterruptionStopsInOrderAndKeepsWhatWasFound) {
     for (int i = 0; i < 100; ++i)
         Disk().AddFile("C:\\home\\ann\\Music\\many\\" + std::to_string(i) + ".mp3");
-    interrupted = true;
-    EXPECT_EQ(Search({}), kSomeFailed);
+    interrupted = 2;
+    EXPECT_EQ(Search({}), 130);
+    EXPECT_EQ(Err(), "tarvix-cli: The search was cut short by an interruption.\n");
     EXPECT_LT(std::ranges::count(Out(), '\n'), 102);
 }
 

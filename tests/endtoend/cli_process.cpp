@@ -61,6 +61,7 @@ Outcome CliProcess::Run(const std::vector<std::string>& arguments, std::string_v
         Redirect(STDIN_FILENO, streams / "in", O_RDONLY);
         Redirect(STDOUT_FILENO, streams / "out", O_WRONLY | O_CREAT | O_TRUNC);
         Redirect(STDERR_FILENO, streams / "err", O_WRONLY | O_CREAT | O_TRUNC);
+        if (beforeProgram) beforeProgram();
         BecomeProgram(root_, words);
     }
     int status = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,9 @@ class CliProcess : public ::testing::Test {
     Outcome Run(const std::vector<std::string>& arguments, std::string_view in = {});
     // The same for a script given on stdin.
     Outcome RunScript(std::string_view script) { return Run({"run", "-"}, script); }
+
+    // What the next runs do in their process before the program begins.
+    std::function<void()> beforeProgram;
 
     fs::path Root() const { return root_; }
     fs::path DataFolder() const { return root_ / "data"; }

@@ -93,6 +93,7 @@ TEST_F(SearchTest, LocationsComeInEveryForm) {
 
 TEST_F(SearchTest, ADriveOfItsOwn) {
     MakeBasic();
+    ASSERT_EQ(Run({"options", "set", "PathForm", "drive"}).exitCode, 0);
     const Outcome outcome = Run({"--drive", "X=basic/sub", "search", "e.txt", "--in", "X:\\below",
                                  "--columns", "PathNameSubItem,NativePath"});
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
@@ -133,19 +134,6 @@ TEST_F(SearchTest, WeirdNamesArriveByteForByte) {
         {{"größe*", "--in", "weird"}, "ROOT/weird/Größe.txt\n"},
         {{"inside*", "--in", "weird/folder: odd|one"}, "ROOT/weird/folder: odd|one/inside.txt\n"},
     });
-}
-
-TEST_F(SearchTest, NamesThatCannotBeOpenedAreToldOnceAndGiveOne) {
-    AddFile("bad/good.txt");
-    AddFile("bad/a\xFF.txt");
-    AddFile("bad/b\xFE.txt");
-    AddFile("bad/trailing ");
-    const Outcome outcome = Run({"search", "*", "--in", "bad"});
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(Shown(outcome.out), "ROOT/bad/good.txt\n");
-    EXPECT_THAT(outcome.err, HasSubstr("a?.txt"));
-    EXPECT_THAT(outcome.err, ::testing::Not(HasSubstr("b?.txt")));
-    EXPECT_THAT(outcome.err, HasSubstr("trailing spaces"));
 }
 
 TEST_F(SearchTest, DeepPathsAreFoundAndPrintedInFull) {

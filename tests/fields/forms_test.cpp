@@ -23,15 +23,16 @@ std::vector<std::string> NamesOf(const std::vector<Control*>& controls) {
 
 TEST(AllForms, AreFoundByName) {
     const Forms forms;
-    for (const char* name : {"frmSearch", "frmDialog", "frmForChar", "frmTrailingSp", "frmAllUsers",
-                             "frmSelectDate", "frmProgress", "frmAsk", "frmAsk259",
-                             "frmOverrideDialog", "frmOverrideRecycleFail", "frmPreview"}) {
+    for (const char* name :
+         {"frmSearch", "frmDialog", "frmForChar", "frmTrailingSp", "frmAllUsers", "frmSelectDate",
+          "frmProgress", "frmAsk", "frmAsk259", "frmOverrideDialog", "frmOverrideRecycleFail",
+          "frmPreview", "frmUnread"}) {
         ASSERT_NE(forms.Find(name), nullptr) << name;
         EXPECT_EQ(forms.Find(name)->Name(), name);
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 12U);
+    EXPECT_EQ(forms.all.size(), 13U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

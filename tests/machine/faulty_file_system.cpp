@@ -12,6 +12,25 @@ std::string PathKey(std::string_view path) {
     return text::Upper(text::StripTrailingSlash(path));
 }
 
+class FaultyCopy : public UnnamedCopy {
+  public:
+    FaultyCopy(FaultyFileSystem& files, std::unique_ptr<UnnamedCopy> copy, std::string_view from,
+               std::string_view to)
+        : files_(files), copy_(std::move(copy)), from_(from), to_(to) {}
+
+    Result<void> Name() override {
+        TX_TRY(files_.Enter("NameCopy", from_, to_));
+        return copy_->Name();
+    }
+    std::string Missing() const override { return copy_->Missing(); }
+
+  private:
+    FaultyFileSystem& files_;
+    std::unique_ptr<UnnamedCopy> copy_;
+    std::string from_;
+    std::string to_;
+};
+
 class FaultyFolder : public OpenFolder {
   public:
     FaultyFolder(FaultyFileSystem& files, std::unique_ptr<OpenFolder> folder, std::string path)
@@ -158,10 +177,20 @@ Result<void> FaultyFileSystem::MoveFolderTo(const Look& from, const FreePlace& t
     return files_.MoveFolderTo(from, to);
 }
 
-Result<void> FaultyFileSystem::CopyFolderTo(const Look& from, const FreePlace& to,
-                                            const CopyObserver& observer) {
-    TX_TRY(Enter("CopyFolder", from.path, to.path));
-    return files_.CopyFolderTo(from, to, observer);
+Result<std::unique_ptr<UnnamedCopy>> FaultyFileSystem::PrepareFileOf(const Look& from,
+                                                                     std::string_view to,
+                                                                     const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFile", from.path, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFileOf(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from.path, to);
+}
+
+Result<std::unique_ptr<UnnamedCopy>>
+FaultyFileSystem::PrepareFolderOf(const Look& from, std::string_view to,
+                                  const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFolder", from.path, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFolderOf(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from.path, to);
 }
 
 Result<void> FaultyFileSystem::SetAttributesOf(const Look& object, std::uint32_t attributes) {
@@ -215,6 +244,27 @@ Result<void> FaultyFileSystem::CopyFolder(std::string_view from, std::string_vie
                                           bool overwrite, const CopyObserver& observer) {
     TX_TRY(Enter("CopyFolder", from, to));
     return files_.CopyFolder(from, to, overwrite, observer);
+}
+
+Result<std::unique_ptr<UnnamedCopy>> FaultyFileSystem::PrepareFile(std::string_view from,
+                                                                   std::string_view to,
+                                                                   const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFile", from, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFile(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from, to);
+}
+
+Result<std::unique_ptr<UnnamedCopy>> FaultyFileSystem::PrepareFolder(std::string_view from,
+                                                                     std::string_view to,
+                                                                     const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFolder", from, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFolder(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from, to);
+}
+
+Result<std::vector<std::string>> FaultyFileSystem::RemoveAbandoned(std::string_view folder) {
+    TX_TRY(Enter("RemoveAbandoned", folder));
+    return files_.RemoveAbandoned(folder);
 }
 
 Result<void> FaultyFileSystem::MoveFile(std::string_view from, std::string_view to,

@@ -9,7 +9,8 @@ namespace tarvix::platform {
 // Hands every call on to another FileSystem, numbers the calls, and fails those it was told to
 // without handing them on. The folders and text streams that it opens count too. Operations are
 // named as the routines are ("CopyFile", "Facts", "Open"), those of opened objects "List",
-// "FolderFacts", "ReadLine", "Write", "Flush" and "Close". Numbers start at 1.
+// "FolderFacts", "ReadLine", "Write", "Flush" and "Close". A copy that is prepared counts as
+// "CopyFile" or "CopyFolder", and "NameCopy" when it gets its name. Numbers start at 1.
 class FaultyFileSystem : public FileSystem {
   public:
     struct Call {
@@ -52,8 +53,10 @@ class FaultyFileSystem : public FileSystem {
     Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                             const CopyObserver& observer) override;
     Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
-    Result<void> CopyFolderTo(const Look& from, const FreePlace& to,
-                              const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFileOf(const Look& from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolderOf(const Look& from, std::string_view to,
+                                                         const CopyObserver& observer) override;
     Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes) override;
     Result<void> DeleteFileOf(const Look& object, bool force) override;
     Result<void> RemoveFolderOf(const Look& object) override;
@@ -66,6 +69,11 @@ class FaultyFileSystem : public FileSystem {
                           const CopyObserver& observer) override;
     Result<void> CopyFolder(std::string_view from, std::string_view to, bool overwrite,
                             const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(std::string_view from, std::string_view to,
+                                                     const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override { files_.CopySoon(copies); }
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;

@@ -23,6 +23,11 @@ class FaultyTrash : public Trash {
         return {};
     }
 
+    Result<void> PutBack(std::string_view path) override {
+        TX_TRY(faults_.Enter("PutBack", path));
+        return trash_.PutBack(path);
+    }
+
   private:
     FaultyFileSystem& faults_;
     Trash& trash_;

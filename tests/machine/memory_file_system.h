@@ -50,9 +50,14 @@ class MemoryFileSystem : public TreeFileSystem {
     MemoryNode& AddFolder(std::string_view path);
     MemoryNode& AddLink(std::string_view path, std::string_view target);
     MemoryNode& AddSpecial(std::string_view path);
-    // A file whose name, given in the disk's own bytes, can't be opened when it isn't UTF-8.
+    // A file by its name in the disk's own bytes.
     MemoryNode& AddNative(std::string_view folder, std::string_view nativeName,
                           std::string_view content = {});
+    // A file as a disk tells it whose names are given in a narrower set of characters: it is listed
+    // as `shownName`, which holds a "?", and can't be opened by that. `nativeName` tells those
+    // apart.
+    MemoryNode& AddUnopenable(std::string_view folder, std::string_view shownName,
+                              std::string_view nativeName, std::string_view content = {});
 
     // The object at a path, as the interface would find it, or null.
     MemoryNode* Node(std::string_view path);

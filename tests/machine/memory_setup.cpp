@@ -75,13 +75,17 @@ MemoryNode& MemoryFileSystem::AddSpecial(std::string_view path) {
 
 MemoryNode& MemoryFileSystem::AddNative(std::string_view folder, std::string_view nativeName,
                                         std::string_view content) {
+    return AddFile(text::JoinPath(folder, NameToDrive(nativeName)), content);
+}
+
+MemoryNode& MemoryFileSystem::AddUnopenable(std::string_view folder, std::string_view shownName,
+                                            std::string_view nativeName, std::string_view content) {
     MemoryNode& parent = AddFolder(folder);
     auto node = Made(TreeKind::kFile);
     node->content = content;
     node->size = content.size();
     MemoryNode& added = InMemory(*node);
-    const std::string name = NameToDrive(nativeName);
-    parent.Attach(std::move(node), name, CanBeName(name) ? std::string_view() : nativeName);
+    parent.Attach(std::move(node), shownName, nativeName);
     return added;
 }
 

@@ -41,6 +41,11 @@ Result<void> MemoryTrash::RecycleOne(const std::string& path) {
     return {};
 }
 
+Result<void> MemoryTrash::PutBack(std::string_view path) {
+    const bool isLast = !items_.empty() && PathKey(items_.back().path) == PathKey(path);
+    return isLast ? Restore(path) : TreeFailure(kFileNotFound, path);
+}
+
 std::vector<std::string> MemoryTrash::Paths() const {
     std::vector<std::string> paths;
     for (const Item& item : items_)

@@ -58,6 +58,11 @@ Result<void> FileSystemConformance::MoveTree(std::string_view from, std::string_
     return files().MoveFolder(At(from), At(to));
 }
 
+void FileSystemConformance::Append(std::string_view path, std::string_view text) {
+    const auto stream = files().OpenAsTextStream(At(path), OpenMode::kAppend);
+    ASSERT_TRUE(stream && (*stream)->Write(text) && (*stream)->Close());
+}
+
 Result<void> FileSystemConformance::Recycle(const std::vector<std::string>& paths,
                                             const TrashObserver& observer) {
     std::vector<std::string> full;

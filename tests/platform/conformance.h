@@ -92,6 +92,7 @@ class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
     Result<void> CopyTree(std::string_view from, std::string_view to, bool overwrite = false);
     Result<void> Move(std::string_view from, std::string_view to);
     Result<void> MoveTree(std::string_view from, std::string_view to);
+    void Append(std::string_view path, std::string_view text);
     Result<void> Recycle(const std::vector<std::string>& paths, const TrashObserver& observer = {});
 
     // The object as a search of `location` sees it now, and then a look at what was seen.

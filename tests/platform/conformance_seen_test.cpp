@@ -162,6 +162,7 @@ TEST_P(FileSystemConformance, ALookHoldsItsCallerToThatObject) {
     Exchange("other");
     const FreePlace place{At("new"), nullptr};
     EXPECT_EQ(NumberOf(files().CopyFileTo(*look, place, {})), kChangedSinceSearch);
+    EXPECT_EQ(NumberOf(files().PrepareFileOf(*look, place.path, {})), kChangedSinceSearch);
     EXPECT_EQ(NumberOf(files().MoveFileTo(*look, place, {})), kChangedSinceSearch);
     EXPECT_EQ(NumberOf(files().SetAttributesOf(*look, kReadOnly)), kChangedSinceSearch);
     EXPECT_EQ(NumberOf(files().DeleteFileOf(*look, true)), kChangedSinceSearch);
@@ -179,7 +180,7 @@ TEST_P(FileSystemConformance, ALookAtAFolderHoldsItsCallerToIt) {
     ASSERT_TRUE(MoveTree("s\\sub", "away"));
     disk().MakeFolder("s\\sub");
     const FreePlace place{At("new"), nullptr};
-    EXPECT_EQ(NumberOf(files().CopyFolderTo(*look, place, {})), kChangedSinceSearch);
+    EXPECT_EQ(NumberOf(files().PrepareFolderOf(*look, place.path, {})), kChangedSinceSearch);
     EXPECT_EQ(NumberOf(files().MoveFolderTo(*look, place)), kChangedSinceSearch);
     EXPECT_EQ(NumberOf(files().RemoveFolderOf(*look)), kChangedSinceSearch);
     EXPECT_TRUE(Exists("s\\sub"));
@@ -191,9 +192,10 @@ TEST_P(FileSystemConformance, WhatWasSeenIsCopiedChangedAndDeleted) {
     See("s\\sub", "s");
     const auto folder = files().LookAtSeen(Seen());
     ASSERT_TRUE(folder);
-    ASSERT_EQ(NumberOf(files().CopyFolderTo(*folder, {At("copy"), nullptr}, {})), 0);
+    const auto copy = files().PrepareFolderOf(*folder, At("copy"), {});
+    ASSERT_TRUE(copy);
+    ASSERT_EQ(NumberOf(NameWhole(**copy)), 0);
     EXPECT_EQ(TextOf("copy\\a"), "inside");
-    EXPECT_EQ(NumberOf(files().CopyFolderTo(*folder, {At("copy"), nullptr}, {})), kAlreadyExists);
     See("s\\sub\\a", "s");
     const auto look = files().LookAtSeen(Seen());
     ASSERT_TRUE(look);

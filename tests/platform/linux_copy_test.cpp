@@ -1,6 +1,9 @@
 #include "tests/platform/linux_disk.h"
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 
 namespace tarvix::platform {
@@ -239,6 +242,65 @@ TEST_P(LinuxCopyTest, FilesThatSayTheyAreEmptyAreReadAllTheSame) {
     if (!files().Facts("C:\\proc\\self\\mountinfo")) GTEST_SKIP() << "no /proc here";
     ASSERT_TRUE(files().CopyFile("C:\\proc\\self\\mountinfo", At("b"), false, {}));
     EXPECT_GT(disk_.Content("b")->size(), 0u);
+}
+
+// ---- sources ----
+
+TEST_P(LinuxCopyTest, ACopyHasTheWholeModeAndItsSourceKeepsIt) {
+    for (const unsigned mode : {0464u, 0575u, 04555u, 0444u, 0640u}) {
+        disk_.MakeFile("a.txt", "1");
+        ASSERT_EQ(::chmod(disk_.Native("a.txt").c_str(), mode), 0);
+        ASSERT_TRUE(Copy("a.txt", "b.txt"));
+        EXPECT_EQ(StatOf("a.txt").st_mode & 07777, mode);
+        EXPECT_EQ(StatOf("b.txt").st_mode & 07777, mode);
+        for (const char* name : {"a.txt", "b.txt"})
+            ::unlink(disk_.Native(name).c_str());
+    }
+}
+
+// ---- what killed runs leave ----
+
+// A process that has been and gone.
+pid_t GoneProcess() {
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(0);
+    ::waitpid(child, nullptr, 0);
+    return child;
+}
+
+TEST_P(LinuxCopyTest, CopiesOfKilledRunsAreTakenAway) {
+    const std::string gone = std::to_string(GoneProcess());
+    const std::string own = std::to_string(::getpid());
+    disk_.MakeFile("to\\.tarvix-" + gone + "-1.part", "half");
+    disk_.MakeFile("to\\.tarvix-" + gone + "-2.part\\sub\\a.txt", "half");
+    disk_.MakeFile("to\\.tarvix-" + own + "-99.part", "in work");
+    disk_.MakeFile("to\\.tarvix-notes.part", "a user's");
+    disk_.MakeFile("to\\.tarvix-" + gone + "-1.part.txt", "a user's");
+    disk_.MakeFile("outside\\b.txt", "kept");
+    disk_.MakeLink("to\\.tarvix-" + gone + "-2.part\\link", "outside");
+    ::chmod(disk_.Native("to\\.tarvix-" + gone + "-2.part\\sub").c_str(), 0555);
+    auto removed = files().RemoveAbandoned(At("to"));
+    ASSERT_TRUE(removed);
+    std::sort(removed->begin(), removed->end());
+    EXPECT_EQ(*removed, (std::vector{At("to\\.tarvix-" + gone + "-1.part"),
+                                     At("to\\.tarvix-" + gone + "-2.part")}));
+    auto names = disk_.Names("to");
+    std::sort(names.begin(), names.end());
+    std::vector<std::string> kept{".tarvix-" + gone + "-1.part.txt", ".tarvix-" + own + "-99.part",
+                                  ".tarvix-notes.part"};
+    std::sort(kept.begin(), kept.end());
+    EXPECT_EQ(names, kept);
+    EXPECT_EQ(disk_.Content("outside\\b.txt"), "kept");
+}
+
+TEST_P(LinuxCopyTest, WhatAnotherRunHoldsIsNotTakenAway) {
+    const std::string name = "to\\.tarvix-" + std::to_string(GoneProcess()) + "-1.part";
+    disk_.MakeFile(name, "in work elsewhere");
+    const int fd = ::open(disk_.Native(name).c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
+    EXPECT_EQ(files().RemoveAbandoned(At("to")), std::vector<std::string>());
+    ::close(fd);
+    EXPECT_EQ(files().RemoveAbandoned(At("to")), std::vector{At(name)});
 }
 
 } // namespace tarvix::platform

@@ -107,6 +107,7 @@ TEST_F(LinuxFullDiskTest, CopyOfATreeLeavesWholeFilesOnly) {
     std::filesystem::create_directory(first_.Path() + "/tree");
     Write(first_.Path() + "/tree/a", "small");
     Write(first_.Path() + "/tree/b", std::string(4'000'000, 'x'));
+    std::filesystem::create_directory(second_.Path() + "/tree");
     EXPECT_EQ(NumberOf(files().CopyFolder("T:\\tree", "S:\\tree", false, {})), kDiskFull);
     EXPECT_EQ(Read(second_.Path() + "/tree/a"), "small");
     EXPECT_FALSE(std::filesystem::exists(second_.Path() + "/tree/b"));
@@ -300,6 +301,8 @@ TEST_F(LinuxOtherUserTest, AnUnreadableSubfolderEndsTheCopyOfItsTree) {
     disk_.MakeFile("from\\a", "1");
     disk_.MakeFile("from\\b\\c", "2");
     ASSERT_EQ(::chmod(disk_.Native("from\\b").c_str(), 0700), 0);
+    disk_.MakeFolder("to");
+    ASSERT_EQ(::chmod(disk_.Native("to").c_str(), 0777), 0);
     const int number =
         AsNobody([&] { return NumberOf(files().CopyFolder(At("from"), At("to"), false, {})); });
     if (number < 0) GTEST_SKIP() << "the folder is out of reach";

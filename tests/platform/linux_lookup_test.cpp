@@ -177,7 +177,7 @@ TEST_F(LinuxLookupTest, NamesThatAreNotUtf8AreListedAndCopiedWithTheirFolder) {
     std::ifstream copied(disk_.Native("to") + "/b\xFF"
                                               "d");
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copied), {}), "content");
-    EXPECT_EQ(NumberOf(files().Facts(At("from\\b?d"))), kBadFileName);
+    EXPECT_TRUE(files().Facts(At("from\\b\uF0FFd")));
 }
 
 TEST_F(LinuxLookupTest, AFileThatWeWroteOverAfterALookIsCopiedAsItIsNow) {

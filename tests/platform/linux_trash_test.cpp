@@ -263,4 +263,34 @@ TEST_F(LinuxOtherTrashTest, ADiskThatCanOnlyBeReadRefuses) {
     EXPECT_TRUE(std::filesystem::exists(mounted.Path() + "/a.txt"));
 }
 
+TEST_F(LinuxTrashTest, AReadOnlyFolderIsTakenAndKeepsItsMode) {
+    disk.MakeFile("sub\\a.txt", "1");
+    ASSERT_EQ(::chmod(disk.Native("sub").c_str(), 0555), 0);
+    ASSERT_TRUE(Recycle("sub"));
+    const auto objects = ReadTrash(HomeTrash());
+    const auto taken = std::find_if(objects.begin(), objects.end(), [this](const auto& object) {
+        return object.path == disk.Native("sub");
+    });
+    ASSERT_NE(taken, objects.end());
+    struct stat st {};
+    ASSERT_EQ(::stat(taken->held.c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0555u);
+    ::chmod(taken->held.c_str(), 0755);
+}
+
+TEST_F(LinuxTrashTest, AFolderThatHoldsAMountStays) {
+    disk.MakeFolder("sub\\inner");
+    const std::string point = disk.Native("sub\\inner");
+    if (::mount("tmpfs", point.c_str(), "tmpfs", 0, "size=1m") != 0) {
+        GTEST_SKIP() << "nothing can be mounted here";
+    }
+    std::ofstream(point + "/a.txt") << "1";
+    const auto fresh = std::make_unique<LinuxPlatform>(LinuxOptions{});
+    const auto recycled = fresh->Parts().trash.Recycle(
+        std::vector{fresh->Parts().paths.ToDrive(disk.Native("sub"))}, {});
+    EXPECT_EQ(NumberOf(recycled), kPathFileAccess);
+    EXPECT_TRUE(std::filesystem::exists(point + "/a.txt"));
+    ::umount2(point.c_str(), MNT_DETACH);
+}
+
 } // namespace tarvix::platform

@@ -68,6 +68,7 @@ TEST(MemoryFileSystem, CopyTreeStopsWhereTheDiskIsFull) {
     MemoryFileSystem disk;
     disk.AddFile("C:\\from\\a", "12345");
     disk.AddFile("C:\\from\\b", "12345");
+    disk.AddFolder("C:\\to");
     disk.SetCapacity("C:", 16);
     EXPECT_EQ(NumberOf(disk.CopyFolder("C:\\from", "C:\\to", false, {})), kDiskFull);
     EXPECT_EQ(disk.AllFiles(), (List{"C:\\from\\a", "C:\\from\\b", "C:\\to\\a"}));
@@ -198,8 +199,8 @@ TEST(MemoryFileSystem, BoundariesAreListed) {
 
 TEST(MemoryFileSystem, CopyTreeKeepsNamesThatCannotBeOpenedApart) {
     MemoryFileSystem disk;
-    disk.AddNative("C:\\from", "caf\xE9", "1");
-    disk.AddNative("C:\\from", "caf\xE8", "2");
+    disk.AddUnopenable("C:\\from", "caf?", "caf\xE9", "1");
+    disk.AddUnopenable("C:\\from", "caf?", "caf\xE8", "2");
     disk.AddNative("C:\\from", "plain:name", "3");
     ASSERT_TRUE(disk.CopyFolder("C:\\from", "C:\\to", false, {}));
     EXPECT_EQ(disk.Node("C:\\to")->Children().size(), 3u);

@@ -231,10 +231,10 @@ TEST_F(RehearsalTest, WhatTheObserverOfACopyMakesIsSeen) {
 TEST_F(RehearsalTest, AFolderCopyThatFailsHalfwayShowsWhatItCopied) {
     int calls = 0;
     const auto once = [&](const CopyProgress&) { return ++calls < 2; };
-    EXPECT_EQ(Number(files.CopyFolder("C:\\a", "C:\\copy", false, once)), kInterrupted);
+    EXPECT_EQ(Number(files.CopyFolder("C:\\a", "C:\\empty", false, once)), kInterrupted);
     EXPECT_EQ(files.Steps().Size(), 1u);
-    EXPECT_TRUE(Exists("C:\\copy\\.y"));
-    EXPECT_FALSE(Exists("C:\\copy\\x.txt"));
+    EXPECT_TRUE(Exists("C:\\empty\\.y"));
+    EXPECT_FALSE(Exists("C:\\empty\\x.txt"));
 }
 
 TEST_F(RehearsalTest, AMountInACopiedFolderIsSkipped) {

@@ -57,8 +57,8 @@ TEST_F(StrangeNames, ACarriedStarIsNoWildcardAndNoSentinel) {
 }
 
 TEST_F(StrangeNames, OneThatIsNotUtf8IsSkippedWarnedOnceAndLoggedEachTime) {
-    Disk().AddNative("C:\\t", "caf\xE9.txt", "1");
-    Disk().AddNative("C:\\t\\sub", "na\xEFve.txt", "1");
+    Disk().AddUnopenable("C:\\t", "caf?.txt", "caf\xE9.txt", "1");
+    Disk().AddUnopenable("C:\\t\\sub", "na?ve.txt", "na\xEFve.txt", "1");
     Disk().AddFile("C:\\t\\good.txt");
     FindFiles();
     EXPECT_THAT(Names(), ElementsAre("good.txt"));
@@ -97,7 +97,7 @@ TEST_F(StrangeNames, AFolderThatIsNotUtf8IsNotDescendedInto) {
 }
 
 TEST_F(StrangeNames, AutomaticModeLogsButDoesNotWarn) {
-    Disk().AddNative("C:\\t", "caf\xE9.txt", "1");
+    Disk().AddUnopenable("C:\\t", "caf?.txt", "caf\xE9.txt", "1");
     Disk().AddFile("C:\\t\\trailing.txt ");
     Start();
     State().options.blnAutoMode = true;
@@ -110,7 +110,7 @@ TEST_F(StrangeNames, AutomaticModeLogsButDoesNotWarn) {
 }
 
 TEST_F(StrangeNames, ASecondSearchWarnsNoMore) {
-    Disk().AddNative("C:\\t", "caf\xE9.txt", "1");
+    Disk().AddUnopenable("C:\\t", "caf?.txt", "caf\xE9.txt", "1");
     Disk().AddFile("C:\\t\\x ");
     FindFiles();
     const std::size_t told = Told().size();
@@ -194,6 +194,25 @@ TEST(NameMatch, BracketsAndNumberSignsAreTakenLiterally) {
     EXPECT_TRUE(Matches("#1.txt", "#1*"));
     EXPECT_FALSE(Matches("11.txt", "#1*"));
     EXPECT_TRUE(Matches("a]b[c", "a]b[c"));
+}
+
+TEST(NameMatch, TypedCharactersMatchThoseThatNamesCarry) {
+    EXPECT_TRUE(Matches("a\uF03Ab.txt", "a:b*"));
+    EXPECT_FALSE(Matches("a\uF03Ab.txt", "a:b*", true));
+    EXPECT_TRUE(Matches("a\uF05Cb\uF022\uF03C\uF03E", "A\\B\"<>"));
+    EXPECT_TRUE(Matches("end\uF02E", "*."));
+    EXPECT_TRUE(Matches("\uF020x\uF020", " x "));
+    EXPECT_TRUE(Matches("caf\uF0E9", "caf?"));
+    EXPECT_TRUE(Matches("caf\uF0E9", "caf\xE9"));
+    EXPECT_FALSE(Matches("caf\uF0E9", "caf\u00E9"));
+    EXPECT_TRUE(Matches("x\uF0EF\uF080\uF0BA", "x?"));
+}
+
+TEST(NameMatch, ACarriedWildcardOfThePatternIsNone) {
+    EXPECT_TRUE(Matches("a\uF02Ab", "a\uF02Ab"));
+    EXPECT_FALSE(Matches("axb", "a\uF02Ab"));
+    EXPECT_TRUE(Matches("why\uF03F", "why\uF03F"));
+    EXPECT_FALSE(Matches("whyx", "why\uF03F"));
 }
 
 TEST(NameMatch, NotInvertsTheResult) {

@@ -154,18 +154,16 @@ TEST_F(Refusals, SizeIsRefusedBeforeDateAndBothAreTold) {
     EXPECT_EQ(Told(), (std::vector<std::string>{kFirstSize, kDate}));
 }
 
-TEST_F(Refusals, ARefusedSearchEmptiesTheListAndKeepsTheRepeatFlags) {
+TEST_F(Refusals, ARefusedSearchEmptiesTheListAndKeepsTheRepeatBox) {
     Start();
     Search("*", "C:\\t");
     ASSERT_EQ(program.Rows().Count(), 1U);
     Set(Form().chkRepeatSearch, "1");
     Click(Form().chkSize);
-    State().blnRepeatDeleteEmpty = true;
     Form().txtSize1.Text = "x";
     Click(Form().cmdSearch);
     EXPECT_EQ(program.Rows().Count(), 0U);
     EXPECT_EQ(Form().chkRepeatSearch.Value.Get(), 1);
-    EXPECT_TRUE(State().blnRepeatDeleteEmpty);
 }
 
 } // namespace

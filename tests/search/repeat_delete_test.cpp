@@ -1,4 +1,5 @@
 #include "search/follow_up.h"
+#include "search/search_request.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -102,6 +103,36 @@ TEST_F(RepeatDeletion, AStopDeletesNothingAndIsNotTakenForConsentLater) {
     EXPECT_TRUE(Disk().Exists("C:\\t\\a\\b\\c"));
 }
 
+TEST_F(RepeatDeletion, ARefusedSearchIsNoConsentForTheNextOne) {
+    StartForEmptyFolders();
+    Answer({"Yes", "Yes"});
+    Click(Form().chkSize);
+    Form().txtSize1.Text = "x";
+    Search("*", "C:\\t");
+    EXPECT_FALSE(State().blnRepeatDeleteEmpty);
+    Click(Form().chkSize);
+    Choose(Form().optFilesVsDirs, 2);
+    Search("*", "C:\\t");
+    EXPECT_EQ(deletions, 0);
+    Choose(Form().optFilesVsDirs, 4);
+    Answer({"No"});
+    Search("*", "C:\\t");
+    EXPECT_EQ(deletions, 0) << "it is asked anew";
+}
+
+TEST_F(RepeatDeletion, DeletesOnlyWhatASearchForEmptyFoldersListed) {
+    StartForEmptyFolders();
+    State().blnRepeatDeleteEmpty = true;
+    Choose(Form().optFilesVsDirs, 2);
+    Search("*", "C:\\t");
+    EXPECT_EQ(deletions, 0);
+    EXPECT_FALSE(State().blnRepeatDeleteEmpty);
+    State().blnRepeatDeleteEmpty = true;
+    const search::SearchRequest request{.kind = search::Kind::kAllObjects};
+    EXPECT_EQ(search::RunFollowUp(S(), &request, {}), search::Next::kRest);
+    EXPECT_EQ(deletions, 0);
+}
+
 TEST_F(RepeatDeletion, AFolderFilledBetweenSearchAndDeletionIsKept) {
     StartForEmptyFolders();
     S().events.On("frmSearch.cmdDeleteSelected_Click",
@@ -123,12 +154,13 @@ TEST_F(RepeatDeletion, GoesByTheCountNotByWhatALabelReads) {
     State().blnRepeatDeleteEmpty = true;
     State().lngFoldersFound = 1;
     Form().lblNumOfDirsFound.Caption = "0";
-    search::RunFollowUp(S(), {});
+    const search::SearchRequest request{.kind = search::Kind::kEmptyFolders};
+    search::RunFollowUp(S(), &request, {});
     EXPECT_EQ(deletions, 1);
     State().blnRepeatDeleteEmpty = true;
     State().lngFoldersFound = 0;
     Form().lblNumOfDirsFound.Caption = "1";
-    EXPECT_EQ(search::RunFollowUp(S(), {}), search::Next::kEnd);
+    EXPECT_EQ(search::RunFollowUp(S(), &request, {}), search::Next::kEnd);
     EXPECT_EQ(deletions, 1);
     EXPECT_EQ(Told().back(), kDone);
 }

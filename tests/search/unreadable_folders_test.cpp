@@ -25,6 +25,13 @@ class UnreadableFolders : public ProgramFixture {
     }
     void AskAboutSecurity() { State().options.blnSkipNTFS = false; }
     std::string ErrorLog() { return Disk().Content(State().strErrorLogFile).value_or(""); }
+    std::vector<std::string> Unread() {
+        std::vector<std::string> paths;
+        for (const auto& object : State().unread.All()) {
+            paths.push_back(object.path);
+        }
+        return paths;
+    }
     std::size_t Records() {
         std::size_t count = 0;
         const std::string log = ErrorLog();
@@ -36,21 +43,103 @@ class UnreadableFolders : public ProgramFixture {
     }
 };
 
-TEST_F(UnreadableFolders, ADeniedFolderHasNoObjectsAndIsNotTold) {
+TEST_F(UnreadableFolders, ADeniedFolderHasNoObjectsAndLeavesOneRecord) {
     Crawl(platform::kPermissionDenied);
     EXPECT_THAT(Names(), ElementsAre("a.txt", "d.txt"));
     EXPECT_THAT(Told(), IsEmpty());
-    EXPECT_EQ(Records(), 0U);
+    EXPECT_EQ(Records(), 1U);
+    EXPECT_NE(ErrorLog().find("Error Number = 70\r\n"), std::string::npos);
+    EXPECT_NE(ErrorLog().find(" Path = C:\\t\\bad\r\n"), std::string::npos);
+    EXPECT_THAT(Unread(), ElementsAre("C:\\t\\bad"));
 }
 
-TEST_F(UnreadableFolders, NorIsOneThatVanishedOrWhoseDriveIsNotReady) {
-    for (const int error : {53, 57, 71, 76}) {
+TEST_F(UnreadableFolders, OneWhoseDeviceFailsOrIsNotReadyIsToldAsWell) {
+    for (const int error : {57, 71}) {
         machine.faults.ClearFaults();
         Crawl(error);
         EXPECT_THAT(Names(), ElementsAre("a.txt", "d.txt")) << error;
+        EXPECT_THAT(Unread(), ElementsAre("C:\\t\\bad")) << error;
     }
-    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_EQ(Records(), 1U) << "of the last run";
+}
+
+TEST_F(UnreadableFolders, OneThatVanishedIsNotMissed) {
+    for (const int error : {53, 76}) {
+        machine.faults.ClearFaults();
+        Crawl(error);
+        EXPECT_THAT(Names(), ElementsAre("a.txt", "d.txt")) << error;
+        EXPECT_THAT(Unread(), IsEmpty()) << error;
+    }
     EXPECT_EQ(Records(), 0U);
+}
+
+TEST_F(UnreadableFolders, AListingThatBreaksOffIsToldAsOne) {
+    Start();
+    WithSubfolders();
+    machine.faults.FailPath("C:\\t\\bad", 57, "List");
+    Search("*.txt", "C:\\t");
+    EXPECT_THAT(Unread(), ElementsAre("C:\\t\\bad"));
+    EXPECT_EQ(Records(), 1U);
+}
+
+TEST_F(UnreadableFolders, EachIsToldOnceHoweverManyStringsLookForIt) {
+    Start();
+    WithSubfolders();
+    machine.faults.FailPath("C:\\t\\bad", 70, "Open");
+    machine.faults.FailPath("C:\\t\\good\\d.txt", 70);
+    machine.faults.FailPath("C:\\t", 70, "Open");
+    Search("*.txt|d*|x.*", "C:\\t");
+    EXPECT_THAT(Unread(), ElementsAre("C:\\t"));
+    EXPECT_EQ(Records(), 1U);
+}
+
+TEST_F(UnreadableFolders, TheStatusLineCountsThemAndOpensTheList) {
+    Crawl(platform::kPermissionDenied);
+    EXPECT_TRUE(Form().cmdUnread.Visible);
+    EXPECT_EQ(Form().cmdUnread.Caption.Get(), "1 object could not be read...");
+    prompts.Queue("cmdOK");
+    Click(Form().cmdUnread);
+    ASSERT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records()[0].form, "frmUnread");
+    machine.faults.ClearFaults();
+    Search("*.txt", "C:\\t");
+    EXPECT_FALSE(Form().cmdUnread.Visible);
+    EXPECT_THAT(Unread(), IsEmpty());
+}
+
+TEST_F(UnreadableFolders, ADeniedFolderIsAskedAboutWhenSecurityWarningsAreWanted) {
+    Start();
+    AskAboutSecurity();
+    WithSubfolders();
+    machine.faults.FailPath("C:\\t\\bad", platform::kPermissionDenied, "Open");
+    prompts.Queue("Yes");
+    prompts.Queue("No");
+    Search("*.txt", "C:\\t");
+    ASSERT_EQ(Told().size(), 2U);
+    EXPECT_EQ(prompts.Records()[0].title, "Bad File or Folder Name");
+    EXPECT_THAT(Names(), ElementsAre("a.txt", "d.txt"));
+    EXPECT_EQ(Records(), 1U);
+}
+
+TEST_F(UnreadableFolders, InAutomaticModeADeniedFolderIsRecordedUnasked) {
+    Start();
+    AskAboutSecurity();
+    State().options.blnAutoMode = true;
+    WithSubfolders();
+    machine.faults.FailPath("C:\\t\\bad", platform::kPermissionDenied, "Open");
+    Search("*.txt", "C:\\t");
+    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_EQ(Records(), 1U);
+}
+
+TEST_F(UnreadableFolders, WithoutSubfoldersOnlyTheLocationCounts) {
+    Start();
+    S().blnListItems[results::kFilesInFolder] = true;
+    Choose(Form().optFilesVsDirs, 3);
+    machine.faults.FailPath("C:\\t\\bad", platform::kPermissionDenied, "Open");
+    Search("*", "C:\\t");
+    EXPECT_THAT(Names(), ElementsAre("bad", "good"));
+    EXPECT_THAT(Unread(), IsEmpty());
 }
 
 TEST_F(UnreadableFolders, ABadNameIsPassedOverWhileSecurityWarningsAreSkipped) {
@@ -135,14 +224,15 @@ TEST_F(UnreadableFolders, OneThatCannotBeReadIsNotEmpty) {
     }
 }
 
-TEST_F(UnreadableFolders, AFileWhoseFactsCannotBeReadIsNotListedAndNotTold) {
+TEST_F(UnreadableFolders, AFileWhoseFactsCannotBeReadIsNotListedButTold) {
     Start();
     WithSubfolders();
     machine.faults.FailPath("C:\\t\\bad\\b.txt", platform::kPermissionDenied);
     Search("*.txt", "C:\\t");
     EXPECT_THAT(Names(), ElementsAre("a.txt", "d.txt", "c.txt"));
     EXPECT_THAT(Told(), IsEmpty());
-    EXPECT_EQ(Records(), 0U);
+    EXPECT_THAT(Unread(), ElementsAre("C:\\t\\bad\\b.txt"));
+    EXPECT_EQ(Records(), 1U);
 }
 
 } // namespace

@@ -23,6 +23,7 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
     settings.drives = {{'E', "/srv/collection"}};
     settings.showsNative = true;
     settings.listsAreNative = false;
+    settings.longestPath = session::kAnyLength;
     settings.editor = "gedit --wait";
     settings.player = "vlc";
     settings.latestYear = 2026;
@@ -41,6 +42,8 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "PathForm = native\r\n"
         "# Paths in lists that are written: native or drive.\r\n"
         "ListPathForm = drive\r\n"
+        "# The longest path: native for what the disk takes, or 259 characters.\r\n"
+        "LongestPath = native\r\n"
         "# The command that opens text files; empty for the desktop's own.\r\n"
         "Editor = gedit --wait\r\n"
         "# The command of the media player; empty for the desktop's own.\r\n"
@@ -99,6 +102,8 @@ TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
                                        "LatestFileYear = 1979",
                                        "LatestFileYear = 0",
                                        "PathForm = natively",
+                                       "LongestPath = 260",
+                                       "LongestPath = 0",
                                        "SearchWindow = 1,2,3",
                                        "SearchWindow = 1,2,0,4",
                                        "SearchWindow = 1,2,3,4,full",
@@ -129,7 +134,9 @@ TEST(PlatformSettingsText, AnyYearIsWrittenAndReadAsAWord) {
 }
 
 TEST(PlatformSettingsText, WhatTheFileLacksIsAsUsualOnTheMachine) {
-    const auto usual = session::UsualSettings({.keepsEveryDate = true, .hasNativePaths = true});
+    const auto usual = session::UsualSettings(
+        {.keepsEveryDate = true, .hasNativePaths = true, .takesLongPaths = true});
+    EXPECT_EQ(usual.longestPath, session::kAnyLength);
     EXPECT_EQ(usual.latestYear, session::kAnyYear);
     EXPECT_TRUE(usual.showsNative);
     EXPECT_EQ(session::UsualSettings({}), PlatformSettings{});

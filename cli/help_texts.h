@@ -16,8 +16,8 @@ inline constexpr const char* kAboutFooter =
     "  tarvix-cli run nightly.txt\n"
     "\n"
     "tarvix-cli COMMAND --help tells all about a command.\n"
-    "Ends with 0 when all is done, 1 when objects failed or were skipped, 2 when the request\n"
-    "is wrong, 3 when a question had no answer.\n";
+    "Ends with 0 when all is done as asked (duplicates skipped by rule included), 1 when objects\n"
+    "failed or were left out, 2 when the request is wrong, 3 when a question had no answer.\n";
 
 inline constexpr CommandHelp kSearch{
     "search", "Lists every file or folder that matches",

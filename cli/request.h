@@ -17,7 +17,7 @@ namespace tarvix::cli {
 // What the process ends with.
 enum ExitCode : int {
     kDone = 0,
-    kSomeFailed = 1, // done, but objects failed or were skipped
+    kSomeFailed = 1, // done, but objects failed, or were left out otherwise than as asked
     kBadRequest = 2, // the request or the script is wrong
     kUnanswered = 3, // a prompt had no answer; nothing further was done
 };

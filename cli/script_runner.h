@@ -30,7 +30,7 @@ class ScriptRunner {
     // Runs the rest. Throws ScriptStopped, and lets pass what the prompts throw.
     void Run(results::Program& program);
 
-    // Whether an action failed on objects or skipped some.
+    // Whether an action failed on objects, or skipped some that are no duplicates.
     bool SomeFailed() const { return someFailed_; }
     // The line of the statement under work, or the last one.
     int Line() const { return line_; }

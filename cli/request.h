@@ -150,6 +150,20 @@ struct NumbersRequest {
     bool confirmed = false;
 };
 
+// Lists as typed.
+struct AutoMoveRequest {
+    Criteria criteria;
+    std::string searches;
+    std::string destinations;
+    bool renamesDuplicates = false;
+    bool thenFiles = false;
+    bool emptiesFolders = false;
+    bool confirmed = false;
+    bool dryRun = false;
+    bool json = false;
+    std::vector<std::string> answers;
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -171,9 +185,9 @@ struct OptionsRequest {
     bool json = false;
 };
 
-using Command =
-    std::variant<SearchRequest, ActionRequest, DeleteRequest, ListRequest, PlaylistRequest,
-                 NumbersRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest,
+                             ListRequest, PlaylistRequest, NumbersRequest, RunRequest,
+                             SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

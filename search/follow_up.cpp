@@ -89,7 +89,7 @@ Next RunFollowUp(Session& session, const WalkEnd& end) {
         return RunRepeatDelete(session);
     }
     if (state.blnAutoMove || state.blnAutoPlayList) {
-        RunBatch(session);
+        if (end) RunBatch(session); // of a search that was cut short nothing is moved
     } else if (!state.blnStopClicked) {
         results::cmdSelectNone_Click(session);
     }

@@ -53,8 +53,12 @@ bool Session::Raise(const fields::Control& control, std::string_view event, bool
     return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 
+PromptService& Session::Asked() {
+    return standIn ? *standIn : prompts;
+}
+
 int Session::MsgBox(PromptId id, std::string_view text) {
-    return prompts.MsgBox(PromptOf(id, text));
+    return Asked().MsgBox(PromptOf(id, text));
 }
 
 void Session::ShowModal(PromptId id) {
@@ -63,17 +67,17 @@ void Session::ShowModal(PromptId id) {
     const Prompt prompt{
         .id = id, .title = form.Caption, .text = main ? main->ValueText() : std::string()};
     form.Show();
-    prompts.ShowModal(*this, form, prompt);
+    Asked().ShowModal(*this, form, prompt);
     form.Hide();
     state.strLastForm = form.Name();
 }
 
 std::string Session::PickFolder(PromptId id) {
-    return prompts.PickFolder(PromptOf(id));
+    return Asked().PickFolder(PromptOf(id));
 }
 
 std::string Session::PickFile(PromptId id, std::string_view filters) {
-    return prompts.PickFile(PromptOf(id), filters);
+    return Asked().PickFile(PromptOf(id), filters);
 }
 
 std::string Session::PickNewFile(PromptId id, const NewFilePick& pick) {

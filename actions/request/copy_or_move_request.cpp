@@ -149,21 +149,30 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     Report(session, run);
 }
 
-// What is wrong with the step of a batch; empty when it can run.
-std::string WhyNotAutomated(Session& session, const std::string& folder) {
-    auto& failed = session.state.batch.blnStepFailed;
+bool IsFullPath(std::string_view path) {
+    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
+}
+
+// What is wrong with the folder that a step of a batch moves to; empty when it stands there.
+std::string WhyNotInto(Session& session, const std::string& folder) {
+    if (!IsFullPath(folder)) return fmt::format("{} is not a full path of a folder.", folder);
     if (IsExistingFile(session, folder)) {
-        failed = true;
         return fmt::format("{} is a file, you can not move objects inside it.", folder);
     }
     const auto exists = [&] {
         return !platform::DirName(session.files(), folder, platform::kDirAll).empty();
     };
     if (!exists()) session::CreateMissingFolder(session, folder, true);
-    if (!exists()) {
-        failed = true;
-        return fmt::format("Was unable to create destination folder {}", folder);
-    }
+    return exists() ? std::string()
+                    : fmt::format("Was unable to create destination folder {}", folder);
+}
+
+// What is wrong with the step of a batch; empty when it can run. Nothing found is no failure.
+std::string WhyNotAutomated(Session& session, const std::string& folder) {
+    auto& batch = session.state.batch;
+    batch.strWrong = WhyNotInto(session, folder);
+    batch.blnStepFailed = !batch.strWrong.empty();
+    if (batch.blnStepFailed) return batch.strWrong;
     return session.selection->lngSelTop < 0 ? "Was unable to do move, no objects found."
                                             : std::string();
 }

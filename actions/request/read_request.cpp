@@ -60,6 +60,9 @@ ActionRequest ReadRequest(const FrmDialog& form, std::string strAction, std::str
     }
     request.duplicates = DuplicatesOf(form);
     request.renameText = form.txtRename.Text;
+    if (request.renameText.empty() && request.strAction == "Automated Move") {
+        request.renameText = "_"; // nobody is there to type one
+    }
     request.renamesAtEnd = form.chkRenameEnd.Value == 1;
     request.rename = RenameOf(form);
     return request;

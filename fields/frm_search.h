@@ -125,6 +125,8 @@ class FrmSearch : public Form {
         "Group by name (ascending) and version number (descending)."};
     MenuEntry mnuTools_RemoveUnAndMove{*this, "mnuTools_RemoveUnAndMove",
                                        "Remove Unselected and Move"};
+    MenuEntry mnuTools_AutomatedMove{*this, "mnuTools_AutomatedMove",
+                                     "Automated Object Move (Sort)"};
     MenuEntry mnuTools_BypassMPL{*this, "mnuTools_BypassMPL",
                                  "Copy Paths Directly into 'Search Location(s)' Box"};
     MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",

@@ -27,8 +27,8 @@ std::optional<batch::ListLength> Measure(Host& host, platform::FileSystem& files
                                          batch::ListMarks marks) {
     const auto length = batch::MeasureList(files, path, marks);
     if (!length) {
-        Complain(host, fmt::format("The list {} can't be read: {}", typed,
-                                   length.error().description));
+        Complain(host,
+                 fmt::format("The list {} can't be read: {}", typed, length.error().description));
         return {};
     }
     if (!length->isMarked) {
@@ -64,9 +64,9 @@ nlohmann::ordered_json AsJson(const PlannedStep& step) {
 }
 
 nlohmann::ordered_json AsJson(const BatchStep& step) {
-    return {{"Search", step.search},   {"Destination", step.destination},
-            {"Moved", step.done},      {"SkippedAsTheyExist", step.duplicates},
-            {"Failed", step.failed},   {"Skipped", step.skipped - step.duplicates},
+    return {{"Search", step.search}, {"Destination", step.destination},
+            {"Moved", step.done},    {"SkippedAsTheyExist", step.duplicates},
+            {"Failed", step.failed}, {"Skipped", step.skipped - step.duplicates},
             {"Wrong", step.wrong}};
 }
 

@@ -125,16 +125,22 @@ inline constexpr CommandHelp kNumbers{
     "there and # one that may be: 00# gives 007.\n"};
 inline constexpr CommandHelp kAutoMove{
     "auto-move", "Moves by a list of patterns and a list of folders",
-    "For each line of a list of patterns, finds objects as \"search\" does and moves all of them to\n"
-    "the folder in the same line of a list of folders. Nothing is asked meanwhile: a question that\n"
+    "For each line of a list of patterns, finds objects as \"search\" does and moves all of them "
+    "to\n"
+    "the folder in the same line of a list of folders. Nothing is asked meanwhile: a question "
+    "that\n"
     "would come gets its safe answer, is logged and counted.\n",
     "\nExamples:\n"
-    "  tarvix-cli auto-move --in ~/Inbox --searches kinds.txt --destinations folders.txt --dry-run\n"
+    "  tarvix-cli auto-move --in ~/Inbox --searches kinds.txt --destinations folders.txt "
+    "--dry-run\n"
     "  tarvix-cli auto-move --in ~/Inbox --searches kinds.txt --destinations folders.txt --yes\n"
     "\n"
-    "Both lists end with a line *EOF. A list of folders that ends with *REPEAT instead starts over,\n"
-    "so that 16 patterns can go to 4 folders in turn; the mark counts as a line, whose step is left\n"
-    "out with an error. A missing folder is made. Ends with 0 when every step was done, duplicates\n"
+    "Both lists end with a line *EOF. A list of folders that ends with *REPEAT instead starts "
+    "over,\n"
+    "so that 16 patterns can go to 4 folders in turn; the mark counts as a line, whose step is "
+    "left\n"
+    "out with an error. A missing folder is made. Ends with 0 when every step was done, "
+    "duplicates\n"
     "skipped by rule included, and with 1 when a step was left out or an object failed.\n"};
 
 inline constexpr CommandHelp kRun{

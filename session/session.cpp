@@ -81,11 +81,11 @@ std::string Session::PickFile(PromptId id, std::string_view filters) {
 }
 
 std::string Session::PickNewFile(PromptId id, const NewFilePick& pick) {
-    return prompts.PickNewFile(PromptOf(id), pick);
+    return Asked().PickNewFile(PromptOf(id), pick);
 }
 
 std::string Session::InputBox(PromptId id, std::string_view text, std::string_view preset) {
-    return prompts.InputBox(PromptOf(id, text), preset);
+    return Asked().InputBox(PromptOf(id, text), preset);
 }
 
 } // namespace tarvix::session

@@ -55,13 +55,13 @@ Result<std::optional<ListLength>> MeasureMarked(Session& session, const ListKind
 }
 
 bool StartsWith(std::string_view answer, char small) {
-    return !answer.empty() && text::ToLower(answer.substr(0, 1)) == std::string_view(&small, 1);
+    return !answer.empty() && text::Lower(answer.substr(0, 1)) == std::string_view(&small, 1);
 }
 
 // Whether duplicates are renamed; nothing when the user cancelled.
 std::optional<bool> AskDuplicates(Session& session) {
-    const std::string answer = session.InputBox(PromptId::kBatchDuplicates,
-                                                "Select S,or R for skip, or rename", "");
+    const std::string answer =
+        session.InputBox(PromptId::kBatchDuplicates, "Select S,or R for skip, or rename", "");
     const bool renames = StartsWith(answer, 'r');
     if (!renames && !StartsWith(answer, 's')) {
         session.MsgBox(PromptId::kBatchCancelled, "Cancelled");
@@ -75,8 +75,8 @@ std::optional<bool> AskDuplicates(Session& session) {
 
 bool AskThenFiles(Session& session) {
     if (session.frmSearch.optFilesVsDirs.Chosen() != kFolders) return false;
-    const std::string answer = session.InputBox(
-        PromptId::kBatchThenFiles, "Should I repeat the task again for files?", "N");
+    const std::string answer = session.InputBox(PromptId::kBatchThenFiles,
+                                                "Should I repeat the task again for files?", "N");
     if (!StartsWith(answer, 'y')) return false;
     session::LogTimed(session, " User selected to use this search for files also.\r\n");
     return true;
@@ -104,23 +104,21 @@ std::optional<PickedList> PickList(Session& session, const ListKind& kind) {
     }
     if (!*length) return {};
     session::LogTimed(session, fmt::format(" User selected to use this {} list file {}",
-                                           text::ToLower(kind.name), session.Shown(path)));
+                                           text::Lower(kind.name), session.Shown(path)));
     return PickedList{path, **length};
 }
 
 std::optional<MoveBatch> AskMoveBatch(Session& session) {
     session.MsgBox(PromptId::kBatchMoveNotice, kNotice);
-    const auto searches =
-        PickList(session, {"Search", PromptId::kPickSearchList, ListMarks::kEnd});
+    const auto searches = PickList(session, {"Search", PromptId::kPickSearchList, ListMarks::kEnd});
     if (!searches) return {};
     session.state.strBatchFile = text::FileNameOf(searches->path);
-    const auto destinations = PickList(
-        session, {"Destination", PromptId::kPickDestinationList, ListMarks::kEndOrRepeat});
+    const auto destinations =
+        PickList(session, {"Destination", PromptId::kPickDestinationList, ListMarks::kEndOrRepeat});
     if (!destinations) return {};
     const auto renames = AskDuplicates(session);
     if (!renames) return {};
-    if (!destinations->length.repeats &&
-        destinations->length.entries != searches->length.entries) {
+    if (!destinations->length.repeats && destinations->length.entries != searches->length.entries) {
         session.MsgBox(PromptId::kBatchListsDiffer,
                        "Destination and search list files MUST match in length! Start over.");
         return {};

@@ -27,8 +27,8 @@ struct ListKind {
     ListMarks marks;
 };
 
-// Has a list picked and counted, and its mark added where it lacks one, if the user says so. Nothing
-// when the user cancelled or the list can't be read, which was told.
+// Has a list picked and counted, and its mark added where it lacks one, if the user says so.
+// Nothing when the user cancelled or the list can't be read, which was told.
 std::optional<PickedList> PickList(session::Session& session, const ListKind& kind);
 
 // The questions of an automated move, in their order. Nothing when the user cancelled.

@@ -50,11 +50,8 @@ class MoveRun {
   private:
     // Whether it came to the end of the lists.
     bool RunLists() {
-        if (const auto done = GoDownLists(); !done) {
-            outcome_.isBrokenOff = true;
-            session::TellUnexpected(session_, done.error(), kRoutine, batch_.searchList);
-        }
-        return !outcome_.isBrokenOff && !outcome_.isStopped;
+        if (auto done = GoDownLists(); !done) outcome_.error = std::move(done.error());
+        return !outcome_.error && !outcome_.isStopped;
     }
 
     Result<void> GoDownLists() {
@@ -120,7 +117,7 @@ std::string_view EndText(const BatchOutcome& outcome) {
 } // namespace
 
 bool BatchOutcome::HasErrors() const {
-    if (isBrokenOff) return true;
+    if (error) return true;
     for (const BatchStep& step : steps) {
         if (!step.wrong.empty() || step.failed > 0 || step.skipped > step.duplicates) return true;
     }
@@ -135,6 +132,9 @@ BatchOutcome RunAutomatedMove(Session& session, const MoveBatch& batch) {
     session.frmSearch.mnuOptions.Enabled = false;
     BatchOutcome outcome = MoveRun(session, batch).Run();
     state.blnAutoMove = state.blnBatchDeleteEmpty = false;
+    if (outcome.error) {
+        session::TellUnexpected(session, *outcome.error, kRoutine, batch.searchList);
+    }
     session::UnlockAfterSearch(session);
     session.frmSearch.mnuOptions.Enabled = true;
     return outcome;
@@ -167,7 +167,7 @@ void mnuTools_AutomatedMove_Click(Session& session) {
     const auto batch = AskMoveBatch(session);
     if (!batch) return;
     const BatchOutcome outcome = RunAutomatedMove(session, *batch);
-    if (outcome.isBrokenOff) return;
+    if (outcome.error) return;
     session.MsgBox(session::PromptId::kBatchMoveEnded, EndText(outcome));
 }
 

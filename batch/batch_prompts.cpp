@@ -28,11 +28,10 @@ void BatchPrompts::Log(const Prompt& prompt, std::string_view answer) {
         return;
     }
     ++answered_;
-    session::LogTimed(session_,
-                      answer.empty()
-                          ? fmt::format(" {}\r\nNobody was asked, since a batch runs.", told)
-                          : fmt::format(" {}\r\nNobody was asked, since a batch runs: {}.", told,
-                                        answer));
+    session::LogTimed(
+        session_, answer.empty() ? fmt::format(" {}\r\nNobody was asked, since a batch runs.", told)
+                                 : fmt::format(" {}\r\nNobody was asked, since a batch runs: {}.",
+                                               told, answer));
 }
 
 int BatchPrompts::MsgBox(const Prompt& prompt) {

@@ -14,7 +14,8 @@ class TextStream;
 
 namespace tarvix::batch {
 
-// A list holds one entry a line and ends with a line that is a mark. What stands behind is no entry.
+// A list holds one entry a line and ends with a line that is a mark. What stands behind is no
+// entry.
 constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kRepeatMark = "*REPEAT"; // the list starts over
 

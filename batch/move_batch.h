@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/error.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,7 +43,7 @@ struct BatchOutcome {
     std::vector<BatchStep> steps;
     std::int64_t answered = 0; // questions that nobody was asked
     bool isStopped = false;
-    bool isBrokenOff = false; // by an error that was told and recorded
+    std::optional<platform::PlatformError> error; // that ended it; it was told and recorded
 
     // Whether a step was left out or an object failed.
     bool HasErrors() const;

@@ -18,7 +18,8 @@ struct StepLine {
 class StepLines {
   public:
     StepLines(platform::FileSystem& files, std::string searchList, std::string destinationList)
-        : searches_(files, std::move(searchList)), destinations_(files, std::move(destinationList)) {}
+        : searches_(files, std::move(searchList)),
+          destinations_(files, std::move(destinationList)) {}
     // To the first lines; 53 when a list has gone.
     platform::Result<void> Restart();
     // Nothing at the mark of the search list; 62 where one of them ends without a mark.

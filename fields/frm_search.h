@@ -97,6 +97,7 @@ class FrmSearch : public Form {
     MenuEntry mnuActions{*this, "mnuActions", "A&ctions"};
     MenuEntry mnuTools{*this, "mnuTools", "&Tools"};
     MenuEntry mnuBrowse{*this, "mnuBrowse", "&Browse"};
+    MenuEntry mnuOptions{*this, "mnuOptions", "&Options"};
     MenuEntry mnuBrowse_ClearNow{*this, "mnuBrowse_ClearNow", "Clear 'Search Location(s)' Now"};
     std::array<MenuEntry, 4> mnuBrowse_Behave{
         MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add Path", 0},

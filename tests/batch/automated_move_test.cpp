@@ -59,11 +59,10 @@ TEST_F(AutomatedMove, TheRunIsLogged) {
     Lists("*.mp3\r\n*EOF", "C:\\out\r\n*EOF");
     RunPlain();
     const std::string log = LogText();
-    for (const char* entry :
-         {" User selected to do a batch search and move.",
-          " User selected to use this search list file C:\\lists\\s.txt",
-          " User selected to use this destination list file C:\\lists\\d.txt",
-          " User selected to skip all duplicates for all search and moves."}) {
+    for (const char* entry : {" User selected to do a batch search and move.",
+                              " User selected to use this search list file C:\\lists\\s.txt",
+                              " User selected to use this destination list file C:\\lists\\d.txt",
+                              " User selected to skip all duplicates for all search and moves."}) {
         EXPECT_TRUE(HasEntry(log, entry)) << entry << "\nin\n" << log;
     }
 }
@@ -194,8 +193,8 @@ TEST_F(AutomatedMove, EmptiedFoldersGoLevelByLevel) {
     EXPECT_FALSE(Disk().Exists("C:\\in\\x"));
     EXPECT_TRUE(Disk().Exists("C:\\in\\a.mp3"));
     EXPECT_EQ(LastTold(), kDone);
-    EXPECT_TRUE(HasEntry(LogText(),
-                         " All empty folders, matching search criteria, have been deleted."));
+    EXPECT_TRUE(
+        HasEntry(LogText(), " All empty folders, matching search criteria, have been deleted."));
 }
 
 TEST_F(AutomatedMove, SearchTextsThatOverlapAreNoQuestion) {

@@ -9,6 +9,11 @@ using ::testing::HasSubstr;
 
 class AutoMoveCommandTest : public CliFixture {
   protected:
+    void SetUp() override {
+        for (const std::string name : {"a.mp3", "b.mp3", "c.jpg"}) {
+            Disk().AddFile("C:\\home\\ann\\Music\\" + name, name);
+        }
+    }
     void Lists(std::string_view searches, std::string_view destinations) {
         Disk().AddFile("C:\\lists\\s.txt", searches);
         Disk().AddFile("C:\\lists\\d.txt", destinations);

@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "actions/request/start_action.h"
+#include "batch/automated_move.h"
 #include "generate/menu.h"
 #include "search/search_button.h"
 #include "session/lifecycle/help.h"
@@ -21,6 +22,7 @@ void FillEvents(session::EventTable& events) {
     search::AddSearchEvents(events);
     actions::AddActionEvents(events);
     generate::AddGenerateEvents(events);
+    batch::AddBatchEvents(events);
 }
 
 } // namespace tarvix::app

@@ -184,6 +184,30 @@ void AddRename(CLI::App& app, Command& chosen) {
     AddRunOptions(options, rename);
 }
 
+void AddAutoMove(CLI::App& app, Command& chosen) {
+    const auto [command, move] =
+        Add<AutoMoveRequest>(app, kAutoMove, chosen, [](AutoMoveRequest& request) {
+            CheckTests(request.criteria);
+            if (request.searches.empty() || request.destinations.empty()) {
+                Refuse("Name both lists, with --searches FILE and --destinations FILE.");
+            }
+        });
+    AddTests(command, move.criteria);
+    Options options(command, kActionGroup);
+    options.Text("--searches FILE", move.searches, "A list of patterns, one a line, then *EOF");
+    options.Text("--destinations FILE", move.destinations,
+                 "A list of folders, one for each pattern, then *EOF; or *REPEAT to start over");
+    options.Choice("--on-duplicate CHOICE", move.renamesDuplicates, {"skip", "rename"},
+                   "skip (unless given) or rename, where something stands already");
+    options.Flag("--then-files", move.thenFiles, "Goes down the lists again, for files");
+    options.Flag("--empty-folders", move.emptiesFolders,
+                 "At the end sends all empty folders of the locations to the trash");
+    options.Flag("-y,--yes", move.confirmed, "Confirms the run");
+    options.Flag("-n,--dry-run", move.dryRun,
+                 "Tells how many objects each line finds, and moves nothing");
+    options.Flag("--json", move.json, "One object a line");
+}
+
 void AddDelete(CLI::App& app, Command& chosen) {
     const auto [command, deletion] = Add<DeleteRequest>(
         app, kDelete, chosen, [](DeleteRequest& request) { CheckCriteria(request.criteria); });
@@ -298,8 +322,8 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     SetUp(app);
     app.footer(kAboutFooter);
     AddMachine(app, request.machine);
-    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddList, AddPlaylist,
-                           AddNumbers, AddOthers, AddOptions})
+    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove, AddList,
+                           AddPlaylist, AddNumbers, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

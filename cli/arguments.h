@@ -14,8 +14,11 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
 
 // Adds PATTERNS, --in and what else tells what to find to a command.
 void AddCriteria(CLI::App& command, Criteria& criteria, std::vector<std::string>& answers);
+// The same without what names match, which a list tells.
+void AddTests(CLI::App& command, Criteria& criteria);
 // Once parsed: refuses criteria that the options alone can't tell to be wrong, and fills up those
 // that stand for several.
 void CheckCriteria(Criteria& criteria);
+void CheckTests(Criteria& criteria);
 
 } // namespace tarvix::cli

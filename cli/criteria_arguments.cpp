@@ -57,13 +57,21 @@ void AddCriteria(CLI::App& command, Criteria& criteria, std::vector<std::string>
     Options what(command, "What to find");
     what.Words("PATTERNS", criteria.patterns, "What names are to match, such as \"*.mp3|*.flac\"",
                false);
+    AddTests(command, criteria);
+    what.Flag("--not", criteria.isNot, "Lists what does not match the pattern");
+    Options(command, "Output")
+        .Words("--answer VALUE", answers,
+               "Answers the next question that comes up; may be repeated");
+}
+
+void AddTests(CLI::App& command, Criteria& criteria) {
+    Options what(command, "What to find");
     what.Words("--in LOCATION", criteria.locations,
                "The folders to search: native paths, file addresses or drive paths", false);
     what.Choice("--kind KIND", criteria.kind,
                 {"files", "empty-files", "all", "folders", "empty-folders"},
                 "files (unless given), empty-files, all, folders, empty-folders");
     what.Flag("--no-subfolders", criteria.noSubfolders, "Looks at the locations alone");
-    what.Flag("--not", criteria.isNot, "Lists what does not match the pattern");
     what.Flag("--one-each", criteria.oneEach, "Lists one file of each folder");
     AddSizes(what, criteria.size);
     AddDates(what, criteria.date);
@@ -75,9 +83,6 @@ void AddCriteria(CLI::App& command, Criteria& criteria, std::vector<std::string>
                           {"no", "yes", "any"}, kAttributes[i].help);
     }
     attributes.Flag("--any-attribute", criteria.anyAttribute, "All ten at any");
-    Options(command, "Output")
-        .Words("--answer VALUE", answers,
-               "Answers the next question that comes up; may be repeated");
 }
 
 void CheckCriteria(Criteria& criteria) {
@@ -85,11 +90,15 @@ void CheckCriteria(Criteria& criteria) {
     if (patterns.empty()) {
         Refuse("Put what to find before --in, such as \"*.mp3\", or \"*\" for all.");
     }
-    if (criteria.locations.empty()) {
-        Refuse("Say where to search with --in, such as --in ~/Music.");
-    }
+    CheckTests(criteria);
     if (criteria.isNot && (patterns.size() > 1 || patterns[0].find('|') != std::string::npos)) {
         Refuse("--not works with one pattern only: leave it or the others out.");
+    }
+}
+
+void CheckTests(Criteria& criteria) {
+    if (criteria.locations.empty()) {
+        Refuse("Say where to search with --in, such as --in ~/Music.");
     }
     CheckOrder(criteria.size, "sizes");
     CheckOrder(criteria.date, "dates");

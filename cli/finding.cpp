@@ -26,15 +26,17 @@ bool Finding::CheckLocations(const Criteria& criteria) {
     return true;
 }
 
+bool Finding::Fill(session::Session& session, const Criteria& criteria) {
+    prompts_.BeginRequest();
+    const auto filled = FillCriteria(session, scripted_, criteria, locations_);
+    if (!filled) Complain(host_, filled.error());
+    return filled.has_value();
+}
+
 int Finding::Search(results::Program& program, const Criteria& criteria,
                     const std::vector<std::string>& answers) {
     auto& session = program.Session();
-    prompts_.BeginRequest();
-    const auto filled = FillCriteria(session, scripted_, criteria, locations_);
-    if (!filled) {
-        Complain(host_, filled.error());
-        return kBadRequest;
-    }
+    if (!Fill(session, criteria)) return kBadRequest;
     for (const std::string& answer : answers)
         scripted_.Queue(answer);
     const Watch watch(host_, session);

@@ -23,6 +23,8 @@ class Finding {
 
     // Before the program starts: whether the locations exist; else the sentence was told.
     bool CheckLocations(const Criteria& criteria);
+    // Fills in the criteria; false when a control refused one, which was told.
+    bool Fill(session::Session& session, const Criteria& criteria);
     // Fills in the criteria and searches. kDone; kSomeFailed when the search was cut short or
     // passed objects over; kBadRequest when the form refused it.
     int Search(results::Program& program, const Criteria& criteria,

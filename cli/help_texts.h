@@ -16,9 +16,12 @@ inline constexpr const char* kAboutFooter =
     "  tarvix-cli run nightly.txt\n"
     "\n"
     "tarvix-cli COMMAND --help tells all about a command.\n"
-    "Ends with 0 when all is done, 1 when objects failed, were skipped or could not be read, 2\n"
-    "when the request is wrong, 3 when a question had no answer, and with 128 and the number of\n"
-    "the signal when it was interrupted (130 by Ctrl+C): it stops at the next object then.\n";
+    "Ends with 0 when all is done as asked (duplicates skipped by rule included), 1 when objects\n"
+    "failed, were left out or could not be read, 2 when the request is wrong, 3 when a question "
+    "had\n"
+    "no answer, and with 128 and the number of the signal when it was interrupted (130 by "
+    "Ctrl+C):\n"
+    "it stops at the next object then.\n";
 
 inline constexpr CommandHelp kSearch{
     "search", "Lists every file or folder that matches",
@@ -127,6 +130,25 @@ inline constexpr CommandHelp kNumbers{
     "\n"
     "The first * of the line is the number's place. In the format 0 is a digit that is always\n"
     "there and # one that may be: 00# gives 007.\n"};
+inline constexpr CommandHelp kAutoMove{
+    "auto-move", "Moves by a list of patterns and a list of folders",
+    "For each line of a list of patterns, finds objects as \"search\" does and moves all of them "
+    "to\n"
+    "the folder in the same line of a list of folders. Nothing is asked meanwhile: a question "
+    "that\n"
+    "would come gets its safe answer, is logged and counted.\n",
+    "\nExamples:\n"
+    "  tarvix-cli auto-move --in ~/Inbox --searches kinds.txt --destinations folders.txt "
+    "--dry-run\n"
+    "  tarvix-cli auto-move --in ~/Inbox --searches kinds.txt --destinations folders.txt --yes\n"
+    "\n"
+    "Both lists end with a line *EOF. A list of folders that ends with *REPEAT instead starts "
+    "over,\n"
+    "so that 16 patterns can go to 4 folders in turn; the mark counts as a line, whose step is "
+    "left\n"
+    "out with an error. A missing folder is made. Ends with 0 when every step was done, "
+    "duplicates\n"
+    "skipped by rule included, and with 1 when a step was left out or an object failed.\n"};
 
 inline constexpr CommandHelp kRun{
     "run", "Runs a script that drives the whole program",

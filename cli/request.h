@@ -17,7 +17,7 @@ namespace tarvix::cli {
 // What the process ends with.
 enum ExitCode : int {
     kDone = 0,
-    kSomeFailed = 1,  // done, but objects failed or were skipped
+    kSomeFailed = 1,  // done, but objects failed, or were left out otherwise than as asked
     kBadRequest = 2,  // the request or the script is wrong
     kUnanswered = 3,  // a prompt had no answer; nothing further was done
     kSignalled = 128, // and the number of the signal that asked for the end
@@ -154,6 +154,20 @@ struct NumbersRequest {
     bool confirmed = false;
 };
 
+// Lists as typed.
+struct AutoMoveRequest {
+    Criteria criteria;
+    std::string searches;
+    std::string destinations;
+    bool renamesDuplicates = false;
+    bool thenFiles = false;
+    bool emptiesFolders = false;
+    bool confirmed = false;
+    bool dryRun = false;
+    bool json = false;
+    std::vector<std::string> answers;
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -175,9 +189,9 @@ struct OptionsRequest {
     bool json = false;
 };
 
-using Command =
-    std::variant<SearchRequest, ActionRequest, DeleteRequest, ListRequest, PlaylistRequest,
-                 NumbersRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest,
+                             ListRequest, PlaylistRequest, NumbersRequest, RunRequest,
+                             SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

@@ -86,7 +86,7 @@ void ScriptRunner::RunNext() {
         throw ScriptStopped{statement.line, done.error()};
     }
     const auto& totals = Session().state.lastAction;
-    someFailed_ = someFailed_ || totals.failed > 0 || totals.skipped > 0;
+    someFailed_ = someFailed_ || totals.failed > 0 || totals.skipped > totals.duplicates;
     CheckInterruption();
 }
 

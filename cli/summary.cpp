@@ -15,7 +15,8 @@ int Summarize(Host& host, std::string_view done, const session::ActionTotals& to
               std::int64_t wanted) {
     const std::array<std::pair<std::int64_t, std::string_view>, 5> others{
         {{totals.deleted, "deleted for good"},
-         {totals.duplicates, "skipped as they exist already"},
+         {totals.duplicates, totals.duplicates == 1 ? "skipped as it exists already"
+                                                    : "skipped as they exist already"},
          {totals.skipped - totals.duplicates, "skipped"},
          {totals.failed, "failed"},
          {wanted - totals.done - totals.skipped - totals.failed, "not reached"}}};
@@ -28,7 +29,7 @@ int Summarize(Host& host, std::string_view done, const session::ActionTotals& to
         between = ", ";
     }
     host.out << line << "." << std::endl;
-    return totals.done == wanted ? kDone : kSomeFailed;
+    return totals.done + totals.duplicates == wanted ? kDone : kSomeFailed;
 }
 
 } // namespace tarvix::cli

@@ -97,6 +97,7 @@ class FrmSearch : public Form {
     MenuEntry mnuActions{*this, "mnuActions", "A&ctions"};
     MenuEntry mnuTools{*this, "mnuTools", "&Tools"};
     MenuEntry mnuBrowse{*this, "mnuBrowse", "&Browse"};
+    MenuEntry mnuOptions{*this, "mnuOptions", "&Options"};
     MenuEntry mnuBrowse_ClearNow{*this, "mnuBrowse_ClearNow", "Clear 'Search Location(s)' Now"};
     std::array<MenuEntry, 4> mnuBrowse_Behave{
         MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add Path", 0},
@@ -125,6 +126,8 @@ class FrmSearch : public Form {
         "Group by name (ascending) and version number (descending)."};
     MenuEntry mnuTools_RemoveUnAndMove{*this, "mnuTools_RemoveUnAndMove",
                                        "Remove Unselected and Move"};
+    MenuEntry mnuTools_AutomatedMove{*this, "mnuTools_AutomatedMove",
+                                     "Automated Object Move (Sort)"};
     MenuEntry mnuTools_BypassMPL{*this, "mnuTools_BypassMPL",
                                  "Copy Paths Directly into 'Search Location(s)' Box"};
     MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",

@@ -90,7 +90,7 @@ Next RunFollowUp(Session& session, const SearchRequest* request, const WalkEnd& 
     if (state.blnRepeatDeleteEmpty && mayDelete) return RunRepeatDelete(session);
     state.blnRepeatDeleteEmpty = false;
     if (state.blnAutoMove || state.blnAutoPlayList) {
-        RunBatch(session);
+        if (end) RunBatch(session); // of a search that was cut short nothing is moved
     } else if (!state.blnStopClicked) {
         results::cmdSelectNone_Click(session);
     }

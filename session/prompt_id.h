@@ -140,6 +140,19 @@ enum class PromptId : std::uint8_t {
     kNumberInvalid,
     kNumbersCanceled,
 
+    // Batches.
+    kBatchMoveNotice,
+    kPickSearchList,
+    kPickDestinationList,
+    kListMarkMissing,
+    kBatchDuplicates,
+    kBatchCancelled,
+    kBatchListsDiffer,
+    kBatchThenFiles,
+    kBatchEmptyFolders,
+    kConfirmBatchMove,
+    kBatchMoveEnded,
+
     kEnd
 };
 

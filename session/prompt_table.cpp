@@ -166,6 +166,18 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Input(Id::kNumberLine),
     Notice(Id::kNumberInvalid),
     Notice(Id::kNumbersCanceled),
+
+    Notice(Id::kBatchMoveNotice, 0, "Automated Move"),
+    FilePicker(Id::kPickSearchList, "Select automated search list file."),
+    FilePicker(Id::kPickDestinationList, "Select automated destination list file."),
+    Message(Id::kListMarkMissing, Role::kDecision, kOkCancel, "Missing *EOF, add or cancel?"),
+    Input(Id::kBatchDuplicates, "What to do with duplicates."),
+    Notice(Id::kBatchCancelled),
+    Notice(Id::kBatchListsDiffer),
+    Input(Id::kBatchThenFiles),
+    Input(Id::kBatchEmptyFolders),
+    Message(Id::kConfirmBatchMove, Role::kConfirmation, kYesNo, "Automated Move"),
+    Notice(Id::kBatchMoveEnded),
 });
 
 constexpr bool IsInOrder() {

@@ -37,6 +37,7 @@ void LockForSearch(Session& session) {
 void UnlockAfterSearch(Session& session) {
     auto& form = session.frmSearch;
     session.forms.frmProgress.Hide();
+    if (session.state.blnAutoMove || session.state.blnAutoPlayList) return;
     SetCriteriaEnabled(form, true);
     form.mnuTools_DeleteFolderContentsOnly.Enabled =
         form.chkIncludeSubFolders.Value == 0 || IsFolderKind(form);

@@ -71,8 +71,12 @@ bool Session::Raise(const fields::Control& control, std::string_view event, bool
     return events.Raise(*this, name, {control.Index(), isRepeat});
 }
 
+PromptService& Session::Asked() {
+    return standIn ? *standIn : prompts;
+}
+
 int Session::MsgBox(PromptId id, std::string_view text) {
-    return prompts.MsgBox(PromptOf(id, text));
+    return Asked().MsgBox(PromptOf(id, text));
 }
 
 void Session::ShowModal(PromptId id) {
@@ -81,7 +85,7 @@ void Session::ShowModal(PromptId id) {
     const Prompt prompt{
         .id = id, .title = form.Caption, .text = main ? main->ValueText() : std::string()};
     form.Show();
-    prompts.ShowModal(*this, form, prompt);
+    Asked().ShowModal(*this, form, prompt);
     form.Hide();
     state.strLastForm = form.Name();
 }
@@ -89,19 +93,19 @@ void Session::ShowModal(PromptId id) {
 std::string Session::PickFolder(PromptId id, std::string_view start) {
     Prompt prompt = PromptOf(id);
     prompt.folder = start;
-    return prompts.PickFolder(prompt);
+    return Asked().PickFolder(prompt);
 }
 
 std::string Session::PickFile(PromptId id, std::string_view filters) {
-    return prompts.PickFile(PromptOf(id), filters);
+    return Asked().PickFile(PromptOf(id), filters);
 }
 
 std::string Session::PickNewFile(PromptId id, const NewFilePick& pick) {
-    return prompts.PickNewFile(PromptOf(id), pick);
+    return Asked().PickNewFile(PromptOf(id), pick);
 }
 
 std::string Session::InputBox(PromptId id, std::string_view text, std::string_view preset) {
-    return prompts.InputBox(PromptOf(id, text), preset);
+    return Asked().InputBox(PromptOf(id, text), preset);
 }
 
 } // namespace tarvix::session

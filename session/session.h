@@ -33,6 +33,7 @@ struct Session {
 
     platform::Platform platform;
     PromptService& prompts;
+    PromptService* standIn = nullptr; // asked in place of `prompts` while there is one
     SessionState state;
     fields::Forms forms;
     fields::FrmSearch& frmSearch;
@@ -78,6 +79,8 @@ struct Session {
     std::string InputBox(PromptId id, std::string_view text, std::string_view preset);
 
   private:
+    PromptService& Asked();
+
     text::DateTime toldTime_;
     std::string toldTimeText_;
 };

@@ -30,6 +30,7 @@ struct BatchRequest {
     bool blnAsk = false;
     bool blnRename = false;
     bool blnStepFailed = false;
+    std::string strWrong; // why, in a sentence
 };
 
 // What the last action did, object by object.

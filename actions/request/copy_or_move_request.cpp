@@ -164,26 +164,32 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     Report(session, run);
 }
 
-// What is wrong with the step of a batch; empty when it can run.
-std::string WhyNotAutomated(Session& session, const ActionRequest& request) {
-    auto& failed = session.state.batch.blnStepFailed;
-    const std::string& folder = request.typed;
-    if (const std::string wrong = WhyNoName(request.renameText); !wrong.empty()) {
-        failed = true;
-        return wrong;
-    }
+bool IsFullPath(std::string_view path) {
+    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
+}
+
+// What is wrong with the folder that a step of a batch moves to; empty when it stands there.
+std::string WhyNotInto(Session& session, const std::string& folder) {
+    const std::string shown = session.Shown(folder);
+    if (!IsFullPath(folder)) return fmt::format("{} is not a full path of a folder.", shown);
     if (IsExistingFile(session, folder)) {
-        failed = true;
-        return fmt::format("{} is a file, you can not move objects inside it.", folder);
+        return fmt::format("{} is a file, you can not move objects inside it.", shown);
     }
     const auto exists = [&] {
         return !platform::DirName(session.files(), folder, platform::kDirAll).empty();
     };
     if (!exists()) session::CreateMissingFolder(session, folder, true);
-    if (!exists()) {
-        failed = true;
-        return fmt::format("Was unable to create destination folder {}", folder);
-    }
+    return exists() ? std::string()
+                    : fmt::format("Was unable to create destination folder {}", shown);
+}
+
+// What is wrong with the step of a batch; empty when it can run. Nothing found is no failure.
+std::string WhyNotAutomated(Session& session, const ActionRequest& request) {
+    auto& batch = session.state.batch;
+    batch.strWrong = WhyNoName(request.renameText);
+    if (batch.strWrong.empty()) batch.strWrong = WhyNotInto(session, request.typed);
+    batch.blnStepFailed = !batch.strWrong.empty();
+    if (batch.blnStepFailed) return batch.strWrong;
     return session.selection->lngSelTop < 0 ? "Was unable to do move, no objects found."
                                             : std::string();
 }

@@ -62,6 +62,9 @@ ActionRequest ReadRequest(const FrmDialog& form, const platform::NativePaths& pa
     }
     request.duplicates = DuplicatesOf(form);
     request.renameText = paths.NamePart(form.txtRename.Text.Get());
+    if (request.renameText.empty() && request.strAction == "Automated Move") {
+        request.renameText = "_"; // nobody is there to type one
+    }
     request.renamesAtEnd = form.chkRenameEnd.Value == 1;
     request.rename = RenameOf(form, paths);
     return request;

@@ -127,13 +127,22 @@ TEST_F(ScriptRunnerTest, GoesOnInsideTheActionWindow) {
                                  "C:\\tmp\\out using folder structure - None ?\tOK\n"));
 }
 
-TEST_F(ScriptRunnerTest, ASkippedObjectGivesOne) {
+TEST_F(ScriptRunnerTest, ADuplicateThatIsSkippedAsAskedIsNoFailure) {
     Disk().AddFile("C:\\tmp\\out\\a.mp3", "older");
     EXPECT_EQ(RunScript(kFind + "select like *.mp3\nclick cmdCopySelected\n"
                                 "set chkSkipAll = 1\nset cmbDir = /tmp/out\nanswer OK\n"
                                 "click OKButton\n"),
-              kSomeFailed);
+              kDone);
     EXPECT_EQ(Disk().Content("C:\\tmp\\out\\a.mp3"), "older");
+}
+
+TEST_F(ScriptRunnerTest, AFailedObjectGivesOne) {
+    machine.faults.FailPath("C:\\home\\ann\\Music\\a.mp3", platform::kPermissionDenied, "CopyFile");
+    EXPECT_EQ(RunScript(kFind + "select like *.mp3\nclick cmdCopySelected\n"
+                                "set chkSkipAll = 1\nset cmbDir = /tmp/out\nanswer OK\n"
+                                "answer Cancel\nclick OKButton\n"),
+              kSomeFailed)
+        << Err();
 }
 
 TEST_F(ScriptRunnerTest, AnUnansweredPromptEndsWithThreeAndTheLine) {

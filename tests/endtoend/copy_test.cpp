@@ -103,5 +103,25 @@ TEST_F(CopyTest, NoTemporaryFileIsLeft) {
                                                        "none.dat", "e.txt"));
 }
 
+TEST_F(CopyTest, ATypedBackslashIsACharacterOfAName) {
+    AddFile("deep/in/a.txt", "a");
+    const Outcome renamed =
+        Run({"rename", "a.txt", "--in", "deep", "--insert", "..\\..\\x", "--yes"});
+    EXPECT_EQ(renamed.exitCode, 0) << renamed.err;
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a..\\..\\x.txt"), "a");
+    const Outcome back =
+        Run({"rename", "*", "--in", "deep", "--find", "\\..\\", "--replace", "?", "--yes"});
+    EXPECT_EQ(back.exitCode, 0) << back.err;
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a..?x.txt"), "a");
+}
+
+TEST_F(CopyTest, ATypedSlashIsRefused) {
+    AddFile("deep/in/a.txt", "a");
+    const Outcome renamed = Run({"rename", "a.txt", "--in", "deep", "--insert", "../x", "--yes"});
+    EXPECT_EQ(renamed.exitCode, 2);
+    EXPECT_THAT(renamed.err, HasSubstr("as no name may hold /."));
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a.txt"), "a");
+}
+
 } // namespace
 } // namespace tarvix::endtoend

@@ -171,6 +171,7 @@ constexpr std::string_view kLookAround = R"(
 set cmbSearchFor = *.txt
 set cmbDir = ROOT/basic/sub|ROOT/no such folder
 set chkIncludeSubFolders = 1
+answer OK
 click cmdSearch
 dump cmbDir
 dump lblCurrentFolder

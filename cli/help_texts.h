@@ -72,7 +72,9 @@ inline constexpr CommandHelp kRename{
     "rename", "Renames all that matches in its place",
     "Finds objects as \"search\" does and renames all of them, each in its place. Files are "
     "renamed\n"
-    "before folders; a name that is taken is never replaced.\n",
+    "before folders; a name that is taken is never replaced. No text given here can take an "
+    "object\n"
+    "to another folder: a / in it is refused, a \\ becomes part of the name.\n",
     "\nExamples:\n"
     "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
     "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"};

@@ -79,6 +79,53 @@ constexpr std::array kNetworkLines{
               ""},
 };
 
+// ---- the same where they are not true ----
+
+constexpr std::array kFileGoneLines{
+    ErrorLine{"", ErrorValue::kNone, kGap},
+    ErrorLine{"", ErrorValue::kReason, kGap},
+    ErrorLine{"It may have been moved, renamed or deleted meanwhile."},
+    ErrorLine{"Search folder or destination: ", ErrorValue::kSearchOrDestination, kGap},
+    ErrorLine{"Would you like to retry?", ErrorValue::kNone, ""},
+};
+
+constexpr std::array kUnreadableLines{
+    ErrorLine{"", ErrorValue::kNone, kGap},
+    ErrorLine{"", ErrorValue::kReason, kGap},
+    ErrorLine{"The medium may have been taken out, or the network share be away."},
+    ErrorLine{"Search folder: ", ErrorValue::kSearchOrDestination},
+    ErrorLine{"Path: ", ErrorValue::kPath, kGap},
+    ErrorLine{"Would you like to retry?", ErrorValue::kNone, ""},
+};
+
+constexpr std::array kUnwritableLines{
+    ErrorLine{"", ErrorValue::kNone, kGap},
+    ErrorLine{"", ErrorValue::kReason, kGap},
+    ErrorLine{"Object: ", ErrorValue::kPath},
+    ErrorLine{"Destination: ", ErrorValue::kSearchOrDestination, ""},
+};
+
+constexpr std::array kRefusedLines{
+    ErrorLine{"", ErrorValue::kNone, kGap},
+    ErrorLine{"", ErrorValue::kReason, kGap},
+    ErrorLine{"Object: ", ErrorValue::kObject},
+    ErrorLine{"Search folder or destination: ", ErrorValue::kSearchOrDestination, ""},
+};
+
+struct TrueLines {
+    int number;
+    std::string_view moduleName;
+    std::span<const ErrorLine> lines;
+};
+
+constexpr std::array kTrueLines{
+    TrueLines{platform::kFileNotFound, "", kFileGoneLines},
+    TrueLines{platform::kBadFileName, "frmSearch", kUnreadableLines},
+    TrueLines{platform::kBadFileName, "frmDialog", kUnwritableLines},
+    TrueLines{platform::kPermissionDenied, "", kRefusedLines},
+    TrueLines{platform::kPathNotFound, "frmDialog", kUnwritableLines},
+};
+
 constexpr std::array kRules{
     ErrorRule{.number = platform::kFileNotFound,
               .moduleName = "",
@@ -132,6 +179,13 @@ const ErrorRule* FindErrorRule(int number, std::string_view moduleName) {
         return rule.number == number && (rule.moduleName.empty() || rule.moduleName == moduleName);
     });
     return found == kRules.end() ? nullptr : &*found;
+}
+
+std::span<const ErrorLine> LinesOf(const ErrorRule& rule, bool hasNativePaths) {
+    const auto found = std::ranges::find_if(kTrueLines, [&](const TrueLines& lines) {
+        return lines.number == rule.number && lines.moduleName == rule.moduleName;
+    });
+    return hasNativePaths && found != kTrueLines.end() ? found->lines : rule.lines;
 }
 
 } // namespace tarvix::session

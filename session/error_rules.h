@@ -10,6 +10,7 @@ namespace tarvix::session {
 // The value that a line of an error's prompt shows.
 enum class ErrorValue {
     kNone,
+    kReason, // the sentence of the error itself
     kObject,
     kPath,
     kSearchOrDestination,
@@ -46,5 +47,9 @@ struct ErrorRule {
 
 // The rule of that error in that module; null for an error without one.
 const ErrorRule* FindErrorRule(int number, std::string_view moduleName);
+
+// What a rule's prompt says: its lines, or, on a machine with native paths, those that give the
+// true reason and name the object and the destination once.
+std::span<const ErrorLine> LinesOf(const ErrorRule& rule, bool hasNativePaths);
 
 } // namespace tarvix::session

@@ -39,6 +39,8 @@ std::string FileSystemClause(Session& session, std::string_view path) {
 
 std::string ValueOf(Session& session, ErrorValue value, const ErrorContext& context) {
     switch (value) {
+    case ErrorValue::kReason:
+        return session.state.strErrDesc;
     case ErrorValue::kObject:
         return session.Shown(context.object);
     case ErrorValue::kPath:
@@ -83,7 +85,7 @@ int Decide(const ErrorRule& rule, int answer, std::string_view object) {
 
 void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& context) {
     auto& state = session.state;
-    for (const ErrorLine& line : rule.lines) {
+    for (const ErrorLine& line : LinesOf(rule, session.platform.traits.hasNativePaths)) {
         state.strMessage.append(line.text).append(ValueOf(session, line.value, context));
         state.strMessage.append(line.end);
     }

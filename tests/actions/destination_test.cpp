@@ -89,7 +89,7 @@ TEST_F(DestinationTest, TheFoldersOfAShortenedPathAreNamedAsTheyAre) {
     EXPECT_EQ(of(), "C:\\Music all\\Rock Album b.mp3");
     Choose(kSpecialRule, kNone, "E:\\*9**10**11**12*");
     request.rule = *ValidateSpecialRule(request.typed);
-    EXPECT_EQ(of(), "E:\\ all\\b.mp3");
+    EXPECT_EQ(of(), "E:\\all\\b.mp3");
     request.strAction = "CopyRenameAsFolderName";
     Choose(kOneLocation, kNone, "E:\\x");
     EXPECT_EQ(of(), "E:\\x\\Rock Album.mp3");

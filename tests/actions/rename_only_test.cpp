@@ -292,7 +292,7 @@ TEST_F(RenameOnlyTest, AChangeOfCaseBesideANeighbourOfThatNameIsTaken) {
     AddFile("C:\\t\\Aa.TXT");
     Disk().AddFile("C:\\t\\aa.txt", "old");
     prompts.Queue("OK");
-    Replace("a", "A");
+    Replace("aa", "AA");
     EXPECT_THAT(Files(), ::testing::UnorderedElementsAre("Aa.TXT", "aa.txt"));
     EXPECT_EQ(Disk().Content("C:\\t\\aa.txt"), "old");
     ASSERT_EQ(prompts.Records().size(), 1U);

@@ -65,6 +65,36 @@ TEST_F(CopyCommandTest, ARelativeDestinationStartsAtTheCurrentFolder) {
     EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\backup\\a.mp3"));
 }
 
+TEST_F(CopyCommandTest, ADestinationThatHoldsWhatNoPathCanIsRefusedAndNothingIsMade) {
+    EXPECT_EQ(Copy({"--to", "C:\\data/x/y", "--yes"}), kBadRequest);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("C:\\data/x/y can't be used as a destination"));
+    EXPECT_EQ(Copy({"--to", "C:\\a|b", "--yes"}), kBadRequest);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("There is an asterick '*' or bar '|'"));
+    EXPECT_EQ(
+        Copy({"--to", "C:\\new", "--on-duplicate", "rename", "--rename-text", "..\\up", "--yes"}),
+        kBadRequest);
+    EXPECT_THAT(Err(), ::testing::HasSubstr("\"..\\up\" can't become part of a name"));
+    EXPECT_EQ(Out(), "");
+    EXPECT_FALSE(Disk().Exists("C:\\a"));
+    EXPECT_FALSE(Disk().Exists("C:\\ab"));
+    EXPECT_FALSE(Disk().Exists("C:\\new"));
+    EXPECT_FALSE(Disk().Exists("C:\\dataxy"));
+}
+
+TEST_F(CopyCommandTest, ARelativeDestinationKeepsEveryCharacter) {
+    EXPECT_EQ(Copy({"--to", "a|b", "--yes"}), kDone);
+    EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\a\uF07Cb\\a.mp3"));
+}
+
+TEST_F(CopyCommandTest, ATextForNamesThatHoldsAPathIsRefused) {
+    for (const char* text : {"..\\..\\x", "../x"}) {
+        EXPECT_EQ(Run({"rename", "*.mp3", "--in", "Music", "--insert", text, "--yes"}),
+                  kBadRequest);
+        EXPECT_THAT(Err(), ::testing::HasSubstr("can't become part of a name"));
+    }
+    EXPECT_EQ(Disk().Content("C:\\home\\ann\\Music\\a.mp3"), "aaa");
+}
+
 TEST_F(CopyCommandTest, TheWarningOnManyFoldersIsNotAnsweredByYes) {
     Disk().AddFile("C:\\home\\ann\\Music\\Folk\\c.mp3", "c");
     EXPECT_EQ(Run({"copy", "*", "--in", "Music", "--kind", "all", "--to", "/tmp/out", "--yes"}),

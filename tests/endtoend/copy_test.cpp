@@ -61,9 +61,7 @@ TEST_F(CopyTest, OddNamesArriveAsTheyAre) {
     EXPECT_EQ(outcome.out, "Copied 23 of 23 objects.\n");
     for (const fs::directory_entry& entry : fs::directory_iterator(Root() / "weird")) {
         if (entry.is_directory()) continue;
-        // A new path never keeps a blank next to a separator.
-        std::string name = entry.path().filename();
-        name.erase(0, name.find_first_not_of(' '));
+        const fs::path name = entry.path().filename();
         EXPECT_TRUE(fs::exists(Root() / "out" / name)) << entry.path();
     }
 }
@@ -101,6 +99,26 @@ TEST_F(CopyTest, NoTemporaryFileIsLeft) {
         names.push_back(entry.path().filename().string());
     EXPECT_THAT(names, ::testing::UnorderedElementsAre("a.mp3", "b.txt", "c.mp3", "D.MP3",
                                                        "none.dat", "e.txt"));
+}
+
+TEST_F(CopyTest, ATypedBackslashIsACharacterOfAName) {
+    AddFile("deep/in/a.txt", "a");
+    const Outcome renamed =
+        Run({"rename", "a.txt", "--in", "deep", "--insert", "..\\..\\x", "--yes"});
+    EXPECT_EQ(renamed.exitCode, 0) << renamed.err;
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a..\\..\\x.txt"), "a");
+    const Outcome back =
+        Run({"rename", "*", "--in", "deep", "--find", "\\..\\", "--replace", "?", "--yes"});
+    EXPECT_EQ(back.exitCode, 0) << back.err;
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a..?x.txt"), "a");
+}
+
+TEST_F(CopyTest, ATypedSlashIsRefused) {
+    AddFile("deep/in/a.txt", "a");
+    const Outcome renamed = Run({"rename", "a.txt", "--in", "deep", "--insert", "../x", "--yes"});
+    EXPECT_EQ(renamed.exitCode, 2);
+    EXPECT_THAT(renamed.err, HasSubstr("as no name may hold /."));
+    EXPECT_EQ(ReadAll(Root() / "deep/in/a.txt"), "a");
 }
 
 } // namespace

@@ -27,7 +27,8 @@ class DataFolderTest : public CliProcess {
 
 TEST_F(DataFolderTest, ASavedDriveHasItsLetter) {
     AddFile("collection/a.txt");
-    AddData("TXPlatform.txt", "Drive Q: = " + (Root() / "collection").string() + "\n*EOF");
+    AddData("TXPlatform.txt",
+            "PathForm = drive\nDrive Q: = " + (Root() / "collection").string() + "\n*EOF");
     EXPECT_EQ(FindIn("Q:\\"), "Q:\\a.txt\n");
 }
 
@@ -35,7 +36,7 @@ TEST_F(DataFolderTest, ADriveOfTheCommandLineWinsAndIsNotSaved) {
     AddFile("collection/a.txt");
     AddFile("other/b.txt");
     const std::string saved = "Drive Q: = " + (Root() / "collection").string();
-    AddData("TXPlatform.txt", saved + "\n*EOF");
+    AddData("TXPlatform.txt", "PathForm = drive\n" + saved + "\n*EOF");
     EXPECT_EQ(FindIn("Q:\\", {"--drive", "Q=" + (Root() / "other").string()}), "Q:\\b.txt\n");
     EXPECT_THAT(Data("TXPlatform.txt"), HasSubstr(saved));
     EXPECT_THAT(Data("TXPlatform.txt"), Not(HasSubstr("other")));
@@ -60,6 +61,7 @@ TEST_F(DataFolderTest, PathsTellsWhereTheyLie) {
 }
 
 TEST_F(DataFolderTest, AnOptionThatWasSetCounts) {
+    EXPECT_EQ(Run({"options", "set", "PathForm", "drive"}).exitCode, 0);
     EXPECT_EQ(Run({"options", "set", "strDefSearchFolder(0)", Root().string()}).exitCode, 0);
     const Outcome outcome = RunScript("dump cmbDir\n");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err;

@@ -171,6 +171,7 @@ constexpr std::string_view kLookAround = R"(
 set cmbSearchFor = *.txt
 set cmbDir = ROOT/basic/sub|ROOT/no such folder
 set chkIncludeSubFolders = 1
+answer OK
 click cmdSearch
 dump cmbDir
 dump lblCurrentFolder
@@ -210,6 +211,24 @@ TEST_F(SettingsTest, InDriveFormPeopleReadDrivePaths) {
     EXPECT_THAT(outcome.out, HasSubstr(drive + "\\basic\\sub|" + drive + "\\no such folder\n"));
     EXPECT_THAT(outcome.out, HasSubstr(drive + "\\basic\\sub\\below\\e.txt\t"));
     EXPECT_THAT(outcome.out, HasSubstr("\tbelow\\e.txt\n"));
+}
+
+TEST_F(SettingsTest, APreviewFollowsTheRulesOfThisMachine) {
+    AddFile("from/a.txt");
+    AddFolder("stick");
+    const Outcome outcome =
+        Run({"--drive", "X=stick", "copy", "*", "--in", "from", "--to", "X:\\", "--dry-run"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_FALSE(fs::exists(Root() / "stick/a.txt"));
+}
+
+TEST_F(SettingsTest, AFailureNamesItsReasonTheObjectAndTheDestinationOnce) {
+    AddFile("from/a.txt");
+    AddFile("to", "a file");
+    const Outcome outcome = Run({"copy", "*", "--in", "from", "--to", "to/x", "--yes"});
+    EXPECT_THAT(Shown(outcome.err), HasSubstr("Object: ROOT/from/a.txt\n"));
+    EXPECT_THAT(Shown(outcome.err), HasSubstr("Destination: ROOT/to/x/a.txt\n"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("259")));
 }
 
 TEST_F(SettingsTest, AFailureSpeaksOfNativePaths) {

@@ -217,6 +217,8 @@ void AddDelete(CLI::App& app, Command& chosen) {
                    "keep or delete (for good) what can't go to the trash");
     options.Choice("--override-system-hidden CHOICE", deletion.takesProtected, {"no", "yes"},
                    "no or yes: whether hidden and system objects go too");
+    options.Flag("--even-if-changed", deletion.takesChanged,
+                 "Recycles what has changed since it was found, too");
     options.Flag("-y,--yes", deletion.confirmed, "Confirms the deletion");
 }
 

@@ -24,11 +24,20 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     if (confirmed_ && role == PromptRole::kConfirmation) {
         return session::ButtonsOf(prompt.style).front();
     }
+    if (const auto known = messages_.find(prompt.id); known != messages_.end()) {
+        if (known->second) return session::ButtonsOf(prompt.style).front();
+        Tell(host_, prompt.text);
+        return safe;
+    }
     if (confirmed_ && role == PromptRole::kTryAgain && !inner_.HasQueued()) {
         Tell(host_, prompt.text);
         return safe;
     }
     return inner_.MsgBox(prompt);
+}
+
+void CommandPrompts::AnswerMessage(PromptId message, bool affirms) {
+    messages_[message] = affirms;
 }
 
 void CommandPrompts::AnswerForm(PromptId form, const fields::Control& button) {

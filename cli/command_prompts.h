@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/host.h"
+#include "session/prompt_id.h"
 #include "session/prompt_service.h"
 #include "session/scripted_prompts.h"
 
@@ -21,7 +22,10 @@ class CommandPrompts : public session::PromptService {
   public:
     using FormFiller = std::function<void(session::Session&)>;
 
-    CommandPrompts(session::ScriptedPrompts& inner, Host& host) : inner_(inner), host_(host) {}
+    // What has changed since the search stays, and is told of.
+    CommandPrompts(session::ScriptedPrompts& inner, Host& host) : inner_(inner), host_(host) {
+        AnswerMessage(session::PromptId::kChangedSinceSearch, false);
+    }
 
     // Before this no notice is told: what the start shows is not about the request.
     void BeginRequest() { begun_ = true; }
@@ -36,6 +40,8 @@ class CommandPrompts : public session::PromptService {
     void AnswerInput(session::PromptId id, std::string text) { inputs_[id] = std::move(text); }
     // Answers the picker of that prompt by a path in drive form.
     void AnswerPick(session::PromptId id, std::string path) { inputs_[id] = std::move(path); }
+    // Answers the message of that prompt by its first button, or by the safe one, which tells it.
+    void AnswerMessage(session::PromptId message, bool affirms);
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
@@ -54,6 +60,7 @@ class CommandPrompts : public session::PromptService {
     FormFiller filler_;
     std::map<session::PromptId, std::string> formButtons_; // by name
     std::map<session::PromptId, std::string> inputs_;
+    std::map<session::PromptId, bool> messages_; // whether each is affirmed
     bool begun_ = false;
     bool confirmed_ = false;
     int skippedObjects_ = 0;

@@ -18,6 +18,7 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
         prompts.AnswerForm(session::PromptId::kOverrideRecycleFailure,
                            *request.deletesForGood ? failure.cmdYesToAll : failure.cmdNoToAll);
     }
+    if (request.takesChanged) prompts.AnswerMessage(session::PromptId::kChangedSinceSearch, true);
     if (request.takesProtected) {
         prompts.AnswerForm(session::PromptId::kOverrideProtected,
                            *request.takesProtected ? hidden.cmdYesToAll : hidden.cmdNoToAll);

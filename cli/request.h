@@ -110,6 +110,7 @@ struct DeleteRequest {
     Criteria criteria;
     std::optional<bool> deletesForGood; // what can't be recycled; else it is asked about
     std::optional<bool> takesProtected; // hidden and system objects; else they are asked about
+    bool takesChanged = false;          // what isn't as the search saw it goes, too
     bool confirmed = false;
     std::vector<std::string> answers;
 };

@@ -6,7 +6,7 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::array<std::pair<int, const char*>, 13> kTexts{{
+constexpr std::array<std::pair<int, const char*>, 14> kTexts{{
     {kInvalidCall, "Invalid procedure call or argument"},
     {kInterrupted, "User interrupt occurred"},
     {kBadFileName, "Bad file name or number"},
@@ -20,6 +20,7 @@ constexpr std::array<std::pair<int, const char*>, 13> kTexts{{
     {kDiskNotReady, "Disk not ready"},
     {kPathFileAccess, "Path/File access error"},
     {kPathNotFound, "Path not found"},
+    {kChangedSinceSearch, "Changed since the search"},
 }};
 } // namespace
 

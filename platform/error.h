@@ -20,6 +20,7 @@ enum ErrorNumber : int {
     kDiskNotReady = 71,
     kPathFileAccess = 75,
     kPathNotFound = 76,
+    kChangedSinceSearch = 1001, // above those that a system gives
 };
 
 // Why a platform call failed: the number, and a sentence for people that names the object.

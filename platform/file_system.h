@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "platform/folder_listing.h"
 #include "platform/object_facts.h"
+#include "platform/seen_object.h"
 #include "platform/text_stream.h"
 
 #include <cstdint>
@@ -55,6 +56,9 @@ struct Look {
     std::string path;
     ObjectFacts facts;
     std::shared_ptr<const Known> known; // none where the path says all
+    // The search location that it was looked at from. One look from there holds its caller to that
+    // very object: what another stands for by then is told by kChangedSinceSearch.
+    std::uint32_t location = kAnyRoad;
 };
 
 // A new path at which nothing stands, as far as is known: what a duplicate test hands on to the
@@ -102,6 +106,9 @@ class FileSystem {
     virtual Result<ObjectFacts> Facts(std::string_view path) = 0;
     // The same, to be handed on to CopyFileTo and the like.
     virtual Result<Look> LookAt(std::string_view path);
+    // The object that was seen and no other, down from its search location by exact names: 53 or 76
+    // when it has gone, kChangedSinceSearch when another stands there or a link leads there.
+    virtual Result<Look> LookAtSeen(const SeenObject& seen);
     // The place at `path`, if it is known without a look at the disk that nothing stands there, by
     // any form and in any case. What others put there in the last second may be missed.
     virtual std::optional<FreePlace> KnownFree(std::string_view) { return std::nullopt; }
@@ -165,6 +172,15 @@ class FileSystem {
     virtual Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                                     const CopyObserver& observer);
     virtual Result<void> MoveFolderTo(const Look& from, const FreePlace& to);
+    // PrepareFile and PrepareFolder of an object that was looked at.
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFileOf(const Look& from, std::string_view to, const CopyObserver& observer);
+    virtual Result<std::unique_ptr<UnnamedCopy>>
+    PrepareFolderOf(const Look& from, std::string_view to, const CopyObserver& observer);
+    // SetAttributes, DeleteFile and RemoveFolder of an object that was looked at.
+    virtual Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes);
+    virtual Result<void> DeleteFileOf(const Look& object, bool force);
+    virtual Result<void> RemoveFolderOf(const Look& object);
     // Deletes one file or link for good; a read-only one (70) only with `force`.
     virtual Result<void> DeleteFile(std::string_view path, bool force) = 0;
     // Removes an empty folder; 75 when it isn't empty, or is a link.
@@ -219,5 +235,10 @@ Result<ObjectFacts> GetFolder(FileSystem& files, std::string_view path);
 // `LookAt` for a caller that wants a file (53) or a folder (76).
 Result<Look> LookAtFile(FileSystem& files, std::string_view path);
 Result<Look> LookAtFolder(FileSystem& files, std::string_view path);
+// `LookAtSeen` for a caller that wants what was seen as a file (53) or a folder (76).
+Result<Look> LookAtSeenFile(FileSystem& files, const SeenObject& seen);
+Result<Look> LookAtSeenFolder(FileSystem& files, const SeenObject& seen);
+// What an object that was looked at is from then on.
+SeenObject SeenAs(const Look& look);
 
 } // namespace tarvix::platform

@@ -24,6 +24,16 @@ enum Attribute : std::uint32_t {
 __extension__ using FileTime = __int128;
 constexpr FileTime kNoTime = -(FileTime{1} << 100); // before any disk's dates
 
+// A list keeps times of change in steps of so many nanoseconds.
+constexpr FileTime kListedTimeStep = 1024;
+
+// Which object it is, by whatever name and road it is reached.
+struct ObjectIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;    // 0: not known, or given anew from time to time
+    FileTime changed = kNoTime; // when it last changed, by content, rights or names
+};
+
 // What the file system tells of one object; links are not followed.
 struct ObjectFacts {
     std::uint32_t attributes = 0;
@@ -31,6 +41,7 @@ struct ObjectFacts {
     FileTime modified = kNoTime;
     FileTime created = kNoTime; // kNoTime where the file system keeps none
     FileTime accessed = kNoTime;
+    ObjectIdentity identity = {};
 
     bool IsFolder() const { return (attributes & kFolder) != 0; }
     bool IsLink() const { return (attributes & kAlias) != 0; }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/error.h"
+#include "platform/seen_object.h"
 
 #include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::platform {
 
@@ -21,12 +23,26 @@ class Trash {
     // files, folders with all they hold, links themselves. Stops at the first that fails: those
     // before it are in the trash, it and all after it are untouched. Nothing is ever deleted for
     // good. 53 missing, 76 a folder on the way is missing, 70 refused (drives too), 61 disk full,
-    // 75 where there is no trash, 18 stopped by the observer, which may be empty.
-    virtual Result<void> Recycle(std::span<const std::string> paths,
-                                 const TrashObserver& observer) = 0;
+    // 75 where there is no trash, 18 stopped by the observer, which may be empty,
+    // kChangedSinceSearch what is not the object that was seen.
+    virtual Result<void> RecycleSeen(std::span<const SeenObject> objects,
+                                     const TrashObserver& observer) = 0;
+    // The same for whatever stands at paths.
+    Result<void> Recycle(std::span<const std::string> paths, const TrashObserver& observer) {
+        const std::vector<SeenObject> objects = ByPath(paths);
+        return RecycleSeen(objects, observer);
+    }
     // Puts the object that was taken last back to where it was: 53 when that isn't `path` or it has
     // left the trash since, 58 when something stands there by now.
     virtual Result<void> PutBack(std::string_view path) = 0;
+
+  private:
+    static std::vector<SeenObject> ByPath(std::span<const std::string> paths) {
+        std::vector<SeenObject> objects(paths.size());
+        for (std::size_t i = 0; i < paths.size(); ++i)
+            objects[i].path = paths[i];
+        return objects;
+    }
 };
 
 } // namespace tarvix::platform

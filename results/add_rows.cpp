@@ -44,6 +44,7 @@ bool NoteDuplicate(session::Session& session, const RowSource& source, const Row
 
 void AddRow(session::Session& session, Counters& counters, const RowSource& source,
             const RowFolder* folder, const FoundObject& object, bool isFolder) {
+    const RowFolder* const found = folder;
     folder = Located(session, source.scan, folder, object.name, isFolder);
     if (NoteDuplicate(session, source, *folder, object.name, isFolder)) return;
     ResultRow row;
@@ -56,6 +57,9 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     row.foldersInFolder = object.foldersInFolder;
     row.searchForIndex = static_cast<std::uint16_t>(source.intSearchForIndex);
     row.isFolder = isFolder;
+    if (folder == found) {
+        row.identity = session.rows->Identities().Pack(object.identity, object.wasEmpty);
+    }
     session.rows->Add(row, source.entry);
     isFolder ? counters.CountFolderFound() : counters.CountFileFound();
 }

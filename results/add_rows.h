@@ -22,6 +22,8 @@ struct FoundObject {
     std::uint32_t attributes = 0;
     std::uint32_t filesInFolder = 0; // folder rows only
     std::uint32_t foldersInFolder = 0;
+    platform::ObjectIdentity identity;
+    bool wasEmpty = false; // a folder that is listed since nothing is in it
 };
 
 // What the rows of one search string in one location share.

@@ -71,6 +71,7 @@ void ResultList::Clear() {
     nameBlocks_.clear();
     blockLeft_ = 0;
     entries_.clear();
+    identities_.Clear();
     index_.reset();
     if (details_) details_->Clear();
     ++generation_;
@@ -106,6 +107,17 @@ std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
         index_->byHash.emplace(hash, static_cast<std::uint32_t>(rows_.size() - 1));
     }
     return rows_.size() - 1;
+}
+
+// A copy that the virtual store keeps was found by its path alone.
+platform::Sighting ResultList::SightingOf(const ResultRow& row) const {
+    platform::Sighting sighting{.identity = identities_.Unpack(row.identity),
+                                .size = row.size,
+                                .attributes = row.attributes,
+                                .wasEmpty = RowIdentities::WasEmpty(row.identity)};
+    const std::uint32_t prefix = row.folder->searchPrefix;
+    if (prefix > 0) sighting.location = prefix - 1;
+    return sighting;
 }
 
 std::size_t ResultList::Find(std::string_view longFolder, std::string_view name, bool isFolder) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "fields/form.h"
+#include "platform/seen_object.h"
 #include "results/columns.h"
+#include "results/row_identity.h"
 
 #include <cstdint>
 #include <deque>
@@ -40,6 +42,7 @@ struct ResultRow {
     std::uint16_t searchForIndex = 1; // the first string that found it
     bool isFolder = false;
     bool selected = false;
+    RowIdentity identity; // packed by the list
 
     bool IsSpacer() const { return name.empty(); }
 };
@@ -71,6 +74,11 @@ class ResultList {
     const RowFolder* AddFolder(RowFolder folder);
     // Copies the name and the entry text; gives the new row's index.
     std::size_t Add(ResultRow row, std::string_view searchEntry);
+
+    // Packs the identities of its rows.
+    RowIdentities& Identities() { return identities_; }
+    // How the search saw the object of a row.
+    platform::Sighting SightingOf(const ResultRow& row) const;
 
     // The row of an object by its full path, exactly compared; Count() when there is none. The
     // first call builds an index, which later additions keep up to date.
@@ -111,6 +119,7 @@ class ResultList {
     std::vector<std::unique_ptr<char[]>> nameBlocks_;
     std::size_t blockLeft_ = 0;
     std::unordered_set<std::string> entries_;
+    RowIdentities identities_;
     std::unique_ptr<PathIndex> index_;
     RowDetails* details_ = nullptr;
     bool showsLongPaths_ = false;

@@ -64,8 +64,8 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
 }
 
 // `path` is the row's own, a buffer for all of them.
-void FillEntry(Selection& tables, std::size_t at, const ResultRow& row, bool takesLongPaths,
-               std::string& path) {
+void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const ResultRow& row,
+               bool takesLongPaths, std::string& path) {
     AssignRowPath(path, *row.folder, row.name, row.isFolder);
     tables.strSelName[at] = row.name;
     if (takesLongPaths || path.size() <= session::kLongPath) {
@@ -79,6 +79,7 @@ void FillEntry(Selection& tables, std::size_t at, const ResultRow& row, bool tak
     // The full path names the object with more certainty than its short form could.
     tables.strSelActualPath[at] = path;
     tables.blnSelNoDate[at] = row.date == kNoDate;
+    tables.sightings[at] = rows.SightingOf(row);
 }
 
 // Spacers that are selected are unselected.
@@ -100,6 +101,8 @@ void Resize(Selection& tables, std::size_t count) {
         table->resize(count);
         if (isMuchSmaller) table->shrink_to_fit();
     }
+    tables.sightings.resize(count);
+    if (count == 0) tables.sightings.shrink_to_fit();
     tables.blnSelIsFile.resize(count);
     tables.blnSelNoDate.resize(count);
 }
@@ -118,7 +121,7 @@ void BuildFileArray(session::Session& session) {
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
-        FillEntry(tables, next++, row, takesLongPaths, path);
+        FillEntry(rows, tables, next++, row, takesLongPaths, path);
         totals.Add(row);
     }
     tables.lngSelTop = static_cast<std::int64_t>(next) - 1;

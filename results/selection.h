@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/seen_object.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -18,8 +20,9 @@ struct Selection {
     std::vector<std::string> strSelRelPath;    // Path\Name below the search location
     std::vector<std::string> strSelActualPath; // the path to hand to the file system
     std::vector<bool> blnSelNoDate;
-    std::int64_t lngSelTop = -1;  // the count less 1
-    std::int64_t lngSelBytes = 0; // of the files
+    std::vector<platform::Sighting> sightings; // as the search saw them; may hold fewer
+    std::int64_t lngSelTop = -1;               // the count less 1
+    std::int64_t lngSelBytes = 0;              // of the files
     std::int64_t intSelAnchor = -1;
     std::string strSelAnchorName;
     // Objects were renamed and stand here under their new names, but not in the list.

@@ -102,7 +102,8 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
                         {.name = name,
                          .size = facts.size,
                          .date = text::ToSeconds(tested.datObjectDate),
-                         .attributes = facts.attributes});
+                         .attributes = facts.attributes,
+                         .identity = facts.identity});
     return true;
 }
 
@@ -188,7 +189,9 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
                                  .date = text::ToSeconds(tested.datObjectDate),
                                  .attributes = facts->attributes,
                                  .filesInFolder = folder.intFilesInFolder,
-                                 .foldersInFolder = folder.intFoldersInFolder});
+                                 .foldersInFolder = folder.intFoldersInFolder,
+                                 .identity = facts->identity,
+                                 .wasEmpty = which == Folders::kEmpty});
     return Test();
 }
 

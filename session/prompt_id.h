@@ -114,6 +114,7 @@ enum class PromptId : std::uint8_t {
     kRenameNoName,
     kRenameTaken,
     kRenameTakenGoOn,
+    kChangedSinceSearch,
     kOfferErrorLog,
     kRuleReport,
 

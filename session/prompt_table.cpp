@@ -142,6 +142,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kRenameNoName),
     Notice(Id::kRenameTaken),
     Message(Id::kRenameTakenGoOn, Role::kGoOn, kOkCancel),
+    Message(Id::kChangedSinceSearch, Role::kDecision, kYesNo + kExclamation + kSecondDefault),
     Message(Id::kOfferErrorLog, Role::kDecision, kYesNo),
     Notice(Id::kRuleReport),
 

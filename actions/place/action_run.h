@@ -55,6 +55,8 @@ struct ActionRun {
     OutcomeSink* sink; // may be null
     std::uint8_t bytAskAnswer;
     std::uint8_t bytOverrideAnswer;
+    // What of an object must be as the search saw it; only its name once the user said to go on.
+    platform::Same same = platform::Same::kObject;
     RuleTally rule;
     std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
     platform::CopyObserver observer;      // of each copy; yields

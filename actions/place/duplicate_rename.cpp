@@ -111,10 +111,9 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         auto place = FindFreeName(session, run.request, search);
         if (!place) return {};
         if (!verb) {
-            platform::Result<platform::Look> read;
-            const bool moves =
-                run.request.isMove && !CheckSystemHidden(session, run, object, false, &read);
-            if (!read) return Unread(read.error());
+            const Protection found = CheckSystemHidden(session, run, object, false);
+            if (!found.look) return Unread(found.look.error());
+            const bool moves = run.request.isMove && !found.isProtected;
             verb = moves ? Verb::kMove : Verb::kCopy;
         }
         outcome = PlaceObject(

@@ -72,7 +72,8 @@ std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b) {
 
 Outcome Unread(const platform::PlatformError& error) {
     Outcome outcome;
-    outcome.kind = OutcomeKind::kFailed;
+    outcome.kind = error.number == platform::kChangedSinceSearch ? OutcomeKind::kChanged
+                                                                 : OutcomeKind::kFailed;
     outcome.error = error.description;
     return outcome;
 }
@@ -107,12 +108,11 @@ Outcome ReplaceDuplicate(Session& session, ActionRun& run, const Object& object,
 
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
                           platform::FreePlace place) {
-    platform::Result<platform::Look> read;
-    const bool isProtected = CheckSystemHidden(session, run, object, false, &read);
-    if (!read) return Unread(read.error());
+    Protection found = CheckSystemHidden(session, run, object, false);
+    if (!found.look) return Unread(found.look.error());
     Object known = object;
-    known.look = std::move(*read);
-    const Verb verb = run.request.isMove && !isProtected ? Verb::kMove : Verb::kCopy;
+    known.look = std::move(*found.look);
+    const Verb verb = run.request.isMove && !found.isProtected ? Verb::kMove : Verb::kCopy;
     std::string destination = place.path;
     return PlaceObject(session, run,
                        {.object = known,

@@ -19,6 +19,7 @@ enum class OutcomeKind : std::uint8_t {
     kLongPath,      // left alone since its new path is too long
     kProtected,     // hidden or system, and not to be overwritten
     kLeftAlone,     // for another reason, that was told or logged
+    kChanged,       // not what the search saw, so left as it is
     kFailed,
 };
 

@@ -67,7 +67,9 @@ Outcome Placing::Result() {
                     .isTaken = isTaken_,
                     .error = std::move(error_)};
     if (isDone_) outcome.strDestination = std::move(destination_);
-    if (hasFailed_) {
+    if (isChanged_) {
+        outcome.kind = OutcomeKind::kChanged;
+    } else if (hasFailed_) {
         outcome.kind = OutcomeKind::kFailed;
     } else if (isDone_) {
         constexpr std::array kKinds{OutcomeKind::kCopied, OutcomeKind::kMoved,
@@ -114,7 +116,9 @@ bool Placing::MayOverwrite() {
         session::LogTimed(session_, " User canceled delete of rest of files");
         return false;
     }
-    if (!CheckSystemHidden(session_, run_, object_, true)) return true;
+    const Protection found = CheckSystemHidden(session_, run_, object_, true);
+    if (found.IsChanged()) NoteChanged();
+    if (!found.isProtected || isChanged_) return !found.isProtected;
     isProtected_ = true;
     session::LogTimed(session_,
                       fmt::format(" User did not override in override form, of {} to overwrite {}",
@@ -199,7 +203,7 @@ bool Placing::RecycleDestination() {
 }
 
 void Placing::RecycleSource() {
-    if (RecycleOne(session_, object_.actual)) return;
+    if (RecycleObject(session_, object_, run_.same)) return;
     isCopyOnly_ = true;
     session::LogTimed(session_, fmt::format(" Was unable to delete {} to recycle bin ({} already "
                                             "copied).",
@@ -257,14 +261,18 @@ platform::Result<void> Placing::Read(std::string_view path, ObjectFacts& facts) 
 }
 
 platform::Result<void> Placing::LookAtSource() {
-    TX_TRY_ASSIGN(look_, object_.isFile ? platform::LookAtFile(session_.files(), object_.actual)
-                                        : platform::LookAtFolder(session_.files(), object_.actual));
+    TX_TRY_ASSIGN(look_, LookAt(session_, run_, object_));
     return {};
 }
 
 platform::Look Placing::Source() const {
     if (look_) return *look_;
-    return {.path = std::string(object_.actual), .facts = {}, .known = nullptr};
+    return {.path = std::string(object_.actual),
+            .facts = {.attributes = object_.sighting.attributes,
+                      .size = object_.sighting.size,
+                      .identity = object_.sighting.identity},
+            .known = nullptr,
+            .location = object_.sighting.location};
 }
 
 platform::FreePlace Placing::NewPlace() const {
@@ -276,8 +284,7 @@ platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
     isTried_ = true;
     if (object_.isFile) return files.CopyFileTo(Source(), NewPlace(), run_.observer);
-    TX_TRY_ASSIGN(const auto copy,
-                  files.PrepareFolder(object_.actual, destination_, run_.observer));
+    TX_TRY_ASSIGN(const auto copy, files.PrepareFolderOf(Source(), destination_, run_.observer));
     return platform::NameWhole(*copy);
 }
 
@@ -286,10 +293,9 @@ platform::Result<void> Placing::Prepare() {
     auto& files = session_.files();
     isTried_ = true;
     copy_.reset();
-    TX_TRY_ASSIGN(auto copy,
-                  object_.isFile
-                      ? files.PrepareFile(object_.actual, destination_, run_.observer)
-                      : files.PrepareFolder(object_.actual, destination_, run_.observer));
+    TX_TRY_ASSIGN(auto copy, object_.isFile
+                                 ? files.PrepareFileOf(Source(), destination_, run_.observer)
+                                 : files.PrepareFolderOf(Source(), destination_, run_.observer));
     if (std::string missing = copy->Missing(); !missing.empty()) {
         return platform::Failure(platform::kPathFileAccess, std::move(missing));
     }

@@ -84,6 +84,8 @@ class Placing {
         return false;
     }
     void Fail(const platform::PlatformError& error);
+    // The object isn't what the search saw: it stays, and is told of at the end of the action.
+    void NoteChanged();
     std::optional<int> OwnRule(const platform::PlatformError& error);
     // 58: what stands there may have come just now.
     std::optional<int> LeaveTaken();
@@ -132,6 +134,7 @@ class Placing {
     bool hasFailed_ = false;
     bool isDiskFull_ = false;
     bool isTaken_ = false;
+    bool isChanged_ = false;
     std::string error_;
 };
 

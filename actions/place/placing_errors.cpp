@@ -30,7 +30,17 @@ void Placing::Fail(const platform::PlatformError& error) {
     isDiskFull_ = error.number == platform::kDiskFull;
 }
 
+void Placing::NoteChanged() {
+    isChanged_ = isSettled_ = true;
+    error_ = ChangedText(session_, object_.path);
+}
+
 std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
+    if (error.number == platform::kChangedSinceSearch) {
+        NoteChanged();
+        session::LogTimed(session_, " " + error_);
+        return session::kRecoveryLeave;
+    }
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
@@ -54,7 +64,7 @@ std::optional<int> Placing::MakePathOnce() {
     pathTried_ = true;
     if (object_.isFile || !made.blnFolderAlreadyThere) return session::kRecoveryRetry;
     const bool isThere =
-        !platform::DirName(session_.files(), object_.actual, platform::kDirAll).empty();
+        session_.files().LookAtSeen(object_.Seen(platform::Same::kName)).has_value();
     // Nothing was tried yet: what stands there is no folder.
     if (isThere && !isTried_) return std::nullopt;
     TellDeepFolder(isThere);

@@ -1,6 +1,7 @@
 #include "actions/place/recycle.h"
 
 #include "actions/place/action_run.h"
+#include "actions/place/object.h"
 #include "actions/place/plain_attributes.h"
 #include "platform/file_system.h"
 #include "platform/trash.h"
@@ -22,28 +23,40 @@ namespace {
 using session::ObjectType;
 using session::Session;
 
-// Whether the object itself is there. Names are found without regard to case, so that what answers
-// to the name of an object that is gone may be its neighbour.
-bool IsThere(Session& session, const std::string& path) {
+bool IsGone(int error) {
+    return error == platform::kFileNotFound || error == platform::kPathNotFound;
+}
+
+// Whether the object itself is there. Names of paths that no search gave are found without regard
+// to case, so that what answers to the name of one that is gone may be its neighbour.
+bool IsThere(Session& session, const RecycleEntry& entry) {
+    const std::string& path = entry.strActualPath;
+    if (entry.sighting.location != platform::kAnyRoad) {
+        const auto look = session.files().LookAtSeen({path, entry.sighting});
+        return look || !IsGone(look.error().number);
+    }
     const auto truePath = session.files().TruePath(path);
     if (truePath) return *truePath == path || !text::EqualNoCase(*truePath, path);
-    const int error = truePath.error().number;
-    return error != platform::kFileNotFound && error != platform::kPathNotFound;
+    return !IsGone(truePath.error().number);
 }
 
 // Clears what protects the object and deletes it for good, a folder only when it is empty.
-platform::Result<void> DeleteForGood(Session& session, const std::string& path, ObjectType kind) {
+platform::Result<void> DeleteForGood(Session& session, const RecycleEntry& entry, ObjectType kind) {
     auto& files = session.files();
     const bool isFile = kind == ObjectType::kFile;
-    if (!IsThere(session, path)) {
-        return platform::Failure(platform::kFileNotFound, path + " is not there.");
+    if (!IsThere(session, entry)) {
+        return platform::Failure(platform::kFileNotFound, entry.strPath + " is not there.");
     }
-    TX_TRY(files.SetAttributes(path, isFile ? kPlainFile : kPlainFolder));
-    return isFile ? files.DeleteFile(path, true) : files.RemoveFolder(path);
+    TX_TRY_ASSIGN(const platform::Look look, files.LookAtSeen(entry.Seen()));
+    TX_TRY(files.SetAttributesOf(look, isFile ? kPlainFile : kPlainFolder));
+    return isFile ? files.DeleteFileOf(look, true) : files.RemoveFolderOf(look);
 }
 
-bool DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
-                  std::string_view routine) {
+// What became of one object that could not be recycled.
+enum class Override { kStays, kDeleted, kChanged };
+
+Override DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
+                      std::string_view routine) {
     const session::ErrorContext context{.routine = routine,
                                         .moduleName = "Module1",
                                         .object = entry.strPath,
@@ -51,18 +64,27 @@ bool DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType kind,
                                         .objectType = kind,
                                         .asksAlways = true};
     const auto deleted = session::Attempt(
-        session, context, [&] { return DeleteForGood(session, entry.strActualPath, kind); });
-    if (!deleted) return false;
+        session, context, [&] { return DeleteForGood(session, entry, kind); },
+        [](const platform::PlatformError& error) {
+            return error.number == platform::kChangedSinceSearch
+                       ? std::optional(session::kRecoveryLeave)
+                       : std::nullopt;
+        });
+    if (deleted.ErrorNumber() == platform::kChangedSinceSearch) return Override::kChanged;
+    if (!deleted) return Override::kStays;
     session::LogTimed(session,
                       " Deleted " + session.Shown(entry.strPath) + " since recycle failed.");
-    return true;
+    return Override::kDeleted;
 }
 
 // A link goes as a file, whatever it leads to.
 std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry) {
-    const auto facts = session.files().Facts(entry.strActualPath);
-    if (facts)
-        return facts->IsFolder() && !facts->IsLink() ? ObjectType::kFolder : ObjectType::kFile;
+    const auto look =
+        session.files().LookAtSeen({entry.strActualPath, entry.sighting, platform::Same::kName});
+    if (look) {
+        return look->facts.IsFolder() && !look->facts.IsLink() ? ObjectType::kFolder
+                                                               : ObjectType::kFile;
+    }
     session::LogTimed(session, " Was unable to determine the object type of: " +
                                    session.Shown(entry.strPath) + ".");
     return {};
@@ -86,18 +108,18 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
 }
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
-// says; gives whether the object is gone.
-bool OverrideRecycleFailure(Session& session, const RecycleEntry& entry, bool blnNoPrompt,
-                            std::string_view routine) {
+// says.
+Override OverrideRecycleFailure(Session& session, const RecycleEntry& entry, bool blnNoPrompt,
+                                std::string_view routine) {
     const auto& answer = session.forms.frmOverrideRecycleFail.Answer;
     const auto kind = KindOnDisk(session, entry);
-    if (!kind || answer == kOverrideNoToAll) return false;
+    if (!kind || answer == kOverrideNoToAll) return Override::kStays;
     if (answer != kOverrideYesToAll) {
-        if (blnNoPrompt) return false;
+        if (blnNoPrompt) return Override::kStays;
         AskOverride(session, entry);
     }
     const bool deletes = answer == kOverrideYes || answer == kOverrideYesToAll;
-    return deletes && DeleteAnyway(session, entry, *kind, routine);
+    return deletes ? DeleteAnyway(session, entry, *kind, routine) : Override::kStays;
 }
 
 // The queue while it is worked off: what stands before `first_` is settled.
@@ -106,56 +128,69 @@ class RecycleRun {
     RecycleRun(Session& session, const std::vector<RecycleEntry>& queue, bool blnNoPrompt,
                const RecycleObserver& observer)
         : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer) {
-        paths_.reserve(queue.size());
-        for (const RecycleEntry& entry : queue) {
-            paths_.push_back(entry.strActualPath);
-        }
+        objects_.reserve(queue.size());
+        for (const RecycleEntry& entry : queue)
+            objects_.push_back(entry.Seen());
     }
 
     RecycleOutcome Run() {
-        while (first_ < paths_.size() && !outcome_.blnStopped) {
-            const bool isSent = Send();
-            outcome_.gone += (isSent ? paths_.size() : tried_) - first_;
-            first_ = isSent ? paths_.size() : tried_;
-            if (!isSent && !outcome_.blnStopped) SettleFailed();
+        while (first_ < objects_.size() && !outcome_.blnStopped) {
+            const int error = Send();
+            const std::size_t reached = error == 0 ? objects_.size() : tried_;
+            outcome_.gone += reached - first_;
+            first_ = reached;
+            if (error != 0 && !outcome_.blnStopped) SettleFailed(error);
         }
         return outcome_;
     }
 
   private:
-    // Ends before an object that went with its folder, whose name may be a neighbour's too.
-    bool Send() {
+    // The error that it ended by, 0 at the end. Ends before an object that went with its folder,
+    // whose name may be a neighbour's too; one that was seen is known from its neighbour.
+    int Send() {
         const std::size_t offset = tried_ = first_;
         const platform::TrashObserver told = [this, offset](std::size_t done) {
             tried_ = offset + done;
             outcome_.blnStopped = observer_ && !observer_(tried_);
-            return !outcome_.blnStopped && IsThere(session_, paths_[tried_]);
+            const RecycleEntry& entry = queue_[tried_];
+            const bool isKnown = entry.sighting.location != platform::kAnyRoad;
+            return !outcome_.blnStopped && (isKnown || IsThere(session_, entry));
         };
-        return session_.platform.trash.Recycle(std::span(paths_).subspan(first_), told).has_value();
+        const auto sent =
+            session_.platform.trash.RecycleSeen(std::span(objects_).subspan(first_), told);
+        return sent ? 0 : sent.error().number;
     }
 
-    void SettleFailed() {
+    void SettleFailed(int error) {
         const RecycleEntry& entry = queue_[first_++];
-        if (!IsThere(session_, entry.strActualPath)) {
+        if (error == platform::kChangedSinceSearch) return NoteChanged(entry);
+        if (!IsThere(session_, entry)) {
             ++outcome_.gone;
             return;
         }
-        const bool isQueue = paths_.size() > 1;
+        const bool isQueue = objects_.size() > 1;
         outcome_.blnPartial = outcome_.blnPartial || isQueue;
-        const bool isDeleted = OverrideRecycleFailure(session_, entry, noPrompt_,
-                                                      isQueue ? "OverrideRecycleFailureEntry"
-                                                              : "OverrideRecycleFailure");
-        outcome_.deleted += isDeleted ? 1 : 0;
-        ++(isDeleted ? outcome_.gone : outcome_.failed);
+        const Override end = OverrideRecycleFailure(session_, entry, noPrompt_,
+                                                    isQueue ? "OverrideRecycleFailureEntry"
+                                                            : "OverrideRecycleFailure");
         outcome_.blnStopped =
             session_.forms.frmOverrideRecycleFail.Answer == kOverrideCancel && !noPrompt_;
+        if (end == Override::kChanged) return NoteChanged(entry);
+        const bool isDeleted = end == Override::kDeleted;
+        outcome_.deleted += isDeleted ? 1 : 0;
+        ++(isDeleted ? outcome_.gone : outcome_.failed);
+    }
+
+    void NoteChanged(const RecycleEntry& entry) {
+        outcome_.changed.push_back(first_ - 1);
+        session::LogTimed(session_, " " + ChangedText(session_, entry.strPath));
     }
 
     Session& session_;
     const std::vector<RecycleEntry>& queue_;
     bool noPrompt_;
     const RecycleObserver& observer_;
-    std::vector<std::string> paths_;
+    std::vector<platform::SeenObject> objects_;
     std::size_t first_ = 0;
     std::size_t tried_ = 0; // the entry that the trash had in hand
     RecycleOutcome outcome_;
@@ -172,6 +207,12 @@ bool RecycleOne(Session& session, std::string_view path) {
     std::string listed(path);
     std::string actual = session.files().TruePath(path).value_or(listed);
     return RecycleObjects(session, {{std::move(actual), std::move(listed)}}, true).gone == 1;
+}
+
+bool RecycleObject(Session& session, const Object& object, platform::Same same) {
+    const RecycleEntry entry{std::string(object.actual), std::string(object.path), object.sighting,
+                             same};
+    return RecycleObjects(session, {entry}, true).gone == 1;
 }
 
 void AddRecycleEvents(session::EventTable& events) {

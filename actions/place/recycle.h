@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/seen_object.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -13,10 +15,16 @@ struct Session;
 
 namespace tarvix::actions {
 
+struct Object;
+
 // One object on its way to the recycle bin.
 struct RecycleEntry {
     std::string strActualPath; // for file system calls, spelled as on the disk
     std::string strPath;       // as listed, for reports
+    platform::Sighting sighting = {};
+    platform::Same same = platform::Same::kName;
+
+    platform::SeenObject Seen() const { return {strActualPath, sighting, same}; }
 };
 
 // Told how many objects of the queue are behind it; false stops before the next one.
@@ -26,10 +34,13 @@ struct RecycleOutcome {
     std::size_t gone = 0;    // recycled, or deleted because the user said so
     std::size_t deleted = 0; // of these, those that were deleted for good
     std::size_t failed = 0;  // still where they were
+    // Places in the queue of those that aren't what was seen, and stay; they are none of the
+    // others.
+    std::vector<std::size_t> changed;
     bool blnPartial = false; // a queue of several objects failed somewhere
     bool blnStopped = false; // by the observer or by Cancel; what was left is untouched
 
-    bool Succeeded() const { return failed == 0 && !blnStopped; }
+    bool Succeeded() const { return failed == 0 && changed.empty() && !blnStopped; }
 };
 
 // Sends the queue to the recycle bin, the one road there for every action. An object that can't go
@@ -39,6 +50,8 @@ RecycleOutcome RecycleObjects(session::Session& session, const std::vector<Recyc
                               bool blnNoPrompt, const RecycleObserver& observer = {});
 // The same for one object that nobody is asked about; gives whether it is gone.
 bool RecycleOne(session::Session& session, std::string_view path);
+// The same for an object of the selection, as far as it must be the one that the search saw.
+bool RecycleObject(session::Session& session, const Object& object, platform::Same same);
 
 void AddRecycleEvents(session::EventTable& events);
 

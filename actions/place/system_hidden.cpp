@@ -78,8 +78,8 @@ bool IsProtected(Session& session, ActionRun& run, const Object& object, std::ui
 
 } // namespace
 
-bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, bool blnOverwriting,
-                       platform::Result<platform::Look>* read) {
+Protection CheckSystemHidden(Session& session, ActionRun& run, const Object& object,
+                             bool blnOverwriting) {
     const bool isDelete = run.request.strAction == "Delete";
     const session::ErrorContext context{.routine = "CheckSystemHidden",
                                         .moduleName = isDelete ? "frmSearch" : "frmDialog",
@@ -88,15 +88,20 @@ bool CheckSystemHidden(Session& session, ActionRun& run, const Object& object, b
                                         .objectType = object.isFile ? session::ObjectType::kFile
                                                                     : session::ObjectType::kFolder,
                                         .asksAlways = isDelete};
-    auto look = session::Attempt(session, context, [&] {
-        return object.isFile ? platform::LookAtFile(session.files(), object.actual)
-                             : platform::LookAtFolder(session.files(), object.actual);
-    });
+    Protection found;
+    auto look = session::Attempt(
+        session, context, [&] { return LookAt(session, run, object); },
+        [](const platform::PlatformError& error) {
+            return error.number == platform::kChangedSinceSearch
+                       ? std::optional(session::kRecoveryLeave)
+                       : std::nullopt;
+        });
     // What can't be read can't be shown to be harmless.
-    const bool isProtected =
+    found.isProtected =
         !look || IsProtected(session, run, object, look->facts.attributes, blnOverwriting);
-    if (read) *read = std::move(look.result);
-    return isProtected;
+    found.look = std::move(look.result);
+    if (found.IsChanged()) session::LogTimed(session, " " + ChangedText(session, object.path));
+    return found;
 }
 
 } // namespace tarvix::actions

@@ -4,6 +4,7 @@
 #include "actions/place/object.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
+#include "actions/run/changed_objects.h"
 #include "platform/clock.h"
 #include "results/selection.h"
 #include "session/paths/recycle_folders.h"
@@ -82,45 +83,6 @@ class StopButton {
     Session& session_;
 };
 
-void QueueOne(Session& session, ActionRun& run, std::size_t index,
-              std::vector<RecycleEntry>& queue) {
-    const Object object = ObjectAt(*session.selection, index);
-    auto& skipped = session.state.lastAction.skipped;
-    if (CheckSystemHidden(session, run, object, false)) {
-        session::LogTimed(session,
-                          text::Concat({" User skipped delete of ", session.Shown(object.path)}));
-        ++skipped;
-    } else if (session::IsRecycleBin(object.path)) {
-        session::LogTimed(session, fmt::format(" Skipped delete of {}. Because it is the Recycle "
-                                               "Bin.",
-                                               session.Shown(object.path)));
-        ++skipped;
-    } else {
-        queue.push_back({std::string(object.actual), std::string(object.path)});
-        session::LogTimed(session, text::Concat({" ", session.Shown(object.path),
-                                                 " is queued for the recycle bin."}));
-    }
-}
-
-bool WasCancelled(const Session& session, const ActionRun& run) {
-    return session.state.blnStopAction || run.bytOverrideAnswer == kOverrideCancel ||
-           session.forms.frmOverrideRecycleFail.Answer == kOverrideCancel;
-}
-
-// False when the user cancelled, and nothing must be recycled.
-bool BuildQueue(Session& session, ActionRun& run, std::vector<RecycleEntry>& queue) {
-    const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
-    queue.reserve(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        session.Yield();
-        if (!session.state.blnStopAction) QueueOne(session, run, index, queue);
-        if (!WasCancelled(session, run)) continue;
-        session::LogTimed(session, " User canceled delete of the objects");
-        return false;
-    }
-    return true;
-}
-
 // Shows how far a long recycling is; a short one goes without.
 class RecyclingShown {
   public:
@@ -153,32 +115,137 @@ class RecyclingShown {
     std::int64_t due_;
 };
 
-void RecycleQueue(Session& session, const std::vector<RecycleEntry>& queue) {
-    auto& form = session.frmSearch;
-    auto& state = session.state;
-    auto& totals = state.lastAction;
+// One deletion, between its confirmation and its report.
+class Deletion {
+  public:
+    Deletion(Session& session, const ActionRequest& request)
+        : session_(session), run_(session, request) {
+        run_.same = platform::Same::kContent;
+    }
+
+    void Run();
+
+  private:
+    struct Queued {
+        std::vector<RecycleEntry> entries;
+        std::vector<std::size_t> indexes; // in the selection
+    };
+
+    // Each gives false when the user cancelled.
+    bool Delete(const std::vector<ChangedObject>& objects);
+    bool BuildQueue(const std::vector<ChangedObject>& objects, Queued& queue);
+    void QueueOne(std::size_t index, Queued& queue);
+    void RecycleQueue(const Queued& queue);
+    void Count(const Queued& queue, const RecycleOutcome& outcome);
+    bool WasCancelled() const;
+
+    Session& session_;
+    ActionRun run_;
+    std::vector<ChangedObject> changed_; // not what the search saw
+    platform::Busy busy_{session_.files()};
+};
+
+void Deletion::Run() {
+    const auto count = static_cast<std::size_t>(session_.selection->lngSelTop + 1);
+    std::vector<ChangedObject> objects(count);
+    for (std::size_t index = 0; index < count; ++index)
+        objects[index].index = index;
+    const bool goesOn = Delete(objects) && !session_.state.blnActionCancelled;
+    const std::vector<ChangedObject> changed = std::move(changed_);
+    changed_.clear();
+    if (!goesOn || !GoesOnWithChanged(session_, run_, changed)) {
+        return FoldChanged(session_, run_, changed);
+    }
+    (void)Delete(changed);
+    FoldChanged(session_, run_, changed_);
+}
+
+bool Deletion::Delete(const std::vector<ChangedObject>& objects) {
+    Queued queue;
+    if (!BuildQueue(objects, queue)) {
+        session_.state.blnActionCancelled = true;
+        return false;
+    }
+    if (!queue.entries.empty()) RecycleQueue(queue);
+    return true;
+}
+
+bool Deletion::WasCancelled() const {
+    return session_.state.blnStopAction || run_.bytOverrideAnswer == kOverrideCancel ||
+           session_.forms.frmOverrideRecycleFail.Answer == kOverrideCancel;
+}
+
+bool Deletion::BuildQueue(const std::vector<ChangedObject>& objects, Queued& queue) {
+    queue.entries.reserve(objects.size());
+    queue.indexes.reserve(objects.size());
+    for (const ChangedObject& object : objects) {
+        session_.Yield();
+        if (!session_.state.blnStopAction) QueueOne(object.index, queue);
+        if (!WasCancelled()) continue;
+        session::LogTimed(session_, " User canceled delete of the objects");
+        return false;
+    }
+    return true;
+}
+
+void Deletion::QueueOne(std::size_t index, Queued& queue) {
+    const Object object = ObjectAt(*session_.selection, index);
+    auto& skipped = session_.state.lastAction.skipped;
+    const Protection found = CheckSystemHidden(session_, run_, object, false);
+    if (found.IsChanged()) {
+        changed_.push_back({index});
+    } else if (found.isProtected) {
+        session::LogTimed(session_,
+                          text::Concat({" User skipped delete of ", session_.Shown(object.path)}));
+        ++skipped;
+    } else if (session::IsRecycleBin(object.path)) {
+        session::LogTimed(session_, fmt::format(" Skipped delete of {}. Because it is the Recycle "
+                                                "Bin.",
+                                                session_.Shown(object.path)));
+        ++skipped;
+    } else {
+        queue.entries.push_back(
+            {std::string(object.actual), std::string(object.path), object.sighting, run_.same});
+        queue.indexes.push_back(index);
+        session::LogTimed(session_, text::Concat({" ", session_.Shown(object.path),
+                                                  " is queued for the recycle bin."}));
+    }
+}
+
+void Deletion::RecycleQueue(const Queued& queue) {
+    auto& form = session_.frmSearch;
     const std::string before = form.lblStatus.Caption.Get();
-    form.lblStatus.Caption = session.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll
+    form.lblStatus.Caption = session_.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll
                                  ? "Recycling or permanently deleting: Everything selected at once."
                                  : "Recycling: Everything selected at once.";
-    session.Repaint();
-    RecyclingShown shown(session, queue.size());
+    session_.Repaint();
+    RecyclingShown shown(session_, queue.entries.size());
     const RecycleOutcome outcome = RecycleObjects(
-        session, queue, false, [&shown](std::size_t done) { return shown.Step(done); });
+        session_, queue.entries, false, [&shown](std::size_t done) { return shown.Step(done); });
+    Count(queue, outcome);
+    if (session_.state.blnStopAction) {
+        session::LogTimed(session_, " User stopped the delete of the objects.");
+    }
+    // One object that failed has had its line.
+    if (outcome.blnPartial) {
+        session::LogTimed(session_, " Was unable to delete some (or one) of the queued objects"
+                                    " to the recycle bin.");
+    } else if (outcome.Succeeded()) {
+        session::LogTimed(session_, " Deleted all queued objects to the recycle bin.");
+    }
+    form.lblStatus.Caption = before;
+}
+
+void Deletion::Count(const Queued& queue, const RecycleOutcome& outcome) {
+    auto& totals = session_.state.lastAction;
+    const std::size_t settled = outcome.gone + outcome.failed + outcome.changed.size();
     totals.done += static_cast<std::int64_t>(outcome.gone);
     totals.deleted += static_cast<std::int64_t>(outcome.deleted);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
-    totals.skipped += static_cast<std::int64_t>(queue.size() - outcome.gone - outcome.failed);
-    state.blnActionCancelled = outcome.blnStopped;
-    if (state.blnStopAction) session::LogTimed(session, " User stopped the delete of the objects.");
-    // One object that failed has had its line.
-    if (outcome.blnPartial) {
-        session::LogTimed(session, " Was unable to delete some (or one) of the queued objects"
-                                   " to the recycle bin.");
-    } else if (outcome.Succeeded()) {
-        session::LogTimed(session, " Deleted all queued objects to the recycle bin.");
-    }
-    form.lblStatus.Caption = before;
+    totals.skipped += static_cast<std::int64_t>(queue.entries.size() - settled);
+    session_.state.blnActionCancelled = outcome.blnStopped;
+    for (const std::size_t place : outcome.changed)
+        changed_.push_back({queue.indexes[place]});
 }
 
 void DeleteSelection(Session& session) {
@@ -187,13 +254,7 @@ void DeleteSelection(Session& session) {
                       " User selected to delete all selected objects to the recycle bin at start.");
     const StopButton stoppable(session);
     const ActionRequest request{.strAction = session.state.strAction};
-    ActionRun run(session, request);
-    std::vector<RecycleEntry> queue;
-    if (!BuildQueue(session, run, queue)) {
-        session.state.blnActionCancelled = true;
-    } else if (!queue.empty()) {
-        RecycleQueue(session, queue);
-    }
+    Deletion(session, request).Run();
 }
 
 } // namespace

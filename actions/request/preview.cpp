@@ -25,7 +25,7 @@ namespace {
 
 using session::Session;
 
-constexpr std::array<std::string_view, 14> kVerdicts{"copy",
+constexpr std::array<std::string_view, 15> kVerdicts{"copy",
                                                      "move",
                                                      "rename",
                                                      "duplicate: rename",
@@ -38,7 +38,8 @@ constexpr std::array<std::string_view, 14> kVerdicts{"copy",
                                                      "protected: copy",
                                                      "protected: ask",
                                                      "unchanged",
-                                                     "failed"};
+                                                     "failed",
+                                                     "changed since the search"};
 
 class NoLauncher : public platform::Launcher {
   public:
@@ -125,6 +126,8 @@ class Collector : public OutcomeSink {
             return Verdict::kProtectedAsk;
         case OutcomeKind::kFailed:
             return Verdict::kFailed;
+        case OutcomeKind::kChanged:
+            return Verdict::kChanged;
         case OutcomeKind::kLeftAlone:
             break;
         }

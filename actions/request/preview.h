@@ -27,6 +27,7 @@ enum class Verdict : std::uint8_t {
     kProtectedAsk,  // it would be asked about before it is overwritten
     kUnchanged,
     kFailed,
+    kChanged,
 };
 
 // "copy", "duplicate: skip" ...

@@ -9,6 +9,7 @@
 #include "actions/place/overlap.h"
 #include "actions/run/action_progress.h"
 #include "actions/run/ask_flow.h"
+#include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
@@ -105,8 +106,10 @@ class Loop {
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
         for (std::size_t index = 0; index < count; ++index) {
             if (index % kPlanEvery == 1) PlanAhead(index);
-            if (!PlaceEverywhere(ObjectAt(tables_, index))) return;
+            if (!PlaceEverywhere(ObjectAt(tables_, index)))
+                return FoldChanged(session_, run_, changed_);
         }
+        SettleChanged();
     }
 
   private:
@@ -116,6 +119,9 @@ class Loop {
     void PlanAhead(std::size_t index);
     // Each gives false to end the loop.
     bool PlaceEverywhere(const Object& object);
+    bool PlaceNext(const Object& object, int place);
+    // What isn't as the search saw it comes at the end, with one question.
+    void SettleChanged();
     bool GoesOn();
 
     Outcome PlaceOne(const Object& object, int place);
@@ -134,6 +140,7 @@ class Loop {
     platform::CopyObserver plainObserver_;
     platform::Busy busy_{session_.files()};
     Outcome last_;
+    std::vector<ChangedObject> changed_;
 };
 
 // Lets the disk read the next files while those before them are settled. They will mostly go where
@@ -151,16 +158,34 @@ void Loop::PlanAhead(std::size_t index) {
 
 bool Loop::PlaceEverywhere(const Object& object) {
     for (int place = 0; place < places_; ++place) {
-        session_.Yield();
-        if (!GoesOn()) return false;
-        session_.state.blnPathLimitHit = false;
-        last_ = PlaceOne(object, place);
-        last_.index = object.index;
-        FoldOutcome(session_.state, run_, last_);
+        if (!PlaceNext(object, place)) return false;
         progress_.Step();
-        if (last_.endsRun) return false;
     }
     return true;
+}
+
+bool Loop::PlaceNext(const Object& object, int place) {
+    session_.Yield();
+    if (!GoesOn()) return false;
+    session_.state.blnPathLimitHit = false;
+    last_ = PlaceOne(object, place);
+    last_.index = object.index;
+    if (last_.kind == OutcomeKind::kChanged && run_.same != platform::Same::kName) {
+        changed_.push_back({object.index, place});
+    } else {
+        FoldOutcome(session_.state, run_, last_);
+    }
+    return !last_.endsRun;
+}
+
+void Loop::SettleChanged() {
+    std::vector<ChangedObject> left = std::move(changed_);
+    if (!GoesOnWithChanged(session_, run_, left)) return FoldChanged(session_, run_, left);
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        if (PlaceNext(ObjectAt(tables_, left[i].index), left[i].place)) continue;
+        left.erase(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(i));
+        return FoldChanged(session_, run_, left);
+    }
 }
 
 bool Loop::GoesOn() {

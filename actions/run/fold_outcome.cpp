@@ -14,7 +14,7 @@ constexpr std::size_t kMostErrorsKept = 100;
 
 void FoldOutcome(session::SessionState& state, const ActionRun& run, const Outcome& outcome) {
     auto& totals = state.lastAction;
-    if (outcome.kind == OutcomeKind::kFailed) {
+    if (outcome.kind == OutcomeKind::kFailed || outcome.kind == OutcomeKind::kChanged) {
         ++totals.failed;
         state.blnErrorOccurred = true;
     } else {

@@ -6,6 +6,7 @@
 #include "actions/place/no_short_path.h"
 #include "actions/place/outcome.h"
 #include "actions/run/action_progress.h"
+#include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
@@ -47,6 +48,7 @@ struct Renamed {
     bool isAsked = false;
     bool isChanged = false;
     bool hasFailed = false;
+    bool isOther = false; // not what the search saw
     std::string error;
 };
 
@@ -62,6 +64,7 @@ class Renaming {
   private:
     void RunPass(bool files, ActionProgress& progress);
     void RenameObject(std::size_t index);
+    void SettleChanged();
     Renamed ObjectAt(std::size_t index) const;
     void Settle(Renamed& object);
     // The window stays open: what it acts on next are the objects as they are named by then.
@@ -88,6 +91,7 @@ class Renaming {
     std::size_t findLength_; // in characters, as all positions
     std::size_t replaceLength_;
     RenamedFolders folders_;
+    std::vector<ChangedObject> changed_;
     std::vector<std::pair<std::size_t, std::string>> newNames_; // by index
     RenameOnlyEnd end_;
     bool hasEnded_ = false;
@@ -102,6 +106,7 @@ RenameOnlyEnd Renaming::Run() {
         run_.observer, [&progress](const auto& copied) { return progress.InFile(copied); });
     RunPass(true, progress);
     if (!hasEnded_) RunPass(false, progress);
+    SettleChanged();
     run_.observer = plain;
     if (end_.blnStopped) KeepNewNames();
     return end_;
@@ -117,6 +122,15 @@ void Renaming::RunPass(bool files, ActionProgress& progress) {
         RenameObject(index);
         progress.Step();
     }
+}
+
+void Renaming::SettleChanged() {
+    std::vector<ChangedObject> left = std::move(changed_);
+    if (hasEnded_ || !GoesOnWithChanged(session_, run_, left)) {
+        return FoldChanged(session_, run_, left);
+    }
+    for (const ChangedObject& object : left)
+        RenameObject(object.index);
 }
 
 void Renaming::RenameObject(std::size_t index) {
@@ -157,10 +171,15 @@ void Renaming::Settle(Renamed& object) {
             folders_.Note(tables.strSelActualPath[object.index], name);
         }
     }
+    // One that got some of its new names has been told as far as it came.
+    if (object.isOther && !object.isChanged && run_.same != platform::Same::kName) {
+        return changed_.push_back({object.index});
+    }
     FoldOutcome(session_.state, run_,
                 {.index = object.index,
                  .strDestination = std::move(object.old),
-                 .kind = object.hasFailed   ? OutcomeKind::kFailed
+                 .kind = object.isOther     ? OutcomeKind::kChanged
+                         : object.hasFailed ? OutcomeKind::kFailed
                          : object.isChanged ? OutcomeKind::kRenamed
                                             : OutcomeKind::kLeftAlone,
                  .isPlaced = object.isChanged,
@@ -327,11 +346,13 @@ Renaming::Moved Renaming::Move(Renamed& object, const platform::FreePlace& place
                          .actual = object.actual,
                          .relative = session_.selection->strSelRelPath[object.index],
                          .isFile = object.isFile,
+                         .sighting = actions::ObjectAt(*session_.selection, object.index).sighting,
                          .look = {}};
     Outcome outcome = PlaceObject(
         session_, run_,
         {.object = present, .destination = path, .verb = Verb::kRename, .place = place});
-    if (outcome.kind == OutcomeKind::kFailed) {
+    object.isOther = outcome.kind == OutcomeKind::kChanged;
+    if (outcome.kind == OutcomeKind::kFailed || object.isOther) {
         object.hasFailed = true;
         object.error = std::move(outcome.error);
     }

@@ -136,6 +136,7 @@ void DriveTable::NoteMount(const Mount& mount) {
     const DosAttributes kind = DosAttributesOf(mount);
     if (kind != DosAttributes::kNone) dosAttributes_.emplace(mount.device, kind);
     if (FoldsCase(mount)) folding_.insert(mount.device);
+    if (!KeepsNumbers(mount)) losing_.insert(mount.device);
     const std::string unc = UncOf(mount);
     if (!unc.empty()) shares_.push_back({text::Upper(unc), mount.point});
 }

@@ -51,6 +51,7 @@ class DriveTable {
     bool HoldsMount(std::string_view native) const;
 
     DosAttributes DosAttributesAt(std::uint64_t device) const;
+    bool KeepsNumbersAt(std::uint64_t device) const { return !losing_.contains(device); }
     bool FoldsCaseAt(std::uint64_t device) const { return folding_.contains(device); }
 
   private:
@@ -71,7 +72,8 @@ class DriveTable {
     std::unordered_set<std::uint64_t> boundaryDevices_;
     std::unordered_map<std::uint64_t, DosAttributes> dosAttributes_;
     std::unordered_set<std::uint64_t> folding_;
-    std::vector<std::string> points_; // of all mounts, in order
+    std::unordered_set<std::uint64_t> losing_; // where objects are given other numbers
+    std::vector<std::string> points_;          // of all mounts, in order
 };
 
 // The current drives, kept up with the system's mount table. Safe to use from several threads.

@@ -71,6 +71,9 @@ bool IsAsItWas(const struct statx& before, const struct statx& now) {
 Result<std::optional<PartFile>> TryPart(const CopyItem& item, int folder, CopyRun& run) {
     TX_TRY_ASSIGN(const UniqueFd in, Named(OpenForCopy(item.source), item.sourcePath));
     TX_TRY_ASSIGN(const auto st, Named(StatOf(in.Get()), item.sourcePath));
+    if (item.isSeen && !IsSameObject(item.st, st)) {
+        return FailureBy(kChangedSinceSearch, item.sourcePath);
+    }
     if (!S_ISREG(st.stx_mode)) return SpecialFailure(item.sourcePath);
     auto part = PartFile::Create(folder, st.stx_mode & kPlainPermissions, run.roads);
     if (!part) return TargetFailure(part.error(), item.targetPath);

@@ -19,6 +19,7 @@ struct CopyItem {
     int targetFolder; // stays open; AT_FDCWD where `targetName` is an absolute path
     const char* targetName;
     std::string_view targetPath;
+    bool isSeen = false; // what stands at the source by now must be the object of `st`
 };
 
 // Whether an object may be put where `existing` is: 58 without `overwrite`; with it 75 for folders,

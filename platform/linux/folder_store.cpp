@@ -18,6 +18,7 @@ constexpr std::size_t kMostFolders = 4096;
 constexpr std::size_t kMostNames = 400'000;
 constexpr std::size_t kMostWays = 2048;
 constexpr std::size_t kMostHeld = 32;
+constexpr std::size_t kMostTrueFolders = 8;
 constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
 // Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
 constexpr std::int64_t kDateStep = 20'000'000;
@@ -153,6 +154,7 @@ void FolderStore::Release(Entry& entry) {
 }
 
 void FolderStore::LetGo() {
+    trueFolders_.clear();
     for (Entry* entry : held_) {
         entry->second.fd.reset();
         entry->second.asked = 0;
@@ -161,6 +163,8 @@ void FolderStore::LetGo() {
 }
 
 void FolderStore::LetGoBelow(std::string_view path) {
+    std::erase_if(trueFolders_,
+                  [path](const TrueFolder& known) { return IsAtOrBelow(known.path, path); });
     std::erase_if(held_, [path](Entry* entry) {
         if (!IsAtOrBelow(entry->first, path)) return false;
         entry->second.fd.reset();
@@ -182,6 +186,47 @@ Sys<Location> FolderStore::Locate(const std::string& native) {
 Sys<struct statx> FolderStore::Stat(const std::string& native) {
     TX_TRY_ASSIGN(const Location location, Locate(native));
     return StatOf(platform::At(location));
+}
+
+Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t folderLength) {
+    const std::size_t slash = native.rfind('/');
+    const std::scoped_lock lock(mutex_);
+    TX_TRY_ASSIGN(auto folder,
+                  TrueFolderAt(std::string_view(native).substr(0, slash), folderLength));
+    return Location{std::move(folder), native.c_str() + slash + 1};
+}
+
+// Most objects lie in the folder of the one before them.
+Sys<std::shared_ptr<const UniqueFd>> FolderStore::TrueFolderAt(std::string_view path,
+                                                               std::size_t folderLength) {
+    const std::int64_t now = clock_.tick();
+    const auto known =
+        std::find_if(trueFolders_.rbegin(), trueFolders_.rend(), [&](const TrueFolder& folder) {
+            return folder.path == path && folder.folderLength == folderLength;
+        });
+    if (known != trueFolders_.rend()) {
+        std::rotate(std::prev(known.base()), known.base(), trueFolders_.end());
+        TrueFolder& last = trueFolders_.back();
+        if (now - last.openedAt <= kBelieved) return last.fd;
+        trueFolders_.pop_back();
+    }
+    TX_TRY_ASSIGN(UniqueFd opened, OpenTrueFolder(path, folderLength));
+    auto fd = std::make_shared<const UniqueFd>(std::move(opened));
+    if (depth_ == 0) return fd;
+    if (trueFolders_.size() >= kMostTrueFolders) trueFolders_.erase(trueFolders_.begin());
+    trueFolders_.push_back({std::string(path), folderLength, fd, now});
+    return fd;
+}
+
+Sys<UniqueFd> FolderStore::OpenTrueFolder(std::string_view path, std::size_t folderLength) {
+    ++walked_;
+    if (path.size() <= folderLength) {
+        const std::string folder(path);
+        TX_TRY_ASSIGN(const Location location, platform::Locate(folder));
+        return OpenAt(location, O_PATH | O_DIRECTORY);
+    }
+    TX_TRY_ASSIGN(const auto outer, TrueFolderAt(path.substr(0, folderLength), folderLength));
+    return OpenBelow(outer->Get(), path.substr(folderLength + 1));
 }
 
 std::shared_ptr<const UniqueFd> FolderStore::Held(std::string_view path) {

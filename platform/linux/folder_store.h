@@ -38,6 +38,7 @@ struct StoreCounts {
 // contradicts (a name found here is missing, a free one is taken) is forgotten at once. Else:
 //   where the text of a drive path leads            as long as the table of drives stands
 //   which folder a path leads to                    5 ms, then it is looked at again
+//   which folder no link leads to                   5 ms, then it is opened again
 //   its names, when others may change it            as long as its date stands: looked at each time
 //   its names, while we change it ourselves, so     20 ms, or 100 times what reading took; then
 //     that its date tells nothing                   they are read again
@@ -47,6 +48,7 @@ struct StoreCounts {
 //   texts         two drive paths to take apart (source and target)
 //   descriptors   walks from "/" on, three for an object copied or moved; a call to open the
 //                 target's folder and one to close it for a file that wasn't copied ahead
+//   true folders  walks from the search location on, three for an object that was seen by a search
 //   names         two looks at the target and one at its folder, since it is known to be free
 class FolderStore {
   public:
@@ -82,6 +84,9 @@ class FolderStore {
     // asked for again and again, each time within 5 ms, becomes held; one that isn't is let go.
     Sys<Location> Locate(const std::string& native);
     Sys<struct statx> Stat(const std::string& native);
+    // As Locate for an object that lies at least one name below a folder, given by the length of
+    // its part of the path: from there on no link is followed (ELOOP, ENOTDIR).
+    Sys<Location> LocateBelow(const std::string& native, std::size_t folderLength);
 
     // ---- names; `folder` is an absolute native path ----
 
@@ -130,6 +135,14 @@ class FolderStore {
 
     using Entry = ByText<Folder>::value_type; // with its native path
 
+    // A folder that no link led to, below one that its path led to.
+    struct TrueFolder {
+        std::string path;
+        std::size_t folderLength = 0;
+        std::shared_ptr<const UniqueFd> fd;
+        std::int64_t openedAt = 0;
+    };
+
     Entry& At(std::string_view path);
     Folder* WithNames(std::string_view path);
     void Add(std::string_view folder, std::string_view nativeName);
@@ -142,6 +155,9 @@ class FolderStore {
     std::shared_ptr<const UniqueFd> Held(std::string_view path);
     void Hold(Entry& entry);
     void Release(Entry& entry);
+    Sys<std::shared_ptr<const UniqueFd>> TrueFolderAt(std::string_view path,
+                                                      std::size_t folderLength);
+    Sys<UniqueFd> OpenTrueFolder(std::string_view path, std::size_t folderLength);
     void LetGo();
     void LetGoBelow(std::string_view path);
 
@@ -150,6 +166,7 @@ class FolderStore {
     std::atomic<int> depth_ = 0;
     ByText<Folder> folders_; // by native path
     std::vector<Entry*> held_;
+    std::vector<TrueFolder> trueFolders_;      // the last used at the end
     std::shared_ptr<const DriveTable> drives_; // of the ways
     ByText<Way> ways_;
     std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice

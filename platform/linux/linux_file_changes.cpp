@@ -2,6 +2,8 @@
 #include "platform/linux/native_facts.h"
 #include "platform/try.h"
 
+#include <fmt/core.h>
+
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -30,6 +32,23 @@ Sys<void> SetMode(At at, unsigned mode) {
     return {};
 }
 
+// Of that very object, whatever may bear its name by now.
+Sys<void> SetModeOf(const Resolved& place, At at, unsigned mode) {
+    if (!place.around) return SetMode(at, mode);
+    TX_TRY_ASSIGN(const UniqueFd fd, OpenAt(at, O_PATH | O_NOFOLLOW));
+    TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
+    if (!IsSameObject(st, *place.st)) return std::unexpected(ESTALE);
+    return SetMode({AT_FDCWD, fmt::format("/proc/self/fd/{}", fd.Get()).c_str()}, mode);
+}
+
+// The object itself in the moment before it goes.
+Result<void> CheckStands(const Resolved& place, At at, std::string_view path) {
+    if (!place.around || !place.drives->KeepsNumbersAt(DeviceOf(*place.st))) return {};
+    TX_TRY_ASSIGN(const auto st, Named(StatOf(at), path));
+    if (!IsSameObject(st, *place.st)) return FailureBy(kChangedSinceSearch, path);
+    return {};
+}
+
 Sys<void> Unlink(At at, int flags = 0) {
     if (::unlinkat(at.folder, at.name, flags) != 0) return std::unexpected(errno);
     return {};
@@ -48,24 +67,45 @@ Sys<void> UnlinkReadOnly(At at, unsigned mode) {
 
 Result<void> LinuxFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
     TX_TRY_ASSIGN(const Resolved place, resolver_.Existing(path));
+    return SetAttributes(place, path, attributes);
+}
+
+Result<void> LinuxFileSystem::SetAttributesOf(const Look& object, std::uint32_t attributes) {
+    TX_TRY_ASSIGN(const auto place, ObjectOf(object));
+    return SetAttributes(*place, object.path, attributes);
+}
+
+Result<void> LinuxFileSystem::SetAttributes(const Resolved& place, std::string_view path,
+                                            std::uint32_t attributes) {
     if (S_ISLNK(place.st->stx_mode)) return {};
-    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
     if (!IsSpecial(*place.st)) SetDosAttributes(place, location, attributes);
     const unsigned mode = ModeWith(place.st->stx_mode, attributes);
     const bool isWritable = (place.st->stx_mode & S_IWUSR) != 0;
     const bool shallBeWritable = (mode & S_IWUSR) != 0;
     NoteChanged();
     if (isWritable == shallBeWritable) return {};
-    const auto set = SetMode(location, mode);
+    const auto set = SetModeOf(place, location, mode);
+    if (!set && set.error() == ESTALE) return FailureBy(kChangedSinceSearch, path);
     if (!set && set.error() != EOPNOTSUPP) return FailureOf(set.error(), path);
     return {};
 }
 
 Result<void> LinuxFileSystem::DeleteFile(std::string_view path, bool force) {
     TX_TRY_ASSIGN(const Resolved place, resolver_.File(path));
+    return DeleteFile(place, path, force);
+}
+
+Result<void> LinuxFileSystem::DeleteFileOf(const Look& object, bool force) {
+    TX_TRY_ASSIGN(const auto place, SourceOf(object));
+    return DeleteFile(*place, object.path, force);
+}
+
+Result<void> LinuxFileSystem::DeleteFile(const Resolved& place, std::string_view path, bool force) {
     const bool isReadOnly = IsReadOnly(*place.st);
     if (isReadOnly && !force) return FailureBy(kPermissionDenied, path);
-    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
+    TX_TRY(CheckStands(place, location, path));
     const auto gone = isReadOnly ? UnlinkReadOnly(location, place.st->stx_mode) : Unlink(location);
     if (!gone) return FailureOf(gone.error(), path);
     NoteGone(place);
@@ -74,10 +114,20 @@ Result<void> LinuxFileSystem::DeleteFile(std::string_view path, bool force) {
 
 Result<void> LinuxFileSystem::RemoveFolder(std::string_view path) {
     TX_TRY_ASSIGN(const Resolved place, resolver_.Folder(path));
+    return RemoveFolder(place, path);
+}
+
+Result<void> LinuxFileSystem::RemoveFolderOf(const Look& object) {
+    TX_TRY_ASSIGN(const auto place, FolderOf(object));
+    return RemoveFolder(*place, object.path);
+}
+
+Result<void> LinuxFileSystem::RemoveFolder(const Resolved& place, std::string_view path) {
     if (!S_ISDIR(place.st->stx_mode) || place.IsRoot()) {
         return FailureBy(kPathFileAccess, path);
     }
-    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
+    TX_TRY(CheckStands(place, location, path));
     const auto gone = Unlink(location, AT_REMOVEDIR);
     if (!gone && gone.error() == EEXIST) return FailureBy(kPathFileAccess, path);
     if (!gone) return FailureOf(gone.error(), path);

@@ -110,11 +110,12 @@ bool LinuxFileSystem::FindAhead(AheadItem& item) const {
 
 Result<void> LinuxFileSystem::CopyOne(const Resolved& source, const Resolved& target,
                                       std::string_view from, std::string_view to, CopyRun& run) {
-    TX_TRY_ASSIGN(const Location in, Named(store_.Locate(source.native), from));
+    TX_TRY_ASSIGN(const Location in, Named(LocationOf(source, store_), from));
     TX_TRY_ASSIGN(const Location out, Named(store_.Locate(target.native), to));
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
     const At at = out;
-    auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to}, run);
+    const bool isSeen = source.around != nullptr;
+    auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to, isSeen}, run);
     if (copied) target.Exists() ? NoteChanged() : NoteMade(target);
     // Others were faster than what is known of the folder.
     if (!copied && copied.error().number == kAlreadyExists) store_.Forget(target.Folder());

@@ -60,8 +60,8 @@ bool LinuxFileSystem::IsTaken(const Resolved& source, const Resolved& target) {
 
 Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target) {
     const std::string wanted = target.WantedPath();
-    TX_TRY_ASSIGN(const Location from, store_.Locate(source.native));
-    TX_TRY_ASSIGN(const Location to, store_.Locate(wanted));
+    TX_TRY_ASSIGN(const Location from, LocationOf(source, store_));
+    TX_TRY_ASSIGN(const Location to, NewLocation(source, target, wanted));
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
@@ -94,7 +94,10 @@ Result<void> LinuxFileSystem::Move(const Resolved& source, const Resolved& targe
                                    const CopyObserver& observer) {
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(source, target);
-    if (renamed) return {};
+    if (renamed) return CheckMoved(source, target, from, to);
+    if (renamed.error() == EXDEV && source.around) {
+        return MoveAcross(source, target, from, to, observer);
+    }
     if (renamed.error() == EXDEV) {
         TX_TRY_ASSIGN(const Resolved now, resolver_.File(from));
         return MoveAcross(now, target, from, to, observer);
@@ -110,7 +113,7 @@ Result<void> LinuxFileSystem::MoveAcross(const Resolved& source, const Resolved&
     CopyRun run(observer, roads_, false);
     run.sync = true;
     TX_TRY(CopyOne(source, target, from, to, run));
-    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(source.native), from));
+    TX_TRY_ASSIGN(const Location location, Named(LocationOf(source, store_), from));
     const At at = location;
     int error = IsUnchanged(*source.st, at) ? 0 : EBUSY;
     if (error == 0 && ::unlinkat(at.folder, at.name, 0) != 0) error = errno;
@@ -132,11 +135,7 @@ Result<void> LinuxFileSystem::MoveFolder(std::string_view from, std::string_view
 }
 
 Result<void> LinuxFileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
-    auto source = Believed(from.known);
-    if (!source || !S_ISDIR(source->st->stx_mode)) {
-        TX_TRY_ASSIGN(Resolved found, resolver_.Folder(from.path));
-        source = std::make_shared<const Resolved>(std::move(found));
-    }
+    TX_TRY_ASSIGN(const auto source, FolderOf(from));
     TX_TRY_ASSIGN(const auto target, TargetOf(to));
     return MoveFolder(*source, *target, from.path, to.path);
 }
@@ -149,7 +148,7 @@ Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved&
     if (IsWithin(outer.Get(), *source.st)) return IntoItselfFailure(from, to);
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
     const auto renamed = Rename(source, target);
-    if (renamed) return {};
+    if (renamed) return CheckMoved(source, target, from, to);
     if (renamed.error() == EINVAL) return IntoItselfFailure(from, to);
     if (renamed.error() == EXDEV && HoldsMount(source)) return HoldsMountFailure(from);
     if (renamed.error() == ENOTEMPTY) return FailureOf(EEXIST, to);

@@ -107,13 +107,6 @@ LinuxFileSystem::Believed(const std::shared_ptr<const Known>& known) const {
     return {known, &kept->place};
 }
 
-Result<std::shared_ptr<const Resolved>> LinuxFileSystem::SourceOf(const Look& look) const {
-    auto seen = Believed(look.known);
-    if (seen && !S_ISDIR(seen->st->stx_mode)) return seen;
-    TX_TRY_ASSIGN(Resolved found, resolver_.File(look.path));
-    return std::make_shared<const Resolved>(std::move(found));
-}
-
 Result<std::shared_ptr<const Resolved>> LinuxFileSystem::TargetOf(const FreePlace& place) const {
     if (auto seen = Believed(place.known)) return seen;
     TX_TRY_ASSIGN(Resolved found, resolver_.NewTarget(place.path));
@@ -121,7 +114,7 @@ Result<std::shared_ptr<const Resolved>> LinuxFileSystem::TargetOf(const FreePlac
 }
 
 Result<ObjectFacts> LinuxFileSystem::FactsOf(const Resolved& place, std::string_view path) {
-    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
+    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
     const std::string_view name = place.IsRoot() ? std::string_view() : place.NativeName();
     return FactsFrom(*place.st, name, location, *place.drives);
 }

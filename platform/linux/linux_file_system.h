@@ -20,6 +20,7 @@ class LinuxFileSystem : public FileSystem {
 
     Result<ObjectFacts> Facts(std::string_view path) override;
     Result<Look> LookAt(std::string_view path) override;
+    Result<Look> LookAtSeen(const SeenObject& seen) override;
     std::optional<FreePlace> KnownFree(std::string_view path) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
@@ -44,6 +45,13 @@ class LinuxFileSystem : public FileSystem {
     Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                             const CopyObserver& observer) override;
     Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFileOf(const Look& from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolderOf(const Look& from, std::string_view to,
+                                                         const CopyObserver& observer) override;
+    Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes) override;
+    Result<void> DeleteFileOf(const Look& object, bool force) override;
+    Result<void> RemoveFolderOf(const Look& object) override;
     Result<void> DeleteFile(std::string_view path, bool force) override;
     Result<void> RemoveFolder(std::string_view path) override;
     Result<void> CreateFolder(std::string_view path) override;
@@ -61,6 +69,12 @@ class LinuxFileSystem : public FileSystem {
 
     // The object: 53 missing, 76 when a folder on the way is missing.
     Result<Resolved> Existing(std::string_view path) const { return resolver_.Existing(path); }
+    // The object that was seen, as LookAtSeen tells it.
+    struct SeenPlace {
+        Resolved place;
+        ObjectFacts facts;
+    };
+    Result<SeenPlace> Seen(const SeenObject& seen);
     // To be told when an object was taken away by another road.
     void NoteGone(const Resolved& place);
     // To be told when it was put back there.
@@ -76,7 +90,9 @@ class LinuxFileSystem : public FileSystem {
     std::shared_ptr<const Known> Keep(Resolved place) const;
     // Null where it isn't believed.
     std::shared_ptr<const Resolved> Believed(const std::shared_ptr<const Known>& known) const;
-    Result<std::shared_ptr<const Resolved>> SourceOf(const Look& look) const;
+    Result<std::shared_ptr<const Resolved>> ObjectOf(const Look& look);
+    Result<std::shared_ptr<const Resolved>> SourceOf(const Look& look); // 53 for a folder
+    Result<std::shared_ptr<const Resolved>> FolderOf(const Look& look); // 76 for a file
     Result<std::shared_ptr<const Resolved>> TargetOf(const FreePlace& place) const;
 
     // A copy without its name, and the place where it will get one.
@@ -93,6 +109,16 @@ class LinuxFileSystem : public FileSystem {
                       std::string_view to, const CopyObserver& observer);
     Result<void> MoveFolder(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to);
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFile(const Resolved& source, std::string_view from,
+                                                     std::string_view to,
+                                                     const CopyObserver& observer);
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolder(const Resolved& source,
+                                                       std::string_view from, std::string_view to,
+                                                       const CopyObserver& observer);
+    Result<void> SetAttributes(const Resolved& place, std::string_view path,
+                               std::uint32_t attributes);
+    Result<void> DeleteFile(const Resolved& place, std::string_view path, bool force);
+    Result<void> RemoveFolder(const Resolved& place, std::string_view path);
     Result<void> CopyOne(const Resolved& source, const Resolved& target, std::string_view from,
                          std::string_view to, CopyRun& run);
     // Where the source of a planned copy lies, if its facts tell of each change. For any thread.
@@ -101,6 +127,11 @@ class LinuxFileSystem : public FileSystem {
     // Whether a target keeps an object from getting its name.
     bool IsTaken(const Resolved& source, const Resolved& target);
     Sys<void> Rename(const Resolved& source, const Resolved& target);
+    // What took the place of a seen object in the moment of its move goes back.
+    Result<void> CheckMoved(const Resolved& source, const Resolved& target, std::string_view from,
+                            std::string_view to);
+    Sys<Location> NewLocation(const Resolved& source, const Resolved& target,
+                              const std::string& native);
     Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
     // An object is another than it was: no look that was taken before stands.

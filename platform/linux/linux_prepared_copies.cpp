@@ -137,32 +137,58 @@ class LinuxFileSystem::Prepared : public UnnamedCopy {
     std::unique_ptr<Nameless> object_; // lies in the folder, so it goes first
 };
 
-Result<std::unique_ptr<UnnamedCopy>> LinuxFileSystem::PrepareFile(std::string_view from,
-                                                                  std::string_view to,
-                                                                  const CopyObserver& observer) {
+using Copied = Result<std::unique_ptr<UnnamedCopy>>;
+
+Copied LinuxFileSystem::PrepareFile(std::string_view from, std::string_view to,
+                                    const CopyObserver& observer) {
     TX_TRY_ASSIGN(const Resolved source, resolver_.File(from));
+    return PrepareFile(source, from, to, observer);
+}
+
+Copied LinuxFileSystem::PrepareFileOf(const Look& from, std::string_view to,
+                                      const CopyObserver& observer) {
+    TX_TRY_ASSIGN(const auto source, SourceOf(from));
+    return PrepareFile(*source, from.path, to, observer);
+}
+
+Copied LinuxFileSystem::PrepareFile(const Resolved& source, std::string_view from,
+                                    std::string_view to, const CopyObserver& observer) {
     TX_TRY_ASSIGN(Resolved target, resolver_.Target(to));
     TX_TRY_ASSIGN(UniqueFd folder, OpenFolderOf(target, to));
-    TX_TRY_ASSIGN(const Location in, Named(store_.Locate(source.native), from));
+    TX_TRY_ASSIGN(const Location in, Named(LocationOf(source, store_), from));
     auto prepared =
         std::make_unique<Prepared>(*this, std::move(target), std::string(to), std::move(folder));
     CopyRun run(observer, roads_, false);
     if (S_ISREG(source.st->stx_mode)) run.SetTotal(source.st->stx_size);
-    TX_TRY_ASSIGN(auto object,
-                  MakeFileOrLink({in, *source.st, from, prepared->Folder(), nullptr, to}, run));
+    const bool isSeen = source.around != nullptr;
+    TX_TRY_ASSIGN(
+        auto object,
+        MakeFileOrLink({in, *source.st, from, prepared->Folder(), nullptr, to, isSeen}, run));
     prepared->Hold(std::move(object));
     return prepared;
 }
 
-Result<std::unique_ptr<UnnamedCopy>> LinuxFileSystem::PrepareFolder(std::string_view from,
-                                                                    std::string_view to,
-                                                                    const CopyObserver& observer) {
+Copied LinuxFileSystem::PrepareFolder(std::string_view from, std::string_view to,
+                                      const CopyObserver& observer) {
     TX_TRY_ASSIGN(const Resolved source, resolver_.Folder(from));
-    if (!S_ISDIR(source.st->stx_mode)) return PrepareFile(from, to, observer);
+    return PrepareFolder(source, from, to, observer);
+}
+
+Copied LinuxFileSystem::PrepareFolderOf(const Look& from, std::string_view to,
+                                        const CopyObserver& observer) {
+    TX_TRY_ASSIGN(const auto source, FolderOf(from));
+    return PrepareFolder(*source, from.path, to, observer);
+}
+
+Copied LinuxFileSystem::PrepareFolder(const Resolved& source, std::string_view from,
+                                      std::string_view to, const CopyObserver& observer) {
+    if (!S_ISDIR(source.st->stx_mode)) return PrepareFile(source, from, to, observer);
     TX_TRY_ASSIGN(Resolved target, resolver_.Target(to));
     TX_TRY_ASSIGN(UniqueFd folder, OpenFolderOf(target, to));
     if (IsWithin(folder.Get(), *source.st)) return IntoItselfFailure(from, to);
-    TX_TRY_ASSIGN(UniqueFd in, Named(OpenItself(source), from));
+    auto opened = OpenItself(source);
+    if (!opened && opened.error() == EREMCHG) return FailureBy(kChangedSinceSearch, from);
+    TX_TRY_ASSIGN(UniqueFd in, Named(std::move(opened), from));
     auto prepared =
         std::make_unique<Prepared>(*this, std::move(target), std::string(to), std::move(folder));
     TX_TRY_ASSIGN(auto object, Named(NamelessFolder::Make(prepared->Folder(), roads_), to));

@@ -14,6 +14,7 @@ namespace tarvix::platform {
 namespace {
 // The true path of the folder around a place.
 Sys<std::string> TrueFolder(const Resolved& place) {
+    if (place.around) return PathOf(place.around->Get());
     struct Free {
         void operator()(char* text) const { std::free(text); }
     };
@@ -21,6 +22,11 @@ Sys<std::string> TrueFolder(const Resolved& place) {
         ::realpath(std::string(place.Folder()).c_str(), nullptr));
     if (real == nullptr) return std::unexpected(errno);
     return std::string(real.get());
+}
+
+Sys<Location> LocationOf(const Resolved& place) {
+    if (!place.around) return Locate(place.native);
+    return Location{place.around, place.NameText()};
 }
 
 // The folder at which the file system of `folder` is mounted.
@@ -42,7 +48,8 @@ class TrashRun {
     Sys<TrashFolder::Taken> Recycle(const Resolved& place) {
         auto taken = Take(place);
         if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
-        if (!StatOfPath(place.native)) return taken;
+        const auto location = LocationOf(place);
+        if (!location || !StatOf(At(*location))) return taken;
         trashes_.clear(); // emptied by someone else, folders and all
         return Take(place);
     }
@@ -53,23 +60,27 @@ class TrashRun {
 
     std::map<std::uint64_t, TrashFolder> trashes_; // by device
     std::string folder_;                           // the last, as it was asked for
+    std::shared_ptr<const UniqueFd> around_;       // of that one
     std::string trueFolder_;
 };
 
 Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
-    if (const std::string folder(place.Folder()); folder != folder_) {
+    const bool isKnown = folder_ == place.Folder() && around_ == place.around;
+    if (!isKnown) {
         TX_TRY_ASSIGN(trueFolder_, TrueFolder(place));
-        folder_ = folder;
+        folder_ = place.Folder();
+        around_ = place.around;
     }
     TX_TRY_ASSIGN(TrashFolder* const trash, TrashFor(place, trueFolder_));
-    TX_TRY_ASSIGN(const Location location, Locate(place.native));
+    TX_TRY_ASSIGN(const Location location, LocationOf(place));
     const std::string path =
         (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
     // It would go along, still in use.
     if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
         return std::unexpected(EBUSY);
     }
-    return trash->Take(location, path, S_ISDIR(place.st->stx_mode));
+    const bool mustBeSame = place.around && place.drives->KeepsNumbersAt(DeviceOf(*place.st));
+    return trash->Take(location, path, *place.st, mustBeSame);
 }
 
 Sys<TrashFolder*> TrashRun::TrashFor(const Resolved& place, const std::string& folder) {
@@ -83,8 +94,11 @@ Sys<TrashFolder*> TrashRun::TrashFor(const Resolved& place, const std::string& f
     return &trashes_.emplace(device, std::move(trash)).first->second;
 }
 
-std::unexpected<PlatformError> TrashFailure(int error, const std::string& path) {
+std::unexpected<PlatformError> TrashFailure(int error, const SeenObject& object) {
+    const std::string_view path = object.path;
     switch (error) {
+    case EREMCHG:
+        return FailureBy(kChangedSinceSearch, path);
     case ENOTSUP:
     case EXDEV:
         return Failure(kPathFileAccess, "There is no trash for " + ForDisplay(path) + ".");
@@ -98,19 +112,21 @@ std::unexpected<PlatformError> TrashFailure(int error, const std::string& path) 
 }
 } // namespace
 
-Result<void> LinuxTrash::Recycle(std::span<const std::string> paths,
-                                 const TrashObserver& observer) {
+Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
+                                     const TrashObserver& observer) {
     TrashRun run;
-    for (std::size_t done = 0; done < paths.size(); ++done) {
-        const std::string& path = paths[done];
-        if (observer && !observer(done)) return FailureBy(kInterrupted, path);
-        TX_TRY_ASSIGN(const Resolved place, files_.Existing(path));
-        if (place.IsRoot()) return FailureBy(kPermissionDenied, path);
+    for (std::size_t done = 0; done < objects.size(); ++done) {
+        const SeenObject& object = objects[done];
+        if (observer && !observer(done)) return FailureBy(kInterrupted, object.path);
+        TX_TRY_ASSIGN(const auto seen, files_.Seen(object));
+        const Resolved& place = seen.place;
+        if (place.IsRoot()) return FailureBy(kPermissionDenied, object.path);
         auto taken = run.Recycle(place);
-        if (!taken) return TrashFailure(taken.error(), path);
+        if (!taken) return TrashFailure(taken.error(), object);
         files_.NoteGone(place);
-        path_ = path;
+        path_ = object.path;
         place_ = place;
+        place_->around.reset(); // an open folder keeps a drive from being taken out
         taken_ = std::move(*taken);
     }
     return {};

@@ -15,8 +15,8 @@ namespace tarvix::platform {
 class LinuxTrash : public Trash {
   public:
     explicit LinuxTrash(LinuxFileSystem& files) : files_(files) {}
-    Result<void> Recycle(std::span<const std::string> paths,
-                         const TrashObserver& observer) override;
+    Result<void> RecycleSeen(std::span<const SeenObject> objects,
+                             const TrashObserver& observer) override;
     Result<void> PutBack(std::string_view path) override;
 
   private:

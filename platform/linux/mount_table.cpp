@@ -141,6 +141,12 @@ bool FoldsCase(const Mount& mount) {
     return Contains(kFolding, mount.fileSystem);
 }
 
+bool KeepsNumbers(const Mount& mount) {
+    constexpr std::array<std::string_view, 8> kLosing{"vfat", "msdos", "exfat", "cifs",
+                                                      "smb3", "smbfs", "davfs", "fuseblk"};
+    return !Contains(kLosing, mount.fileSystem) && !mount.fileSystem.starts_with("fuse.");
+}
+
 DosAttributes DosAttributesOf(const Mount& mount) {
     constexpr std::array<std::pair<std::string_view, DosAttributes>, 9> kKinds{{
         {"vfat", DosAttributes::kFat},

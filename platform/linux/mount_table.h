@@ -30,6 +30,8 @@ bool IsOptical(const Mount& mount);
 // Whether names are found there in any case.
 bool FoldsCase(const Mount& mount);
 DosAttributes DosAttributesOf(const Mount& mount);
+// Whether an object keeps its number there for as long as it exists.
+bool KeepsNumbers(const Mount& mount);
 
 // The UNC form of a network mount's source, "\\server\share\below"; empty for others.
 std::string UncOf(const Mount& mount);

@@ -94,6 +94,8 @@ ObjectFacts FactsFrom(const struct statx& st, std::string_view name, At at,
     facts.modified = TimeOf(st.stx_mtime);
     facts.accessed = TimeOf(st.stx_atime);
     if ((st.stx_mask & STATX_BTIME) != 0) facts.created = TimeOf(st.stx_btime);
+    const std::uint64_t device = DeviceOf(st);
+    facts.identity = {device, drives.KeepsNumbersAt(device) ? st.stx_ino : 0, TimeOf(st.stx_ctime)};
     return facts;
 }
 

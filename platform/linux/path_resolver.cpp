@@ -3,6 +3,7 @@
 #include "platform/drive_path.h"
 #include "platform/names.h"
 #include "platform/try.h"
+#include "text/paths.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -45,9 +46,13 @@ std::string_view Resolved::NativeName() const {
     return std::string_view(native).substr(NameStart(native));
 }
 
+const char* Resolved::NameText() const {
+    return native.c_str() + NameStart(native);
+}
+
 std::string Resolved::WantedPath() const {
     std::string path = native;
-    if (!otherName.empty()) path.replace(path.rfind('/') + 1, path.npos, otherName);
+    if (!otherName.empty()) SetLastName(path, otherName);
     return path;
 }
 
@@ -133,6 +138,31 @@ Result<Resolved> PathResolver::Target(std::string_view path) const {
     }
     if (st.error() != ENOENT) return FailureOf(st.error(), path);
     return Loosely(std::move(*place), path);
+}
+
+// Each name of the path is one on the disk.
+std::size_t PathResolver::FolderLength(const Resolved& place, std::string_view below) {
+    std::size_t length = NameStart(place.native) - 1;
+    const auto names = std::ranges::count(text::StripTrailingSlash(below), '\\');
+    for (std::ptrdiff_t i = 1; i < names && length > place.baseEnd; ++i) {
+        length = place.native.rfind('/', length - 1);
+    }
+    return std::max(length, place.baseEnd);
+}
+
+Result<Resolved> PathResolver::Below(std::string_view path, std::size_t location) const {
+    TX_TRY_ASSIGN(Resolved place, ByText(path));
+    if (place.IsRoot()) return Existing(path);
+    const std::string_view below = path.substr(std::min(location, path.size()));
+    const auto at = store_.LocateBelow(place.native, FolderLength(place, below));
+    if (!at) {
+        const bool isOther = at.error() == ELOOP || at.error() == ENOTDIR || at.error() == EXDEV;
+        if (isOther) return FailureBy(kChangedSinceSearch, path);
+        return at.error() == ENOENT ? FailureBy(kPathNotFound, path) : FailureOf(at.error(), path);
+    }
+    TX_TRY_ASSIGN(place.st, Named(StatOf(platform::At(*at)), path));
+    place.around = at->folder;
+    return place;
 }
 
 Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
@@ -240,6 +270,11 @@ Result<Resolved> PathResolver::File(std::string_view path) const {
     return place;
 }
 
+Sys<Location> LocationOf(const Resolved& place, FolderStore& store) {
+    if (!place.around) return store.Locate(place.native);
+    return Location{place.around, place.NameText()};
+}
+
 bool LeadsToFolder(const Resolved& place) {
     if (!place.Exists()) return false;
     if (S_ISDIR(place.st->stx_mode)) return true;
@@ -249,8 +284,15 @@ bool LeadsToFolder(const Resolved& place) {
 }
 
 Sys<UniqueFd> OpenItself(const Resolved& place) {
+    constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
+    if (place.around) {
+        TX_TRY_ASSIGN(UniqueFd fd, OpenAt({place.around->Get(), place.NameText()}, kFlags));
+        TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
+        if (!IsSameObject(st, *place.st)) return std::unexpected(EREMCHG);
+        return fd;
+    }
     TX_TRY_ASSIGN(const Location location, Locate(place.native));
-    return OpenAt(location, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    return OpenAt(location, kFlags);
 }
 
 Result<UniqueFd> OpenFolderOf(const Resolved& place, std::string_view path) {

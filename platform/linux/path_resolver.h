@@ -21,11 +21,14 @@ struct Resolved {
     std::shared_ptr<const DriveTable> drives;
 
     std::optional<struct statx> st; // the object itself, links not followed; none when missing
+    // The folder around an object that was seen by a search: no link led to it.
+    std::shared_ptr<const UniqueFd> around;
 
     bool Exists() const { return st.has_value(); }
     bool IsRoot() const { return native.size() == baseEnd; }
     std::string_view Folder() const;     // native path of the parent folder
     std::string_view NativeName() const; // disk name of the object
+    const char* NameText() const;        // the same, ended by NUL
     // Disk name of the last part as it was asked for.
     std::string_view WantedName() const { return otherName.empty() ? NativeName() : otherName; }
     // The native path with that name.
@@ -44,6 +47,9 @@ class PathResolver {
     Result<Resolved> ByText(std::string_view path) const;
     // The object: 53 missing, 76 when a folder on the way is missing.
     Result<Resolved> Existing(std::string_view path) const;
+    // The object of exactly that name, down from a search location (bytes of the path) without a
+    // link on the way (kChangedSinceSearch): 53, 76.
+    Result<Resolved> Below(std::string_view path, std::size_t location) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what
@@ -65,6 +71,7 @@ class PathResolver {
         std::string name;
         struct statx st;
     };
+    static std::size_t FolderLength(const Resolved& place, std::string_view below);
     std::optional<Resolved> ByWay(const std::shared_ptr<const DriveTable>& drives,
                                   std::string_view path) const;
     void NoteWay(const Resolved& place, std::string_view path) const;
@@ -75,6 +82,9 @@ class PathResolver {
     Mounts& mounts_;
     FolderStore& store_;
 };
+
+// Where a system call finds an object; the text is that of `place`.
+Sys<Location> LocationOf(const Resolved& place, FolderStore& store);
 
 // Whether an object is a folder, or a link that leads to one.
 bool LeadsToFolder(const Resolved& place);

@@ -8,7 +8,10 @@
 #include <cerrno>
 #include <ctime>
 #include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/syscall.h>
 #include <sys/sysmacros.h>
+#include <unistd.h>
 
 namespace tarvix::platform {
 
@@ -71,6 +74,15 @@ Sys<struct statx> StatBehindPath(const std::string& native) {
     return StatBehind(location);
 }
 
+Sys<std::string> PathOf(int folder) {
+    std::string path(PATH_MAX, '\0');
+    const std::string link = "/proc/self/fd/" + std::to_string(folder);
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    if (length <= 0) return std::unexpected(errno);
+    path.resize(static_cast<std::size_t>(length));
+    return path;
+}
+
 CallCounts CallsOfThread() {
     return callsOfThread;
 }
@@ -94,6 +106,39 @@ Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode) {
         if (fd) return fd;
         if (errno != EINTR) return std::unexpected(errno);
     }
+}
+
+namespace {
+constexpr int kFolderAlone = O_PATH | O_DIRECTORY | O_NOFOLLOW;
+
+Sys<UniqueFd> OpenInOneStep(At at) {
+    ++callsOfThread.opens;
+    open_how how{};
+    how.flags = kFolderAlone | O_CLOEXEC;
+    how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH;
+    UniqueFd fd(static_cast<int>(::syscall(SYS_openat2, at.folder, at.name, &how, sizeof how)));
+    if (!fd) return std::unexpected(errno);
+    return fd;
+}
+} // namespace
+
+// Where that can't be done in one step, each name is one.
+Sys<UniqueFd> OpenBelow(int folder, std::string_view names) {
+    const std::string path(names);
+    auto whole = path.size() < PATH_MAX ? OpenInOneStep({folder, path.c_str()})
+                                        : Sys<UniqueFd>(std::unexpected(ENAMETOOLONG));
+    const bool isOtherwise = !whole && (whole.error() == ENOSYS || whole.error() == EPERM ||
+                                        whole.error() == EAGAIN || whole.error() == ENAMETOOLONG);
+    if (!isOtherwise) return whole;
+    UniqueFd at;
+    for (std::size_t begin = 0; begin < path.size();) {
+        const std::size_t end = std::min(path.find('/', begin), path.size());
+        const std::string name = path.substr(begin, end - begin);
+        TX_TRY_ASSIGN(UniqueFd next, OpenAt({at ? at.Get() : folder, name.c_str()}, kFolderAlone));
+        at = std::move(next);
+        begin = end + 1;
+    }
+    return at;
 }
 
 Sys<std::string> ReadAll(int fd, std::size_t most) {

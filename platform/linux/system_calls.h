@@ -50,8 +50,15 @@ std::uint64_t DeviceOf(const struct statx& st);
 bool IsSameObject(const struct statx& a, const struct statx& b);
 FileTime TimeOf(const struct statx_timestamp& stamp);
 
+// The path of an open folder, as the system has it now.
+Sys<std::string> PathOf(int folder);
+
 // openat with O_CLOEXEC, tried again when a signal came between.
 Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode = 0);
+
+// A folder below an open one, by a path of names of any length, for its descriptor alone. No
+// symbolic link on the way is followed (ELOOP, ENOTDIR).
+Sys<UniqueFd> OpenBelow(int folder, std::string_view names);
 
 // All that can be read from a descriptor, from where it stands; EFBIG beyond `most` bytes.
 Sys<std::string> ReadAll(int fd, std::size_t most);

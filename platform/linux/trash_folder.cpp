@@ -148,14 +148,15 @@ Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
     return std::unexpected(ENOTSUP);
 }
 
-Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, bool isFolder) {
+Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
+                                          bool mustBeSame) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
         "[Trash Info]\nPath=" + Percented(told) + "\nDeletionDate=" + LocalTime() + "\n";
     for (unsigned number = 1; number < kMostTries; ++number) {
         const std::string there = NameForTry(name, number);
-        const auto taken = TakeAs(there, object, info, isFolder);
+        const auto taken = TakeAs(there, {object, st, mustBeSame}, info);
         if (taken) {
             return Taken{path_ + "/files/" + there,
                          path_ + "/info/" + there + std::string(kInfoEnd)};
@@ -174,18 +175,32 @@ Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
     return back;
 }
 
-Sys<void> TrashFolder::TakeAs(const std::string& name, At object, const std::string& info,
-                              bool isFolder) {
+Sys<void> TrashFolder::TakeAs(const std::string& name, const Wanted& wanted,
+                              const std::string& info) {
     const std::string infoName = name + std::string(kInfoEnd);
     const auto fd =
         OpenAt({info_.Get(), infoName.c_str()}, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
     if (!fd) return std::unexpected(fd.error());
-    auto taken = WriteAll(fd->Get(), info);
-    if (taken) {
-        taken = RenameReadOnly(object, {files_.Get(), name.c_str()}, isFolder, {});
+    auto done = WriteAll(fd->Get(), info);
+    if (done) {
+        done = RenameReadOnly(wanted.object, {files_.Get(), name.c_str()},
+                              S_ISDIR(wanted.st.stx_mode), {});
+        if (done) return CheckTaken(name, wanted);
     }
-    if (!taken) ::unlinkat(info_.Get(), infoName.c_str(), 0);
-    return taken;
+    ::unlinkat(info_.Get(), infoName.c_str(), 0);
+    return done;
+}
+
+// What can't go back stays in the trash with its info file, from which it can be restored.
+Sys<void> TrashFolder::CheckTaken(const std::string& name, const Wanted& wanted) {
+    if (!wanted.mustBeSame) return {};
+    const At there{files_.Get(), name.c_str()};
+    const auto st = StatOf(there);
+    if (!st || IsSameObject(*st, wanted.st)) return {};
+    if (RenameWithoutReplacing(there, wanted.object, S_ISDIR(st->stx_mode), {})) {
+        ::unlinkat(info_.Get(), (name + std::string(kInfoEnd)).c_str(), 0);
+    }
+    return std::unexpected(EREMCHG);
 }
 
 } // namespace tarvix::platform

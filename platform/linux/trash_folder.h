@@ -19,19 +19,26 @@ class TrashFolder {
     static Sys<TrashFolder> OfMount(const std::string& top);
 
     // Moves an object into it. `path` is where the object is (native, absolute, no links on the
-    // way), and what it will be restored to. EXDEV when it lies on another file system. On failure
-    // the object stays and nothing new is left. Gives where it lies in the trash.
+    // way), and what it will be restored to. EXDEV when it lies on another file system; EREMCHG
+    // when it must be the object of `st` and another has come to its name, which then goes back.
+    // On failure the object stays and nothing new is left. Gives where it lies in the trash.
     struct Taken {
         std::string object; // native paths
         std::string info;
     };
-    Sys<Taken> Take(At object, std::string_view path, bool isFolder);
+    Sys<Taken> Take(At object, std::string_view path, const struct statx& st, bool mustBeSame);
     // Takes it out again, to a place where nothing stands (EEXIST).
     static Sys<void> GiveBack(const Taken& taken, At place);
 
   private:
     static Sys<TrashFolder> Open(Sys<UniqueFd> folder, std::string path, std::string top);
-    Sys<void> TakeAs(const std::string& name, At object, const std::string& info, bool isFolder);
+    struct Wanted {
+        At object;
+        const struct statx& st;
+        bool mustBeSame;
+    };
+    Sys<void> TakeAs(const std::string& name, const Wanted& wanted, const std::string& info);
+    Sys<void> CheckTaken(const std::string& name, const Wanted& wanted);
 
     std::string path_; // of the trash, native
     std::string top_;  // paths are told relative to it; empty for absolute ones

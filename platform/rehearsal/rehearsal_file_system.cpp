@@ -84,6 +84,10 @@ Result<ObjectFacts> RehearsalFileSystem::Facts(std::string_view path) {
     return HasSteps() ? TreeFileSystem::Facts(path) : real_.Facts(path);
 }
 
+Result<Look> RehearsalFileSystem::LookAtSeen(const SeenObject& seen) {
+    return HasSteps() ? TreeFileSystem::LookAtSeen(seen) : real_.LookAtSeen(seen);
+}
+
 Result<std::string> RehearsalFileSystem::TruePath(std::string_view path) {
     return HasSteps() ? TreeFileSystem::TruePath(path) : real_.TruePath(path);
 }
@@ -223,6 +227,7 @@ Result<void> RehearsalFileSystem::Fetch(TreeNode& node) {
     own.modified = facts->modified;
     own.created = facts->created;
     own.accessed = facts->accessed;
+    own.identity = facts->identity;
     own.hasFacts = true;
     return {};
 }

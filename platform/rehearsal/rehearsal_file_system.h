@@ -30,6 +30,7 @@ class RehearsalFileSystem : public TreeFileSystem {
     void Clear();
 
     Result<ObjectFacts> Facts(std::string_view path) override;
+    Result<Look> LookAtSeen(const SeenObject& seen) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;

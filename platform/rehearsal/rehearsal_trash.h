@@ -12,11 +12,15 @@ class RehearsalTrash : public Trash {
   public:
     explicit RehearsalTrash(RehearsalFileSystem& files) : files_(files) {}
 
-    Result<void> Recycle(std::span<const std::string> paths,
-                         const TrashObserver& observer) override {
-        for (std::size_t done = 0; done < paths.size(); ++done) {
-            if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
-            TX_TRY(files_.TakeAway(paths[done]));
+    Result<void> RecycleSeen(std::span<const SeenObject> objects,
+                             const TrashObserver& observer) override {
+        for (std::size_t done = 0; done < objects.size(); ++done) {
+            const std::string_view path = objects[done].path;
+            if (observer && !observer(done)) return TreeFailure(kInterrupted, path);
+            if (objects[done].sighting.location != kAnyRoad) {
+                TX_TRY(files_.LookAtSeen(objects[done]));
+            }
+            TX_TRY(files_.TakeAway(path));
         }
         return {};
     }

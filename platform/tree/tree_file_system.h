@@ -41,6 +41,7 @@ std::unexpected<PlatformError> TreeFailure(int number, std::string_view path);
 class TreeFileSystem : public FileSystem {
   public:
     Result<ObjectFacts> Facts(std::string_view path) override;
+    Result<Look> LookAtSeen(const SeenObject& seen) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<std::string> ShortPath(std::string_view path) override;
     Result<std::unique_ptr<OpenFolder>> Open(std::string_view folder) override;
@@ -143,6 +144,8 @@ class TreeFileSystem : public FileSystem {
     class Unnamed;
 
     Result<Place> WalkAll(std::string_view path, std::vector<const TreeNode*>* way);
+    // Whether a place was reached from the search location by exact names and no link.
+    Result<void> CheckRoad(const Place& place, const SeenObject& seen);
     template <class Spell>
     Result<std::string> Spelled(std::string_view path, Spell spell);
     // The file behind links, for its bytes: 52, 53, 70.

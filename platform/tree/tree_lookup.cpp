@@ -8,6 +8,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace tarvix::platform {
 
 namespace {
@@ -129,7 +131,11 @@ Result<TreeChildren*> TreeFileSystem::ChildrenOf(TreeNode& folder, std::string_v
 
 Result<ObjectFacts> TreeFileSystem::FactsOf(TreeNode& node) {
     TX_TRY(Fetch(node));
-    ObjectFacts facts{node.attributes, node.size, node.modified, node.created, node.accessed};
+    ObjectFacts facts{node.attributes, node.size,     node.modified,
+                      node.created,    node.accessed, node.identity};
+    if (facts.identity.changed == kNoTime) {
+        facts.identity.changed = std::max(node.modified, node.created);
+    }
     if (node.name.starts_with('.')) facts.attributes |= kHidden;
     if (node.IsLink()) facts.attributes |= kAlias;
     if (LeadsToFolder(node)) {
@@ -142,6 +148,43 @@ Result<ObjectFacts> TreeFileSystem::FactsOf(TreeNode& node) {
 Result<ObjectFacts> TreeFileSystem::Facts(std::string_view path) {
     TX_TRY_ASSIGN(const Place place, Need(path));
     return FactsOf(*place.node);
+}
+
+Result<void> TreeFileSystem::CheckRoad(const Place& place, const SeenObject& seen) {
+    const std::string_view location = seen.path.substr(0, seen.sighting.location);
+    std::string_view below = text::StripTrailingSlash(seen.path.substr(location.size()));
+    const TreeNode* node = place.node;
+    for (; !below.empty(); node = node->parent) {
+        const std::size_t slash = below.rfind('\\');
+        const std::string_view name = slash == below.npos ? below : below.substr(slash + 1);
+        const bool isObject = node == place.node;
+        const bool isLink = node->parent == nullptr || (!isObject && node->IsLink());
+        if (isLink || (node->name != name && !text::EqualNoCase(node->name, name))) {
+            return TreeFailure(kChangedSinceSearch, seen.path);
+        }
+        // A neighbour of another case is another object.
+        if (node->name != name) {
+            return TreeFailure(isObject ? kFileNotFound : kPathNotFound, seen.path);
+        }
+        below = slash == below.npos ? std::string_view() : below.substr(0, slash);
+    }
+    TX_TRY_ASSIGN(const Place from, Walk(location));
+    if (from.node != nullptr && FolderAt(*from.node) == node) return {};
+    return TreeFailure(kChangedSinceSearch, seen.path);
+}
+
+Result<Look> TreeFileSystem::LookAtSeen(const SeenObject& seen) {
+    if (seen.sighting.location == kAnyRoad) return FileSystem::LookAtSeen(seen);
+    TX_TRY_ASSIGN(const Place place, Need(seen.path));
+    TX_TRY(CheckRoad(place, seen));
+    TX_TRY_ASSIGN(const ObjectFacts facts, FactsOf(*place.node));
+    TX_TRY(CheckSame(seen, facts));
+    const bool mustBeEmpty = seen.same == Same::kContent && seen.sighting.wasEmpty;
+    if (mustBeEmpty && place.node->IsFolder()) {
+        TX_TRY_ASSIGN(const TreeChildren* const children, ChildrenOf(*place.node, seen.path));
+        if (!children->empty()) return TreeFailure(kChangedSinceSearch, seen.path);
+    }
+    return Look{std::string(seen.path), facts, nullptr, seen.sighting.location};
 }
 
 template <class Spell>

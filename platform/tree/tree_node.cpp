@@ -4,6 +4,7 @@
 #include "text/case.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace tarvix::platform {
 
@@ -25,6 +26,17 @@ bool ComesBefore(const TreeNode& a, const TreeNode& b) {
     return a.NativeName() < b.NativeName();
 }
 } // namespace
+
+namespace {
+std::uint64_t NextNumber() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+} // namespace
+
+TreeNode::TreeNode(TreeKind objectKind) : kind(objectKind) {
+    identity.inode = NextNumber();
+}
 
 // ---- the objects of a folder ----
 

@@ -50,7 +50,8 @@ class TreeChildren {
 
 // One object of a tree in memory.
 struct TreeNode : std::enable_shared_from_this<TreeNode> {
-    explicit TreeNode(TreeKind objectKind) : kind(objectKind) {}
+    // Its number is that of no other node.
+    explicit TreeNode(TreeKind objectKind);
     // Objects of it that are still held stand in no folder afterwards.
     ~TreeNode();
     TreeNode(const TreeNode&) = delete;
@@ -65,6 +66,7 @@ struct TreeNode : std::enable_shared_from_this<TreeNode> {
     FileTime modified = kNoTime;
     FileTime created = kNoTime;
     FileTime accessed = kNoTime;
+    ObjectIdentity identity; // without a time of change the later of its dates counts
     std::string content;
 
     std::string name;                        // drive form

@@ -106,6 +106,21 @@ TEST_F(DeleteCommandTest, HiddenObjectsStayOrGoAsTheOptionSays) {
     EXPECT_EQ(Out(), "Recycled 2 of 2 objects.\n");
 }
 
+TEST_F(DeleteCommandTest, WhatHasChangedSinceItWasFoundStaysOrGoesAsTheOptionSays) {
+    const auto exchange = [this] { Disk().AddFile("C:\\home\\ann\\Music\\a.mp3", "other"); };
+    machine.faults.BeforeCall("Recycle", 1, exchange);
+    EXPECT_EQ(Delete({"--yes"}), kSomeFailed);
+    EXPECT_THAT(Out(), HasSubstr("; 1 failed.\n"));
+    EXPECT_THAT(Err(), HasSubstr("1 object has changed since the search, and was not recycled:"));
+    EXPECT_EQ(Disk().Content("C:\\home\\ann\\Music\\a.mp3"), "other");
+    machine.faults.ClearFaults();
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("Recycle", 1, exchange);
+    EXPECT_EQ(Delete({"--yes", "--even-if-changed"}), kDone);
+    EXPECT_EQ(Out(), "Recycled 1 of 1 object.\n");
+    EXPECT_FALSE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
+}
+
 TEST_F(DeleteCommandTest, AWordThatIsNoChoiceIsRefusedBeforeAnything) {
     EXPECT_EQ(Delete({"--yes", "--on-recycle-failure", "ask"}), kBadRequest);
     EXPECT_THAT(Err(), HasSubstr("--on-recycle-failure: ask not in {keep,delete}."));
@@ -141,8 +156,8 @@ TEST_F(DeleteCommandTest, AutomaticModeOfTheOptionsStillAsks) {
 
 TEST_F(DeleteCommandTest, TheHelpTellsItsOptions) {
     EXPECT_EQ(Run({"delete", "--help"}), kDone);
-    for (const char* part :
-         {"--on-recycle-failure", "--override-system-hidden", "-y,--yes", "gio trash --restore"}) {
+    for (const char* part : {"--on-recycle-failure", "--override-system-hidden",
+                             "--even-if-changed", "-y,--yes", "gio trash --restore"}) {
         EXPECT_THAT(Out(), HasSubstr(part));
     }
 }

@@ -155,6 +155,59 @@ Result<ObjectFacts> FaultyFileSystem::Facts(std::string_view path) {
     return files_.Facts(path);
 }
 
+Result<Look> FaultyFileSystem::LookAtSeen(const SeenObject& seen) {
+    TX_TRY(Enter("Facts", seen.path));
+    return files_.LookAtSeen(seen);
+}
+
+Result<void> FaultyFileSystem::CopyFileTo(const Look& from, const FreePlace& to,
+                                          const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFile", from.path, to.path));
+    return files_.CopyFileTo(from, to, observer);
+}
+
+Result<void> FaultyFileSystem::MoveFileTo(const Look& from, const FreePlace& to,
+                                          const CopyObserver& observer) {
+    TX_TRY(Enter("MoveFile", from.path, to.path));
+    return files_.MoveFileTo(from, to, observer);
+}
+
+Result<void> FaultyFileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
+    TX_TRY(Enter("MoveFolder", from.path, to.path));
+    return files_.MoveFolderTo(from, to);
+}
+
+Result<std::unique_ptr<UnnamedCopy>> FaultyFileSystem::PrepareFileOf(const Look& from,
+                                                                     std::string_view to,
+                                                                     const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFile", from.path, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFileOf(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from.path, to);
+}
+
+Result<std::unique_ptr<UnnamedCopy>>
+FaultyFileSystem::PrepareFolderOf(const Look& from, std::string_view to,
+                                  const CopyObserver& observer) {
+    TX_TRY(Enter("CopyFolder", from.path, to));
+    TX_TRY_ASSIGN(auto copy, files_.PrepareFolderOf(from, to, observer));
+    return std::make_unique<FaultyCopy>(*this, std::move(copy), from.path, to);
+}
+
+Result<void> FaultyFileSystem::SetAttributesOf(const Look& object, std::uint32_t attributes) {
+    TX_TRY(Enter("SetAttributes", object.path));
+    return files_.SetAttributesOf(object, attributes);
+}
+
+Result<void> FaultyFileSystem::DeleteFileOf(const Look& object, bool force) {
+    TX_TRY(Enter("DeleteFile", object.path));
+    return files_.DeleteFileOf(object, force);
+}
+
+Result<void> FaultyFileSystem::RemoveFolderOf(const Look& object) {
+    TX_TRY(Enter("RemoveFolder", object.path));
+    return files_.RemoveFolderOf(object);
+}
+
 Result<std::string> FaultyFileSystem::TruePath(std::string_view path) {
     TX_TRY(Enter("TruePath", path));
     return files_.TruePath(path);

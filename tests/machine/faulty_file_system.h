@@ -45,6 +45,21 @@ class FaultyFileSystem : public FileSystem {
                        std::string_view target = {});
 
     Result<ObjectFacts> Facts(std::string_view path) override;
+    // Counts as "Facts"; what is done to an object that was looked at counts as the routine for a
+    // path.
+    Result<Look> LookAtSeen(const SeenObject& seen) override;
+    Result<void> CopyFileTo(const Look& from, const FreePlace& to,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFileTo(const Look& from, const FreePlace& to,
+                            const CopyObserver& observer) override;
+    Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFileOf(const Look& from, std::string_view to,
+                                                       const CopyObserver& observer) override;
+    Result<std::unique_ptr<UnnamedCopy>> PrepareFolderOf(const Look& from, std::string_view to,
+                                                         const CopyObserver& observer) override;
+    Result<void> SetAttributesOf(const Look& object, std::uint32_t attributes) override;
+    Result<void> DeleteFileOf(const Look& object, bool force) override;
+    Result<void> RemoveFolderOf(const Look& object) override;
     Result<std::string> TruePath(std::string_view path) override;
     Result<bool> Holds(std::string_view outer, std::string_view inner) override;
     Result<std::string> ShortPath(std::string_view path) override;

@@ -13,12 +13,12 @@ class FaultyTrash : public Trash {
   public:
     FaultyTrash(FaultyFileSystem& faults, Trash& trash) : faults_(faults), trash_(trash) {}
 
-    Result<void> Recycle(std::span<const std::string> paths,
-                         const TrashObserver& observer) override {
-        for (std::size_t done = 0; done < paths.size(); ++done) {
-            if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
-            TX_TRY(faults_.Enter("Recycle", paths[done]));
-            TX_TRY(trash_.Recycle(paths.subspan(done, 1), {}));
+    Result<void> RecycleSeen(std::span<const SeenObject> objects,
+                             const TrashObserver& observer) override {
+        for (std::size_t done = 0; done < objects.size(); ++done) {
+            if (observer && !observer(done)) return TreeFailure(kInterrupted, objects[done].path);
+            TX_TRY(faults_.Enter("Recycle", objects[done].path));
+            TX_TRY(trash_.RecycleSeen(objects.subspan(done, 1), {}));
         }
         return {};
     }

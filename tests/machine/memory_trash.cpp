@@ -15,11 +15,15 @@ std::string PathKey(std::string_view path) {
 }
 } // namespace
 
-Result<void> MemoryTrash::Recycle(std::span<const std::string> paths,
-                                  const TrashObserver& observer) {
-    for (std::size_t done = 0; done < paths.size(); ++done) {
-        if (observer && !observer(done)) return TreeFailure(kInterrupted, paths[done]);
-        TX_TRY(RecycleOne(paths[done]));
+Result<void> MemoryTrash::RecycleSeen(std::span<const SeenObject> objects,
+                                      const TrashObserver& observer) {
+    for (std::size_t done = 0; done < objects.size(); ++done) {
+        const std::string path(objects[done].path);
+        if (observer && !observer(done)) return TreeFailure(kInterrupted, path);
+        if (objects[done].sighting.location != kAnyRoad) {
+            TX_TRY(disk_.LookAtSeen(objects[done]));
+        }
+        TX_TRY(RecycleOne(path));
     }
     return {};
 }

@@ -17,8 +17,8 @@ class MemoryTrash : public Trash {
 
     explicit MemoryTrash(MemoryFileSystem& disk) : disk_(disk) {}
 
-    Result<void> Recycle(std::span<const std::string> paths,
-                         const TrashObserver& observer) override;
+    Result<void> RecycleSeen(std::span<const SeenObject> objects,
+                             const TrashObserver& observer) override;
     Result<void> PutBack(std::string_view path) override;
 
     // ---- for tests ----

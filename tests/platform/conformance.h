@@ -95,6 +95,19 @@ class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
     void Append(std::string_view path, std::string_view text);
     Result<void> Recycle(const std::vector<std::string>& paths, const TrashObserver& observer = {});
 
+    // The object as a search of `location` sees it now, and then a look at what was seen.
+    void See(const std::string& path, const std::string& location);
+    SeenObject Seen(Same same = Same::kObject) const { return {path_, sighting_, same}; }
+    int LookAtSeen(Same same = Same::kObject);
+    // "s\sub\a", seen from "s", and "outside\a".
+    void MakeAndSee();
+    // A link to "outside" takes the place of "s\sub"; another file that of "s\sub\a".
+    void SwapFolder();
+    void Exchange(const std::string& content);
+
+    std::string path_; // of what was seen
+    Sighting sighting_;
+
   private:
     std::unique_ptr<Disk> disk_;
 };

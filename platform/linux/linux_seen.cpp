@@ -1,0 +1,105 @@
+#include "platform/linux/folder_reader.h"
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/part_file.h"
+#include "platform/names.h"
+#include "platform/try.h"
+
+#include <fmt/core.h>
+
+#include <cerrno>
+#include <fcntl.h>
+
+// Objects that a search saw: they are reached from the search location downward, compared, and
+// acted on through the folder that was opened so.
+namespace tarvix::platform {
+
+namespace {
+// Whether a folder that a search listed as an empty one is still so.
+Result<void> CheckEmpty(At at, std::string_view path) {
+    TX_TRY_ASSIGN(const UniqueFd fd, Named(OpenAt(at, O_RDONLY | O_DIRECTORY | O_NOFOLLOW), path));
+    FolderReader reader(fd.Get());
+    FolderReader::Entry entry{};
+    if (reader.Next(entry)) return FailureBy(kChangedSinceSearch, path);
+    if (reader.Error() != 0) return FailureOf(reader.Error(), path);
+    return {};
+}
+} // namespace
+
+Result<LinuxFileSystem::SeenPlace> LinuxFileSystem::Seen(const SeenObject& seen) {
+    const std::uint32_t location = seen.sighting.location;
+    SeenPlace found;
+    TX_TRY_ASSIGN(found.place, location == kAnyRoad ? resolver_.Existing(seen.path)
+                                                    : resolver_.Below(seen.path, location));
+    TX_TRY_ASSIGN(found.facts, FactsOf(found.place, seen.path));
+    TX_TRY(CheckSame(seen, found.facts));
+    const bool mustBeEmpty = seen.same == Same::kContent && seen.sighting.wasEmpty;
+    if (mustBeEmpty && S_ISDIR(found.place.st->stx_mode)) {
+        TX_TRY_ASSIGN(const Location at, Named(LocationOf(found.place, store_), seen.path));
+        TX_TRY(CheckEmpty(at, seen.path));
+    }
+    return found;
+}
+
+Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
+    TX_TRY_ASSIGN(SeenPlace found, Seen(seen));
+    return Look{std::string(seen.path), found.facts, Keep(std::move(found.place)),
+                seen.sighting.location};
+}
+
+// ---- what a look stands for ----
+
+Result<std::shared_ptr<const Resolved>> LinuxFileSystem::ObjectOf(const Look& look) {
+    if (auto believed = Believed(look.known)) return believed;
+    if (look.location != kAnyRoad) {
+        TX_TRY_ASSIGN(SeenPlace seen, Seen(SeenAs(look)));
+        return std::make_shared<const Resolved>(std::move(seen.place));
+    }
+    TX_TRY_ASSIGN(Resolved found, resolver_.Existing(look.path));
+    return std::make_shared<const Resolved>(std::move(found));
+}
+
+Result<std::shared_ptr<const Resolved>> LinuxFileSystem::SourceOf(const Look& look) {
+    TX_TRY_ASSIGN(auto object, ObjectOf(look));
+    if (S_ISDIR(object->st->stx_mode)) return FailureBy(kFileNotFound, look.path);
+    return object;
+}
+
+Result<std::shared_ptr<const Resolved>> LinuxFileSystem::FolderOf(const Look& look) {
+    auto object = ObjectOf(look);
+    const bool isMissing = !object && object.error().number == kFileNotFound;
+    if (isMissing || (object && !LeadsToFolder(**object))) {
+        return FailureBy(kPathNotFound, look.path);
+    }
+    return object;
+}
+
+// ---- after a move ----
+
+// A rename goes by name, so that another object may have come to it since it was looked at.
+Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved& target,
+                                         std::string_view from, std::string_view to) {
+    if (!source.around || !source.drives->KeepsNumbersAt(DeviceOf(*source.st))) return {};
+    const std::string wanted = target.WantedPath();
+    TX_TRY_ASSIGN(const Location there, Named(NewLocation(source, target, wanted), to));
+    const auto st = StatOf(At(there));
+    if (!st || IsSameObject(*st, *source.st)) return {};
+    TX_TRY_ASSIGN(const Location here, Named(LocationOf(source, store_), from));
+    const auto back = RenameWithoutReplacing(there, here, S_ISDIR(st->stx_mode), roads_);
+    NoteChanged();
+    store_.Forget(source.Folder());
+    store_.Forget(target.Folder());
+    if (back) return FailureBy(kChangedSinceSearch, from);
+    return Failure(kChangedSinceSearch,
+                   fmt::format("{} was exchanged for another object while it was being moved. That "
+                               "one is at {}.",
+                               ForDisplay(from), ForDisplay(to)));
+}
+
+// Beside the source it is the folder of the source, whatever its path leads to by then.
+Sys<Location> LinuxFileSystem::NewLocation(const Resolved& source, const Resolved& target,
+                                           const std::string& native) {
+    if (!source.around || source.Folder() != target.Folder()) return store_.Locate(native);
+    return Location{source.around, native.c_str() + native.rfind('/') + 1};
+}
+
+} // namespace tarvix::platform

@@ -38,6 +38,7 @@ void UnlockAfterSearch(Session& session) {
     auto& form = session.frmSearch;
     session.forms.frmProgress.Hide();
     SetCriteriaEnabled(form, true);
+    form.chkIncludeSubFolders.Enabled = session.state.options.blnAllowUserSelectSubfolders;
     form.mnuTools_DeleteFolderContentsOnly.Enabled =
         form.chkIncludeSubFolders.Value == 0 || IsFolderKind(form);
 }

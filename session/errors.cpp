@@ -1,6 +1,7 @@
 #include "session/errors.h"
 
 #include "platform/file_system.h"
+#include "platform/names.h"
 #include "session/action_log.h"
 #include "session/error_rules.h"
 #include "session/prompt_id.h"
@@ -141,7 +142,8 @@ void ReportError(Session& session, const platform::PlatformError& error,
     record += fmt::format(" Path = {}\r\n Routine : {}\r\n Module {}\r\n Recovery : {}\r\n"
                           " Message : {}\r\n\r\n",
                           context.path, context.routine, context.moduleName, recovery, message);
-    session.errorLog.WriteRaw(record);
+    const auto written = session.errorLog.WriteRaw(platform::ForDisplay(record));
+    if (!written) session.NoteLogTrouble(written.error());
 }
 
 void HandleError(Session& session, const ErrorContext& context) {

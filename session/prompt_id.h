@@ -27,6 +27,7 @@ enum class PromptId : std::uint8_t {
     kOutsideError,
     kEndMarkMissing,
     kErrorLogNotKept,
+    kLogUnwritable,
 
     // Logs and lists.
     kPickLog,

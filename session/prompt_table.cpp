@@ -58,6 +58,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kOutsideError),
     Notice(Id::kEndMarkMissing),
     Notice(Id::kErrorLogNotKept),
+    Notice(Id::kLogUnwritable, kExclamation),
 
     FilePicker(Id::kPickLog, "Select Action Log file."),
     Notice(Id::kListUnreadable, kExclamation),

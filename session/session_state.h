@@ -6,6 +6,7 @@
 #include "text/dates.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,10 @@ struct SessionState {
     std::vector<text::DateTime> datFolderHistory;
     std::vector<text::DateTime> datSearchHistory;
     std::vector<text::DateTime> datDestHistory;
+    bool blnDataUnwritable = false;       // told at the start; nothing is logged or saved
+    std::set<std::string> filesLeftAlone; // data files that were not read whole, so not saved
+    bool blnLogFailed = false;            // a write to a log; `strLogTrouble` until it is told
+    std::string strLogTrouble;
     bool blnStarted = false;
     bool blnEnded = false;
 

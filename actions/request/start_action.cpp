@@ -171,6 +171,11 @@ void AddActionEvents(session::EventTable& events) {
         RecycleOne(session, session.state.strActionLogFile);
     });
     events.On(std::string(lifecycle::kOpenDialog), ShowDialog);
+    events.On(std::string(session::kRecycleFile),
+              [](Session& session, const session::EventArgs& args) {
+                  const std::string path(args.path);
+                  RecycleObjects(session, {{path, path}}, false);
+              });
     events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
     events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
     events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "actions/place/action_request.h"
+#include "actions/place/left_parts.h"
 #include "platform/file_system.h"
 
 #include <cstdint>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace tarvix::session {
@@ -55,6 +57,9 @@ struct ActionRun {
     OutcomeSink* sink; // may be null
     std::uint8_t bytAskAnswer;
     std::uint8_t bytOverrideAnswer;
+    LeftParts leftParts;
+    // The places, in upper case, that this run filled and that a later object could overwrite.
+    std::unordered_set<std::string> placed;
     RuleTally rule;
     std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
     platform::CopyObserver observer;      // of each copy; yields

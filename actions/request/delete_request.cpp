@@ -85,6 +85,7 @@ class StopButton {
 void QueueOne(Session& session, ActionRun& run, std::size_t index,
               std::vector<RecycleEntry>& queue) {
     const Object object = ObjectAt(*session.selection, index);
+    run.leftParts.RemoveAround(session, object.actual);
     auto& skipped = session.state.lastAction.skipped;
     if (CheckSystemHidden(session, run, object, false)) {
         session::LogTimed(session,
@@ -111,6 +112,7 @@ bool WasCancelled(const Session& session, const ActionRun& run) {
 bool BuildQueue(Session& session, ActionRun& run, std::vector<RecycleEntry>& queue) {
     const auto count = static_cast<std::size_t>(session.selection->lngSelTop + 1);
     queue.reserve(count);
+    session.state.lastAction.wanted = session.selection->lngSelTop + 1;
     for (std::size_t index = 0; index < count; ++index) {
         session.Yield();
         if (!session.state.blnStopAction) QueueOne(session, run, index, queue);

@@ -13,6 +13,7 @@
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/session.h"
+#include "text/case.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -50,6 +51,7 @@ Outcome Overwrite(Session& session, ActionRun& run, const Clash& clash) {
                                                session.Shown(clash.destination)));
         return SkippedDuplicate();
     }
+    if (auto apart = KeepApart(session, run, clash)) return std::move(*apart);
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
         return std::move(*refused);
     }
@@ -100,6 +102,7 @@ class Loop {
     void Run() {
         session_.state.blnStopAction = false;
         session_.state.lastAction = {};
+        session_.state.lastAction.wanted = (tables_.lngSelTop + 1) * places_;
         // A cancel that stands was meant for an earlier action.
         if (run_.bytOverrideAnswer == kOverrideCancel) run_.bytOverrideAnswer = kOverrideNo;
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
@@ -117,6 +120,7 @@ class Loop {
     // Each gives false to end the loop.
     bool PlaceEverywhere(const Object& object);
     bool GoesOn();
+    void NotePlaced();
 
     Outcome PlaceOne(const Object& object, int place);
     Outcome PlaceAt(const Object& object, int place, const std::string& computed);
@@ -156,11 +160,20 @@ bool Loop::PlaceEverywhere(const Object& object) {
         session_.state.blnPathLimitHit = false;
         last_ = PlaceOne(object, place);
         last_.index = object.index;
+        NotePlaced();
         FoldOutcome(session_.state, run_, last_);
         progress_.Step();
         if (last_.endsRun) return false;
     }
     return true;
+}
+
+// Only these choices ever overwrite.
+void Loop::NotePlaced() {
+    const DuplicateChoice choice = run_.request.duplicates;
+    const bool mayOverwrite =
+        choice == DuplicateChoice::kOverwrite || choice == DuplicateChoice::kAsk;
+    if (mayOverwrite && last_.isPlaced) run_.placed.insert(text::Upper(last_.strDestination));
 }
 
 bool Loop::GoesOn() {
@@ -201,6 +214,7 @@ Outcome Loop::PlaceOne(const Object& object, int place) {
 Outcome Loop::PlaceAt(const Object& object, int place, const std::string& computed) {
     // What stands where the object will really go is the duplicate.
     std::string destination = CleanedDestination(computed);
+    run_.leftParts.RemoveAround(session_, destination);
     Outcome outcome;
     // What came there between the duplicate test and the act is a duplicate as any other.
     do {

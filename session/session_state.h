@@ -41,6 +41,10 @@ struct ActionTotals {
     std::int64_t skipped = 0;
     std::int64_t duplicates = 0; // of the skipped
     std::int64_t failed = 0;
+    std::int64_t wanted = 0;     // objects, at all of their places
+    std::int64_t copiedOnly = 0; // of the done, those that were to be moved but still stand
+    std::int64_t keptApart = 0;  // of the done, those that got a new name beside one of this run
+    std::int64_t leftParts = 0;  // of copies of ended runs, that were taken away
     std::vector<std::string> errors; // one sentence for each failed object
 };
 

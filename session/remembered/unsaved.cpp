@@ -43,7 +43,7 @@ void TellDataUnwritable(Session& session, const platform::PlatformError& error,
     const std::string told =
         fmt::format("{}The data folder can't be written: {}\r\n\r\n{}\r\n\r\nThe options and "
                     "histories of this run are not saved. The files there stay as they were.",
-                    first, state.strDataFolder, error.description);
+                    first, session.Shown(state.strDataFolder), session.Shown(error));
     TellUnlessAuto(session, PromptId::kDataFolderUnwritable, told);
     Record(session, error, "SaveOptionFile", state.strDataFolder, told);
 }

@@ -238,6 +238,12 @@ void AddPlaylist(CLI::App& app, Command& chosen) {
         {addForm("--full", kFullPaths, "Entries are full paths (unless told otherwise)"),
          addForm("--local", kLocalNames, "Entries are names: the playlist lies beside its files"),
          addForm("--relative", kRelativePaths, "Entries begin at the playlist's own folder")});
+    auto* similar = options.Text("--similar FOLDER", playlist.similarFolder,
+                                 "Notes files in there that are named alike as comments");
+    options
+        .Value("--deviation BYTES", playlist.deviation, ReadSize,
+               "How much their sizes may differ; 400000 unless given")
+        ->needs(similar);
     options.Value("--sort KEY[:desc]", playlist.sort, ReadSort, kSortHelp);
     options.Flag("--comments", playlist.addsComments, "Tells missing ranks as comments");
     options.Flag("-y,--yes", playlist.confirmed, "Replaces a file that stands already");

@@ -112,7 +112,8 @@ inline constexpr CommandHelp kPlaylist{
     "  tarvix-cli playlist 1987 --in ~/Music/Years --comments --to ~/Music/1987.m3u --yes\n"
     "\n"
     "--comments takes a search for one year, such as 1987, whose files are named YYYY-RRR (year\n"
-    "and rank): the ranks that are missing stand as comments where they belong.\n"};
+    "and rank): the ranks that are missing stand as comments where they belong. --similar looks for\n"
+    "the same songs under other names; the playlist mode of the window works with what it found.\n"};
 
 inline constexpr CommandHelp kNumbers{
     "numbers", "Writes a list of numbered lines",

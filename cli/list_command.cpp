@@ -93,8 +93,18 @@ int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& re
         form.chkAddEOF.Value = 0;
         form.chkComments.Value = request.addsComments ? 1 : 0;
         form.chkRelative.Value = request.form == kRelativePaths ? 1 : 0;
-        form.chkFindSimilar.Value = 0;
+        form.chkFindSimilar.Value = request.similarFolder.empty() ? 0 : 1;
+        form.txtDeviation.Text = std::to_string(request.deviation);
     });
+    if (!request.similarFolder.empty()) {
+        const std::string folder = finding.Paths().ToDrive(request.similarFolder);
+        if (!finding.Paths().IsFolder(folder)) {
+            Complain(host, "There is no folder \"" + request.similarFolder +
+                               "\" to look through: give --similar a folder that exists.");
+            return kBadRequest;
+        }
+        finding.Prompts().AnswerPick(session::PromptId::kPickDuplicateFolder, folder);
+    }
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const int code = finding.Search(program, request.criteria, request.answers);

@@ -136,6 +136,8 @@ struct PlaylistRequest {
     int form = kFullPaths;
     std::string file; // as typed
     bool addsComments = false;
+    std::string similarFolder; // as typed; empty for no search for duplicates
+    std::int64_t deviation = 400'000;
     bool confirmed = false;
     std::vector<std::string> answers;
 };

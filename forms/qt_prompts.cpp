@@ -68,7 +68,9 @@ std::string QtPrompts::Picked(const QString& path) {
 
 std::string QtPrompts::PickFolder(const session::Prompt& prompt) {
     const EventGate::Modal level(gate_);
-    return Picked(QFileDialog::getExistingDirectory(Front(), Shown(prompt.title), lastFolder_));
+    const QString start =
+        prompt.folder.empty() ? lastFolder_ : ToQt(machine_.paths.ToNative(prompt.folder));
+    return Picked(QFileDialog::getExistingDirectory(Front(), Shown(prompt.title), start));
 }
 
 std::string QtPrompts::PickFile(const session::Prompt& prompt, std::string_view filters) {

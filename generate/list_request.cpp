@@ -5,6 +5,7 @@
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/numbers.h"
 #include "text/paths.h"
 
 #include <algorithm>
@@ -104,6 +105,16 @@ ListRequest ReadListRequest(const Session& session) {
     request.locations = state.strSearchFolder;
     ReadPlaylist(session, isAutomated, request);
     return request;
+}
+
+std::string CutDeviation(std::string_view typed) {
+    constexpr std::int64_t kMost = 2'147'483'648;
+    constexpr std::size_t kTen = 10;
+    const std::size_t length = text::Length(typed);
+    const bool isTooBig =
+        text::IsAllDigits(typed) && (length > kTen || ReadDigits(typed).value_or(0) > kMost);
+    if (!isTooBig) return std::string(typed);
+    return std::string(text::Left(typed, length > kTen ? kTen : kTen - 1));
 }
 
 bool EndsInMark(const ListRequest& request) {

@@ -54,11 +54,16 @@ struct ListRequest {
     bool findsSimilar = false;
     std::string strSearchFor;
     std::int64_t deviation = 0; // bytes
+    std::string similarFolder;  // looked through for similar names; empty for none
 };
 
 // The request that stands in the action window for the action in force. Its file is the one that
 // will be written.
 ListRequest ReadListRequest(const session::Session& session);
+
+// The size window as it may be typed: a value above 2147483648 is cut to ten digits, or to nine if
+// it has ten.
+std::string CutDeviation(std::string_view typed);
 
 // Whether the file ends in "*EOF".
 bool EndsInMark(const ListRequest& request);

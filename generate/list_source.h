@@ -29,6 +29,8 @@ class ListSource {
     // What follows the last entry, and what follows the mark of the end.
     virtual void AppendEnd(std::string&) {}
     virtual void AppendFooter(std::string&) {}
+    // How many possible duplicates were noted so far.
+    virtual std::int64_t Duplicates() const { return 0; }
 };
 
 // The session must outlive it. Entries are those of the selection, except for locations and

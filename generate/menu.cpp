@@ -143,6 +143,14 @@ void AddGenerateEvents(session::EventTable& events) {
     }
     events.On("frmDialog.CopyToTextFile", CopyToTextFile);
     events.On("frmDialog.PickNewFile", PickNewFile);
+    events.On("frmDialog.chkFindSimilar_Click", [](Session& session, const session::EventArgs&) {
+        auto& form = session.frmDialog;
+        form.txtDeviation.Visible = form.chkFindSimilar.Value == 1;
+    });
+    events.On("frmDialog.txtDeviation_Change", [](Session& session, const session::EventArgs&) {
+        auto& box = session.frmDialog.txtDeviation.Text;
+        box = CutDeviation(box.Get());
+    });
     events.On("frmSearch.mnuTools_BypassMPL_Click", mnuTools_BypassMPL_Click);
     events.On("frmSearch.mnuTools_NewSearchFor_Click", mnuTools_NewSearchFor_Click);
 }

@@ -3,6 +3,8 @@
 #include "generate/file_names.h"
 #include "generate/list_request.h"
 #include "generate/number_lines.h"
+#include "generate/short_path_refusal.h"
+#include "generate/similar_comments.h"
 #include "generate/write_list.h"
 #include "platform/dir.h"
 #include "platform/file_system.h"
@@ -27,18 +29,6 @@ using session::Session;
 
 constexpr std::string_view kRoutine = "CopyToTextFile";
 constexpr std::string_view kModule = "frmDialog";
-
-void RefuseUnshortened(Session& session, const std::string& file) {
-    const std::string told =
-        fmt::format("{}'s path exceeds 259 characters in length AND the folder portion does not "
-                    "exist. \r\n\r\nIt's actual length is : {} characters.\r\n\r\nWas unable to "
-                    "calculate a short path to substitute. ",
-                    file, text::Length(file));
-    const bool isAutomatic = session.state.options.blnAutoMode;
-    session::TellOrLog(
-        session, PromptId::kListUnshortened,
-        told + (isAutomatic ? "Canceling the entire operation." : "Skipping this object."));
-}
 
 // A path that is too long is put in its short form, if the user wants that; false to give up.
 bool ShortenSecond(Session& session, const ListRequest& request, std::string& second) {
@@ -74,6 +64,12 @@ void TellLeftOut(Session& session, const ListOutcome& outcome) {
     if (!told.empty()) session::TellAndLog(session, PromptId::kListLeftOut, told);
 }
 
+std::string Duplicates(const ListRequest& request, const ListOutcome& outcome) {
+    if (!request.findsSimilar) return {};
+    return fmt::format(" and {} possible {}", text::Format(outcome.duplicates, "#,##0"),
+                       outcome.duplicates == 1 ? "duplicate" : "duplicates");
+}
+
 void TellOutcome(Session& session, const ListRequest& request, const ListOutcome& outcome) {
     auto& state = session.state;
     if (outcome.error) {
@@ -97,9 +93,9 @@ void TellOutcome(Session& session, const ListRequest& request, const ListOutcome
     state.lastAction.done = outcome.written;
     state.lastAction.skipped = outcome.leftOut;
     session::LogTimed(session, fmt::format(" Wrote {} to {}", outcome.written, request.file));
-    session.frmSearch.lblStatus.Caption =
-        fmt::format("Wrote {} {} to {}", text::Format(outcome.written, "#,##0"),
-                    outcome.written == 1 ? "entry" : "entries", request.file);
+    session.frmSearch.lblStatus.Caption = fmt::format(
+        "Wrote {} {}{} to {}", text::Format(outcome.written, "#,##0"),
+        outcome.written == 1 ? "entry" : "entries", Duplicates(request, outcome), request.file);
     TellLeftOut(session, outcome);
 }
 
@@ -118,6 +114,10 @@ void CopyToTextFile(Session& session) {
         }
     }
     if (request.kind == ListKind::kNumbers && !AskForNumbers(session, request)) return;
+    if (request.findsSimilar) {
+        request.similarFolder = AskSimilarFolder(session);
+        if (request.similarFolder.empty()) return;
+    }
     TellOutcome(session, request, WriteList(session, request, second));
 }
 

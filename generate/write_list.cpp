@@ -1,6 +1,7 @@
 #include "generate/write_list.h"
 
 #include "generate/list_source.h"
+#include "generate/similar_comments.h"
 #include "platform/clock.h"
 #include "platform/names.h"
 #include "results/selection.h"
@@ -19,26 +20,54 @@ namespace {
 
 using session::Session;
 
-constexpr std::size_t kPiece = 1 << 16;         // bytes
-constexpr std::size_t kToldPaths = 10;          // of those that were left out
-constexpr std::int64_t kShowEvery = 15'000'000; // nanoseconds
+constexpr std::size_t kPiece = 1 << 16; // bytes
+constexpr std::size_t kToldPaths = 10;  // of those that were left out
+constexpr double kSecond = 1e9;         // nanoseconds
+constexpr std::int64_t kShowEvery = 15'000'000;
+constexpr std::int64_t kShowProgressAfter = 500'000'000;
 
-// The line that is being written, shown as often as anybody could read it.
+// How far the writing is, shown as often as anybody could read it: the line in hand, and once it
+// takes some time how many entries are done and how long the others will take.
 class Status {
   public:
-    explicit Status(Session& session) : session_(session) {}
-    void Show(std::string_view line) {
+    Status(Session& session, std::size_t count)
+        : session_(session), count_(count), started_(session.platform.clock.Steady()) {
+        session_.frmDialog.prgBytes.Max = static_cast<long long>(count);
+        session_.frmDialog.prgBytes.Value = 0;
+    }
+    ~Status() {
+        session_.frmDialog.lblProgress.Visible = session_.frmDialog.prgBytes.Visible = false;
+    }
+    Status(const Status&) = delete;
+    Status& operator=(const Status&) = delete;
+
+    void Show(std::size_t done, std::string_view line) {
         const std::int64_t now = session_.platform.clock.Steady();
         if (now >= due_) {
             due_ = now + kShowEvery;
             line = line.substr(0, line.find('\r'));
             session_.frmDialog.lblStatus.Caption = fmt::format("Writing {}", line);
+            if (now - started_ > kShowProgressAfter) ShowProgress(done, now);
         }
         session_.Yield();
     }
 
   private:
+    void ShowProgress(std::size_t done, std::int64_t now) {
+        auto& form = session_.frmDialog;
+        form.lblProgress.Visible = form.prgBytes.Visible = true;
+        form.prgBytes.Value = static_cast<long long>(done);
+        const double each = static_cast<double>(now - started_) / static_cast<double>(done);
+        const auto left =
+            static_cast<std::int64_t>(each * static_cast<double>(count_ - done) / kSecond);
+        form.lblProgress.Caption =
+            fmt::format("{} of {} entries - {}:{:02} left", text::Format(done, "#,##0"),
+                        text::Format(count_, "#,##0"), left / 60, left % 60);
+    }
+
     Session& session_;
+    std::size_t count_;
+    std::int64_t started_;
     std::int64_t due_ = INT64_MIN;
 };
 
@@ -109,14 +138,14 @@ std::string LeftOutText(const ListOutcome& outcome) {
 ListOutcome MakeListText(Session& session, const ListRequest& request, ListSource& source,
                          const std::function<bool(std::string_view)>& take) {
     ListOutcome outcome;
-    Status status(session);
     std::string text;
     source.AppendHead(text);
     const std::size_t count = source.Count();
+    Status status(session, count);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t start = text.size();
         const Appended appended = source.Append(i, text);
-        status.Show(std::string_view(text).substr(start));
+        status.Show(i + 1, std::string_view(text).substr(start));
         outcome.isStopped = session.state.blnStopAction || appended == Appended::kEndsRun;
         if (outcome.isStopped) return outcome;
         if (appended == Appended::kLeftOut) {
@@ -132,6 +161,7 @@ ListOutcome MakeListText(Session& session, const ListRequest& request, ListSourc
     if (EndsInMark(request)) text += kEndMark;
     source.AppendFooter(text);
     (void)take(text);
+    outcome.duplicates = source.Duplicates();
     return outcome;
 }
 
@@ -157,7 +187,12 @@ ListOutcome WriteList(Session& session, const ListRequest& request, const std::s
         if (!succeeds(second->Begin(session.files(), secondFile), secondFile)) return outcome;
     }
     platform::Result<void> written;
-    const auto source = MakeListSource(session, request);
+    auto source = MakeListSource(session, request);
+    if (!request.similarFolder.empty()) {
+        source = WithSimilar(session, request, std::move(source), request.similarFolder);
+        outcome.isStopped = source == nullptr;
+        if (outcome.isStopped) return outcome;
+    }
     outcome = MakeListText(session, request, *source, [&](std::string_view piece) {
         written = file->Write(piece);
         return written.has_value();

@@ -21,6 +21,7 @@ class ListSource;
 // What became of one list.
 struct ListOutcome {
     std::int64_t written = 0;              // entries
+    std::int64_t duplicates = 0;           // possible ones that were noted
     std::int64_t leftOut = 0;              // entries that can't stand in a list
     std::vector<std::string> leftOutPaths; // the first few of them, drive paths
     bool isStopped = false;                // by the user; nothing was changed

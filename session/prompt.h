@@ -13,7 +13,8 @@ struct Prompt {
     PromptId id{};
     int style = 0; // of a message
     std::string title;
-    std::string text; // of a modal form: what its lblMain reads
+    std::string text;   // of a modal form: what its lblMain reads
+    std::string folder; // where a picker begins, in drive form; empty for where the last one ended
 };
 
 } // namespace tarvix::session

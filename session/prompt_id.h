@@ -124,6 +124,8 @@ enum class PromptId : std::uint8_t {
     kPageFolderMissing,
     kListUnshortened,
     kListLeftOut,
+    kPickDuplicateFolder,
+    kSimilarUnreadable,
     kNumberStart,
     kNumberEnd,
     kNumberSameLength,

@@ -151,6 +151,8 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kPageFolderMissing),
     Notice(Id::kListUnshortened, kCritical),
     Notice(Id::kListLeftOut, kInformation),
+    FolderPicker(Id::kPickDuplicateFolder, "Select folder for duplicate search."),
+    Notice(Id::kSimilarUnreadable, kExclamation),
     Input(Id::kNumberStart),
     Input(Id::kNumberEnd),
     Input(Id::kNumberSameLength),

@@ -68,8 +68,10 @@ void Session::ShowModal(PromptId id) {
     state.strLastForm = form.Name();
 }
 
-std::string Session::PickFolder(PromptId id) {
-    return prompts.PickFolder(PromptOf(id));
+std::string Session::PickFolder(PromptId id, std::string_view start) {
+    Prompt prompt = PromptOf(id);
+    prompt.folder = start;
+    return prompts.PickFolder(prompt);
 }
 
 std::string Session::PickFile(PromptId id, std::string_view filters) {

@@ -67,7 +67,8 @@ struct Session {
     int MsgBox(PromptId id, std::string_view text);
     // Shows the form of that prompt, and returns when it hides.
     void ShowModal(PromptId id);
-    std::string PickFolder(PromptId id);
+    // `start` is where the picker begins, in drive form; empty for where the last one ended.
+    std::string PickFolder(PromptId id, std::string_view start = {});
     std::string PickFile(PromptId id, std::string_view filters);
     std::string PickNewFile(PromptId id, const NewFilePick& pick);
     // What was typed; empty when the user cancelled.

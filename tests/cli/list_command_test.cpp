@@ -112,6 +112,19 @@ TEST_F(ListCommandTest, APlaylistTellsMissingRanks) {
                 HasSubstr("\r\n#001\r\n1987-002 B.mp3\r\n#003\r\n"));
 }
 
+TEST_F(ListCommandTest, APlaylistNotesFilesOfSimilarNames) {
+    Disk().AddFile("C:\\home\\ann\\Music\\Beat It Now.mp3", "xyz");
+    Disk().AddFile("C:\\tmp\\m\\beat it (now).mp3", "xyz12");
+    Disk().AddFile("C:\\tmp\\m\\Beat it now and then.mp3", "xyz123");
+    EXPECT_EQ(Playlist({"--similar", "/tmp/m", "--deviation", "2", "--to", "/tmp/y.m3u"}, "Beat"),
+              kDone);
+    EXPECT_THAT(Disk().Content("C:\\tmp\\y.m3u").value_or(""),
+                EndsWith("/home/ann/Music/Beat It Now.mp3\r\n# Possible Duplicate - /tmp/m/beat it "
+                         "(now).mp3 - 0,000,000,005 ~ 0,000,000,003\r\n"));
+    EXPECT_EQ(Playlist({"--similar", "/none", "--to", "/tmp/z.m3u"}, "Beat"), kBadRequest);
+    EXPECT_THAT(Err(), HasSubstr("There is no folder \"/none\" to look through"));
+}
+
 TEST_F(ListCommandTest, APlaylistNeedsAPlace) {
     EXPECT_EQ(Playlist({}), kBadRequest);
     EXPECT_THAT(Err(), HasSubstr("with --to"));

@@ -12,6 +12,7 @@ int Run(Host& host, const platform::Platform& machine, const DeleteRequest& requ
 int Run(Host& host, const platform::Platform& machine, const ListRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& request);
 int Run(Host& host, const platform::Platform& machine, const NumbersRequest& request);
+int Run(Host& host, const platform::Platform& machine, const FoldersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PathsRequest& request);

@@ -112,8 +112,10 @@ inline constexpr CommandHelp kPlaylist{
     "  tarvix-cli playlist 1987 --in ~/Music/Years --comments --to ~/Music/1987.m3u --yes\n"
     "\n"
     "--comments takes a search for one year, such as 1987, whose files are named YYYY-RRR (year\n"
-    "and rank): the ranks that are missing stand as comments where they belong. --similar looks for\n"
-    "the same songs under other names; the playlist mode of the window works with what it found.\n"};
+    "and rank): the ranks that are missing stand as comments where they belong. --similar looks "
+    "for\n"
+    "the same songs under other names; the playlist mode of the window works with what it "
+    "found.\n"};
 
 inline constexpr CommandHelp kNumbers{
     "numbers", "Writes a list of numbered lines",
@@ -124,6 +126,20 @@ inline constexpr CommandHelp kNumbers{
     "\n"
     "The first * of the line is the number's place. In the format 0 is a digit that is always\n"
     "there and # one that may be: 00# gives 007.\n"};
+
+inline constexpr CommandHelp kMakeFolders{
+    "make-folders", "Makes folders by numbers or by a list",
+    "Makes many folders in one: numbered, counted by digits and letters, or named by a list.\n",
+    "\nExamples:\n"
+    "  tarvix-cli make-folders --in ~/Scans --from 1 --count 12\n"
+    "  tarvix-cli make-folders --in /srv/shelf --from A --to ZZ\n"
+    "  tarvix-cli make-folders --in ~/Music --list artists.txt\n"
+    "\n"
+    "Numbers are all as long as the last one. Counted names go from 0 to ZZZ, by the digits 0 to "
+    "9\n"
+    "and A to Z. A list has one name a line and ends in the line *EOF. Nothing that stands "
+    "already\n"
+    "is touched; names that are taken or refused are told, and the command ends with 1.\n"};
 
 inline constexpr CommandHelp kRun{
     "run", "Runs a script that drives the whole program",

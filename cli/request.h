@@ -152,6 +152,14 @@ struct NumbersRequest {
     bool confirmed = false;
 };
 
+struct FoldersRequest {
+    std::string place; // as typed
+    std::string from;
+    std::string count; // of numbers; empty for names counted to `until`
+    std::string until;
+    std::string list; // as typed; a file of names
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -173,9 +181,9 @@ struct OptionsRequest {
     bool json = false;
 };
 
-using Command =
-    std::variant<SearchRequest, ActionRequest, DeleteRequest, ListRequest, PlaylistRequest,
-                 NumbersRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, ListRequest,
+                             PlaylistRequest, NumbersRequest, FoldersRequest, RunRequest,
+                             SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

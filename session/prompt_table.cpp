@@ -160,6 +160,18 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Input(Id::kNumberLine),
     Notice(Id::kNumberInvalid),
     Notice(Id::kNumbersCanceled),
+
+    Notice(Id::kFoldersPlaceMissing),
+    FilePicker(Id::kPickFolderNames, "Browse for text file listing New Folder names."),
+    Notice(Id::kFolderNamesUnusable),
+    Input(Id::kFoldersKind),
+    Input(Id::kFoldersStart),
+    Input(Id::kFoldersCount),
+    Input(Id::kFoldersFirst),
+    Input(Id::kFoldersLast),
+    Notice(Id::kFoldersAnswerInvalid),
+    Notice(Id::kFoldersCanceled),
+    Notice(Id::kFoldersNotMade, kExclamation),
 });
 
 constexpr bool IsInOrder() {

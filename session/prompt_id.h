@@ -141,6 +141,19 @@ enum class PromptId : std::uint8_t {
     kNumberInvalid,
     kNumbersCanceled,
 
+    // Made folders.
+    kFoldersPlaceMissing,
+    kPickFolderNames,
+    kFolderNamesUnusable,
+    kFoldersKind,
+    kFoldersStart,
+    kFoldersCount,
+    kFoldersFirst,
+    kFoldersLast,
+    kFoldersAnswerInvalid,
+    kFoldersCanceled,
+    kFoldersNotMade,
+
     // Batches.
     kBatchMoveNotice,
     kPickSearchList,

@@ -70,6 +70,10 @@ platform::Result<ResolvedObject> Resolve(session::Session& session, std::string_
 session::Attempted<ResolvedObject> LookFor(session::Session& session, std::string_view typed,
                                            std::string_view path) {
     path = text::StripTrailingSlash(path);
+    // A variable that is none was never a place.
+    if (path.find('%') != path.npos) {
+        return {Resolve(session, path).value_or(ResolvedObject{})};
+    }
     return ReadOrNote(session, {.path = std::string(path), .isFolder = true, .mustExist = true},
                       {.routine = "ParseSearchFolder",
                        .moduleName = "frmSearch",

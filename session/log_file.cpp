@@ -16,6 +16,7 @@ LogFile& LogFile::operator=(LogFile&&) noexcept = default;
 
 platform::Result<void> LogFile::Open(platform::FileSystem& files, const std::string& path,
                                      std::string_view head) {
+    stream_ = nullptr;
     const bool exists = !platform::DirName(files, path, platform::kDirFiles).empty();
     TX_TRY_ASSIGN(stream_, exists ? files.OpenAsTextStream(path, platform::OpenMode::kWrite)
                                   : files.CreateTextFile(path, true));
@@ -24,6 +25,7 @@ platform::Result<void> LogFile::Open(platform::FileSystem& files, const std::str
 
 platform::Result<void> LogFile::Create(platform::FileSystem& files, const std::string& path,
                                        std::string_view head) {
+    stream_ = nullptr;
     TX_TRY_ASSIGN(stream_, files.CreateTextFile(path, false));
     return Write(head);
 }

@@ -198,8 +198,8 @@ struct OptionsRequest {
 };
 
 using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest,
-                             ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest, RunRequest,
-                             SampleRequest, PathsRequest, OptionsRequest>;
+                             ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
+                             RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

@@ -285,6 +285,24 @@ void AddNumbers(CLI::App& app, Command& chosen) {
     AddFile(options, numbers.file, numbers.addsEof, numbers.confirmed);
 }
 
+void CheckFolders(FoldersRequest& request) {
+    if (!request.list.empty()) return;
+    if (!request.from.empty() && !(request.count.empty() && request.until.empty())) return;
+    Refuse("Say which folders: --from N --count N, --from A --to ZZZ, or --list FILE.");
+}
+
+void AddMakeFolders(CLI::App& app, Command& chosen) {
+    const auto [command, folders] = Add<FoldersRequest>(app, kMakeFolders, chosen, CheckFolders);
+    Options options(command, kActionGroup);
+    options.Text("--in FOLDER", folders.place, "The folder that they are made in")->required();
+    auto* from = options.Text("--from START", folders.from, "The first number or name");
+    auto* count = options.Text("--count N", folders.count, "How many numbers");
+    auto* until = options.Text("--to END", folders.until, "The last counted name");
+    auto* list = options.Text("--list FILE", folders.list, "A file of names, ended by *EOF");
+    ExcludeEachOther({count, until, list});
+    list->excludes(from);
+}
+
 void AddOthers(CLI::App& app, Command& chosen) {
     const auto [runCommand, run] = Add<RunRequest>(app, kRun, chosen);
     Options(runCommand, "Arguments")
@@ -323,7 +341,7 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     app.footer(kAboutFooter);
     AddMachine(app, request.machine);
     for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove, AddList,
-                           AddPlaylist, AddNumbers, AddOthers, AddOptions})
+                           AddPlaylist, AddNumbers, AddMakeFolders, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

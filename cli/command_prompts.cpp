@@ -14,13 +14,15 @@ using session::PromptId;
 using session::PromptRole;
 
 int CommandPrompts::MsgBox(const session::Prompt& prompt) {
-    if (!begun_) return FirstRunAnswers(inner_).MsgBox(prompt);
+    const PromptRole role = session::FactsOf(prompt.id).role;
+    if (role == PromptRole::kFirstRun) return FirstRunAnswers(inner_, host_).MsgBox(prompt);
     const int safe = session::SafeAnswer(prompt.style);
-    if (session::ButtonsOf(prompt.style).size() == 1) {
+    // What a start can't read is left alone, and the request doesn't depend on it.
+    const bool isOfStart = !begun_ && role == PromptRole::kTryAgain && !inner_.HasQueued();
+    if (isOfStart || session::ButtonsOf(prompt.style).size() == 1) {
         Tell(host_, prompt.text);
         return safe;
     }
-    const PromptRole role = session::FactsOf(prompt.id).role;
     if (confirmed_ && role == PromptRole::kConfirmation) {
         return session::ButtonsOf(prompt.style).front();
     }

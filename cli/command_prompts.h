@@ -27,7 +27,7 @@ class CommandPrompts : public session::PromptService {
         AnswerMessage(session::PromptId::kChangedSinceSearch, false);
     }
 
-    // Before this no notice is told: what the start shows is not about the request.
+    // Before this no form of a notice is told, and what the start can't read is not tried again.
     void BeginRequest() { begun_ = true; }
     // Gives each confirmation, and tells of objects that failed instead of asking whether to try
     // them again.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/host.h"
 #include "session/prompt_service.h"
 #include "session/scripted_prompts.h"
 
@@ -9,10 +10,11 @@
 namespace tarvix::cli {
 
 // Passes every prompt on to scripted prompts, and answers those of the first run (OK, No, No) when
-// no answer is queued for them.
+// no answer is queued for them. That nothing can be logged or saved is told on stderr and takes no
+// answer.
 class FirstRunAnswers : public session::PromptService {
   public:
-    explicit FirstRunAnswers(session::ScriptedPrompts& inner) : inner_(inner) {}
+    FirstRunAnswers(session::ScriptedPrompts& inner, Host& host) : inner_(inner), host_(host) {}
 
     int MsgBox(const session::Prompt& prompt) override;
     std::string InputBox(const session::Prompt& prompt, std::string_view preset) override {
@@ -35,6 +37,7 @@ class FirstRunAnswers : public session::PromptService {
 
   private:
     session::ScriptedPrompts& inner_;
+    Host& host_;
 };
 
 } // namespace tarvix::cli

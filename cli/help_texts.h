@@ -152,6 +152,20 @@ inline constexpr CommandHelp kAutoMove{
     "duplicates\n"
     "skipped by rule included, and with 1 when a step was left out or an object failed.\n"};
 
+inline constexpr CommandHelp kMakeFolders{
+    "make-folders", "Makes folders by numbers or by a list",
+    "Makes many folders in one: numbered, counted by digits and letters, or named by a list.\n",
+    "\nExamples:\n"
+    "  tarvix-cli make-folders --in ~/Scans --from 1 --count 12\n"
+    "  tarvix-cli make-folders --in /srv/shelf --from A --to ZZ\n"
+    "  tarvix-cli make-folders --in ~/Music --list artists.txt\n"
+    "\n"
+    "Numbers are all as long as the last one. Counted names go from 0 to ZZZ, by the digits 0 to "
+    "9\n"
+    "and A to Z. A list has one name a line and ends in the line *EOF. Nothing that stands "
+    "already\n"
+    "is touched; names that are taken or refused are told, and the command ends with 1.\n"};
+
 inline constexpr CommandHelp kRun{
     "run", "Runs a script that drives the whole program",
     "Runs a script that drives the whole program by the names of its controls.\n",

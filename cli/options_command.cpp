@@ -161,7 +161,17 @@ class OptionsRun {
         } else {
             session::SavePlatformFile(session_);
         }
-        if (isOption && session_.state.blnOptionFileUnread) return kSomeFailed;
+        const auto& state = session_.state;
+        const std::string& file = isOption ? state.strOptionFile : state.strPlatformFile;
+        const bool isLeft =
+            isOption ? state.blnOptionFileUnread : state.filesLeftAlone.contains(file);
+        if (isLeft) {
+            TellAll();
+            Complain(host_, fmt::format("{} could not be read whole, so nothing was saved in it: "
+                                        "mend it, or remove it to begin anew.",
+                                        session_.platform.paths.ToNative(file)));
+            return kSomeFailed;
+        }
         return TellAll() ? kSomeFailed : kDone;
     }
 

@@ -168,6 +168,14 @@ struct AutoMoveRequest {
     std::vector<std::string> answers;
 };
 
+struct FoldersRequest {
+    std::string place; // as typed
+    std::string from;
+    std::string count; // of numbers; empty for names counted to `until`
+    std::string until;
+    std::string list; // as typed; a file of names
+};
+
 struct RunRequest {
     std::string script; // a file as typed, or "-"
 };
@@ -190,8 +198,8 @@ struct OptionsRequest {
 };
 
 using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest,
-                             ListRequest, PlaylistRequest, NumbersRequest, RunRequest,
-                             SampleRequest, PathsRequest, OptionsRequest>;
+                             ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
+                             RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

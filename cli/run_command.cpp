@@ -48,7 +48,7 @@ int Run(Host& host, const platform::Platform& machine, const RunRequest& request
     }
     session::ScriptedPrompts scripted;
     scripted.SetPaths(machine.paths);
-    FirstRunAnswers prompts(scripted);
+    FirstRunAnswers prompts(scripted, host);
     ScriptRunner runner(std::move(*statements), scripted, host.out);
     runner.SetInterrupted([&host] { return host.interrupted() != 0; });
     runner.QueueLeadingAnswers();

@@ -62,7 +62,11 @@ int RunProgram(Host& host, const platform::Platform& machine, session::PromptSer
         program.Stop();
         return int{kDone};
     });
-    if (code == kDone) code = leftOut ? kSomeFailed : unloaded;
+    const auto& state = program.Session().state;
+    if (state.blnLogFailed && state.options.blnAutoMode) {
+        Complain(host, "The logs of this run could not be written to their end.");
+    }
+    if (code == kDone) code = leftOut || state.blnLogFailed ? kSomeFailed : unloaded;
     const bool isDone = code == kDone || code == kSomeFailed;
     return isDone && run.afterUnload ? run.afterUnload(program, code) : code;
 }

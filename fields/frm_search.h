@@ -116,6 +116,7 @@ class FrmSearch : public Form {
     MenuEntry mnuTools_CreateMPLfromCombo{
         *this, "mnuTools_CreateMPLfromCombo",
         "Create Multiple Path List from 'Search Location(s)' Box"};
+    MenuEntry mnuTools_MakeFolders{*this, "mnuTools_MakeFolders", "Create Folders"};
     MenuEntry mnuTools_NumericIncrement{*this, "mnuTools_NumericIncrement",
                                         "Create Numeric Incremented Text File"};
     MenuEntry mnuTools_DeleteFolderContentsOnly{*this, "mnuTools_DeleteFolderContentsOnly",

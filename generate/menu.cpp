@@ -2,6 +2,7 @@
 
 #include "generate/copy_into_boxes.h"
 #include "generate/list_request.h"
+#include "generate/make_folders.h"
 #include "generate/page.h"
 #include "generate/pick_file.h"
 #include "generate/proposed_file.h"
@@ -142,6 +143,8 @@ void AddGenerateEvents(session::EventTable& events) {
             [&entry](Session& session, const session::EventArgs&) { StartList(session, entry); });
     }
     events.On("frmDialog.CopyToTextFile", CopyToTextFile);
+    events.On("frmDialog.MakeFolders", MakeFolders);
+    events.On("frmSearch.mnuTools_MakeFolders_Click", mnuTools_MakeFolders_Click);
     events.On("frmDialog.PickNewFile", PickNewFile);
     events.On("frmDialog.chkFindSimilar_Click", [](Session& session, const session::EventArgs&) {
         auto& form = session.frmDialog;

@@ -196,6 +196,10 @@ class FileSystem {
     // folder, 52 when it is a special file. The file is there, empty, from this call on.
     virtual Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
                                                                bool overwrite) = 0;
+    // Gives an existing file, or the one that a link there leads to, the content of another file:
+    // all of it or nothing. Its mode, owner and extended attributes stay, and so does the link. 53
+    // when either is missing. Read-only files are taken, too.
+    virtual Result<void> ReplaceContent(std::string_view path, std::string_view from) = 0;
     // An existing file (53) for reading, rewriting (it is emptied at once) or appending. 70 for
     // writing to a read-only one and to one that is being written through another stream, 52 for a
     // special file. A link to a file is opened through.

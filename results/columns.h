@@ -72,7 +72,7 @@ inline constexpr std::array<ColumnInfo, kColumnCount> kColumns{{
     {"FoldersInFolder", "Folders in this Folder", 120, true},
     {"PathLevels", "Path Levels", 80, true},
     {"YRYearRank", "Year-Rank or Copyright", 140, false},
-    {"SearchForEntry", "Search For Entry", 110, true},
+    {"SearchForEntry", "Search For Entry", 110, false},
     {"ShortPathSubItem", "Short Path", 300, false},
     {"SearchFolderIndexSubItem", "Search Folder Index", 120, true},
 }};

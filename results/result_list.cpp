@@ -258,6 +258,12 @@ std::string ResultList::DetailCell(std::size_t index, Column column) const {
     return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
 }
 
+std::uint64_t ResultList::VersionKey(std::size_t index) const {
+    const ResultRow& row = rows_[index];
+    if (row.IsSpacer() || row.isFolder || !details_) return 0;
+    return details_->VersionKey(row, FullPath(index));
+}
+
 std::string ResultList::CellTip(std::size_t index, Column column) const {
     if (rows_[index].IsSpacer()) return {};
     std::string path = PathCell(index);

@@ -97,6 +97,9 @@ class ResultList {
     std::string Cell(std::size_t index, Column column) const;
     // The row's tip in Expert Mode: its path when that is long, else the cell itself.
     std::string CellTip(std::size_t index, Column column) const;
+    // The version of a program as a number that orders like it, whether or not its column shows; 0
+    // for none.
+    std::uint64_t VersionKey(std::size_t index) const;
     // By the string that found the row, red for folders and for what needs care, else blue.
     fields::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.

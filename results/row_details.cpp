@@ -27,6 +27,13 @@ std::string RowDetails::Cell(const ResultRow& row, Column column, std::string_vi
                               : std::string(OsText(facts.version->os));
 }
 
+std::uint64_t RowDetails::VersionKey(const ResultRow& row, std::string_view path) {
+    constexpr int kMinorBits = 16;
+    const auto& version = FactsOf(row, path).version;
+    if (!version) return 0;
+    return ((std::uint64_t{version->major} << kMinorBits) | version->minor) + 1;
+}
+
 std::string RowDetails::TypeCell(const ResultRow& row, std::string_view path) {
     platform::ObjectFacts facts;
     facts.attributes = row.attributes;

@@ -3,6 +3,7 @@
 #include "results/exe_facts.h"
 #include "results/result_list.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,6 +23,9 @@ class RowDetails {
 
     // Type, Version, Exe Type, OS or Year-Rank of a file row; `path` is its full path.
     std::string Cell(const ResultRow& row, Column column, std::string_view path);
+    // The version of a file row as a number that orders like it, whether or not its column shows; 0
+    // for none.
+    std::uint64_t VersionKey(const ResultRow& row, std::string_view path);
     // Forgets what was read for rows that are gone.
     void Clear() { read_.clear(); }
 

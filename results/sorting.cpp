@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <functional>
+#include <iterator>
 #include <numeric>
 #include <string>
 #include <string_view>
@@ -202,6 +204,28 @@ bool NumberKeys(const ResultList& rows, Column column, std::vector<SortItem>& it
     return true;
 }
 
+// Rows stand by name. Only where several share one are their versions read, and compared as
+// numbers.
+void HighestVersionsFirst(ResultList& rows) {
+    const CellTexts names = UpperCells(rows, kName);
+    std::vector<SortItem> items;
+    std::vector<std::uint32_t> order;
+    order.reserve(rows.Count());
+    for (std::size_t first = 0, behind = 0; first < rows.Count(); first = behind) {
+        while (behind < rows.Count() && names[behind] == names[first]) {
+            ++behind;
+        }
+        items.clear();
+        for (std::size_t i = first; i < behind; ++i) {
+            const std::uint64_t version = behind - first > 1 ? rows.VersionKey(i) : 0;
+            items.push_back({version, static_cast<std::uint32_t>(i)});
+        }
+        std::ranges::stable_sort(items, std::ranges::greater{}, &SortItem::key);
+        std::ranges::transform(items, std::back_inserter(order), &SortItem::row);
+    }
+    rows.Reorder(order);
+}
+
 std::int64_t CountOf(const ResultList& rows) {
     return static_cast<std::int64_t>(rows.Count());
 }
@@ -296,10 +320,10 @@ void lstMain_ColumnClick(Session& session, Column column) {
 void cmdDoVersionSort_Click(Session& session) {
     auto& list = session.frmSearch.lstMain;
     RunSort(session, " User selected to do version sort.", kName, [&] {
-        SortRows(*session.rows, kVersion, SortDirection::kDescending);
         list.SortKey = int{kName};
         list.SortOrder = SortDirection::kAscending;
         SortRows(*session.rows, kName, SortDirection::kAscending, Ties::kAsTheyStood);
+        HighestVersionsFirst(*session.rows);
     });
 }
 

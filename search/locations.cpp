@@ -4,6 +4,7 @@
 #include "platform/native_paths.h"
 #include "search/default_folders.h"
 #include "search/net_hood.h"
+#include "search/unread.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
 #include "session/paths/recycle_folders.h"
@@ -51,6 +52,38 @@ void SubstituteFakeRoots(session::Session& session, std::string& piece) {
     }
 }
 
+bool IsMissing(const platform::PlatformError& error) {
+    return error.number == platform::kFileNotFound || error.number == platform::kPathNotFound;
+}
+
+// What stands at a path, or that nothing does.
+platform::Result<ResolvedObject> Resolve(session::Session& session, std::string_view path) {
+    const auto facts = session.files().Facts(path);
+    if (!facts && IsMissing(facts.error())) return ResolvedObject{};
+    if (!facts) return std::unexpected(facts.error());
+    auto truePath = session.files().TruePath(path);
+    return ResolvedObject{truePath ? std::move(*truePath) : std::string(path),
+                          facts->IsFolder() ? ObjectKind::kFolder : ObjectKind::kFile};
+}
+
+// A place that can't be looked at is asked about in every mode, and no missing one.
+session::Attempted<ResolvedObject> LookFor(session::Session& session, std::string_view typed,
+                                           std::string_view path) {
+    path = text::StripTrailingSlash(path);
+    // A variable that is none was never a place.
+    if (path.find('%') != path.npos) {
+        return {Resolve(session, path).value_or(ResolvedObject{})};
+    }
+    return ReadOrNote(session, {.path = std::string(path), .isFolder = true, .mustExist = true},
+                      {.routine = "ParseSearchFolder",
+                       .moduleName = "frmSearch",
+                       .object = typed,
+                       .path = path,
+                       .searchOrDestination = path,
+                       .objectType = session::ObjectType::kFolder},
+                      [&] { return Resolve(session, path); });
+}
+
 // One piece of the text, and what is wrong with it, or nothing.
 struct Piece {
     SearchLocation location;
@@ -71,8 +104,10 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
                       "C:Windows)";
         return piece;
     }
-    const ResolvedObject resolved = ResolveObjectKind(session, path);
+    const auto attempted = LookFor(session, typed, path);
     piece.isRecycleFolder = session::IsInRecycleBin(path);
+    if (!attempted) return piece; // told, and asked about
+    const ResolvedObject& resolved = *attempted.result;
     if (resolved.kind == ObjectKind::kFolder) {
         auto& [folder, folderShort] = piece.location;
         folder = text::StripTrailingSlash(resolved.path);
@@ -155,11 +190,7 @@ Locations ParseSearchFolder(session::Session& session, std::string_view strFolde
 ResolvedObject ResolveObjectKind(session::Session& session, std::string_view path) {
     path = text::StripTrailingSlash(path);
     if (path.empty()) return {};
-    const auto facts = session.files().Facts(path);
-    if (!facts) return {};
-    auto truePath = session.files().TruePath(path);
-    return {truePath ? std::move(*truePath) : std::string(path),
-            facts->IsFolder() ? ObjectKind::kFolder : ObjectKind::kFile};
+    return Resolve(session, path).value_or(ResolvedObject{});
 }
 
 } // namespace tarvix::search

@@ -41,13 +41,15 @@ SearchStrings ParseSearchFor(std::string_view text) {
     SearchStrings result;
     Forms forms;
     const auto pieces = text::Split(text, '|');
-    result.blnRecycleAllowed = text::Like(text::Lower(pieces.back()), "*recyc*");
+    std::string_view last; // a bar at the end leaves an empty piece, which is none
     for (const std::string_view piece : pieces) {
+        if (!piece.empty()) last = piece;
         if (piece.empty() || result.strings.size() == kSearchStringLimit) continue;
         const bool isPlain = piece.find_first_of(".*?") == piece.npos;
         result.strings.push_back(isPlain ? fmt::format("*{}*", piece) : std::string(piece));
         forms.Note(result.strings.back());
     }
+    result.blnRecycleAllowed = text::Like(text::Lower(last), "*recyc*");
     if (result.strings.empty()) result.strings.emplace_back("*");
     result.blnNotExclusive = forms.MayOverlap();
     return result;

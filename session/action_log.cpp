@@ -1,6 +1,7 @@
 #include "session/action_log.h"
 
 #include "platform/file_system.h"
+#include "platform/names.h"
 #include "session/errors.h"
 #include "session/session.h"
 #include "text/characters.h"
@@ -16,8 +17,8 @@ namespace tarvix::session {
 
 namespace {
 
-// How many other copies may have been started within the same moments.
-constexpr int kMostTries = 100;
+// How many logs may bear the names of the same moments.
+constexpr int kMostTries = 3600;
 
 } // namespace
 
@@ -27,39 +28,51 @@ std::string ActionLogName(Session& session, int secondsLater) {
                        text::FormatDate(opened, "mm.dd.yy hh.nn.ss"));
 }
 
-void ActionLog::Open(Session& session) {
+platform::Result<void> ActionLog::TryOpen(Session& session) {
     wasOpened_ = true;
     const auto early = std::exchange(early_, {});
     std::string& name = session.state.strActionLogFile;
     const std::string head = fmt::format("Opened Log at {}\r\n\r\nLogging is turned {}.\r\n\r\n",
                                          text::DefaultDateText(session.Now()),
                                          session.state.options.blnFileLog ? "on" : "off");
-    auto opened = file_.Open(session.files(), name, head);
-    for (int later = 1;
-         later < kMostTries && !opened && opened.error().number == platform::kPermissionDenied &&
-         session.files().Facts(name);
+    auto opened = file_.Create(session.files(), name, head);
+    for (int later = 1; later < kMostTries && !opened && !file_.IsOpen() &&
+                        opened.error().number == platform::kAlreadyExists;
          ++later) {
         name = ActionLogName(session, later);
-        opened = file_.Open(session.files(), name, head);
+        opened = file_.Create(session.files(), name, head);
     }
-    if (!opened) return TellUnexpected(session, opened.error(), "OpenActionLog", name);
+    if (!opened && file_.IsOpen()) {
+        session.NoteLogTrouble(opened.error());
+    } else if (!opened) {
+        return opened;
+    }
     for (const std::string& text : early) {
         Write(session, text);
     }
+    return {};
+}
+
+void ActionLog::Open(Session& session) {
+    const auto opened = TryOpen(session);
+    if (opened) return;
+    TellUnexpected(session, opened.error(), "OpenActionLog", session.state.strActionLogFile);
 }
 
 void ActionLog::Close(Session& session) {
     const auto closed =
         file_.Close(fmt::format("\r\nClosed Log at {}\r\n", text::DefaultDateText(session.Now())));
-    if (closed) return;
+    if (closed || session.state.blnLogFailed) return;
+    session.state.blnLogFailed = true;
     TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
 
 void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {
     if (!wasOpened_) early_.push_back(text::Concat({stamp, text}));
     if (!file_.IsOpen() || !session.state.options.blnFileLog) return;
-    const std::string entry = text::Concat({stamp, text});
-    file_.Write(text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"}));
+    const std::string entry = platform::ForDisplay(text::Concat({stamp, text}));
+    const auto written = file_.Write(text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"}));
+    if (!written) session.NoteLogTrouble(written.error());
 }
 
 void WriteToActionLog(Session& session, std::string_view text) {

@@ -13,14 +13,16 @@ struct Session;
 // The action log of this run. It stays open from start to stop.
 class ActionLog {
   public:
-    // Creates the file of `strActionLogFile` and writes the opening lines. While another copy of
-    // the program has that file, the next moment's name is taken. Any other error is told once, and
-    // the run goes on without a log.
+    // Creates the file of `strActionLogFile` and writes the opening lines. A name that is taken
+    // gives way to that of the next second. After a failure the run has no log.
+    platform::Result<void> TryOpen(Session& session);
+    // The same; a failure is told once.
     void Open(Session& session);
     // Writes the closing line. A failure is told unless in automatic mode, and recorded.
     void Close(Session& session);
     // One entry: the text, behind its stamp if any, a line of dashes under it, an empty line.
-    // Nothing with logging off. What is written before the log opens follows its opening lines.
+    // Nothing with logging off. What is written before the log opens follows its opening lines. The
+    // first failure is noted, to be told at the next yield.
     void Write(Session& session, std::string_view text, std::string_view stamp = {});
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { wasOpened_ = true; }

@@ -17,7 +17,8 @@ class ErrorLog {
     // Writes the closing line. A failure is told unless in automatic mode, and recorded nowhere.
     void Close(Session& session);
     // Text as it stands; before the log opens it is kept, and follows the opening line.
-    void WriteRaw(std::string_view text);
+    // Gives the error of a write that failed.
+    platform::Result<void> WriteRaw(std::string_view text);
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { keeps_ = false; }
     // Whether records reach a file.

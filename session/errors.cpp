@@ -1,6 +1,7 @@
 #include "session/errors.h"
 
 #include "platform/file_system.h"
+#include "platform/names.h"
 #include "session/action_log.h"
 #include "session/error_rules.h"
 #include "session/prompt_id.h"
@@ -145,7 +146,8 @@ void ReportError(Session& session, const platform::PlatformError& error,
                           " Message : {}\r\n\r\n",
                           session.Shown(context.path), context.routine, context.moduleName,
                           recovery, message);
-    session.errorLog.WriteRaw(record);
+    const auto written = session.errorLog.WriteRaw(platform::ForDisplay(record));
+    if (!written) session.NoteLogTrouble(written.error());
 }
 
 void HandleError(Session& session, const ErrorContext& context) {

@@ -13,9 +13,13 @@ struct Session;
 struct EventArgs {
     int index = -1;        // the entry of a control array, or a row from 0
     bool isRepeat = false; // a click on the choice that was made already
+    std::string_view path; // of a file that the event is about
 };
 
 using EventRoutine = std::function<void(Session&, const EventArgs&)>;
+
+// Sends the data file `path` to the recycle bin; what refuses is asked about as in an action.
+constexpr std::string_view kRecycleFile = "frmSearch.RecycleFile";
 
 // From "frmSearch.cmdSearch_Click" to its routine. Filled when the program is composed; buttons,
 // menus, scripts and batches all raise events through it.

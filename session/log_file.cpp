@@ -16,17 +16,24 @@ LogFile& LogFile::operator=(LogFile&&) noexcept = default;
 
 platform::Result<void> LogFile::Open(platform::FileSystem& files, const std::string& path,
                                      std::string_view head) {
+    stream_ = nullptr;
     const bool exists = !platform::DirName(files, path, platform::kDirFiles).empty();
     TX_TRY_ASSIGN(stream_, exists ? files.OpenAsTextStream(path, platform::OpenMode::kWrite)
                                   : files.CreateTextFile(path, true));
-    Write(head);
-    return {};
+    return Write(head);
 }
 
-void LogFile::Write(std::string_view text) {
-    if (!stream_) return;
-    (void)stream_->Write(text);
-    (void)stream_->Flush();
+platform::Result<void> LogFile::Create(platform::FileSystem& files, const std::string& path,
+                                       std::string_view head) {
+    stream_ = nullptr;
+    TX_TRY_ASSIGN(stream_, files.CreateTextFile(path, false));
+    return Write(head);
+}
+
+platform::Result<void> LogFile::Write(std::string_view text) {
+    if (!stream_) return {};
+    TX_TRY(stream_->Write(text));
+    return stream_->Flush();
 }
 
 platform::Result<void> LogFile::Close(std::string_view tail) {

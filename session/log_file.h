@@ -14,7 +14,7 @@ class TextStream;
 namespace tarvix::session {
 
 // A text file that is begun anew and stays open for a whole run. What is written stands in the
-// file at once, even if the program is killed next. A write that fails is ignored.
+// file at once, even if the program is killed next.
 class LogFile {
   public:
     LogFile();
@@ -25,8 +25,12 @@ class LogFile {
     // program writes it.
     platform::Result<void> Open(platform::FileSystem& files, const std::string& path,
                                 std::string_view head);
-    // Appends the text and flushes it; nothing while no file is open.
-    void Write(std::string_view text);
+    // The same for a new file; 58 when there is one of that name.
+    platform::Result<void> Create(platform::FileSystem& files, const std::string& path,
+                                  std::string_view head);
+    // Appends the text and flushes it; nothing while no file is open. What a failed call leaves is
+    // written before the text of the next one.
+    platform::Result<void> Write(std::string_view text);
     // Writes `tail` and closes; what failed of that first. Closed it is in any case.
     platform::Result<void> Close(std::string_view tail);
     bool IsOpen() const { return stream_ != nullptr; }

@@ -27,6 +27,7 @@ enum class PromptId : std::uint8_t {
     kOutsideError,
     kEndMarkMissing,
     kErrorLogNotKept,
+    kLogUnwritable,
 
     // Logs and lists.
     kPickLog,
@@ -139,6 +140,19 @@ enum class PromptId : std::uint8_t {
     kNumberLine,
     kNumberInvalid,
     kNumbersCanceled,
+
+    // Made folders.
+    kFoldersPlaceMissing,
+    kPickFolderNames,
+    kFolderNamesUnusable,
+    kFoldersKind,
+    kFoldersStart,
+    kFoldersCount,
+    kFoldersFirst,
+    kFoldersLast,
+    kFoldersAnswerInvalid,
+    kFoldersCanceled,
+    kFoldersNotMade,
 
     // Batches.
     kBatchMoveNotice,

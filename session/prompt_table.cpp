@@ -58,6 +58,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kOutsideError),
     Notice(Id::kEndMarkMissing),
     Notice(Id::kErrorLogNotKept),
+    Notice(Id::kLogUnwritable, kExclamation),
 
     FilePicker(Id::kPickLog, "Select Action Log file."),
     Notice(Id::kListUnreadable, kExclamation),
@@ -166,6 +167,18 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Input(Id::kNumberLine),
     Notice(Id::kNumberInvalid),
     Notice(Id::kNumbersCanceled),
+
+    Notice(Id::kFoldersPlaceMissing),
+    FilePicker(Id::kPickFolderNames, "Browse for text file listing New Folder names."),
+    Notice(Id::kFolderNamesUnusable),
+    Input(Id::kFoldersKind),
+    Input(Id::kFoldersStart),
+    Input(Id::kFoldersCount),
+    Input(Id::kFoldersFirst),
+    Input(Id::kFoldersLast),
+    Notice(Id::kFoldersAnswerInvalid),
+    Notice(Id::kFoldersCanceled),
+    Notice(Id::kFoldersNotMade, kExclamation),
 
     Notice(Id::kBatchMoveNotice, 0, "Automated Move"),
     FilePicker(Id::kPickSearchList, "Select automated search list file."),

@@ -39,6 +39,7 @@ void UnlockAfterSearch(Session& session) {
     session.forms.frmProgress.Hide();
     if (session.state.blnAutoMove || session.state.blnAutoPlayList) return;
     SetCriteriaEnabled(form, true);
+    form.chkIncludeSubFolders.Enabled = session.state.options.blnAllowUserSelectSubfolders;
     form.mnuTools_DeleteFolderContentsOnly.Enabled =
         form.chkIncludeSubFolders.Value == 0 || IsFolderKind(form);
 }

@@ -65,6 +65,15 @@ std::string Session::Shown(const platform::PlatformError& error) const {
     return text::Replace(error.description, platform::ForDisplay(error.path), Shown(error.path));
 }
 
+void Session::NoteLogTrouble(const platform::PlatformError& error) {
+    if (state.blnLogFailed) return;
+    state.blnLogFailed = true;
+    state.strLogTrouble =
+        fmt::format("A log of this run can't be written: {}\r\n\r\nWhat is done from here on may "
+                    "not stand there.",
+                    error.description);
+}
+
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {
     const std::string name =
         fmt::format("{}.{}_{}", control.Owner().Name(), control.ArrayName(), event);

@@ -50,7 +50,14 @@ struct Session {
     std::array<bool, kVisibilityCount>& blnListItems = state.options.blnListItems;
 
     platform::FileSystem& files() { return platform.files; }
-    void Yield() { yielder.Yield(); }
+    void Yield() {
+        yielder.Yield();
+        if (!state.strLogTrouble.empty()) TellLogTrouble();
+    }
+    // The first write to a log that failed is told by the next yield, and no other.
+    void NoteLogTrouble(const platform::PlatformError& error);
+    // Tells it at once, if it wasn't told yet.
+    void TellLogTrouble();
     // Shows what changed at once: long routines call it where a window would repaint.
     void Repaint() { yielder.PumpNow(); }
     text::DateTime Now();

@@ -6,6 +6,7 @@
 #include "text/dates.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,10 @@ struct ActionTotals {
     std::int64_t skipped = 0;
     std::int64_t duplicates = 0; // of the skipped
     std::int64_t failed = 0;
+    std::int64_t wanted = 0;     // objects, at all of their places
+    std::int64_t copiedOnly = 0; // of the done, those that were to be moved but still stand
+    std::int64_t keptApart = 0;  // of the done, those that got a new name beside one of this run
+    std::int64_t leftParts = 0;  // of copies of ended runs, that were taken away
     std::vector<std::string> errors; // one sentence for each failed object
 };
 
@@ -71,6 +76,10 @@ struct SessionState {
     std::vector<text::DateTime> datFolderHistory;
     std::vector<text::DateTime> datSearchHistory;
     std::vector<text::DateTime> datDestHistory;
+    bool blnDataUnwritable = false;       // told at the start; nothing is logged or saved
+    std::set<std::string> filesLeftAlone; // data files that were not read whole, so not saved
+    bool blnLogFailed = false;            // a write to a log; `strLogTrouble` until it is told
+    std::string strLogTrouble;
     bool blnStarted = false;
     bool blnEnded = false;
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "actions/place/action_request.h"
+#include "actions/place/left_parts.h"
 #include "platform/file_system.h"
 
 #include <cstdint>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace tarvix::session {
@@ -57,6 +59,9 @@ struct ActionRun {
     std::uint8_t bytOverrideAnswer;
     // What of an object must be as the search saw it; only its name once the user said to go on.
     platform::Same same = platform::Same::kObject;
+    LeftParts leftParts;
+    // The places, in upper case, that this run filled and that a later object could overwrite.
+    std::unordered_set<std::string> placed;
     RuleTally rule;
     std::vector<std::string> strCDDrives; // "E:"; attributes are never written there
     platform::CopyObserver observer;      // of each copy; yields

@@ -13,6 +13,7 @@
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
+#include "text/case.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
@@ -145,6 +146,17 @@ Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& cla
         {object.path, object.name, object.isFile, false, "RenameObjForDuplicate", folderFor});
     if (hasFailed) outcome.kind = OutcomeKind::kFailed;
     outcome.isNewName = true;
+    return outcome;
+}
+
+std::optional<Outcome> KeepApart(Session& session, ActionRun& run, const Clash& clash) {
+    if (!run.placed.contains(text::Upper(clash.destination))) return std::nullopt;
+    session::LogTimed(session, fmt::format(" {} was placed by this action, so {} gets a name of "
+                                           "its own.",
+                                           session.Shown(clash.destination),
+                                           session.Shown(clash.object.path)));
+    Outcome outcome = RenameObjForDuplicate(session, run, clash);
+    outcome.isKeptApart = true;
     return outcome;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace tarvix::session {
@@ -12,6 +13,10 @@ struct ActionRun;
 struct Clash;
 struct Object;
 struct Outcome;
+
+// What this run has placed is never overwritten by it: the object in hand goes beside it under a
+// new name, as where duplicates are renamed. Nothing where something else stands there.
+std::optional<Outcome> KeepApart(session::Session& session, ActionRun& run, const Clash& clash);
 
 // Places the object in hand beside the duplicate of it, under its name with the request's text
 // added, as many times as it takes to find a free name. Nothing without a text to add.

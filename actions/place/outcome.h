@@ -27,8 +27,9 @@ struct Outcome {
     std::size_t index = 0;      // in the selection
     std::string strDestination; // where it stands, or would stand
     OutcomeKind kind = OutcomeKind::kLeftAlone;
-    bool isPlaced = false;  // it stands there, even if a step behind that failed
-    bool isNewName = false; // a duplicate that got another name, or was to
+    bool isPlaced = false;    // it stands there, even if a step behind that failed
+    bool isNewName = false;   // a duplicate that got another name, or was to
+    bool isKeptApart = false; // since this run placed what stands there
     bool isDiskFull = false;
     bool isTaken = false; // nothing was done: something stands there since the duplicate test
     bool endsRun = false; // the user cancelled what is left

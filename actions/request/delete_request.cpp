@@ -148,6 +148,7 @@ class Deletion {
 void Deletion::Run() {
     const auto count = static_cast<std::size_t>(session_.selection->lngSelTop + 1);
     std::vector<ChangedObject> objects(count);
+    session_.state.lastAction.wanted = session_.selection->lngSelTop + 1;
     for (std::size_t index = 0; index < count; ++index)
         objects[index].index = index;
     const bool goesOn = Delete(objects) && !session_.state.blnActionCancelled;
@@ -190,6 +191,7 @@ bool Deletion::BuildQueue(const std::vector<ChangedObject>& objects, Queued& que
 
 void Deletion::QueueOne(std::size_t index, Queued& queue) {
     const Object object = ObjectAt(*session_.selection, index);
+    run_.leftParts.RemoveAround(session_, object.actual);
     auto& skipped = session_.state.lastAction.skipped;
     const Protection found = CheckSystemHidden(session_, run_, object, false);
     if (found.IsChanged()) {

@@ -62,11 +62,16 @@ bool ConfirmFolders(Session& session) {
 // "Moved 12 of 15 objects, 3 skipped as duplicates."
 std::string Summary(const session::ActionTotals& totals, std::string_view verb) {
     const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
-    const std::int64_t all = totals.done + totals.skipped + totals.failed;
-    std::string told = fmt::format("{} {} of {} {}", verb, figure(totals.done), figure(all),
-                                   all == 1 ? "object" : "objects");
-    const std::array<std::pair<std::int64_t, const char*>, 3> others{
-        {{totals.duplicates, " skipped as duplicates"},
+    const std::int64_t reached = totals.done + totals.skipped + totals.failed;
+    const std::int64_t all = std::max(totals.wanted, reached);
+    std::string told = fmt::format("{} {} of {} {}", verb, figure(totals.done - totals.copiedOnly),
+                                   figure(all), all == 1 ? "object" : "objects");
+    const std::array<std::pair<std::int64_t, const char*>, 7> others{
+        {{totals.copiedOnly, " copied only, the originals still stand"},
+         {totals.keptApart, " renamed beside others that were placed just before"},
+         {totals.leftParts, " left parts of ended runs removed"},
+         {all - reached, " not reached"},
+         {totals.duplicates, " skipped as duplicates"},
          {totals.skipped - totals.duplicates, " left alone"},
          {totals.failed, " failed"}}};
     for (const auto& [count, what] : others) {
@@ -171,6 +176,11 @@ void AddActionEvents(session::EventTable& events) {
         RecycleOne(session, session.state.strActionLogFile);
     });
     events.On(std::string(lifecycle::kOpenDialog), ShowDialog);
+    events.On(std::string(session::kRecycleFile),
+              [](Session& session, const session::EventArgs& args) {
+                  const std::string path(args.path);
+                  RecycleObjects(session, {{path, path}}, false);
+              });
     events.On("frmSearch.cmdCopySelected_Click", cmdCopySelected_Click);
     events.On("frmSearch.cmdMoveSelected_Click", cmdMoveSelected_Click);
     events.On("frmSearch.cmdRenameSelected_Click", cmdRenameSelected_Click);

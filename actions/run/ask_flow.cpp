@@ -131,6 +131,7 @@ bool RecycleDuplicate(Session& session, const Clash& clash) {
 }
 
 Outcome Replace(Session& session, ActionRun& run, const Clash& clash) {
+    if (auto apart = KeepApart(session, run, clash)) return std::move(*apart);
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
         return std::move(*refused);
     }
@@ -142,6 +143,7 @@ Outcome Act(Session& session, ActionRun& run, const Clash& clash) {
     switch (run.bytAskAnswer) {
     case kAskOverwrite:
     case kAskOverwriteAll:
+        if (auto apart = KeepApart(session, run, clash)) return std::move(*apart);
         if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
             return std::move(*refused);
         }

@@ -14,6 +14,7 @@
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/session.h"
+#include "text/case.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -51,6 +52,7 @@ Outcome Overwrite(Session& session, ActionRun& run, const Clash& clash) {
                                                session.Shown(clash.destination)));
         return SkippedDuplicate();
     }
+    if (auto apart = KeepApart(session, run, clash)) return std::move(*apart);
     if (auto refused = RefusesOverlap(session, clash, DuplicateUse::kReplace)) {
         return std::move(*refused);
     }
@@ -101,6 +103,7 @@ class Loop {
     void Run() {
         session_.state.blnStopAction = false;
         session_.state.lastAction = {};
+        session_.state.lastAction.wanted = (tables_.lngSelTop + 1) * places_;
         // A cancel that stands was meant for an earlier action.
         if (run_.bytOverrideAnswer == kOverrideCancel) run_.bytOverrideAnswer = kOverrideNo;
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
@@ -123,6 +126,7 @@ class Loop {
     // What isn't as the search saw it comes at the end, with one question.
     void SettleChanged();
     bool GoesOn();
+    void NotePlaced();
 
     Outcome PlaceOne(const Object& object, int place);
     Outcome PlaceAt(const Object& object, int place, const std::string& computed);
@@ -170,6 +174,7 @@ bool Loop::PlaceNext(const Object& object, int place) {
     session_.state.blnPathLimitHit = false;
     last_ = PlaceOne(object, place);
     last_.index = object.index;
+    NotePlaced();
     if (last_.kind == OutcomeKind::kChanged && run_.same != platform::Same::kName) {
         changed_.push_back({object.index, place});
     } else {
@@ -186,6 +191,14 @@ void Loop::SettleChanged() {
         left.erase(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(i));
         return FoldChanged(session_, run_, left);
     }
+}
+
+// Only these choices ever overwrite.
+void Loop::NotePlaced() {
+    const DuplicateChoice choice = run_.request.duplicates;
+    const bool mayOverwrite =
+        choice == DuplicateChoice::kOverwrite || choice == DuplicateChoice::kAsk;
+    if (mayOverwrite && last_.isPlaced) run_.placed.insert(text::Upper(last_.strDestination));
 }
 
 bool Loop::GoesOn() {
@@ -226,6 +239,7 @@ Outcome Loop::PlaceOne(const Object& object, int place) {
 Outcome Loop::PlaceAt(const Object& object, int place, const std::string& computed) {
     // What stands where the object will really go is the duplicate.
     std::string destination = CleanedDestination(computed);
+    run_.leftParts.RemoveAround(session_, destination);
     Outcome outcome;
     // What came there between the duplicate test and the act is a duplicate as any other.
     do {

@@ -21,6 +21,8 @@ void FoldOutcome(session::SessionState& state, const ActionRun& run, const Outco
         ++(outcome.isPlaced ? totals.done : totals.skipped);
     }
     if (outcome.kind == OutcomeKind::kSkippedDuplicate) ++totals.duplicates;
+    if (outcome.kind == OutcomeKind::kCopied && run.request.isMove) ++totals.copiedOnly;
+    if (outcome.isPlaced && outcome.isKeptApart) ++totals.keptApart;
     if (!outcome.error.empty() && totals.errors.size() < kMostErrorsKept) {
         totals.errors.push_back(outcome.error);
     }

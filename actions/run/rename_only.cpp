@@ -99,6 +99,7 @@ class Renaming {
 
 RenameOnlyEnd Renaming::Run() {
     session_.state.lastAction = {};
+    session_.state.lastAction.wanted = session_.selection->lngSelTop + 1;
     session_.state.blnStopAction = false;
     const platform::Busy busy(session_.files());
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
@@ -135,6 +136,7 @@ void Renaming::SettleChanged() {
 
 void Renaming::RenameObject(std::size_t index) {
     Renamed object = ObjectAt(index);
+    run_.leftParts.RemoveAround(session_, object.actual);
     if (request_.inserts) {
         Insert(object);
     } else {

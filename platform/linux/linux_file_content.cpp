@@ -1,11 +1,15 @@
+#include "platform/linux/copy_content.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_stream.h"
 #include "platform/linux/native_facts.h"
+#include "platform/linux/part_file.h"
 #include "platform/try.h"
 #include "text/encoding.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -51,6 +55,29 @@ Sys<std::string> ReadPart(int fd, std::uint64_t offset, std::size_t count) {
     }
     return out;
 }
+// Gives the file at the end of all links its new content in one step.
+Sys<void> WriteBehindLinks(const std::string& native, std::string_view content,
+                           const CopyRoads& roads) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(native.c_str(), nullptr),
+                                                           std::free);
+    if (!real) return std::unexpected(errno);
+    const std::string path = real.get();
+    const std::size_t slash = path.rfind('/');
+    const std::string name = path.substr(slash + 1);
+    const auto folder = OpenAt({AT_FDCWD, slash == 0 ? "/" : path.substr(0, slash).c_str()},
+                               O_RDONLY | O_DIRECTORY);
+    if (!folder) return std::unexpected(folder.error());
+    const At at{folder->Get(), name.c_str()};
+    TX_TRY_ASSIGN(const auto st, StatOf(at));
+    TX_TRY_ASSIGN(auto part, PartFile::Create(folder->Get(), 0600, roads));
+    TX_TRY(WriteAll(part.Fd(), content));
+    // What may not be read still has a mode and an owner.
+    const auto old = OpenAt(at, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (old) CopyMetadata(old->Get(), part.Fd(), st);
+    if (!old) ::fchmod(part.Fd(), st.stx_mode & 07777);
+    ::futimens(part.Fd(), nullptr);
+    return part.Commit(at, true);
+}
 } // namespace
 
 Result<Resolved> LinuxFileSystem::FileForBytes(std::string_view path, bool toWrite) {
@@ -85,6 +112,15 @@ Result<std::unique_ptr<TextStream>> LinuxFileSystem::CreateTextFile(std::string_
     NoteMade(place);
     if (!LockForWriting(*fd)) return FailureBy(kPermissionDenied, path);
     return std::make_unique<LinuxTextWriter>(std::move(*fd), std::string(path));
+}
+
+Result<void> LinuxFileSystem::ReplaceContent(std::string_view path, std::string_view from) {
+    TX_TRY_ASSIGN(const Resolved source, FileForBytes(from, false));
+    TX_TRY_ASSIGN(const UniqueFd in, OpenForBytes(source, O_RDONLY, from));
+    TX_TRY_ASSIGN(const std::string content, Named(ReadAll(in.Get(), kTextLimit), from));
+    TX_TRY_ASSIGN(const Resolved place, FileForBytes(path, false));
+    NoteChanged();
+    return Named(WriteBehindLinks(place.native, content, roads_), path);
 }
 
 Result<std::unique_ptr<TextStream>> LinuxFileSystem::OpenAsTextStream(std::string_view path,

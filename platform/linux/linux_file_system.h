@@ -59,6 +59,7 @@ class LinuxFileSystem : public FileSystem {
                                   std::size_t count) override;
     Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
                                                        bool overwrite) override;
+    Result<void> ReplaceContent(std::string_view path, std::string_view from) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     void SetBusy(bool isBusy) override;

@@ -206,6 +206,21 @@ Result<std::unique_ptr<TextStream>> TreeFileSystem::CreateTextFile(std::string_v
     return std::make_unique<TreeWriter>(*this, std::move(node));
 }
 
+Result<void> TreeFileSystem::ReplaceContent(std::string_view path, std::string_view from) {
+    BeginChange();
+    TX_TRY_ASSIGN(TreeNode* const source, NeedBytes(from, false));
+    TX_TRY_ASSIGN(std::string bytes, BytesOf(*source, 0, kTextLimit));
+    TX_TRY_ASSIGN(TreeNode* const node, NeedBytes(path, false));
+    if (DriveOf(*node)->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
+    if (bytes.size() > node->size) TX_TRY(CheckRoom(*node, bytes.size() - node->size));
+    node->content = std::move(bytes);
+    node->size = node->content.size();
+    node->isHeld = true;
+    node->modified = Now();
+    NoteChange(TreeChange::kWriteText, path, {});
+    return {};
+}
+
 Result<std::unique_ptr<TextStream>> TreeFileSystem::OpenAsTextStream(std::string_view path,
                                                                      OpenMode mode) {
     const bool toWrite = mode != OpenMode::kRead;

@@ -39,7 +39,8 @@ void FindDataFolder(session::Session& session) {
     state.strDataFolder = place.folder;
     state.blnDataInVirtualStore = place.isVirtualStore;
     if (!platform::GetFolder(session.files(), state.strDataFolder)) {
-        session::CreateMissingFolder(session, state.strDataFolder, true);
+        // One that can't be made is told when the logs are opened in it.
+        session::CreateMissingFolder(session, state.strDataFolder, true, true);
     }
 }
 

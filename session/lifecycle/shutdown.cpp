@@ -1,17 +1,11 @@
 #include "platform/file_system.h"
 #include "session/lifecycle/startup.h"
 #include "session/lifecycle_events.h"
-#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
-#include "session/remembered/replace_file.h"
+#include "session/remembered/unsaved.h"
 #include "session/session.h"
-#include "session/tell.h"
-#include "text/characters.h"
-#include "text/paths.h"
-
-#include <fmt/core.h>
 
 namespace tarvix::lifecycle {
 
@@ -33,17 +27,10 @@ void HideTargetPath(fields::FrmSearch& form) {
 
 // One question to the disk, so that a folder that takes nothing is told once and not for each file.
 bool TakesFiles(Session& session) {
-    const std::string& folder = session.state.strDataFolder;
-    const std::string probe = text::JoinPath(folder, "TXWriteTest");
-    const auto written = session::ReplaceTextFile(session.files(), probe, text::Repeat(" ", 4096));
-    (void)session.files().DeleteFile(probe, true);
-    if (written) return true;
-    session::TellUnlessAuto(
-        session, session::PromptId::kDataFolderUnwritable,
-        fmt::format("The data folder can't be written: {}\r\n\r\n{}\r\n\r\nThe options and "
-                    "histories of this run are not saved. The files there stay as they were.",
-                    session.Shown(folder), session.Shown(written.error())));
-    return false;
+    if (session.state.blnDataUnwritable) return false;
+    const auto taken = session::TryDataFolder(session);
+    if (!taken) session::TellDataUnwritable(session, taken.error());
+    return taken.has_value();
 }
 
 // A start that never came to its end has read nothing that could be saved.
@@ -71,8 +58,10 @@ void frmSearch_Unload(Session& session) {
     CloseOtherWindows(session);
     HideTargetPath(session.frmSearch);
     CloseLog(session);
+    session.TellLogTrouble();
     SaveFiles(session);
     session.errorLog.Close(session);
+    session.TellLogTrouble();
     session.frmSearch.Hide();
     session.state.blnEnded = true;
 }

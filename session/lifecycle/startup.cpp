@@ -1,6 +1,7 @@
 #include "session/lifecycle/startup.h"
 
 #include "platform/registry.h"
+#include "session/errors.h"
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle_events.h"
@@ -9,6 +10,7 @@
 #include "session/remembered/histories.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
+#include "session/remembered/unsaved.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -48,13 +50,27 @@ void AddStandingEntries(Session& session) {
     }
 }
 
+// Where the data folder takes nothing, that is the one trouble, and told as such.
+void OpenLogs(Session& session) {
+    const auto opened = session.log.TryOpen(session);
+    if (opened) return session.errorLog.Open(session);
+    const auto& error = opened.error();
+    if (const auto taken = session::TryDataFolder(session); !taken) {
+        const std::string first =
+            fmt::format("unexpected error {} {}\r\n\r\nThis run has no logs. ", error.number,
+                        error.description);
+        return session::TellDataUnwritable(session, taken.error(), first);
+    }
+    session::TellUnexpected(session, error, "OpenActionLog", session.state.strActionLogFile);
+    session.errorLog.Open(session);
+}
+
 // The options as they were saved, a copy of them as they were read, and the logs that they switch.
 void ReadOptions(Session& session) {
     const auto& state = session.state;
     session::OpenOptionFile(session);
     if (state.blnOptionFileFound && !state.blnOptionFileUnread) session::BackUpOptionFile(session);
-    session.log.Open(session);
-    session.errorLog.Open(session);
+    OpenLogs(session);
 }
 
 // The attributes that have but a number, in words.

@@ -42,11 +42,15 @@ std::optional<int> LeavesMissingParent(const platform::PlatformError& error) {
     return {};
 }
 
+std::optional<int> LeavesAll(const platform::PlatformError& error) {
+    return LeavesMissingParent(error).value_or(kRecoverySkip);
+}
+
 // Makes one folder and logs it.
 Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFolderResult& result) {
     auto made = Attempt(
         session, ContextOf(folder), [&] { return session.files().CreateFolder(folder); },
-        LeavesMissingParent);
+        result.isQuiet ? LeavesAll : LeavesMissingParent);
     if (made) {
         LogTimed(session, fmt::format(" Created {}", session.Shown(folder)));
         result.blnFolderCreated = true;
@@ -59,7 +63,8 @@ Attempted<void> MakeOne(Session& session, const std::string& folder, MissingFold
 // A parent that stays missing is recorded here, any other error was when it came.
 void NoteError(Session& session, const std::string& folder, const platform::PlatformError& error,
                MissingFolderResult& result) {
-    if (error.number == platform::kPathNotFound) HandleError(session, error, ContextOf(folder));
+    if (error.number == platform::kPathNotFound && !result.isQuiet)
+        HandleError(session, error, ContextOf(folder));
     result.errorNumber = error.number;
     result.errorText = session.Shown(error);
 }
@@ -87,9 +92,10 @@ void MakeChain(Session& session, std::string folder, MissingFolderResult& result
 
 } // namespace
 
-MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
-                                        bool isFolderPath) {
+MissingFolderResult CreateMissingFolder(Session& session, std::string_view path, bool isFolderPath,
+                                        bool isQuiet) {
     MissingFolderResult result;
+    result.isQuiet = isQuiet;
     std::string folder = text::CleanSpacesInPath(FolderOf(path, isFolderPath), true);
     if (ExceedsLimit(session, folder, kFolderPortion)) {
         folder = GetShortPathNameReturnCodes(session, folder).path;

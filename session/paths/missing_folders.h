@@ -14,14 +14,17 @@ struct MissingFolderResult {
     bool blnFolderCreated = false; // at least one folder was made
     std::vector<std::string> made; // all of them, the topmost first
     bool blnFolderAlreadyThere = false;
-    int errorNumber = 0; // why the chain could not be made; 0 when it stands
+    bool isQuiet = false; // as it was asked for
+    int errorNumber = 0;  // why the chain could not be made; 0 when it stands
     std::string errorText;
 };
 
 // Makes the folder that is to hold `path` (or `path` itself with `isFolderPath`), with all that is
 // missing above it, at most 100 levels. Each folder made is logged " Created " and its path; what
-// fails goes to the error handling, and stands in the result. Levels made before that stay.
-MissingFolderResult CreateMissingFolder(Session& session, std::string_view path, bool isFolderPath);
+// fails goes to the error handling, unless `isQuiet`, and stands in the result. Levels made before
+// that stay.
+MissingFolderResult CreateMissingFolder(Session& session, std::string_view path, bool isFolderPath,
+                                        bool isQuiet = false);
 // The same, for what shortens a path.
 MissingFolderResult CreateMissing247Folder(Session& session, std::string_view path,
                                            bool isFolderPath);

@@ -1,16 +1,16 @@
 #include "session/remembered/history_file.h"
 
 #include "platform/file_system.h"
-#include "platform/trash.h"
 #include "session/attempt.h"
 #include "session/prompt_id.h"
 #include "session/remembered/replace_file.h"
+#include "session/remembered/unsaved.h"
 #include "session/session.h"
 #include "text/numbers.h"
 
 #include <fmt/core.h>
 
-#include <array>
+#include <cstdint>
 #include <optional>
 
 namespace tarvix::session {
@@ -42,44 +42,67 @@ auto HistoryFile::Try(std::string_view routine, Statement&& statement) {
                        const bool isContent =
                            error.number == platform::kInputPastEnd || error.number == kTypeMismatch;
                        if (isSaving_ && isContent) return kRecoveryLeave;
+                       // The one trouble of the whole folder was told.
+                       if (session_.state.blnDataUnwritable) return kRecoveryLeave;
                        return std::nullopt;
                    });
 }
 
 void HistoryFile::Open() {
     isSaving_ = false;
-    if (!session_.files().Facts(kind_.path)) return BeginAnew();
-    if (Read() == Ending::kDamaged) AskAboutDamage();
+    switch (Read()) {
+    case Ending::kDamaged:
+        return AskAboutDamage();
+    case Ending::kUnread:
+        session_.state.filesLeftAlone.insert(kind_.path);
+        break;
+    case Ending::kDone:
+        BeginAnew();
+    }
 }
 
 void HistoryFile::Save() {
     isSaving_ = true;
-    if (session_.files().Facts(kind_.path)) (void)Read();
+    const bool isLeft = session_.state.filesLeftAlone.contains(kind_.path);
+    if (isLeft || Read() == Ending::kUnread) {
+        return NoteLeftAlone(session_, kind_.saveRoutine, kind_.path);
+    }
     (void)Try(kind_.saveRoutine,
               [&] { return ReplaceTextFile(session_.files(), kind_.path, FileText()); });
 }
 
 HistoryFile::Ending HistoryFile::Read() {
-    const auto facts = session_.files().Facts(kind_.path);
-    if (!facts || facts->size <= kind_.emptyUpTo) return Ending::kDone;
+    const auto facts = Try(Routine(), [&]() -> platform::Result<std::optional<std::uint64_t>> {
+        const auto found = session_.files().Facts(kind_.path);
+        if (found) return found->size;
+        const int error = found.error().number;
+        const bool isMissing = error == platform::kFileNotFound || error == platform::kPathNotFound;
+        if (!isMissing) return std::unexpected(found.error());
+        return std::nullopt;
+    });
+    if (!facts) return Ending::kUnread;
+    if (facts.result->value_or(0) <= kind_.emptyUpTo) return Ending::kDone;
     auto stream = Try(Routine(), [&] {
         return session_.files().OpenAsTextStream(kind_.path, platform::OpenMode::kRead);
     });
-    return stream ? ReadEntries(**stream) : Ending::kDone;
+    return stream ? ReadEntries(**stream) : Ending::kUnread;
 }
 
 HistoryFile::Ending HistoryFile::ReadEntries(platform::TextStream& stream) {
     const auto next = [&] { return Try(Routine(), [&] { return stream.ReadLine(); }); };
+    const auto endOf = [](const Attempted<std::string>& line) {
+        return line.ErrorNumber() == platform::kInputPastEnd ? Ending::kDone : Ending::kUnread;
+    };
     while (true) {
         const auto entry = next();
-        if (!entry) return Ending::kDone;
+        if (!entry) return endOf(entry);
         const std::string& text = *entry.result;
         if (text.find('/') != text.npos) return Ending::kDamaged;
         const bool isListed = IsListed(text);
         if (!isListed && text == kEndMark) return Ending::kDone;
         if (!isListed && text == "12:00:00 AM") continue;
         const auto line = next();
-        if (!line) return Ending::kDone;
+        if (!line) return endOf(line);
         if (isListed) continue;
         if (line.result->find('/') == std::string::npos) return Ending::kDamaged;
         const auto stamp = Try(Routine(), [&] { return ToStamp(*line.result); });
@@ -111,13 +134,15 @@ void HistoryFile::AskAboutDamage() {
         session_.frmSearch.Hide();
         return;
     }
-    const std::array<std::string, 1> damaged{kind_.path};
-    const auto recycled =
-        Try(kind_.openRoutine, [&] { return session_.platform.trash.Recycle(damaged, {}); });
-    if (recycled) BeginAnew();
+    session_.events.Raise(session_, kRecycleFile, {.path = kind_.path});
+    if (session_.files().Facts(kind_.path)) {
+        session_.state.filesLeftAlone.insert(kind_.path); // as the user wanted it
+    } else {
+        BeginAnew();
+    }
 }
 
-// A folder that can't be written is told when the history is saved.
+// A folder that can't be written is told when the logs open, and a file that stands is kept.
 void HistoryFile::BeginAnew() {
     if (auto made = session_.files().CreateTextFile(kind_.path, false)) (void)(*made)->Close();
 }

@@ -37,11 +37,12 @@ class HistoryFile {
     HistoryRows& Rows() { return rows_; }
     // Reads the file into the rows; a missing one is made, a damaged one asked about.
     void Open();
-    // Takes in what the file has by now, then replaces it. Nothing is asked about.
+    // Takes in what the file has by now, then replaces it. Nothing is asked about its content. One
+    // that could not be read, at the start or now, is left as it is.
     void Save();
 
   private:
-    enum class Ending { kDone, kDamaged };
+    enum class Ending { kDone, kDamaged, kUnread };
 
     template <class Statement>
     auto Try(std::string_view routine, Statement&& statement);

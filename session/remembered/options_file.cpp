@@ -9,6 +9,7 @@
 #include "session/product.h"
 #include "session/prompt_id.h"
 #include "session/remembered/replace_file.h"
+#include "session/remembered/unsaved.h"
 #include "session/session.h"
 #include "session/settings/option_values.h"
 #include "text/characters.h"
@@ -64,6 +65,13 @@ std::string AsName(std::string_view version) {
     return platform::PieceToDrive(name);
 }
 
+ErrorContext ContextOf(const Session& session) {
+    return {.routine = kRoutine,
+            .moduleName = session.frmSearch.Name(),
+            .searchOrDestination = session.state.strOptionFile,
+            .objectType = ObjectType::kFile};
+}
+
 // One reading of the file, from its version to the last line that counts.
 class Reading {
   public:
@@ -93,11 +101,8 @@ class Reading {
     }
     template <class Statement>
     auto Try(Statement&& statement) {
-        const ErrorContext context{.routine = kRoutine,
-                                   .moduleName = session_.frmSearch.Name(),
-                                   .searchOrDestination = path_,
-                                   .objectType = ObjectType::kFile};
-        return Attempt(session_, context, std::forward<Statement>(statement), EndsQuietly);
+        return Attempt(session_, ContextOf(session_), std::forward<Statement>(statement),
+                       EndsQuietly);
     }
     bool Open() {
         auto opened = Try(
@@ -107,12 +112,17 @@ class Reading {
         return stream_ != nullptr;
     }
 
+    // A reading that broke off is no end of the file.
+    void NoteEnd(int error) {
+        if (error != platform::kInputPastEnd) session_.state.blnOptionFileUnread = true;
+    }
+
     bool CheckVersion() {
         if (!Open()) return false;
         std::string version;
         for (int line = 0; line < 2; ++line) {
             auto read = Try([this] { return stream_->ReadLine(); });
-            if (!read) return false;
+            if (!read) return NoteEnd(read.ErrorNumber()), false;
             version = std::move(*read);
         }
         stream_.reset();
@@ -137,10 +147,12 @@ class Reading {
     void ReadLines() {
         while (true) {
             auto line = Try([this] { return stream_->ReadLine(); });
-            if (!line) return;
+            if (!line) return NoteEnd(line.ErrorNumber());
             const OptionLine split = SplitOptionLine(*line);
             if (split.key == kEndMark) return;
             const auto taken = Try([&] { return Take(split); });
+            // What stands behind it was not read, and must not be written over.
+            if (!taken) session_.state.blnOptionFileUnread = true;
             if (!taken && taken.recovery != kRecoveryNext) return;
         }
     }
@@ -186,6 +198,20 @@ void SetUpForNative(Options& options) {
     options.byt512 = options.byt128 = options.bytCompressed = kGrey;
 }
 
+// A file that can't even be looked at may be there: it is told, and left alone.
+bool FindFile(Session& session) {
+    const std::string& path = session.state.strOptionFile;
+    const auto facts = Attempt(
+        session, ContextOf(session), [&] { return session.files().Facts(path); },
+        [](const platform::PlatformError& error) -> std::optional<int> {
+            const bool isMissing =
+                error.number == platform::kFileNotFound || error.number == platform::kPathNotFound;
+            return isMissing ? std::optional<int>(kRecoveryLeave) : std::nullopt;
+        });
+    session.state.blnOptionFileUnread = !facts && facts.recovery != kRecoveryLeave;
+    return facts && !facts->IsFolder();
+}
+
 void TakeNoFile(Session& session) {
     auto& options = session.state.options;
     const int latestYear = options.intLatestYear;
@@ -213,9 +239,7 @@ void ReadFile(Session& session) {
 
 void OpenOptionFile(Session& session) {
     auto& state = session.state;
-    const std::string& path = state.strOptionFile;
-    state.blnOptionFileFound =
-        !platform::DirName(session.files(), path, platform::kDirFiles).empty();
+    state.blnOptionFileFound = FindFile(session);
     if (state.blnOptionFileFound) {
         ReadFile(session);
     } else {
@@ -227,22 +251,29 @@ void OpenOptionFile(Session& session) {
 
 void SaveOptionFile(Session& session) {
     const auto& state = session.state;
-    if (state.blnOptionFileUnread) return;
+    if (state.blnOptionFileUnread)
+        return NoteLeftAlone(session, "SaveOptionFile", state.strOptionFile);
     auto saved = ReplaceTextFile(session.files(), state.strOptionFile, OptionFileText(session));
     if (!saved) TellUnexpected(session, saved.error(), "SaveOptionFile", state.strOptionFile);
 }
 
 void BackUpOptionFile(Session& session) {
     const auto& state = session.state;
-    (void)Attempt(session,
-                  {.routine = "Form_Load",
-                   .moduleName = session.frmSearch.Name(),
-                   .searchOrDestination = state.strOptionBackupFile,
-                   .objectType = ObjectType::kFile},
-                  [&] {
-                      return session.files().CopyFile(state.strOptionFile,
-                                                      state.strOptionBackupFile, true, {});
-                  });
+    (void)Attempt(
+        session,
+        {.routine = "Form_Load",
+         .moduleName = session.frmSearch.Name(),
+         .searchOrDestination = state.strOptionBackupFile,
+         .objectType = ObjectType::kFile},
+        [&] {
+            return session.files().CopyFile(state.strOptionFile, state.strOptionBackupFile, true,
+                                            {});
+        },
+        [&](const platform::PlatformError&) -> std::optional<int> {
+            // That the folder takes nothing is told once, with the logs.
+            if (!TryDataFolder(session)) return kRecoverySkip;
+            return std::nullopt;
+        });
 }
 
 std::string OptionFileText(const Session& session) {

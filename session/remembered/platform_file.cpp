@@ -5,6 +5,7 @@
 #include "platform/try.h"
 #include "session/errors.h"
 #include "session/remembered/replace_file.h"
+#include "session/remembered/unsaved.h"
 #include "session/session.h"
 
 #include <fmt/core.h>
@@ -25,10 +26,16 @@ platform::Result<std::vector<std::string>> ReadLines(platform::FileSystem& files
                                                      std::string_view path) {
     TX_TRY_ASSIGN(const auto stream, files.OpenAsTextStream(path, platform::OpenMode::kRead));
     std::vector<std::string> lines;
-    while (auto line = stream->ReadLine()) {
+    while (true) {
+        auto line = stream->ReadLine();
+        if (!line && line.error().number == platform::kInputPastEnd) return lines;
+        if (!line) return std::unexpected(std::move(line.error()));
         lines.push_back(std::move(*line));
     }
-    return lines;
+}
+
+bool IsMissing(const platform::PlatformError& error) {
+    return error.number == platform::kFileNotFound || error.number == platform::kPathNotFound;
 }
 
 bool IsMountPoint(std::string_view native) {
@@ -71,8 +78,10 @@ PlatformSettings ReadPlatformFile(platform::FileSystem& files, std::string_view 
 
 void OpenPlatformFile(Session& session) {
     auto& state = session.state;
-    const auto& traits = session.platform.traits;
-    state.platformSettings = ReadPlatformFile(session.files(), state.strPlatformFile, traits);
+    const auto usual = UsualSettings(session.platform.traits);
+    const auto lines = ReadLines(session.files(), state.strPlatformFile);
+    state.platformSettings = lines ? ParsePlatformSettings(*lines, usual) : usual;
+    if (!lines && !IsMissing(lines.error())) state.filesLeftAlone.insert(state.strPlatformFile);
     state.options.intLatestYear = state.platformSettings.latestYear;
     for (const std::string& line : state.platformSettings.unknownLines) {
         LogTimed(session, fmt::format(" {} has a line that is not understood: {}",
@@ -85,9 +94,12 @@ void SavePlatformFile(Session& session) {
     auto& files = session.files();
     auto& settings = state.platformSettings;
     const auto old = ReadLines(files, state.strPlatformFile);
-    const bool isUnread = !old && old.error().number != platform::kFileNotFound;
-    if (isUnread)
+    if (!old && !IsMissing(old.error())) {
         return TellUnexpected(session, old.error(), "SavePlatformFile", state.strPlatformFile);
+    }
+    if (state.filesLeftAlone.contains(state.strPlatformFile)) {
+        return NoteLeftAlone(session, "SavePlatformFile", state.strPlatformFile);
+    }
     const auto drives = files.Drives();
     NoteMounts(settings, drives);
     ForgetGoneMounts(settings, drives);

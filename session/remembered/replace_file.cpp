@@ -63,16 +63,12 @@ Result<void> NewTextFile::Finish() {
 }
 
 Result<void> NewTextFile::PutInPlace() {
-    const auto old = files_.Facts(path_);
-    if (!old) {
+    if (!files_.Facts(path_)) {
         TX_TRY(files_.MoveFile(name_, path_, {}));
         name_.clear();
         return {};
     }
-    if (old->attributes & platform::kReadOnly) {
-        (void)files_.SetAttributes(path_, old->attributes & ~platform::kReadOnly);
-    }
-    return files_.CopyFile(name_, path_, true, {});
+    return files_.ReplaceContent(path_, name_);
 }
 
 Result<void> ReplaceTextFile(FileSystem& files, std::string_view path, std::string_view content) {

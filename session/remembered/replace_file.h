@@ -39,7 +39,8 @@ class NewTextFile {
 
 // Gives the text file of that drive path this content, and makes it if it is missing. The content
 // is written beside it first and then put in its place, so that after any failure the old file
-// stands unharmed. A read-only file is replaced too. 61 disk full, 70 refused, 76 no such folder.
+// stands unharmed. A read-only file is replaced too; what exists keeps its mode, and a link leads
+// on to its file. 61 disk full, 70 refused, 76 no such folder.
 platform::Result<void> ReplaceTextFile(platform::FileSystem& files, std::string_view path,
                                        std::string_view content);
 

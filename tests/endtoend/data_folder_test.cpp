@@ -69,5 +69,32 @@ TEST_F(DataFolderTest, AnOptionThatWasSetCounts) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("%UserProfile%")));
 }
 
+TEST_F(DataFolderTest, SettingsKeepTheirModeAndTheirLink) {
+    AddFile("elsewhere/options.txt", "x\r\n0.1.0\r\nblnSort = False\r\n*EOF");
+    fs::permissions(Root() / "elsewhere/options.txt", fs::perms(0640));
+    fs::create_symlink(Root() / "elsewhere/options.txt", DataFolder() / "TXOptionFile.txt");
+    EXPECT_EQ(Run({"options", "set", "blnSort", "True"}).exitCode, 0);
+    EXPECT_TRUE(fs::is_symlink(DataFolder() / "TXOptionFile.txt"));
+    EXPECT_THAT(ReadAll(Root() / "elsewhere/options.txt"), HasSubstr("blnSort = True\r\n"));
+    EXPECT_EQ(fs::status(Root() / "elsewhere/options.txt").permissions(), fs::perms(0640));
+}
+
+TEST_F(DataFolderTest, SetOnAFileThatCannotBeReadWholeSaysSoAndChangesNothing) {
+    const std::string damaged = "x\r\n0.1.0\r\nbytArchive = much\r\nblnSort = True\r\n*EOF";
+    AddData("TXOptionFile.txt", damaged);
+    const Outcome outcome = Run({"options", "set", "blnAllowAll", "True"});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("could not be read whole, so nothing was saved in it"));
+    EXPECT_EQ(Data("TXOptionFile.txt"), damaged);
+}
+
+TEST_F(DataFolderTest, ASearchGoesOnWithoutOneAndSaysThatNothingIsSaved) {
+    AddFile("t/a.txt");
+    const Outcome outcome = Run({"--data-folder", "t/a.txt/data", "search", "*.txt", "--in", "t"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("/t/a.txt\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("The data folder can't be written"));
+}
+
 } // namespace
 } // namespace tarvix::endtoend

@@ -101,7 +101,7 @@ class SimilarProperty : public GenerateFixture {
 
 TEST_F(SimilarProperty, TheIndexFindsWhatThePlainReadingFindsInTheSameOrder) {
     std::vector<std::string> paths;
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 200; ++i) {
         paths.push_back(RandomFolder() + "\\" + RandomName());
         Disk().AddFile(paths.back());
     }
@@ -109,7 +109,7 @@ TEST_F(SimilarProperty, TheIndexFindsWhatThePlainReadingFindsInTheSameOrder) {
     generate::SimilarFinder finder;
     ASSERT_TRUE(finder.Read(S(), "C:\\m"));
     PlainFinder plain(Disk(), "C:\\m");
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < 50; ++i) {
         const std::string own = Up(3) == 1 ? "C:\\t\\" + RandomName() : Pick(paths);
         const std::string base = generate::SimilarBaseName(text::FolderOwnName(own));
         EXPECT_EQ(finder.FindSimilar(base, own), plain.FindSimilar(base, own))

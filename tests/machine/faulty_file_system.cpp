@@ -306,6 +306,11 @@ Result<std::unique_ptr<TextStream>> FaultyFileSystem::CreateTextFile(std::string
     return std::make_unique<FaultyStream>(*this, std::move(stream), std::string(path));
 }
 
+Result<void> FaultyFileSystem::ReplaceContent(std::string_view path, std::string_view from) {
+    TX_TRY(Enter("ReplaceContent", path, from));
+    return files_.ReplaceContent(path, from);
+}
+
 Result<std::unique_ptr<TextStream>> FaultyFileSystem::OpenAsTextStream(std::string_view path,
                                                                        OpenMode mode) {
     TX_TRY(Enter("OpenAsTextStream", path));

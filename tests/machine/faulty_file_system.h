@@ -85,6 +85,7 @@ class FaultyFileSystem : public FileSystem {
                                   std::size_t count) override;
     Result<std::unique_ptr<TextStream>> CreateTextFile(std::string_view path,
                                                        bool overwrite) override;
+    Result<void> ReplaceContent(std::string_view path, std::string_view from) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override { return files_.Drives(); }

@@ -45,4 +45,8 @@ TEST(ColumnsForTheUser, ThreeTellTheirHeader) {
 }
 
 } // namespace
+TEST(ColumnsForTheUser, TheSearchForEntryKeepsItsLeadingZeros) {
+    EXPECT_FALSE(results::kColumns[results::kSearchForEntry].rightAlign);
+}
+
 } // namespace tarvix::testing

@@ -64,6 +64,18 @@ TEST_F(RowDetails, YearRankComesFromTheNameElseFromTheFolder) {
     EXPECT_THAT(Cells(results::kYearRank), ElementsAre("1987-042", "1999"));
 }
 
+TEST_F(RowDetails, VersionSortReadsTheVersionWhereItsColumnIsHidden) {
+    Disk().AddFile("C:\\t\\1\\tool.exe", TestFile("exe64_console_ver.exe")); // 1.2
+    Disk().AddFile("C:\\t\\2\\Tool.exe", TestFile("dll64_ver.dll"));         // 10.0
+    Start();
+    S().blnListItems[results::kVersion] = false;
+    Click(Form().chkIncludeSubFolders);
+    Search("*", "C:\\t");
+    Click(Form().cmdDoVersionSort);
+    EXPECT_THAT(Names(), ElementsAre("Tool.exe", "tool.exe"));
+    EXPECT_GT(program.Rows().VersionKey(0), program.Rows().VersionKey(1));
+}
+
 TEST_F(RowDetails, VersionSortPutsTheHighestVersionOfEachNameFirst) {
     Disk().AddFile("C:\\t\\1\\tool.exe", TestFile("exe64_console_ver.exe"));  // 1.2
     Disk().AddFile("C:\\t\\2\\Tool.exe", TestFile("dll64_ver.dll"));          // 10.0

@@ -232,6 +232,21 @@ TEST_F(Locations, ClearingEmptiesTheBox) {
     EXPECT_EQ(Form().cmbDir.Text.Get(), "");
 }
 
+TEST_F(Locations, OneThatCannotBeLookedAtIsAskedAboutInEveryModeAndMayBeRetried) {
+    Start();
+    State().options.blnAutoMode = true;
+    machine.faults.ResetCounts();
+    machine.faults.FailCall("Facts", 1, platform::kDiskNotReady);
+    prompts.Queue("Yes");
+    EXPECT_EQ(search::ParseSearchFolder(S(), "C:\\a").folders.front().folder, "C:\\a");
+    EXPECT_EQ(prompts.Records().size(), 1U);
+    EXPECT_EQ(prompts.Records().front().title, "Bad File or Folder Name");
+    machine.faults.FailPath("C:\\a", platform::kDiskNotReady, "Facts");
+    prompts.Queue("No");
+    EXPECT_EQ(search::ParseSearchFolder(S(), "C:\\a").folders.front().folder, "");
+    EXPECT_EQ(prompts.Records().size(), 2U) << "one question, and no sentence that it is missing";
+}
+
 TEST_F(Locations, ResolvingTellsFilesFoldersAndNothingApart) {
     Start();
     using search::ObjectKind;

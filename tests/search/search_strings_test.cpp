@@ -171,4 +171,18 @@ TEST_F(SearchStrings, AStandingEntryLosesItsLeadingBlanks) {
 }
 
 } // namespace
+TEST_F(SearchStrings, ABarBehindARecycleFolderLeavesItTheLastPiece) {
+    EXPECT_TRUE(search::ParseSearchFor("*recyc*|").blnRecycleAllowed);
+    EXPECT_TRUE(search::ParseSearchFor("x|*recyc*||").blnRecycleAllowed);
+    EXPECT_FALSE(search::ParseSearchFor("*recyc*|x").blnRecycleAllowed);
+}
+
+TEST_F(SearchStrings, SubfoldersThatMayNotBeSelectedMayNotAfterASearchEither) {
+    Start();
+    State().options.blnAllowUserSelectSubfolders = false;
+    Form().chkIncludeSubFolders.Enabled = false;
+    Search("*", "C:\\t");
+    EXPECT_FALSE(Form().chkIncludeSubFolders.Enabled);
+}
+
 } // namespace tarvix::testing

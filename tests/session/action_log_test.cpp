@@ -127,6 +127,33 @@ TEST_F(ActionLogFile, AWriteThatFailsEndsOnlyThatEntry) {
     EXPECT_TRUE(HasEntry(log, " second"));
 }
 
+TEST_F(ActionLogFile, IsAlwaysANewOne) {
+    const std::string taken = "C:\\home\\ann\\tarvix\\TXAction 11.15.26 19.54.52.log";
+    Disk().AddFile(taken, "an earlier run's");
+    Start();
+    EXPECT_EQ(State().strActionLogFile, "C:\\home\\ann\\tarvix\\TXAction 11.15.26 19.54.53.log");
+    EXPECT_EQ(Disk().Content(taken), "an earlier run's");
+}
+
+TEST_F(ActionLogFile, TheFirstFailedWriteIsToldOnceAtTheNextYield) {
+    Start();
+    machine.faults.FailAll("Write", platform::kDiskFull);
+    session::LogTimed(S(), " first");
+    session::LogTimed(S(), " second");
+    EXPECT_EQ(TimesTold("A log of this run can't be written: "), 0U);
+    S().Yield();
+    session::LogTimed(S(), " third");
+    S().Yield();
+    EXPECT_EQ(TimesTold("A log of this run can't be written: "), 1U);
+    EXPECT_TRUE(State().blnLogFailed);
+}
+
+TEST_F(ActionLogFile, CarriedCharactersStandAsThemselves) {
+    Start();
+    session::LogTimed(S(), " C:\\a\uF03Ab");
+    EXPECT_NE(LogText().find(" C:\\a:b\r\n"), std::string::npos);
+}
+
 class TimeText : public ProgramFixture {};
 
 TEST_F(TimeText, FollowsTheClock) {

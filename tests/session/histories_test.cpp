@@ -465,6 +465,29 @@ TEST_F(Histories, AFileThatCannotBeOpenedIsAskedAboutAndNotLost) {
     EXPECT_THAT(Folders(), IsEmpty());
 }
 
+TEST_F(Histories, AFileThatCannotBeReadIsNeverReplaced) {
+    for (const char* operation : {"OpenAsTextStream", "Facts"}) {
+        Disk().AddFile(kFolderFile, Pairs(2) + "*EOF");
+        app::Program next(machine.platform, prompts);
+        machine.faults.FailPath(kFolderFile, platform::kPermissionDenied, operation);
+        next.Start("");
+        machine.faults.ClearFaults();
+        next.Stop();
+        EXPECT_EQ(Disk().Content(kFolderFile), Pairs(2) + "*EOF") << operation;
+    }
+}
+
+TEST_F(Histories, ADamagedFileThatCannotBeRecycledIsAskedAboutAndKept) {
+    const std::string damaged = Pair("a/b", Minute(1)) + "*EOF";
+    Disk().AddFile(kFolderFile, damaged);
+    machine.bin.SetHasTrash("C:", false);
+    prompts.Queue("No");
+    prompts.Queue("cmdNo");
+    Start();
+    EXPECT_EQ(prompts.Records().back().form, "frmOverrideRecycleFail");
+    EXPECT_EQ(SavedFolders(), damaged);
+}
+
 // ---- fixed rows ----
 
 TEST_F(Histories, TitlesStandAboveTheHistoryAndStampsFollowTheirRows) {

@@ -97,6 +97,18 @@ TEST_F(Lifecycle, ADataFolderThatTakesNothingIsToldOnceAtTheEnd) {
     EXPECT_TRUE(State().blnEnded);
 }
 
+TEST_F(Lifecycle, ADataFolderThatTakesNothingIsToldOnceAtTheStartAndASearchGoesOn) {
+    Disk().AddFile("C:\\t\\a.txt");
+    Disk().AddFile(kFolder + "TXFSSearchHistoryFile.txt", "*EOF");
+    machine.faults.FailAll("CreateTextFile", platform::kPermissionDenied);
+    Start();
+    Search("*", "C:\\t");
+    program.Stop();
+    EXPECT_EQ(Names(), std::vector<std::string>{"a.txt"});
+    EXPECT_EQ(TimesTold("The data folder can't be written: "), 1U);
+    EXPECT_EQ(prompts.Records().size(), 1U);
+}
+
 TEST_F(Lifecycle, AStartThatNeverCameToItsEndSavesNothing) {
     Disk().AddFile(kFolder + "TXOptionFile.txt", "mine");
     program.Stop();

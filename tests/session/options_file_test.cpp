@@ -491,6 +491,25 @@ TEST_F(OptionsFile, AFileThatCannotBeOpenedIsToldAndLeftAlone) {
     EXPECT_EQ(Saved(), before);
 }
 
+TEST_F(OptionsFile, AFileThatCannotBeLookedAtIsToldAndLeftAlone) {
+    Given("blnSort = True\r\n");
+    const std::string before = *Disk().Content(kFile);
+    machine.faults.FailPath(kFile, platform::kPermissionDenied, "Facts");
+    Start();
+    EXPECT_TRUE(WasTold("Permission denied on "));
+    machine.faults.ClearFaults();
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(OptionsFile, AFileThatWasNotReadWholeIsNeverReplaced) {
+    Given("bytArchive = much\r\nblnAllowAll = True\r\n");
+    const std::string before = *Disk().Content(kFile);
+    Start();
+    EXPECT_EQ(Saved(), before);
+    EXPECT_THAT(*Disk().Content(State().strErrorLogFile),
+                HasSubstr(" Routine : SaveOptionFile\r\n"));
+}
+
 TEST_F(OptionsFile, ASaveThatFailsAtAnyCallLeavesTheOldFileUnharmed) {
     Given("blnSort = True\r\n");
     Start();

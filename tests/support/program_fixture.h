@@ -32,7 +32,12 @@ class ProgramFixture : public ::testing::Test {
     // Searches `patterns` in `locations`; the other criteria as they stand.
     void Search(std::string_view patterns, std::string_view locations);
     void LookForAllAttributes(); // every attribute box grey
-    void WithSubfolders() { Set(Form().chkIncludeSubFolders, "1"); }
+    // As by the Options menu, so that they may be chosen again after a search.
+    void WithSubfolders() {
+        State().options.blnAllowUserSelectSubfolders = true;
+        Form().chkIncludeSubFolders.Enabled = true;
+        Set(Form().chkIncludeSubFolders, "1");
+    }
     // Copies the selected rows to `destination`, confirmed, as a user would in the action window.
     void CopySelected(std::string_view destination);
     void CopyAll(std::string_view destination);

@@ -9,8 +9,9 @@
 #include <iterator>
 
 // The program is killed, or told that it failed, at one file system call after the other. Whatever
-// happens, no content is lost and no half file bears a final name. Places that stand empty though
-// something was to be overwritten there, and temporary files left behind, are counted.
+// happens, no content is lost, no half file bears a final name, what was to be overwritten stands
+// or is in the trash, the modes of the sources are theirs, and the next action in the same folders
+// takes away what was left there.
 namespace tarvix::sweep {
 namespace {
 
@@ -64,6 +65,7 @@ struct Row {
     std::size_t lost = 0;
     std::size_t broken = 0;
     std::size_t gone = 0;
+    std::size_t changed = 0;
     std::size_t left = 0;
 };
 
@@ -78,13 +80,25 @@ class SweepTest : public ::testing::TestWithParam<Command> {
         row.lost += damage.lost.size();
         row.broken += damage.broken.size();
         row.gone += damage.gone.size();
-        row.left += damage.left.size();
+        row.changed += damage.changed.size();
         const std::string when = std::string(fault) + " at call " + std::to_string(plan.call) +
                                  ", " + run.hitCall + " " + run.hitPath + "\n";
         EXPECT_TRUE(damage.lost.empty())
             << damage.lost.front() << " is lost, " << when << world.Listing();
         EXPECT_TRUE(damage.broken.empty())
             << damage.broken.front() << " is no whole file, " << when << world.Listing();
+        EXPECT_TRUE(damage.gone.empty())
+            << damage.gone.front() << " is gone, " << when << world.Listing();
+        EXPECT_TRUE(damage.changed.empty())
+            << damage.changed.front() << " has another mode, " << when << world.Listing();
+        if (damage.left.empty()) return;
+        world.RunFreely(GetParam().words);
+        const Damage later = world.Assess();
+        row.left += later.left.size();
+        EXPECT_TRUE(later.left.empty())
+            << later.left.front() << " is still there, " << when << world.Listing();
+        EXPECT_TRUE(later.lost.empty())
+            << later.lost.front() << " is lost at the next action, " << when << world.Listing();
     }
 
     SweepWorld world;
@@ -112,7 +126,8 @@ TEST_P(SweepTest, LosesNothing) {
         EXPECT_GT(row.runs, 0) << fault.name;
         std::cout << GetParam().name << ", " << fault.name << ": " << row.runs << " runs, lost "
                   << row.lost << ", half under a final name " << row.broken << ", target gone "
-                  << row.gone << ", left behind " << row.left << "\n";
+                  << row.gone << ", mode changed " << row.changed << ", left behind " << row.left
+                  << "\n";
     }
 }
 

@@ -17,6 +17,7 @@ namespace tarvix::sweep {
 namespace {
 
 constexpr std::string_view kData = ".dat";
+constexpr std::string_view kHiddenName = "/.tarvix-";
 
 fs::path MadeBelow(const fs::path& folder) {
     std::string pattern = (folder / "tarvix-sweep-XXXXXX").string();
@@ -86,8 +87,17 @@ void SweepWorld::Reset() {
     for (const fs::path& place : {root_, disk_}) {
         if (!place.empty()) EmptyFolder(place);
     }
-    for (const char* name : {"s/a.dat", "s/b.dat", "s/c.dat", "s/sub/d.dat", "s/sub/deep/e.dat"}) {
+    modes_.clear();
+    // Modes that no round trip over "read-only" would give back.
+    const std::vector<std::pair<const char*, mode_t>> sources{{"s/a.dat", 0644},
+                                                              {"s/b.dat", 0464},
+                                                              {"s/c.dat", 0575},
+                                                              {"s/sub/d.dat", 0444},
+                                                              {"s/sub/deep/e.dat", 0600}};
+    for (const auto& [name, mode] : sources) {
         AddFile(root_ / name);
+        ::chmod((root_ / name).c_str(), mode);
+        modes_.emplace_back(root_ / name, mode);
     }
     for (const fs::path& place : {root_, disk_}) {
         if (place.empty()) continue;
@@ -137,31 +147,46 @@ int SweepWorld::RunFreely(const std::string& command) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+void SweepWorld::AssessFile(const fs::path& file, std::set<std::string>& found,
+                            std::set<std::string>& trashed, Damage& damage) const {
+    std::string content = ReadAll(file);
+    const bool isWhole = contents_.contains(content);
+    const std::string path = file.string();
+    const bool isHidden = path.contains(kHiddenName);
+    if (file.extension() == kData && !isWhole && !isHidden) damage.broken.push_back(path);
+    if (!isWhole) return;
+    // A copy under a hidden name will be taken away: it saves nothing.
+    if (isHidden) return;
+    if (path.contains("/Trash/") || path.contains("/.Trash")) trashed.insert(content);
+    found.insert(std::move(content));
+}
+
 Damage SweepWorld::Assess() const {
     Damage damage;
     std::set<std::string> found;
+    std::set<std::string> trashed;
     for (const fs::path& root : Roots()) {
         for (const auto& entry : fs::recursive_directory_iterator(root)) {
-            if (!entry.is_regular_file() || entry.is_symlink()) continue;
-            std::string content = ReadAll(entry);
-            const bool isWhole = contents_.contains(content);
-            if (entry.path().extension() == kData && !isWhole) {
-                damage.broken.push_back(entry.path().string());
-            }
-            const bool isOfOurs = entry.path().string().contains("/data/") ||
-                                  entry.path().parent_path() == root_ ||
-                                  entry.path().extension() == ".trashinfo";
-            if (entry.path().extension() != kData && !isOfOurs) {
+            if (entry.path().filename().string().starts_with(kHiddenName.substr(1))) {
                 damage.left.push_back(entry.path().string());
             }
-            if (isWhole) found.insert(std::move(content));
+            if (!entry.is_regular_file() || entry.is_symlink()) continue;
+            AssessFile(entry.path(), found, trashed, damage);
         }
     }
     for (const std::string& content : contents_) {
         if (!found.contains(content)) damage.lost.push_back(PathIn(content));
     }
     for (const fs::path& target : targets_) {
-        if (!fs::exists(fs::symlink_status(target))) damage.gone.push_back(target.string());
+        if (fs::exists(fs::symlink_status(target))) continue;
+        const bool isTrashed = std::ranges::any_of(
+            trashed, [&](const auto& content) { return PathIn(content) == target.string(); });
+        if (!isTrashed) damage.gone.push_back(target.string());
+    }
+    for (const auto& [source, mode] : modes_) {
+        struct stat facts {};
+        if (::lstat(source.c_str(), &facts) != 0) continue;
+        if ((facts.st_mode & 07777) != mode) damage.changed.push_back(source.string());
     }
     return damage;
 }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tests/model/model_tree.h"
+#include "tests/model/request.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvix::model {
+
+// What a run should leave, and say by its exit code.
+struct Expected {
+    int exitCode = 0;                 // -1 for any
+    bool hasSkipped = false;          // by the request's own choice, or as there was nothing to do
+    bool isUndecided = false;         // it would overwrite what it has put somewhere itself
+    std::vector<std::string> trashed; // contents of files, sorted
+};
+
+// Does to the tree what a request should do to it. `root` is the folder that the tree is, as a
+// path; what is looked for lies in "p/in".
+Expected Apply(Node& tree, const std::string& root, const Request& request, const Actor& actor);
+
+} // namespace tarvix::model

@@ -22,7 +22,7 @@ class ActionFixture : public ProgramFixture {
     void Find(int kind = 0, std::string_view location = "C:\\t", std::string_view patterns = "*") {
         if (!isStarted_) Start();
         isStarted_ = true;
-        Set(Form().chkIncludeSubFolders, "1");
+        WithSubfolders();
         LookForAllAttributes();
         if (Form().optFilesVsDirs.Chosen() != kind) Choose(Form().optFilesVsDirs, kind);
         Search(patterns, location);

@@ -10,10 +10,10 @@ using ::testing::HasSubstr;
 class MakeFoldersCommandTest : public CliFixture {};
 
 TEST_F(MakeFoldersCommandTest, MakesNumberedCountedAndListedFolders) {
-    EXPECT_EQ(Run({"make-folders", "--in", "/tmp", "--from", "8", "--count", "3"}), kDone);
+    EXPECT_EQ(Run({"make-folders", "--in", "/tmp", "--from", "98", "--count", "3"}), kDone);
     EXPECT_EQ(Out(), "Made 3 of 3 folders.\n");
-    EXPECT_TRUE(Disk().Exists("C:\\tmp\\08"));
-    EXPECT_TRUE(Disk().Exists("C:\\tmp\\10"));
+    EXPECT_TRUE(Disk().Exists("C:\\tmp\\098"));
+    EXPECT_TRUE(Disk().Exists("C:\\tmp\\100"));
     EXPECT_EQ(Run({"make-folders", "--in", "/tmp", "--from", "y", "--to", "10"}), kDone);
     EXPECT_TRUE(Disk().Exists("C:\\tmp\\Z"));
     Disk().AddFile("C:\\home\\ann\\l.txt", "one\n*EOF\n");

@@ -19,6 +19,7 @@ namespace tarvix::forms {
 using SearchWindowTest = WindowFixture;
 
 TEST_F(SearchWindowTest, ASearchFillsTheListAndTheCounters) {
+    S().state.options.blnAllowUserSelectSubfolders = true;
     Search("*.mp3", "C:\\home\\ann\\Music");
     EXPECT_EQ(S().rows->Count(), 0U);
     Find<QCheckBox>("chkIncludeSubFolders")->click();

@@ -32,7 +32,7 @@ class GenerateFixture : public ProgramFixture {
     // Finds everything of a kind (optFilesVsDirs) below C:\t, by name, and selects it.
     void Find(int kind = 0, std::string_view patterns = "*", std::string_view location = "C:\\t") {
         Begin();
-        Set(Form().chkIncludeSubFolders, "1");
+        WithSubfolders();
         LookForAllAttributes();
         if (Form().optFilesVsDirs.Chosen() != kind) Choose(Form().optFilesVsDirs, kind);
         Search(patterns, location);

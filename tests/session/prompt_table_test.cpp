@@ -43,7 +43,8 @@ TEST(PromptTable, WhatIsConfirmedUnaskedIsTheActionThatWasAskedFor) {
         if (facts.role == PromptRole::kConfirmation) confirmed.insert(facts.id);
     }
     EXPECT_EQ(confirmed, (std::set{PromptId::kConfirmCopyOrMove, PromptId::kConfirmWrite,
-                                   PromptId::kConfirmRename, PromptId::kConfirmDelete}));
+                                   PromptId::kConfirmRename, PromptId::kConfirmDelete,
+                                   PromptId::kConfirmBatchMove}));
 }
 
 TEST(PromptTable, WhatOnlyAsksForAnotherTryIsMarked) {

@@ -10,8 +10,8 @@ struct Session;
 
 namespace tarvix::actions {
 
-// Copies without a name that runs which were killed left behind. Each folder that an action comes by
-// is looked through once; what goes is logged and counted in `lastAction`.
+// Copies without a name that runs which were killed left behind. Each folder that an action comes
+// by is looked through once; what goes is logged and counted in `lastAction`.
 class LeftParts {
   public:
     // `path` of an object, in the folder or to be put there.

@@ -27,7 +27,7 @@ std::int64_t ValueOf(std::string_view rank) {
 
 // A year, with or without its hyphen.
 bool IsYear(std::string_view key) {
-    constexpr std::array<std::string_view, 4> kForms{"1???", "1???-", "2???", "2???-"};
+    constexpr std::array<std::string_view, 4> kForms{"1???", "1??\?-", "2???", "2??\?-"};
     return std::ranges::any_of(kForms, [key](auto form) { return text::Like(key, form); });
 }
 

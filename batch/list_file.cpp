@@ -20,8 +20,9 @@ bool IsMark(std::string_view line, ListMarks marks) {
 Result<bool> EndsInsideALine(platform::FileSystem& files, std::string_view path) {
     TX_TRY_ASSIGN(const platform::ObjectFacts facts, platform::GetFile(files, path));
     if (facts.size == 0) return false;
-    TX_TRY_ASSIGN(const std::string last, files.ReadBytes(path, facts.size - 1, 1));
-    return last != "\n";
+    const auto last = files.ReadBytes(path, facts.size - 1, 1);
+    if (!last) return std::unexpected(last.error());
+    return !last->ends_with('\n');
 }
 
 } // namespace

@@ -22,6 +22,8 @@ std::string StyleOf(const session::PromptRecord& prompt) {
         return "folder";
     case session::PromptKind::kFile:
         return "file";
+    case session::PromptKind::kNewFile:
+        return "new file";
     case session::PromptKind::kForm:
         break;
     }

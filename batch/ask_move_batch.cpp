@@ -99,7 +99,7 @@ std::optional<PickedList> PickList(Session& session, const ListKind& kind) {
     if (path.empty()) return {};
     const auto length = MeasureMarked(session, kind, path);
     if (!length) {
-        session::TellUnexpected(session, length.error(), kRoutine, path);
+        session::TellUnexpected(session, length.error(), kRoutine, path, "frmSearch");
         return {};
     }
     if (!*length) return {};

@@ -11,6 +11,7 @@
 #include "session/search_lock.h"
 #include "session/session.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -21,6 +22,7 @@ namespace {
 using platform::Result;
 using session::Session;
 
+constexpr std::string_view kAction = "Automated Move";
 constexpr std::string_view kRoutine = "mnuTools_AutomatedMove_Click";
 constexpr int kFiles = 0; // of optFilesVsDirs
 constexpr int kEmptyFolders = 4;
@@ -69,7 +71,7 @@ class MoveRun {
 
     void RunStep(const StepLine& line) {
         auto& state = session_.state;
-        state.strAction = "Automated Move";
+        state.strAction = kAction;
         state.batch = {.strDestination = session_.platform.paths.ToDrive(line.destination),
                        .blnSkip = !batch_.renamesDuplicates,
                        .blnRename = batch_.renamesDuplicates};
@@ -77,14 +79,18 @@ class MoveRun {
         session_.frmSearch.cmbSearchFor.Text = line.search;
         session_.Raise(session_.frmSearch.cmdSearch, "Click");
         const auto& totals = state.lastAction;
-        outcome_.steps.push_back({.search = line.search,
-                                  .destination = line.destination,
-                                  .done = totals.done,
-                                  .skipped = totals.skipped,
-                                  .duplicates = totals.duplicates,
-                                  .failed = totals.failed,
-                                  .isSkipped = state.blnSkipSearch,
-                                  .wrong = state.batch.strWrong});
+        outcome_.steps.push_back(
+            {.search = line.search,
+             .destination = line.destination,
+             .done = totals.done,
+             .skipped = totals.skipped,
+             .duplicates = totals.duplicates,
+             .failed = totals.failed,
+             .copiedOnly = totals.copiedOnly,
+             .notReached = std::max<std::int64_t>(
+                 totals.wanted - totals.done - totals.skipped - totals.failed, 0),
+             .isSkipped = state.blnSkipSearch,
+             .wrong = state.batch.strWrong});
     }
 
     // Each pass deletes the folders that the last one has emptied.
@@ -119,7 +125,9 @@ std::string_view EndText(const BatchOutcome& outcome) {
 bool BatchOutcome::HasErrors() const {
     if (error) return true;
     for (const BatchStep& step : steps) {
-        if (!step.wrong.empty() || step.failed > 0 || step.skipped > step.duplicates) return true;
+        const std::int64_t undone =
+            step.failed + step.copiedOnly + step.notReached + step.skipped - step.duplicates;
+        if (!step.wrong.empty() || undone > 0) return true;
     }
     return false;
 }
@@ -133,36 +141,36 @@ BatchOutcome RunAutomatedMove(Session& session, const MoveBatch& batch) {
     BatchOutcome outcome = MoveRun(session, batch).Run();
     state.blnAutoMove = state.blnBatchDeleteEmpty = false;
     if (outcome.error) {
-        session::TellUnexpected(session, *outcome.error, kRoutine, batch.searchList);
+        session::TellUnexpected(session, *outcome.error, kRoutine, batch.searchList, "frmSearch");
     }
     session::UnlockAfterSearch(session);
     session.frmSearch.mnuOptions.Enabled = true;
     return outcome;
 }
 
-std::vector<PlannedStep> PlanAutomatedMove(Session& session, const MoveBatch& batch) {
+Result<std::vector<PlannedStep>> PlanAutomatedMove(Session& session, const MoveBatch& batch) {
     const BatchPrompts prompts(session);
     auto& form = session.frmSearch;
-    session.state.strAction = "Automated Move"; // whose searches ask nothing
+    session.state.strAction = kAction; // whose searches ask nothing
     StepLines lines(session.files(), batch.searchList, batch.destinationList);
+    TX_TRY(lines.Restart());
     std::vector<PlannedStep> plan;
-    if (!lines.Restart()) return plan;
     while (true) {
-        const auto line = lines.Next();
-        if (!line || !*line) return plan;
-        form.cmbSearchFor.Text = (*line)->search;
+        TX_TRY_ASSIGN(const std::optional<StepLine> line, lines.Next());
+        if (!line) return plan;
+        form.cmbSearchFor.Text = line->search;
         session.Raise(form.cmdSearch, "Click");
         if (IsStopped(session.state)) return plan;
-        const std::string folder = session.platform.paths.ToDrive((*line)->destination);
-        plan.push_back({.search = (*line)->search,
-                        .destination = (*line)->destination,
+        const std::string folder = session.platform.paths.ToDrive(line->destination);
+        plan.push_back({.search = line->search,
+                        .destination = line->destination,
                         .matches = session.state.lngFilesFound + session.state.lngFoldersFound,
                         .isThere = platform::GetFolder(session.files(), folder).has_value()});
     }
 }
 
 void mnuTools_AutomatedMove_Click(Session& session) {
-    session.state.strAction = "Automated Move";
+    session.state.strAction = kAction;
     session::LogTimed(session, " User selected to do a batch search and move.");
     const auto batch = AskMoveBatch(session);
     if (!batch) return;

@@ -14,8 +14,9 @@ namespace tarvix::batch {
 BatchOutcome RunAutomatedMove(session::Session& session, const MoveBatch& batch);
 
 // What such a run would find, line by line, each search on the disk as it stands: nothing is moved.
-// Ends early when it is stopped, or a list can't be read on.
-std::vector<PlannedStep> PlanAutomatedMove(session::Session& session, const MoveBatch& batch);
+// Ends early when it is stopped; the error of a list that can't be read on.
+platform::Result<std::vector<PlannedStep>> PlanAutomatedMove(session::Session& session,
+                                                             const MoveBatch& batch);
 
 // Asks for all of a batch, runs it and tells how it ended.
 void mnuTools_AutomatedMove_Click(session::Session& session);

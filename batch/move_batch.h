@@ -35,6 +35,8 @@ struct BatchStep {
     std::int64_t skipped = 0;
     std::int64_t duplicates = 0; // of the skipped
     std::int64_t failed = 0;
+    std::int64_t copiedOnly = 0; // of the done, those whose originals still stand
+    std::int64_t notReached = 0;
     bool isSkipped = false; // the user went on to the next search
     std::string wrong;      // why nothing of it was done; empty when all went well
 };
@@ -45,7 +47,7 @@ struct BatchOutcome {
     bool isStopped = false;
     std::optional<platform::PlatformError> error; // that ended it; it was told and recorded
 
-    // Whether a step was left out or an object failed.
+    // Whether a step was left out, or an object not moved as asked.
     bool HasErrors() const;
 };
 

@@ -106,11 +106,12 @@ nlohmann::ordered_json EntryAsJson(Session& session, const actions::PreviewEntry
             {"Verdict", actions::VerdictText(entry.verdict)}};
 }
 
+// Whether it would be done as asked, as the exit code of the action itself counts it.
 bool IsDone(actions::Verdict verdict) {
     using actions::Verdict;
     return verdict == Verdict::kCopy || verdict == Verdict::kMove || verdict == Verdict::kRename ||
            verdict == Verdict::kDuplicateRename || verdict == Verdict::kDuplicateOverwrite ||
-           verdict == Verdict::kProtectedCopy;
+           verdict == Verdict::kDuplicateSkip;
 }
 
 // Prints what would happen; gives the exit code.

@@ -191,6 +191,10 @@ void AddAutoMove(CLI::App& app, Command& chosen) {
             if (request.searches.empty() || request.destinations.empty()) {
                 Refuse("Name both lists, with --searches FILE and --destinations FILE.");
             }
+            constexpr int kFolders = 3; // of --kind
+            if (request.thenFiles && request.criteria.kind != kFolders) {
+                Refuse("--then-files goes with --kind folders: without it files are moved anyway.");
+            }
         });
     AddTests(command, move.criteria);
     Options options(command, kActionGroup);

@@ -27,8 +27,8 @@ std::optional<batch::ListLength> Measure(Host& host, platform::FileSystem& files
                                          batch::ListMarks marks) {
     const auto length = batch::MeasureList(files, path, marks);
     if (!length) {
-        Complain(host,
-                 fmt::format("The list {} can't be read: {}", typed, length.error().description));
+        Complain(host, fmt::format("The list {} can't be read: {}.", typed,
+                                   platform::ErrorText(length.error().number)));
         return {};
     }
     if (!length->isMarked) {
@@ -64,9 +64,14 @@ nlohmann::ordered_json AsJson(const PlannedStep& step) {
 }
 
 nlohmann::ordered_json AsJson(const BatchStep& step) {
-    return {{"Search", step.search}, {"Destination", step.destination},
-            {"Moved", step.done},    {"SkippedAsTheyExist", step.duplicates},
-            {"Failed", step.failed}, {"Skipped", step.skipped - step.duplicates},
+    return {{"Search", step.search},
+            {"Destination", step.destination},
+            {"Moved", step.done - step.copiedOnly},
+            {"SkippedAsTheyExist", step.duplicates},
+            {"Failed", step.failed},
+            {"CopiedOnly", step.copiedOnly},
+            {"NotReached", step.notReached},
+            {"Skipped", step.skipped - step.duplicates},
             {"Wrong", step.wrong}};
 }
 
@@ -85,11 +90,15 @@ int PrintPlan(Host& host, const std::vector<PlannedStep>& plan, bool asJson) {
 
 void PrintStep(Host& host, const BatchStep& step, bool asJson) {
     if (asJson) return PrintJson(AsJson(step), host.out);
-    std::string line = fmt::format("{} moved", step.done);
+    std::string line = fmt::format("{} moved", step.done - step.copiedOnly);
     if (step.duplicates > 0) line += fmt::format(", {} skipped as they exist", step.duplicates);
     if (step.skipped > step.duplicates) {
         line += fmt::format(", {} skipped", step.skipped - step.duplicates);
     }
+    if (step.copiedOnly > 0) {
+        line += fmt::format(", {} copied only, the originals still stand", step.copiedOnly);
+    }
+    if (step.notReached > 0) line += fmt::format(", {} not reached", step.notReached);
     if (step.failed > 0) line += fmt::format(", {} failed", step.failed);
     if (!step.wrong.empty()) line += fmt::format(", left out: {}", step.wrong);
     host.out << fmt::format("{}\t{}\t{}\n", step.search, step.destination, line);
@@ -100,7 +109,7 @@ int PrintOutcome(Host& host, const BatchOutcome& outcome, bool asJson) {
     std::int64_t failed = 0;
     for (const BatchStep& step : outcome.steps) {
         PrintStep(host, step, asJson);
-        moved += step.done;
+        moved += step.done - step.copiedOnly;
         failed += step.failed;
     }
     if (!asJson) {
@@ -139,7 +148,11 @@ int Run(Host& host, const platform::Platform& machine, const AutoMoveRequest& re
         if (!finding.Fill(session, request.criteria)) return kBadRequest;
         const Watch watch(host, session);
         if (request.dryRun) {
-            return PrintPlan(host, batch::PlanAutomatedMove(session, asked), request.json);
+            const auto plan = batch::PlanAutomatedMove(session, asked);
+            if (plan) return PrintPlan(host, *plan, request.json);
+            Complain(host, fmt::format("A list can't be read on: {}.",
+                                       platform::ErrorText(plan.error().number)));
+            return kSomeFailed;
         }
         return PrintOutcome(host, batch::RunAutomatedMove(session, asked), request.json);
     };

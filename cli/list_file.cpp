@@ -54,7 +54,7 @@ int PrintList(Host& host, Session& session, const generate::ListRequest& request
             return host.out.good() && !host.interrupted();
         });
     host.out.flush();
-    const std::string leftOut = generate::LeftOutText(outcome);
+    const std::string leftOut = generate::LeftOutText(session, outcome);
     if (!leftOut.empty()) Tell(host, leftOut);
     const bool isAll = outcome.written == static_cast<std::int64_t>(source->Count());
     return isAll && outcome.IsDone() ? kDone : kSomeFailed;

@@ -86,8 +86,7 @@ void ScriptRunner::RunNext() {
         throw ScriptStopped{statement.line, done.error()};
     }
     const auto& totals = Session().state.lastAction;
-    someFailed_ = someFailed_ || totals.failed > 0 || totals.copiedOnly > 0 ||
-                  totals.skipped > totals.duplicates;
+    someFailed_ = someFailed_ || !totals.IsAsAsked();
     CheckInterruption();
 }
 

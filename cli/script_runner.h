@@ -36,7 +36,7 @@ class ScriptRunner {
     void SetInterrupted(std::function<bool()> interrupted) {
         interrupted_ = std::move(interrupted);
     }
-    // Whether an action failed on objects, or skipped some that are no duplicates.
+    // Whether an action left something undone, other than by the rule for duplicates.
     bool SomeFailed() const { return someFailed_; }
     // The line of the statement under work, or the last one.
     int Line() const { return line_; }

@@ -80,7 +80,7 @@ void FileTree::AddFolder(Session& session, Reading& reading, std::string_view na
         session::LogTimed(session,
                           fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed "
                                       "(Ubuntu).",
-                                      path));
+                                      session.Shown(path)));
         return;
     }
     if (!isWalkable || !platform::CanBeName(name) || session::IsRecycleBinPath(path)) return;

@@ -30,10 +30,12 @@ ListPaths::ListPaths(session::Session& session)
 
 void ListPaths::Append(std::string& out, std::string_view drivePath) {
     if (!isNative_) {
-        const bool fits = text::Length(drivePath) <= session::kFolderPortion;
-        out += fits ? std::string(drivePath)
-                    : session::MixPath(drivePath, session::ShortFormOf(drivePath),
-                                       session::kFolderPortion);
+        if (session::ExceedsLimit(session_, drivePath, session::kFolderPortion)) {
+            out += session::MixPath(drivePath, session::ShortFormOf(drivePath),
+                                    session::kFolderPortion);
+        } else {
+            out += drivePath;
+        }
         return;
     }
     const std::size_t slash = drivePath.rfind('\\');

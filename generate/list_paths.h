@@ -18,7 +18,7 @@ class ListPaths {
 
     bool IsNative() const { return isNative_; }
     // Appends a full drive path. In drive form one of 248 characters and more has short names in
-    // front.
+    // front, unless `LongestPath` leaves lengths to the disk.
     void Append(std::string& out, std::string_view drivePath);
     std::string Of(std::string_view drivePath);
     // Appends one name.

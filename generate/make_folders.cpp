@@ -49,9 +49,9 @@ session::ErrorContext Context(const std::string& path, const std::string& place)
 // One folder. A failure is recorded, and the next one follows.
 void MakeOne(Session& session, const std::string& place, const std::string& name, Made& made) {
     std::string path = text::JoinPath(place, name);
-    session.frmDialog.lblStatus.Caption = "Making " + path;
+    session.frmDialog.lblStatus.Caption = fmt::format("Making {}", session.Shown(path));
     session.Yield();
-    if (text::Length(path) > session::kFolderPortion) {
+    if (session::ExceedsLimit(session, path, session::kFolderPortion)) {
         path = session::GetShortPathNameReturnCodes(session, path).path;
     }
     const auto done = session.files().CreateFolder(path);
@@ -107,7 +107,8 @@ std::string Counted(std::int64_t count, std::string_view one, std::string_view m
 }
 
 void TellMade(Session& session, const std::string& place, const Made& made) {
-    std::string told = fmt::format("Made {} in {}", Counted(made.done, "folder", "folders"), place);
+    std::string told =
+        fmt::format("Made {} in {}", Counted(made.done, "folder", "folders"), session.Shown(place));
     if (made.isStopped) told += " and stopped";
     session.frmSearch.lblStatus.Caption = told;
     session.state.lastAction.done = made.done;
@@ -139,7 +140,7 @@ void MakeFolders(Session& session) {
         session.MsgBox(PromptId::kFoldersPlaceMissing,
                        fmt::format("There is no folder {} to make folders in. Make it first, or "
                                    "choose another one.",
-                                   place));
+                                   session.Shown(place)));
         return;
     }
     const auto plan = AskFolderPlan(session);
@@ -158,7 +159,8 @@ void MakeFolders(Session& session) {
     }
     const std::string_view end = plan->list.empty() ? "" : ".";
     if (isWhole) {
-        session::LogTimed(session, fmt::format("{} in folder: {}{}", plan->log, place, end));
+        session::LogTimed(session,
+                          fmt::format("{} in folder: {}{}", plan->log, session.Shown(place), end));
     }
     session.frmDialog.Hide();
     TellMade(session, place, made);

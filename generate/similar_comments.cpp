@@ -141,7 +141,7 @@ std::unique_ptr<ListSource> WithSimilar(Session& session, const ListRequest& req
             fmt::format("{} {} below {} could not be read, so files of similar names in there are "
                         "not found.",
                         text::Format(unreadable, "#,##0"), unreadable == 1 ? "folder" : "folders",
-                        folder));
+                        session.Shown(folder)));
     }
     return source;
 }

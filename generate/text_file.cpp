@@ -60,7 +60,7 @@ bool AskForNumbers(Session& session, ListRequest& request) {
 }
 
 void TellLeftOut(Session& session, const ListOutcome& outcome) {
-    const std::string told = LeftOutText(outcome);
+    const std::string told = LeftOutText(session, outcome);
     if (!told.empty()) session::TellAndLog(session, PromptId::kListLeftOut, told);
 }
 
@@ -86,16 +86,18 @@ void TellOutcome(Session& session, const ListRequest& request, const ListOutcome
     if (outcome.isStopped) {
         session::LogTimed(session, fmt::format(" User stopped the writing of {}. The file is as "
                                                "it was.",
-                                               request.file));
+                                               session.Shown(request.file)));
         session.frmSearch.lblStatus.Caption = "Stopped: nothing was written.";
         return;
     }
     state.lastAction.done = outcome.written;
     state.lastAction.skipped = outcome.leftOut;
-    session::LogTimed(session, fmt::format(" Wrote {} to {}", outcome.written, request.file));
-    session.frmSearch.lblStatus.Caption = fmt::format(
-        "Wrote {} {}{} to {}", text::Format(outcome.written, "#,##0"),
-        outcome.written == 1 ? "entry" : "entries", Duplicates(request, outcome), request.file);
+    session::LogTimed(session,
+                      fmt::format(" Wrote {} to {}", outcome.written, session.Shown(request.file)));
+    session.frmSearch.lblStatus.Caption =
+        fmt::format("Wrote {} {}{} to {}", text::Format(outcome.written, "#,##0"),
+                    outcome.written == 1 ? "entry" : "entries", Duplicates(request, outcome),
+                    session.Shown(request.file));
     TellLeftOut(session, outcome);
 }
 

@@ -120,7 +120,7 @@ class SecondFile {
 
 } // namespace
 
-std::string LeftOutText(const ListOutcome& outcome) {
+std::string LeftOutText(const Session& session, const ListOutcome& outcome) {
     if (outcome.leftOut == 0) return {};
     const bool isOne = outcome.leftOut == 1;
     std::string told =
@@ -129,7 +129,7 @@ std::string LeftOutText(const ListOutcome& outcome) {
                     text::Format(outcome.leftOut, "#,##0"), isOne ? "object has" : "objects have",
                     isOne ? "its path" : "their paths", isOne ? "It was" : "They were");
     for (const std::string& path : outcome.leftOutPaths) {
-        told += fmt::format("\r\n{}", platform::ForDisplay(path));
+        told += fmt::format("\r\n{}", session.Shown(path));
     }
     if (outcome.leftOut > static_cast<std::int64_t>(outcome.leftOutPaths.size())) told += "\r\n...";
     return told;

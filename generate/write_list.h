@@ -32,7 +32,7 @@ struct ListOutcome {
 };
 
 // What was left out, for people; empty when nothing was.
-std::string LeftOutText(const ListOutcome& outcome);
+std::string LeftOutText(const session::Session& session, const ListOutcome& outcome);
 
 // The whole text of a list, handed on in pieces; `take` gives false to end it there. Shows how far
 // it is, yields, and ends at the stop button.

@@ -190,7 +190,7 @@ int HandleUnreadable(Session& session, const platform::PlatformError& error,
                      const ErrorContext& context) {
     auto& state = session.state;
     state.lngErrNumber = error.number;
-    state.strErrDesc = error.description;
+    state.strErrDesc = session.Shown(error);
     state.strMessage = fmt::format("{} {}", context.routine, context.sentence);
     ApplyRule(session, *FindErrorRule(platform::kBadFileName, "frmSearch"), context);
     if (state.intRecovery != kRecoveryRetry) {
@@ -221,13 +221,13 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
 }
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,
-                    std::string_view routine, std::string_view path) {
+                    std::string_view routine, std::string_view path, std::string_view moduleName) {
     const std::string told =
         fmt::format("unexpected error {} {}", error.number, session.Shown(error));
     TellUnlessAuto(session, PromptId::kOutsideError, told);
     ReportError(session, error,
                 {.routine = routine,
-                 .moduleName = "Module1",
+                 .moduleName = moduleName,
                  .searchOrDestination = path,
                  .objectType = ObjectType::kFile},
                 0, told);

@@ -58,6 +58,7 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
 
 // An error that must not stop the run: told unless `blnAutoMode`, and recorded for `path`.
 void TellUnexpected(Session& session, const platform::PlatformError& error,
-                    std::string_view routine, std::string_view path);
+                    std::string_view routine, std::string_view path,
+                    std::string_view moduleName = "Module1");
 
 } // namespace tarvix::session

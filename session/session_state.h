@@ -46,6 +46,11 @@ struct ActionTotals {
     std::int64_t keptApart = 0;  // of the done, those that got a new name beside one of this run
     std::int64_t leftParts = 0;  // of copies of ended runs, that were taken away
     std::vector<std::string> errors; // one sentence for each failed object
+
+    // Whether nothing was left out but by the rule for duplicates, and nothing is done by half.
+    bool IsAsAsked() const {
+        return failed == 0 && copiedOnly == 0 && skipped == duplicates && wanted <= done + skipped;
+    }
 };
 
 // The process-wide variables. Routines read and set them by name.

@@ -143,7 +143,7 @@ void RunBranch(Session& session, ActionRun& run) {
 void TakeAway(Session& session, const std::vector<std::string>& made) {
     for (const std::string& folder : std::views::reverse(made)) {
         if (!session.files().RemoveFolder(folder)) return;
-        session::LogTimed(session, fmt::format(" Removed {}", folder));
+        session::LogTimed(session, fmt::format(" Removed {}", session.Shown(folder)));
     }
 }
 

@@ -173,6 +173,16 @@ TEST_F(AutomatedMove, ASearchThatFindsNothingIsNoError) {
     EXPECT_EQ(LastTold(), kDone);
 }
 
+TEST_F(AutomatedMove, AHiddenFileIsOnlyCopiedAndThatIsNoSuccess) {
+    Disk().AddFile("C:\\in\\secret.ogg", "hidden");
+    ASSERT_TRUE(Disk().SetAttributes("C:\\in\\secret.ogg", platform::kHidden));
+    Lists("secret*\r\n*EOF", "C:\\out\r\n*EOF");
+    RunPlain();
+    EXPECT_EQ(Disk().Content("C:\\in\\secret.ogg"), "hidden");
+    EXPECT_EQ(Disk().Content("C:\\out\\secret.ogg"), "hidden");
+    EXPECT_EQ(LastTold(), kDoneWithErrors);
+}
+
 TEST_F(AutomatedMove, FoldersFirstThenFilesByTheSameLists) {
     Disk().AddFolder("C:\\in\\a folder");
     Lists("a*\r\nb*\r\n*EOF", "C:\\one\r\nC:\\two\r\n*EOF");

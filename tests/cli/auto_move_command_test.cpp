@@ -1,3 +1,4 @@
+#include "platform/object_facts.h"
 #include "tests/cli/cli_fixture.h"
 
 #include <gmock/gmock.h>
@@ -68,6 +69,21 @@ TEST_F(AutoMoveCommandTest, ListsAreCheckedBeforeAnythingMoves) {
     EXPECT_EQ(AutoMove({"--yes"}), kBadRequest);
     EXPECT_THAT(Err(), HasSubstr("/lists/s.txt has 1 lines and /lists/d.txt has 2"));
     EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
+}
+
+TEST_F(AutoMoveCommandTest, ASecondRoundForFilesNeedsAFirstOneForFolders) {
+    Lists("*.mp3\n*EOF\n", "/out\n*EOF\n");
+    EXPECT_EQ(AutoMove({"--yes", "--then-files"}), kBadRequest);
+    EXPECT_THAT(Err(), HasSubstr("--then-files goes with --kind folders"));
+    EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
+}
+
+TEST_F(AutoMoveCommandTest, ACopyThatLeftItsOriginalIsTold) {
+    Disk().AddFile("C:\\home\\ann\\Music\\secret.ogg", "hidden");
+    ASSERT_TRUE(Disk().SetAttributes("C:\\home\\ann\\Music\\secret.ogg", platform::kHidden));
+    Lists("secret*\n*EOF\n", "/out\n*EOF\n");
+    EXPECT_EQ(AutoMove({"--yes"}), kSomeFailed);
+    EXPECT_THAT(Out(), HasSubstr("0 moved, 1 copied only, the originals still stand"));
 }
 
 TEST_F(AutoMoveCommandTest, BothListsAreNeeded) {

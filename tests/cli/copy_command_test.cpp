@@ -40,6 +40,13 @@ TEST_F(CopyCommandTest, WhatExistsIsSkippedAndCounted) {
     EXPECT_EQ(Disk().Content("C:\\tmp\\out\\a.mp3"), "older");
 }
 
+TEST_F(CopyCommandTest, ADryRunCountsASkippedDuplicateAsTheCopyItselfDoes) {
+    Disk().AddFile("C:\\tmp\\out\\a.mp3", "older");
+    EXPECT_EQ(Copy({"--to", "/tmp/out", "--dry-run"}), kDone);
+    EXPECT_THAT(Out(), ::testing::HasSubstr("duplicate: skip\t"));
+    EXPECT_FALSE(Disk().Exists("C:\\tmp\\out\\b.mp3"));
+}
+
 TEST_F(CopyCommandTest, AFailureIsCountedAndToldAndTheRestGoesOn) {
     machine.faults.FailPath("C:\\home\\ann\\Music\\a.mp3", platform::kPermissionDenied, "CopyFile");
     EXPECT_EQ(Copy({"--to", "/tmp/out", "--yes"}), kSomeFailed);

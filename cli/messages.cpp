@@ -1,7 +1,6 @@
 #include "cli/messages.h"
 
 #include "platform/names.h"
-#include "platform/native_paths.h"
 #include "session/message_style.h"
 #include "session/prompt_table.h"
 #include "session/session.h"
@@ -50,10 +49,8 @@ void Tell(Host& host, std::string_view text) {
 
 void TellUnread(Host& host, const session::Session& session) {
     for (const session::UnreadObject& object : session.state.unread.All()) {
-        const std::string native = session.platform.paths.ToNative(object.path);
-        Complain(host,
-                 fmt::format("{} could not be read: {}.", native.empty() ? object.path : native,
-                             platform::ErrorText(object.number)));
+        Complain(host, fmt::format("{} could not be read: {}.", session.Shown(object.path),
+                                   platform::ErrorText(object.number)));
     }
 }
 

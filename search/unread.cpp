@@ -1,6 +1,5 @@
 #include "search/unread.h"
 
-#include "platform/native_paths.h"
 #include "session/prompt_id.h"
 
 #include <fmt/core.h>
@@ -18,9 +17,7 @@ std::string Counted(std::size_t count) {
 }
 
 std::string LineOf(const Session& session, const session::UnreadObject& object) {
-    const std::string native = session.platform.paths.ToNative(object.path);
-    return fmt::format("{}: {}", native.empty() ? object.path : native,
-                       platform::ErrorText(object.number));
+    return fmt::format("{}: {}", session.Shown(object.path), platform::ErrorText(object.number));
 }
 
 void cmdUnread_Click(Session& session) {

@@ -212,11 +212,13 @@ TEST_F(SearchCommandTest, WhatCouldNotBeReadIsALineOnStderrAndExitOne) {
     machine.faults.FailPath("C:\\home\\ann\\Music\\Jazz", 70, "Open");
     EXPECT_EQ(Search({}), kSomeFailed);
     EXPECT_EQ(Out(), "/home/ann/Music/a.mp3\n");
-    EXPECT_EQ(Err(), "tarvix-cli: /home/ann/Music/Jazz could not be read: Permission denied.\n");
+    EXPECT_EQ(Err(),
+              "tarvix-cli: C:\\home\\ann\\Music\\Jazz could not be read: Permission denied.\n");
     EXPECT_EQ(RunScript("set cmbSearchFor = *\nset cmbDir = /home/ann/Music/Jazz\n"
                         "click cmdSearch\n"),
               kSomeFailed);
-    EXPECT_EQ(Err(), "tarvix-cli: /home/ann/Music/Jazz could not be read: Permission denied.\n");
+    EXPECT_EQ(Err(),
+              "tarvix-cli: C:\\home\\ann\\Music\\Jazz could not be read: Permission denied.\n");
 }
 
 TEST_F(SearchCommandTest, AnInterruptionStopsInOrderAndKeepsWhatWasFound) {

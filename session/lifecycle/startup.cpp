@@ -8,6 +8,7 @@
 #include "session/product.h"
 #include "session/prompt_id.h"
 #include "session/remembered/histories.h"
+#include "session/remembered/left_temporaries.h"
 #include "session/remembered/options_file.h"
 #include "session/remembered/platform_file.h"
 #include "session/remembered/unsaved.h"
@@ -71,6 +72,7 @@ void ReadOptions(Session& session) {
     session::OpenOptionFile(session);
     if (state.blnOptionFileFound && !state.blnOptionFileUnread) session::BackUpOptionFile(session);
     OpenLogs(session);
+    session::RemoveLeftTemporaries(session);
 }
 
 // The attributes that have but a number, in words.

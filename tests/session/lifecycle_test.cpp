@@ -109,6 +109,22 @@ TEST_F(Lifecycle, ADataFolderThatTakesNothingIsToldOnceAtTheStartAndASearchGoesO
     EXPECT_EQ(prompts.Records().size(), 1U);
 }
 
+TEST_F(Lifecycle, WhatAKilledRunWasSavingIsTakenAwayAndLogged) {
+    for (const char* name : {"TXOptionFile.txt.tmp", "TXPlatform.txt.tmp3", "notes.tmp"}) {
+        Disk().AddFile(kFolder + name, "half");
+    }
+    Disk().UseClock([this] { return machine.clock.NowAsFileTime(); });
+    Disk().AddFile(kFolder + "TXFSSearchHistoryFile.txt.tmp", "another copy saves");
+    Start();
+    EXPECT_FALSE(Disk().Exists(kFolder + "TXOptionFile.txt.tmp"));
+    EXPECT_FALSE(Disk().Exists(kFolder + "TXPlatform.txt.tmp3"));
+    EXPECT_TRUE(Disk().Exists(kFolder + "notes.tmp"));
+    EXPECT_TRUE(Disk().Exists(kFolder + "TXFSSearchHistoryFile.txt.tmp"));
+    EXPECT_TRUE(HasEntry(LogText(), " Removed " + kFolder +
+                                        "TXOptionFile.txt.tmp, which a run that ended while it "
+                                        "saved had left."));
+}
+
 TEST_F(Lifecycle, AStartThatNeverCameToItsEndSavesNothing) {
     Disk().AddFile(kFolder + "TXOptionFile.txt", "mine");
     program.Stop();

@@ -561,7 +561,8 @@ TEST_F(OptionsFile, AReadOnlyFileIsReplaced) {
     EXPECT_TRUE(prompts.Records().empty());
 }
 
-TEST_F(OptionsFile, WhatAnotherSaveLeftBesideItIsNotTouched) {
+TEST_F(OptionsFile, WhatAnotherSaveIsWritingBesideItIsNotTouched) {
+    Disk().UseClock([this] { return machine.clock.NowAsFileTime(); });
     Disk().AddFile(kFile + ".tmp", "another copy is writing this");
     Start();
     EXPECT_THAT(Saved(), HasSubstr("blnSort = False\r\n"));

@@ -53,10 +53,6 @@ constexpr std::array kEntries{
           "Create Numeric Increment Text File:", "\\New Numeric Increment List.txt"},
 };
 
-bool IsAutomated(const session::SessionState& state) {
-    return state.blnAutoMove || state.blnAutoPlayList;
-}
-
 bool NeedsSelection(const Entry& entry) {
     return entry.action != "Create MPL From Combo Box" && entry.action != "Numeric Increment";
 }
@@ -116,13 +112,13 @@ bool Prepare(Session& session, const Entry& entry) {
 void StartList(Session& session, const Entry& entry) {
     auto& state = session.state;
     auto& form = session.frmDialog;
-    if (!IsAutomated(state)) state.strAction = entry.action;
+    if (!state.IsBatch()) state.strAction = entry.action;
     if (!entry.fileKind.empty()) state.strFileKind = entry.fileKind;
     state.blnActionCancelled = false;
     state.lastAction = {};
     results::BuildFileArray(session);
     if (NeedsSelection(entry) && session.selection->lngSelTop < 0) {
-        if (!IsAutomated(state)) {
+        if (!state.IsBatch()) {
             session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
         }
         return;

@@ -89,7 +89,7 @@ Next RunFollowUp(Session& session, const SearchRequest* request, const WalkEnd& 
     const bool mayDelete = request && request->kind == Kind::kEmptyFolders && !isStopped;
     if (state.blnRepeatDeleteEmpty && mayDelete) return RunRepeatDelete(session);
     state.blnRepeatDeleteEmpty = false;
-    if (state.blnAutoMove || state.blnAutoPlayList) {
+    if (state.IsBatch()) {
         if (end) RunBatch(session); // of a search that was cut short nothing is moved
     } else if (!state.blnStopClicked) {
         results::cmdSelectNone_Click(session);

@@ -19,7 +19,7 @@ using session::Session;
 void ShowBatch(Session& session) {
     const auto& state = session.state;
     auto& form = session.frmSearch;
-    if (!state.blnAutoMove && !state.blnAutoPlayList) return;
+    if (!state.IsBatch()) return;
     form.cmdNext.Visible = true;
     form.lblDetailedStatus.Visible = true;
     form.lblDetailedStatus.ForeColor = fields::kGreen;

@@ -143,7 +143,7 @@ std::expected<SearchRequest, std::vector<Refusal>> ReadSearchRequest(const Sessi
                           .dateKind = DateKindOf(form),
                           .attributes = BuildSelectedAttributesVariable(form),
                           .target = TargetOf(form.cboTargetPath.Text.Get())};
-    const bool isBatch = session.state.blnAutoMove || session.state.blnAutoPlayList;
+    const bool isBatch = session.state.IsBatch();
     request.isNot = IsChecked(form.chkNot) && !isBatch && request.strings.strings.size() == 1;
     return request;
 }

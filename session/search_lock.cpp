@@ -37,7 +37,7 @@ void LockForSearch(Session& session) {
 void UnlockAfterSearch(Session& session) {
     auto& form = session.frmSearch;
     session.forms.frmProgress.Hide();
-    if (session.state.blnAutoMove || session.state.blnAutoPlayList) return;
+    if (session.state.IsBatch()) return;
     SetCriteriaEnabled(form, true);
     form.chkIncludeSubFolders.Enabled = session.state.options.blnAllowUserSelectSubfolders;
     form.mnuTools_DeleteFolderContentsOnly.Enabled =

@@ -119,6 +119,7 @@ struct SessionState {
     BatchRequest batch;
     bool blnAutoMove = false;
     bool blnAutoPlayList = false;
+    bool IsBatch() const { return blnAutoMove || blnAutoPlayList; } // nobody is there to answer
     bool blnAutoPlayListFull = false;
     bool blnAutoPlayListLocal = false;
     bool blnAutoPlayListFullPaths = false;

@@ -271,8 +271,7 @@ void cmdDeleteSelected_Click(Session& session) {
     state.lastAction = {};
     results::BuildFileArray(session);
     if (session.selection->lngSelTop < 0) {
-        if (!state.blnAutoMove && !state.blnAutoPlayList)
-            session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
+        if (!state.IsBatch()) session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
         return;
     }
     if (!state.blnRepeatDeleteEmpty && !Confirm(session)) {

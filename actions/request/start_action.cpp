@@ -38,10 +38,6 @@ constexpr std::string_view kMoveWarning =
     "results will depend on which one is moved first!!\r\n\r\nAlso files with HIDDEN or SYSTEM "
     "Attributes may get moved!";
 
-bool IsAutomated(const session::SessionState& state) {
-    return state.blnAutoMove || state.blnAutoPlayList;
-}
-
 // Folders taken together with what lies in them may have effects that surprise.
 bool ConfirmFolders(Session& session) {
     const auto& form = session.frmSearch;
@@ -96,7 +92,7 @@ void TellSummary(Session& session) {
 
 void ShowDialog(Session& session) {
     auto& state = session.state;
-    const bool isBatch = IsAutomated(state);
+    const bool isBatch = state.IsBatch();
     if (isBatch) session.frmDialog.Show();
     session::OpenDestHistoryFile2(session);
     if (state.blnEnded) return;
@@ -122,7 +118,7 @@ void StartAction(Session& session, const Start& start) {
     auto& state = session.state;
     auto& form = session.frmDialog;
     const bool isCopyOrMove = start.action != "Rename";
-    if (start.action != "Move" || !IsAutomated(state)) state.strAction = start.action;
+    if (start.action != "Move" || !state.IsBatch()) state.strAction = start.action;
     state.blnActionCancelled = false;
     state.lastAction = {};
     if (isCopyOrMove) session.forms.frmOverrideDialog.Answer = kOverrideNo;
@@ -133,7 +129,7 @@ void StartAction(Session& session, const Start& start) {
         return;
     }
     // A batch notes in the log that its step found nothing.
-    if (session.selection->lngSelTop < 0 && !IsAutomated(state)) {
+    if (session.selection->lngSelTop < 0 && !state.IsBatch()) {
         session.MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
         return;
     }

@@ -203,7 +203,7 @@ void frmSearch_Resize(Session& session) {
     auto& form = session.frmSearch;
     const auto& state = session.state;
     if (form.State == fields::WindowState::kMinimized) {
-        if (state.blnAutoMove || state.blnAutoPlayList) form.State = fields::WindowState::kNormal;
+        if (state.IsBatch()) form.State = fields::WindowState::kNormal;
         return;
     }
     if (form.Width >= kLeastWidth && form.Height >= kLeastHeight) return;

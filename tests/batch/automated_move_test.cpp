@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <utility>
+
 namespace tarvix {
 namespace {
 
@@ -40,6 +43,11 @@ class AutomatedMove : public testing::ProgramFixture {
     // A run that asks for nothing but the lists and what to do with duplicates.
     void RunPlain(const std::string& duplicates = "S") {
         Run({"OK", "C:\\lists\\s.txt", "C:\\lists\\d.txt", duplicates, "N", "Yes", "OK"});
+    }
+    // Does it when the first folder of the next search is opened.
+    void AtTheNextSearch(std::function<void()> act) {
+        machine.faults.ResetCounts();
+        machine.faults.BeforeCall("Open", 1, std::move(act));
     }
     std::string LastTold() { return Told().empty() ? std::string() : Told().back(); }
 };
@@ -226,7 +234,7 @@ TEST_F(AutomatedMove, AStopEndsTheRunAndMovesNothingMore) {
 
 TEST_F(AutomatedMove, OfASearchThatIsStoppedNothingIsMoved) {
     Lists("*.mp3\r\n*EOF", "C:\\one\r\n*EOF");
-    machine.faults.BeforeCall("Open", 1, [this] { S().Raise(Form().cmdStop, "Click"); });
+    AtTheNextSearch([this] { S().Raise(Form().cmdStop, "Click"); });
     RunPlain();
     EXPECT_TRUE(Disk().Exists("C:\\in\\a.mp3"));
     EXPECT_EQ(LastTold(), kStopped);
@@ -234,7 +242,7 @@ TEST_F(AutomatedMove, OfASearchThatIsStoppedNothingIsMoved) {
 
 TEST_F(AutomatedMove, NextSkipsOneSearchAlone) {
     Lists("*.mp3\r\n*.flac\r\n*EOF\r\n", "C:\\one\r\nC:\\two\r\n*EOF");
-    machine.faults.BeforeCall("Open", 1, [this] { Click(Form().cmdNext); });
+    AtTheNextSearch([this] { Click(Form().cmdNext); });
     RunPlain();
     EXPECT_TRUE(Disk().Exists("C:\\in\\a.mp3"));
     EXPECT_TRUE(Disk().Exists("C:\\two\\c.flac"));
@@ -242,7 +250,7 @@ TEST_F(AutomatedMove, NextSkipsOneSearchAlone) {
 
 TEST_F(AutomatedMove, NextInTheLastSearchReadsPastTheMark) {
     Lists("*.mp3\r\n*EOF", "C:\\one\r\n*EOF");
-    machine.faults.BeforeCall("Open", 1, [this] { Click(Form().cmdNext); });
+    AtTheNextSearch([this] { Click(Form().cmdNext); });
     RunPlain();
     EXPECT_THAT(Told(), Contains(HasSubstr("unexpected error 62")));
     EXPECT_TRUE(Form().cmdSearch.Enabled);
@@ -250,7 +258,7 @@ TEST_F(AutomatedMove, NextInTheLastSearchReadsPastTheMark) {
 
 TEST_F(AutomatedMove, NextInTheLastSearchEndsQuietlyWhereMoreStandsBehindTheMark) {
     Lists("*.mp3\r\n*EOF\r\n*.flac\r\n", "C:\\one\r\n*EOF");
-    machine.faults.BeforeCall("Open", 1, [this] { Click(Form().cmdNext); });
+    AtTheNextSearch([this] { Click(Form().cmdNext); });
     RunPlain();
     EXPECT_EQ(LastTold(), kDone);
     EXPECT_TRUE(Disk().Exists("C:\\in\\c.flac"));

@@ -253,7 +253,8 @@ TEST_F(ScriptRunnerTest, AnInterruptedSearchEndsTheScriptBeforeAnythingActsOnHal
     for (int i = 0; i < 60; ++i)
         Disk().AddFile("C:\\home\\ann\\Music\\many\\" + std::to_string(i) + ".mp3");
     machine.clock.SetStep(20'000'000);
-    machine.faults.BeforeCall("Open", 3, [this] { interrupted = 15; });
+    // The start opens the data folder once.
+    machine.faults.BeforeCall("Open", 4, [this] { interrupted = 15; });
     EXPECT_EQ(RunScript(kFind + "click cmdSelectAll\nanswer Yes\nclick cmdDeleteSelected\n"), 143);
     EXPECT_EQ(Err(), "tarvix-cli: line 4: The script was interrupted here. Nothing behind this "
                      "line is done.\n");
@@ -267,7 +268,8 @@ TEST_F(ScriptRunnerTest, AnInterruptionBeforeTheFirstStatementDoesNothing) {
 }
 
 TEST_F(ScriptRunnerTest, AfterASignalPromptsAreAnsweredByTheUnattendedRule) {
-    machine.faults.BeforeCall("Open", 1, [this] { interrupted = 15; });
+    // The start opens the data folder once.
+    machine.faults.BeforeCall("Open", 2, [this] { interrupted = 15; });
     machine.faults.FailPath(machine.environment.programFolder + "\\TXWriteTest.tmp", 61);
     EXPECT_EQ(RunScript(kFind), 143);
     EXPECT_THAT(Err(), HasSubstr("The data folder can't be written"));

@@ -111,7 +111,7 @@ bool IsDone(actions::Verdict verdict) {
     using actions::Verdict;
     return verdict == Verdict::kCopy || verdict == Verdict::kMove || verdict == Verdict::kRename ||
            verdict == Verdict::kDuplicateRename || verdict == Verdict::kDuplicateOverwrite ||
-           verdict == Verdict::kDuplicateSkip;
+           verdict == Verdict::kDuplicateSkip || verdict == Verdict::kUnchanged;
 }
 
 // Prints what would happen; gives the exit code.

@@ -13,14 +13,15 @@ namespace tarvix::cli {
 
 int Summarize(Host& host, std::string_view done, const session::ActionTotals& totals,
               std::int64_t wanted) {
-    const std::array<std::pair<std::int64_t, std::string_view>, 8> others{
+    const std::array<std::pair<std::int64_t, std::string_view>, 9> others{
         {{totals.deleted, "deleted for good"},
          {totals.copiedOnly, "copied only, the originals still stand"},
          {totals.keptApart, "renamed beside others that were placed just before"},
          {totals.leftParts, "left parts of ended runs removed"},
          {totals.duplicates, totals.duplicates == 1 ? "skipped as it exists already"
                                                     : "skipped as they exist already"},
-         {totals.skipped - totals.duplicates, "skipped"},
+         {totals.unchanged, "unchanged"},
+         {totals.skipped - totals.duplicates - totals.unchanged, "skipped"},
          {totals.failed, "failed"},
          {wanted - totals.done - totals.skipped - totals.failed, "not reached"}}};
     std::string line =
@@ -33,7 +34,7 @@ int Summarize(Host& host, std::string_view done, const session::ActionTotals& to
         between = ", ";
     }
     host.out << line << "." << std::endl;
-    const bool isAll = totals.done + totals.duplicates == wanted;
+    const bool isAll = totals.done + totals.duplicates + totals.unchanged == wanted;
     return isAll && totals.copiedOnly == 0 ? kDone : kSomeFailed;
 }
 

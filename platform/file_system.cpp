@@ -7,6 +7,11 @@
 
 namespace tarvix::platform {
 
+Foresight& FileSystem::Foresee() {
+    static Foresight none;
+    return none;
+}
+
 // ---- a system that keeps nothing of what it looked at ----
 
 Result<Look> FileSystem::LookAt(std::string_view path) {

@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "platform/folder_listing.h"
+#include "platform/foresight.h"
 #include "platform/object_facts.h"
 #include "platform/seen_object.h"
 #include "platform/text_stream.h"
@@ -207,9 +208,13 @@ class FileSystem {
                                                                  OpenMode mode) = 0;
 
     // Called with true before and with false behind a run of calls that change objects one after
-    // another in few folders; best by Busy. Folders may be held open meanwhile, and what others do
-    // to the folders themselves, such as giving them another name, be seen milliseconds later.
-    virtual void SetBusy(bool) {}
+    // another in few folders; best by ManyChanges. Folders may be held open meanwhile, and what
+    // others do to the folders themselves, such as giving them another name, be seen milliseconds
+    // later.
+    virtual void ExpectChanges(bool) {}
+
+    // What would refuse a change before it is made; lives as long as this.
+    virtual Foresight& Foresee();
 
     virtual std::vector<DriveInfo> Drives() = 0;
 
@@ -220,13 +225,13 @@ class FileSystem {
 // Names a copy; 75 with a sentence when it isn't whole.
 Result<void> NameWhole(UnnamedCopy& copy);
 
-// Keeps a file system busy for as long as it lives.
-class Busy {
+// As long as it lives a file system knows that one change follows another.
+class ManyChanges {
   public:
-    explicit Busy(FileSystem& files) : files_(files) { files_.SetBusy(true); }
-    ~Busy() { files_.SetBusy(false); }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    explicit ManyChanges(FileSystem& files) : files_(files) { files_.ExpectChanges(true); }
+    ~ManyChanges() { files_.ExpectChanges(false); }
+    ManyChanges(const ManyChanges&) = delete;
+    ManyChanges& operator=(const ManyChanges&) = delete;
 
   private:
     FileSystem& files_;

@@ -17,7 +17,7 @@ constexpr std::size_t kMostUntaken = 256; // folders read and not yet taken
 constexpr std::size_t kAtOnce = 16; // folders that a thread takes up, or drops, under one lock
 constexpr std::size_t kSmall = 512; // names; what takes no more time than waiting may
 
-enum class Progress { kWaiting, kInWork, kDone };
+enum class Stage { kWaiting, kInWork, kDone };
 
 struct Job {
     std::string folder;
@@ -25,7 +25,7 @@ struct Job {
     FolderListing names; // asked for, or the result
     std::vector<std::optional<ObjectFacts>> facts;
     bool isRead = false;
-    std::atomic<Progress> progress = Progress::kWaiting;
+    std::atomic<Stage> stage = Stage::kWaiting;
 };
 
 void ReadFacts(OpenFolder& folder, Job& job) {
@@ -49,7 +49,7 @@ void Do(FileSystem& files, Job& job) {
 } // namespace
 
 // Only the owner adds and drops jobs; the worker takes them up in their order. What both touch is
-// under the lock, except a job's progress, so that a result that is there costs the owner nothing.
+// under the lock, except a job's stage, so that a result that is there costs the owner nothing.
 struct ReadAhead::State {
     explicit State(FileSystem& fileSystem) : files(fileSystem) {}
 
@@ -94,7 +94,7 @@ void ReadAhead::State::Work(const std::stop_token& stop) {
             workerWaits = false;
             std::size_t names = 0;
             for (mine.clear(); HasWork() && mine.size() < kAtOnce && names < kSmall; ++next) {
-                jobs[next].progress = Progress::kInWork;
+                jobs[next].stage = Stage::kInWork;
                 names += jobs[next].names.Size();
                 mine.push_back(&jobs[next]);
             }
@@ -102,7 +102,7 @@ void ReadAhead::State::Work(const std::stop_token& stop) {
         for (Job* job : mine) {
             if (stop.stop_requested()) return;
             Do(files, *job);
-            job->progress = Progress::kDone;
+            job->stage = Stage::kDone;
             if (!ownerWaits) continue;
             const std::scoped_lock lock(mutex);
             changed.notify_all();
@@ -112,11 +112,11 @@ void ReadAhead::State::Work(const std::stop_token& stop) {
 
 Job& ReadAhead::State::Front() {
     Job& job = jobs[taken];
-    if (job.progress == Progress::kDone) return job;
-    while (job.progress != Progress::kDone) {
+    if (job.stage == Stage::kDone) return job;
+    while (job.stage != Stage::kDone) {
         if (Job* const free = TakeUpFor(job)) {
             Do(files, *free);
-            free->progress = Progress::kDone;
+            free->stage = Stage::kDone;
         } else {
             AwaitDone(job);
         }
@@ -130,8 +130,8 @@ Job* ReadAhead::State::TakeUpFor(const Job& job) {
     if (!HasWork()) return nullptr;
     Job& first = jobs[next];
     const bool isSmall = first.wantsFacts && first.names.Size() <= kSmall;
-    if (&first != &job && (!isSmall || job.progress == Progress::kDone)) return nullptr;
-    first.progress = Progress::kInWork;
+    if (&first != &job && (!isSmall || job.stage == Stage::kDone)) return nullptr;
+    first.stage = Stage::kInWork;
     ++next;
     return &first;
 }
@@ -139,7 +139,7 @@ Job* ReadAhead::State::TakeUpFor(const Job& job) {
 void ReadAhead::State::AwaitDone(Job& job) {
     std::unique_lock lock(mutex);
     ownerWaits = true;
-    changed.wait(lock, [&] { return job.progress == Progress::kDone; });
+    changed.wait(lock, [&] { return job.stage == Stage::kDone; });
     ownerWaits = false;
 }
 

@@ -32,6 +32,9 @@ class Trash {
         const std::vector<SeenObject> objects = ByPath(paths);
         return RecycleSeen(objects, observer);
     }
+    // What can be told beforehand: 75 where an object would find no trash. One that isn't there, or
+    // about which nothing can be told, is no failure.
+    virtual Result<void> MayTake(std::string_view) { return {}; }
     // Puts the object that was taken last back to where it was: 53 when that isn't `path` or it has
     // left the trash since, 58 when something stands there by now.
     virtual Result<void> PutBack(std::string_view path) = 0;

@@ -40,6 +40,7 @@ struct ActionTotals {
     std::int64_t deleted = 0; // of the done, those that are gone for good
     std::int64_t skipped = 0;
     std::int64_t duplicates = 0; // of the skipped
+    std::int64_t unchanged = 0;  // of the skipped, those that were as they should be
     std::int64_t failed = 0;
     std::int64_t wanted = 0;     // objects, at all of their places
     std::int64_t copiedOnly = 0; // of the done, those that were to be moved but still stand
@@ -47,9 +48,11 @@ struct ActionTotals {
     std::int64_t leftParts = 0;  // of copies of ended runs, that were taken away
     std::vector<std::string> errors; // one sentence for each failed object
 
-    // Whether nothing was left out but by the rule for duplicates, and nothing is done by half.
+    // Whether nothing was left out but by the rule for duplicates or since nothing was to be done,
+    // and nothing is done by half.
     bool IsAsAsked() const {
-        return failed == 0 && copiedOnly == 0 && skipped == duplicates && wanted <= done + skipped;
+        return failed == 0 && copiedOnly == 0 && skipped == duplicates + unchanged &&
+               wanted <= done + skipped;
     }
 };
 

@@ -74,6 +74,7 @@ Outcome Unread(const platform::PlatformError& error) {
     Outcome outcome;
     outcome.kind = error.number == platform::kChangedSinceSearch ? OutcomeKind::kChanged
                                                                  : OutcomeKind::kFailed;
+    outcome.errorNumber = error.number;
     outcome.error = error.description;
     return outcome;
 }

@@ -18,6 +18,7 @@ enum class OutcomeKind : std::uint8_t {
     kNoDestination, // the rule gave no folder
     kLongPath,      // left alone since its new path is too long
     kProtected,     // hidden or system, and not to be overwritten
+    kUnchanged,     // a name in which the rename finds nothing to do
     kLeftAlone,     // for another reason, that was told or logged
     kChanged,       // not what the search saw, so left as it is
     kFailed,
@@ -30,10 +31,10 @@ struct Outcome {
     bool isPlaced = false;    // it stands there, even if a step behind that failed
     bool isNewName = false;   // a duplicate that got another name, or was to
     bool isKeptApart = false; // since this run placed what stands there
-    bool isDiskFull = false;
-    bool isTaken = false; // nothing was done: something stands there since the duplicate test
-    bool endsRun = false; // the user cancelled what is left
-    std::string error;    // of a failure, in one sentence; may be empty
+    bool isTaken = false;     // nothing was done: something stands there since the duplicate test
+    bool endsRun = false;     // the user cancelled what is left
+    int errorNumber = 0;      // of a failure
+    std::string error;        // of a failure, in one sentence; may be empty
 };
 
 // Follows an action object by object.

@@ -74,6 +74,7 @@ std::optional<Outcome> RefusesOverlap(Session& session, const Clash& clash, Dupl
     Outcome outcome;
     if (!overlap) {
         outcome.kind = OutcomeKind::kFailed;
+        outcome.errorNumber = overlap.result.error().number;
         outcome.error = session.Shown(overlap.result.error());
         return outcome;
     }

@@ -63,8 +63,8 @@ void Placing::GoThroughSteps() {
 Outcome Placing::Result() {
     Outcome outcome{.index = object_.index,
                     .isPlaced = isDone_,
-                    .isDiskFull = isDiskFull_,
                     .isTaken = isTaken_,
+                    .errorNumber = errorNumber_,
                     .error = std::move(error_)};
     if (isDone_) outcome.strDestination = std::move(destination_);
     if (isChanged_) {

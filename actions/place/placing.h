@@ -132,7 +132,7 @@ class Placing {
     bool isDone_ = false;    // and all that belongs to it was done
     bool isSettled_ = false; // told or logged already; the routine only leaves
     bool hasFailed_ = false;
-    bool isDiskFull_ = false;
+    int errorNumber_ = 0;
     bool isTaken_ = false;
     bool isChanged_ = false;
     std::string error_;

@@ -26,8 +26,7 @@ session::ErrorContext Placing::Context() const {
 void Placing::Fail(const platform::PlatformError& error) {
     error_ = session_.Shown(error);
     hasFailed_ = true;
-    // Every further copy would end the same way.
-    isDiskFull_ = error.number == platform::kDiskFull;
+    errorNumber_ = error.number;
 }
 
 void Placing::NoteChanged() {

@@ -238,7 +238,7 @@ void RequestAutomatedMove(Session& session, ActionRun& run) {
     if (!wrong.empty()) {
         session::LogTimed(session, fmt::format(" {}\r\nThis search step skipped.\r\n", wrong));
         session.frmDialog.Hide();
-        return SetBusy(session, false);
+        return ShowBusy(session, false);
     }
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {}",
                                            request.strAction, session.Shown(request.typed)));

@@ -142,7 +142,7 @@ class Deletion {
     Session& session_;
     ActionRun run_;
     std::vector<ChangedObject> changed_; // not what the search saw
-    platform::Busy busy_{session_.files()};
+    platform::ManyChanges many_{session_.files()};
 };
 
 void Deletion::Run() {

@@ -211,7 +211,7 @@ void SetUpWindow(Session& session) {
 
 } // namespace
 
-void SetBusy(Session& session, bool busy) {
+void ShowBusy(Session& session, bool busy) {
     auto& form = session.frmDialog;
     for (fields::Control* control : std::initializer_list<fields::Control*>{
              &form.OKButton, &form.CancelButton, &form.cmdPreview, &form.cmdBrowse, &form.cmbDir,
@@ -226,13 +226,13 @@ void SetBusy(Session& session, bool busy) {
 
 void BackToWindow(Session& session) {
     session.Repaint();
-    SetBusy(session, false);
+    ShowBusy(session, false);
     frmDialog_Activate(session);
 }
 
 void OpenDialog(Session& session) {
     session.frmDialog.optStructure.Choose(0);
-    SetBusy(session, false);
+    ShowBusy(session, false);
     frmDialog_Activate(session);
 }
 

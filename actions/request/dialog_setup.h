@@ -14,7 +14,7 @@ void frmDialog_Activate(session::Session& session);
 void OpenDialog(session::Session& session);
 
 // While it is busy the request can't be changed.
-void SetBusy(session::Session& session, bool busy);
+void ShowBusy(session::Session& session, bool busy);
 
 // Busy no more and set up again, the window still open.
 void BackToWindow(session::Session& session);

@@ -155,7 +155,7 @@ void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink)
     state.bytPathChoice = session::kPathSkip;
     Typed typed(session, form.cmbDir.Text);
     if (!typed.Finish(isRule)) return TakeAway(session, typed.MadeFolders());
-    SetBusy(session, true);
+    ShowBusy(session, true);
     state.blnRedoAfterAction = state.blnActionCancelled = state.blnErrorOccurred = false;
     typed.ExpandVariables();
     const ActionRequest request =

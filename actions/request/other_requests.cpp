@@ -173,7 +173,7 @@ void RequestRename(Session& session, ActionRun& run) {
     if (!HasSelection(session)) return;
     const RenameOnlyEnd end = RenameOnly(session, run);
     if (!end.blnStopped) return HideAndReport(session, run);
-    SetBusy(session, false);
+    ShowBusy(session, false);
 }
 
 void RequestRenameAsTitle(Session& session, ActionRun& run) {

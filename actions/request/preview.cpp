@@ -25,7 +25,7 @@ namespace {
 
 using session::Session;
 
-constexpr std::array<std::string_view, 15> kVerdicts{"copy",
+constexpr std::array<std::string_view, 20> kVerdicts{"copy",
                                                      "move",
                                                      "rename",
                                                      "duplicate: rename",
@@ -39,7 +39,12 @@ constexpr std::array<std::string_view, 15> kVerdicts{"copy",
                                                      "protected: ask",
                                                      "unchanged",
                                                      "failed",
-                                                     "changed since the search"};
+                                                     "changed since the search",
+                                                     "copy only: no right to take it away",
+                                                     "no right",
+                                                     "no room",
+                                                     "left alone",
+                                                     "no trash"};
 
 class NoLauncher : public platform::Launcher {
   public:
@@ -88,9 +93,9 @@ class Spelling {
 // Collects the verdicts as the action goes from object to object.
 class Collector : public OutcomeSink {
   public:
-    Collector(PreviewPrompts& prompts, platform::FileSystem& files, bool isMove,
-              std::vector<PreviewEntry>& entries)
-        : prompts_(prompts), spelling_(files), isMove_(isMove), entries_(entries) {}
+    Collector(PreviewPrompts& prompts, platform::FileSystem& files, platform::RehearsalTrash& trash,
+              bool isMove, std::vector<PreviewEntry>& entries)
+        : prompts_(prompts), spelling_(files), trash_(trash), isMove_(isMove), entries_(entries) {}
 
     void Settled(const Outcome& outcome) override {
         entries_.push_back(
@@ -100,12 +105,14 @@ class Collector : public OutcomeSink {
   private:
     Verdict VerdictOf(const Outcome& outcome) {
         const auto asked = prompts_.Take();
+        const bool isRefused = trash_.TakeRefusal();
         if (asked.longPath) return Verdict::kLongPath;
         if (asked.duplicate) return Verdict::kDuplicateAsk;
         if (asked.isProtected) return Verdict::kProtectedAsk;
         switch (outcome.kind) {
         case OutcomeKind::kCopied:
             if (outcome.isNewName) return Verdict::kDuplicateRename;
+            if (isMove_ && isRefused) return Verdict::kCopyOnly;
             return isMove_ ? Verdict::kProtectedCopy : Verdict::kCopy;
         case OutcomeKind::kMoved:
             return outcome.isNewName ? Verdict::kDuplicateRename : Verdict::kMove;
@@ -125,17 +132,25 @@ class Collector : public OutcomeSink {
         case OutcomeKind::kProtected:
             return Verdict::kProtectedAsk;
         case OutcomeKind::kFailed:
-            return Verdict::kFailed;
+            return FailureOf(outcome.errorNumber);
         case OutcomeKind::kChanged:
             return Verdict::kChanged;
+        case OutcomeKind::kUnchanged:
+            return Verdict::kUnchanged;
         case OutcomeKind::kLeftAlone:
             break;
         }
-        return Verdict::kUnchanged;
+        return isRefused ? Verdict::kNoTrash : Verdict::kLeftAlone;
+    }
+
+    static Verdict FailureOf(int error) {
+        if (error == platform::kPermissionDenied) return Verdict::kNoRight;
+        return error == platform::kDiskFull ? Verdict::kNoRoom : Verdict::kFailed;
     }
 
     PreviewPrompts& prompts_;
     Spelling spelling_;
+    platform::RehearsalTrash& trash_;
     bool isMove_;
     std::vector<PreviewEntry>& entries_;
 };
@@ -144,7 +159,8 @@ class Collector : public OutcomeSink {
 class Rehearsal {
   public:
     explicit Rehearsal(Session& real)
-        : real_(real), files_(real.files()), trash_(files_), session_(MachineOf(real), prompts_) {
+        : real_(real), files_(real.files()), trash_(files_, real.platform.trash),
+          session_(MachineOf(real), prompts_) {
         session_.state = real.state;
         session_.state.datDestHistory.clear();
         session_.selection = real.selection;
@@ -159,7 +175,8 @@ class Rehearsal {
 
     PreviewResult Run() {
         PreviewResult result;
-        Collector collector(prompts_, files_, IsMove(real_.state.strAction), result.entries);
+        Collector collector(prompts_, files_, trash_, IsMove(real_.state.strAction),
+                            result.entries);
         session_.frmDialog.Show();
         PressOk(session_, real_.frmDialog, &collector);
         result.blnStopped = real_.state.blnStopAction;
@@ -212,9 +229,9 @@ PreviewResult Preview(Session& session) {
 }
 
 void cmdPreview_Click(Session& session) {
-    SetBusy(session, true);
+    ShowBusy(session, true);
     const PreviewResult result = Preview(session);
-    SetBusy(session, false);
+    ShowBusy(session, false);
     if (!result.refusal.empty()) {
         session.MsgBox(session::PromptId::kPreviewRefused, result.refusal);
         return;

@@ -28,6 +28,11 @@ enum class Verdict : std::uint8_t {
     kUnchanged,
     kFailed,
     kChanged,
+    kCopyOnly, // of a move: the original can't be taken away
+    kNoRight,
+    kNoRoom,
+    kLeftAlone, // for a reason that would be told
+    kNoTrash,   // for what it would overwrite
 };
 
 // "copy", "duplicate: skip" ...

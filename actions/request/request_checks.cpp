@@ -140,7 +140,7 @@ void RefuseLevels(Session& session, PromptId id, std::string_view told) {
 
 void Report(Session& session, const ActionRun& run) {
     ReportActionResult(session, run);
-    SetBusy(session, false);
+    ShowBusy(session, false);
 }
 
 } // namespace tarvix::actions

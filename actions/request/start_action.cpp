@@ -62,13 +62,14 @@ std::string Summary(const session::ActionTotals& totals, std::string_view verb) 
     const std::int64_t all = std::max(totals.wanted, reached);
     std::string told = fmt::format("{} {} of {} {}", verb, figure(totals.done - totals.copiedOnly),
                                    figure(all), all == 1 ? "object" : "objects");
-    const std::array<std::pair<std::int64_t, const char*>, 7> others{
+    const std::array<std::pair<std::int64_t, const char*>, 8> others{
         {{totals.copiedOnly, " copied only, the originals still stand"},
          {totals.keptApart, " renamed beside others that were placed just before"},
          {totals.leftParts, " left parts of ended runs removed"},
          {all - reached, " not reached"},
          {totals.duplicates, " skipped as duplicates"},
-         {totals.skipped - totals.duplicates, " left alone"},
+         {totals.unchanged, " unchanged"},
+         {totals.skipped - totals.duplicates - totals.unchanged, " left alone"},
          {totals.failed, " failed"}}};
     for (const auto& [count, what] : others) {
         if (count > 0) told += fmt::format(", {}{}", figure(count), what);

@@ -142,7 +142,7 @@ class Loop {
     int places_;
     ActionProgress progress_;
     platform::CopyObserver plainObserver_;
-    platform::Busy busy_{session_.files()};
+    platform::ManyChanges many_{session_.files()};
     Outcome last_;
     std::vector<ChangedObject> changed_;
 };
@@ -203,7 +203,7 @@ void Loop::NotePlaced() {
 
 bool Loop::GoesOn() {
     const char* why = nullptr;
-    if (last_.isDiskFull) {
+    if (last_.errorNumber == platform::kDiskFull) {
         why = " The action ended, since the disk is full.";
     } else if (session_.state.blnStopAction) {
         why = " User stopped the action.";

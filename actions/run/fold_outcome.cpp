@@ -21,6 +21,7 @@ void FoldOutcome(session::SessionState& state, const ActionRun& run, const Outco
         ++(outcome.isPlaced ? totals.done : totals.skipped);
     }
     if (outcome.kind == OutcomeKind::kSkippedDuplicate) ++totals.duplicates;
+    if (outcome.kind == OutcomeKind::kUnchanged) ++totals.unchanged;
     if (outcome.kind == OutcomeKind::kCopied && run.request.isMove) ++totals.copiedOnly;
     if (outcome.isPlaced && outcome.isKeptApart) ++totals.keptApart;
     if (!outcome.error.empty() && totals.errors.size() < kMostErrorsKept) {

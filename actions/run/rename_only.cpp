@@ -49,6 +49,8 @@ struct Renamed {
     bool isChanged = false;
     bool hasFailed = false;
     bool isOther = false; // not what the search saw
+    bool isTried = false; // a new name was made for it
+    int errorNumber = 0;
     std::string error;
 };
 
@@ -101,7 +103,7 @@ RenameOnlyEnd Renaming::Run() {
     session_.state.lastAction = {};
     session_.state.lastAction.wanted = session_.selection->lngSelTop + 1;
     session_.state.blnStopAction = false;
-    const platform::Busy busy(session_.files());
+    const platform::ManyChanges many(session_.files());
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
     const auto plain = std::exchange(
         run_.observer, [&progress](const auto& copied) { return progress.InFile(copied); });
@@ -183,8 +185,10 @@ void Renaming::Settle(Renamed& object) {
                  .kind = object.isOther     ? OutcomeKind::kChanged
                          : object.hasFailed ? OutcomeKind::kFailed
                          : object.isChanged ? OutcomeKind::kRenamed
+                         : !object.isTried  ? OutcomeKind::kUnchanged
                                             : OutcomeKind::kLeftAlone,
                  .isPlaced = object.isChanged,
+                 .errorNumber = object.errorNumber,
                  .error = std::move(object.error)});
 }
 
@@ -212,6 +216,7 @@ void Renaming::KeepNewNames() {
 
 void Renaming::Insert(Renamed& object) {
     const std::string& add = request_.add;
+    object.isTried = true;
     std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
                                                           : text::Concat({add, object.text}));
     session_.frmDialog.lblStatus.Caption =
@@ -238,6 +243,7 @@ void Renaming::FindAndReplace(Renamed& object) {
 }
 
 Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
+    object.isTried = true;
     const std::string text = ReplaceInText(object.text, hit);
     std::string path =
         NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
@@ -295,7 +301,8 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
             session_, session::PromptId::kRenameNoName,
             fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
                         "have such a name.",
-                        object.old, path, object.isFile ? "file" : "folder"));
+                        session_.Shown(object.old), session_.Shown(path),
+                        object.isFile ? "file" : "folder"));
         return false;
     }
     session::TellAndLog(session_, session::PromptId::kRenameEmpty,
@@ -324,7 +331,7 @@ bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
 bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     const std::string told = fmt::format(
         "Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nThat {} name already exists",
-        object.old, path, object.isFile ? "File" : "Folder");
+        session_.Shown(object.old), session_.Shown(path), object.isFile ? "File" : "Folder");
     if (request_.inserts) {
         session::TellAndLog(session_, session::PromptId::kRenameTaken, told);
         return false;
@@ -356,6 +363,7 @@ Renaming::Moved Renaming::Move(Renamed& object, const platform::FreePlace& place
     object.isOther = outcome.kind == OutcomeKind::kChanged;
     if (outcome.kind == OutcomeKind::kFailed || object.isOther) {
         object.hasFailed = true;
+        object.errorNumber = outcome.errorNumber;
         object.error = std::move(outcome.error);
     }
     session_.state.blnPathLimitHit = false;

@@ -166,8 +166,8 @@ Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folde
     return FailureOf(opened.error(), folder);
 }
 
-void LinuxFileSystem::SetBusy(bool isBusy) {
-    isBusy ? store_.BeginRun() : store_.EndRun();
+void LinuxFileSystem::ExpectChanges(bool many) {
+    many ? store_.BeginRun() : store_.EndRun();
 }
 
 std::vector<DriveInfo> LinuxFileSystem::Drives() {

@@ -5,6 +5,7 @@
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/folder_store.h"
+#include "platform/linux/linux_foresight.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
@@ -62,7 +63,8 @@ class LinuxFileSystem : public FileSystem {
     Result<void> ReplaceContent(std::string_view path, std::string_view from) override;
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
-    void SetBusy(bool isBusy) override;
+    void ExpectChanges(bool many) override;
+    Foresight& Foresee() override { return foresight_; }
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
 
@@ -143,6 +145,7 @@ class LinuxFileSystem : public FileSystem {
     Mounts& mounts_;
     FolderStore store_;
     PathResolver resolver_;
+    LinuxForesight foresight_{resolver_};
     std::atomic<std::uint64_t> changes_ = 0; // made here so far
     const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;

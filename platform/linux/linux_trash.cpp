@@ -41,6 +41,11 @@ std::string TopOf(std::string folder, std::uint64_t device) {
     return folder;
 }
 
+bool IsOfHome(std::uint64_t device) {
+    const auto home = StatBehindPath(g_get_home_dir());
+    return home && DeviceOf(*home) == device;
+}
+
 // One call of Recycle: the trash folders that it came by. They are held open no longer than that,
 // since an open folder keeps a drive from being taken out.
 class TrashRun {
@@ -87,10 +92,8 @@ Sys<TrashFolder*> TrashRun::TrashFor(const Resolved& place, const std::string& f
     const std::uint64_t device = DeviceOf(*place.st);
     const auto known = trashes_.find(device);
     if (known != trashes_.end()) return &known->second;
-    const auto home = StatBehindPath(g_get_home_dir());
-    const bool isHome = home && DeviceOf(*home) == device;
-    TX_TRY_ASSIGN(auto trash,
-                  isHome ? TrashFolder::OfHome() : TrashFolder::OfMount(TopOf(folder, device)));
+    TX_TRY_ASSIGN(auto trash, IsOfHome(device) ? TrashFolder::OfHome()
+                                               : TrashFolder::OfMount(TopOf(folder, device)));
     return &trashes_.emplace(device, std::move(trash)).first->second;
 }
 
@@ -130,6 +133,16 @@ Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
         taken_ = std::move(*taken);
     }
     return {};
+}
+
+Result<void> LinuxTrash::MayTake(std::string_view path) {
+    const auto place = files_.Existing(path);
+    if (!place) return {};
+    const std::uint64_t device = DeviceOf(*place->st);
+    if (IsOfHome(device)) return {};
+    const auto folder = TrueFolder(*place);
+    if (!folder || TrashFolder::MayBeMade(TopOf(*folder, device))) return {};
+    return TrashFailure(ENOTSUP, SeenObject{.path = path, .sighting = {}});
 }
 
 Result<void> LinuxTrash::PutBack(std::string_view path) {

@@ -17,6 +17,7 @@ class LinuxTrash : public Trash {
     explicit LinuxTrash(LinuxFileSystem& files) : files_(files) {}
     Result<void> RecycleSeen(std::span<const SeenObject> objects,
                              const TrashObserver& observer) override;
+    Result<void> MayTake(std::string_view path) override;
     Result<void> PutBack(std::string_view path) override;
 
   private:

@@ -148,6 +148,16 @@ Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
     return std::unexpected(ENOTSUP);
 }
 
+bool TrashFolder::MayBeMade(const std::string& top) {
+    if (!IsTrashWanted(top)) return false;
+    const std::string base = top == "/" ? top : top + "/";
+    const std::string own = base + ".Trash-" + std::to_string(::getuid());
+    for (const std::string& folder : {own, base + ".Trash", base}) {
+        if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0) return true;
+    }
+    return false;
+}
+
 Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
                                           bool mustBeSame) {
     const std::string_view name = path.substr(path.rfind('/') + 1);

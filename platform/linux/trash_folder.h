@@ -18,6 +18,9 @@ class TrashFolder {
     // be or none is wanted.
     static Sys<TrashFolder> OfMount(const std::string& top);
 
+    // Whether OfMount would find or make one, as far as can be told without doing it.
+    static bool MayBeMade(const std::string& top);
+
     // Moves an object into it. `path` is where the object is (native, absolute, no links on the
     // way), and what it will be restored to. EXDEV when it lies on another file system; EREMCHG
     // when it must be the object of `st` and another has come to its name, which then goes back.

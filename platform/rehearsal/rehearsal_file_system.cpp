@@ -60,6 +60,7 @@ RehearsalFileSystem::RehearsalFileSystem(FileSystem& real, std::function<FileTim
 void RehearsalFileSystem::Clear() {
     ForgetRecent();
     drives_.clear();
+    rooms_.clear();
     steps_.Clear();
     vainTries_ = 0;
 }
@@ -71,6 +72,7 @@ void RehearsalFileSystem::BeginChange() {
     if (vainTries_ > kFewTries && !std::has_single_bit(vainTries_)) return;
     ForgetRecent();
     drives_.clear();
+    rooms_.clear();
 }
 
 void RehearsalFileSystem::NoteChange(TreeChange change, std::string_view from,
@@ -245,6 +247,77 @@ Result<TreeNode*> RehearsalFileSystem::FileBehind(TreeNode& link) {
 Result<std::string> RehearsalFileSystem::BytesOf(TreeNode& file, std::uint64_t offset,
                                                  std::size_t count) {
     return file.isHeld ? file.Bytes(offset, count) : real_.ReadBytes(RealPath(file), offset, count);
+}
+
+// ---- what the real one foresees ----
+
+Result<void> RehearsalFileSystem::CheckReadable(const TreeNode& file, std::string_view path) {
+    const std::string real = file.isHeld || file.IsLink() ? std::string() : RealPath(file);
+    if (real.empty() || real_.Foresee().MayRead(real)) return {};
+    return TreeFailure(kPermissionDenied, path);
+}
+
+// What was made here takes names; what was moved here is what it was.
+Result<void> RehearsalFileSystem::CheckAddTo(TreeNode& folder, std::string_view path) {
+    RehearsalNode& own = Rehearsed(folder);
+    if (!own.refusal) {
+        const std::string real = RealPath(folder);
+        const auto may = real.empty() ? Result<void>() : real_.Foresee().MayAddTo(real);
+        own.refusal = may ? 0 : may.error().number;
+    }
+    if (*own.refusal != kPermissionDenied) return {};
+    return TreeFailure(kPermissionDenied, path);
+}
+
+Result<void> RehearsalFileSystem::CheckTake(TreeNode& node, std::string_view path) {
+    const bool liesThere = !Rehearsed(node).origin && !Rehearsed(node).isMade;
+    const std::string real = liesThere ? RealPath(node) : std::string();
+    if (real.empty()) {
+        return node.parent == nullptr ? Result<void>() : CheckAddTo(*node.parent, path);
+    }
+    const auto may = real_.Foresee().MayTake(real);
+    if (may || may.error().number != kPermissionDenied) return {};
+    return TreeFailure(kPermissionDenied, path);
+}
+
+std::uint64_t RehearsalFileSystem::DiskOf(const TreeNode& folder) {
+    const RehearsalNode& own = Rehearsed(folder);
+    if (own.disk) return *own.disk;
+    const std::string real = RealPath(folder);
+    std::uint64_t disk = 0;
+    if (const auto room = real.empty() ? std::nullopt : real_.Foresee().RoomIn(real)) {
+        disk = room->disk;
+        rooms_.emplace(disk, *room);
+    } else if (real.empty() && own.parent != nullptr) {
+        disk = DiskOf(*own.parent);
+    }
+    own.disk = disk;
+    return disk;
+}
+
+Result<void> RehearsalFileSystem::CheckRoom(const TreeNode& folder, std::uint64_t more,
+                                            const TreeNode* source) {
+    const bool hasHoles = source != nullptr && (source->attributes & kSparse) != 0;
+    if (hasHoles || (source != nullptr && source->IsLink())) return {};
+    const std::uint64_t disk =
+        DiskOf(folder.IsFolder() || folder.parent == nullptr ? folder : *folder.parent);
+    const auto room = rooms_.find(disk);
+    if (room == rooms_.end()) return {};
+    DiskRoom& left = room->second;
+    const bool isShared = left.sharesBlocks && source != nullptr && source->parent != nullptr &&
+                          DiskOf(*source->parent) == disk;
+    if (isShared) return {};
+    if (more > left.bytes) return TreeFailure(kDiskFull, folder.name);
+    left.bytes -= more;
+    return {};
+}
+
+bool RehearsalFileSystem::IsOneDisk(const Place& from, const Place& to) {
+    if (from.drive != to.drive) return false;
+    if (from.folder == nullptr || to.folder == nullptr || from.folder == to.folder) return true;
+    const std::uint64_t disk = DiskOf(*from.folder);
+    const std::uint64_t other = DiskOf(*to.folder);
+    return disk == 0 || other == 0 || disk == other;
 }
 
 // ---- objects ----

@@ -4,7 +4,9 @@
 #include "platform/tree/tree_file_system.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <map>
 
 namespace tarvix::platform {
 
@@ -12,9 +14,9 @@ struct RehearsalNode;
 
 // A file system on which nothing is really changed. Reading goes through to the real one, as it
 // would be after the changes recorded so far; changes are recorded in order and give the results
-// that the real ones would. It can't foresee refusals that only doing it would show: rights of
-// others, a full disk, a failing device. Folders are read when they are first walked into, and kept
-// from then on.
+// that the real ones would, by what the real one foresees of rights and room, too. It can't foresee
+// what only doing it would show, such as a failing device. Folders are read when they are first
+// walked into, and kept from then on.
 //
 // What a link leads to isn't known here: a path through a link, or under another drive name, is a
 // road of its own, and what is changed on the one road isn't seen on the other.
@@ -64,6 +66,12 @@ class RehearsalFileSystem : public TreeFileSystem {
     Result<void> Fetch(TreeNode& node) override;
     Result<std::string> BytesOf(TreeNode& file, std::uint64_t offset, std::size_t count) override;
     Result<Place> Walk(std::string_view path) override;
+    Result<void> CheckReadable(const TreeNode& file, std::string_view path) override;
+    Result<void> CheckRoom(const TreeNode& folder, std::uint64_t more,
+                           const TreeNode* source) override;
+    Result<void> CheckAddTo(TreeNode& folder, std::string_view path) override;
+    Result<void> CheckTake(TreeNode& node, std::string_view path) override;
+    bool IsOneDisk(const Place& from, const Place& to) override;
 
   private:
     // A folder that paths were looked up in.
@@ -74,6 +82,8 @@ class RehearsalFileSystem : public TreeFileSystem {
     };
 
     void Load(RehearsalNode& folder);
+    // The file system that a folder lies on, as far as it is known; else 0.
+    std::uint64_t DiskOf(const TreeNode& folder);
     // Whether the object lies where it really lies, so that the real file system can tell of it.
     bool IsWhereItWas(std::string_view path, const TreeNode& node);
     void ForgetRecent() { recent_.fill({}); }
@@ -81,8 +91,9 @@ class RehearsalFileSystem : public TreeFileSystem {
     FileSystem& real_;
     std::function<FileTime()> now_;
     RehearsalSteps steps_;
-    std::size_t vainTries_ = 0;    // changes asked for and refused before the first
-    std::array<Recent, 4> recent_; // the next to go first
+    std::map<std::uint64_t, DiskRoom> rooms_; // what the changes so far have left of each disk
+    std::size_t vainTries_ = 0;               // changes asked for and refused before the first
+    std::array<Recent, 4> recent_;            // the next to go first
     std::size_t nextRecent_ = 0;
 };
 

@@ -4,13 +4,15 @@
 #include "platform/trash.h"
 #include "platform/try.h"
 
+#include <utility>
+
 namespace tarvix::platform {
 
 // A trash into which nothing really goes: each object is recorded, and gone for the file system of
-// the rehearsal. It takes every drive to have a trash.
+// the rehearsal. What the real trash would refuse beforehand it refuses, too.
 class RehearsalTrash : public Trash {
   public:
-    explicit RehearsalTrash(RehearsalFileSystem& files) : files_(files) {}
+    RehearsalTrash(RehearsalFileSystem& files, Trash& real) : files_(files), real_(real) {}
 
     Result<void> RecycleSeen(std::span<const SeenObject> objects,
                              const TrashObserver& observer) override {
@@ -20,10 +22,15 @@ class RehearsalTrash : public Trash {
             if (objects[done].sighting.location != kAnyRoad) {
                 TX_TRY(files_.LookAtSeen(objects[done]));
             }
-            TX_TRY(files_.TakeAway(path));
+            const auto taken = Take(path);
+            hasRefused_ = hasRefused_ || !taken;
+            TX_TRY(taken);
         }
         return {};
     }
+
+    // Whether an object that is there was refused since the last call.
+    bool TakeRefusal() { return std::exchange(hasRefused_, false); }
 
     // What was made whole before gets its name here, so that nothing ever comes back.
     Result<void> PutBack(std::string_view path) override {
@@ -31,7 +38,15 @@ class RehearsalTrash : public Trash {
     }
 
   private:
+    Result<void> Take(std::string_view path) {
+        TX_TRY(real_.MayTake(path));
+        TX_TRY(files_.TakeAway(path));
+        return {};
+    }
+
     RehearsalFileSystem& files_;
+    Trash& real_;
+    bool hasRefused_ = false;
 };
 
 } // namespace tarvix::platform

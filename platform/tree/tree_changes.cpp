@@ -29,6 +29,20 @@ std::shared_ptr<TreeNode> TreeFileSystem::Detach(TreeNode& node) {
     return node.Detach();
 }
 
+// A new name at a place.
+Result<void> TreeFileSystem::MayAdd(const Place& place, std::string_view path) {
+    if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
+    return place.folder == nullptr ? Result<void>() : CheckAddTo(*place.folder, path);
+}
+
+// What stands at a place leaves it.
+Result<void> TreeFileSystem::MayTake(const Place& place, std::string_view path) {
+    if (place.drive->IsReadOnly() || place.folder == nullptr) {
+        return TreeFailure(kPermissionDenied, path);
+    }
+    return CheckTake(*place.node, path);
+}
+
 // ---- one object ----
 
 Result<void> TreeFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
@@ -49,7 +63,8 @@ Result<void> TreeFileSystem::DeleteFile(std::string_view path, bool force) {
     TX_TRY_ASSIGN(const Place place, NeedFile(path));
     TX_TRY(Fetch(*place.node));
     const bool isKept = (place.node->attributes & kReadOnly) != 0 && !force;
-    if (place.drive->IsReadOnly() || isKept) return TreeFailure(kPermissionDenied, path);
+    if (isKept) return TreeFailure(kPermissionDenied, path);
+    TX_TRY(MayTake(place, path));
     Detach(*place.node);
     NoteChange(TreeChange::kDeleteFile, path, {});
     return {};
@@ -63,6 +78,7 @@ Result<void> TreeFileSystem::RemoveFolder(std::string_view path) {
     // What can't be listed isn't known to be empty.
     const bool isKnown = canGo && (WhyUnlisted(*place.node) == 0 || place.node->isHeld);
     if (!isKnown || !place.node->Children().empty()) return TreeFailure(kPathFileAccess, path);
+    TX_TRY(MayTake(place, path));
     Detach(*place.node);
     NoteChange(TreeChange::kRemoveFolder, path, {});
     return {};
@@ -72,7 +88,7 @@ Result<void> TreeFileSystem::CreateFolder(std::string_view path) {
     BeginChange();
     TX_TRY_ASSIGN(const Place place, Walk(path));
     if (place.node != nullptr) return TreeFailure(kPathFileAccess, path);
-    if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
+    TX_TRY(MayAdd(place, path));
     Attach(place, Made(TreeKind::kFolder), place.name);
     NoteChange(TreeChange::kCreateFolder, path, {});
     return {};
@@ -81,9 +97,7 @@ Result<void> TreeFileSystem::CreateFolder(std::string_view path) {
 Result<std::shared_ptr<TreeNode>> TreeFileSystem::TakeAway(std::string_view path) {
     BeginChange();
     TX_TRY_ASSIGN(const Place place, Need(path));
-    if (place.drive->IsReadOnly() || place.folder == nullptr) {
-        return TreeFailure(kPermissionDenied, path);
-    }
+    TX_TRY(MayTake(place, path));
     NoteChange(TreeChange::kRecycle, path, {});
     return Detach(*place.node);
 }
@@ -100,8 +114,10 @@ Result<void> TreeFileSystem::CheckFree(const Place& from, const Place& to,
     return TreeFailure(kAlreadyExists, toPath);
 }
 
-Result<void> TreeFileSystem::Rename(const Place& from, const Place& to, std::string_view toPath) {
-    if (from.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, toPath);
+Result<void> TreeFileSystem::Rename(const Place& from, const Place& to, std::string_view fromPath,
+                                    std::string_view toPath) {
+    TX_TRY(MayTake(from, fromPath));
+    TX_TRY(MayAdd(to, toPath));
     auto node = Detach(*from.node);
     Attach(to, std::move(node), to.name);
     return {};
@@ -110,7 +126,7 @@ Result<void> TreeFileSystem::Rename(const Place& from, const Place& to, std::str
 // The observer may have changed what stands there.
 Result<void> TreeFileSystem::MoveAcross(const Place& source, std::string_view from,
                                         std::string_view to, const CopyObserver& observer) {
-    if (source.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, from);
+    TX_TRY(MayTake(source, from));
     TX_TRY(CopyFileOnly(from, to, false, observer));
     TX_TRY_ASSIGN(const Place now, NeedFile(from));
     Detach(*now.node);
@@ -123,8 +139,8 @@ Result<void> TreeFileSystem::MoveFile(std::string_view from, std::string_view to
     TX_TRY_ASSIGN(const Place source, NeedFile(from));
     TX_TRY_ASSIGN(const Place target, Walk(to));
     TX_TRY(CheckFree(source, target, to));
-    TX_TRY(source.drive == target.drive ? Rename(source, target, to)
-                                        : MoveAcross(source, from, to, observer));
+    TX_TRY(IsOneDisk(source, target) ? Rename(source, target, from, to)
+                                     : MoveAcross(source, from, to, observer));
     NoteChange(TreeChange::kMoveFile, from, to);
     return {};
 }
@@ -138,8 +154,8 @@ Result<void> TreeFileSystem::MoveFolder(std::string_view from, std::string_view 
         return TreeFailure(kPathFileAccess, to);
     }
     TX_TRY(CheckFree(source, target, to));
-    if (source.drive != target.drive) return TreeFailure(kPermissionDenied, to);
-    TX_TRY(Rename(source, target, to));
+    if (!IsOneDisk(source, target)) return TreeFailure(kPermissionDenied, to);
+    TX_TRY(Rename(source, target, from, to));
     NoteChange(TreeChange::kMoveFolder, from, to);
     return {};
 }
@@ -182,7 +198,7 @@ Result<void> TreeFileSystem::TakeIn(TreeNode& file) {
 }
 
 Result<void> TreeFileSystem::Append(TreeNode& file, std::string_view bytes) {
-    TX_TRY(CheckRoom(file, bytes.size()));
+    TX_TRY(CheckRoom(file, bytes.size(), nullptr));
     file.content.resize(static_cast<std::size_t>(file.size), '\0');
     file.content += bytes;
     file.size = file.content.size();
@@ -199,7 +215,7 @@ Result<std::unique_ptr<TextStream>> TreeFileSystem::CreateTextFile(std::string_v
         if (LeadsToFolder(*place.node)) return TreeFailure(kPathFileAccess, path);
         return OpenAsTextStream(path, OpenMode::kWrite);
     }
-    if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
+    TX_TRY(MayAdd(place, path));
     auto node = Made(TreeKind::kFile);
     Attach(place, node, place.name);
     NoteChange(TreeChange::kWriteText, path, {});
@@ -212,7 +228,7 @@ Result<void> TreeFileSystem::ReplaceContent(std::string_view path, std::string_v
     TX_TRY_ASSIGN(std::string bytes, BytesOf(*source, 0, kTextLimit));
     TX_TRY_ASSIGN(TreeNode* const node, NeedBytes(path, false));
     if (DriveOf(*node)->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
-    if (bytes.size() > node->size) TX_TRY(CheckRoom(*node, bytes.size() - node->size));
+    if (bytes.size() > node->size) TX_TRY(CheckRoom(*node, bytes.size() - node->size, nullptr));
     node->content = std::move(bytes);
     node->size = node->content.size();
     node->isHeld = true;

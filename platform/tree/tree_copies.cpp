@@ -60,8 +60,7 @@ Result<void> TreeFileSystem::CheckReplace(const Place& to, const TreeNode& sourc
         }
         if ((facts.attributes & kReadOnly) != 0) return TreeFailure(kPermissionDenied, path);
     }
-    if (to.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
-    return {};
+    return MayAdd(to, path);
 }
 
 // A copy of the object alone, in no folder.
@@ -85,7 +84,7 @@ Result<void> TreeFileSystem::CheckCopy(const CopyRun& run, const TreeNode& sourc
                                        std::string_view to) {
     TX_TRY(CheckReplace(place, source, run.overwrite, to));
     TX_TRY(CheckReadable(source, from));
-    return CheckRoom(*place.folder, source.size);
+    return CheckRoom(*place.folder, source.size, &source);
 }
 
 // A copy in no folder. The observer may have changed the source: then it is made once more.
@@ -183,9 +182,10 @@ Result<std::unique_ptr<UnnamedCopy>> TreeFileSystem::PrepareFile(std::string_vie
     TX_TRY(Fetch(*kept));
     if ((kept->attributes & kSpecial) != 0) return TreeFailure(kPathFileAccess, from);
     TX_TRY_ASSIGN(const Place place, Walk(to));
-    if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, to);
+    TX_TRY(MayAdd(place, to));
     TX_TRY(CheckReadable(*kept, from));
-    TX_TRY(CheckRoom(place.folder != nullptr ? *place.folder : *place.node, kept->size));
+    TX_TRY(
+        CheckRoom(place.folder != nullptr ? *place.folder : *place.node, kept->size, kept.get()));
     CopyRun run{observer, false, kept->IsLink() ? 0 : kept->size};
     TX_TRY_ASSIGN(auto node, CopyUnchanged(run, *kept, from));
     auto copy = std::make_unique<Unnamed>(*this, from, to);
@@ -261,9 +261,7 @@ Result<void> TreeFileSystem::CheckSubfolder(const CopyRun& run, TreeNode& source
         return TreeFailure(run.overwrite ? kPathFileAccess : kAlreadyExists, path);
     }
     TX_TRY(ChildrenOf(source, from));
-    const bool mayBeMade = to.node != nullptr || !to.drive->IsReadOnly();
-    if (!mayBeMade) return TreeFailure(kPermissionDenied, path);
-    return {};
+    return to.node != nullptr ? Result<void>() : MayAdd(to, path);
 }
 
 Result<void> TreeFileSystem::CopySubfolder(CopyRun& run, TreeNode& source, const Place& to,

@@ -114,9 +114,17 @@ class TreeFileSystem : public FileSystem {
     // Puts an object's facts into it, if they aren't yet.
     virtual Result<void> Fetch(TreeNode&) { return {}; }
     virtual Result<std::string> BytesOf(TreeNode& file, std::uint64_t offset, std::size_t count);
-    // 70 when a file's bytes can't be read; 61 when the drive of a node can't take so many more.
+    // 70 when a file's bytes can't be read.
     virtual Result<void> CheckReadable(const TreeNode&, std::string_view) { return {}; }
-    virtual Result<void> CheckRoom(const TreeNode&, std::uint64_t) { return {}; }
+    // 61 when the drive of a node can't take so many more, which are written then; `source` is what
+    // they are copied from, or null.
+    virtual Result<void> CheckRoom(const TreeNode&, std::uint64_t, const TreeNode*) { return {}; }
+    // 70 when a folder takes no new names, or when an object may not leave its folder. The path is
+    // for the failure.
+    virtual Result<void> CheckAddTo(TreeNode&, std::string_view) { return {}; }
+    virtual Result<void> CheckTake(TreeNode&, std::string_view) { return {}; }
+    // Whether what lies at one place can get another without being copied.
+    virtual bool IsOneDisk(const Place& from, const Place& to) { return from.drive == to.drive; }
 
     // ---- looking up ----
 
@@ -174,8 +182,11 @@ class TreeFileSystem : public FileSystem {
                            const std::string& from, const std::string& to);
     Result<std::shared_ptr<TreeNode>> MadeLike(TreeNode& source);
     std::uint64_t SizeOfTree(TreeNode& node);
+    Result<void> MayAdd(const Place& place, std::string_view path);
+    Result<void> MayTake(const Place& place, std::string_view path);
     Result<void> CheckFree(const Place& from, const Place& to, std::string_view toPath) const;
-    Result<void> Rename(const Place& from, const Place& to, std::string_view toPath);
+    Result<void> Rename(const Place& from, const Place& to, std::string_view fromPath,
+                        std::string_view toPath);
     Result<void> MoveAcross(const Place& source, std::string_view from, std::string_view to,
                             const CopyObserver& observer);
 

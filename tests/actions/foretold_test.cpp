@@ -32,6 +32,7 @@ class ByHand {
         switch (entry.verdict) {
         case Verdict::kCopy:
         case Verdict::kProtectedCopy:
+        case Verdict::kCopyOnly:
             return Put(source, entry.strNewPath, false);
         case Verdict::kMove:
             return Put(source, entry.strNewPath, true);
@@ -135,8 +136,8 @@ class Recorder : public actions::OutcomeSink {
 
 bool IsPlaced(Verdict verdict) {
     return verdict == Verdict::kCopy || verdict == Verdict::kMove || verdict == Verdict::kRename ||
-           verdict == Verdict::kProtectedCopy || verdict == Verdict::kDuplicateRename ||
-           verdict == Verdict::kDuplicateOverwrite;
+           verdict == Verdict::kProtectedCopy || verdict == Verdict::kCopyOnly ||
+           verdict == Verdict::kDuplicateRename || verdict == Verdict::kDuplicateOverwrite;
 }
 
 bool IsPlaced(actions::OutcomeKind kind) {
@@ -156,7 +157,10 @@ std::string Told(const std::vector<PreviewEntry>& entries, const results::Select
 }
 
 bool AnyFails(const actions::PreviewResult& foretold) {
-    return std::ranges::count(foretold.entries, Verdict::kFailed, &PreviewEntry::verdict) > 0;
+    return std::ranges::any_of(foretold.entries, [](const PreviewEntry& entry) {
+        return entry.verdict == Verdict::kFailed || entry.verdict == Verdict::kNoRight ||
+               entry.verdict == Verdict::kNoRoom || entry.verdict == Verdict::kNoTrash;
+    });
 }
 
 struct Course {

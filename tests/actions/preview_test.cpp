@@ -98,6 +98,57 @@ TEST_F(PreviewTest, ARenameInPlace) {
     EXPECT_THAT(Verdicts(result), ElementsAre("C:\\t\\ax.txt - rename", "C:\\t\\bx.txt - rename"));
 }
 
+TEST_F(PreviewTest, AFolderThatTakesNoNames) {
+    platform::InMemory(*Disk().Node("C:\\d")).isLocked = true;
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\d");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result),
+                ElementsAre("C:\\d\\a.txt - no right", "C:\\d\\b.txt - duplicate: skip"));
+}
+
+TEST_F(PreviewTest, AFileThatCannotBeRead) {
+    platform::InMemory(*Disk().Node("C:\\t\\a.txt")).isUnreadable = true;
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\e");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result), ElementsAre("C:\\e\\a.txt - no right", "C:\\e\\b.txt - copy"));
+}
+
+TEST_F(PreviewTest, AnOriginalThatMayNotBeTakenAway) {
+    platform::InMemory(*Disk().Node("C:\\t")).isLocked = true;
+    const auto result = Foretell(Form().cmdMoveSelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\d");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result), ElementsAre("C:\\d\\a.txt - copy only: no right to take it away",
+                                              "C:\\d\\b.txt - duplicate: skip"));
+}
+
+TEST_F(PreviewTest, NoRoomForTheSecondOfTwo) {
+    Disk().AddFile("C:\\t\\a.txt", "seven..");
+    Disk().AddFile("C:\\t\\c.txt", "seven..");
+    Disk().AddDrive("E:");
+    Disk().SetCapacity("E:", 10);
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "E:\\d");
+        Set(form.chkSkipAll, "1");
+    });
+    EXPECT_THAT(Verdicts(result), ElementsAre("E:\\d\\a.txt - copy", "E:\\d\\b.txt - copy",
+                                              "E:\\d\\c.txt - no room"));
+}
+
+TEST_F(PreviewTest, NoTrashForWhatWouldBeOverwritten) {
+    machine.bin.SetHasTrash("C:", false);
+    const auto result = Foretell(Form().cmdCopySelected, [this](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\d");
+        Set(form.chkOverWrite, "1");
+    });
+    EXPECT_THAT(Verdicts(result), ElementsAre("C:\\d\\a.txt - copy", "C:\\d\\b.txt - no trash"));
+}
+
 TEST_F(PreviewTest, ARefusalIsTold) {
     const auto result = Foretell(Form().cmdCopySelected,
                                  [this](fields::FrmDialog& form) { Set(form.cmbDir, "x"); });

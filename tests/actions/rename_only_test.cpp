@@ -420,6 +420,25 @@ class LongRename : public RenameOnlyTest {
     }
 };
 
+TEST_F(RenameOnlyTest, ANameWithNothingToReplaceIsAsItShouldBe) {
+    AddFile("C:\\t\\a.txt");
+    AddFile("C:\\t\\x.txt");
+    Replace("a", "b");
+    EXPECT_THAT(Files(), ElementsAre("b.txt", "x.txt"));
+    ExpectTotals(1, 1, 0);
+    EXPECT_EQ(session.state.lastAction.unchanged, 1);
+    EXPECT_TRUE(session.state.lastAction.IsAsAsked());
+}
+
+TEST_F(RenameOnlyTest, ANameThatIsTakenIsNotUnchanged) {
+    AddFile("C:\\t\\a.txt");
+    Disk().AddFile("C:\\t\\b.txt");
+    prompts.Queue("OK");
+    Replace("a", "b");
+    EXPECT_EQ(session.state.lastAction.unchanged, 0);
+    EXPECT_FALSE(session.state.lastAction.IsAsAsked());
+}
+
 TEST_F(LongRename, ContinuingRenamesByAShortPath) {
     const std::string folder = AddLongFile();
     prompts.Queue("cmdContinueAll");

@@ -89,6 +89,7 @@ class FaultyFileSystem : public FileSystem {
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override { return files_.Drives(); }
+    Foresight& Foresee() override { return files_.Foresee(); }
 
   private:
     struct Fault {

@@ -23,6 +23,8 @@ class FaultyTrash : public Trash {
         return {};
     }
 
+    Result<void> MayTake(std::string_view path) override { return trash_.MayTake(path); }
+
     Result<void> PutBack(std::string_view path) override {
         TX_TRY(faults_.Enter("PutBack", path));
         return trash_.PutBack(path);

@@ -77,7 +77,8 @@ std::uint64_t BytesBelow(const TreeNode& node) {
 }
 } // namespace
 
-Result<void> MemoryFileSystem::CheckRoom(const TreeNode& node, std::uint64_t more) {
+Result<void> MemoryFileSystem::CheckRoom(const TreeNode& node, std::uint64_t more,
+                                         const TreeNode*) {
     const TreeDrive* drive = DriveOf(node);
     const auto limit = drive == nullptr ? capacities_.end() : capacities_.find(drive->info.path);
     if (limit == capacities_.end() || limit->second == kUnlimited) return {};
@@ -112,6 +113,45 @@ Result<TreeNode*> MemoryFileSystem::FindUnlisted(TreeNode& folder, std::string_v
 Result<void> MemoryFileSystem::CheckReadable(const TreeNode& node, std::string_view path) {
     if (InMemory(node).isUnreadable) return TreeFailure(kPermissionDenied, path);
     return {};
+}
+
+// ---- rights ----
+
+Result<void> MemoryFileSystem::CheckAddTo(TreeNode& folder, std::string_view path) {
+    if (InMemory(folder).isLocked) return TreeFailure(kPermissionDenied, path);
+    return {};
+}
+
+Result<void> MemoryFileSystem::CheckTake(TreeNode& node, std::string_view path) {
+    return node.parent == nullptr ? Result<void>() : CheckAddTo(*node.parent, path);
+}
+
+Result<void> MemoryFileSystem::Ahead::MayRead(std::string_view path) {
+    TX_TRY_ASSIGN(const Place place, files_.Need(path));
+    return files_.CheckReadable(*place.node, path);
+}
+
+Result<void> MemoryFileSystem::Ahead::MayAddTo(std::string_view folder) {
+    TX_TRY_ASSIGN(const Place place, files_.NeedFolder(folder));
+    return files_.CheckAddTo(*files_.FolderAt(*place.node), folder);
+}
+
+Result<void> MemoryFileSystem::Ahead::MayTake(std::string_view path) {
+    TX_TRY_ASSIGN(const Place place, files_.Need(path));
+    return files_.CheckTake(*place.node, path);
+}
+
+std::optional<DiskRoom> MemoryFileSystem::Ahead::RoomIn(std::string_view folder) {
+    const auto place = files_.NeedFolder(folder);
+    if (!place) return std::nullopt;
+    const TreeDrive& drive = *place->drive;
+    const auto disk = static_cast<std::uint64_t>(drive.info.path.front());
+    const auto limit = files_.capacities_.find(drive.info.path);
+    if (limit == files_.capacities_.end() || limit->second == kUnlimited) {
+        return DiskRoom{disk, kUnlimited};
+    }
+    const std::uint64_t used = BytesBelow(*drive.top);
+    return DiskRoom{disk, limit->second - std::min(used, limit->second)};
 }
 
 // ---- links ----

@@ -81,6 +81,7 @@ class MemoryFileSystem : public TreeFileSystem {
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override;
+    Foresight& Foresee() override { return foresight_; }
 
     // Puts an object under a path that is free (58) in a folder that exists (76). 70.
     Result<void> PutBack(std::string_view path, std::shared_ptr<TreeNode> node);
@@ -97,10 +98,26 @@ class MemoryFileSystem : public TreeFileSystem {
     void BeforeMoving(TreeNode& node) override;
     int WhyUnlisted(TreeNode& folder) override;
     Result<TreeNode*> FindUnlisted(TreeNode& folder, std::string_view name) override;
+    Result<void> CheckAddTo(TreeNode& folder, std::string_view path) override;
+    Result<void> CheckTake(TreeNode& node, std::string_view path) override;
     Result<void> CheckReadable(const TreeNode& node, std::string_view path) override;
-    Result<void> CheckRoom(const TreeNode& node, std::uint64_t more) override;
+    Result<void> CheckRoom(const TreeNode& node, std::uint64_t more,
+                           const TreeNode* source) override;
 
   private:
+    // Tells what the calls themselves go by.
+    class Ahead : public Foresight {
+      public:
+        explicit Ahead(MemoryFileSystem& files) : files_(files) {}
+        Result<void> MayRead(std::string_view path) override;
+        Result<void> MayAddTo(std::string_view folder) override;
+        Result<void> MayTake(std::string_view path) override;
+        std::optional<DiskRoom> RoomIn(std::string_view folder) override;
+
+      private:
+        MemoryFileSystem& files_;
+    };
+
     TreeDrive* FindDrive(std::string_view root);
     std::string PathOf(const TreeNode& node) const;
     // What a chain of links leads to, or null.
@@ -108,6 +125,7 @@ class MemoryFileSystem : public TreeFileSystem {
     MemoryNode& AddNode(std::string_view path, TreeKind kind);
     TreeNode& FolderFor(const DrivePath& path);
 
+    Ahead foresight_{*this};
     std::map<std::string, std::uint64_t> capacities_; // in bytes, by the root in upper case
     MemoryCalls calls_;
     std::function<FileTime()> now_;

@@ -12,6 +12,7 @@ struct MemoryNode : TreeNode {
     using TreeNode::TreeNode;
 
     bool isUnreadable = false; // a file that can't be read, a folder that can't be entered: 70
+    bool isLocked = false;     // a folder that takes no names and gives none up: 70
     std::string linkTarget;    // a drive path, or one relative to the link's folder
     std::map<std::string, std::string> extendedAttributes;
 };

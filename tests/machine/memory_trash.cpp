@@ -32,13 +32,16 @@ Result<void> MemoryTrash::RecycleOne(const std::string& path) {
     TX_TRY_ASSIGN(const std::string truePath, disk_.TruePath(path));
     const auto refusal = refused_.find(PathKey(truePath));
     if (refusal != refused_.end()) return TreeFailure(refusal->second, path);
-    const auto parsed = ParseDrivePath(truePath);
-    if (parsed && withoutTrash_.contains(text::Upper(parsed->root))) {
-        return TreeFailure(kPathFileAccess, path);
-    }
+    TX_TRY(MayTake(path));
     TX_TRY_ASSIGN(auto node, disk_.TakeAway(path));
     items_.push_back({truePath, std::static_pointer_cast<MemoryNode>(std::move(node))});
     return {};
+}
+
+Result<void> MemoryTrash::MayTake(std::string_view path) {
+    const auto parsed = ParseDrivePath(path);
+    const bool hasNone = parsed && withoutTrash_.contains(text::Upper(parsed->root));
+    return hasNone ? TreeFailure(kPathFileAccess, path) : Result<void>();
 }
 
 Result<void> MemoryTrash::PutBack(std::string_view path) {

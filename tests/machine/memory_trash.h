@@ -19,6 +19,7 @@ class MemoryTrash : public Trash {
 
     Result<void> RecycleSeen(std::span<const SeenObject> objects,
                              const TrashObserver& observer) override;
+    Result<void> MayTake(std::string_view path) override;
     Result<void> PutBack(std::string_view path) override;
 
     // ---- for tests ----

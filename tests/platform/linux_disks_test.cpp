@@ -310,4 +310,61 @@ TEST_F(LinuxOtherUserTest, AnUnreadableSubfolderEndsTheCopyOfItsTree) {
     EXPECT_EQ(disk_.Content("to\\a"), "1");
 }
 
+class LinuxForesightTest : public LinuxOtherUserTest {
+  protected:
+    // 0, or the number of the refusal, as nobody sees it.
+    int Asked(const std::function<Result<void>(Foresight&)>& ask) {
+        return AsNobody([&] {
+            const auto told = ask(files().Foresee());
+            return told ? 0 : told.error().number;
+        });
+    }
+    void SetMode(std::string_view path, unsigned mode) {
+        ASSERT_EQ(::chmod(disk_.Native(path).c_str(), mode), 0);
+    }
+};
+
+TEST_F(LinuxForesightTest, AFileOfAnotherThatOnlyItsOwnerReads) {
+    disk_.MakeFile("open", "x");
+    disk_.MakeFile("closed", "x");
+    SetMode("closed", 0600);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayRead(At("open")); }), 0);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayRead(At("closed")); }), 70);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayRead(At("none")); }), 53);
+}
+
+TEST_F(LinuxForesightTest, AFolderOfAnotherTakesNoNamesAndGivesNoneUp) {
+    disk_.MakeFile("theirs\\a", "x");
+    SetMode("theirs", 0755);
+    disk_.MakeFile("all\\a", "x");
+    SetMode("all", 0777);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayAddTo(At("theirs")); }), 70);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayTake(At("theirs\\a")); }), 70);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayAddTo(At("all")); }), 0);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayTake(At("all\\a")); }), 0);
+}
+
+TEST_F(LinuxForesightTest, AStickyFolderKeepsWhatIsOfAnother) {
+    disk_.MakeFile("sticky\\a", "x");
+    SetMode("sticky", 01777);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayAddTo(At("sticky")); }), 0);
+    EXPECT_EQ(Asked([&](Foresight& f) { return f.MayTake(At("sticky\\a")); }), 70);
+}
+
+TEST(LinuxForesight, RoomIsThatOfTheDisk) {
+    LinuxDisk disk;
+    disk.MakeFile("a\\b", "x");
+    auto& foresight = disk.Files().Foresee();
+    const auto one = foresight.RoomIn(disk.Root());
+    const auto other = foresight.RoomIn(disk.Root() + "\\a");
+    ASSERT_EQ(one.has_value(), other.has_value());
+    if (!one) GTEST_SKIP() << "this file system packs what it holds";
+    EXPECT_EQ(one->disk, other->disk);
+    const auto space = std::filesystem::space(disk.Native(""));
+    // Others write and delete meanwhile.
+    EXPECT_GT(one->bytes, space.available / 2);
+    EXPECT_LE(one->bytes, space.capacity);
+    EXPECT_FALSE(foresight.RoomIn(disk.Root() + "\\none"));
+}
+
 } // namespace tarvix::platform

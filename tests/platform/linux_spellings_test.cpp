@@ -132,7 +132,7 @@ TEST_F(LinuxSpellingsTest, EachBehindEachOther) {
 
 TEST_F(LinuxSpellingsTest, MixedWhileBusy) {
     LinuxPlatform machine(Options({{'T', folder_.Path()}, {'U', folder_.Path() + "/sub"}}));
-    const Busy busy(machine.Parts().files);
+    const ManyChanges many(machine.Parts().files);
     std::mt19937 random(5);
     for (int round = 0; round < 3000; ++round)
         Expect(machine.Parts().files, kSpellings[random() % kSpellings.size()]);

@@ -102,7 +102,7 @@ class LinuxStoreCounts : public testing::Test {
 } // namespace
 
 TEST_F(LinuxStoreCounts, AMoveTakesOneLook) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     const Counted counted = Count(true);
     EXPECT_EQ(counted.calls.looks, 40u); // at each source
     EXPECT_EQ(counted.calls.opens, 0u);
@@ -114,7 +114,7 @@ TEST_F(LinuxStoreCounts, AMoveTakesOneLook) {
 }
 
 TEST_F(LinuxStoreCounts, ACopyTakesALookAndAnOpenOfEachFile) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     const Counted counted = Count(false);
     // At each source, when it is open, and whether it changed while it was copied.
     EXPECT_EQ(counted.calls.looks, 120u);
@@ -133,7 +133,7 @@ TEST_F(LinuxStoreCounts, WithoutHeldFoldersEachCallWalks) {
 }
 
 TEST_F(LinuxStoreCounts, AHeldFolderIsLookedAtAgainWhenItsTimeIsOver) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     Count(true);
     const StoreCounts before = world.files.Counts();
     for (int i = 0; i < 4; ++i) {
@@ -145,7 +145,7 @@ TEST_F(LinuxStoreCounts, AHeldFolderIsLookedAtAgainWhenItsTimeIsOver) {
 }
 
 TEST_F(LinuxStoreCounts, AFolderThatIsSeldomAskedForIsNeitherHeldNorLookedAt) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     Count(true);
     const StoreCounts before = world.files.Counts();
     const std::uint64_t opens = CallsOfThread().opens;
@@ -159,7 +159,7 @@ TEST_F(LinuxStoreCounts, AFolderThatIsSeldomAskedForIsNeitherHeldNorLookedAt) {
 }
 
 TEST_F(LinuxStoreCounts, NamesOfAFolderThatWeFillAreReadAgainAfterASecond) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     for (int i = 0; i < 10; ++i)
         Act(i, true);
     const std::uint64_t read = world.files.Counts().read;
@@ -172,7 +172,7 @@ TEST_F(LinuxStoreCounts, NamesOfAFolderThatWeFillAreReadAgainAfterASecond) {
 }
 
 TEST_F(LinuxStoreCounts, ALookThatIsTooOldIsTakenAnew) {
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     Count(true);
     const auto look = world.files.LookAt("T:\\to\\1");
     ASSERT_TRUE(look);
@@ -195,7 +195,7 @@ TEST(LinuxStoreAhead, AFileThatWasCopiedAheadIsOnlyNamed) {
         world.MakeFile("from/" + std::to_string(i), "content");
         paths.push_back("T:\\from\\" + std::to_string(i));
     }
-    const Busy busy(world.files);
+    const ManyChanges many(world.files);
     ASSERT_FALSE(world.files.Facts("T:\\to\\none"));
     for (int i = 0; i < 10; ++i)
         ASSERT_TRUE(world.files.Facts("T:\\to"));
@@ -353,8 +353,8 @@ class Play {
     void Run(int steps) {
         for (int step = 0; step < steps && !testing::Test::HasFailure(); ++step) {
             log_ = "step " + std::to_string(step) + ":";
-            if (dice_() % 8 == 0) isBusy_ ? busy_.reset() : void(busy_.emplace(world_.files));
-            isBusy_ = busy_.has_value();
+            if (dice_() % 8 == 0) isBusy_ ? many_.reset() : void(many_.emplace(world_.files));
+            isBusy_ = many_.has_value();
             dice_() % 2 == 0 ? ChangeByOthers() : ChangeByUs();
             if (step % 25 == 0) ::usleep(30'000); // dates of folders grow old
             PassTime();
@@ -508,7 +508,7 @@ class Play {
     StoreWorld world_;
     OtherProcess other_;
     std::optional<LinuxFileSystem> fresh_;
-    std::optional<Busy> busy_;
+    std::optional<ManyChanges> many_;
     bool isBusy_ = false;
     int contents_ = 0;
     std::string log_;

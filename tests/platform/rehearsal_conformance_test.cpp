@@ -1,5 +1,5 @@
 #include "platform/rehearsal/rehearsal_trash.h"
-#include "tests/machine/memory_file_system.h"
+#include "tests/machine/memory_trash.h"
 #include "tests/platform/conformance.h"
 #include "text/paths.h"
 
@@ -94,7 +94,8 @@ class RehearsalDisk : public Disk {
 
     MemoryFileSystem real_;
     RehearsalFileSystem rehearsed_{real_};
-    RehearsalTrash bin_{rehearsed_};
+    MemoryTrash realBin_{real_};
+    RehearsalTrash bin_{rehearsed_, realBin_};
 };
 } // namespace
 

@@ -77,7 +77,8 @@ class RehearsalTest : public testing::Test {
 
     MemoryFileSystem disk;
     RehearsalFileSystem files{disk};
-    RehearsalTrash trash{files};
+    MemoryTrash bin{disk};
+    RehearsalTrash trash{files, bin};
 };
 } // namespace
 
@@ -309,7 +310,8 @@ class RehearsalPropertyTest : public testing::TestWithParam<unsigned> {
     MemoryTrash bin_{real_};
     MemoryFileSystem below_;
     RehearsalFileSystem rehearsed_{below_};
-    RehearsalTrash rehearsedBin_{rehearsed_};
+    MemoryTrash belowBin_{below_};
+    RehearsalTrash rehearsedBin_{rehearsed_, belowBin_};
 };
 
 TEST_P(RehearsalPropertyTest, GivesTheResultsOfTheRealDisk) {

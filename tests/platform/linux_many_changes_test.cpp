@@ -7,7 +7,7 @@
 namespace tarvix::platform {
 
 namespace {
-class LinuxBusyTest : public testing::Test {
+class LinuxManyChangesTest : public testing::Test {
   protected:
     FileSystem& files() { return disk_.Files(); }
     std::string At(std::string_view path) const { return disk_.Root() + "\\" + std::string(path); }
@@ -58,9 +58,9 @@ void LetTrustPass() {
 }
 } // namespace
 
-TEST_F(LinuxBusyTest, ManyCallsInOneFolder) {
+TEST_F(LinuxManyChangesTest, ManyCallsInOneFolder) {
     disk_.MakeFile("f\\source", "content");
-    const Busy busy(files());
+    const ManyChanges many(files());
     for (int i = 0; i < 50; ++i) {
         const std::string number = std::to_string(i);
         ASSERT_FALSE(Exists("f\\copy " + number));
@@ -73,8 +73,8 @@ TEST_F(LinuxBusyTest, ManyCallsInOneFolder) {
     EXPECT_GT(CountHeld(), 0u);
 }
 
-TEST_F(LinuxBusyTest, MoreFoldersInTurnThanAreHeld) {
-    const Busy busy(files());
+TEST_F(LinuxManyChangesTest, MoreFoldersInTurnThanAreHeld) {
+    const ManyChanges many(files());
     for (int folder = 0; folder < 9; ++folder) {
         const std::string name = std::to_string(folder);
         disk_.MakeFile("f" + name + "\\deep\\source", "content of " + name);
@@ -97,10 +97,10 @@ TEST_F(LinuxBusyTest, MoreFoldersInTurnThanAreHeld) {
     }
 }
 
-TEST_F(LinuxBusyTest, AFolderThatOthersReplacedIsSeenShortly) {
+TEST_F(LinuxManyChangesTest, AFolderThatOthersReplacedIsSeenShortly) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     RenameByOthers("f", "g");
     disk_.MakeFile("f\\new", "2");
@@ -109,10 +109,10 @@ TEST_F(LinuxBusyTest, AFolderThatOthersReplacedIsSeenShortly) {
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, AFolderThatOthersTookAwayIsSeenShortly) {
+TEST_F(LinuxManyChangesTest, AFolderThatOthersTookAwayIsSeenShortly) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     RenameByOthers("f", "g");
     LetTrustPass();
@@ -123,9 +123,9 @@ TEST_F(LinuxBusyTest, AFolderThatOthersTookAwayIsSeenShortly) {
     EXPECT_EQ(disk_.Names("g").size(), 1u);
 }
 
-TEST_F(LinuxBusyTest, AFolderOnTheWayThatOthersReplacedIsSeenShortly) {
+TEST_F(LinuxManyChangesTest, AFolderOnTheWayThatOthersReplacedIsSeenShortly) {
     disk_.MakeFile("p\\f\\old", "1");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("p\\f\\old");
     RenameByOthers("p", "q");
     disk_.MakeFile("p\\f\\new", "2");
@@ -134,11 +134,11 @@ TEST_F(LinuxBusyTest, AFolderOnTheWayThatOthersReplacedIsSeenShortly) {
     EXPECT_FALSE(Exists("p\\f\\old"));
 }
 
-TEST_F(LinuxBusyTest, ALinkThatOthersTurnedElsewhereIsSeenShortly) {
+TEST_F(LinuxManyChangesTest, ALinkThatOthersTurnedElsewhereIsSeenShortly) {
     disk_.MakeFile("one\\old", "1");
     disk_.MakeFile("two\\new", "2");
     disk_.MakeLink("f", "one");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_EQ(::unlink(disk_.Native("f").c_str()), 0);
     disk_.MakeLink("f", "two");
@@ -147,10 +147,10 @@ TEST_F(LinuxBusyTest, ALinkThatOthersTurnedElsewhereIsSeenShortly) {
     EXPECT_FALSE(Exists("f\\old"));
 }
 
-TEST_F(LinuxBusyTest, AFolderThatWeMovedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatWeMovedIsSeenAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(files().MoveFolder(At("f"), At("g")));
     EXPECT_FALSE(Exists("f\\old"));
@@ -159,11 +159,11 @@ TEST_F(LinuxBusyTest, AFolderThatWeMovedIsSeenAtOnce) {
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, AFolderThatWeMovedWithAnotherPutInItsPlaceIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatWeMovedWithAnotherPutInItsPlaceIsSeenAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("h\\new", "2");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     Hold("h\\new");
     ASSERT_TRUE(files().MoveFolder(At("f"), At("g")));
@@ -173,9 +173,9 @@ TEST_F(LinuxBusyTest, AFolderThatWeMovedWithAnotherPutInItsPlaceIsSeenAtOnce) {
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, AFolderOnTheWayThatWeMovedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderOnTheWayThatWeMovedIsSeenAtOnce) {
     disk_.MakeFile("p\\f\\old", "1");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("p\\f\\old");
     ASSERT_TRUE(files().MoveFolder(At("p"), At("q")));
     EXPECT_FALSE(Exists("p\\f\\old"));
@@ -185,18 +185,18 @@ TEST_F(LinuxBusyTest, AFolderOnTheWayThatWeMovedIsSeenAtOnce) {
     EXPECT_TRUE(Exists("q\\f\\old"));
 }
 
-TEST_F(LinuxBusyTest, AFolderThatChangedOnlyItsCaseIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatChangedOnlyItsCaseIsSeenAtOnce) {
     disk_.MakeFile("f\\old", "1");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(files().MoveFolder(At("f"), At("F")));
     EXPECT_EQ(files().TruePath(At("f\\old")).value_or("none"), At("F\\old"));
 }
 
-TEST_F(LinuxBusyTest, AFolderThatWeRemovedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatWeRemovedIsSeenAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(files().DeleteFile(At("f\\old"), false));
     ASSERT_TRUE(files().RemoveFolder(At("f")));
@@ -205,10 +205,10 @@ TEST_F(LinuxBusyTest, AFolderThatWeRemovedIsSeenAtOnce) {
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, AFolderThatWeRecycledIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatWeRecycledIsSeenAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(Recycle("f"));
     EXPECT_FALSE(Exists("f\\old"));
@@ -220,64 +220,64 @@ TEST_F(LinuxBusyTest, AFolderThatWeRecycledIsSeenAtOnce) {
     EXPECT_EQ(disk_.Names("f"), std::vector<std::string>{"old"});
 }
 
-TEST_F(LinuxBusyTest, ALinkToAFolderThatWeMovedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, ALinkToAFolderThatWeMovedIsSeenAtOnce) {
     disk_.MakeFile("target\\old", "1");
     disk_.MakeLink("f", "target");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(files().MoveFolder(At("f"), At("g")));
     ASSERT_TRUE(files().CreateFolder(At("f")));
     ExpectFolderIsReached("target");
 }
 
-TEST_F(LinuxBusyTest, ALinkToAFolderThatWeDeletedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, ALinkToAFolderThatWeDeletedIsSeenAtOnce) {
     disk_.MakeFile("target\\old", "1");
     disk_.MakeLink("f", "target");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(files().DeleteFile(At("f"), false));
     ASSERT_TRUE(files().CreateFolder(At("f")));
     ExpectFolderIsReached("target");
 }
 
-TEST_F(LinuxBusyTest, ALinkToAFolderThatWeRecycledIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, ALinkToAFolderThatWeRecycledIsSeenAtOnce) {
     disk_.MakeFile("target\\old", "1");
     disk_.MakeLink("f", "target");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     ASSERT_TRUE(Recycle("f"));
     ASSERT_TRUE(files().CreateFolder(At("f")));
     ExpectFolderIsReached("target");
 }
 
-TEST_F(LinuxBusyTest, ALinkOnTheWayThatWeMovedIsSeenAtOnce) {
+TEST_F(LinuxManyChangesTest, ALinkOnTheWayThatWeMovedIsSeenAtOnce) {
     disk_.MakeFile("target\\f\\old", "1");
     disk_.MakeLink("p", "target");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("p\\f\\old");
     ASSERT_TRUE(files().MoveFile(At("p"), At("q"), {}));
     EXPECT_FALSE(Exists("p\\f\\old"));
     EXPECT_TRUE(Exists("q\\f\\old"));
 }
 
-TEST_F(LinuxBusyTest, AFolderThatOthersTookAwayAndWeMadeAgainIsReachedAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatOthersTookAwayAndWeMadeAgainIsReachedAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     RenameByOthers("f", "g");
     ASSERT_TRUE(files().CreateFolder(At("f")));
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, AFolderThatOthersTookAwayAndWeCopiedThereIsReachedAtOnce) {
+TEST_F(LinuxManyChangesTest, AFolderThatOthersTookAwayAndWeCopiedThereIsReachedAtOnce) {
     disk_.MakeFile("f\\old", "1");
     disk_.MakeFile("h\\new", "2");
     disk_.MakeFile("source", "from");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\old");
     RenameByOthers("f", "g");
     ASSERT_TRUE(files().CopyFolder(At("h"), At("f"), false, {}));
@@ -285,13 +285,13 @@ TEST_F(LinuxBusyTest, AFolderThatOthersTookAwayAndWeCopiedThereIsReachedAtOnce) 
     ExpectFolderIsReached("g");
 }
 
-TEST_F(LinuxBusyTest, NothingIsHeldOpenOtherwise) {
+TEST_F(LinuxManyChangesTest, NothingIsHeldOpenOtherwise) {
     disk_.MakeFile("f\\a", "1");
     for (int i = 0; i < 20; ++i)
         ASSERT_TRUE(Exists("f\\a"));
     EXPECT_EQ(CountHeld(), 0u);
     {
-        const Busy busy(files());
+        const ManyChanges many(files());
         Hold("f\\a");
     }
     EXPECT_EQ(CountHeld(), 0u);
@@ -300,12 +300,12 @@ TEST_F(LinuxBusyTest, NothingIsHeldOpenOtherwise) {
     EXPECT_EQ(CountHeld(), 0u);
 }
 
-TEST_F(LinuxBusyTest, FoldersStayHeldUntilTheLastOfNestedOnesEnds) {
+TEST_F(LinuxManyChangesTest, FoldersStayHeldUntilTheLastOfNestedOnesEnds) {
     disk_.MakeFile("f\\a", "1");
     {
-        const Busy outer(files());
+        const ManyChanges outer(files());
         {
-            const Busy inner(files());
+            const ManyChanges inner(files());
             Hold("f\\a");
         }
         EXPECT_GT(CountHeld(), 0u);
@@ -313,13 +313,13 @@ TEST_F(LinuxBusyTest, FoldersStayHeldUntilTheLastOfNestedOnesEnds) {
         EXPECT_EQ(disk_.Content("f\\b"), "1");
     }
     EXPECT_EQ(CountHeld(), 0u);
-    const Busy again(files());
+    const ManyChanges again(files());
     Hold("f\\a");
 }
 
-TEST_F(LinuxBusyTest, AnotherThreadHoldsNothing) {
+TEST_F(LinuxManyChangesTest, AnotherThreadHoldsNothing) {
     disk_.MakeFile("f\\a", "1");
-    const Busy busy(files());
+    const ManyChanges many(files());
     Hold("f\\a");
     const std::size_t held = CountHeld();
     bool isAllFound = true;
@@ -331,12 +331,12 @@ TEST_F(LinuxBusyTest, AnotherThreadHoldsNothing) {
     EXPECT_EQ(CountHeld(), held);
 }
 
-TEST_F(LinuxBusyTest, PathsLongerThanTheSystemTakesWork) {
+TEST_F(LinuxManyChangesTest, PathsLongerThanTheSystemTakesWork) {
     // Names of 83 characters, each of them three bytes; the limit lies between two of the levels.
     std::string name;
     for (int i = 0; i < 83; ++i)
         name += "\xE2\x82\xAC";
-    const Busy busy(files());
+    const ManyChanges many(files());
     std::string path = disk_.Root();
     for (int level = 0; level < 25; ++level) {
         path += "\\" + name;
@@ -353,10 +353,10 @@ TEST_F(LinuxBusyTest, PathsLongerThanTheSystemTakesWork) {
     }
 }
 
-TEST_F(LinuxBusyTest, FilesOfADrivesOwnFolderAreFound) {
+TEST_F(LinuxManyChangesTest, FilesOfADrivesOwnFolderAreFound) {
     const std::string native = std::filesystem::path(disk_.Native("")).parent_path();
     std::ofstream(native + "/top") << "1";
-    const Busy busy(files());
+    const ManyChanges many(files());
     for (int i = 0; i < 20; ++i) {
         ASSERT_TRUE(files().Facts("T:\\top"));
         ASSERT_TRUE(files().Facts("T:\\"));

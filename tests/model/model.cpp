@@ -213,11 +213,8 @@ void Placing::Place(Node& node) {
         if (!old->isOld) return Put(node, FreePlace(node, path), kNoOldMode);
         if (!actor_.MayReadAll(node)) return Fail();
         const unsigned oldMode = old->mode;
-        const std::string name = old->name;
         if (!Recycle(*old)) return Fail();
-        auto there = path;
-        there.back() = node.isFolder ? path.back() : name;
-        return Put(node, there, oldMode);
+        return Put(node, path, oldMode); // under its own name, in its own case
     }
 }
 
@@ -238,9 +235,11 @@ class Renaming {
     void Insert(Node& node);
     void Replace(Node& node);
     bool GiveName(Node& node, const std::string& name);
+    bool GoesOn(const Node& node);
 
     const Request& request_;
     const Actor actor_;
+    const Node* asked_ = nullptr; // the object of the last question
 };
 
 Renaming::Parts Renaming::PartsOf(const Node& node) const {
@@ -257,10 +256,20 @@ std::string Renaming::Joined(const Parts& parts, const std::string& text) {
     return name;
 }
 
+// A taken name is asked about once for each object in which something is replaced.
+bool Renaming::GoesOn(const Node& node) {
+    expected.exitCode = 1;
+    if (request_.insert.empty() && asked_ != &node) expected.answers.emplace_back("OK");
+    asked_ = &node;
+    return false;
+}
+
 bool Renaming::GiveName(Node& node, const std::string& name) {
     const Node* const other = Find(*node.parent, name);
-    if (name.empty() || (other != nullptr && other != &node) || !actor_.MayTake(node)) {
+    if (name.empty() || (other != nullptr && other != &node)) return GoesOn(node);
+    if (!actor_.MayTake(node)) {
         expected.exitCode = 1;
+        expected.answers.emplace_back("Cancel"); // not once more
         return false;
     }
     node.name = name;
@@ -280,18 +289,25 @@ void Renaming::Replace(Node& node) {
     const std::size_t newLength = request_.replace.size();
     std::string text = parts.text;
     std::size_t hit = 0; // from 1
+    bool isReplaced = false;
     while (true) {
         std::size_t from = hit + 1;
         if (hit != 0 && newLength > oldLength) from += newLength - oldLength;
         if (hit != 0 && newLength < oldLength) from = hit + newLength;
+        // What stays as it was gives no hit twice.
+        if (hit != 0 && !isReplaced) from = std::max(from, hit + 1);
         const std::size_t at =
             from - 1 <= text.size() ? Upper(text).find(sought, from - 1) : std::string::npos;
         if (at == std::string::npos) return;
         hit = at + 1;
         const std::string replaced =
             text.substr(0, at) + request_.replace + text.substr(at + oldLength);
-        if (!GiveName(node, Joined(parts, replaced))) {
-            if (!actor_.MayTake(node)) return;
+        const std::size_t asked = expected.answers.size();
+        isReplaced = GiveName(node, Joined(parts, replaced));
+        if (!isReplaced) {
+            const bool isRefused =
+                expected.answers.size() > asked && expected.answers.back() == "Cancel";
+            if (isRefused || parts.text.empty()) return;
             continue;
         }
         if (request_.once) return;
@@ -315,6 +331,9 @@ Expected Apply(Node& tree, const std::string& root, const Request& request, cons
     }
     if (found.hasUnread && expected.exitCode == 0) expected.exitCode = 1;
     std::ranges::sort(expected.trashed);
+    // Without an answer left a failure is only told.
+    while (!expected.answers.empty() && expected.answers.back() == "Cancel")
+        expected.answers.pop_back();
     return expected;
 }
 

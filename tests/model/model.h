@@ -12,6 +12,7 @@ namespace tarvix::model {
 struct Expected {
     int exitCode = 0;                 // -1 for any
     std::vector<std::string> trashed; // contents of files, sorted
+    std::vector<std::string> answers; // to what will be asked, so that the run goes on
 };
 
 // Does to the tree what a request should do to it. `root` is the folder that the tree is, as a

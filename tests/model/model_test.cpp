@@ -96,7 +96,7 @@ class RandomRequests : public endtoend::CliProcess {
         if (owner_ != 0) (void)!::chown(world.c_str(), kNobody, kNobody);
         const auto before = LinesOf(*tree);
         const Expected expected = Apply(*tree, world.string(), request, actor);
-        const auto words = WordsOf(request, world.string());
+        const auto words = WordsOf(request, world.string(), expected.answers);
         const endtoend::Outcome outcome = Run(words);
         std::string told = Difference(LinesOf(*tree), LinesOnDisk(world, *tree)) +
                            Difference(expected.trashed, ContentsBelow(Root() / "home/Trash/files"));

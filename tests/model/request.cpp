@@ -38,15 +38,12 @@ void AddNames(const Request& request, std::vector<std::string>& words) {
     }
     add({"--find", request.find, "--replace", request.replace});
     if (request.once) add({"--once"});
-    // Each name that is taken asks whether to go on.
-    for (int i = 0; i < 100; ++i) {
-        add({"--answer", "OK"});
-    }
 }
 
 } // namespace
 
-std::vector<std::string> WordsOf(const Request& request, const std::string& root) {
+std::vector<std::string> WordsOf(const Request& request, const std::string& root,
+                                 const std::vector<std::string>& answers) {
     constexpr std::array kVerbs{"copy", "move", "rename"};
     std::vector<std::string> words{kVerbs[static_cast<std::size_t>(request.verb)], request.pattern,
                                    "--in", root + "/p/in", "--yes"};
@@ -57,6 +54,9 @@ std::vector<std::string> WordsOf(const Request& request, const std::string& root
         AddNames(request, words);
     } else {
         AddPlace(request, root, words);
+    }
+    for (const std::string& answer : answers) {
+        words.insert(words.end(), {"--answer", answer});
     }
     return words;
 }

@@ -34,6 +34,7 @@ struct Request {
 };
 
 // The words behind the program's name. `root` is the folder that the world lies in.
-std::vector<std::string> WordsOf(const Request& request, const std::string& root);
+std::vector<std::string> WordsOf(const Request& request, const std::string& root,
+                                 const std::vector<std::string>& answers);
 
 } // namespace tarvix::model

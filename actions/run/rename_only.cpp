@@ -295,7 +295,8 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
             session_, session::PromptId::kRenameNoName,
             fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
                         "have such a name.",
-                        object.old, path, object.isFile ? "file" : "folder"));
+                        session_.Shown(object.old), session_.Shown(path),
+                        object.isFile ? "file" : "folder"));
         return false;
     }
     session::TellAndLog(session_, session::PromptId::kRenameEmpty,
@@ -324,7 +325,7 @@ bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
 bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     const std::string told = fmt::format(
         "Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nThat {} name already exists",
-        object.old, path, object.isFile ? "File" : "Folder");
+        session_.Shown(object.old), session_.Shown(path), object.isFile ? "File" : "Folder");
     if (request_.inserts) {
         session::TellAndLog(session_, session::PromptId::kRenameTaken, told);
         return false;

@@ -28,6 +28,7 @@ enum class Verdict : std::uint8_t {
     kUnchanged,
     kFailed,
     kChanged,
+    kNameRefused, // the disk there takes no such name
 };
 
 // "copy", "duplicate: skip" ...
@@ -37,7 +38,11 @@ struct PreviewEntry {
     std::size_t index = 0; // in the selection
     std::string strNewPath;
     Verdict verdict = Verdict::kUnchanged;
+    std::string why = {}; // of a refused name
 };
+
+// The same with the reason behind it.
+std::string VerdictText(const PreviewEntry& entry);
 
 struct PreviewResult {
     std::vector<PreviewEntry>

@@ -1,3 +1,4 @@
+#include "session/errors.h"
 #include "session/plain_text.h"
 #include "session/prompt_id.h"
 #include "session/prompt_table.h"

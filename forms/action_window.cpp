@@ -102,7 +102,6 @@ ActionWindow::ActionWindow(session::Session& session, EventGate& gate, QWidget* 
     area_ = new FittingArea(*MakeSections(), kLeastLines);
     column->addWidget(MakeHeading());
     column->addWidget(MakeDestination());
-    column->addWidget(MakeRuler());
     column->addWidget(area_, 1);
     column->addWidget(sentence_);
     column->addWidget(MakeProgress());
@@ -204,8 +203,8 @@ QWidget* ActionWindow::MakeSections() {
     column->setSpacing(10);
     where_ = MakeWhereSection(form);
     file_ = MakeFileSection(form);
-    for (QWidget* section : {where_, MakeStructureSection(form), MakeDuplicatesSection(form),
-                             MakeRenameSection(form), file_}) {
+    for (QWidget* section : {where_, MakeRuler(), MakeStructureSection(form),
+                             MakeDuplicatesSection(form), MakeRenameSection(form), file_}) {
         column->addWidget(section);
     }
     column->addStretch(1);

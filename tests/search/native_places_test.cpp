@@ -31,8 +31,9 @@ TEST_F(Places, ThoseThatExistAreOfferedByTheirTitles) {
     machine.environment.Set("Desktop", "C:\\home\\ann");
     EXPECT_THAT(Listed(),
                 ElementsAre(" Home = C:\\home\\ann", " Documents = C:\\home\\ann\\Documents",
-                            " Videos = C:\\srv\\films", " This computer (/) = C:\\",
-                            " Temporary files = C:\\tmp"));
+                            " Downloads = C:\\home\\ann\\Downloads",
+                            " Music = C:\\home\\ann\\Music", " Videos = C:\\srv\\films",
+                            " This computer (/) = C:\\", " Temporary files = C:\\tmp"));
 }
 
 TEST_F(Places, EachMediumHasItsOwnAndAllHaveOne) {

@@ -4,6 +4,7 @@
 #include "batch/automated_move.h"
 #include "generate/menu.h"
 #include "search/search_button.h"
+#include "session/lifecycle/first_run.h"
 #include "session/lifecycle/help.h"
 #include "session/lifecycle/startup.h"
 #include "session/option_menu.h"
@@ -15,6 +16,7 @@ namespace tarvix::app {
 void FillEvents(session::EventTable& events) {
     lifecycle::AddLifecycleEvents(events);
     lifecycle::AddHelpEvents(events);
+    lifecycle::AddFirstRunEvents(events);
     session::AddAskLongPathEvents(events);
     session::AddOptionMenuEvents(events);
     session::AddLogViewEvents(events);

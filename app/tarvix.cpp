@@ -3,11 +3,14 @@
 #include "app/program.h"
 #include "app/saved_drives.h"
 #include "forms/event_gate.h"
+#include "forms/help_window.h"
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
 #include "forms/theme.h"
 #include "platform/linux/linux_platform.h"
+#include "platform/native_paths.h"
 #include "session/ending_prompts.h"
+#include "session/lifecycle/help.h"
 #include "session/product.h"
 
 #include <CLI/CLI.hpp>
@@ -149,6 +152,12 @@ int main(int argc, char** argv) {
     app::Program program(parts, prompts);
     {
         forms::SearchWindow window(program.Session(), gate);
+        forms::HelpWindow help;
+        program.Session().events.On(
+            std::string(lifecycle::kShowHelp),
+            [&](session::Session&, const session::EventArgs& args) {
+                help.ShowPage(QString::fromStdString(parts.paths.ToNative(args.path)));
+            });
         program.Session().yielder.SetPump([&gate] { gate.Pump(); });
         CloseOnSignals(window);
         window.show();

@@ -103,7 +103,7 @@ nlohmann::ordered_json EntryAsJson(Session& session, const actions::PreviewEntry
             {"NewPath", entry.strNewPath},
             {"NewNativePath",
              entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath)},
-            {"Verdict", actions::VerdictText(entry.verdict)}};
+            {"Verdict", actions::VerdictText(entry)}};
 }
 
 // Whether it would be done as asked, as the exit code of the action itself counts it.
@@ -129,7 +129,7 @@ int PrintPreview(Host& host, Session& session, bool asJson) {
             PrintJson(EntryAsJson(session, entry), host.out);
             continue;
         }
-        host.out << actions::VerdictText(entry.verdict) << '\t'
+        host.out << actions::VerdictText(entry) << '\t'
                  << paths.ToNative(session.selection->strSelPath[entry.index]) << '\t'
                  << (entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath))
                  << '\n';

@@ -1,6 +1,7 @@
 #include "cli/messages.h"
 
 #include "platform/names.h"
+#include "search/left_out.h"
 #include "session/message_style.h"
 #include "session/prompt_table.h"
 #include "session/session.h"
@@ -52,6 +53,11 @@ void TellUnread(Host& host, const session::Session& session) {
         Complain(host, fmt::format("{} could not be read: {}.", session.Shown(object.path),
                                    platform::ErrorText(object.number)));
     }
+}
+
+void TellLeftOut(Host& host, const session::LeftOut& leftOut) {
+    Complain(host, search::LeftOutText(leftOut) +
+                       (leftOut.Findable() > 0 ? ". --any-attribute finds them too." : "."));
 }
 
 std::string OnOneLine(std::string_view text) {

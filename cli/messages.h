@@ -7,8 +7,9 @@
 #include <string_view>
 
 namespace tarvix::session {
+struct LeftOut;
 struct Session;
-}
+} // namespace tarvix::session
 
 namespace tarvix::cli {
 
@@ -20,6 +21,9 @@ void Tell(Host& host, std::string_view text);
 
 // What the last search could not read, a line each on stderr.
 void TellUnread(Host& host, const session::Session& session);
+
+// What its attribute boxes left out, in one line, with the option that finds it.
+void TellLeftOut(Host& host, const session::LeftOut& leftOut);
 
 // The sentence of a prompt that had no answer, and how to give one; `way` is "give --answer", or
 // "put answer" for a script.

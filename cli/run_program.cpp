@@ -2,6 +2,7 @@
 
 #include "cli/messages.h"
 #include "cli/script_runner.h"
+#include "search/left_out.h"
 #include "search/unread.h"
 #include "session/ending_prompts.h"
 #include "session/scripted_prompts.h"
@@ -50,6 +51,13 @@ int RunProgram(Host& host, const platform::Platform& machine, session::PromptSer
                                     TellUnread(host, session);
                                     leftOut = true;
                                 });
+    // A script reads the button's caption where it wants to know.
+    if (!run.line) {
+        program.Session().events.On(std::string(search::kLeftOutTold),
+                                    [&](session::Session& session, const session::EventArgs&) {
+                                        TellLeftOut(host, session.state.leftOut);
+                                    });
+    }
     bool started = false;
     int code = Guarded(host, run, [&] {
         program.Start("");

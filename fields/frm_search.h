@@ -90,7 +90,8 @@ class FrmSearch : public Form {
     Label lblDetailedStatus{*this, "lblDetailedStatus"};
     Label lblCurrentFolder{*this, "lblCurrentFolder"};
     Label lblSearchFor{*this, "lblSearchFor"};
-    CommandButton cmdUnread{*this, "cmdUnread", "", false}; // opens the list of what was not read
+    CommandButton cmdUnread{*this, "cmdUnread", "", false};   // opens the list of what was not read
+    CommandButton cmdLeftOut{*this, "cmdLeftOut", "", false}; // finds what the boxes left out, too
 
     // Menu entries that a search or its end switches.
     MenuEntry mnuRun{*this, "mnuRun", "Ru&n"};

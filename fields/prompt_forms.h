@@ -132,6 +132,16 @@ class FrmUnread : public Form {
     CommandButton cmdOK{*this, "cmdOK", "&Close"};
 };
 
+// What a first start tells, in one window.
+class FrmWelcome : public Form {
+  public:
+    FrmWelcome() : Form("frmWelcome") { Caption = "Welcome to Tarvix"; }
+    bool ReadsGuide = false; // the button that was pressed last
+    Label lblMain{*this, "lblMain"};
+    CommandButton cmdGuide{*this, "cmdGuide", "&Read the guide"};
+    CommandButton cmdOK{*this, "cmdOK", "&Start"};
+};
+
 // One object of a preview: where it is, where it would be, and what would happen to it.
 struct PreviewRow {
     std::string object;

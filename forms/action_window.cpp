@@ -10,15 +10,18 @@
 #include "forms/fitting_area.h"
 #include "forms/key_filter.h"
 #include "forms/panel_parts.h"
+#include "forms/path_ruler.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
 #include "forms/wrapping_label.h"
+#include "results/selection.h"
 #include "session/session.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
 #include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -34,8 +37,9 @@ constexpr int kLeastLines = 9; // of the choices, when there is little room
 
 // What the box for the destination takes, by the choice of where to.
 constexpr std::array<const char*, 4> kHints{
-    "A folder, as C:\\home\\ann\\Music or /home/ann/Music",
-    "What comes behind each location, as \\Music; may be empty", "", "A rule, with its marks"};
+    "A folder, as /home/ann/Music or ~/Music",
+    "What comes behind each location, as \\Music; may be empty", "",
+    "A folder with marks for characters of each object's path, as /srv/Sorted/*10*"};
 
 constexpr std::array kTabOrder{"cmbDir",
                                "cmdBrowse",
@@ -151,6 +155,46 @@ QWidget* ActionWindow::MakeDestination() {
     return InRow({box, browse});
 }
 
+// The path whose characters a Special Rule counts, in the form that it counts.
+QWidget* ActionWindow::MakeRuler() {
+    ruler_ = new PathRuler;
+    ruler_->onPick = [this](int number) { WriteMark(number); };
+    auto* scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidget(ruler_);
+    scrolled->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    scrolled->setFixedHeight(ruler_->sizeHint().height() + bar + 2);
+    scrolled->setFocusPolicy(Qt::NoFocus);
+    auto* note = new QLabel("Positions are counted in this form of the path; a click writes one "
+                            "into the rule.");
+    note->setForegroundRole(QPalette::PlaceholderText);
+    rulerPanel_ = new QWidget;
+    auto* column = new QVBoxLayout(rulerPanel_);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(note);
+    column->addWidget(scrolled);
+    return rulerPanel_;
+}
+
+void ActionWindow::WriteMark(int number) {
+    if (gate_.IsBusy()) return;
+    QLineEdit* edit = findChild<QComboBox*>("cmbDir")->lineEdit();
+    const QString mark = QString("*%1*").arg(number);
+    const int at = edit->cursorPosition();
+    binder_->Set(session_.frmDialog.cmbDir, edit->text().insert(at, mark));
+    edit->setCursorPosition(at + static_cast<int>(mark.size()));
+}
+
+void ActionWindow::ShowRuler() {
+    const auto& form = session_.frmDialog;
+    const auto& selection = *session_.selection;
+    const bool isRule = form.cmbDir.Visible && form.optTo[3].Visible && form.optTo[3].Value;
+    rulerPanel_->setVisible(isRule && selection.lngSelTop >= 0);
+    if (!rulerPanel_->isHidden()) ruler_->Show(selection.strSelPath.front());
+}
+
 QWidget* ActionWindow::MakeSections() {
     const auto& form = session_.frmDialog;
     auto* panel = new QWidget;
@@ -159,8 +203,8 @@ QWidget* ActionWindow::MakeSections() {
     column->setSpacing(10);
     where_ = MakeWhereSection(form);
     file_ = MakeFileSection(form);
-    for (QWidget* section : {where_, MakeStructureSection(form), MakeDuplicatesSection(form),
-                             MakeRenameSection(form), file_}) {
+    for (QWidget* section : {where_, MakeRuler(), MakeStructureSection(form),
+                             MakeDuplicatesSection(form), MakeRenameSection(form), file_}) {
         column->addWidget(section);
     }
     column->addStretch(1);
@@ -232,6 +276,7 @@ void ActionWindow::FocusFirst() {
 void ActionWindow::Refresh() {
     ShowSections();
     ShowHints();
+    ShowRuler();
     if (!gate_.IsBusy()) ShowExamples();
     sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);

@@ -8,6 +8,7 @@ class QProgressBar;
 namespace tarvix::forms {
 
 class FittingArea;
+class PathRuler;
 
 // frmDialog: the request for the whole selection as choices and as a sentence; its progress below.
 class ActionWindow : public ModalWindow {
@@ -22,6 +23,7 @@ class ActionWindow : public ModalWindow {
   private:
     QWidget* MakeHeading();
     QWidget* MakeDestination();
+    QWidget* MakeRuler();
     QWidget* MakeSections();
     QWidget* MakeProgress();
     QWidget* MakeButtons();
@@ -29,10 +31,14 @@ class ActionWindow : public ModalWindow {
     void FocusFirst();
     void ShowSections();
     void ShowHints();
+    void ShowRuler();
+    void WriteMark(int number);
     void ShowExamples();
     int Room() const; // for its height on the screen
     void Grow();
 
+    PathRuler* ruler_ = nullptr;
+    QWidget* rulerPanel_ = nullptr;
     QWidget* where_ = nullptr;
     QWidget* file_ = nullptr;
     QLabel* sentence_ = nullptr;

@@ -111,6 +111,9 @@ QWidget* MakeStatusBar(const fields::FrmSearch& form) {
     QPushButton* unread = Make(form.cmdUnread);
     unread->setFlat(true);
     row->addWidget(unread);
+    QPushButton* leftOut = Make(form.cmdLeftOut);
+    leftOut->setFlat(true);
+    row->addWidget(leftOut);
     row->addWidget(MakeElided(form.lblCurrentFolder), 3);
     row->addWidget(MakeElided(form.lblSearchFor), 2);
     row->addWidget(native, 3);

@@ -54,19 +54,23 @@ QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent)
     return area;
 }
 
-MessageDialog::MessageDialog(const QString& text, int style, const QString& title, QWidget* parent)
+MessageDialog::MessageDialog(const MessageText& text, int style, const QString& title,
+                             QWidget* parent)
     : QDialog(parent), answer_(session::SafeAnswer(style)) {
     setObjectName("MsgBox");
     setWindowTitle(title);
     auto* top = new QHBoxLayout;
     top->setSpacing(16);
     top->addWidget(MakeIcon(style), 0, Qt::AlignTop);
-    top->addWidget(MakeLongText(text, "lblText", this), 1);
+    const QString& lead = text.plain.isEmpty() ? text.text : text.plain;
+    top->addWidget(MakeLongText(lead, "lblText", this), 1);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(14);
     column->addLayout(top, 1);
-    column->addWidget(MakeButtons(style));
-    setAccessibleDescription(text);
+    QWidget* buttons = MakeButtons(style);
+    column->addWidget(buttons);
+    if (!text.plain.isEmpty()) AddDetails(*column, *buttons, text.text);
+    setAccessibleDescription(lead);
     first_->setDefault(true);
     first_->setFocus();
 }
@@ -98,6 +102,22 @@ QWidget* MessageDialog::MakeButtons(int style) {
         if (answer == session::FocusedAnswer(style)) first_ = button;
     }
     return row;
+}
+
+// Where it all happened, for a report; hidden until it is asked for.
+void MessageDialog::AddDetails(QLayout& column, QWidget& buttons, const QString& text) {
+    QWidget* details = MakeLongText(text, "lblDetails", this);
+    details->hide();
+    column.addWidget(details);
+    auto* more = new QPushButton("&Details");
+    more->setObjectName("btnDetails");
+    more->setCheckable(true);
+    more->setAutoDefault(true);
+    static_cast<QBoxLayout*>(buttons.layout())->insertWidget(0, more);
+    connect(more, &QPushButton::toggled, this, [this, details](bool isShown) {
+        details->setVisible(isShown);
+        adjustSize();
+    });
 }
 
 int MessageDialog::Ask() {

@@ -3,20 +3,28 @@
 #include <QDialog>
 #include <QString>
 
+class QLayout;
 class QPushButton;
 
 namespace tarvix::forms {
 
+// What a message says: `plain`, with `text` under Details; `text` alone where that is empty.
+struct MessageText {
+    QString plain;
+    QString text;
+};
+
 // A message with the icon and buttons of a style number; plain text that scrolls when it is long.
 class MessageDialog : public QDialog {
   public:
-    MessageDialog(const QString& text, int style, const QString& title, QWidget* parent);
+    MessageDialog(const MessageText& text, int style, const QString& title, QWidget* parent);
     // The answer; closing the box gives the style's safe one.
     int Ask();
 
   private:
     QWidget* MakeIcon(int style);
     QWidget* MakeButtons(int style);
+    void AddDetails(QLayout& column, QWidget& buttons, const QString& text);
 
     int answer_;
     QPushButton* first_ = nullptr; // has the focus when the box opens

@@ -7,6 +7,7 @@
 #include "forms/preview_window.h"
 #include "forms/text_conversion.h"
 #include "forms/unread_window.h"
+#include "forms/welcome_window.h"
 #include "session/session.h"
 
 #include <QCloseEvent>
@@ -90,6 +91,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmUnread) {
         return std::make_unique<UnreadWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmWelcome) {
+        return std::make_unique<WelcomeWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

@@ -5,6 +5,7 @@
 #include "forms/text_conversion.h"
 #include "platform/native_paths.h"
 #include "platform/platform.h"
+#include "session/wordings.h"
 
 #include <QApplication>
 #include <QDir>
@@ -41,7 +42,9 @@ QString FilterList(std::string_view filters) {
 
 int QtPrompts::MsgBox(const session::Prompt& prompt) {
     const EventGate::Modal level(gate_);
-    return MessageDialog(Shown(prompt.text), prompt.style, Shown(prompt.title), Front()).Ask();
+    const QString title = Shown(session::WindowTitle(prompt.id, prompt.title));
+    return MessageDialog({Shown(prompt.plain), Shown(prompt.text)}, prompt.style, title, Front())
+        .Ask();
 }
 
 std::string QtPrompts::InputBox(const session::Prompt& prompt, std::string_view preset) {

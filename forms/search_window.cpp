@@ -213,6 +213,11 @@ void SearchWindow::TakeMemory() {
     remembered_ = true;
     const auto& settings = session_.state.platformSettings;
     TakePlace(*this, settings.searchWindow);
+    auto& form = session_.frmSearch;
+    if (settings.sortsFast) form.chkFastSort.Value = *settings.sortsFast ? 1 : 0;
+    if (settings.searchesSubfolders && form.chkIncludeSubFolders.Enabled) {
+        form.chkIncludeSubFolders.Value = *settings.searchesSubfolders ? 1 : 0;
+    }
     list_->Head().Take({settings.columnWidths, settings.columnOrder});
 }
 
@@ -220,6 +225,10 @@ void SearchWindow::KeepMemory() {
     if (!remembered_) return;
     auto& settings = session_.state.platformSettings;
     settings.searchWindow = PlaceOf(*this);
+    settings.sortsFast = session_.frmSearch.chkFastSort.Value == 1;
+    if (session_.frmSearch.chkIncludeSubFolders.Enabled) {
+        settings.searchesSubfolders = session_.frmSearch.chkIncludeSubFolders.Value == 1;
+    }
     const auto layout = list_->Head().LayoutNow({settings.columnWidths, settings.columnOrder});
     settings.columnWidths = layout.widths;
     settings.columnOrder = layout.order;

@@ -39,8 +39,8 @@ bool FileTree::Read(Session& session, std::string_view folder) {
     auto& status = session.frmDialog.lblStatus;
     for (current_ = 0; current_ < folders_.size(); ++current_) {
         if (current_ % 64 == 0) {
-            status.Caption =
-                fmt::format("Reading {} files in {}", text::Format(Count(), "#,##0"), folder);
+            status.Caption = fmt::format("Reading {} files in {}", text::Format(Count(), "#,##0"),
+                                         session.Shown(folder));
         }
         session.Yield();
         if (session.state.blnStopAction) return false;

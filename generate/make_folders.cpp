@@ -61,7 +61,7 @@ void MakeOne(Session& session, const std::string& place, const std::string& name
     }
     const bool isTaken = session.files().Facts(path).has_value();
     ++(isTaken ? made.taken : made.refused);
-    session.state.lastAction.errors.push_back(done.error().description);
+    session.state.lastAction.errors.push_back(session.Shown(done.error()));
     if (made.names.size() < kToldNames) made.names.push_back(name);
     session::ReportError(session, done.error(), Context(path, place), session::kRecoverySkip,
                          "MakeFolders has not proceeded as expected.");

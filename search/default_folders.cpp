@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/names.h"
 #include "platform/native_paths.h"
+#include "search/native_places.h"
 #include "session/paths/env_variables.h"
 #include "session/remembered/histories.h"
 #include "session/remembered/platform_file.h"
@@ -161,6 +162,10 @@ class Rows {
             if (IsOn(session_, row.on)) Add(row.title, Existing(session_, row.candidates));
         }
     }
+    void AddNativePlaces() {
+        for (const NamedPlace& place : NativePlaces(session_))
+            Add(place.title, place.folders);
+    }
     void AddOwnFolders() {
         const auto& state = session_.state;
         const std::string_view store =
@@ -214,9 +219,13 @@ std::vector<std::string> FoldersOf(Session& session, std::string_view title) {
 
 void BuildDefaultFolderList(Session& session) {
     Rows rows(session);
-    rows.AddDrives();
-    rows.AddFolders();
-    rows.AddOwnFolders();
+    if (session.platform.traits.hasNativePaths) {
+        rows.AddNativePlaces();
+    } else {
+        rows.AddDrives();
+        rows.AddFolders();
+        rows.AddOwnFolders();
+    }
     session::ShowTitledFolders(session, ShownTitles(session.state.options));
 }
 

@@ -75,6 +75,20 @@ bool Filters::IsPlausible(const text::DateTime& date) const {
             IsValidTime(date.hour, date.minute, date.second));
 }
 
+text::DateTime Filters::StandIn() const {
+    return request_.date.first.IsZero() ? kEarliest : request_.date.first;
+}
+
+bool Filters::PassesElse(const platform::ObjectFacts& facts, bool testsSize) const {
+    if (request_.dateKind == DateKind::kUnknown) return false;
+    TestedFacts tested{.dblObjectSize = static_cast<double>(facts.size)};
+    if (request_.date.choice != DateChoice::kNone) {
+        tested.datObjectDate = session_.platform.clock.ToLocal(TimeOf(facts, request_.dateKind));
+        if (!IsPlausible(tested.datObjectDate)) tested.datObjectDate = StandIn();
+    }
+    return testsSize ? CheckSizeAndDate(tested) : CheckDate(tested);
+}
+
 void Filters::RefuseDateKind(std::string_view folder, std::string_view name) {
     session::TellUnlessAuto(session_, session::PromptId::kDateTypeInvalid, "Error in date type");
     session::LogTimed(
@@ -84,7 +98,7 @@ void Filters::RefuseDateKind(std::string_view folder, std::string_view name) {
 }
 
 void Filters::ReplaceBadDate(std::string_view folder, std::string_view name, TestedFacts& result) {
-    result.datObjectDate = request_.date.first.IsZero() ? kEarliest : request_.date.first;
+    result.datObjectDate = StandIn();
     session::LogTimed(session_,
                       fmt::format(" - this object was found to have a bad {}. The object is {}\\{}",
                                   fields::kDateTypes[static_cast<std::size_t>(request_.dateKind)],

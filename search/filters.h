@@ -36,6 +36,8 @@ class Filters {
     // date of the request, or 1980, so that it drops no object by itself; with kAnyYear none is.
     bool GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                   std::string_view name, TestedFacts& result);
+    // Whether it passes all but its attributes; says nothing of a date that can't be.
+    bool PassesElse(const platform::ObjectFacts& facts, bool testsSize) const;
     // The bounds pass. Files are tested by both, folders and empty files by their date alone.
     bool CheckSizeAndDate(const TestedFacts& facts) const;
     bool CheckDate(const TestedFacts& facts) const;
@@ -43,6 +45,7 @@ class Filters {
   private:
     bool IsPlausible(const text::DateTime& date) const;
     void RefuseDateKind(std::string_view folder, std::string_view name);
+    text::DateTime StandIn() const; // for a date that can't be
     void ReplaceBadDate(std::string_view folder, std::string_view name, TestedFacts& result);
 
     session::Session& session_;

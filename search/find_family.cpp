@@ -1,6 +1,7 @@
 #include "search/find_family.h"
 
 #include "platform/try.h"
+#include "search/left_out.h"
 #include "search/unread.h"
 #include "session/paths/ask_long_path.h"
 #include "session/paths/short_path.h"
@@ -10,6 +11,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvix::search {
@@ -24,6 +26,8 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
 
 void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
+    match_.reset();
+    earlier_.clear();
     intFolderIndex_ = intFolderIndex;
     rowFolderIndex_ = openedIndex_ = SIZE_MAX;
     opened_.reset();
@@ -32,6 +36,7 @@ void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
 void FindFamily::SetString(std::string_view searchString, results::RowSource source) {
     searchString_ = searchString;
     source_ = std::move(source);
+    if (match_) earlier_.push_back(std::move(match_));
     match_ = std::make_unique<NameMatch>(searchString, request_.isNot);
 }
 
@@ -88,11 +93,24 @@ FindFamily::FactsOrNote(std::size_t index, std::string_view name, std::string_vi
     return facts ? std::optional(*facts) : std::nullopt;
 }
 
+// An object counts once, however many strings find it. Where one file of a folder is wanted, what
+// else is in it was never asked for.
+void FindFamily::NoteLeftOut(std::string_view name, const platform::ObjectFacts& facts,
+                             bool testsSize) {
+    const bool isNoted = std::ranges::any_of(
+        earlier_, [name](const auto& match) { return match->CheckNameMatch(name); });
+    if (isNoted || request_.oneEach || !filters_.PassesElse(facts, testsSize)) return;
+    CountLeftOut(session_.state.leftOut, request_.attributes, facts);
+}
+
 // Whether a file passes every test; if so it has its row.
 bool FindFamily::TryFile(std::size_t index, std::string_view name,
                          const platform::ObjectFacts& facts, Files which) {
-    if (!filters_.CheckAttributes(facts)) return false;
     if (which == Files::kEmpty && facts.size != 0) return false;
+    if (!filters_.CheckAttributes(facts)) {
+        NoteLeftOut(name, facts, which == Files::kAny);
+        return false;
+    }
     TestedFacts tested;
     if (!filters_.GetFacts(facts, list_.At(index).strFolderLong, name, tested)) return false;
     const bool passes =
@@ -178,7 +196,11 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
                     .searchOrDestination = location_,
                     .objectType = session::ObjectType::kFolder},
                    [&] { return platform::GetFolder(session_.files(), folder.strFolderLong); });
-    if (!facts || !filters_.CheckAttributes(*facts.result)) return {};
+    if (!facts) return {};
+    if (!filters_.CheckAttributes(*facts.result)) {
+        NoteLeftOut(name, *facts.result, false);
+        return {};
+    }
     TestedFacts tested;
     if (!filters_.GetFacts(*facts.result, text::ParentFolder(folder.strFolderLong), name, tested)) {
         return {};

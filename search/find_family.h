@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::search {
 
@@ -56,6 +57,7 @@ class FindFamily {
                                                      std::string_view routine);
     bool TryFile(std::size_t index, std::string_view name, const platform::ObjectFacts& facts,
                  Files which);
+    void NoteLeftOut(std::string_view name, const platform::ObjectFacts& facts, bool testsSize);
     void ReadAheadFrom(std::size_t i);
     bool IsEmptyFolder(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
@@ -70,6 +72,7 @@ class FindFamily {
     Filters& filters_;
     const SearchRequest& request_;
     std::unique_ptr<NameMatch> match_;
+    std::vector<std::unique_ptr<NameMatch>> earlier_; // of this location
     std::string searchString_;
     results::RowSource source_{1, {}};
     std::string location_;

@@ -11,6 +11,7 @@
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/like.h"
@@ -100,8 +101,7 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
     const bool unexpanded = path.find('%') != path.npos;
     SubstituteFakeRoots(session, path);
     if (text::Length(path) < 2) {
-        piece.wrong = "Each search folder must be at least 2 characters in length. (example C: or "
-                      "C:Windows)";
+        piece.wrong = session::Worded(session, session::Wording::kLocationTooShort);
         return piece;
     }
     const auto attempted = LookFor(session, typed, path);
@@ -117,8 +117,7 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
                                   Framed(session.Shown(typed)));
     } else {
         piece.wrong =
-            fmt::format("This search folder does not exist, it is a file, or it contains "
-                        "multiple environment variables AND is over 259 characters in length:{}",
+            fmt::format("{}{}", session::Worded(session, session::Wording::kLocationMissing),
                         Framed(session.Shown(typed)));
     }
     return piece;

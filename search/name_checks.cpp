@@ -101,10 +101,10 @@ void ReportTrailingSpaces(session::Session& session, std::string_view name,
 
 void ReportFakeFolder(session::Session& session, std::string_view path) {
     auto& form = session.forms.frmAllUsers;
-    form.lblMain.Caption =
-        fmt::format("{} is not a real folder. You may want to add the actual folder "
-                    "{}\\ProgramData to your search location list.",
-                    session.Shown(path), text::Left(path, 2));
+    form.lblMain.Caption = fmt::format(
+        "{} is not a real folder. You may want to add the actual folder {} to your "
+        "search location list.",
+        session.Shown(path), session.Shown(fmt::format("{}\\ProgramData", text::Left(path, 2))));
     session.ShowModal(session::PromptId::kFakeFolder);
 }
 

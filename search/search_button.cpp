@@ -7,6 +7,7 @@
 #include "search/criteria_boxes.h"
 #include "search/default_folders.h"
 #include "search/follow_up.h"
+#include "search/left_out.h"
 #include "search/search_form.h"
 #include "search/unread.h"
 #include "search/walk.h"
@@ -173,6 +174,7 @@ void AddSearchEvents(session::EventTable& events) {
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
     AddUnreadEvents(events);
+    AddLeftOutEvents(events);
 }
 
 } // namespace tarvix::search

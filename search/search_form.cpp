@@ -2,6 +2,7 @@
 
 #include "results/selection.h"
 #include "results/sorting.h"
+#include "search/left_out.h"
 #include "search/unread.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -84,6 +85,7 @@ void ClearForSearch(Session& session) {
     session.state.blnStopClicked = session.state.blnSkipSearch = false;
     results::ClearList(session);
     HideUnread(session);
+    HideLeftOut(session);
     form.lblCurrentFolder.Caption = "";
     form.lblSearchFor.Caption = "";
     session::LockForSearch(session);
@@ -125,6 +127,7 @@ void CommonEnd(Session& session, const SearchRequest& request) {
     }
     results::ShowGroups(session, 1);
     ShowUnread(session);
+    ShowLeftOut(session);
 }
 
 void RestoreNotBox(Session& session) {

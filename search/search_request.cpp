@@ -108,6 +108,10 @@ std::expected<DateTest, Refusal> ValidateDateBoxes(const fields::FrmSearch& form
     return test;
 }
 
+std::span<const std::uint32_t> AttributeBoxBits() {
+    return kBoxBits;
+}
+
 AttributeMasks BuildSelectedAttributesVariable(const fields::FrmSearch& form) {
     AttributeMasks masks;
     std::uint32_t grey = 0;

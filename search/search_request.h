@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <expected>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -73,6 +74,9 @@ struct SearchRequest {
         return strings.blnRecycleAllowed || locations.blnRecycleAllowed;
     }
 };
+
+// The bits of the attribute boxes, in their order.
+std::span<const std::uint32_t> AttributeBoxBits();
 
 // Why boxes are refused, as the user is told.
 struct Refusal {

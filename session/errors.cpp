@@ -4,9 +4,13 @@
 #include "platform/names.h"
 #include "session/action_log.h"
 #include "session/error_rules.h"
+#include "session/message_style.h"
+#include "session/plain_text.h"
 #include "session/prompt_id.h"
+#include "session/prompt_table.h"
 #include "session/session.h"
 #include "session/tell.h"
+#include "session/wordings.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/dates.h"
@@ -84,6 +88,16 @@ int Decide(const ErrorRule& rule, int answer, std::string_view object) {
     return rule.unread != 0 && object == kUnreadObject ? rule.unread : rule.recovery;
 }
 
+// What a window leads with; its buttons ask whether to try again.
+std::string PlainQuestion(const Session& session, const ErrorRule& rule,
+                          const ErrorContext& context) {
+    std::string plain = PlainText(session, context, session.state.strErrDesc);
+    if (ButtonsOf(FactsOf(rule.prompt).style).size() > 1) {
+        plain += "\r\n\r\nWould you like to try again?";
+    }
+    return plain;
+}
+
 void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& context) {
     auto& state = session.state;
     for (const ErrorLine& line : LinesOf(rule, session.platform.traits.hasNativePaths)) {
@@ -91,7 +105,9 @@ void ApplyRule(Session& session, const ErrorRule& rule, const ErrorContext& cont
         state.strMessage.append(line.end);
     }
     const int answer =
-        Asks(session, rule, context) ? session.MsgBox(rule.prompt, state.strMessage) : 0;
+        Asks(session, rule, context)
+            ? session.MsgBox(rule.prompt, state.strMessage, PlainQuestion(session, rule, context))
+            : 0;
     state.intRecovery = Decide(rule, answer, context.object);
 }
 
@@ -125,7 +141,8 @@ void KeepErrorLog(Session& session, const ErrorContext& context) {
         fmt::format("{}_unexpected_error_{}.log", std::string_view(log).substr(0, log.size() - 3),
                     text::FormatDate(session.Now(), "mm.dd.yy_hh.nn.ss"));
     if (session.files().CopyFile(log, copy, true, {}) || IsQuiet(session, context)) return;
-    session.MsgBox(PromptId::kErrorLogNotKept, "error happened in HandleError****");
+    session.MsgBox(PromptId::kErrorLogNotKept, "error happened in HandleError****",
+                   "The records of this run's errors could not be kept in a file of their own.");
     state.strMessage.clear();
 }
 
@@ -204,7 +221,7 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
                 std::string& message) {
     message += fmt::format("\r\n\r\n\r\n\r\nERROR CODE:  {}\r\nERROR DESC:  {}\r\nTime: {}\r\n\r\n"
                            "LOCATION:  {} - {}\r\n\r\n",
-                           error.number, session.Shown(error), text::DefaultDateText(session.Now()),
+                           error.number, session.Shown(error), WordedDate(session, session.Now()),
                            context.moduleName, context.routine);
     message +=
         fmt::format("Object : {}\r\nPath : {}\r\nSearch Folder or Destination: {}\r\n"
@@ -217,20 +234,24 @@ void UIErrorMsg(Session& session, const platform::PlatformError& error, const Er
         message += context.routine == "StartApp" ? "OK returns you to the Windows Desktop."
                                                  : "OK returns you to the active from.";
     }
-    if (!IsQuiet(session, context)) session.MsgBox(PromptId::kUnexpectedError, message);
+    if (IsQuiet(session, context)) return;
+    session.MsgBox(PromptId::kUnexpectedError, message,
+                   PlainText(session, context, session.Shown(error)));
 }
 
 void TellUnexpected(Session& session, const platform::PlatformError& error,
                     std::string_view routine, std::string_view path, std::string_view moduleName) {
     const std::string told =
         fmt::format("unexpected error {} {}", error.number, session.Shown(error));
-    TellUnlessAuto(session, PromptId::kOutsideError, told);
-    ReportError(session, error,
-                {.routine = routine,
-                 .moduleName = moduleName,
-                 .searchOrDestination = path,
-                 .objectType = ObjectType::kFile},
-                0, told);
+    const ErrorContext context{.routine = routine,
+                               .moduleName = moduleName,
+                               .searchOrDestination = path,
+                               .objectType = ObjectType::kFile};
+    if (!session.state.options.blnAutoMode) {
+        session.MsgBox(PromptId::kOutsideError, told,
+                       PlainText(session, context, session.Shown(error)));
+    }
+    ReportError(session, error, context, 0, told);
 }
 
 } // namespace tarvix::session

@@ -13,7 +13,10 @@ struct Prompt {
     PromptId id{};
     int style = 0; // of a message
     std::string title;
-    std::string text;   // of a modal form: what its lblMain reads
+    std::string text; // of a modal form: what its lblMain reads
+    // What a window says in place of a text that speaks of routines, which it has under Details;
+    // empty where the text says it plainly.
+    std::string plain;
     std::string folder; // where a picker begins, in drive form; empty for where the last one ended
 };
 

@@ -8,6 +8,7 @@ namespace tarvix::session {
 // one is none.
 enum class PromptId : std::uint8_t {
     // Start and end.
+    kWelcome,
     kFirstRunWarning,
     kOfferGeneralInformation,
     kOfferAdvancedFunctions,

@@ -37,6 +37,7 @@ constexpr PromptFacts Input(Id id, std::string_view title = "") {
 }
 
 constexpr auto kPrompts = std::to_array<PromptFacts>({
+    Modal(Id::kWelcome, Role::kFirstRun, "frmWelcome"),
     Message(Id::kFirstRunWarning, Role::kFirstRun, kCritical),
     Message(Id::kOfferGeneralInformation, Role::kFirstRun, kYesNo),
     Message(Id::kOfferAdvancedFunctions, Role::kFirstRun, kYesNo),

@@ -71,7 +71,7 @@ void Session::NoteLogTrouble(const platform::PlatformError& error) {
     state.strLogTrouble =
         fmt::format("A log of this run can't be written: {}\r\n\r\nWhat is done from here on may "
                     "not stand there.",
-                    error.description);
+                    Shown(error));
 }
 
 bool Session::Raise(const fields::Control& control, std::string_view event, bool isRepeat) {
@@ -84,8 +84,10 @@ PromptService& Session::Asked() {
     return standIn ? *standIn : prompts;
 }
 
-int Session::MsgBox(PromptId id, std::string_view text) {
-    return Asked().MsgBox(PromptOf(id, text));
+int Session::MsgBox(PromptId id, std::string_view text, std::string_view plain) {
+    Prompt prompt = PromptOf(id, text);
+    prompt.plain = plain;
+    return Asked().MsgBox(prompt);
 }
 
 void Session::ShowModal(PromptId id) {

@@ -75,7 +75,8 @@ struct Session {
 
     // The prompts of the table, with its style and title. `MsgBox` gives the button that was
     // pressed, the pickers a path in drive form, or nothing when the user cancelled.
-    int MsgBox(PromptId id, std::string_view text);
+    // `plain` leads a window's box where the text speaks of routines; scripts have the text.
+    int MsgBox(PromptId id, std::string_view text, std::string_view plain = {});
     // Shows the form of that prompt, and returns when it hides.
     void ShowModal(PromptId id);
     // `start` is where the picker begins, in drive form; empty for where the last one ended.

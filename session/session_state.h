@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/left_out.h"
 #include "session/settings/options.h"
 #include "session/settings/platform_settings.h"
 #include "session/unread.h"
@@ -144,6 +145,7 @@ struct SessionState {
     std::int64_t lngFilesFound = 0;
     std::int64_t lngFoldersFound = 0;
     UnreadList unread;
+    LeftOut leftOut;
     std::int64_t lngGroups = 1; // of the list; rows stand in no groups when there is one
 
     // Errors and long paths.

@@ -113,7 +113,7 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         if (!place) return {};
         if (!verb) {
             const Protection found = CheckSystemHidden(session, run, object, false);
-            if (!found.look) return Unread(found.look.error());
+            if (!found.look) return Unread(session, found.look.error());
             const bool moves = run.request.isMove && !found.isProtected;
             verb = moves ? Verb::kMove : Verb::kCopy;
         }

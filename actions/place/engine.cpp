@@ -48,7 +48,7 @@ Outcome RefuseToLeave(Session& session, const Job& job) {
                                  fmt::format("A rename can't give {} another folder: {}.",
                                              job.object.path, job.destination));
     });
-    return Unread(refused.result.error());
+    return Unread(session, refused.result.error());
 }
 
 } // namespace
@@ -70,12 +70,12 @@ std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b) {
     return (a | b) & kCarried;
 }
 
-Outcome Unread(const platform::PlatformError& error) {
+Outcome Unread(const Session& session, const platform::PlatformError& error) {
     Outcome outcome;
     outcome.kind = error.number == platform::kChangedSinceSearch ? OutcomeKind::kChanged
                                                                  : OutcomeKind::kFailed;
     outcome.errorNumber = error.number;
-    outcome.error = error.description;
+    outcome.error = session.Shown(error);
     return outcome;
 }
 
@@ -110,7 +110,7 @@ Outcome ReplaceDuplicate(Session& session, ActionRun& run, const Object& object,
 Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object,
                           platform::FreePlace place) {
     Protection found = CheckSystemHidden(session, run, object, false);
-    if (!found.look) return Unread(found.look.error());
+    if (!found.look) return Unread(session, found.look.error());
     Object known = object;
     known.look = std::move(*found.look);
     const Verb verb = run.request.isMove && !found.isProtected ? Verb::kMove : Verb::kCopy;

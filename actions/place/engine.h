@@ -43,7 +43,7 @@ struct Job {
 Outcome PlaceObject(session::Session& session, ActionRun& run, Job job);
 
 // The outcome of an object that could not be looked at, which has been told.
-Outcome Unread(const platform::PlatformError& error);
+Outcome Unread(const session::Session& session, const platform::PlatformError& error);
 
 // Puts the object at `destination` in place of what stands there; nothing when the two paths are
 // the same.

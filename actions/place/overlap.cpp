@@ -9,6 +9,7 @@
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "session/tell.h"
+#include "session/wordings.h"
 #include "text/case.h"
 
 #include <fmt/core.h>
@@ -26,8 +27,9 @@ void TellOneInOther(Session& session, const Clash& clash) {
         session, session::PromptId::kReplaceOverlaps,
         fmt::format(" User attempted to replace object: \r\n\r\n{}\r\n\r\n by object: "
                     "\r\n\r\n{}\r\n\r\n One of them lies in the other, so that both would "
-                    "go to the recycle bin. Nothing was done.",
-                    session.Shown(clash.destination), session.Shown(clash.object.path)));
+                    "go to the {}. Nothing was done.",
+                    session.Shown(clash.destination), session.Shown(clash.object.path),
+                    session::Worded(session, session::Wording::kBin)));
 }
 
 platform::Result<Overlap> OverlapOf(platform::FileSystem& files, const Clash& clash) {

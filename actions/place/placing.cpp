@@ -10,6 +10,7 @@
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/tell.h"
+#include "session/wordings.h"
 #include "text/case.h"
 #include "text/characters.h"
 
@@ -167,11 +168,11 @@ bool Placing::NameCopy() {
 
 void Placing::UndoRecycling() {
     const bool isBack = PutBack();
+    const std::string_view bin = session::Worded(session_, session::Wording::kBin);
     const std::string told =
-        isBack ? fmt::format("{} was put back from the recycle bin.", session_.Shown(destination_))
-               : fmt::format("What stood at {} could not be put back: look for it in the recycle "
-                             "bin.",
-                             session_.Shown(destination_));
+        isBack ? fmt::format("{} was put back from the {}.", session_.Shown(destination_), bin)
+               : fmt::format("What stood at {} could not be put back: look for it in the {}.",
+                             session_.Shown(destination_), bin);
     session::LogTimed(session_, " " + told);
     if (isBack) return;
     error_ += (error_.empty() ? "" : " ") + told;
@@ -196,9 +197,10 @@ bool Placing::RecycleDestination() {
                                   session_.Shown(destination_), session_.Shown(object_.path)));
     session::TellUnlessAuto(
         session_, session::PromptId::kOverwriteNotRecycled,
-        fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to recycle bin and overwrite with: "
+        fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to {} and overwrite with: "
                     "\r\n\r\n{}\r\n\r\n overwrite was skipped.",
-                    session_.Shown(destination_), session_.Shown(object_.path)));
+                    session_.Shown(destination_), session::Worded(session_, session::Wording::kBin),
+                    session_.Shown(object_.path)));
     return false;
 }
 

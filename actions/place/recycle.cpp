@@ -9,6 +9,7 @@
 #include "session/attempt.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/case.h"
 #include "text/paths.h"
 
@@ -92,9 +93,9 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
 
 void AskOverride(Session& session, const RecycleEntry& entry) {
     auto& form = session.forms.frmOverrideRecycleFail;
-    form.lblMain.Caption = session.Shown(entry.strPath) +
-                           "\r\n\r\n failed to be recycled. \r\nWould you like to "
-                           "delete anyway, without going to the recycle bin?";
+    form.Caption = std::string(session::Worded(session, session::Wording::kRecycleRefusedTitle));
+    form.lblMain.Caption =
+        session::Worded(session, session::Wording::kRecycleRefused, session.Shown(entry.strPath));
     form.Focus = &form.cmdNo;
     form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideRecycleFailure);

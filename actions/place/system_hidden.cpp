@@ -39,8 +39,8 @@ void TellOnce(Session& session, const ActionRun& run, const Object& object) {
             session.Shown(object.path), kHas, KindWord(object)));
 }
 
-std::string Question(const Object& object, bool isDelete) {
-    return fmt::format("{}\r\n{}\r\n{}{}", object.path, kHas, KindWord(object),
+std::string Question(const Session& session, const Object& object, bool isDelete) {
+    return fmt::format("{}\r\n{}\r\n{}{}", session.Shown(object.path), kHas, KindWord(object),
                        isDelete
                            ? "was not deleted. \r\n\r\nWould you like to delete anyway?"
                            : "was not overwritten. \r\n\r\nWould you like to overwrite anyway?");
@@ -49,7 +49,7 @@ std::string Question(const Object& object, bool isDelete) {
 // Gives whether the object stays protected.
 bool AskOverride(Session& session, ActionRun& run, const Object& object) {
     auto& form = session.forms.frmOverrideDialog;
-    form.lblMain.Caption = Question(object, run.request.strAction == "Delete");
+    form.lblMain.Caption = Question(session, object, run.request.strAction == "Delete");
     form.Focus = &form.cmdNo;
     form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideProtected);

@@ -47,7 +47,7 @@ bool CheckSpecialRule(Session& session, const ActionRequest& request, std::strin
         Refuse(session, PromptId::kDestinationMissing, kNoFolder);
         return false;
     }
-    warnings += ExtensionWarning(request.typed);
+    warnings += ExtensionWarning(session, request.typed);
     return true;
 }
 
@@ -229,7 +229,8 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
                       "It appears you did not select a destination folder. \r\n\r\n");
     }
     if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
-    RunConfirmed(session, run, ExtensionWarning(typed) + SameLocationWarning(session, request));
+    RunConfirmed(session, run,
+                 ExtensionWarning(session, typed) + SameLocationWarning(session, request));
 }
 
 void RequestAutomatedMove(Session& session, ActionRun& run) {

@@ -10,6 +10,7 @@
 #include "session/paths/recycle_folders.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/characters.h"
 #include "text/format.h"
 
@@ -24,23 +25,6 @@ namespace {
 using session::PromptId;
 using session::Session;
 
-constexpr std::string_view kReallySure =
-    "ARE YOU REALLY SURE???\r\n\r\nDeleting at least one folder and many files with include "
-    "subfolders selected, may have unexpected results!\r\n\r\nFiles with HIDDEN or SYSTEM "
-    "Attributes may get DELETED with out single file warnings!\r\n\r\nAlso when deleting files "
-    "across a network or a usb drive, they will NOT be placed in the recycle bin'\r\n\r\n";
-
-constexpr std::string_view kConfirm =
-    "Are you sure you want delete all selected objects?\r\n\r\n"
-    "This program will delete read-only objects\r\n\r\n"
-    "This program will not allow deletion of system or hidden (files/folders).\r\n"
-    "Unless you select to override at the prompt.\r\n\r\n"
-    "BUT if you select to delete a folder that contains system or hidden files.\r\n"
-    "They will be deleted unless the selected folder has the attribute\r\n"
-    "system or hidden set. Again unless you override.\r\n\r\n"
-    "Also when deleting objects across a network or a usb drive, they will NOT be placed in the "
-    "recycle bin";
-
 bool NeedsWarning(Session& session) {
     const auto& form = session.frmSearch;
     if (form.chkIncludeSubFolders.Value != 1) return false;
@@ -53,7 +37,11 @@ bool NeedsWarning(Session& session) {
 bool Confirm(Session& session) {
     const bool isWarned = NeedsWarning(session);
     const auto id = isWarned ? PromptId::kConfirmDeleteWarned : PromptId::kConfirmDelete;
-    return session.MsgBox(id, text::Concat({isWarned ? kReallySure : "", kConfirm})) ==
+    const std::string_view warning =
+        isWarned ? session::Worded(session, session::Wording::kReallyDelete) : "";
+    return session.MsgBox(
+               id, text::Concat(
+                       {warning, session::Worded(session, session::Wording::kConfirmDelete)})) ==
            session::kYes;
 }
 
@@ -101,9 +89,10 @@ class RecyclingShown {
 
     void Show(std::size_t done) {
         auto& form = session_.forms.frmProgress;
-        form.lblMain.Caption = fmt::format(
-            "Recycling {} of {} objects", text::Format(static_cast<std::int64_t>(done), "#,##0"),
-            text::Format(static_cast<std::int64_t>(total_), "#,##0"));
+        form.lblMain.Caption =
+            session::Worded(session_, session::Wording::kRecycleProgress,
+                            text::Format(static_cast<std::int64_t>(done), "#,##0"),
+                            text::Format(static_cast<std::int64_t>(total_), "#,##0"));
         form.prgMain.Max = static_cast<long long>(total_);
         form.prgMain.Value = static_cast<long long>(done);
         form.Show();
@@ -217,9 +206,10 @@ void Deletion::QueueOne(std::size_t index, Queued& queue) {
 void Deletion::RecycleQueue(const Queued& queue) {
     auto& form = session_.frmSearch;
     const std::string before = form.lblStatus.Caption.Get();
-    form.lblStatus.Caption = session_.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll
-                                 ? "Recycling or permanently deleting: Everything selected at once."
-                                 : "Recycling: Everything selected at once.";
+    const bool deletes = session_.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll;
+    form.lblStatus.Caption =
+        std::string(session::Worded(session_, deletes ? session::Wording::kRecycleOrDeleteAtOnce
+                                                      : session::Wording::kRecycleAtOnce));
     session_.Repaint();
     RecyclingShown shown(session_, queue.entries.size());
     const RecycleOutcome outcome = RecycleObjects(

@@ -13,6 +13,7 @@
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/characters.h"
 #include "text/paths.h"
 
@@ -32,12 +33,6 @@ namespace {
 using session::PromptId;
 using session::Session;
 
-constexpr std::string_view kTooLong =
-    "What is typed into the Destination combo box exceeds 259 characters in length. Some "
-    "applications may not be able to work with files so deep in the folder structure. \r\n\r\n"
-    "Microsoft says the limit is 250 but they support 259 characters in most situations. Using "
-    "the short paths standard that limit CAN be greatly exceeded, but can cause issues.\r\n\r\n "
-    "Would you like to continue and attempt to use the short path?";
 constexpr std::string_view kNoShortPath =
     "What is typed into the Destination combo box exceeds 259 characters in length AND the folder "
     "portion does not exist. Was unable to calculate a short path to substitute.";
@@ -87,7 +82,8 @@ void Typed::CleanSpaces(bool isRule) {
 
 bool Typed::Shorten() {
     if (!session::ExceedsLimit(session_, text_, session::kLongPath)) return true;
-    if (session_.MsgBox(PromptId::kDestinationTooLong, kTooLong) != session::kOk) {
+    if (session_.MsgBox(PromptId::kDestinationTooLong,
+                        Worded(session_, session::Wording::kDestinationTooLong)) != session::kOk) {
         return false;
     }
     auto shortened = session::GetShortPathNameReturnCodes(session_, text_);

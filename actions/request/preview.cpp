@@ -5,6 +5,7 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/preview_prompts.h"
+#include "actions/request/refused_names.h"
 #include "platform/clock.h"
 #include "platform/launcher.h"
 #include "platform/rehearsal/rehearsal_file_system.h"
@@ -44,7 +45,8 @@ constexpr std::array<std::string_view, 20> kVerdicts{"copy",
                                                      "no right",
                                                      "no room",
                                                      "left alone",
-                                                     "no trash"};
+                                                     "no trash",
+                                                     "can't be written there"};
 
 class NoLauncher : public platform::Launcher {
   public:
@@ -95,14 +97,21 @@ class Collector : public OutcomeSink {
   public:
     Collector(PreviewPrompts& prompts, platform::FileSystem& files, platform::RehearsalTrash& trash,
               bool isMove, std::vector<PreviewEntry>& entries)
-        : prompts_(prompts), spelling_(files), trash_(trash), isMove_(isMove), entries_(entries) {}
+        : prompts_(prompts), spelling_(files), trash_(trash), refused_(files), isMove_(isMove),
+          entries_(entries) {}
 
     void Settled(const Outcome& outcome) override {
-        entries_.push_back(
-            {outcome.index, spelling_.Of(outcome.strDestination), VerdictOf(outcome)});
+        PreviewEntry entry{outcome.index, spelling_.Of(outcome.strDestination), VerdictOf(outcome)};
+        if (Writes(entry.verdict)) entry.why = refused_.Why(entry.strNewPath);
+        if (!entry.why.empty()) entry.verdict = Verdict::kNameRefused;
+        entries_.push_back(std::move(entry));
     }
 
   private:
+    static bool Writes(Verdict verdict) {
+        return verdict <= Verdict::kDuplicateOverwrite || verdict == Verdict::kProtectedCopy ||
+               verdict == Verdict::kCopyOnly;
+    }
     Verdict VerdictOf(const Outcome& outcome) {
         const auto asked = prompts_.Take();
         const bool isRefused = trash_.TakeRefusal();
@@ -151,6 +160,7 @@ class Collector : public OutcomeSink {
     PreviewPrompts& prompts_;
     Spelling spelling_;
     platform::RehearsalTrash& trash_;
+    RefusedNames refused_;
     bool isMove_;
     std::vector<PreviewEntry>& entries_;
 };
@@ -223,6 +233,11 @@ std::string_view VerdictText(Verdict verdict) {
     return kVerdicts[static_cast<std::size_t>(verdict)];
 }
 
+std::string VerdictText(const PreviewEntry& entry) {
+    const std::string_view text = VerdictText(entry.verdict);
+    return entry.why.empty() ? std::string(text) : fmt::format("{}: {}", text, entry.why);
+}
+
 PreviewResult Preview(Session& session) {
     session.state.blnStopAction = false;
     return Rehearsal(session).Run();
@@ -240,8 +255,8 @@ void cmdPreview_Click(Session& session) {
     form.rows.clear();
     form.rows.reserve(result.entries.size());
     for (const PreviewEntry& entry : result.entries) {
-        form.rows.push_back({session.selection->strSelPath[entry.index], entry.strNewPath,
-                             std::string(VerdictText(entry.verdict))});
+        form.rows.push_back(
+            {session.selection->strSelPath[entry.index], entry.strNewPath, VerdictText(entry)});
     }
     form.lblMain.Caption = Summary(result);
     form.Focus = &form.cmdOK;

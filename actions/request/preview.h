@@ -33,6 +33,7 @@ enum class Verdict : std::uint8_t {
     kNoRoom,
     kLeftAlone, // for a reason that would be told
     kNoTrash,   // for what it would overwrite
+    kNameRefused, // the disk there takes no such name
 };
 
 // "copy", "duplicate: skip" ...
@@ -42,7 +43,11 @@ struct PreviewEntry {
     std::size_t index = 0; // in the selection
     std::string strNewPath;
     Verdict verdict = Verdict::kUnchanged;
+    std::string why = {}; // of a refused name
 };
+
+// The same with the reason behind it.
+std::string VerdictText(const PreviewEntry& entry);
 
 struct PreviewResult {
     std::vector<PreviewEntry>

@@ -65,13 +65,13 @@ bool HasSelection(Session& session) {
     return false;
 }
 
-std::string ExtensionWarning(std::string_view destination) {
+std::string ExtensionWarning(const Session& session, std::string_view destination) {
     const bool mayHaveOne = text::Length(destination) >= kShortestWithExtension &&
                             destination.find('.') != destination.npos;
     if (!mayHaveOne) return {};
     return fmt::format("It appears you did not select a destination folder.\r\n{} may have an "
                        "extension.\r\n\r\n",
-                       destination);
+                       session.Shown(destination));
 }
 
 std::string SameLocationWarning(const Session& session, const ActionRequest& request) {

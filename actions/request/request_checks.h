@@ -28,7 +28,7 @@ bool Confirm(session::Session& session, session::PromptId id, std::string_view q
 bool HasSelection(session::Session& session);
 
 // A warning for a text of five characters or more with a "."; empty without one.
-std::string ExtensionWarning(std::string_view destination);
+std::string ExtensionWarning(const session::Session& session, std::string_view destination);
 
 // A warning for a copy or move to the places that the objects come from; empty without one.
 std::string SameLocationWarning(const session::Session& session, const ActionRequest& request);

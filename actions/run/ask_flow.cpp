@@ -13,6 +13,7 @@
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/format.h"
 #include "text/paths.h"
 
@@ -26,6 +27,7 @@ namespace tarvix::actions {
 namespace {
 
 using session::Session;
+using session::Wording;
 
 // `actual` opens the object that is told of as `path`.
 fields::AskedObject AskedObject(Session& session, std::string_view path, std::string_view actual,
@@ -35,7 +37,7 @@ fields::AskedObject AskedObject(Session& session, std::string_view path, std::st
                               .isFile = isFile};
     const auto facts = session.files().Facts(actual);
     if (!facts) return asked;
-    asked.date = text::DefaultDateText(session.platform.clock.ToLocal(facts->modified));
+    asked.date = session::WordedDate(session, session.platform.clock.ToLocal(facts->modified));
     if (!isFile) return asked;
     asked.size = text::Format(static_cast<std::int64_t>(facts->size), "##,###,###,##0");
     results::GetVersionInfo(session.files(), actual, asked.version, asked.os);
@@ -61,14 +63,12 @@ void ShowButtons(Session& session, const ActionRequest& request, const Clash& cl
     form.cmdOverwrite.Visible = form.cmdOverwriteAll.Visible = !request.isMove && !differ;
     form.cmdDeleteReplace.Visible = !request.isMove && !bothFiles;
     form.cmdDeleteReplaceAll.Visible = !request.isMove && !bothFiles && !differ;
-    if (!differ) {
-        form.cmdDeleteReplace.Caption =
-            "Rec&ycle this duplicate folder and contents, then replace.";
-    } else {
-        form.cmdDeleteReplace.Caption =
-            clash.there.isFile ? "Recycle duplicate file, then replace with original folder."
-                               : "Recycle duplicate folder, then replace with original file.";
-    }
+    form.cmdDeleteReplace.Caption = std::string(
+        session::Worded(session, !differ              ? Wording::kRecycleFolderButton
+                                 : clash.there.isFile ? Wording::kRecycleFileForFolder
+                                                      : Wording::kRecycleFolderForFile));
+    form.cmdDeleteReplaceAll.Caption =
+        std::string(session::Worded(session, Wording::kRecycleFoldersButton));
     // Without a text no new name can be made.
     form.cmdRename.Enabled = form.cmdRenameAll.Enabled = !request.renameText.empty();
 }
@@ -109,12 +109,8 @@ bool RecycleDuplicate(Session& session, const Clash& clash) {
     const std::string target =
         session::GetShortPathNameReturnCodes(session, clash.destination).path;
     while (!RecycleOne(session, target)) {
-        const std::string told = fmt::format(
-            "Permission denied on: \r\n\r\n{}\r\n\r\n action not performed.\r\n\r\nWith Recycle "
-            "and Replace, object is most likely open, possibly in an application.\r\n\r\nAlso "
-            "write to device/folder may not be allowed.\r\n\r\nex. CD/DVD device is write "
-            "protected.",
-            target);
+        const std::string told =
+            session::Worded(session, Wording::kReplaceRefused, session.Shown(target));
         if (session.MsgBox(session::PromptId::kDuplicateNotRecycled, told) == session::kRetry) {
             continue;
         }
@@ -123,7 +119,7 @@ bool RecycleDuplicate(Session& session, const Clash& clash) {
                                  "Permission was denied, action was not performed.\r\n\r\nWith "
                                  "Recycle and Replace, object was most likely open, possibly in "
                                  "explorer or other application.",
-                                 clash.object.path));
+                                 session.Shown(clash.object.path)));
         return false;
     }
     session::LogTimed(session, fmt::format(" Recycled {}", session.Shown(target)));

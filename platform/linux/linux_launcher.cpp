@@ -1,5 +1,6 @@
 #include "platform/linux/linux_launcher.h"
 
+#include "platform/linux/errno_failure.h"
 #include "platform/linux/glib_pointer.h"
 #include "platform/names.h"
 
@@ -7,8 +8,10 @@ namespace tarvix::platform {
 
 namespace {
 std::unexpected<PlatformError> CannotOpen(std::string_view path, std::string_view why) {
-    return Failure(kPermissionDenied, "Nothing could be started to open " + ForDisplay(path) +
-                                          ": " + std::string(why));
+    return std::unexpected(PlatformError{kPermissionDenied,
+                                         "Nothing could be started to open " + ForDisplay(path) +
+                                             ": " + std::string(why),
+                                         std::string(path)});
 }
 
 template <class T>
@@ -28,7 +31,7 @@ Result<void> Started(gboolean isStarted, GError* error, std::string_view path) {
 
 Result<void> LinuxLauncher::OpenDocument(std::string_view path) {
     const auto truePath = files_.TruePath(path);
-    if (!truePath) return Failure(kFileNotFound, truePath.error().description);
+    if (!truePath) return FailureBy(kFileNotFound, path);
     const GlibPointer<char> address(
         g_filename_to_uri(paths_.ToNative(*truePath).c_str(), nullptr, nullptr));
     if (address == nullptr) return CannotOpen(path, "its path has no address.");
@@ -39,7 +42,7 @@ Result<void> LinuxLauncher::OpenDocument(std::string_view path) {
 
 Result<void> LinuxLauncher::OpenWith(std::string_view command, std::string_view path) {
     const auto truePath = files_.TruePath(path);
-    if (!truePath) return Failure(kFileNotFound, truePath.error().description);
+    if (!truePath) return FailureBy(kFileNotFound, path);
     GError* error = nullptr;
     const auto program = Own(g_app_info_create_from_commandline(
         std::string(command).c_str(), nullptr, G_APP_INFO_CREATE_NONE, &error));

@@ -5,38 +5,21 @@
 #include "session/lifecycle/help.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/wordings.h"
 
 namespace tarvix::lifecycle {
 
 namespace {
 
 using session::PromptId;
+using session::Session;
 
-constexpr std::string_view kNotice =
-    "WARNING - Using this program carelessly can make your computer not function if used "
-    "improperly!!!\r\n\r\n"
-    "It gives you the power to rearrange ALMOST ANY file on your pc including Windows system "
-    "files.\r\n\r\n"
-    "Be sure to read the section labeled 'Who is Tarvix for?' in help(F1).\r\n\r\n"
-    "I recommend reading 'Advanced Functions List' in the help menu fully to begin to understand. "
-    "That will explain all the changes I made during development and some the dangers.\r\n\r\n"
-    "1. Do not turn on Expert Mode in Option until you have a strong understanding of Windows.\r\n"
-    "2. Work with files in your Documents folder. (Default search folder).\r\n"
-    "3. Backup everything until you have firm understanding of the use of Tarvix. In fact ALWAYS "
-    "backup everything.\r\n"
-    "I offer no guarantees, results are ENTIRELY based on your actions.\r\n\r\n"
-    "The help file will now open.";
-
-bool AsksFor(session::Session& session, PromptId id, std::string_view question) {
+bool AsksFor(Session& session, PromptId id, std::string_view question) {
     return session.MsgBox(id, question) == session::kYes;
 }
 
-} // namespace
-
-void FirstRunCheck(session::Session& session) {
-    const std::string& history = session.state.strFSSearchHistoryFile;
-    if (!platform::DirName(session.files(), history, platform::kDirFiles).empty()) return;
-    session.MsgBox(PromptId::kFirstRunWarning, kNotice);
+void TellInBoxes(Session& session) {
+    session.MsgBox(PromptId::kFirstRunWarning, session::Told(session::Wording::kFirstRun));
     OpenHelp(session);
     if (AsksFor(session, PromptId::kOfferGeneralInformation,
                 "Would you like to see the General Information file?")) {
@@ -46,7 +29,42 @@ void FirstRunCheck(session::Session& session) {
                 "Would you like to see the Advanced Functions file?")) {
         OpenAdvancedFunctions(session);
     }
+}
+
+void Welcome(Session& session) {
+    auto& form = session.forms.frmWelcome;
+    form.lblMain.Caption = std::string(session::Worded(session, session::Wording::kFirstRun));
+    form.ReadsGuide = false;
+    form.Focus = &form.cmdOK;
+    session.ShowModal(PromptId::kWelcome);
+    if (form.ReadsGuide) OpenHelp(session);
+}
+
+void cmdGuide_Click(Session& session) {
+    session.forms.frmWelcome.ReadsGuide = true;
+    session.forms.frmWelcome.Hide();
+}
+
+void cmdOK_Click(Session& session) {
+    session.forms.frmWelcome.Hide();
+}
+
+} // namespace
+
+void FirstRunCheck(Session& session) {
+    const std::string& history = session.state.strFSSearchHistoryFile;
+    if (!platform::DirName(session.files(), history, platform::kDirFiles).empty()) return;
+    if (session.platform.traits.hasNativePaths && session.prompts.PrefersForms()) {
+        Welcome(session);
+    } else {
+        TellInBoxes(session);
+    }
     if (auto made = session.files().CreateTextFile(history, false)) (void)(*made)->Close();
+}
+
+void AddFirstRunEvents(session::EventTable& events) {
+    events.On("frmWelcome.cmdGuide_Click", cmdGuide_Click);
+    events.On("frmWelcome.cmdOK_Click", cmdOK_Click);
 }
 
 } // namespace tarvix::lifecycle

@@ -7,39 +7,60 @@
 
 #include <fmt/core.h>
 
+#include <array>
 #include <string>
-#include <string_view>
 
 namespace tarvix::lifecycle {
 
 namespace {
 
-// Beside the program, or where an installed program has its texts.
-std::string PathOf(session::Session& session, std::string_view name) {
+using session::Session;
+
+// A page by its told file, and by the one that lies here.
+struct Page {
+    std::string_view told;
+    std::string_view here;
+};
+constexpr Page kGuide{"Tarvix.rtf", "guide.md"};
+constexpr Page kGeneralInformation{"User Doc.txt", "first-steps.md"};
+constexpr Page kAdvancedFunctions{"Advanced Functions.txt", "advanced.md"};
+constexpr Page kVersionChanges{"Version Changes.txt", "changes.md"};
+
+// Beside the program, where an installed program has its texts, or in the tree that it was built
+// in.
+std::string PathOf(Session& session, const Page& page) {
     const std::string& folder = session.state.strProgramFolder;
-    std::string beside = text::JoinPath(folder, name);
-    if (session.files().Facts(beside)) return beside;
-    return fmt::format("{}\\share\\doc\\tarvix\\{}", text::ParentFolder(folder), name);
+    const auto above = text::ParentFolder(folder);
+    const std::string_view name = session.platform.traits.hasNativePaths ? page.here : page.told;
+    std::array<std::string, 3> places{
+        text::JoinPath(folder, name), fmt::format("{}\\share\\doc\\tarvix\\{}", above, name),
+        fmt::format("{}\\data\\help\\{}", text::ParentFolder(above), name)};
+    for (std::string& place : places) {
+        if (session.files().Facts(place)) return std::move(place);
+    }
+    return std::move(places.front());
 }
 
-void OpenText(session::Session& session, std::string_view name) {
-    const auto opened = session.platform.launcher.OpenDocument(PathOf(session, name));
+void Open(Session& session, const Page& page) {
+    const std::string path = PathOf(session, page);
+    if (session.events.Raise(session, kShowHelp, {.path = path})) return;
+    const auto opened = session.platform.launcher.OpenDocument(path);
     if (!opened) session.frmSearch.lblStatus.Caption = session.Shown(opened.error());
 }
 
 } // namespace
 
-void OpenHelp(session::Session& session) {
-    OpenText(session, "Tarvix.rtf");
+void OpenHelp(Session& session) {
+    Open(session, kGuide);
 }
-void OpenGeneralInformation(session::Session& session) {
-    OpenText(session, "User Doc.txt");
+void OpenGeneralInformation(Session& session) {
+    Open(session, kGeneralInformation);
 }
-void OpenAdvancedFunctions(session::Session& session) {
-    OpenText(session, "Advanced Functions.txt");
+void OpenAdvancedFunctions(Session& session) {
+    Open(session, kAdvancedFunctions);
 }
-void OpenVersionChanges(session::Session& session) {
-    OpenText(session, "Version Changes.txt");
+void OpenVersionChanges(Session& session) {
+    Open(session, kVersionChanges);
 }
 
 void AddHelpEvents(session::EventTable& events) {

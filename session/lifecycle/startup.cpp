@@ -13,6 +13,7 @@
 #include "session/remembered/platform_file.h"
 #include "session/remembered/unsaved.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/characters.h"
 
 #include <fmt/core.h>
@@ -32,12 +33,6 @@ void Raise(Session& session, std::string_view event) {
 // The list's tip without Expert Mode.
 constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
                                       "of the column head.";
-constexpr std::string_view kTooSmall =
-    " Tarvix is ending as it is to large for this screen size.\r\n\r\n"
-    "800x549 is minimun size required.\r\n\r\n"
-    "Recomend changing settings or turning off any screen partitioning software.\r\n\r\n"
-    "1680x1050 or 1600x1200, both work great for tiling Tarvix 2x2.";
-
 void SetState(Session& session) {
     auto& state = session.state;
     state.blnRepeatDeleteEmpty = false;
@@ -59,7 +54,7 @@ void OpenLogs(Session& session) {
     if (const auto taken = session::TryDataFolder(session); !taken) {
         const std::string first =
             fmt::format("unexpected error {} {}\r\n\r\nThis run has no logs. ", error.number,
-                        error.description);
+                        session.Shown(error));
         return session::TellDataUnwritable(session, taken.error(), first);
     }
     session::TellUnexpected(session, error, "OpenActionLog", session.state.strActionLogFile);
@@ -96,6 +91,8 @@ void SetVisibleDefaults(Session& session) {
     form.lblCurrentFolder.ForeColor = fields::kBlue;
     form.lblSearchFor.ForeColor = fields::kRed;
     Raise(session, kPaintAttributeBoxes);
+    form.cmdDeleteSelected.Caption =
+        std::string(session::Worded(session, session::Wording::kRecycleButton));
     if (session.platform.traits.hasNativePaths) NameAttributes(form);
 }
 
@@ -208,7 +205,8 @@ void frmSearch_Resize(Session& session) {
     }
     if (form.Width >= kLeastWidth && form.Height >= kLeastHeight) return;
     if (form.State == fields::WindowState::kMaximized) {
-        session.MsgBox(session::PromptId::kWindowTooSmall, kTooSmall);
+        session.MsgBox(session::PromptId::kWindowTooSmall,
+                       session::Worded(session, session::Wording::kWindowTooSmall));
         frmSearch_Unload(session);
         return;
     }

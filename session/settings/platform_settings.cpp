@@ -21,6 +21,8 @@ constexpr std::string_view kNameColumn = "Name";
 constexpr std::string_view kNative = "native";
 constexpr std::string_view kDrive = "drive";
 constexpr std::string_view kAny = "any";
+constexpr std::string_view kOn = "on";
+constexpr std::string_view kOff = "off";
 constexpr int kMostPixels = 100'000;
 constexpr int kEarliestYear = 1980;
 constexpr int kLastYear = 9999;
@@ -181,6 +183,21 @@ constexpr SettingKey FormKey(std::string_view key, std::string_view comment) {
             }};
 }
 
+template <std::optional<bool> PlatformSettings::*Box>
+constexpr SettingKey BoxKey(std::string_view key, std::string_view comment) {
+    return {key, comment,
+            [](const PlatformSettings& settings) {
+                const auto& box = settings.*Box;
+                return std::string(!box ? "" : *box ? kOn : kOff);
+            },
+            [](PlatformSettings& settings, std::string_view text) {
+                const bool isOn = text::EqualNoCase(text, kOn);
+                if (!isOn && !text.empty() && !text::EqualNoCase(text, kOff)) return false;
+                settings.*Box = text.empty() ? std::nullopt : std::optional(isOn);
+                return true;
+            }};
+}
+
 template <WindowPlace PlatformSettings::*Field>
 constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
     return {key, comment,
@@ -207,6 +224,10 @@ constexpr std::array kKeys{
     SettingKey{"LatestFileYear",
                "The last year that is plausible for the date of a file; any for all years.",
                YearText, TakeYear},
+    BoxKey<&PlatformSettings::sortsFast>(
+        "FastSort", "Whether the window was left with Fast Sort on; empty for as at first."),
+    BoxKey<&PlatformSettings::searchesSubfolders>(
+        "Subfolders", "The same of Include subfolders, where the options let it be chosen."),
     WindowKey<&PlatformSettings::searchWindow>(
         "SearchWindow", "Left, top, width and height of the main window, and maximized if it was."),
     WindowKey<&PlatformSettings::dialogWindow>("ActionWindow", "The same of the action window."),

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,8 @@ struct PlatformSettings {
     std::string player;                 // in the place of VLC
     std::string secondPlayer;           // in the place of Winamp
     int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
+    std::optional<bool> sortsFast;      // as the window left the box; none: as at first
+    std::optional<bool> searchesSubfolders; // the same
     WindowPlace searchWindow;
     WindowPlace dialogWindow;
     // By column index, in pixels; 0 for the width that the column has at first.

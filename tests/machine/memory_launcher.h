@@ -12,8 +12,14 @@ class MemoryLauncher : public Launcher {
 
     Result<void> OpenDocument(std::string_view path) override {
         const auto facts = files_.Facts(path);
-        if (!facts) return Failure(kFileNotFound, facts.error().description);
-        if (refusal != 0) return Failure(refusal, std::string(path) + " can't be opened.");
+        if (!facts) {
+            return std::unexpected(
+                PlatformError{kFileNotFound, facts.error().description, facts.error().path});
+        }
+        if (refusal != 0) {
+            const std::string opened(path);
+            return std::unexpected(PlatformError{refusal, opened + " can't be opened.", opened});
+        }
         opened.emplace_back(path);
         return {};
     }

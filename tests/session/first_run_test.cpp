@@ -51,6 +51,56 @@ TEST_F(FirstRun, AsksForBothHelpTextsAndOpensThoseWanted) {
                                         "C:\\home\\ann\\tarvix\\Advanced Functions.txt"}));
 }
 
+// A front that has windows.
+class Windows : public session::ScriptedPrompts {
+  public:
+    bool PrefersForms() const override { return true; }
+};
+
+class Welcome : public FirstRun {
+  protected:
+    Welcome() {
+        machine.platform.traits.hasNativePaths = true;
+        Disk().AddFile("C:\\home\\ann\\tarvix\\guide.md");
+    }
+    // The first start, its one window answered by that button.
+    void Answer(const std::string& button) {
+        windows.Queue(button);
+        app::Program first(machine.platform, windows);
+        first.Start("");
+        EXPECT_TRUE(first.Session().state.blnStarted);
+    }
+    Windows windows;
+};
+
+TEST_F(Welcome, IsOneWindowThatSpeaksOfThisMachine) {
+    Answer("Start");
+    ASSERT_EQ(windows.Records().size(), 1U);
+    const auto& told = windows.Records().front();
+    EXPECT_EQ(told.form, "frmWelcome");
+    EXPECT_NE(told.text.find("Preview"), told.text.npos);
+    EXPECT_NE(told.text.find("trash"), told.text.npos);
+    EXPECT_EQ(told.text.find("Windows"), told.text.npos);
+    EXPECT_TRUE(machine.launcher.opened.empty());
+    EXPECT_EQ(Disk().Content(kHistory), "");
+}
+
+TEST_F(Welcome, OpensTheGuideForWhoWantsToReadIt) {
+    Answer("Read the guide");
+    EXPECT_EQ(machine.launcher.opened,
+              (std::vector<std::string>{"C:\\home\\ann\\tarvix\\guide.md"}));
+}
+
+TEST_F(FirstRun, WithoutWindowsTheBoxesAreAsTold) {
+    machine.platform.traits.hasNativePaths = true;
+    for (const char* answer : {"OK", "No", "No"})
+        prompts.Queue(answer);
+    app::Program first(machine.platform, prompts);
+    first.Start("");
+    ASSERT_EQ(prompts.Records().size(), 3U);
+    EXPECT_TRUE(prompts.Records()[0].text.starts_with("WARNING - Using this program carelessly"));
+}
+
 TEST_F(FirstRun, MakesTheHistoryFileSoThatTheNextRunIsNone) {
     Start();
     EXPECT_EQ(Disk().Content(kHistory), "");

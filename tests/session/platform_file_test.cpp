@@ -27,6 +27,7 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
     settings.editor = "gedit --wait";
     settings.player = "vlc";
     settings.latestYear = 2026;
+    settings.sortsFast = true;
     settings.searchWindow = {-10, 20, 1120, 720, true};
     settings.columnWidths[0] = 300;
     settings.columnWidths[8] = 99;
@@ -52,6 +53,10 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "SecondPlayer =\r\n"
         "# The last year that is plausible for the date of a file; any for all years.\r\n"
         "LatestFileYear = 2026\r\n"
+        "# Whether the window was left with Fast Sort on; empty for as at first.\r\n"
+        "FastSort = on\r\n"
+        "# The same of Include subfolders, where the options let it be chosen.\r\n"
+        "Subfolders =\r\n"
         "# Left, top, width and height of the main window, and maximized if it was.\r\n"
         "SearchWindow = -10,20,1120,720,maximized\r\n"
         "# The same of the action window.\r\n"

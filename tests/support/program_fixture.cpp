@@ -2,6 +2,7 @@
 
 #include "session/user_input.h"
 #include "tests/support/listed_prompts.h"
+#include "tests/support/shown_paths.h"
 
 #include <algorithm>
 
@@ -9,6 +10,8 @@ namespace tarvix::testing {
 
 ProgramFixture::ProgramFixture() {
     prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
+    if (JudgesShownPaths())
+        State().platformSettings = session::UsualSettings(machine.platform.traits);
     // Files are made a year before the clock, so that their dates are plausible.
     Disk().UseClock([this] { return machine.clock.FromLocal({2025, 6, 1, 12, 0, 0}); });
     Disk().AddFile(machine.environment.programFolder + "\\TXFSSearchHistoryFile.txt", "*EOF");
@@ -16,6 +19,7 @@ ProgramFixture::ProgramFixture() {
 
 ProgramFixture::~ProgramFixture() {
     ExpectListed(prompts.Records());
+    JudgeShown(S(), prompts.Records());
 }
 
 void ProgramFixture::Start(std::string_view argument) {

@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "session/scripted_prompts.h"
 #include "tests/machine/memory_platform.h"
+#include "tests/support/shown_paths.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +57,7 @@ class ProgramFixture : public ::testing::Test {
     static bool HasEntry(const std::string& log, std::string_view text);
 
     platform::MemoryPlatform machine;
+    const bool isJudged = machine.platform.traits.hasNativePaths = JudgesShownPaths();
     session::ScriptedPrompts prompts;
     app::Program program{machine.platform, prompts};
 };

@@ -3,6 +3,7 @@
 #include "generate/list_request.h"
 #include "generate/write_list.h"
 #include "platform/names.h"
+#include "platform/native_paths.h"
 #include "results/selection.h"
 #include "session/session.h"
 
@@ -27,7 +28,9 @@ std::string FirstLinesKey(const session::Session& session) {
 
 std::vector<std::string> ListedFirst(session::Session& session) {
     if (FirstLinesKey(session).empty()) return {};
-    std::vector<std::string> lines = FirstLines(session, ReadListRequest(session), kLines);
+    ListRequest request = ReadListRequest(session);
+    request.file = session.platform.paths.ToDrive(request.file); // it may be being typed
+    std::vector<std::string> lines = FirstLines(session, request, kLines);
     for (std::string& line : lines) {
         line = platform::NativeForDisplay(line);
     }

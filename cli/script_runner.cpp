@@ -210,7 +210,10 @@ InputResult ScriptRunner::DoubleClick(const Statement& statement) {
     const std::size_t count = program_->Rows().Count();
     if (number > count) return NoRow(number, count);
     const session::EventArgs args{static_cast<int>(number - 1)};
-    if (Session().events.Raise(Session(), "frmSearch.lstMain_DblClick", args)) return {};
+    if (Session().state.blnPlayListMode) {
+        Session().events.Raise(Session(), "frmSearch.lstMain_DblClick", args);
+        return {};
+    }
     return Wrong("Rows can't be opened by a double click in this version.");
 }
 

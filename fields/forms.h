@@ -25,8 +25,9 @@ struct Forms {
     FrmPreview frmPreview;
     FrmUnread frmUnread;
     FrmWelcome frmWelcome;
+    FrmNumbers frmNumbers;
 
-    const std::array<Form*, 14> all{&frmSearch,
+    const std::array<Form*, 15> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -39,7 +40,8 @@ struct Forms {
                                     &frmOverrideRecycleFail,
                                     &frmPreview,
                                     &frmUnread,
-                                    &frmWelcome};
+                                    &frmWelcome,
+                                    &frmNumbers};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -77,6 +77,13 @@ class FrmSearch : public Form {
     CommandButton cmdEditTargets{*this, "cmdEditTargets", "Edi&t Links (shortcuts)", false};
     CommandButton cmdDoVersionSort{*this, "cmdDoVersionSort", "Version sort", false};
 
+    // The banner of a loaded playlist: what it holds, what is marked, and what acts on it.
+    Frame fraPlayList{*this, "fraPlayList", "", false};
+    Label lblPlayList{*this, "lblPlayList"};
+    CommandButton cmdPreviewPlayList{*this, "cmdPreviewPlayList", "Previe&w...", false};
+    CommandButton cmdEditPlayList{*this, "cmdEditPlayList", "Delete and Rename Files in Playlist",
+                                  false};
+
     // Counters and status.
     Label lblNumOfFilesAttrib{*this, "lblNumOfFilesAttrib", "0"};
     Label lblNumOfDirsAttrib{*this, "lblNumOfDirsAttrib", "0"};
@@ -130,6 +137,9 @@ class FrmSearch : public Form {
                                        "Remove Unselected and Move"};
     MenuEntry mnuTools_AutomatedMove{*this, "mnuTools_AutomatedMove",
                                      "Automated Object Move (Sort)"};
+    MenuEntry mnuTools_LoadPlayList{*this, "mnuTools_LoadPlayList",
+                                    "Load PlayList to Delete and Rename Duplicates"};
+    MenuEntry mnuPlayListWarning{*this, "mnuPlayListWarning", "Cancel PlayList Delete Dup Mode"};
     MenuEntry mnuTools_BypassMPL{*this, "mnuTools_BypassMPL",
                                  "Copy Paths Directly into 'Search Location(s)' Box"};
     MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",

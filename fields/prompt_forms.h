@@ -159,4 +159,20 @@ class FrmPreview : public Form {
     std::vector<PreviewRow> rows; // changed only while the form is hidden
 };
 
+// The lines of a numeric increment, in one window in place of a question for each part.
+class FrmNumbers : public Form {
+  public:
+    FrmNumbers() : Form("frmNumbers") { Caption = "Numeric Increment"; }
+    bool Accepted = false; // closed by OK
+    TextBox txtStart{*this, "txtStart", "1"};
+    TextBox txtEnd{*this, "txtEnd", "100"};
+    CheckBox chkSameLength{*this, "chkSameLength", "Numbers of the same &length", 1};
+    TextBox txtFormat{*this, "txtFormat", "000#"};
+    TextBox txtLine{*this, "txtLine"};
+    Label lblMain{*this, "lblMain"}; // how many lines there will be, or what is wrong
+    ListBox lstFirstLines{*this, "lstFirstLines"};
+    CommandButton cmdOK{*this, "cmdOK", "&OK"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
 } // namespace tarvix::fields

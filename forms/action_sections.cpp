@@ -171,11 +171,15 @@ QWidget* MakeRenameSection(const fields::FrmDialog& form) {
 }
 
 QWidget* MakeFileSection(const fields::FrmDialog& form) {
-    return MakeSection(
-        new QWidget, "File",
-        {InFlow(
-            {Make(form.chkAddEOF), Make(form.chkComments), Make(form.chkFindSimilar),
-             Labelled("Size Deviation:", MakeNumber(form.txtDeviation, "Size Deviation", 12))})});
+    return MakeSection(new QWidget, "File",
+                       {InFlow({Make(form.chkAddEOF), Make(form.chkComments),
+                                Make(form.chkRelative), Make(form.chkFindSimilar),
+                                Labelled("Size Deviation:",
+                                         MakeNumber(form.txtDeviation, "Size Deviation", 12))})});
+}
+
+QWidget* MakeLinesSection(QWidget& lines) {
+    return MakeSection(new QWidget, "First lines", {&lines});
 }
 
 } // namespace tarvix::forms

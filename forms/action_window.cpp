@@ -14,12 +14,14 @@
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
 #include "forms/wrapping_label.h"
+#include "generate/first_lines.h"
 #include "results/selection.h"
 #include "session/session.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -33,6 +35,7 @@ namespace {
 
 constexpr int kCharacters = 122; // of the window's width
 constexpr int kTitleBar = 40;
+constexpr int kShownLines = 8; // of those that would be written, without scrolling
 constexpr int kLeastLines = 9; // of the choices, when there is little room
 
 // What the box for the destination takes, by the choice of where to.
@@ -77,8 +80,10 @@ constexpr std::array kTabOrder{"cmbDir",
                                "optNamePortion(2)",
                                "chkAddEOF",
                                "chkComments",
+                               "chkRelative",
                                "chkFindSimilar",
                                "txtDeviation",
+                               "txtFirstLines",
                                "cmdStop",
                                "cmdPreview",
                                "OKButton",
@@ -203,12 +208,25 @@ QWidget* ActionWindow::MakeSections() {
     column->setSpacing(10);
     where_ = MakeWhereSection(form);
     file_ = MakeFileSection(form);
-    for (QWidget* section : {where_, MakeRuler(), MakeStructureSection(form),
-                             MakeDuplicatesSection(form), MakeRenameSection(form), file_}) {
+    for (QWidget* section :
+         {where_, MakeRuler(), MakeStructureSection(form), MakeDuplicatesSection(form),
+          MakeRenameSection(form), file_, MakeFirstLines()}) {
         column->addWidget(section);
     }
     column->addStretch(1);
     return panel;
+}
+
+QWidget* ActionWindow::MakeFirstLines() {
+    lines_ = new QPlainTextEdit;
+    lines_->setObjectName("txtFirstLines");
+    lines_->setReadOnly(true);
+    lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    lines_->setTabChangesFocus(true);
+    lines_->setAccessibleName("The first lines that would be written");
+    lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kShownLines + 24);
+    linesSection_ = MakeLinesSection(*lines_);
+    return linesSection_;
 }
 
 QWidget* ActionWindow::MakeProgress() {
@@ -278,6 +296,7 @@ void ActionWindow::Refresh() {
     ShowHints();
     ShowRuler();
     if (!gate_.IsBusy()) ShowExamples();
+    if (!gate_.IsBusy()) ShowFirstLines();
     sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
@@ -311,6 +330,18 @@ void ActionWindow::ShowExamples() {
         const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
         label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
     }
+}
+
+void ActionWindow::ShowFirstLines() {
+    std::string key = generate::FirstLinesKey(session_);
+    linesSection_->setVisible(!key.empty());
+    if (key == shownLines_) return;
+    shownLines_ = std::move(key);
+    QStringList lines;
+    for (const std::string& line : generate::ListedFirst(session_)) {
+        lines << QString::fromUtf8(line);
+    }
+    lines_->setPlainText(lines.join('\n'));
 }
 
 // What was hidden before the window shows is taken out of the layouts only now.

@@ -3,6 +3,7 @@
 #include "forms/modal_window.h"
 
 class QLabel;
+class QPlainTextEdit;
 class QProgressBar;
 
 namespace tarvix::forms {
@@ -25,6 +26,7 @@ class ActionWindow : public ModalWindow {
     QWidget* MakeDestination();
     QWidget* MakeRuler();
     QWidget* MakeSections();
+    QWidget* MakeFirstLines();
     QWidget* MakeProgress();
     QWidget* MakeButtons();
     void SetTabOrder();
@@ -34,6 +36,7 @@ class ActionWindow : public ModalWindow {
     void ShowRuler();
     void WriteMark(int number);
     void ShowExamples();
+    void ShowFirstLines();
     int Room() const; // for its height on the screen
     void Grow();
 
@@ -44,6 +47,9 @@ class ActionWindow : public ModalWindow {
     QLabel* sentence_ = nullptr;
     QProgressBar* bytes_ = nullptr;
     FittingArea* area_ = nullptr;
+    QWidget* linesSection_ = nullptr;
+    QPlainTextEdit* lines_ = nullptr;
+    std::string shownLines_;    // what the first lines depended on when they were made
     std::string shownExamples_; // what the examples depended on when they were made
 };
 

@@ -4,6 +4,7 @@
 #include "forms/flow_layout.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
+#include "forms/wrapping_label.h"
 
 #include <QHBoxLayout>
 
@@ -34,23 +35,36 @@ QLabel* Word(const char* text) {
     return new QLabel(text);
 }
 
+// The words beside a counter go with it.
+QWidget* InCounterRow(QWidget& counter, const QList<QWidget*>& widgets) {
+    QWidget* row = InRow(widgets, 4);
+    for (QWidget* widget : widgets) {
+        if (qobject_cast<QLabel*>(widget)->objectName().isEmpty())
+            FollowVisibility(counter, *widget);
+    }
+    return row;
+}
+
 QWidget* MakeFound(const fields::FrmSearch& form) {
-    return InRow(
-        {Word("Found"), MakeCounter(form.lblNumOfFilesFound, "Matching files found"), Word("of"),
+    QLabel* files = MakeCounter(form.lblNumOfFilesFound, "Matching files found");
+    return InCounterRow(
+        *files,
+        {Word("Found"), files, Word("of"),
          MakeCounter(form.lblNumOfFilesAttrib, "Files in Search Folder found"), Word("files,"),
          MakeCounter(form.lblNumOfDirsFound, "Matching folders Found"), Word("of"),
-         MakeCounter(form.lblNumOfDirsAttrib, "Folders in Search Folder found"), Word("folders")},
-        4);
+         MakeCounter(form.lblNumOfDirsAttrib, "Folders in Search Folder found"), Word("folders")});
 }
 
 QWidget* MakeSelected(const fields::FrmSearch& form) {
     QLabel* bytes = MakeCounter(form.lblTotalSize, "Bytes");
     QLabel* unit = Word("bytes");
+    QWidget* size = InRow({bytes, unit}, 4);
     FollowVisibility(*bytes, *unit);
-    return InRow({Word("Selected"), MakeCounter(form.lblNumOfFilesSelected, "Files Selected"),
-                  Word("files,"), MakeCounter(form.lblNumOfDirsSelected, "Folders Selected"),
-                  Word("folders,"), bytes, unit},
-                 4);
+    QLabel* files = MakeCounter(form.lblNumOfFilesSelected, "Files Selected");
+    QWidget* counts = InCounterRow(
+        *files, {Word("Selected"), files, Word("files,"),
+                 MakeCounter(form.lblNumOfDirsSelected, "Folders Selected"), Word("folders,")});
+    return InRow({counts, size}, 4);
 }
 
 } // namespace
@@ -73,13 +87,29 @@ QWidget* MakeActionBar(const fields::FrmSearch& form) {
     return bar;
 }
 
+QWidget* MakePlayListBanner(const fields::FrmSearch& form) {
+    QWidget* banner = Make(form.fraPlayList);
+    auto* row = new QHBoxLayout(banner);
+    row->setContentsMargins(8, 6, 8, 6);
+    row->setSpacing(10);
+    banner->setAutoFillBackground(true);
+    banner->setBackgroundRole(QPalette::AlternateBase);
+    auto* text = new WrappingLabel;
+    text->setObjectName(ToQt(form.lblPlayList.Name()));
+    row->addWidget(text, 1);
+    row->addWidget(Make(form.cmdPreviewPlayList));
+    row->addWidget(Make(form.cmdEditPlayList));
+    return banner;
+}
+
 QWidget* MakeCounterBar(const fields::FrmSearch& form) {
     auto* bar = new QWidget;
     auto* flow = new FlowLayout(24, 2);
     bar->setLayout(flow);
     flow->addWidget(MakeFound(form));
     flow->addWidget(MakeSelected(form));
-    flow->addWidget(InRow({Word("Groups"), MakeCounter(form.lblGroups, "Groups:")}, 4));
+    QLabel* groups = MakeCounter(form.lblGroups, "Groups:");
+    flow->addWidget(InCounterRow(*groups, {Word("Groups"), groups}));
     return bar;
 }
 

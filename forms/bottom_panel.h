@@ -11,6 +11,9 @@ class ElidedLabel;
 // Selection and actions on it: the row below the list.
 QWidget* MakeActionBar(const fields::FrmSearch& form);
 
+// What a loaded playlist holds and what acts on it; shown only with one.
+QWidget* MakePlayListBanner(const fields::FrmSearch& form);
+
 // "Found 1,204 of 240,113 files ... selected ... groups".
 QWidget* MakeCounterBar(const fields::FrmSearch& form);
 

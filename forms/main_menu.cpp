@@ -58,6 +58,9 @@ constexpr std::array<ButtonEntry, 14> kButtons{
      {"Actions", "cmdDeleteSelected", "Del", "user-trash"},
      {"Actions", "cmdEditTargets", "", ""}}};
 
+// Entries that stand in the menu bar itself.
+constexpr std::array<std::string_view, 1> kBarEntries{"mnuPlayListWarning"};
+
 bool IsTop(std::string_view name) {
     return std::ranges::find(kMenus, name, &TopMenu::field) != kMenus.end();
 }
@@ -95,6 +98,10 @@ MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) 
     }
     for (const fields::Control* control : form.Controls()) {
         if (control->Kind() != fields::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
+        if (std::ranges::find(kBarEntries, control->Name()) != kBarEntries.end()) {
+            AddToBar(window, control->Name());
+            continue;
+        }
         const auto top = std::ranges::find_if(
             kMenus, [control](const TopMenu& menu) { return BelongsTo(control->Name(), menu); });
         QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
@@ -107,6 +114,12 @@ void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name)
     auto* action = new QAction(&window);
     action->setObjectName(ToQt(name));
     menu.addAction(action);
+}
+
+void MainMenu::AddToBar(QMainWindow& window, std::string_view name) {
+    auto* action = new QAction(&window);
+    action->setObjectName(ToQt(name));
+    window.menuBar()->addAction(action);
 }
 
 void MainMenu::ClearMnemonics(const Binder& binder) {

@@ -4,6 +4,7 @@
 #include "forms/choice_window.h"
 #include "forms/date_window.h"
 #include "forms/notice_window.h"
+#include "forms/numbers_window.h"
 #include "forms/preview_window.h"
 #include "forms/text_conversion.h"
 #include "forms/unread_window.h"
@@ -88,6 +89,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmPreview) {
         return std::make_unique<PreviewWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmNumbers) {
+        return std::make_unique<NumbersWindow>(session, gate, parent);
     }
     if (&form == &session.forms.frmUnread) {
         return std::make_unique<UnreadWindow>(session, gate, parent);

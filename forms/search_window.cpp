@@ -77,6 +77,7 @@ void SearchWindow::Build() {
     list_->setAccessibleName("Found objects");
     list_->setModel(model_);
     column->addWidget(MakeCriteriaPanel(session_.frmSearch));
+    column->addWidget(MakePlayListBanner(session_.frmSearch));
     column->addWidget(list_, 1);
     column->addWidget(MakeActionBar(session_.frmSearch));
     counters_ = MakeCounterBar(session_.frmSearch);

@@ -88,6 +88,11 @@ void ReadPlaylist(const Session& session, bool isAutomated, ListRequest& request
 
 } // namespace
 
+std::optional<ListKind> ListKindOf(std::string_view action) {
+    const auto row = std::ranges::find(kKinds, action, [](const auto& pair) { return pair.first; });
+    return row == kKinds.end() ? std::nullopt : std::optional(row->second);
+}
+
 ListRequest ReadListRequest(const Session& session) {
     const auto& state = session.state;
     const bool isAutomated = IsAutomated(state.strAction);

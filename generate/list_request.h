@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,9 @@ struct ListRequest {
     std::int64_t deviation = 0; // bytes
     std::string similarFolder;  // looked through for similar names; empty for none
 };
+
+// Which list the action writes; nothing for one that writes none.
+std::optional<ListKind> ListKindOf(std::string_view action);
 
 // The request that stands in the action window for the action in force. Its file is the one that
 // will be written.

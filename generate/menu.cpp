@@ -3,8 +3,10 @@
 #include "generate/copy_into_boxes.h"
 #include "generate/list_request.h"
 #include "generate/make_folders.h"
+#include "generate/number_form.h"
 #include "generate/page.h"
 #include "generate/pick_file.h"
+#include "generate/playlist_mode.h"
 #include "generate/proposed_file.h"
 #include "generate/text_file.h"
 #include "results/selection.h"
@@ -150,6 +152,8 @@ void AddGenerateEvents(session::EventTable& events) {
         auto& box = session.frmDialog.txtDeviation.Text;
         box = CutDeviation(box.Get());
     });
+    AddPlaylistEvents(events);
+    AddNumberFormEvents(events);
     events.On("frmSearch.mnuTools_BypassMPL_Click", mnuTools_BypassMPL_Click);
     events.On("frmSearch.mnuTools_NewSearchFor_Click", mnuTools_NewSearchFor_Click);
 }

@@ -1,6 +1,7 @@
 #include "generate/number_lines.h"
 
 #include "generate/digits.h"
+#include "generate/number_form.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
@@ -124,6 +125,7 @@ std::string WhyNoPicture(std::string_view picture) {
 }
 
 std::optional<NumberPlan> AskNumbers(Session& session) {
+    if (session.prompts.PrefersForms()) return AskNumbersInForm(session);
     NumberPlan plan;
     if (Questions(session).AskAll(plan)) return plan;
     return std::nullopt;

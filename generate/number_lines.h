@@ -20,7 +20,8 @@ std::string WhyNoNumber(std::string_view answer);
 // The same for the picture of the numbers.
 std::string WhyNoPicture(std::string_view picture);
 
-// Asks for the plan, question by question. Nothing when the user cancelled one of them.
+// Asks for the plan: question by question, or where the user sees forms in one of them. Nothing
+// when the user cancelled one of them.
 std::optional<NumberPlan> AskNumbers(session::Session& session);
 
 } // namespace tarvix::generate

@@ -39,6 +39,7 @@ constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{
      {platform::kCompressed, 'C'}}};
 
 // By the index of the string that found a row first; 0xFFFFFFFF leaves the row's own colour.
+constexpr fields::Color kReplacementColor = 32768;
 constexpr fields::Color kOwnColor = 0xFFFFFFFF;
 constexpr std::array<fields::Color, 11> kSearchColors{kOwnColor, kOwnColor, 0x000040, 0x404040,
                                                       0x00FF00,  0x7F00FF,  0xFFFF00, 0x000000,
@@ -83,6 +84,7 @@ const RowFolder* ResultList::AddFolder(RowFolder folder) {
 }
 
 std::string_view ResultList::KeepName(std::string_view name) {
+    if (name.empty()) return {};
     if (name.size() > blockLeft_) {
         blockLeft_ = std::max(kBlockSize, name.size());
         nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(blockLeft_));
@@ -183,6 +185,12 @@ void ResultList::Replace(std::vector<ResultRow> rows) {
     ++generation_;
 }
 
+void ResultList::Rename(std::size_t index, std::string_view name) {
+    rows_[index].name = KeepName(name);
+    index_.reset();
+    ++generation_;
+}
+
 std::string ResultList::FullPath(std::size_t index) const {
     const ResultRow& row = rows_[index];
     if (row.IsSpacer()) return {};
@@ -192,6 +200,7 @@ std::string ResultList::FullPath(std::size_t index) const {
 std::string ResultList::Cell(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
     if (row.IsSpacer()) return {};
+    if (row.Has(kListed)) return ListedCell(index, column);
     switch (column) {
     case kName:
         return std::string(row.name);
@@ -240,6 +249,31 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     }
 }
 
+// A row of a playlist shows what its file is, and nothing that a search would have to tell.
+std::string ResultList::ListedCell(std::size_t index, Column column) const {
+    const ResultRow& row = rows_[index];
+    switch (column) {
+    case kName:
+        return std::string(row.name);
+    case kSize:
+        if (row.isFolder || row.Has(kNotRead)) return {};
+        return text::Format(static_cast<std::int64_t>(row.size), "0,000,000,000");
+    case kDate:
+        if (row.date == kNoDate) return {};
+        return text::FormatDate(text::FromSeconds(row.date), "yyyy/mm/dd hh:mm:ss");
+    case kPath:
+        return text::ParentFolder(FullPath(index));
+    case kPathName:
+        return FullPath(index);
+    case kYearRank:
+        return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
+    case kShortPath:
+        return session::ShortFormOf(FullPath(index));
+    default:
+        return {};
+    }
+}
+
 std::string ResultList::PathCell(std::size_t index) const {
     return showsLongPaths_ ? FullPath(index) : OpenablePath(FullPath(index));
 }
@@ -273,6 +307,11 @@ std::string ResultList::CellTip(std::size_t index, Column column) const {
 fields::Color ResultList::CellColor(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
     if (row.IsSpacer()) return fields::kBlack;
+    if (row.Has(kListed)) {
+        return row.Has(kReplacement) ? kReplacementColor
+               : row.Has(kEntry)     ? fields::kBlue
+                                     : fields::kBlack;
+    }
     if ((column == kName || column == kSearchForEntry) &&
         row.searchForIndex < kSearchColors.size() &&
         kSearchColors[row.searchForIndex] != kOwnColor) {

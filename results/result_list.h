@@ -28,6 +28,14 @@ struct RowFolder {
     int searchFolderIndex = 0;
 };
 
+// What a row of an edited playlist is; rows of a search have none of it.
+enum RowMark : std::uint8_t {
+    kListed = 1,      // by a playlist
+    kEntry = 2,       // an entry of it, else a possible duplicate of one
+    kReplacement = 4, // a file that is to get the Year-Rank of its group
+    kNotRead = 8,     // nothing is known of it but its path
+};
+
 // One object as compact facts; its cells are made when asked for. A row with an empty name is a
 // spacer.
 struct ResultRow {
@@ -39,12 +47,14 @@ struct ResultRow {
     std::uint32_t attributes = 0;
     std::uint32_t filesInFolder = 0;
     std::uint32_t foldersInFolder = 0;
-    std::uint16_t searchForIndex = 1; // the first string that found it
+    std::uint8_t searchForIndex = 1; // the first string that found it
+    std::uint8_t marks = 0;          // see RowMark
     bool isFolder = false;
     bool selected = false;
     RowIdentity identity; // packed by the list
 
     bool IsSpacer() const { return name.empty(); }
+    bool Has(RowMark mark) const { return (marks & mark) != 0; }
 };
 
 class RowDetails;
@@ -86,6 +96,9 @@ class ResultList {
     // Appends an index to the entry text of a row, unless it holds it already.
     void AddSearchEntry(std::size_t index, std::string_view twoDigits);
 
+    // Gives an object of a row another name in the same folder.
+    void Rename(std::size_t index, std::string_view name);
+
     // Row i becomes the one that stood at order[i].
     void Reorder(const std::vector<std::uint32_t>& order);
     // Every spacer goes.
@@ -110,6 +123,7 @@ class ResultList {
 
   private:
     struct PathIndex;
+    std::string ListedCell(std::size_t index, Column column) const;
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;

@@ -16,7 +16,9 @@ constexpr std::size_t kLongestExtension = 6;
 
 std::string RowDetails::Cell(const ResultRow& row, Column column, std::string_view path) {
     if (column == kYearRank) {
-        return AssignYearRank(row.name, row.folder->longPath, session_.state.intMaxYear);
+        const bool isListed = row.Has(kListed);
+        return AssignYearRank(row.name, row.folder->longPath, session_.state.intMaxYear,
+                              isListed ? YearRankForms::kPlaylist : YearRankForms::kSearch);
     }
     if (!session_.blnListItems[static_cast<std::size_t>(column)]) return {};
     if (column == kType) return TypeCell(row, path);

@@ -1,6 +1,7 @@
 #include "results/selection.h"
 
 #include "results/result_list.h"
+#include "session/lifecycle_events.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -43,6 +44,9 @@ void ShowTotals(session::Session& session, const Totals& totals) {
     form.lblNumOfFilesSelected.Caption = std::to_string(totals.files);
     form.lblNumOfDirsSelected.Caption = std::to_string(totals.folders);
     form.cmdEditTargets.Visible = totals.shortcuts;
+    if (session.state.blnPlayListMode) {
+        session.events.Raise(session, lifecycle::kPlayListSelection);
+    }
 }
 
 // Sets each row's state by `rule`, spacers always unselected.

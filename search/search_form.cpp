@@ -4,6 +4,7 @@
 #include "results/sorting.h"
 #include "search/left_out.h"
 #include "search/unread.h"
+#include "session/lifecycle_events.h"
 #include "session/search_lock.h"
 #include "session/session.h"
 
@@ -83,6 +84,7 @@ void EnableAfterSearch(fields::FrmSearch& form, Kind kind) {
 void ClearForSearch(Session& session) {
     auto& form = session.frmSearch;
     session.state.blnStopClicked = session.state.blnSkipSearch = false;
+    if (session.state.blnPlayListMode) session.events.Raise(session, lifecycle::kLeavePlayList);
     results::ClearList(session);
     HideUnread(session);
     HideLeftOut(session);

@@ -15,6 +15,13 @@ constexpr std::string_view kActivateDialog = "frmDialog.Form_Activate";
 constexpr std::string_view kOpenDialog = "frmDialog.Open";
 // Parses the box of the search locations into `strSearchFolder`.
 constexpr std::string_view kParseLocations = "frmSearch.ParseLocations";
+// Sends the selected object at the index of its arguments to the recycle bin, which was confirmed
+// before; what protects or refuses it is asked about, and `lastAction` counts what became of it.
+constexpr std::string_view kRecycleSelected = "frmSearch.RecycleSelected";
+// Leaves the mode in which a playlist is edited.
+constexpr std::string_view kLeavePlayList = "frmSearch.mnuPlayListWarning_Click";
+// The selection was counted anew while a playlist is edited.
+constexpr std::string_view kPlayListSelection = "frmSearch.PlayListSelection";
 constexpr std::string_view kRecycleActionLog = "frmSearch.RecycleActionLog";
 
 } // namespace tarvix::lifecycle

@@ -141,6 +141,15 @@ enum class PromptId : std::uint8_t {
     kNumberLine,
     kNumberInvalid,
     kNumbersCanceled,
+    kNumberPlan,
+
+    // A playlist that is edited.
+    kLoadPlayListFirst,
+    kLoadPlayListThen,
+    kPickPlayList,
+    kPlayListMissing,
+    kPlayListTaken,
+    kRebuildPlayList,
 
     // Made folders.
     kFoldersPlaceMissing,

@@ -12,6 +12,7 @@ using Id = PromptId;
 using Role = PromptRole;
 
 constexpr std::string_view kTitle = "Tarvix";
+constexpr std::string_view kLoadPlayList = "Load PlayList to Delete and Rename Duplicates";
 
 constexpr PromptFacts Message(Id id, Role role, int style, std::string_view title = kTitle) {
     return {id, PromptKind::kMessage, role, style, title, ""};
@@ -168,6 +169,14 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Input(Id::kNumberLine),
     Notice(Id::kNumberInvalid),
     Notice(Id::kNumbersCanceled),
+    Modal(Id::kNumberPlan, Role::kDecision, "frmNumbers"),
+
+    Message(Id::kLoadPlayListFirst, Role::kGoOn, kOkCancel, kLoadPlayList),
+    Message(Id::kLoadPlayListThen, Role::kGoOn, kOkCancel, kLoadPlayList),
+    FilePicker(Id::kPickPlayList, "Select PlayList."),
+    Notice(Id::kPlayListMissing),
+    Notice(Id::kPlayListTaken, kExclamation),
+    Notice(Id::kRebuildPlayList, 0, "Rebuild playlist"),
 
     Notice(Id::kFoldersPlaceMissing),
     FilePicker(Id::kPickFolderNames, "Browse for text file listing New Folder names."),

@@ -130,6 +130,8 @@ struct SessionState {
     std::string strPlaylistFolder;
     bool blnBatchDeleteEmpty = false;
     bool blnPlayListMode = false;
+    std::string strPlaylistName; // of the playlist that is edited: its file name
+    std::string strPlaylistPath; // and the whole path
     bool blnEditTargets = false;
     std::string strBatchFile;
 

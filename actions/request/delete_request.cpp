@@ -7,6 +7,7 @@
 #include "actions/run/changed_objects.h"
 #include "platform/clock.h"
 #include "results/selection.h"
+#include "session/lifecycle_events.h"
 #include "session/paths/recycle_folders.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -276,7 +277,33 @@ void cmdDeleteSelected_Click(Session& session) {
     session.events.Raise(session, "frmSearch.Form_Activate");
 }
 
+// Keeps what was answered for all from one object to the next.
+void RecycleSelected(Session& session, const session::EventArgs& args) {
+    const ActionRequest request{.strAction = "Delete"};
+    ActionRun run(session, request);
+    run.same = platform::Same::kContent;
+    const Object object = ObjectAt(*session.selection, static_cast<std::size_t>(args.index));
+    auto& totals = session.state.lastAction;
+    const Protection found = CheckSystemHidden(session, run, object, false);
+    if (found.isProtected) {
+        ++(found.look ? totals.skipped : totals.failed);
+    } else {
+        const RecycleOutcome outcome = RecycleObjects(
+            session,
+            {{std::string(object.actual), std::string(object.path), object.sighting, run.same}},
+            false);
+        totals.done += static_cast<std::int64_t>(outcome.gone);
+        totals.deleted += static_cast<std::int64_t>(outcome.deleted);
+        totals.failed += static_cast<std::int64_t>(outcome.failed + outcome.changed.size());
+    }
+    if (run.bytOverrideAnswer == kOverrideCancel ||
+        session.forms.frmOverrideRecycleFail.Answer == kOverrideCancel) {
+        session.state.blnStopAction = true;
+    }
+}
+
 void AddDeleteEvents(session::EventTable& events) {
+    events.On(std::string(lifecycle::kRecycleSelected), RecycleSelected);
     events.On("frmSearch.cmdDeleteSelected_Click", cmdDeleteSelected_Click);
     AddRecycleEvents(events);
 }

@@ -2,6 +2,7 @@
 
 namespace tarvix::session {
 class EventTable;
+struct EventArgs;
 struct Session;
 } // namespace tarvix::session
 
@@ -11,6 +12,10 @@ namespace tarvix::actions {
 // bins themselves alone, queues the rest and recycles the queue at once. A cancel before that
 // leaves everything in place. While empty folders are deleted again and again nothing is confirmed.
 void cmdDeleteSelected_Click(session::Session& session);
+
+// One selected object, by its index in the selection, for a caller that had it confirmed; counted
+// in `lastAction`. A Cancel sets `blnStopAction`.
+void RecycleSelected(session::Session& session, const session::EventArgs& args);
 
 void AddDeleteEvents(session::EventTable& events);
 

@@ -24,8 +24,9 @@ struct Forms {
     FrmOverrideRecycleFail frmOverrideRecycleFail;
     FrmPreview frmPreview;
     FrmUnread frmUnread;
+    FrmBatch frmBatch;
 
-    const std::array<Form*, 13> all{&frmSearch,
+    const std::array<Form*, 14> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -37,7 +38,8 @@ struct Forms {
                                     &frmOverrideDialog,
                                     &frmOverrideRecycleFail,
                                     &frmPreview,
-                                    &frmUnread};
+                                    &frmUnread,
+                                    &frmBatch};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

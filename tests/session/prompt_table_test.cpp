@@ -26,7 +26,7 @@ TEST(PromptTable, EachModalFormIsOneOfTheProgramsAndStandsOnce) {
         EXPECT_NE(forms.Find(facts.form), nullptr) << facts.form;
         EXPECT_TRUE(seen.insert(facts.form).second) << facts.form;
     }
-    EXPECT_EQ(seen.size(), 11U);
+    EXPECT_EQ(seen.size(), 12U);
 }
 
 TEST(PromptTable, ANoticeHasOneButtonAndWhateverIsAskedHasMore) {
@@ -44,7 +44,7 @@ TEST(PromptTable, WhatIsConfirmedUnaskedIsTheActionThatWasAskedFor) {
     }
     EXPECT_EQ(confirmed, (std::set{PromptId::kConfirmCopyOrMove, PromptId::kConfirmWrite,
                                    PromptId::kConfirmRename, PromptId::kConfirmDelete,
-                                   PromptId::kConfirmBatchMove}));
+                                   PromptId::kConfirmBatchMove, PromptId::kConfirmPlaylists}));
 }
 
 TEST(PromptTable, WhatOnlyAsksForAnotherTryIsMarked) {

@@ -68,7 +68,7 @@ TEST_F(BatchWindowTest, ShowsThePlanAndThenWhatWasDone) {
         plan = Cells(*modal.findChild<QTableView*>("lstBatch"));
         EXPECT_TRUE(modal.findChild<QLabel*>("lblMain")->text().startsWith(
             "Are you sure you want to perform an 'Automated Move' Operation?"));
-        EXPECT_TRUE(modal.findChild<QPushButton*>("cmdCancel")->hasFocus());
+        EXPECT_EQ(modal.focusWidget(), modal.findChild<QPushButton*>("cmdCancel"));
         QTest::mouseClick(modal.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     });
     OnModal([&](QWidget& modal) {

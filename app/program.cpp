@@ -1,7 +1,7 @@
 #include "app/program.h"
 
 #include "actions/request/start_action.h"
-#include "batch/automated_move.h"
+#include "batch/batch_events.h"
 #include "generate/menu.h"
 #include "search/search_button.h"
 #include "session/lifecycle/first_run.h"

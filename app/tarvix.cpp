@@ -2,6 +2,8 @@
 #include "app/process.h"
 #include "app/program.h"
 #include "app/saved_drives.h"
+#include "app/window_script.h"
+#include "batch/script_recorder.h"
 #include "forms/event_gate.h"
 #include "forms/help_window.h"
 #include "forms/qt_prompts.h"
@@ -150,6 +152,7 @@ int main(int argc, char** argv) {
     forms::QtPrompts windows(gate, parts);
     session::EndingPrompts prompts(windows, [] { return interruption != 0; });
     app::Program program(parts, prompts);
+    app::AddScriptEvents(program);
     {
         forms::SearchWindow window(program.Session(), gate);
         forms::HelpWindow help;
@@ -168,6 +171,7 @@ int main(int argc, char** argv) {
         exitCode = QApplication::exec();
         program.Session().yielder.SetPump({});
     }
+    program.Session().events.Raise(program.Session(), batch::kEndRecording);
     program.Stop();
     return interruption == 0 ? exitCode : app::ExitCodeAfter(interruption);
 }

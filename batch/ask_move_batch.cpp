@@ -99,7 +99,7 @@ std::optional<PickedList> PickList(Session& session, const ListKind& kind) {
     if (path.empty()) return {};
     const auto length = MeasureMarked(session, kind, path);
     if (!length) {
-        session::TellUnexpected(session, length.error(), kRoutine, path, "frmSearch");
+        session::TellUnexpected(session, length.error(), kind.routine, path, "frmSearch");
         return {};
     }
     if (!*length) return {};
@@ -110,11 +110,12 @@ std::optional<PickedList> PickList(Session& session, const ListKind& kind) {
 
 std::optional<MoveBatch> AskMoveBatch(Session& session) {
     session.MsgBox(PromptId::kBatchMoveNotice, kNotice);
-    const auto searches = PickList(session, {"Search", PromptId::kPickSearchList, ListMarks::kEnd});
+    const auto searches =
+        PickList(session, {"Search", PromptId::kPickSearchList, ListMarks::kEnd, kRoutine});
     if (!searches) return {};
     session.state.strBatchFile = text::FileNameOf(searches->path);
-    const auto destinations =
-        PickList(session, {"Destination", PromptId::kPickDestinationList, ListMarks::kEndOrRepeat});
+    const auto destinations = PickList(session, {"Destination", PromptId::kPickDestinationList,
+                                                 ListMarks::kEndOrRepeat, kRoutine});
     if (!destinations) return {};
     const auto renames = AskDuplicates(session);
     if (!renames) return {};
@@ -128,11 +129,6 @@ std::optional<MoveBatch> AskMoveBatch(Session& session) {
                     .renamesDuplicates = *renames};
     batch.thenFiles = AskThenFiles(session);
     batch.emptiesFolders = AskEmptyFolders(session);
-    if (session.MsgBox(PromptId::kConfirmBatchMove,
-                       "Are you sure you want to perform an 'Automated Move' Operation?") !=
-        session::kYes) {
-        return {};
-    }
     return batch;
 }
 

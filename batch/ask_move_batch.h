@@ -25,13 +25,15 @@ struct ListKind {
     std::string_view name;
     session::PromptId picker;
     ListMarks marks;
+    std::string_view routine; // for errors
 };
 
 // Has a list picked and counted, and its mark added where it lacks one, if the user says so.
 // Nothing when the user cancelled or the list can't be read, which was told.
 std::optional<PickedList> PickList(session::Session& session, const ListKind& kind);
 
-// The questions of an automated move, in their order. Nothing when the user cancelled.
+// The questions of an automated move, in their order, but for the last: whether to start. Nothing
+// when the user cancelled.
 std::optional<MoveBatch> AskMoveBatch(session::Session& session);
 
 } // namespace tarvix::batch

@@ -212,6 +212,58 @@ void AddAutoMove(CLI::App& app, Command& chosen) {
     options.Flag("--json", move.json, "One object a line");
 }
 
+void CheckAutoPlaylist(AutoPlaylistRequest& request) {
+    const bool isLocal = !request.folders.empty();
+    if (request.searches.empty()) Refuse("Name the list of searches, with --searches FILE.");
+    if (isLocal == !request.folder.empty()) {
+        Refuse("Say where the playlists go: --folders FILE for one in each folder that is "
+               "searched, or --to FOLDER for all in one.");
+    }
+    if (isLocal && !request.criteria.locations.empty()) {
+        Refuse("--folders names the folders to search: leave --in out.");
+    }
+    if (isLocal) request.criteria.locations = {"/"}; // each step brings its own
+    CheckTests(request.criteria);
+    if (isLocal) request.criteria.locations.clear();
+}
+
+void AddAutoPlaylist(CLI::App& app, Command& chosen) {
+    const auto [command, batch] =
+        Add<AutoPlaylistRequest>(app, kAutoPlaylist, chosen, CheckAutoPlaylist);
+    AddTests(command, batch.criteria);
+    Options options(command, kActionGroup);
+    options.Text("--searches FILE", batch.searches, "A list of patterns, one a line, then *EOF");
+    auto* folders = options.Text("--folders FILE", batch.folders,
+                                 "A list of folders, then *EOF: each is searched and gets the "
+                                 "playlists of what lies there");
+    auto* folder = options.Text("--to FOLDER", batch.folder,
+                                "All playlists go there; what is searched is told by --in");
+    const auto addForm = [&](const char* name, PlaylistForm form, const char* help) {
+        const auto take = [&taken = batch.form, form] { taken = form; };
+        return command.add_flag_callback(name, take, help);
+    };
+    auto* local = addForm("--local", kLocalNames, "With --folders: entries are names");
+    auto* full = addForm("--full", kFullPaths, "Entries are full paths (unless told otherwise)");
+    ExcludeEachOther({folders, folder});
+    ExcludeEachOther({local, full});
+    local->excludes(folder);
+    options.Value("--sort KEY[:desc]", batch.sort, ReadSort, kSortHelp);
+    options.Flag("--comments", batch.addsComments, "Tells missing ranks as comments");
+    options.Flag("-n,--dry-run", batch.dryRun,
+                 "Tells how many objects each playlist would hold, and writes nothing");
+    options.Flag("--json", batch.json, "One object a line");
+}
+
+void AddShowPages(CLI::App& app, Command& chosen) {
+    const auto [command, show] = Add<ShowPagesRequest>(app, kShowPages, chosen);
+    Options(command, "Arguments")
+        .Text("FILE", show.list, "The list of addresses, one a line, then *EOF")
+        ->required();
+    Options(command, kActionGroup)
+        .Text("--seconds N", show.seconds, "How long each page stays, from 1 to 655")
+        ->required();
+}
+
 void AddDelete(CLI::App& app, Command& chosen) {
     const auto [command, deletion] = Add<DeleteRequest>(
         app, kDelete, chosen, [](DeleteRequest& request) { CheckCriteria(request.criteria); });
@@ -344,8 +396,9 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     SetUp(app);
     app.footer(kAboutFooter);
     AddMachine(app, request.machine);
-    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove, AddList,
-                           AddPlaylist, AddNumbers, AddMakeFolders, AddOthers, AddOptions})
+    for (const auto add :
+         {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove, AddAutoPlaylist,
+          AddShowPages, AddList, AddPlaylist, AddNumbers, AddMakeFolders, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

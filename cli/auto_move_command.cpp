@@ -1,5 +1,5 @@
 #include "batch/automated_move.h"
-#include "batch/list_file.h"
+#include "cli/batch_lists.h"
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
@@ -19,26 +19,6 @@ namespace {
 
 using batch::BatchOutcome;
 using batch::BatchStep;
-using batch::PlannedStep;
-
-// The length of a list; without one the sentence was told.
-std::optional<batch::ListLength> Measure(Host& host, platform::FileSystem& files,
-                                         const std::string& typed, const std::string& path,
-                                         batch::ListMarks marks) {
-    const auto length = batch::MeasureList(files, path, marks);
-    if (!length) {
-        Complain(host, fmt::format("The list {} can't be read: {}.", typed,
-                                   platform::ErrorText(length.error().number)));
-        return {};
-    }
-    if (!length->isMarked) {
-        Complain(host, fmt::format("The list {} has no end: its last line must be {}{}.", typed,
-                                   batch::kEndMark,
-                                   marks == batch::ListMarks::kEnd ? "" : " or *REPEAT"));
-        return {};
-    }
-    return *length;
-}
 
 bool AreListsGood(Host& host, platform::FileSystem& files, const AutoMoveRequest& request,
                   const batch::MoveBatch& asked) {
@@ -56,13 +36,6 @@ bool AreListsGood(Host& host, platform::FileSystem& files, const AutoMoveRequest
     return false;
 }
 
-nlohmann::ordered_json AsJson(const PlannedStep& step) {
-    return {{"Search", step.search},
-            {"Destination", step.destination},
-            {"Matches", step.matches},
-            {"IsThere", step.isThere}};
-}
-
 nlohmann::ordered_json AsJson(const BatchStep& step) {
     return {{"Search", step.search},
             {"Destination", step.destination},
@@ -71,60 +44,47 @@ nlohmann::ordered_json AsJson(const BatchStep& step) {
             {"Failed", step.failed},
             {"CopiedOnly", step.copiedOnly},
             {"NotReached", step.notReached},
+            {"Unread", step.unread},
             {"Skipped", step.skipped - step.duplicates},
             {"Wrong", step.wrong}};
 }
 
-int PrintPlan(Host& host, const std::vector<PlannedStep>& plan, bool asJson) {
-    for (const PlannedStep& step : plan) {
-        if (asJson) {
-            PrintJson(AsJson(step), host.out);
-            continue;
-        }
-        host.out << fmt::format("{}\t{}\t{}\t{}\n", step.matches, step.search, step.destination,
-                                step.isThere ? "" : "is made");
-    }
-    host.out.flush();
-    return kDone;
-}
-
 void PrintStep(Host& host, const BatchStep& step, bool asJson) {
     if (asJson) return PrintJson(AsJson(step), host.out);
-    std::string line = fmt::format("{} moved", step.done - step.copiedOnly);
-    if (step.duplicates > 0) line += fmt::format(", {} skipped as they exist", step.duplicates);
-    if (step.skipped > step.duplicates) {
-        line += fmt::format(", {} skipped", step.skipped - step.duplicates);
-    }
-    if (step.copiedOnly > 0) {
-        line += fmt::format(", {} copied only, the originals still stand", step.copiedOnly);
-    }
-    if (step.notReached > 0) line += fmt::format(", {} not reached", step.notReached);
-    if (step.failed > 0) line += fmt::format(", {} failed", step.failed);
-    if (!step.wrong.empty()) line += fmt::format(", left out: {}", step.wrong);
-    host.out << fmt::format("{}\t{}\t{}\n", step.search, step.destination, line);
+    host.out << fmt::format("{}\t{}\t{}\n", step.search, step.destination,
+                            batch::ResultText(step, "moved"));
 }
 
-int PrintOutcome(Host& host, const BatchOutcome& outcome, bool asJson) {
+std::string Plural(std::int64_t count, std::string_view noun) {
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+void PrintTotal(Host& host, const BatchOutcome& outcome) {
     std::int64_t moved = 0;
     std::int64_t failed = 0;
     for (const BatchStep& step : outcome.steps) {
-        PrintStep(host, step, asJson);
         moved += step.done - step.copiedOnly;
         failed += step.failed;
     }
-    if (!asJson) {
-        host.out << fmt::format("Moved {} object{} in {} step{}{}.\n", moved, moved == 1 ? "" : "s",
-                                outcome.steps.size(), outcome.steps.size() == 1 ? "" : "s",
-                                failed > 0 ? fmt::format("; {} failed", failed) : "");
+    host.out << fmt::format("Moved {} in {}", Plural(moved, "object"),
+                            Plural(static_cast<std::int64_t>(outcome.steps.size()), "step"));
+    if (failed > 0) host.out << fmt::format("; {} failed", failed);
+    if (outcome.emptied > 0) {
+        host.out << fmt::format("; deleted {}", Plural(outcome.emptied, "empty folder"));
     }
-    host.out.flush();
-    if (outcome.answered > 0) {
-        Complain(host, fmt::format("{} question{} came up and got the safe answer; the action log "
-                                   "has them.",
-                                   outcome.answered, outcome.answered == 1 ? "" : "s"));
+    if (outcome.stillThere > 0) {
+        host.out << fmt::format("; {} could not be deleted",
+                                Plural(outcome.stillThere, "empty folder"));
     }
-    if (outcome.isStopped) Complain(host, "The run was stopped before its end.");
-    return outcome.HasErrors() || outcome.isStopped ? kSomeFailed : kDone;
+    host.out << ".\n";
+}
+
+int PrintOutcome(Host& host, const BatchOutcome& outcome, bool asJson) {
+    for (const BatchStep& step : outcome.steps) {
+        PrintStep(host, step, asJson);
+    }
+    if (!asJson) PrintTotal(host, outcome);
+    return EndBatch(host, outcome);
 }
 
 } // namespace
@@ -149,7 +109,7 @@ int Run(Host& host, const platform::Platform& machine, const AutoMoveRequest& re
         const Watch watch(host, session);
         if (request.dryRun) {
             const auto plan = batch::PlanAutomatedMove(session, asked);
-            if (plan) return PrintPlan(host, *plan, request.json);
+            if (plan) return PrintPlan(host, *plan, "is made", request.json);
             Complain(host, fmt::format("A list can't be read on: {}.",
                                        platform::ErrorText(plan.error().number)));
             return kSomeFailed;

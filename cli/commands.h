@@ -13,6 +13,8 @@ int Run(Host& host, const platform::Platform& machine, const ListRequest& reques
 int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& request);
 int Run(Host& host, const platform::Platform& machine, const NumbersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const AutoMoveRequest& request);
+int Run(Host& host, const platform::Platform& machine, const AutoPlaylistRequest& request);
+int Run(Host& host, const platform::Platform& machine, const ShowPagesRequest& request);
 int Run(Host& host, const platform::Platform& machine, const FoldersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);

@@ -152,6 +152,32 @@ inline constexpr CommandHelp kAutoMove{
     "duplicates\n"
     "skipped by rule included, and with 1 when a step was left out or an object failed.\n"};
 
+inline constexpr CommandHelp kAutoPlaylist{
+    "auto-playlist", "Writes a playlist for each pattern of a list",
+    "For each line of a list of patterns, finds objects as \"search\" does and writes what it "
+    "finds\n"
+    "into a playlist of its own, named PATTERN_HHMMSS.m3u without wildcards.\n",
+    "\nExamples:\n"
+    "  tarvix-cli auto-playlist --searches years.txt --to ~/Playlists --in ~/Music\n"
+    "  tarvix-cli auto-playlist --searches years.txt --folders shelves.txt --local "
+    "--no-subfolders\n"
+    "\n"
+    "With --folders each folder of that list is searched for each pattern, and the playlist lies\n"
+    "there. Both lists end with a line *EOF. Nothing found writes no playlist and is no error.\n"
+    "Ends with 0 when every step was done, and with 1 when a folder is missing, a playlist could\n"
+    "not be written, or something could not be read.\n"};
+
+inline constexpr CommandHelp kShowPages{
+    "show-pages", "Shows web pages in turn in the default browser",
+    "Opens the addresses of a list one after the other, each for so many seconds.\n",
+    "\nExample:\n"
+    "  tarvix-cli show-pages pages.txt --seconds 8\n"
+    "\n"
+    "The list ends with a line *EOF, or with *REPEAT, which ends here too. A browser that was\n"
+    "started for a page is ended before the next; one that runs already takes each page into a "
+    "tab\n"
+    "or window of its own, and is left alone. Ends with 1 when a page could not be opened.\n"};
+
 inline constexpr CommandHelp kMakeFolders{
     "make-folders", "Makes folders by numbers or by a list",
     "Makes many folders in one: numbered, counted by digits and letters, or named by a list.\n",

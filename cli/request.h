@@ -168,6 +168,24 @@ struct AutoMoveRequest {
     std::vector<std::string> answers;
 };
 
+// Lists and folder as typed; either a list of folders, or one folder for all playlists.
+struct AutoPlaylistRequest {
+    Criteria criteria;
+    std::string searches;
+    std::string folders;
+    std::string folder;
+    int form = 0;                    // names or full paths
+    std::optional<SortRequest> sort; // otherwise as the list stands
+    bool addsComments = false;
+    bool dryRun = false;
+    bool json = false;
+};
+
+struct ShowPagesRequest {
+    std::string list;    // as typed
+    std::string seconds; // of each page
+};
+
 struct FoldersRequest {
     std::string place; // as typed
     std::string from;
@@ -197,9 +215,10 @@ struct OptionsRequest {
     bool json = false;
 };
 
-using Command = std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest,
-                             ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
-                             RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+using Command =
+    std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest, AutoPlaylistRequest,
+                 ShowPagesRequest, ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
+                 RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

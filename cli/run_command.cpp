@@ -56,7 +56,10 @@ int Run(Host& host, const platform::Platform& machine, const RunRequest& request
     run.act = [&](results::Program& program) -> int {
         const Watch watch(host, program.Session());
         runner.Run(program);
-        return runner.SomeFailed() ? kSomeFailed : kDone;
+        RunTimer(host, program.Session());
+        return program.Session().state.blnPageNotOpened ? kSomeFailed
+               : runner.SomeFailed()                    ? kSomeFailed
+                                                        : kDone;
     };
     run.answerWay = "put answer";
     run.line = [&] { return runner.Line(); };

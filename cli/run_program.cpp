@@ -2,6 +2,7 @@
 
 #include "cli/messages.h"
 #include "cli/script_runner.h"
+#include "platform/clock.h"
 #include "search/left_out.h"
 #include "search/unread.h"
 #include "session/ending_prompts.h"
@@ -77,6 +78,20 @@ int RunProgram(Host& host, const platform::Platform& machine, session::PromptSer
     if (code == kDone) code = leftOut || state.blnLogFailed ? kSomeFailed : unloaded;
     const bool isDone = code == kDone || code == kSomeFailed;
     return isDone && run.afterUnload ? run.afterUnload(program, code) : code;
+}
+
+void RunTimer(Host& host, session::Session& session) {
+    constexpr std::int64_t kNanoseconds = 1'000'000;
+    auto& clock = session.platform.clock;
+    const auto& timer = session.frmSearch.Timer1;
+    const auto goesOn = [&] { return timer.Enabled.Get() && host.interrupted() == 0; };
+    while (goesOn() && !session.state.blnWebRepeating) {
+        const std::int64_t due = clock.Steady() + timer.Interval * kNanoseconds;
+        for (std::int64_t now = clock.Steady(); now < due && goesOn(); now = clock.Steady())
+            clock.Sleep((due - now) / kNanoseconds + 1);
+        if (goesOn()) session.Raise(timer, "Timer");
+    }
+    if (timer.Enabled) session.Raise(session.frmSearch.mnuTools_BrowserUseText, "Click");
 }
 
 Watch::Watch(Host& host, session::Session& session) : host_(host), session_(session) {

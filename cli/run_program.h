@@ -26,6 +26,10 @@ struct ProgramRun {
 int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
                const ProgramRun& run);
 
+// Ticks the timer of the main window as long as it is on, up to the first repeat of a show of
+// pages or an interruption; a show that is on then is ended.
+void RunTimer(Host& host, session::Session& session);
+
 // While it lives, long loops press their Stop when the process is interrupted, and a terminal shows
 // on its last line how far the work has come.
 class Watch {

@@ -63,9 +63,27 @@ Parsed ParseClick(std::string_view rest) {
     return Statement{.kind = StatementKind::kClick, .target = std::string(control)};
 }
 
+Parsed ParseLeave(std::string_view rest) {
+    const std::string_view control = text::Trim(rest);
+    if (control.empty()) return Wrong("Write \"leave CONTROL\".");
+    return Statement{.kind = StatementKind::kLeave, .target = std::string(control)};
+}
+
 Parsed ParseColumn(std::string_view rest) {
     TX_TRY_ASSIGN(const auto column, ReadColumn(text::Trim(rest)));
     return Statement{.kind = StatementKind::kColumn, .columns = {column}};
+}
+
+// "7", or "3-9" for all from 3 to 9.
+bool ReadRows(std::string_view word, std::vector<std::uint64_t>& rows) {
+    constexpr std::uint64_t kMost = 1'000'000; // more than a list can hold
+    const std::size_t dash = word.find('-');
+    const auto first = ReadNumber(word.substr(0, dash));
+    const auto last = dash == word.npos ? first : ReadNumber(word.substr(dash + 1));
+    if (!first || !last || *last < *first || *last - *first > kMost) return false;
+    for (std::uint64_t row = *first; row <= *last; ++row)
+        rows.push_back(row);
+    return true;
 }
 
 Parsed ParseRows(std::string_view rest, StatementKind kind, std::string_view usage) {
@@ -73,11 +91,9 @@ Parsed ParseRows(std::string_view rest, StatementKind kind, std::string_view usa
     while (!text::Trim(rest).empty()) {
         const std::string_view word = TakeWord(rest);
         if (word.empty()) continue;
-        const auto number = ReadNumber(word);
-        if (!number) {
+        if (!ReadRows(word, statement.numbers)) {
             return Wrong(fmt::format("\"{}\" is no row: rows are counted from 1.", word));
         }
-        statement.numbers.push_back(*number);
     }
     if (statement.numbers.empty()) return Wrong(std::string(usage));
     return statement;
@@ -155,8 +171,9 @@ struct StatementWord {
     Parsed (*parse)(std::string_view rest);
 };
 
-constexpr std::array<StatementWord, 8> kStatements{{{"set", ParseSet},
+constexpr std::array<StatementWord, 9> kStatements{{{"set", ParseSet},
                                                     {"click", ParseClick},
+                                                    {"leave", ParseLeave},
                                                     {"column", ParseColumn},
                                                     {"select", ParseSelect},
                                                     {"doubleclick", ParseDoubleClick},

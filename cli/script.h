@@ -13,6 +13,7 @@ namespace tarvix::cli {
 enum class StatementKind : std::uint8_t {
     kSet,
     kClick,
+    kLeave,
     kColumn,
     kSelectRows,
     kSelectLike,

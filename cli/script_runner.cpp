@@ -82,24 +82,29 @@ void ScriptRunner::RunNext() {
     const Statement& statement = statements_[next_++];
     line_ = statement.line;
     CheckInterruption();
-    if (const auto done = Execute(statement); !done) {
-        throw ScriptStopped{statement.line, done.error()};
-    }
+    if (const auto done = Execute(statement); !done) return Stop(statement.line, done.error());
     const auto& totals = Session().state.lastAction;
     someFailed_ = someFailed_ || !totals.IsAsAsked();
     CheckInterruption();
 }
 
-void ScriptRunner::CheckInterruption() const {
+void ScriptRunner::CheckInterruption() {
     if (!interrupted_()) return;
-    throw ScriptStopped{line_,
-                        "The script was interrupted here. Nothing behind this line is done."};
+    Stop(line_, "The script was interrupted here. Nothing behind this line is done.");
+}
+
+void ScriptRunner::Stop(int line, std::string sentence) {
+    ScriptStopped stopped{line, std::move(sentence)};
+    if (!troubled_) throw stopped;
+    Drop();
+    troubled_(stopped);
 }
 
 InputResult ScriptRunner::Execute(const Statement& statement) {
     switch (statement.kind) {
     case StatementKind::kSet:
     case StatementKind::kClick:
+    case StatementKind::kLeave:
     case StatementKind::kAfter:
     case StatementKind::kDumpControl:
         return ExecuteOnControl(statement);
@@ -131,6 +136,10 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
     }
     if (auto reachable = CheckReachable(**control); !reachable) return reachable;
     if (statement.kind == StatementKind::kClick) return session::UserClick(Session(), **control);
+    if (statement.kind == StatementKind::kLeave) {
+        session::UserLeave(Session(), **control);
+        return {};
+    }
     if (statement.kind == StatementKind::kAfter) {
         ClickAfter(statement, **control);
         return {};
@@ -141,9 +150,8 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
 void ScriptRunner::ClickAfter(const Statement& statement, fields::Control& control) {
     const auto click = [this, line = statement.line, &control] {
         if (!running_) return;
-        if (const auto done = session::UserClick(Session(), control); !done) {
-            throw ScriptStopped{line, done.error()};
-        }
+        const auto done = session::UserClick(Session(), control);
+        if (!done) Stop(line, done.error());
     };
     Session().yielder.After(statement.numbers.front(), click);
 }
@@ -175,8 +183,7 @@ InputResult ScriptRunner::CheckReachable(const fields::Control& control) {
 InputResult ScriptRunner::ClickColumn(const Statement& statement) {
     auto& list = Session().frmSearch.lstMain;
     if (auto usable = session::CanUse(list); !usable) return usable;
-    const session::EventArgs args{statement.columns.front()};
-    Session().events.Raise(Session(), "frmSearch.lstMain_ColumnClick", args);
+    session::UserSort(Session(), statement.columns.front());
     return {};
 }
 
@@ -200,7 +207,7 @@ InputResult ScriptRunner::Select(const Statement& statement) {
         last = number - 1;
         rows.At(last).selected = !rows.At(last).IsSpacer();
     }
-    Session().events.Raise(Session(), "frmSearch.lstMain_ItemClick", {static_cast<int>(last)});
+    session::UserSelect(Session(), static_cast<int>(last));
     return {};
 }
 
@@ -209,11 +216,8 @@ InputResult ScriptRunner::DoubleClick(const Statement& statement) {
     const std::uint64_t number = statement.numbers.front();
     const std::size_t count = program_->Rows().Count();
     if (number > count) return NoRow(number, count);
-    const session::EventArgs args{static_cast<int>(number - 1)};
-    if (Session().state.blnPlayListMode) {
-        Session().events.Raise(Session(), "frmSearch.lstMain_DblClick", args);
-        return {};
-    }
+    const bool opens = Session().state.blnPlayListMode;
+    if (opens && session::UserOpen(Session(), static_cast<int>(number - 1))) return {};
     return Wrong("Rows can't be opened by a double click in this version.");
 }
 

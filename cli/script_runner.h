@@ -36,6 +36,15 @@ class ScriptRunner {
     void SetInterrupted(std::function<bool()> interrupted) {
         interrupted_ = std::move(interrupted);
     }
+    // What is done with a statement that can't be carried out, in place of throwing; the rest of
+    // the script is dropped.
+    void SetTroubled(std::function<void(const ScriptStopped&)> troubled) {
+        troubled_ = std::move(troubled);
+    }
+    // Whether a statement is left to do.
+    bool HasMore() const { return next_ < statements_.size(); }
+    // Drops what is left.
+    void Drop() { next_ = statements_.size(); }
     // Whether an action left something undone, other than by the rule for duplicates.
     bool SomeFailed() const { return someFailed_; }
     // The line of the statement under work, or the last one.
@@ -44,7 +53,8 @@ class ScriptRunner {
   private:
     bool RunInside(fields::Form& form);
     void RunNext();
-    void CheckInterruption() const;
+    void CheckInterruption();
+    void Stop(int line, std::string sentence);
     session::InputResult Execute(const Statement& statement);
     session::InputResult ExecuteOnControl(const Statement& statement);
     session::InputResult ClickColumn(const Statement& statement);
@@ -64,6 +74,7 @@ class ScriptRunner {
     session::ScriptedPrompts& prompts_;
     std::ostream& out_;
     std::function<bool()> interrupted_ = [] { return false; };
+    std::function<void(const ScriptStopped&)> troubled_;
     results::Program* program_ = nullptr;
     std::vector<fields::Form*> modal_;
     bool someFailed_ = false;

@@ -23,6 +23,7 @@ enum class ControlKind {
     kListBox,
     kDatePicker,
     kProgressBar,
+    kTimer,
 };
 
 class Control;

@@ -212,6 +212,11 @@ void DatePicker::CopyValue(const Control& other) {
 ProgressBar::ProgressBar(Form& form, std::string name)
     : Control(form, std::move(name), ControlKind::kProgressBar), Value(*this, 0), Max(*this, 0) {}
 
+Timer::Timer(Form& form, std::string name)
+    : Control(form, std::move(name), ControlKind::kTimer), Interval(*this, 0) {
+    Enabled = false;
+}
+
 ListView::ListView(Form& form, std::string name)
     : Control(form, std::move(name), ControlKind::kListView), Sorted(*this, true),
       SortKey(*this, 0), SortOrder(*this, SortDirection::kAscending), Tip(*this, "") {}

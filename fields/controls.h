@@ -192,6 +192,14 @@ class ProgressBar : public Control {
     Property<long long> Max;
 };
 
+// Raises its Timer event every Interval milliseconds as long as it is enabled, which it isn't at
+// first; a front sees to that.
+class Timer : public Control {
+  public:
+    Timer(Form& form, std::string name);
+    Property<int> Interval;
+};
+
 enum class SortDirection { kAscending, kDescending };
 
 // The head of a list of rows: how it is sorted and which columns show. The rows are kept elsewhere.

@@ -26,8 +26,9 @@ struct Forms {
     FrmUnread frmUnread;
     FrmWelcome frmWelcome;
     FrmNumbers frmNumbers;
+    FrmBatch frmBatch;
 
-    const std::array<Form*, 15> all{&frmSearch,
+    const std::array<Form*, 16> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -41,7 +42,8 @@ struct Forms {
                                     &frmPreview,
                                     &frmUnread,
                                     &frmWelcome,
-                                    &frmNumbers};
+                                    &frmNumbers,
+                                    &frmBatch};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -3,10 +3,10 @@
 namespace tarvix::fields {
 
 FrmSearch::FrmSearch() : Form("frmSearch") {
-    for (Control* hidden :
-         std::initializer_list<Control*>{&txtSize1, &txtSize2, &cboSize, &cboDate, &lblDate1,
-                                         &lbldDateThru, &lblDate2, &lblDateType, &lblTargetPath,
-                                         &cboTargetPath, &lblDetailedStatus, &mnuPlayListWarning}) {
+    for (Control* hidden : std::initializer_list<Control*>{
+             &txtSize1, &txtSize2, &cboSize, &cboDate, &lblDate1, &lbldDateThru, &lblDate2,
+             &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus, &lblBatch,
+             &mnuPlayListWarning}) {
         hidden->Visible = false;
     }
     cmdEditPlayList.ToolTipText =

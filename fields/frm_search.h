@@ -95,6 +95,7 @@ class FrmSearch : public Form {
     Label lblGroups{*this, "lblGroups", "1"};
     Label lblStatus{*this, "lblStatus"};
     Label lblDetailedStatus{*this, "lblDetailedStatus"};
+    Label lblBatch{*this, "lblBatch"}; // the line of a batch that is under work
     Label lblCurrentFolder{*this, "lblCurrentFolder"};
     Label lblSearchFor{*this, "lblSearchFor"};
     CommandButton cmdUnread{*this, "cmdUnread", "", false};   // opens the list of what was not read
@@ -140,6 +141,15 @@ class FrmSearch : public Form {
     MenuEntry mnuTools_LoadPlayList{*this, "mnuTools_LoadPlayList",
                                     "Load PlayList to Delete and Rename Duplicates"};
     MenuEntry mnuPlayListWarning{*this, "mnuPlayListWarning", "Cancel PlayList Delete Dup Mode"};
+    MenuEntry mnuTools_AutomatedPlayListGen{
+        *this, "mnuTools_AutomatedPlayListGen",
+        "Automated PlayList Generator - Local (one in each folder)"};
+    MenuEntry mnuTools_AutomatedPlayListGen_Full{
+        *this, "mnuTools_AutomatedPlayListGen_Full",
+        "Automated PlayList Generator - Full Path (all in one folder)"};
+    MenuEntry mnuTools_BrowserUseText{
+        *this, "mnuTools_BrowserUseText",
+        "Open Browser Repeatedly Based on a Text File (address list)"};
     MenuEntry mnuTools_BypassMPL{*this, "mnuTools_BypassMPL",
                                  "Copy Paths Directly into 'Search Location(s)' Box"};
     MenuEntry mnuTools_NewSearchFor{*this, "mnuTools_NewSearchFor",
@@ -147,6 +157,12 @@ class FrmSearch : public Form {
     MenuEntry mnuToolViewActionLog{*this, "mnuToolViewActionLog", "View Action Log"};
     MenuEntry mnuToolViewAnyActionLog{*this, "mnuToolViewAnyActionLog", "View Any Action Log"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
+
+    // Scripts of what a user does.
+    MenuEntry mnuFile_RecordScript{*this, "mnuFile_RecordScript", "&Record a Script..."};
+    MenuEntry mnuFile_RunScript{*this, "mnuFile_RunScript", "R&un a Script..."};
+
+    Timer Timer1{*this, "Timer1"}; // of a show of pages
 
     // Which date of an object is tested and shown: the one that is checked.
     std::array<MenuEntry, 3> mnuSearch_DateType{

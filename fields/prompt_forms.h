@@ -4,6 +4,9 @@
 #include "fields/duplicate_question.h"
 
 #include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tarvix::fields {
 
@@ -140,6 +143,28 @@ class FrmWelcome : public Form {
     Label lblMain{*this, "lblMain"};
     CommandButton cmdGuide{*this, "cmdGuide", "&Read the guide"};
     CommandButton cmdOK{*this, "cmdOK", "&Start"};
+};
+
+// One line of a batch: what it looks for, where that goes, and what it finds or has done.
+struct BatchRow {
+    std::string search;
+    std::string destination;
+    std::string folder; // whether it stands there
+    std::int64_t matches = 0;
+    std::string result;
+};
+
+// A batch line by line: before it starts, with `cmdOK` to start it, or after it has ended.
+class FrmBatch : public Form {
+  public:
+    FrmBatch() : Form("frmBatch") {}
+    bool isDone = false; // else it is about to start
+    bool starts = false; // the answer
+    Label lblMain{*this, "lblMain"};
+    ListView lstBatch{*this, "lstBatch"};
+    CommandButton cmdOK{*this, "cmdOK", "&Start"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+    std::vector<BatchRow> rows; // changed only while the form is hidden
 };
 
 // One object of a preview: where it is, where it would be, and what would happen to it.

@@ -1,6 +1,7 @@
 #include "forms/modal_window.h"
 
 #include "forms/action_window.h"
+#include "forms/batch_window.h"
 #include "forms/choice_window.h"
 #include "forms/date_window.h"
 #include "forms/notice_window.h"
@@ -98,6 +99,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmWelcome) {
         return std::make_unique<WelcomeWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmBatch) {
+        return std::make_unique<BatchWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

@@ -78,8 +78,10 @@ std::string QtPrompts::PickFolder(const session::Prompt& prompt) {
 
 std::string QtPrompts::PickFile(const session::Prompt& prompt, std::string_view filters) {
     const EventGate::Modal level(gate_);
-    return Picked(QFileDialog::getOpenFileName(Front(), Shown(prompt.title), lastFolder_,
-                                               FilterList(filters)));
+    const QString start =
+        prompt.folder.empty() ? lastFolder_ : ToQt(machine_.paths.ToNative(prompt.folder));
+    return Picked(
+        QFileDialog::getOpenFileName(Front(), Shown(prompt.title), start, FilterList(filters)));
 }
 
 std::string QtPrompts::PickNewFile(const session::Prompt& prompt,

@@ -54,6 +54,9 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     SetUpList();
     SetUpDrops();
     SetTabOrder();
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        gate_.Run(nullptr, [this] { session_.Raise(session_.frmSearch.Timer1, "Timer"); });
+    });
     menu_->ClearMnemonics(*binder_);
     setMinimumSize(kSmallest);
     resize(FirstSize());
@@ -116,8 +119,8 @@ void SearchWindow::AddOwnEntries() {
 
 void SearchWindow::SetUpList() {
     list_->maySelect = [this] { return !gate_.IsBusy() && session_.frmSearch.lstMain.Enabled; };
-    list_->onSelect = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_ItemClick", row); };
-    list_->onOpen = [this](std::size_t row) { RaiseOnRow("frmSearch.lstMain_DblClick", row); };
+    list_->onSelect = [this](std::size_t row) { ActOnRow(session::UserSelect, row); };
+    list_->onOpen = [this](std::size_t row) { ActOnRow(session::UserOpen, row); };
     list_->Head().onClick = [this](int column) { SortBy(column); };
     list_->onDrag = [this] { DragRows(); };
     list_->Head().onChoose = [this](int column, bool shown) {
@@ -151,16 +154,14 @@ void SearchWindow::SetTabOrder() {
     box("cmbSearchFor")->setFocus();
 }
 
-void SearchWindow::RaiseOnRow(const char* event, std::size_t row) {
-    gate_.Run(&session_.frmSearch.lstMain,
-              [&] { session_.events.Raise(session_, event, {static_cast<int>(row)}); });
+void SearchWindow::ActOnRow(bool (*act)(session::Session&, int), std::size_t row) {
+    gate_.Run(&session_.frmSearch.lstMain, [&] { act(session_, static_cast<int>(row)); });
     ShowNativePath();
 }
 
 void SearchWindow::SortBy(int column) {
     if (!list_->maySelect()) return;
-    gate_.Run(&session_.frmSearch.lstMain,
-              [&] { session_.events.Raise(session_, "frmSearch.lstMain_ColumnClick", {column}); });
+    gate_.Run(&session_.frmSearch.lstMain, [&] { session::UserSort(session_, column); });
 }
 
 QStringList SearchWindow::SelectedPaths() const {
@@ -201,6 +202,22 @@ void SearchWindow::Flush() {
     ShowSort();
     TakeMemory();
     ShowColumns();
+    ShowState();
+    KeepTime();
+}
+
+// Routines put the window out of the way and back.
+void SearchWindow::ShowState() {
+    const fields::WindowState state = session_.frmSearch.State;
+    if (!isVisible()) return;
+    if (state == fields::WindowState::kMinimized && !isMinimized()) showMinimized();
+    if (state == fields::WindowState::kNormal && isMinimized()) showNormal();
+}
+
+void SearchWindow::KeepTime() {
+    const auto& timer = session_.frmSearch.Timer1;
+    if (!timer.Enabled) return timer_.stop();
+    if (!timer_.isActive() || timer_.interval() != timer.Interval) timer_.start(timer.Interval);
 }
 
 void SearchWindow::ShowColumns() {
@@ -235,14 +252,17 @@ void SearchWindow::KeepMemory() {
     settings.columnOrder = layout.order;
 }
 
-// A search can't tell how long it takes; rearranging the list and recycling can.
+// A search can't tell how long it takes; rearranging the list, recycling, and what a batch does
+// without its window, can.
 void SearchWindow::ShowProgress() {
     const auto& progress = session_.forms.frmProgress;
-    const auto most = static_cast<int>(progress.prgMain.Max.Get());
-    const bool isCounted = progress.IsShown() && most > 0;
-    busy_->setVisible(session_.state.blnSearching || progress.IsShown());
-    busy_->setMaximum(isCounted ? most : 0);
-    if (isCounted) busy_->setValue(static_cast<int>(progress.prgMain.Value.Get()));
+    const bool acts = session_.state.IsBatch() && session_.frmDialog.IsShown();
+    const auto& bar = acts ? session_.frmDialog.prgBytes : progress.prgMain;
+    const bool isCounted = (acts || progress.IsShown()) && bar.Max > 0;
+    const long long unit = bar.Max / 1'000'000 + 1; // bytes are more than an int holds
+    busy_->setVisible(session_.state.blnSearching || progress.IsShown() || acts);
+    busy_->setMaximum(isCounted ? static_cast<int>(bar.Max / unit) : 0);
+    if (isCounted) busy_->setValue(static_cast<int>(bar.Value / unit));
     progress_->setVisible(progress.IsShown());
     progress_->setText(progress.IsShown() ? Shown(progress.lblMain.Caption.Get()) : QString());
 }
@@ -292,7 +312,8 @@ void SearchWindow::closeEvent(QCloseEvent* event) {
     }
     event->ignore();
     closing_ = true;
-    if (session_.state.blnSearching) binder_->Click(session_.frmSearch.cmdStop);
+    const auto& state = session_.state;
+    if (state.blnSearching || state.IsBatch()) binder_->Click(session_.frmSearch.cmdStop);
 }
 
 void SearchWindow::keyPressEvent(QKeyEvent* event) {

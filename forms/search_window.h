@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QTimer>
 
 namespace tarvix::session {
 struct Session;
@@ -46,10 +47,12 @@ class SearchWindow : public QMainWindow, public View {
     void SetUpDrops();
     void SetTabOrder();
     void TellSize();
-    void RaiseOnRow(const char* event, std::size_t row);
+    void ActOnRow(bool (*act)(session::Session&, int), std::size_t row);
     void SortBy(int column);
     void DragRows();
     void ShowProgress();
+    void ShowState();
+    void KeepTime();
     void ShowRows();
     void ShowNativePath();
     void ShowSort();
@@ -69,6 +72,7 @@ class SearchWindow : public QMainWindow, public View {
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;
     QElapsedTimer sinceRows_;
+    QTimer timer_;            // Timer1
     bool remembered_ = false; // the places of the last run were taken
     bool closing_ = false;    // asked to close while a routine ran
 };

@@ -15,6 +15,8 @@ class Clock {
     virtual text::DateTime ToLocal(FileTime time) = 0;
     // Nanoseconds that only grow; for measuring and pacing.
     virtual std::int64_t Steady() = 0;
+    // Returns after so many milliseconds, or sooner when a signal comes.
+    virtual void Sleep(std::int64_t milliseconds) = 0;
 };
 
 } // namespace tarvix::platform

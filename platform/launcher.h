@@ -7,6 +7,16 @@
 
 namespace tarvix::platform {
 
+// How the window of a page is to stand, where a browser can be told.
+enum class PageSize { kNormal = 1, kMinimized = 2, kMaximized = 3 };
+
+// The program that shows pages, as things stand.
+struct PageBrowser {
+    std::string name;       // as the desktop has it; empty when there is none
+    bool endsPages = false; // a page gets a process of its own, which `ClosePage` can end
+    bool takesSize = false;
+};
+
 // Starts other programs.
 class Launcher {
   public:
@@ -23,6 +33,18 @@ class Launcher {
     virtual Result<void> CloseDocument(std::string_view path) {
         return Failure(kInvalidCall, std::string(path) + " can't be closed from here.");
     }
+
+    // What `OpenPage` would use.
+    virtual PageBrowser DefaultBrowser() { return {}; }
+    // Shows an address, given to the desktop's default browser as it stands (a path in native
+    // form). Returns once that was started; 70 when nothing can show pages.
+    virtual Result<void> OpenPage(std::string_view address, PageSize /*size*/) {
+        return Failure(kPermissionDenied,
+                       "Nothing could be started to show " + std::string(address) + ".");
+    }
+    // Ends the browser that the last page was opened with, if it was started for that and still
+    // runs by itself; waits two seconds at most. False when there is none, which leaves all alone.
+    virtual bool ClosePage() { return false; }
 };
 
 } // namespace tarvix::platform

@@ -31,6 +31,7 @@ Next RunRepeatDelete(Session& session) {
     }
     results::cmdSelectAll_Click(session);
     session.Raise(session.frmSearch.cmdDeleteSelected, "Click");
+    state.lngEmptyDeleted += state.lastAction.done;
     if (state.blnActionCancelled || state.lastAction.done == 0) {
         // What can't be deleted now would be found again for ever.
         state.blnRepeatDeleteEmpty = false;
@@ -89,11 +90,8 @@ Next RunFollowUp(Session& session, const SearchRequest* request, const WalkEnd& 
     const bool mayDelete = request && request->kind == Kind::kEmptyFolders && !isStopped;
     if (state.blnRepeatDeleteEmpty && mayDelete) return RunRepeatDelete(session);
     state.blnRepeatDeleteEmpty = false;
-    if (state.IsBatch()) {
-        if (end) RunBatch(session); // of a search that was cut short nothing is moved
-    } else if (!state.blnStopClicked) {
-        results::cmdSelectNone_Click(session);
-    }
+    if (state.IsBatch() && end) RunBatch(session); // not of a search that was cut short
+    if (!state.blnStopClicked) results::cmdSelectNone_Click(session);
     return Next::kRest;
 }
 

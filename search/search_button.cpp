@@ -145,8 +145,12 @@ void cmdStop_Click(Session& session) {
         return;
     }
     session.state.blnStopClicked = true;
-    results::BuildFileArray(session);
     session::LogTimed(session, " User selected to stop search.");
+    if (session.state.IsBatch()) {
+        session.state.blnStopAction = true; // between its searches it moves or writes
+        return;
+    }
+    results::BuildFileArray(session);
     session::UnlockAfterSearch(session);
     session.frmSearch.Focus = &session.frmSearch.cmbSearchFor;
 }

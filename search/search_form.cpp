@@ -43,7 +43,7 @@ void ShowIdle(Session& session, std::string_view status) {
     form.lblCurrentFolder.Visible = false;
     form.lblSearchFor.Visible = false;
     form.lstMain.Enabled = true;
-    form.cmdStop.Visible = false;
+    form.cmdStop.Visible = session.state.IsBatch(); // what follows can be stopped, too
     RestoreNotBox(session);
 }
 

@@ -176,6 +176,30 @@ enum class PromptId : std::uint8_t {
     kBatchEmptyFolders,
     kConfirmBatchMove,
     kBatchMoveEnded,
+    kBatchTable,
+    kPlaylistsLocalNotice,
+    kPlaylistsFullNotice,
+    kPickPlaylistSearches,
+    kPickPlaylistFolder,
+    kPlaylistsForm,
+    kConfirmPlaylists,
+    kPlaylistsEnded,
+
+    // Pages in turn.
+    kPagesNotice,
+    kPagesSeconds,
+    kPagesSecondsInvalid,
+    kPagesSize,
+    kPagesSizeInvalid,
+    kPagesCanceled,
+    kPickPages,
+    kPagesEmpty,
+    kPageNotOpened,
+
+    // Scripts.
+    kNewScript,
+    kPickScript,
+    kScriptTold,
 
     kEnd
 };

@@ -201,6 +201,29 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Input(Id::kBatchEmptyFolders),
     Message(Id::kConfirmBatchMove, Role::kConfirmation, kYesNo, "Automated Move"),
     Notice(Id::kBatchMoveEnded),
+    Modal(Id::kBatchTable, Role::kWindow, "frmBatch"),
+    Notice(Id::kPlaylistsLocalNotice, 0, "Automated PlayList Generator - Local (in each folder)"),
+    Notice(Id::kPlaylistsFullNotice, 0,
+           "Automated PlayList Generator - Full Path (all in one folder)"),
+    FilePicker(Id::kPickPlaylistSearches, "Select automated search for list file."),
+    FolderPicker(Id::kPickPlaylistFolder, "Select PlayList destination folder."),
+    Message(Id::kPlaylistsForm, Role::kDecision, kYesNo, "Automated Playlist Gen"),
+    Message(Id::kConfirmPlaylists, Role::kConfirmation, kYesNo, "Automated Playlist Gen"),
+    Notice(Id::kPlaylistsEnded),
+
+    Notice(Id::kPagesNotice),
+    Input(Id::kPagesSeconds, "Number of seconds for the web page to display"),
+    Notice(Id::kPagesSecondsInvalid),
+    Input(Id::kPagesSize, "Size of web page window."),
+    Notice(Id::kPagesSizeInvalid),
+    Notice(Id::kPagesCanceled),
+    FilePicker(Id::kPickPages, "Select Website list file"),
+    Notice(Id::kPagesEmpty),
+    Notice(Id::kPageNotOpened, kExclamation),
+
+    NewFilePicker(Id::kNewScript, "Record a Script"),
+    FilePicker(Id::kPickScript, "Run a Script"),
+    Notice(Id::kScriptTold),
 });
 
 constexpr bool IsInOrder() {

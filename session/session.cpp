@@ -3,6 +3,8 @@
 #include "platform/clock.h"
 #include "platform/names.h"
 #include "platform/native_paths.h"
+#include "session/input_recorder.h"
+#include "session/message_style.h"
 #include "session/prompt_table.h"
 #include "text/characters.h"
 #include "text/format.h"
@@ -87,7 +89,14 @@ PromptService& Session::Asked() {
 int Session::MsgBox(PromptId id, std::string_view text, std::string_view plain) {
     Prompt prompt = PromptOf(id, text);
     prompt.plain = plain;
-    return Asked().MsgBox(prompt);
+    const int answer = Asked().MsgBox(prompt);
+    Noted(std::string(CaptionOf(answer)));
+    return answer;
+}
+
+std::string Session::Noted(std::string answer) {
+    if (recorder && !standIn) recorder->Answered(answer);
+    return answer;
 }
 
 void Session::ShowModal(PromptId id) {
@@ -104,19 +113,21 @@ void Session::ShowModal(PromptId id) {
 std::string Session::PickFolder(PromptId id, std::string_view start) {
     Prompt prompt = PromptOf(id);
     prompt.folder = start;
-    return Asked().PickFolder(prompt);
+    return Noted(Asked().PickFolder(prompt));
 }
 
-std::string Session::PickFile(PromptId id, std::string_view filters) {
-    return Asked().PickFile(PromptOf(id), filters);
+std::string Session::PickFile(PromptId id, std::string_view filters, std::string_view start) {
+    Prompt prompt = PromptOf(id);
+    prompt.folder = start;
+    return Noted(Asked().PickFile(prompt, filters));
 }
 
 std::string Session::PickNewFile(PromptId id, const NewFilePick& pick) {
-    return Asked().PickNewFile(PromptOf(id), pick);
+    return Noted(Asked().PickNewFile(PromptOf(id), pick));
 }
 
 std::string Session::InputBox(PromptId id, std::string_view text, std::string_view preset) {
-    return Asked().InputBox(PromptOf(id, text), preset);
+    return Noted(Asked().InputBox(PromptOf(id, text), preset));
 }
 
 } // namespace tarvix::session

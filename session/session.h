@@ -23,6 +23,8 @@ struct Selection;
 
 namespace tarvix::session {
 
+class InputRecorder;
+
 // All that a routine needs: state, windows as fields, the machine, and the user. Made by whoever
 // composes the program; a test makes as many as it likes.
 struct Session {
@@ -33,7 +35,8 @@ struct Session {
 
     platform::Platform platform;
     PromptService& prompts;
-    PromptService* standIn = nullptr; // asked in place of `prompts` while there is one
+    PromptService* standIn = nullptr;  // asked in place of `prompts` while there is one
+    InputRecorder* recorder = nullptr; // told what the user does, while there is one
     SessionState state;
     fields::Forms forms;
     fields::FrmSearch& frmSearch;
@@ -81,13 +84,15 @@ struct Session {
     void ShowModal(PromptId id);
     // `start` is where the picker begins, in drive form; empty for where the last one ended.
     std::string PickFolder(PromptId id, std::string_view start = {});
-    std::string PickFile(PromptId id, std::string_view filters);
+    std::string PickFile(PromptId id, std::string_view filters, std::string_view start = {});
     std::string PickNewFile(PromptId id, const NewFilePick& pick);
     // What was typed; empty when the user cancelled.
     std::string InputBox(PromptId id, std::string_view text, std::string_view preset);
 
   private:
     PromptService& Asked();
+    // Notes the answer for whoever records, unless nobody was asked.
+    std::string Noted(std::string answer);
 
     text::DateTime toldTime_;
     std::string toldTimeText_;

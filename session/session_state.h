@@ -129,11 +129,14 @@ struct SessionState {
     bool blnAutoPlayListFullPaths = false;
     std::string strPlaylistFolder;
     bool blnBatchDeleteEmpty = false;
+    std::int64_t lngEmptyDeleted = 0; // folders, by the repeat deletion since its start
     bool blnPlayListMode = false;
     std::string strPlaylistName; // of the playlist that is edited: its file name
     std::string strPlaylistPath; // and the whole path
     bool blnEditTargets = false;
     std::string strBatchFile;
+    bool blnWebRepeating = false;  // a show of pages has come to the end of its list once
+    bool blnPageNotOpened = false; // of a show, since its start
 
     // One search.
     bool blnErrorPreparingForSearch = false;

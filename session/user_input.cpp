@@ -1,6 +1,7 @@
 #include "session/user_input.h"
 
 #include "fields/control.h"
+#include "session/input_recorder.h"
 #include "session/session.h"
 
 #include <fmt/core.h>
@@ -39,6 +40,7 @@ bool MayInterrupt(const fields::Control& control) {
 
 InputResult UserClick(Session& session, fields::Control& control) {
     if (auto usable = CanActNow(session, control); !usable) return usable;
+    if (session.recorder) session.recorder->Clicked(control);
     session.Raise(control, "MouseDown");
     const bool isRepeat = control.Press();
     session.Raise(control, "Click", isRepeat);
@@ -49,6 +51,7 @@ InputResult UserSet(Session& session, fields::Control& control, std::string_view
     if (auto usable = CanActNow(session, control); !usable) return usable;
     const auto entered = control.Enter(value);
     if (!entered) return Refuse(control, entered.error());
+    if (session.recorder) session.recorder->Entered(control, value);
     if (entered->event.empty()) return {};
     session.events.Raise(
         session,
@@ -57,8 +60,26 @@ InputResult UserSet(Session& session, fields::Control& control, std::string_view
     return {};
 }
 
+bool UserSelect(Session& session, int row) {
+    if (session.recorder) session.recorder->Selected();
+    return session.events.Raise(session, "frmSearch.lstMain_ItemClick", {row});
+}
+
+bool UserOpen(Session& session, int row) {
+    if (session.recorder) session.recorder->Opened(row);
+    return session.events.Raise(session, "frmSearch.lstMain_DblClick", {row});
+}
+
+bool UserSort(Session& session, int column) {
+    if (session.recorder) session.recorder->Sorted(column);
+    return session.events.Raise(session, "frmSearch.lstMain_ColumnClick", {column});
+}
+
 void UserLeave(Session& session, fields::Control& control) {
-    session.Raise(control, "LostFocus");
+    const std::string event =
+        fmt::format("{}.{}_LostFocus", control.Owner().Name(), control.ArrayName());
+    if (session.recorder && session.events.Has(event)) session.recorder->Left(control);
+    session.events.Raise(session, event, {control.Index()});
 }
 
 } // namespace tarvix::session

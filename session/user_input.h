@@ -26,6 +26,13 @@ InputResult UserClick(Session& session, fields::Control& control);
 // Enters a value as Control::Enter takes it, and raises the event that follows.
 InputResult UserSet(Session& session, fields::Control& control, std::string_view value);
 
+// The rows that are selected have changed by what was done at a row (from 0), a row is opened, the
+// head of a column is clicked. Whether the list may be used now is the caller's to ask; false when
+// no routine stands behind it.
+bool UserSelect(Session& session, int row);
+bool UserOpen(Session& session, int row);
+bool UserSort(Session& session, int column);
+
 // The focus leaves the control: raises LostFocus.
 void UserLeave(Session& session, fields::Control& control);
 

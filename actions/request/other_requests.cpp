@@ -58,11 +58,11 @@ std::string WriteQuestion(const Session& session, const ActionRequest& request,
                       "songs) ?";
 }
 
-// Writes the file, and leaves the window open when that failed.
+// Writes the file, and leaves the window open when that failed and somebody is there.
 void WriteFile(Session& session, ActionRun& run) {
     run.madeFolders.clear();
     Raise(session, "CopyToTextFile");
-    if (session.state.blnErrorOccurred) {
+    if (session.state.blnErrorOccurred && !session.state.IsBatch()) {
         BackToWindow(session);
     } else {
         session.frmDialog.Hide();

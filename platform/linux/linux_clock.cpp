@@ -64,4 +64,11 @@ std::int64_t LinuxClock::Steady() {
     return SteadyNow();
 }
 
+void LinuxClock::Sleep(std::int64_t milliseconds) {
+    constexpr std::int64_t kThousand = 1000;
+    timespec span{.tv_sec = milliseconds / kThousand,
+                  .tv_nsec = milliseconds % kThousand * (kNanoseconds / kThousand)};
+    ::nanosleep(&span, nullptr);
+}
+
 } // namespace tarvix::platform

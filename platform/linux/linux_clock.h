@@ -17,6 +17,7 @@ class LinuxClock : public Clock {
     text::DateTime Now() override;
     text::DateTime ToLocal(FileTime time) override;
     std::int64_t Steady() override;
+    void Sleep(std::int64_t milliseconds) override;
 
   private:
     std::int64_t OffsetAt(std::int64_t seconds);

@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 #include "platform/launcher.h"
+#include "platform/linux/linux_pages.h"
 #include "platform/native_paths.h"
 
 namespace tarvix::platform {
@@ -12,17 +13,31 @@ class LinuxLauncher : public Launcher {
     LinuxLauncher(FileSystem& files, const NativePaths& paths) : files_(files), paths_(paths) {}
     Result<void> OpenDocument(std::string_view path) override;
     Result<void> OpenWith(std::string_view command, std::string_view path) override;
+    PageBrowser DefaultBrowser() override { return LinuxPages::Default(); }
+    Result<void> OpenPage(std::string_view address, PageSize /*size*/) override {
+        return pages_.Open(address);
+    }
+    bool ClosePage() override { return pages_.Close(); }
 
   private:
     FileSystem& files_;
     const NativePaths& paths_;
+    LinuxPages pages_;
 };
 
-// For fronts without a desktop: starts nothing (70).
+// For fronts without a desktop: starts nothing (70) but the pages that were asked for.
 class NullLauncher : public Launcher {
   public:
     Result<void> OpenDocument(std::string_view path) override;
     Result<void> OpenWith(std::string_view command, std::string_view path) override;
+    PageBrowser DefaultBrowser() override { return LinuxPages::Default(); }
+    Result<void> OpenPage(std::string_view address, PageSize /*size*/) override {
+        return pages_.Open(address);
+    }
+    bool ClosePage() override { return pages_.Close(); }
+
+  private:
+    LinuxPages pages_;
 };
 
 } // namespace tarvix::platform

@@ -276,6 +276,97 @@ TEST_F(AutomatedMove, TheWindowIsLockedBetweenTheSteps) {
     EXPECT_TRUE(Form().mnuOptions.Enabled);
 }
 
+TEST_F(AutomatedMove, AFolderThatCannotBeMadeSkipsItsStepAlone) {
+    Lists("*.mp3\r\n*.flac\r\n*EOF", "C:\\no\\one\r\nC:\\two\r\n*EOF");
+    machine.faults.FailPath("C:\\no", platform::kPermissionDenied, "CreateFolder");
+    RunPlain();
+    EXPECT_TRUE(Disk().Exists("C:\\in\\a.mp3"));
+    EXPECT_TRUE(Disk().Exists("C:\\two\\c.flac"));
+    EXPECT_EQ(LastTold(), kDoneWithErrors);
+    EXPECT_THAT(LogText(), HasSubstr("Was unable to create destination folder C:\\no\\one\r\n"
+                                     "This search step skipped."));
+}
+
+TEST_F(AutomatedMove, TheSecondRoundBeginsWithTheFirstLineOfARepeatedList) {
+    Disk().AddFolder("C:\\in\\a folder");
+    Lists("a*\r\n*EOF", "C:\\one\r\nC:\\two\r\n*REPEAT");
+    Choose(Form().optFilesVsDirs, 3);
+    Run({"OK", "C:\\lists\\s.txt", "C:\\lists\\d.txt", "S", "y", "N", "Yes", "OK"});
+    EXPECT_TRUE(Disk().Exists("C:\\one\\a folder"));
+    EXPECT_TRUE(Disk().Exists("C:\\one\\a.mp3"));
+    EXPECT_FALSE(Disk().Exists("C:\\two"));
+}
+
+TEST_F(AutomatedMove, SixteenSearchesGoToFourFoldersInTurn) {
+    std::string searches;
+    for (char letter = 'a'; letter < 'q'; ++letter) {
+        const std::string name = std::string(1, letter) + ".txt";
+        Disk().AddFile("C:\\in\\" + name, name);
+        searches += name + "\r\n";
+    }
+    Lists(searches + "*EOF", "C:\\1\r\nC:\\2\r\nC:\\3\r\nC:\\4\r\n*REPEAT");
+    RunPlain();
+    EXPECT_TRUE(Disk().Exists("C:\\1\\a.txt"));
+    EXPECT_TRUE(Disk().Exists("C:\\4\\d.txt"));
+    EXPECT_TRUE(Disk().Exists("C:\\in\\e.txt")); // the fifth step reads the mark
+    EXPECT_TRUE(Disk().Exists("C:\\1\\f.txt"));
+    EXPECT_TRUE(Disk().Exists("C:\\in\\o.txt"));
+    EXPECT_TRUE(Disk().Exists("C:\\1\\p.txt"));
+    EXPECT_EQ(LastTold(), kDoneWithErrors);
+}
+
+TEST_F(AutomatedMove, TheStopButtonShowsAndActsWhileObjectsAreMoved) {
+    Lists("*.mp3\r\n*.flac\r\n*EOF", "C:\\one\r\nC:\\two\r\n*EOF");
+    bool wasVisible = false;
+    machine.faults.BeforeCall("MoveFile", 1, [&] {
+        wasVisible = Form().cmdStop.Visible;
+        Click(Form().cmdStop);
+    });
+    RunPlain();
+    EXPECT_TRUE(wasVisible);
+    EXPECT_TRUE(Disk().Exists("C:\\in\\b.mp3"));
+    EXPECT_TRUE(Disk().Exists("C:\\in\\c.flac"));
+    EXPECT_EQ(LastTold(), kStopped);
+    EXPECT_FALSE(Form().cmdStop.Visible);
+}
+
+TEST_F(AutomatedMove, TheLineUnderWorkIsShown) {
+    Lists("*.mp3\r\n*.flac\r\n*EOF", "C:\\one\r\nC:\\two\r\n*EOF");
+    std::string shown;
+    machine.faults.BeforeCall("MoveFile", 3, [&] { shown = Form().lblBatch.Caption.Get(); });
+    RunPlain();
+    EXPECT_EQ(shown, "Moving line 2 of 2: *.flac \u2192 C:\\two");
+    EXPECT_EQ(Form().lblBatch.Caption.Get(), "");
+}
+
+TEST_F(AutomatedMove, AStepWhoseSearchCouldNotReadAFolderIsNoSuccess) {
+    Disk().AddFile("C:\\in\\closed\\e.mp3", "e");
+    WithSubfolders();
+    Lists("*.mp3\r\n*EOF", "C:\\out\r\n*EOF");
+    machine.faults.FailPath("C:\\in\\closed", platform::kPermissionDenied, "Open");
+    RunPlain();
+    EXPECT_TRUE(Disk().Exists("C:\\out\\a.mp3"));
+    EXPECT_EQ(LastTold(), kDoneWithErrors);
+}
+
+TEST_F(AutomatedMove, EmptyFoldersThatStayAreNoSuccess) {
+    Disk().AddFolder("C:\\in\\x");
+    WithSubfolders();
+    Lists("*.mp3\r\n*EOF", "C:\\out\r\n*EOF");
+    machine.faults.FailPath("C:\\in\\x", platform::kPermissionDenied);
+    Run({"OK", "C:\\lists\\s.txt", "C:\\lists\\d.txt", "S", "y", "Yes", "OK"});
+    EXPECT_TRUE(Disk().Exists("C:\\in\\x"));
+    EXPECT_EQ(LastTold(), kDoneWithErrors);
+}
+
+TEST_F(AutomatedMove, AnEarlierChoiceOfPlacesIsNoPartOfIt) {
+    S().frmDialog.optTo.Choose(3);
+    S().frmDialog.optStructure.Choose(1);
+    Lists("*.mp3\r\n*EOF", "C:\\out\r\n*EOF");
+    RunPlain();
+    EXPECT_EQ(Disk().Content("C:\\out\\a.mp3"), "a.mp3");
+}
+
 TEST_F(AutomatedMove, AListThatCannotBeReadIsToldAndNothingIsDone) {
     Lists("*.mp3\r\n*EOF", "C:\\one\r\n*EOF");
     machine.faults.FailPath("C:\\lists\\d.txt", platform::kPermissionDenied, "OpenAsTextStream");

@@ -2,6 +2,8 @@
 
 #include "platform/clock.h"
 
+#include <functional>
+
 namespace tarvix::platform {
 
 // A clock that stands still until it is set. The start is 2026-11-15 19:54:52, in a zone without
@@ -11,6 +13,12 @@ class MemoryClock : public Clock {
     text::DateTime Now() override { return now_; }
     text::DateTime ToLocal(FileTime time) override;
     std::int64_t Steady() override { return steady_ += step_; }
+    // Goes on by so much, at once.
+    void Sleep(std::int64_t milliseconds) override {
+        slept += milliseconds;
+        steady_ += milliseconds * 1'000'000;
+        if (duringSleep) duringSleep();
+    }
 
     void SetNow(const text::DateTime& now) { now_ = now; }
     void Advance(std::int64_t seconds);
@@ -18,6 +26,9 @@ class MemoryClock : public Clock {
     void SetZone(std::int64_t seconds) { zone_ = seconds; }
     // What each call of Steady adds, in nanoseconds; a millisecond at the start.
     void SetStep(std::int64_t nanoseconds) { step_ = nanoseconds; }
+
+    std::int64_t slept = 0; // milliseconds, altogether
+    std::function<void()> duringSleep;
 
     FileTime NowAsFileTime() const { return FromLocal(now_); }
     // The file time of a local time, for the dates of test files.

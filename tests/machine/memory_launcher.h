@@ -3,6 +3,10 @@
 #include "platform/file_system.h"
 #include "platform/launcher.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace tarvix::platform {
 
 // Starts nothing and records what it was asked for.
@@ -36,6 +40,23 @@ class MemoryLauncher : public Launcher {
         return {};
     }
 
+    PageBrowser DefaultBrowser() override { return browser; }
+    Result<void> OpenPage(std::string_view address, PageSize size) override {
+        if (refusal != 0) return Failure(refusal, std::string(address) + " can't be shown.");
+        pages.emplace_back(address);
+        sizes.push_back(size);
+        isPageOpen = browser.endsPages;
+        return {};
+    }
+    bool ClosePage() override {
+        pages.emplace_back("close");
+        return std::exchange(isPageOpen, false);
+    }
+
+    PageBrowser browser{.name = "Pages", .endsPages = true, .takesSize = true};
+    std::vector<std::string> pages; // addresses and "close", in order
+    std::vector<PageSize> sizes;
+    bool isPageOpen = false;
     std::vector<std::string> opened;   // documents, in order
     std::vector<std::string> commands; // of those opened with one
     std::vector<std::string> closed;

@@ -44,7 +44,7 @@ TEST(PromptTable, WhatIsConfirmedUnaskedIsTheActionThatWasAskedFor) {
     }
     EXPECT_EQ(confirmed, (std::set{PromptId::kConfirmCopyOrMove, PromptId::kConfirmWrite,
                                    PromptId::kConfirmRename, PromptId::kConfirmDelete,
-                                   PromptId::kConfirmBatchMove}));
+                                   PromptId::kConfirmBatchMove, PromptId::kConfirmPlaylists}));
 }
 
 TEST(PromptTable, WhatOnlyAsksForAnotherTryIsMarked) {

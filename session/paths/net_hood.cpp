@@ -1,4 +1,4 @@
-#include "search/net_hood.h"
+#include "session/paths/net_hood.h"
 
 #include "platform/file_system.h"
 #include "session/session.h"
@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace tarvix::search {
+namespace tarvix::session {
 
 namespace {
 
@@ -41,7 +41,7 @@ std::string ShareOfDesktopFolder(std::string_view path, std::size_t at) {
 
 } // namespace
 
-std::string ResolveNetHood(session::Session& session, std::string_view path) {
+std::string ResolveNetHood(Session& session, std::string_view path) {
     std::string share;
     const std::size_t desktopFolder = path.find(kDesktopFolder);
     if (text::EqualNoCase(path.substr(0, kAddress.size()), kAddress)) {
@@ -53,4 +53,4 @@ std::string ResolveNetHood(session::Session& session, std::string_view path) {
     return isThere ? share : std::string(path);
 }
 
-} // namespace tarvix::search
+} // namespace tarvix::session

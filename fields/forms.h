@@ -24,8 +24,11 @@ struct Forms {
     FrmOverrideRecycleFail frmOverrideRecycleFail;
     FrmPreview frmPreview;
     FrmUnread frmUnread;
+    FrmShortcutWarning frmShortcutWarning;
+    FrmLinkChanges frmLinkChanges;
+    FrmLinkTable frmLinkTable;
 
-    const std::array<Form*, 13> all{&frmSearch,
+    const std::array<Form*, 16> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -37,7 +40,10 @@ struct Forms {
                                     &frmOverrideDialog,
                                     &frmOverrideRecycleFail,
                                     &frmPreview,
-                                    &frmUnread};
+                                    &frmUnread,
+                                    &frmShortcutWarning,
+                                    &frmLinkChanges,
+                                    &frmLinkTable};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

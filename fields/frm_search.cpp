@@ -5,7 +5,8 @@ namespace tarvix::fields {
 FrmSearch::FrmSearch() : Form("frmSearch") {
     for (Control* hidden : std::initializer_list<Control*>{
              &txtSize1, &txtSize2, &cboSize, &cboDate, &lblDate1, &lbldDateThru, &lblDate2,
-             &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus}) {
+             &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus,
+             &mnuShortcutsWarning}) {
         hidden->Visible = false;
     }
     mnuSearch_DateType[0].Checked = true;

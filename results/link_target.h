@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/error.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +16,18 @@ namespace tarvix::results {
 // address. Empty for any other file, for a shortcut without a target and for one that can't be
 // read.
 std::string LinkTargetOf(session::Session& session, std::string_view path);
+
+// The bytes of a shortcut (drive path), a MiB of them at most. 53, 70.
+platform::Result<std::string> ReadShortcut(session::Session& session, std::string_view path);
+
+// Where the target of the shortcut at `path` lies here (drive path). Letters are this machine's,
+// but below a folder with `dosdevices` in it those of that folder. None for what is no path with a
+// letter or of a share; a leading variable is expanded by this machine.
+std::optional<std::string> PlaceOfTarget(session::Session& session, std::string_view path,
+                                         std::string_view target);
+// NormalizeTargetPath for the target of that shortcut.
+std::string NormalizeLinkTarget(session::Session& session, std::string_view path,
+                                std::string_view target);
 
 // A stored target in the spelling that the disk has: quotes and a final "\" taken off, a leading
 // variable expanded. The path as given when it, or a folder on the way, isn't there.

@@ -54,6 +54,10 @@ IniText::IniText(std::string_view bytes, std::string_view lineEnd) : lineEnd_(li
         bytes.remove_prefix(mark_.size());
     }
     if (encoding_ == Encoding::kUtf8 && !text::IsValidUtf8(bytes)) encoding_ = Encoding::kCodePage;
+    if (IsWide() && bytes.size() % 2 != 0) {
+        tail_ = bytes.substr(bytes.size() - 1);
+        bytes.remove_suffix(1);
+    }
     Split(bytes);
 }
 
@@ -164,7 +168,7 @@ std::string IniText::Bytes() const {
     for (const Line& line : lines_) {
         bytes += line.raw;
     }
-    return bytes;
+    return bytes + tail_;
 }
 
 } // namespace tarvix::shortcuts

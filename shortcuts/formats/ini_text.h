@@ -51,6 +51,7 @@ class IniText {
     std::string mark_;
     std::string lineEnd_;
     std::vector<Line> lines_;
+    std::string tail_; // half a character
 };
 
 } // namespace tarvix::shortcuts

@@ -12,6 +12,8 @@ namespace tarvix::shortcuts {
 
 Kind KindOf(std::string_view name) {
     const std::string_view extension = text::GetExtension(name);
+    // Most names are settled by their length.
+    if (extension.size() != 3 && extension.size() != 7) return Kind::kNone;
     if (text::EqualNoCase(extension, "lnk")) return Kind::kLnk;
     if (text::EqualNoCase(extension, "url")) return Kind::kUrl;
     return text::EqualNoCase(extension, "desktop") ? Kind::kDesktop : Kind::kNone;

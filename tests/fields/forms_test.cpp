@@ -26,13 +26,13 @@ TEST(AllForms, AreFoundByName) {
     for (const char* name :
          {"frmSearch", "frmDialog", "frmForChar", "frmTrailingSp", "frmAllUsers", "frmSelectDate",
           "frmProgress", "frmAsk", "frmAsk259", "frmOverrideDialog", "frmOverrideRecycleFail",
-          "frmPreview", "frmUnread"}) {
+          "frmPreview", "frmUnread", "frmShortcutWarning", "frmLinkChanges", "frmLinkTable"}) {
         ASSERT_NE(forms.Find(name), nullptr) << name;
         EXPECT_EQ(forms.Find(name)->Name(), name);
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 13U);
+    EXPECT_EQ(forms.all.size(), 16U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

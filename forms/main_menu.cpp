@@ -97,6 +97,10 @@ MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) 
         if (control->Kind() != fields::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
         const auto top = std::ranges::find_if(
             kMenus, [control](const TopMenu& menu) { return BelongsTo(control->Name(), menu); });
+        if (control->Name() == "mnuShortcutsWarning") {
+            AddToBar(window, control->Name());
+            continue;
+        }
         QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
         AddField(*menu, window, control->Name());
         if (control->Name() == "mnuHelp_Help") menu->actions().last()->setShortcut(Qt::Key_F1);
@@ -107,6 +111,13 @@ void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name)
     auto* action = new QAction(&window);
     action->setObjectName(ToQt(name));
     menu.addAction(action);
+}
+
+// An entry of the bar itself, in sight as long as it can be clicked.
+void MainMenu::AddToBar(QMainWindow& window, std::string_view name) {
+    auto* action = new QAction(&window);
+    action->setObjectName(ToQt(name));
+    window.menuBar()->addAction(action);
 }
 
 void MainMenu::ClearMnemonics(const Binder& binder) {

@@ -29,6 +29,7 @@ class MainMenu {
 
   private:
     QMenu* MenuFor(const char* title) const { return Find(title); }
+    static void AddToBar(QMainWindow& window, std::string_view name);
     void AddField(QMenu& menu, QMainWindow& window, std::string_view name);
 
     const fields::Form& form_;

@@ -185,7 +185,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kLinkEditFailed),
     Notice(Id::kNoLinksToEdit),
     Modal(Id::kLinkTable, Role::kWindow, "frmLinkTable"),
-    Message(Id::kConfirmLinkChanges, Role::kConfirmation, kYesNo),
+    Message(Id::kConfirmLinkChanges, Role::kDecision, kYesNo),
     Modal(Id::kLinkChanges, Role::kDecision, "frmLinkChanges"),
     Notice(Id::kLinkFileMissing),
     Notice(Id::kLinkFileWrong),

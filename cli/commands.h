@@ -14,6 +14,7 @@ int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& re
 int Run(Host& host, const platform::Platform& machine, const NumbersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const AutoMoveRequest& request);
 int Run(Host& host, const platform::Platform& machine, const FoldersRequest& request);
+int Run(Host& host, const platform::Platform& machine, const LinksRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PathsRequest& request);

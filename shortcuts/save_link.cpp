@@ -77,6 +77,14 @@ Result<SavedLink> SaveLink(Session& session, const LinkChange& change) {
     return saved;
 }
 
+std::optional<platform::PlatformError> WhyNotSaved(Session& session, const LinkChange& change) {
+    const auto bytes = CheckedBytes(session, change);
+    if (!bytes) return bytes.error();
+    Edited edited = Edit(KindOf(text::FileNameOf(change.path)), *bytes, change.edits);
+    if (edited) return std::nullopt;
+    return platform::PlatformError{platform::kPathFileAccess, std::move(edited.error())};
+}
+
 std::string RenamedPath(std::string_view path, std::string_view newName) {
     return text::JoinPath(text::ParentFolder(path), platform::CarryReserved(newName));
 }

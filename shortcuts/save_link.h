@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "shortcuts/formats/values.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,10 @@ struct SavedLink {
 // written again. 53 missing, 70 refused, 75 what can't be saved, by a sentence; kChangedSinceSearch
 // when it doesn't hold what was read. After a failure the shortcut stands as it was.
 platform::Result<SavedLink> SaveLink(session::Session& session, const LinkChange& change);
+
+// Why SaveLink would not save it, as far as that can be known without writing; none if it would.
+std::optional<platform::PlatformError> WhyNotSaved(session::Session& session,
+                                                   const LinkChange& change);
 
 // Gives a shortcut another name in its folder, as a user types it; gives its new path. 52 for what
 // can't be a name, 58 when it is taken.

@@ -10,6 +10,7 @@
 #include "session/option_menu.h"
 #include "session/paths/ask_long_path.h"
 #include "session/text_viewer.h"
+#include "shortcuts/edit_mode.h"
 
 namespace tarvix::app {
 
@@ -25,6 +26,7 @@ void FillEvents(session::EventTable& events) {
     actions::AddActionEvents(events);
     generate::AddGenerateEvents(events);
     batch::AddBatchEvents(events);
+    shortcuts::AddShortcutEvents(events);
 }
 
 } // namespace tarvix::app

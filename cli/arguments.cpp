@@ -1,5 +1,6 @@
 #include "cli/arguments.h"
 
+#include "cli/adding.h"
 #include "cli/help_texts.h"
 #include "cli/values.h"
 #include "results/program.h"
@@ -13,30 +14,7 @@ namespace tarvix::cli {
 
 namespace {
 
-constexpr const char* kOutputGroup = "Output";
-constexpr const char* kActionGroup = "What to do";
 constexpr const char* kSortHelp = "Sorts as by a click on a column head";
-
-// A command, and the record that its options fill.
-template <class Record>
-struct Added {
-    CLI::App& command;
-    Record& record;
-};
-
-// Once all is parsed, and unless `check` refuses it, the record becomes the request.
-template <class Record>
-Added<Record> Add(
-    CLI::App& app, const CommandHelp& help, Command& chosen,
-    void (*check)(Record&) = [](Record&) {}) {
-    CLI::App& command = AddCommand(app, help);
-    const auto record = std::make_shared<Record>();
-    command.callback([record, check, &chosen] {
-        check(*record);
-        chosen = *record;
-    });
-    return {command, *record};
-}
 
 void AddMachine(CLI::App& app, MachineRequest& machine) {
     app.set_version_flag("--version",
@@ -396,9 +374,9 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     SetUp(app);
     app.footer(kAboutFooter);
     AddMachine(app, request.machine);
-    for (const auto add :
-         {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove, AddAutoPlaylist,
-          AddShowPages, AddList, AddPlaylist, AddNumbers, AddMakeFolders, AddOthers, AddOptions})
+    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove,
+                           AddAutoPlaylist, AddShowPages, AddList, AddPlaylist, AddNumbers,
+                           AddMakeFolders, AddLinks, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

@@ -21,4 +21,7 @@ void AddTests(CLI::App& command, Criteria& criteria);
 void CheckCriteria(Criteria& criteria);
 void CheckTests(Criteria& criteria);
 
+// The command of shortcuts, with its words.
+void AddLinks(CLI::App& app, Command& chosen);
+
 } // namespace tarvix::cli

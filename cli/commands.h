@@ -16,6 +16,7 @@ int Run(Host& host, const platform::Platform& machine, const AutoMoveRequest& re
 int Run(Host& host, const platform::Platform& machine, const AutoPlaylistRequest& request);
 int Run(Host& host, const platform::Platform& machine, const ShowPagesRequest& request);
 int Run(Host& host, const platform::Platform& machine, const FoldersRequest& request);
+int Run(Host& host, const platform::Platform& machine, const LinksRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PathsRequest& request);

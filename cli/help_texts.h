@@ -109,6 +109,26 @@ inline constexpr CommandHelp kList{
     "folders alone. In a file lines end in CR LF, on stdout in LF. A path with a line break can't\n"
     "stand in a list: it is told and left out, and the command ends with 1.\n"};
 
+inline constexpr CommandHelp kLinks{
+    "links", "Shows, edits and checks what shortcuts hold",
+    "Finds .lnk, .url and .desktop files as \"search\" does, and shows, edits or checks what they\n"
+    "hold: target, arguments, working folder, hot key, window style, description and icon.\n",
+    "\nExamples:\n"
+    "  tarvix-cli links show --in ~/.local/share/applications --json\n"
+    "  tarvix-cli links check --in ~/.wine/drive_c --any-attribute\n"
+    "  tarvix-cli links set \"*.lnk\" --in /media/ann/OLD --target-from 'C:\\old' --target-to "
+    "'D:\\new' "
+    "--dry-run\n"
+    "  tarvix-cli links edit --in ~/Links --to links.txt\n"
+    "  tarvix-cli links apply links.txt\n"
+    "\n"
+    "The text has a record of lines for each shortcut, \"Name = \" first: keep their order. Beside "
+    "it\n"
+    "stands FILE.original, by which \"apply\" knows what was changed. Each shortcut is put in its\n"
+    "place whole, its old version goes to the trash as \"NAME (before edit)\". What another "
+    "program\n"
+    "changed meanwhile is left alone. \"check\" ends with 1 when a target is missing.\n"};
+
 inline constexpr CommandHelp kPlaylist{
     "playlist", "Writes a playlist of all that matches",
     "Finds objects as \"search\" does and writes an M3U playlist of them, in the order of names.\n",

@@ -206,6 +206,26 @@ struct PathsRequest {
     bool json = false;
 };
 
+enum class LinksVerb { kShow, kEdit, kApply, kSet, kCheck };
+
+constexpr std::size_t kLinkFields = 7; // in the order of their columns
+
+struct LinksRequest {
+    LinksVerb verb = LinksVerb::kShow;
+    Criteria criteria;
+    std::vector<std::string> answers;
+    std::string file; // the text for editing, as typed; empty for that of the data folder
+    // What is put in place of what in each value, and what a value becomes.
+    std::array<std::string, kLinkFields> from;
+    std::array<std::optional<std::string>, kLinkFields> to;
+    std::array<std::optional<std::string>, kLinkFields> values;
+    bool isPattern = false;
+    bool matchesCase = false;
+    bool dryRun = false;
+    bool confirmed = false; // replaces a text that stands already
+    bool json = false;
+};
+
 enum class OptionsVerb { kList, kGet, kSet };
 
 struct OptionsRequest {
@@ -218,7 +238,7 @@ struct OptionsRequest {
 using Command =
     std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest, AutoPlaylistRequest,
                  ShowPagesRequest, ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
-                 RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+                 LinksRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

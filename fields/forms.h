@@ -27,8 +27,11 @@ struct Forms {
     FrmWelcome frmWelcome;
     FrmNumbers frmNumbers;
     FrmBatch frmBatch;
+    FrmShortcutWarning frmShortcutWarning;
+    FrmLinkChanges frmLinkChanges;
+    FrmLinkTable frmLinkTable;
 
-    const std::array<Form*, 16> all{&frmSearch,
+    const std::array<Form*, 19> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -43,7 +46,10 @@ struct Forms {
                                     &frmUnread,
                                     &frmWelcome,
                                     &frmNumbers,
-                                    &frmBatch};
+                                    &frmBatch,
+                                    &frmShortcutWarning,
+                                    &frmLinkChanges,
+                                    &frmLinkTable};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -6,7 +6,7 @@ FrmSearch::FrmSearch() : Form("frmSearch") {
     for (Control* hidden : std::initializer_list<Control*>{
              &txtSize1, &txtSize2, &cboSize, &cboDate, &lblDate1, &lbldDateThru, &lblDate2,
              &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus, &lblBatch,
-             &mnuPlayListWarning}) {
+             &mnuPlayListWarning, &mnuShortcutsWarning}) {
         hidden->Visible = false;
     }
     cmdEditPlayList.ToolTipText =

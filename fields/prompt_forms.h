@@ -200,4 +200,48 @@ class FrmNumbers : public Form {
     CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 };
 
+// What editing shortcuts in bulk means, before it begins.
+class FrmShortcutWarning : public Form {
+  public:
+    FrmShortcutWarning() : Form("frmShortcutWarning") {
+        Caption = "Edit Links (shortcuts) in Bulk";
+    }
+    std::uint8_t Answer = 0; // of the button that was pressed last
+    Label lblTop{*this, "lblTop"};
+    Label lblBottom{*this, "lblBottom"};
+    CommandButton cmdOk{*this, "cmdOk", "&OK"};
+    CommandButton cmdTable{*this, "cmdTable", "Edit in a &Table"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
+// What a save would change in shortcuts, a line for each value.
+class FrmLinkChanges : public Form {
+  public:
+    FrmLinkChanges() : Form("frmLinkChanges") { Caption = "Save Targets"; }
+    bool isConfirmed = false;
+    Label lblMain{*this, "lblMain"};
+    ListBox lstChanges{*this, "lstChanges"};
+    CommandButton cmdOK{*this, "cmdOK", "&Save"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+};
+
+// The values of shortcuts in a table. A row has those of one shortcut; what its kind lacks is not
+// to be edited.
+struct LinkRow {
+    std::string name;
+    std::vector<std::string> values; // in the order of their columns
+    std::vector<bool> isEditable;    // the same
+};
+
+class FrmLinkTable : public Form {
+  public:
+    FrmLinkTable() : Form("frmLinkTable") { Caption = "Edit Links (shortcuts)"; }
+    bool isConfirmed = false;
+    Label lblMain{*this, "lblMain"};
+    ListView lstLinks{*this, "lstLinks"};
+    CommandButton cmdOK{*this, "cmdOK", "Save &Targets"};
+    CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
+    std::vector<LinkRow> rows;
+};
+
 } // namespace tarvix::fields

@@ -59,7 +59,7 @@ constexpr std::array<ButtonEntry, 14> kButtons{
      {"Actions", "cmdEditTargets", "", ""}}};
 
 // Entries that stand in the menu bar itself.
-constexpr std::array<std::string_view, 1> kBarEntries{"mnuPlayListWarning"};
+constexpr std::array<std::string_view, 2> kBarEntries{"mnuPlayListWarning", "mnuShortcutsWarning"};
 
 bool IsTop(std::string_view name) {
     return std::ranges::find(kMenus, name, &TopMenu::field) != kMenus.end();
@@ -116,6 +116,7 @@ void MainMenu::AddField(QMenu& menu, QMainWindow& window, std::string_view name)
     menu.addAction(action);
 }
 
+// An entry of the bar itself, in sight as long as it can be clicked.
 void MainMenu::AddToBar(QMainWindow& window, std::string_view name) {
     auto* action = new QAction(&window);
     action->setObjectName(ToQt(name));

@@ -4,6 +4,8 @@
 #include "forms/batch_window.h"
 #include "forms/choice_window.h"
 #include "forms/date_window.h"
+#include "forms/link_table_window.h"
+#include "forms/link_windows.h"
 #include "forms/notice_window.h"
 #include "forms/numbers_window.h"
 #include "forms/preview_window.h"
@@ -102,6 +104,15 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmBatch) {
         return std::make_unique<BatchWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmShortcutWarning) {
+        return std::make_unique<ShortcutWarningWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmLinkChanges) {
+        return std::make_unique<LinkChangesWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmLinkTable) {
+        return std::make_unique<LinkTableWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

@@ -1,5 +1,6 @@
 #include "results/add_rows.h"
 
+#include "results/link_cells.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/characters.h"
@@ -60,7 +61,8 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     if (folder == found) {
         row.identity = session.rows->Identities().Pack(object.identity, object.wasEmpty);
     }
-    session.rows->Add(row, source.entry);
+    const std::size_t added = session.rows->Add(row, source.entry);
+    if (object.links && folder == found) session.rows->SetLinks(added, std::move(*object.links));
     isFolder ? counters.CountFolderFound() : counters.CountFileFound();
 }
 

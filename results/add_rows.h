@@ -23,7 +23,8 @@ struct FoundObject {
     std::uint32_t filesInFolder = 0; // folder rows only
     std::uint32_t foldersInFolder = 0;
     platform::ObjectIdentity identity;
-    bool wasEmpty = false; // a folder that is listed since nothing is in it
+    bool wasEmpty = false;      // a folder that is listed since nothing is in it
+    LinkCells* links = nullptr; // of a shortcut that was read; taken over
 };
 
 // What the rows of one search string in one location share.

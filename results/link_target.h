@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/error.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,11 +17,17 @@ namespace tarvix::results {
 // read.
 std::string LinkTargetOf(session::Session& session, std::string_view path);
 
-// The target that the bytes of a .lnk file name, as they have it; a form with variables where they
-// have no other. Empty when they are no shell link.
-std::string TargetOfShellLink(std::string_view bytes);
-// The same for the text of a .url file.
-std::string TargetOfInternetShortcut(std::string_view text);
+// The bytes of a shortcut (drive path), a MiB of them at most. 53, 70.
+platform::Result<std::string> ReadShortcut(session::Session& session, std::string_view path);
+
+// Where the target of the shortcut at `path` lies here (drive path). Letters are this machine's,
+// but below a folder with `dosdevices` in it those of that folder. None for what is no path with a
+// letter or of a share; a leading variable is expanded by this machine.
+std::optional<std::string> PlaceOfTarget(session::Session& session, std::string_view path,
+                                         std::string_view target);
+// NormalizeTargetPath for the target of that shortcut.
+std::string NormalizeLinkTarget(session::Session& session, std::string_view path,
+                                std::string_view target);
 
 // A stored target in the spelling that the disk has: quotes and a final "\" taken off, a leading
 // variable expanded. The path as given when it, or a folder on the way, isn't there.

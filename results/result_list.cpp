@@ -1,6 +1,7 @@
 #include "results/result_list.h"
 
 #include "platform/object_facts.h"
+#include "results/link_cells.h"
 #include "results/row_details.h"
 #include "session/paths/short_path.h"
 #include "text/case.h"
@@ -243,6 +244,13 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
     case kExeType:
     case kOs:
     case kYearRank:
+    case kTargetPath:
+    case kTargetArguments:
+    case kWorkingDir:
+    case kHotKey:
+    case kWindowStyle:
+    case kDescription:
+    case kIconPath:
         return DetailCell(index, column);
     default:
         return {};
@@ -290,6 +298,22 @@ std::string ResultList::DetailCell(std::size_t index, Column column) const {
     const ResultRow& row = rows_[index];
     if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
     return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
+}
+
+LinkCells& ResultList::Links(std::size_t index) {
+    return details_->Links(rows_[index], FullPath(index));
+}
+
+void ResultList::SetLinks(std::size_t index, LinkCells cells) {
+    if (details_) details_->SetLinks(rows_[index], std::move(cells));
+}
+
+void ResultList::Rename(std::size_t index, std::string_view name) {
+    ResultRow& row = rows_[index];
+    const char* const before = row.name.data();
+    row.name = KeepName(name);
+    if (details_) details_->Renamed(before, row.name.data());
+    index_.reset();
 }
 
 std::uint64_t ResultList::VersionKey(std::size_t index) const {

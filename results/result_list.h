@@ -58,6 +58,7 @@ struct ResultRow {
 };
 
 class RowDetails;
+struct LinkCells;
 
 // `lstMain`'s rows: the only store of what was found between a search and an action.
 class ResultList {
@@ -117,6 +118,14 @@ class ResultList {
     fields::Color CellColor(std::size_t index, Column column) const;
     // Path\Name in full, whatever its length.
     std::string FullPath(std::size_t index) const;
+
+    // What the columns of a shortcut show, read if it wasn't yet; changed by whoever edits. Only
+    // for a row that is no spacer, in a list with details.
+    LinkCells& Links(std::size_t index);
+    // What was read already for a new row.
+    void SetLinks(std::size_t index, LinkCells cells);
+    // The object of a row has another name since.
+    void Rename(std::size_t index, std::string_view name);
 
     // Grows whenever rows go or change places, so that a view knows that what it shows is gone.
     std::uint64_t Generation() const { return generation_; }

@@ -8,6 +8,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <utility>
+
 namespace tarvix::results {
 
 namespace {
@@ -22,11 +24,42 @@ std::string RowDetails::Cell(const ResultRow& row, Column column, std::string_vi
     }
     if (!session_.blnListItems[static_cast<std::size_t>(column)]) return {};
     if (column == kType) return TypeCell(row, path);
+    if (IsLinkColumn(column)) return LinkCell(row, column, path);
     const ExeFacts& facts = FactsOf(row, path);
     if (column == kExeType) return ExeTypeText(facts.exeType);
     if (!facts.version) return {};
     return column == kVersion ? VersionText(*facts.version)
                               : std::string(OsText(facts.version->os));
+}
+
+std::string RowDetails::LinkCell(const ResultRow& row, Column column, std::string_view path) {
+    if (shortcuts::KindOf(row.name) == shortcuts::Kind::kNone) return {};
+    return Links(row, path).shown[FieldOf(column)];
+}
+
+LinkCells& RowDetails::Links(const ResultRow& row, std::string_view path) {
+    std::unique_ptr<LinkCells>& cells = links_[row.name.data()];
+    if (cells) return *cells;
+    const bool isShortcut = shortcuts::KindOf(row.name) != shortcuts::Kind::kNone;
+    const bool isReadable = !row.isFolder && (row.attributes & platform::kSpecial) == 0;
+    cells = std::make_unique<LinkCells>();
+    if (isShortcut && isReadable) *cells = ReadLinkCells(session_, path);
+    return *cells;
+}
+
+void RowDetails::SetLinks(const ResultRow& row, LinkCells cells) {
+    links_[row.name.data()] = std::make_unique<LinkCells>(std::move(cells));
+}
+
+void RowDetails::Renamed(const char* from, const char* to) {
+    if (auto facts = read_.extract(from)) {
+        facts.key() = to;
+        read_.insert(std::move(facts));
+    }
+    if (auto cells = links_.extract(from)) {
+        cells.key() = to;
+        links_.insert(std::move(cells));
+    }
 }
 
 std::uint64_t RowDetails::VersionKey(const ResultRow& row, std::string_view path) {

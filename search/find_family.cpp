@@ -22,7 +22,8 @@ constexpr std::size_t kWorthReadingAhead = 1024; // files
 
 FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
                        Filters& filters, const SearchRequest& request)
-    : session_(session), counters_(counters), list_(list), filters_(filters), request_(request) {}
+    : session_(session), counters_(counters), list_(list), filters_(filters), request_(request),
+      readsLinks_(results::WantsLinks(session, request.target)) {}
 
 void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
@@ -116,13 +117,25 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
     const bool passes =
         which == Files::kEmpty ? filters_.CheckDate(tested) : filters_.CheckSizeAndDate(tested);
     if (!passes) return false;
+    std::optional<results::LinkCells> links;
+    if (readsLinks_ && !TryLink(index, name, links)) return false;
     results::AddFileRow(session_, counters_, source_, RowFolderOf(index),
                         {.name = name,
                          .size = facts.size,
                          .date = text::ToSeconds(tested.datObjectDate),
                          .attributes = facts.attributes,
-                         .identity = facts.identity});
+                         .identity = facts.identity,
+                         .links = links ? &*links : nullptr});
     return true;
+}
+
+// A shortcut is read for its columns; false when its target doesn't pass.
+bool FindFamily::TryLink(std::size_t index, std::string_view name,
+                         std::optional<results::LinkCells>& links) {
+    if (shortcuts::KindOf(name) == shortcuts::Kind::kNone) return true;
+    const std::string path = text::JoinPath(list_.At(index).strFolderLong, name);
+    return results::FoundFileMeetsLinkTargetCriteria(session_, path, request_.target,
+                                                     links.emplace());
 }
 
 bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {

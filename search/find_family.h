@@ -2,6 +2,7 @@
 
 #include "platform/file_system.h"
 #include "results/add_rows.h"
+#include "results/link_cells.h"
 #include "search/candidates.h"
 #include "search/filters.h"
 #include "search/folder_list.h"
@@ -58,6 +59,8 @@ class FindFamily {
     bool TryFile(std::size_t index, std::string_view name, const platform::ObjectFacts& facts,
                  Files which);
     void NoteLeftOut(std::string_view name, const platform::ObjectFacts& facts, bool testsSize);
+    bool TryLink(std::size_t index, std::string_view name,
+                 std::optional<results::LinkCells>& links);
     void ReadAheadFrom(std::size_t i);
     bool IsEmptyFolder(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
@@ -71,6 +74,7 @@ class FindFamily {
     FolderList& list_;
     Filters& filters_;
     const SearchRequest& request_;
+    bool readsLinks_; // a column shows what shortcuts hold, or a filter tests it
     std::unique_ptr<NameMatch> match_;
     std::vector<std::unique_ptr<NameMatch>> earlier_; // of this location
     std::string searchString_;

@@ -164,6 +164,20 @@ enum class PromptId : std::uint8_t {
     kFoldersCanceled,
     kFoldersNotMade,
 
+    // Shortcuts.
+    kShortcutMissing,
+    kShortcutWarning,
+    kLinkEditFailed,
+    kNoLinksToEdit,
+    kLinkTable,
+    kConfirmLinkChanges,
+    kLinkChanges,
+    kLinkFileMissing,
+    kLinkFileWrong,
+    kLinkPathUnusable,
+    kHotKeyBracket,
+    kLinksNotSaved,
+
     // Batches.
     kBatchMoveNotice,
     kPickSearchList,

@@ -74,6 +74,7 @@ struct SessionState {
     std::string strOptionFile;
     std::string strOptionBackupFile;
     std::string strPlatformFile;
+    std::string strTargetPathFile; // where shortcuts are edited as text
     bool blnOptionFileFound = false;
     bool blnOptionFileUnread = false; // it is there but could not be opened, so it is left alone
     int intMaxYear = 0;

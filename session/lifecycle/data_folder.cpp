@@ -54,6 +54,7 @@ void FormDataPaths(session::Session& session) {
     state.strErrorLogFile = text::JoinPath(folder, "TXProgramError.log");
     state.strOptionFile = text::JoinPath(folder, "TXOptionFile.txt");
     state.strOptionBackupFile = text::JoinPath(folder, "TXOptionFile.bak");
+    state.strTargetPathFile = text::JoinPath(folder, "TXTargetPathFile.txt");
     state.strPlatformFile = text::JoinPath(folder, kPlatformFile);
 }
 

@@ -97,6 +97,26 @@ std::vector<EnvVariable>::iterator FindByName(std::vector<EnvVariable>& table,
     });
 }
 
+bool IsOnOwnDrive(Session& session, std::string_view path) {
+    const std::string drive = text::Upper(text::Left(path, 2));
+    return std::ranges::any_of(session.files().Drives(), [&](const platform::DriveInfo& info) {
+        return text::Upper(info.path) == drive;
+    });
+}
+
+bool CanFold(Session& session, std::string_view path) {
+    const bool isAddress =
+        text::StartsWithNoCase(path, "file:/") || text::StartsWithNoCase(path, "http:/");
+    return !path.empty() && !isAddress && session.state.options.blnAutoEnvVar &&
+           !path.starts_with('%') && IsOnOwnDrive(session, path);
+}
+
+// Empty when the path doesn't begin with the folder.
+std::string Folded(std::string_view path, std::string_view name, std::string_view folder) {
+    if (folder.empty() || !text::StartsWithNoCase(path, folder)) return {};
+    return fmt::format("%{}%{}", name, text::Mid(path, text::Length(folder) + 1));
+}
+
 void TellFull(Session& session) {
     (void)HandleError(session,
                       {kSubscript, "Subscript out of range: there are more than 101 variables that "
@@ -111,6 +131,29 @@ std::string RemoveEnvVarAndRestorePath(Session& session, std::string_view path) 
     if (result.empty()) result = std::string(path);
     MakeSlashesSingle(result);
     return HasTwoColons(result) ? std::string(path) : result;
+}
+
+std::string ConvertToEnvVar(Session& session, std::string_view path, bool blnPreferSystemRoot) {
+    if (!CanFold(session, path)) return std::string(path);
+    const auto& table = session.state.options.envVariables;
+    std::string folded;
+    for (const EnvVariable& entry : table) {
+        if (!blnPreferSystemRoot || entry.strEnvVarName != "SystemRoot") continue;
+        folded = Folded(path, entry.strEnvVarName, entry.strEnvVarPath);
+        if (!folded.empty()) return folded;
+    }
+    for (const EnvVariable& entry : table) {
+        if (!entry.blnEnvVarInclude) continue;
+        folded = Folded(path, entry.strEnvVarName, entry.strEnvVarPath);
+        if (!folded.empty()) return folded;
+    }
+    for (const EnvVariable& entry : table) {
+        if (!entry.blnEnvVarInclude) continue;
+        const auto shortFolder = session.files().ShortPath(entry.strEnvVarPath);
+        if (shortFolder) folded = Folded(path, entry.strEnvVarName, *shortFolder);
+        if (!folded.empty()) return folded;
+    }
+    return std::string(path);
 }
 
 bool Is64BitSystem(Session& session) {

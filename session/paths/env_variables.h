@@ -15,6 +15,13 @@ struct Session;
 // itself comes back when a variable is unknown, and when the result would hold a second ":".
 std::string RemoveEnvVarAndRestorePath(Session& session, std::string_view path);
 
+// The path with the folder that it begins with as "%NAME%", by the first variable of the table that
+// is included and fits (then by the short form of its folder); with `blnPreferSystemRoot` by
+// "SystemRoot" before all. As it is for an address, a path that isn't on a drive of ours or begins
+// with "%", and while `blnAutoEnvVar` is off.
+std::string ConvertToEnvVar(Session& session, std::string_view path,
+                            bool blnPreferSystemRoot = false);
+
 // Whether programs of two widths have folders of their own here.
 bool Is64BitSystem(Session& session);
 

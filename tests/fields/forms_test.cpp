@@ -26,13 +26,14 @@ TEST(AllForms, AreFoundByName) {
     for (const char* name :
          {"frmSearch", "frmDialog", "frmForChar", "frmTrailingSp", "frmAllUsers", "frmSelectDate",
           "frmProgress", "frmAsk", "frmAsk259", "frmOverrideDialog", "frmOverrideRecycleFail",
-          "frmPreview", "frmUnread", "frmNumbers"}) {
+          "frmPreview", "frmUnread", "frmNumbers", "frmWelcome", "frmBatch", "frmShortcutWarning",
+          "frmLinkChanges", "frmLinkTable"}) {
         ASSERT_NE(forms.Find(name), nullptr) << name;
         EXPECT_EQ(forms.Find(name)->Name(), name);
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 14U);
+    EXPECT_EQ(forms.all.size(), 19U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

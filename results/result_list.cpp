@@ -186,12 +186,6 @@ void ResultList::Replace(std::vector<ResultRow> rows) {
     ++generation_;
 }
 
-void ResultList::Rename(std::size_t index, std::string_view name) {
-    rows_[index].name = KeepName(name);
-    index_.reset();
-    ++generation_;
-}
-
 std::string ResultList::FullPath(std::size_t index) const {
     const ResultRow& row = rows_[index];
     if (row.IsSpacer()) return {};
@@ -314,6 +308,7 @@ void ResultList::Rename(std::size_t index, std::string_view name) {
     row.name = KeepName(name);
     if (details_) details_->Renamed(before, row.name.data());
     index_.reset();
+    ++generation_;
 }
 
 std::uint64_t ResultList::VersionKey(std::size_t index) const {

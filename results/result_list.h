@@ -124,8 +124,6 @@ class ResultList {
     LinkCells& Links(std::size_t index);
     // What was read already for a new row.
     void SetLinks(std::size_t index, LinkCells cells);
-    // The object of a row has another name since.
-    void Rename(std::size_t index, std::string_view name);
 
     // Grows whenever rows go or change places, so that a view knows that what it shows is gone.
     std::uint64_t Generation() const { return generation_; }

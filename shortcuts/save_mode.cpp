@@ -297,7 +297,7 @@ void Save::SaveRow(std::size_t index) {
 }
 
 void Save::SaveToLinkFiles() {
-    const platform::Busy busy(session_.files());
+    const platform::ManyChanges many(session_.files());
     for (std::size_t i = 0; i < rows_.size() && !isStopped_; ++i) {
         session_.Yield();
         SaveRow(i);

@@ -26,7 +26,7 @@ namespace {
 
 using session::Session;
 
-constexpr std::array<std::string_view, 20> kVerdicts{"copy",
+constexpr std::array<std::string_view, 21> kVerdicts{"copy",
                                                      "move",
                                                      "rename",
                                                      "duplicate: rename",

@@ -21,8 +21,8 @@ class MemoryLauncher : public Launcher {
                 PlatformError{kFileNotFound, facts.error().description, facts.error().path});
         }
         if (refusal != 0) {
-            const std::string opened(path);
-            return std::unexpected(PlatformError{refusal, opened + " can't be opened.", opened});
+            const std::string refused(path);
+            return std::unexpected(PlatformError{refusal, refused + " can't be opened.", refused});
         }
         opened.emplace_back(path);
         return {};

@@ -7,6 +7,8 @@
 #include "text/format.h"
 #include "text/paths.h"
 
+#include <algorithm>
+
 namespace tarvix::results {
 
 namespace {
@@ -56,7 +58,8 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     row.attributes = object.attributes;
     row.filesInFolder = object.filesInFolder;
     row.foldersInFolder = object.foldersInFolder;
-    row.searchForIndex = static_cast<std::uint8_t>(source.intSearchForIndex);
+    row.searchForIndex =
+        static_cast<std::uint8_t>(std::min(source.intSearchForIndex, 255));
     row.isFolder = isFolder;
     if (folder == found) {
         row.identity = session.rows->Identities().Pack(object.identity, object.wasEmpty);

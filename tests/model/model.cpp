@@ -60,6 +60,7 @@ class Placing {
     const std::string root_;
     const Request& request_;
     const Actor actor_;
+    std::vector<std::unique_ptr<Node>> gone_; // overwritten; may be rows that come later
 };
 
 std::string Placing::Prefix(const Node& node) const {
@@ -145,17 +146,18 @@ std::vector<std::string> Placing::FreePlace(const Node& node, std::vector<std::s
 }
 
 bool Placing::Recycle(Node& node) {
-    const bool canLeave = !node.isFolder || actor_.isRoot || !node.isForeign;
+    const bool canLeave = !node.isFolder || !node.isForeign || actor_.MayWrite(node);
     if (!actor_.MayTake(node) || !canLeave) return false;
     AddContents(node, expected.trashed);
-    TakeOut(node);
+    gone_.push_back(TakeOut(node));
     return true;
 }
 
-// A move that the system allows. A folder of another user's can't get another parent.
+// A move that the system allows. A folder of another user's gets another parent only if it may be
+// written to.
 bool Placing::Take(Node& node, Node& folder, const std::string& name) {
     const bool canLeave =
-        !node.isFolder || actor_.isRoot || !node.isForeign || node.parent == &folder;
+        !node.isFolder || !node.isForeign || actor_.MayWrite(node) || node.parent == &folder;
     if (!actor_.MayTake(node) || !canLeave || !actor_.MayChange(folder)) return false;
     auto taken = TakeOut(node);
     taken->name = name;
@@ -170,16 +172,8 @@ void Placing::Put(Node& node, const std::vector<std::string>& path, unsigned old
     // A hidden object is copied by a move, and told to be.
     if (isMove && !node.IsHidden() && Take(node, *folder, path.back())) return;
     if (isMove && node.IsHidden()) expected.exitCode = -1;
-    if (isMove && !node.IsHidden()) Fail(); // its original stays
-    if (!actor_.MayReadAll(node)) {
-        Fail();
-        if (!node.isFolder) return;
-        // What a copy that failed leaves of a folder is none of this model's business.
-        Node* const begun = Add(*folder, NewFolder(path.back()));
-        begun->isOld = false;
-        begun->isOpen = true;
-        return;
-    }
+    if (isMove && !node.IsHidden()) Fail();      // its original stays
+    if (!actor_.MayReadAll(node)) return Fail(); // nothing is left of a folder either
     auto copy = CopyOf(node);
     copy->name = path.back();
     if ((oldMode & 0200) == 0) copy->mode &= ~0222U;
@@ -188,6 +182,8 @@ void Placing::Put(Node& node, const std::vector<std::string>& path, unsigned old
 }
 
 void Placing::Place(Node& node) {
+    // What this run has overwritten isn't what the search saw.
+    if (std::ranges::find(gone_, &node, &std::unique_ptr<Node>::get) != gone_.end()) return Fail();
     const auto path = PlaceOf(node);
     std::string target;
     for (const std::string& part : path) {
@@ -266,7 +262,10 @@ bool Renaming::GoesOn(const Node& node) {
 
 bool Renaming::GiveName(Node& node, const std::string& name) {
     const Node* const other = Find(*node.parent, name);
-    if (name.empty() || (other != nullptr && other != &node)) return GoesOn(node);
+    // The very name that it has counts as taken.
+    if (name.empty() || name == node.name || (other != nullptr && other != &node)) {
+        return GoesOn(node);
+    }
     if (!actor_.MayTake(node)) {
         expected.exitCode = 1;
         expected.answers.emplace_back("Cancel"); // not once more

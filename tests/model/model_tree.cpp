@@ -109,7 +109,8 @@ bool Actor::MayTake(const Node& node) const {
 }
 
 bool Actor::MayReadAll(const Node& node) const {
-    if (!MayRead(node) || (node.isFolder && !MayEnter(node))) return false;
+    const bool mustEnter = node.isFolder && !node.children.empty();
+    if (!MayRead(node) || (mustEnter && !MayEnter(node))) return false;
     return std::ranges::all_of(node.children,
                                [this](const auto& child) { return MayReadAll(*child); });
 }
@@ -121,7 +122,7 @@ bool AddLines(const Node& node, std::vector<std::string>& lines) {
     const std::size_t before = lines.size();
     bool isHolding = false;
     for (const auto& child : node.children) {
-        if (!node.isOpen) isHolding = AddLines(*child, lines) || isHolding;
+        isHolding = AddLines(*child, lines) || isHolding;
     }
     if (!node.isFolder) {
         lines.push_back(node.Path() + " " + mode + " " + node.content);

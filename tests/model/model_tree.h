@@ -15,7 +15,6 @@ struct Node {
     unsigned mode = 0644;
     bool isForeign = false; // another user's
     bool isOld = true;      // stood there before the action
-    bool isOpen = false;    // nothing is expected of what it holds
     Node* parent = nullptr;
     std::vector<std::unique_ptr<Node>> children;
 
@@ -60,8 +59,7 @@ struct Actor {
 // Four octal digits.
 std::string ModeText(unsigned mode);
 
-// One line for each file, and each folder that was there before or holds something; what stands in
-// an open folder is left out.
+// One line for each file, and each folder that was there before or holds something.
 std::vector<std::string> LinesOf(const Node& root);
 
 } // namespace tarvix::model

@@ -78,11 +78,9 @@ std::string Slurp(const fs::path& file) {
 
 struct Reader {
     std::set<std::string> withMode; // paths of folders
-    std::set<std::string> open;
     std::vector<std::string> lines;
 
     void NoteExpected(const Node& node) {
-        if (node.isFolder && node.isOpen) open.insert(node.Path());
         if (node.isFolder && node.isOld && node.parent != nullptr) withMode.insert(node.Path());
         for (const auto& child : node.children) {
             NoteExpected(*child);
@@ -106,7 +104,6 @@ bool Reader::Read(const fs::path& folder, const std::string& below) {
             isHolding = true;
             continue;
         }
-        if (open.contains(path)) continue;
         const bool holds = Read(entry.path(), path);
         if (withMode.contains(path)) {
             lines.push_back(path + "/ " + mode);

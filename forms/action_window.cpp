@@ -15,6 +15,7 @@
 #include "forms/window_place.h"
 #include "forms/wrapping_label.h"
 #include "results/selection.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 
 #include <QCoreApplication>
@@ -166,15 +167,7 @@ QWidget* ActionWindow::MakeRuler() {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     scrolled->setFixedHeight(ruler_->sizeHint().height() + bar + 2);
     scrolled->setFocusPolicy(Qt::NoFocus);
-    auto* note = new QLabel("Positions are counted in this form of the path; a click writes one "
-                            "into the rule.");
-    note->setForegroundRole(QPalette::PlaceholderText);
-    rulerPanel_ = new QWidget;
-    auto* column = new QVBoxLayout(rulerPanel_);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    column->addWidget(note);
-    column->addWidget(scrolled);
+    rulerPanel_ = scrolled;
     return rulerPanel_;
 }
 
@@ -278,7 +271,9 @@ void ActionWindow::Refresh() {
     ShowHints();
     ShowRuler();
     if (!gate_.IsBusy()) ShowExamples();
-    sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
+    const auto& form = session_.frmDialog;
+    sentence_->setText(Shown(actions::RequestSentence(
+        form, session::EntryShown(session_, form.cmbDir, form.cmbDir.Text.Get()))));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
 }
@@ -307,7 +302,7 @@ void ActionWindow::ShowExamples() {
     const auto examples = DestinationExamples(session_);
     for (std::size_t i = 0; i < examples.size(); ++i) {
         auto* label = findChild<QLabel*>(QString("lblExample(%1)").arg(i));
-        label->setText(Shown(examples[i]));
+        label->setText(ToQt(session_.Shown(examples[i])));
         const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
         label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
     }

@@ -13,6 +13,15 @@ namespace tarvix::cli {
 using session::PromptId;
 using session::PromptRole;
 
+namespace {
+
+// Who typed the command knows no routines.
+void TellPlainly(Host& host, const session::Prompt& prompt) {
+    Tell(host, prompt.plain.empty() ? prompt.text : prompt.plain);
+}
+
+} // namespace
+
 int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     const PromptRole role = session::FactsOf(prompt.id).role;
     if (role == PromptRole::kFirstRun) return FirstRunAnswers(inner_, host_).MsgBox(prompt);
@@ -20,7 +29,7 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     // What a start can't read is left alone, and the request doesn't depend on it.
     const bool isOfStart = !begun_ && role == PromptRole::kTryAgain && !inner_.HasQueued();
     if (isOfStart || session::ButtonsOf(prompt.style).size() == 1) {
-        Tell(host_, prompt.text);
+        TellPlainly(host_, prompt);
         return safe;
     }
     if (confirmed_ && role == PromptRole::kConfirmation) {
@@ -28,11 +37,11 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     }
     if (const auto known = messages_.find(prompt.id); known != messages_.end()) {
         if (known->second) return session::ButtonsOf(prompt.style).front();
-        Tell(host_, prompt.text);
+        TellPlainly(host_, prompt);
         return safe;
     }
     if (confirmed_ && role == PromptRole::kTryAgain && !inner_.HasQueued()) {
-        Tell(host_, prompt.text);
+        TellPlainly(host_, prompt);
         return safe;
     }
     return inner_.MsgBox(prompt);

@@ -17,6 +17,8 @@ namespace {
 constexpr int kMostNumber = 250; // that a mark takes
 constexpr int kEvery = 10;
 constexpr int kTick = 4; // pixels
+constexpr const char* kTip =
+    "A rule counts the characters of this form of the path. A click writes one into the rule.";
 } // namespace
 
 PathRuler::PathRuler(QWidget* parent) : QWidget(parent) {
@@ -24,6 +26,7 @@ PathRuler::PathRuler(QWidget* parent) : QWidget(parent) {
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setToolTip(kTip);
     setAccessibleName("Path of the first selected object, by characters");
 }
 

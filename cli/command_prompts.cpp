@@ -13,15 +13,6 @@ namespace tarvix::cli {
 using session::PromptId;
 using session::PromptRole;
 
-namespace {
-
-// Who typed the command knows no routines.
-void TellPlainly(Host& host, const session::Prompt& prompt) {
-    Tell(host, prompt.plain.empty() ? prompt.text : prompt.plain);
-}
-
-} // namespace
-
 int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     const PromptRole role = session::FactsOf(prompt.id).role;
     if (role == PromptRole::kFirstRun) return FirstRunAnswers(inner_, host_).MsgBox(prompt);
@@ -29,7 +20,7 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     // What a start can't read is left alone, and the request doesn't depend on it.
     const bool isOfStart = !begun_ && role == PromptRole::kTryAgain && !inner_.HasQueued();
     if (isOfStart || session::ButtonsOf(prompt.style).size() == 1) {
-        TellPlainly(host_, prompt);
+        Tell(host_, prompt.text);
         return safe;
     }
     if (confirmed_ && role == PromptRole::kConfirmation) {
@@ -37,11 +28,11 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     }
     if (const auto known = messages_.find(prompt.id); known != messages_.end()) {
         if (known->second) return session::ButtonsOf(prompt.style).front();
-        TellPlainly(host_, prompt);
+        Tell(host_, prompt.text);
         return safe;
     }
     if (confirmed_ && role == PromptRole::kTryAgain && !inner_.HasQueued()) {
-        TellPlainly(host_, prompt);
+        Tell(host_, prompt.text);
         return safe;
     }
     return inner_.MsgBox(prompt);

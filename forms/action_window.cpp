@@ -176,7 +176,8 @@ void ActionWindow::WriteMark(int number) {
     QLineEdit* edit = findChild<QComboBox*>("cmbDir")->lineEdit();
     const QString mark = QString("*%1*").arg(number);
     const int at = edit->cursorPosition();
-    binder_->Set(session_.frmDialog.cmbDir, edit->text().insert(at, mark));
+    edit->setText(edit->text().insert(at, mark)); // what was typed stays as it is
+    binder_->Set(session_.frmDialog.cmbDir, edit->text());
     edit->setCursorPosition(at + static_cast<int>(mark.size()));
 }
 

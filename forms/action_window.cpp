@@ -16,6 +16,7 @@
 #include "forms/wrapping_label.h"
 #include "generate/first_lines.h"
 #include "results/selection.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 
 #include <QCoreApplication>
@@ -171,15 +172,7 @@ QWidget* ActionWindow::MakeRuler() {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     scrolled->setFixedHeight(ruler_->sizeHint().height() + bar + 2);
     scrolled->setFocusPolicy(Qt::NoFocus);
-    auto* note = new QLabel("Positions are counted in this form of the path; a click writes one "
-                            "into the rule.");
-    note->setForegroundRole(QPalette::PlaceholderText);
-    rulerPanel_ = new QWidget;
-    auto* column = new QVBoxLayout(rulerPanel_);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    column->addWidget(note);
-    column->addWidget(scrolled);
+    rulerPanel_ = scrolled;
     return rulerPanel_;
 }
 
@@ -188,7 +181,8 @@ void ActionWindow::WriteMark(int number) {
     QLineEdit* edit = findChild<QComboBox*>("cmbDir")->lineEdit();
     const QString mark = QString("*%1*").arg(number);
     const int at = edit->cursorPosition();
-    binder_->Set(session_.frmDialog.cmbDir, edit->text().insert(at, mark));
+    edit->setText(edit->text().insert(at, mark)); // what was typed stays as it is
+    binder_->Set(session_.frmDialog.cmbDir, edit->text());
     edit->setCursorPosition(at + static_cast<int>(mark.size()));
 }
 
@@ -297,7 +291,9 @@ void ActionWindow::Refresh() {
     ShowRuler();
     if (!gate_.IsBusy()) ShowExamples();
     if (!gate_.IsBusy()) ShowFirstLines();
-    sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
+    const auto& form = session_.frmDialog;
+    sentence_->setText(Shown(actions::RequestSentence(
+        form, session::EntryShown(session_, form.cmbDir, form.cmbDir.Text.Get()))));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
 }
@@ -326,7 +322,7 @@ void ActionWindow::ShowExamples() {
     const auto examples = DestinationExamples(session_);
     for (std::size_t i = 0; i < examples.size(); ++i) {
         auto* label = findChild<QLabel*>(QString("lblExample(%1)").arg(i));
-        label->setText(Shown(examples[i]));
+        label->setText(ToQt(session_.Shown(examples[i])));
         const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
         label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
     }

@@ -108,7 +108,10 @@ Shower Binder::BindList(fields::ListBox& field, FieldListBox& list) {
         const std::string event = fmt::format("{}.{}_DblClick", form_.Name(), field.Name());
         gate_.Run(&field, [&] { session_.events.Raise(session_, event, {line}); });
     };
-    return ShowerOf(field, list);
+    const bool hasPaths = field.Name() == "lstMulti";
+    if (!hasPaths) return ShowerOf(field, list);
+    return ShowerOf(field, list,
+                    {.shown = [this](std::string_view path) { return session_.Shown(path); }});
 }
 
 Shower Binder::BindPicker(fields::DatePicker& field, QDateTimeEdit& picker) {

@@ -143,7 +143,7 @@ QWidget* MakeStatusBar(const fields::FrmSearch& form) {
     unread->setFlat(true);
     row->addWidget(unread);
     QPushButton* leftOut = Make(form.cmdLeftOut);
-    leftOut->setFlat(true);
+    leftOut->setIcon(QIcon::fromTheme("edit-find"));
     row->addWidget(leftOut);
     row->addWidget(MakeElided(form.lblCurrentFolder), 3);
     row->addWidget(MakeElided(form.lblSearchFor), 2);

@@ -59,7 +59,7 @@ QWidget* MakeBoxes(const fields::FrmSearch& form) {
     SetHint(*what, "*.mp3|*.flac    (empty: everything)");
     what->setAccessibleName("Search For");
     QComboBox* where = Make(form.cmbDir);
-    SetHint(*where, "Folders separated by |, as C:\\home\\ann or /home/ann");
+    SetHint(*where, "Folders separated by |, as /home/ann/Music or ~/Music");
     where->setAccessibleName("Search Location(s)");
     grid->addWidget(LabelFor("Search For", what), 0, 0);
     grid->addWidget(what, 0, 1);

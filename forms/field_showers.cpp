@@ -34,10 +34,10 @@ void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items, cons
     box.setCurrentIndex(-1);
 }
 
-void FillLines(QListWidget& list, const std::vector<std::string>& lines) {
+void FillLines(QListWidget& list, const std::vector<std::string>& lines, const PathText& paths) {
     list.clear();
     for (const std::string& line : lines) {
-        list.addItem(Shown(line));
+        list.addItem(paths.shown ? ToQt(paths.shown(line)) : Shown(line));
     }
 }
 
@@ -106,11 +106,11 @@ Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit) {
     };
 }
 
-Shower ShowerOf(const fields::ListBox& field, FieldListBox& list) {
-    return [&field, &list, shown = std::vector<std::string>()]() mutable {
+Shower ShowerOf(const fields::ListBox& field, FieldListBox& list, PathText paths) {
+    return [&field, &list, paths = std::move(paths), shown = std::vector<std::string>()]() mutable {
         if (shown != field.Items()) {
             shown = field.Items();
-            FillLines(list, shown);
+            FillLines(list, shown, paths);
         }
         for (int i = 0; i < list.count(); ++i) {
             list.item(i)->setSelected(field.IsSelected(static_cast<std::size_t>(i)));

@@ -38,7 +38,7 @@ Shower ShowerOf(const fields::CheckBox& field, QCheckBox& box);
 Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button);
 Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths = {});
 Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit);
-Shower ShowerOf(const fields::ListBox& field, FieldListBox& list);
+Shower ShowerOf(const fields::ListBox& field, FieldListBox& list, PathText paths = {});
 Shower ShowerOf(const fields::DatePicker& field, QDateTimeEdit& picker);
 Shower ShowerOf(const fields::ProgressBar& field, QProgressBar& bar);
 

@@ -12,6 +12,7 @@
 #include <QSplitter>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include <array>
@@ -22,6 +23,7 @@ namespace {
 
 constexpr QSize kFirstSize(860, 640);
 constexpr int kListWidth = 190;
+constexpr int kCellPadding = 4;
 constexpr int kFileRole = Qt::UserRole;
 
 // In the order of reading.
@@ -41,6 +43,18 @@ QString TextOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return QObject::tr("%1 can't be read.").arg(path);
     return QString::fromUtf8(file.readAll());
+}
+
+void LayOutTables(QTextDocument& document) {
+    for (QTextFrame* frame : document.rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (table == nullptr) continue;
+        QTextTableFormat format = table->format();
+        format.setCellPadding(kCellPadding);
+        format.setCellSpacing(0);
+        format.setBorder(0);
+        table->setFormat(format);
+    }
 }
 
 } // namespace
@@ -122,6 +136,7 @@ void HelpWindow::ShowPage(const QString& file) {
 void HelpWindow::Open(int page) {
     if (page < 0) return;
     text_->setMarkdown(TextOf(pages_->item(page)->data(kFileRole).toString()));
+    LayOutTables(*text_->document());
 }
 
 bool HelpWindow::FindInPage(bool isBackward, bool fromEdge) {

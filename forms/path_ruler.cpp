@@ -10,13 +10,17 @@
 #include <QScrollArea>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tarvix::forms {
 
 namespace {
 constexpr int kMostNumber = 250; // that a mark takes
 constexpr int kEvery = 10;
+constexpr int kRoom = 3; // cells that a number needs
 constexpr int kTick = 4; // pixels
+constexpr const char* kTip =
+    "A rule counts the characters of this form of the path. A click writes one into the rule.";
 } // namespace
 
 PathRuler::PathRuler(QWidget* parent) : QWidget(parent) {
@@ -24,6 +28,7 @@ PathRuler::PathRuler(QWidget* parent) : QWidget(parent) {
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setToolTip(kTip);
     setAccessibleName("Path of the first selected object, by characters");
 }
 
@@ -71,7 +76,8 @@ void PathRuler::paintEvent(QPaintEvent*) {
         const bool isTenth = number % kEvery == 0 || number == 1;
         const int middle = box.center().x();
         painter.drawLine(middle, box.bottom() + 1, middle, box.bottom() + (isTenth ? kTick : 2));
-        if (!isTenth && number != current_) continue;
+        const bool isBesideCurrent = current_ != 0 && std::abs(number - current_) <= kRoom;
+        if (number != current_ && (!isTenth || isBesideCurrent)) continue;
         if (number == current_) painter.setPen(palette().color(QPalette::WindowText));
         const QRect under(middle - 2 * cell, box.bottom() + kTick, 4 * cell, line);
         painter.drawText(under, Qt::AlignHCenter | Qt::AlignTop, QString::number(number));

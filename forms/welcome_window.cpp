@@ -25,6 +25,7 @@ WelcomeWindow::WelcomeWindow(session::Session& session, EventGate& gate, QWidget
     column->setSpacing(14);
     auto* picture = new QLabel;
     picture->setPixmap(QApplication::windowIcon().pixmap(kIcon, kIcon));
+    picture->setHidden(QApplication::windowIcon().isNull());
     auto* title = new QLabel("Tarvix");
     QFont font = title->font();
     font.setPointSizeF(font.pointSizeF() * 1.6);

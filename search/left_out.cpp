@@ -45,7 +45,7 @@ std::string Counted(std::int64_t count, std::size_t which) {
 
 void cmdLeftOut_Click(Session& session) {
     auto& form = session.frmSearch;
-    const LeftOut leftOut = session.state.leftOut;
+    const LeftOut& leftOut = session.state.leftOut;
     for (std::size_t i = 0; i < kAttributeBoxes; ++i) {
         if (leftOut.byBox[i] > 0) form.attributeBoxes[i]->Value = 2;
     }

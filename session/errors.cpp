@@ -88,11 +88,11 @@ int Decide(const ErrorRule& rule, int answer, std::string_view object) {
     return rule.unread != 0 && object == kUnreadObject ? rule.unread : rule.recovery;
 }
 
-// What a window leads with; its buttons ask whether to try again.
+// What a window leads with; Yes and No need a question, Retry and Cancel are one.
 std::string PlainQuestion(const Session& session, const ErrorRule& rule,
                           const ErrorContext& context) {
     std::string plain = PlainText(session, context, session.state.strErrDesc);
-    if (ButtonsOf(FactsOf(rule.prompt).style).size() > 1) {
+    if (ButtonsOf(FactsOf(rule.prompt).style).front() == kYes) {
         plain += "\r\n\r\nWould you like to try again?";
     }
     return plain;

@@ -12,21 +12,22 @@ namespace tarvix::session {
 
 namespace {
 
-// What a routine was to do to its object; `namesPlace` where the destination belongs to it.
+// What a routine was to do to its object; `toPlace` leads to the destination where it belongs to
+// it.
 struct Work {
     std::string_view routine;
     std::string_view failed;
-    bool namesPlace = false;
+    std::string_view toPlace = {};
 };
 
 constexpr std::array kWorks{
-    Work{"CopyObject", "could not be copied", true},
-    Work{"MoveObject", "could not be moved", true},
-    Work{"PlaceObject", "could not be put in its new place", true},
-    Work{"RefusesOverlap", "could not be compared with what stands at its new place", true},
+    Work{"CopyObject", "could not be copied", " to"},
+    Work{"MoveObject", "could not be moved", " to"},
+    Work{"PlaceObject", "could not be put in its new place", ":"},
+    Work{"RefusesOverlap", "could not be compared with what stands at its new place", ":"},
     Work{"ComputeDestination", "got no new place"},
     Work{"SpecialRuleConvert", "got no new place by the Special Rule"},
-    Work{"RenameOnly", "could not be renamed", true},
+    Work{"RenameOnly", "could not be renamed", " as"},
     Work{"OverrideRecycleFailure", "could not be deleted"},
     Work{"OverrideRecycleFailureEntry", "could not be deleted"},
     Work{"CheckSystemHidden", "could not be looked at, so it was left alone"},
@@ -67,8 +68,8 @@ std::string PlainText(const Session& session, const ErrorContext& context,
     const Work& work = WorkOf(context.routine);
     const std::string object = session.Shown(ObjectOf(context));
     std::string text = fmt::format("{} {}", object.empty() ? "Something" : object, work.failed);
-    if (work.namesPlace && !context.searchOrDestination.empty()) {
-        text += fmt::format(":\r\n{}", session.Shown(context.searchOrDestination));
+    if (!work.toPlace.empty() && !context.searchOrDestination.empty()) {
+        text += fmt::format("{}\r\n{}", work.toPlace, session.Shown(context.searchOrDestination));
     } else {
         text += ".";
     }

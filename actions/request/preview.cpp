@@ -255,8 +255,8 @@ void cmdPreview_Click(Session& session) {
     form.rows.clear();
     form.rows.reserve(result.entries.size());
     for (const PreviewEntry& entry : result.entries) {
-        form.rows.push_back(
-            {session.selection->strSelPath[entry.index], entry.strNewPath, VerdictText(entry)});
+        form.rows.push_back({session.Shown(session.selection->strSelPath[entry.index]),
+                             session.Shown(entry.strNewPath), VerdictText(entry)});
     }
     form.lblMain.Caption = Summary(result);
     form.Focus = &form.cmdOK;

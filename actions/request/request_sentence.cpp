@@ -42,8 +42,7 @@ std::string Renaming(const fields::FrmDialog& form) {
                        all ? "wherever it stands in a name" : "where it stands first in a name");
 }
 
-std::string Where(const fields::FrmDialog& form) {
-    const std::string& place = form.cmbDir.Text;
+std::string Where(const fields::FrmDialog& form, const std::string& place) {
     const std::size_t lists = form.lstMulti.Items().size();
     switch (form.optTo.Chosen()) {
     case 1:
@@ -75,11 +74,11 @@ std::string_view Duplicates(const fields::FrmDialog& form) {
 
 } // namespace
 
-std::string RequestSentence(const fields::FrmDialog& form) {
+std::string RequestSentence(const fields::FrmDialog& form, const std::string& place) {
     const std::string what = text::Replace(form.OKButton.Caption.Get(), "&", "");
     if (form.fraRenameOnly.Visible) return what + Renaming(form);
     if (!form.cmbDir.Visible && !form.optTo[0].Visible && !form.optTo[2].Visible) return what + ".";
-    return fmt::format("{}{}{}.{}", what, Where(form), Structure(form), Duplicates(form));
+    return fmt::format("{}{}{}.{}", what, Where(form, place), Structure(form), Duplicates(form));
 }
 
 } // namespace tarvix::actions

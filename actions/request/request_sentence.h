@@ -6,7 +6,8 @@
 
 namespace tarvix::actions {
 
-// What the action window is about to do, told in one or two sentences. Paths stand in drive form.
-std::string RequestSentence(const fields::FrmDialog& form);
+// What the action window is about to do, told in one or two sentences. `place` is its destination
+// as people read it.
+std::string RequestSentence(const fields::FrmDialog& form, const std::string& place);
 
 } // namespace tarvix::actions

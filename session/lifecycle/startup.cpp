@@ -1,5 +1,7 @@
 #include "session/lifecycle/startup.h"
 
+#include "platform/environment.h"
+#include "platform/file_system.h"
 #include "platform/registry.h"
 #include "session/errors.h"
 #include "session/lifecycle/data_folder.h"
@@ -96,6 +98,19 @@ void SetVisibleDefaults(Session& session) {
     if (session.platform.traits.hasNativePaths) NameAttributes(form);
 }
 
+// In a window the first location stands as the folder that it is, or the home folder where there is
+// none; a script reads it as the options have it.
+void ShowFirstLocation(Session& session) {
+    auto& box = session.frmSearch.cmbDir.Text;
+    const bool isVariable = box.Get().find('%') != box.Get().npos;
+    const bool showsNative = session.state.platformSettings.showsNative;
+    if (!isVariable || !showsNative || !session.prompts.PrefersForms()) return;
+    const auto& environment = session.platform.environment;
+    const std::string folder = platform::ExpandVariables(environment, box.Get());
+    const bool isThere = platform::GetFolder(session.files(), folder).has_value();
+    box = isThere ? folder : environment.Get("UserProfile").value_or("");
+}
+
 void FillCriteria(Session& session) {
     auto& form = session.frmSearch;
     form.cboSize.AddItem("At Least", 4);
@@ -178,6 +193,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     session.frmSearch.lblStatus.Caption = "";
     if (!ReadHistories(session)) return;
     Raise(session, kListDefaultFolders);
+    ShowFirstLocation(session);
     PreloadDialog(session);
     if (session.state.blnEnded) return;
     session.frmSearch.Show();

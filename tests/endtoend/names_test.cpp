@@ -1,11 +1,10 @@
 // Every name that a disk can hold, through every front, byte for byte.
+#include "tests/endtoend/random_names.h"
 #include "tests/endtoend/trees.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <map>
-#include <random>
 
 namespace tarvix::endtoend {
 namespace {
@@ -37,30 +36,9 @@ class NamesTest : public Trees {
     }
 };
 
-// Any bytes but "/" and NUL, more often those that mean something somewhere. The number makes sure
-// that no two names are equal but for case.
-std::string RandomName(std::mt19937_64& random, int number) {
-    constexpr std::string_view kOften =
-        " ..\\:*?\"<>|\n\r\t\x1B\x7F\x80\x81\xBF\xC3\xA4\xE9\xEF\xF0\xFF#[]!~%&-$'";
-    const auto piece = [&] {
-        std::string text;
-        for (std::size_t i = random() % 9; i > 0; --i) {
-            const char c =
-                random() % 3 != 0 ? kOften[random() % kOften.size()] : static_cast<char>(random());
-            if (c != '/' && c != '\0' && c != '_') text += c;
-        }
-        return text;
-    };
-    std::string name = piece();
-    name.append("_").append(std::to_string(number)).append("_").append(piece());
-    if (name.starts_with('.')) name.front() = 'h'; // hidden objects are asked about
-    if (random() % 64 == 0) name.resize(255, '\xFE');
-    return name;
-}
-
 TEST_F(NamesTest, AnyNameIsFoundCopiedMovedRenamedRecycledAndRestored) {
-    const int count = std::getenv("TARVIX_NIGHTLY") != nullptr ? 10'000 : 400;
-    std::mt19937_64 random(std::getenv("TARVIX_NIGHTLY") != nullptr ? std::random_device()() : 11);
+    const int count = IsNightly() ? 10'000 : 400;
+    std::mt19937_64 random = NamesRandom();
     Contents made;
     AddFolder("from");
     for (int i = 0; i < count; ++i) {

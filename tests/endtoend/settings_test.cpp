@@ -198,6 +198,35 @@ TEST_F(SettingsTest, WhatPeopleReadHasNativePaths) {
     EXPECT_THAT(histories, HasSubstr("C:\\"));
 }
 
+TEST_F(SettingsTest, AQuestionSpeaksOfTheTrashOrAsTold) {
+    AddFile("d/a.tmp");
+    const Outcome here = Run({"delete", "*.tmp", "--in", "d"});
+    EXPECT_EQ(here.exitCode, 3);
+    EXPECT_THAT(here.err, HasSubstr("send all selected objects to the trash?"));
+    EXPECT_THAT(here.err, Not(HasSubstr("recycle bin")));
+    Option("PathForm", "drive");
+    const Outcome told = Run({"delete", "*.tmp", "--in", "d"});
+    EXPECT_EQ(told.exitCode, 3);
+    EXPECT_THAT(told.err, HasSubstr("Are you sure you want delete all selected objects?"));
+    EXPECT_THAT(told.err, HasSubstr("they will NOT be placed in the recycle bin"));
+    EXPECT_TRUE(fs::exists(Root() / "d/a.tmp"));
+}
+
+TEST_F(SettingsTest, WhatTheBoxesLeftOutIsCountedAndTold) {
+    AddFile("d/a.txt");
+    AddFile("d/.b.txt");
+    AddFile("d/.c.txt");
+    fs::create_symlink("a.txt", Root() / "d/l.txt");
+    const Outcome some = Run({"search", "*.txt", "--in", "d"});
+    EXPECT_EQ(some.exitCode, 0);
+    EXPECT_EQ(Shown(some.out), "ROOT/d/a.txt\n");
+    EXPECT_EQ(some.err,
+              "tarvix-cli: Left out: 2 hidden, 1 link. --any-attribute finds them too.\n");
+    const Outcome all = Run({"search", "*.txt", "--in", "d", "--any-attribute"});
+    EXPECT_EQ(all.err, "");
+    EXPECT_EQ(std::ranges::count(all.out, '\n'), 4);
+}
+
 TEST_F(SettingsTest, InDriveFormPeopleReadDrivePaths) {
     MakeBasic();
     Option("PathForm", "drive");

@@ -273,6 +273,29 @@ TEST_F(ActionWindowTest, NothingIsCutOnASmallScreen) {
     }
 }
 
+TEST_F(ActionWindowTest, ARulerOfTheFirstPathWritesPositionsIntoARule) {
+    InWindow("cmdCopySelected", [this](QWidget& modal) {
+        auto* ruler = In<QWidget>(modal, "PathRuler");
+        EXPECT_FALSE(ruler->isVisible());
+        In<QAbstractButton>(modal, "optTo(3)")->click();
+        EXPECT_TRUE(ruler->isVisible());
+        auto* edit = In<QComboBox>(modal, "cmbDir")->lineEdit();
+        edit->clear();
+        QTest::keyClicks(edit, "E:\\x\\");
+        ruler->setFocus();
+        for (int i = 0; i < 12; ++i)
+            QTest::keyClick(ruler, Qt::Key_Right);
+        QTest::keyClick(ruler, Qt::Key_Return);
+        EXPECT_EQ(S().frmDialog.cmbDir.Text.Get(), "E:\\x\\*12*");
+        EXPECT_EQ(ruler->accessibleDescription(), "12: \\");
+        QTest::keyClick(ruler, Qt::Key_Home);
+        QTest::keyClick(ruler, Qt::Key_Space);
+        EXPECT_EQ(S().frmDialog.cmbDir.Text.Get(), "E:\\x\\*12**1*");
+        In<QAbstractButton>(modal, "optTo(0)")->click();
+        EXPECT_FALSE(ruler->isVisible());
+    });
+}
+
 TEST_F(ActionWindowTest, TabGoesFromTheDestinationToTheButtons) {
     InWindow("cmdCopySelected", [this](QWidget& modal) {
         QStringList passed;

@@ -2,6 +2,7 @@
 #include "tests/forms/window_fixture.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
 #include <QLineEdit>
@@ -65,6 +66,30 @@ TEST_F(MemoryTest, ThePlaceOfTheWindowIsKeptWhenItCloses) {
     EXPECT_EQ(place.width, 820);
     EXPECT_EQ(place.height, 560);
     EXPECT_FALSE(place.isMaximized);
+}
+
+class BoxMemoryTest : public WindowFixture {
+  protected:
+    void SetUp() override {
+        machine.disk.AddFile(machine.environment.programFolder + "\\TXPlatform.txt",
+                             "FastSort = on\r\nSubfolders = on\r\n*EOF");
+        WindowFixture::SetUp();
+    }
+};
+
+TEST_F(BoxMemoryTest, FastSortAndSubfoldersStandAsTheWindowWasLeft) {
+    EXPECT_EQ(Form().chkFastSort.Value, 1);
+    EXPECT_EQ(Form().chkIncludeSubFolders.Value, 1);
+    Find<QCheckBox>("chkFastSort")->click();
+    window->close();
+    const auto& settings = S().state.platformSettings;
+    EXPECT_EQ(settings.sortsFast, false);
+    EXPECT_EQ(settings.searchesSubfolders, true);
+}
+
+TEST_F(MemoryTest, BoxesThatWereNeverLeftStandAsAtFirst) {
+    EXPECT_EQ(Form().chkFastSort.Value, 0);
+    EXPECT_FALSE(S().state.platformSettings.sortsFast);
 }
 
 TEST_F(MemoryTest, TheActionWindowOpensAsWideAsItWas) {

@@ -66,6 +66,29 @@ TEST_F(PromptTest, AMessageIsPlainTextInLines) {
     S().MsgBox(PromptId::kNothingSelected, "<b>one</b>\r\ntwo");
 }
 
+TEST_F(PromptTest, APlainSentenceLeadsAndWhatWasToldStandsUnderDetails) {
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(), "a.mp3 could not be copied.");
+        auto* details = modal.findChild<QLabel*>("lblDetails");
+        EXPECT_EQ(details->text(), "CopyObject has not proceeded as expected.");
+        EXPECT_FALSE(details->isVisible());
+        modal.findChild<QPushButton*>("btnDetails")->click();
+        EXPECT_TRUE(details->isVisible());
+        EXPECT_EQ(modal.windowTitle(), "Something Went Wrong");
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    S().MsgBox(PromptId::kUnexpectedError, "CopyObject has not proceeded as expected.",
+               "a.mp3 could not be copied.");
+}
+
+TEST_F(PromptTest, AMessageWithoutAPlainSentenceHasNoDetails) {
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnDetails"), nullptr);
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    S().MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
+}
+
 TEST_F(PromptTest, AMessageOfAThousandLinesFitsTheScreenAndScrolls) {
     std::string text;
     for (int i = 0; i < 1000; ++i) {

@@ -85,6 +85,17 @@ TEST_F(Welcome, IsOneWindowThatSpeaksOfThisMachine) {
     EXPECT_EQ(Disk().Content(kHistory), "");
 }
 
+TEST_F(Welcome, TheFirstLocationIsAFolderThatStandsHere) {
+    windows.Queue("Start");
+    app::Program first(machine.platform, windows);
+    first.Start("");
+    EXPECT_EQ(first.Session().frmSearch.cmbDir.Text.Get(), "C:\\home\\ann\\Documents");
+    Disk().Node("C:\\home\\ann\\Documents")->Detach();
+    app::Program second(machine.platform, windows);
+    second.Start("");
+    EXPECT_EQ(second.Session().frmSearch.cmbDir.Text.Get(), "C:\\home\\ann");
+}
+
 TEST_F(Welcome, OpensTheGuideForWhoWantsToReadIt) {
     Answer("Read the guide");
     EXPECT_EQ(machine.launcher.opened,

@@ -70,7 +70,7 @@ TEST_F(Words, PlainTextLeadsWithTheObjectAndWhatCouldNotBeDone) {
                          .path = "C:\\m\\a.mp3",
                          .searchOrDestination = "C:\\bk\\a.mp3"},
                         "There is no space left."),
-              "/m/a.mp3 could not be copied:\r\n/bk/a.mp3\r\n\r\nThere is no space left.");
+              "/m/a.mp3 could not be copied to\r\n/bk/a.mp3\r\n\r\nThere is no space left.");
     EXPECT_EQ(PlainText(session,
                         {.routine = "FindFilesInSubFolders",
                          .object = kUnreadObject,

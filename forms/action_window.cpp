@@ -251,7 +251,10 @@ void ActionWindow::Refresh() {
     ShowHints();
     if (!gate_.IsBusy()) ShowExamples();
     if (!gate_.IsBusy()) ShowFirstLines();
-    sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
+    const bool hasChoices = where_->isVisibleTo(this) || session_.frmDialog.fraDuplicates.Visible ||
+                            session_.frmDialog.fraRenameOnly.Visible;
+    sentence_->setVisible(hasChoices);
+    if (hasChoices) sentence_->setText(Shown(actions::RequestSentence(session_.frmDialog)));
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
 }

@@ -229,6 +229,40 @@ TEST_F(PlaylistMode, AddressesOnTheNetAreCountedAndLeftOut) {
     EXPECT_EQ(Form().lblStatus.Caption.Get(), "1 address on the net is not listed.");
 }
 
+TEST_F(PlaylistMode, ForeignBytesAreReadAsWhatTheyMayBe) {
+    Disk().AddFile("C:\\t\\caf\u00e9.mp3", "x");
+    Load("caf\xE9.mp3\n");
+    EXPECT_THAT(Names(), ElementsAre("", "caf\u00e9.mp3"));
+    EXPECT_NE(Cells(results::kSize)[1], "");
+    Load(std::string("\xEF\xBB\xBF/m/Song.mp3\n") + std::string("a\0b\n", 4) + "C:\n\\\\\n/\n~\n");
+    EXPECT_EQ(Names()[1], "Song.mp3");
+    EXPECT_EQ(S().rows->Count(), 12U);
+    Select({3, 5, 7});
+    Edit();
+    EXPECT_THAT(machine.bin.Paths(), IsEmpty());
+}
+
+TEST_F(PlaylistMode, AListThatEndsInTheMiddleOfALineIsReadUpToThere) {
+    const std::string whole = List();
+    for (std::size_t length = 0; length <= whole.size(); length += 7) {
+        Load(whole.substr(0, length));
+        for (std::size_t i = 0; i < S().rows->Count(); ++i) {
+            EXPECT_TRUE(S().rows->At(i).IsSpacer() || !S().rows->FullPath(i).empty()) << length;
+        }
+    }
+}
+
+TEST_F(PlaylistMode, AListTooLongForTheRowsIsCutAndTold) {
+    std::string lines;
+    for (int i = 0; i < 125'001; ++i) {
+        lines += std::to_string(i) + ".mp3\n";
+    }
+    Load(lines);
+    EXPECT_EQ(S().rows->Count(), 250'000U);
+    EXPECT_EQ(Form().lblStatus.Caption.Get(), "The list takes no more than 250,000 rows; the rest "
+                                              "of the playlist is not listed.");
+}
+
 TEST_F(PlaylistMode, ShowsItsBannerAndHidesTheSearchsOwnThings) {
     Find();
     Load(List());

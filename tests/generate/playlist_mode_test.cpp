@@ -1,4 +1,5 @@
 #include "generate/playlist_lines.h"
+#include "generate/playlist_load.h"
 #include "generate/playlist_plan.h"
 #include "results/result_list.h"
 #include "tests/generate/generate_fixture.h"
@@ -252,15 +253,15 @@ TEST_F(PlaylistMode, AListThatEndsInTheMiddleOfALineIsReadUpToThere) {
     }
 }
 
-TEST_F(PlaylistMode, AListTooLongForTheRowsIsCutAndTold) {
-    std::string lines;
-    for (int i = 0; i < 125'001; ++i) {
-        lines += std::to_string(i) + ".mp3\n";
+TEST_F(PlaylistMode, AListTooLongForTheRowsIsCut) {
+    Begin();
+    for (int i = 0; i < 249'997; ++i) {
+        S().rows->Add({}, "");
     }
-    Load(lines);
-    EXPECT_EQ(S().rows->Count(), 250'000U);
-    EXPECT_EQ(Form().lblStatus.Caption.Get(), "The list takes no more than 250,000 rows; the rest "
-                                              "of the playlist is not listed.");
+    Disk().AddFile("C:\\t\\p.m3u", "/m/Song.mp3\n/t/1987-043 Other.mp3\n");
+    const auto load = generate::OpenPlayListFile(S(), "C:\\t\\p.m3u", "C:\\t");
+    EXPECT_TRUE(load.isCut);
+    EXPECT_EQ(S().rows->Count(), 249'999U);
 }
 
 TEST_F(PlaylistMode, ShowsItsBannerAndHidesTheSearchsOwnThings) {

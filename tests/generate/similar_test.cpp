@@ -140,6 +140,17 @@ TEST_F(SimilarComments, OfATooLongPathAreAskedAboutInDriveForm) {
     EXPECT_TRUE(WasTold("was about to be added as a possible duplicate to the playlist."));
 }
 
+TEST_F(SimilarComments, NeverStandInAMultiplePathList) {
+    Disk().AddFileOfSize("C:\\t\\Beat It.mp3", 100);
+    Disk().AddFileOfSize("C:\\m\\Beat It.mp3", 100);
+    Find();
+    const auto withSimilar = [this](fields::FrmDialog& form) { Set(form.chkFindSimilar, "1"); };
+    EXPECT_EQ(Write(Form().mnuPathNamesMPL, "C:\\d\\p.mpl", {"OK"}, withSimilar),
+              "/t/Beat It.mp3\r\n*EOF\r\n");
+    EXPECT_EQ(Write(Form().mnuPathNamesTxt, "C:\\d\\q.mpl", {"OK"}, withSimilar),
+              "/t/Beat It.mp3\r\n*EOF\r\n");
+}
+
 TEST_F(SimilarComments, LeaveTheTrashOut) {
     Disk().AddFileOfSize("C:\\t\\Beat It.mp3", 100);
     Disk().AddFileOfSize("C:\\$Recycle.Bin\\Beat It.mp3", 100);

@@ -10,6 +10,7 @@ help:
 	@echo 'make nightly   the random tests, with many more rounds'
 	@echo 'make sanitize  all tests with address and undefined behaviour checks'
 	@echo 'make bench     time it beside its peers (ONLY="copy move" for some jobs)'
+	@echo 'make readers   have players, parsers and a browser read written playlists and pages'
 	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
 	@echo 'make lint      layers, format, warnings of clang, clang-tidy'
 	@echo 'make format    format all sources'
@@ -56,6 +57,9 @@ bench: setup-developer
 	@cmake --build build -j $(JOBS)
 	@bench/run build $(ONLY)
 
+readers: setup-developer build
+	@tools/check-lists build
+
 SECONDS ?= 60
 fuzz: setup-developer
 	@cmake --preset fuzz >/dev/null
@@ -75,4 +79,4 @@ package: build
 clean:
 	@rm -rf build build-*
 
-.PHONY: help setup setup-developer build run test nightly sanitize headless bench fuzz lint format package clean
+.PHONY: help setup setup-developer build run test nightly sanitize headless bench readers fuzz lint format package clean

@@ -49,8 +49,8 @@ int Finding::ActOnAll(session::Session& session, int searchCode, fields::Control
                       std::string_view done, bool isRehearsal,
                       const std::function<int(std::int64_t)>& after) {
     if (session.state.blnStopClicked || host_.interrupted() != 0) {
-        Complain(host_,
-                 fmt::format("The search was cut short, so nothing was {}.", text::Lower(done)));
+        const std::string participle = done == "Wrote" ? "written" : text::Lower(done);
+        Complain(host_, fmt::format("The search was cut short, so nothing was {}.", participle));
         return kSomeFailed;
     }
     if (session.rows->Count() == 0) {

@@ -292,8 +292,13 @@ void ActionWindow::Refresh() {
     if (!gate_.IsBusy()) ShowExamples();
     if (!gate_.IsBusy()) ShowFirstLines();
     const auto& form = session_.frmDialog;
-    sentence_->setText(Shown(actions::RequestSentence(
-        form, session::EntryShown(session_, form.cmbDir, form.cmbDir.Text.Get()))));
+    const bool hasChoices =
+        where_->isVisibleTo(this) || form.fraDuplicates.Visible || form.fraRenameOnly.Visible;
+    sentence_->setVisible(hasChoices);
+    if (hasChoices) {
+        sentence_->setText(Shown(actions::RequestSentence(
+            form, session::EntryShown(session_, form.cmbDir, form.cmbDir.Text.Get()))));
+    }
     bytes_->setVisible(session_.frmDialog.prgBytes.Visible && session_.frmDialog.prgBytes.Max > 0);
     Grow();
 }

@@ -58,6 +58,12 @@ constexpr std::array<ButtonEntry, 14> kButtons{
      {"Actions", "cmdDeleteSelected", "Del", "user-trash"},
      {"Actions", "cmdEditTargets", "", ""}}};
 
+// Captions that go on from the title of their menu: "Write the Selection", "as a ...".
+constexpr const char* kWriteTitle = "&Write the Selection";
+constexpr std::array<std::string_view, 7> kWriteEntries{
+    "mnuNamesTxt",     "mnuPathNamesTxt",      "mnuPathNamesMPL",    "mnuNamesM3u",
+    "mnuPathNamesM3u", "mnuTools_TargetPaths", "mnuTools_CreateHtml"};
+
 // Entries that stand in the menu bar itself.
 constexpr std::array<std::string_view, 2> kBarEntries{"mnuPlayListWarning", "mnuShortcutsWarning"};
 
@@ -96,9 +102,17 @@ MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) 
         action->setShortcut(QKeySequence(entry.key));
         if (entry.icon[0] != '\0') action->setIcon(QIcon::fromTheme(entry.icon));
     }
+    QMenu* write = MenuFor("Actions")->addMenu(kWriteTitle);
+    for (const std::string_view name : kWriteEntries) {
+        AddField(*write, window, name);
+    }
     for (const fields::Control* control : form.Controls()) {
+        const auto isOf = [control](const auto& names) {
+            return std::ranges::find(names, control->Name()) != names.end();
+        };
+        if (isOf(kWriteEntries)) continue;
         if (control->Kind() != fields::ControlKind::kMenuEntry || IsTop(control->Name())) continue;
-        if (std::ranges::find(kBarEntries, control->Name()) != kBarEntries.end()) {
+        if (isOf(kBarEntries)) {
             AddToBar(window, control->Name());
             continue;
         }

@@ -11,9 +11,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tarvix;
     if (size == 0) return 0;
-    fuzz::Fixture fixture;
+    static fuzz::Fixture fixture; // most of the time would go into making it
     auto& session = fixture.session;
-    results::ResultList rows;
+    static results::ResultList rows;
+    rows.Clear();
     session.rows = &rows;
     session.state.platformSettings.listsAreNative = (data[0] & 1) != 0;
     fixture.machine.disk.AddFile("C:\\m\\Song.mp3", "x");

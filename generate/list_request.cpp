@@ -81,7 +81,9 @@ void ReadPlaylist(const Session& session, bool isAutomated, ListRequest& request
     request.isPlaylist = isAutomated || isKind;
     request.isRelative = isKind && form.chkRelative.Value == 1;
     request.addsComments = request.isPlaylist && form.chkComments.Value == 1;
-    request.findsSimilar = isNamesOrPaths && !isAutomated && form.chkFindSimilar.Value == 1;
+    // What reads a list of paths would take each comment for one.
+    request.findsSimilar =
+        isNamesOrPaths && !isAutomated && !request.isPathList && form.chkFindSimilar.Value == 1;
     request.strSearchFor = session.frmSearch.cmbSearchFor.Text;
     request.deviation = ReadDigits(form.txtDeviation.Text.Get()).value_or(0);
 }

@@ -112,6 +112,7 @@ void Load(Session& session) {
         OpenPlayListFile(session, path, std::string(text::GetParentFolderName(path)));
     session.frmSearch.lblStatus.Caption = LeftOut(load);
     results::BuildFileArray(session);
+    session.frmSearch.Focus = &session.frmSearch.lstMain;
 }
 
 } // namespace

@@ -57,6 +57,16 @@ TEST_F(ListCommandTest, ReplacesAFileOnlyWithYes) {
     EXPECT_EQ(Disk().Content("C:\\tmp\\list.txt"), "a.mp3\r\nb.mp3\r\n");
 }
 
+TEST_F(ListCommandTest, ASearchThatWasCutShortWritesNothing) {
+    machine.faults.BeforeCall("Open", 2, [this] {
+        interrupted = 15;
+        machine.clock.SetStep(20'000'000);
+    });
+    EXPECT_EQ(List({"--to", "/tmp/list.txt"}), 143);
+    EXPECT_THAT(Err(), HasSubstr("cut short, so nothing was written."));
+    EXPECT_FALSE(Disk().Exists("C:\\tmp\\list.txt"));
+}
+
 TEST_F(ListCommandTest, ASecondFileThatStandsTakesYesToo) {
     Disk().AddFile("C:\\tmp\\list Extra Path Only.txt", "old");
     EXPECT_EQ(List({"--to", "/tmp/list.txt"}), kUnanswered);

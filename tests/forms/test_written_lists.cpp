@@ -107,11 +107,11 @@ TEST_F(WrittenListsTest, AnActionThatWritesNoListShowsNone) {
 
 class NumbersWindowTest : public WrittenListsTest {
   protected:
-    // Passes the action window over, which is in front between the question and the numbers.
-    void OnNumbers(std::function<void(QWidget&)> act) {
+    // Passes the action window over, which is in front between two prompts.
+    void OnPrompt(std::function<void(QWidget&)> act) {
         OnModal([this, act = std::move(act)](QWidget& shown) {
-            if (shown.objectName() == "frmNumbers") return act(shown);
-            OnNumbers(act);
+            if (shown.objectName() != "frmDialog") return act(shown);
+            OnPrompt(act);
         });
     }
     // Goes on to the numbers, with C:\n.txt as the file.
@@ -123,10 +123,10 @@ class NumbersWindowTest : public WrittenListsTest {
             QTest::keyClicks(box, "C:\\n.txt");
             ClickSoon(In<QPushButton>(dialog, "OKButton"));
         });
-        OnModal([](QWidget& question) {
+        OnPrompt([](QWidget& question) {
             ClickSoon(question.findChildren<QPushButton*>().front()); // OK to writing it
         });
-        OnNumbers(std::move(act));
+        OnPrompt(std::move(act));
         Choose("mnuTools_NumericIncrement");
         EXPECT_TRUE(AllModalsCame());
     }
@@ -171,7 +171,7 @@ TEST_F(NumbersWindowTest, SaysWhatIsWrongAndTakesNoneOfIt) {
 
 TEST_F(NumbersWindowTest, ACancelLeavesANewFileEmpty) {
     ToNumbers([this](QWidget& numbers) {
-        OnModal([](QWidget& told) { told.findChild<QPushButton*>()->click(); });
+        OnPrompt([](QWidget& told) { told.findChild<QPushButton*>()->click(); });
         ClickSoon(In<QPushButton>(numbers, "cmdCancel"));
     });
     EXPECT_EQ(machine.disk.Content("C:\\n.txt"), "");

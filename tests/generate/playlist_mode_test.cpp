@@ -1,4 +1,5 @@
 #include "generate/playlist_lines.h"
+#include "generate/playlist_load.h"
 #include "generate/playlist_plan.h"
 #include "results/result_list.h"
 #include "tests/generate/generate_fixture.h"
@@ -227,6 +228,40 @@ TEST_F(PlaylistMode, AddressesOnTheNetAreCountedAndLeftOut) {
     Load("http://radio.example/a\n/t/1987-043 Other.mp3\n");
     EXPECT_THAT(Names(), ElementsAre("", "1987-043 Other.mp3"));
     EXPECT_EQ(Form().lblStatus.Caption.Get(), "1 address on the net is not listed.");
+}
+
+TEST_F(PlaylistMode, ForeignBytesAreReadAsWhatTheyMayBe) {
+    Disk().AddFile("C:\\t\\caf\u00e9.mp3", "x");
+    Load("caf\xE9.mp3\n");
+    EXPECT_THAT(Names(), ElementsAre("", "caf\u00e9.mp3"));
+    EXPECT_NE(Cells(results::kSize)[1], "");
+    Load(std::string("\xEF\xBB\xBF/m/Song.mp3\n") + std::string("a\0b\n", 4) + "C:\n\\\\\n/\n~\n");
+    EXPECT_EQ(Names()[1], "Song.mp3");
+    EXPECT_EQ(S().rows->Count(), 12U);
+    Select({3, 5, 7});
+    Edit();
+    EXPECT_THAT(machine.bin.Paths(), IsEmpty());
+}
+
+TEST_F(PlaylistMode, AListThatEndsInTheMiddleOfALineIsReadUpToThere) {
+    const std::string whole = List();
+    for (std::size_t length = 0; length <= whole.size(); length += 7) {
+        Load(whole.substr(0, length));
+        for (std::size_t i = 0; i < S().rows->Count(); ++i) {
+            EXPECT_TRUE(S().rows->At(i).IsSpacer() || !S().rows->FullPath(i).empty()) << length;
+        }
+    }
+}
+
+TEST_F(PlaylistMode, AListTooLongForTheRowsIsCut) {
+    Begin();
+    for (int i = 0; i < 249'997; ++i) {
+        S().rows->Add({}, "");
+    }
+    Disk().AddFile("C:\\t\\p.m3u", "/m/Song.mp3\n/t/1987-043 Other.mp3\n");
+    const auto load = generate::OpenPlayListFile(S(), "C:\\t\\p.m3u", "C:\\t");
+    EXPECT_TRUE(load.isCut);
+    EXPECT_EQ(S().rows->Count(), 249'999U);
 }
 
 TEST_F(PlaylistMode, ShowsItsBannerAndHidesTheSearchsOwnThings) {

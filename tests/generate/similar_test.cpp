@@ -129,6 +129,28 @@ TEST_F(SimilarComments, LookAtTheFirstTwentyAloneEvenWhenTheirSizesDiffer) {
     EXPECT_THAT(Playlist(), HasSubstr("Beat It 29.mp3"));
 }
 
+TEST_F(SimilarComments, OfATooLongPathAreAskedAboutInDriveForm) {
+    const std::string folder = "C:\\m\\" + std::string(125, 'f') + "\\" + std::string(125, 'g');
+    const std::string name = "Beat It Now again.mp3"; // a path of 276 characters
+    Disk().AddFileOfSize("C:\\t\\Beat It Now.mp3", 100);
+    Disk().AddFileOfSize(folder + "\\" + name, 100);
+    InDriveForm();
+    Find();
+    EXPECT_THAT(Playlist(), Not(HasSubstr("# Possible"))); // skipped
+    EXPECT_TRUE(WasTold("was about to be added as a possible duplicate to the playlist."));
+}
+
+TEST_F(SimilarComments, NeverStandInAMultiplePathList) {
+    Disk().AddFileOfSize("C:\\t\\Beat It.mp3", 100);
+    Disk().AddFileOfSize("C:\\m\\Beat It.mp3", 100);
+    Find();
+    const auto withSimilar = [this](fields::FrmDialog& form) { Set(form.chkFindSimilar, "1"); };
+    EXPECT_EQ(Write(Form().mnuPathNamesMPL, "C:\\d\\p.mpl", {"OK"}, withSimilar),
+              "/t/Beat It.mp3\r\n*EOF\r\n");
+    EXPECT_EQ(Write(Form().mnuPathNamesTxt, "C:\\d\\q.mpl", {"OK"}, withSimilar),
+              "/t/Beat It.mp3\r\n*EOF\r\n");
+}
+
 TEST_F(SimilarComments, LeaveTheTrashOut) {
     Disk().AddFileOfSize("C:\\t\\Beat It.mp3", 100);
     Disk().AddFileOfSize("C:\\$Recycle.Bin\\Beat It.mp3", 100);

@@ -211,6 +211,11 @@ class FileSystem {
     // to the folders themselves, such as giving them another name, be seen milliseconds later.
     virtual void SetBusy(bool) {}
 
+    // Called with true before and with false behind several searches over the same folders; best by
+    // KeptListings. What was read of folders may be kept meanwhile, as long as their dates stand.
+    // No result changes.
+    virtual void KeepListings(bool) {}
+
     virtual std::vector<DriveInfo> Drives() = 0;
 
     // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
@@ -227,6 +232,18 @@ class Busy {
     ~Busy() { files_.SetBusy(false); }
     Busy(const Busy&) = delete;
     Busy& operator=(const Busy&) = delete;
+
+  private:
+    FileSystem& files_;
+};
+
+// Has a file system keep what it reads of folders for as long as it lives.
+class KeptListings {
+  public:
+    explicit KeptListings(FileSystem& files) : files_(files) { files_.KeepListings(true); }
+    ~KeptListings() { files_.KeepListings(false); }
+    KeptListings(const KeptListings&) = delete;
+    KeptListings& operator=(const KeptListings&) = delete;
 
   private:
     FileSystem& files_;

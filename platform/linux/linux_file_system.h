@@ -5,6 +5,7 @@
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/folder_store.h"
+#include "platform/linux/listing_store.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
@@ -63,6 +64,7 @@ class LinuxFileSystem : public FileSystem {
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     void SetBusy(bool isBusy) override;
+    void KeepListings(bool isKept) override { listings_.Want(isKept); }
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
 
@@ -142,6 +144,7 @@ class LinuxFileSystem : public FileSystem {
 
     Mounts& mounts_;
     FolderStore store_;
+    ListingStore listings_;
     PathResolver resolver_;
     std::atomic<std::uint64_t> changes_ = 0; // made here so far
     const std::uint64_t number_ = NextNumber();

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <map>
@@ -110,6 +111,26 @@ TEST_F(AutoMove, OfManyLinesLeavesOutTheOneWhoseFolderCannotBeMade) {
                                      "create destination folder /proc/nowhere/k7\n"));
     EXPECT_THAT(moved.out, HasSubstr("\nMoved 380 objects in 20 steps.\n"));
     EXPECT_EQ(Moved(), 380);
+}
+
+// Folders that stand for two seconds are read once for all searches.
+TEST_F(AutoMove, FindsInOneRunWhatEachSearchAloneFinds) {
+    AddLink("in/link", Root() / "in/d1");
+    AddFile("in/d1/deep/er/x.k105");
+    Destinations();
+    ::sleep(3);
+    const Outcome plan = Run({"auto-move", "--in", "in", "--searches", "searches.txt",
+                              "--destinations", "destinations.txt", "--dry-run"});
+    EXPECT_EQ(plan.exitCode, 0) << plan.err;
+    std::string alone;
+    for (int kind = 0; kind < kKinds; ++kind) {
+        const std::string pattern = "*.k" + std::to_string(100 + kind);
+        const std::string found = Run({"search", pattern, "--in", "in"}).out;
+        alone += std::to_string(std::ranges::count(found, '\n')) + "\t" + pattern + "\t" +
+                 (Root() / "out" / ("k" + std::to_string(kind))).string() + "\tis made\n";
+    }
+    EXPECT_EQ(plan.out, alone);
+    EXPECT_THAT(plan.out, HasSubstr("21\t*.k105\t"));
 }
 
 TEST_F(AutoMove, ThatIsStoppedInTheMiddleLosesNothingAndCanBeTakenUpAgain) {

@@ -158,6 +158,7 @@ BatchOutcome RunAutomatedMove(Session& session, const MoveBatch& batch) {
 
 Result<std::vector<PlannedStep>> PlanAutomatedMove(Session& session, const MoveBatch& batch) {
     const BatchPrompts prompts(session);
+    const platform::KeptListings listings(session.files());
     session.state.strAction = kMoveAction; // whose searches ask nothing
     StepLines lines(session.files(), batch.searchList, batch.destinationList);
     TX_TRY(lines.Restart());

@@ -157,6 +157,7 @@ BatchOutcome RunPlaylists(Session& session, const PlaylistBatch& batch) {
 
 Result<std::vector<PlannedStep>> PlanPlaylists(Session& session, const PlaylistBatch& batch) {
     const BatchPrompts prompts(session);
+    const platform::KeptListings listings(session.files());
     session.state.strAction = ActionOf(batch); // whose searches ask nothing
     PlaylistSteps steps(session.files(), batch);
     TX_TRY(steps.Restart());

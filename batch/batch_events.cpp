@@ -23,8 +23,7 @@ constexpr BatchWords kMoveWords{
     "Automated Move", "Are you sure you want to perform an 'Automated Move' Operation?", "moved"};
 constexpr BatchWords kPlaylistWords{
     "Automated Playlist Gen",
-    "Are you sure you want to perform an 'Automated PlayList Generation' Operation?",
-    "written"};
+    "Are you sure you want to perform an 'Automated PlayList Generation' Operation?", "written"};
 
 using Plan = platform::Result<std::vector<PlannedStep>>;
 

@@ -12,7 +12,7 @@ using session::Session;
 using session::SessionState;
 
 BatchScope::BatchScope(Session& session, bool SessionState::*flag)
-    : session_(session), flag_(flag) {
+    : session_(session), listings_(session.files()), flag_(flag) {
     session.state.*flag = true;
     session.state.blnStopClicked = session.state.blnStopAction = false;
     session.frmSearch.mnuOptions.Enabled = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_system.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -21,6 +23,7 @@ class BatchScope {
 
   private:
     session::Session& session_;
+    platform::KeptListings listings_;
     bool session::SessionState::*flag_;
 };
 

@@ -3,6 +3,7 @@
 #include "session/input_recorder.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "text/format.h"
 
 #include <fmt/core.h>
 
@@ -17,7 +18,7 @@ namespace {
 using session::Session;
 
 std::string Plural(std::int64_t count, std::string_view noun) {
-    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+    return fmt::format("{} {}{}", text::Format(count, "#,##0"), noun, count == 1 ? "" : "s");
 }
 
 std::string PlanSummary(const std::vector<PlannedStep>& plan) {
@@ -29,7 +30,9 @@ std::string PlanSummary(const std::vector<PlannedStep>& plan) {
     std::string text = fmt::format("{} with {} as things stand.",
                                    Plural(static_cast<std::int64_t>(plan.size()), "step"),
                                    Plural(matches, "object"));
-    if (missing > 0) text += fmt::format(" {} not there yet.", Plural(missing, "folder"));
+    if (missing > 0)
+        text +=
+            fmt::format(" {} {} missing.", Plural(missing, "folder"), missing == 1 ? "is" : "are");
     return text;
 }
 

@@ -138,7 +138,6 @@ QWidget* MakeStatusBar(const fields::FrmSearch& form) {
     row->addWidget(progress, 3);
     row->addWidget(Make(form.lblStatus));
     row->addWidget(Make(form.lblDetailedStatus));
-    row->addWidget(MakeElided(form.lblBatch), 4);
     QPushButton* unread = Make(form.cmdUnread);
     unread->setFlat(true);
     row->addWidget(unread);

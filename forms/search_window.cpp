@@ -85,6 +85,7 @@ void SearchWindow::Build() {
     column->addWidget(MakeActionBar(session_.frmSearch));
     counters_ = MakeCounterBar(session_.frmSearch);
     column->addWidget(counters_);
+    column->addWidget(MakeElided(session_.frmSearch.lblBatch));
     column->addWidget(MakeStatusBar(session_.frmSearch));
     setCentralWidget(central);
     nativePath_ = static_cast<ElidedLabel*>(findChild<QLabel*>("lblNativePath"));

@@ -216,6 +216,11 @@ class FileSystem {
     // What would refuse a change before it is made; lives as long as this.
     virtual Foresight& Foresee();
 
+    // Called with true before and with false behind several searches over the same folders; best by
+    // KeptListings. What was read of folders may be kept meanwhile, as long as their dates stand.
+    // No result changes.
+    virtual void KeepListings(bool) {}
+
     virtual std::vector<DriveInfo> Drives() = 0;
 
     // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
@@ -232,6 +237,18 @@ class ManyChanges {
     ~ManyChanges() { files_.ExpectChanges(false); }
     ManyChanges(const ManyChanges&) = delete;
     ManyChanges& operator=(const ManyChanges&) = delete;
+
+  private:
+    FileSystem& files_;
+};
+
+// Has a file system keep what it reads of folders for as long as it lives.
+class KeptListings {
+  public:
+    explicit KeptListings(FileSystem& files) : files_(files) { files_.KeepListings(true); }
+    ~KeptListings() { files_.KeepListings(false); }
+    KeptListings(const KeptListings&) = delete;
+    KeptListings& operator=(const KeptListings&) = delete;
 
   private:
     FileSystem& files_;

@@ -50,10 +50,10 @@ Sys<OpenedFolder> OpenFolderAt(const std::string& native) {
 }
 
 std::unique_ptr<OpenFolder> MakeOpenFolder(OpenedFolder opened, const Resolved& place,
-                                           std::string_view path) {
+                                           std::string_view path, ListingStore& listings) {
     const DriveTable::Names* boundaries = place.drives->BoundariesIn(opened.native);
     return std::make_unique<LinuxOpenFolder>(std::move(opened.fd), place.drives, boundaries,
-                                             std::string(path));
+                                             std::string(path), &listings);
 }
 
 std::string ShortForm(std::string_view truePath) {
@@ -161,7 +161,7 @@ Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folde
         TX_TRY_ASSIGN(place, resolver_.Folder(folder));
         opened = OpenFolderAt(place.native);
     }
-    if (opened) return MakeOpenFolder(std::move(*opened), place, folder);
+    if (opened) return MakeOpenFolder(std::move(*opened), place, folder, listings_);
     if (opened.error() == ENOENT) return FailureBy(kPathNotFound, folder);
     return FailureOf(opened.error(), folder);
 }

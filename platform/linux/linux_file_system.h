@@ -6,6 +6,7 @@
 #include "platform/linux/drive_table.h"
 #include "platform/linux/folder_store.h"
 #include "platform/linux/linux_foresight.h"
+#include "platform/linux/listing_store.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
@@ -65,6 +66,7 @@ class LinuxFileSystem : public FileSystem {
                                                          OpenMode mode) override;
     void ExpectChanges(bool many) override;
     Foresight& Foresee() override { return foresight_; }
+    void KeepListings(bool isKept) override { listings_.Want(isKept); }
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
 
@@ -144,6 +146,7 @@ class LinuxFileSystem : public FileSystem {
 
     Mounts& mounts_;
     FolderStore store_;
+    ListingStore listings_;
     PathResolver resolver_;
     LinuxForesight foresight_{resolver_};
     std::atomic<std::uint64_t> changes_ = 0; // made here so far

@@ -5,6 +5,7 @@
 #include "platform/linux/native_facts.h"
 #include "platform/linux/system_calls.h"
 #include "platform/names.h"
+#include "platform/try.h"
 #include "text/paths.h"
 
 #include <climits>
@@ -49,7 +50,18 @@ bool PutNativeName(NameBuffer& buffer, std::string_view driveName) {
 }
 } // namespace
 
+// Which of its names are boundaries goes by the path, so folders that have some are never kept.
 Result<void> LinuxOpenFolder::List(FolderListing& listing) {
+    const bool mayKeep = listings_ != nullptr && boundaries_ == nullptr && listings_->IsWanted();
+    if (!mayKeep) return Read(listing);
+    const auto before = StatOf(fd_.Get());
+    if (before && listings_->Find(*before, drives_.get(), listing)) return {};
+    TX_TRY(Read(listing));
+    if (before) listings_->Keep(fd_.Get(), *before, drives_, listing);
+    return {};
+}
+
+Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
     listing.Clear();
     FolderReader reader(fd_.Get());
     FolderReader::Entry raw{};

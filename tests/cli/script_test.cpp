@@ -50,6 +50,8 @@ TEST(ScriptTest, AValueIsTheRestOfTheLineLessOneBlank) {
 TEST(ScriptTest, EachStatementOfTheTableIsKnown) {
     EXPECT_EQ(One("column sizesubitem").columns.at(0), results::kSize);
     EXPECT_EQ(One("select 1 3  7").numbers, (std::vector<std::uint64_t>{1, 3, 7}));
+    EXPECT_EQ(One("select 2-4 9").numbers, (std::vector<std::uint64_t>{2, 3, 4, 9}));
+    EXPECT_EQ(One("leave txtSize1").target, "txtSize1");
     EXPECT_EQ(One("select like *.mp3 x").value, "*.mp3 x");
     EXPECT_EQ(One("select none").kind, StatementKind::kSelectNone);
     EXPECT_EQ(One("doubleclick 4").numbers.at(0), 4U);
@@ -75,7 +77,7 @@ TEST(ScriptTest, ErrorsNameTheLineAndWhatIsWrong) {
     struct Case {
         std::string_view line, sentence;
     };
-    for (const auto& [line, sentence] : std::array<Case, 13>{{
+    for (const auto& [line, sentence] : std::array<Case, 15>{{
              {"clik x", "There is no statement \"clik\". Did you mean \"click\"?"},
              {"frobnicate", "There is no statement \"frobnicate\"."},
              {"set cmbDir", "Write \"set CONTROL = VALUE\"."},
@@ -84,6 +86,8 @@ TEST(ScriptTest, ErrorsNameTheLineAndWhatIsWrong) {
              {"column Nam", "There is no column \"Nam\". Did you mean \"Name\"?"},
              {"select 0", "\"0\" is no row: rows are counted from 1."},
              {"select -1", "\"-1\" is no row: rows are counted from 1."},
+             {"select 4-2", "\"4-2\" is no row: rows are counted from 1."},
+             {"leave", "Write \"leave CONTROL\"."},
              {"select like", "Write \"select N ...\", \"select like PATTERN\" or \"select none\"."},
              {"doubleclick 1 2", "Write \"doubleclick N\"."},
              {"after yields click x", "Write \"after N yields click CONTROL\", with N from 1."},

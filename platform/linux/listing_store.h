@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/folder_listing.h"
+#include "platform/linux/drive_table.h"
+#include "platform/object_facts.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <sys/stat.h>
+#include <utility>
+
+namespace tarvix::platform {
+
+// Real time in nanoseconds, as folders are dated.
+std::int64_t RealNow();
+
+// The names that folders had when they were read, kept while several searches go over the same
+// ones. A folder's names are believed as long as its dates and the table of drives stand, if the
+// folder hadn't changed for two seconds when it was read, so that no later change can bear the
+// same date; and only on disks of this machine. Folders with links aren't kept, since what a link
+// leads to changes without them. Safe to use from several threads.
+class ListingStore {
+  public:
+    explicit ListingStore(std::function<std::int64_t()> now = RealNow) : now_(std::move(now)) {}
+
+    // Keeps nothing unless somebody wants it; what is kept goes when nobody does any more.
+    void Want(bool isWanted);
+    bool IsWanted() const;
+
+    // The names of an open folder, if they are known and stand; `facts` are of now.
+    bool Find(const struct statx& facts, const DriveTable* drives, FolderListing& listing);
+    // Keeps what was read of an open folder, whose facts were `before` when that began.
+    void Keep(int folder, const struct statx& before, std::shared_ptr<const DriveTable> drives,
+              const FolderListing& listing);
+
+    // How many listings were given out of the store.
+    std::uint64_t Given() const;
+
+  private:
+    struct Stamp {
+        FileTime changed = 0;
+        FileTime modified = 0;
+        bool operator==(const Stamp&) const = default;
+    };
+    struct Kept {
+        Stamp stamp;
+        std::shared_ptr<const DriveTable> drives;
+        FolderListing listing;
+    };
+    using Key = std::pair<std::uint64_t, std::uint64_t>; // device and inode
+
+    static Stamp StampOf(const struct statx& facts);
+    bool IsLocal(int folder, std::uint64_t device);
+
+    const std::function<std::int64_t()> now_;
+    mutable std::mutex mutex_;
+    int wanted_ = 0;
+    std::map<Key, Kept> kept_;
+    std::map<std::uint64_t, bool> isLocal_; // by device
+    std::size_t bytes_ = 0;
+    std::uint64_t given_ = 0;
+};
+
+} // namespace tarvix::platform

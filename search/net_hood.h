@@ -10,7 +10,8 @@ struct Session;
 namespace tarvix::search {
 
 // The share "\\server\share\..." behind an "smb://" address or behind the folder that the desktop
-// shows for it, where that share is mounted; any other path as it is.
+// shows for it, where that share is mounted; for a folder directly in one named "NetHood" the target
+// of the shortcut in it; any other path as it is.
 std::string ResolveNetHood(session::Session& session, std::string_view path);
 
 } // namespace tarvix::search

@@ -3,9 +3,8 @@
 #include "results/result_list.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
-#include "text/case.h"
+#include "shortcuts/formats/values.h"
 #include "text/format.h"
-#include "text/paths.h"
 
 #include <algorithm>
 #include <concepts>
@@ -19,7 +18,7 @@ struct Totals {
     std::int64_t files = 0;
     std::int64_t folders = 0;
     std::uint64_t bytes = 0;
-    bool shortcuts = false;
+    bool hasShortcuts = false;
 
     void Add(const ResultRow& row) {
         if (row.isFolder) {
@@ -28,9 +27,7 @@ struct Totals {
         }
         ++files;
         bytes += row.size;
-        const std::string_view extension = text::GetExtension(row.name);
-        shortcuts = shortcuts || (extension.size() == 3 && (text::EqualNoCase(extension, "lnk") ||
-                                                            text::EqualNoCase(extension, "url")));
+        hasShortcuts = hasShortcuts || shortcuts::KindOf(row.name) != shortcuts::Kind::kNone;
     }
 };
 
@@ -42,7 +39,7 @@ void ShowTotals(session::Session& session, const Totals& totals) {
             : text::Format(static_cast<std::int64_t>(totals.bytes), "#,###,###,###,##0");
     form.lblNumOfFilesSelected.Caption = std::to_string(totals.files);
     form.lblNumOfDirsSelected.Caption = std::to_string(totals.folders);
-    form.cmdEditTargets.Visible = totals.shortcuts;
+    form.cmdEditTargets.Visible = totals.hasShortcuts;
 }
 
 // Sets each row's state by `rule`, spacers always unselected.

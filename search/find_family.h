@@ -73,6 +73,7 @@ class FindFamily {
     Filters& filters_;
     const SearchRequest& request_;
     bool readsLinks_; // a column shows what shortcuts hold, or a filter tests it
+    results::LinkReader linkReader_;
     std::unique_ptr<NameMatch> match_;
     std::string searchString_;
     results::RowSource source_{1, {}};

@@ -1,7 +1,7 @@
 #include "batch/ask_playlist_batch.h"
 
 #include "batch/ask_move_batch.h"
-#include "session/paths/net_hood.h"
+#include "results/net_hood.h"
 #include "session/prompt_id.h"
 #include "session/prompt_service.h"
 #include "session/session.h"
@@ -69,7 +69,7 @@ std::optional<PlaylistBatch> AskFull(Session& session, const PickedList& searche
     LogDuplicates(session);
     return PlaylistBatch{
         .searchList = searches.path,
-        .folder = std::string(text::StripTrailingSlash(session::ResolveNetHood(session, picked))),
+        .folder = std::string(text::StripTrailingSlash(results::ResolveNetHood(session, picked))),
         .writesFullPaths = true};
 }
 

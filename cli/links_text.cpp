@@ -64,7 +64,7 @@ bool IsDone(Session& session, const shortcuts::OriginalRecord& original,
                                  ? original.path
                                  : shortcuts::RenamedPath(original.path, edited.name);
     return session.files().Facts(path) &&
-           results::ReadLinkCells(session, path).shown == edited.values;
+           results::LinkReader(session).Read(path).shown == edited.values;
 }
 
 void SaveRecord(Session& session, LinkSaver& saver, const shortcuts::OriginalRecord& original,
@@ -73,7 +73,7 @@ void SaveRecord(Session& session, LinkSaver& saver, const shortcuts::OriginalRec
     if (edited == original.record || IsDone(session, original, edited)) {
         return saver.Save({original.path, before, before, {}});
     }
-    const results::LinkCells now = results::ReadLinkCells(session, original.path);
+    const results::LinkCells now = results::LinkReader(session).Read(original.path);
     if (now.shown != before) {
         return saver.Fail(original.path, "It doesn't hold what was written for editing any more, "
                                          "and is left as it is.");

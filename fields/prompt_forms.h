@@ -242,6 +242,7 @@ class FrmLinkTable : public Form {
     CommandButton cmdOK{*this, "cmdOK", "Save &Targets"};
     CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
     std::vector<LinkRow> rows;
+    std::vector<LinkRow> first; // as they were before anything was edited
 };
 
 } // namespace tarvix::fields

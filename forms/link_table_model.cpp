@@ -11,8 +11,16 @@
 
 namespace tarvix::forms {
 
-LinkTableModel::LinkTableModel(std::vector<fields::LinkRow>& rows, QObject* parent)
-    : QAbstractTableModel(parent), rows_(rows), first_(rows) {}
+LinkTableModel::LinkTableModel(std::vector<fields::LinkRow>& rows,
+                               const std::vector<fields::LinkRow>& first, QObject* parent)
+    : QAbstractTableModel(parent), rows_(rows), first_(first) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        changed_ += static_cast<int>(rows[i].name != first[i].name);
+        for (std::size_t value = 0; value < rows[i].values.size(); ++value) {
+            changed_ += static_cast<int>(rows[i].values[value] != first[i].values[value]);
+        }
+    }
+}
 
 std::string& LinkTableModel::Text(const QModelIndex& index) const {
     fields::LinkRow& row = rows_[static_cast<std::size_t>(index.row())];

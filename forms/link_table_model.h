@@ -10,11 +10,12 @@
 
 namespace tarvix::forms {
 
-// The shortcuts of frmLinkTable, a row each: the name, then their values. What was changed since it
-// was shown stands out.
+// The shortcuts of frmLinkTable, a row each: the name, then their values. What was changed stands
+// out.
 class LinkTableModel : public QAbstractTableModel {
   public:
-    explicit LinkTableModel(std::vector<fields::LinkRow>& rows, QObject* parent = nullptr);
+    LinkTableModel(std::vector<fields::LinkRow>& rows, const std::vector<fields::LinkRow>& first,
+                   QObject* parent = nullptr);
 
     // Replaces in these cells; gives how many changed.
     int Replace(const QModelIndexList& cells, const shortcuts::Replacement& replacement);
@@ -38,7 +39,7 @@ class LinkTableModel : public QAbstractTableModel {
     bool Put(const QModelIndex& index, std::string text);
 
     std::vector<fields::LinkRow>& rows_;
-    std::vector<fields::LinkRow> first_;
+    const std::vector<fields::LinkRow>& first_;
     int changed_ = 0;
 };
 

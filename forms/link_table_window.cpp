@@ -42,7 +42,8 @@ QLineEdit* Box(const QString& name, const QString& hint) {
 
 LinkTableWindow::LinkTableWindow(session::Session& session, EventGate& gate, QWidget* parent)
     : ModalWindow(session, gate, session.forms.frmLinkTable, parent),
-      model_(new LinkTableModel(session.forms.frmLinkTable.rows, this)) {
+      model_(new LinkTableModel(session.forms.frmLinkTable.rows, session.forms.frmLinkTable.first,
+                                this)) {
     auto* column = new QVBoxLayout(this);
     auto* head = new WrappingLabel;
     head->setObjectName(ToQt(session.forms.frmLinkTable.lblMain.Name()));

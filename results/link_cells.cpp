@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <functional>
 #include <span>
+#include <utility>
 
 namespace tarvix::results {
 
@@ -26,20 +27,6 @@ std::string InOneLine(std::string value) {
     std::ranges::replace_if(
         value, [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     return value;
-}
-
-// A path of another place gets no short form that its own place wouldn't know.
-shortcuts::Values StoredValues(Session& session, std::string_view path, std::string_view bytes) {
-    const Kind kind = shortcuts::KindOf(text::FileNameOf(path));
-    shortcuts::Values stored = shortcuts::Read(kind, bytes);
-    for (std::string& value : stored) {
-        value = InOneLine(std::move(value));
-    }
-    if (kind == Kind::kLnk && session.blnListItems[kTargetArguments]) {
-        std::string& target = stored[shortcuts::kTarget];
-        if (!target.empty()) target = NormalizeLinkTarget(session, path, target);
-    }
-    return stored;
 }
 
 // Working folder and icon: folded, else unfolded, else as they stand.
@@ -68,6 +55,15 @@ void TellMissing(Session& session) {
     }
 }
 
+void TellUnreadable(Session& session, std::string_view path, const platform::PlatformError& error) {
+    if (error.number != platform::kFileNotFound) {
+        session::ReportError(session, error, ContextOf(path), session::kRecoveryNext,
+                             session.Shown(error));
+    } else if (shortcuts::KindOf(path) == Kind::kUrl) {
+        TellMissing(session);
+    }
+}
+
 } // namespace
 
 bool WantsLinks(const Session& session, std::string_view targetFilter) {
@@ -76,41 +72,59 @@ bool WantsLinks(const Session& session, std::string_view targetFilter) {
     return !targetFilter.empty() || std::ranges::any_of(columns, std::identity{});
 }
 
-LinkCells CellsOf(Session& session, std::string_view path, std::string_view bytes) {
+const std::string& LinkReader::LettersOf(std::string_view path) {
+    std::string folder = text::ParentFolder(path);
+    if (folder == folder_) return letters_;
+    letters_ = LettersAbove(session_, path);
+    folder_ = std::move(folder);
+    return letters_;
+}
+
+// A path of another place gets no short form that its own place wouldn't know.
+shortcuts::Values LinkReader::StoredValues(std::string_view path, std::string_view bytes) {
+    const Kind kind = shortcuts::KindOf(text::FileNameOf(path));
+    shortcuts::Values stored = shortcuts::Read(kind, bytes);
+    for (std::string& value : stored) {
+        value = InOneLine(std::move(value));
+    }
+    std::string& target = stored[shortcuts::kTarget];
+    const bool isNormalized =
+        kind == Kind::kLnk && !target.empty() && session_.blnListItems[kTargetArguments];
+    if (isNormalized) target = NormalizeLinkTarget(session_, LettersOf(path), target);
+    return stored;
+}
+
+LinkCells LinkReader::CellsOf(std::string_view path, std::string_view bytes) {
     LinkCells cells;
-    cells.stored = StoredValues(session, path, bytes);
+    cells.stored = StoredValues(path, bytes);
     cells.shown = cells.stored;
     if (shortcuts::KindOf(text::FileNameOf(path)) == Kind::kDesktop) return cells;
     auto& shown = cells.shown;
-    shown[shortcuts::kTarget] = session::ConvertToEnvVar(session, shown[shortcuts::kTarget]);
-    shown[shortcuts::kStartIn] = ByOptions(session, shown[shortcuts::kStartIn]);
-    shown[shortcuts::kIcon] = ByOptions(session, shown[shortcuts::kIcon]);
+    shown[shortcuts::kTarget] = session::ConvertToEnvVar(session_, shown[shortcuts::kTarget]);
+    shown[shortcuts::kStartIn] = ByOptions(session_, shown[shortcuts::kStartIn]);
+    shown[shortcuts::kIcon] = ByOptions(session_, shown[shortcuts::kIcon]);
     return cells;
 }
 
-bool FoundFileMeetsLinkTargetCriteria(Session& session, std::string_view path,
-                                      std::string_view targetFilter, LinkCells& cells) {
-    const auto bytes = ReadShortcut(session, path);
-    if (!bytes && bytes.error().number == platform::kFileNotFound) {
-        if (shortcuts::KindOf(path) == Kind::kUrl) TellMissing(session);
-    } else if (!bytes) {
-        const std::string message = session.Shown(bytes.error());
-        session::ReportError(session, bytes.error(), ContextOf(path), session::kRecoveryNext,
-                             message);
+bool LinkReader::FoundFileMeetsLinkTargetCriteria(std::string_view path,
+                                                  std::string_view targetFilter, LinkCells& cells) {
+    const auto bytes = ReadShortcut(session_, path);
+    if (!bytes) {
+        TellUnreadable(session_, path, bytes.error());
+        return targetFilter.empty();
     }
-    if (!bytes) return targetFilter.empty();
-    cells = CellsOf(session, path, *bytes);
+    cells = CellsOf(path, *bytes);
     if (targetFilter.empty()) return true;
     const std::string& raw = cells.stored[shortcuts::kTarget];
     const auto holds = [&](std::string_view target) {
         return text::Upper(target).find(targetFilter) != std::string::npos;
     };
-    return holds(raw) || holds(session::ConvertToEnvVar(session, raw));
+    return holds(raw) || holds(session::ConvertToEnvVar(session_, raw));
 }
 
-LinkCells ReadLinkCells(Session& session, std::string_view path) {
-    const auto bytes = ReadShortcut(session, path);
-    return bytes ? CellsOf(session, path, *bytes) : LinkCells();
+LinkCells LinkReader::Read(std::string_view path) {
+    const auto bytes = ReadShortcut(session_, path);
+    return bytes ? CellsOf(path, *bytes) : LinkCells();
 }
 
 } // namespace tarvix::results

@@ -1,6 +1,7 @@
 #include "results/link_target.h"
 
 #include "platform/file_system.h"
+#include "platform/try.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
@@ -13,20 +14,9 @@ namespace tarvix::results {
 
 namespace {
 
-constexpr std::size_t kMostShortcutBytes = 1 << 20;
+constexpr std::size_t kUsualShortcutBytes = 1 << 13;
 // A ":" in a name is carried as U+F03A.
 constexpr std::string_view kCarriedColon = "\xEF\x80\xBA";
-
-// The folder with the letters of the place that the shortcut lies in; empty for none.
-std::string LettersAbove(session::Session& session, std::string_view path) {
-    std::string folder = text::ParentFolder(path);
-    while (folder.size() > 3) {
-        std::string letters = text::JoinPath(folder, "dosdevices");
-        if (platform::GetFolder(session.files(), letters)) return letters;
-        folder = text::ParentFolder(folder);
-    }
-    return {};
-}
 
 bool HasLetter(std::string_view path) {
     return path.size() >= 2 && path[1] == ':';
@@ -40,8 +30,23 @@ std::string BelowLetters(const std::string& letters, std::string_view target) {
 
 } // namespace
 
+std::string LettersAbove(session::Session& session, std::string_view path) {
+    std::string folder = text::ParentFolder(path);
+    while (folder.size() > 3) {
+        std::string letters = text::JoinPath(folder, "dosdevices");
+        if (platform::GetFolder(session.files(), letters)) return letters;
+        folder = text::ParentFolder(folder);
+    }
+    return {};
+}
+
 platform::Result<std::string> ReadShortcut(session::Session& session, std::string_view path) {
-    return session.files().ReadBytes(path, 0, kMostShortcutBytes);
+    auto bytes = session.files().ReadBytes(path, 0, kUsualShortcutBytes);
+    if (!bytes || bytes->size() < kUsualShortcutBytes) return bytes;
+    TX_TRY_ASSIGN(const std::string rest,
+                  session.files().ReadBytes(path, kUsualShortcutBytes,
+                                            kMostShortcutBytes - kUsualShortcutBytes));
+    return *bytes + rest;
 }
 
 std::optional<std::string> PlaceOfTarget(session::Session& session, std::string_view path,
@@ -55,10 +60,9 @@ std::optional<std::string> PlaceOfTarget(session::Session& session, std::string_
     return letters.empty() ? full : BelowLetters(letters, full);
 }
 
-std::string NormalizeLinkTarget(session::Session& session, std::string_view path,
+std::string NormalizeLinkTarget(session::Session& session, const std::string& letters,
                                 std::string_view target) {
-    const std::string letters = HasLetter(target) ? LettersAbove(session, path) : std::string();
-    if (letters.empty()) return NormalizeTargetPath(session, target);
+    if (letters.empty() || !HasLetter(target)) return NormalizeTargetPath(session, target);
     const auto place = session.files().TruePath(BelowLetters(letters, target));
     const std::size_t prefix = letters.size() + 2 + kCarriedColon.size();
     if (!place || place->size() <= prefix) return std::string(target);

@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,7 +18,9 @@ namespace tarvix::results {
 // read.
 std::string LinkTargetOf(session::Session& session, std::string_view path);
 
-// The bytes of a shortcut (drive path), a MiB of them at most. 53, 70.
+constexpr std::size_t kMostShortcutBytes = 1 << 20;
+
+// The bytes of a shortcut (drive path), so many of them at most. 53, 70.
 platform::Result<std::string> ReadShortcut(session::Session& session, std::string_view path);
 
 // Where the target of the shortcut at `path` lies here (drive path). Letters are this machine's,
@@ -25,8 +28,11 @@ platform::Result<std::string> ReadShortcut(session::Session& session, std::strin
 // letter or of a share; a leading variable is expanded by this machine.
 std::optional<std::string> PlaceOfTarget(session::Session& session, std::string_view path,
                                          std::string_view target);
-// NormalizeTargetPath for the target of that shortcut.
-std::string NormalizeLinkTarget(session::Session& session, std::string_view path,
+// The folder with the letters of the place that a shortcut lies in; empty where they are those of
+// this machine.
+std::string LettersAbove(session::Session& session, std::string_view path);
+// NormalizeTargetPath by such letters.
+std::string NormalizeLinkTarget(session::Session& session, const std::string& letters,
                                 std::string_view target);
 
 // A stored target in the spelling that the disk has: quotes and a final "\" taken off, a leading

@@ -43,7 +43,7 @@ LinkCells& RowDetails::Links(const ResultRow& row, std::string_view path) {
     const bool isShortcut = shortcuts::KindOf(row.name) != shortcuts::Kind::kNone;
     const bool isReadable = !row.isFolder && (row.attributes & platform::kSpecial) == 0;
     cells = std::make_unique<LinkCells>();
-    if (isShortcut && isReadable) *cells = ReadLinkCells(session_, path);
+    if (isShortcut && isReadable) *cells = linkReader_.Read(path);
     return *cells;
 }
 

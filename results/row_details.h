@@ -21,7 +21,7 @@ namespace tarvix::results {
 // has empty cells, so that nothing is read for it.
 class RowDetails {
   public:
-    explicit RowDetails(session::Session& session) : session_(session) {}
+    explicit RowDetails(session::Session& session) : session_(session), linkReader_(session) {}
 
     // Type, Version, Exe Type, OS, Year-Rank or what a shortcut holds, of a file row; `path` is its
     // full path.
@@ -39,6 +39,7 @@ class RowDetails {
     void Clear() {
         read_.clear();
         links_.clear();
+        linkReader_.Clear();
     }
 
   private:
@@ -47,6 +48,7 @@ class RowDetails {
     const ExeFacts& FactsOf(const ResultRow& row, std::string_view path);
 
     session::Session& session_;
+    LinkReader linkReader_;
     // By where the list keeps a row's name: that is the row's own as long as it lives.
     std::unordered_map<const char*, ExeFacts> read_;
     std::unordered_map<const char*, std::unique_ptr<LinkCells>> links_;

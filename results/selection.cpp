@@ -4,9 +4,8 @@
 #include "session/lifecycle_events.h"
 #include "session/paths/short_path.h"
 #include "session/session.h"
-#include "text/case.h"
+#include "shortcuts/formats/values.h"
 #include "text/format.h"
-#include "text/paths.h"
 
 #include <algorithm>
 #include <concepts>
@@ -20,7 +19,7 @@ struct Totals {
     std::int64_t files = 0;
     std::int64_t folders = 0;
     std::uint64_t bytes = 0;
-    bool shortcuts = false;
+    bool hasShortcuts = false;
 
     void Add(const ResultRow& row) {
         if (row.isFolder) {
@@ -29,9 +28,7 @@ struct Totals {
         }
         ++files;
         bytes += row.size;
-        const std::string_view extension = text::GetExtension(row.name);
-        shortcuts = shortcuts || (extension.size() == 3 && (text::EqualNoCase(extension, "lnk") ||
-                                                            text::EqualNoCase(extension, "url")));
+        hasShortcuts = hasShortcuts || shortcuts::KindOf(row.name) != shortcuts::Kind::kNone;
     }
 };
 
@@ -43,7 +40,7 @@ void ShowTotals(session::Session& session, const Totals& totals) {
             : text::Format(static_cast<std::int64_t>(totals.bytes), "#,###,###,###,##0");
     form.lblNumOfFilesSelected.Caption = std::to_string(totals.files);
     form.lblNumOfDirsSelected.Caption = std::to_string(totals.folders);
-    form.cmdEditTargets.Visible = totals.shortcuts;
+    form.cmdEditTargets.Visible = totals.hasShortcuts;
     if (session.state.blnPlayListMode) {
         session.events.Raise(session, lifecycle::kPlayListSelection);
     }

@@ -2,7 +2,7 @@
 
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
-#include "session/paths/net_hood.h"
+#include "results/net_hood.h"
 #include "session/paths/path_list.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -36,7 +36,7 @@ void cmdBrowse_Click(Session& session) {
     const int mode = session.frmSearch.optBrowse.Chosen();
     if (mode == kPath || mode == kAddPath) {
         const std::string folder = session.PickFolder(session::PromptId::kPickLocation);
-        TakeLocations(session, session::ResolveNetHood(session, folder), mode == kAddPath);
+        TakeLocations(session, results::ResolveNetHood(session, folder), mode == kAddPath);
         return;
     }
     const std::string list = session.PickFile(session::PromptId::kPickPathList, kListFilters);
@@ -47,7 +47,7 @@ void cmdBrowse_Click(Session& session) {
 void DropLocations(Session& session, const std::vector<std::string>& paths) {
     for (const std::string& dropped : paths) {
         const std::string path =
-            session::ResolveNetHood(session, session.platform.paths.ToDrive(dropped));
+            results::ResolveNetHood(session, session.platform.paths.ToDrive(dropped));
         const auto facts = session.files().Facts(path);
         if (!facts) continue;
         if (facts->IsFolder()) {

@@ -23,7 +23,7 @@ constexpr std::size_t kWorthReadingAhead = 1024; // files
 FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
                        Filters& filters, const SearchRequest& request)
     : session_(session), counters_(counters), list_(list), filters_(filters), request_(request),
-      readsLinks_(results::WantsLinks(session, request.target)) {}
+      readsLinks_(results::WantsLinks(session, request.target)), linkReader_(session) {}
 
 void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
@@ -134,8 +134,7 @@ bool FindFamily::TryLink(std::size_t index, std::string_view name,
                          std::optional<results::LinkCells>& links) {
     if (shortcuts::KindOf(name) == shortcuts::Kind::kNone) return true;
     const std::string path = text::JoinPath(list_.At(index).strFolderLong, name);
-    return results::FoundFileMeetsLinkTargetCriteria(session_, path, request_.target,
-                                                     links.emplace());
+    return linkReader_.FoundFileMeetsLinkTargetCriteria(path, request_.target, links.emplace());
 }
 
 bool FindFamily::IsSpecTooLong(std::size_t index, std::string_view routine) {

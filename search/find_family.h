@@ -75,6 +75,7 @@ class FindFamily {
     Filters& filters_;
     const SearchRequest& request_;
     bool readsLinks_; // a column shows what shortcuts hold, or a filter tests it
+    results::LinkReader linkReader_;
     std::unique_ptr<NameMatch> match_;
     std::vector<std::unique_ptr<NameMatch>> earlier_; // of this location
     std::string searchString_;

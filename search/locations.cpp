@@ -2,11 +2,11 @@
 
 #include "platform/file_system.h"
 #include "platform/native_paths.h"
+#include "results/net_hood.h"
 #include "search/default_folders.h"
 #include "search/unread.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
-#include "session/paths/net_hood.h"
 #include "session/paths/recycle_folders.h"
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
@@ -97,7 +97,7 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
     Piece piece;
     std::string& path = piece.cleaned;
     path = session::RemoveEnvVarAndRestorePath(
-        session, session::ResolveNetHood(session, session.platform.paths.ToDrive(typed)));
+        session, results::ResolveNetHood(session, session.platform.paths.ToDrive(typed)));
     const bool unexpanded = path.find('%') != path.npos;
     SubstituteFakeRoots(session, path);
     if (text::Length(path) < 2) {

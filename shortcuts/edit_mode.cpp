@@ -107,14 +107,25 @@ void LeaveMode(Session& session, EditMode& mode) {
     mode.links.clear();
 }
 
-void SaveTargets(Session& session, EditMode& mode) {
+// False when the user said no, and the mode goes on.
+bool SaveTargets(Session& session, EditMode& mode) {
     session.frmSearch.lblStatus.Caption = "Updating List Display";
     const Saved saved = SaveTargetPathFile(session, mode);
     session.frmSearch.lblStatus.Caption = "";
-    if (saved == Saved::kNotWanted) return;
+    if (saved == Saved::kNotWanted) return false;
     if (saved == Saved::kFailed) session.MsgBox(PromptId::kLinkEditFailed, kFailedText);
     LeaveMode(session, mode);
     results::BuildFileArray(session);
+    return true;
+}
+
+// Changes that are not wanted lead back to the table.
+void RunTable(Session& session, EditMode& mode) {
+    FillTable(session, mode);
+    while (EditInTable(session, mode)) {
+        if (SaveTargets(session, mode)) return;
+    }
+    LeaveMode(session, mode);
 }
 
 // The text is written in either case, so that one road leads back.
@@ -122,10 +133,7 @@ void EnterMode(Session& session, EditMode& mode, std::uint8_t choice) {
     session.frmSearch.cmdEditTargets.Caption = std::string(kSaveCaption);
     session.state.blnEditTargets = true;
     DisableFormForLinkEdit(session);
-    if (choice == kChoseTable) {
-        if (EditInTable(session, mode)) return SaveTargets(session, mode);
-        return LeaveMode(session, mode);
-    }
+    if (choice == kChoseTable) return RunTable(session, mode);
     if (!session::ViewAsText(session, session.state.strTargetPathFile, "OpenTargetPathFile"))
         return;
     session::LogTimed(
@@ -216,7 +224,7 @@ void AddShortcutEvents(session::EventTable& events) {
     events.On("frmSearch.cmdEditTargets_Click",
               [mode](Session& session, const session::EventArgs&) {
                   if (session.state.blnEditTargets) {
-                      SaveTargets(session, *mode);
+                      (void)SaveTargets(session, *mode);
                   } else {
                       EditTargets(session, *mode);
                   }

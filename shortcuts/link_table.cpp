@@ -62,12 +62,17 @@ void AddAnswers(session::EventTable& events, const std::string& name, auto form)
 
 } // namespace
 
-bool EditInTable(Session& session, const EditMode& mode) {
+void FillTable(Session& session, const EditMode& mode) {
     auto& form = session.forms.frmLinkTable;
     form.rows.clear();
     for (const EditedLink& link : mode.links) {
         form.rows.push_back(TableRow(session, link));
     }
+    form.first = form.rows;
+}
+
+bool EditInTable(Session& session, const EditMode& mode) {
+    auto& form = session.forms.frmLinkTable;
     form.lblMain.Caption = "Nothing is saved before you select Save Targets and see the changes.";
     form.isConfirmed = false;
     form.Show();

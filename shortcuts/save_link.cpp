@@ -33,11 +33,20 @@ std::string NameOfOld(std::string_view path, int number) {
                                       text::GetExtension(name)));
 }
 
+// The content that a link leads to; a copy of the link would lead to the new one.
+Result<void> CopyContent(Session& session, const std::string& bytes, const std::string& to) {
+    TX_TRY_ASSIGN(const auto stream, session.files().CreateTextFile(to, false));
+    TX_TRY(stream->Write(bytes));
+    return stream->Close();
+}
+
 // A copy of the old version beside it; gives its path.
-Result<std::string> KeepOld(Session& session, const std::string& path) {
+Result<std::string> KeepOld(Session& session, const std::string& path, const std::string& bytes) {
+    TX_TRY_ASSIGN(const platform::ObjectFacts facts, session.files().Facts(path));
     for (int number = 0; number < kMostNames; ++number) {
         std::string old = NameOfOld(path, number);
-        const auto copied = session.files().CopyFile(path, old, false, {});
+        const auto copied = facts.IsLink() ? CopyContent(session, bytes, old)
+                                           : session.files().CopyFile(path, old, false, {});
         if (copied) return old;
         if (copied.error().number != platform::kAlreadyExists) {
             return std::unexpected(copied.error());
@@ -49,7 +58,11 @@ Result<std::string> KeepOld(Session& session, const std::string& path) {
 // Whether the shortcut still holds what was read of it.
 Result<std::string> CheckedBytes(Session& session, const LinkChange& change) {
     TX_TRY_ASSIGN(std::string bytes, results::ReadShortcut(session, change.path));
-    if (results::CellsOf(session, change.path, bytes).stored == change.stored) return bytes;
+    if (bytes.size() == results::kMostShortcutBytes) {
+        return Failure(platform::kPathFileAccess, "It is too large for a shortcut.");
+    }
+    if (results::LinkReader(session).CellsOf(change.path, bytes).stored == change.stored)
+        return bytes;
     return Failure(platform::kChangedSinceSearch,
                    "It was changed by another program since it was read, and is left as it is. "
                    "Search again to see what it holds.");
@@ -66,7 +79,7 @@ Result<SavedLink> SaveLink(Session& session, const LinkChange& change) {
         TX_TRY(session::ReplaceTextFile(session.files(), change.path, bytes));
         return saved;
     }
-    TX_TRY_ASSIGN(std::string old, KeepOld(session, change.path));
+    TX_TRY_ASSIGN(std::string old, KeepOld(session, change.path, bytes));
     const auto replaced = session::ReplaceTextFile(session.files(), change.path, *edited);
     if (!replaced) {
         (void)session.files().DeleteFile(old, true);

@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 #include "platform/names.h"
 #include "results/link_cells.h"
+#include "results/link_target.h"
 #include "results/result_list.h"
 #include "session/attempt.h"
 #include "session/paths/short_path.h"
@@ -226,16 +227,17 @@ Edits Save::EditsOf(std::size_t index) {
 
 // An address that has gone, or has nothing in it, is told and left alone.
 bool Save::CanSave(const EditedLink& link) {
-    const auto facts = platform::GetFile(session_.files(), link.path);
-    if (facts && (facts->size > 0 || link.kind != Kind::kUrl)) return true;
+    const auto bytes = results::ReadShortcut(session_, link.path);
+    const bool isMissing = !bytes && bytes.error().number == platform::kFileNotFound;
+    if (!isMissing && (!bytes || !bytes->empty())) return true;
     if (link.kind == Kind::kUrl) {
         session_.MsgBox(PromptId::kShortcutMissing,
-                        facts ? "ERROR shortcut file is empty was previously written in "
-                                "'SaveToLinkFiles'."
-                              : "ERROR shortcut is missing was previously written in "
-                                "'SaveToLinkFiles'.");
+                        isMissing ? "ERROR shortcut is missing was previously written in "
+                                    "'SaveToLinkFiles'."
+                                  : "ERROR shortcut file is empty was previously written in "
+                                    "'SaveToLinkFiles'.");
     }
-    Note(link.path, facts ? "It is empty." : "It has gone since it was found.");
+    Note(link.path, isMissing ? "It has gone since it was found." : "It is empty.");
     return false;
 }
 
@@ -264,7 +266,7 @@ void Save::RefreshRow(std::size_t row) {
         shown.attributes = facts->attributes;
         shown.identity = session_.rows->Identities().Pack(facts->identity, false);
     }
-    session_.rows->Links(row) = results::ReadLinkCells(session_, path);
+    session_.rows->Links(row) = results::LinkReader(session_).Read(path);
 }
 
 void Save::SaveRow(std::size_t index) {

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_environment.h"
 
+#include "platform/linux/environment_files.h"
 #include "platform/linux/linux_native_paths.h"
 #include "platform/linux/system_calls.h"
 #include "text/case.h"
@@ -132,6 +133,7 @@ EnvironmentSource ReadEnvironment(std::string dataFolder, std::string programFol
     if (::gethostname(host.data(), host.size() - 1) == 0) source.computerName = host.data();
     const std::string settings = PathOr(source, "XDG_CONFIG_HOME", "/.config");
     source.userFolders = ReadSystemText(settings + "/user-dirs.dirs");
+    AppendStoredVariables(source.variables, settings);
     source.programFolder = programFolder.empty() ? OwnFolder() : AsAbsolute(programFolder);
     source.dataFolder =
         AsAbsolute(dataFolder.empty() ? ValueOf(source, "TARVIX_DATA_FOLDER") : dataFolder);

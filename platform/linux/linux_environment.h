@@ -11,7 +11,9 @@ namespace tarvix::platform {
 
 // Where the values come from: native paths, "" where nothing was asked for.
 struct EnvironmentSource {
-    std::vector<std::string> variables; // "NAME=value", as a process has them
+    // "NAME=value": those of the process, then what the system and the user keep in files. Of one
+    // name the first counts.
+    std::vector<std::string> variables;
     std::string home;
     std::string userName;
     std::string computerName;
@@ -20,7 +22,8 @@ struct EnvironmentSource {
     std::string dataFolder; // native or drive path
 };
 
-// The variables and places of this process. `dataFolder` and `programFolder` override what the
+// The variables and places of this process; behind its own variables those of the system's and the
+// user's files. `dataFolder` and `programFolder` override what the
 // process itself says.
 EnvironmentSource ReadEnvironment(std::string dataFolder, std::string programFolder);
 

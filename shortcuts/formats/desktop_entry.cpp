@@ -66,6 +66,7 @@ class Entry {
             file_.Insert(file_.EndOfSection(group_), fmt::format("{}={}", key, stored));
         }
     }
+    bool CanHold(std::string_view text) const { return file_.CanHold(text); }
     std::string Bytes() const { return file_.Bytes(); }
 
   private:
@@ -98,6 +99,9 @@ std::string Refusal(const Entry& entry, const Edits& edits) {
     }
     for (const auto& edit : edits) {
         if (edit && edit->find('\0') != edit->npos) return "A value can't hold a null character.";
+        if (edit && !entry.CanHold(*edit)) {
+            return "The file is in an old encoding that lacks a letter of the new value.";
+        }
     }
     return {};
 }

@@ -145,7 +145,9 @@ void IniText::SetValue(std::size_t line, std::string_view value) {
 
 void IniText::Insert(std::size_t line, std::string_view text) {
     if (line > 0 && !Decoded(lines_[line - 1].raw).ends_with('\n')) {
-        lines_[line - 1].raw += Encoded(lineEnd_);
+        // A lone CR at its end stays one.
+        const bool hasReturn = lines_[line - 1].text.ends_with('\r');
+        lines_[line - 1].raw += Encoded(hasReturn ? "\r\n" : lineEnd_);
     }
     Line added{.raw = Encoded(std::string(text) + lineEnd_), .text = std::string(text)};
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(line), std::move(added));
@@ -168,7 +170,18 @@ std::string IniText::Bytes() const {
     for (const Line& line : lines_) {
         bytes += line.raw;
     }
+    // Without the lines that told it the code page would be lost.
+    const bool looksLikeUtf8 = text::IsValidUtf8(bytes) && !text::IsAscii(bytes);
+    if (encoding_ == Encoding::kCodePage && looksLikeUtf8) return InUtf8();
     return bytes + tail_;
+}
+
+std::string IniText::InUtf8() const {
+    std::string bytes = mark_;
+    for (const Line& line : lines_) {
+        bytes += FromWindows1252(line.raw);
+    }
+    return bytes;
 }
 
 } // namespace tarvix::shortcuts

@@ -41,6 +41,7 @@ class IniText {
     enum class Encoding { kUtf8, kCodePage, kUtf16, kUtf16Swapped };
 
     void Split(std::string_view bytes);
+    std::string InUtf8() const;
     std::string Decoded(std::string_view raw) const;
     std::string Encoded(std::string_view text) const;
     bool IsWide() const {

@@ -1,6 +1,6 @@
+#include "results/net_hood.h"
 #include "search/default_folders.h"
 #include "search/locations.h"
-#include "session/paths/net_hood.h"
 #include "session/product.h"
 #include "tests/support/program_fixture.h"
 
@@ -201,20 +201,20 @@ class NetHood : public ProgramFixture {
 };
 
 TEST_F(NetHood, AnAddressBecomesItsShare) {
-    EXPECT_EQ(session::ResolveNetHood(S(), "smb://nas/music/rock"), "\\\\nas\\music\\rock");
-    EXPECT_EQ(session::ResolveNetHood(S(), "SMB://nas/music"), "\\\\nas\\music");
+    EXPECT_EQ(results::ResolveNetHood(S(), "smb://nas/music/rock"), "\\\\nas\\music\\rock");
+    EXPECT_EQ(results::ResolveNetHood(S(), "SMB://nas/music"), "\\\\nas\\music");
 }
 
 TEST_F(NetHood, TheDesktopsFolderBecomesItsShare) {
-    EXPECT_EQ(session::ResolveNetHood(S(), kDesktop), "\\\\nas\\music");
-    EXPECT_EQ(session::ResolveNetHood(S(), std::string(kDesktop) + "\\rock"),
+    EXPECT_EQ(results::ResolveNetHood(S(), kDesktop), "\\\\nas\\music");
+    EXPECT_EQ(results::ResolveNetHood(S(), std::string(kDesktop) + "\\rock"),
               "\\\\nas\\music\\rock");
 }
 
 TEST_F(NetHood, AShareThatIsNotMountedStaysAsItWasPicked) {
-    EXPECT_EQ(session::ResolveNetHood(S(), "smb://nas/other"), "smb://nas/other");
-    EXPECT_EQ(session::ResolveNetHood(S(), "smb://"), "smb://");
-    EXPECT_EQ(session::ResolveNetHood(S(), "C:\\x"), "C:\\x");
+    EXPECT_EQ(results::ResolveNetHood(S(), "smb://nas/other"), "smb://nas/other");
+    EXPECT_EQ(results::ResolveNetHood(S(), "smb://"), "smb://");
+    EXPECT_EQ(results::ResolveNetHood(S(), "C:\\x"), "C:\\x");
 }
 
 TEST_F(NetHood, APickedShareAndATypedAddressAreSearched) {

@@ -73,6 +73,17 @@ TEST(DesktopEntries, TakeTheLastOfEqualKeys) {
               "[Desktop Entry]\nIcon=a\nIcon=c\n");
 }
 
+// What told its encoding is what is replaced.
+TEST(DesktopEntries, InACodePageKeepTheirLettersWhenTheyTurnIntoUtf8) {
+    const std::string text = "[Desktop Entry]\nPath=\xC3\xA9\nComment=\xE9\n";
+    EXPECT_EQ(Read(Kind::kDesktop, text)[kStartIn], "\u00C3\u00A9");
+    const std::string edited = EditEntry(text, kDescription, "x");
+    EXPECT_EQ(edited, "[Desktop Entry]\nPath=\xC3\x83\xC2\xA9\nComment=x\n");
+    EXPECT_EQ(Read(Kind::kDesktop, edited)[kStartIn], "\u00C3\u00A9");
+    EXPECT_EQ(EditEntry(text, kIcon, "\u540D"),
+              "refused: The file is in an old encoding that lacks a letter of the new value.");
+}
+
 TEST(DesktopEntries, RefuseWhatTheyCannotHold) {
     EXPECT_EQ(EditEntry(kEditor, kHotKey, "CTRL+A"), "refused: A desktop entry has no hot key.");
     EXPECT_EQ(EditEntry(kEditor, kTarget, ""), "refused: A shortcut can't be without a target.");

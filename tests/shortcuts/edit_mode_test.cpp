@@ -179,6 +179,32 @@ TEST_F(ShortcutMode, KeepsTheOldVersionsInTheTrash) {
     EXPECT_EQ(machine.bin.Items()[0].path, "C:\\t\\a (before edit).lnk");
 }
 
+TEST_F(ShortcutMode, OfALinkThatLeadsToAShortcutKeepsTheOldContentToo) {
+    Disk().AddFile("C:\\u\\real.url", "[InternetShortcut]\r\nURL=http://a/\r\n");
+    Disk().AddLink("C:\\t\\e.url", "C:\\u\\real.url");
+    Find();
+    Enter();
+    Replace("Target = http://a/", "Target = http://b/");
+    Save();
+    EXPECT_EQ(Disk().Content("C:\\u\\real.url"), "[InternetShortcut]\r\nURL=http://b/\r\n");
+    ASSERT_EQ(machine.bin.Items().size(), 1U);
+    EXPECT_EQ(machine.bin.Items()[0].path, "C:\\t\\e (before edit).url");
+    ASSERT_TRUE(machine.bin.Restore("C:\\t\\e (before edit).url"));
+    EXPECT_EQ(Disk().Content("C:\\t\\e (before edit).url"),
+              "[InternetShortcut]\r\nURL=http://a/\r\n");
+}
+
+TEST_F(ShortcutMode, ThatIsTooLargeIsLeftAlone) {
+    const std::string large = "[InternetShortcut]\r\nURL=http://a/\r\n" + std::string(1 << 20, ';');
+    Disk().AddFile("C:\\t\\e.url", large);
+    Find();
+    Enter();
+    Replace("Target = http://a/", "Target = http://b/");
+    Save();
+    EXPECT_EQ(Disk().Content("C:\\t\\e.url"), large);
+    EXPECT_TRUE(WasTold("e.url: It is too large for a shortcut."));
+}
+
 TEST_F(ShortcutMode, NoToTheQuestionKeepsTheModeWhole) {
     Find();
     Enter();
@@ -343,6 +369,18 @@ TEST_F(ShortcutMode, ATextWithLineBreaksIsOneLineAndKeepsThemWhereItIsNotEdited)
     Save();
     EXPECT_EQ(Link("C:\\t\\e.lnk")[shortcuts::kDescription], "line one\r\nline two");
     EXPECT_EQ(Link("C:\\t\\e.lnk")[shortcuts::kTarget], "C:\\windows\\write.exe");
+}
+
+TEST_F(ShortcutMode, IsOfferedForDesktopEntriesToo) {
+    Disk().AddFile("C:\\t\\e.desktop", "[Desktop Entry]\nExec=a\n");
+    Start();
+    LookForAllAttributes();
+    Search("*.desktop|*.txt", "C:\\t");
+    Click(Form().cmdSelectAll);
+    EXPECT_TRUE(Form().cmdEditTargets.Visible);
+    Search("*.txt", "C:\\t");
+    Click(Form().cmdSelectAll);
+    EXPECT_FALSE(Form().cmdEditTargets.Visible);
 }
 
 TEST_F(ShortcutMode, DesktopEntriesHaveEightLines) {

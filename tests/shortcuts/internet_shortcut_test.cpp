@@ -110,6 +110,15 @@ TEST(InternetShortcuts, OfMoreThan500LinesLoseNone) {
     EXPECT_EQ(EditUrl(text, kHotKey, "5"), text + "HotKey=5\r\n");
 }
 
+// What random bytes have shown.
+TEST(InternetShortcuts, ThatEndInHalfALineKeepIt) {
+    EXPECT_EQ(EditUrl("[InternetShortcut]\nURL=a\nHotKey=1\r", kIcon, "x,1"),
+              "[InternetShortcut]\nURL=a\nHotKey=1\r\r\nIconIndex=1\nIconFile=x\n");
+    const std::string wide("\xFE\xFF\0[\0a\0]\0\n\0", 11);
+    EXPECT_EQ(EditUrl(wide, kHotKey, "1"),
+              std::string("\xFE\xFF\0[\0a\0]\0\n\0H\0o\0t\0K\0e\0y\0=\0001\0\n\0", 29));
+}
+
 TEST(InternetShortcuts, RefuseWhatTheyCannotHold) {
     EXPECT_EQ(EditUrl(kPlain, kArguments, "x"),
               "refused: A .url file has only a target, a hot key and an icon.");

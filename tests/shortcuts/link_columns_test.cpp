@@ -1,3 +1,4 @@
+#include "results/net_hood.h"
 #include "session/paths/env_variables.h"
 #include "tests/shortcuts/shortcut_files.h"
 #include "tests/support/program_fixture.h"
@@ -114,6 +115,19 @@ TEST_F(LinkColumns, OfADesktopEntryAreFilled) {
     EXPECT_THAT(Cells(results::kTargetArguments), ElementsAre("b"));
     EXPECT_THAT(Cells(results::kWindowStyle), ElementsAre("Terminal"));
     EXPECT_THAT(Cells(results::kDescription), ElementsAre("c"));
+}
+
+TEST_F(LinkColumns, OfAFolderShortcutLeadToItsTarget) {
+    Disk().AddFile("C:\\h\\NetHood\\share\\target.lnk",
+                   ShortcutBytes("lnk/wine/07_unc_share_root.lnk"));
+    Disk().AddFile("C:\\h\\NetHood\\Computers Near Me\\target.lnk",
+                   ShortcutBytes("lnk/wine/07_unc_share_root.lnk"));
+    EXPECT_EQ(results::ResolveNetHood(S(), "C:\\h\\NetHood\\share"), "\\\\srv\\share");
+    EXPECT_EQ(results::ResolveNetHood(S(), "C:\\h\\NetHood\\share\\below"),
+              "C:\\h\\NetHood\\share\\below");
+    EXPECT_EQ(results::ResolveNetHood(S(), "C:\\h\\NetHood\\Computers Near Me"),
+              "C:\\h\\NetHood\\Computers Near Me");
+    EXPECT_EQ(results::ResolveNetHood(S(), "C:\\h\\NetHood\\none"), "C:\\h\\NetHood\\none");
 }
 
 class Folding : public ProgramFixture {

@@ -1,15 +1,21 @@
-#include "session/paths/net_hood.h"
+#include "results/net_hood.h"
 
 #include "platform/file_system.h"
+#include "results/link_target.h"
 #include "session/session.h"
+#include "shortcuts/formats/values.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/like.h"
+#include "text/paths.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
-namespace tarvix::session {
+namespace tarvix::results {
 
 namespace {
 
@@ -39,9 +45,26 @@ std::string ShareOfDesktopFolder(std::string_view path, std::size_t at) {
                        behind.substr(end));
 }
 
+// What a folder of shortcuts to the network leads to; its list of computers leads nowhere.
+std::optional<std::string> TargetOfShortcutFolder(session::Session& session,
+                                                  std::string_view path) {
+    const bool isOne =
+        text::LikeNoCase(path, "?:*\\NetHood\\*") && !text::LikeNoCase(path, "?:*\\NetHood\\*\\*");
+    if (!isOne || text::EqualNoCase(text::FolderOwnName(path), "Computers Near Me")) {
+        return std::nullopt;
+    }
+    const auto bytes = results::ReadShortcut(session, text::JoinPath(path, "target.lnk"));
+    if (!bytes) return std::nullopt;
+    std::string target = shortcuts::Read(shortcuts::Kind::kLnk, *bytes)[shortcuts::kTarget];
+    return target.empty() ? std::nullopt : std::optional(std::move(target));
+}
+
 } // namespace
 
-std::string ResolveNetHood(Session& session, std::string_view path) {
+std::string ResolveNetHood(session::Session& session, std::string_view path) {
+    if (const auto target = TargetOfShortcutFolder(session, text::StripTrailingSlash(path))) {
+        return *target;
+    }
     std::string share;
     const std::size_t desktopFolder = path.find(kDesktopFolder);
     if (text::EqualNoCase(path.substr(0, kAddress.size()), kAddress)) {
@@ -53,4 +76,4 @@ std::string ResolveNetHood(Session& session, std::string_view path) {
     return isThere ? share : std::string(path);
 }
 
-} // namespace tarvix::session
+} // namespace tarvix::results

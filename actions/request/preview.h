@@ -31,8 +31,8 @@ enum class Verdict : std::uint8_t {
     kCopyOnly, // of a move: the original can't be taken away
     kNoRight,
     kNoRoom,
-    kLeftAlone, // for a reason that would be told
-    kNoTrash,   // for what it would overwrite
+    kLeftAlone,   // for a reason that would be told
+    kNoTrash,     // for what it would overwrite
     kNameRefused, // the disk there takes no such name
 };
 

@@ -70,12 +70,19 @@ TEST(AllForms, FindEachOfTheirControlsByItsName) {
 // The letters in front of a name tell what it names.
 TEST(AllForms, ControlsBearTheLettersOfTheirKind) {
     const std::map<ControlKind, std::set<std::string>> letters{
-        {ControlKind::kLabel, {"lbl"}},           {ControlKind::kTextBox, {"txt"}},
-        {ControlKind::kCheckBox, {"chk"}},        {ControlKind::kOptionButton, {"opt"}},
-        {ControlKind::kComboBox, {"cmb", "cbo"}}, {ControlKind::kCommandButton, {"cmd"}},
-        {ControlKind::kMenuEntry, {"mnu"}},       {ControlKind::kFrame, {"fra"}},
-        {ControlKind::kListView, {"lst"}},        {ControlKind::kListBox, {"lst", "fil"}},
-        {ControlKind::kDatePicker, {"dtp"}},      {ControlKind::kProgressBar, {"prg"}}};
+        {ControlKind::kLabel, {"lbl"}},
+        {ControlKind::kTextBox, {"txt"}},
+        {ControlKind::kCheckBox, {"chk"}},
+        {ControlKind::kOptionButton, {"opt"}},
+        {ControlKind::kComboBox, {"cmb", "cbo"}},
+        {ControlKind::kCommandButton, {"cmd"}},
+        {ControlKind::kMenuEntry, {"mnu"}},
+        {ControlKind::kFrame, {"fra"}},
+        {ControlKind::kListView, {"lst"}},
+        {ControlKind::kListBox, {"lst", "fil"}},
+        {ControlKind::kDatePicker, {"dtp"}},
+        {ControlKind::kProgressBar, {"prg"}},
+        {ControlKind::kTimer, {"Tim"}}};
     const std::set<std::string> others{"OKButton", "CancelButton"};
     const Forms forms;
     for (const Form* form : forms.all) {

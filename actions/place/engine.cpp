@@ -46,7 +46,8 @@ Outcome RefuseToLeave(Session& session, const Job& job) {
     const auto refused = session::Attempt(session, context, [&]() -> platform::Result<void> {
         return platform::Failure(platform::kPathFileAccess,
                                  fmt::format("A rename can't give {} another folder: {}.",
-                                             job.object.path, job.destination));
+                                             session.Shown(job.object.path),
+                                             session.Shown(job.destination)));
     });
     return Unread(session, refused.result.error());
 }

@@ -46,7 +46,8 @@ platform::Result<void> DeleteForGood(Session& session, const RecycleEntry& entry
     auto& files = session.files();
     const bool isFile = kind == ObjectType::kFile;
     if (!IsThere(session, entry)) {
-        return platform::Failure(platform::kFileNotFound, entry.strPath + " is not there.");
+        return platform::Failure(platform::kFileNotFound,
+                                 session.Shown(entry.strPath) + " is not there.");
     }
     TX_TRY_ASSIGN(const platform::Look look, files.LookAtSeen(entry.Seen()));
     TX_TRY(files.SetAttributesOf(look, isFile ? kPlainFile : kPlainFolder));

@@ -181,10 +181,11 @@ bool AddRow(Session& session, std::size_t row, EditMode& mode, std::string& text
     return true;
 }
 
-// A text without the told line ends keeps what it has for the next try.
-bool WriteText(Session& session, std::string_view text) {
+} // namespace
+
+bool SaveEditText(Session& session, std::string_view routine, std::string_view text) {
     const std::string& path = session.state.strTargetPathFile;
-    const session::ErrorContext context{.routine = "OpenTargetPathFile",
+    const session::ErrorContext context{.routine = routine,
                                         .moduleName = "frmSearch",
                                         .object = path,
                                         .path = path,
@@ -192,8 +193,6 @@ bool WriteText(Session& session, std::string_view text) {
     return static_cast<bool>(session::Attempt(
         session, context, [&] { return session::ReplaceTextFile(session.files(), path, text); }));
 }
-
-} // namespace
 
 Opened WriteTargetPathFile(Session& session, EditMode& mode) {
     session::LogTimed(session, "  User chose to initiate Shortcut Edit mode");
@@ -205,7 +204,7 @@ Opened WriteTargetPathFile(Session& session, EditMode& mode) {
         session.Yield();
     }
     results::BuildFileArray(session);
-    if (!WriteText(session, text)) return Opened::kFailed;
+    if (!SaveEditText(session, "OpenTargetPathFile", text)) return Opened::kFailed;
     return mode.links.empty() ? Opened::kNothing : Opened::kOpened;
 }
 

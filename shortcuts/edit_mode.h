@@ -2,6 +2,7 @@
 
 #include "shortcuts/link_changes.h"
 
+#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
@@ -22,6 +23,10 @@ enum class Opened { kOpened, kNothing, kFailed };
 // Deselects the shortcuts without a target and writes the records of those that stay selected to
 // `strTargetPathFile`.
 Opened WriteTargetPathFile(session::Session& session, EditMode& mode);
+
+// Puts the records in place as `strTargetPathFile`, whole; `routine` is the one whose error rule
+// holds. After a failure the text that stood there stays.
+bool SaveEditText(session::Session& session, std::string_view routine, std::string_view text);
 
 // The button that begins the mode and saves, the menu entry that cancels it, and their windows.
 void AddShortcutEvents(session::EventTable& events);

@@ -2,9 +2,7 @@
 
 #include "results/link_cells.h"
 #include "results/result_list.h"
-#include "session/attempt.h"
 #include "session/prompt_id.h"
-#include "session/remembered/replace_file.h"
 #include "session/session.h"
 #include "text/paths.h"
 
@@ -39,14 +37,7 @@ bool WriteTable(Session& session, const EditMode& mode) {
     for (std::size_t i = 0; i < mode.links.size(); ++i) {
         AppendRecord(text, RecordOf(mode.links[i], session.forms.frmLinkTable.rows[i]));
     }
-    const std::string& path = session.state.strTargetPathFile;
-    const session::ErrorContext context{.routine = "SaveTargetPathFile",
-                                        .moduleName = "frmSearch",
-                                        .object = path,
-                                        .path = path,
-                                        .objectType = session::ObjectType::kFile};
-    return static_cast<bool>(session::Attempt(
-        session, context, [&] { return session::ReplaceTextFile(session.files(), path, text); }));
+    return SaveEditText(session, "SaveTargetPathFile", text);
 }
 
 // Two buttons of a window that is asked whether to go on.

@@ -86,4 +86,4 @@ package: build
 clean:
 	@rm -rf build build-*
 
-.PHONY: help setup setup-developer build run test nightly sanitize headless bench readers fuzz lint format package clean
+.PHONY: help setup setup-developer build run test nightly sanitize sanitize-threads headless bench readers fuzz lint format package clean

@@ -2,6 +2,7 @@
 
 #include "platform/try.h"
 #include "text/case.h"
+#include "text/characters.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>

@@ -11,6 +11,7 @@ class Environment;
 class Registry;
 class Launcher;
 class ContentTypes;
+class Applications;
 class Trash;
 
 // All that a session needs of the machine. The owner is whoever composed the program.
@@ -22,6 +23,7 @@ struct Platform {
     Registry& registry;
     Launcher& launcher;
     ContentTypes& contentTypes;
+    Applications& applications;
     Trash& trash;
     Traits traits{};
 };

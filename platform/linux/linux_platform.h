@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/drive_table.h"
+#include "platform/linux/linux_applications.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_content_types.h"
 #include "platform/linux/linux_environment.h"
@@ -36,8 +37,8 @@ class LinuxPlatform {
     explicit LinuxPlatform(LinuxOptions options = {});
 
     Platform Parts() {
-        return {files_,     paths_,        clock_, environment_, registry_,
-                *launcher_, contentTypes_, trash_, kTraits};
+        return {files_,     paths_,        clock_,        environment_, registry_,
+                *launcher_, contentTypes_, applications_, trash_,       kTraits};
     }
 
   private:
@@ -55,7 +56,8 @@ class LinuxPlatform {
     LinuxNativePaths paths_;
     LinuxClock clock_;
     LinuxEnvironment environment_;
-    LinuxRegistry registry_;
+    LinuxApplications applications_;
+    LinuxRegistry registry_{applications_};
     std::unique_ptr<Launcher> launcher_;
     LinuxContentTypes contentTypes_;
     LinuxTrash trash_{files_};

@@ -210,6 +210,13 @@ enum class PromptId : std::uint8_t {
     kPagesEmpty,
     kPageNotOpened,
 
+    // The menu of the list.
+    kContextMenuWarning,
+    kContextMenu,
+    kOpenWith,
+    kMenuNotDone,
+    kActionNotTrusted,
+
     // Scripts.
     kNewScript,
     kPickScript,

@@ -38,6 +38,7 @@ enum class Wording : std::uint8_t {
     kRecycleFoldersButton,
     kRecycleFileForFolder,
     kRecycleFolderForFile,
+    kContextMenu, // what its warning says
     kEnd
 };
 

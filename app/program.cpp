@@ -4,6 +4,7 @@
 #include "batch/batch_events.h"
 #include "generate/menu.h"
 #include "launch/menu/context_menu.h"
+#include "launch/run_menu.h"
 #include "search/search_button.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/help.h"
@@ -29,6 +30,7 @@ void FillEvents(session::EventTable& events) {
     batch::AddBatchEvents(events);
     shortcuts::AddShortcutEvents(events);
     menu::AddMenuEvents(events);
+    launch::AddLaunchEvents(events);
 }
 
 } // namespace tarvix::app

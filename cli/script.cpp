@@ -179,15 +179,15 @@ struct StatementWord {
 };
 
 constexpr std::array<StatementWord, 10> kStatements{{{"set", ParseSet},
-                                                    {"click", ParseClick},
-                                                    {"leave", ParseLeave},
-                                                    {"column", ParseColumn},
-                                                    {"select", ParseSelect},
-                                                    {"doubleclick", ParseDoubleClick},
-                                                    {"rightclick", ParseRightClick},
-                                                    {"answer", ParseAnswer},
-                                                    {"after", ParseAfter},
-                                                    {"dump", ParseDump}}};
+                                                     {"click", ParseClick},
+                                                     {"leave", ParseLeave},
+                                                     {"column", ParseColumn},
+                                                     {"select", ParseSelect},
+                                                     {"doubleclick", ParseDoubleClick},
+                                                     {"rightclick", ParseRightClick},
+                                                     {"answer", ParseAnswer},
+                                                     {"after", ParseAfter},
+                                                     {"dump", ParseDump}}};
 
 Parsed ParseStatement(std::string_view line) {
     std::string_view rest = line;

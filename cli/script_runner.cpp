@@ -219,9 +219,8 @@ InputResult ScriptRunner::DoubleClick(const Statement& statement) {
     const std::uint64_t number = statement.numbers.front();
     const std::size_t count = program_->Rows().Count();
     if (number > count) return NoRow(number, count);
-    const bool opens = Session().state.blnPlayListMode;
-    if (opens && session::UserOpen(Session(), static_cast<int>(number - 1))) return {};
-    return Wrong("Rows can't be opened by a double click in this version.");
+    session::UserOpen(Session(), static_cast<int>(number - 1));
+    return {};
 }
 
 // As in the window: a row that isn't selected is selected first, alone.

@@ -36,8 +36,8 @@ struct ScriptFile {
 
 enum class FileRight : std::uint8_t { kOwner, kRead, kWrite, kRun, kLocal };
 
-// What entries of the menu of objects ask of the desktop. Paths are native, texts the bytes of other
-// programs' files; types are such as "image/png".
+// What entries of the menu of objects ask of the desktop. Paths are native, texts the bytes of
+// other programs' files; types are such as "image/png".
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -47,8 +47,8 @@ class Desktop {
     // larger or can't be read isn't there.
     virtual std::vector<ActionFile> ActionFiles(DesktopFolder folder, std::string_view below,
                                                 std::string_view ending) = 0;
-    // The files that this user may run in `below` and its subfolders, five levels deep, 500 at most;
-    // hidden ones and folders behind links are passed over.
+    // The files that this user may run in `below` and its subfolders, five levels deep, 500 at
+    // most; hidden ones and folders behind links are passed over.
     virtual std::vector<ScriptFile> Scripts(DesktopFolder folder, std::string_view below) = 0;
 
     // The user's languages as keys of desktop entries name them, "de_DE" and "de", the best first.
@@ -67,8 +67,8 @@ class Desktop {
     virtual bool TellsTrue(std::string_view commandLine) = 0;
     virtual bool Has(std::string_view path, FileRight right) = 0;
 
-    // Asks the file manager for its window on the properties of objects, by their addresses: 70 when
-    // none takes that.
+    // Asks the file manager for its window on the properties of objects, by their addresses: 70
+    // when none takes that.
     virtual Result<void> ShowProperties(std::span<const std::string> addresses) = 0;
 };
 

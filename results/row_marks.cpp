@@ -9,8 +9,9 @@ namespace tarvix::results {
 namespace {
 
 void SetMark(ResultRow& row, RowMark mark, bool isSet) {
-    const unsigned others = row.marks & ~static_cast<unsigned>(mark);
-    row.marks = static_cast<std::uint8_t>(others | (isSet ? mark : 0U));
+    const unsigned bit = mark;
+    const unsigned others = row.marks & ~bit;
+    row.marks = static_cast<std::uint8_t>(isSet ? others | bit : others);
 }
 
 bool IsMissing(const platform::PlatformError& error) {

@@ -117,6 +117,26 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
      "Move duplicate file to the trash, then replace with original folder."},
     {Wording::kRecycleFolderForFile, "Recycle duplicate folder, then replace with original file.",
      "Move duplicate folder to the trash, then replace with original file."},
+    {Wording::kNotOpened,
+     "Unable to find any way to open that file, \r\nThere is most likely missing information in "
+     "the registry file.\r\nYou can view this file with notepad, if you select 'view as text' in "
+     "the 'run' menu.",
+     "No program that is set for such files could open it.\r\nChoose one in the settings of the "
+     "desktop, or an Editor in the options of this machine.\r\n'View as File Text' in the Run "
+     "menu shows any file as text."},
+    {Wording::kForceNeedsPlayer, "You must have loaded VLC player to use this menu option.",
+     "VLC isn't installed, and no other Player is set in the options of this machine."},
+    {Wording::kNoPlayers,
+     "I am only supporting WinAmp for .Mp3, .m3u or .Wav files...skipped.\r\nOr you have not "
+     "loaded either VLC or WinAmp players.",
+     "These were skipped: a SecondPlayer gets only mp3, m3u and wav files, and no Player was "
+     "found.\r\nInstall VLC, or set a Player in the options of this machine."},
+    {Wording::kHexEditorMissing,
+     "You must have this file of the 'Free Hex Editor 1.0.154' to work: \r\n%FrHed%\\FRHED.EXE",
+     "No hex editor was found. Install one, such as ghex or okteta, or set a HexEditor in the "
+     "options of this machine."},
+    {Wording::kNotAProgram, "Must be an .exe file",
+     "Must be a program or a script of this machine, or an .exe file"},
     {Wording::kContextMenu,
      "Taking actions with the context menu may change search results.\r\n\r\n"
      "This list will NOT be refreshed, unless you press the search button.\r\n\r\n"

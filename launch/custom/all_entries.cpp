@@ -53,19 +53,17 @@ std::vector<CustomEntry> AllEntries(platform::Desktop& desktop, const Chosen& ch
     const auto files = [&](DesktopFolder folder, std::string_view below, std::string_view ending) {
         return desktop.ActionFiles(folder, below, ending);
     };
-    Append(all, FileManagerEntries(
-                    desktop, files(DesktopFolder::kData, "file-manager/actions", ".desktop"),
-                    chosen));
+    Append(all, FileManagerEntries(desktop,
+                                   files(DesktopFolder::kData, "file-manager/actions", ".desktop"),
+                                   chosen));
     auto services = files(DesktopFolder::kData, "kio/servicemenus", ".desktop");
     auto older = files(DesktopFolder::kData, "kservices5/ServiceMenus", ".desktop");
     services.insert(services.end(), std::make_move_iterator(older.begin()),
                     std::make_move_iterator(older.end()));
     Append(all, ServiceEntries(desktop, services, chosen));
-    Append(all,
-           NemoEntries(desktop, files(DesktopFolder::kData, "nemo/actions", ".nemo_action"),
-                       chosen));
-    Append(all,
-           ThunarEntries(desktop, files(DesktopFolder::kConfig, "Thunar", "uca.xml"), chosen));
+    Append(all, NemoEntries(desktop, files(DesktopFolder::kData, "nemo/actions", ".nemo_action"),
+                            chosen));
+    Append(all, ThunarEntries(desktop, files(DesktopFolder::kConfig, "Thunar", "uca.xml"), chosen));
     for (const ScriptsFolder& scripts : kScripts)
         Append(all, ScriptEntries(desktop.Scripts(scripts.folder, scripts.below), scripts.prefix));
     return all;

@@ -10,8 +10,7 @@ namespace {
 
 bool LiesIn(std::string_view path, std::string_view folder) {
     if (folder == "/") return true;
-    return path.starts_with(folder) &&
-           (path.size() == folder.size() || path[folder.size()] == '/');
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 } // namespace

@@ -16,8 +16,8 @@ struct ChosenObject {
 // The objects that a menu is for. Not empty.
 struct Chosen {
     std::vector<ChosenObject> objects;
-    std::string folder;      // native: the deepest one that holds them all
-    bool isOneFolder = true; // all of them lie directly in it
+    std::string folder;             // native: the deepest one that holds them all
+    bool isOneFolder = true;        // all of them lie directly in it
     std::vector<std::string> types; // of the objects, each once
 };
 

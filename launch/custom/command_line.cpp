@@ -153,8 +153,8 @@ std::optional<std::vector<std::string>> SplitWords(std::string_view line) {
         reader.isOpen = true;
         const bool isEscape =
             c == '\\' && hasNext &&
-            (reader.quote == 0 || (reader.quote == '"' && std::string_view("\"\\$`").find(
-                                                              line[i + 1]) != line.npos));
+            (reader.quote == 0 ||
+             (reader.quote == '"' && std::string_view("\"\\$`").find(line[i + 1]) != line.npos));
         if (isEscape) {
             reader.word += line[++i];
         } else if (reader.quote == 0 && (c == '"' || c == '\'')) {

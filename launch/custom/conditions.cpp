@@ -43,8 +43,8 @@ bool FitsList(const Texts& list, Fits&& fits) {
 template <class Fits>
 bool AllFitList(const Chosen& chosen, const Texts& list, Fits&& fits) {
     return list.empty() || std::ranges::all_of(chosen.objects, [&](const ChosenObject& object) {
-        return FitsList(list, [&](std::string_view entry) { return fits(object, entry); });
-    });
+               return FitsList(list, [&](std::string_view entry) { return fits(object, entry); });
+           });
 }
 
 bool LiesInFolder(std::string_view folder, std::string_view wanted) {
@@ -141,10 +141,9 @@ bool FitsGlob(std::string_view pattern, std::string_view name, bool matchCase) {
     std::size_t star = pattern.npos; // the last "*", and how far the name was then
     std::size_t held = 0;
     while (n < name.size()) {
-        const bool fits =
-            p < pattern.size() && pattern[p] != '*' &&
-            (pattern[p] == '?' || pattern[p] == name[n] ||
-             (!matchCase && LowerAscii(pattern[p]) == LowerAscii(name[n])));
+        const bool fits = p < pattern.size() && pattern[p] != '*' &&
+                          (pattern[p] == '?' || pattern[p] == name[n] ||
+                           (!matchCase && LowerAscii(pattern[p]) == LowerAscii(name[n])));
         if (fits) {
             ++p;
             ++n;
@@ -173,9 +172,9 @@ bool FitsType(Desktop& desktop, std::string_view type, std::string_view wanted) 
 bool FitTypes(Desktop& desktop, const Chosen& chosen, std::span<const std::string> wanted) {
     const Texts list(wanted.begin(), wanted.end());
     return list.empty() || std::ranges::all_of(chosen.types, [&](const std::string& type) {
-        return FitsList(list,
-                        [&](std::string_view entry) { return FitsType(desktop, type, entry); });
-    });
+               return FitsList(
+                   list, [&](std::string_view entry) { return FitsType(desktop, type, entry); });
+           });
 }
 
 bool ConditionsHold(Desktop& desktop, const KeyFile& file, std::string_view group,

@@ -60,8 +60,9 @@ Piece FileManagerPiece(char letter) {
     case 'w':
         return [](const ChosenObject& object) { return std::string(StemOf(NameOf(object.path))); };
     case 'x':
-        return
-            [](const ChosenObject& object) { return std::string(ExtensionOf(NameOf(object.path))); };
+        return [](const ChosenObject& object) {
+            return std::string(ExtensionOf(NameOf(object.path)));
+        };
     default:
         return nullptr;
     }
@@ -88,9 +89,9 @@ MayBeValues FileManagerCode(const Filled& filled, char code) {
 // Service menus and Thunar name alike what they share.
 MayBeValues EntryCode(const Filled& filled, char code) {
     const char small = Small(code);
-    const Piece piece =
-        FileManagerPiece(small == 'n' ? 'b' : small == 'f' || small == 'u' || small == 'd' ? small
-                                                                                           : 0);
+    const Piece piece = FileManagerPiece(small == 'n'                                   ? 'b'
+                                         : small == 'f' || small == 'u' || small == 'd' ? small
+                                                                                        : 0);
     if (piece == nullptr) return std::nullopt;
     if (!IsCapital(code)) return Values{piece(filled.One())};
     return filled.All(piece);
@@ -209,8 +210,8 @@ std::expected<PlannedProcess, std::string> FillOne(const Filled& filled) {
         return std::unexpected(fmt::format("The command of \"{}\" in {} can't be read: {}",
                                            command.name, command.file, command.line));
     }
-    process->folder = command.folder.empty() ? filled.chosen.folder
-                                             : FillText(command.folder, codes);
+    process->folder =
+        command.folder.empty() ? filled.chosen.folder : FillText(command.folder, codes);
     if (command.showsOutput) KeepOpen(*process);
     if (process->variables.size() > kMostVariables || BytesOf(*process) > kMostBytes) {
         return TooMany(filled.chosen);
@@ -218,7 +219,8 @@ std::expected<PlannedProcess, std::string> FillOne(const Filled& filled) {
     return std::move(*process);
 }
 
-// Names alone where all lie in one folder, in which a script begins; none is to look like an option.
+// Names alone where all lie in one folder, in which a script begins; none is to look like an
+// option.
 std::string ScriptArgument(const Chosen& chosen, const ChosenObject& object) {
     if (!chosen.isOneFolder) return object.path;
     const std::string_view name = NameOf(object.path);
@@ -247,8 +249,8 @@ std::expected<PlannedProcess, std::string> ScriptProcess(const EntryCommand& com
         process.variables.emplace_back(name("CURRENT_URI"), here);
         if (prefix == "NAUTILUS") return;
         process.variables.emplace_back(name("WINDOW_GEOMETRY"), "");
-        for (const std::string_view rest : {"NEXT_PANE_SELECTED_FILE_PATHS",
-                                            "NEXT_PANE_SELECTED_URIS", "NEXT_PANE_CURRENT_URI"})
+        for (const std::string_view rest :
+             {"NEXT_PANE_SELECTED_FILE_PATHS", "NEXT_PANE_SELECTED_URIS", "NEXT_PANE_CURRENT_URI"})
             process.variables.emplace_back(name(rest), "");
     };
     add(command.prefix);

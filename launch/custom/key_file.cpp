@@ -47,9 +47,8 @@ bool KeyFile::HasGroup(std::string_view group) const {
 }
 
 std::optional<std::string_view> KeyFile::Raw(std::string_view group, std::string_view key) const {
-    const auto found = std::ranges::find_if(entries_, [&](const Entry& entry) {
-        return entry.group == group && entry.key == key;
-    });
+    const auto found = std::ranges::find_if(
+        entries_, [&](const Entry& entry) { return entry.group == group && entry.key == key; });
     return found == entries_.end() ? std::nullopt : std::optional(found->value);
 }
 

@@ -115,8 +115,8 @@ CustomEntry EntryOf(const ActionFile& file, const KeyFile& keys,
 
 } // namespace
 
-std::vector<CustomEntry> NemoEntries(platform::Desktop& desktop,
-                                     std::span<const ActionFile> files, const Chosen& chosen) {
+std::vector<CustomEntry> NemoEntries(platform::Desktop& desktop, std::span<const ActionFile> files,
+                                     const Chosen& chosen) {
     const auto languages = desktop.Languages();
     std::vector<CustomEntry> entries;
     std::set<std::string_view> seen;

@@ -66,9 +66,8 @@ bool FitsTypes(platform::Desktop& desktop, const KeyFile& keys, const Chosen& ch
     if (types.empty()) return false;
     const auto excluded = Types(keys, "ExcludeServiceTypes");
     const bool isExcluded = std::ranges::any_of(chosen.types, [&](const std::string& type) {
-        return std::ranges::any_of(excluded, [&](const std::string& wanted) {
-            return FitsType(desktop, type, wanted);
-        });
+        return std::ranges::any_of(
+            excluded, [&](const std::string& wanted) { return FitsType(desktop, type, wanted); });
     });
     return !isExcluded && FitTypes(desktop, chosen, types);
 }

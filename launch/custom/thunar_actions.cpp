@@ -40,8 +40,7 @@ bool FitsPatterns(const XmlElement& action, const Chosen& chosen) {
     for (const std::string_view piece : text::Split(text, ';')) {
         if (!text::Trim(piece).empty()) patterns.push_back(text::Trim(piece));
     }
-    return patterns.empty() ||
-           std::ranges::all_of(chosen.objects, [&](const ChosenObject& object) {
+    return patterns.empty() || std::ranges::all_of(chosen.objects, [&](const ChosenObject& object) {
                return std::ranges::any_of(patterns, [&](std::string_view pattern) {
                    return FitsGlob(pattern, NameOf(object.path), false);
                });

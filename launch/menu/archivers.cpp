@@ -9,13 +9,12 @@ namespace tarvix::menu {
 
 namespace {
 
-constexpr std::array<Archiver, 6> kArchivers{
-    {{"file-roller", "--default-dir=%d --add"},
-     {"engrampa", "--default-dir=%d --add"},
-     {"ark", "--changetofirstpath --add --dialog"},
-     {"xarchiver", "--compress"},
-     {"lxqt-archiver", "--add"},
-     {"squeeze", "--new"}}};
+constexpr std::array<Archiver, 6> kArchivers{{{"file-roller", "--default-dir=%d --add"},
+                                              {"engrampa", "--default-dir=%d --add"},
+                                              {"ark", "--changetofirstpath --add --dialog"},
+                                              {"xarchiver", "--compress"},
+                                              {"lxqt-archiver", "--add"},
+                                              {"squeeze", "--new"}}};
 
 } // namespace
 

@@ -94,8 +94,8 @@ class Builder {
         const bool isFew = Count() <= kMostOpened;
         const std::string tooMany =
             isFew ? "" : fmt::format("At most {} objects are opened at once.", kMostOpened);
-        Add(menu_.items, {.label = "&Open", .icon = "document-open", .tip = tooMany,
-                          .isEnabled = isFew},
+        Add(menu_.items,
+            {.label = "&Open", .icon = "document-open", .tip = tooMany, .isEnabled = isFew},
             {Deed::kOpen, {}, 0});
         MenuItem with{.label = "Open Wit&h", .isEnabled = isFew};
         if (types.size() <= kMostTypes) {
@@ -122,8 +122,7 @@ class Builder {
         Add(menu_.items,
             {.label = "Show in &Folder",
              .icon = "folder-open",
-             .tip = isFew ? ""
-                          : fmt::format("At most {} folders are shown at once.", kMostFolders),
+             .tip = isFew ? "" : fmt::format("At most {} folders are shown at once.", kMostFolders),
              .isEnabled = isFew},
             {Deed::kShowInFolder, {}, 0});
     }
@@ -145,7 +144,8 @@ class Builder {
         if (control == nullptr || !session_.events.Has(event)) return;
         const std::string label(own.label.empty() ? control->CaptionText() : own.label);
         Add(items,
-            {.label = label, .icon = std::string(own.icon),
+            {.label = label,
+             .icon = std::string(own.icon),
              .isEnabled = session::CanUse(*control).has_value()},
             {Deed::kClick, std::string(own.control), 0});
     }
@@ -209,7 +209,8 @@ class Builder {
             const bool isFirst = items.empty() || items.back().isLine;
             if (entry.startsGroup && !isFirst) items.push_back(Line());
             Add(items,
-                {.label = PlainLabel(entry.label), .icon = entry.icon,
+                {.label = PlainLabel(entry.label),
+                 .icon = entry.icon,
                  .tip = platform::NativeForDisplay(entry.tip)},
                 {Deed::kCustom, {}, index});
         }

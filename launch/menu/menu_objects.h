@@ -18,8 +18,8 @@ struct MenuObjects {
     custom::Chosen chosen;          // the same in native form, with types
 };
 
-// Those of the selected rows. Nothing when none is selected, and when one of them has gone or has no
-// native path: `gone` then names the first.
+// Those of the selected rows. Nothing when none is selected, and when one of them has gone or has
+// no native path: `gone` then names the first.
 std::optional<MenuObjects> SelectedObjects(session::Session& session, std::string& gone);
 
 // Their native paths.

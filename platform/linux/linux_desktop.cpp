@@ -6,16 +6,16 @@
 #include "platform/linux/unique_fd.h"
 #include "text/characters.h"
 
-#include <dirent.h>
-#include <fcntl.h>
 #include <fmt/core.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace tarvix::platform {
 
@@ -111,8 +111,7 @@ class ScriptFinder {
 } // namespace
 
 std::vector<std::string> LinuxDesktop::Folders(DesktopFolder folder) const {
-    const bool isConfig =
-        folder == DesktopFolder::kUserConfig || folder == DesktopFolder::kConfig;
+    const bool isConfig = folder == DesktopFolder::kUserConfig || folder == DesktopFolder::kConfig;
     std::vector<std::string> folders{isConfig
                                          ? FolderFrom("XDG_CONFIG_HOME", home_ + "/.config")
                                          : FolderFrom("XDG_DATA_HOME", home_ + "/.local/share")};
@@ -151,7 +150,8 @@ std::vector<std::string> LinuxDesktop::Languages() {
     std::vector<std::string> languages;
     for (const char* const* name = g_get_language_names(); *name != nullptr; ++name) {
         const std::string_view language = *name;
-        if (language.find('.') == language.npos && language != "C") languages.emplace_back(language);
+        if (language.find('.') == language.npos && language != "C")
+            languages.emplace_back(language);
     }
     return languages;
 }

@@ -7,8 +7,8 @@
 
 namespace tarvix::platform {
 
-// The desktop of this user by the folders that XDG_DATA_HOME and its kin name, the process table and
-// the session bus.
+// The desktop of this user by the folders that XDG_DATA_HOME and its kin name, the process table
+// and the session bus.
 class LinuxDesktop : public Desktop {
   public:
     // The native home folder.

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "platform/file_system.h"
+#include "platform/applications.h"
 #include "platform/launcher.h"
 #include "platform/linux/linux_pages.h"
-#include "platform/native_paths.h"
 
 namespace tarvix::platform {
 
 // Opens documents with the programs that the desktop has for them.
 class LinuxLauncher : public Launcher {
   public:
-    LinuxLauncher(FileSystem& files, const NativePaths& paths) : files_(files), paths_(paths) {}
+    // Lives no longer than the applications.
+    explicit LinuxLauncher(Applications& applications) : applications_(applications) {}
     Result<void> OpenDocument(std::string_view path) override;
     Result<void> OpenWith(std::string_view command, std::string_view path) override;
     PageBrowser DefaultBrowser() override { return LinuxPages::Default(); }
@@ -20,8 +20,7 @@ class LinuxLauncher : public Launcher {
     bool ClosePage() override { return pages_.Close(); }
 
   private:
-    FileSystem& files_;
-    const NativePaths& paths_;
+    Applications& applications_;
     LinuxPages pages_;
 };
 

@@ -3,11 +3,10 @@
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/unique_fd.h"
 
+#include <chrono>
 #include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
-
-#include <chrono>
 
 namespace tarvix::platform {
 

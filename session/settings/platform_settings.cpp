@@ -218,9 +218,16 @@ constexpr std::array kKeys{
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
-        "Player", "The command of the media player; empty for the desktop's own."),
+        "Player",
+        "The command of the media player; empty for VLC where it is, else the desktop's own."),
     TextKey<&PlatformSettings::secondPlayer>(
-        "SecondPlayer", "The command of a second media player; empty for none."),
+        "SecondPlayer", "The command of a second media player, with its own switch for adding to "
+                        "its list; empty for one that is installed."),
+    TextKey<&PlatformSettings::hexEditor>(
+        "HexEditor", "The command of the hex editor; empty for one that is installed."),
+    TextKey<&PlatformSettings::terminal>(
+        "Terminal", "The command of the terminal that text programs run in, such as xterm -e; "
+                    "empty for the first that is found."),
     SettingKey{"LatestFileYear",
                "The last year that is plausible for the date of a file; any for all years.",
                YearText, TakeYear},

@@ -32,8 +32,7 @@ class MemoryDesktop : public Desktop {
     std::vector<std::string> Languages() override { return languages; }
     std::vector<std::string> Names() override { return names; }
     bool IsKindOf(std::string_view type, std::string_view base) override {
-        return type == base ||
-               kinds.contains({std::string(type), std::string(base)});
+        return type == base || kinds.contains({std::string(type), std::string(base)});
     }
     bool HasProgram(std::string_view name) override { return programs.contains(std::string(name)); }
     bool IsOnBus(std::string_view name) override { return onBus.contains(std::string(name)); }

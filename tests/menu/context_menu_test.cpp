@@ -341,8 +341,7 @@ TEST_F(ContextMenuTest, AnArchiverOffersItselfWhereThereIsOne) {
     machine.applications.AddProgram("engrampa");
     RightClick("Compress...");
     ASSERT_EQ(Started().size(), 1U);
-    EXPECT_EQ(Started()[0],
-              "/a> engrampa --default-dir=/a --add /a/one.txt /a/sub/deep.txt");
+    EXPECT_EQ(Started()[0], "/a> engrampa --default-dir=/a --add /a/one.txt /a/sub/deep.txt");
 }
 
 TEST_F(ContextMenuTest, PropertiesAreTheFileManagers) {

@@ -136,7 +136,9 @@ TEST_F(CustomEntries, TheFirstProfileThatFitsCounts) {
 
 TEST_F(CustomEntries, AMenuHoldsItsItemsAndOnlyOnce) {
     const std::vector<ActionFile> files{
-        Action("one", "", "Exec=1"), Action("two", "", "Exec=2"), Action("three", "", "Exec=3"),
+        Action("one", "", "Exec=1"),
+        Action("two", "", "Exec=2"),
+        Action("three", "", "Exec=3"),
         {"/m.desktop", "m.desktop",
          "[Desktop Entry]\nType=Menu\nName=More\nItemsList=two;SEPARATOR;one;gone;\n"}};
     const auto entries = FileManagerEntries(desktop, files, kPicture);
@@ -160,7 +162,8 @@ TEST_F(CustomEntries, MenusThatHoldEachOtherEnd) {
 }
 
 TEST_F(CustomEntries, TheUsersFileCountsBeforeTheSystems) {
-    const std::vector<ActionFile> files{Action("a", "", "Exec=mine"), Action("a", "", "Exec=other")};
+    const std::vector<ActionFile> files{Action("a", "", "Exec=mine"),
+                                        Action("a", "", "Exec=other")};
     const auto entries = FileManagerEntries(desktop, files, kPicture);
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].command.line, "mine");
@@ -281,8 +284,7 @@ TEST_F(CustomEntries, AThunarActionForOneDoesNotShowForMany) {
     EXPECT_EQ(entries[0].submenus, (Words{"Tools", "More"}));
     const auto processes = Expand(entries[0].command, kPicture);
     ASSERT_TRUE(processes);
-    EXPECT_EQ(processes->front().arguments,
-              (Words{"/bin/sh", "-c", "x \"${TARVIX_1}\" | y"}));
+    EXPECT_EQ(processes->front().arguments, (Words{"/bin/sh", "-c", "x \"${TARVIX_1}\" | y"}));
     EXPECT_EQ(processes->front().variables.front().second, "/p/a b.jpg");
 }
 
@@ -384,8 +386,8 @@ TEST(Expanding, MoreThanTheSystemTakesIsRefused) {
     EXPECT_EQ(each.error(), "\"Do\" would be started 201 times at once; 200 is the most. Select "
                             "fewer objects.");
     EXPECT_FALSE(Expand({.dialect = Dialect::kThunar, .line = "x %F"}, Many(5'001, 1)));
-    EXPECT_FALSE(Expand({.dialect = Dialect::kScript, .line = "/s", .prefix = "NEMO"},
-                        Many(1'000, 200)));
+    EXPECT_FALSE(
+        Expand({.dialect = Dialect::kScript, .line = "/s", .prefix = "NEMO"}, Many(1'000, 200)));
 }
 
 std::string VariableOf(const platform::PlannedProcess& process, std::string_view name) {

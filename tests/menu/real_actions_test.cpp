@@ -21,8 +21,14 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 // Names that a careless program would trip over.
-const Words kNames{"plain.txt", "a blank.txt", "quote'\".txt", "100%f %% %F.txt", "line\nbreak.txt",
-                   "-rf", "$(touch gone) `touch gone`; touch gone", "bad\xE9.txt"};
+const Words kNames{"plain.txt",
+                   "a blank.txt",
+                   "quote'\".txt",
+                   "100%f %% %F.txt",
+                   "line\nbreak.txt",
+                   "-rf",
+                   "$(touch gone) `touch gone`; touch gone",
+                   "bad\xE9.txt"};
 
 // A data home and a settings home of its own, with programs that write down what they were given.
 class RealActions : public ::testing::Test {
@@ -38,10 +44,9 @@ class RealActions : public ::testing::Test {
         setenv("XDG_CONFIG_DIRS", (root / "none").c_str(), 1);
         recorder = root / "recorder";
         Write(recorder,
-              "#!/bin/sh\nprintf '%s\\0' \"$@\" > '" + Out("arguments").string() +
-                  "'\npwd > '" + Out("folder").string() + "'\nenv -0 > '" +
-                  Out("variables").string() + "'\nmv '" + Out("arguments").string() + "' '" +
-                  Out("done").string() + "'\n",
+              "#!/bin/sh\nprintf '%s\\0' \"$@\" > '" + Out("arguments").string() + "'\npwd > '" +
+                  Out("folder").string() + "'\nenv -0 > '" + Out("variables").string() + "'\nmv '" +
+                  Out("arguments").string() + "' '" + Out("done").string() + "'\n",
               true);
     }
     ~RealActions() override {
@@ -180,10 +185,11 @@ TEST_F(RealActions, ANemoActionRunsTheProgramBesideIt) {
 }
 
 TEST_F(RealActions, AThunarCommandIsAShellsAndStillSafe) {
-    Write(root / "config/Thunar/uca.xml",
-          "<?xml version=\"1.0\"?><actions><action><icon/><name>By Thunar</name><command>" +
-              recorder.string() +
-              " %F &amp;&amp; true</command><patterns>*</patterns><text-files/></action></actions>");
+    Write(
+        root / "config/Thunar/uca.xml",
+        "<?xml version=\"1.0\"?><actions><action><icon/><name>By Thunar</name><command>" +
+            recorder.string() +
+            " %F &amp;&amp; true</command><patterns>*</patterns><text-files/></action></actions>");
     EXPECT_EQ(Run("By Thunar", All()), Paths());
 }
 

@@ -6,8 +6,9 @@ namespace tarvix::custom {
 namespace {
 
 TEST(SmallXml, ElementsTextsAndEntities) {
-    const XmlElement root = ParseXml("<?xml version=\"1.0\"?><!-- a <b> --><r a='1'>\n"
-                                     "<n> a &amp;&#65;&#x42;&lt; </n><e/><c><![CDATA[<&>]]></c></r>");
+    const XmlElement root =
+        ParseXml("<?xml version=\"1.0\"?><!-- a <b> --><r a='1'>\n"
+                 "<n> a &amp;&#65;&#x42;&lt; </n><e/><c><![CDATA[<&>]]></c></r>");
     EXPECT_EQ(root.name, "r");
     ASSERT_EQ(root.children.size(), 3U);
     EXPECT_EQ(root.TextOf("n"), "a &AB<");

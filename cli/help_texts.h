@@ -223,6 +223,8 @@ inline constexpr CommandHelp kRun{
     "  select N N-M ... | like PATTERN | none\n"
     "                               selects rows, counted from 1 as listed\n"
     "  doubleclick N                double-clicks a row\n"
+    "  rightclick N                 opens the menu of the selected rows, with that row\n"
+    "                               alone if it isn't one of them\n"
     "  answer VALUE                 answers the next prompt: a button, a control, or a text\n"
     "  after N yields click CONTROL clicks during the next long loop\n"
     "  dump lstMain [KEY ...] | CONTROL | prompts | log | errorlog\n"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/frm_context_menu.h"
 #include "fields/frm_dialog.h"
 #include "fields/frm_search.h"
 #include "fields/prompt_forms.h"
@@ -30,8 +31,10 @@ struct Forms {
     FrmShortcutWarning frmShortcutWarning;
     FrmLinkChanges frmLinkChanges;
     FrmLinkTable frmLinkTable;
+    FrmContextMenu frmContextMenu;
+    FrmOpenWith frmOpenWith;
 
-    const std::array<Form*, 19> all{&frmSearch,
+    const std::array<Form*, 21> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -49,7 +52,9 @@ struct Forms {
                                     &frmBatch,
                                     &frmShortcutWarning,
                                     &frmLinkChanges,
-                                    &frmLinkTable};
+                                    &frmLinkTable,
+                                    &frmContextMenu,
+                                    &frmOpenWith};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -12,6 +12,7 @@ class Registry;
 class Launcher;
 class ContentTypes;
 class Applications;
+class Desktop;
 class Trash;
 
 // All that a session needs of the machine. The owner is whoever composed the program.
@@ -24,6 +25,7 @@ struct Platform {
     Launcher& launcher;
     ContentTypes& contentTypes;
     Applications& applications;
+    Desktop& desktop;
     Trash& trash;
     Traits traits{};
 };

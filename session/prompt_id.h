@@ -228,6 +228,13 @@ enum class PromptId : std::uint8_t {
     kSystemFacts,
     kSystemFactsMissing,
 
+    // The menu of the list.
+    kContextMenuWarning,
+    kContextMenu,
+    kOpenWith,
+    kMenuNotDone,
+    kActionNotTrusted,
+
     // Scripts.
     kNewScript,
     kPickScript,

@@ -251,6 +251,12 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kSystemFacts, kInformation, "System Information"),
     Notice(Id::kSystemFactsMissing),
 
+    Notice(Id::kContextMenuWarning, kCritical),
+    Modal(Id::kContextMenu, Role::kWindow, "frmContextMenu"),
+    Modal(Id::kOpenWith, Role::kWindow, "frmOpenWith"),
+    Notice(Id::kMenuNotDone, kExclamation),
+    Message(Id::kActionNotTrusted, Role::kDecision, kYesNo + kExclamation + kSecondDefault),
+
     NewFilePicker(Id::kNewScript, "Record a Script"),
     FilePicker(Id::kPickScript, "Run a Script"),
     Notice(Id::kScriptTold),

@@ -137,6 +137,25 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
      "options of this machine."},
     {Wording::kNotAProgram, "Must be an .exe file",
      "Must be a program or a script of this machine, or an .exe file"},
+    {Wording::kContextMenu,
+     "Taking actions with the context menu may change search results.\r\n\r\n"
+     "This list will NOT be refreshed, unless you press the search button.\r\n\r\n"
+     "Tarvix may ask to update the listview if it suspects the need.\r\n\r\n"
+     "Context menu actions on multiple selections, can have unexpected results!\r\n\r\n"
+     "This is due to the fact that only one folder at a time can be processed as a multiple "
+     "selection context menu action. Instead use the run menu on multiple objects.\r\n\r\n"
+     "So as long as every object you select resides in that exact folder multiple selection will "
+     "work. \r\n\r\n This will not be fixed in the freeware version. \r\n\r\n"
+     "THIS PROMPT WILL NOT BE REPEATED UNTIL THE NEXT RUN OF PROGRAM. \r\n\r\n"
+     "You can turn off this warning completely in options. \r\n\r\n"
+     "THERE MAY BE PROBLEMS WITH THE CONTEXT MENU IF YOU ARE USING WINDOWS VISTA OR BEYOND.",
+     "Taking actions with the context menu may change search results.\r\n\r\n"
+     "This list will NOT be refreshed, unless you press the search button. What you cut or move to "
+     "the trash is marked in it.\r\n\r\n"
+     "Everything that is selected is handed over together, be it in one folder or in "
+     "many.\r\n\r\n"
+     "This is told once in each run. The option blnNoContextMenuWarning turns it off "
+     "completely."},
 }};
 
 constexpr bool IsInOrder() {

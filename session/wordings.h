@@ -43,6 +43,7 @@ enum class Wording : std::uint8_t {
     kNoPlayers, // behind what was not played
     kHexEditorMissing,
     kNotAProgram,
+    kContextMenu, // what its warning says
     kEnd
 };
 

@@ -6,6 +6,7 @@
 #include "actions/place/system_hidden.h"
 #include "actions/run/changed_objects.h"
 #include "platform/clock.h"
+#include "results/row_marks.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
 #include "session/paths/recycle_folders.h"
@@ -274,6 +275,7 @@ void cmdDeleteSelected_Click(Session& session) {
     if (state.blnRepeatDeleteEmpty) return;
     state.blnRepeatRequested = state.blnRedoNow = true;
     results::CountSelection(session);
+    results::MarkGone(session);
     session.events.Raise(session, "frmSearch.Form_Activate");
 }
 

@@ -201,7 +201,7 @@ class Rehearsal {
         auto machine = real.platform;
         return {files_,           machine.paths, machine.clock,        machine.environment,
                 machine.registry, launcher_,     machine.contentTypes, machine.applications,
-                trash_,           machine.traits};
+                machine.desktop,  trash_,        machine.traits};
     }
 
     Session& real_;

@@ -4,6 +4,7 @@
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_content_types.h"
+#include "platform/linux/linux_desktop.h"
 #include "platform/linux/linux_environment.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_launcher.h"
@@ -38,7 +39,7 @@ class LinuxPlatform {
 
     Platform Parts() {
         return {files_,     paths_,        clock_,        environment_, registry_,
-                *launcher_, contentTypes_, applications_, trash_,       kTraits};
+                *launcher_, contentTypes_, applications_, desktop_, trash_,       kTraits};
     }
 
   private:
@@ -57,6 +58,7 @@ class LinuxPlatform {
     LinuxClock clock_;
     LinuxEnvironment environment_;
     LinuxApplications applications_;
+    LinuxDesktop desktop_;
     LinuxRegistry registry_{applications_};
     std::unique_ptr<Launcher> launcher_;
     LinuxContentTypes contentTypes_;

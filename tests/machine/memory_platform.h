@@ -6,6 +6,7 @@
 #include "tests/machine/memory_applications.h"
 #include "tests/machine/memory_clock.h"
 #include "tests/machine/memory_content_types.h"
+#include "tests/machine/memory_desktop.h"
 #include "tests/machine/memory_environment.h"
 #include "tests/machine/memory_file_system.h"
 #include "tests/machine/memory_launcher.h"
@@ -33,10 +34,11 @@ struct MemoryPlatform {
     MemoryLauncher launcher{disk};
     MemoryContentTypes contentTypes;
     MemoryApplications applications{disk};
+    MemoryDesktop desktop;
     MemoryTrash bin{disk};
     FaultyTrash trash{faults, bin};
     Platform platform{faults,   paths,        clock,        environment, registry,
-                      launcher, contentTypes, applications, trash};
+                      launcher, contentTypes, applications, desktop, trash};
 };
 
 } // namespace tarvix::platform

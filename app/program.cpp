@@ -3,6 +3,7 @@
 #include "actions/request/start_action.h"
 #include "batch/batch_events.h"
 #include "generate/menu.h"
+#include "options/options_dialog.h"
 #include "search/search_button.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/help.h"
@@ -27,6 +28,7 @@ void FillEvents(session::EventTable& events) {
     generate::AddGenerateEvents(events);
     batch::AddBatchEvents(events);
     shortcuts::AddShortcutEvents(events);
+    options::AddOptionsEvents(events);
 }
 
 } // namespace tarvix::app

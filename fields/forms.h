@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/frm_dialog.h"
+#include "fields/frm_options.h"
 #include "fields/frm_search.h"
 #include "fields/prompt_forms.h"
 
@@ -30,8 +31,9 @@ struct Forms {
     FrmShortcutWarning frmShortcutWarning;
     FrmLinkChanges frmLinkChanges;
     FrmLinkTable frmLinkTable;
+    FrmOptions frmOptions;
 
-    const std::array<Form*, 19> all{&frmSearch,
+    const std::array<Form*, 20> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -49,7 +51,8 @@ struct Forms {
                                     &frmBatch,
                                     &frmShortcutWarning,
                                     &frmLinkChanges,
-                                    &frmLinkTable};
+                                    &frmLinkTable,
+                                    &frmOptions};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

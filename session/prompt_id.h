@@ -210,6 +210,15 @@ enum class PromptId : std::uint8_t {
     kPagesEmpty,
     kPageNotOpened,
 
+    // The options.
+    kOptionsWindow,
+    kColumnsAdded,
+    kWebTimeNotNumeric,
+    kWebTimeOutOfRange,
+    kOptionInvalid,
+    kPickDefaultFolder,
+    kPickDriveFolder,
+
     // Scripts.
     kNewScript,
     kPickScript,

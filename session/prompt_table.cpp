@@ -234,6 +234,14 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kPagesEmpty),
     Notice(Id::kPageNotOpened, kExclamation),
 
+    Modal(Id::kOptionsWindow, Role::kWindow, "frmOptions"),
+    Notice(Id::kColumnsAdded),
+    Notice(Id::kWebTimeNotNumeric),
+    Notice(Id::kWebTimeOutOfRange),
+    Notice(Id::kOptionInvalid, kExclamation),
+    FolderPicker(Id::kPickDefaultFolder, "Select folder"),
+    FolderPicker(Id::kPickDriveFolder, "Select folder"),
+
     NewFilePicker(Id::kNewScript, "Record a Script"),
     FilePicker(Id::kPickScript, "Run a Script"),
     Notice(Id::kScriptTold),

@@ -5,6 +5,7 @@
 #include "generate/menu.h"
 #include "launch/menu/context_menu.h"
 #include "launch/run_menu.h"
+#include "options/options_dialog.h"
 #include "search/search_button.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle/help.h"
@@ -31,6 +32,7 @@ void FillEvents(session::EventTable& events) {
     shortcuts::AddShortcutEvents(events);
     menu::AddMenuEvents(events);
     launch::AddLaunchEvents(events);
+    options::AddOptionsEvents(events);
 }
 
 } // namespace tarvix::app

@@ -2,6 +2,7 @@
 
 #include "fields/frm_context_menu.h"
 #include "fields/frm_dialog.h"
+#include "fields/frm_options.h"
 #include "fields/frm_search.h"
 #include "fields/prompt_forms.h"
 
@@ -33,8 +34,9 @@ struct Forms {
     FrmLinkTable frmLinkTable;
     FrmContextMenu frmContextMenu;
     FrmOpenWith frmOpenWith;
+    FrmOptions frmOptions;
 
-    const std::array<Form*, 21> all{&frmSearch,
+    const std::array<Form*, 22> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -54,7 +56,8 @@ struct Forms {
                                     &frmLinkChanges,
                                     &frmLinkTable,
                                     &frmContextMenu,
-                                    &frmOpenWith};
+                                    &frmOpenWith,
+                                    &frmOptions};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -181,7 +181,8 @@ class FrmSearch : public Form {
         MenuEntry{*this, "mnuSearch_DateType", std::string(kDateTypes[1]), 1},
         MenuEntry{*this, "mnuSearch_DateType", std::string(kDateTypes[2]), 2}};
 
-    // Options that are at hand.
+    // The window of all options, and those that are at hand.
+    MenuEntry mnuOptions_Open{*this, "mnuOptions_Open", "All &Options..."};
     MenuEntry mnuOptions_AllowUserSelectSubfolders{*this, "mnuOptions_AllowUserSelectSubfolders",
                                                    "&Allow 'Include subfolders' to be selected"};
     MenuEntry mnuOptions_DefaultToIncludeSubfolders{*this, "mnuOptions_DefaultToIncludeSubfolders",

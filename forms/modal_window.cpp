@@ -10,6 +10,7 @@
 #include "forms/notice_window.h"
 #include "forms/numbers_window.h"
 #include "forms/open_with_window.h"
+#include "forms/options_window.h"
 #include "forms/preview_window.h"
 #include "forms/text_conversion.h"
 #include "forms/unread_window.h"
@@ -121,6 +122,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmOpenWith) {
         return std::make_unique<OpenWithWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmOptions) {
+        return std::make_unique<OptionsWindow>(session, gate, parent);
     }
     if (auto* asked = dynamic_cast<fields::OverrideForm*>(&form)) {
         return std::make_unique<OverrideWindow>(session, gate, *asked, parent);

@@ -234,6 +234,14 @@ enum class PromptId : std::uint8_t {
     kOpenWith,
     kMenuNotDone,
     kActionNotTrusted,
+    // The options.
+    kOptionsWindow,
+    kColumnsAdded,
+    kWebTimeNotNumeric,
+    kWebTimeOutOfRange,
+    kOptionInvalid,
+    kPickDefaultFolder,
+    kPickDriveFolder,
 
     // Scripts.
     kNewScript,

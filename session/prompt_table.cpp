@@ -256,6 +256,13 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Modal(Id::kOpenWith, Role::kWindow, "frmOpenWith"),
     Notice(Id::kMenuNotDone, kExclamation),
     Message(Id::kActionNotTrusted, Role::kDecision, kYesNo + kExclamation + kSecondDefault),
+    Modal(Id::kOptionsWindow, Role::kWindow, "frmOptions"),
+    Notice(Id::kColumnsAdded),
+    Notice(Id::kWebTimeNotNumeric),
+    Notice(Id::kWebTimeOutOfRange),
+    Notice(Id::kOptionInvalid, kExclamation),
+    FolderPicker(Id::kPickDefaultFolder, "Select folder"),
+    FolderPicker(Id::kPickDriveFolder, "Select folder"),
 
     NewFilePicker(Id::kNewScript, "Record a Script"),
     FilePicker(Id::kPickScript, "Run a Script"),

@@ -21,6 +21,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvix::lifecycle {
 
@@ -32,9 +33,6 @@ void Raise(Session& session, std::string_view event) {
     session.events.Raise(session, event);
 }
 
-// The list's tip without Expert Mode.
-constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
-                                      "of the column head.";
 void SetState(Session& session) {
     auto& state = session.state;
     state.blnRepeatDeleteEmpty = false;
@@ -156,6 +154,13 @@ void RepeatSearch(Session& session) {
     Raise(session, kSearch);
 }
 
+// What the options window showed or hid counts for the list behind it.
+void GroupAfterOptions(Session& session) {
+    auto& state = session.state;
+    if (state.strLastForm != session.forms.frmOptions.Name()) return;
+    if (std::exchange(state.blnColumnsChanged, false)) Raise(session, kGroupRows);
+}
+
 void RedoAfterAction(Session& session) {
     auto& state = session.state;
     const bool repeats = session.frmSearch.chkRepeatSearch.Value == 1;
@@ -202,6 +207,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
 
 void frmSearch_Activate(Session& session) {
     auto& form = session.frmSearch;
+    GroupAfterOptions(session);
     RedoAfterAction(session);
     if (session.state.blnEditTargets) {
         form.Focus = &form.cmdEditTargets;

@@ -36,27 +36,6 @@ constexpr std::string_view kWarning =
 constexpr int kDocumentsSince = 6000;     // of intOSVersion
 constexpr std::size_t kMostVersion = 100; // characters in the name of a copy
 
-// One option that the main form shows as soon as it is read.
-void ShowOption(Session& session, const OptionKey& key) {
-    auto& form = session.frmSearch;
-    const Options& options = session.state.options;
-    if (!key.box.empty()) {
-        auto& box = static_cast<fields::CheckBox&>(*form.Find(key.box));
-        box.Value = options.*std::get<int Options::*>(key.field);
-        if (box.Value != 2) box.ForeColor = box.Value == 0 ? fields::kBlue : fields::kRed;
-    } else if (key.key == "blnAllowUserSelectSubfolders") {
-        form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
-        form.chkIncludeSubFolders.ToolTipText =
-            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
-        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
-    } else if (key.key == "blnDefaultToIncludeSubfolders") {
-        form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
-        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
-    } else if (key.key == "bytFilesVsDirs") {
-        form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
-    }
-}
-
 // What a damaged file has for its version must still make one name.
 std::string AsName(std::string_view version) {
     std::string name(text::Left(version, kMostVersion));
@@ -214,14 +193,11 @@ bool FindFile(Session& session) {
 
 void TakeNoFile(Session& session) {
     auto& options = session.state.options;
-    const int latestYear = options.intLatestYear;
-    options = Options{.intLatestYear = latestYear};
+    options = UsualOptions(session);
     if (session.platform.traits.hasNativePaths) {
-        SetUpForNative(options);
         for (const OptionKey& key : kOptionKeys)
             ShowOption(session, key);
     }
-    options.strDefSearchFolder.front() = DocumentsFolder(session);
     session.frmSearch.cmbDir.Text = options.strDefSearchFolder.front();
 }
 
@@ -236,6 +212,33 @@ void ReadFile(Session& session) {
 }
 
 } // namespace
+
+void ShowOption(Session& session, const OptionKey& key) {
+    auto& form = session.frmSearch;
+    const Options& options = session.state.options;
+    if (!key.box.empty()) {
+        auto& box = static_cast<fields::CheckBox&>(*form.Find(key.box));
+        box.Value = options.*std::get<int Options::*>(key.field);
+        if (box.Value != 2) box.ForeColor = box.Value == 0 ? fields::kBlue : fields::kRed;
+    } else if (key.key == "blnAllowUserSelectSubfolders") {
+        form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
+        form.chkIncludeSubFolders.ToolTipText =
+            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
+        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
+    } else if (key.key == "blnDefaultToIncludeSubfolders") {
+        form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
+        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
+    } else if (key.key == "bytFilesVsDirs") {
+        form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
+    }
+}
+
+Options UsualOptions(Session& session) {
+    Options options{.intLatestYear = session.state.options.intLatestYear};
+    if (session.platform.traits.hasNativePaths) SetUpForNative(options);
+    options.strDefSearchFolder.front() = DocumentsFolder(session);
+    return options;
+}
 
 void OpenOptionFile(Session& session) {
     auto& state = session.state;

@@ -49,9 +49,10 @@ void NoteMounts(PlatformSettings& settings, const std::vector<platform::DriveInf
         if (!drive.isReady || !IsMountPoint(drive.nativeMount) || drive.path.starts_with('C')) {
             continue;
         }
-        std::erase_if(settings.drives,
-                      [&](const auto& saved) { return saved.second == drive.nativeMount; });
-        settings.drives[drive.path.front()] = drive.nativeMount;
+        const bool hasLetter = std::ranges::any_of(settings.drives, [&](const auto& saved) {
+            return saved.second == drive.nativeMount;
+        });
+        if (!hasLetter) settings.drives.try_emplace(drive.path.front(), drive.nativeMount);
     }
 }
 

@@ -158,7 +158,10 @@ struct SettingKey {
     std::string_view comment;
     std::string (*text)(const PlatformSettings&);
     bool (*take)(PlatformSettings&, std::string_view);
+    std::string_view choices = "";
+    bool isRemembered = false;
 };
+constexpr bool kRemembered = true;
 
 template <std::string PlatformSettings::*Field>
 constexpr SettingKey TextKey(std::string_view key, std::string_view comment) {
@@ -180,12 +183,14 @@ constexpr SettingKey FormKey(std::string_view key, std::string_view comment) {
                 if (!isNative && !text::EqualNoCase(text, kDrive)) return false;
                 settings.*IsNative = isNative;
                 return true;
-            }};
+            },
+            "native|drive"};
 }
 
 template <std::optional<bool> PlatformSettings::*Box>
 constexpr SettingKey BoxKey(std::string_view key, std::string_view comment) {
-    return {key, comment,
+    return {key,
+            comment,
             [](const PlatformSettings& settings) {
                 const auto& box = settings.*Box;
                 return std::string(!box ? "" : *box ? kOn : kOff);
@@ -195,16 +200,21 @@ constexpr SettingKey BoxKey(std::string_view key, std::string_view comment) {
                 if (!isOn && !text.empty() && !text::EqualNoCase(text, kOff)) return false;
                 settings.*Box = text.empty() ? std::nullopt : std::optional(isOn);
                 return true;
-            }};
+            },
+            "",
+            kRemembered};
 }
 
 template <WindowPlace PlatformSettings::*Field>
 constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
-    return {key, comment,
+    return {key,
+            comment,
             [](const PlatformSettings& settings) { return WindowText(settings.*Field); },
             [](PlatformSettings& settings, std::string_view text) {
                 return TakeWindow(settings.*Field, text);
-            }};
+            },
+            "",
+            kRemembered};
 }
 
 constexpr std::array kKeys{
@@ -214,7 +224,7 @@ constexpr std::array kKeys{
                                                "Paths in lists that are written: native or drive."),
     SettingKey{"LongestPath",
                "The longest path: native for what the disk takes, or 259 characters.", LengthText,
-               TakeLength},
+               TakeLength, "native|259"},
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
@@ -239,9 +249,9 @@ constexpr std::array kKeys{
         "SearchWindow", "Left, top, width and height of the main window, and maximized if it was."),
     WindowKey<&PlatformSettings::dialogWindow>("ActionWindow", "The same of the action window."),
     SettingKey{"ColumnWidths", "Widths of columns that were changed, as \"Name:260\".", WidthsText,
-               TakeWidths},
+               TakeWidths, "", kRemembered},
     SettingKey{"ColumnOrder", "The columns from left to right; empty for the usual order.",
-               OrderText, TakeOrder},
+               OrderText, TakeOrder, "", kRemembered},
 };
 
 // The letter of "Drive E:", in upper case; 0 for any other key.
@@ -291,6 +301,14 @@ std::vector<NamedSetting> ListSettings(const PlatformSettings& settings) {
         listed.push_back({std::string(known.key), known.text(settings)});
     }
     return listed;
+}
+
+std::vector<SettingFacts> AllSettingFacts() {
+    std::vector<SettingFacts> facts;
+    for (const SettingKey& known : kKeys) {
+        facts.push_back({known.key, known.comment, known.choices, known.isRemembered});
+    }
+    return facts;
 }
 
 PlatformSettings UsualSettings(const platform::Traits& traits) {

@@ -70,6 +70,17 @@ struct NamedSetting {
     std::string value;
 };
 std::vector<NamedSetting> ListSettings(const PlatformSettings& settings);
+
+// What is known of a setting besides its value, in the order of the list, drives left out.
+struct SettingFacts {
+    std::string_view key;
+    std::string_view comment; // a sentence
+    // The values that it takes, separated by "|"; empty where it takes any text.
+    std::string_view choices;
+    bool isRemembered = false; // by the windows themselves: nothing that a user sets
+};
+std::vector<SettingFacts> AllSettingFacts();
+
 bool SetSetting(PlatformSettings& settings, std::string_view key, std::string_view value);
 
 } // namespace tarvix::session

@@ -117,6 +117,14 @@ Result<Opened> OpenAddress(Session& session, const std::string& address, Doing d
                   .address = address};
 }
 
+// What a .lnk or .url leads to: a drive path of this machine, or an address; empty for none.
+std::string ShortcutTarget(Session& session, const std::string& path) {
+    const std::string target = results::LinkTargetOf(session, path);
+    const std::string here = session.platform.paths.ToDrive(target); // of a file address
+    if (IsAddress(here)) return here;
+    return results::PlaceOfTarget(session, path, here).value_or(here);
+}
+
 bool IsShortcut(std::string_view extension) {
     return extension == "lnk" || extension == "url";
 }
@@ -196,8 +204,7 @@ Result<Opened> OpenObject(Session& session, std::string_view path, Doing doing) 
     const std::string extension = ExtensionOf(object);
     if (extension == "desktop") return OpenEntry(session, object, doing);
     if (!IsShortcut(extension)) return OpenPlain(session, object, doing);
-    const std::string target = Expanded(session, results::LinkTargetOf(session, object));
-    return OpenTarget(session, object, target, doing);
+    return OpenTarget(session, object, ShortcutTarget(session, object), doing);
 }
 
 Result<Opened> OpenWith(Session& session, std::string_view choice,

@@ -49,7 +49,7 @@ class LaunchFixture : public ProgramFixture {
     void DoubleClick(std::string_view name) {
         S().events.Raise(S(), "frmSearch.lstMain_DblClick", {static_cast<int>(RowOf(name))});
     }
-    void BeNative() { machine.platform.traits.hasNativePaths = true; }
+    void BeNative() { S().platform.traits.hasNativePaths = true; }
     const std::vector<std::string>& Started() const { return desk.started; }
 
     platform::MemoryApplications& desk = machine.applications;

@@ -99,6 +99,7 @@ TEST_F(RunMenu, TheSecondPlayerGetsItsThreeKindsWithoutTheFirst) {
 
 TEST_F(RunMenu, WithoutPlayersAllIsSkipped) {
     State().platformSettings.player = "gone";
+    desk.RemoveProgram("vlc");
     List();
     Select({"a.mp3"});
     Click(Form().mnuRun_Mp3);

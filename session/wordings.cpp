@@ -99,9 +99,8 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
     {Wording::kRecycleRefused,
      "{}\r\n\r\n failed to be recycled. \r\nWould you like to delete anyway, without going to the "
      "recycle bin?",
-     "{}\r\n\r\ncould not go to the trash.\r\n\r\nWould you like to delete it for good? It can't "
-     "be "
-     "brought back then."},
+     "{}\r\n\r\ncould not go to the trash.\r\n{}\r\n\r\nWould you like to delete it for good? It "
+     "can't be brought back then."},
     {Wording::kRecycleRefusedTitle, "Override Recycle Failure?", "Delete for Good?"},
     {Wording::kReplaceRefused,
      "Permission denied on: \r\n\r\n{}\r\n\r\n action not performed.\r\n\r\nWith Recycle and "

@@ -19,6 +19,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarvix::actions {
 
@@ -236,6 +237,7 @@ void Deletion::Count(const Queued& queue, const RecycleOutcome& outcome) {
     totals.done += static_cast<std::int64_t>(outcome.gone);
     totals.deleted += static_cast<std::int64_t>(outcome.deleted);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
+    std::ranges::copy(outcome.errors, std::back_inserter(totals.errors));
     totals.skipped += static_cast<std::int64_t>(queue.entries.size() - settled);
     session_.state.blnActionCancelled = outcome.blnStopped;
     for (const std::size_t place : outcome.changed)

@@ -18,6 +18,7 @@ class LinuxLauncher : public Launcher {
         return pages_.Open(address);
     }
     bool ClosePage() override { return pages_.Close(); }
+    bool IsPageClosing() override { return pages_.IsClosing(); }
 
   private:
     Applications& applications_;
@@ -34,6 +35,7 @@ class NullLauncher : public Launcher {
         return pages_.Open(address);
     }
     bool ClosePage() override { return pages_.Close(); }
+    bool IsPageClosing() override { return pages_.IsClosing(); }
 
   private:
     LinuxPages pages_;

@@ -3,6 +3,7 @@
 #include "session/settings/option_keys.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/numbers.h"
 
 #include <fmt/core.h>
@@ -15,7 +16,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kDrivePrefix = "DRIVE ";
 constexpr std::string_view kNameColumn = "Name";
 constexpr std::string_view kNative = "native";
@@ -324,7 +324,7 @@ PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines,
     PlatformSettings settings = std::move(usual);
     for (const std::string& line : lines) {
         const std::string_view trimmed = text::Trim(line);
-        if (trimmed == kEndMark) break;
+        if (trimmed == text::kEndMark) break;
         if (trimmed.empty() || trimmed.starts_with('#')) continue;
         if (!TakeLine(settings, trimmed)) settings.unknownLines.push_back(line);
     }
@@ -344,7 +344,7 @@ std::string PlatformSettingsText(const PlatformSettings& settings) {
     for (const std::string& line : settings.unknownLines) {
         text += fmt::format("{}\r\n", line);
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 } // namespace tarvix::session

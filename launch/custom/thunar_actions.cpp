@@ -1,11 +1,11 @@
 #include "launch/custom/action_readers.h"
 #include "launch/custom/conditions.h"
-#include "launch/custom/small_xml.h"
 #include "text/characters.h"
 #include "text/numbers.h"
 
 #include <algorithm>
 #include <array>
+#include <pugixml.hpp>
 
 namespace tarvix::custom {
 
@@ -15,7 +15,7 @@ enum class Sort { kFolder, kAudio, kImage, kText, kVideo, kOther };
 
 struct SortMark {
     Sort sort;
-    std::string_view element;
+    const char* element;
     std::string_view type;
 };
 constexpr std::array<SortMark, 6> kSorts{{{Sort::kFolder, "directories", "inode/directory"},
@@ -25,17 +25,22 @@ constexpr std::array<SortMark, 6> kSorts{{{Sort::kFolder, "directories", "inode/
                                           {Sort::kVideo, "video-files", "video/*"},
                                           {Sort::kOther, "other-files", ""}}};
 
-bool FitsSorts(platform::Desktop& desktop, const XmlElement& action, const Chosen& chosen) {
+// Without the blanks at its ends; empty when there is no such element.
+std::string_view TextOf(const pugi::xml_node& action, const char* element) {
+    return action.child(element).text().get();
+}
+
+bool FitsSorts(platform::Desktop& desktop, const pugi::xml_node& action, const Chosen& chosen) {
     return std::ranges::all_of(chosen.types, [&](const std::string& type) {
         const auto* const sort = std::ranges::find_if(kSorts, [&](const SortMark& mark) {
             return mark.type.empty() || FitsType(desktop, type, mark.type);
         });
-        return action.Find(sort->element) != nullptr;
+        return !action.child(sort->element).empty();
     });
 }
 
-bool FitsPatterns(const XmlElement& action, const Chosen& chosen) {
-    const std::string_view text = action.TextOf("patterns");
+bool FitsPatterns(const pugi::xml_node& action, const Chosen& chosen) {
+    const std::string_view text = TextOf(action, "patterns");
     std::vector<std::string_view> patterns;
     for (const std::string_view piece : text::Split(text, ';')) {
         if (!text::Trim(piece).empty()) patterns.push_back(text::Trim(piece));
@@ -66,18 +71,18 @@ bool TakesMany(std::string_view command) {
     return false;
 }
 
-CustomEntry EntryOf(const XmlElement& action, const platform::ActionFile& file) {
+CustomEntry EntryOf(const pugi::xml_node& action, const platform::ActionFile& file) {
     CustomEntry entry;
-    entry.label = text::Left(action.TextOf("name"), kMostLabel);
-    entry.tip = action.TextOf("description");
-    entry.icon = action.TextOf("icon");
-    for (const std::string_view piece : text::Split(action.TextOf("submenu"), '/')) {
+    entry.label = text::Left(TextOf(action, "name"), kMostLabel);
+    entry.tip = TextOf(action, "description");
+    entry.icon = TextOf(action, "icon");
+    for (const std::string_view piece : text::Split(TextOf(action, "submenu"), '/')) {
         const bool hasRoom = entry.submenus.size() < 4;
         if (!text::Trim(piece).empty() && hasRoom)
             entry.submenus.emplace_back(text::Left(text::Trim(piece), kMostLabel));
     }
     entry.command = {.dialect = Dialect::kThunar,
-                     .line = std::string(action.TextOf("command")),
+                     .line = std::string(TextOf(action, "command")),
                      .file = file.path,
                      .name = entry.label,
                      .icon = entry.icon};
@@ -92,11 +97,15 @@ std::vector<CustomEntry> ThunarEntries(platform::Desktop& desktop,
     std::vector<CustomEntry> entries;
     if (files.empty()) return entries;
     const std::size_t count = chosen.objects.size();
-    const XmlElement root = ParseXml(files.front().bytes);
-    for (const XmlElement& action : root.children) {
-        if (action.name != "action" || entries.size() >= kMostEntries) continue;
-        const bool fits = FitsRange(action.TextOf("range"), count) &&
-                          (count == 1 || TakesMany(action.TextOf("command"))) &&
+    // Of a file that breaks off, what stands before counts.
+    pugi::xml_document document;
+    const std::string& bytes = files.front().bytes;
+    (void)document.load_buffer(bytes.data(), bytes.size(),
+                               pugi::parse_default | pugi::parse_trim_pcdata, pugi::encoding_utf8);
+    for (const pugi::xml_node action : document.document_element().children("action")) {
+        if (entries.size() >= kMostEntries) break;
+        const bool fits = FitsRange(TextOf(action, "range"), count) &&
+                          (count == 1 || TakesMany(TextOf(action, "command"))) &&
                           FitsSorts(desktop, action, chosen) && FitsPatterns(action, chosen);
         if (!fits) continue;
         CustomEntry entry = EntryOf(action, files.front());

@@ -101,7 +101,9 @@ Result<Opened> OpenPlain(Session& session, const std::string& path, Doing doing)
     auto opened = StartDoc(session, path, doing);
     if (opened || opened.error().number == platform::kFileNotFound) return opened;
     if (IsProgram(session, path, false)) return OnlyRuns(session, path);
-    return BuildExecString(session, path, facts->IsFolder(), doing);
+    auto byClass = BuildExecString(session, path, facts->IsFolder(), doing);
+    // Why the application that is meant for it did not do tells more than the last resort's.
+    return byClass ? byClass : opened;
 }
 
 bool IsAddress(std::string_view target) {

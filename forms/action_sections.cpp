@@ -178,8 +178,8 @@ QWidget* MakeFileSection(const fields::FrmDialog& form) {
                                          MakeNumber(form.txtDeviation, "Size Deviation", 12))})});
 }
 
-QWidget* MakeLinesSection(QWidget& lines) {
-    return MakeSection(new QWidget, "First lines", {&lines});
+QWidget* MakeLinesSection(QWidget& lines, QWidget& note) {
+    return MakeSection(new QWidget, "First lines", {&lines, &note});
 }
 
 } // namespace tarvix::forms

@@ -1,3 +1,4 @@
+#include "actions/place/action_request.h"
 #include "actions/place/engine.h"
 #include "tests/actions/action_fixture.h"
 

@@ -1,4 +1,5 @@
 // The headless front: this machine, and the commands of `cli/`.
+#include "app/edit_file.h"
 #include "app/process.h"
 #include "app/program.h"
 #include "app/saved_drives.h"
@@ -76,6 +77,7 @@ int main(int argc, char** argv) {
     host.currentFolder = std::filesystem::current_path(ignored).string();
     host.interrupted = [] { return static_cast<int>(interruption); };
     host.stopInOrder = [] { app::TakeEndingSignals(NoteInterruption); };
+    host.edit = app::EditFile;
     host.open = [&](const cli::MachineRequest& request) {
         return Open(machine, host.currentFolder, request);
     };

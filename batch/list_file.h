@@ -33,10 +33,6 @@ struct ListLength {
 platform::Result<ListLength> MeasureList(platform::FileSystem& files, std::string_view path,
                                          ListMarks marks);
 
-// Appends the first mark as a line of its own. 70 when the file can't be written, 61 when the disk
-// is full: then the list may end in part of a mark.
-platform::Result<void> AddEndMark(platform::FileSystem& files, std::string_view path);
-
 // Reads a list line by line, marks included, as often as it is asked to.
 class ListReader {
   public:

@@ -47,6 +47,8 @@ inline constexpr CommandHelp kCopy{
     "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player/Music --yes\n"
     "  tarvix-cli copy \"*\" --in ~/Documents --structure backup --to /media/ann/Bk --dry-run\n"
     "  tarvix-cli copy \"*.jpg\" --in ~/Pictures --mpl Players.mpl --on-duplicate rename --yes\n"
+    "  tarvix-cli copy \"cover.jpg\" --in ~/Music --to ~/Covers --name-from-folders 2 "
+    "--on-duplicate rename\n"
     "\n"
     "none      the objects alone, side by side\n"
     "mirror    the same path on the drive of the destination\n"
@@ -77,7 +79,24 @@ inline constexpr CommandHelp kRename{
     "to another folder: a / in it is refused, a \\ becomes part of the name.\n",
     "\nExamples:\n"
     "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
-    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"};
+    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"
+    "  tarvix-cli rename \"*\" --in ~/Scans --edit\n"
+    "  tarvix-cli rename \"*.htm\" --in ~/Saved --from-title --dry-run\n"
+    "  tarvix-cli rename \"*.mp3\" --in ~/Talks --from-links ~/Talks/index.html --yes\n"
+    "  tarvix-cli rename \"*.txt\" --in ~/Mail --prefix-from senders.txt --yes\n"
+    "\n"
+    "--edit writes the names into a list, one a line, and opens it in $VISUAL or $EDITOR. Change "
+    "the\n"
+    "lines, but neither their number nor their order, save and leave the editor: the changes are "
+    "shown\n"
+    "and asked about, or done at once with --yes. Names may change places. When anything is wrong\n"
+    "nothing is renamed, and the list is kept.\n"
+    "\n"
+    "A list without --whole-names has names without extensions and ends with the line *EOF; line "
+    "k\n"
+    "names the k-th object as \"search\" lists them, files before folders. A name that is taken "
+    "gets a\n"
+    "_ at its end there, as for titles, links and prefixes.\n"};
 
 inline constexpr CommandHelp kDelete{
     "delete", "Sends all that matches to the trash",

@@ -78,6 +78,9 @@ enum Way : int { kNoWay = -1, kToFolder, kToLists, kUpTheTree, kByRule };
 
 enum class ActionVerb { kCopy, kMove, kRename };
 
+// Where the new names of a rename come from.
+enum class NameSource { kTyped, kList, kTitles, kLinks, kPrefixes, kEditor };
+
 // What the action window is to be filled with; all texts as typed.
 struct ActionRequest {
     ActionVerb verb = ActionVerb::kCopy;
@@ -92,7 +95,12 @@ struct ActionRequest {
     std::optional<std::string> renameText;
     bool renameAtBeginning = false;
 
+    int folderNames = 0; // so many of them become the name of each copy; 0 for its own
+
     // Renames.
+    NameSource source = NameSource::kTyped;
+    std::string sourceFile;                  // as typed
+    bool wholeNames = false;                 // of a list
     std::optional<std::string> insertedText; // else soughtText is replaced
     bool insertAtBeginning = false;
     std::string soughtText;

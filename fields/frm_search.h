@@ -131,6 +131,13 @@ class FrmSearch : public Form {
     MenuEntry mnuTools_DeleteFolderContentsOnly{*this, "mnuTools_DeleteFolderContentsOnly",
                                                 "Delete Folder Contents Only"};
     MenuEntry mnuTools_FolderSummary{*this, "mnuTools_FolderSummary", "Summarize Objects"};
+    MenuEntry mnuRenameSelFromFile{*this, "mnuRenameSelFromFile", "Rename Objects based on list"};
+    MenuEntry mnuRenameSelFromHTMLSearch{*this, "mnuRenameSelFromHTMLSearch",
+                                         "Rename Objects based on Html link"};
+    MenuEntry mnuRenameSelFromSelfSearch{*this, "mnuRenameSelFromSelfSearch",
+                                         "Rename by adding prefix"};
+    MenuEntry mnuRenameSelFromTitle{*this, "mnuRenameSelFromTitle",
+                                    "Rename Objects based on Html <title>"};
     MenuEntry mnuTools_NameVersionSort{
         *this, "mnuTools_NameVersionSort",
         "Group by name (ascending) and version number (descending)."};

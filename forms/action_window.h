@@ -44,6 +44,7 @@ class ActionWindow : public ModalWindow {
     QWidget* rulerPanel_ = nullptr;
     QWidget* where_ = nullptr;
     QWidget* file_ = nullptr;
+    QWidget* names_ = nullptr;
     QLabel* sentence_ = nullptr;
     QProgressBar* bytes_ = nullptr;
     FittingArea* area_ = nullptr;

@@ -120,6 +120,21 @@ enum class PromptId : std::uint8_t {
     kOfferErrorLog,
     kRuleReport,
 
+    // Names from other sources.
+    kTitleNote,
+    kPrefixNote,
+    kPickNameList,
+    kPickPrefixList,
+    kPickLinkPage,
+    kSourceGone,
+    kSourceUnreadable,
+    kSourceMarkMissing,
+    kSourceEmpty,
+    kNothingToSearch,
+    kNamesUnusable,
+    kNamesUsedUp,
+    kNamesEnded,
+
     // Written files.
     kNewPathListFile,
     kNewPlaylistFile,

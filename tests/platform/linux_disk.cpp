@@ -58,11 +58,12 @@ std::vector<TrashedObject> ReadTrash(const std::string& trash) {
     return objects;
 }
 
-LinuxOptions LinuxDisk::Options(CopyRoads roads) {
+LinuxOptions LinuxDisk::Options(CopyRoads roads, StoreClock clock) {
     LinuxOptions options;
     options.extraDrives = {{'T', folder_.Path()}};
     options.hasDesktop = false;
     options.copyRoads = roads;
+    options.storeClock = std::move(clock);
     std::filesystem::create_directory(folder_.Path() + "/Test root");
     return options;
 }

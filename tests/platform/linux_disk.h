@@ -14,6 +14,7 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace tarvix::platform {
@@ -55,7 +56,8 @@ std::string HomeTrash();
 // The machine, with a folder of its own as drive T:.
 class LinuxDisk : public Disk {
   public:
-    explicit LinuxDisk(CopyRoads roads = {}) : platform_(Options(roads)) {}
+    explicit LinuxDisk(CopyRoads roads = {}, StoreClock clock = {})
+        : platform_(Options(roads, std::move(clock))) {}
 
     FileSystem& Files() override { return platform_.Parts().files; }
     Trash& Bin() override { return platform_.Parts().trash; }
@@ -82,7 +84,7 @@ class LinuxDisk : public Disk {
     bool Restore(std::string_view path) override;
 
   private:
-    LinuxOptions Options(CopyRoads roads);
+    LinuxOptions Options(CopyRoads roads, StoreClock clock);
 
     TemporaryFolder folder_;
     LinuxPlatform platform_;

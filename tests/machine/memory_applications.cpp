@@ -45,7 +45,8 @@ std::string MemoryApplications::TypeOfName(std::string_view name) {
 
 std::optional<Application> MemoryApplications::DefaultFor(std::string_view type) {
     const auto found = byType_.find(std::string(type));
-    return found == byType_.end() ? std::nullopt : std::optional(found->second.front());
+    if (found == byType_.end() || found->second.empty()) return std::nullopt;
+    return found->second.front();
 }
 
 std::vector<Application> MemoryApplications::RecommendedFor(std::span<const std::string> types) {

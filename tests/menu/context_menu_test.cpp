@@ -59,15 +59,17 @@ class ContextMenuTest : public testing::ProgramFixture {
     }
 
     // A right click; in the menu the entry of that line is chosen, or the menu is left without one.
-    void RightClick(const std::string& line = {}) {
+    // `answer` is for the question that follows.
+    void RightClick(const std::string& line = {}, const std::string& answer = {}) {
         offered.clear();
-        prompts.SetModalRunner([this, line](session::Session&, fields::Form& form) {
+        prompts.SetModalRunner([this, line, answer](session::Session&, fields::Form& form) {
             if (&form != &S().forms.frmContextMenu || !offered.empty()) return false;
             offered = S().forms.frmContextMenu.lstMenu.Items();
             if (line.empty()) {
                 Click(S().forms.frmContextMenu.cmdCancel);
             } else {
                 Set(S().forms.frmContextMenu.lstMenu, line);
+                if (!answer.empty()) prompts.Queue(answer);
                 Click(S().forms.frmContextMenu.cmdOK);
             }
             return true;
@@ -297,8 +299,7 @@ TEST_F(ContextMenuTest, WithoutAClipboardNothingIsOfferedForIt) {
 TEST_F(ContextMenuTest, TrashGoesTheWayOfTheButtonAndMarksTheRow) {
     Find();
     Select({"one.txt"});
-    prompts.Queue("Yes");
-    RightClick("Move to Trash");
+    RightClick("Move to Trash", "Yes");
     EXPECT_TRUE(WasTold("Are you sure you want"));
     EXPECT_FALSE(Disk().Exists("C:\\a\\one.txt"));
     EXPECT_TRUE(Row("one.txt").Has(results::kGone));
@@ -308,8 +309,7 @@ TEST_F(ContextMenuTest, TrashGoesTheWayOfTheButtonAndMarksTheRow) {
 TEST_F(ContextMenuTest, ARefusedTrashMarksNothing) {
     Find();
     Select({"one.txt"});
-    prompts.Queue("No");
-    RightClick("Move to Trash");
+    RightClick("Move to Trash", "No");
     EXPECT_TRUE(Disk().Exists("C:\\a\\one.txt"));
     EXPECT_FALSE(Row("one.txt").Has(results::kGone));
 }
@@ -377,12 +377,10 @@ TEST_F(ContextMenuTest, AnActionThatIsNotTrustedIsAskedAbout) {
                                "[Desktop Action x]\nName=Wipe\nExec=wipe %F\n"});
     Find();
     Select({"one.txt"});
-    prompts.Queue("No");
-    RightClick("Wipe");
+    RightClick("Wipe", "No");
     EXPECT_TRUE(Started().empty());
     EXPECT_TRUE(WasTold("which is not marked as a program"));
-    prompts.Queue("Yes");
-    RightClick("Wipe");
+    RightClick("Wipe", "Yes");
     EXPECT_EQ(Started(), Texts{"/a> wipe /a/one.txt"});
 }
 

@@ -16,7 +16,7 @@
 
 #include <fmt/core.h>
 
-#include <algorithm>
+#include <optional>
 
 namespace tarvix::launch {
 
@@ -57,7 +57,7 @@ std::unexpected<platform::PlatformError> Missing(Session& session, std::string_v
 std::unexpected<platform::PlatformError> OnlyRuns(Session& session, std::string_view path) {
     return std::unexpected(platform::PlatformError{
         platform::kInvalidCall,
-        fmt::format("{} is a program: 'Run a Program' in the Run menu starts it.",
+        fmt::format("{} is a program: 'Run a Program' in the Run menu, or run-program, starts it.",
                     session.Shown(path)),
         std::string(path)});
 }
@@ -182,16 +182,19 @@ Result<Opened> StartDoc(Session& session, std::string_view path, Doing doing) {
     auto& applications = session::ApplicationsOf(session);
     const std::string type = applications.TypeOf(path);
     if (type.empty()) return Missing(session, path);
-    const auto application = applications.DefaultFor(type);
-    if (!application) {
-        return Failure(platform::kPermissionDenied,
-                       fmt::format("No application is set for files of the type {}.", type));
-    }
     const std::string object(path);
-    return Carry(
-        session,
-        applications.PlanApplication(application->id, {&object, 1}, StartingFolder(session)),
-        doing);
+    const std::string folder = StartingFolder(session);
+    std::optional<platform::PlatformError> refusal;
+    // One that can't be started, as without a terminal, leaves it to the next.
+    for (const platform::Application& application : applications.RecommendedFor({&type, 1})) {
+        auto opened = Carry(
+            session, applications.PlanApplication(application.id, {&object, 1}, folder), doing);
+        if (opened) return opened;
+        if (!refusal) refusal = std::move(opened.error());
+    }
+    if (refusal) return std::unexpected(std::move(*refusal));
+    return Failure(platform::kPermissionDenied,
+                   fmt::format("No application is set for files of the type {}.", type));
 }
 
 Result<Opened> ViewAsText(Session& session, const std::string& path, Doing doing) {

@@ -59,6 +59,13 @@ TEST_F(DoubleClicks, GoOnWithTheClassWhereTheApplicationCannotStart) {
     EXPECT_THAT(Started(), ElementsAre("C:\\home\\ann\\Documents> ed --play C:\\data\\a.mp3"));
 }
 
+TEST_F(DoubleClicks, TakeTheNextApplicationWhereOneCannotStart) {
+    desk.AddApplication("audio/mpeg", "tunes.desktop", "Tunes");
+    desk.refusing.insert("music");
+    DoubleClick("a.mp3");
+    EXPECT_THAT(Started(), ElementsAre("C:\\home\\ann\\Documents> tunes C:\\data\\a.mp3"));
+}
+
 TEST_F(DoubleClicks, OnAFileWithoutExtensionGoToTheTextViewer) {
     Disk().AddFile("C:\\data\\README", "x");
     List();

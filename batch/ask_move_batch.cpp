@@ -2,6 +2,7 @@
 
 #include "platform/try.h"
 #include "session/errors.h"
+#include "session/paths/end_mark.h"
 #include "session/prompt_id.h"
 #include "session/prompt_service.h"
 #include "session/session.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/error.h"
-#include "session/paths/end_mark.h"
+#include "text/list_marks.h"
 
 #include <cstdint>
 #include <memory>
@@ -17,8 +17,8 @@ namespace tarvix::batch {
 
 // A list holds one entry a line and ends with a line that is a mark. What stands behind is no
 // entry.
-using session::kEndMark;
-constexpr std::string_view kRepeatMark = "*REPEAT"; // the list starts over
+using text::kEndMark;
+using text::kRepeatMark;
 
 enum class ListMarks { kEnd, kEndOrRepeat };
 

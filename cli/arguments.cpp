@@ -233,6 +233,38 @@ void AddMakeFolders(CLI::App& app, Command& chosen) {
     list->excludes(from);
 }
 
+void CheckOpen(OpenRequest& request) {
+    if (!request.criteria.locations.empty()) return CheckCriteria(request.criteria);
+    if (request.criteria.patterns.empty()) {
+        Refuse("Say what to open: paths, or patterns with --in LOCATION.");
+    }
+}
+
+template <class Record>
+void AddLaunch(Options& options, Record& record, const char* confirms) {
+    auto* dryRun = options.Flag("-n,--dry-run", record.dryRun,
+                                "Tells what would be started, and starts "
+                                "nothing");
+    options.Flag("--json", record.json, "With --dry-run: one object a line")->needs(dryRun);
+    options.Flag("-y,--yes", record.confirmed, confirms);
+}
+
+void AddOpen(CLI::App& app, Command& chosen) {
+    const auto [command, open] = Add<OpenRequest>(app, kOpen, chosen, CheckOpen);
+    AddCriteria(command, open.criteria, open.answers);
+    Options options(command, kActionGroup);
+    options.Text("--with APPLICATION", open.with,
+                 "The name or id of an application, or a command: opens all with that one");
+    AddLaunch(options, open, "Opens more than 200 objects, too");
+}
+
+void AddRunProgram(CLI::App& app, Command& chosen) {
+    const auto [command, run] = Add<RunProgramRequest>(app, kRunProgram, chosen);
+    Options(command, "Arguments").Text("PATH", run.path, "The program")->required();
+    Options options(command, kActionGroup);
+    AddLaunch(options, run, "Starts an .exe, too");
+}
+
 void AddOthers(CLI::App& app, Command& chosen) {
     const auto [runCommand, run] = Add<RunRequest>(app, kRun, chosen);
     Options(runCommand, "Arguments")
@@ -272,7 +304,7 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     AddMachine(app, request.machine);
     for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove,
                            AddAutoPlaylist, AddShowPages, AddList, AddPlaylist, AddNumbers,
-                           AddMakeFolders, AddLinks, AddOthers, AddOptions})
+                           AddMakeFolders, AddLinks, AddOpen, AddRunProgram, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

@@ -217,6 +217,33 @@ inline constexpr CommandHelp kShowPages{
     "tab\n"
     "or window of its own, and is left alone. Ends with 1 when a page could not be opened.\n"};
 
+inline constexpr CommandHelp kOpen{
+    "open", "Opens objects with the desktop's applications",
+    "Opens each object with the application that the desktop has for it, or all of them with one "
+    "that\n"
+    "you name. With --in the words are patterns, and all that is found there is opened.\n",
+    "\nExamples:\n"
+    "  tarvix-cli open ~/Documents/report.odt ~/Pictures\n"
+    "  tarvix-cli open *.jpg --with gimp\n"
+    "  tarvix-cli open \"*.flac\" --in ~/Music/Album --with \"vlc --one-instance\"\n"
+    "  tarvix-cli open \"*.pdf\" --in . --dry-run\n"
+    "\n"
+    "A shortcut opens what it leads to; a program is opened by run-program alone. Programs begin\n"
+    "in the first default search folder and outlive this one; their output goes nowhere.\n"
+    "--dry-run tells each command as a shell reads it. Ends with 1 when one could not be "
+    "opened.\n"};
+
+inline constexpr CommandHelp kRunProgram{
+    "run-program", "Runs one program of this machine",
+    "Runs a program or a script that has the right to run, as \"Run a Program\" in the Run menu "
+    "does.\n",
+    "\nExamples:\n"
+    "  tarvix-cli run-program ~/bin/tidy-up.sh\n"
+    "  tarvix-cli run-program ~/Downloads/setup.exe --yes\n"
+    "\n"
+    "An .exe is started by what the desktop has for such files, such as Wine, once --yes confirms\n"
+    "it. Ends with 2 for what is no program, and with 1 for one that can't be started.\n"};
+
 inline constexpr CommandHelp kMakeFolders{
     "make-folders", "Makes folders by numbers or by a list",
     "Makes many folders in one: numbered, counted by digits and letters, or named by a list.\n",
@@ -242,6 +269,8 @@ inline constexpr CommandHelp kRun{
     "  select N N-M ... | like PATTERN | none\n"
     "                               selects rows, counted from 1 as listed\n"
     "  doubleclick N                double-clicks a row\n"
+    "  rightclick N                 opens the menu of the selected rows, with that row\n"
+    "                               alone if it isn't one of them\n"
     "  answer VALUE                 answers the next prompt: a button, a control, or a text\n"
     "  after N yields click CONTROL clicks during the next long loop\n"
     "  dump lstMain [KEY ...] | CONTROL | prompts | log | errorlog\n"

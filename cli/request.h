@@ -194,6 +194,23 @@ struct ShowPagesRequest {
     std::string seconds; // of each page
 };
 
+// What is opened: paths as typed, or with locations what is found there.
+struct OpenRequest {
+    Criteria criteria; // its patterns are the paths without locations
+    std::string with;  // an application or a command; empty for the desktop's own choice
+    bool dryRun = false;
+    bool json = false;
+    bool confirmed = false; // opens however many there are
+    std::vector<std::string> answers;
+};
+
+struct RunProgramRequest {
+    std::string path; // as typed
+    bool dryRun = false;
+    bool json = false;
+    bool confirmed = false; // a foreign program, too
+};
+
 struct FoldersRequest {
     std::string place; // as typed
     std::string from;
@@ -246,7 +263,8 @@ struct OptionsRequest {
 using Command =
     std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest, AutoPlaylistRequest,
                  ShowPagesRequest, ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
-                 LinksRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+                 LinksRequest, OpenRequest, RunProgramRequest, RunRequest, SampleRequest,
+                 PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

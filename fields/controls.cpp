@@ -56,8 +56,9 @@ void TextBox::CopyValue(const Control& other) {
     Text = As(*this, other).Text;
 }
 
-CheckBox::CheckBox(Form& form, std::string name, std::string caption, int value, bool triState)
-    : CaptionedControl(form, std::move(name), ControlKind::kCheckBox, std::move(caption)),
+CheckBox::CheckBox(Form& form, std::string name, std::string caption, int value, bool triState,
+                   int index)
+    : CaptionedControl(form, std::move(name), ControlKind::kCheckBox, std::move(caption), index),
       Value(*this, value), triState_(triState) {}
 
 EnterResult CheckBox::Enter(std::string_view text) {

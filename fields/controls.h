@@ -66,7 +66,7 @@ class TextBox : public Control {
 class CheckBox : public CaptionedControl {
   public:
     CheckBox(Form& form, std::string name, std::string caption, int value = 0,
-             bool triState = false);
+             bool triState = false, int index = -1);
     std::string ValueText() const override { return std::to_string(Value.Get()); }
     EnterResult Enter(std::string_view text) override;
     bool Press() override;

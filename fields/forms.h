@@ -1,6 +1,8 @@
 #pragma once
 
+#include "fields/frm_context_menu.h"
 #include "fields/frm_dialog.h"
+#include "fields/frm_options.h"
 #include "fields/frm_search.h"
 #include "fields/prompt_forms.h"
 
@@ -30,8 +32,11 @@ struct Forms {
     FrmShortcutWarning frmShortcutWarning;
     FrmLinkChanges frmLinkChanges;
     FrmLinkTable frmLinkTable;
+    FrmContextMenu frmContextMenu;
+    FrmOpenWith frmOpenWith;
+    FrmOptions frmOptions;
 
-    const std::array<Form*, 19> all{&frmSearch,
+    const std::array<Form*, 22> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -49,7 +54,10 @@ struct Forms {
                                     &frmBatch,
                                     &frmShortcutWarning,
                                     &frmLinkChanges,
-                                    &frmLinkTable};
+                                    &frmLinkTable,
+                                    &frmContextMenu,
+                                    &frmOpenWith,
+                                    &frmOptions};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

@@ -184,8 +184,8 @@ QWidget* MakeNamesSection(const fields::FrmDialog& form) {
     return MakeSection(new QWidget, "List", {InFlow({Make(form.chkWholeNames), edit})});
 }
 
-QWidget* MakeLinesSection(QWidget& lines) {
-    return MakeSection(new QWidget, "First lines", {&lines});
+QWidget* MakeLinesSection(QWidget& lines, QWidget& note) {
+    return MakeSection(new QWidget, "First lines", {&lines, &note});
 }
 
 } // namespace tarvix::forms

@@ -232,7 +232,11 @@ QWidget* ActionWindow::MakeFirstLines() {
     lines_->setTabChangesFocus(true);
     lines_->setAccessibleName("The first lines that would be written");
     lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kShownLines + 24);
-    linesSection_ = MakeLinesSection(*lines_);
+    similarNote_ = new QLabel("Possible duplicates stand below their entries. They are looked for "
+                              "when the list is written.");
+    similarNote_->setObjectName("lblSimilarNote");
+    similarNote_->setWordWrap(true);
+    linesSection_ = MakeLinesSection(*lines_, *similarNote_);
     return linesSection_;
 }
 
@@ -353,6 +357,8 @@ void ActionWindow::ShowExamples() {
 void ActionWindow::ShowFirstLines() {
     std::string key = generate::FirstLinesKey(session_);
     linesSection_->setVisible(!key.empty());
+    const auto& similar = session_.frmDialog.chkFindSimilar;
+    similarNote_->setVisible(similar.Visible && similar.Value == 1);
     if (key == shownLines_) return;
     shownLines_ = std::move(key);
     QStringList lines;

@@ -49,6 +49,7 @@ class ActionWindow : public ModalWindow {
     QProgressBar* bytes_ = nullptr;
     FittingArea* area_ = nullptr;
     QWidget* linesSection_ = nullptr;
+    QLabel* similarNote_ = nullptr; // of possible duplicates, which these lines leave out
     QPlainTextEdit* lines_ = nullptr;
     std::string shownLines_;    // what the first lines depended on when they were made
     std::string shownExamples_; // what the examples depended on when they were made

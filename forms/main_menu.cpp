@@ -121,6 +121,9 @@ MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) 
         QMenu* menu = MenuFor(top == kMenus.end() ? "Actions" : top->title);
         AddField(*menu, window, control->Name());
         if (control->Name() == "mnuHelp_Help") menu->actions().last()->setShortcut(Qt::Key_F1);
+        if (control->Name() == "mnuOptions_Open") {
+            menu->actions().last()->setShortcut(QKeySequence("Ctrl+,"));
+        }
     }
 }
 

@@ -39,7 +39,8 @@ QString WithoutLeadingZeros(const QString& number) {
 }
 
 QString TipText(const QString& text) {
-    return text.isEmpty() ? QString() : "<span>" + text.toHtmlEscaped() + "</span>";
+    return text.isEmpty() ? QString()
+                          : "<span>" + text.toHtmlEscaped().replace(u'\n', "<br>") + "</span>";
 }
 
 QString PlainCaption(std::string_view caption) {

@@ -20,7 +20,8 @@ QString WithThousands(const QString& digits);
 // "000,000,001,204" as "1,204" and "000" as "0".
 QString WithoutLeadingZeros(const QString& number);
 
-// A tip that shows the text as it stands, tags and all, in several lines where it is long.
+// A tip that shows the text as it stands, tags and line breaks and all, in several lines where it
+// is long.
 QString TipText(const QString& text);
 
 // A caption without its mnemonic mark.

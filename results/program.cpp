@@ -32,6 +32,8 @@ void AddListEvents(session::EventTable& events) {
     events.On("frmSearch.cmdDoVersionSort_Click", cmdDoVersionSort_Click);
     events.On("frmSearch.mnuTools_NameVersionSort_Click", cmdDoVersionSort_Click);
     events.On(std::string(lifecycle::kClearList), ClearList);
+    events.On(std::string(lifecycle::kArrangeRows), RearrangeRows);
+    events.On(std::string(lifecycle::kGroupRows), RegroupRows);
     events.On("frmSearch.lstMain_ColumnClick",
               [](session::Session& session, const session::EventArgs& args) {
                   lstMain_ColumnClick(session, static_cast<Column>(args.index));

@@ -300,6 +300,22 @@ void ArrangeFoundRows(Session& session) {
     session.frmSearch.lblStatus.Caption = status;
 }
 
+void RearrangeRows(Session& session) {
+    if (session.state.blnPlayListMode || session.rows->Count() == 0) return;
+    RemoveSpacers(*session.rows);
+    ShowGroups(session, 1);
+    ArrangeFoundRows(session);
+}
+
+void RegroupRows(Session& session) {
+    if (session.state.blnPlayListMode || session.rows->Count() == 0) return;
+    if (session.frmSearch.chkFastSort.Value == 1) return;
+    const std::string status = session.frmSearch.lblStatus.Caption;
+    RemoveSpacers(*session.rows);
+    Group(session, static_cast<Column>(session.frmSearch.lstMain.SortKey.Get()));
+    session.frmSearch.lblStatus.Caption = status;
+}
+
 void lstMain_ColumnClick(Session& session, Column column) {
     auto& list = session.frmSearch.lstMain;
     if (session.state.blnPlayListMode || session.state.blnSearching) return;

@@ -34,6 +34,11 @@ void ShowGroups(session::Session& session, std::int64_t groups);
 // `chkFastSort` is set.
 void ArrangeFoundRows(session::Session& session);
 
+// The same once more with the rows that stand, and their groups alone; not those of a playlist,
+// whose order says what belongs together.
+void RearrangeRows(session::Session& session);
+void RegroupRows(session::Session& session);
+
 // A click on a column's head: sorts by it, or turns the order of the column that is sorted already.
 void lstMain_ColumnClick(session::Session& session, Column column);
 // By name, the highest version of each name first.

@@ -175,6 +175,10 @@ void AddSearchEvents(session::EventTable& events) {
     events.On(std::string(lifecycle::kParseLocations), ParseLocations);
     events.On(std::string(lifecycle::kPaintAttributeBoxes), PaintAttributeBoxes);
     events.On(std::string(lifecycle::kListDefaultFolders), BuildDefaultFolderList);
+    events.On(std::string(lifecycle::kWriteDefaultFolder),
+              [](Session& session, const session::EventArgs& args) {
+                  WriteDefaultSearchMPL(session, args.path);
+              });
     AddCriteriaEvents(events);
     AddBrowseEvents(events);
     AddUnreadEvents(events);

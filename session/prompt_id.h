@@ -225,6 +225,39 @@ enum class PromptId : std::uint8_t {
     kPagesEmpty,
     kPageNotOpened,
 
+    // Opening and running.
+    kNotOpened,
+    kMediaCount,
+    kForceNeedsPlayer,
+    kPlayerNotStarted,
+    kNotPlayed,
+    kViewCount,
+    kEditorNotStarted,
+    kHexEditorMissing,
+    kRunCount,
+    kNotAProgram,
+    kRunForeign,
+    kProgramNotStarted,
+    kParentCount,
+    kParentNotOpened,
+    kSystemFacts,
+    kSystemFactsMissing,
+
+    // The menu of the list.
+    kContextMenuWarning,
+    kContextMenu,
+    kOpenWith,
+    kMenuNotDone,
+    kActionNotTrusted,
+    // The options.
+    kOptionsWindow,
+    kColumnsAdded,
+    kWebTimeNotNumeric,
+    kWebTimeOutOfRange,
+    kOptionInvalid,
+    kPickDefaultFolder,
+    kPickDriveFolder,
+
     // Scripts.
     kNewScript,
     kPickScript,

@@ -6,6 +6,7 @@
 #include "session/unread.h"
 #include "text/dates.h"
 
+#include <array>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -57,10 +58,23 @@ struct ActionTotals {
     }
 };
 
+// What the options window sets for this run alone; no file keeps it.
+struct RunChoices {
+    bool blnAllowMove = false;      // of system and hidden objects, which are else only copied
+    bool blnAllowOverwrite = false; // of such objects, unasked
+    bool blnAllowDelete = false;    // the same
+    // What automatic mode answers for such objects in place of the user, if it may.
+    bool blnAllowAutoModeSystemHidden = false;
+    std::array<bool, 5> blnAutoPara{}; // by the index of `chkAutoPara`
+    bool operator==(const RunChoices&) const = default;
+};
+
 // The process-wide variables. Routines read and set them by name.
 struct SessionState {
     Options options;
     PlatformSettings platformSettings;
+    RunChoices runChoices;
+    bool blnColumnsChanged = false; // by the options window, until the list is arranged anew
 
     // Set at the start.
     std::string strProgramFolder;
@@ -167,6 +181,7 @@ struct SessionState {
     bool blnForeignWarned = false;
     bool blnTrailingWarned = false;
     bool blnSystemHiddenWarned = false;
+    int intContextMenuCount = 0; // right clicks on the list
 };
 
 } // namespace tarvix::session

@@ -10,6 +10,7 @@
 #include <fmt/core.h>
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -64,11 +65,57 @@ bool AskOverride(Session& session, ActionRun& run, const Object& object) {
     return form.Answer != kOverrideYes && form.Answer != kOverrideYesToAll;
 }
 
+enum class Override { kMove, kOverwrite, kDelete };
+
+// What the options of this run let happen without a question.
+bool IsLet(const session::RunChoices& choices, Override what) {
+    switch (what) {
+    case Override::kMove:
+        return choices.blnAllowMove;
+    case Override::kOverwrite:
+        return choices.blnAllowOverwrite;
+    case Override::kDelete:
+        return choices.blnAllowDelete;
+    }
+    return false;
+}
+
+// What automatic mode answers: that of overwriting and that of deleting, each with all in front of
+// none. Nothing where it may not, or nothing was chosen.
+std::optional<bool> AutomaticAnswer(const Session& session, Override what) {
+    const auto& choices = session.state.runChoices;
+    const bool mayAnswer =
+        session.state.options.blnAutoMode && choices.blnAllowAutoModeSystemHidden;
+    if (!mayAnswer || what == Override::kMove) return std::nullopt;
+    const std::size_t all = what == Override::kOverwrite ? 1 : 3;
+    if (choices.blnAutoPara[all]) return true;
+    if (choices.blnAutoPara[all + 1]) return false;
+    return std::nullopt;
+}
+
+// The answer of the options, logged: whether to go on with it. Nothing where the user is to say.
+std::optional<bool> AnswerOfOptions(Session& session, const ActionRun& run, const Object& object,
+                                    bool blnOverwriting) {
+    const auto& action = run.request.strAction;
+    if (!blnOverwriting && action != "Delete" && action != "Move") return std::nullopt;
+    const Override what = blnOverwriting       ? Override::kOverwrite
+                          : action == "Delete" ? Override::kDelete
+                                               : Override::kMove;
+    const auto answer = IsLet(session.state.runChoices, what) ? std::optional(true)
+                                                              : AutomaticAnswer(session, what);
+    if (!answer) return std::nullopt;
+    session::LogTimed(session, fmt::format(" Options selected {} to: {}",
+                                           *answer ? "override" : "do not override",
+                                           session.Shown(object.path)));
+    return answer;
+}
+
 bool IsProtected(Session& session, ActionRun& run, const Object& object, std::uint32_t attributes,
                  bool blnOverwriting) {
     if ((attributes & kHiddenOrSystem) == 0) return false;
     if (run.bytOverrideAnswer == kOverrideNoToAll) return true;
     if (run.bytOverrideAnswer == kOverrideYesToAll) return false;
+    if (const auto answer = AnswerOfOptions(session, run, object, blnOverwriting)) return !*answer;
     if (run.request.strAction == "Delete" || blnOverwriting) {
         return AskOverride(session, run, object);
     }

@@ -149,6 +149,7 @@ void RequestMakeFolders(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kFoldersPlaceInvalid,
                       "You did not select a valid location for folders.");
     }
+    if (!IsPath(session, run.request, path)) return;
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kFoldersPlaceIsFile,
                       fmt::format("{} is a file, you can not create folders inside it.",

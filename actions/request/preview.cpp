@@ -201,8 +201,8 @@ class Rehearsal {
     platform::Platform MachineOf(Session& real) {
         auto machine = real.platform;
         return {files_,           machine.paths, machine.clock,        machine.environment,
-                machine.registry, launcher_,     machine.contentTypes, trash_,
-                machine.traits};
+                machine.registry, launcher_,     machine.contentTypes, machine.applications,
+                machine.desktop,  trash_,        machine.traits};
     }
 
     Session& real_;

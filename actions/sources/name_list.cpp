@@ -7,9 +7,9 @@
 #include "platform/text_stream.h"
 #include "platform/try.h"
 #include "results/selection.h"
-#include "session/paths/end_mark.h"
 #include "session/session.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 
 namespace tarvix::actions {
 
@@ -37,7 +37,7 @@ platform::Result<NameLines> ReadNameLines(platform::FileSystem& files, const std
     NameLines list;
     while (!stream->AtEndOfStream()) {
         TX_TRY_ASSIGN(std::string line, stream->ReadLine());
-        list.isMarked = line == session::kEndMark;
+        list.isMarked = line == text::kEndMark;
         if (list.isMarked) return list;
         list.lines.push_back(std::move(line));
     }
@@ -50,7 +50,7 @@ std::string LineOf(const session::Session& session, std::size_t index, ListedNam
     std::string line = platform::ForDisplay(
         listed.part.empty() ? session.selection->strSelName[index] : listed.part);
     if (text::Trim(line).empty()) return text::Replace(line, " ", "\\x20");
-    if (line == session::kEndMark) line += ' ';
+    if (line == text::kEndMark) line += ' ';
     return line;
 }
 
@@ -71,7 +71,7 @@ std::string PresentNames(const session::Session& session, ListedNames names, boo
     std::string text;
     for (std::int64_t i = 0; i <= session.selection->lngSelTop; ++i)
         text.append(LineOf(session, static_cast<std::size_t>(i), names)).append("\r\n");
-    if (isMarked) text.append(session::kEndMark).append("\r\n");
+    if (isMarked) text.append(text::kEndMark).append("\r\n");
     return text;
 }
 

@@ -21,6 +21,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvix::lifecycle {
 
@@ -32,14 +33,29 @@ void Raise(Session& session, std::string_view event) {
     session.events.Raise(session, event);
 }
 
-// The list's tip without Expert Mode.
-constexpr std::string_view kListTip = "To adjust columns, click & drag just inside the right edge "
-                                      "of the column head.";
 void SetState(Session& session) {
     auto& state = session.state;
     state.blnRepeatDeleteEmpty = false;
     state.intMaxYear = session.Now().year + 20;
     state.blnRedoNow = true;
+}
+
+// The attributes that have but a number, in words.
+void NameAttributes(fields::FrmSearch& form) {
+    form.chkReadOnly.Caption = "Read only";
+    form.chkAlias.Caption = "Link";
+    form.chkCompressed.Caption = "Compressed";
+    form.chk256.Caption = "Temporary (256)";
+    form.chk512.Caption = "Sparse (512)";
+    form.chk64.Caption = "Special (64)";
+    form.chk128.Caption = "Plain (128)";
+}
+
+// What is seen behind the notice of a first start.
+void ShowAsHere(Session& session) {
+    if (!session.platform.traits.hasNativePaths) return;
+    NameAttributes(session.frmSearch);
+    session::TakeFirstColumns(session);
 }
 
 void AddStandingEntries(Session& session) {
@@ -72,17 +88,6 @@ void ReadOptions(Session& session) {
     session::RemoveLeftTemporaries(session);
 }
 
-// The attributes that have but a number, in words.
-void NameAttributes(fields::FrmSearch& form) {
-    form.chkReadOnly.Caption = "Read only";
-    form.chkAlias.Caption = "Link";
-    form.chkCompressed.Caption = "Compressed";
-    form.chk256.Caption = "Temporary (256)";
-    form.chk512.Caption = "Sparse (512)";
-    form.chk64.Caption = "Special (64)";
-    form.chk128.Caption = "Plain (128)";
-}
-
 void SetVisibleDefaults(Session& session) {
     auto& form = session.frmSearch;
     form.Caption =
@@ -95,7 +100,6 @@ void SetVisibleDefaults(Session& session) {
     Raise(session, kPaintAttributeBoxes);
     form.cmdDeleteSelected.Caption =
         std::string(session::Worded(session, session::Wording::kRecycleButton));
-    if (session.platform.traits.hasNativePaths) NameAttributes(form);
 }
 
 // In a window the first location stands as the folder that it is, or the home folder where there is
@@ -156,6 +160,13 @@ void RepeatSearch(Session& session) {
     Raise(session, kSearch);
 }
 
+// What the options window showed or hid counts for the list behind it.
+void GroupAfterOptions(Session& session) {
+    auto& state = session.state;
+    if (state.strLastForm != session.forms.frmOptions.Name()) return;
+    if (std::exchange(state.blnColumnsChanged, false)) Raise(session, kGroupRows);
+}
+
 void RedoAfterAction(Session& session) {
     auto& state = session.state;
     const bool repeats = session.frmSearch.chkRepeatSearch.Value == 1;
@@ -182,6 +193,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     FormDataPaths(session);
     session::OpenPlatformFile(session);
     AddStandingEntries(session);
+    ShowAsHere(session);
     FirstRunCheck(session);
     ReadOptions(session);
     SetVisibleDefaults(session);
@@ -202,6 +214,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
 
 void frmSearch_Activate(Session& session) {
     auto& form = session.frmSearch;
+    GroupAfterOptions(session);
     RedoAfterAction(session);
     if (session.state.blnEditTargets) {
         form.Focus = &form.cmdEditTargets;

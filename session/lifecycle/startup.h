@@ -27,6 +27,10 @@ void CommandLineOptions(session::Session& session, std::string_view argument);
 // Activate, resize and unload of the main window.
 void AddLifecycleEvents(session::EventTable& events);
 
+// The list's tip without Expert Mode.
+inline constexpr std::string_view kListTip =
+    "To adjust columns, click & drag just inside the right edge of the column head.";
+
 constexpr int kLeastWidth = 12000; // twips
 constexpr int kLeastHeight = 7450;
 

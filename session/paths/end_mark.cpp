@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/text_stream.h"
 #include "platform/try.h"
+#include "text/list_marks.h"
 
 namespace tarvix::session {
 
@@ -22,7 +23,7 @@ platform::Result<void> AddEndMark(platform::FileSystem& files, std::string_view 
     TX_TRY_ASSIGN(const bool needsBreak, EndsInsideALine(files, path));
     TX_TRY_ASSIGN(const auto stream, files.OpenAsTextStream(path, platform::OpenMode::kAppend));
     if (needsBreak) TX_TRY(stream->Write("\r\n"));
-    TX_TRY(stream->Write(kEndMark));
+    TX_TRY(stream->Write(text::kEndMark));
     return stream->Close();
 }
 

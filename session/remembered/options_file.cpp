@@ -13,6 +13,7 @@
 #include "session/session.h"
 #include "session/settings/option_values.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -29,33 +30,11 @@ namespace {
 using platform::TextStream;
 
 constexpr std::string_view kRoutine = "OpenOptionFile";
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kHeading = "Tarvix Settings - Version";
 constexpr std::string_view kWarning =
     "DO NOT EDIT WHILE TARVIX IS RUNNING, edits will be lost at close.";
 constexpr int kDocumentsSince = 6000;     // of intOSVersion
 constexpr std::size_t kMostVersion = 100; // characters in the name of a copy
-
-// One option that the main form shows as soon as it is read.
-void ShowOption(Session& session, const OptionKey& key) {
-    auto& form = session.frmSearch;
-    const Options& options = session.state.options;
-    if (!key.box.empty()) {
-        auto& box = static_cast<fields::CheckBox&>(*form.Find(key.box));
-        box.Value = options.*std::get<int Options::*>(key.field);
-        if (box.Value != 2) box.ForeColor = box.Value == 0 ? fields::kBlue : fields::kRed;
-    } else if (key.key == "blnAllowUserSelectSubfolders") {
-        form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
-        form.chkIncludeSubFolders.ToolTipText =
-            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
-        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
-    } else if (key.key == "blnDefaultToIncludeSubfolders") {
-        form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
-        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
-    } else if (key.key == "bytFilesVsDirs") {
-        form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
-    }
-}
 
 // What a damaged file has for its version must still make one name.
 std::string AsName(std::string_view version) {
@@ -149,7 +128,7 @@ class Reading {
             auto line = Try([this] { return stream_->ReadLine(); });
             if (!line) return NoteEnd(line.ErrorNumber());
             const OptionLine split = SplitOptionLine(*line);
-            if (split.key == kEndMark) return;
+            if (split.key == text::kEndMark) return;
             const auto taken = Try([&] { return Take(split); });
             // What stands behind it was not read, and must not be written over.
             if (!taken) session_.state.blnOptionFileUnread = true;
@@ -187,14 +166,18 @@ class Reading {
 constexpr int kGrey = 2;                                           // of an attribute box
 constexpr std::array<std::size_t, 5> kFirstColumns{1, 2, 3, 4, 8}; // beside the name
 
-// What a new user finds where paths are native: subfolders are looked through, the columns that
-// most people read stand in the list, and nothing is left out for how it is stored on the disk.
-void SetUpForNative(Options& options) {
-    options.blnAllowUserSelectSubfolders = options.blnDefaultToIncludeSubfolders = true;
+void SetFirstColumns(Options& options) {
     options.blnListItems.fill(false);
     options.blnListItems.front() = kAllColumns.front();
     for (const std::size_t column : kFirstColumns)
         options.blnListItems[column] = true;
+}
+
+// What a new user finds where paths are native: subfolders are looked through, the columns that
+// most people read stand in the list, and nothing is left out for how it is stored on the disk.
+void SetUpForNative(Options& options) {
+    options.blnAllowUserSelectSubfolders = options.blnDefaultToIncludeSubfolders = true;
+    SetFirstColumns(options);
     options.byt512 = options.byt128 = options.bytCompressed = kGrey;
 }
 
@@ -214,14 +197,11 @@ bool FindFile(Session& session) {
 
 void TakeNoFile(Session& session) {
     auto& options = session.state.options;
-    const int latestYear = options.intLatestYear;
-    options = Options{.intLatestYear = latestYear};
+    options = UsualOptions(session);
     if (session.platform.traits.hasNativePaths) {
-        SetUpForNative(options);
         for (const OptionKey& key : kOptionKeys)
             ShowOption(session, key);
     }
-    options.strDefSearchFolder.front() = DocumentsFolder(session);
     session.frmSearch.cmbDir.Text = options.strDefSearchFolder.front();
 }
 
@@ -236,6 +216,37 @@ void ReadFile(Session& session) {
 }
 
 } // namespace
+
+void ShowOption(Session& session, const OptionKey& key) {
+    auto& form = session.frmSearch;
+    const Options& options = session.state.options;
+    if (!key.box.empty()) {
+        auto& box = static_cast<fields::CheckBox&>(*form.Find(key.box));
+        box.Value = options.*std::get<int Options::*>(key.field);
+        if (box.Value != 2) box.ForeColor = box.Value == 0 ? fields::kBlue : fields::kRed;
+    } else if (key.key == "blnAllowUserSelectSubfolders") {
+        form.chkIncludeSubFolders.Enabled = options.blnAllowUserSelectSubfolders;
+        form.chkIncludeSubFolders.ToolTipText =
+            options.blnAllowUserSelectSubfolders ? "" : "The Options menu lets it be selected.";
+        form.mnuOptions_AllowUserSelectSubfolders.Checked = options.blnAllowUserSelectSubfolders;
+    } else if (key.key == "blnDefaultToIncludeSubfolders") {
+        form.chkIncludeSubFolders.Value = options.blnDefaultToIncludeSubfolders ? 1 : 0;
+        form.mnuOptions_DefaultToIncludeSubfolders.Checked = options.blnDefaultToIncludeSubfolders;
+    } else if (key.key == "bytFilesVsDirs") {
+        form.optFilesVsDirs.Choose(options.bytFilesVsDirs);
+    }
+}
+
+Options UsualOptions(Session& session) {
+    Options options{.intLatestYear = session.state.options.intLatestYear};
+    if (session.platform.traits.hasNativePaths) SetUpForNative(options);
+    options.strDefSearchFolder.front() = DocumentsFolder(session);
+    return options;
+}
+
+void TakeFirstColumns(Session& session) {
+    SetFirstColumns(session.state.options);
+}
 
 void OpenOptionFile(Session& session) {
     auto& state = session.state;
@@ -291,7 +302,7 @@ std::string OptionFileText(const Session& session) {
     for (const std::string& line : EnvVariableLines(options)) {
         add(line);
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 void ApplyColumnsToList(Session& session) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/error.h"
+#include "session/settings/option_keys.h"
 
 #include <string>
 #include <string_view>
@@ -15,6 +16,15 @@ struct Session;
 // "TXOptionFile_<version>.txt" first, with a message. A value that is none ends the reading by way
 // of HandleError.
 void OpenOptionFile(Session& session);
+
+// The options of a new options file on this machine.
+Options UsualOptions(Session& session);
+
+// Shows one option on the main form, if that has something that shows it.
+void ShowOption(Session& session, const OptionKey& key);
+
+// The columns that a new user finds where paths are native, before any options were read.
+void TakeFirstColumns(Session& session);
 
 // Writes the options to `strOptionFile`; after a failure, which is told, the old file stands. A
 // file that could not be opened at the start is left as it is.

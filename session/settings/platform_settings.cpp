@@ -3,6 +3,7 @@
 #include "session/settings/option_keys.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/numbers.h"
 
 #include <fmt/core.h>
@@ -15,7 +16,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kDrivePrefix = "DRIVE ";
 constexpr std::string_view kNameColumn = "Name";
 constexpr std::string_view kNative = "native";
@@ -158,7 +158,10 @@ struct SettingKey {
     std::string_view comment;
     std::string (*text)(const PlatformSettings&);
     bool (*take)(PlatformSettings&, std::string_view);
+    std::string_view choices = "";
+    bool isRemembered = false;
 };
+constexpr bool kRemembered = true;
 
 template <std::string PlatformSettings::*Field>
 constexpr SettingKey TextKey(std::string_view key, std::string_view comment) {
@@ -180,12 +183,14 @@ constexpr SettingKey FormKey(std::string_view key, std::string_view comment) {
                 if (!isNative && !text::EqualNoCase(text, kDrive)) return false;
                 settings.*IsNative = isNative;
                 return true;
-            }};
+            },
+            "native|drive"};
 }
 
 template <std::optional<bool> PlatformSettings::*Box>
 constexpr SettingKey BoxKey(std::string_view key, std::string_view comment) {
-    return {key, comment,
+    return {key,
+            comment,
             [](const PlatformSettings& settings) {
                 const auto& box = settings.*Box;
                 return std::string(!box ? "" : *box ? kOn : kOff);
@@ -195,16 +200,21 @@ constexpr SettingKey BoxKey(std::string_view key, std::string_view comment) {
                 if (!isOn && !text.empty() && !text::EqualNoCase(text, kOff)) return false;
                 settings.*Box = text.empty() ? std::nullopt : std::optional(isOn);
                 return true;
-            }};
+            },
+            "",
+            kRemembered};
 }
 
 template <WindowPlace PlatformSettings::*Field>
 constexpr SettingKey WindowKey(std::string_view key, std::string_view comment) {
-    return {key, comment,
+    return {key,
+            comment,
             [](const PlatformSettings& settings) { return WindowText(settings.*Field); },
             [](PlatformSettings& settings, std::string_view text) {
                 return TakeWindow(settings.*Field, text);
-            }};
+            },
+            "",
+            kRemembered};
 }
 
 constexpr std::array kKeys{
@@ -214,13 +224,20 @@ constexpr std::array kKeys{
                                                "Paths in lists that are written: native or drive."),
     SettingKey{"LongestPath",
                "The longest path: native for what the disk takes, or 259 characters.", LengthText,
-               TakeLength},
+               TakeLength, "native|259"},
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
-        "Player", "The command of the media player; empty for the desktop's own."),
+        "Player",
+        "The command of the media player; empty for VLC where it is, else the desktop's own."),
     TextKey<&PlatformSettings::secondPlayer>(
-        "SecondPlayer", "The command of a second media player; empty for none."),
+        "SecondPlayer", "The command of a second media player, with its own switch for adding to "
+                        "its list; empty for one that is installed."),
+    TextKey<&PlatformSettings::hexEditor>(
+        "HexEditor", "The command of the hex editor; empty for one that is installed."),
+    TextKey<&PlatformSettings::terminal>(
+        "Terminal", "The command of the terminal that text programs run in, such as xterm -e; "
+                    "empty for the first that is found."),
     SettingKey{"LatestFileYear",
                "The last year that is plausible for the date of a file; any for all years.",
                YearText, TakeYear},
@@ -232,9 +249,9 @@ constexpr std::array kKeys{
         "SearchWindow", "Left, top, width and height of the main window, and maximized if it was."),
     WindowKey<&PlatformSettings::dialogWindow>("ActionWindow", "The same of the action window."),
     SettingKey{"ColumnWidths", "Widths of columns that were changed, as \"Name:260\".", WidthsText,
-               TakeWidths},
+               TakeWidths, "", kRemembered},
     SettingKey{"ColumnOrder", "The columns from left to right; empty for the usual order.",
-               OrderText, TakeOrder},
+               OrderText, TakeOrder, "", kRemembered},
 };
 
 // The letter of "Drive E:", in upper case; 0 for any other key.
@@ -286,6 +303,14 @@ std::vector<NamedSetting> ListSettings(const PlatformSettings& settings) {
     return listed;
 }
 
+std::vector<SettingFacts> AllSettingFacts() {
+    std::vector<SettingFacts> facts;
+    for (const SettingKey& known : kKeys) {
+        facts.push_back({known.key, known.comment, known.choices, known.isRemembered});
+    }
+    return facts;
+}
+
 PlatformSettings UsualSettings(const platform::Traits& traits) {
     PlatformSettings settings;
     settings.showsNative = traits.hasNativePaths;
@@ -299,7 +324,7 @@ PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines,
     PlatformSettings settings = std::move(usual);
     for (const std::string& line : lines) {
         const std::string_view trimmed = text::Trim(line);
-        if (trimmed == kEndMark) break;
+        if (trimmed == text::kEndMark) break;
         if (trimmed.empty() || trimmed.starts_with('#')) continue;
         if (!TakeLine(settings, trimmed)) settings.unknownLines.push_back(line);
     }
@@ -319,7 +344,7 @@ std::string PlatformSettingsText(const PlatformSettings& settings) {
     for (const std::string& line : settings.unknownLines) {
         text += fmt::format("{}\r\n", line);
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 } // namespace tarvix::session

@@ -38,6 +38,8 @@ struct PlatformSettings {
     std::string editor;                 // a command; empty for the desktop's own
     std::string player;                 // in the place of VLC
     std::string secondPlayer;           // in the place of Winamp
+    std::string hexEditor;              // empty for none
+    std::string terminal;               // a program and its arguments are added to its end
     int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
     std::optional<bool> sortsFast;      // as the window left the box; none: as at first
     std::optional<bool> searchesSubfolders; // the same
@@ -68,6 +70,17 @@ struct NamedSetting {
     std::string value;
 };
 std::vector<NamedSetting> ListSettings(const PlatformSettings& settings);
+
+// What is known of a setting besides its value, in the order of the list, drives left out.
+struct SettingFacts {
+    std::string_view key;
+    std::string_view comment; // a sentence
+    // The values that it takes, separated by "|"; empty where it takes any text.
+    std::string_view choices;
+    bool isRemembered = false; // by the windows themselves: nothing that a user sets
+};
+std::vector<SettingFacts> AllSettingFacts();
+
 bool SetSetting(PlatformSettings& settings, std::string_view key, std::string_view value);
 
 } // namespace tarvix::session

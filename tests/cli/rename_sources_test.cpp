@@ -90,7 +90,7 @@ TEST_F(RenameSources, ByTitlesLinksAndPrefixes) {
     EXPECT_EQ(Run({"rename", "?.txt", "--in", "L", "--prefix-from", "prefixes.txt", "--yes"}),
               kDone);
     EXPECT_EQ(Out(), "Renamed 1 of 2 objects; 1 unchanged.\n");
-    EXPECT_THAT(Names(), ElementsAre("(B.T) b.txt", "Alpha.txt", "The page p.htm", "c.txt"));
+    EXPECT_THAT(Names(), ElementsAre("(B.T) b.txt", "Alpha.txt", "c.txt", "The page p.htm"));
 }
 
 TEST_F(RenameSources, ADryRunTellsAndChangesNothing) {

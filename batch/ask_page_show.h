@@ -22,6 +22,7 @@ std::optional<double> ReadPageSeconds(std::string_view typed);
 // Whether the text is not empty and holds only digits and points, and isn't a lone point.
 bool IsNumericText(std::string_view text);
 
+// The menu entry, which also ends a show that goes on, and the ticks of `Timer1`.
 void AddPageEvents(session::EventTable& events);
 
 } // namespace tarvix::batch

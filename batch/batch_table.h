@@ -30,6 +30,7 @@ bool ConfirmByTable(session::Session& session, const BatchWords& words,
 void TellByTable(session::Session& session, const BatchWords& words, std::string_view ended,
                  const BatchOutcome& outcome);
 
+// The buttons of frmBatch.
 void AddTableEvents(session::EventTable& events);
 
 } // namespace tarvix::batch

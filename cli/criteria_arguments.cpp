@@ -82,7 +82,9 @@ void AddTests(CLI::App& command, Criteria& criteria) {
         attributes.Choice(fmt::format("{} CHOICE", kAttributes[i].name), criteria.attributes[i],
                           {"no", "yes", "any"}, kAttributes[i].help);
     }
-    attributes.Flag("--any-attribute", criteria.anyAttribute, "All ten at any");
+    attributes.Flag(
+        "--any-attribute", criteria.anyAttribute,
+        "All ten at any; objects with an attribute that is none of these are found, too");
 }
 
 void CheckCriteria(Criteria& criteria) {

@@ -70,6 +70,7 @@ InputResult FillDate(Session& session, session::ScriptedPrompts& prompts,
 }
 
 InputResult FillAttributes(Session& session, const Criteria& criteria) {
+    session.state.blnFindsWithoutBox = criteria.anyAttribute;
     for (std::size_t i = 0; i < criteria.attributes.size(); ++i) {
         if (!criteria.attributes[i]) continue;
         TX_TRY(session::UserSet(session, *session.frmSearch.attributeBoxes[i],

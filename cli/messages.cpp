@@ -56,8 +56,7 @@ void TellUnread(Host& host, const session::Session& session) {
 }
 
 void TellLeftOut(Host& host, const session::LeftOut& leftOut) {
-    Complain(host, search::LeftOutText(leftOut) +
-                       (leftOut.Findable() > 0 ? ". --any-attribute finds them too." : "."));
+    Complain(host, search::LeftOutText(leftOut) + ". --any-attribute finds them too.");
 }
 
 std::string OnOneLine(std::string_view text) {

@@ -19,6 +19,7 @@ class FileTree {
     // Reads the folder, a drive path; yields. False when the user stopped it.
     bool Read(session::Session& session, std::string_view folder);
 
+    // Files are named by their index in this order, below Count().
     std::size_t Count() const { return folderOf_.size(); }
     std::string_view Name(std::size_t file) const { return Piece(names_, nameEnds_, file); }
     // In upper case.

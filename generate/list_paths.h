@@ -16,6 +16,7 @@ class ListPaths {
   public:
     explicit ListPaths(session::Session& session);
 
+    // Whether they stand as this machine writes them.
     bool IsNative() const { return isNative_; }
     // Appends a full drive path. In drive form one of 248 characters and more has short names in
     // front, unless `LongestPath` leaves lengths to the disk.

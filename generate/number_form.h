@@ -15,6 +15,7 @@ namespace tarvix::generate {
 // the user cancelled it.
 std::optional<NumberPlan> AskNumbersInForm(session::Session& session);
 
+// The buttons of frmNumbers, and its lines, which follow what is typed.
 void AddNumberFormEvents(session::EventTable& events);
 
 } // namespace tarvix::generate

@@ -22,6 +22,7 @@ void ToggleReplacement(session::Session& session, std::size_t row);
 // Tells in the banner what the playlist holds and what is marked in it.
 void ShowBanner(session::Session& session);
 
+// The menu entry and the buttons of the mode, and a double click on its rows.
 void AddPlaylistEvents(session::EventTable& events);
 
 } // namespace tarvix::generate

@@ -29,6 +29,7 @@ struct PlaylistPlan {
     bool IsEmpty() const { return renames.empty() && deletions.empty(); }
 };
 
+// Reads the marks as they stand; the rows keep them.
 PlaylistPlan ReadPlan(const results::ResultList& rows);
 
 } // namespace tarvix::generate

@@ -12,6 +12,7 @@ struct Session;
 
 namespace tarvix::results {
 
+// Whether a column shows one of the seven values of shortcuts, and which.
 constexpr bool IsLinkColumn(Column column) {
     return column >= kTargetPath && column <= kIconPath;
 }

@@ -6,6 +6,7 @@
 
 namespace tarvix::results {
 
+// `intMaxYear` is the first year that is too late.
 constexpr bool IsPlausibleYear(int year, int intMaxYear) {
     return year > 1450 && year < intMaxYear;
 }

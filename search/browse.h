@@ -23,6 +23,7 @@ void DropLocations(session::Session& session, const std::vector<std::string>& pa
 // Marks one of the four modes, in the options and in the menu alike.
 void ChooseBrowseMode(session::Session& session, int mode);
 
+// The browse button, its four modes, and what clears the locations.
 void AddBrowseEvents(session::EventTable& events);
 
 } // namespace tarvix::search

@@ -28,6 +28,7 @@ class Filters {
     Filters(session::Session& session, const SearchRequest& request)
         : session_(session), request_(request) {}
 
+    // Whether it has the attributes that are asked for, and none that a box refuses.
     bool CheckAttributes(const platform::ObjectFacts& facts) const {
         return DoesObjectMatchAttributesSelected(request_.attributes, facts);
     }

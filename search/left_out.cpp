@@ -49,6 +49,7 @@ void cmdLeftOut_Click(Session& session) {
     for (std::size_t i = 0; i < kAttributeBoxes; ++i) {
         if (leftOut.byBox[i] > 0) form.attributeBoxes[i]->Value = 2;
     }
+    if (leftOut.withoutBox > 0) session.state.blnFindsWithoutBox = true;
     PaintAttributeBoxes(session);
     session.events.Raise(session, lifecycle::kSearch);
 }
@@ -94,11 +95,14 @@ void ShowLeftOut(Session& session) {
     const LeftOut& leftOut = session.state.leftOut;
     if (leftOut.Total() == 0 || session.state.IsBatch()) return;
     auto& button = session.frmSearch.cmdLeftOut;
-    const bool canFind = leftOut.Findable() > 0;
-    button.Caption = LeftOutText(leftOut) + (canFind ? ". Find them too" : "");
-    button.ToolTipText = "They fit, but have an attribute whose box is empty. A click makes these "
-                         "boxes grey and searches again.";
-    button.Enabled = canFind;
+    button.Caption = LeftOutText(leftOut) + ". Find them too";
+    button.ToolTipText =
+        leftOut.withoutBox == 0
+            ? "They fit, but have an attribute whose box is empty. A click makes these boxes grey "
+              "and searches again."
+            : "They fit, but have an attribute whose box is empty, or one that has no box, such as "
+              "encrypted. A click makes these boxes grey, lets attributes without a box pass until "
+              "Tarvix is closed, and searches again.";
     button.Visible = true;
     session.events.Raise(session, kLeftOutTold);
 }

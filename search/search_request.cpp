@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -124,6 +126,18 @@ AttributeMasks BuildSelectedAttributesVariable(const fields::FrmSearch& form) {
     return masks;
 }
 
+namespace {
+
+AttributeMasks MasksOf(const Session& session) {
+    AttributeMasks masks = BuildSelectedAttributesVariable(session.frmSearch);
+    if (!session.state.blnFindsWithoutBox) return masks;
+    masks.intAttrAllowed |=
+        ~std::accumulate(kBoxBits.begin(), kBoxBits.end(), std::uint32_t{0}, std::bit_or{});
+    return masks;
+}
+
+} // namespace
+
 std::expected<SearchRequest, std::vector<Refusal>> ReadSearchRequest(const Session& session) {
     const auto& form = session.frmSearch;
     auto size = ValidateSizeBoxes(form);
@@ -145,7 +159,7 @@ std::expected<SearchRequest, std::vector<Refusal>> ReadSearchRequest(const Sessi
                           .size = *size,
                           .date = *date,
                           .dateKind = DateKindOf(form),
-                          .attributes = BuildSelectedAttributesVariable(form),
+                          .attributes = MasksOf(session),
                           .target = TargetOf(form.cboTargetPath.Text.Get())};
     const bool isBatch = session.state.IsBatch();
     request.isNot = IsChecked(form.chkNot) && !isBatch && request.strings.strings.size() == 1;

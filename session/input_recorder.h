@@ -12,6 +12,7 @@ namespace tarvix::session {
 class InputRecorder {
   public:
     virtual ~InputRecorder() = default;
+    // A button, a box, a choice or a menu entry.
     virtual void Clicked(const fields::Control& control) = 0;
     // `value` as the control takes it, not as it shows it.
     virtual void Entered(const fields::Control& control, std::string_view value) = 0;

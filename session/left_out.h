@@ -15,8 +15,7 @@ struct LeftOut {
     std::array<std::int64_t, kAttributeBoxes> byBox{}; // in the order of the boxes
     std::int64_t withoutBox = 0;                       // for an attribute that no box allows
 
-    std::int64_t Findable() const { return std::accumulate(byBox.begin(), byBox.end(), 0LL); }
-    std::int64_t Total() const { return Findable() + withoutBox; }
+    std::int64_t Total() const { return std::accumulate(byBox.begin(), byBox.end(), withoutBox); }
 };
 
 } // namespace tarvix::session

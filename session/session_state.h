@@ -166,7 +166,8 @@ struct SessionState {
     std::int64_t lngFoldersFound = 0;
     UnreadList unread;
     LeftOut leftOut;
-    std::int64_t lngGroups = 1; // of the list; rows stand in no groups when there is one
+    bool blnFindsWithoutBox = false; // objects with an attribute that has no box, from then on
+    std::int64_t lngGroups = 1;      // of the list; rows stand in no groups when there is one
 
     // Errors and long paths.
     std::int32_t lngErrNumber = 0;

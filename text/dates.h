@@ -19,6 +19,7 @@ struct DateTime {
 
     auto operator<=>(const DateTime&) const = default;
 
+    // A zero date stands for none, a zero time for midnight or none.
     bool HasDate() const { return year != 0 || month != 0 || day != 0; }
     bool HasTime() const { return hour != 0 || minute != 0 || second != 0; }
     bool IsZero() const { return !HasDate() && !HasTime(); }

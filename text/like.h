@@ -19,11 +19,13 @@ namespace tarvix::text {
 // and its time is at most the product of both lengths.
 class LikePattern {
   public:
+    // Keeps a compiled copy; `pattern` is UTF-8 and need not outlive the call.
     explicit LikePattern(std::string_view pattern, bool ignoreCase = false);
 
     // Whether the whole text, UTF-8, fits; never for a bad pattern.
     bool Matches(std::string_view text) const;
 
+    // Whether the pattern is a bad one.
     bool IsBad() const { return bad_; }
 
   private:

@@ -10,6 +10,7 @@ struct NameParts {
     std::string_view strExtension; // empty without a "." and behind a final one
 };
 
+// Takes a name without its folder.
 NameParts SplitPrefixAndExtension(std::string_view name);
 
 } // namespace tarvix::actions

@@ -41,6 +41,7 @@ struct Outcome {
 class OutcomeSink {
   public:
     virtual ~OutcomeSink() = default;
+    // Called for each outcome, once the totals have it.
     virtual void Settled(const Outcome& outcome) = 0;
 };
 

@@ -17,6 +17,7 @@ void cmdDeleteSelected_Click(session::Session& session);
 // in `lastAction`. A Cancel sets `blnStopAction`.
 void RecycleSelected(session::Session& session, const session::EventArgs& args);
 
+// The delete button, one selected object, and the question about what can't be recycled.
 void AddDeleteEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

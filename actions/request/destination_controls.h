@@ -30,6 +30,7 @@ void ShowDuplicateFields(session::Session& session);   // what makes a duplicate
 void ShowRenameFields(session::Session& session);      // find and replace, or insert
 void ShowDestinationFields(session::Session& session); // by `optTo`, for copies and moves
 
+// The choices of the action window, its destination box and that box's browse button.
 void AddDestinationEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

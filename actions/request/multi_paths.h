@@ -19,6 +19,7 @@ void LoadMultiPaths(session::Session& session);
 // desktops, it stays open, which does no harm: lists are only read.
 void CloseMultiPathInEditor(session::Session& session);
 
+// A click on the chosen lists, and a double click on a path of theirs.
 void AddMultiPathEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

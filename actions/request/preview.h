@@ -65,6 +65,7 @@ PreviewResult Preview(session::Session& session);
 // Shows that in frmPreview.
 void cmdPreview_Click(session::Session& session);
 
+// The preview button, and the buttons of frmPreview.
 void AddPreviewEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

@@ -13,6 +13,7 @@ void cmdCopySelected_Click(session::Session& session);
 void cmdMoveSelected_Click(session::Session& session);
 void cmdRenameSelected_Click(session::Session& session);
 
+// These buttons, those of the action window, and what other routines raise to open it.
 void AddActionEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

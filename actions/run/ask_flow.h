@@ -21,6 +21,7 @@ Outcome AskAboutDuplicate(session::Session& session, ActionRun& run, const Clash
 // "'_' at end.": what a renamed duplicate's name gets, and where.
 std::string RenameRuleText(const ActionRequest& request);
 
+// The buttons of frmAsk.
 void AddAskEvents(session::EventTable& events);
 
 } // namespace tarvix::actions

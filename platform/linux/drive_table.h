@@ -50,6 +50,8 @@ class DriveTable {
     // Whether anything is mounted at a native path without links, or below it.
     bool HoldsMount(std::string_view native) const;
 
+    // Of the file system with that device number: how it keeps DOS attributes, whether an object
+    // keeps its number, and whether names that differ but in case are one name.
     DosAttributes DosAttributesAt(std::uint64_t device) const;
     bool KeepsNumbersAt(std::uint64_t device) const { return !losing_.contains(device); }
     bool FoldsCaseAt(std::uint64_t device) const { return folding_.contains(device); }

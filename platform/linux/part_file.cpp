@@ -74,9 +74,11 @@ class MadeWritable {
 };
 
 // For disks that know neither a rename that never replaces nor hard links: some drives of phones
-// and cameras, some shares. A placeholder under the new name would keep others out, but a run that
-// is killed behind it would leave an empty file where people look for a whole one. So the name is
-// looked for just before. A plain rename puts a folder over nothing but an empty folder.
+// and cameras, some shares. There nothing can give a name and keep others from it in one step. A
+// placeholder under the new name would keep out those alone who never replace either, while what
+// all others write into it would be lost just so; and a run that is killed behind it would leave an
+// empty file where people look for a whole one. So the name is looked for in the call before. A
+// plain rename puts a folder over nothing but an empty folder.
 Sys<void> RenameIfFree(At from, At to) {
     const auto standing = StatOf(to);
     if (standing) return std::unexpected(EEXIST);

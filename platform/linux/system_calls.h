@@ -46,6 +46,8 @@ struct CallCounts {
 };
 CallCounts CallsOfThread();
 
+// The number of the file system that an object lies on; whether two facts are of one object, by
+// that number and its inode; and a time in nanoseconds since 1970.
 std::uint64_t DeviceOf(const struct statx& st);
 bool IsSameObject(const struct statx& a, const struct statx& b);
 FileTime TimeOf(const struct statx_timestamp& stamp);

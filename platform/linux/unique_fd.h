@@ -19,7 +19,9 @@ class UniqueFd {
 
     int Get() const { return fd_; }
     explicit operator bool() const { return fd_ >= 0; }
+    // Gives it away: whoever gets it closes it.
     int Release() { return std::exchange(fd_, -1); }
+    // Closes what it owns and takes `fd` over.
     void Reset(int fd = -1) {
         if (fd_ >= 0) ::close(fd_);
         fd_ = fd;

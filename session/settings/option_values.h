@@ -28,6 +28,7 @@ struct OptionLine {
     std::string_view paren;       // between "(" and ")"
     bool hasBracket = false;
 };
+// Takes a line without its end; what isn't in it is empty.
 OptionLine SplitOptionLine(std::string_view line);
 
 // Takes the line's value into `options`. A failure changes nothing.

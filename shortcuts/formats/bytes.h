@@ -15,12 +15,14 @@ struct Bytes {
     std::uint8_t Byte(std::size_t at) const;
     std::uint16_t Word(std::size_t at) const;
     std::uint32_t DoubleWord(std::size_t at) const;
+    // At most `count` bytes from `at` on.
     Bytes Part(std::size_t at, std::size_t count = std::string_view::npos) const;
     // Up to a NUL, or the end; in the code page (FromCodePage) and in UTF-16.
     std::string Text(std::size_t at) const;
     std::string WideText(std::size_t at) const;
 };
 
+// Little-endian writes: behind the end, and over bytes that must be there.
 void AppendWord(std::string& out, std::uint16_t value);
 void AppendDoubleWord(std::string& out, std::uint32_t value);
 void PutWord(std::string& bytes, std::size_t at, std::uint16_t value);

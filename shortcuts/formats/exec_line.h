@@ -15,6 +15,7 @@ struct ExecLine {
     std::string stored;    // the same as it stands there
     std::string arguments; // the rest as it stands there
 };
+// All empty for an empty value.
 ExecLine SplitExec(std::string_view exec);
 // A program as the first argument of Exec, in quotes where it needs them.
 std::string QuoteProgram(std::string_view program);

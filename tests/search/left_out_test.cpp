@@ -79,13 +79,21 @@ TEST_F(LeftOutOf, CountsFoldersToo) {
     EXPECT_EQ(Told(), "Left out: 1 hidden");
 }
 
-TEST_F(LeftOutOf, CannotBeFoundForAnAttributeWithoutBox) {
+TEST_F(LeftOutOf, IsFoundByTheButtonForAnAttributeWithoutBox) {
     Disk().Node("C:\\m\\plain.txt")->attributes |= platform::kEncrypted;
     Disk().Node("C:\\m\\kept.txt")->attributes |= platform::kEncrypted;
     Start();
     Search("plain*|kept*", "C:\\m");
-    EXPECT_EQ(Form().cmdLeftOut.Caption.Get(), "Left out: 2 with attributes that have no box");
-    EXPECT_FALSE(Form().cmdLeftOut.Enabled);
+    EXPECT_EQ(Form().cmdLeftOut.Caption.Get(),
+              "Left out: 2 with attributes that have no box. Find them too");
+    Click(Form().cmdLeftOut);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"plain.txt"}));
+    EXPECT_EQ(Told(), "Left out: 1 read only");
+    Click(Form().cmdLeftOut);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"plain.txt", "kept.txt"}));
+    EXPECT_EQ(Told(), "");
+    Search("other*", "C:\\m");
+    EXPECT_EQ(Told(), "Left out: 1 hidden");
 }
 
 TEST(LeftOutTexts, NameTheMostFirstWithThousands) {

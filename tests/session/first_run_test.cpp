@@ -88,14 +88,16 @@ TEST_F(Welcome, IsOneWindowThatSpeaksOfThisMachine) {
 TEST_F(Welcome, StandsInFrontOfBoxesAndColumnsOfThisMachine) {
     std::string caption;
     std::vector<std::size_t> columns;
-    windows.SetModalRunner([&](session::Session& session, fields::Form&) {
+    windows.SetModalRunner([&](session::Session& session, fields::Form& form) {
         caption = session.frmSearch.chk256.Caption.Get();
         for (std::size_t column = 0; column < session.blnListItems.size(); ++column) {
             if (session.blnListItems[column]) columns.push_back(column);
         }
-        return false;
+        form.Hide();
+        return true;
     });
-    Answer("Start");
+    app::Program first(machine.platform, windows);
+    first.Start("");
     EXPECT_EQ(caption, "Temporary (256)");
     EXPECT_EQ(columns, (std::vector<std::size_t>{0, 1, 2, 3, 4, 8}));
 }

@@ -9,6 +9,7 @@ help:
 	@echo 'make setup     install the Debian packages that are needed'
 	@echo 'make nightly   the random tests, with many more rounds'
 	@echo 'make sanitize  all tests with address and undefined behaviour checks'
+	@echo 'make sanitize-threads  all tests with checks of what threads share'
 	@echo 'make bench     time it beside its peers (ONLY="copy move" for some jobs)'
 	@echo 'make readers   have players, parsers and a browser read written playlists and pages'
 	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
@@ -43,10 +44,15 @@ nightly: build
 	@TARVIX_NIGHTLY=1 ctest --test-dir build -j $(JOBS) --timeout 3600 --output-on-failure \
 		-R 'Promise|Foretold|KillTest|Sweep|Swap|RandomRequests|NamesTest|NameLists|RecordedSessions'
 
-sanitize: setup
+sanitize: setup-developer
 	@cmake --preset asan >/dev/null
 	@cmake --build build-asan -j $(JOBS)
 	@ctest --test-dir build-asan -j $(JOBS) --output-on-failure
+
+sanitize-threads: setup-developer
+	@cmake --preset tsan >/dev/null
+	@cmake --build build-tsan -j $(JOBS)
+	@ctest --test-dir build-tsan -j $(JOBS) --output-on-failure
 
 headless: setup
 	@cmake --preset headless >/dev/null
@@ -80,4 +86,4 @@ package: build
 clean:
 	@rm -rf build build-*
 
-.PHONY: help setup setup-developer build run test nightly sanitize headless bench readers fuzz lint format package clean
+.PHONY: help setup setup-developer build run test nightly sanitize sanitize-threads headless bench readers fuzz lint format package clean

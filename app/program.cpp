@@ -3,6 +3,8 @@
 #include "actions/request/start_action.h"
 #include "batch/batch_events.h"
 #include "generate/menu.h"
+#include "launch/menu/context_menu.h"
+#include "launch/run_menu.h"
 #include "options/options_dialog.h"
 #include "search/search_button.h"
 #include "session/lifecycle/first_run.h"
@@ -28,6 +30,8 @@ void FillEvents(session::EventTable& events) {
     generate::AddGenerateEvents(events);
     batch::AddBatchEvents(events);
     shortcuts::AddShortcutEvents(events);
+    menu::AddMenuEvents(events);
+    launch::AddLaunchEvents(events);
     options::AddOptionsEvents(events);
 }
 

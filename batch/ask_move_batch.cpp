@@ -2,6 +2,7 @@
 
 #include "platform/try.h"
 #include "session/errors.h"
+#include "session/paths/end_mark.h"
 #include "session/prompt_id.h"
 #include "session/prompt_service.h"
 #include "session/session.h"
@@ -46,7 +47,7 @@ Result<std::optional<ListLength>> MeasureMarked(Session& session, const ListKind
     TX_TRY_ASSIGN(ListLength length, MeasureList(session.files(), path, kind.marks));
     if (length.isMarked) return length;
     if (!WantsMark(session, kind, path)) return std::optional<ListLength>();
-    TX_TRY(AddEndMark(session.files(), path));
+    TX_TRY(session::AddEndMark(session.files(), path));
     session::LogTimed(session, fmt::format(" {} file: {} was opened, it did not have *EOF.\r\n"
                                            "Added *EOF mark for immediate usage.",
                                            kind.name, session.Shown(path)));

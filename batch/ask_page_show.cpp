@@ -27,15 +27,18 @@ constexpr std::string_view kFilters = "Text Files (*.txt)|*.txt|All Files (*.*)|
 
 constexpr std::string_view kEnds =
     "Each page gets a browser of its own, which is ended before the next page.";
+constexpr std::string_view kOwnSize =
+    "It opens its windows in a size of its own, whatever size is chosen here.";
 constexpr std::string_view kHandsOver =
     "It runs already and takes each page into a tab or a window of its own, so no page is closed.";
 
 // What the user can do for a good show, and what is going to happen.
 std::string Notice(const PageBrowser& browser) {
     std::string text =
-        fmt::format("Pages open in {}, the default browser of this desktop.\r\n{}\r\n\r\n"
+        fmt::format("Pages open in {}, the default browser of this desktop.\r\n{}\r\n{}\r\n"
                     "To display as full screen as possible: \r\n\r\n",
-                    browser.name, browser.endsPages ? kEnds : kHandsOver);
+                    browser.name, browser.endsPages ? kEnds : kHandsOver,
+                    browser.takesSize ? "" : fmt::format("{}\r\n", kOwnSize));
     int number = 0;
     for (const std::string_view line :
          {"Make sure your default browser is properly configured and has no popups.",
@@ -87,13 +90,11 @@ std::optional<PageSize> SizeOf(std::string_view letter) {
     return {};
 }
 
-// Nothing when the user cancelled. Where a browser can't be told its size, nobody is asked.
-std::optional<PageSize> AskSize(Session& session, const PageBrowser& browser) {
+// Nothing when the user cancelled.
+std::optional<PageSize> AskSize(Session& session) {
     const auto& options = session.state.options;
     const std::string_view standing = std::string_view(options.strDefWebSize).substr(0, 1);
-    if (!browser.takesSize || !options.blnAskWebSize) {
-        return SizeOf(standing).value_or(PageSize::kNormal);
-    }
+    if (!options.blnAskWebSize) return SizeOf(standing).value_or(PageSize::kNormal);
     while (true) {
         const std::string typed = session.InputBox(
             PromptId::kPagesSize, "Size of web pages. ( X-MaXimized N-MiNimized R-NoRmal )",
@@ -108,10 +109,10 @@ std::optional<PageSize> AskSize(Session& session, const PageBrowser& browser) {
 }
 
 // Everything but the list; nothing when the user cancelled.
-std::optional<PageShowRequest> AskPageShow(Session& session, const PageBrowser& browser) {
+std::optional<PageShowRequest> AskPageShow(Session& session) {
     const auto seconds = AskSeconds(session);
     if (!seconds) return {};
-    const auto size = AskSize(session, browser);
+    const auto size = AskSize(session);
     if (!size) return {};
     PageShowRequest request{.seconds = *seconds, .size = *size};
     request.list = session.PickFile(PromptId::kPickPages, kFilters, session.state.strDataFolder);
@@ -155,7 +156,7 @@ void AskAndShowPages(Session& session, PageShow& show) {
         return;
     }
     session.MsgBox(PromptId::kPagesNotice, Notice(browser));
-    while (const auto request = AskPageShow(session, browser)) {
+    while (const auto request = AskPageShow(session)) {
         const auto started = show.Start(session, *request);
         if (!started) return TellFailure(session, started.error(), request->list);
         if (*started) return;

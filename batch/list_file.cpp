@@ -17,14 +17,6 @@ bool IsMark(std::string_view line, ListMarks marks) {
     return line == kEndMark || (marks == ListMarks::kEndOrRepeat && line == kRepeatMark);
 }
 
-Result<bool> EndsInsideALine(platform::FileSystem& files, std::string_view path) {
-    TX_TRY_ASSIGN(const platform::ObjectFacts facts, platform::GetFile(files, path));
-    if (facts.size == 0) return false;
-    const auto last = files.ReadBytes(path, facts.size - 1, 1);
-    if (!last) return std::unexpected(last.error());
-    return !last->ends_with('\n');
-}
-
 } // namespace
 
 Result<ListLength> MeasureList(platform::FileSystem& files, std::string_view path,
@@ -41,14 +33,6 @@ Result<ListLength> MeasureList(platform::FileSystem& files, std::string_view pat
         ++length.entries;
     }
     return length;
-}
-
-Result<void> AddEndMark(platform::FileSystem& files, std::string_view path) {
-    TX_TRY_ASSIGN(const bool needsBreak, EndsInsideALine(files, path));
-    TX_TRY_ASSIGN(const auto stream, files.OpenAsTextStream(path, OpenMode::kAppend));
-    if (needsBreak) TX_TRY(stream->Write("\r\n"));
-    TX_TRY(stream->Write(kEndMark));
-    return stream->Close();
 }
 
 ListReader::ListReader(platform::FileSystem& files, std::string path)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/error.h"
+#include "text/list_marks.h"
 
 #include <cstdint>
 #include <memory>
@@ -16,8 +17,8 @@ namespace tarvix::batch {
 
 // A list holds one entry a line and ends with a line that is a mark. What stands behind is no
 // entry.
-constexpr std::string_view kEndMark = "*EOF";
-constexpr std::string_view kRepeatMark = "*REPEAT"; // the list starts over
+using text::kEndMark;
+using text::kRepeatMark;
 
 enum class ListMarks { kEnd, kEndOrRepeat };
 
@@ -31,10 +32,6 @@ struct ListLength {
 // errors of opening and reading a text file, but not 62.
 platform::Result<ListLength> MeasureList(platform::FileSystem& files, std::string_view path,
                                          ListMarks marks);
-
-// Appends the first mark as a line of its own. 70 when the file can't be written, 61 when the disk
-// is full: then the list may end in part of a mark.
-platform::Result<void> AddEndMark(platform::FileSystem& files, std::string_view path);
 
 // Reads a list line by line, marks included, as often as it is asked to.
 class ListReader {

@@ -21,6 +21,9 @@ using session::Session;
 constexpr int kTicks = 10;        // of a page
 constexpr int kShortTurn = 9;     // the next tick opens a page
 constexpr double kTickPart = 100; // milliseconds of a tick for each second of a page
+// While a browser ends.
+constexpr int kWaitInterval = 20; // milliseconds
+constexpr int kMostWaits = 100;   // two seconds
 constexpr std::string_view kRoutine = "Timer1_Timer";
 
 // What the browser gets for a line: paths in native form, all else as it stands.
@@ -31,6 +34,10 @@ std::string AddressOf(const Session& session, const std::string& line) {
     const auto& paths = session.platform.paths;
     const std::string native = paths.ToNative(paths.ToDrive(line));
     return native.empty() ? line : native;
+}
+
+int TickInterval(const PageShowRequest& request) {
+    return static_cast<int>(std::lround(request.seconds * kTickPart));
 }
 
 } // namespace
@@ -54,16 +61,36 @@ Result<bool> PageShow::Start(Session& session, const PageShowRequest& request) {
     ReadNext();
     error_.reset(); // a list of one page needs no mark
     lngWebTicks_ = 0;
+    waits_ = 0;
     auto& form = session.frmSearch;
-    form.Timer1.Interval = static_cast<int>(std::lround(request.seconds * kTickPart));
+    form.Timer1.Interval = TickInterval(request);
     form.Timer1.Enabled = true;
     form.State = fields::WindowState::kMinimized;
     return true;
 }
 
 void PageShow::Tick(Session& session) {
-    if (!IsOn() || ++lngWebTicks_ != kTicks) return;
-    session.platform.launcher.ClosePage();
+    if (!IsOn()) return;
+    if (waits_ > 0) return WaitForBrowser(session);
+    if (++lngWebTicks_ != kTicks) return;
+    if (session.platform.launcher.ClosePage()) return WaitForBrowser(session);
+    GoOn(session);
+}
+
+// One that is about to end would take the next page with it.
+void PageShow::WaitForBrowser(Session& session) {
+    auto& timer = session.frmSearch.Timer1;
+    if (session.platform.launcher.IsPageClosing() && waits_ < kMostWaits) {
+        ++waits_;
+        timer.Interval = kWaitInterval;
+        return;
+    }
+    waits_ = 0;
+    timer.Interval = TickInterval(request_);
+    GoOn(session);
+}
+
+void PageShow::GoOn(Session& session) {
     if (strWebLine_ == kRepeatMark) return TurnOver(session);
     if (strWebLine_ == kEndMark) return End(session);
     OpenNext(session);
@@ -113,7 +140,7 @@ void PageShow::End(Session& session) {
     if (!IsOn()) return;
     auto& form = session.frmSearch;
     reader_ = nullptr;
-    lngWebTicks_ = 0;
+    lngWebTicks_ = waits_ = 0;
     form.Timer1.Enabled = false;
     form.State = fields::WindowState::kNormal;
     session.platform.launcher.ClosePage();

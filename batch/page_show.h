@@ -38,6 +38,9 @@ class PageShow {
     std::int64_t Opened() const { return opened_; }
 
   private:
+    // What ends a page: the browser gets a short time to go, then the next line has its turn.
+    void WaitForBrowser(session::Session& session);
+    void GoOn(session::Session& session);
     void TurnOver(session::Session& session);
     void OpenNext(session::Session& session);
     platform::Result<void> Open(session::Session& session);
@@ -49,6 +52,7 @@ class PageShow {
     std::string strWebLine_; // the next address, or a mark
     std::int64_t opened_ = 0;
     int lngWebTicks_ = 0; // since the last page
+    int waits_ = 0;       // ticks since the browser was asked to end; 0 while it isn't waited for
     std::optional<platform::PlatformError> error_;
 };
 

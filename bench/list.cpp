@@ -1,17 +1,14 @@
 // Searches a tree with every column listed, then times what the list does with its rows, in turn
 // with the system's `sort` on the same keys.
 
-#include "app/program.h"
+#include "bench/bare_program.h"
 #include "bench/pairs.h"
-#include "platform/linux/linux_platform.h"
 #include "results/sorting.h"
-#include "session/scripted_prompts.h"
 #include "session/user_input.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -23,15 +20,7 @@ namespace {
 
 using namespace tarvix;
 
-class Watch {
-  public:
-    double Seconds() const {
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-    }
-
-  private:
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
-};
+using bench::Watch;
 
 double Megabytes(const char* key) {
     std::ifstream status("/proc/self/status");
@@ -101,15 +90,8 @@ int main(int argc, char** argv) {
                    "files it needs; OBJECTS are in the tree.\n");
         return 2;
     }
-    platform::LinuxOptions options;
-    options.dataFolder = argv[2];
-    options.hasDesktop = false;
-    platform::LinuxPlatform machine(options);
-    session::ScriptedPrompts prompts;
-    prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
-    app::Program program(machine.Parts(), prompts);
-    program.Start("");
-    auto& session = program.Session();
+    bench::BareProgram program(argv[2]);
+    auto& session = program->Session();
     auto& form = session.frmSearch;
     Do(session::UserSet(session, form.cmbSearchFor, "*"));
     Do(session::UserSet(session, form.cmbDir, argv[1]));
@@ -118,18 +100,18 @@ int main(int argc, char** argv) {
     const Watch search;
     Do(session::UserClick(session, form.cmdSearch));
     fmt::print("{} rows listed in {:.3f} s; peak memory {:.0f} MB over the empty program\n",
-               program.Rows().Count(), search.Seconds(), Megabytes("VmHWM") - empty);
-    results::RemoveSpacers(program.Rows());
-    bench::DemandSameWork("list", program.Rows().Count(), std::strtoull(argv[3], nullptr, 10));
+               program->Rows().Count(), search.Seconds(), Megabytes("VmHWM") - empty);
+    results::RemoveSpacers(program->Rows());
+    bench::DemandSameWork("list", program->Rows().Count(), std::strtoull(argv[3], nullptr, 10));
     const Watch select;
     Do(session::UserClick(session, form.cmdSelectAll));
     fmt::print("select all and BuildFileArray {:.3f} s for {} objects\n", select.Seconds(),
-               program.Selection().lngSelTop + 1);
+               program->Selection().lngSelTop + 1);
     Do(session::UserClick(session, form.cmdSelectNone));
     for (const results::Column column :
          {results::kName, results::kSize, results::kDate, results::kExt, results::kPath,
           results::kPathName, results::kPathNameLength, results::kYearRank}) {
-        TimeColumn(program.Rows(), column, argv[2]);
+        TimeColumn(program->Rows(), column, argv[2]);
     }
-    program.Stop();
+    program->Stop();
 }

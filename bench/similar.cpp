@@ -2,21 +2,18 @@
 // of them the same answer by reading the tree anew for each pattern.
 //   bench_similar TREE FOLDER FILES    FOLDER is for its data; FILES is how many the tree must have
 
-#include "app/program.h"
+#include "bench/bare_program.h"
 #include "bench/pairs.h"
 #include "generate/similar_finder.h"
 #include "generate/similar_patterns.h"
 #include "platform/dir.h"
-#include "platform/linux/linux_platform.h"
 #include "platform/native_paths.h"
-#include "session/scripted_prompts.h"
 #include "text/case.h"
 #include "text/like.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <string>
 #include <unordered_set>
@@ -28,10 +25,6 @@ using namespace tarvix;
 
 constexpr std::size_t kEntries = 1000;
 constexpr std::size_t kPlain = 3; // entries that are answered by plain reading, too
-
-double SecondsSince(std::chrono::steady_clock::time_point start) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 // The tree, read from the disk for each pattern.
 class PlainFinder {
@@ -106,33 +99,26 @@ int main(int argc, char** argv) {
         fmt::print(stderr, "bench_similar TREE FOLDER FILES\n");
         return 2;
     }
-    platform::LinuxOptions options;
-    options.dataFolder = argv[2];
-    options.hasDesktop = false;
-    platform::LinuxPlatform machine(options);
-    session::ScriptedPrompts prompts;
-    prompts.SetFallback(session::ScriptedPrompts::Fallback::kSafe);
-    app::Program program(machine.Parts(), prompts);
-    program.Start("");
-    session::Session& session = program.Session();
+    bench::BareProgram program(argv[2]);
+    session::Session& session = program->Session();
     const std::string root = session.platform.paths.ToDrive(argv[1]);
 
-    const auto reading = std::chrono::steady_clock::now();
+    const bench::Watch reading;
     generate::SimilarFinder finder;
     if (!finder.Read(session, root)) return 1;
-    const double readSeconds = SecondsSince(reading);
+    const double readSeconds = reading.Seconds();
     bench::DemandSameWork("similar names, files of the tree", finder.Tree().Count(),
                           static_cast<std::size_t>(std::atoll(argv[3])));
     const std::vector<std::string> entries = EntriesOf(finder.Tree());
 
-    const auto answering = std::chrono::steady_clock::now();
+    const bench::Watch answering;
     std::size_t found = 0;
     for (const std::string& path : entries)
         found += finder.FindSimilar(BaseOf(path), path).size();
-    const double answerSeconds = SecondsSince(answering);
+    const double answerSeconds = answering.Seconds();
 
     PlainFinder plain(session.files(), root);
-    const auto crawling = std::chrono::steady_clock::now();
+    const bench::Watch crawling;
     for (std::size_t i = 0; i < kPlain; ++i) {
         const std::string& path = entries[(i + 1) * (kEntries / (kPlain + 1))];
         const auto expected = plain.FindSimilar(BaseOf(path), path);
@@ -140,7 +126,7 @@ int main(int argc, char** argv) {
         fmt::print(stderr, "similar names: the two readings differ for {}\n", path);
         return 1;
     }
-    const double plainSeconds = SecondsSince(crawling) / kPlain;
+    const double plainSeconds = crawling.Seconds() / kPlain;
     fmt::print("similar names of {} entries among {} files: {:.2f} s to read the tree, {:.3f} s to "
                "answer ({} found); plain reading {:.2f} s an entry, {:.0f} s for all (x{:.5f})\n",
                kEntries, finder.Tree().Count(), readSeconds, answerSeconds, found, plainSeconds,

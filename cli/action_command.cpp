@@ -1,8 +1,10 @@
 #include "actions/request/preview.h"
 #include "actions/request/read_request.h"
 #include "cli/commands.h"
+#include "cli/edit_names.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
+#include "cli/print_preview.h"
 #include "cli/print_rows.h"
 #include "cli/summary.h"
 #include "platform/native_paths.h"
@@ -21,15 +23,34 @@ namespace tarvix::cli {
 namespace {
 
 using session::InputResult;
+using session::PromptId;
 using session::Session;
 
 // The first word of a summary, by ActionVerb.
 constexpr std::array<std::string_view, 3> kDoneWords{"Copied", "Moved", "Renamed"};
 
-fields::Control& StartButton(Session& session, ActionVerb verb) {
+fields::Control& RenameButton(fields::FrmSearch& form, NameSource source) {
+    switch (source) {
+    case NameSource::kList:
+    case NameSource::kEditor:
+        return form.mnuRenameSelFromFile;
+    case NameSource::kTitles:
+        return form.mnuRenameSelFromTitle;
+    case NameSource::kLinks:
+        return form.mnuRenameSelFromHTMLSearch;
+    case NameSource::kPrefixes:
+        return form.mnuRenameSelFromSelfSearch;
+    case NameSource::kTyped:
+        break;
+    }
+    return form.cmdRenameSelected;
+}
+
+fields::Control& StartButton(Session& session, const ActionRequest& request) {
     auto& form = session.frmSearch;
-    if (verb == ActionVerb::kCopy) return form.cmdCopySelected;
-    return verb == ActionVerb::kMove ? form.cmdMoveSelected : form.cmdRenameSelected;
+    if (request.verb == ActionVerb::kRename) return RenameButton(form, request.source);
+    if (request.folderNames > 0) return form.mnuTools_FolderSummary;
+    return request.verb == ActionVerb::kCopy ? form.cmdCopySelected : form.cmdMoveSelected;
 }
 
 // Enters values in turn, until one is refused.
@@ -66,7 +87,11 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
     const std::array<fields::CheckBox*, 4> choices{&form.chkSkipAll, &form.chkAsk,
                                                    &form.chkOverWrite, &form.chkRename};
     Entry entry(session);
-    entry.Set(form.optTo[request.way], "1").Set(form.optStructure[request.structure], "1");
+    if (request.folderNames > 0) {
+        entry.Set(form.txtFolderTree, fmt::format("{}", request.folderNames));
+    } else {
+        entry.Set(form.optTo[request.way], "1").Set(form.optStructure[request.structure], "1");
+    }
     entry.Set(*choices[static_cast<std::size_t>(request.duplicateChoice)], "1");
     if (request.renameText) entry.Set(form.txtRename, *request.renameText);
     if (request.renameAtBeginning) entry.Set(form.chkRenameBeg, "1");
@@ -80,7 +105,17 @@ InputResult FillPlaces(Session& session, const ActionRequest& request) {
     return ChooseLists(session, request.lists);
 }
 
+InputResult FillSource(Session& session, const ActionRequest& request) {
+    auto& form = session.frmDialog;
+    Entry entry(session);
+    if (request.source == NameSource::kTitles) return entry.Done();
+    const bool isList = request.source == NameSource::kList;
+    if (isList) entry.Set(form.chkWholeNames, request.wholeNames ? "1" : "0");
+    return entry.Set(form.cmbDir, request.sourceFile).Done();
+}
+
 InputResult FillNames(Session& session, const ActionRequest& request) {
+    if (request.source != NameSource::kTyped) return FillSource(session, request);
     auto& form = session.frmDialog;
     Entry entry(session);
     entry.Set(request.insertedText ? form.chkAdd : form.chkFindReplace, "1");
@@ -95,68 +130,22 @@ InputResult FillNames(Session& session, const ActionRequest& request) {
     return entry.Done();
 }
 
-nlohmann::ordered_json EntryAsJson(Session& session, const actions::PreviewEntry& entry) {
-    const auto& paths = session.platform.paths;
-    const std::string& path = session.selection->strSelPath[entry.index];
-    return {{"Object", path},
-            {"NativePath", paths.ToNative(path)},
-            {"NewPath", entry.strNewPath},
-            {"NewNativePath",
-             entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath)},
-            {"Verdict", actions::VerdictText(entry)}};
-}
-
-// Whether it would be done as asked, as the exit code of the action itself counts it.
-bool IsDone(actions::Verdict verdict) {
-    using actions::Verdict;
-    return verdict == Verdict::kCopy || verdict == Verdict::kMove || verdict == Verdict::kRename ||
-           verdict == Verdict::kDuplicateRename || verdict == Verdict::kDuplicateOverwrite ||
-           verdict == Verdict::kDuplicateSkip || verdict == Verdict::kUnchanged;
-}
-
-// Prints what would happen; gives the exit code.
-int PrintPreview(Host& host, Session& session, bool asJson) {
-    const auto result = actions::Preview(session);
-    if (!result.refusal.empty()) {
-        Complain(host, result.refusal);
-        return kBadRequest;
-    }
-    const auto& paths = session.platform.paths;
-    bool isAll = true;
-    for (const auto& entry : result.entries) {
-        isAll = isAll && IsDone(entry.verdict);
-        if (asJson) {
-            PrintJson(EntryAsJson(session, entry), host.out);
-            continue;
-        }
-        host.out << actions::VerdictText(entry) << '\t'
-                 << paths.ToNative(session.selection->strSelPath[entry.index]) << '\t'
-                 << (entry.strNewPath.empty() ? std::string() : paths.ToNative(entry.strNewPath))
-                 << '\n';
-    }
-    host.out.flush();
-    return isAll ? kDone : kSomeFailed;
-}
-
 // One run of the command, between the search and its end.
 class ActionRun {
   public:
-    ActionRun(Host& host, const ActionRequest& request) : host_(host), request_(request) {}
+    ActionRun(Host& host, CommandPrompts& prompts, const ActionRequest& request)
+        : host_(host), prompts_(prompts), request_(request) {}
 
     // Fills in the action window and presses OK. A refusal, told by the window's own message,
     // leaves it open: then it is cancelled.
     void InWindow(Session& session) {
         auto& form = session.frmDialog;
-        auto done = request_.verb == ActionVerb::kRename ? FillNames(session, request_)
-                                                         : FillPlaces(session, request_);
-        if (!done) {
-            Complain(host_, done.error());
-        } else if (request_.dryRun) {
-            code_ = PrintPreview(host_, session, request_.json);
+        if (request_.source == NameSource::kEditor) {
+            const auto code = EditNames(host_, session, prompts_, request_);
+            code_ = code.value_or(kDone);
+            isSettled_ = code.has_value();
         } else {
-            copies_ = actions::ReadRequest(session).Places();
-            auto clicked = session::UserClick(session, form.OKButton);
-            if (!clicked) Complain(host_, clicked.error());
+            Fill(session);
         }
         if (form.IsShown()) (void)session::UserClick(session, form.CancelButton);
         form.Hide();
@@ -164,7 +153,7 @@ class ActionRun {
 
     // After the action on so many selected objects; gives the exit code.
     int End(Session& session, std::int64_t selected) {
-        if (request_.dryRun) return code_;
+        if (request_.dryRun || isSettled_) return code_;
         if (session.state.blnActionCancelled) return kBadRequest;
         return Summarize(host_, Done(), session.state.lastAction, selected * copies_);
     }
@@ -172,10 +161,28 @@ class ActionRun {
     std::string_view Done() const { return kDoneWords[static_cast<std::size_t>(request_.verb)]; }
 
   private:
+    void Fill(Session& session) {
+        auto& form = session.frmDialog;
+        auto done = request_.verb == ActionVerb::kRename ? FillNames(session, request_)
+                                                         : FillPlaces(session, request_);
+        if (!done) {
+            Complain(host_, done.error());
+        } else if (request_.dryRun) {
+            code_ = PrintPreview(host_, session, actions::Preview(session), PreviewRows::kAll,
+                                 request_.json);
+        } else {
+            copies_ = actions::ReadRequest(session).Places();
+            auto clicked = session::UserClick(session, form.OKButton);
+            if (!clicked) Complain(host_, clicked.error());
+        }
+    }
+
     Host& host_;
+    CommandPrompts& prompts_;
     const ActionRequest& request_;
     std::int64_t copies_ = 1; // of each object
     int code_ = kBadRequest;
+    bool isSettled_ = false; // OK was not pressed
 };
 
 } // namespace
@@ -185,8 +192,13 @@ int Run(Host& host, const platform::Platform& machine, const ActionRequest& type
     if (!finding.CheckLocations(typed.criteria)) return kBadRequest;
     ActionRequest request = typed;
     if (request.way == kToFolder) request.destination = finding.Paths().ToDrive(typed.destination);
+    const bool hasFile = !typed.sourceFile.empty();
+    if (hasFile) request.sourceFile = finding.Paths().ToDrive(typed.sourceFile);
     if (request.confirmed) finding.Prompts().ConfirmActions();
-    ActionRun action(host, request);
+    // The help tells all that these notes do, and the sum that all went as it should.
+    for (const auto note : {PromptId::kTitleNote, PromptId::kPrefixNote, PromptId::kNamesUsedUp})
+        finding.Prompts().AnswerMessage(note, true);
+    ActionRun action(host, finding.Prompts(), request);
     finding.Prompts().SetDialogFiller([&](Session& session) { action.InWindow(session); });
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
@@ -194,7 +206,7 @@ int Run(Host& host, const platform::Platform& machine, const ActionRequest& type
         if (code == kBadRequest) return code;
         Session& session = program.Session();
         return finding.ActOnAll(
-            session, code, StartButton(session, request.verb), action.Done(), request.dryRun,
+            session, code, StartButton(session, request), action.Done(), request.dryRun,
             [&](std::int64_t selected) { return action.End(session, selected); });
     };
     return RunProgram(host, machine, finding.Prompts(), run);

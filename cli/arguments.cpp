@@ -58,110 +58,6 @@ void AddSearch(CLI::App& app, Command& chosen) {
     zero->excludes(columns);
 }
 
-Added<ActionRequest> AddAction(CLI::App& app, const CommandHelp& help, ActionVerb verb,
-                               Command& chosen, void (*check)(ActionRequest&)) {
-    const auto added = Add<ActionRequest>(app, help, chosen, check);
-    added.record.verb = verb;
-    AddCriteria(added.command, added.record.criteria, added.record.answers);
-    return added;
-}
-
-void AddRunOptions(Options& options, ActionRequest& action) {
-    options.Flag("-y,--yes", action.confirmed, "Confirms the action");
-    auto* dryRun =
-        options.Flag("-n,--dry-run", action.dryRun, "Tells what would happen, and does nothing");
-    options.Flag("--json", action.json, "With --dry-run: one object a line")->needs(dryRun);
-}
-
-// Makes a value that isn't empty the way of the action.
-auto Goes(ActionRequest& action, Way way) {
-    return [&action, way](const std::string& word) {
-        if (!word.empty()) action.way = way;
-    };
-}
-
-struct Ways {
-    CLI::Option* folder;
-    CLI::Option* rule;
-};
-
-// The options of a copy or move, which give each object a place.
-Ways AddPlaces(Options& options, ActionRequest& action) {
-    auto* folder = options.Text("--to FOLDER", action.destination, "The folder they go to");
-    auto* rule = options.Text("--rule RULE", action.destination,
-                              "A folder for each by its own path, such as 'E:\\Sorted\\*12*'");
-    options.Choice("--structure STRUCTURE", action.structure,
-                   {"none", "mirror", "folder", "backup"},
-                   "none (unless given), mirror, folder or backup: the folders that come along");
-    options.Choice("--on-duplicate CHOICE", action.duplicateChoice,
-                   {"skip", "ask", "overwrite", "rename"},
-                   "skip (unless given), ask, overwrite or rename, where something stands already");
-    options.Text("--rename-text TEXT", action.renameText,
-                 "What is added to the name of a duplicate; _ at first");
-    options.Choice("--rename-at SIDE", action.renameAtBeginning, {"end", "beginning"},
-                   "end (unless given) or beginning");
-    return {folder->each(Goes(action, kToFolder)), rule->each(Goes(action, kByRule))};
-}
-
-void AddCopy(CLI::App& app, Command& chosen) {
-    const auto [command, copy] =
-        AddAction(app, kCopy, ActionVerb::kCopy, chosen, [](ActionRequest& request) {
-            CheckCriteria(request.criteria);
-            if (request.way != kNoWay) return;
-            Refuse("Say where the copies go with --to, such as --to ~/Copies.");
-        });
-    Options options(command, kActionGroup);
-    const Ways ways = AddPlaces(options, copy);
-    auto* lists = options.Words(
-        "--mpl LIST", copy.lists,
-        "Into each folder of a Multiple Path List of the data folder; may be repeated");
-    ways.rule->excludes(ways.folder)->excludes(lists->each(Goes(copy, kToLists)));
-    AddRunOptions(options, copy);
-}
-
-void CheckMove(ActionRequest& move) {
-    CheckCriteria(move.criteria);
-    if (move.way == kNoWay) {
-        Refuse("Say where they go with --to, --up or --rule, such as --to ~/Sorted.");
-    }
-    constexpr int kOverwrite = 2;
-    if (move.duplicateChoice != kOverwrite) return;
-    Refuse("A move never overwrites: --on-duplicate takes skip, ask or rename for it.");
-}
-
-void AddMove(CLI::App& app, Command& chosen) {
-    const auto [command, move] = AddAction(app, kMove, ActionVerb::kMove, chosen, CheckMove);
-    Options options(command, kActionGroup);
-    const Ways ways = AddPlaces(options, move);
-    auto* levels =
-        options.Value("--up LEVELS", move.levels, ReadLevels, "So many levels up the folder tree");
-    ExcludeEachOther({ways.folder, ways.rule, levels->each(Goes(move, kUpTheTree))});
-    options.Flag("--with-folder-names", move.withFolderNames,
-                 "With --up: the folders passed come before the name");
-    AddRunOptions(options, move);
-}
-
-void AddRename(CLI::App& app, Command& chosen) {
-    const auto [command, rename] =
-        AddAction(app, kRename, ActionVerb::kRename, chosen, [](ActionRequest& request) {
-            CheckCriteria(request.criteria);
-            if (request.insertedText || !request.soughtText.empty()) return;
-            Refuse("Say what to do with the names: --insert TEXT, or --find TEXT with "
-                   "--replace TEXT.");
-        });
-    Options options(command, kActionGroup);
-    auto* insert = options.Text("--insert TEXT", rename.insertedText, "Inserts it into each name");
-    options.Choice("--at SIDE", rename.insertAtBeginning, {"end", "beginning"},
-                   "end (unless given) or beginning");
-    options.Text("--find TEXT", rename.soughtText, "Looks for it, in upper or lower case")
-        ->excludes(insert);
-    options.Text("--replace TEXT", rename.newText, "What stands there then; nothing at first");
-    options.Flag("--once", rename.onlyOnce, "Replaces only the first in a name");
-    options.Choice("--portion PORTION", rename.portion, {"prefix", "extension", "name"},
-                   "prefix (unless given), extension or name: the part of a file's name");
-    AddRunOptions(options, rename);
-}
-
 void AddAutoMove(CLI::App& app, Command& chosen) {
     const auto [command, move] =
         Add<AutoMoveRequest>(app, kAutoMove, chosen, [](AutoMoveRequest& request) {
@@ -337,6 +233,38 @@ void AddMakeFolders(CLI::App& app, Command& chosen) {
     list->excludes(from);
 }
 
+void CheckOpen(OpenRequest& request) {
+    if (!request.criteria.locations.empty()) return CheckCriteria(request.criteria);
+    if (request.criteria.patterns.empty()) {
+        Refuse("Say what to open: paths, or patterns with --in LOCATION.");
+    }
+}
+
+template <class Record>
+void AddLaunch(Options& options, Record& record, const char* confirms) {
+    auto* dryRun = options.Flag("-n,--dry-run", record.dryRun,
+                                "Tells what would be started, and starts "
+                                "nothing");
+    options.Flag("--json", record.json, "With --dry-run: one object a line")->needs(dryRun);
+    options.Flag("-y,--yes", record.confirmed, confirms);
+}
+
+void AddOpen(CLI::App& app, Command& chosen) {
+    const auto [command, open] = Add<OpenRequest>(app, kOpen, chosen, CheckOpen);
+    AddCriteria(command, open.criteria, open.answers);
+    Options options(command, kActionGroup);
+    options.Text("--with APPLICATION", open.with,
+                 "The name or id of an application, or a command: opens all with that one");
+    AddLaunch(options, open, "Opens more than 200 objects, too");
+}
+
+void AddRunProgram(CLI::App& app, Command& chosen) {
+    const auto [command, run] = Add<RunProgramRequest>(app, kRunProgram, chosen);
+    Options(command, "Arguments").Text("PATH", run.path, "The program")->required();
+    Options options(command, kActionGroup);
+    AddLaunch(options, run, "Starts an .exe, too");
+}
+
 void AddOthers(CLI::App& app, Command& chosen) {
     const auto [runCommand, run] = Add<RunRequest>(app, kRun, chosen);
     Options(runCommand, "Arguments")
@@ -376,7 +304,7 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     AddMachine(app, request.machine);
     for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove,
                            AddAutoPlaylist, AddShowPages, AddList, AddPlaylist, AddNumbers,
-                           AddMakeFolders, AddLinks, AddOthers, AddOptions})
+                           AddMakeFolders, AddLinks, AddOpen, AddRunProgram, AddOthers, AddOptions})
         add(app, request.command);
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));

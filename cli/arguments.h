@@ -21,6 +21,10 @@ void AddTests(CLI::App& command, Criteria& criteria);
 void CheckCriteria(Criteria& criteria);
 void CheckTests(Criteria& criteria);
 
+// The commands that copy, move and rename.
+void AddCopy(CLI::App& app, Command& chosen);
+void AddMove(CLI::App& app, Command& chosen);
+void AddRename(CLI::App& app, Command& chosen);
 // The command of shortcuts, with its words.
 void AddLinks(CLI::App& app, Command& chosen);
 

@@ -17,6 +17,10 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     const PromptRole role = session::FactsOf(prompt.id).role;
     if (role == PromptRole::kFirstRun) return FirstRunAnswers(inner_, host_).MsgBox(prompt);
     const int safe = session::SafeAnswer(prompt.style);
+    const auto known = messages_.find(prompt.id);
+    if (known != messages_.end() && known->second) {
+        return session::ButtonsOf(prompt.style).front();
+    }
     // What a start can't read is left alone, and the request doesn't depend on it.
     const bool isOfStart = !begun_ && role == PromptRole::kTryAgain && !inner_.HasQueued();
     if (isOfStart || session::ButtonsOf(prompt.style).size() == 1) {
@@ -26,8 +30,7 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     if (confirmed_ && role == PromptRole::kConfirmation) {
         return session::ButtonsOf(prompt.style).front();
     }
-    if (const auto known = messages_.find(prompt.id); known != messages_.end()) {
-        if (known->second) return session::ButtonsOf(prompt.style).front();
+    if (known != messages_.end()) {
         Tell(host_, prompt.text);
         return safe;
     }

@@ -40,7 +40,8 @@ class CommandPrompts : public session::PromptService {
     void AnswerInput(session::PromptId id, std::string text) { inputs_[id] = std::move(text); }
     // Answers the picker of that prompt by a path in drive form.
     void AnswerPick(session::PromptId id, std::string path) { inputs_[id] = std::move(path); }
-    // Answers the message of that prompt by its first button, or by the safe one, which tells it.
+    // Answers the message of that prompt by its first button and tells nothing, or by the safe one,
+    // which tells it.
     void AnswerMessage(session::PromptId message, bool affirms);
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }

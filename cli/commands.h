@@ -17,6 +17,8 @@ int Run(Host& host, const platform::Platform& machine, const AutoPlaylistRequest
 int Run(Host& host, const platform::Platform& machine, const ShowPagesRequest& request);
 int Run(Host& host, const platform::Platform& machine, const FoldersRequest& request);
 int Run(Host& host, const platform::Platform& machine, const LinksRequest& request);
+int Run(Host& host, const platform::Platform& machine, const OpenRequest& request);
+int Run(Host& host, const platform::Platform& machine, const RunProgramRequest& request);
 int Run(Host& host, const platform::Platform& machine, const RunRequest& request);
 int Run(Host& host, const platform::Platform& machine, const SampleRequest& request);
 int Run(Host& host, const platform::Platform& machine, const PathsRequest& request);

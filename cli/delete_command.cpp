@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
+#include "cli/messages.h"
 #include "cli/summary.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -41,6 +42,9 @@ int Run(Host& host, const platform::Platform& machine, const DeleteRequest& requ
             const auto& state = session.state;
             const bool isRefused = state.blnActionCancelled && !state.blnStopAction;
             if (isRefused && state.lastAction.done == 0) return kBadRequest;
+            for (const std::string& error : state.lastAction.errors) {
+                Complain(host, error);
+            }
             return Summarize(host, "Recycled", state.lastAction, selected);
         };
         return finding.ActOnAll(session, code, session.frmSearch.cmdDeleteSelected, "Recycled",

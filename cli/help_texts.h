@@ -47,6 +47,8 @@ inline constexpr CommandHelp kCopy{
     "  tarvix-cli copy \"*.mp3\" --in ~/Music --to /media/ann/Player/Music --yes\n"
     "  tarvix-cli copy \"*\" --in ~/Documents --structure backup --to /media/ann/Bk --dry-run\n"
     "  tarvix-cli copy \"*.jpg\" --in ~/Pictures --mpl Players.mpl --on-duplicate rename --yes\n"
+    "  tarvix-cli copy \"cover.jpg\" --in ~/Music --to ~/Covers --name-from-folders 2 "
+    "--on-duplicate rename\n"
     "\n"
     "none      the objects alone, side by side\n"
     "mirror    the same path on the drive of the destination\n"
@@ -77,7 +79,24 @@ inline constexpr CommandHelp kRename{
     "to another folder: a / in it is refused, a \\ becomes part of the name.\n",
     "\nExamples:\n"
     "  tarvix-cli rename \"*.mp3\" --in ~/Music --find \" - \" --replace _ --dry-run\n"
-    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"};
+    "  tarvix-cli rename \"*.jpg\" --in ~/Pictures/2026 --insert \"2026 \" --at beginning --yes\n"
+    "  tarvix-cli rename \"*\" --in ~/Scans --edit\n"
+    "  tarvix-cli rename \"*.htm\" --in ~/Saved --from-title --dry-run\n"
+    "  tarvix-cli rename \"*.mp3\" --in ~/Talks --from-links ~/Talks/index.html --yes\n"
+    "  tarvix-cli rename \"*.txt\" --in ~/Mail --prefix-from senders.txt --yes\n"
+    "\n"
+    "--edit writes the names into a list, one a line, and opens it in $VISUAL or $EDITOR. Change "
+    "the\n"
+    "lines, but neither their number nor their order, save and leave the editor: the changes are "
+    "shown\n"
+    "and asked about, or done at once with --yes. Names may change places. When anything is wrong\n"
+    "nothing is renamed, and the list is kept.\n"
+    "\n"
+    "A list without --whole-names has names without extensions and ends with the line *EOF; line "
+    "k\n"
+    "names the k-th object as \"search\" lists them, files before folders. A name that is taken "
+    "gets a\n"
+    "_ at its end there, as for titles, links and prefixes.\n"};
 
 inline constexpr CommandHelp kDelete{
     "delete", "Sends all that matches to the trash",
@@ -198,6 +217,33 @@ inline constexpr CommandHelp kShowPages{
     "tab\n"
     "or window of its own, and is left alone. Ends with 1 when a page could not be opened.\n"};
 
+inline constexpr CommandHelp kOpen{
+    "open", "Opens objects with the desktop's applications",
+    "Opens each object with the application that the desktop has for it, or all of them with one "
+    "that\n"
+    "you name. With --in the words are patterns, and all that is found there is opened.\n",
+    "\nExamples:\n"
+    "  tarvix-cli open ~/Documents/report.odt ~/Pictures\n"
+    "  tarvix-cli open *.jpg --with gimp\n"
+    "  tarvix-cli open \"*.flac\" --in ~/Music/Album --with \"vlc --one-instance\"\n"
+    "  tarvix-cli open \"*.pdf\" --in . --dry-run\n"
+    "\n"
+    "A shortcut opens what it leads to; a program is opened by run-program alone. Programs begin\n"
+    "in the first default search folder and outlive this one; their output goes nowhere.\n"
+    "--dry-run tells each command as a shell reads it. Ends with 1 when one could not be "
+    "opened.\n"};
+
+inline constexpr CommandHelp kRunProgram{
+    "run-program", "Runs one program of this machine",
+    "Runs a program or a script that has the right to run, as \"Run a Program\" in the Run menu "
+    "does.\n",
+    "\nExamples:\n"
+    "  tarvix-cli run-program ~/bin/tidy-up.sh\n"
+    "  tarvix-cli run-program ~/Downloads/setup.exe --yes\n"
+    "\n"
+    "An .exe is started by what the desktop has for such files, such as Wine, once --yes confirms\n"
+    "it. Ends with 2 for what is no program, and with 1 for one that can't be started.\n"};
+
 inline constexpr CommandHelp kMakeFolders{
     "make-folders", "Makes folders by numbers or by a list",
     "Makes many folders in one: numbered, counted by digits and letters, or named by a list.\n",
@@ -223,6 +269,8 @@ inline constexpr CommandHelp kRun{
     "  select N N-M ... | like PATTERN | none\n"
     "                               selects rows, counted from 1 as listed\n"
     "  doubleclick N                double-clicks a row\n"
+    "  rightclick N                 opens the menu of the selected rows, with that row\n"
+    "                               alone if it isn't one of them\n"
     "  answer VALUE                 answers the next prompt: a button, a control, or a text\n"
     "  after N yields click CONTROL clicks during the next long loop\n"
     "  dump lstMain [KEY ...] | CONTROL | prompts | log | errorlog\n"

@@ -30,6 +30,9 @@ struct Host {
     std::function<int()> interrupted = [] { return 0; };
     // Called before a program starts: from here on a signal ends nothing by itself.
     std::function<void()> stopInOrder = [] {};
+    // Has the user edit a file (native path) in a text editor and waits for that; a failure is a
+    // sentence.
+    std::function<std::expected<void, std::string>(const std::string& file)> edit;
     // Opens the machine, once; a failure is a sentence. The platform lives as long as the host.
     std::function<std::expected<platform::Platform, std::string>(const MachineRequest&)> open;
 };

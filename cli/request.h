@@ -78,6 +78,9 @@ enum Way : int { kNoWay = -1, kToFolder, kToLists, kUpTheTree, kByRule };
 
 enum class ActionVerb { kCopy, kMove, kRename };
 
+// Where the new names of a rename come from.
+enum class NameSource { kTyped, kList, kTitles, kLinks, kPrefixes, kEditor };
+
 // What the action window is to be filled with; all texts as typed.
 struct ActionRequest {
     ActionVerb verb = ActionVerb::kCopy;
@@ -92,7 +95,12 @@ struct ActionRequest {
     std::optional<std::string> renameText;
     bool renameAtBeginning = false;
 
+    int folderNames = 0; // so many of them become the name of each copy; 0 for its own
+
     // Renames.
+    NameSource source = NameSource::kTyped;
+    std::string sourceFile;                  // as typed
+    bool wholeNames = false;                 // of a list
     std::optional<std::string> insertedText; // else soughtText is replaced
     bool insertAtBeginning = false;
     std::string soughtText;
@@ -186,6 +194,23 @@ struct ShowPagesRequest {
     std::string seconds; // of each page
 };
 
+// What is opened: paths as typed, or with locations what is found there.
+struct OpenRequest {
+    Criteria criteria; // its patterns are the paths without locations
+    std::string with;  // an application or a command; empty for the desktop's own choice
+    bool dryRun = false;
+    bool json = false;
+    bool confirmed = false; // opens however many there are
+    std::vector<std::string> answers;
+};
+
+struct RunProgramRequest {
+    std::string path; // as typed
+    bool dryRun = false;
+    bool json = false;
+    bool confirmed = false; // a foreign program, too
+};
+
 struct FoldersRequest {
     std::string place; // as typed
     std::string from;
@@ -238,7 +263,8 @@ struct OptionsRequest {
 using Command =
     std::variant<SearchRequest, ActionRequest, DeleteRequest, AutoMoveRequest, AutoPlaylistRequest,
                  ShowPagesRequest, ListRequest, PlaylistRequest, NumbersRequest, FoldersRequest,
-                 LinksRequest, RunRequest, SampleRequest, PathsRequest, OptionsRequest>;
+                 LinksRequest, OpenRequest, RunProgramRequest, RunRequest, SampleRequest,
+                 PathsRequest, OptionsRequest>;
 
 // The arguments of the process, checked.
 struct Request {

@@ -114,11 +114,18 @@ Parsed ParseSelect(std::string_view rest) {
     return ParseRows(rest, StatementKind::kSelectRows, kUsage);
 }
 
-Parsed ParseDoubleClick(std::string_view rest) {
-    constexpr std::string_view kUsage = "Write \"doubleclick N\".";
-    auto statement = ParseRows(rest, StatementKind::kDoubleClick, kUsage);
-    if (statement && statement->numbers.size() > 1) return Wrong(std::string(kUsage));
+Parsed ParseOneRow(std::string_view rest, StatementKind kind, std::string_view usage) {
+    auto statement = ParseRows(rest, kind, usage);
+    if (statement && statement->numbers.size() > 1) return Wrong(std::string(usage));
     return statement;
+}
+
+Parsed ParseDoubleClick(std::string_view rest) {
+    return ParseOneRow(rest, StatementKind::kDoubleClick, "Write \"doubleclick N\".");
+}
+
+Parsed ParseRightClick(std::string_view rest) {
+    return ParseOneRow(rest, StatementKind::kRightClick, "Write \"rightclick N\".");
 }
 
 Parsed ParseAnswer(std::string_view rest) {
@@ -171,15 +178,16 @@ struct StatementWord {
     Parsed (*parse)(std::string_view rest);
 };
 
-constexpr std::array<StatementWord, 9> kStatements{{{"set", ParseSet},
-                                                    {"click", ParseClick},
-                                                    {"leave", ParseLeave},
-                                                    {"column", ParseColumn},
-                                                    {"select", ParseSelect},
-                                                    {"doubleclick", ParseDoubleClick},
-                                                    {"answer", ParseAnswer},
-                                                    {"after", ParseAfter},
-                                                    {"dump", ParseDump}}};
+constexpr std::array<StatementWord, 10> kStatements{{{"set", ParseSet},
+                                                     {"click", ParseClick},
+                                                     {"leave", ParseLeave},
+                                                     {"column", ParseColumn},
+                                                     {"select", ParseSelect},
+                                                     {"doubleclick", ParseDoubleClick},
+                                                     {"rightclick", ParseRightClick},
+                                                     {"answer", ParseAnswer},
+                                                     {"after", ParseAfter},
+                                                     {"dump", ParseDump}}};
 
 Parsed ParseStatement(std::string_view line) {
     std::string_view rest = line;

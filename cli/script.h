@@ -19,6 +19,7 @@ enum class StatementKind : std::uint8_t {
     kSelectLike,
     kSelectNone,
     kDoubleClick,
+    kRightClick,
     kAnswer,
     kAfter,
     kDumpList,

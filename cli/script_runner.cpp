@@ -3,6 +3,7 @@
 #include "cli/dump.h"
 #include "cli/nearest.h"
 #include "cli/print_rows.h"
+#include "results/row_selector.h"
 #include "session/native_entry.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -117,6 +118,8 @@ InputResult ScriptRunner::Execute(const Statement& statement) {
         return session::UserClick(Session(), Session().frmSearch.cmdSelectNone);
     case StatementKind::kDoubleClick:
         return DoubleClick(statement);
+    case StatementKind::kRightClick:
+        return RightClick(statement);
     case StatementKind::kAnswer:
         prompts_.Queue(statement.value);
         return {};
@@ -216,9 +219,23 @@ InputResult ScriptRunner::DoubleClick(const Statement& statement) {
     const std::uint64_t number = statement.numbers.front();
     const std::size_t count = program_->Rows().Count();
     if (number > count) return NoRow(number, count);
-    const bool opens = Session().state.blnPlayListMode;
-    if (opens && session::UserOpen(Session(), static_cast<int>(number - 1))) return {};
-    return Wrong("Rows can't be opened by a double click in this version.");
+    session::UserOpen(Session(), static_cast<int>(number - 1));
+    return {};
+}
+
+// As in the window: a row that isn't selected is selected first, alone.
+InputResult ScriptRunner::RightClick(const Statement& statement) {
+    if (auto usable = session::CanUse(Session().frmSearch.lstMain); !usable) return usable;
+    auto& rows = program_->Rows();
+    const std::uint64_t number = statement.numbers.front();
+    if (number > rows.Count()) return NoRow(number, rows.Count());
+    const std::size_t row = number - 1;
+    if (!rows.At(row).selected && !rows.At(row).IsSpacer()) {
+        results::RowSelector(rows).SelectOnly(row);
+        session::UserSelect(Session(), static_cast<int>(row));
+    }
+    session::UserMenu(Session());
+    return {};
 }
 
 InputResult ScriptRunner::Dump(const Statement& statement) {

@@ -60,6 +60,7 @@ class ScriptRunner {
     session::InputResult ClickColumn(const Statement& statement);
     session::InputResult Select(const Statement& statement);
     session::InputResult DoubleClick(const Statement& statement);
+    session::InputResult RightClick(const Statement& statement);
     session::InputResult Dump(const Statement& statement);
     void ClickAfter(const Statement& statement, fields::Control& control);
 

@@ -10,7 +10,7 @@ if(TARGET tarvix)
             DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
     endif()
 endif()
-file(GLOB HELP_FILES ${PROJECT_SOURCE_DIR}/data/help/*)
+file(GLOB HELP_FILES ${PROJECT_SOURCE_DIR}/docs/help/*)
 install(FILES ${HELP_FILES} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/frm_context_menu.h"
 #include "fields/frm_dialog.h"
 #include "fields/frm_options.h"
 #include "fields/frm_search.h"
@@ -31,9 +32,11 @@ struct Forms {
     FrmShortcutWarning frmShortcutWarning;
     FrmLinkChanges frmLinkChanges;
     FrmLinkTable frmLinkTable;
+    FrmContextMenu frmContextMenu;
+    FrmOpenWith frmOpenWith;
     FrmOptions frmOptions;
 
-    const std::array<Form*, 20> all{&frmSearch,
+    const std::array<Form*, 22> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -52,6 +55,8 @@ struct Forms {
                                     &frmShortcutWarning,
                                     &frmLinkChanges,
                                     &frmLinkTable,
+                                    &frmContextMenu,
+                                    &frmOpenWith,
                                     &frmOptions};
 
     // By name, without regard to case; null when there is none.

@@ -7,6 +7,10 @@ FrmDialog::FrmDialog() : Form("frmDialog") {
     const char* mode = "Select either 'Find and Replace' or 'Insert Text'";
     chkFindReplace.ToolTipText = mode;
     chkAdd.ToolTipText = mode;
+    chkWholeNames.ToolTipText = "The list has names with their extensions, one for each object. Two "
+                                "of them may change places.";
+    cmdEditNames.ToolTipText = "Writes the present names into a list and shows it in the editor. "
+                               "Change it there, save it, and press Rename here.";
     chkAddEOF.ToolTipText = "Required for Create Folder Lists and Web Browsing Lists (Also MPL's - "
                             "generated automatically)";
     chkComments.ToolTipText = "Adds missing rank numbers as comments to M3u.";
@@ -15,7 +19,7 @@ FrmDialog::FrmDialog() : Form("frmDialog") {
     for (Control* hidden : std::initializer_list<Control*>{
              &lblFolderTree, &txtFolderTree, &chkFolderRename, &filMultiPath, &lstMulti, &chkPlus1,
              &txtDeviation, &chkAddEOF, &chkComments, &chkRelative, &chkFindSimilar,
-             &lblProgress}) {
+             &chkWholeNames, &cmdEditNames, &lblProgress}) {
         hidden->Visible = false;
     }
 }

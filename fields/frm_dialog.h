@@ -60,6 +60,10 @@ class FrmDialog : public Form {
     Label lblAddBeg{*this, "lblAddBeg", "Text, then name"};
     Label lblAddEnd{*this, "lblAddEnd", "Name, then text"};
 
+    // Names of a list.
+    CheckBox chkWholeNames{*this, "chkWholeNames", "Whole &names, which may change places"};
+    CommandButton cmdEditNames{*this, "cmdEditNames", "&Edit the Current Names..."};
+
     // Written files.
     CheckBox chkAddEOF{*this, "chkAddEOF", "Add &EOF", 1};
     CheckBox chkComments{*this, "chkComments", "Add pla&ylist comments.", 1};

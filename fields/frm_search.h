@@ -131,6 +131,13 @@ class FrmSearch : public Form {
     MenuEntry mnuTools_DeleteFolderContentsOnly{*this, "mnuTools_DeleteFolderContentsOnly",
                                                 "Delete Folder Contents Only"};
     MenuEntry mnuTools_FolderSummary{*this, "mnuTools_FolderSummary", "Summarize Objects"};
+    MenuEntry mnuRenameSelFromFile{*this, "mnuRenameSelFromFile", "Rename Objects based on list"};
+    MenuEntry mnuRenameSelFromHTMLSearch{*this, "mnuRenameSelFromHTMLSearch",
+                                         "Rename Objects based on Html link"};
+    MenuEntry mnuRenameSelFromSelfSearch{*this, "mnuRenameSelFromSelfSearch",
+                                         "Rename by adding prefix"};
+    MenuEntry mnuRenameSelFromTitle{*this, "mnuRenameSelFromTitle",
+                                    "Rename Objects based on Html <title>"};
     MenuEntry mnuTools_NameVersionSort{
         *this, "mnuTools_NameVersionSort",
         "Group by name (ascending) and version number (descending)."};
@@ -160,6 +167,15 @@ class FrmSearch : public Form {
                                   "**** - Edit Shortcuts Mode - **** Click Here to Cancel"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};
 
+    // What opens and runs the selected objects.
+    MenuEntry mnuRun_Mp3{*this, "mnuRun_Mp3", "Play Audio/Video/picture File(s)"};
+    MenuEntry mnuRun_EnqueueMp3{*this, "mnuRun_EnqueueMp3", "Enqueue Audio/Video/picture File(s)"};
+    MenuEntry mnuRun_ForceEnqueueMp3{*this, "mnuRun_ForceEnqueueMp3", "Force VLC to enqueue"};
+    MenuEntry mnuRun_View{*this, "mnuRun_View", "View as File Text"};
+    MenuEntry mnuRun_HexEdit{*this, "mnuRun_HexEdit", "Hex Edit a File"};
+    MenuEntry mnuRun_Run{*this, "mnuRun_Run", "Run a Program"};
+    MenuEntry mnuRun_OpenParent{*this, "mnuRun_OpenParent", "Open Parent Folder"};
+
     // Scripts of what a user does.
     MenuEntry mnuFile_RecordScript{*this, "mnuFile_RecordScript", "&Record a Script..."};
     MenuEntry mnuFile_RunScript{*this, "mnuFile_RunScript", "R&un a Script..."};
@@ -183,7 +199,9 @@ class FrmSearch : public Form {
     MenuEntry mnuHelp_Help{*this, "mnuHelp_Help", "&Help"};
     MenuEntry mnuHelp_GenInfo{*this, "mnuHelp_GenInfo", "&General Information"};
     MenuEntry mnuHelp_Advanced{*this, "mnuHelp_Advanced", "&Advanced Functions List"};
+    MenuEntry mnuHelp_HotKey{*this, "mnuHelp_HotKey", "&Internet Shortcut HotKey Codes"};
     MenuEntry mnuHelp_Ver{*this, "mnuHelp_Ver", "&Version Changes"};
+    MenuEntry mnuHelp_SysInfo{*this, "mnuHelp_SysInfo", "&System Information"};
 
     // The ten attribute boxes in the order of their bits' table.
     const std::array<CheckBox*, 10> attributeBoxes{

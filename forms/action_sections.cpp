@@ -178,8 +178,14 @@ QWidget* MakeFileSection(const fields::FrmDialog& form) {
                                          MakeNumber(form.txtDeviation, "Size Deviation", 12))})});
 }
 
-QWidget* MakeLinesSection(QWidget& lines) {
-    return MakeSection(new QWidget, "First lines", {&lines});
+QWidget* MakeNamesSection(const fields::FrmDialog& form) {
+    QPushButton* edit = Make(form.cmdEditNames);
+    edit->setAutoDefault(true); // Enter presses it, not OK
+    return MakeSection(new QWidget, "List", {InFlow({Make(form.chkWholeNames), edit})});
+}
+
+QWidget* MakeLinesSection(QWidget& lines, QWidget& note) {
+    return MakeSection(new QWidget, "First lines", {&lines, &note});
 }
 
 } // namespace tarvix::forms

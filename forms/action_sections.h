@@ -14,7 +14,8 @@ QWidget* MakeStructureSection(const fields::FrmDialog& form);
 QWidget* MakeDuplicatesSection(const fields::FrmDialog& form);
 QWidget* MakeRenameSection(const fields::FrmDialog& form);
 QWidget* MakeFileSection(const fields::FrmDialog& form);
-// Around the widget that shows the first lines that would be written.
-QWidget* MakeLinesSection(QWidget& lines);
+QWidget* MakeNamesSection(const fields::FrmDialog& form);
+// Around the widget that shows the first lines that would be written, and what they leave out.
+QWidget* MakeLinesSection(QWidget& lines, QWidget& note);
 
 } // namespace tarvix::forms

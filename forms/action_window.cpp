@@ -45,6 +45,16 @@ constexpr std::array<const char*, 4> kHints{
     "What comes behind each location, as \\Music; may be empty", "",
     "A folder with marks for characters of each object's path, as /srv/Sorted/*10*"};
 
+// The same for the actions that take names from a file.
+struct SourceHint {
+    std::string_view action;
+    const char* hint;
+};
+constexpr std::array kSourceHints{
+    SourceHint{"RenameFromTextFile", "A list of names, one a line, then *EOF"},
+    SourceHint{"RenameFromSelfSearch", "A list of prefixes, one a line, then *EOF"},
+    SourceHint{"RenameFromHTMLSearch", "A web page with links to the objects"}};
+
 constexpr std::array kTabOrder{"cmbDir",
                                "cmdBrowse",
                                "optTo(0)",
@@ -79,6 +89,8 @@ constexpr std::array kTabOrder{"cmbDir",
                                "optNamePortion(0)",
                                "optNamePortion(1)",
                                "optNamePortion(2)",
+                               "chkWholeNames",
+                               "cmdEditNames",
                                "chkAddEOF",
                                "chkComments",
                                "chkRelative",
@@ -202,9 +214,10 @@ QWidget* ActionWindow::MakeSections() {
     column->setSpacing(10);
     where_ = MakeWhereSection(form);
     file_ = MakeFileSection(form);
+    names_ = MakeNamesSection(form);
     for (QWidget* section :
          {where_, MakeRuler(), MakeStructureSection(form), MakeDuplicatesSection(form),
-          MakeRenameSection(form), file_, MakeFirstLines()}) {
+          MakeRenameSection(form), names_, file_, MakeFirstLines()}) {
         column->addWidget(section);
     }
     column->addStretch(1);
@@ -219,7 +232,11 @@ QWidget* ActionWindow::MakeFirstLines() {
     lines_->setTabChangesFocus(true);
     lines_->setAccessibleName("The first lines that would be written");
     lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kShownLines + 24);
-    linesSection_ = MakeLinesSection(*lines_);
+    similarNote_ = new QLabel("Possible duplicates stand below their entries. They are looked for "
+                              "when the list is written.");
+    similarNote_->setObjectName("lblSimilarNote");
+    similarNote_->setWordWrap(true);
+    linesSection_ = MakeLinesSection(*lines_, *similarNote_);
     return linesSection_;
 }
 
@@ -307,6 +324,7 @@ void ActionWindow::ShowSections() {
     const auto& form = session_.frmDialog;
     where_->setVisible(AnyVisible(form.optTo) || form.txtFolderTree.Visible ||
                        form.filMultiPath.Visible);
+    names_->setVisible(form.chkWholeNames.Visible || form.cmdEditNames.Visible);
     file_->setVisible(form.chkAddEOF.Visible || form.chkComments.Visible ||
                       form.chkFindSimilar.Visible);
 }
@@ -315,6 +333,9 @@ void ActionWindow::ShowHints() {
     const auto& form = session_.frmDialog;
     const auto way = static_cast<std::size_t>(std::max(0, form.optTo.Chosen()));
     const char* hint = form.fraStructure.Visible ? kHints[way] : "";
+    const auto source =
+        std::ranges::find(kSourceHints, session_.state.strAction, &SourceHint::action);
+    if (source != kSourceHints.end()) hint = source->hint;
     findChild<QComboBox*>("cmbDir")->lineEdit()->setPlaceholderText(hint);
     const QString head = Shown(form.lstMulti.Header.Get());
     if (!head.isEmpty()) findChild<QLabel*>("lstMultiHead")->setText(head);
@@ -336,6 +357,8 @@ void ActionWindow::ShowExamples() {
 void ActionWindow::ShowFirstLines() {
     std::string key = generate::FirstLinesKey(session_);
     linesSection_->setVisible(!key.empty());
+    const auto& similar = session_.frmDialog.chkFindSimilar;
+    similarNote_->setVisible(similar.Visible && similar.Value == 1);
     if (key == shownLines_) return;
     shownLines_ = std::move(key);
     QStringList lines;

@@ -44,10 +44,12 @@ class ActionWindow : public ModalWindow {
     QWidget* rulerPanel_ = nullptr;
     QWidget* where_ = nullptr;
     QWidget* file_ = nullptr;
+    QWidget* names_ = nullptr;
     QLabel* sentence_ = nullptr;
     QProgressBar* bytes_ = nullptr;
     FittingArea* area_ = nullptr;
     QWidget* linesSection_ = nullptr;
+    QLabel* similarNote_ = nullptr; // of possible duplicates, which these lines leave out
     QPlainTextEdit* lines_ = nullptr;
     std::string shownLines_;    // what the first lines depended on when they were made
     std::string shownExamples_; // what the examples depended on when they were made

@@ -33,10 +33,11 @@ struct Page {
 };
 constexpr std::array kPages{
     Page{"guide.md", "Guide"},
-    Page{"first-steps.md", "First steps"},
+    Page{"general.md", "General information"},
     Page{"special-rule.md", "Special Rule"},
     Page{"advanced.md", "Advanced functions"},
-    Page{"changes.md", "Version changes"},
+    Page{"hot-keys.md", "Hot key codes"},
+    Page{"version-changes.md", "Version changes"},
 };
 
 QString TextOf(const QString& path) {

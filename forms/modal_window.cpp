@@ -3,11 +3,13 @@
 #include "forms/action_window.h"
 #include "forms/batch_window.h"
 #include "forms/choice_window.h"
+#include "forms/context_menu_window.h"
 #include "forms/date_window.h"
 #include "forms/link_table_window.h"
 #include "forms/link_windows.h"
 #include "forms/notice_window.h"
 #include "forms/numbers_window.h"
+#include "forms/open_with_window.h"
 #include "forms/options_window.h"
 #include "forms/preview_window.h"
 #include "forms/text_conversion.h"
@@ -114,6 +116,12 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmLinkTable) {
         return std::make_unique<LinkTableWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmContextMenu) {
+        return std::make_unique<ContextMenuWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmOpenWith) {
+        return std::make_unique<OpenWithWindow>(session, gate, parent);
     }
     if (&form == &session.forms.frmOptions) {
         return std::make_unique<OptionsWindow>(session, gate, parent);

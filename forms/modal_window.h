@@ -17,7 +17,7 @@ class ModalWindow : public QDialog, public View {
     ~ModalWindow() override;
 
     // Shows the window and returns when the form has hidden.
-    void Run();
+    virtual void Run();
     void Flush() override;
     void Idle() override;
     void reject() override;

@@ -5,6 +5,7 @@
 #include "results/shown_cells.h"
 #include "session/session.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QStringList>
 
@@ -57,7 +58,25 @@ QString ResultModel::SpokenRow(std::size_t row) const {
         if (column == results::kSize) part = WithoutLeadingZeros(part);
         if (!part.isEmpty()) parts << part;
     }
+    if (rows_.At(row).Has(results::kCut)) parts << "cut";
+    if (rows_.At(row).Has(results::kGone)) parts << "moved to the trash";
     return parts.join(", ");
+}
+
+// What was cut or is gone stands back.
+QVariant ResultModel::ColorOf(std::size_t row, results::Column column) const {
+    const results::ResultRow& shown = rows_.At(row);
+    const QPalette palette = QGuiApplication::palette();
+    const bool isBack = shown.Has(results::kCut) || shown.Has(results::kGone);
+    if (isBack) return palette.color(QPalette::Disabled, QPalette::Text);
+    return Tint(rows_.CellColor(row, column), palette);
+}
+
+QVariant ResultModel::FontOf(std::size_t row) const {
+    if (!rows_.At(row).Has(results::kGone)) return {};
+    QFont font;
+    font.setStrikeOut(true);
+    return font;
 }
 
 QVariant ResultModel::data(const QModelIndex& index, int role) const {
@@ -68,7 +87,9 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return Shown(results::ShownCell(session_, row, column));
     case Qt::ForegroundRole:
-        return Tint(rows_.CellColor(row, column), QGuiApplication::palette());
+        return ColorOf(row, column);
+    case Qt::FontRole:
+        return FontOf(row);
     case Qt::TextAlignmentRole:
         return Alignment(column);
     case Qt::ToolTipRole:

@@ -32,6 +32,8 @@ class ResultModel : public QAbstractTableModel {
 
   private:
     QString SpokenRow(std::size_t row) const;
+    QVariant ColorOf(std::size_t row, results::Column column) const;
+    QVariant FontOf(std::size_t row) const;
     QVariant TipOf(std::size_t row, results::Column column) const;
 
     const session::Session& session_;

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -193,6 +194,19 @@ void ResultView::keyPressEvent(QKeyEvent* event) {
     } else {
         event->ignore();
     }
+}
+
+void ResultView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (!onMenu || !MaySelect()) return;
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QRect row = visualRect(currentIndex()) & viewport()->rect();
+        menuPlace_ = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint());
+    } else {
+        menuPlace_ = event->globalPos();
+        if (!RowAt(event->pos())) return;
+    }
+    onMenu();
 }
 
 void ResultView::keyboardSearch(const QString& text) {

@@ -23,6 +23,8 @@ class ResultView : public QTableView {
     std::function<void(std::size_t row)> onSelect;
     std::function<void(std::size_t row)> onOpen;
     std::function<void()> onDrag;
+    // The menu of the selected rows is asked for, by the mouse or a key.
+    std::function<void()> onMenu;
     // Whether the selection may change now; always when not set.
     std::function<bool()> maySelect;
     // What an empty list says.
@@ -30,6 +32,8 @@ class ResultView : public QTableView {
 
     // The row that has the keyboard; nothing when there is none, or a spacer has it.
     std::optional<std::size_t> CurrentRow() const;
+    // Where that menu is to stand, in the coordinates of the screen.
+    QPoint MenuPlace() const { return menuPlace_; }
     results::RowSelector& Selector() { return selector_; }
     ColumnHead& Head() { return head_; }
     // Makes the row the current one and selects as a key with these modifiers does.
@@ -42,6 +46,7 @@ class ResultView : public QTableView {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -57,6 +62,7 @@ class ResultView : public QTableView {
     ColumnHead head_;
     results::RowSelector selector_;
     QPoint pressedAt_;
+    QPoint menuPlace_;
     std::optional<std::size_t> pressedRow_;
     bool selectOnRelease_ = false; // a press on a selected row may begin a drag
     QString typed_;

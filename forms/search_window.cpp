@@ -7,8 +7,10 @@
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
+#include "launch/menu/clipboard_forms.h"
 #include "platform/names.h"
 #include "platform/native_paths.h"
+#include "results/row_marks.h"
 #include "search/browse.h"
 #include "search/empty_list.h"
 #include "session/session.h"
@@ -54,6 +56,7 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     SetUpList();
     SetUpDrops();
     SetTabOrder();
+    ShareClipboard();
     connect(&timer_, &QTimer::timeout, this, [this] {
         gate_.Run(nullptr, [this] { session_.Raise(session_.frmSearch.Timer1, "Timer"); });
     });
@@ -65,6 +68,7 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
 }
 
 SearchWindow::~SearchWindow() {
+    session_.clipboard = nullptr;
     gate_.Remove(*this);
 }
 
@@ -124,6 +128,9 @@ void SearchWindow::SetUpList() {
     list_->onOpen = [this](std::size_t row) { ActOnRow(session::UserOpen, row); };
     list_->Head().onClick = [this](int column) { SortBy(column); };
     list_->onDrag = [this] { DragRows(); };
+    list_->onMenu = [this] {
+        gate_.Run(&session_.frmSearch.lstMain, [&] { session::UserMenu(session_); });
+    };
     list_->Head().onChoose = [this](int column, bool shown) {
         gate_.Run(nullptr,
                   [&] { session_.blnListItems[static_cast<std::size_t>(column)] = shown; });
@@ -165,31 +172,36 @@ void SearchWindow::SortBy(int column) {
     gate_.Run(&session_.frmSearch.lstMain, [&] { session::UserSort(session_, column); });
 }
 
-QStringList SearchWindow::SelectedPaths() const {
-    QStringList paths;
+std::vector<std::string> SearchWindow::SelectedNativePaths() const {
+    std::vector<std::string> paths;
     for (std::size_t i = 0; i < session_.rows->Count(); ++i) {
         if (!list_->Selector().IsSelected(i)) continue;
-        paths << ToQt(session_.platform.paths.ToNative(session_.rows->FullPath(i)));
+        paths.push_back(session_.platform.paths.ToNative(session_.rows->FullPath(i)));
     }
     return paths;
 }
 
 void SearchWindow::CopyPaths() {
-    const QStringList paths = SelectedPaths();
-    if (!paths.isEmpty()) QGuiApplication::clipboard()->setText(paths.join('\n'));
+    const std::vector<std::string> paths = SelectedNativePaths();
+    if (!paths.empty()) clipboard_.Put(menu::PathForms(paths));
 }
 
 void SearchWindow::DragRows() {
-    QList<QUrl> urls;
-    for (const QString& path : SelectedPaths()) {
-        urls << QUrl::fromLocalFile(path);
-    }
-    if (urls.isEmpty()) return;
-    auto* mime = new QMimeData;
-    mime->setUrls(urls);
+    const std::vector<std::string> paths = SelectedNativePaths();
+    if (paths.empty()) return;
     auto* drag = new QDrag(list_);
-    drag->setMimeData(mime);
+    drag->setMimeData(MimeDataOf(menu::ObjectForms(paths, false)));
     drag->exec(Qt::CopyAction);
+}
+
+// What others put on the clipboard takes the place of what was cut here.
+void SearchWindow::ShareClipboard() {
+    session_.clipboard = &clipboard_;
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        if (QGuiApplication::clipboard()->ownsClipboard()) return;
+        results::ClearCut(session_);
+        list_->viewport()->update();
+    });
 }
 
 void SearchWindow::Flush() {

@@ -3,6 +3,7 @@
 #include "forms/binder.h"
 #include "forms/event_gate.h"
 #include "forms/main_menu.h"
+#include "forms/qt_clipboard.h"
 #include "forms/result_model.h"
 #include "forms/result_view.h"
 
@@ -59,7 +60,8 @@ class SearchWindow : public QMainWindow, public View {
     void ShowColumns();
     void TakeMemory();
     void KeepMemory();
-    QStringList SelectedPaths() const;
+    std::vector<std::string> SelectedNativePaths() const;
+    void ShareClipboard();
 
     session::Session& session_;
     EventGate& gate_;
@@ -69,6 +71,7 @@ class SearchWindow : public QMainWindow, public View {
     QProgressBar* busy_ = nullptr;
     QLabel* progress_ = nullptr; // what the bar counts
     QWidget* counters_ = nullptr;
+    QtClipboard clipboard_;
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;
     QElapsedTimer sinceRows_;

@@ -40,6 +40,5 @@ std::unique_ptr<ListSource> MakeListSource(session::Session& session, const List
 std::unique_ptr<ListSource> MakePathOnlySource(session::Session& session);
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kEndMark = "*EOF\r\n";
 
 } // namespace tarvix::generate

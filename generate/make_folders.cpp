@@ -13,6 +13,7 @@
 #include "session/tell.h"
 #include "text/characters.h"
 #include "text/format.h"
+#include "text/list_marks.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -82,7 +83,7 @@ bool MakeListed(Session& session, const std::string& place, const std::string& l
     auto stream = session.files().OpenAsTextStream(list, platform::OpenMode::kRead);
     auto line = stream ? (*stream)->ReadLine()
                        : platform::Result<std::string>(std::unexpected(stream.error()));
-    while (line && *line != "*EOF") {
+    while (line && *line != text::kEndMark) {
         made.isStopped = session.state.blnStopAction;
         if (made.isStopped) return true;
         const std::string name = ListedName(text::CleanSpacesInPath(*line, false));

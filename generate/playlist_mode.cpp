@@ -184,9 +184,10 @@ void AddPlaylistEvents(session::EventTable& events) {
     events.On("frmSearch.ReloadPlayList", Load);
     events.On("frmSearch.cmdEditPlayList_Click", cmdEditPlayList_Click);
     events.On("frmSearch.cmdPreviewPlayList_Click", cmdPreviewPlayList_Click);
-    events.On("frmSearch.lstMain_DblClick", [](Session& session, const session::EventArgs& args) {
-        ToggleReplacement(session, static_cast<std::size_t>(args.index));
-    });
+    events.On(std::string(lifecycle::kMarkPlayListRow),
+              [](Session& session, const session::EventArgs& args) {
+                  ToggleReplacement(session, static_cast<std::size_t>(args.index));
+              });
 }
 
 } // namespace tarvix::generate

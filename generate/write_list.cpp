@@ -9,6 +9,7 @@
 #include "session/session.h"
 #include "text/encoding.h"
 #include "text/format.h"
+#include "text/list_marks.h"
 
 #include <fmt/core.h>
 
@@ -100,7 +101,7 @@ class SecondFile {
         return {};
     }
     platform::Result<void> Finish(bool hasMark) {
-        if (hasMark) text_ += kEndMark;
+        if (hasMark) text_.append(text::kEndMark).append(kLineEnd);
         if (auto written = Flush(); !written) return written;
         return file_->Finish();
     }
@@ -158,7 +159,7 @@ ListOutcome MakeListText(Session& session, const ListRequest& request, ListSourc
         text.clear();
     }
     source.AppendEnd(text);
-    if (EndsInMark(request)) text += kEndMark;
+    if (EndsInMark(request)) text.append(text::kEndMark).append(kLineEnd);
     source.AppendFooter(text);
     (void)take(text);
     outcome.duplicates = source.Duplicates();
@@ -219,7 +220,7 @@ std::vector<std::string> FirstLines(Session& session, const ListRequest& request
     }
     if (next == source->Count()) {
         source->AppendEnd(text);
-        if (EndsInMark(request)) text += kEndMark;
+        if (EndsInMark(request)) text.append(text::kEndMark).append(kLineEnd);
         source->AppendFooter(text);
     }
     text::LineReader reader(text);

@@ -42,9 +42,11 @@ class Launcher {
         return Failure(kPermissionDenied,
                        "Nothing could be started to show " + std::string(address) + ".");
     }
-    // Ends the browser that the last page was opened with, if it was started for that and still
-    // runs by itself; waits two seconds at most. False when there is none, which leaves all alone.
+    // Asks the browser that the last page was opened with to end, if it was started for that and
+    // still runs by itself; waits for nothing. False when there is none, which leaves all alone.
     virtual bool ClosePage() { return false; }
+    // Whether what `ClosePage` asked last is still about to end.
+    virtual bool IsPageClosing() { return false; }
 };
 
 } // namespace tarvix::platform

@@ -88,6 +88,15 @@ void AppendShown(std::string& out, char32_t c) {
     }
 }
 
+// "." and "..", which lead to folders, also where a dot is carried.
+bool IsDots(std::string_view driveName) {
+    constexpr std::size_t kLongest = 6; // two carried dots
+    if (driveName.size() > kLongest || (driveName[0] != '.' && driveName[0] != '\xEF'))
+        return false;
+    const std::string native = NameToNative(driveName);
+    return native == "." || native == "..";
+}
+
 void AppendAllShown(std::string& out, std::string_view native) {
     for (std::size_t pos = 0; pos < native.size();)
         AppendShown(out, text::NextCharacter(native, pos));
@@ -179,7 +188,7 @@ std::string NameToNative(std::string_view driveName) {
 }
 
 bool CanBeName(std::string_view driveName) {
-    if (driveName.empty() || driveName == "." || driveName == "..") return false;
+    if (driveName.empty() || IsDots(driveName)) return false;
     unsigned kinds = 0;
     for (const char c : driveName)
         kinds |= kKindOfByte[static_cast<unsigned char>(c)];

@@ -11,6 +11,8 @@ class Environment;
 class Registry;
 class Launcher;
 class ContentTypes;
+class Applications;
+class Desktop;
 class Trash;
 
 // All that a session needs of the machine. The owner is whoever composed the program.
@@ -22,6 +24,8 @@ struct Platform {
     Registry& registry;
     Launcher& launcher;
     ContentTypes& contentTypes;
+    Applications& applications;
+    Desktop& desktop;
     Trash& trash;
     Traits traits{};
 };

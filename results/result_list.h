@@ -28,12 +28,14 @@ struct RowFolder {
     int searchFolderIndex = 0;
 };
 
-// What a row of an edited playlist is; rows of a search have none of it.
+// What a row of an edited playlist is; rows of a search have only the last two.
 enum RowMark : std::uint8_t {
     kListed = 1,      // by a playlist
     kEntry = 2,       // an entry of it, else a possible duplicate of one
     kReplacement = 4, // a file that is to get the Year-Rank of its group
     kNotRead = 8,     // nothing is known of it but its path
+    kCut = 16,        // on the clipboard, to be moved from where it is
+    kGone = 32,       // sent to the trash since the search
 };
 
 // One object as compact facts; its cells are made when asked for. A row with an empty name is a

@@ -11,6 +11,7 @@
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -246,7 +247,7 @@ void WriteDefaultSearchMPL(Session& session, std::string_view title) {
     for (const std::string& folder : folders) {
         text.append(session::PathForList(session, folder)).append("\r\n");
     }
-    text += "*EOF";
+    text += text::kEndMark;
     const auto written = session::ReplaceTextFile(session.files(), file, text);
     if (!written) session::LogTimed(session, fmt::format(" {}", session.Shown(written.error())));
 }

@@ -29,6 +29,8 @@ constexpr std::string_view kRecycleSelected = "frmSearch.RecycleSelected";
 constexpr std::string_view kLeavePlayList = "frmSearch.mnuPlayListWarning_Click";
 // The selection was counted anew while a playlist is edited.
 constexpr std::string_view kPlayListSelection = "frmSearch.PlayListSelection";
+// Marks the row of its arguments in a playlist that is edited, or takes its mark away.
+constexpr std::string_view kMarkPlayListRow = "frmSearch.MarkPlayListRow";
 constexpr std::string_view kRecycleActionLog = "frmSearch.RecycleActionLog";
 
 } // namespace tarvix::lifecycle

@@ -120,6 +120,21 @@ enum class PromptId : std::uint8_t {
     kOfferErrorLog,
     kRuleReport,
 
+    // Names from other sources.
+    kTitleNote,
+    kPrefixNote,
+    kPickNameList,
+    kPickPrefixList,
+    kPickLinkPage,
+    kSourceGone,
+    kSourceUnreadable,
+    kSourceMarkMissing,
+    kSourceEmpty,
+    kNothingToSearch,
+    kNamesUnusable,
+    kNamesUsedUp,
+    kNamesEnded,
+
     // Written files.
     kNewPathListFile,
     kNewPlaylistFile,
@@ -210,6 +225,30 @@ enum class PromptId : std::uint8_t {
     kPagesEmpty,
     kPageNotOpened,
 
+    // Opening and running.
+    kNotOpened,
+    kMediaCount,
+    kForceNeedsPlayer,
+    kPlayerNotStarted,
+    kNotPlayed,
+    kViewCount,
+    kEditorNotStarted,
+    kHexEditorMissing,
+    kRunCount,
+    kNotAProgram,
+    kRunForeign,
+    kProgramNotStarted,
+    kParentCount,
+    kParentNotOpened,
+    kSystemFacts,
+    kSystemFactsMissing,
+
+    // The menu of the list.
+    kContextMenuWarning,
+    kContextMenu,
+    kOpenWith,
+    kMenuNotDone,
+    kActionNotTrusted,
     // The options.
     kOptionsWindow,
     kColumnsAdded,

@@ -21,6 +21,10 @@ class ResultList;
 struct Selection;
 } // namespace tarvix::results
 
+namespace tarvix::platform {
+class Clipboard;
+}
+
 namespace tarvix::session {
 
 class InputRecorder;
@@ -35,8 +39,9 @@ struct Session {
 
     platform::Platform platform;
     PromptService& prompts;
-    PromptService* standIn = nullptr;  // asked in place of `prompts` while there is one
-    InputRecorder* recorder = nullptr; // told what the user does, while there is one
+    PromptService* standIn = nullptr;         // asked in place of `prompts` while there is one
+    InputRecorder* recorder = nullptr;        // told what the user does, while there is one
+    platform::Clipboard* clipboard = nullptr; // of the desktop, where the front has one
     SessionState state;
     fields::Forms forms;
     fields::FrmSearch& frmSearch;

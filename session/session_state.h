@@ -181,6 +181,7 @@ struct SessionState {
     bool blnForeignWarned = false;
     bool blnTrailingWarned = false;
     bool blnSystemHiddenWarned = false;
+    int intContextMenuCount = 0; // right clicks on the list
 };
 
 } // namespace tarvix::session

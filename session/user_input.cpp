@@ -70,6 +70,10 @@ bool UserOpen(Session& session, int row) {
     return session.events.Raise(session, "frmSearch.lstMain_DblClick", {row});
 }
 
+bool UserMenu(Session& session) {
+    return session.events.Raise(session, "frmSearch.lstMain_MouseUp");
+}
+
 bool UserSort(Session& session, int column) {
     if (session.recorder) session.recorder->Sorted(column);
     return session.events.Raise(session, "frmSearch.lstMain_ColumnClick", {column});

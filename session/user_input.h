@@ -32,6 +32,8 @@ InputResult UserSet(Session& session, fields::Control& control, std::string_view
 bool UserSelect(Session& session, int row);
 bool UserOpen(Session& session, int row);
 bool UserSort(Session& session, int column);
+// The menu of the selected rows is asked for.
+bool UserMenu(Session& session);
 
 // The focus leaves the control: raises LostFocus.
 void UserLeave(Session& session, fields::Control& control);

@@ -99,9 +99,8 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
     {Wording::kRecycleRefused,
      "{}\r\n\r\n failed to be recycled. \r\nWould you like to delete anyway, without going to the "
      "recycle bin?",
-     "{}\r\n\r\ncould not go to the trash.\r\n\r\nWould you like to delete it for good? It can't "
-     "be "
-     "brought back then."},
+     "{}\r\n\r\ncould not go to the trash.\r\n{}\r\n\r\nWould you like to delete it for good? It "
+     "can't be brought back then."},
     {Wording::kRecycleRefusedTitle, "Override Recycle Failure?", "Delete for Good?"},
     {Wording::kReplaceRefused,
      "Permission denied on: \r\n\r\n{}\r\n\r\n action not performed.\r\n\r\nWith Recycle and "
@@ -117,6 +116,45 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
      "Move duplicate file to the trash, then replace with original folder."},
     {Wording::kRecycleFolderForFile, "Recycle duplicate folder, then replace with original file.",
      "Move duplicate folder to the trash, then replace with original file."},
+    {Wording::kNotOpened,
+     "Unable to find any way to open that file, \r\nThere is most likely missing information in "
+     "the registry file.\r\nYou can view this file with notepad, if you select 'view as text' in "
+     "the 'run' menu.",
+     "No program that is set for such files could open it.\r\nChoose one in the settings of the "
+     "desktop, or an Editor in the options of this machine.\r\n'View as File Text' in the Run "
+     "menu shows any file as text."},
+    {Wording::kForceNeedsPlayer, "You must have loaded VLC player to use this menu option.",
+     "VLC isn't installed, and no other Player is set in the options of this machine."},
+    {Wording::kNoPlayers,
+     "I am only supporting WinAmp for .Mp3, .m3u or .Wav files...skipped.\r\nOr you have not "
+     "loaded either VLC or WinAmp players.",
+     "These were skipped: a SecondPlayer gets only mp3, m3u and wav files, and no Player was "
+     "found.\r\nInstall VLC, or set a Player in the options of this machine."},
+    {Wording::kHexEditorMissing,
+     "You must have this file of the 'Free Hex Editor 1.0.154' to work: \r\n%FrHed%\\FRHED.EXE",
+     "No hex editor was found. Install one, such as ghex or okteta, or set a HexEditor in the "
+     "options of this machine."},
+    {Wording::kNotAProgram, "Must be an .exe file",
+     "Must be a program or a script of this machine, or an .exe file"},
+    {Wording::kContextMenu,
+     "Taking actions with the context menu may change search results.\r\n\r\n"
+     "This list will NOT be refreshed, unless you press the search button.\r\n\r\n"
+     "Tarvix may ask to update the listview if it suspects the need.\r\n\r\n"
+     "Context menu actions on multiple selections, can have unexpected results!\r\n\r\n"
+     "This is due to the fact that only one folder at a time can be processed as a multiple "
+     "selection context menu action. Instead use the run menu on multiple objects.\r\n\r\n"
+     "So as long as every object you select resides in that exact folder multiple selection will "
+     "work. \r\n\r\n This will not be fixed in the freeware version. \r\n\r\n"
+     "THIS PROMPT WILL NOT BE REPEATED UNTIL THE NEXT RUN OF PROGRAM. \r\n\r\n"
+     "You can turn off this warning completely in options. \r\n\r\n"
+     "THERE MAY BE PROBLEMS WITH THE CONTEXT MENU IF YOU ARE USING WINDOWS VISTA OR BEYOND.",
+     "Taking actions with the context menu may change search results.\r\n\r\n"
+     "This list will NOT be refreshed, unless you press the search button. What you cut or move to "
+     "the trash is marked in it.\r\n\r\n"
+     "Everything that is selected is handed over together, be it in one folder or in "
+     "many.\r\n\r\n"
+     "This is told once in each run. The option blnNoContextMenuWarning turns it off "
+     "completely."},
 }};
 
 constexpr bool IsInOrder() {

@@ -38,6 +38,12 @@ enum class Wording : std::uint8_t {
     kRecycleFoldersButton,
     kRecycleFileForFolder,
     kRecycleFolderForFile,
+    kNotOpened, // what opens no object
+    kForceNeedsPlayer,
+    kNoPlayers, // behind what was not played
+    kHexEditorMissing,
+    kNotAProgram,
+    kContextMenu, // what its warning says
     kEnd
 };
 

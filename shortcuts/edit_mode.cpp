@@ -82,6 +82,10 @@ void SetFormEnabled(Session& session, bool enabled) {
                                                  &form.cmdDoVersionSort,
                                                  &form.mnuBrowse_ClearNow,
                                                  &form.mnuOptions,
+                                                 &form.mnuRenameSelFromFile,
+                                                 &form.mnuRenameSelFromHTMLSearch,
+                                                 &form.mnuRenameSelFromSelfSearch,
+                                                 &form.mnuRenameSelFromTitle,
                                                  &form.mnuRun,
                                                  &form.mnuTools}) {
         control->Enabled = enabled;

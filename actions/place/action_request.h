@@ -56,6 +56,7 @@ struct ActionRequest {
     std::string renameText; // makes a duplicate's name unique
     bool renamesAtEnd = true;
     RenameRequest rename;
+    bool wholeNames = false; // a list of names has them with extensions, and they may change places
 
     // How many destinations each object has.
     int Places() const {

@@ -141,9 +141,17 @@ Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& cla
         if (!prefix.empty()) folder.append(prefix).append(" ");
         return folder;
     };
-    Outcome outcome = PlaceAsNew(
-        session, run, object, std::nullopt,
-        {object.path, object.name, object.isFile, false, "RenameObjForDuplicate", folderFor});
+    // Objects that get the name of their folder are told apart by that name.
+    const bool isOfFolder = run.request.strAction == "CopyRenameAsFolderName";
+    const bool hasExtension = object.isFile && !text::GetExtension(object.name).empty();
+    Outcome outcome =
+        PlaceAsNew(session, run, object, std::nullopt,
+                   {.path = object.path,
+                    .name = isOfFolder ? text::FolderOwnName(clash.destination) : object.name,
+                    .isFile = isOfFolder ? hasExtension : object.isFile,
+                    .isRename = false,
+                    .routine = "RenameObjForDuplicate",
+                    .folderFor = folderFor});
     if (hasFailed) outcome.kind = OutcomeKind::kFailed;
     outcome.isNewName = true;
     return outcome;

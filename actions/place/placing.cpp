@@ -7,6 +7,7 @@
 #include "platform/trash.h"
 #include "platform/try.h"
 #include "session/paths/ask_long_path.h"
+#include "session/paths/missing_folders.h"
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/tell.h"
@@ -47,6 +48,7 @@ constexpr std::array<Words, 3> kWords{
 
 Outcome Placing::Run() {
     GoThroughSteps();
+    TakeBackFolders();
     return Result();
 }
 
@@ -59,6 +61,10 @@ void Placing::GoThroughSteps() {
     if (!ReadObjects() || !PutThere()) return;
     SetCombined();
     LogPlaced();
+}
+
+void Placing::TakeBackFolders() {
+    if (!isPlaced_) session::RemoveMadeFolders(session_, madeFolders_);
 }
 
 Outcome Placing::Result() {
@@ -91,6 +97,7 @@ bool Placing::FinishDestination() {
     auto shortened =
         session::GetShortPathNameReturnCodes(session_, destination_, false, kLongestNewPath);
     destination_ = std::move(shortened.path);
+    madeFolders_ = std::move(shortened.made);
     if (shortened.status == 3) return true;
     RefuseWithoutShortPath(session_, destination_, kLongestNewPath);
     return false;

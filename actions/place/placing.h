@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarvix::actions {
 
@@ -58,6 +59,8 @@ class Placing {
     void RecycleSource();
     void SetCombined();
     void LogPlaced();
+    // Folders that were made for an object that didn't get there.
+    void TakeBackFolders();
     Outcome Result();
 
     // ---- the file system ----
@@ -122,10 +125,11 @@ class Placing {
     std::uint32_t sourceAttributes_ = 0;
     std::uint32_t destinationAttributes_ = 0;
     bool isProtected_ = false;
-    std::string trashed_;     // the path that it had, as it was recycled
-    bool isRecycled_ = false; // what stood at the destination went to the recycle bin
-    bool isTried_ = false;    // a copy or move
-    bool isCopyOnly_ = false; // moved, but the original could not go
+    std::string trashed_;                  // the path that it had, as it was recycled
+    bool isRecycled_ = false;              // what stood at the destination went to the recycle bin
+    std::vector<std::string> madeFolders_; // for this object, the topmost first
+    bool isTried_ = false;                 // a copy or move
+    bool isCopyOnly_ = false;              // moved, but the original could not go
     bool forceTried_ = false;
     bool pathTried_ = false;
     bool isPlaced_ = false;  // the object stands at its new place

@@ -7,6 +7,9 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tarvix::actions {
 
 session::ErrorContext Placing::Context() const {
@@ -59,7 +62,8 @@ std::optional<int> Placing::LeaveTaken() {
 }
 
 std::optional<int> Placing::MakePathOnce() {
-    const auto made = session::CreateMissingFolder(session_, destination_, false);
+    auto made = session::CreateMissingFolder(session_, destination_, false);
+    std::ranges::move(made.made, std::back_inserter(madeFolders_));
     pathTried_ = true;
     if (object_.isFile || !made.blnFolderAlreadyThere) return session::kRecoveryRetry;
     const bool isThere =

@@ -21,6 +21,8 @@ namespace tarvix::actions {
 
 namespace {
 
+constexpr std::size_t kMostErrors = 100;
+
 using session::ObjectType;
 using session::Session;
 
@@ -92,11 +94,11 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
     return {};
 }
 
-void AskOverride(Session& session, const RecycleEntry& entry) {
+void AskOverride(Session& session, const RecycleEntry& entry, std::string_view why) {
     auto& form = session.forms.frmOverrideRecycleFail;
     form.Caption = std::string(session::Worded(session, session::Wording::kRecycleRefusedTitle));
-    form.lblMain.Caption =
-        session::Worded(session, session::Wording::kRecycleRefused, session.Shown(entry.strPath));
+    form.lblMain.Caption = session::Worded(session, session::Wording::kRecycleRefused,
+                                           session.Shown(entry.strPath), why);
     form.Focus = &form.cmdNo;
     form.Answer = kOverrideNo;
     session.ShowModal(session::PromptId::kOverrideRecycleFailure);
@@ -111,14 +113,14 @@ void AskOverride(Session& session, const RecycleEntry& entry) {
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
 // says.
-Override OverrideRecycleFailure(Session& session, const RecycleEntry& entry, bool blnNoPrompt,
-                                std::string_view routine) {
+Override OverrideRecycleFailure(Session& session, const RecycleEntry& entry, std::string_view why,
+                                bool blnNoPrompt, std::string_view routine) {
     const auto& answer = session.forms.frmOverrideRecycleFail.Answer;
     const auto kind = KindOnDisk(session, entry);
     if (!kind || answer == kOverrideNoToAll) return Override::kStays;
     if (answer != kOverrideYesToAll) {
         if (blnNoPrompt) return Override::kStays;
-        AskOverride(session, entry);
+        AskOverride(session, entry, why);
     }
     const bool deletes = answer == kOverrideYes || answer == kOverrideYesToAll;
     return deletes ? DeleteAnyway(session, entry, *kind, routine) : Override::kStays;
@@ -137,19 +139,19 @@ class RecycleRun {
 
     RecycleOutcome Run() {
         while (first_ < objects_.size() && !outcome_.blnStopped) {
-            const int error = Send();
-            const std::size_t reached = error == 0 ? objects_.size() : tried_;
+            const auto sent = Send();
+            const std::size_t reached = sent ? objects_.size() : tried_;
             outcome_.gone += reached - first_;
             first_ = reached;
-            if (error != 0 && !outcome_.blnStopped) SettleFailed(error);
+            if (!sent && !outcome_.blnStopped) SettleFailed(sent.error());
         }
         return outcome_;
     }
 
   private:
-    // The error that it ended by, 0 at the end. Ends before an object that went with its folder,
-    // whose name may be a neighbour's too; one that was seen is known from its neighbour.
-    int Send() {
+    // Ends before an object that went with its folder, whose name may be a neighbour's too; one
+    // that was seen is known from its neighbour.
+    platform::Result<void> Send() {
         const std::size_t offset = tried_ = first_;
         const platform::TrashObserver told = [this, offset](std::size_t done) {
             tried_ = offset + done;
@@ -158,21 +160,21 @@ class RecycleRun {
             const bool isKnown = entry.sighting.location != platform::kAnyRoad;
             return !outcome_.blnStopped && (isKnown || IsThere(session_, entry));
         };
-        const auto sent =
-            session_.platform.trash.RecycleSeen(std::span(objects_).subspan(first_), told);
-        return sent ? 0 : sent.error().number;
+        return session_.platform.trash.RecycleSeen(std::span(objects_).subspan(first_), told);
     }
 
-    void SettleFailed(int error) {
+    void SettleFailed(const platform::PlatformError& error) {
         const RecycleEntry& entry = queue_[first_++];
-        if (error == platform::kChangedSinceSearch) return NoteChanged(entry);
+        if (error.number == platform::kChangedSinceSearch) return NoteChanged(entry);
         if (!IsThere(session_, entry)) {
             ++outcome_.gone;
             return;
         }
         const bool isQueue = objects_.size() > 1;
         outcome_.blnPartial = outcome_.blnPartial || isQueue;
-        const Override end = OverrideRecycleFailure(session_, entry, noPrompt_,
+        const std::string why = session_.Shown(error);
+        session::LogTimed(session_, " " + why);
+        const Override end = OverrideRecycleFailure(session_, entry, why, noPrompt_,
                                                     isQueue ? "OverrideRecycleFailureEntry"
                                                             : "OverrideRecycleFailure");
         outcome_.blnStopped =
@@ -181,6 +183,7 @@ class RecycleRun {
         const bool isDeleted = end == Override::kDeleted;
         outcome_.deleted += isDeleted ? 1 : 0;
         ++(isDeleted ? outcome_.gone : outcome_.failed);
+        if (!isDeleted && outcome_.errors.size() < kMostErrors) outcome_.errors.push_back(why);
     }
 
     void NoteChanged(const RecycleEntry& entry) {

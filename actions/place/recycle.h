@@ -37,8 +37,9 @@ struct RecycleOutcome {
     // Places in the queue of those that aren't what was seen, and stay; they are none of the
     // others.
     std::vector<std::size_t> changed;
-    bool blnPartial = false; // a queue of several objects failed somewhere
-    bool blnStopped = false; // by the observer or by Cancel; what was left is untouched
+    std::vector<std::string> errors; // what kept the first hundred of the failed, a sentence each
+    bool blnPartial = false;         // a queue of several objects failed somewhere
+    bool blnStopped = false;         // by the observer or by Cancel; what was left is untouched
 
     bool Succeeded() const { return failed == 0 && changed.empty() && !blnStopped; }
 };

@@ -1,5 +1,6 @@
 #include "actions/place/special_rule.h"
 
+#include "platform/names.h"
 #include "text/characters.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -62,8 +63,10 @@ std::string_view ReadSearchSet(SpecialRule& rule) {
 }
 
 bool HasDots(std::string_view folder) {
-    return std::ranges::any_of(text::Split(folder, '\\'),
-                               [](std::string_view name) { return name == "." || name == ".."; });
+    return std::ranges::any_of(text::Split(folder, '\\'), [](std::string_view name) {
+        const std::string native = platform::NameToNative(name);
+        return native == "." || native == "..";
+    });
 }
 
 // ---- one object, step by step; false when it gets no folder ----

@@ -15,6 +15,18 @@ constexpr bool IsTextGroup(std::string_view action) {
     return std::ranges::find(kTextGroup, action) != kTextGroup.end();
 }
 
+constexpr std::string_view kRenameFromList = "RenameFromTextFile";
+constexpr std::string_view kRenameFromLinks = "RenameFromHTMLSearch";
+constexpr std::string_view kRenameByPrefix = "RenameFromSelfSearch";
+constexpr std::string_view kRenameAsTitle = "RenameAsTitle";
+constexpr std::string_view kCopyAsFolderName = "CopyRenameAsFolderName";
+
+// The renames whose names come from files.
+constexpr bool IsRenameFromSource(std::string_view action) {
+    return action == kRenameFromList || action == kRenameFromLinks || action == kRenameByPrefix ||
+           action == kRenameAsTitle;
+}
+
 constexpr bool IsMove(std::string_view action) {
     return action == "Move" || action == "Automated Move";
 }

@@ -6,6 +6,7 @@
 #include "actions/place/system_hidden.h"
 #include "actions/run/changed_objects.h"
 #include "platform/clock.h"
+#include "results/row_marks.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
 #include "session/paths/recycle_folders.h"
@@ -18,6 +19,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarvix::actions {
 
@@ -235,6 +237,7 @@ void Deletion::Count(const Queued& queue, const RecycleOutcome& outcome) {
     totals.done += static_cast<std::int64_t>(outcome.gone);
     totals.deleted += static_cast<std::int64_t>(outcome.deleted);
     totals.failed += static_cast<std::int64_t>(outcome.failed);
+    std::ranges::copy(outcome.errors, std::back_inserter(totals.errors));
     totals.skipped += static_cast<std::int64_t>(queue.entries.size() - settled);
     session_.state.blnActionCancelled = outcome.blnStopped;
     for (const std::size_t place : outcome.changed)
@@ -274,6 +277,7 @@ void cmdDeleteSelected_Click(Session& session) {
     if (state.blnRepeatDeleteEmpty) return;
     state.blnRepeatRequested = state.blnRedoNow = true;
     results::CountSelection(session);
+    results::MarkGone(session);
     session.events.Raise(session, "frmSearch.Form_Activate");
 }
 

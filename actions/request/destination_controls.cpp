@@ -90,11 +90,31 @@ void txtFolderTree_Change(Session& session) {
     session.frmDialog.txtFolderTree.Text = digits;
 }
 
+struct SourcePicker {
+    std::string_view action;
+    session::PromptId id;
+    std::string_view filters;
+};
+constexpr std::string_view kListFilters = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*|";
+constexpr std::array kSourcePickers{
+    SourcePicker{kRenameFromList, session::PromptId::kPickNameList, kListFilters},
+    SourcePicker{kRenameByPrefix, session::PromptId::kPickPrefixList, kListFilters},
+    SourcePicker{kRenameFromLinks, session::PromptId::kPickLinkPage,
+                 "Html Files (*.htm*)|*.htm*|All Files (*.*)|*.*|"}};
+
+void PickSource(Session& session, const SourcePicker& picker) {
+    const std::string file = session.PickFile(picker.id, picker.filters);
+    if (!file.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(file);
+}
+
 void cmdBrowse_Click(Session& session) {
     if (IsTextGroup(session.state.strAction)) {
         session.events.Raise(session, "frmDialog.PickNewFile");
         return;
     }
+    const auto source =
+        std::ranges::find(kSourcePickers, session.state.strAction, &SourcePicker::action);
+    if (source != kSourcePickers.end()) return PickSource(session, *source);
     const std::string folder = session.PickFolder(session::PromptId::kPickDestination);
     if (!folder.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(folder);
 }

@@ -88,7 +88,11 @@ void OfferDestinations(Session& session, const Setup& setup) {
         control->Visible = false;
     }
     form.txtFolderTree.Visible = form.lblFolderTree.Visible = setup.hasLevels;
-    if (setup.hasLevels) form.lblFolderTree.Caption = "Number of folder names to use";
+    if (setup.hasLevels) form.lblFolderTree.Caption = "Number of folder names to use: ";
+    form.txtFolderTree.ToolTipText =
+        setup.hasLevels
+            ? "Start folder count form the right, but name will be in correct path order."
+            : "";
     form.OKButton.Visible = true;
     if (!IsCopyOrMove(setup.action)) return;
     // What was typed for one location is no partial path.
@@ -146,6 +150,7 @@ void OfferOthers(Session& session, const Setup& setup) {
     }
     ShowRenameFields(session);
     form.chkAddEOF.Visible = setup.hasEof;
+    form.chkWholeNames.Visible = form.cmdEditNames.Visible = setup.action == kRenameFromList;
     form.chkComments.Visible = form.chkFindSimilar.Visible = setup.hasComments;
     form.chkRelative.Visible = setup.hasComments && session.state.strFileKind == "Create M3u";
     form.txtDeviation.Visible = setup.hasComments && form.chkFindSimilar.Value == 1;
@@ -205,7 +210,8 @@ void SetUpWindow(Session& session) {
     OfferDuplicates(session, setup);
     OfferStructure(session, setup);
     OfferOthers(session, setup);
-    form.cmdPreview.Visible = IsCopyOrMove(setup.action) || setup.hasRename || setup.hasLevels;
+    form.cmdPreview.Visible = IsCopyOrMove(setup.action) || setup.hasRename || setup.hasLevels ||
+                              IsRenameFromSource(setup.action);
     form.OKButton.Caption = OkCaption(session);
 }
 
@@ -215,8 +221,8 @@ void ShowBusy(Session& session, bool busy) {
     auto& form = session.frmDialog;
     for (fields::Control* control : std::initializer_list<fields::Control*>{
              &form.OKButton, &form.CancelButton, &form.cmdPreview, &form.cmdBrowse, &form.cmbDir,
-             &form.chkAddEOF, &form.txtFolderTree, &form.fraDuplicates, &form.fraStructure,
-             &form.fraRenameOnly}) {
+             &form.chkWholeNames, &form.cmdEditNames, &form.chkAddEOF, &form.txtFolderTree,
+             &form.fraDuplicates, &form.fraStructure, &form.fraRenameOnly}) {
         control->Enabled = !busy;
     }
     form.optTo.SetEnabled(!busy);

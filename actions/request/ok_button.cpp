@@ -10,6 +10,7 @@
 #include "results/selection.h"
 #include "session/paths/env_variables.h"
 #include "session/paths/fake_roots.h"
+#include "session/paths/missing_folders.h"
 #include "session/paths/short_path.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <string>
 #include <utility>
 #include <vector>
@@ -135,14 +135,6 @@ void RunBranch(Session& session, ActionRun& run) {
     if (branch != kBranches.end()) branch->run(session, run);
 }
 
-// A request that came to nothing leaves nothing behind.
-void TakeAway(Session& session, const std::vector<std::string>& made) {
-    for (const std::string& folder : std::views::reverse(made)) {
-        if (!session.files().RemoveFolder(folder)) return;
-        session::LogTimed(session, fmt::format(" Removed {}", session.Shown(folder)));
-    }
-}
-
 } // namespace
 
 void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink) {
@@ -150,7 +142,8 @@ void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink)
     const bool isRule = IsCopyOrMove(state.strAction) && form.optTo[3].Value;
     state.bytPathChoice = session::kPathSkip;
     Typed typed(session, form.cmbDir.Text);
-    if (!typed.Finish(isRule)) return TakeAway(session, typed.MadeFolders());
+    // A request that came to nothing leaves nothing behind.
+    if (!typed.Finish(isRule)) return session::RemoveMadeFolders(session, typed.MadeFolders());
     ShowBusy(session, true);
     state.blnRedoAfterAction = state.blnActionCancelled = state.blnErrorOccurred = false;
     typed.ExpandVariables();
@@ -159,7 +152,7 @@ void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink)
     ActionRun run(session, request, sink);
     run.madeFolders = std::move(typed.MadeFolders());
     RunBranch(session, run);
-    TakeAway(session, run.madeFolders);
+    session::RemoveMadeFolders(session, run.madeFolders);
     // The rows of what was renamed before a cancel are old.
     if (session.selection->isRenamed) state.blnRedoAfterAction = true;
 }

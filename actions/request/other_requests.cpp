@@ -4,6 +4,7 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/rename_only.h"
+#include "actions/sources/rename_sources.h"
 #include "platform/file_system.h"
 #include "platform/names.h"
 #include "results/selection.h"
@@ -81,20 +82,32 @@ void HideAndReport(Session& session, const ActionRun& run) {
     Report(session, run);
 }
 
+// Nothing was renamed, so the list stands. Whole names are mended in their list and tried again.
+void EndRefused(Session& session, const ActionRun& run) {
+    if (run.request.wholeNames) return BackToWindow(session);
+    session.frmDialog.Hide();
+    session.state.blnActionCancelled = true;
+    Report(session, run);
+}
+
 struct FileSource {
     std::string_view action;
     std::string_view missing;
     std::string_view log;
+    SourceEnd (*run)(Session& session, ActionRun& run, const std::string& strFile);
 };
 
 constexpr std::array kFileSources{
     FileSource{"RenameFromHTMLSearch", "You did not select an existing html file name.",
-               " User selected to rename all files based on a search within this file: "},
+               " User selected to rename all files based on a search within this file: ",
+               RenameFromHTMLSearch},
     FileSource{"RenameFromSelfSearch", "You did not select an existing file name.",
                " User selected to rename all files based on a search of itself for prefixes "
-               "within this file: "},
+               "within this file: ",
+               RenameFromSelfSearch},
     FileSource{"RenameFromTextFile", "You did not select an existing file name.",
-               " User selected to rename all files based on a list within this file: "},
+               " User selected to rename all files based on a list within this file: ",
+               RenameFromTextFile},
 };
 
 } // namespace
@@ -136,6 +149,7 @@ void RequestMakeFolders(Session& session, ActionRun& run) {
         return Refuse(session, PromptId::kFoldersPlaceInvalid,
                       "You did not select a valid location for folders.");
     }
+    if (!IsPath(session, run.request, path)) return;
     if (text::Length(path) >= kShortestFile && IsExistingFile(session, path)) {
         return Refuse(session, PromptId::kFoldersPlaceIsFile,
                       fmt::format("{} is a file, you can not create folders inside it.",
@@ -180,7 +194,7 @@ void RequestRenameAsTitle(Session& session, ActionRun& run) {
     if (!ConfirmRename(session)) return;
     session::LogTimed(session, " User selected to insert <TITLE> at beg of the current name");
     if (!HasSelection(session)) return;
-    Raise(session, "RenameAsTitle");
+    (void)RenameAsTitle(session, run);
     HideAndReport(session, run);
 }
 
@@ -194,8 +208,10 @@ void RequestRenameFromFile(Session& session, ActionRun& run) {
     if (!ConfirmRename(session)) return;
     session::LogTimed(session, fmt::format("{}{}", source->log, session.Shown(path)));
     if (!HasSelection(session)) return;
-    Raise(session, source->action);
-    HideAndReport(session, run);
+    // Whole names are written for one run.
+    if (!run.request.wholeNames) session::UpdateDestHistory(session);
+    if (source->run(session, run, path) != SourceEnd::kRefused) return HideAndReport(session, run);
+    EndRefused(session, run);
 }
 
 } // namespace tarvix::actions

@@ -9,7 +9,7 @@ namespace tarvix::actions {
 struct ActionRun;
 
 // The other actions of the window: their checks in order, the confirmation, the run and the report.
-// What writes a file, makes folders or renames from other sources is reached by its event.
+// What writes a file or makes folders is reached by its event.
 void RequestTextFile(session::Session& session, ActionRun& run);
 void RequestMakeFolders(session::Session& session, ActionRun& run);
 void RequestAutomatedPlaylist(session::Session& session, ActionRun& run);

@@ -126,7 +126,7 @@ class Collector : public OutcomeSink {
         case OutcomeKind::kMoved:
             return outcome.isNewName ? Verdict::kDuplicateRename : Verdict::kMove;
         case OutcomeKind::kRenamed:
-            return Verdict::kRename;
+            return outcome.isNewName ? Verdict::kDuplicateRename : Verdict::kRename;
         case OutcomeKind::kOverwrote:
         case OutcomeKind::kReplaced:
             return Verdict::kDuplicateOverwrite;
@@ -190,7 +190,8 @@ class Rehearsal {
         session_.frmDialog.Show();
         PressOk(session_, real_.frmDialog, &collector);
         result.blnStopped = real_.state.blnStopAction;
-        if (result.entries.empty() && session_.frmDialog.IsShown()) {
+        const bool isRefused = session_.frmDialog.IsShown() || session_.state.blnActionCancelled;
+        if (result.entries.empty() && isRefused) {
             result.refusal = prompts_.LastTold();
         }
         return result;
@@ -200,8 +201,8 @@ class Rehearsal {
     platform::Platform MachineOf(Session& real) {
         auto machine = real.platform;
         return {files_,           machine.paths, machine.clock,        machine.environment,
-                machine.registry, launcher_,     machine.contentTypes, trash_,
-                machine.traits};
+                machine.registry, launcher_,     machine.contentTypes, machine.applications,
+                machine.desktop,  trash_,        machine.traits};
     }
 
     Session& real_;

@@ -2,6 +2,7 @@
 
 #include "actions/place/destination.h"
 #include "actions/request/action_names.h"
+#include "actions/request/request_checks.h"
 #include "platform/native_paths.h"
 #include "session/session.h"
 
@@ -65,7 +66,13 @@ ActionRequest ReadRequest(const FrmDialog& form, const platform::NativePaths& pa
     if (request.renameText.empty() && request.strAction == "Automated Move") {
         request.renameText = "_"; // nobody is there to type one
     }
+    // Nor where the window has no box for it.
+    const bool isHidden = IsRenameFromSource(request.strAction);
+    if (isHidden && (request.renameText.empty() || !WhyNoName(request.renameText).empty())) {
+        request.renameText = "_";
+    }
     request.renamesAtEnd = form.chkRenameEnd.Value == 1;
+    request.wholeNames = request.strAction == kRenameFromList && form.chkWholeNames.Value == 1;
     request.rename = RenameOf(form, paths);
     return request;
 }

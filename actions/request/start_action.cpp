@@ -9,6 +9,7 @@
 #include "actions/request/multi_paths.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/preview.h"
+#include "actions/request/start_sources.h"
 #include "actions/run/ask_flow.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
@@ -85,10 +86,9 @@ void TellSummary(Session& session) {
                           session.state.blnActionCancelled || !status.Caption->empty();
     if (isSilent) return;
     const std::string& action = session.state.strAction;
-    if (!IsCopyOrMove(action) && !action.starts_with("Rename")) return;
-    status.Caption = Summary(totals, action == "Copy"   ? "Copied"
-                                     : action == "Move" ? "Moved"
-                                                        : "Renamed");
+    const bool isCopy = action == "Copy" || action == kCopyAsFolderName;
+    if (!isCopy && action != "Move" && !action.starts_with("Rename")) return;
+    status.Caption = Summary(totals, isCopy ? "Copied" : action == "Move" ? "Moved" : "Renamed");
 }
 
 void ShowDialog(Session& session) {
@@ -187,6 +187,7 @@ void AddActionEvents(session::EventTable& events) {
     AddMultiPathEvents(events);
     AddDeleteEvents(events);
     AddPreviewEvents(events);
+    AddSourceEvents(events);
 }
 
 } // namespace tarvix::actions

@@ -35,7 +35,8 @@ constexpr Verbs kVerbs[]{{"Delete", "recycle", "recycled"},
                          {"", "copy", "copied"}};
 
 const Verbs& VerbsOf(const ActionRequest& request) {
-    const std::string_view action = request.isMove ? "Move" : std::string_view(request.strAction);
+    std::string_view action = request.isMove ? "Move" : std::string_view(request.strAction);
+    if (action.starts_with("Rename")) action = "Rename"; // by whatever source
     const auto* const verbs = std::ranges::find(kVerbs, action, &Verbs::action);
     return verbs == std::end(kVerbs) ? kVerbs[std::size(kVerbs) - 1] : *verbs;
 }

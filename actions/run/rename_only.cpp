@@ -3,11 +3,11 @@
 #include "actions/place/action_run.h"
 #include "actions/place/engine.h"
 #include "actions/place/name_parts.h"
-#include "actions/place/no_short_path.h"
 #include "actions/place/outcome.h"
 #include "actions/run/action_progress.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
+#include "actions/run/new_path.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
 #include "platform/names.h"
@@ -81,7 +81,6 @@ class Renaming {
 
     std::string NewPath(const Renamed& object, std::string_view text) const;
     bool CanUse(const Renamed& object, std::string& path);
-    bool FitsOrShortens(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
     enum class Moved { kYes, kNo, kTaken };
     Moved Move(Renamed& object, const platform::FreePlace& place);
@@ -294,37 +293,14 @@ std::string Renaming::NewPath(const Renamed& object, std::string_view text) cons
 
 // Whether it makes a name and the path isn't too long, or could be shortened.
 bool Renaming::CanUse(const Renamed& object, std::string& path) {
-    const std::string_view name = std::string_view(path).substr(object.parent.size());
-    if (platform::CanBeName(name)) return FitsOrShortens(object, path);
-    if (!name.empty()) {
-        session::TellAndLog(
-            session_, session::PromptId::kRenameNoName,
-            fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
-                        "have such a name.",
-                        session_.Shown(object.old), session_.Shown(path),
-                        object.isFile ? "file" : "folder"));
-        return false;
-    }
-    session::TellAndLog(session_, session::PromptId::kRenameEmpty,
-                        fmt::format("Could not rename: \r\n\r\n{}\r\n\r\nNothing would "
-                                    "be left of the name.",
-                                    session_.Shown(object.old)));
-    return false;
-}
-
-bool Renaming::FitsOrShortens(const Renamed& object, std::string& path) {
-    if (!session::ExceedsLimit(session_, path, session::kLongPath)) return true;
-    session::AskLongPath(session_, object.old, path, "RenameOnly", "frmDialog");
-    bool isShort = false;
-    if (session::ContinuesLongPath(session_)) {
-        auto shortened = session::GetShortPathNameReturnCodes(session_, path);
-        isShort = shortened.status >= 2;
-        if (isShort) path = std::move(shortened.path);
-        if (!isShort) RefuseWithoutShortPath(session_, path, session::kLongPath);
-    }
-    session_.state.blnPathLimitHit = false;
+    const bool canUse = CanUseNewPath(session_,
+                                      {.path = object.old,
+                                       .parent = object.parent,
+                                       .isFile = object.isFile,
+                                       .routine = "RenameOnly"},
+                                      path);
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
-    return isShort;
+    return canUse;
 }
 
 // False when the object in hand is settled by it.

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_content_types.h"
 
+#include "platform/linux/character_sets.h"
 #include "platform/linux/glib_pointer.h"
 #include "text/paths.h"
 
@@ -18,6 +19,11 @@ std::string LinuxContentTypes::TypeName(std::string_view path, const ObjectFacts
     const std::string name(text::FileNameOf(path));
     const GlibPointer<char> contentType(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
     return Description(contentType.get());
+}
+
+std::optional<std::string> LinuxContentTypes::Decoded(std::string_view bytes,
+                                                      std::string_view charset) {
+    return DecodeFrom(charset, bytes);
 }
 
 const std::string& LinuxContentTypes::Description(const char* contentType) {

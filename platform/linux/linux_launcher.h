@@ -1,16 +1,16 @@
 #pragma once
 
-#include "platform/file_system.h"
+#include "platform/applications.h"
 #include "platform/launcher.h"
 #include "platform/linux/linux_pages.h"
-#include "platform/native_paths.h"
 
 namespace tarvix::platform {
 
 // Opens documents with the programs that the desktop has for them.
 class LinuxLauncher : public Launcher {
   public:
-    LinuxLauncher(FileSystem& files, const NativePaths& paths) : files_(files), paths_(paths) {}
+    // Lives no longer than the applications.
+    explicit LinuxLauncher(Applications& applications) : applications_(applications) {}
     Result<void> OpenDocument(std::string_view path) override;
     Result<void> OpenWith(std::string_view command, std::string_view path) override;
     PageBrowser DefaultBrowser() override { return LinuxPages::Default(); }
@@ -18,10 +18,10 @@ class LinuxLauncher : public Launcher {
         return pages_.Open(address);
     }
     bool ClosePage() override { return pages_.Close(); }
+    bool IsPageClosing() override { return pages_.IsClosing(); }
 
   private:
-    FileSystem& files_;
-    const NativePaths& paths_;
+    Applications& applications_;
     LinuxPages pages_;
 };
 
@@ -35,6 +35,7 @@ class NullLauncher : public Launcher {
         return pages_.Open(address);
     }
     bool ClosePage() override { return pages_.Close(); }
+    bool IsPageClosing() override { return pages_.IsClosing(); }
 
   private:
     LinuxPages pages_;

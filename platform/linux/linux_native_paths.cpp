@@ -1,13 +1,13 @@
 #include "platform/linux/linux_native_paths.h"
 
 #include "platform/drive_path.h"
+#include "platform/linux/glib_pointer.h"
 #include "platform/names.h"
 #include "text/case.h"
 
 #include <glib.h>
 
 #include <algorithm>
-#include <memory>
 #include <optional>
 
 namespace tarvix::platform {
@@ -20,16 +20,11 @@ bool IsFileAddress(std::string_view text) {
            text::EqualNoCase(text.substr(0, kFileScheme.size()), kFileScheme);
 }
 
-struct GlibFree {
-    void operator()(char* text) const { g_free(text); }
-};
-
 // The path in an address of this machine.
 std::optional<std::string> PathOfAddress(const std::string& address) {
     char* host = nullptr;
-    const std::unique_ptr<char, GlibFree> path(
-        g_filename_from_uri(address.c_str(), &host, nullptr));
-    const std::unique_ptr<char, GlibFree> heldHost(host);
+    const GlibPointer<char> path(g_filename_from_uri(address.c_str(), &host, nullptr));
+    const GlibPointer<char> heldHost(host);
     const std::string_view hostName = host == nullptr ? "" : host;
     if (path == nullptr || !(hostName.empty() || hostName == "localhost")) return std::nullopt;
     return std::string(path.get());

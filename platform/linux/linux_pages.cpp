@@ -7,7 +7,6 @@
 #include <gio/gio.h>
 
 #include <cerrno>
-#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -80,12 +79,6 @@ bool HasEnded(pid_t child) {
     return ended != 0;
 }
 
-void Pause() {
-    constexpr long kNanoseconds = 10'000'000;
-    const timespec span{.tv_sec = 0, .tv_nsec = kNanoseconds};
-    ::nanosleep(&span, nullptr);
-}
-
 std::unexpected<PlatformError> CannotShow(std::string_view address, const char* why) {
     return Failure(kPermissionDenied, "Nothing could be started to show " + std::string(address) +
                                           ": " + (why != nullptr ? why : "no reason given."));
@@ -95,6 +88,7 @@ std::unexpected<PlatformError> CannotShow(std::string_view address, const char* 
 
 LinuxPages::~LinuxPages() {
     if (browser_ != 0) (void)HasEnded(browser_);
+    WaitForLeft();
 }
 
 PageBrowser LinuxPages::Default() {
@@ -112,6 +106,7 @@ PageBrowser LinuxPages::Default() {
 }
 
 Result<void> LinuxPages::Open(std::string_view address) {
+    WaitForLeft();
     if (browser_ != 0 && HasEnded(browser_)) browser_ = 0;
     const AppInfo application = DefaultApplication();
     if (!application) return CannotShow(address, "this desktop has no default browser.");
@@ -137,16 +132,23 @@ Result<void> LinuxPages::Open(std::string_view address) {
 }
 
 bool LinuxPages::Close() {
-    constexpr int kPauses = 200; // two seconds
     if (browser_ == 0) return false;
     const pid_t browser = std::exchange(browser_, 0);
     // One that has ended handed its page to another, which is left alone.
     if (HasEnded(browser) || ::kill(browser, SIGTERM) != 0) return false;
-    for (int i = 0; i < kPauses; ++i) {
-        if (HasEnded(browser)) return true;
-        Pause();
-    }
-    return false;
+    if (closing_ != 0) left_.push_back(closing_);
+    closing_ = browser;
+    return true;
+}
+
+bool LinuxPages::IsClosing() {
+    if (closing_ != 0 && HasEnded(closing_)) closing_ = 0;
+    return closing_ != 0;
+}
+
+void LinuxPages::WaitForLeft() {
+    (void)IsClosing();
+    std::erase_if(left_, HasEnded);
 }
 
 } // namespace tarvix::platform

@@ -4,6 +4,7 @@
 
 #include <string_view>
 #include <sys/types.h>
+#include <vector>
 
 namespace tarvix::platform {
 
@@ -16,13 +17,19 @@ class LinuxPages {
     LinuxPages(const LinuxPages&) = delete;
     LinuxPages& operator=(const LinuxPages&) = delete;
 
-    // As Launcher::DefaultBrowser, OpenPage and ClosePage.
+    // As Launcher::DefaultBrowser, OpenPage, ClosePage and IsPageClosing.
     static PageBrowser Default();
     Result<void> Open(std::string_view address);
     bool Close();
+    bool IsClosing();
 
   private:
-    pid_t browser_ = 0; // a child that wasn't waited for; 0 for none
+    void WaitForLeft();
+
+    // Children that weren't waited for; 0 for none.
+    pid_t browser_ = 0;
+    pid_t closing_ = 0;       // was asked to end
+    std::vector<pid_t> left_; // asked before, and not waited for any longer
 };
 
 } // namespace tarvix::platform

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/linux/drive_table.h"
+#include "platform/linux/linux_applications.h"
 #include "platform/linux/linux_clock.h"
 #include "platform/linux/linux_content_types.h"
+#include "platform/linux/linux_desktop.h"
 #include "platform/linux/linux_environment.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_launcher.h"
@@ -36,8 +38,8 @@ class LinuxPlatform {
     explicit LinuxPlatform(LinuxOptions options = {});
 
     Platform Parts() {
-        return {files_,     paths_,        clock_, environment_, registry_,
-                *launcher_, contentTypes_, trash_, kTraits};
+        return {files_,     paths_,        clock_,        environment_, registry_,
+                *launcher_, contentTypes_, applications_, desktop_, trash_,       kTraits};
     }
 
   private:
@@ -55,7 +57,9 @@ class LinuxPlatform {
     LinuxNativePaths paths_;
     LinuxClock clock_;
     LinuxEnvironment environment_;
-    LinuxRegistry registry_;
+    LinuxApplications applications_;
+    LinuxDesktop desktop_;
+    LinuxRegistry registry_{applications_};
     std::unique_ptr<Launcher> launcher_;
     LinuxContentTypes contentTypes_;
     LinuxTrash trash_{files_};

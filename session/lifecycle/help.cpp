@@ -22,9 +22,10 @@ struct Page {
     std::string_view here;
 };
 constexpr Page kGuide{"Tarvix.rtf", "guide.md"};
-constexpr Page kGeneralInformation{"User Doc.txt", "first-steps.md"};
+constexpr Page kGeneralInformation{"User Doc.txt", "general.md"};
 constexpr Page kAdvancedFunctions{"Advanced Functions.txt", "advanced.md"};
-constexpr Page kVersionChanges{"Version Changes.txt", "changes.md"};
+constexpr Page kVersionChanges{"Version Changes.txt", "version-changes.md"};
+constexpr Page kHotKeyCodes{"Internet Shortcut HotKey codes.txt", "hot-keys.md"};
 
 // Beside the program, where an installed program has its texts, or in the tree that it was built
 // in.
@@ -34,7 +35,7 @@ std::string PathOf(Session& session, const Page& page) {
     const std::string_view name = session.platform.traits.hasNativePaths ? page.here : page.told;
     std::array<std::string, 3> places{
         text::JoinPath(folder, name), fmt::format("{}\\share\\doc\\tarvix\\{}", above, name),
-        fmt::format("{}\\data\\help\\{}", text::ParentFolder(above), name)};
+        fmt::format("{}\\docs\\help\\{}", text::ParentFolder(above), name)};
     for (std::string& place : places) {
         if (session.files().Facts(place)) return std::move(place);
     }
@@ -62,12 +63,16 @@ void OpenAdvancedFunctions(Session& session) {
 void OpenVersionChanges(Session& session) {
     Open(session, kVersionChanges);
 }
+void OpenHotKeyCodes(Session& session) {
+    Open(session, kHotKeyCodes);
+}
 
 void AddHelpEvents(session::EventTable& events) {
     events.On("frmSearch.mnuHelp_Help_Click", OpenHelp);
     events.On("frmSearch.mnuHelp_GenInfo_Click", OpenGeneralInformation);
     events.On("frmSearch.mnuHelp_Advanced_Click", OpenAdvancedFunctions);
     events.On("frmSearch.mnuHelp_Ver_Click", OpenVersionChanges);
+    events.On("frmSearch.mnuHelp_HotKey_Click", OpenHotKeyCodes);
 }
 
 } // namespace tarvix::lifecycle

@@ -19,6 +19,7 @@ void OpenHelp(session::Session& session);
 void OpenGeneralInformation(session::Session& session);
 void OpenAdvancedFunctions(session::Session& session);
 void OpenVersionChanges(session::Session& session);
+void OpenHotKeyCodes(session::Session& session);
 
 // The entries of the help menu.
 void AddHelpEvents(session::EventTable& events);

@@ -40,6 +40,24 @@ void SetState(Session& session) {
     state.blnRedoNow = true;
 }
 
+// The attributes that have but a number, in words.
+void NameAttributes(fields::FrmSearch& form) {
+    form.chkReadOnly.Caption = "Read only";
+    form.chkAlias.Caption = "Link";
+    form.chkCompressed.Caption = "Compressed";
+    form.chk256.Caption = "Temporary (256)";
+    form.chk512.Caption = "Sparse (512)";
+    form.chk64.Caption = "Special (64)";
+    form.chk128.Caption = "Plain (128)";
+}
+
+// What is seen behind the notice of a first start.
+void ShowAsHere(Session& session) {
+    if (!session.platform.traits.hasNativePaths) return;
+    NameAttributes(session.frmSearch);
+    session::TakeFirstColumns(session);
+}
+
 void AddStandingEntries(Session& session) {
     for (const char* entry : {"  *.lnk", "  *.mpl", "  *.url"}) {
         session.frmSearch.cmbSearchFor.AddItem(entry);
@@ -70,17 +88,6 @@ void ReadOptions(Session& session) {
     session::RemoveLeftTemporaries(session);
 }
 
-// The attributes that have but a number, in words.
-void NameAttributes(fields::FrmSearch& form) {
-    form.chkReadOnly.Caption = "Read only";
-    form.chkAlias.Caption = "Link";
-    form.chkCompressed.Caption = "Compressed";
-    form.chk256.Caption = "Temporary (256)";
-    form.chk512.Caption = "Sparse (512)";
-    form.chk64.Caption = "Special (64)";
-    form.chk128.Caption = "Plain (128)";
-}
-
 void SetVisibleDefaults(Session& session) {
     auto& form = session.frmSearch;
     form.Caption =
@@ -93,7 +100,6 @@ void SetVisibleDefaults(Session& session) {
     Raise(session, kPaintAttributeBoxes);
     form.cmdDeleteSelected.Caption =
         std::string(session::Worded(session, session::Wording::kRecycleButton));
-    if (session.platform.traits.hasNativePaths) NameAttributes(form);
 }
 
 // In a window the first location stands as the folder that it is, or the home folder where there is
@@ -187,6 +193,7 @@ void frmSearch_Load(Session& session, std::string_view argument) {
     FormDataPaths(session);
     session::OpenPlatformFile(session);
     AddStandingEntries(session);
+    ShowAsHere(session);
     FirstRunCheck(session);
     ReadOptions(session);
     SetVisibleDefaults(session);

@@ -11,6 +11,7 @@
 #include <fmt/core.h>
 
 #include <optional>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -113,6 +114,13 @@ MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
 MissingFolderResult CreateMissing247Folder(Session& session, std::string_view path,
                                            bool isFolderPath) {
     return CreateMissingFolder(session, path, isFolderPath);
+}
+
+void RemoveMadeFolders(Session& session, const std::vector<std::string>& made) {
+    for (const std::string& folder : std::views::reverse(made)) {
+        if (!session.files().RemoveFolder(folder)) return;
+        LogTimed(session, fmt::format(" Removed {}", session.Shown(folder)));
+    }
 }
 
 } // namespace tarvix::session

@@ -4,6 +4,7 @@
 #include "platform/native_paths.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "text/list_marks.h"
 
 #include <fmt/core.h>
 
@@ -24,7 +25,7 @@ std::string ReadPathList(Session& session, std::string_view path) {
     if (!stream) return Unreadable(session, stream.error());
     std::string paths;
     auto line = (*stream)->ReadLine();
-    for (; line && *line != "*EOF"; line = (*stream)->ReadLine()) {
+    for (; line && *line != text::kEndMark; line = (*stream)->ReadLine()) {
         if (line->empty()) continue;
         paths.append(paths.empty() ? "" : "|").append(session.platform.paths.ToDrive(*line));
     }

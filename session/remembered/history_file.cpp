@@ -6,6 +6,7 @@
 #include "session/remembered/replace_file.h"
 #include "session/remembered/unsaved.h"
 #include "session/session.h"
+#include "text/list_marks.h"
 #include "text/numbers.h"
 
 #include <fmt/core.h>
@@ -17,7 +18,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::size_t kFullFrom = 200; // rows
 constexpr int kTypeMismatch = 13;
 
@@ -99,7 +99,7 @@ HistoryFile::Ending HistoryFile::ReadEntries(platform::TextStream& stream) {
         const std::string& text = *entry.result;
         if (text.find('/') != text.npos) return Ending::kDamaged;
         const bool isListed = IsListed(text);
-        if (!isListed && text == kEndMark) return Ending::kDone;
+        if (!isListed && text == text::kEndMark) return Ending::kDone;
         if (!isListed && text == "12:00:00 AM") continue;
         const auto line = next();
         if (!line) return endOf(line);
@@ -153,7 +153,7 @@ std::string HistoryFile::FileText() const {
         text.append(rows_.Text(row)).append("\r\n");
         text.append(text::DefaultDateText(rows_.Stamp(row))).append("\r\n");
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 } // namespace tarvix::session

@@ -3,6 +3,7 @@
 #include "fields/controls.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/numbers.h"
 
 namespace tarvix::session {
@@ -67,7 +68,8 @@ std::size_t HistoryRows::SetFixed(const std::vector<std::string>& texts) {
 
 bool CanBeHistoryEntry(std::string_view text) {
     return !text::Trim(text).empty() && text::Length(text) <= kLongestEntry &&
-           text.find_first_of("/\r\n") == text.npos && text != "*EOF" && !text::IsBlankValue(text);
+           text.find_first_of("/\r\n") == text.npos && text != text::kEndMark &&
+           !text::IsBlankValue(text);
 }
 
 } // namespace tarvix::session

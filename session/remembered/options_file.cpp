@@ -13,6 +13,7 @@
 #include "session/session.h"
 #include "session/settings/option_values.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -29,7 +30,6 @@ namespace {
 using platform::TextStream;
 
 constexpr std::string_view kRoutine = "OpenOptionFile";
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kHeading = "Tarvix Settings - Version";
 constexpr std::string_view kWarning =
     "DO NOT EDIT WHILE TARVIX IS RUNNING, edits will be lost at close.";
@@ -128,7 +128,7 @@ class Reading {
             auto line = Try([this] { return stream_->ReadLine(); });
             if (!line) return NoteEnd(line.ErrorNumber());
             const OptionLine split = SplitOptionLine(*line);
-            if (split.key == kEndMark) return;
+            if (split.key == text::kEndMark) return;
             const auto taken = Try([&] { return Take(split); });
             // What stands behind it was not read, and must not be written over.
             if (!taken) session_.state.blnOptionFileUnread = true;
@@ -166,14 +166,18 @@ class Reading {
 constexpr int kGrey = 2;                                           // of an attribute box
 constexpr std::array<std::size_t, 5> kFirstColumns{1, 2, 3, 4, 8}; // beside the name
 
-// What a new user finds where paths are native: subfolders are looked through, the columns that
-// most people read stand in the list, and nothing is left out for how it is stored on the disk.
-void SetUpForNative(Options& options) {
-    options.blnAllowUserSelectSubfolders = options.blnDefaultToIncludeSubfolders = true;
+void SetFirstColumns(Options& options) {
     options.blnListItems.fill(false);
     options.blnListItems.front() = kAllColumns.front();
     for (const std::size_t column : kFirstColumns)
         options.blnListItems[column] = true;
+}
+
+// What a new user finds where paths are native: subfolders are looked through, the columns that
+// most people read stand in the list, and nothing is left out for how it is stored on the disk.
+void SetUpForNative(Options& options) {
+    options.blnAllowUserSelectSubfolders = options.blnDefaultToIncludeSubfolders = true;
+    SetFirstColumns(options);
     options.byt512 = options.byt128 = options.bytCompressed = kGrey;
 }
 
@@ -240,6 +244,10 @@ Options UsualOptions(Session& session) {
     return options;
 }
 
+void TakeFirstColumns(Session& session) {
+    SetFirstColumns(session.state.options);
+}
+
 void OpenOptionFile(Session& session) {
     auto& state = session.state;
     state.blnOptionFileFound = FindFile(session);
@@ -294,7 +302,7 @@ std::string OptionFileText(const Session& session) {
     for (const std::string& line : EnvVariableLines(options)) {
         add(line);
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 void ApplyColumnsToList(Session& session) {

@@ -23,6 +23,9 @@ Options UsualOptions(Session& session);
 // Shows one option on the main form, if that has something that shows it.
 void ShowOption(Session& session, const OptionKey& key);
 
+// The columns that a new user finds where paths are native, before any options were read.
+void TakeFirstColumns(Session& session);
+
 // Writes the options to `strOptionFile`; after a failure, which is told, the old file stands. A
 // file that could not be opened at the start is left as it is.
 void SaveOptionFile(Session& session);

@@ -7,6 +7,7 @@
 #include "session/remembered/replace_file.h"
 #include "session/remembered/unsaved.h"
 #include "session/session.h"
+#include "text/list_marks.h"
 
 #include <fmt/core.h>
 
@@ -17,7 +18,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kEndMark = "*EOF";
 // Letters stay with a mount that is gone, but they are few.
 constexpr std::size_t kMostDrives = 16;
 constexpr std::array<std::string_view, 3> kMountRoots{"/media/", "/run/media/", "/mnt/"};
@@ -105,7 +105,7 @@ void SavePlatformFile(Session& session) {
     NoteMounts(settings, drives);
     ForgetGoneMounts(settings, drives);
     settings.latestYear = state.options.intLatestYear;
-    const bool isWhole = old && !old->empty() && old->back() == kEndMark;
+    const bool isWhole = old && !old->empty() && old->back() == text::kEndMark;
     const PlatformSettings usual = UsualSettings(session.platform.traits);
     if (isWhole && ParsePlatformSettings(*old, usual) == settings) return;
     auto saved = ReplaceTextFile(files, state.strPlatformFile, PlatformSettingsText(settings));

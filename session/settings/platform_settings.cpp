@@ -3,6 +3,7 @@
 #include "session/settings/option_keys.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/list_marks.h"
 #include "text/numbers.h"
 
 #include <fmt/core.h>
@@ -15,7 +16,6 @@ namespace tarvix::session {
 
 namespace {
 
-constexpr std::string_view kEndMark = "*EOF";
 constexpr std::string_view kDrivePrefix = "DRIVE ";
 constexpr std::string_view kNameColumn = "Name";
 constexpr std::string_view kNative = "native";
@@ -228,9 +228,16 @@ constexpr std::array kKeys{
     TextKey<&PlatformSettings::editor>(
         "Editor", "The command that opens text files; empty for the desktop's own."),
     TextKey<&PlatformSettings::player>(
-        "Player", "The command of the media player; empty for the desktop's own."),
+        "Player",
+        "The command of the media player; empty for VLC where it is, else the desktop's own."),
     TextKey<&PlatformSettings::secondPlayer>(
-        "SecondPlayer", "The command of a second media player; empty for none."),
+        "SecondPlayer", "The command of a second media player, with its own switch for adding to "
+                        "its list; empty for one that is installed."),
+    TextKey<&PlatformSettings::hexEditor>(
+        "HexEditor", "The command of the hex editor; empty for one that is installed."),
+    TextKey<&PlatformSettings::terminal>(
+        "Terminal", "The command of the terminal that text programs run in, such as xterm -e; "
+                    "empty for the first that is found."),
     SettingKey{"LatestFileYear",
                "The last year that is plausible for the date of a file; any for all years.",
                YearText, TakeYear},
@@ -317,7 +324,7 @@ PlatformSettings ParsePlatformSettings(const std::vector<std::string>& lines,
     PlatformSettings settings = std::move(usual);
     for (const std::string& line : lines) {
         const std::string_view trimmed = text::Trim(line);
-        if (trimmed == kEndMark) break;
+        if (trimmed == text::kEndMark) break;
         if (trimmed.empty() || trimmed.starts_with('#')) continue;
         if (!TakeLine(settings, trimmed)) settings.unknownLines.push_back(line);
     }
@@ -337,7 +344,7 @@ std::string PlatformSettingsText(const PlatformSettings& settings) {
     for (const std::string& line : settings.unknownLines) {
         text += fmt::format("{}\r\n", line);
     }
-    return text.append(kEndMark);
+    return text.append(text::kEndMark);
 }
 
 } // namespace tarvix::session

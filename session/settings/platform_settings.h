@@ -38,6 +38,8 @@ struct PlatformSettings {
     std::string editor;                 // a command; empty for the desktop's own
     std::string player;                 // in the place of VLC
     std::string secondPlayer;           // in the place of Winamp
+    std::string hexEditor;              // empty for none
+    std::string terminal;               // a program and its arguments are added to its end
     int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
     std::optional<bool> sortsFast;      // as the window left the box; none: as at first
     std::optional<bool> searchesSubfolders; // the same

@@ -56,6 +56,16 @@ TEST_F(Recycle, AnEmptyQueueIsDone) {
     ExpectOutcome(0, 0, false);
 }
 
+TEST_F(Recycle, AnObjectThatCannotGoHasItsReasonKept) {
+    QueueThreeWithABadOne();
+    machine.bin.Refuse("C:\\t\\b", platform::kDiskFull);
+    Answer({"cmdNo"});
+    Run();
+    ExpectOutcome(2, 1, true);
+    ASSERT_EQ(outcome.errors.size(), 1U);
+    EXPECT_NE(outcome.errors.front().find("C:\\t\\b"), std::string::npos);
+}
+
 TEST_F(Recycle, TheWholeQueueGoesToTheBinAndCanComeBack) {
     Disk().AddFile("C:\\t\\a", "1");
     Disk().AddFile("C:\\t\\d\\e\\f", "2");

@@ -1,3 +1,4 @@
+#include "actions/place/action_request.h"
 #include "actions/place/engine.h"
 #include "tests/actions/action_fixture.h"
 
@@ -47,6 +48,36 @@ TEST_F(Replacing, AFolderThatCannotBeCopiedWholeLeavesNothingUnderItsName) {
     for (const std::string& folder : Disk().AllFolders()) {
         EXPECT_FALSE(folder.starts_with("C:\\d\\")) << folder;
     }
+    ExpectTotals(0, 0, 1);
+}
+
+TEST_F(Replacing, AnObjectThatFailsLeavesNoFolderThatWasMadeForIt) {
+    Disk().AddFile("C:\\t\\sub\\deep\\x.txt", "x").isUnreadable = true;
+    Find(0, "C:\\t\\sub");
+    Copy([this](fields::FrmDialog& form) {
+        To("C:\\d\\new")(form);
+        form.optStructure.Choose(static_cast<int>(actions::Structure::kFolderToFolder));
+    });
+    EXPECT_TRUE(Disk().Exists("C:\\d"));
+    EXPECT_FALSE(Disk().Exists("C:\\d\\new"));
+    ExpectTotals(0, 0, 1);
+    ExpectLog({" Created C:\\d\\new", " Removed C:\\d\\new"});
+}
+
+TEST_F(Replacing, AFolderThatWasMadeForOneObjectStaysForAnother) {
+    Disk().AddFile("C:\\t\\sub\\1.txt", "1");
+    Disk().AddFile("C:\\t\\sub\\2.txt", "2").isUnreadable = true;
+    Find(0, "C:\\t\\sub");
+    Copy(To("C:\\d\\new"));
+    EXPECT_EQ(Disk().Content("C:\\d\\new\\1.txt"), "1");
+    ExpectTotals(1, 0, 1);
+}
+
+TEST_F(Replacing, AChainOfFoldersThatCannotBeMadeToItsEndGoesAgain) {
+    Find();
+    machine.faults.FailPath("C:\\d\\new\\deep", platform::kPermissionDenied, "CreateFolder");
+    Copy(To("C:\\d\\new\\deep"));
+    EXPECT_FALSE(Disk().Exists("C:\\d\\new"));
     ExpectTotals(0, 0, 1);
 }
 

@@ -99,6 +99,17 @@ TEST_F(Requests, FoldersAreMadeInAFolder) {
                   "C:\\t\\a.txt is a file, you can not create folders inside it.");
 }
 
+TEST_F(Requests, FoldersAreMadeInAPlaceThatAPathCanName) {
+    ExpectRefused("MakeFolders", "C:\\d?",
+                  "C:\\d? can't be used as a destination, as no folder in a path with \\ between "
+                  "its folders can hold ?.\r\n\r\nChange it, or type the whole path with / between "
+                  "its folders.");
+    ExpectRefused("MakeFolders", "C:\\d\\x:y",
+                  "C:\\d\\x:y can't be used as a destination, as a : can only stand behind the "
+                  "letter of a drive.\r\n\r\nChange it, or type the whole path with / between its "
+                  "folders.");
+}
+
 // ---- batches ----
 
 TEST_F(Requests, ABatchWithAFileAsDestinationSkipsItsStep) {

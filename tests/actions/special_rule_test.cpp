@@ -141,6 +141,7 @@ TEST(SpecialRuleConvert, GivesAFolderOrWhyThereIsNone) {
              ConvertCase{"C:\\a.txt", "E:\\x*2*", RuleEnd::kColon, ""},
              ConvertCase{"C:\\.a", "E:\\x\\*4*", RuleEnd::kDots, "E:\\x\\."},
              ConvertCase{"C:\\..a", "E:\\x\\*4**5*\\y", RuleEnd::kDots, "E:\\x\\..\\y"},
+             ConvertCase{"C:\\x.\uF02E", "E:\\x\\*5**6*\\y", RuleEnd::kDots, "E:\\x\\.\uF02E\\y"},
              ConvertCase{"C:\\..a", "E:\\x\\*4**6*", RuleEnd::kFolder, "E:\\x\\.a"},
              ConvertCase{"C:\\ab", "E:\\|4,2|", RuleEnd::kSearch, ""},
              ConvertCase{"C:\\ab", "E:\\|4,3|", RuleEnd::kShortSearch, ""},

@@ -52,6 +52,44 @@ TEST_F(PageShow, ThePagesOpenInTurnAndEachIsClosedBeforeTheNext) {
     EXPECT_EQ(Pages().size(), 5U);
 }
 
+TEST_F(PageShow, ABrowserThatTakesItsTimeToEndIsWaitedForByShortTicks) {
+    List("a\r\nb\r\n*EOF");
+    BeginPlain();
+    machine.launcher.closingLooks = 3;
+    TickAPage();
+    EXPECT_THAT(Pages(), ElementsAre("a", "close"));
+    EXPECT_EQ(Form().Timer1.Interval.Get(), 20);
+    Tick(2);
+    EXPECT_THAT(Pages(), ElementsAre("a", "close"));
+    Tick();
+    EXPECT_THAT(Pages(), ElementsAre("a", "close", "b"));
+    EXPECT_EQ(Form().Timer1.Interval.Get(), 100);
+    TickAPage();
+    EXPECT_FALSE(Form().Timer1.Enabled);
+}
+
+TEST_F(PageShow, ABrowserThatDoesNotEndIsWaitedForTwoSeconds) {
+    List("a\r\nb\r\n*EOF");
+    BeginPlain();
+    machine.launcher.closingLooks = 1000;
+    TickAPage();
+    Tick(99);
+    EXPECT_EQ(Pages().back(), "close");
+    Tick();
+    EXPECT_EQ(Pages().back(), "b");
+}
+
+TEST_F(PageShow, AShowThatTheUserEndsWaitsForNoBrowser) {
+    List("a\r\nb\r\n*EOF");
+    BeginPlain();
+    machine.launcher.closingLooks = 3;
+    TickAPage();
+    Click(Form().mnuTools_BrowserUseText);
+    EXPECT_FALSE(Form().Timer1.Enabled);
+    Tick(5);
+    EXPECT_THAT(Pages(), ElementsAre("a", "close", "close"));
+}
+
 TEST_F(PageShow, ARepeatedListStartsOverWithAShortTick) {
     List("a\r\nb\r\n*REPEAT");
     BeginPlain();
@@ -111,11 +149,12 @@ TEST_F(PageShow, WhatTheOptionsSayIsNotAskedFor) {
     EXPECT_THAT(machine.launcher.sizes, ElementsAre(platform::PageSize::kMinimized));
 }
 
-TEST_F(PageShow, WhereABrowserTakesNoSizeNobodyIsAskedForOne) {
+TEST_F(PageShow, WhereABrowserTakesNoSizeTheNoticeSaysSo) {
     machine.launcher.browser.takesSize = false;
     List("a\r\n*EOF");
-    Begin({"OK", "1", "C:\\lists\\pages.txt"});
-    EXPECT_THAT(Told(), Not(Contains(HasSubstr("MaXimized"))));
+    BeginPlain();
+    EXPECT_TRUE(WasTold("It opens its windows in a size of its own, whatever size is chosen"));
+    EXPECT_THAT(Told().front(), Not(HasSubstr("MaXimized")));
     EXPECT_THAT(Pages(), ElementsAre("a"));
 }
 

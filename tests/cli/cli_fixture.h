@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <expected>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -35,6 +37,7 @@ class CliFixture : public ::testing::Test {
                   .fillEvents = app::FillEvents,
                   .errIsTerminal = isTerminal,
                   .currentFolder = "/home/ann"};
+        host.edit = edit;
         host.interrupted = [this] { return interrupted; };
         host.open =
             [this](const MachineRequest&) -> std::expected<platform::Platform, std::string> {
@@ -50,6 +53,8 @@ class CliFixture : public ::testing::Test {
     std::string Out() const { return out.str(); }
     std::string Err() const { return err.str(); }
 
+    // What stands in for the user's editor; takes a native path.
+    std::function<std::expected<void, std::string>(const std::string&)> edit;
     bool isTerminal = false;
     int interrupted = 0; // by that signal
     platform::MemoryPlatform machine;

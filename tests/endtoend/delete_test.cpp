@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <sys/mount.h>
 #include <sys/stat.h>
 
 namespace tarvix::endtoend {
@@ -162,6 +164,66 @@ TEST_F(DeleteTest, TheTrashItselfIsNeitherSearchedNorDeleted) {
     EXPECT_EQ(found.out, "");
     const Outcome asked = Run({"search", "a.txt", "--in", ".local/share/Trash", "--any-attribute"});
     EXPECT_EQ(Shown(asked.out), "ROOT/.local/share/Trash/files/a.txt\n");
+}
+
+// ---- a full disk ----
+
+// The home folder, its trash and what is deleted, on a small disk without any room.
+class FullDiskDelete : public CliProcess {
+  protected:
+    ~FullDiskDelete() override {
+        if (isMounted_) ::umount2(Disk().c_str(), MNT_DETACH);
+    }
+    bool Fill() {
+        AddFolder("disk");
+        isMounted_ = ::mount("tmpfs", Disk().c_str(), "tmpfs", 0, "size=256k") == 0;
+        if (!isMounted_) return false;
+        ::setenv("HOME", Disk().c_str(), 1);
+        ::setenv("XDG_DATA_HOME", (Disk() / "share").c_str(), 1);
+        AddFile("disk/w/a.tmp", "1");
+        AddFile("disk/w/b.tmp", "2");
+        std::ofstream fill(Disk() / "fill", std::ios::binary);
+        while (fill.put('f')) {
+        }
+        return true;
+    }
+    Outcome Delete() {
+        return Run({"delete", "*.tmp", "--in", "disk/w", "--any-attribute", "--yes",
+                    "--on-recycle-failure", "keep"});
+    }
+    void ExpectNothingInTheTrash() {
+        std::error_code none;
+        for (const auto& entry : fs::recursive_directory_iterator(Disk() / "share", none)) {
+            EXPECT_TRUE(entry.is_directory()) << entry.path();
+        }
+    }
+    fs::path Disk() const { return Root() / "disk"; }
+
+  private:
+    bool isMounted_ = false;
+};
+
+TEST_F(FullDiskDelete, LeavesEverythingWhereItIsAndSaysWhy) {
+    if (!Fill()) GTEST_SKIP() << "nothing can be mounted here";
+    const Outcome outcome = Delete();
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.out, "Recycled 0 of 2 objects; 2 failed.\n");
+    EXPECT_THAT(Shown(outcome.err), HasSubstr("There is no space left on the drive that holds "
+                                              "ROOT/disk/w/a.tmp."));
+    EXPECT_EQ(ReadAll(Disk() / "w/a.tmp"), "1");
+    EXPECT_EQ(ReadAll(Disk() / "w/b.tmp"), "2");
+    ExpectNothingInTheTrash();
+}
+
+TEST_F(FullDiskDelete, GoesOnOnceThereIsRoom) {
+    if (!Fill()) GTEST_SKIP() << "nothing can be mounted here";
+    ASSERT_EQ(Delete().exitCode, 1);
+    fs::remove(Disk() / "fill");
+    const Outcome outcome = Delete();
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(ReadAll(Disk() / "share/Trash/files/a.tmp"), "1");
+    EXPECT_EQ(ReadAll(Disk() / "share/Trash/files/b.tmp"), "2");
+    EXPECT_FALSE(fs::exists(Disk() / "w/a.tmp"));
 }
 
 } // namespace

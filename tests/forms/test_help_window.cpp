@@ -65,7 +65,7 @@ TEST_F(HelpWindowTest, FollowsItsLinks) {
 TEST(HelpPages, OfThisProgramAreAllThere) {
     HelpWindow help;
     help.ShowPage(QString(TARVIX_HELP) + "/guide.md");
-    EXPECT_EQ(help.findChild<QListWidget*>("lstPages")->count(), 5);
+    EXPECT_EQ(help.findChild<QListWidget*>("lstPages")->count(), 6);
 }
 
 } // namespace tarvix::forms

@@ -95,6 +95,21 @@ TEST_F(WrittenListsTest, TheFirstLinesFollowTheChoices) {
     EXPECT_TRUE(AllModalsCame());
 }
 
+TEST_F(WrittenListsTest, TheFirstLinesSayThatPossibleDuplicatesAreLookedForLater) {
+    FindAll();
+    OnModal([](QWidget& dialog) {
+        const auto* note = In<QLabel>(dialog, "lblSimilarNote");
+        EXPECT_FALSE(note->isVisible());
+        In<QCheckBox>(dialog, "chkFindSimilar")->click();
+        EXPECT_TRUE(note->isVisible());
+        In<QCheckBox>(dialog, "chkFindSimilar")->click();
+        EXPECT_FALSE(note->isVisible());
+        In<QPushButton>(dialog, "CancelButton")->click();
+    });
+    Choose("mnuPathNamesM3u");
+    EXPECT_TRUE(AllModalsCame());
+}
+
 TEST_F(WrittenListsTest, AnActionThatWritesNoListShowsNone) {
     FindAll();
     OnModal([](QWidget& dialog) {

@@ -91,10 +91,27 @@ void WindowFixture::OnModal(std::function<void(QWidget&)> act) {
     watch_.start();
 }
 
+void WindowFixture::OnPopup(std::function<void(QMenu&)> act) {
+    waitingMenus_.push_back(std::move(act));
+    watch_.start();
+}
+
+bool WindowFixture::ServeMenu() {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr || menu == servedMenu_ || waitingMenus_.empty()) return false;
+    servedMenu_ = menu;
+    QObject::connect(menu, &QObject::destroyed, &watch_, [this] { servedMenu_ = nullptr; });
+    const auto act = waitingMenus_.front();
+    waitingMenus_.erase(waitingMenus_.begin());
+    act(*menu);
+    return true;
+}
+
 void WindowFixture::Watch() {
+    if (ServeMenu()) return;
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != served_) served_ = nullptr;
-    if (waiting_.empty()) watch_.stop();
+    if (AllModalsCame()) watch_.stop();
     if (modal == nullptr || modal == served_ || waiting_.empty()) return;
     served_ = modal;
     QObject::connect(modal, &QObject::destroyed, &watch_, [this] { served_ = nullptr; });

@@ -6,6 +6,7 @@
 #include "forms/search_window.h"
 #include "tests/machine/memory_platform.h"
 
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -49,8 +50,10 @@ class WindowFixture : public ::testing::Test {
 
     // Acts on the next modal window that opens; it must close it.
     void OnModal(std::function<void(QWidget&)> act);
-    // All that OnModal waited for has come.
-    bool AllModalsCame() const { return waiting_.empty(); }
+    // Acts on the next menu that opens; it must close it.
+    void OnPopup(std::function<void(QMenu&)> act);
+    // All that OnModal and OnPopup waited for has come.
+    bool AllModalsCame() const { return waiting_.empty() && waitingMenus_.empty(); }
 
     platform::MemoryPlatform machine;
     EventGate gate;
@@ -61,7 +64,11 @@ class WindowFixture : public ::testing::Test {
   private:
     void Watch();
 
+    bool ServeMenu();
+
     std::vector<std::function<void(QWidget&)>> waiting_;
+    std::vector<std::function<void(QMenu&)>> waitingMenus_;
+    QMenu* servedMenu_ = nullptr;
     QWidget* served_ = nullptr;
     QTimer watch_;
 };

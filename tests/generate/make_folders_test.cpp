@@ -126,6 +126,17 @@ TEST_F(Folders, EndWithOneSummaryWhenNamesAreTakenOrRefused) {
     EXPECT_EQ(State().lastAction.failed, 1);
 }
 
+TEST_F(Folders, OfAListThatLeadsElsewhereAreRefused) {
+    Disk().AddFolder("C:\\d\\in");
+    Disk().AddFile("C:\\t\\names.txt",
+                   "..\\up\r\n.\r\n..\r\nin\\..\\..\\up\r\nin\\deep\r\n*EOF\r\n");
+    Make({"C:\\t\\names.txt"});
+    EXPECT_FALSE(Disk().Exists("C:\\up"));
+    EXPECT_TRUE(Made("in\\deep"));
+    EXPECT_EQ(State().lastAction.done, 1);
+    EXPECT_EQ(State().lastAction.failed, 4);
+}
+
 TEST_F(Folders, ACancelMakesNone) {
     Make({"", ""});
     EXPECT_THAT(Told(), Contains("Canceled"));

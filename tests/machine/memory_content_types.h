@@ -5,7 +5,11 @@
 #include "text/paths.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace tarvix::platform {
 
@@ -24,10 +28,19 @@ class MemoryContentTypes : public ContentTypes {
         names_[text::Lower(extension)] = name;
     }
 
+    using Decoder =
+        std::function<std::optional<std::string>(std::string_view bytes, std::string_view charset)>;
+    std::optional<std::string> Decoded(std::string_view bytes, std::string_view charset) override {
+        return decoder_ ? decoder_(bytes, charset) : std::nullopt;
+    }
+    // Without one no character set is known.
+    void SetDecoder(Decoder decoder) { decoder_ = std::move(decoder); }
+
     std::size_t asked = 0; // calls for a name
 
   private:
     std::map<std::string, std::string> names_;
+    Decoder decoder_;
 };
 
 } // namespace tarvix::platform

@@ -52,12 +52,14 @@ class MemoryLauncher : public Launcher {
         pages.emplace_back("close");
         return std::exchange(isPageOpen, false);
     }
+    bool IsPageClosing() override { return closingLooks > 0 && closingLooks-- > 0; }
 
     PageBrowser browser{.name = "Pages", .endsPages = true, .takesSize = true};
     std::vector<std::string> pages; // addresses and "close", in order
     std::vector<PageSize> sizes;
     bool isPageOpen = false;
-    std::vector<std::string> opened;   // documents, in order
+    int closingLooks = 0;            // how often a page that was closed is still found about to end
+    std::vector<std::string> opened; // documents, in order
     std::vector<std::string> commands; // of those opened with one
     std::vector<std::string> closed;
     bool canClose = false;

@@ -3,8 +3,10 @@
 #include "platform/platform.h"
 #include "tests/machine/faulty_file_system.h"
 #include "tests/machine/faulty_trash.h"
+#include "tests/machine/memory_applications.h"
 #include "tests/machine/memory_clock.h"
 #include "tests/machine/memory_content_types.h"
+#include "tests/machine/memory_desktop.h"
 #include "tests/machine/memory_environment.h"
 #include "tests/machine/memory_file_system.h"
 #include "tests/machine/memory_launcher.h"
@@ -31,9 +33,12 @@ struct MemoryPlatform {
     MemoryRegistry registry;
     MemoryLauncher launcher{disk};
     MemoryContentTypes contentTypes;
+    MemoryApplications applications{disk};
+    MemoryDesktop desktop;
     MemoryTrash bin{disk};
     FaultyTrash trash{faults, bin};
-    Platform platform{faults, paths, clock, environment, registry, launcher, contentTypes, trash};
+    Platform platform{faults,   paths,        clock,        environment, registry,
+                      launcher, contentTypes, applications, desktop, trash};
 };
 
 } // namespace tarvix::platform

@@ -273,4 +273,65 @@ TEST_P(FileSystemConformance, AFileIsWrittenThroughOneStreamAtATime) {
     EXPECT_EQ(TextOf("log.txt"), "");
 }
 
+// ---- content in place of content ----
+
+TEST_P(FileSystemConformance, ContentIsReplacedByThatOfAnotherFile) {
+    for (const char* content : {"new", "a longer content than before\r\n", ""}) {
+        disk().MakeFile("a.txt", "old content");
+        disk().MakeFile("b.txt", content);
+        ASSERT_TRUE(files().ReplaceContent(At("a.txt"), At("b.txt")));
+        EXPECT_EQ(TextOf("a.txt"), content);
+        EXPECT_EQ(TextOf("b.txt"), content);
+        EXPECT_EQ(files().Facts(At("a.txt"))->size, std::string_view(content).size());
+        EXPECT_EQ(Names(""), (List{"a.txt", "b.txt"}));
+    }
+}
+
+TEST_P(FileSystemConformance, ReplacedContentKeepsWhatElseAFileHas) {
+    disk().MakeFile("a.txt", "old");
+    disk().MakeFile("b.txt", "new");
+    const bool hasAttributes = disk().SetExtendedAttribute("a.txt", "user.note", "kept");
+    ASSERT_TRUE(files().ReplaceContent(At("a.txt"), At("b.txt")));
+    EXPECT_EQ(TextOf("a.txt"), "new");
+    if (!hasAttributes) return;
+    EXPECT_EQ(disk().ExtendedAttribute("a.txt", "user.note"), "kept");
+    EXPECT_EQ(disk().ExtendedAttribute("b.txt", "user.note"), std::nullopt);
+}
+
+TEST_P(FileSystemConformance, ReplacedContentGoesIntoAReadOnlyFileToo) {
+    disk().MakeFile("a.txt", "old");
+    disk().MakeFile("b.txt", "new");
+    disk().SetReadOnly("a.txt");
+    ASSERT_TRUE(files().ReplaceContent(At("a.txt"), At("b.txt")));
+    EXPECT_EQ(TextOf("a.txt"), "new");
+    EXPECT_NE(AttributesOf("a.txt") & kReadOnly, 0U);
+    EXPECT_EQ(AttributesOf("b.txt") & kReadOnly, 0U);
+}
+
+TEST_P(FileSystemConformance, ReplacedContentGoesThroughALink) {
+    if (disk().IsRehearsal()) GTEST_SKIP() << "a link is a file of its own";
+    disk().MakeFile("a.txt", "old");
+    disk().MakeFile("b.txt", "new");
+    disk().MakeLink("link.txt", "a.txt");
+    ASSERT_TRUE(files().ReplaceContent(At("link.txt"), At("b.txt")));
+    EXPECT_EQ(TextOf("a.txt"), "new");
+    EXPECT_NE(AttributesOf("link.txt") & kAlias, 0U);
+    EXPECT_EQ(Names(""), (List{"a.txt", "b.txt", "link.txt"}));
+}
+
+TEST_P(FileSystemConformance, ContentIsReplacedOnlyInAFileByAFile) {
+    disk().MakeFile("a.txt", "old");
+    disk().MakeFolder("folder");
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("a.txt"), At("none.txt"))), kFileNotFound);
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("none.txt"), At("a.txt"))), kFileNotFound);
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("a.txt"), At("folder"))), kFileNotFound);
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("folder"), At("a.txt"))), kFileNotFound);
+    EXPECT_EQ(TextOf("a.txt"), "old");
+    EXPECT_EQ(Names(""), (List{"a.txt", "folder"}));
+    if (!disk().MakeFifo("fifo")) return;
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("a.txt"), At("fifo"))), kBadFileName);
+    EXPECT_EQ(NumberOf(files().ReplaceContent(At("fifo"), At("a.txt"))), kBadFileName);
+    EXPECT_EQ(TextOf("a.txt"), "old");
+}
+
 } // namespace tarvix::platform

@@ -119,11 +119,12 @@ TEST(Names, PeopleAreShownTheCharactersThemselves) {
 }
 
 TEST(Names, WhatCanBeAName) {
-    for (const char* name : {"a", "a.txt", ".hidden", "...", " ", "a ", "Żółć", "a\uF03Ab", "~"}) {
+    for (const char* name : {"a", "a.txt", ".hidden", "...", " ", "a ", "Żółć", "a\uF03Ab", "~",
+                             "..\uF02E", "\uF02Ea", "\uF020"}) {
         EXPECT_TRUE(CanBeName(name)) << name;
     }
-    for (const char* name :
-         {"", ".", "..", "a\\b", "a/b", "a:b", "a*", "a?", "\"", "<", ">", "|", "\n", "caf\xE9"}) {
+    for (const char* name : {"", ".", "..", "\uF02E", ".\uF02E", "\uF02E.", "\uF02E\uF02E", "a\\b",
+                             "a/b", "a:b", "a*", "a?", "\"", "<", ">", "|", "\n", "caf\xE9"}) {
         EXPECT_FALSE(CanBeName(name)) << name;
     }
     EXPECT_FALSE(CanBeName(std::string_view("a\0b", 3)));

@@ -85,6 +85,21 @@ TEST_F(Welcome, IsOneWindowThatSpeaksOfThisMachine) {
     EXPECT_EQ(Disk().Content(kHistory), "");
 }
 
+TEST_F(Welcome, StandsInFrontOfBoxesAndColumnsOfThisMachine) {
+    std::string caption;
+    std::vector<std::size_t> columns;
+    windows.SetModalRunner([&](session::Session& session, fields::Form&) {
+        caption = session.frmSearch.chk256.Caption.Get();
+        for (std::size_t column = 0; column < session.blnListItems.size(); ++column) {
+            if (session.blnListItems[column]) columns.push_back(column);
+        }
+        return false;
+    });
+    Answer("Start");
+    EXPECT_EQ(caption, "Temporary (256)");
+    EXPECT_EQ(columns, (std::vector<std::size_t>{0, 1, 2, 3, 4, 8}));
+}
+
 TEST_F(Welcome, TheFirstLocationIsAFolderThatStandsHere) {
     windows.Queue("Start");
     app::Program first(machine.platform, windows);

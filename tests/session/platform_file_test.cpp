@@ -26,6 +26,8 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
     settings.longestPath = session::kAnyLength;
     settings.editor = "gedit --wait";
     settings.player = "vlc";
+    settings.hexEditor = "ghex";
+    settings.terminal = "xterm -e";
     settings.latestYear = 2026;
     settings.sortsFast = true;
     settings.searchWindow = {-10, 20, 1120, 720, true};
@@ -47,10 +49,16 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "LongestPath = native\r\n"
         "# The command that opens text files; empty for the desktop's own.\r\n"
         "Editor = gedit --wait\r\n"
-        "# The command of the media player; empty for the desktop's own.\r\n"
+        "# The command of the media player; empty for VLC where it is, else the desktop's own.\r\n"
         "Player = vlc\r\n"
-        "# The command of a second media player; empty for none.\r\n"
+        "# The command of a second media player, with its own switch for adding to its list; empty "
+        "for one that is installed.\r\n"
         "SecondPlayer =\r\n"
+        "# The command of the hex editor; empty for one that is installed.\r\n"
+        "HexEditor = ghex\r\n"
+        "# The command of the terminal that text programs run in, such as xterm -e; empty for the "
+        "first that is found.\r\n"
+        "Terminal = xterm -e\r\n"
         "# The last year that is plausible for the date of a file; any for all years.\r\n"
         "LatestFileYear = 2026\r\n"
         "# Whether the window was left with Fast Sort on; empty for as at first.\r\n"

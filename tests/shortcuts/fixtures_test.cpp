@@ -65,6 +65,32 @@ TEST(ForeignLinks, ThatAreBrokenAreLeftAlone) {
     }
 }
 
+// Written wrong by another program: a target that is a stray buffer, a variable that was left out,
+// a text that no flag tells of.
+TEST(ForeignLinks, ThatNobodyTrustsAreReadAndEditedWithoutHarm) {
+    const std::map<std::string, std::string> targets{
+        {"10_long_path_300", "?\u00C9"},
+        {"12_envvar_expsz", "C:\\windows\\notepad.exe"},
+        {"71_relpath", "C:\\proj\\bin\\tool.exe"}};
+    Edits edits;
+    edits[kDescription] = "x";
+    for (const auto& [name, target] : targets) {
+        const std::string bytes = ShortcutBytes("lnk/distrust/" + name + ".lnk");
+        EXPECT_EQ(Read(Kind::kLnk, bytes)[kTarget], target) << name;
+        EXPECT_EQ(Edit(Kind::kLnk, bytes, {}), bytes) << name;
+        const Edited edited = Edit(Kind::kLnk, bytes, edits);
+        if (edited) {
+            EXPECT_EQ(Read(Kind::kLnk, *edited)[kTarget], target) << name;
+            EXPECT_EQ(Read(Kind::kLnk, *edited)[kDescription], "x") << name;
+        }
+        for (std::size_t length = 0; length < bytes.size(); ++length) {
+            EXPECT_LE(Read(Kind::kLnk, std::string_view(bytes).substr(0, length))[kTarget].size(),
+                      target.size())
+                << name << " " << length;
+        }
+    }
+}
+
 TEST(ForeignLinks, CutAnywhereAreReadWithoutHarm) {
     const std::string whole = ShortcutBytes("lnk/wine/72_everything.lnk");
     for (std::size_t length = 0; length < whole.size(); ++length) {

@@ -1,0 +1,56 @@
+#include "platform/linux/player_bus.h"
+
+#include "text/case.h"
+
+namespace tarvix::platform {
+
+namespace {
+
+constexpr const char* kObject = "/org/mpris/MediaPlayer2";
+constexpr const char* kNoTrack = "/org/mpris/MediaPlayer2/TrackList/NoTrack";
+constexpr std::string_view kPrefix = "org.mpris.MediaPlayer2.";
+
+// "org.mpris.MediaPlayer2.vlc.instance123" is one of vlc.
+bool IsPlayer(std::string_view name, std::string_view program) {
+    if (!name.starts_with(kPrefix)) return false;
+    name.remove_prefix(kPrefix.size());
+    return text::EqualNoCase(name.substr(0, name.find('.')), program) ||
+           text::EqualNoCase(name, program);
+}
+
+} // namespace
+
+PlayerBus::PlayerBus(const std::string& program) {
+    for (const std::string& name : bus_.Names()) {
+        if (!IsPlayer(name, program)) continue;
+        const BusMethod list{name, kObject, "org.mpris.MediaPlayer2.TrackList", ""};
+        const auto editable = bus_.Property(list, "CanEditTracks");
+        if (!editable || !g_variant_is_of_type(editable->get(), G_VARIANT_TYPE_BOOLEAN)) continue;
+        if (!g_variant_get_boolean(editable->get())) continue;
+        name_ = name;
+        return;
+    }
+}
+
+BusMethod PlayerBus::On(const char* method) const {
+    return {name_, kObject, "org.mpris.MediaPlayer2.TrackList", method};
+}
+
+Result<void> PlayerBus::Append(const std::string& address) const {
+    const auto tracks = bus_.Property(On(""), "Tracks");
+    if (!tracks) return std::unexpected(tracks.error());
+    std::string last = kNoTrack;
+    if (g_variant_is_of_type(tracks->get(), G_VARIANT_TYPE("ao"))) {
+        const gsize count = g_variant_n_children(tracks->get());
+        if (count > 0) {
+            const Variant track(g_variant_get_child_value(tracks->get(), count - 1));
+            last = g_variant_get_string(track.get(), nullptr);
+        }
+    }
+    const auto added =
+        bus_.Call(On("AddTrack"), g_variant_new("(sob)", address.c_str(), last.c_str(), FALSE));
+    if (!added) return std::unexpected(added.error());
+    return {};
+}
+
+} // namespace tarvix::platform

@@ -122,6 +122,7 @@ QWidget* MakeFolderList(const FrmOptions& form) {
     area->setWidgetResizable(true);
     area->setWidget(entries);
     area->setMinimumHeight(area->fontMetrics().lineSpacing() * kFolderLines);
+    area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     return area;
 }
 
@@ -172,22 +173,17 @@ void FillDefaults(const FrmOptions& form, QVBoxLayout& column) {
 }
 
 void FillList(const FrmOptions& form, QVBoxLayout& column) {
-    auto* left = new QVBoxLayout;
+    const int groups = form.optQuickList.Count();
     auto* quick = MakeGroup("Groups of columns");
-    quick->setLayout(
-        MakeGrid(form.optQuickList, 0, form.optQuickList.Count() - 1, form.optQuickList.Count()));
-    left->addWidget(quick);
-    left->addWidget(MakeNote(form.lblColumnNote));
-    AddBoxes(*left, {&form.chkLockColumnWidths, &form.chkNoColumnWarning,
-                     &form.chkNoContextMenuWarning, &form.chkFastSearch});
-    left->addStretch();
+    quick->setLayout(MakeGrid(form.optQuickList, 0, groups - 1, (groups + 1) / 2));
     auto* shown = MakeGroup("Columns");
-    shown->setLayout(
-        MakeGrid(form.chkList, form.chkList.First(), form.chkList.Last(), form.chkList.Last()));
-    auto* row = new QHBoxLayout;
-    row->addLayout(left, 1);
-    row->addWidget(shown, 0, Qt::AlignTop);
-    column.addLayout(row);
+    shown->setLayout(MakeGrid(form.chkList, form.chkList.First(), form.chkList.Last(),
+                              (form.chkList.Last() + 1) / 2));
+    column.addWidget(quick);
+    column.addWidget(shown);
+    column.addWidget(MakeNote(form.lblColumnNote));
+    AddBoxes(column, {&form.chkLockColumnWidths, &form.chkNoColumnWarning,
+                      &form.chkNoContextMenuWarning, &form.chkFastSearch});
 }
 
 void FillSort(const FrmOptions& form, QVBoxLayout& column) {
@@ -221,6 +217,7 @@ QTreeWidget* MakeVariables(const FrmOptions& form) {
     table->setRootIsDecorated(false);
     table->setAlternatingRowColors(true);
     table->setTextElideMode(Qt::ElideMiddle);
+    table->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     table->setMinimumHeight(table->fontMetrics().lineSpacing() * kFolderLines);
     return table;
 }
@@ -269,6 +266,15 @@ QWidget* MakeDrives(const FrmOptions& form) {
     return group;
 }
 
+// The setting of a program with the button that starts it.
+QWidget* WithTest(const FrmOptions& form, const fields::MachineField& field, QWidget* widget) {
+    const fields::Control* test = form.Find("cmdTest" + field.key);
+    if (test == nullptr) return widget;
+    QWidget* row = InRow({widget, Make(static_cast<const fields::CommandButton&>(*test))}, 2);
+    static_cast<QHBoxLayout*>(row->layout())->setStretch(0, 1);
+    return row;
+}
+
 // A setting with what it is below its field.
 void FillMachine(const FrmOptions& form, QVBoxLayout& column) {
     auto* grid = new QGridLayout;
@@ -280,8 +286,11 @@ void FillMachine(const FrmOptions& form, QVBoxLayout& column) {
         auto* told = new WrappingLabel(ToQt(field.control->ToolTipText.Get()).section('\n', 0, 0));
         told->setForegroundRole(QPalette::PlaceholderText);
         grid->addWidget(label, row, 0);
-        grid->addWidget(WithReset(*field.control, widget, true), row++, 1);
+        grid->addWidget(WithTest(form, field, WithReset(*field.control, widget, true)), row++, 1);
         grid->addWidget(told, row++, 1);
+        if (const auto* found = form.Find("lblFound" + field.key)) {
+            grid->addWidget(MakeNote(static_cast<const fields::Label&>(*found)), row++, 1);
+        }
     }
     grid->setColumnStretch(1, 1);
     column.addLayout(grid);

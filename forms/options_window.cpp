@@ -74,6 +74,7 @@ QWidget* OptionsWindow::MakeSidebar() {
     });
     FieldListBox* pages = Make(Form().tbsOptions);
     pages->setAccessibleName("Pages");
+    pages->setSpacing(2);
     pages->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(pages, &QListWidget::currentRowChanged, this, [this, pages](int row) {
         if (row >= 0 && row != Form().Page() && pages->onChoose) pages->onChoose(row);

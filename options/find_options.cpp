@@ -94,6 +94,7 @@ void ShowFollowing(Session& session) {
     ShowChosenFolder(session);
     ShowDrives(session);
     ShowColumnNote(session);
+    ShowChangedCount(session);
 }
 
 bool HasWords(const std::string& text, const std::vector<std::string_view>& words) {
@@ -180,12 +181,13 @@ void FindOptions(Session& session) {
         const bool isSought = !text::Trim(form.txtFind.Text.Get()).empty();
         if (!isSought || !IsOption(form, *control)) continue;
         const std::string line =
-            fmt::format("{}: {}", PageName(form, PageOf(form, *control)), NameOf(form, *control));
+            fmt::format("{}: {}{}", PageName(form, PageOf(form, *control)), NameOf(form, *control),
+                        IsChanged(form, *control) ? " (changed)" : "");
         const std::string all =
             fmt::format("{} {} {}", line, control->ToolTipText.Get(), control->Name());
         if (!HasWords(all, words)) continue;
         form.found.push_back(control);
-        lines.push_back(line + (IsChanged(form, *control) ? " (changed)" : ""));
+        lines.push_back(line);
     }
     form.lstFound.SelectNone();
     form.lstFound.SetItems(std::move(lines));
@@ -199,6 +201,18 @@ void ShowChangedCount(Session& session) {
                                   ? "All options are as at first."
                                   : fmt::format("{} {} not as at first.", changed,
                                                 changed == 1 ? "option is" : "options are");
+}
+
+void CountChanges(session::EventTable& events) {
+    FrmOptions names;
+    MakeMachineFields(names);
+    for (const Control* control : names.Controls()) {
+        if (!IsOption(names, *control)) continue;
+        for (const char* event : {"Click", "Change"}) {
+            std::string name = fmt::format("frmOptions.{}_{}", control->ArrayName(), event);
+            if (!events.Has(name)) events.On(std::move(name), ShowChangedCount);
+        }
+    }
 }
 
 void AddFindEvents(session::EventTable& events) {

@@ -224,6 +224,7 @@ void AddOptionsEvents(session::EventTable& events) {
     AddSearchFolderEvents(events);
     AddMachineEvents(events);
     AddFindEvents(events);
+    CountChanges(events);
 }
 
 } // namespace tarvix::options

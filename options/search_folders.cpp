@@ -12,6 +12,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace tarvix::options {
 
 namespace {
@@ -55,7 +57,8 @@ void cmdBrowse_Click(Session& session) {
     ShowChosenFolder(session);
 }
 
-// Without blanks beside "|" and "\\", and without empty pieces.
+// Without blanks beside "|" and "\\", and without empty pieces. A "/" behind a variable is no part
+// of a name.
 std::string Cleaned(std::string_view folders) {
     std::string cleaned;
     const std::string list = text::CleanSpacesInPath(folders, false);
@@ -63,6 +66,7 @@ std::string Cleaned(std::string_view folders) {
         if (piece.empty()) continue;
         cleaned.append(cleaned.empty() ? "" : "|").append(piece);
     }
+    std::ranges::replace(cleaned, '/', '\\');
     return cleaned;
 }
 

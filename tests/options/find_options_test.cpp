@@ -58,6 +58,9 @@ TEST_F(FindOptions, MarksWhatIsChanged) {
         SetNamed("chkSkipNTFS", "0");
         EXPECT_THAT(Found("security"),
                     ElementsAre("General: Skip security access warnings. (changed)"));
+        EXPECT_THAT(Found("(changed)"),
+                    Contains("General: Skip security access warnings. (changed)"));
+        EXPECT_EQ(ValueOf("lblChanged"), "1 option is not as at first.");
     });
 }
 

@@ -92,6 +92,8 @@ TEST_F(SearchFolders, AListWithoutATitleGetsNoFile) {
 
 TEST_F(SearchFolders, NativePathsAreTakenAndKeptInDriveForm) {
     Start();
+    Accept([&] { Give(5, "%UserProfile%/Music", "Own"); });
+    EXPECT_TRUE(FileHas("strDefSearchFolder(5) = %UserProfile%\\Music[Own"));
     Accept([&] { Give(4, "/srv/music|~/Music", "Music"); });
     EXPECT_TRUE(FileHas("strDefSearchFolder(4) = C:\\srv\\music|C:\\home\\ann\\Music[Music"));
 }

@@ -5,9 +5,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QListWidget>
+#include <QFont>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 
 namespace tarvix::forms {
 namespace {

@@ -9,9 +9,11 @@
 #include "session/session.h"
 #include "session/tools.h"
 #include "text/characters.h"
+#include "text/numbers.h"
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -36,17 +38,27 @@ std::vector<std::string> LinesOf(Session& session, std::string_view native) {
     return lines;
 }
 
-// What stands behind a key and its separator, without quotes and blanks around.
+// What stands behind a key and its "=" or ":", without quotes and blanks around.
 std::optional<std::string> ValueOf(const std::vector<std::string>& lines, std::string_view key) {
     for (const std::string& line : lines) {
         if (!line.starts_with(key)) continue;
-        std::string_view value = text::Trim(std::string_view(line).substr(key.size()));
+        std::string_view value = std::string_view(line).substr(key.size());
+        value.remove_prefix(std::min(value.find_first_not_of(" \t:="), value.size()));
+        value = text::Trim(value);
         if (value.size() > 1 && value.starts_with('"') && value.ends_with('"')) {
             value = value.substr(1, value.size() - 2);
         }
         return std::string(value);
     }
     return std::nullopt;
+}
+
+// From a number of "kB", which are 1,024 bytes each; as it stands where it is none.
+std::optional<std::string> InGigabytes(std::optional<std::string> memory) {
+    constexpr double kPerGigabyte = 1024.0 * 1024.0;
+    if (!memory) return memory;
+    const auto number = text::ParseWholeNumber(memory->substr(0, memory->find(' ')));
+    return number ? fmt::format("{:.1f} GiB", *number / kPerGigabyte) : memory;
 }
 
 class Facts {
@@ -67,7 +79,7 @@ class Facts {
 void AddDrives(Session& session, Facts& facts) {
     for (const platform::DriveInfo& drive : session.files().Drives()) {
         if (!drive.isReady) continue;
-        facts.Add(fmt::format("Drive {}", drive.path),
+        facts.Add(fmt::format("Drive {}", drive.path.substr(0, 1)),
                   fmt::format("{} ({})", drive.nativeMount, drive.fileSystem));
     }
 }
@@ -93,13 +105,10 @@ std::string SystemFacts(Session& session) {
     facts.Add(session::kProductName, session::ProductVersion());
     facts.Add("Data folder", session.Shown(session.state.strDataFolder));
     facts.Part();
-    facts.AddKnown("System", ValueOf(system, "PRETTY_NAME="));
+    facts.AddKnown("System", ValueOf(system, "PRETTY_NAME"));
     if (!kernel.empty()) facts.Add("Kernel", kernel.front());
-    facts.AddKnown("Memory", ValueOf(LinesOf(session, "/proc/meminfo"), "MemTotal:"));
-    facts.AddKnown("Processor", [&] {
-        const auto model = ValueOf(LinesOf(session, "/proc/cpuinfo"), "model name");
-        return model ? std::optional(std::string(text::Trim(text::Mid(*model, 2)))) : model;
-    }());
+    facts.AddKnown("Memory", InGigabytes(ValueOf(LinesOf(session, "/proc/meminfo"), "MemTotal")));
+    facts.AddKnown("Processor", ValueOf(LinesOf(session, "/proc/cpuinfo"), "model name"));
     facts.AddKnown("Computer", environment.Get("ComputerName"));
     facts.AddKnown("User", environment.Get("UserName"));
     facts.AddKnown("Desktop", environment.Get("XDG_CURRENT_DESKTOP"));

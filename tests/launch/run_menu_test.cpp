@@ -340,8 +340,11 @@ TEST_F(RunMenu, TheFactsOfTheSystemAreTold) {
     EXPECT_THAT(Told(), ElementsAre("System Information Is Unavailable At This Time"));
     const auto& paths = machine.platform.paths;
     Disk().AddFile(paths.ToDrive("/etc/os-release"), "NAME=x\nPRETTY_NAME=\"Deb 12\"\n");
+    Disk().AddFile(paths.ToDrive("/proc/meminfo"), "MemTotal:        6291456 kB\n");
+    Disk().AddFile(paths.ToDrive("/proc/cpuinfo"), "processor\t: 0\nmodel name\t: Some CPU\n");
     Click(Form().mnuHelp_SysInfo);
     EXPECT_THAT(Told().back(), HasSubstr("System: Deb 12\r\n"));
+    EXPECT_THAT(Told().back(), HasSubstr("Memory: 6.0 GiB\r\nProcessor: Some CPU\r\n"));
     EXPECT_THAT(Told().back(), HasSubstr("Player: VLC\r\n"));
     EXPECT_THAT(Told().back(), HasSubstr("HexEditor: none\r\n"));
 }

@@ -72,8 +72,7 @@ void CheckRename(ActionRequest& rename) {
         Refuse("The names come from one source: leave out --insert and --find, or the other one.");
     }
     if (isTyped || rename.source != NameSource::kTyped) return;
-    Refuse("Say what to do with the names: --insert TEXT, or --find TEXT with --replace TEXT, or "
-           "--edit to change them in an editor.");
+    Refuse("Say what to do with the names: --insert TEXT, or --find TEXT with --replace TEXT.");
 }
 
 // The options that take names from elsewhere.

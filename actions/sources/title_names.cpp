@@ -46,7 +46,7 @@ class TitleSource {
         std::string error;
     };
 
-    // The path of the object's page; empty without one. `hasAsked`: a path was too long.
+    // The path of its page; empty without one. `isLeft`: a path was too long, and it stays.
     std::string PageFor(std::size_t index, bool& isLeft);
     std::string FirstPage(const std::string& folder, std::string_view base, bool& isLeft);
     const Title& TitleOf(std::size_t index, const std::string& page);

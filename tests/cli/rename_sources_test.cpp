@@ -108,7 +108,7 @@ TEST_F(RenameSources, OneSourceAtATime) {
     EXPECT_EQ(Rename({"--from-list", "x", "--from-links", "y"}), kBadRequest);
     EXPECT_EQ(Rename({"--whole-names", "--insert", "x"}), kBadRequest);
     EXPECT_EQ(Rename({}), kBadRequest);
-    EXPECT_THAT(Err(), HasSubstr("--edit"));
+    EXPECT_THAT(Err(), HasSubstr("Say what to do with the names"));
 }
 
 TEST_F(RenameSources, NamesGoThroughTheEditorAndBack) {

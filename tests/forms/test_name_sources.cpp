@@ -57,11 +57,12 @@ TEST_F(NameSourceWindows, PagesAreRenamedByTheirTitles) {
 }
 
 TEST_F(NameSourceWindows, TheListOfNamesIsOfferedForEditing) {
-    OnModal([](QWidget& modal) {
+    OnModal([this](QWidget& modal) {
         EXPECT_TRUE(modal.findChild<QCheckBox*>("chkWholeNames")->isVisible());
         QTest::mouseClick(modal.findChild<QPushButton*>("cmdEditNames"), Qt::LeftButton);
-        EXPECT_TRUE(
-            modal.findChild<QComboBox*>("cmbDir")->currentText().endsWith("Rename List.txt"));
+        const std::string list = S().frmDialog.cmbDir.Text;
+        EXPECT_TRUE(list.ends_with("\\Rename List.txt")) << list;
+        EXPECT_EQ(machine.disk.Content(list), "a\r\nb\r\n*EOF\r\n");
         modal.close();
     });
     Entry("mnuRenameSelFromFile")->trigger();

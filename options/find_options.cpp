@@ -6,6 +6,7 @@
 #include "options/option_table.h"
 #include "options/quick_columns.h"
 #include "options/search_folders.h"
+#include "options/tool_fields.h"
 #include "session/event_table.h"
 #include "session/input_recorder.h"
 #include "session/session.h"
@@ -93,6 +94,7 @@ void ShowFollowing(Session& session) {
     ShowPattern(session, form);
     ShowChosenFolder(session);
     ShowDrives(session);
+    ShowTools(session);
     ShowColumnNote(session);
     ShowChangedCount(session);
 }

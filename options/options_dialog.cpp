@@ -8,6 +8,7 @@
 #include "options/option_table.h"
 #include "options/quick_columns.h"
 #include "options/search_folders.h"
+#include "options/tool_fields.h"
 #include "results/columns.h"
 #include "session/event_table.h"
 #include "session/lifecycle_events.h"
@@ -168,6 +169,7 @@ void LoadOptionsIntoForm(Session& session) {
     ShowPattern(session, form);
     ShowChosenFolder(session);
     ShowDrives(session);
+    ShowTools(session);
     ShowColumnNote(session);
     LockForActiveSearch(session);
     FindOptions(session);
@@ -223,6 +225,7 @@ void AddOptionsEvents(session::EventTable& events) {
     AddExpertModeEvents(events);
     AddSearchFolderEvents(events);
     AddMachineEvents(events);
+    AddToolEvents(events);
     AddFindEvents(events);
     CountChanges(events);
 }

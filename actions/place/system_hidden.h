@@ -20,9 +20,10 @@ struct Protection {
 };
 
 // Whether an object is protected and must not be overwritten, moved or deleted: it is hidden or a
-// system object and neither the options of this run nor the user say otherwise, or it can't be read. Asks, logs the answer, and
-// keeps one for all in the run. A plain copy or move of such an object goes on as a copy, which is
-// told once for the whole program. That it isn't what the search saw is logged.
+// system object and neither the options of this run nor the user say otherwise, or it can't be
+// read. Asks, logs the answer, and keeps one for all in the run. A plain copy or move of such an
+// object goes on as a copy, which is told once for the whole program. That it isn't what the search
+// saw is logged.
 Protection CheckSystemHidden(session::Session& session, ActionRun& run, const Object& object,
                              bool blnOverwriting);
 

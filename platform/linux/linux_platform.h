@@ -38,8 +38,8 @@ class LinuxPlatform {
     explicit LinuxPlatform(LinuxOptions options = {});
 
     Platform Parts() {
-        return {files_,     paths_,        clock_,        environment_, registry_,
-                *launcher_, contentTypes_, applications_, desktop_, trash_,       kTraits};
+        return {files_,        paths_,        clock_,   environment_, registry_, *launcher_,
+                contentTypes_, applications_, desktop_, trash_,       kTraits};
     }
 
   private:

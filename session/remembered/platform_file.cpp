@@ -49,9 +49,8 @@ void NoteMounts(PlatformSettings& settings, const std::vector<platform::DriveInf
         if (!drive.isReady || !IsMountPoint(drive.nativeMount) || drive.path.starts_with('C')) {
             continue;
         }
-        const bool hasLetter = std::ranges::any_of(settings.drives, [&](const auto& saved) {
-            return saved.second == drive.nativeMount;
-        });
+        const bool hasLetter = std::ranges::any_of(
+            settings.drives, [&](const auto& saved) { return saved.second == drive.nativeMount; });
         if (!hasLetter) settings.drives.try_emplace(drive.path.front(), drive.nativeMount);
     }
 }

@@ -38,7 +38,7 @@ struct MemoryPlatform {
     MemoryTrash bin{disk};
     FaultyTrash trash{faults, bin};
     Platform platform{faults,   paths,        clock,        environment, registry,
-                      launcher, contentTypes, applications, desktop, trash};
+                      launcher, contentTypes, applications, desktop,     trash};
 };
 
 } // namespace tarvix::platform

@@ -37,7 +37,7 @@ Result<void> LinuxLauncher::OpenDocument(std::string_view path) {
     if (type.empty()) return FailureBy(kFileNotFound, path);
     const auto application = applications_.DefaultFor(type);
     if (!application) return CannotOpen(path, "no application is set for such files.");
-    const std::string_view folder = text::ParentFolder(path);
+    const std::string folder = text::ParentFolder(path);
     return Told(StartPlan(applications_,
                           applications_.PlanApplication(application->id, {&object, 1}, folder)),
                 path);
@@ -45,7 +45,7 @@ Result<void> LinuxLauncher::OpenDocument(std::string_view path) {
 
 Result<void> LinuxLauncher::OpenWith(std::string_view command, std::string_view path) {
     const std::string object(path);
-    const std::string_view folder = text::ParentFolder(path);
+    const std::string folder = text::ParentFolder(path);
     return Told(StartPlan(applications_, applications_.PlanCommand(command, {&object, 1}, folder)),
                 path);
 }

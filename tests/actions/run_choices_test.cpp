@@ -84,8 +84,8 @@ TEST_F(RunChoices, OneAllowsNothingElse) {
 
 TEST_F(RunChoices, AutomaticModeOverwritesAllOrNoneAsChosen) {
     GivenOld();
-    Let(2);
     Find();
+    Let(2);
     Copy(To("C:\\d", "chkOverWrite"));
     EXPECT_EQ(Disk().Content("C:\\d\\a.txt"), "old");
     Choices().blnAutoPara = {};
@@ -99,8 +99,8 @@ TEST_F(RunChoices, AutomaticModeOverwritesAllOrNoneAsChosen) {
 }
 
 TEST_F(RunChoices, AutomaticModeDeletesAllOrNoneAsChosen) {
-    Let(4);
     Find();
+    Let(4);
     Delete();
     EXPECT_TRUE(Disk().Exists("C:\\t\\a.txt"));
     Choices().blnAutoPara = {};
@@ -113,9 +113,9 @@ TEST_F(RunChoices, AutomaticModeDeletesAllOrNoneAsChosen) {
 
 TEST_F(RunChoices, AutomaticModeAsksWhereItMayNotOrNothingIsChosen) {
     GivenOld();
+    Find();
     State().options.blnAutoMode = true;
     Choices().blnAutoPara[1] = true;
-    Find();
     Copy(To("C:\\d", "chkOverWrite"));
     EXPECT_TRUE(WasAsked());
     const std::size_t asked = TimesTold("has the attribute(s)");
@@ -129,9 +129,9 @@ TEST_F(RunChoices, AutomaticModeAsksWhereItMayNotOrNothingIsChosen) {
 
 TEST_F(RunChoices, WithoutAutomaticModeItsAnswersDontCount) {
     GivenOld();
+    Find();
     Let(1);
     State().options.blnAutoMode = false;
-    Find();
     Copy(To("C:\\d", "chkOverWrite"));
     EXPECT_TRUE(WasAsked());
 }

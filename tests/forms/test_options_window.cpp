@@ -140,7 +140,7 @@ TEST_F(OptionsWindowTest, TheSearchBoxGoesToAnOption) {
         QTest::keyClick(&find, Qt::Key_Return);
         EXPECT_TRUE(modal.isVisible()) << "Enter in the search box is no OK";
         EXPECT_EQ(stack->currentIndex(), int{fields::kWebPage});
-        EXPECT_TRUE(In<QLineEdit>("txtDefTime").hasFocus());
+        EXPECT_EQ(modal.focusWidget(), &In<QLineEdit>("txtDefTime"));
         QTest::keyClicks(&find, "no such thing");
         QTest::keyClick(&find, Qt::Key_Escape);
         EXPECT_TRUE(modal.isVisible());

@@ -153,8 +153,9 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
      "the trash is marked in it.\r\n\r\n"
      "Everything that is selected is handed over together, be it in one folder or in "
      "many.\r\n\r\n"
-     "This is told once in each run. The option blnNoContextMenuWarning turns it off "
-     "completely."},
+     "This is told once in each run. \"No warning before the context menu\" in the options turns "
+     "it "
+     "off completely."},
 }};
 
 constexpr bool IsInOrder() {

@@ -129,6 +129,7 @@ TEST_F(NameSources, LinksAndPrefixes) {
 TEST_F(NameSources, CopiesNamedAfterTheirFolders) {
     AddFile("m/Rock/One/cover.jpg", "1");
     AddFile("m/Rock/Two/cover.jpg", "2");
+    AddFolder("out");
     Done({"copy", "cover.jpg", "--in", "m", "--to", "out", "--name-from-folders", "2", "--yes"});
     EXPECT_EQ(In("out"), (Contents{{"Rock One.jpg", "1"}, {"Rock Two.jpg", "2"}}));
 }

@@ -75,12 +75,12 @@ TEST_F(OptionsWindowTest, TheFormOfPathsCountsAtOnce) {
 
 TEST_F(OptionsWindowTest, AVariableIsMarkedByItsName) {
     const Outcome outcome = RunScript("click mnuOptions\n"
-                                      "set frmOptions.lstMain = UserProfile\n"
+                                      "set frmOptions.lstMain = SystemRoot\n"
                                       "dump frmOptions.lstMain\n"
                                       "click cmdOK\n");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
-    EXPECT_EQ(outcome.out, "UserProfile\\n\n");
-    EXPECT_THAT(ReadAll(DataFolder() / "TXOptionFile.txt"), HasSubstr("Include UserProfile "));
+    EXPECT_EQ(outcome.out, "SystemRoot\\n\n");
+    EXPECT_THAT(ReadAll(DataFolder() / "TXOptionFile.txt"), HasSubstr("Include SystemRoot "));
 }
 
 TEST_F(OptionsWindowTest, WhatCountsForOneRunLeavesNoTrace) {

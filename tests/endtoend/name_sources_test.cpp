@@ -130,7 +130,8 @@ TEST_F(NameSources, CopiesNamedAfterTheirFolders) {
     AddFile("m/Rock/One/cover.jpg", "1");
     AddFile("m/Rock/Two/cover.jpg", "2");
     AddFolder("out");
-    Done({"copy", "cover.jpg", "--in", "m", "--to", "out", "--name-from-folders", "2", "--yes"});
+    Done({"copy", "cover.jpg", "--in", "m", "--to", "out", "--name-from-folders", "2", "--yes",
+          "--answer", "OK"}); // where a folder above has a dot in its name, it is asked about
     EXPECT_EQ(In("out"), (Contents{{"Rock One.jpg", "1"}, {"Rock Two.jpg", "2"}}));
 }
 

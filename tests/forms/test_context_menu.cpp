@@ -145,7 +145,7 @@ TEST_F(ContextMenuWindowTest, AnApplicationIsFoundByItsName) {
         }
         menu.close();
     });
-    OnModal([this](QWidget& chooser) {
+    OnModal([](QWidget& chooser) {
         EXPECT_EQ(chooser.objectName(), "frmOpenWith");
         QTest::keyClicks(chooser.findChild<QLineEdit*>("txtFind"), "play");
         QTest::mouseClick(chooser.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);

@@ -1,6 +1,7 @@
 #include "shortcuts/formats/desktop_entry.h"
 
 #include "shortcuts/formats/exec_line.h"
+#include "shortcuts/formats/hot_key.h"
 #include "shortcuts/formats/ini_text.h"
 #include "text/characters.h"
 
@@ -94,6 +95,11 @@ std::string SetCommand(Entry& entry, const Edits& edits) {
 std::string Refusal(const Entry& entry, const Edits& edits) {
     if (!entry.IsEntry()) return "It is no desktop entry; nothing of it was changed.";
     if (edits[kHotKey]) return "A desktop entry has no hot key.";
+    const auto& style = edits[kWindowStyle];
+    if (style && style != kNormal && ParseWindowStyle(*style)) {
+        return fmt::format("A desktop entry can't say {}: its window is {} or {}.", *style, kNormal,
+                           kTerminal);
+    }
     if (edits[kTarget] && text::Trim(*edits[kTarget]).empty()) {
         return "A shortcut can't be without a target.";
     }

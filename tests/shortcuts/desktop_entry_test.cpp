@@ -86,6 +86,8 @@ TEST(DesktopEntries, InACodePageKeepTheirLettersWhenTheyTurnIntoUtf8) {
 
 TEST(DesktopEntries, RefuseWhatTheyCannotHold) {
     EXPECT_EQ(EditEntry(kEditor, kHotKey, "CTRL+A"), "refused: A desktop entry has no hot key.");
+    EXPECT_EQ(EditEntry(kEditor, kWindowStyle, "Maximized"),
+              "refused: A desktop entry can't say Maximized: its window is Normal or Terminal.");
     EXPECT_EQ(EditEntry(kEditor, kTarget, ""), "refused: A shortcut can't be without a target.");
     EXPECT_EQ(EditEntry(kEditor, kTarget, "A=b"),
               "refused: The program of a desktop entry can't have a \"=\" in its path.");

@@ -102,9 +102,25 @@ std::size_t OwnSection(const IniText& file) {
     return kNone;
 }
 
-// Behind the lines of its section, or behind all where the file has none.
+bool EndsInTwin(const IniText& file) {
+    Place place = Place::kOutside;
+    for (const IniText::Line& line : file.Lines()) {
+        if (!line.Section().empty()) place = PlaceOf(line.Section());
+    }
+    return place == Place::kPlain || place == Place::kWide;
+}
+
+std::size_t AddOwnSection(IniText& file) {
+    const std::size_t section = file.Lines().size();
+    file.Insert(section, fmt::format("[{}]", kSection));
+    return section;
+}
+
+// Behind the lines of its section, or behind all where the file has none; a line of a twin would
+// not count.
 void AddLine(IniText& file, std::string_view key, std::string_view value) {
-    const std::size_t section = OwnSection(file);
+    std::size_t section = OwnSection(file);
+    if (section == kNone && EndsInTwin(file)) section = AddOwnSection(file);
     const std::size_t at = section == kNone ? file.Lines().size() : file.EndOfSection(section);
     file.Insert(at, fmt::format("{}={}", key, value));
 }
@@ -175,9 +191,7 @@ Edited EditInternetShortcut(std::string_view bytes, const Edits& edits) {
     if (!refusal.empty()) return std::unexpected(std::move(refusal));
     IniText file(bytes, kCrLf);
     if (edits[kTarget]) {
-        if (OwnSection(file) == kNone) {
-            file.Insert(file.Lines().size(), fmt::format("[{}]", kSection));
-        }
+        if (OwnSection(file) == kNone) (void)AddOwnSection(file);
         SetKey(file, kUrlKey, *edits[kTarget]);
     }
     if (edits[kIcon]) SetIcon(file, *edits[kIcon]);

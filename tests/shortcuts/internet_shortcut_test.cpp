@@ -111,6 +111,14 @@ TEST(InternetShortcuts, OfMoreThan500LinesLoseNone) {
 }
 
 // What random bytes have shown.
+TEST(InternetShortcuts, ThatEndInATwinGetASectionForWhatTheyLack) {
+    EXPECT_EQ(EditUrl("[InternetShortcut.A]\r\nIconIndex=4\r\nIconFile=a\r\n", kIcon, "b,7"),
+              "[InternetShortcut.A]\r\n[InternetShortcut]\r\nIconIndex=7\r\nIconFile=b\r\n");
+    const std::string wide = EditUrl("[InternetShortcut.W]\r\nURL=x\r\n", kHotKey, "1601");
+    EXPECT_EQ(wide, "[InternetShortcut.W]\r\nURL=x\r\n[InternetShortcut]\r\nHotKey=1601\r\n");
+    EXPECT_EQ(ReadUrl(wide)[kHotKey], "1601");
+}
+
 TEST(InternetShortcuts, ThatEndInHalfALineKeepIt) {
     EXPECT_EQ(EditUrl("[InternetShortcut]\nURL=a\nHotKey=1\r", kIcon, "x,1"),
               "[InternetShortcut]\nURL=a\nHotKey=1\r\r\nIconIndex=1\nIconFile=x\n");

@@ -139,15 +139,16 @@ void AddWideLine(IniText& file, std::string_view key, std::string_view value) {
 
 // The line that counts, its Unicode twin with it; the twin of the code page goes.
 void SetKey(IniText& file, std::string_view key, std::string_view value) {
+    const std::vector<std::size_t> twins = Find(file, key).plainTwins;
+    for (std::size_t i = twins.size(); i-- > 0;) {
+        file.Erase(twins[i]);
+    }
     const Found found = Find(file, key);
     if (found.line != kNone) file.SetValue(found.line, value);
     if (found.wideLine != kNone) {
         file.SetValue(found.wideLine, ToUtf7(value));
     } else if (!file.CanHold(value)) {
         AddWideLine(file, key, value);
-    }
-    for (std::size_t i = found.plainTwins.size(); i-- > 0;) {
-        file.Erase(found.plainTwins[i]);
     }
     if (found.line == kNone && !text::Trim(value).empty()) AddLine(file, key, value);
 }

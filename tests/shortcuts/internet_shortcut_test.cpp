@@ -119,6 +119,17 @@ TEST(InternetShortcuts, ThatEndInATwinGetASectionForWhatTheyLack) {
     EXPECT_EQ(ReadUrl(wide)[kHotKey], "1601");
 }
 
+TEST(InternetShortcuts, LoseOnlyTheTwinOfWhatIsSet) {
+    const std::string text =
+        EditUrl("[InternetShortcut.W]\r\nA=1\r\n[InternetShortcut.A]\r\nURL=x\r\n"
+                "IconFile=\x80\r\n[InternetShortcut]\r\nURL=y\r\n",
+                kTarget, "http://\u540D/");
+    EXPECT_EQ(ReadUrl(text)[kTarget], "http://\u540D/");
+    EXPECT_NE(text.find("\r\n[InternetShortcut.A]\r\nIconFile=\x80\r\n[InternetShortcut]\r\n"),
+              std::string::npos)
+        << text;
+}
+
 TEST(InternetShortcuts, ThatEndInHalfALineKeepIt) {
     EXPECT_EQ(EditUrl("[InternetShortcut]\nURL=a\nHotKey=1\r", kIcon, "x,1"),
               "[InternetShortcut]\nURL=a\nHotKey=1\r\r\nIconIndex=1\nIconFile=x\n");

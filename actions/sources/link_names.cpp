@@ -20,7 +20,7 @@ namespace {
 using session::Session;
 
 // Whether a text ends in what can only be meant as an extension: "Song.mp3", but neither "Mr.
-// Smith" nor "Part 2.1".
+// Smith" nor "Op. 2.1".
 bool HasExtension(std::string_view text) {
     constexpr std::size_t kLongest = 5;
     const std::string_view extension = text::GetExtension(text);

@@ -9,11 +9,15 @@
 #include "session/lifecycle/help.h"
 #include "session/session.h"
 
+#include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -58,10 +62,44 @@ void FillEvents(session::EventTable& events) {
               });
 }
 
-volatile std::sig_atomic_t interruption = 0; // the first signal that asked for the end
+volatile std::sig_atomic_t interruption = 0;     // the first signal that asked for the end
+std::atomic<const char*> interruptNote{nullptr}; // told then, where somebody sees it
+static_assert(std::atomic<const char*>::is_always_lock_free);
 
+// In the handler itself, since a slow disk may keep the program from coming round to it.
 void NoteInterruption(int signal) {
     if (interruption == 0) interruption = signal;
+    const char* note = interruptNote.exchange(nullptr);
+    if (signal != SIGINT || note == nullptr) return;
+    const int before = errno;
+    for (const char* text : {"\r\n", note, "\r\n"})
+        (void)!write(STDERR_FILENO, text, std::strlen(text));
+    errno = before;
+}
+
+// Escapes are for terminals that say what they are.
+bool ObeysEscapes() {
+    const char* kind = std::getenv("TERM");
+    return kind != nullptr && *kind != 0 && std::strcmp(kind, "dumb") != 0;
+}
+
+int TerminalWidth() {
+    constexpr int kUsual = 80;
+    winsize size{};
+    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : kUsual;
+}
+
+void SetUpTerminals(tarvix::cli::Host& host) {
+    const bool errIsTerminal = isatty(STDERR_FILENO) == 1;
+    host.errIsTerminal = errIsTerminal && ObeysEscapes();
+    host.outIsTerminal = isatty(STDOUT_FILENO) == 1;
+    host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
+    host.terminalWidth = TerminalWidth;
+    if (!errIsTerminal) return;
+    host.sayWhenInterrupted = [](const char* note) {
+        if (interruption == 0) interruptNote = note;
+    };
 }
 
 } // namespace
@@ -72,8 +110,7 @@ int main(int argc, char** argv) {
     std::error_code ignored;
     Machine machine;
     cli::Host host{.in = std::cin, .out = std::cout, .err = std::cerr, .fillEvents = FillEvents};
-    host.errIsTerminal = isatty(STDERR_FILENO) == 1;
-    host.colour = host.errIsTerminal && std::getenv("NO_COLOR") == nullptr;
+    SetUpTerminals(host);
     host.currentFolder = std::filesystem::current_path(ignored).string();
     host.interrupted = [] { return static_cast<int>(interruption); };
     host.stopInOrder = [] { app::TakeEndingSignals(NoteInterruption); };

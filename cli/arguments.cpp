@@ -2,6 +2,7 @@
 
 #include "cli/adding.h"
 #include "cli/help_texts.h"
+#include "cli/output_columns.h"
 #include "cli/values.h"
 #include "results/program.h"
 #include "session/product.h"
@@ -16,7 +17,8 @@ namespace {
 
 constexpr const char* kSortHelp = "Sorts as by a click on a column head";
 
-void AddMachine(CLI::App& app, MachineRequest& machine) {
+void AddMachine(CLI::App& app, Request& request) {
+    MachineRequest& machine = request.machine;
     app.set_version_flag("--version",
                          fmt::format("{} {}", session::kProductName, session::ProductVersion()),
                          "Tells the version");
@@ -31,6 +33,8 @@ void AddMachine(CLI::App& app, MachineRequest& machine) {
             machine.drives.push_back(Taken(ReadDrive("--drive", drive)));
     });
     options.Value("--now TIME", machine.now, ReadMoment, "Runs as if it were this time");
+    options.Flag("--verbose", request.verbose,
+                 "Tells each of several equal failures, which are one line with a count otherwise");
 }
 
 void AddSearch(CLI::App& app, Command& chosen) {
@@ -43,14 +47,16 @@ void AddSearch(CLI::App& app, Command& chosen) {
         });
     AddCriteria(command, search.criteria, search.answers);
     Options options(command, kOutputGroup);
-    auto* columns = options.Value("--columns KEY,...", search.output.columns, ReadColumns,
-                                  "These cells, in this order: column keys or NativePath");
+    auto* columns = options.Value("--columns NAME,...", search.output.columns, ReadColumns,
+                                  "These cells, in this order; all for all (see below)");
+    command.footer(kSearch.footer + ColumnHelp());
     options.Value("--sort KEY[:desc]", search.output.sort, ReadSort, kSortHelp);
     const auto addFormat = [&](const char* name, RowFormat format, const char* help) {
         const auto take = [&taken = search.output.format, format] { taken = format; };
         return command.add_flag_callback(name, take, help);
     };
-    auto* json = addFormat("--json", RowFormat::kJson, "One object a line, cells by column key");
+    auto* json =
+        addFormat("--json", RowFormat::kJson, "One object a line: cells by column key, and facts");
     auto* table =
         addFormat("--tsv", RowFormat::kTable, "Cells with tabs between, under a head line");
     auto* zero = addFormat("--print0", RowFormat::kZeroPaths, "Paths, each ended by a NUL byte");
@@ -150,6 +156,9 @@ void AddDelete(CLI::App& app, Command& chosen) {
     options.Flag("--even-if-changed", deletion.takesChanged,
                  "Recycles what has changed since it was found, too");
     options.Flag("-y,--yes", deletion.confirmed, "Confirms the deletion");
+    auto* dryRun = options.Flag("-n,--dry-run", deletion.dryRun,
+                                "Tells what would become of each object, and deletes nothing");
+    options.Flag("--json", deletion.json, "With --dry-run: one object a line")->needs(dryRun);
 }
 
 void AddFile(Options& options, std::string& file, bool& addsEof, bool& confirmed) {
@@ -301,7 +310,7 @@ std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& a
     CLI::App app(kAbout, "tarvix-cli");
     SetUp(app);
     app.footer(kAboutFooter);
-    AddMachine(app, request.machine);
+    AddMachine(app, request);
     for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove,
                            AddAutoPlaylist, AddShowPages, AddList, AddPlaylist, AddNumbers,
                            AddMakeFolders, AddLinks, AddOpen, AddRunProgram, AddOthers, AddOptions})

@@ -8,10 +8,30 @@
 #include "session/unattended_prompts.h"
 #include "session/user_input.h"
 
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace tarvix::cli {
 
 using session::PromptId;
 using session::PromptRole;
+
+namespace {
+
+// What is told in the place of a question that nobody is asked.
+struct Note {
+    PromptId prompt;
+    std::string_view sentence;
+};
+constexpr std::array kNotes{
+    Note{PromptId::kStringsOverlap,
+         "Note: the patterns overlap, so an object may match several of them."},
+};
+
+} // namespace
 
 int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     const PromptRole role = session::FactsOf(prompt.id).role;
@@ -24,7 +44,7 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
     // What a start can't read is left alone, and the request doesn't depend on it.
     const bool isOfStart = !begun_ && role == PromptRole::kTryAgain && !inner_.HasQueued();
     if (isOfStart || session::ButtonsOf(prompt.style).size() == 1) {
-        Tell(host_, prompt.text);
+        TellFailure(prompt);
         return safe;
     }
     if (confirmed_ && role == PromptRole::kConfirmation) {
@@ -35,10 +55,37 @@ int CommandPrompts::MsgBox(const session::Prompt& prompt) {
         return safe;
     }
     if (confirmed_ && role == PromptRole::kTryAgain && !inner_.HasQueued()) {
-        Tell(host_, prompt.text);
+        TellFailure(prompt);
+        return safe;
+    }
+    if (neverAsks_ && begun_ && !inner_.HasQueued()) {
+        TellUnasked(prompt, safe);
         return safe;
     }
     return inner_.MsgBox(prompt);
+}
+
+void CommandPrompts::TellFailure(const session::Prompt& prompt) {
+    const bool isOfMany = session::FactsOf(prompt.id).role == PromptRole::kTryAgain ||
+                          prompt.id == PromptId::kPathNotFound;
+    if (!isOfMany || host_.verbose) return Tell(host_, prompt.text);
+    const auto [known, isFirst] = repeated_.try_emplace(prompt.id, 0);
+    isFirst ? Tell(host_, prompt.text) : void(++known->second);
+}
+
+void CommandPrompts::TellRepeated() {
+    for (const auto& [id, count] : std::exchange(repeated_, {})) {
+        if (count == 0) continue;
+        Complain(host_, fmt::format("{} more failed in the same way ({}); --verbose tells each.",
+                                    count, session::FactsOf(id).title));
+    }
+}
+
+void CommandPrompts::TellUnasked(const session::Prompt& prompt, int answer) {
+    const auto known = std::ranges::find(kNotes, prompt.id, &Note::prompt);
+    if (known != kNotes.end()) return Complain(host_, known->sentence);
+    Complain(host_, fmt::format("{} - Answered with {}.", OnOneLine(prompt.text),
+                                session::CaptionOf(answer)));
 }
 
 void CommandPrompts::AnswerMessage(PromptId message, bool affirms) {

@@ -26,12 +26,18 @@ class CommandPrompts : public session::PromptService {
     CommandPrompts(session::ScriptedPrompts& inner, Host& host) : inner_(inner), host_(host) {
         AnswerMessage(session::PromptId::kChangedSinceSearch, false);
     }
+    ~CommandPrompts() override { TellRepeated(); }
+    CommandPrompts(const CommandPrompts&) = delete;
+    CommandPrompts& operator=(const CommandPrompts&) = delete;
 
     // Before this no form of a notice is told, and what the start can't read is not tried again.
     void BeginRequest() { begun_ = true; }
     // Gives each confirmation, and tells of objects that failed instead of asking whether to try
     // them again.
     void ConfirmActions() { confirmed_ = true; }
+    // Nothing is asked: a question that finds no queued answer gets the one that goes on without
+    // harm, which is told.
+    void NeverAsk() { neverAsks_ = true; }
     // Fills in the action window and presses a button in it, once it shows.
     void SetDialogFiller(FormFiller filler) { filler_ = std::move(filler); }
     // Answers the form of that prompt by that button of it whenever it shows.
@@ -43,6 +49,8 @@ class CommandPrompts : public session::PromptService {
     // Answers the message of that prompt by its first button and tells nothing, or by the safe one,
     // which tells it.
     void AnswerMessage(session::PromptId message, bool affirms);
+    // Tells how many failures were like one that was told; of those no more is said.
+    void TellRepeated();
     // How many notices told of an object that was passed over.
     int SkippedObjects() const { return skippedObjects_; }
 
@@ -56,14 +64,20 @@ class CommandPrompts : public session::PromptService {
                             const session::NewFilePick& pick) override;
 
   private:
+    // A failure in full; an equal one that follows is counted unless the host is verbose.
+    void TellFailure(const session::Prompt& prompt);
+    void TellUnasked(const session::Prompt& prompt, int answer);
+
     session::ScriptedPrompts& inner_;
     Host& host_;
     FormFiller filler_;
     std::map<session::PromptId, std::string> formButtons_; // by name
     std::map<session::PromptId, std::string> inputs_;
     std::map<session::PromptId, bool> messages_; // whether each is affirmed
+    std::map<session::PromptId, int> repeated_;  // failures after the first, by prompt
     bool begun_ = false;
     bool confirmed_ = false;
+    bool neverAsks_ = false;
     int skippedObjects_ = 0;
 };
 

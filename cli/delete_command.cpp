@@ -1,9 +1,20 @@
+#include "actions/place/action_run.h"
+#include "actions/request/preview_delete.h"
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
+#include "cli/print_rows.h"
 #include "cli/summary.h"
+#include "platform/native_paths.h"
+#include "results/selection.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
+#include "session/user_input.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <ostream>
 
 namespace tarvix::cli {
 
@@ -26,6 +37,37 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
     }
 }
 
+std::uint8_t Standing(const std::optional<bool>& choice) {
+    if (!choice) return actions::kOverrideNo;
+    return *choice ? actions::kOverrideYesToAll : actions::kOverrideNoToAll;
+}
+
+// The rows are all selected, and nothing is asked or confirmed.
+int PrintDeletion(Host& host, Session& session, const DeleteRequest& request) {
+    const Watch watch(host, session);
+    (void)session::UserClick(session, session.frmSearch.cmdSelectAll);
+    results::BuildFileArray(session);
+    const auto entries = actions::PreviewDelete(
+        session, {Standing(request.takesProtected), Standing(request.deletesForGood)});
+    bool isAll = host.interrupted() == 0;
+    for (const auto& [index, verdict] : entries) {
+        using actions::DeleteVerdict;
+        isAll = isAll && (verdict == DeleteVerdict::kTrash || verdict == DeleteVerdict::kForGood);
+        const std::string& path = session.selection->strSelPath[index];
+        const std::string native = session.platform.paths.ToNative(path);
+        if (request.json) {
+            PrintJson({{"Object", path},
+                       {"NativePath", native},
+                       {"Verdict", actions::VerdictText(verdict)}},
+                      host.out);
+        } else {
+            host.out << actions::VerdictText(verdict) << '\t' << PlainField(native) << '\n';
+        }
+    }
+    host.out.flush();
+    return isAll ? kDone : kSomeFailed;
+}
+
 } // namespace
 
 int Run(Host& host, const platform::Platform& machine, const DeleteRequest& request) {
@@ -37,14 +79,13 @@ int Run(Host& host, const platform::Platform& machine, const DeleteRequest& requ
         const int code = finding.Search(program, request.criteria, request.answers);
         if (code == kBadRequest) return code;
         Session& session = program.Session();
+        if (request.dryRun) return std::max(code, PrintDeletion(host, session, request));
         AnswerAhead(session, finding.Prompts(), request);
         const auto after = [&](std::int64_t selected) -> int {
             const auto& state = session.state;
             const bool isRefused = state.blnActionCancelled && !state.blnStopAction;
             if (isRefused && state.lastAction.done == 0) return kBadRequest;
-            for (const std::string& error : state.lastAction.errors) {
-                Complain(host, error);
-            }
+            TellErrors(host, state.lastAction.errors, state.lastAction.failed);
             return Summarize(host, "Recycled", state.lastAction, selected);
         };
         return finding.ActOnAll(session, code, session.frmSearch.cmdDeleteSelected, "Recycled",

@@ -1,5 +1,6 @@
 #include "cli/dump.h"
 
+#include "cli/output_columns.h"
 #include "cli/print_rows.h"
 #include "platform/file_system.h"
 #include "results/result_list.h"

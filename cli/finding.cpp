@@ -62,6 +62,7 @@ int Finding::ActOnAll(session::Session& session, int searchCode, fields::Control
     // The list, and with it the selection, may be cleared behind the action.
     const std::int64_t selected = session.selection->lngSelTop + 1;
     if (!Click(session, button)) return kBadRequest;
+    prompts_.TellRepeated();
     const int code = after(selected);
     return code == kDone ? searchCode : code;
 }

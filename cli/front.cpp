@@ -1,4 +1,5 @@
 #include "cli/arguments.h"
+#include "cli/beside_progress.h"
 #include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/messages.h"
@@ -14,6 +15,8 @@ int RunTarvixCli(const std::vector<std::string>& arguments, Host& host) {
         if (!request.error().sentence.empty()) Complain(host, request.error().sentence);
         return request.error().exitCode;
     }
+    host.verbose = request->verbose;
+    const BesideProgress besideProgress(host);
     const auto machine = host.open(request->machine);
     if (!machine) {
         Complain(host, machine.error());

@@ -21,7 +21,7 @@ inline constexpr const char* kAboutFooter =
     "had\n"
     "no answer, and with 128 and the number of the signal when it was interrupted (130 by "
     "Ctrl+C):\n"
-    "it stops at the next object then.\n";
+    "it stops at the next object then; a second Ctrl+C ends it at once.\n";
 
 inline constexpr CommandHelp kSearch{
     "search", "Lists every file or folder that matches",
@@ -39,7 +39,10 @@ inline constexpr CommandHelp kSearch{
     "\n"
     "Without an output option each row is its path on this machine, one a line. Results go to\n"
     "stdout, messages to stderr. Without an attribute option the boxes stand as the options\n"
-    "say: at first, hidden, read-only and linked objects are not found.\n"};
+    "say: at first, hidden, read-only and linked objects are not found. Nothing is asked.\n"
+    "\n"
+    "--json and --tsv print the columns that the options show unless --columns names others;\n"
+    "Version, OS, Exe Type and the columns of links read each file.\n"};
 
 inline constexpr CommandHelp kCopy{
     "copy", "Copies all that matches", "Finds objects as \"search\" does and copies all of them.\n",
@@ -104,7 +107,7 @@ inline constexpr CommandHelp kDelete{
     "manager or \"gio trash --restore\" brings them back.\n",
     "\nExamples:\n"
     "  tarvix-cli delete \"*.tmp|*.bak\" --in ~/Documents --before 2025-12-31 --yes\n"
-    "  tarvix-cli delete \"*\" --in ~/Music --kind empty-folders --yes\n"
+    "  tarvix-cli delete \"*\" --in ~/Music --kind empty-folders --dry-run\n"
     "  tarvix-cli delete \"*.part\" --in /media/ann/STICK --on-recycle-failure delete --yes\n"
     "\n"
     "Without --yes nothing is deleted. What can't go to the trash and what is hidden or a system\n"

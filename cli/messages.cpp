@@ -1,5 +1,6 @@
 #include "cli/messages.h"
 
+#include "cli/failure_lines.h"
 #include "platform/names.h"
 #include "search/left_out.h"
 #include "session/message_style.h"
@@ -9,6 +10,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 
 namespace tarvix::cli {
@@ -31,7 +34,7 @@ bool IsConfirmation(const session::Prompt& prompt) {
 }
 
 void Say(Host& host, std::string_view text) {
-    if (host.errIsTerminal) host.err << "\r\x1B[K";
+    ClearProgress(host);
     if (host.colour) host.err << "\x1B[1;31m";
     host.err << "tarvix-cli: ";
     if (host.colour) host.err << "\x1B[0m";
@@ -48,11 +51,25 @@ void Tell(Host& host, std::string_view text) {
     Say(host, JoinLines(text, "\n  "));
 }
 
+void ClearProgress(Host& host) {
+    if (host.progress.empty()) return;
+    host.progress.clear();
+    host.err << "\r\x1B[K" << std::flush;
+}
+
 void TellUnread(Host& host, const session::Session& session) {
-    for (const session::UnreadObject& object : session.state.unread.All()) {
-        Complain(host, fmt::format("{} could not be read: {}.", session.Shown(object.path),
-                                   platform::ErrorText(object.number)));
-    }
+    FailureLines lines("could not be read");
+    for (const session::UnreadObject& object : session.state.unread.All())
+        lines.Add(session.Shown(object.path), platform::ErrorText(object.number));
+    lines.Tell(host);
+}
+
+void TellErrors(Host& host, const std::vector<std::string>& sentences, std::int64_t failed) {
+    FailureLines lines("");
+    for (const std::string& sentence : sentences)
+        lines.AddSentence(OnOneLine(sentence));
+    lines.AddUntold(std::max<std::int64_t>(0, failed - std::ssize(sentences)));
+    lines.Tell(host);
 }
 
 void TellLeftOut(Host& host, const session::LeftOut& leftOut) {

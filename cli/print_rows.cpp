@@ -1,5 +1,8 @@
 #include "cli/print_rows.h"
 
+#include "cli/field_text.h"
+#include "cli/output_columns.h"
+#include "cli/row_facts.h"
 #include "platform/names.h"
 #include "platform/native_paths.h"
 #include "results/result_list.h"
@@ -21,6 +24,11 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
 
+// Control characters that JSON lets stand, but a terminal may obey.
+bool IsUpperControl(char32_t c) {
+    return c >= 0x7F && c <= 0x9F;
+}
+
 // JSON has no bytes: one that is no text is written as the lone surrogate U+DC00 plus the byte,
 // which many readers give back as that byte.
 void AppendJsonWithBytes(std::string& out, std::string_view text) {
@@ -33,9 +41,11 @@ void AppendJsonWithBytes(std::string& out, std::string_view text) {
     for (std::size_t pos = 0; pos < text.size();) {
         const std::size_t at = pos;
         const char32_t c = text::NextCharacter(text, pos);
-        if (c <= 0x10FFFF) continue;
+        const bool isText = c <= 0x10FFFF;
+        if (isText && !IsUpperControl(c)) continue;
         appendValid(at);
-        out += fmt::format("\\udc{:02x}", static_cast<unsigned>(c - 0x110000));
+        const auto code = static_cast<unsigned>(isText ? c : c - 0x110000 + 0xDC00);
+        out += fmt::format("\\u{:04x}", code);
         begin = pos;
     }
     appendValid(text.size());
@@ -114,14 +124,12 @@ class RowPaths {
 
 class RowPrinter {
   public:
-    RowPrinter(const session::Session& session, const RowOutput& output, std::ostream& out)
+    RowPrinter(const session::Session& session, const RowPrint& print, std::ostream& out)
         : session_(session), rows_(*session.rows), paths_(rows_, session.platform.paths),
-          format_(output.format), columns_(output.columns), gathered_(out) {
-        if (columns_.empty()) AddAllColumns();
-        const bool hasPath = std::ranges::find(columns_, kNativePathColumn) != columns_.end();
-        if (format_ == RowFormat::kJson && !hasPath) columns_.push_back(kNativePathColumn);
+          facts_(session, print.datesAreModified), format_(print.output.format),
+          toTerminal_(print.toTerminal), columns_(print.output.columns), gathered_(out) {
         for (const int column : columns_)
-            heads_.push_back(nlohmann::json(KeyOf(column)).dump());
+            heads_.push_back(nlohmann::json(KeyOfOutput(column)).dump());
     }
 
     bool Print() {
@@ -136,21 +144,12 @@ class RowPrinter {
     }
 
   private:
-    void AddAllColumns() {
-        for (int column = 0; column < results::kColumnCount; ++column)
-            columns_.push_back(column);
-        columns_.push_back(kNativePathColumn);
-    }
-
-    static std::string_view KeyOf(int column) {
-        if (column == kNativePathColumn) return "NativePath";
-        return results::kColumns[static_cast<std::size_t>(column)].key;
-    }
-
     // What the cell says, with nothing escaped.
     void AppendCell(std::string& out, std::size_t row, int column) {
         if (column == kNativePathColumn) {
             paths_.Append(out, row);
+        } else if (column < 0) {
+            facts_.Append(out, row, column);
         } else {
             out += results::PlainCell(session_, rows_, row, static_cast<results::Column>(column));
         }
@@ -158,7 +157,10 @@ class RowPrinter {
 
     void AppendHead() {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            gathered_.Text().append(i > 0 ? "\t" : "").append(HeadOf(columns_[i]));
+            gathered_.Text().append(i > 0 ? "\t" : "");
+            const std::size_t begin = gathered_.Text().size();
+            gathered_.Text() += HeadOf(columns_[i]);
+            EscapeTsvField(gathered_.Text(), begin);
         }
         gathered_.Text() += '\n';
     }
@@ -166,6 +168,8 @@ class RowPrinter {
     void AppendRow(std::size_t row) {
         switch (format_) {
         case RowFormat::kPaths:
+            if (toTerminal_) return AppendPathForTerminal(row);
+            [[fallthrough]];
         case RowFormat::kZeroPaths:
             paths_.Append(gathered_.Text(), row);
             gathered_.Text() += format_ == RowFormat::kPaths ? '\n' : '\0';
@@ -178,19 +182,44 @@ class RowPrinter {
         }
     }
 
+    void AppendPathForTerminal(std::size_t row) {
+        std::string& out = gathered_.Text();
+        const std::size_t begin = out.size();
+        paths_.Append(out, row);
+        EscapeForTerminal(out, begin);
+        out += '\n';
+    }
+
     void AppendFields(std::size_t row) {
+        std::string& out = gathered_.Text();
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            cell_.clear();
-            AppendCell(cell_, row, columns_[i]);
-            gathered_.Text().append(i > 0 ? "\t" : "").append(PlainField(cell_));
+            if (i > 0) out += '\t';
+            const std::size_t begin = out.size();
+            AppendCell(out, row, columns_[i]);
+            EscapeField(out, begin);
         }
-        gathered_.Text() += '\n';
+        out += '\n';
+    }
+
+    // What was appended from `begin` on, as the form of the output has it.
+    void EscapeField(std::string& out, std::size_t begin) {
+        if (format_ == RowFormat::kTable) {
+            EscapeTsvField(out, begin);
+        } else if (std::string_view(out).substr(begin).find_first_of("\r\n\t") != out.npos) {
+            const std::string escaped = PlainField(out.substr(begin));
+            out.replace(begin, out.npos, escaped);
+        }
+        if (toTerminal_) EscapeForTerminal(out, begin);
     }
 
     void AppendObject(std::size_t row) {
         std::string& out = gathered_.Text();
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             out.append(i > 0 ? "," : "{").append(heads_[i]).append(":");
+            if (columns_[i] < kNativePathColumn) {
+                facts_.AppendJson(out, row, columns_[i]);
+                continue;
+            }
             cell_.clear();
             AppendCell(cell_, row, columns_[i]);
             AppendJsonText(out, cell_);
@@ -201,7 +230,9 @@ class RowPrinter {
     const session::Session& session_;
     const results::ResultList& rows_;
     RowPaths paths_;
+    RowFacts facts_;
     RowFormat format_;
+    bool toTerminal_;
     std::vector<int> columns_;
     std::vector<std::string> heads_;
     std::string cell_;
@@ -228,11 +259,6 @@ void PrintJson(const nlohmann::ordered_json& object, std::ostream& out) {
     out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
 }
 
-std::string_view HeadOf(int column) {
-    if (column == kNativePathColumn) return "NativePath";
-    return results::kColumns[static_cast<std::size_t>(column)].header;
-}
-
 std::string CellField(std::string_view cell) {
     return PlainField(platform::NameToNative(cell));
 }
@@ -246,8 +272,8 @@ std::string PlainField(std::string field) {
     return field;
 }
 
-bool PrintRows(const session::Session& session, const RowOutput& output, std::ostream& out) {
-    return RowPrinter(session, output, out).Print();
+bool PrintRows(const session::Session& session, const RowPrint& print, std::ostream& out) {
+    return RowPrinter(session, print, out).Print();
 }
 
 } // namespace tarvix::cli

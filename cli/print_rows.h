@@ -16,9 +16,16 @@ struct Session;
 
 namespace tarvix::cli {
 
+// How rows are printed; the columns are all named.
+struct RowPrint {
+    RowOutput output;
+    bool toTerminal = false;       // control characters are escaped
+    bool datesAreModified = false; // rows tell the dates of the last change
+};
+
 // Prints the rows of a list as results of a command; spacers are left out. False when `out` no
 // longer takes them.
-bool PrintRows(const session::Session& session, const RowOutput& output, std::ostream& out);
+bool PrintRows(const session::Session& session, const RowPrint& print, std::ostream& out);
 
 // Prints named values: "NAME<between>VALUE" on each line or, as JSON, one object on one line.
 void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs,
@@ -32,8 +39,5 @@ void PrintJson(const nlohmann::ordered_json& object, std::ostream& out);
 std::string CellField(std::string_view cell);
 // The same of a text in the disk's own bytes.
 std::string PlainField(std::string field);
-
-// The head of a column: its header, or "NativePath".
-std::string_view HeadOf(int column);
 
 } // namespace tarvix::cli

@@ -52,7 +52,13 @@ struct Criteria {
     bool anyAttribute = false;                     // what those not given stand at
 };
 
-constexpr int kNativePathColumn = -1;
+// What can be printed of a row besides the columns of the list.
+enum FactColumnIndex : int {
+    kNativePathColumn = -1,
+    kBytesColumn = -2,
+    kModifiedColumn = -3,
+    kIsFolderColumn = -4,
+};
 
 enum class RowFormat { kPaths, kZeroPaths, kCells, kTable, kJson };
 
@@ -63,7 +69,7 @@ struct SortRequest {
 
 struct RowOutput {
     RowFormat format = RowFormat::kPaths;
-    std::vector<int> columns; // results::Column or kNativePathColumn
+    std::vector<int> columns; // results::Column or FactColumnIndex; empty for the usual ones
     std::optional<SortRequest> sort;
 };
 
@@ -120,6 +126,8 @@ struct DeleteRequest {
     std::optional<bool> takesProtected; // hidden and system objects; else they are asked about
     bool takesChanged = false;          // what isn't as the search saw it goes, too
     bool confirmed = false;
+    bool dryRun = false;
+    bool json = false;
     std::vector<std::string> answers;
 };
 
@@ -269,6 +277,7 @@ using Command =
 // The arguments of the process, checked.
 struct Request {
     MachineRequest machine;
+    bool verbose = false; // each of equal failures is told
     Command command;
 };
 

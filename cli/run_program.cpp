@@ -8,14 +8,25 @@
 #include "session/ending_prompts.h"
 #include "session/scripted_prompts.h"
 #include "session/user_input.h"
+#include "text/characters.h"
 
+#include <fmt/core.h>
+
+#include <algorithm>
 #include <ostream>
 
 namespace tarvix::cli {
 
 namespace {
 
-constexpr std::string_view kClearLine = "\r\x1B[K";
+// What an interruption waits for.
+constexpr const char* kWaitsForEnd =
+    "Stopping in order, with the logs closed. Ctrl+C again stops at once.";
+constexpr const char* kWaitsForObject =
+    "Stopping when the object in hand is done, so that nothing is left by half. Ctrl+C again stops "
+    "at once.";
+constexpr const char* kWaitsForFolder =
+    "Stopping when the folder in hand is read. Ctrl+C again stops at once.";
 
 void ComplainAt(Host& host, int line, const std::string& sentence) {
     Complain(host, (line > 0 ? "line " + std::to_string(line) + ": " : "") + sentence);
@@ -41,6 +52,7 @@ int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) 
 
 int RunProgram(Host& host, const platform::Platform& machine, session::PromptService& prompts,
                const ProgramRun& run) {
+    host.sayWhenInterrupted(kWaitsForEnd);
     host.stopInOrder();
     session::EndingPrompts untilSignal(
         prompts, [&host] { return host.interrupted() != 0; },
@@ -100,6 +112,7 @@ Watch::Watch(Host& host, session::Session& session) : host_(host), session_(sess
 
 void Watch::Look() {
     if (host_.interrupted() != 0 && !stopped_) Stop();
+    host_.sayWhenInterrupted(IsActing() ? kWaitsForObject : kWaitsForFolder);
     if (host_.errIsTerminal) Show();
 }
 
@@ -111,30 +124,38 @@ void Watch::Stop() {
 
 Watch::~Watch() {
     session_.yielder.SetPump({});
-    if (!shown_.empty()) host_.err << kClearLine << std::flush;
+    host_.sayWhenInterrupted(kWaitsForEnd);
+    ClearProgress(host_);
+}
+
+bool Watch::IsActing() const {
+    return session_.frmDialog.IsShown() || session_.state.blnRecycling;
 }
 
 std::string Watch::Text() const {
     const auto& dialog = session_.frmDialog;
     const auto& search = session_.frmSearch;
+    const auto& progress = session_.forms.frmProgress;
     if (dialog.IsShown()) {
-        return "Copied " + dialog.prgBytes.ValueText() + " of " +
-               std::to_string(dialog.prgBytes.Max.Get()) + " objects";
+        const std::string told = dialog.lblProgress.Visible ? dialog.lblProgress.Caption.Get() : "";
+        return told.empty() ? told : fmt::format("{}: {}", session_.state.strAction, told);
     }
-    if (session_.forms.frmProgress.IsShown()) {
-        return session_.forms.frmProgress.lblMain.Caption.Get();
-    }
-    return "Found " + search.lblNumOfFilesFound.ValueText() + " of " +
-           search.lblNumOfFilesAttrib.ValueText() + " files, " +
-           search.lblNumOfDirsFound.ValueText() + " of " + search.lblNumOfDirsAttrib.ValueText() +
-           " folders";
+    if (progress.IsShown()) return progress.lblMain.Caption.Get();
+    return fmt::format("Found {} of {} files, {} of {} folders",
+                       search.lblNumOfFilesFound.ValueText(),
+                       search.lblNumOfFilesAttrib.ValueText(), search.lblNumOfDirsFound.ValueText(),
+                       search.lblNumOfDirsAttrib.ValueText());
 }
 
+// A line that is longer than the terminal could not be taken off it again.
 void Watch::Show() {
-    std::string text = Text();
-    if (text == shown_) return;
-    shown_ = std::move(text);
-    host_.err << kClearLine << shown_ << std::flush;
+    const auto most = static_cast<std::size_t>(std::max(1, host_.terminalWidth() - 1));
+    std::string text(text::Left(OnOneLine(Text()), most));
+    if (text == host_.progress) return;
+    host_.out << std::flush;
+    ClearProgress(host_);
+    host_.progress = std::move(text);
+    host_.err << host_.progress << std::flush;
 }
 
 } // namespace tarvix::cli

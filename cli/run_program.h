@@ -43,11 +43,11 @@ class Watch {
     void Look();
     void Stop();
     void Show();
+    bool IsActing() const;
     std::string Text() const;
 
     Host& host_;
     session::Session& session_;
-    std::string shown_;
     bool stopped_ = false;
 };
 

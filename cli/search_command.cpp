@@ -1,10 +1,12 @@
 #include "cli/commands.h"
 #include "cli/finding.h"
 #include "cli/messages.h"
+#include "cli/output_columns.h"
 #include "cli/print_rows.h"
 #include "session/session.h"
 
 #include <array>
+#include <utility>
 
 namespace tarvix::cli {
 
@@ -16,11 +18,8 @@ class PrintedColumns {
   public:
     PrintedColumns(session::Session& session, const RowOutput& output)
         : shown_(session.blnListItems), before_(shown_) {
-        const bool printsCells =
-            output.format != RowFormat::kPaths && output.format != RowFormat::kZeroPaths;
-        if (printsCells && output.columns.empty()) shown_.fill(true);
         for (const int column : output.columns) {
-            if (column != kNativePathColumn) shown_[static_cast<std::size_t>(column)] = true;
+            if (column >= 0) shown_[static_cast<std::size_t>(column)] = true;
         }
         if (output.sort) shown_[output.sort->column] = true;
     }
@@ -33,23 +32,49 @@ class PrintedColumns {
     std::array<bool, session::kVisibilityCount> before_;
 };
 
+bool PrintsCells(RowFormat format) {
+    return format != RowFormat::kPaths && format != RowFormat::kZeroPaths;
+}
+
+// The columns that a request leaves open are those that the options show.
+RowOutput WithColumns(RowOutput output, const session::Session& session) {
+    if (!PrintsCells(output.format)) return output;
+    if (output.columns.empty()) {
+        output.columns = UsualColumns(session.blnListItems, output.format);
+    } else if (output.format == RowFormat::kJson) {
+        output.columns = JsonColumns(std::move(output.columns));
+    }
+    return output;
+}
+
+// Dates that are taken for wrong are replaced in the list.
+bool DatesAreModified(const session::Session& session, const Criteria& criteria) {
+    return criteria.dateKind == 0 && session.state.options.intLatestYear == session::kAnyYear;
+}
+
 } // namespace
 
 int Run(Host& host, const platform::Platform& machine, const SearchRequest& request) {
     Finding finding(host, machine);
     if (!finding.CheckLocations(request.criteria)) return kBadRequest;
+    finding.Prompts().NeverAsk();
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const auto& sort = request.output.sort;
-        const PrintedColumns printed(program.Session(), request.output);
+        const PrintedColumns printed(program.Session(),
+                                     WithColumns(request.output, program.Session()));
         const int code = finding.Search(program, request.criteria, request.answers);
         if (host.interrupted() != 0) Complain(host, "The search was cut short by an interruption.");
         if (sort && code != kBadRequest) SortRows(program.Session(), *sort);
         return code;
     };
     run.afterUnload = [&](results::Program& program, int code) -> int {
-        const PrintedColumns printed(program.Session(), request.output);
-        if (PrintRows(program.Session(), request.output, host.out)) return code;
+        const session::Session& session = program.Session();
+        const RowPrint print{.output = WithColumns(request.output, session),
+                             .toTerminal = host.outIsTerminal,
+                             .datesAreModified = DatesAreModified(session, request.criteria)};
+        const PrintedColumns printed(program.Session(), print.output);
+        if (PrintRows(session, print, host.out)) return code;
         // Who reads no further, as head does, knows.
         if (host.interrupted() == 0) Complain(host, "The results could not be written to the end.");
         return kSomeFailed;

@@ -1,6 +1,7 @@
 #include "cli/values.h"
 
 #include "cli/nearest.h"
+#include "cli/output_columns.h"
 #include "platform/try.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <optional>
 
 namespace tarvix::cli {
@@ -17,7 +19,7 @@ namespace tarvix::cli {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
-constexpr std::string_view kNativePath = "NativePath";
+constexpr std::string_view kAllColumns = "all";
 
 std::unexpected<std::string> Refusal(std::string_view option, std::string_view takes,
                                      std::string_view value) {
@@ -38,6 +40,12 @@ std::optional<std::string> BytesOf(std::string_view value) {
         return std::nullopt;
     }
     return bytes;
+}
+
+std::string UnknownColumn(std::string_view name) {
+    const std::string meant = DidYouMean(name, OutputColumnNames());
+    return fmt::format("There is no column \"{}\".{}", name,
+                       meant.empty() ? " tarvix-cli search --help lists them." : meant);
 }
 
 template <class Value>
@@ -105,23 +113,27 @@ Read<std::pair<char, std::string>> ReadDrive(std::string_view option, std::strin
     return Refusal(option, "a letter from D to Z and a folder, such as E=/srv/collection", value);
 }
 
-Read<results::Column> ReadColumn(std::string_view key) {
-    if (const auto column = results::FindColumn(key)) return *column;
-    return std::unexpected(
-        fmt::format("There is no column \"{}\".{}", key,
-                    DidYouMean(key, results::kColumns, &results::ColumnInfo::key)));
+Read<results::Column> ReadColumn(std::string_view name) {
+    const auto column = FindOutputColumn(name);
+    if (column && *column >= 0) return static_cast<results::Column>(*column);
+    if (column) {
+        return std::unexpected(
+            fmt::format("{} is no column of the list: it can only be printed.", name));
+    }
+    return std::unexpected(UnknownColumn(name));
 }
 
 Read<std::vector<int>> ReadColumns(std::string_view, std::string_view value) {
     std::vector<int> columns;
     for (const std::string_view piece : text::Split(value, ',')) {
-        const std::string_view key = text::Trim(piece);
-        if (text::EqualNoCase(key, kNativePath)) {
-            columns.push_back(kNativePathColumn);
-        } else {
-            TX_TRY_ASSIGN(const auto column, ReadColumn(key));
-            columns.push_back(column);
+        const std::string_view name = text::Trim(piece);
+        if (text::EqualNoCase(name, kAllColumns)) {
+            std::ranges::copy(AllOutputColumns(), std::back_inserter(columns));
+            continue;
         }
+        const auto column = FindOutputColumn(name);
+        if (!column) return std::unexpected(UnknownColumn(name));
+        columns.push_back(*column);
     }
     return columns;
 }

@@ -35,8 +35,9 @@ Read<int> ReadLevels(std::string_view option, std::string_view value);
 // "E=/srv/collection" or "e:=/srv/collection".
 Read<std::pair<char, std::string>> ReadDrive(std::string_view option, std::string_view value);
 
-// Columns by their keys: one; several with commas between, NativePath among them; "KEY[:desc]".
-Read<results::Column> ReadColumn(std::string_view key);
+// Columns by key, short word or caption: one of the list; several with commas between, facts and
+// "all" among them; "NAME[:desc]".
+Read<results::Column> ReadColumn(std::string_view name);
 Read<std::vector<int>> ReadColumns(std::string_view option, std::string_view value);
 Read<SortRequest> ReadSort(std::string_view option, std::string_view value);
 

@@ -36,8 +36,10 @@ class CliFixture : public ::testing::Test {
                   .err = err,
                   .fillEvents = app::FillEvents,
                   .errIsTerminal = isTerminal,
+                  .outIsTerminal = isOutTerminal,
                   .currentFolder = "/home/ann"};
         host.edit = edit;
+        host.terminalWidth = [this] { return terminalWidth; };
         host.interrupted = [this] { return interrupted; };
         host.open =
             [this](const MachineRequest&) -> std::expected<platform::Platform, std::string> {
@@ -56,6 +58,8 @@ class CliFixture : public ::testing::Test {
     // What stands in for the user's editor; takes a native path.
     std::function<std::expected<void, std::string>(const std::string&)> edit;
     bool isTerminal = false;
+    bool isOutTerminal = false;
+    int terminalWidth = 80;
     int interrupted = 0; // by that signal
     platform::MemoryPlatform machine;
     std::istringstream in;

@@ -121,6 +121,47 @@ TEST_F(DeleteCommandTest, WhatHasChangedSinceItWasFoundStaysOrGoesAsTheOptionSay
     EXPECT_FALSE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
 }
 
+TEST_F(DeleteCommandTest, ADryRunTellsOfEachAndTouchesNothing) {
+    Disk().AddFile("C:\\home\\ann\\Music\\y.mp3").attributes = platform::kHidden;
+    EXPECT_EQ(Delete({"--dry-run"}), kSomeFailed);
+    EXPECT_EQ(Out(), "trash\t/home/ann/Music/a.mp3\n"
+                     "trash\t/home/ann/Music/Jazz/b.mp3\n"
+                     "protected: ask\t/home/ann/Music/y.mp3\n");
+    EXPECT_EQ(Err(), "");
+    EXPECT_EQ(Delete({"--dry-run", "--override-system-hidden", "no"}), kSomeFailed);
+    EXPECT_THAT(Out(), HasSubstr("protected: left alone\t/home/ann/Music/y.mp3\n"));
+    EXPECT_EQ(Delete({"-n", "--override-system-hidden", "yes", "--yes"}), kDone);
+    EXPECT_THAT(Out(), HasSubstr("trash\t/home/ann/Music/y.mp3\n"));
+    EXPECT_THAT(Trashed(), IsEmpty());
+    EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
+}
+
+TEST_F(DeleteCommandTest, ADryRunTellsWhatGoesWithItsFolderAndWhatTheTrashRefuses) {
+    EXPECT_EQ(Delete({"--dry-run", "--kind", "all", "--json"}, "*"), kDone);
+    EXPECT_THAT(Out(), HasSubstr(R"("NativePath":"/home/ann/Music/Jazz","Verdict":"trash"})"));
+    EXPECT_THAT(Out(),
+                HasSubstr(R"("NativePath":"/home/ann/Music/Jazz/b.mp3","Verdict":"trash"})"));
+    machine.bin.SetHasTrash("C:", false);
+    EXPECT_EQ(Delete({"--dry-run"}, "a.mp3"), kSomeFailed);
+    EXPECT_EQ(Out(), "no trash\t/home/ann/Music/a.mp3\n");
+    EXPECT_EQ(Delete({"--dry-run", "--on-recycle-failure", "delete"}, "a.mp3"), kDone);
+    EXPECT_EQ(Out(), "delete for good\t/home/ann/Music/a.mp3\n");
+    EXPECT_TRUE(Disk().Exists("C:\\home\\ann\\Music\\a.mp3"));
+}
+
+TEST_F(DeleteCommandTest, EqualFailuresAreOneLineAndVerboseListsThem) {
+    machine.bin.Refuse("C:\\home\\ann\\Music\\a.mp3", 70);
+    machine.bin.Refuse("C:\\home\\ann\\Music\\Jazz\\b.mp3", 70);
+    const std::vector<std::string> keep{"--yes", "--on-recycle-failure", "keep"};
+    EXPECT_EQ(Delete(keep), kSomeFailed);
+    EXPECT_THAT(Err(), HasSubstr("2 objects: "));
+    EXPECT_THAT(Err(), HasSubstr("--verbose lists all."));
+    EXPECT_EQ(Delete({"--yes", "--on-recycle-failure", "keep", "--verbose"}), kSomeFailed);
+    EXPECT_THAT(Err(), HasSubstr("a.mp3"));
+    EXPECT_THAT(Err(), HasSubstr("b.mp3"));
+    EXPECT_THAT(Err(), Not(HasSubstr("--verbose")));
+}
+
 TEST_F(DeleteCommandTest, AWordThatIsNoChoiceIsRefusedBeforeAnything) {
     EXPECT_EQ(Delete({"--yes", "--on-recycle-failure", "ask"}), kBadRequest);
     EXPECT_THAT(Err(), HasSubstr("--on-recycle-failure: ask not in {keep,delete}."));

@@ -151,6 +151,31 @@ TEST(ReadColumnsTest, AreKeysInAnyCaseWithCommasBetween) {
     EXPECT_EQ(ReadColumn("Nmae").error(), "There is no column \"Nmae\". Did you mean \"Name\"?");
 }
 
+TEST(ReadColumnsTest, TakesShortWordsAndCaptionsToo) {
+    const std::vector<std::pair<std::string_view, results::Column>> cases{
+        {"size", results::kSize},
+        {"DATE", results::kDate},
+        {"Exe Type", results::kExeType},
+        {"exetype", results::kExeType},
+        {"Path\\Name without Search Folder", results::kPathNameNoSrch},
+        {"relative", results::kPathNameNoSrch},
+        {"fullpath", results::kPathName},
+        {"Hot Key of Link (Shortcut Key)", results::kHotKey},
+        {"location", results::kSearchFolderIndex}};
+    for (const auto& [name, column] : cases)
+        EXPECT_EQ(ReadColumn(name).value_or(results::kName), column) << name;
+    EXPECT_EQ(ReadColumn("sizze").error(), "There is no column \"sizze\". Did you mean \"size\"?");
+    EXPECT_EQ(ReadColumn("colour").error(),
+              "There is no column \"colour\". tarvix-cli search --help lists them.");
+    EXPECT_EQ(ReadColumn("bytes").error(),
+              "bytes is no column of the list: it can only be printed.");
+    const auto all = ReadColumns("--columns", "all");
+    ASSERT_EQ(all->size(), 31U);
+    EXPECT_EQ(all->front(), results::kName);
+    EXPECT_EQ((*all)[26], results::kSearchFolderIndex);
+    EXPECT_EQ(all->back(), kIsFolderColumn);
+}
+
 TEST(ReadSortTest, IsAKeyAndADirection) {
     EXPECT_FALSE(ReadSort("--sort", "name")->descending);
     EXPECT_FALSE(ReadSort("--sort", "Name:asc")->descending);

@@ -170,7 +170,7 @@ TEST_F(SearchTest, OutputFormats) {
          "Name\tSize\tDate\tExt\nb.txt\t000,000,000,010\t2025/03/04 05:06:07\ttxt\n"},
         {{"b.txt", "--in", "basic", "--json", "--columns", "Name,SizeSubItem"},
          "{\"Name\":\"b.txt\",\"SizeSubItem\":\"000,000,000,010\","
-         "\"NativePath\":\"ROOT/basic/b.txt\"}\n"},
+         "\"NativePath\":\"ROOT/basic/b.txt\",\"Bytes\":10}\n"},
         {{"*.txt", "--in", "basic", "--sort", "SizeSubItem:desc"},
          "ROOT/basic/b.txt\nROOT/basic/sub/below/e.txt\n"},
     });

@@ -302,7 +302,7 @@ TEST_F(SettingsTest, PrintedColumnsAreFilledThoughTheOptionsHideThem) {
     MakeBasic();
     EXPECT_EQ(Found({"a.mp3", "--in", "basic", "--columns", "Name,PathLevels"}).substr(0, 6),
               "a.mp3\t");
-    EXPECT_THAT(Found({"a.mp3", "--in", "basic", "--json"}),
+    EXPECT_THAT(Found({"a.mp3", "--in", "basic", "--json", "--columns", "all"}),
                 HasSubstr("\"SearchForEntry\":\"01\""));
     EXPECT_THAT(ReadAll(DataFolder() / "TXOptionFile.txt"),
                 HasSubstr("blnListItems (VersionSubItem) = False\r\n"));

@@ -12,6 +12,7 @@
 #include "session/lifecycle/startup.h"
 #include "session/option_menu.h"
 #include "session/paths/ask_long_path.h"
+#include "session/runs.h"
 #include "session/text_viewer.h"
 #include "shortcuts/edit_mode.h"
 
@@ -24,6 +25,7 @@ void FillEvents(session::EventTable& events) {
     session::AddAskLongPathEvents(events);
     session::AddOptionMenuEvents(events);
     session::AddLogViewEvents(events);
+    session::AddRunsEvents(events);
     results::AddListEvents(events);
     search::AddSearchEvents(events);
     actions::AddActionEvents(events);

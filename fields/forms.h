@@ -26,6 +26,7 @@ struct Forms {
     FrmOverrideRecycleFail frmOverrideRecycleFail;
     FrmPreview frmPreview;
     FrmUnread frmUnread;
+    FrmRuns frmRuns;
     FrmWelcome frmWelcome;
     FrmNumbers frmNumbers;
     FrmBatch frmBatch;
@@ -36,7 +37,7 @@ struct Forms {
     FrmOpenWith frmOpenWith;
     FrmOptions frmOptions;
 
-    const std::array<Form*, 22> all{&frmSearch,
+    const std::array<Form*, 23> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,
@@ -49,6 +50,7 @@ struct Forms {
                                     &frmOverrideRecycleFail,
                                     &frmPreview,
                                     &frmUnread,
+                                    &frmRuns,
                                     &frmWelcome,
                                     &frmNumbers,
                                     &frmBatch,

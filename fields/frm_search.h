@@ -163,6 +163,7 @@ class FrmSearch : public Form {
                                     "Copy Object Names Directly into 'Search For' Box"};
     MenuEntry mnuToolViewActionLog{*this, "mnuToolViewActionLog", "View Action Log"};
     MenuEntry mnuToolViewAnyActionLog{*this, "mnuToolViewAnyActionLog", "View Any Action Log"};
+    MenuEntry mnuToolViewRuns{*this, "mnuToolViewRuns", "Logs of Runs..."};
     MenuEntry mnuShortcutsWarning{*this, "mnuShortcutsWarning",
                                   "**** - Edit Shortcuts Mode - **** Click Here to Cancel"};
     MenuEntry mnuTargetPath{*this, "mnuTargetPath", "Target Path"};

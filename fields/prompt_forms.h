@@ -135,6 +135,17 @@ class FrmUnread : public Form {
     CommandButton cmdOK{*this, "cmdOK", "&Close"};
 };
 
+// The action logs of the runs, the newest first.
+class FrmRuns : public Form {
+  public:
+    FrmRuns() : Form("frmRuns") { Caption = "Logs of Runs"; }
+    Label lblMain{*this, "lblMain"};
+    ListBox lstRuns{*this, "lstRuns"};
+    CommandButton cmdView{*this, "cmdView", "&View"};
+    CommandButton cmdRecycle{*this, "cmdRecycle", "Move to &Trash"};
+    CommandButton cmdOK{*this, "cmdOK", "&Close"};
+};
+
 // What a first start tells, in one window.
 class FrmWelcome : public Form {
   public:

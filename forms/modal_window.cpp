@@ -12,6 +12,7 @@
 #include "forms/open_with_window.h"
 #include "forms/options_window.h"
 #include "forms/preview_window.h"
+#include "forms/runs_window.h"
 #include "forms/text_conversion.h"
 #include "forms/unread_window.h"
 #include "forms/welcome_window.h"
@@ -101,6 +102,9 @@ std::unique_ptr<ModalWindow> MakeModalWindow(session::Session& session, EventGat
     }
     if (&form == &session.forms.frmUnread) {
         return std::make_unique<UnreadWindow>(session, gate, parent);
+    }
+    if (&form == &session.forms.frmRuns) {
+        return std::make_unique<RunsWindow>(session, gate, parent);
     }
     if (&form == &session.forms.frmWelcome) {
         return std::make_unique<WelcomeWindow>(session, gate, parent);

@@ -57,6 +57,7 @@ enum class PromptId : std::uint8_t {
     kFakeFolder,
     kObjectLimitReached,
     kUnreadObjects,
+    kRuns,
     kRepeatDelete,
     kRepeatDeleteSure,
     kRepeatDeleteDone,

@@ -87,6 +87,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Modal(Id::kFakeFolder, Role::kNotice, "frmAllUsers"),
     Notice(Id::kObjectLimitReached),
     Modal(Id::kUnreadObjects, Role::kWindow, "frmUnread"),
+    Modal(Id::kRuns, Role::kWindow, "frmRuns"),
     Message(Id::kRepeatDelete, Role::kDecision, kYesNo + kCritical + kSecondDefault),
     Message(Id::kRepeatDeleteSure, Role::kDecision, kYesNo + kCritical + kSecondDefault),
     Notice(Id::kRepeatDeleteDone),

@@ -7,6 +7,7 @@
 #include "session/lifecycle/data_folder.h"
 #include "session/lifecycle/first_run.h"
 #include "session/lifecycle_events.h"
+#include "session/old_logs.h"
 #include "session/product.h"
 #include "session/prompt_id.h"
 #include "session/remembered/histories.h"
@@ -85,6 +86,7 @@ void ReadOptions(Session& session) {
     session::OpenOptionFile(session);
     if (state.blnOptionFileFound && !state.blnOptionFileUnread) session::BackUpOptionFile(session);
     OpenLogs(session);
+    session::RemoveOldLogs(session);
     session::RemoveLeftTemporaries(session);
 }
 

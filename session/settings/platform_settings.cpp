@@ -23,6 +23,8 @@ constexpr std::string_view kDrive = "drive";
 constexpr std::string_view kAny = "any";
 constexpr std::string_view kOn = "on";
 constexpr std::string_view kOff = "off";
+constexpr std::string_view kAll = "all";
+constexpr int kMostLogs = 1'000'000;
 constexpr int kMostPixels = 100'000;
 constexpr int kEarliestYear = 1980;
 constexpr int kLastYear = 9999;
@@ -151,6 +153,27 @@ bool TakeYear(PlatformSettings& settings, std::string_view text) {
     return year.has_value();
 }
 
+std::string LogsText(const PlatformSettings& settings) {
+    const auto& [most, inDays] = settings.logsKept;
+    return most == 0 ? std::string(kAll) : fmt::format("{}{}", most, inDays ? " days" : "");
+}
+
+bool TakeLogs(PlatformSettings& settings, std::string_view text) {
+    LogsKept kept;
+    if (text::EqualNoCase(text, kAll)) {
+        kept.most = 0;
+    } else {
+        const std::size_t blank = std::min(text.find(' '), text.size());
+        const std::string_view unit = text::Trim(text.substr(blank));
+        const auto number = NumberFrom(text.substr(0, blank), 1, kMostLogs);
+        kept.inDays = text::EqualNoCase(unit, "days") || text::EqualNoCase(unit, "day");
+        if (!number || (!kept.inDays && !unit.empty())) return false;
+        kept.most = *number;
+    }
+    settings.logsKept = kept;
+    return true;
+}
+
 // ---- the keys ----
 
 struct SettingKey {
@@ -241,6 +264,10 @@ constexpr std::array kKeys{
     SettingKey{"LatestFileYear",
                "The last year that is plausible for the date of a file; any for all years.",
                YearText, TakeYear},
+    SettingKey{"LogsKept",
+               "How many action logs stay, each of one run: a number, an age such as 30 days, or "
+               "all.",
+               LogsText, TakeLogs},
     BoxKey<&PlatformSettings::sortsFast>(
         "FastSort", "Whether the window was left with Fast Sort on; empty for as at first."),
     BoxKey<&PlatformSettings::searchesSubfolders>(

@@ -28,6 +28,13 @@ struct WindowPlace {
     bool operator==(const WindowPlace&) const = default;
 };
 
+// Which action logs of earlier runs stay.
+struct LogsKept {
+    int most = 200;      // so many, that of this run among them; 0 for all
+    bool inDays = false; // those of so many days instead
+    bool operator==(const LogsKept&) const = default;
+};
+
 // What is particular to this machine and so stands in no options file. A new record holds what
 // counts on a machine of default traits.
 struct PlatformSettings {
@@ -41,6 +48,7 @@ struct PlatformSettings {
     std::string hexEditor;              // empty for none
     std::string terminal;               // a program and its arguments are added to its end
     int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
+    LogsKept logsKept;
     std::optional<bool> sortsFast;      // as the window left the box; none: as at first
     std::optional<bool> searchesSubfolders; // the same
     WindowPlace searchWindow;

@@ -36,6 +36,7 @@ TEST(AllForms, AreFoundByName) {
                              "frmOverrideRecycleFail",
                              "frmPreview",
                              "frmUnread",
+                             "frmRuns",
                              "frmNumbers",
                              "frmWelcome",
                              "frmBatch",
@@ -50,7 +51,7 @@ TEST(AllForms, AreFoundByName) {
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 22U);
+    EXPECT_EQ(forms.all.size(), 23U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

@@ -61,6 +61,9 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "Terminal = xterm -e\r\n"
         "# The last year that is plausible for the date of a file; any for all years.\r\n"
         "LatestFileYear = 2026\r\n"
+        "# How many action logs stay, each of one run: a number, an age such as 30 days, or "
+        "all.\r\n"
+        "LogsKept = 200\r\n"
         "# Whether the window was left with Fast Sort on; empty for as at first.\r\n"
         "FastSort = on\r\n"
         "# The same of Include subfolders, where the options let it be chosen.\r\n"
@@ -97,6 +100,21 @@ TEST(PlatformSettingsText, IsReadAsItWasWritten) {
               settings);
 }
 
+TEST(PlatformSettingsText, LogsAreKeptByNumberOrAge) {
+    const std::vector<std::pair<const char*, session::LogsKept>> cases{
+        {"LogsKept = 7", {.most = 7, .inDays = false}},
+        {"logskept = 30 Days", {.most = 30, .inDays = true}},
+        {"LogsKept = 1 day", {.most = 1, .inDays = true}},
+        {"LogsKept = ALL", {.most = 0, .inDays = false}}};
+    for (const auto& [line, kept] : cases) {
+        const auto settings = session::ParsePlatformSettings({line});
+        EXPECT_EQ(settings.logsKept, kept) << line;
+        EXPECT_EQ(session::ParsePlatformSettings(LinesOf(session::PlatformSettingsText(settings))),
+                  settings);
+    }
+    EXPECT_EQ(PlatformSettings{}.logsKept, (session::LogsKept{.most = 200, .inDays = false}));
+}
+
 TEST(PlatformSettingsText, KeysCountInAnyCaseAndBlanksAreNothing) {
     const auto settings = session::ParsePlatformSettings(
         {"  LISTPATHFORM=Drive ", "drive e:= /x", "Drive f = /y", "", "# editor = no"});
@@ -115,6 +133,12 @@ TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
                                        "LatestFileYear = 1979",
                                        "LatestFileYear = 0",
                                        "PathForm = natively",
+                                       "LogsKept = 0",
+                                       "LogsKept = -5",
+                                       "LogsKept =",
+                                       "LogsKept = 5 weeks",
+                                       "LogsKept = days",
+                                       "LogsKept = 99999999999",
                                        "LongestPath = 260",
                                        "LongestPath = 0",
                                        "SearchWindow = 1,2,3",

@@ -2,8 +2,6 @@
 
 #include "cli/messages.h"
 
-#include <ostream>
-
 namespace tarvix::cli {
 
 BesideProgress::BesideProgress(Host& host)

@@ -2,7 +2,7 @@
 
 #include "cli/host.h"
 
-#include <streambuf>
+#include <ostream>
 
 namespace tarvix::cli {
 

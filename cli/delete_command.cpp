@@ -1,4 +1,3 @@
-#include "actions/place/action_run.h"
 #include "actions/request/preview_delete.h"
 #include "cli/commands.h"
 #include "cli/finding.h"
@@ -37,18 +36,13 @@ void AnswerAhead(Session& session, CommandPrompts& prompts, const DeleteRequest&
     }
 }
 
-std::uint8_t Standing(const std::optional<bool>& choice) {
-    if (!choice) return actions::kOverrideNo;
-    return *choice ? actions::kOverrideYesToAll : actions::kOverrideNoToAll;
-}
-
 // The rows are all selected, and nothing is asked or confirmed.
 int PrintDeletion(Host& host, Session& session, const DeleteRequest& request) {
     const Watch watch(host, session);
     (void)session::UserClick(session, session.frmSearch.cmdSelectAll);
     results::BuildFileArray(session);
-    const auto entries = actions::PreviewDelete(
-        session, {Standing(request.takesProtected), Standing(request.deletesForGood)});
+    const auto entries =
+        actions::PreviewDelete(session, {request.takesProtected, request.deletesForGood});
     bool isAll = host.interrupted() == 0;
     for (const auto& [index, verdict] : entries) {
         using actions::DeleteVerdict;

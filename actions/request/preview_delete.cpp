@@ -1,5 +1,6 @@
 #include "actions/request/preview_delete.h"
 
+#include "actions/place/action_run.h"
 #include "actions/request/delete_request.h"
 #include "actions/request/preview_prompts.h"
 #include "platform/rehearsal/rehearsal_file_system.h"
@@ -27,6 +28,12 @@ constexpr std::array<std::string_view, 8> kDeleteVerdicts{"trash",
                                                           "changed since the search",
                                                           "failed"};
 
+// The answer that stands for all.
+OverrideAnswer Standing(const std::optional<bool>& choice) {
+    if (!choice) return kOverrideNo;
+    return *choice ? kOverrideYesToAll : kOverrideNoToAll;
+}
+
 // A session of its own whose files and trash only record.
 class DeleteRehearsal {
   public:
@@ -35,8 +42,8 @@ class DeleteRehearsal {
           session_(MachineOf(real), prompts_) {
         session_.state = real.state;
         session_.selection = real.selection;
-        session_.forms.frmOverrideDialog.Answer = choices.ofProtected;
-        session_.forms.frmOverrideRecycleFail.Answer = choices.ofRefused;
+        session_.forms.frmOverrideDialog.Answer = Standing(choices.takesProtected);
+        session_.forms.frmOverrideRecycleFail.Answer = Standing(choices.deletesForGood);
         session_.log.KeepNothing();
         session_.errorLog.KeepNothing();
     }

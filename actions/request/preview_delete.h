@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -25,10 +26,10 @@ enum class DeleteVerdict : std::uint8_t {
 // "trash", "protected: ask" ...
 std::string_view VerdictText(DeleteVerdict verdict);
 
-// By the values of frmOverrideDialog and frmOverrideRecycleFail.
+// What was chosen ahead; without a choice it would be asked.
 struct DeleteChoices {
-    std::uint8_t ofProtected = 0;
-    std::uint8_t ofRefused = 0;
+    std::optional<bool> takesProtected; // hidden and system objects
+    std::optional<bool> deletesForGood; // what the trash can't take
 };
 
 struct DeletePreview {

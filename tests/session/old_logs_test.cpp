@@ -1,9 +1,9 @@
 #include "session/old_logs.h"
 #include "session/unattended_prompts.h"
 #include "tests/support/program_fixture.h"
+#include "text/characters.h"
 #include "text/format.h"
 
-#include <fmt/core.h>
 #include <gmock/gmock.h>
 
 namespace tarvix::testing {
@@ -19,11 +19,11 @@ class OldLogs : public ProgramFixture {
   protected:
     std::string Folder() { return machine.environment.programFolder; }
     std::string PathOf(std::string_view stamp) {
-        return fmt::format("{}\\TXAction {}.log", Folder(), stamp);
+        return text::Concat({Folder(), "\\TXAction ", stamp, ".log"});
     }
     void AddLog(std::string_view stamp) { Disk().AddFile(PathOf(stamp), "Opened"); }
     void Setting(std::string_view line) {
-        Disk().AddFile(Folder() + "\\TXPlatform.txt", fmt::format("{}\r\n*EOF", line));
+        Disk().AddFile(Folder() + "\\TXPlatform.txt", text::Concat({line, "\r\n*EOF"}));
     }
     // The stamps of the logs that stand, newest first.
     std::vector<std::string> Stamps() {

@@ -50,13 +50,16 @@ TEST_F(RefusalsTest, EachIsOneSentenceAndNothingIsDone) {
 
 TEST_F(RefusalsTest, AQuestionIsAnsweredOnlyWhenToldHow) {
     MakeBasic();
-    const Outcome asked = Run({"search", "mp|tx", "--in", "basic"});
+    const Outcome asked = Run({"list", "mp|tx", "--in", "basic"});
     EXPECT_EQ(asked.exitCode, 3);
     EXPECT_EQ(asked.out, "");
     EXPECT_THAT(asked.err, HasSubstr("give --answer Yes or --answer No."));
-    const Outcome answered = Run({"search", "mp|tx", "--in", "basic", "--answer", "No"});
+    const Outcome answered = Run({"list", "mp|tx", "--in", "basic", "--answer", "No"});
     EXPECT_EQ(answered.exitCode, 0);
     EXPECT_EQ(std::ranges::count(answered.out, '\n'), 5);
+    const Outcome searched = Run({"search", "mp|tx", "--in", "basic"});
+    EXPECT_EQ(searched.exitCode, 0);
+    EXPECT_EQ(searched.out, answered.out);
 }
 
 TEST_F(RefusalsTest, HelpAndVersionAreResults) {

@@ -111,14 +111,19 @@ std::string_view EmptyListText(const session::SessionState& state) {
                             : "Say what to search for and where, then press Search.";
 }
 
+std::string SearchTitle(const Session& session) {
+    const auto& form = session.frmSearch;
+    const std::string_view what = text::Trim(form.cmbSearchFor.Text.Get());
+    return fmt::format("{} in {}", what.empty() ? "Everything" : what,
+                       session::EntryShown(session, form.cmbDir, form.cmbDir.Text.Get()));
+}
+
 std::string EmptyListTitle(const Session& session) {
     if (!IsTold(session)) return {};
     if (session.state.blnStopClicked) return "The search was stopped before it found anything";
-    const auto& form = session.frmSearch;
-    const std::string where = session::EntryShown(session, form.cmbDir, form.cmbDir.Text.Get());
-    const std::string_view what = text::Trim(form.cmbSearchFor.Text.Get());
-    return what.empty() ? fmt::format("Nothing was found in {}", where)
-                        : fmt::format("No object matches {} in {}", what, where);
+    const bool isAll = text::Trim(session.frmSearch.cmbSearchFor.Text.Get()).empty();
+    return fmt::format("{}{}", isAll ? "Nothing was found: " : "No object matches ",
+                       SearchTitle(session));
 }
 
 std::vector<EmptyReason> EmptyListReasons(const Session& session) {

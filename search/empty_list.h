@@ -25,6 +25,9 @@ struct EmptyReason {
     bool operator==(const EmptyReason&) const = default;
 };
 
+// "*.mp3 in ~/Music": what the boxes ask for.
+std::string SearchTitle(const session::Session& session);
+
 // "No object matches *.mp3 in ~/Music", and why that may be, what was left out first. Nothing
 // while a search runs, where the list has rows and where nothing was searched.
 std::string EmptyListTitle(const session::Session& session);

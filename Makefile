@@ -12,6 +12,7 @@ help:
 	@echo 'make sanitize-threads  all tests with checks of what threads share'
 	@echo 'make bench     time it beside its peers (ONLY="copy move" for some jobs)'
 	@echo 'make readers   have players, parsers and a browser read written playlists and pages'
+	@echo 'make screenshots  pictures of every window into docs/screenshots'
 	@echo 'make fuzz      feed the parsers foreign bytes (SECONDS=60 each)'
 	@echo 'make lint      layers, format, warnings of clang, clang-tidy'
 	@echo 'make format    format all sources'
@@ -67,6 +68,10 @@ readers: build
 	@tools/setup packaging/reader-packages.txt
 	@tools/check-lists build
 
+screenshots: setup build/CMakeCache.txt
+	@cmake --build build -j $(JOBS) --target test_forms
+	@tools/screenshots build
+
 SECONDS ?= 60
 fuzz: setup-developer
 	@cmake --preset fuzz >/dev/null
@@ -86,4 +91,4 @@ package: build
 clean:
 	@rm -rf build build-*
 
-.PHONY: help setup setup-developer build run test nightly sanitize sanitize-threads headless bench readers fuzz lint format package clean
+.PHONY: help setup setup-developer build run test nightly sanitize sanitize-threads headless bench readers screenshots fuzz lint format package clean

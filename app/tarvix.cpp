@@ -140,6 +140,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("tarvix");
     QApplication::setDesktopFileName("tarvix");
     QApplication::setWindowIcon(ProgramIcon());
+    forms::UseOutlines();
     forms::ChooseShade(qEnvironmentVariable("TARVIX_THEME").toStdString());
     forms::ChooseIconTheme(QApplication::palette());
 

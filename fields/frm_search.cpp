@@ -5,8 +5,8 @@ namespace tarvix::fields {
 FrmSearch::FrmSearch() : Form("frmSearch") {
     for (Control* hidden : std::initializer_list<Control*>{
              &txtSize1, &txtSize2, &cboSize, &cboDate, &lblDate1, &lbldDateThru, &lblDate2,
-             &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus, &lblBatch,
-             &mnuPlayListWarning, &mnuShortcutsWarning}) {
+             &txtDate1, &txtDate2, &lblDateType, &lblTargetPath, &cboTargetPath, &lblDetailedStatus,
+             &lblBatch, &mnuPlayListWarning, &mnuShortcutsWarning}) {
         hidden->Visible = false;
     }
     cmdEditPlayList.ToolTipText =

@@ -39,6 +39,8 @@ class FrmSearch : public Form {
     DateLabel lblDate1{*this, "lblDate1"};
     Label lbldDateThru{*this, "lbldDateThru", "thru"};
     DateLabel lblDate2{*this, "lblDate2"};
+    TextBox txtDate1{*this, "txtDate1"}; // a date or words for one; the labels have what they mean
+    TextBox txtDate2{*this, "txtDate2"};
     Label lblDateType{*this, "lblDateType", std::string(kDateTypes[0])};
 
     // Attributes: 0 must not have, 1 must have, 2 doesn't matter.

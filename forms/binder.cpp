@@ -1,9 +1,12 @@
 #include "forms/binder.h"
 
+#include "forms/attribute_box.h"
 #include "forms/field_widgets.h"
+#include "forms/folder_offers.h"
 #include "forms/list_box.h"
 #include "forms/text_conversion.h"
 #include "session/native_entry.h"
+#include "session/recent_entries.h"
 #include "session/session.h"
 #include "session/user_input.h"
 
@@ -66,12 +69,16 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
     showers_[&control].push_back([this, &control, widget, shower] {
         if (shower) shower();
         const bool canAct = !NeedsRoutine(control.Kind()) || HasRoutine(control);
-        widget->setVisible(control.Visible && canAct);
-        ShowCommon(control, *widget);
+        ShowCommon(control, *widget, control.Visible && canAct);
     });
 }
 
 Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
+    if (auto* box = dynamic_cast<AttributeBox*>(&button)) {
+        connect(box, &QAbstractButton::clicked, this,
+                [this, &control, box] { Set(control, box->Next()); });
+        return ShowerOf(static_cast<fields::CheckBox&>(control), *box);
+    }
     connect(&button, &QAbstractButton::clicked, this, [this, &control] { Click(control); });
     if (auto* box = qobject_cast<QCheckBox*>(&button)) {
         return ShowerOf(static_cast<fields::CheckBox&>(control), *box);
@@ -89,7 +96,9 @@ Shower Binder::BindCombo(fields::ComboBox& field, QComboBox& box) {
         connect(box.lineEdit(), &QLineEdit::textEdited, this,
                 [this, &field](const QString& text) { Set(field, text); });
     }
-    return ShowerOf(field, box, PathTextOf(field));
+    if (session::TakesPaths(field)) OfferFolders(box, MakeFolderOffers(session_, field, box));
+    return ShowerOf(field, box, PathTextOf(field),
+                    [this, &field] { return session::RecentFirst(session_, field); });
 }
 
 Shower Binder::BindText(fields::TextBox& field, QLineEdit& edit) {
@@ -126,8 +135,10 @@ Shower Binder::BindAction(fields::Control& control, QAction& action) {
         action.setText(ToQt(control.CaptionText()));
         action.setVisible(control.Visible && HasRoutine(control));
         action.setEnabled(control.Enabled);
-        if (control.Kind() != ControlKind::kMenuEntry) return;
-        const bool checked = static_cast<fields::MenuEntry&>(control).Checked;
+        const auto* entry = dynamic_cast<const fields::MenuEntry*>(&control);
+        const auto* choice = dynamic_cast<const fields::OptionButton*>(&control);
+        if (entry == nullptr && choice == nullptr) return;
+        const bool checked = entry != nullptr ? entry->Checked : choice->Value;
         if (checked) action.setCheckable(true);
         action.setChecked(checked);
     };
@@ -164,7 +175,9 @@ void Binder::TakeFocus() {
     if (form_.Focus == nullptr) return;
     auto* widget = root_.findChild<QWidget*>(ToQt(form_.Focus->Name()));
     form_.Focus = nullptr;
-    if (widget != nullptr && widget->isEnabled()) widget->setFocus();
+    if (widget == nullptr || !widget->isEnabled()) return;
+    widget->setFocus();
+    if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }
 
 void Binder::TakeNativePaths(fields::Control& control) {

@@ -6,12 +6,18 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStringListModel>
+#include <QTimer>
+
+#include <utility>
 
 namespace tarvix::forms {
 
 namespace {
 
 constexpr int kOffered = 12;
+constexpr int kFromHistory = 6; // of them, beside folders
+constexpr int kPause = 120;     // milliseconds after the last key
 
 // A list that is offered keeps the keys of the window to itself; those that don't edit close it.
 bool IsCommand(const QKeyEvent& key) {
@@ -22,9 +28,9 @@ bool IsCommand(const QKeyEvent& key) {
     return !isModifier && (isFunction || held != Qt::NoModifier);
 }
 
-class KeyFilter : public QObject {
+class PopupKeys : public QObject {
   public:
-    KeyFilter(QComboBox& box, QAbstractItemView& popup) : QObject(&box), box_(box), popup_(popup) {
+    PopupKeys(QComboBox& box, QAbstractItemView& popup) : QObject(&box), box_(box), popup_(popup) {
         popup.installEventFilter(this);
         box.installEventFilter(this);
         box.lineEdit()->installEventFilter(this);
@@ -53,7 +59,83 @@ class KeyFilter : public QObject {
     QAbstractItemView& popup_;
 };
 
+QStringList HistoryWith(const QComboBox& box, const QString& typed) {
+    QStringList found;
+    for (int i = 0; i < box.count() && found.size() < kFromHistory; ++i) {
+        const QString entry = box.itemText(i);
+        if (entry != typed && entry.contains(typed, Qt::CaseInsensitive)) found << entry;
+    }
+    return found;
+}
+
+// What is offered below a box of paths, made anew at each key.
+class FolderPopup : public QObject {
+  public:
+    FolderPopup(QComboBox& box, FolderOffers offers)
+        : QObject(&box), box_(box), line_(*box.lineEdit()), offers_(std::move(offers)),
+          model_(new QStringListModel(this)), completer_(new QCompleter(model_, this)) {
+        completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+        completer_->setMaxVisibleItems(kOffered);
+        completer_->setWidget(&line_);
+        box.setCompleter(nullptr);
+        timer_.setSingleShot(true);
+        timer_.setInterval(kPause);
+        connect(&timer_, &QTimer::timeout, this, [this] { Ask(); });
+        connect(&line_, &QLineEdit::textEdited, this, [this] { Begin(); });
+        connect(completer_, qOverload<const QString&>(&QCompleter::activated), this,
+                [this](const QString& chosen) { Take(chosen); });
+        new PopupKeys(box, *completer_->popup());
+    }
+
+  private:
+    void Begin() {
+        if (takes_) return;
+        Show(HistoryWith(box_, line_.text()));
+        timer_.start();
+    }
+
+    void Ask() {
+        const QString typed = line_.text();
+        offers_.ask(typed, [this, typed](const QStringList& folders) {
+            if (line_.text() == typed && IsTypedInto()) {
+                Show(HistoryWith(box_, typed) + folders);
+            }
+        });
+    }
+
+    // The window's own focus, which a list that is offered doesn't take.
+    bool IsTypedInto() const {
+        const QWidget* focus = line_.window()->focusWidget();
+        return focus == &line_ || focus == &box_;
+    }
+
+    void Show(const QStringList& texts) {
+        if (texts.isEmpty() || line_.text().isEmpty()) return completer_->popup()->hide();
+        if (texts != model_->stringList()) model_->setStringList(texts);
+        completer_->complete();
+    }
+
+    void Take(const QString& chosen) {
+        takes_ = true;
+        line_.setText(chosen);
+        Q_EMIT line_.textEdited(chosen);
+        takes_ = false;
+    }
+
+    QComboBox& box_;
+    QLineEdit& line_;
+    FolderOffers offers_;
+    QStringListModel* model_;
+    QCompleter* completer_;
+    QTimer timer_;
+    bool takes_ = false; // an offer, which is no typing
+};
+
 } // namespace
+
+void OfferFolders(QComboBox& box, FolderOffers offers) {
+    new FolderPopup(box, std::move(offers));
+}
 
 void OfferCompletion(QComboBox& box) {
     auto* completer = new QCompleter(box.model(), &box);
@@ -62,7 +144,7 @@ void OfferCompletion(QComboBox& box) {
     completer->setFilterMode(Qt::MatchContains);
     completer->setMaxVisibleItems(kOffered);
     box.setCompleter(completer);
-    new KeyFilter(box, *completer->popup());
+    new PopupKeys(box, *completer->popup());
 }
 
 } // namespace tarvix::forms

@@ -2,13 +2,31 @@
 
 #include "forms/field_widgets.h"
 #include "forms/panel_parts.h"
+#include "forms/text_conversion.h"
 #include "session/session.h"
+#include "text/date_words.h"
 
+#include <QCalendarWidget>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace tarvix::forms {
+
+namespace {
+
+constexpr std::array<const char*, 8> kWords{"Today",        "Yesterday",  "Last 7 days",
+                                            "Last 30 days", "This month", "Last month",
+                                            "This year",    "Last year"};
+
+QDateTime MomentOf(const text::DateTime& moment) {
+    return {QDate(moment.year, moment.month, moment.day),
+            QTime(moment.hour, moment.minute, moment.second)};
+}
+
+} // namespace
 
 DateWindow::DateWindow(session::Session& session, EventGate& gate, QWidget* parent)
     : ModalWindow(session, gate, session.forms.frmSelectDate, parent) {
@@ -16,27 +34,79 @@ DateWindow::DateWindow(session::Session& session, EventGate& gate, QWidget* pare
     auto* column = new QVBoxLayout(this);
     column->setSpacing(10);
     column->addWidget(Make(form.lblMain));
-    auto* grid = new QGridLayout;
-    const auto addLine = [grid](int line, const QString& word, const fields::DatePicker& date,
-                                const fields::DatePicker& time) {
-        QDateTimeEdit* day = Make(date);
-        QDateTimeEdit* hour = Make(time);
-        day->setAccessibleName(word + " date");
-        hour->setAccessibleName(word + " time");
-        QLabel* label = LabelFor(word, day);
-        grid->addWidget(label, line, 0);
-        grid->addWidget(day, line, 1);
-        grid->addWidget(hour, line, 2);
-        FollowVisibility(*day, *label);
-    };
-    addLine(0, "Start", form.dtpStartDate, form.dtpStartTime);
-    addLine(1, "End", form.dtpEndDate, form.dtpEndTime);
-    column->addLayout(grid);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(MakeWords(), 0, Qt::AlignTop);
+    start_ = MakeMoment("Start", form.dtpStartDate, form.dtpStartTime);
+    end_ = MakeMoment("End", form.dtpEndDate, form.dtpEndTime);
+    row->addWidget(start_.panel);
+    row->addWidget(end_.panel);
+    column->addLayout(row);
     column->addStretch(1);
     QPushButton* ok = Make(form.cmdOK);
     ok->setDefault(true);
     column->addWidget(InRow({ok, Make(form.cmdCancel)}), 0, Qt::AlignRight);
     BindFields();
+    for (const Moment& moment : {start_, end_}) {
+        moment.calendar->setSelectedDate(moment.day->date());
+    }
+    start_.calendar->setFocus();
+}
+
+// The usual stretches of time, a click each.
+QWidget* DateWindow::MakeWords() {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    for (const char* word : kWords) {
+        auto* button = new QPushButton(word);
+        button->setAutoDefault(false);
+        button->setObjectName("btn" + QString(word).remove(' '));
+        connect(button, &QPushButton::clicked, this, [this, word] { TakeWord(word); });
+        column->addWidget(button);
+    }
+    return panel;
+}
+
+DateWindow::Moment DateWindow::MakeMoment(const QString& word, const fields::DatePicker& date,
+                                          const fields::DatePicker& time) {
+    Moment moment{new QWidget, Make(date), Make(time), new QCalendarWidget};
+    auto* grid = new QGridLayout(moment.panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    moment.day->setCalendarPopup(false);
+    moment.day->setAccessibleName(word + " date");
+    moment.hour->setAccessibleName(word + " time");
+    moment.calendar->setAccessibleName(word + " calendar");
+    moment.calendar->setObjectName("cal" + word);
+    moment.calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    moment.calendar->setFirstDayOfWeek(Qt::Monday);
+    grid->addWidget(LabelFor(word, moment.day), 0, 0);
+    grid->addWidget(moment.day, 0, 1);
+    grid->addWidget(moment.hour, 0, 2);
+    grid->addWidget(moment.calendar, 1, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
+    FollowVisibility(*moment.day, *moment.panel);
+    auto* day = moment.day;
+    auto* calendar = moment.calendar;
+    connect(calendar, &QCalendarWidget::selectionChanged, this,
+            [day, calendar] { day->setDate(calendar->selectedDate()); });
+    connect(calendar, &QCalendarWidget::activated, this,
+            [this] { binder_->Click(session_.forms.frmSelectDate.cmdOK); });
+    connect(day, &QDateTimeEdit::dateChanged, calendar,
+            [calendar](QDate chosen) { calendar->setSelectedDate(chosen); });
+    return moment;
+}
+
+void DateWindow::TakeWord(const char* word) {
+    const auto span = text::ParseDateWords(word, session_.Now());
+    if (!span) return;
+    const auto set = [](const Moment& moment, const text::DateTime& value) {
+        moment.day->setDateTime(MomentOf(value));
+        moment.hour->setDateTime(MomentOf(value));
+    };
+    set(start_, span->first);
+    if (session_.forms.frmSelectDate.dtpEndDate.Visible) set(end_, span->last);
 }
 
 } // namespace tarvix::forms

@@ -2,6 +2,7 @@
 
 #include "forms/field_widgets.h"
 #include "forms/list_box.h"
+#include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/theme.h"
 
@@ -26,9 +27,11 @@ QString TextIn(const PathText& paths, const std::string& text) {
     return ToQt(paths.shown ? paths.shown(text) : text);
 }
 
-void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items, const PathText& paths) {
+void FillItems(QComboBox& box, const std::vector<fields::ComboItem>& items,
+               const std::vector<std::size_t>& order, const PathText& paths) {
     box.clear();
-    for (const auto& item : items) {
+    for (const std::size_t position : order) {
+        const fields::ComboItem& item = items[position];
         box.addItem(TextIn(paths, item.text), item.data);
     }
     box.setCurrentIndex(-1);
@@ -87,13 +90,16 @@ Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button) {
     };
 }
 
-Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths) {
-    return [&field, &box, paths = std::move(paths),
-            shown = std::vector<fields::ComboItem>()]() mutable {
+Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths, EntryOrder order) {
+    return [&field, &box, paths = std::move(paths), order = std::move(order),
+            shown = std::vector<fields::ComboItem>(),
+            shownOrder = std::vector<std::size_t>()]() mutable {
         const QSignalBlocker quiet(box);
-        if (shown != field.Items()) {
+        std::vector<std::size_t> orderNow = order();
+        if (shown != field.Items() || shownOrder != orderNow) {
             shown = field.Items();
-            FillItems(box, shown, paths);
+            shownOrder = std::move(orderNow);
+            FillItems(box, shown, shownOrder, paths);
         }
         ShowComboText(field, box, paths);
     };
@@ -139,9 +145,13 @@ Shower ShowerOf(const fields::ProgressBar& field, QProgressBar& bar) {
     };
 }
 
-void ShowCommon(const fields::Control& control, QWidget& widget) {
-    widget.setEnabled(control.Enabled);
-    if (!control.ToolTipText->empty()) widget.setToolTip(TipText(ToQt(control.ToolTipText.Get())));
+void ShowCommon(const fields::Control& control, QWidget& widget, bool isThere) {
+    const bool keepsPlace = KeepsPlace(widget);
+    widget.setVisible(isThere || keepsPlace);
+    widget.setEnabled(control.Enabled && (isThere || !keepsPlace));
+    const bool hasOwnTip = widget.property(kOwnTipProperty).toBool();
+    if (!control.ToolTipText->empty() && !hasOwnTip)
+        widget.setToolTip(TipText(ToQt(control.ToolTipText.Get())));
     const QPalette inherited = widget.parentWidget()->palette();
     if (control.ForeColor == fields::kBlack && !widget.testAttribute(Qt::WA_SetPalette)) return;
     QPalette palette = widget.palette();

@@ -3,6 +3,7 @@
 #include "forms/completion.h"
 #include "forms/list_box.h"
 #include "forms/text_conversion.h"
+#include "session/native_entry.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -74,7 +75,7 @@ QComboBox* Make(const fields::ComboBox& field) {
     box->setMaxVisibleItems(24);
     box->setFocusPolicy(Qt::StrongFocus);
     if (field.IsEditable()) {
-        OfferCompletion(*box);
+        if (!session::TakesPaths(field)) OfferCompletion(*box);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(16);
     }

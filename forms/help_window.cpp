@@ -68,6 +68,7 @@ HelpWindow::HelpWindow(QWidget* parent)
     pages_->setObjectName("lstPages");
     pages_->setAccessibleName("Pages");
     text_->setObjectName("txtHelp");
+    text_->setAccessibleName("Help text");
     text_->setOpenLinks(false);
     text_->document()->setDocumentMargin(16);
     find_->setObjectName("txtFindHelp");

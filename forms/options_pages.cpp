@@ -256,7 +256,9 @@ QWidget* MakeDrives(const FrmOptions& form) {
     QComboBox* letter = Make(form.cmbDriveLetter);
     QLineEdit* folder = Make(form.txtDriveFolder);
     folder->setAccessibleName("Folder of the drive");
-    grid->addWidget(Make(form.lstDrives), 0, 0, 1, 3);
+    FieldListBox* drives = Make(form.lstDrives);
+    drives->setAccessibleName("Drive letters");
+    grid->addWidget(drives, 0, 0, 1, 3);
     grid->addWidget(LabelFor("&Letter", letter), 1, 0);
     grid->addWidget(letter, 1, 1);
     grid->addWidget(

@@ -8,6 +8,8 @@ namespace tarvix::forms {
 
 namespace {
 
+constexpr const char* kPlaceProperty = "keepsPlace";
+
 class Follower : public QObject {
   public:
     Follower(QWidget& leader, QWidget& companion) : QObject(&companion), companion_(companion) {
@@ -40,8 +42,9 @@ QWidget* InRow(const QList<QWidget*>& widgets, int spacing) {
 }
 
 void SettleRows(QWidget& panel) {
-    for (const QWidget* row : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (row->layout() != nullptr) row->layout()->activate();
+    const QList<QWidget*> rows = panel.findChildren<QWidget*>();
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) { // from within
+        if ((*row)->layout() != nullptr) (*row)->layout()->activate();
     }
     panel.layout()->activate();
 }
@@ -50,6 +53,14 @@ QLabel* LabelFor(const QString& text, QWidget* box) {
     auto* label = new QLabel(text);
     label->setBuddy(box);
     return label;
+}
+
+void KeepPlace(QWidget& widget) {
+    widget.setProperty(kPlaceProperty, true);
+}
+
+bool KeepsPlace(const QWidget& widget) {
+    return widget.property(kPlaceProperty).toBool();
 }
 
 void FollowVisibility(QWidget& leader, QWidget& companion) {

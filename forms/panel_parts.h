@@ -17,6 +17,10 @@ void SettleRows(QWidget& panel);
 // A label that names a box.
 QLabel* LabelFor(const QString& text, QWidget* box);
 
+// Makes a widget stay in its place, disabled, while its field is hidden.
+void KeepPlace(QWidget& widget);
+bool KeepsPlace(const QWidget& widget);
+
 // Keeps `companion` visible exactly while `leader` is.
 void FollowVisibility(QWidget& leader, QWidget& companion);
 

@@ -3,6 +3,7 @@
 #include "forms/bottom_panel.h"
 #include "forms/criteria_panel.h"
 #include "forms/drop_filter.h"
+#include "forms/empty_panel.h"
 #include "forms/field_widgets.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
@@ -27,6 +28,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace tarvix::forms {
@@ -56,6 +58,7 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     SetUpList();
     SetUpDrops();
     SetTabOrder();
+    OfferAnyAttribute();
     ShareClipboard();
     connect(&timer_, &QTimer::timeout, this, [this] {
         gate_.Run(nullptr, [this] { session_.Raise(session_.frmSearch.Timer1, "Timer"); });
@@ -135,7 +138,13 @@ void SearchWindow::SetUpList() {
         gate_.Run(nullptr,
                   [&] { session_.blnListItems[static_cast<std::size_t>(column)] = shown; });
     };
-    list_->emptyText = [this] { return ToQt(search::EmptyListText(session_.state)); };
+    list_->emptyText = [this] {
+        return empty_->isVisible() ? QString() : ToQt(search::EmptyListText(session_.state));
+    };
+    empty_ = new EmptyPanel(*list_->viewport());
+    empty_->onWayOut = [this](search::WayOut way) {
+        gate_.Run(nullptr, [&] { search::TakeWayOut(session_, way); });
+    };
 }
 
 void SearchWindow::SetUpDrops() {
@@ -151,15 +160,22 @@ void SearchWindow::SetUpDrops() {
 }
 
 void SearchWindow::SetTabOrder() {
-    const auto box = [this](const char* name) { return findChild<QWidget*>(name); };
-    setTabOrder(box("cmbSearchFor"), box("cmbDir"));
-    setTabOrder(box("cmbDir"), box("cmdSearch"));
-    setTabOrder(box("cmdSearch"), box("cmdStop"));
-    setTabOrder(box("cmdStop"), box("cmdNext"));
-    setTabOrder(box("cmdNext"), box("chkNot"));
-    setTabOrder(box("chkNot"), box("cmdBrowse"));
-    setTabOrder(box("cmdBrowse"), box("cmdClearFolders"));
-    box("cmbSearchFor")->setFocus();
+    QWidget* last = findChild<QWidget*>("cmbSearchFor");
+    last->setFocus();
+    for (const char* name : {"cmbDir", "chkNot", "cmdSearch", "cmdStop", "cmdBrowse",
+                             "btnBrowseModes", "cmdClearFolders", "cmdNext"}) {
+        auto* next = findChild<QWidget*>(name);
+        setTabOrder(last, next);
+        last = next;
+    }
+}
+
+void SearchWindow::OfferAnyAttribute() {
+    connect(findChild<QToolButton*>("btnAnyAttribute"), &QToolButton::clicked, this, [this] {
+        for (fields::CheckBox* box : session_.frmSearch.attributeBoxes) {
+            binder_->Set(*box, "2");
+        }
+    });
 }
 
 void SearchWindow::ActOnRow(bool (*act)(session::Session&, int), std::size_t row) {
@@ -208,15 +224,27 @@ void SearchWindow::Flush() {
     binder_->Flush();
     SettleRows(*counters_);
     menu_->Refresh();
-    const QString title = Shown(session_.frmSearch.Caption);
-    if (!title.isEmpty() && windowTitle() != title) setWindowTitle(title);
+    ShowTitle();
     ShowProgress();
     ShowRows();
+    ShowEmpty();
     ShowSort();
     TakeMemory();
     ShowColumns();
     ShowState();
     KeepTime();
+}
+
+// What is being searched for, or was last. The boxes are locked meanwhile.
+void SearchWindow::ShowTitle() {
+    if (!session_.state.blnSearching) return;
+    const QString title = ToQt(search::SearchTitle(session_)) + " - Tarvix";
+    if (windowTitle() != title) setWindowTitle(title);
+}
+
+// Why there is nothing, and what can be done about it.
+void SearchWindow::ShowEmpty() {
+    empty_->Tell(search::EmptyListTitle(session_), search::EmptyListReasons(session_));
 }
 
 // Routines put the window out of the way and back.

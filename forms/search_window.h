@@ -20,6 +20,7 @@ class QProgressBar;
 namespace tarvix::forms {
 
 class ElidedLabel;
+class EmptyPanel;
 
 // frmSearch: criteria, result list, selection and actions, counters and status.
 class SearchWindow : public QMainWindow, public View {
@@ -47,6 +48,9 @@ class SearchWindow : public QMainWindow, public View {
     void SetUpList();
     void SetUpDrops();
     void SetTabOrder();
+    void OfferAnyAttribute();
+    void ShowTitle();
+    void ShowEmpty();
     void TellSize();
     void ActOnRow(bool (*act)(session::Session&, int), std::size_t row);
     void SortBy(int column);
@@ -67,6 +71,7 @@ class SearchWindow : public QMainWindow, public View {
     EventGate& gate_;
     ResultModel* model_ = nullptr;
     ResultView* list_ = nullptr;
+    EmptyPanel* empty_ = nullptr;
     ElidedLabel* nativePath_ = nullptr;
     QProgressBar* busy_ = nullptr;
     QLabel* progress_ = nullptr; // what the bar counts

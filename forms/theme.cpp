@@ -1,5 +1,7 @@
 #include "forms/theme.h"
 
+#include "forms/outline_style.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QStyle>
@@ -24,12 +26,6 @@ double Luminance(const QColor& color) {
            0.0722 * Linear(color.blueF());
 }
 
-double Contrast(const QColor& a, const QColor& b) {
-    const double one = Luminance(a);
-    const double other = Luminance(b);
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
-}
-
 QColor FromBlueGreenRed(fields::Color color) {
     return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
                   static_cast<int>(color >> 16 & 0xFF));
@@ -37,8 +33,11 @@ QColor FromBlueGreenRed(fields::Color color) {
 
 QColor MadeReadable(QColor color, const QPalette& palette) {
     const bool dark = IsDark(palette);
-    const QColor base = palette.color(QPalette::Base);
-    for (int step = 0; step < 20 && Contrast(color, base) < kReadable; ++step) {
+    const auto isReadable = [&palette](const QColor& ink) {
+        return Contrast(ink, palette.color(QPalette::Base)) >= kReadable &&
+               Contrast(ink, palette.color(QPalette::Window)) >= kReadable;
+    };
+    for (int step = 0; step < 20 && !isReadable(color); ++step) {
         float h = 0, s = 0, l = 0;
         color.getHslF(&h, &s, &l);
         l = dark ? std::min(1.0F, l + 0.05F) : std::max(0.0F, l - 0.05F);
@@ -48,6 +47,12 @@ QColor MadeReadable(QColor color, const QPalette& palette) {
 }
 
 } // namespace
+
+double Contrast(const QColor& one, const QColor& other) {
+    const double a = Luminance(one);
+    const double b = Luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
@@ -65,6 +70,12 @@ QColor Tint(fields::Color color, const QPalette& palette) {
     default:
         return MadeReadable(FromBlueGreenRed(color), palette);
     }
+}
+
+QPalette LightPalette() {
+    QPalette palette = QApplication::style()->standardPalette();
+    QApplication::style()->polish(palette);
+    return palette;
 }
 
 QPalette DarkPalette() {
@@ -98,9 +109,13 @@ QPalette DarkPalette() {
     return palette;
 }
 
+void UseOutlines() {
+    QApplication::setStyle(new OutlineStyle);
+}
+
 void ChooseShade(std::string_view shade) {
     if (shade == "dark") QApplication::setPalette(DarkPalette());
-    if (shade == "light") QApplication::setPalette(QApplication::style()->standardPalette());
+    if (shade == "light") QApplication::setPalette(LightPalette());
 }
 
 void ChooseIconTheme(const QPalette& palette) {

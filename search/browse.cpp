@@ -4,6 +4,7 @@
 #include "platform/native_paths.h"
 #include "results/net_hood.h"
 #include "session/paths/path_list.h"
+#include "session/paths/picker_start.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -34,12 +35,14 @@ void TakeLocations(Session& session, const std::string& locations, bool append) 
 
 void cmdBrowse_Click(Session& session) {
     const int mode = session.frmSearch.optBrowse.Chosen();
+    const std::string start = session::PickerStart(session, session.frmSearch.cmbDir.Text.Get());
     if (mode == kPath || mode == kAddPath) {
-        const std::string folder = session.PickFolder(session::PromptId::kPickLocation);
+        const std::string folder = session.PickFolder(session::PromptId::kPickLocation, start);
         TakeLocations(session, results::ResolveNetHood(session, folder), mode == kAddPath);
         return;
     }
-    const std::string list = session.PickFile(session::PromptId::kPickPathList, kListFilters);
+    const std::string list =
+        session.PickFile(session::PromptId::kPickPathList, kListFilters, start);
     if (list.empty()) return;
     TakeLocations(session, session::ReadPathList(session, list), mode == kAddList);
 }

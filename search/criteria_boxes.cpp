@@ -1,5 +1,6 @@
 #include "search/criteria_boxes.h"
 
+#include "search/date_boxes.h"
 #include "search/search_request.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
@@ -12,6 +13,7 @@
 
 #include <array>
 #include <charconv>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -58,9 +60,14 @@ void ShowDateLabels(Session& session) {
     auto& form = session.frmSearch;
     const bool isShown = form.chkDate.Value == 1;
     const bool isRange = isShown && ChoiceOf(form.cboDate) == DateChoice::kRange;
-    form.lblDate1.Visible = isShown;
-    form.lbldDateThru.Visible = isRange;
-    form.lblDate2.Visible = isRange;
+    for (fields::Control* first :
+         std::initializer_list<fields::Control*>{&form.lblDate1, &form.txtDate1}) {
+        first->Visible = isShown;
+    }
+    for (fields::Control* second : std::initializer_list<fields::Control*>{
+             &form.lbldDateThru, &form.lblDate2, &form.txtDate2}) {
+        second->Visible = isRange;
+    }
 }
 
 std::optional<text::DateTime> PickedDate(const fields::DatePicker& date,
@@ -101,6 +108,7 @@ void frmSelectDate_OK(Session& session) {
     if (dialog.dtpEndDate.Visible) {
         form.lblDate2.SetDate(PickedDate(dialog.dtpEndDate, dialog.dtpEndTime));
     }
+    ShowPickedDates(session);
     dialog.Hide();
 }
 
@@ -127,6 +135,7 @@ void chkSize_Click(Session& session) {
     form.cboSize.Visible = isOn;
     form.txtSize1.Visible = isOn;
     cboSize_Change(session);
+    if (isOn) form.Focus = &form.txtSize1;
 }
 
 void SetDateType(Session& session, int kind) {
@@ -150,6 +159,7 @@ void chkDate_Click(Session& session) {
     form.lblDateType.Visible = isOn;
     if (!isOn) SetDateType(session, 0);
     ShowDateLabels(session);
+    if (isOn) form.Focus = &form.cboDate;
 }
 
 void chkIncludeSubFolders_Click(Session& session) {
@@ -230,6 +240,7 @@ void AddCriteriaEvents(session::EventTable& events) {
     events.On("frmSearch.txtSize2_LostFocus", [](Session& session, const session::EventArgs&) {
         LeaveSizeBox(session, session.frmSearch.txtSize2);
     });
+    AddDateBoxEvents(events);
     events.On("frmSelectDate.cmdOK_Click", frmSelectDate_OK);
     events.On("frmSelectDate.cmdCancel_Click", [](Session& session, const session::EventArgs&) {
         session.forms.frmSelectDate.Hide();

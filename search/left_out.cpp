@@ -98,11 +98,13 @@ void ShowLeftOut(Session& session) {
     button.Caption = LeftOutText(leftOut) + ". Find them too";
     button.ToolTipText =
         leftOut.withoutBox == 0
-            ? "They fit, but have an attribute whose box is empty. A click makes these boxes grey "
+            ? "They fit, but have an attribute that is to be left out. A click lets it pass "
               "and searches again."
-            : "They fit, but have an attribute whose box is empty, or one that has no box, such as "
-              "encrypted. A click makes these boxes grey, lets attributes without a box pass until "
-              "Tarvix is closed, and searches again.";
+            : "They fit, but have an attribute that is to be left out, or one that has no box, "
+              "such "
+              "as encrypted. A click lets them pass, those without a box until Tarvix is closed, "
+              "and "
+              "searches again.";
     button.Visible = true;
     session.events.Raise(session, kLeftOutTold);
 }

@@ -5,7 +5,9 @@
 #include "results/sorting.h"
 #include "search/browse.h"
 #include "search/criteria_boxes.h"
+#include "search/date_boxes.h"
 #include "search/default_folders.h"
+#include "search/empty_list.h"
 #include "search/follow_up.h"
 #include "search/left_out.h"
 #include "search/search_form.h"
@@ -13,6 +15,7 @@
 #include "search/walk.h"
 #include "session/lifecycle_events.h"
 #include "session/native_entry.h"
+#include "session/prompt_id.h"
 #include "session/remembered/histories.h"
 #include "session/search_lock.h"
 #include "session/session.h"
@@ -20,6 +23,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <expected>
 #include <string>
 #include <utility>
@@ -43,41 +47,70 @@ void DropOuterBars(fields::ComboBox& cmbDir) {
     cmbDir.Text = std::string(text::StripLeadingBar(text::StripTrailingBar(cmbDir.Text.Get())));
 }
 
-// The request that the boxes make; bad boxes are told and stop the search.
-std::expected<SearchRequest, Interruption> ReadBoxes(Session& session) {
+// The box that a refusal is about.
+fields::Control* BoxOf(fields::FrmSearch& form, session::PromptId refusal) {
+    using session::PromptId;
+    switch (refusal) {
+    case PromptId::kSizeChoiceInvalid:
+        return &form.cboSize;
+    case PromptId::kFirstSizeInvalid:
+    case PromptId::kSizesReversed:
+        return &form.txtSize1;
+    case PromptId::kSecondSizeInvalid:
+        return &form.txtSize2;
+    case PromptId::kDateChoiceInvalid:
+        return &form.cboDate;
+    case PromptId::kDatesReversed:
+        return &form.txtDate2;
+    default:
+        return form.lblDate1.Date() ? &form.txtDate2 : &form.txtDate1;
+    }
+}
+
+// The request that the boxes make; bad boxes are told and stop the search. `about` is then the
+// first of them.
+std::expected<SearchRequest, Interruption> ReadBoxes(Session& session, fields::Control*& about) {
+    TakeDateBoxes(session);
     auto request = ReadSearchRequest(session);
     session.state.blnErrorPreparingForSearch = !request;
     if (!request) {
         for (const Refusal& refusal : request.error()) {
             session.MsgBox(refusal.id, refusal.text);
         }
+        about = BoxOf(session.frmSearch, request.error().front().id);
         return std::unexpected(Interruption::kStopped);
     }
     TX_TRY(TestFlags(session.state));
     return std::move(*request);
 }
 
+bool IsAnyThere(const Locations& locations) {
+    return std::ranges::any_of(
+        locations.folders, [](const SearchLocation& location) { return !location.folder.empty(); });
+}
+
 // Looks for the locations and lets the user call a doubtful request off.
-WalkEnd FindLocations(Session& session, SearchRequest& request) {
+WalkEnd FindLocations(Session& session, SearchRequest& request, fields::Control*& about) {
     session.frmSearch.cmbDir.Text = request.searchIn;
     request.locations = ParseSearchFolder(session, request.searchIn);
+    if (!IsAnyThere(request.locations)) about = &session.frmSearch.cmbDir;
     ConfirmSearchStrings(session, request.strings);
     return TestFlags(session.state);
 }
 
 // Everything up to the walk. An interruption ends the search before it began.
-std::expected<SearchRequest, Interruption> Prepare(Session& session) {
+std::expected<SearchRequest, Interruption> Prepare(Session& session, fields::Control*& about) {
     auto& form = session.frmSearch;
     DropLeadingBlanks(form.cmbSearchFor);
     AskRepeatDelete(session);
     DropOuterBars(form.cmbDir);
     ClearForSearch(session);
-    TX_TRY_ASSIGN(SearchRequest request, ReadBoxes(session));
+    TX_TRY_ASSIGN(SearchRequest request, ReadBoxes(session, about));
     ShowSearching(session, request);
     results::BuildFileArray(session);
     session.Yield();
     TX_TRY(TestFlags(session.state));
-    TX_TRY(FindLocations(session, request));
+    TX_TRY(FindLocations(session, request, about));
     session::UpdateFolderHistory(session);
     session::UpdateSearchHistory(session);
     return request;
@@ -97,23 +130,26 @@ WalkEnd WalkLogged(Session& session, const SearchRequest& request) {
     return Walk(session, request);
 }
 
-// One search from its boxes to what comes next.
-Next SearchOnce(Session& session) {
+// One search from its boxes to what comes next. `about` is the box that is to blame where it didn't
+// begin.
+Next SearchOnce(Session& session, fields::Control*& about) {
     session.state.blnSearching = true;
-    const auto request = Prepare(session);
+    const auto request = Prepare(session, about);
     const WalkEnd end = request ? WalkLogged(session, *request) : std::unexpected(request.error());
     session.state.blnSearching = false;
     ShowEnd(session, end);
     if (request) {
         CommonEnd(session, *request);
+        CountUnsearched(session, *request);
         results::ArrangeFoundRows(session);
     }
     return RunFollowUp(session, request ? &*request : nullptr, end);
 }
 
-void GiveFocusBack(fields::FrmSearch& form) {
-    form.Focus = form.cmdSearch.Enabled ? static_cast<fields::Control*>(&form.cmbSearchFor)
-                                        : static_cast<fields::Control*>(&form.chkRepeatSearch);
+void GiveFocusBack(fields::FrmSearch& form, fields::Control* about) {
+    form.Focus = about != nullptr         ? about
+                 : form.cmdSearch.Enabled ? static_cast<fields::Control*>(&form.cmbSearchFor)
+                                          : static_cast<fields::Control*>(&form.chkRepeatSearch);
 }
 
 void ParseLocations(Session& session) {
@@ -131,12 +167,13 @@ void ParseLocations(Session& session) {
 void cmdSearch_Click(Session& session) {
     if (session.state.blnSearching) return;
     Next next = Next::kSearchAgain;
+    fields::Control* about = nullptr;
     while (next == Next::kSearchAgain) {
-        next = SearchOnce(session);
+        next = SearchOnce(session, about);
     }
     if (next == Next::kEnd) return;
     session.Yield();
-    GiveFocusBack(session.frmSearch);
+    GiveFocusBack(session.frmSearch, about);
 }
 
 void cmdStop_Click(Session& session) {

@@ -8,6 +8,7 @@
 #include "text/characters.h"
 #include "text/numbers.h"
 #include "text/paths.h"
+#include "text/size_words.h"
 
 #include <fmt/core.h>
 
@@ -50,6 +51,13 @@ bool IsChecked(const fields::CheckBox& box) {
     return box.Value == 1;
 }
 
+// A bare number has at most 32 bits; one with a unit may be any.
+std::optional<std::int64_t> SizeOf(const fields::TextBox& box) {
+    const std::string& typed = box.Text;
+    if (const auto bytes = text::ParseWholeNumber(typed)) return *bytes;
+    return text::IsAllDigits(text::Trim(typed)) ? std::nullopt : text::ParseSize(typed);
+}
+
 std::string TargetOf(std::string_view typed) {
     return text::Trim(typed).empty() ? std::string{} : text::Upper(typed);
 }
@@ -82,8 +90,8 @@ std::expected<SizeTest, Refusal> ValidateSizeBoxes(const fields::FrmSearch& form
                       fmt::format("{} is not a valid selection for file size search.",
                                   form.cboSize.Text.Get()));
     }
-    const auto first = text::ParseWholeNumber(form.txtSize1.Text.Get());
-    const auto second = text::ParseWholeNumber(form.txtSize2.Text.Get());
+    const auto first = SizeOf(form.txtSize1);
+    const auto second = SizeOf(form.txtSize2);
     const bool isRange = choice == SizeChoice::kRange;
     if (isRange && !second) return Refuse(PromptId::kSecondSizeInvalid, kSecondSize);
     if (!first) return Refuse(PromptId::kFirstSizeInvalid, kFirstSize);

@@ -20,6 +20,7 @@ void SetCriteriaEnabled(fields::FrmSearch& form, bool enabled) {
              &form.mnuBrowse,       &form.mnuTools,      &form.mnuActions}) {
         control->Enabled = enabled;
     }
+    form.txtDate1.Enabled = form.txtDate2.Enabled = enabled;
     form.optFilesVsDirs.SetEnabled(enabled);
 }
 

@@ -3,6 +3,7 @@
 #include "actions/place/action_request.h"
 #include "actions/request/action_names.h"
 #include "platform/native_paths.h"
+#include "session/paths/picker_start.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -115,7 +116,9 @@ void cmdBrowse_Click(Session& session) {
     const auto source =
         std::ranges::find(kSourcePickers, session.state.strAction, &SourcePicker::action);
     if (source != kSourcePickers.end()) return PickSource(session, *source);
-    const std::string folder = session.PickFolder(session::PromptId::kPickDestination);
+    const std::string folder =
+        session.PickFolder(session::PromptId::kPickDestination,
+                           session::PickerStart(session, session.frmDialog.cmbDir.Text.Get()));
     if (!folder.empty()) session.frmDialog.cmbDir.Text = session.platform.paths.ToDrive(folder);
 }
 

@@ -1,3 +1,5 @@
+#include "forms/theme.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -16,6 +18,7 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext&, const QString& tex
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    tarvix::forms::UseOutlines();
     ::testing::InitGoogleTest(&argc, argv);
     qInstallMessageHandler(FailOnWarning);
     return RUN_ALL_TESTS();

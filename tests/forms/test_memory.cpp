@@ -22,7 +22,7 @@ TEST_F(MemoryTest, WhatWasSearchedForStandsInTheListOfTheBox) {
 TEST_F(MemoryTest, EntriesThatHoldWhatIsTypedAreOffered) {
     Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
     Type("cmbDir", "aBBa");
-    const auto* completer = Find<QComboBox>("cmbDir")->completer();
+    const auto* completer = Find<QComboBox>("cmbDir")->findChild<QCompleter*>();
     ASSERT_EQ(completer->completionCount(), 1);
     EXPECT_TRUE(completer->popup()->isVisible());
     QTest::keyClick(completer->popup(), Qt::Key_Down);

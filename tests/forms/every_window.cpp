@@ -1,0 +1,246 @@
+#include "tests/forms/every_window.h"
+
+#include "forms/help_window.h"
+#include "forms/theme.h"
+#include "session/prompt_id.h"
+#include "session/prompt_table.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr QSize kPictured(1280, 800);
+
+struct Album {
+    const char* folder;
+    int year;
+    std::array<const char*, 4> songs;
+};
+constexpr std::array<Album, 5> kAlbums{
+    {{"Nina Simone\\Pastel Blues (1965)",
+      1965,
+      {"01 Be My Husband", "02 Nobody Knows You", "03 End of the Line", "09 Sinnerman"}},
+     {"Miles Davis\\Kind of Blue (1959)",
+      1959,
+      {"01 So What", "02 Freddie Freeloader", "03 Blue in Green", "04 All Blues"}},
+     {"Cesária Évora\\Miss Perfumado (1992)",
+      1992,
+      {"01 Sodade", "02 Bia", "03 Cumpade Ciznone", "04 Direito di Nasce"}},
+     {"Sigur Rós\\Takk (2005)",
+      2005,
+      {"01 Takk", "02 Glósóli", "03 Hoppípolla", "04 Með Blóðnasir"}},
+     {"Fela Kuti\\Zombie (1976)",
+      1976,
+      {"01 Zombie", "02 Mister Follow Follow", "03 Observation", "04 Mistake"}}}};
+
+session::PromptId PromptShowing(const fields::Form& form) {
+    return std::ranges::find(session::AllPrompts(), form.Name(), &session::PromptFacts::form)->id;
+}
+
+} // namespace
+
+EveryWindow::EveryWindow() {
+    FillDisk();
+}
+
+EveryWindow::~EveryWindow() {
+    ChooseShade("light");
+}
+
+void EveryWindow::FillDisk() {
+    std::uint64_t size = 4'488'569;
+    int day = 1;
+    for (const Album& album : kAlbums) {
+        const std::string folder = std::string("C:\\home\\ann\\Music\\") + album.folder;
+        for (const char* song : album.songs) {
+            auto& file = machine.disk.AddFileOfSize(folder + "\\" + song + ".mp3", size);
+            file.modified =
+                machine.clock.FromLocal({2010 + day % 14, 1 + day % 12, 1 + day, 20, 53, 7});
+            size = size * 7 % 31'000'000 + 1'200'000;
+            ++day;
+        }
+        machine.disk.AddFileOfSize(folder + "\\cover.jpg", 240'113);
+    }
+    machine.disk.AddFile("C:\\home\\ann\\Music\\.nomedia").attributes |= platform::kHidden;
+    machine.disk.AddFile("C:\\home\\ann\\Copies\\01 Takk.mp3", "old");
+}
+
+void EveryWindow::SetUp() {
+    S().platform.traits.hasNativePaths = true;
+    ChooseShade(IsDarkShade() ? "dark" : "light");
+    ChooseIconTheme(QApplication::palette());
+    WindowFixture::SetUp();
+}
+
+void EveryWindow::LookAtModal(const Look& look, const std::string& name) {
+    OnModal([look, name](QWidget& modal) {
+        QTest::qWait(20);
+        look(modal, name);
+        if (modal.isVisible()) modal.close();
+    });
+}
+
+void EveryWindow::SeeSearch(const Look& look) {
+    window->resize(kPictured);
+    QTest::qWait(20);
+    look(*window, "search-at-first");
+    S().state.options.blnAllowUserSelectSubfolders = true;
+    Form().chkIncludeSubFolders.Value = 0;
+    Search("*.mp3", "~/Music");
+    QTest::qWait(20);
+    look(*window, "search-found-nothing");
+    Find<QCheckBox>("chkIncludeSubFolders")->click();
+    Find<QCheckBox>("chkSize")->click();
+    Type("txtSize1", "1.5 MB");
+    Find<QCheckBox>("chkDate")->click();
+    Type("txtDate1", "last 20 years");
+    Search("*.mp3", "~/Music");
+    for (int row = 3; row < 8; ++row) {
+        ClickRow(row, Qt::ControlModifier);
+    }
+    QTest::qWait(20);
+    look(*window, "search");
+    window->resize(800, 549);
+    QTest::qWait(20);
+    look(*window, "search-small");
+    window->resize(kPictured);
+    Press("cmdSelectAll");
+}
+
+void EveryWindow::SeeDates(const Look& look) {
+    LookAtModal(look, "dates");
+    auto* how = Find<QComboBox>("cboDate");
+    how->setFocus();
+    QTest::keyClicks(how, "R");
+    Activate(*window);
+}
+
+void EveryWindow::SeeActions(const Look& look) {
+    struct Opened {
+        const char* button;
+        const char* name;
+    };
+    for (const Opened& opened : {Opened{"cmdCopySelected", "copy"},
+                                 {"cmdMoveSelected", "move"},
+                                 {"cmdRenameSelected", "rename"}}) {
+        if (!Find<QPushButton>(opened.button)->isEnabled()) continue;
+        OnModal([&, opened](QWidget& modal) {
+            auto* where = modal.findChild<QComboBox*>("cmbDir");
+            if (where->isVisible()) QTest::keyClicks(where->lineEdit(), "/home/ann/Copies");
+            QTest::qWait(300);
+            if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+            look(modal, opened.name);
+            modal.close();
+        });
+        Press(opened.button);
+        Activate(*window);
+    }
+}
+
+// What the logic would have set.
+void EveryWindow::FillForms() {
+    auto& forms = S().forms;
+    forms.frmAsk.parts = {.question = "Duplicate found of File :\r\n\r\n'01 Takk.mp3'\r\n\r\n"
+                                      "Would you like to replace existing",
+                          .existing = {.folder = "C:\\home\\ann\\Copies",
+                                       .name = "01 Takk.mp3",
+                                       .size = "11,490",
+                                       .date = "2013/03/03 05:44:00"},
+                          .thisOne = {.folder = "C:\\home\\ann\\Music\\Sigur Rós\\Takk (2005)",
+                                      .name = "01 Takk.mp3",
+                                      .size = "11,612",
+                                      .date = "2013/03/01 20:10:00"},
+                          .rule = "Rename rule: Add  '_' at end."};
+    forms.frmAsk259.lblMain.Caption =
+        "The new path has 4,102 bytes, more than the 4,095 that can be opened at once:\r\n\r\n"
+        "/home/ann/Copies/a/very/long/path";
+    forms.frmOverrideDialog.lblMain.Caption =
+        "/home/ann/Music/.nomedia\r\n\r\nis hidden. Would you like to move it all the same?";
+    forms.frmOverrideRecycleFail.lblMain.Caption =
+        "/home/ann/Music/.nomedia\r\n\r\ncould not go to the trash.\r\nThe medium has none.\r\n\r\n"
+        "Would you like to delete it for good? It can't be brought back then.";
+    forms.frmUnread.lblMain.Caption =
+        "2 objects could not be read by the last search, and so what they hold was not found:";
+    forms.frmUnread.lstUnread.SetItems({"/home/ann/Music/private: Permission denied",
+                                        "/media/ann/Old disk/broken.mp3: Input/output error"});
+    forms.frmForChar.lblMain.Caption = "A name could not be opened.";
+    forms.frmTrailingSp.lblMain.Caption = "A name ends with a blank.";
+    forms.frmAllUsers.lblMain.Caption = "The folder of all users is searched in its true place.";
+}
+
+void EveryWindow::SeeForms(const Look& look) {
+    FillForms();
+    auto& forms = S().forms;
+    for (fields::Form* form : std::initializer_list<fields::Form*>{
+             &forms.frmAsk, &forms.frmAsk259, &forms.frmOverrideDialog,
+             &forms.frmOverrideRecycleFail, &forms.frmUnread, &forms.frmWelcome, &forms.frmNumbers,
+             &forms.frmForChar, &forms.frmTrailingSp, &forms.frmAllUsers, &forms.frmShortcutWarning,
+             &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmPreview}) {
+        OnModal([&, form](QWidget& modal) {
+            QTest::qWait(20);
+            look(modal, form->Name());
+            gate.Run(nullptr, [form] { form->Hide(); });
+            gate.Flush();
+        });
+        S().ShowModal(PromptShowing(*form));
+        Activate(*window);
+    }
+}
+
+void EveryWindow::SeeOptions(const Look& look) {
+    OnModal([look](QWidget& modal) {
+        auto* pages = modal.findChild<QListWidget*>("tbsOptions");
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentRow(page);
+            QTest::qWait(20);
+            look(modal, "options-" + std::to_string(page + 1));
+        }
+        modal.close();
+    });
+    Find<QAction>("mnuOptions_Open")->trigger();
+    Activate(*window);
+}
+
+void EveryWindow::SeeQuestions(const Look& look) {
+    LookAtModal(look, "question-delete");
+    Press("cmdDeleteSelected");
+    Activate(*window);
+    LookAtModal(look, "question-refused");
+    S().MsgBox(session::PromptId::kFirstSizeInvalid,
+               "You did not enter a valid file size in the first box.");
+    Activate(*window);
+    LookAtModal(look, "question-input");
+    S().InputBox(session::PromptId::kPagesSize, "How large are the windows?", "N");
+    Activate(*window);
+}
+
+void EveryWindow::SeeHelp(const Look& look) {
+    HelpWindow help;
+    help.ShowPage(QString(TARVIX_HELP) + "/guide.md");
+    QTest::qWait(20);
+    look(help, "help");
+    help.close();
+    Activate(*window);
+}
+
+void EveryWindow::Each(const Look& look) {
+    SeeSearch(look);
+    SeeDates(look);
+    SeeActions(look);
+    SeeForms(look);
+    SeeOptions(look);
+    SeeQuestions(look);
+    SeeHelp(look);
+}
+
+} // namespace tarvix::forms

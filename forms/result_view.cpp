@@ -67,18 +67,20 @@ void ResultView::LayOutRows(int first) {
     QHeaderView& heights = *verticalHeader();
     const QSignalBlocker quiet(heights);
     heights.setUpdatesEnabled(false);
-    bool changed = false;
     for (int row = std::max(0, first - 2); row < model()->rowCount(); ++row) {
         const auto at = static_cast<std::size_t>(row);
         hasLaterPatterns_ |= results::LaterPattern(rows_.At(at)) > 0;
-        if (!rows_.At(at).IsSpacer()) continue;
-        const bool isRule = results::DividesGroups(rows_, at);
-        heights.resizeSection(row, isRule ? kRuleHeight : 0);
-        hasSpacers_ = changed = true;
-        hasGroups_ |= isRule;
+        int height = heights.defaultSectionSize();
+        if (rows_.At(at).IsSpacer()) {
+            const bool isRule = results::DividesGroups(rows_, at);
+            height = isRule ? kRuleHeight : 0;
+            hasSpacers_ = true;
+            hasGroups_ |= isRule;
+        }
+        heights.resizeSection(row, height); // the head keeps heights when rows change places
     }
     heights.setUpdatesEnabled(true);
-    if (changed) updateGeometries();
+    updateGeometries();
 }
 
 bool ResultView::IsStriped(std::size_t row) const {

@@ -70,6 +70,15 @@ TEST_F(ListLooksTest, AGroupOfTwoIsSetApartByARuleAndOthersByNothing) {
     EXPECT_EQ(List().model()->rowCount(), 8);
 }
 
+TEST_F(ListLooksTest, RowsThatChangePlacesHaveTheirOwnHeights) {
+    Fill({"a", "", "b", "", "c"});
+    const int height = List().rowHeight(0);
+    Fill({"a", "b", "", "c", "d"});
+    EXPECT_EQ(List().rowHeight(1), height);
+    EXPECT_EQ(List().rowHeight(2), 4);
+    EXPECT_EQ(List().rowHeight(3), height);
+}
+
 TEST_F(ListLooksTest, GroupsAreCountedOnlyWhereOneHasTwo) {
     SearchBoth();
     EXPECT_EQ(TextOf("lblGroups"), "4");

@@ -11,6 +11,13 @@ namespace tarvix::forms {
 
 namespace {
 
+void Paint(QLabel& label, const QColor& color) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, color);
+    label.setPalette(palette);
+    label.setForegroundRole(QPalette::WindowText);
+}
+
 QLabel* MakeSign(const LegendEntry& entry, const QColor& color, int size) {
     auto* sign = new QLabel;
     const SignLook look = LookOf(entry.sign);
@@ -19,9 +26,7 @@ QLabel* MakeSign(const LegendEntry& entry, const QColor& color, int size) {
     } else {
         sign->setText(entry.pattern > 0 ? QString::number(entry.pattern) : look.character);
     }
-    QPalette palette = sign->palette();
-    palette.setColor(QPalette::WindowText, color);
-    sign->setPalette(palette);
+    Paint(*sign, color);
     sign->setAlignment(Qt::AlignCenter);
     return sign;
 }
@@ -29,15 +34,14 @@ QLabel* MakeSign(const LegendEntry& entry, const QColor& color, int size) {
 // A text as a row of the list shows it, on the ground of the list.
 QLabel* MakeSample(const LegendEntry& entry, QColor color) {
     auto* sample = new QLabel(entry.sample);
-    QPalette palette = sample->palette();
     const bool isBack =
         entry.sign == results::RowSign::kGone || entry.sign == results::RowSign::kCut;
-    if (isBack) color = palette.color(QPalette::Disabled, QPalette::Text);
-    palette.setColor(QPalette::WindowText, color);
+    if (isBack) color = sample->palette().color(QPalette::Disabled, QPalette::Text);
     QFont font = sample->font();
     font.setStrikeOut(entry.sign == results::RowSign::kGone);
     sample->setFont(font);
-    sample->setPalette(palette);
+    sample->setObjectName("lblSample");
+    Paint(*sample, color);
     return sample;
 }
 

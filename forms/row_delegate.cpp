@@ -55,6 +55,8 @@ RowDelegate::RowDelegate(ResultView& view) : QStyledItemDelegate(&view), list_(v
 QString RowDelegate::WholeText(const QModelIndex& index) {
     const QString text = index.data(Qt::DisplayRole).toString();
     const auto& info = results::kColumns[static_cast<std::size_t>(index.column())];
+    // Types have blanks in front that only order them.
+    if (index.column() == results::kType) return text.trimmed();
     return info.rightAlign ? WithoutLeadingZeros(text) : text;
 }
 

@@ -101,7 +101,7 @@ void SearchWindow::Build() {
 void SearchWindow::AddOwnEntries() {
     QMenu* actions = menu_->Find("Actions");
     actions->addSeparator();
-    QAction* copy = actions->addAction("Copy Pat&hs to Clipboard", this, [this] { CopyPaths(); });
+    QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
     FillViewMenu(*menu_->Find("View"), *list_, *model_);

@@ -340,6 +340,14 @@ TEST_F(ListLooksTest, PathsBeginBelowTheSearchLocation) {
     EXPECT_EQ(Cell(0, results::kPath).data().toString(), ".");
 }
 
+TEST_F(ListLooksTest, ATypeStandsWithoutTheBlanksThatOrderIt) {
+    program.Rows().Clear();
+    const auto* folder = program.Rows().AddFolder({.longPath = "C:\\x"});
+    program.Rows().Add({.name = "a", .folder = folder, .isFolder = true}, "01");
+    gate.Flush();
+    EXPECT_EQ(RowDelegate::WholeText(Cell(0, results::kType)), "File Folder");
+}
+
 TEST_F(ListLooksTest, PathsOfSeveralLocationsBeginWhereTheyPart) {
     Find<QCheckBox>("chkFastSort")->click();
     SearchBoth("*.mp3");
@@ -434,6 +442,11 @@ TEST_F(ListLooksTest, TheLegendTellsOfEveryColourAndSign) {
           "An entry of the playlist", "Moved to the trash since the search"}) {
         EXPECT_TRUE(texts.contains(meaning)) << meaning;
     }
+    std::set<QRgb> colors;
+    for (const QLabel* sample : legend->findChildren<QLabel*>("lblSample")) {
+        colors.insert(sample->palette().color(sample->foregroundRole()).rgb());
+    }
+    EXPECT_EQ(colors.size(), 13U); // files, folders, nine search strings, green, what stands back
     Entry("actLegend")->trigger();
     EXPECT_EQ(window->findChildren<QDialog*>("frmLegend").size(), 1);
     QTest::mouseClick(legend->findChild<QPushButton*>("cmdCloseLegend"), Qt::LeftButton);

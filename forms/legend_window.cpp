@@ -36,7 +36,7 @@ QLabel* MakeSample(const LegendEntry& entry, QColor color) {
     auto* sample = new QLabel(entry.sample);
     const bool isBack =
         entry.sign == results::RowSign::kGone || entry.sign == results::RowSign::kCut;
-    if (isBack) color = sample->palette().color(QPalette::Disabled, QPalette::Text);
+    if (isBack) color = StandingBack(sample->palette());
     QFont font = sample->font();
     font.setStrikeOut(entry.sign == results::RowSign::kGone);
     sample->setFont(font);

@@ -31,6 +31,9 @@ constexpr std::array<TintRow, 8> kTints{{{0x000040, 0xff7a5000, 0xffe6b455},
                                          {0x007F00, 0xff4a6300, 0xffb9d35c},
                                          {0x003F7F, 0xff3a4a78, 0xffa3b6e8}}};
 
+constexpr QRgb kBackLight = 0xff67696d;
+constexpr QRgb kBackDark = 0xff9ba0a6;
+
 constexpr int kLastColored = 10; // the last search string with a colour of its own
 
 QIcon ThemeIcon(const char* name, QStyle::StandardPixmap otherwise) {
@@ -44,6 +47,10 @@ QColor ListTint(fields::Color color, const QPalette& palette) {
     const auto row = std::ranges::find(kTints, color, &TintRow::color);
     if (row == kTints.end()) return Tint(color, palette);
     return QColor::fromRgb(IsDark(palette) ? row->dark : row->light);
+}
+
+QColor StandingBack(const QPalette& palette) {
+    return QColor::fromRgb(IsDark(palette) ? kBackDark : kBackLight);
 }
 
 SignLook LookOf(RowSign sign) {

@@ -16,6 +16,9 @@ namespace tarvix::forms {
 // A colour of the list as a readable tint of the palette, apart from every other one.
 QColor ListTint(fields::Color color, const QPalette& palette);
 
+// The colour of what was cut or is gone: it stands back, and can be read.
+QColor StandingBack(const QPalette& palette);
+
 // What stands in front of a name beside its colour: an icon or, where it has none, a character.
 struct SignLook {
     QIcon icon;

@@ -117,7 +117,7 @@ QVariant ResultModel::ColorOf(std::size_t row, results::Column column) const {
     const results::ResultRow& shown = rows_.At(row);
     const QPalette palette = QGuiApplication::palette();
     const bool isBack = shown.Has(results::kCut) || shown.Has(results::kGone);
-    if (isBack) return palette.color(QPalette::Disabled, QPalette::Text);
+    if (isBack) return StandingBack(palette);
     return ListTint(rows_.CellColor(row, column), palette);
 }
 

@@ -384,6 +384,7 @@ TEST_F(ListLooksTest, EveryColourOfTheListIsReadableAndItsOwn) {
                 EXPECT_GE(ContrastOf(color, palette.color(ground)), 4.5) << pattern;
             }
         }
+        EXPECT_GE(ContrastOf(StandingBack(palette), palette.color(QPalette::AlternateBase)), 4.5);
         const QColor folder = ListTint(fields::kRed, palette);
         EXPECT_GE(ContrastOf(folder, palette.color(QPalette::AlternateBase)), 4.5);
         const QColor second = ListTint(results::PatternColor(2), palette);

@@ -109,7 +109,9 @@ QWidget* MakeCounterBar(const fields::FrmSearch& form) {
     flow->addWidget(MakeFound(form));
     flow->addWidget(MakeSelected(form));
     QLabel* groups = MakeCounter(form.lblGroups, "Groups:");
-    flow->addWidget(InCounterRow(*groups, {Word("Groups"), groups}));
+    QWidget* row = InCounterRow(*groups, {Word("Groups"), groups});
+    row->setObjectName("rowGroups");
+    flow->addWidget(row);
     return bar;
 }
 

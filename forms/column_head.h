@@ -8,17 +8,19 @@
 #include <functional>
 #include <vector>
 
-class QHeaderView;
 class QMenu;
 class QTableView;
 
 namespace tarvix::forms {
 
-// The head of the table of found objects: which columns show, in which order, and how wide.
+class FrozenHead;
+
+// The head of the table of found objects: which columns show, in which order, and how wide. The
+// last wide column that shows takes the width that the others leave.
 class ColumnHead : public QObject {
   public:
-    // Sets up the head of the view, which must live as long; the columns take their usual places
-    // once the view has a model.
+    // Gives the view, which must live as long, a head of its own; the columns take their usual
+    // places once the view has a model.
     explicit ColumnHead(QTableView& view);
 
     // What the owner does when the user clicks a column's head.
@@ -36,21 +38,41 @@ class ColumnHead : public QObject {
         std::array<int, results::kColumnCount> widths{};
         std::vector<int> order;
     };
-    // An order that lacks a column is taken as the usual one.
+    // An order that lacks a column is taken as the usual one. No column becomes narrower than its
+    // title.
     void Take(const Layout& layout);
-    // How the columns stand; those that are hidden or stretched keep the widths of `before`.
+    // How the columns stand; those that are hidden keep the widths of `before`.
     Layout LayoutNow(const Layout& before) const;
     // Whether the user can drag the columns wider and narrower.
     void LockWidths(bool locked);
-    // Adds one entry to show or hide each column.
-    void FillMenu(QMenu& menu);
+    // Adds an entry to show or hide each column, in groups, and what acts on all; with a column,
+    // one to hide it first.
+    void FillMenu(QMenu& menu, int column = results::kName);
+    // Shows the usual columns in their usual order.
+    void ShowUsual();
+    // Makes each column as wide as what is in view of it needs.
+    void FitWidths();
+    // How many pixels at the left edge show the name, which has been scrolled out of its own place.
+    int FrozenWidth() const;
+    FrozenHead& Header() { return head_; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Connect();
-    int LastShown() const;
+    void Choose(int column, bool shown);
+    void SetHidden(int column, bool hidden);
+    void AddBox(QMenu& menu, int column);
+    int UsualWidth(int column) const;
+    int SpareColumn() const;
+    void Resized(int column, int width);
+    void SpreadSpare();
 
     QTableView& view_;
-    QHeaderView& head_;
+    FrozenHead& head_;
+    std::array<int, results::kColumnCount> own_{}; // widths without what was to spare
+    bool spreads_ = false;
 };
 
 } // namespace tarvix::forms

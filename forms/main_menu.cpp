@@ -24,15 +24,16 @@ struct TopMenu {
     std::string_view field; // switches the menu; its entries' names begin with its singular
 };
 
-constexpr std::array<TopMenu, 9> kMenus{{{"&File", "mnuFile"},
-                                         {"Search", "mnuSearch"},
-                                         {"Select", "mnuSelect"},
-                                         {"A&ctions", "mnuActions"},
-                                         {"Ru&n", "mnuRun"},
-                                         {"&Tools", "mnuTools"},
-                                         {"&Browse", "mnuBrowse"},
-                                         {"&Options", "mnuOptions"},
-                                         {"&Help", "mnuHelp"}}};
+constexpr std::array<TopMenu, 10> kMenus{{{"&File", "mnuFile"},
+                                          {"Search", "mnuSearch"},
+                                          {"Select", "mnuSelect"},
+                                          {"&View", "mnuView"},
+                                          {"A&ctions", "mnuActions"},
+                                          {"Ru&n", "mnuRun"},
+                                          {"&Tools", "mnuTools"},
+                                          {"&Browse", "mnuBrowse"},
+                                          {"&Options", "mnuOptions"},
+                                          {"&Help", "mnuHelp"}}};
 
 struct ButtonEntry {
     const char* menu;

@@ -3,6 +3,8 @@
 #include "forms/text_conversion.h"
 #include "text/case.h"
 
+#include <QPoint>
+
 #include <algorithm>
 #include <array>
 
@@ -14,22 +16,47 @@ using fields::PreviewRow;
 
 struct ColumnInfo {
     const char* head;
+    const char* headOfNames; // where objects only get other names
     std::string PreviewRow::*text;
 };
 constexpr std::array<ColumnInfo, PreviewModel::kColumnCount> kColumns{
-    {{"Object", &PreviewRow::object},
-     {"New path", &PreviewRow::newPath},
-     {"What would happen", &PreviewRow::verdict}}};
+    {{"Object", "Old name", &PreviewRow::object},
+     {"New path", "New name", &PreviewRow::newPath},
+     {"What would happen", "What would happen", &PreviewRow::verdict}}};
+
+constexpr const char* kArrow = "→ ";
 
 const std::string& Text(const PreviewRow& row, int column) {
     return row.*kColumns[static_cast<std::size_t>(column)].text;
+}
+
+bool IsRoot(std::string_view folder) {
+    return folder.size() <= 1 || folder.ends_with('\\');
 }
 
 } // namespace
 
 PreviewModel::PreviewModel(const std::vector<PreviewRow>& rows, QObject* parent)
     : QAbstractTableModel(parent), rows_(rows) {
+    LookAtPaths();
     Arrange();
+}
+
+void PreviewModel::LookAtPaths() {
+    text::SharedFolder from;
+    text::SharedFolder to;
+    bool stays = true;
+    bool hasOther = false;
+    for (const PreviewRow& row : rows_) {
+        if (!row.object.empty()) from.AddPath(row.object);
+        if (row.newPath.empty()) continue;
+        to.AddPath(row.newPath);
+        stays = stays && text::FolderPart(row.newPath) == text::FolderPart(row.object);
+        hasOther = hasOther || row.newPath != row.object;
+    }
+    renames_ = stays && hasOther;
+    if (!IsRoot(from.Path())) from_ = from.Path();
+    if (!IsRoot(to.Path())) to_ = to.Path();
 }
 
 std::vector<std::pair<std::string, int>> PreviewModel::Verdicts() const {
@@ -80,18 +107,57 @@ int PreviewModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : kColumnCount;
 }
 
+std::string_view PreviewModel::TextOf(const PreviewRow& row, int column) const {
+    if (column == kObject) return text::PathBelow(row.object, from_);
+    if (column != kNewPath) return row.verdict;
+    return renames_ ? text::NamePart(row.newPath) : text::PathBelow(row.newPath, to_);
+}
+
+// Old and new text are compared by their names; the folders in front of them stand for themselves.
+QVariant PreviewModel::ChangedIn(const PreviewRow& row, int column) const {
+    if (column == kVerdict || row.newPath.empty() || row.object.empty()) return {};
+    const std::string_view oldName = text::NamePart(row.object);
+    const std::string_view newName = text::NamePart(row.newPath);
+    const text::Change change = text::ChangedPart(oldName, newName);
+    const text::Span span = column == kObject ? change.before : change.after;
+    if (span.length == 0) return {};
+    const std::string_view name = column == kObject ? oldName : newName;
+    const std::string_view text = TextOf(row, column);
+    const std::size_t start = text.size() - name.size() + span.start;
+    const auto characters = [](std::string_view part) {
+        return static_cast<int>(Shown(part).size());
+    };
+    const int arrow = column == kNewPath && renames_ ? static_cast<int>(QString(kArrow).size()) : 0;
+    return QPoint(arrow + characters(text.substr(0, start)),
+                  characters(text.substr(start, span.length)));
+}
+
 QVariant PreviewModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
+    if (!index.isValid()) return {};
     const PreviewRow& row = rows_[shown_[static_cast<std::size_t>(index.row())]];
-    const QString text = Shown(Text(row, index.column()));
-    return role == Qt::ToolTipRole ? TipText(text) : text;
+    switch (role) {
+    case Qt::DisplayRole: {
+        const QString text = Shown(TextOf(row, index.column()));
+        const bool isNew = index.column() == kNewPath && renames_ && !text.isEmpty();
+        return isNew ? kArrow + text : text;
+    }
+    case Qt::ToolTipRole:
+        return TipText(Shown(Text(row, index.column())));
+    case kChanged:
+        return ChangedIn(row, index.column());
+    case kWholePath:
+        return Shown(Text(row, index.column()));
+    default:
+        return {};
+    }
 }
 
 QVariant PreviewModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole) return {};
-    return kColumns[static_cast<std::size_t>(section)].head;
+    const ColumnInfo& info = kColumns[static_cast<std::size_t>(section)];
+    return renames_ ? info.headOfNames : info.head;
 }
 
 void PreviewModel::sort(int column, Qt::SortOrder order) {

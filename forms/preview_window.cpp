@@ -1,5 +1,6 @@
 #include "forms/preview_window.h"
 
+#include "forms/change_delegate.h"
 #include "forms/field_widgets.h"
 #include "forms/panel_parts.h"
 #include "forms/preview_model.h"
@@ -7,6 +8,7 @@
 #include "forms/wrapping_label.h"
 #include "session/session.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScreen>
@@ -36,6 +38,7 @@ PreviewWindow::PreviewWindow(session::Session& session, EventGate& gate, QWidget
     close->setAutoDefault(true);
     auto* column = new QVBoxLayout(this);
     column->addWidget(counts);
+    column->addWidget(MakeFolders());
     column->addWidget(MakeFilters());
     column->addWidget(MakeTable(), 1);
     column->addWidget(close, 0, Qt::AlignRight);
@@ -43,6 +46,27 @@ PreviewWindow::PreviewWindow(session::Session& session, EventGate& gate, QWidget
     TakeSize(kCharacters);
     resize(width(), screen()->availableSize().height() * 3 / 4);
     close->setFocus();
+}
+
+// The folders that all objects and all new paths share stand once, above the rest of the paths.
+QWidget* PreviewWindow::MakeFolders() {
+    auto* folders = new QWidget;
+    auto* grid = new QGridLayout(folders);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setColumnStretch(1, 1);
+    const auto add = [grid](const char* word, const char* name, const std::string& folder) {
+        if (folder.empty()) return;
+        auto* path = new WrappingLabel(Shown(folder));
+        path->setObjectName(name);
+        path->setAccessibleName(QString("%1 folder").arg(word));
+        const int row = grid->rowCount();
+        grid->addWidget(new QLabel(word), row, 0, Qt::AlignTop);
+        grid->addWidget(path, row, 1);
+    };
+    add(model_->Renames() ? "In" : "From", "lblFrom", model_->From());
+    if (!model_->Renames()) add("To", "lblTo", model_->To());
+    folders->setHidden(model_->From().empty() && model_->To().empty());
+    return folders;
 }
 
 QWidget* PreviewWindow::MakeFilters() {
@@ -75,6 +99,7 @@ QTableView* PreviewWindow::MakeTable() {
     table->setObjectName(ToQt(session_.forms.frmPreview.lstPreview.Name()));
     table->setAccessibleName("What would happen to each object");
     table->setModel(model_);
+    table->setItemDelegate(new ChangeDelegate(table));
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setAlternatingRowColors(true);

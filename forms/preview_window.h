@@ -19,6 +19,7 @@ class PreviewWindow : public ModalWindow {
     PreviewWindow(session::Session& session, EventGate& gate, QWidget* parent);
 
   private:
+    QWidget* MakeFolders();
     QWidget* MakeFilters();
     QTableView* MakeTable();
     void ApplyFilters();

@@ -1,17 +1,21 @@
 #include "forms/result_model.h"
 
+#include "forms/list_colors.h"
 #include "forms/text_conversion.h"
-#include "forms/theme.h"
+#include "results/list_looks.h"
 #include "results/shown_cells.h"
 #include "session/session.h"
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QPalette>
 #include <QStringList>
 
 namespace tarvix::forms {
 
 namespace {
+
+constexpr std::size_t kDriveLength = 3; // of "C:\"
 
 const results::ColumnInfo& Info(int column) {
     return results::kColumns[static_cast<std::size_t>(column)];
@@ -26,19 +30,34 @@ QVariant Alignment(int column) {
 
 ResultModel::ResultModel(const session::Session& session, QObject* parent)
     : QAbstractTableModel(parent), session_(session), rows_(*session.rows),
-      generation_(rows_.Generation()), count_(static_cast<int>(rows_.Count())) {}
+      generation_(rows_.Generation()), clearings_(rows_.Clearings()),
+      count_(static_cast<int>(rows_.Count())), location_(results::CommonLocation(rows_, 0, {})) {}
 
-void ResultModel::Sync() {
+bool ResultModel::Sync() {
     const int now = static_cast<int>(rows_.Count());
+    const bool isOther = clearings_ != rows_.Clearings();
+    clearings_ = rows_.Clearings();
     if (!IsCurrent() || now < count_) {
         beginResetModel();
         generation_ = rows_.Generation();
         count_ = now;
+        location_ = results::CommonLocation(rows_, 0, {});
         endResetModel();
     } else if (now > count_) {
+        const auto first = static_cast<std::size_t>(count_);
         beginInsertRows({}, count_, now - 1);
         count_ = now;
+        location_ = results::CommonLocation(rows_, first, location_);
         endInsertRows();
+    }
+    return isOther;
+}
+
+void ResultModel::UseReadableSizes(bool readable) {
+    if (readable == hasReadableSizes_) return;
+    hasReadableSizes_ = readable;
+    if (count_ > 0) {
+        emit dataChanged(index(0, results::kSize), index(count_ - 1, results::kSize));
     }
 }
 
@@ -50,16 +69,46 @@ int ResultModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : results::kColumnCount;
 }
 
+// A size that red alone would tell apart has a mark.
+QString ResultModel::SizeOf(std::size_t row) const {
+    const QString size = hasReadableSizes_ ? ToQt(results::ReadableSizeCell(rows_, row))
+                                           : ToQt(rows_.Cell(row, results::kSize));
+    const bool isMarked =
+        !rows_.At(row).isFolder && rows_.CellColor(row, results::kSize) == fields::kRed;
+    return isMarked && !size.isEmpty() ? size + " !" : size;
+}
+
+QString ResultModel::TextOf(std::size_t row, results::Column column) const {
+    if (column == results::kSize) return SizeOf(row);
+    if (column == results::kPath) return Shown(results::PathFrom(session_, row, location_));
+    return Shown(results::ShownCell(session_, row, column));
+}
+
+QVariant ResultModel::FullTextOf(std::size_t row, results::Column column) const {
+    if (column == results::kSize && hasReadableSizes_) {
+        const std::string exact = results::ExactSize(rows_, row);
+        return exact.empty() ? QVariant() : QVariant(ToQt(exact));
+    }
+    if (column != results::kPath) return {};
+    const QString path = Shown(results::ShownCell(session_, row, column));
+    return path == TextOf(row, column) ? QVariant() : QVariant(path);
+}
+
 QString ResultModel::SpokenRow(std::size_t row) const {
     QStringList parts;
     for (const auto column :
          {results::kName, results::kType, results::kSize, results::kDate, results::kPath}) {
-        QString part = Shown(results::ShownCell(session_, row, column)).trimmed();
+        QString part = TextOf(row, column).trimmed();
         if (column == results::kSize) part = WithoutLeadingZeros(part);
         if (!part.isEmpty()) parts << part;
     }
-    if (rows_.At(row).Has(results::kCut)) parts << "cut";
-    if (rows_.At(row).Has(results::kGone)) parts << "moved to the trash";
+    const results::ResultRow& spoken = rows_.At(row);
+    const results::RowSign sign = results::SignOf(spoken);
+    if (sign != results::RowSign::kFolder && sign != results::RowSign::kNone) {
+        parts << ToQt(results::WordsOf(sign));
+    }
+    const int pattern = results::LaterPattern(spoken);
+    if (pattern > 0) parts << QString("found by search string %1").arg(pattern);
     return parts.join(", ");
 }
 
@@ -68,8 +117,8 @@ QVariant ResultModel::ColorOf(std::size_t row, results::Column column) const {
     const results::ResultRow& shown = rows_.At(row);
     const QPalette palette = QGuiApplication::palette();
     const bool isBack = shown.Has(results::kCut) || shown.Has(results::kGone);
-    if (isBack) return palette.color(QPalette::Disabled, QPalette::Text);
-    return Tint(rows_.CellColor(row, column), palette);
+    if (isBack) return StandingBack(palette);
+    return ListTint(rows_.CellColor(row, column), palette);
 }
 
 QVariant ResultModel::FontOf(std::size_t row) const {
@@ -85,7 +134,9 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
     const auto column = static_cast<results::Column>(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return Shown(results::ShownCell(session_, row, column));
+        return TextOf(row, column);
+    case kFullText:
+        return FullTextOf(row, column);
     case Qt::ForegroundRole:
         return ColorOf(row, column);
     case Qt::FontRole:
@@ -107,9 +158,16 @@ QVariant ResultModel::TipOf(std::size_t row, results::Column column) const {
     return Shown(results::ShownTip(session_, row, column));
 }
 
+// Paths that begin at a folder name it at their head.
+QVariant ResultModel::HeadTip(int section) const {
+    if (section != results::kPath || location_.size() <= kDriveLength) return {};
+    return TipText("Below " + ToQt(session_.Shown(location_)));
+}
+
 QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= results::kColumnCount) return {};
     if (role == Qt::DisplayRole) return ToQt(Info(section).header);
+    if (role == Qt::ToolTipRole) return HeadTip(section);
     return role == Qt::TextAlignmentRole ? Alignment(section) : QVariant();
 }
 

@@ -15,12 +15,19 @@ namespace tarvix::forms {
 // The result list as a view asks for it: texts are made for the cells that are looked at.
 class ResultModel : public QAbstractTableModel {
   public:
+    // Of a cell that shows less than it holds, wherever it stands: all of it.
+    static constexpr int kFullText = Qt::UserRole;
+
     explicit ResultModel(const session::Session& session, QObject* parent = nullptr);
 
     // The list's one tip for all rows; while it is empty each row has its own.
     void UseTip(const std::string& tip) { tip_ = &tip; }
-    // Takes in the rows that were added, or all anew when the list was cleared since.
-    void Sync();
+    // Takes in the rows that were added, or all anew when the list was cleared since; gives whether
+    // it shows another list from then on.
+    bool Sync();
+    // Whether sizes show in the largest unit that fits, in place of all bytes.
+    void UseReadableSizes(bool readable);
+    bool HasReadableSizes() const { return hasReadableSizes_; }
     // False from the moment that the list is cleared until Sync.
     bool IsCurrent() const { return generation_ == rows_.Generation(); }
 
@@ -31,7 +38,11 @@ class ResultModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
+    QString TextOf(std::size_t row, results::Column column) const;
+    QString SizeOf(std::size_t row) const;
+    QVariant FullTextOf(std::size_t row, results::Column column) const;
     QString SpokenRow(std::size_t row) const;
+    QVariant HeadTip(int section) const;
     QVariant ColorOf(std::size_t row, results::Column column) const;
     QVariant FontOf(std::size_t row) const;
     QVariant TipOf(std::size_t row, results::Column column) const;
@@ -40,7 +51,10 @@ class ResultModel : public QAbstractTableModel {
     const results::ResultList& rows_;
     const std::string* tip_ = nullptr;
     std::uint64_t generation_ = 0;
+    std::uint64_t clearings_ = 0;
     int count_ = 0;
+    std::string location_; // in which all rows lie, in drive form
+    bool hasReadableSizes_ = false;
 };
 
 } // namespace tarvix::forms

@@ -1,7 +1,9 @@
 #include "forms/result_view.h"
 
+#include "forms/frozen_head.h"
 #include "forms/row_delegate.h"
 #include "forms/text_conversion.h"
+#include "results/list_looks.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,21 +21,23 @@ namespace tarvix::forms {
 namespace {
 
 constexpr int kTypePause = 1000; // milliseconds until typed letters begin a new word
+constexpr int kRuleHeight = 4;   // pixels
+constexpr double kFrozenEdge = 0.25;
 
 } // namespace
 
 ResultView::ResultView(results::ResultList& rows, QWidget* parent)
-    : QTableView(parent), head_(*this), selector_(rows) {
+    : QTableView(parent), rows_(rows), head_(*this), selector_(rows) {
     setSelectionMode(NoSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
-    setItemDelegate(new RowDelegate(*this, selector_));
+    setItemDelegate(new RowDelegate(*this));
     setShowGrid(false);
-    setAlternatingRowColors(true);
     setWordWrap(false);
     setCornerButtonEnabled(false);
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
     setTextElideMode(Qt::ElideMiddle);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -42,8 +46,99 @@ ResultView::ResultView(results::ResultList& rows, QWidget* parent)
 
 void ResultView::SetRowHeight() {
     const int height = fontMetrics().height() + 5;
-    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setMinimumSectionSize(0);
     verticalHeader()->setDefaultSectionSize(height);
+    verticalScrollBar()->setSingleStep(height);
+    if (model() != nullptr) LayOutRows(0);
+}
+
+void ResultView::setModel(QAbstractItemModel* model) {
+    QTableView::setModel(model);
+    connect(model, &QAbstractItemModel::modelReset, this, [this] { LayOutRows(0); });
+    connect(model, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int first) { LayOutRows(first); });
+    LayOutRows(0);
+}
+
+// A spacer tells by its neighbours whether it is a rule, so those in front of the first new row are
+// looked at again. The head is told nothing of each: 125,000 spacers take milliseconds.
+void ResultView::LayOutRows(int first) {
+    if (first == 0) hasSpacers_ = hasGroups_ = hasLaterPatterns_ = false;
+    QHeaderView& heights = *verticalHeader();
+    const QSignalBlocker quiet(heights);
+    heights.setUpdatesEnabled(false);
+    for (int row = std::max(0, first - 2); row < model()->rowCount(); ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        hasLaterPatterns_ |= results::LaterPattern(rows_.At(at)) > 0;
+        int height = heights.defaultSectionSize();
+        if (rows_.At(at).IsSpacer()) {
+            const bool isRule = results::DividesGroups(rows_, at);
+            height = isRule ? kRuleHeight : 0;
+            hasSpacers_ = true;
+            hasGroups_ |= isRule;
+        }
+        heights.resizeSection(row, height); // the head keeps heights when rows change places
+    }
+    heights.setUpdatesEnabled(true);
+    updateGeometries();
+}
+
+bool ResultView::IsStriped(std::size_t row) const {
+    return !hasGroups_ && (hasSpacers_ ? row / 2 : row) % 2 == 1;
+}
+
+void ResultView::ScrollHome() {
+    verticalScrollBar()->setValue(0);
+    horizontalScrollBar()->setValue(0);
+}
+
+QModelIndex ResultView::indexAt(const QPoint& at) const {
+    const QModelIndex index = QTableView::indexAt(at);
+    const bool isName = at.x() >= 0 && at.x() < head_.FrozenWidth();
+    return isName && index.isValid() ? index.siblingAtColumn(results::kName) : index;
+}
+
+QRect ResultView::visualRect(const QModelIndex& index) const {
+    QRect place = QTableView::visualRect(index);
+    const int frozen = index.column() == results::kName ? head_.FrozenWidth() : 0;
+    if (frozen > 0) place = {0, place.top(), frozen, place.height()};
+    return place;
+}
+
+// The name is always in view, so a row is scrolled to without going sideways.
+void ResultView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int x = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    if (index.column() == results::kName) horizontalScrollBar()->setValue(x);
+}
+
+void ResultView::scrollContentsBy(int x, int y) {
+    QTableView::scrollContentsBy(x, y);
+    if (x == 0) return;
+    viewport()->update(); // the name that stays must not be moved along
+    horizontalHeader()->viewport()->update();
+}
+
+void ResultView::PaintFrozenName() {
+    const int width = head_.FrozenWidth();
+    if (width == 0 || model() == nullptr) return;
+    QPainter painter(viewport());
+    painter.setClipRect(0, 0, width, viewport()->height());
+    painter.fillRect(0, 0, width, viewport()->height(), palette().brush(QPalette::Base));
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.state.setFlag(QStyle::State_Active, isActiveWindow());
+    const int last = rowAt(viewport()->height() - 1);
+    const int end = last < 0 ? model()->rowCount() : last + 1;
+    for (int row = std::max(0, rowAt(0)); row < end; ++row) {
+        option.rect = {0, rowViewportPosition(row), width - 1, rowHeight(row)};
+        if (option.rect.height() > 0) {
+            itemDelegate()->paint(&painter, option, model()->index(row, results::kName));
+        }
+    }
+    QColor edge = palette().color(QPalette::Text);
+    edge.setAlphaF(kFrozenEdge);
+    painter.fillRect(width - 1, 0, 1, viewport()->height(), edge);
 }
 
 void ResultView::changeEvent(QEvent* event) {
@@ -69,10 +164,8 @@ std::optional<std::size_t> ResultView::RowAt(const QPoint& at) const {
 
 void ResultView::SetCurrentRow(std::size_t row) {
     // The name's cell is always the current one, so that a row is read from its name on.
-    const int x = horizontalScrollBar()->value();
     selectionModel()->setCurrentIndex(model()->index(static_cast<int>(row), results::kName),
                                       QItemSelectionModel::NoUpdate);
-    horizontalScrollBar()->setValue(x);
 }
 
 void ResultView::Changed(std::size_t row) {
@@ -150,9 +243,21 @@ void ResultView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (row && onOpen && MaySelect() && event->button() == Qt::LeftButton) onOpen(*row);
 }
 
+// As far as the view shows, less a row, whatever the rules between the rows take.
+std::optional<std::size_t> ResultView::PageFrom(std::size_t row, int direction) const {
+    const QHeaderView& heights = *verticalHeader();
+    const int page =
+        std::max(heights.defaultSectionSize(), viewport()->height() - heights.defaultSectionSize());
+    const int place = rowViewportPosition(static_cast<int>(row)) + direction * page;
+    const int there = heights.logicalIndexAt(std::max(place, -heights.offset()));
+    if (there < 0) return selector_.End(true);
+    const auto target = static_cast<std::size_t>(there);
+    if (target != row && selector_.CanSelect(target)) return target;
+    return selector_.Neighbour(target, target == row ? direction : -direction);
+}
+
 std::optional<std::size_t> ResultView::KeyTarget(int key) const {
     const auto current = CurrentRow();
-    const int page = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
     switch (key) {
     case Qt::Key_Home:
         return selector_.End(false);
@@ -163,9 +268,9 @@ std::optional<std::size_t> ResultView::KeyTarget(int key) const {
     case Qt::Key_Down:
         return current ? selector_.Neighbour(*current, 1) : selector_.End(false);
     case Qt::Key_PageUp:
-        return current ? selector_.Neighbour(*current, -page) : std::nullopt;
+        return current ? PageFrom(*current, -1) : std::nullopt;
     case Qt::Key_PageDown:
-        return current ? selector_.Neighbour(*current, page) : std::nullopt;
+        return current ? PageFrom(*current, 1) : std::nullopt;
     default:
         return std::nullopt;
     }
@@ -222,6 +327,7 @@ void ResultView::keyboardSearch(const QString& text) {
 
 void ResultView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
+    PaintFrozenName();
     if (model() == nullptr || model()->rowCount() > 0 || !emptyText) return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));

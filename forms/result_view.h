@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/column_head.h"
+#include "forms/result_model.h"
 #include "results/row_selector.h"
 
 #include <QElapsedTimer>
@@ -13,7 +14,9 @@
 namespace tarvix::forms {
 
 // The table of found objects. The rows' own flags are the selection: the view sets and paints them,
-// so that selecting all costs the same for ten rows and for 250,000.
+// so that selecting all costs the same for ten rows and for 250,000. Spacers are rules beside
+// groups of two rows or more, and take no room elsewhere. The name stays in view when scrolled
+// sideways.
 class ResultView : public QTableView {
   public:
     explicit ResultView(results::ResultList& rows, QWidget* parent = nullptr);
@@ -40,7 +43,23 @@ class ResultView : public QTableView {
     void MoveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
     void keyboardSearch(const QString& text) override;
 
+    const results::ResultList& Rows() const { return rows_; }
+    // Whether a group has two rows or more.
+    bool HasGroups() const { return hasGroups_; }
+    // Whether another search string than the first has found a row.
+    bool HasLaterPatterns() const { return hasLaterPatterns_; }
+    // Whether the row stands on the other shade, as every second one does where nothing is grouped.
+    bool IsStriped(std::size_t row) const;
+    // To the first row and the first column.
+    void ScrollHome();
+
+    void setModel(QAbstractItemModel* model) override;
+    QModelIndex indexAt(const QPoint& at) const override;
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
   protected:
+    void scrollContentsBy(int x, int y) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -54,13 +73,20 @@ class ResultView : public QTableView {
   private:
     bool MaySelect() const { return !maySelect || maySelect(); }
     void SetRowHeight();
+    void LayOutRows(int first);
+    void PaintFrozenName();
+    std::optional<std::size_t> PageFrom(std::size_t row, int direction) const;
     void SetCurrentRow(std::size_t row);
     void Changed(std::size_t row);
     std::optional<std::size_t> RowAt(const QPoint& at) const;
     std::optional<std::size_t> KeyTarget(int key) const;
 
+    const results::ResultList& rows_;
     ColumnHead head_;
     results::RowSelector selector_;
+    bool hasSpacers_ = false;
+    bool hasGroups_ = false;
+    bool hasLaterPatterns_ = false;
     QPoint pressedAt_;
     QPoint menuPlace_;
     std::optional<std::size_t> pressedRow_;

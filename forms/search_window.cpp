@@ -7,6 +7,7 @@
 #include "forms/field_widgets.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
+#include "forms/view_menu.h"
 #include "forms/window_place.h"
 #include "launch/menu/clipboard_forms.h"
 #include "platform/names.h"
@@ -103,14 +104,10 @@ void SearchWindow::Build() {
 void SearchWindow::AddOwnEntries() {
     QMenu* actions = menu_->Find("Actions");
     actions->addSeparator();
-    QAction* copy = actions->addAction("Copy Pat&hs to Clipboard", this, [this] { CopyPaths(); });
+    QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
-    QMenu* columns = menu_->Find("Options")->addMenu("&Columns");
-    connect(columns, &QMenu::aboutToShow, this, [this, columns] {
-        columns->clear();
-        list_->Head().FillMenu(*columns);
-    });
+    FillViewMenu(*menu_->Find("View"), *list_, *model_);
     QAction* exit = menu_->Find("File")->addAction("E&xit", this, [this] { close(); });
     exit->setShortcut(QKeySequence("Ctrl+Q"));
     const auto focusOn = [this](const char* key, const char* box) {
@@ -199,7 +196,7 @@ std::vector<std::string> SearchWindow::SelectedNativePaths() const {
 
 void SearchWindow::CopyPaths() {
     const std::vector<std::string> paths = SelectedNativePaths();
-    if (!paths.empty()) clipboard_.Put(menu::PathForms(paths));
+    if (!paths.empty()) clipboard_.Put(menu::ObjectForms(paths, false));
 }
 
 void SearchWindow::DragRows() {
@@ -312,8 +309,8 @@ void SearchWindow::ShowRows() {
     const bool later = gate_.IsBusy() && model_->IsCurrent() && sinceRows_.isValid() &&
                        sinceRows_.elapsed() < kRowsEvery;
     if (later) return;
-    model_->Sync();
-    list_->setAlternatingRowColors(session_.state.lngGroups == 1);
+    if (model_->Sync()) list_->ScrollHome();
+    findChild<QWidget*>("rowGroups")->setVisible(list_->HasGroups());
     list_->viewport()->update();
     ShowNativePath();
     sinceRows_.start();

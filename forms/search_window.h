@@ -33,7 +33,8 @@ class SearchWindow : public QMainWindow, public View {
     void Idle() override;
 
     ResultView& List() { return *list_; }
-    // The native paths of the selected rows, one a line, on the clipboard.
+    // The selected rows on the clipboard: as files for who takes such, else their native paths, one
+    // a line.
     void CopyPaths();
 
   protected:

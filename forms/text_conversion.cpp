@@ -31,8 +31,10 @@ QString WithThousands(const QString& digits) {
 }
 
 QString WithoutLeadingZeros(const QString& number) {
+    const auto isPart = [](QChar c) { return c == u',' || (c >= u'0' && c <= u'9'); };
     qsizetype start = 0;
-    while (start + 1 < number.size() && (number[start] == u'0' || number[start] == u',')) {
+    while (start + 1 < number.size() && (number[start] == u'0' || number[start] == u',') &&
+           isPart(number[start + 1])) {
         ++start;
     }
     return number.mid(start);

@@ -17,7 +17,7 @@ QString Shown(std::string_view driveText);
 
 // "1204" as "1,204"; a text that is not all digits comes back unchanged.
 QString WithThousands(const QString& digits);
-// "000,000,001,204" as "1,204" and "000" as "0".
+// "000,000,001,204" as "1,204" and "000" as "0"; what follows the number stays.
 QString WithoutLeadingZeros(const QString& number);
 
 // A tip that shows the text as it stands, tags and line breaks and all, in several lines where it

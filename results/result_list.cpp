@@ -39,12 +39,11 @@ constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{
      {platform::kAlias, 'A'},
      {platform::kCompressed, 'C'}}};
 
-// By the index of the string that found a row first; 0xFFFFFFFF leaves the row's own colour.
+// By the index of the string that found a row first; blue leaves the row's own colour.
 constexpr fields::Color kReplacementColor = 32768;
-constexpr fields::Color kOwnColor = 0xFFFFFFFF;
-constexpr std::array<fields::Color, 11> kSearchColors{kOwnColor, kOwnColor, 0x000040, 0x404040,
-                                                      0x00FF00,  0x7F00FF,  0xFFFF00, 0x000000,
-                                                      0x7F003F,  0x007F00,  0x003F7F};
+constexpr std::array<fields::Color, 11> kSearchColors{
+    fields::kBlue, fields::kBlue, 0x000040, 0x404040, 0x00FF00, 0x7F00FF,
+    0xFFFF00,      0x000000,      0x7F003F, 0x007F00, 0x003F7F};
 
 std::size_t HashPath(std::string_view path) {
     return std::hash<std::string_view>{}(path);
@@ -77,6 +76,7 @@ void ResultList::Clear() {
     index_.reset();
     if (details_) details_->Clear();
     ++generation_;
+    ++clearings_;
 }
 
 const RowFolder* ResultList::AddFolder(RowFolder folder) {
@@ -331,10 +331,9 @@ fields::Color ResultList::CellColor(std::size_t index, Column column) const {
                : row.Has(kEntry)     ? fields::kBlue
                                      : fields::kBlack;
     }
-    if ((column == kName || column == kSearchForEntry) &&
-        row.searchForIndex < kSearchColors.size() &&
-        kSearchColors[row.searchForIndex] != kOwnColor) {
-        return kSearchColors[row.searchForIndex];
+    if (column == kName || column == kSearchForEntry) {
+        const fields::Color color = PatternColor(row.searchForIndex);
+        if (color != fields::kBlue) return color;
     }
     if (row.isFolder) return fields::kRed;
     if (column == kSize && row.size > kLargestShownSize) return fields::kRed;
@@ -348,6 +347,11 @@ fields::Color ResultList::CellColor(std::size_t index, Column column) const {
 std::string OpenablePath(std::string path) {
     if (path.size() <= session::kLongPath || text::Length(path) <= session::kLongPath) return path;
     return session::MixPath(path, session::ShortFormOf(path));
+}
+
+fields::Color PatternColor(int number) {
+    const auto index = static_cast<std::size_t>(number);
+    return index < kSearchColors.size() ? kSearchColors[index] : fields::kBlue;
 }
 
 std::string BuildAttributeString(std::uint32_t bits) {

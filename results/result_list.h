@@ -78,6 +78,8 @@ class ResultList {
 
     // Rows, folders and names go, and what is indexed of them.
     void Clear();
+    // How often that was done, so that a view knows that it shows another list.
+    std::uint64_t Clearings() const { return clearings_; }
     // Rows, spacers among them.
     std::size_t Count() const { return rows_.size(); }
     const ResultRow& At(std::size_t index) const { return rows_[index]; }
@@ -150,7 +152,11 @@ class ResultList {
     RowDetails* details_ = nullptr;
     bool showsLongPaths_ = false;
     std::uint64_t generation_ = 0;
+    std::uint64_t clearings_ = 0;
 };
+
+// The colour of what the search string with this number (from 1) found first.
+fields::Color PatternColor(int number);
 
 // Letters for bits 1, 2, 4, 32, 64, 128, 256, 512, 1024, 2048, in this order: rhsa6125AC.
 std::string BuildAttributeString(std::uint32_t bits);

@@ -48,8 +48,12 @@ TEST_F(PreviewWindowTest, ShowsEachObjectItsNewPathAndItsVerdict) {
         EXPECT_EQ(modal.findChild<QLabel*>("lblMain")->text(), "copy  2,   duplicate: skip  1");
         const auto& model = *modal.findChild<QTableView*>("lstPreview")->model();
         ASSERT_EQ(model.rowCount(), 3);
-        EXPECT_EQ(model.index(1, 0).data().toString(), "C:\\a\\Apple.mp3");
-        EXPECT_EQ(model.index(1, 1).data().toString(), "E:\\Bk\\Apple.mp3");
+        EXPECT_EQ(modal.findChild<QLabel*>("lblFrom")->text(), "C:\\a");
+        EXPECT_EQ(modal.findChild<QLabel*>("lblTo")->text(), "E:\\Bk");
+        EXPECT_EQ(model.index(1, 0).data().toString(), "Apple.mp3");
+        EXPECT_EQ(model.index(1, 1).data().toString(), "Apple.mp3");
+        EXPECT_EQ(model.index(1, 0).data(PreviewModel::kWholePath).toString(), "C:\\a\\Apple.mp3");
+        EXPECT_EQ(model.index(1, 1).data(PreviewModel::kWholePath).toString(), "E:\\Bk\\Apple.mp3");
         EXPECT_EQ(model.index(1, 2).data().toString(), "duplicate: skip");
     });
     EXPECT_FALSE(S().forms.frmPreview.IsShown());
@@ -103,6 +107,53 @@ TEST_F(PreviewWindowTest, AColumnHeadSortsAndTheThirdClickGivesTheOrderOfTheActi
     });
 }
 
+// The part of a cell's text that is marked.
+QString Marked(const PreviewModel& model, int row, int column) {
+    const QModelIndex cell = model.index(row, column);
+    const QVariant mark = cell.data(PreviewModel::kChanged);
+    const QPoint place = mark.toPoint();
+    return mark.isValid() ? cell.data().toString().mid(place.x(), place.y()) : QString();
+}
+
+TEST(PreviewModelTest, PathsBeginAtTheFoldersThatAllShare) {
+    const std::vector<fields::PreviewRow> rows{
+        {"/home/ann/Music/Abba/one.mp3", "/media/backup/Abba/one.mp3", "copy"},
+        {"/home/ann/Music/two.mp3", "/media/backup/two_.mp3", "duplicate: rename"},
+        {"/home/ann/Music/three.mp3", "", "no right"}};
+    const PreviewModel model(rows);
+    EXPECT_EQ(model.From(), "/home/ann/Music");
+    EXPECT_EQ(model.To(), "/media/backup");
+    EXPECT_FALSE(model.Renames());
+    EXPECT_EQ(model.index(0, 0).data().toString(), "Abba/one.mp3");
+    EXPECT_EQ(model.index(0, 1).data().toString(), "Abba/one.mp3");
+    EXPECT_EQ(model.index(2, 1).data().toString(), "");
+    EXPECT_EQ(Marked(model, 0, PreviewModel::kNewPath), "");
+    EXPECT_EQ(Marked(model, 1, PreviewModel::kNewPath), "_");
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "New path");
+}
+
+TEST(PreviewModelTest, ARenameShowsBothNamesAndWhatChanged) {
+    const std::vector<fields::PreviewRow> rows{
+        {"/m/Abba/one - 1.mp3", "/m/Abba/one_1.mp3", "rename"},
+        {"/m/two.mp3", "/m/two.mp3", "unchanged"}};
+    const PreviewModel model(rows);
+    EXPECT_TRUE(model.Renames());
+    EXPECT_EQ(model.index(0, 0).data().toString(), "Abba/one - 1.mp3");
+    EXPECT_EQ(model.index(0, 1).data().toString(), "→ one_1.mp3");
+    EXPECT_EQ(Marked(model, 0, PreviewModel::kObject), " - ");
+    EXPECT_EQ(Marked(model, 0, PreviewModel::kNewPath), "_");
+    EXPECT_EQ(Marked(model, 1, PreviewModel::kNewPath), "");
+    EXPECT_EQ(model.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), "Old name");
+}
+
+TEST(PreviewModelTest, WhatSharesNothingStandsWhole) {
+    const std::vector<fields::PreviewRow> rows{{"/a/x", "/b/x", "copy"}, {"/c/y", "/d/y", "copy"}};
+    const PreviewModel model(rows);
+    EXPECT_EQ(model.From(), "");
+    EXPECT_EQ(model.index(0, 0).data().toString(), "/a/x");
+    EXPECT_EQ(model.index(1, 1).data().toString(), "/d/y");
+}
+
 TEST(PreviewModelTest, EqualRowsKeepTheirOrderInBothDirections) {
     const std::vector<fields::PreviewRow> rows{
         {"a", "x", "copy"}, {"b", "x", "skip"}, {"c", "x", "copy"}};
@@ -121,7 +172,8 @@ TEST(PreviewModelTest, AQuarterOfAMillionRowsCanBeSortedAndFiltered) {
     }
     PreviewModel model(rows);
     model.sort(PreviewModel::kObject, Qt::AscendingOrder);
-    EXPECT_EQ(model.index(0, 0).data().toString(), "C:\\home\\ann\\Music\\0.mp3");
+    EXPECT_EQ(model.index(0, 0).data(PreviewModel::kWholePath).toString(),
+              "C:\\home\\ann\\Music\\0.mp3");
     model.Filter("copy", "\\99999.");
     EXPECT_LE(model.rowCount(), 1);
     model.Filter("copy", "");

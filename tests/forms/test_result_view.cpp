@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <gmock/gmock.h>
 
 namespace tarvix::forms {
@@ -107,10 +108,8 @@ TEST_F(ResultViewTest, ColumnsAreChosenAtTheHead) {
     EXPECT_TRUE(window->List().isColumnHidden(results::kShortPath));
     QMenu menu;
     window->List().Head().FillMenu(menu);
-    EXPECT_EQ(menu.actions().size(), 24);
-    for (QAction* entry : menu.actions()) {
-        if (entry->text() == "Attributes") entry->trigger();
-    }
+    EXPECT_EQ(menu.findChildren<QAction*>(QRegularExpression("^col")).size(), 24);
+    menu.findChild<QAction*>("colAttributesSubItem")->trigger();
     EXPECT_TRUE(window->List().isColumnHidden(results::kAttributes));
     EXPECT_FALSE(S().blnListItems[results::kAttributes]);
     gate.Run(nullptr, [&] { S().blnListItems[results::kAttributes] = true; });

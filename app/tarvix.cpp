@@ -9,6 +9,7 @@
 #include "forms/qt_prompts.h"
 #include "forms/search_window.h"
 #include "forms/theme.h"
+#include "platform/file_system.h"
 #include "platform/linux/linux_platform.h"
 #include "platform/native_paths.h"
 #include "session/ending_prompts.h"
@@ -149,6 +150,7 @@ int main(int argc, char** argv) {
     app::AddSavedDrives(options);
     platform::LinuxPlatform machine(options);
     const platform::Platform parts = machine.Parts();
+    const platform::KeptListings listings(parts.files); // for each search but the first
     forms::EventGate gate;
     forms::QtPrompts windows(gate, parts);
     session::EndingPrompts prompts(windows, [] { return interruption != 0; });

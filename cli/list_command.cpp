@@ -5,6 +5,7 @@
 #include "cli/summary.h"
 #include "generate/list_source.h"
 #include "generate/write_list.h"
+#include "results/quick_cells.h"
 #include "results/selection.h"
 #include "session/prompt_id.h"
 #include "session/user_input.h"
@@ -40,6 +41,13 @@ fields::Control& MenuEntryOf(fields::FrmSearch& form, const PlaylistRequest& req
     return request.form == kLocalNames ? form.mnuNamesM3u : form.mnuPathNamesM3u;
 }
 
+// Whether nothing but paths is written, in an order that goes by paths.
+bool IsOfPaths(const Session& session, const ListRequest& request) {
+    const bool writesPaths = request.form != kWebPage && request.form != kListOfTargets;
+    return writesPaths && results::IsOfPath(session.frmSearch.lstMain.SortKey) &&
+           (!request.sort || results::IsOfPath(static_cast<int>(request.sort->column)));
+}
+
 int ToStdout(Host& host, Session& session, const ListRequest& request) {
     generate::ListRequest list;
     list.kind = request.form == kListOfNames     ? generate::ListKind::kNames
@@ -67,6 +75,7 @@ int Run(Host& host, const platform::Platform& machine, const ListRequest& reques
                                   kPageTexts[static_cast<std::size_t>(request.pageText)]);
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
+        const results::NamesAlone alone(program.Rows(), IsOfPaths(program.Session(), request));
         const int code = finding.Search(program, request.criteria, request.answers);
         if (code == kBadRequest) return code;
         Session& session = program.Session();

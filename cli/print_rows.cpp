@@ -7,6 +7,7 @@
 #include "platform/native_paths.h"
 #include "results/result_list.h"
 #include "results/shown_cells.h"
+#include "session/paths/short_path.h"
 #include "session/session.h"
 #include "text/characters.h"
 
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
+#include <unordered_map>
 #include <utility>
 
 namespace tarvix::cli {
@@ -88,7 +90,7 @@ class Gathered {
     std::string text_;
 };
 
-// Native paths of rows; the folder's is worked out once for all its rows.
+// Native paths of rows; each folder's is worked out once, in whatever order its rows come.
 class RowPaths {
   public:
     RowPaths(const results::ResultList& rows, const platform::NativePaths& paths)
@@ -100,14 +102,21 @@ class RowPaths {
             out += Whole(rows_.FullPath(index));
             return;
         }
-        if (row.folder != folder_) {
-            folder_ = row.folder;
-            native_ = Whole(folder_->longPath);
-        }
-        out += native_;
+        const std::string& folder = FolderOf(row);
+        out += folder;
         if (row.isFolder) return;
-        if (!native_.ends_with('/')) out += '/';
-        out += platform::NameToNative(row.name);
+        if (!folder.ends_with('/')) out += '/';
+        platform::AppendNameToNative(out, row.name);
+    }
+
+    // The native path of a row's folder; the drive path where its drive isn't known.
+    const std::string& FolderOf(const results::ResultRow& row) {
+        if (row.folder == last_) return *lastNative_;
+        std::string& native = natives_[row.folder];
+        if (native.empty()) native = Whole(row.folder->longPath);
+        last_ = row.folder;
+        lastNative_ = &native;
+        return native;
     }
 
   private:
@@ -118,8 +127,9 @@ class RowPaths {
 
     const results::ResultList& rows_;
     const platform::NativePaths& paths_;
-    const results::RowFolder* folder_ = nullptr;
-    std::string native_;
+    std::unordered_map<const results::RowFolder*, std::string> natives_;
+    const results::RowFolder* last_ = nullptr;
+    const std::string* lastNative_ = nullptr;
 };
 
 class RowPrinter {
@@ -150,9 +160,22 @@ class RowPrinter {
             paths_.Append(out, row);
         } else if (column < 0) {
             facts_.Append(out, row, column);
+        } else if (column == results::kPath && IsNativeShown(row)) {
+            out += paths_.FolderOf(rows_.At(row));
+        } else if (column == results::kPathName && IsNativeShown(row)) {
+            paths_.Append(out, row);
         } else {
-            out += results::PlainCell(session_, rows_, row, static_cast<results::Column>(column));
+            const auto which = static_cast<results::Column>(column);
+            results::AppendPlainCell(out, session_, rows_, row, which);
         }
+    }
+
+    // Whether the cells of the row's paths say what it is on this machine, and no other form.
+    bool IsNativeShown(std::size_t row) {
+        const results::ResultRow& shown = rows_.At(row);
+        if (!session_.state.platformSettings.showsNative || shown.folder == nullptr) return false;
+        if (shown.Has(results::kListed) || !paths_.FolderOf(shown).starts_with('/')) return false;
+        return shown.folder->longPath.size() + 1 + shown.name.size() <= session::kLongPath;
     }
 
     void AppendHead() {

@@ -52,6 +52,7 @@ int Run(Host& host, const platform::Platform& machine, const RunRequest& request
     ScriptRunner runner(std::move(*statements), scripted, host.out);
     runner.SetInterrupted([&host] { return host.interrupted() != 0; });
     runner.QueueLeadingAnswers();
+    const platform::KeptListings listings(machine.files); // for each search but the first
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const Watch watch(host, program.Session());

@@ -3,8 +3,11 @@
 #include "cli/messages.h"
 #include "cli/output_columns.h"
 #include "cli/print_rows.h"
+#include "results/quick_cells.h"
+#include "results/result_list.h"
 #include "session/session.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -22,6 +25,19 @@ class PrintedColumns {
             if (column >= 0) shown_[static_cast<std::size_t>(column)] = true;
         }
         if (output.sort) shown_[output.sort->column] = true;
+    }
+
+    // Whether nothing but paths is printed, in an order that goes by paths.
+    static bool AreOfPaths(const session::Session& session, const RowOutput& output) {
+        const bool printsPaths =
+            output.format == RowFormat::kPaths || output.format == RowFormat::kZeroPaths;
+        const bool takesColumns =
+            printsPaths ||
+            (!output.columns.empty() && std::ranges::all_of(output.columns, [](int column) {
+                return column == kNativePathColumn || results::IsOfPath(column);
+            }));
+        return takesColumns && results::IsOfPath(session.frmSearch.lstMain.SortKey) &&
+               (!output.sort || results::IsOfPath(static_cast<int>(output.sort->column)));
     }
     ~PrintedColumns() { shown_ = before_; }
     PrintedColumns(const PrintedColumns&) = delete;
@@ -61,8 +77,10 @@ int Run(Host& host, const platform::Platform& machine, const SearchRequest& requ
     ProgramRun run;
     run.act = [&](results::Program& program) -> int {
         const auto& sort = request.output.sort;
-        const PrintedColumns printed(program.Session(),
-                                     WithColumns(request.output, program.Session()));
+        const RowOutput output = WithColumns(request.output, program.Session());
+        const PrintedColumns printed(program.Session(), output);
+        const results::NamesAlone alone(program.Rows(),
+                                        PrintedColumns::AreOfPaths(program.Session(), output));
         const int code = finding.Search(program, request.criteria, request.answers);
         if (host.interrupted() != 0) Complain(host, "The search was cut short by an interruption.");
         if (sort && code != kBadRequest) SortRows(program.Session(), *sort);

@@ -4,6 +4,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -217,6 +218,10 @@ std::string ForDisplay(std::string_view driveText) {
 }
 
 std::string NativeForDisplay(std::string_view native) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    if (std::ranges::none_of(native, isControl) && text::IsValidUtf8(native)) {
+        return std::string(native);
+    }
     std::string out;
     out.reserve(native.size());
     AppendAllShown(out, native);

@@ -2,9 +2,13 @@
 
 #include "platform/file_system.h"
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -13,134 +17,215 @@ namespace tarvix::platform {
 
 namespace {
 
-constexpr std::size_t kMostUntaken = 256; // folders read and not yet taken
-constexpr std::size_t kAtOnce = 16; // folders that a thread takes up, or drops, under one lock
-constexpr std::size_t kSmall = 512; // names; what takes no more time than waiting may
+constexpr std::size_t kMostUntaken = 4096; // folders read and not yet taken
+constexpr std::size_t kAtOnce = 32;        // folders that are handed over under one lock
+constexpr std::size_t kWorthWaking = 4;    // folders, for a reader that has nothing to do
+constexpr std::size_t kReaders = 2;
+constexpr std::size_t kMostReaders = 16; // on a disk that makes them wait
+constexpr std::chrono::milliseconds kToldAfter{1};
+constexpr std::chrono::milliseconds kOwnerWaits{10};
+constexpr std::chrono::milliseconds kEndWaits{40};
 
-enum class Stage { kWaiting, kInWork, kDone };
-
-struct Job {
+struct Order {
     std::string folder;
-    bool wantsFacts = false;
-    FolderListing names; // asked for, or the result
-    std::vector<std::optional<ObjectFacts>> facts;
-    bool isRead = false;
-    std::atomic<Stage> stage = Stage::kWaiting;
+    bool isForNames = false;
+    bool isLook = false; // for the facts of `names` alone
+    FolderListing names;
 };
 
-void ReadFacts(OpenFolder& folder, Job& job) {
-    for (std::size_t i = 0; i < job.names.Size(); ++i) {
-        if (auto facts = folder.Facts(job.names[i].name)) job.facts[i] = *facts;
-    }
-}
+struct Job {
+    explicit Job(Order&& given) : order(std::move(given)) {}
+    Order order;
+    std::vector<std::optional<ObjectFacts>> looks;
+    FolderVisit visit;
+    std::atomic<bool> isDone = false;
+};
 
-void Do(FileSystem& files, Job& job) {
-    job.facts.resize(job.wantsFacts ? job.names.Size() : 0);
-    if (job.wantsFacts && job.names.Size() == 0) return;
-    auto folder = files.Open(job.folder);
+void LookAtAll(FileSystem& files, Job& job, const std::atomic<bool>& isDropped) {
+    const FolderListing& names = job.order.names;
+    job.looks.resize(names.Size());
+    if (names.Size() == 0) return;
+    auto folder = files.Open(job.order.folder);
     if (!folder) return;
-    if (job.wantsFacts) {
-        ReadFacts(**folder, job);
-    } else {
-        job.isRead = (*folder)->List(job.names).has_value();
+    for (std::size_t i = 0; i < names.Size() && !isDropped; ++i) {
+        if (auto facts = (*folder)->Facts(names[i].name)) job.looks[i] = *facts;
     }
 }
 
 } // namespace
 
-// Only the owner adds and drops jobs; the worker takes them up in their order. What both touch is
-// under the lock, except a job's stage, so that a result that is there costs the owner nothing.
+// Only the owner adds and drops jobs; readers take them up in their order. What both touch is under
+// the lock, except whether a job is done, so that a result that is there costs the owner nothing.
+// Readers that the disk holds up may outlive the owner; only visits do that.
 struct ReadAhead::State {
-    explicit State(FileSystem& fileSystem) : files(fileSystem) {}
+    State(FileSystem& fileSystem, VisitWish visitWish)
+        : files(fileSystem), wish(std::move(visitWish)),
+          mayOutlive(dynamic_cast<VisitedFiles*>(&fileSystem) != nullptr) {}
 
-    void Add(std::string folder, bool wantsFacts, FolderListing names);
-    Job& Front(); // the oldest job not taken, done
+    // ---- the owner's ----
+    void Add(Order order);
+    void Flush();
+    Job* Front(); // the oldest job not taken, done; null when waiting was given up
     void Drop();
-    void Work(const std::stop_token& stop);
+
+    // ---- the readers' ----
+    static void Read(const std::shared_ptr<State>& state,
+                     const std::unique_ptr<FolderVisitor>& visitor);
+    bool TakeUp(std::vector<Job*>& mine);
+    void DoAll(FolderVisitor& visitor, const std::vector<Job*>& mine);
+    void Do(FolderVisitor& visitor, Job& job);
+    void Tell(std::vector<Job*>::const_iterator begin, std::vector<Job*>::const_iterator end);
+
+    void StartReader(); // under the lock
     bool HasWork() const { return next < jobs.size() && next < kMostUntaken; }
-    Job* TakeUpFor(const Job& job);
-    void AwaitDone(Job& job);
 
     FileSystem& files;
+    const VisitWish wish;
+    const bool mayOutlive;
+    std::function<bool()> whileWaiting;
+    std::weak_ptr<State> self;
+
+    std::vector<Order> pending; // the owner's alone, until they are handed over
+    std::size_t taken = 0;      // in front of the oldest that the owner still wants; its alone
+    std::unique_ptr<FolderVisitor> visitor; // the owner's, where there are no readers
+
     std::mutex mutex;
-    std::condition_variable_any changed;
-    std::deque<Job> jobs;  // adding and dropping leaves the others where they are
-    std::size_t next = 0;  // the first that nobody has taken up
-    std::size_t taken = 0; // in front of the oldest that the owner still wants
-    bool workerWaits = false;
+    std::condition_variable work;
+    std::condition_variable done;
+    std::deque<Job> jobs; // adding and dropping leaves the others where they are
+    std::size_t next = 0; // the first that nobody has taken up
+    std::vector<std::thread> readers;
+    std::size_t running = 0;
+    bool isLooking = false; // some order was for facts alone
+    std::atomic<std::size_t> idle = 0;
     std::atomic<bool> ownerWaits = false;
-    std::jthread worker;
+    std::atomic<bool> isDropped = false;
 };
 
-void ReadAhead::State::Add(std::string folder, bool wantsFacts, FolderListing names) {
-    const std::scoped_lock lock(mutex);
-    Job& job = jobs.emplace_back();
-    job.folder = std::move(folder);
-    job.wantsFacts = wantsFacts;
-    job.names = std::move(names);
-    if (files.AllowsReadingThreads() && !worker.joinable()) {
-        worker = std::jthread([this](const std::stop_token& stop) { Work(stop); });
-    }
-    if (workerWaits && HasWork()) changed.notify_all();
+void ReadAhead::State::Add(Order order) {
+    pending.push_back(std::move(order));
+    const bool isAwaited = idle > 0 && pending.size() >= kWorthWaking;
+    if (isAwaited || pending.size() >= kAtOnce) Flush();
 }
 
-void ReadAhead::State::Work(const std::stop_token& stop) {
+void ReadAhead::State::Flush() {
+    if (pending.empty()) return;
+    const std::scoped_lock lock(mutex);
+    for (Order& order : pending) {
+        isLooking = isLooking || order.isLook;
+        jobs.emplace_back(std::move(order));
+    }
+    pending.clear();
+    if (!files.AllowsReadingThreads()) return;
+    while (readers.size() < kReaders && readers.size() < jobs.size() - next) {
+        const std::size_t before = readers.size();
+        StartReader();
+        if (readers.size() == before) break;
+    }
+    if (idle > 0 && HasWork()) work.notify_all();
+}
+
+// Where no thread can be had the owner does the work itself.
+void ReadAhead::State::StartReader() {
+    try {
+        readers.emplace_back(&State::Read, self.lock(), VisitorOf(files));
+        ++running;
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+void ReadAhead::State::Read(const std::shared_ptr<State>& state,
+                            const std::unique_ptr<FolderVisitor>& visitor) {
     std::vector<Job*> mine;
-    while (!stop.stop_requested()) {
-        {
-            std::unique_lock lock(mutex);
-            workerWaits = true;
-            if (!changed.wait(lock, stop, [this] { return HasWork(); })) return;
-            workerWaits = false;
-            std::size_t names = 0;
-            for (mine.clear(); HasWork() && mine.size() < kAtOnce && names < kSmall; ++next) {
-                jobs[next].stage = Stage::kInWork;
-                names += jobs[next].names.Size();
-                mine.push_back(&jobs[next]);
-            }
-        }
-        for (Job* job : mine) {
-            if (stop.stop_requested()) return;
-            Do(files, *job);
-            job->stage = Stage::kDone;
-            if (!ownerWaits) continue;
-            const std::scoped_lock lock(mutex);
-            changed.notify_all();
-        }
+    while (state->TakeUp(mine)) {
+        state->DoAll(*visitor, mine);
+        if (!visitor->EndRun()) continue;
+        const std::scoped_lock lock(state->mutex);
+        const bool isWorth = state->HasWork() && state->idle == 0 && !state->isDropped;
+        if (isWorth && state->readers.size() < kMostReaders) state->StartReader();
     }
+    const std::scoped_lock lock(state->mutex);
+    --state->running;
+    state->done.notify_all();
 }
 
-Job& ReadAhead::State::Front() {
-    Job& job = jobs[taken];
-    if (job.stage == Stage::kDone) return job;
-    while (job.stage != Stage::kDone) {
-        if (Job* const free = TakeUpFor(job)) {
-            Do(files, *free);
-            free->stage = Stage::kDone;
-        } else {
-            AwaitDone(job);
-        }
-    }
-    return job;
-}
-
-// What the owner does while it has to wait for a job: that one, or a small one that comes next.
-Job* ReadAhead::State::TakeUpFor(const Job& job) {
-    const std::scoped_lock lock(mutex);
-    if (!HasWork()) return nullptr;
-    Job& first = jobs[next];
-    const bool isSmall = first.wantsFacts && first.names.Size() <= kSmall;
-    if (&first != &job && (!isSmall || job.stage == Stage::kDone)) return nullptr;
-    first.stage = Stage::kInWork;
-    ++next;
-    return &first;
-}
-
-void ReadAhead::State::AwaitDone(Job& job) {
+// As much as leaves the other readers the same.
+bool ReadAhead::State::TakeUp(std::vector<Job*>& mine) {
+    mine.clear();
     std::unique_lock lock(mutex);
+    ++idle;
+    work.wait(lock, [this] { return isDropped || HasWork(); });
+    --idle;
+    if (isDropped) return false;
+    const std::size_t share = (jobs.size() - next) / (2 * readers.size());
+    const std::size_t most = std::clamp<std::size_t>(share, 1, kAtOnce);
+    for (; mine.size() < most && HasWork(); ++next)
+        mine.push_back(&jobs[next]);
+    return true;
+}
+
+// Results are told many at once, but none is kept back for long.
+void ReadAhead::State::DoAll(FolderVisitor& visitor, const std::vector<Job*>& mine) {
+    using Clock = std::chrono::steady_clock;
+    auto told = mine.begin();
+    auto toldAt = Clock::now();
+    for (auto job = mine.begin(); job != mine.end(); ++job) {
+        if (isDropped) return;
+        Do(visitor, **job);
+        const auto now = Clock::now();
+        if (now - toldAt < kToldAfter) continue;
+        Tell(told, std::next(job));
+        told = std::next(job);
+        toldAt = now;
+    }
+    Tell(told, mine.end());
+}
+
+void ReadAhead::State::Do(FolderVisitor& visitor, Job& job) {
+    if (job.order.isLook) {
+        LookAtAll(files, job, isDropped);
+    } else {
+        static const VisitWish kNamesAlone;
+        const VisitWish& wanted = job.order.isForNames ? kNamesAlone : wish;
+        visitor.Visit(job.order.folder, wanted, isDropped, job.visit);
+    }
+}
+
+void ReadAhead::State::Tell(std::vector<Job*>::const_iterator begin,
+                            std::vector<Job*>::const_iterator end) {
+    if (begin == end) return;
+    for (; begin != end; ++begin)
+        (*begin)->isDone = true;
+    if (!ownerWaits) return;
+    const std::scoped_lock lock(mutex);
+    done.notify_all();
+}
+
+Job* ReadAhead::State::Front() {
+    Flush();
+    Job& job = jobs[taken];
+    if (job.isDone) return &job;
+    std::unique_lock lock(mutex);
+    if (readers.empty()) {
+        lock.unlock();
+        if (!visitor) visitor = VisitorOf(files);
+        Do(*visitor, job);
+        job.isDone = true;
+        ++next;
+        return &job;
+    }
     ownerWaits = true;
-    changed.wait(lock, [&] { return job.stage == Stage::kDone; });
+    while (!done.wait_for(lock, kOwnerWaits, [&job] { return job.isDone.load(); })) {
+        lock.unlock();
+        if (whileWaiting && !whileWaiting()) {
+            ownerWaits = false;
+            return nullptr;
+        }
+        lock.lock();
+    }
     ownerWaits = false;
+    return &job;
 }
 
 void ReadAhead::State::Drop() {
@@ -148,35 +233,68 @@ void ReadAhead::State::Drop() {
     if (taken < kAtOnce) return;
     const std::scoped_lock lock(mutex);
     next -= taken;
-    for (; taken > 0; --taken) {
+    for (; taken > 0; --taken)
         jobs.pop_front();
-    }
-    if (workerWaits && HasWork()) changed.notify_all();
+    if (idle > 0 && HasWork()) work.notify_all();
 }
 
-ReadAhead::ReadAhead(FileSystem& files) : state_(std::make_unique<State>(files)) {}
+ReadAhead::ReadAhead(FileSystem& files, VisitWish wish)
+    : state_(std::make_shared<State>(files, std::move(wish))) {
+    state_->self = state_;
+}
 
-ReadAhead::~ReadAhead() = default;
+// Readers end behind the object in hand; one that the disk holds up is left to end by itself.
+ReadAhead::~ReadAhead() {
+    std::unique_lock lock(state_->mutex);
+    state_->isDropped = true;
+    state_->work.notify_all();
+    const auto areGone = [this] { return state_->running == 0; };
+    const bool mayLeave = state_->mayOutlive && !state_->isLooking;
+    if (mayLeave) {
+        state_->done.wait_for(lock, kEndWaits, areGone);
+    } else {
+        state_->done.wait(lock, areGone);
+    }
+    const bool areEnding = areGone();
+    lock.unlock();
+    for (std::thread& reader : state_->readers) {
+        areEnding ? reader.join() : reader.detach();
+    }
+    state_->readers.clear();
+}
 
-void ReadAhead::OrderListing(std::string folder) {
-    state_->Add(std::move(folder), false, {});
+void ReadAhead::WhileWaiting(std::function<bool()> act) {
+    state_->whileWaiting = std::move(act);
+}
+
+void ReadAhead::OrderVisit(std::string folder, bool isForNames) {
+    state_->Add({.folder = std::move(folder), .isForNames = isForNames, .names = {}});
+}
+
+bool ReadAhead::TakeVisit(FolderVisit& visit) {
+    Job* const job = state_->Front();
+    visit = job != nullptr ? std::move(job->visit) : FolderVisit();
+    if (job != nullptr) state_->Drop();
+    return job != nullptr;
 }
 
 bool ReadAhead::TakeListing(FolderListing& listing) {
-    Job& job = state_->Front();
-    std::swap(listing, job.names);
-    const bool isRead = job.isRead;
-    state_->Drop();
-    return isRead;
+    FolderVisit visit;
+    if (!TakeVisit(visit) || !visit.names) return false;
+    listing = *visit.names;
+    return true;
 }
 
 void ReadAhead::OrderFacts(std::string folder, FolderListing names) {
-    state_->Add(std::move(folder), true, std::move(names));
+    state_->Add({.folder = std::move(folder), .isLook = true, .names = std::move(names)});
 }
 
-void ReadAhead::TakeFacts(std::vector<std::optional<ObjectFacts>>& facts) {
-    std::swap(facts, state_->Front().facts);
+bool ReadAhead::TakeFacts(std::vector<std::optional<ObjectFacts>>& facts) {
+    Job* const job = state_->Front();
+    if (job == nullptr) return false;
+    std::swap(facts, job->looks);
     state_->Drop();
+    return true;
 }
 
 } // namespace tarvix::platform

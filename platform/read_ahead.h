@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/folder_listing.h"
+#include "platform/folder_visit.h"
 #include "platform/object_facts.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,30 +15,39 @@ namespace tarvix::platform {
 class FileSystem;
 
 // Reads folders and facts in the background before they are asked for. Results come in the order of
-// the orders, whoever does the work: a second thread where the file system allows it, and the
-// caller when it takes what nobody has begun, or would have to wait. Orders that were never taken
-// are dropped with this.
+// the orders, whoever does the work: other threads where the file system allows it, else the caller
+// when it takes one. Orders that were never taken are dropped with this. Work is handed over many
+// folders at a time, so that no object and hardly a folder costs a lock.
 class ReadAhead {
   public:
-    // `files` must outlive this.
-    explicit ReadAhead(FileSystem& files);
+    // `files` must outlive this. `wish` holds for all visits.
+    explicit ReadAhead(FileSystem& files, VisitWish wish = {});
     ~ReadAhead();
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    // Asks for the names of a folder, a drive path.
-    void OrderListing(std::string folder);
-    // The names of the oldest folder ordered; false when it couldn't be read.
+    // What is done every few milliseconds while the caller has to wait for a result; false gives
+    // the waiting up, and with it the result.
+    void WhileWaiting(std::function<bool()> act);
+
+    // Asks for a visit to a folder, a drive path; perhaps for its names alone.
+    void OrderVisit(std::string folder, bool isForNames = false);
+    // What the oldest visit ordered brought. False when waiting for it was given up.
+    bool TakeVisit(FolderVisit& visit);
+
+    // A visit for its names alone; false when the folder couldn't be read.
+    void OrderListing(std::string folder) { OrderVisit(std::move(folder), true); }
     bool TakeListing(FolderListing& listing);
 
     // Asks for the facts of these names in a folder, a drive path.
     void OrderFacts(std::string folder, FolderListing names);
-    // Facts of the oldest names ordered, one for each; none for an object that is gone.
-    void TakeFacts(std::vector<std::optional<ObjectFacts>>& facts);
+    // Facts of the oldest names ordered, one for each; none for an object that is gone. False when
+    // waiting for them was given up.
+    bool TakeFacts(std::vector<std::optional<ObjectFacts>>& facts);
 
   private:
     struct State;
-    std::unique_ptr<State> state_;
+    std::shared_ptr<State> state_;
 };
 
 } // namespace tarvix::platform

@@ -60,6 +60,7 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     row.foldersInFolder = object.foldersInFolder;
     row.searchForIndex = static_cast<std::uint8_t>(std::min(source.intSearchForIndex, 255));
     row.isFolder = isFolder;
+    if (object.isNameAlone) row.marks = kNotRead;
     if (folder == found) {
         row.identity = session.rows->Identities().Pack(object.identity, object.wasEmpty);
     }

@@ -24,6 +24,7 @@ struct FoundObject {
     std::uint32_t foldersInFolder = 0;
     platform::ObjectIdentity identity;
     bool wasEmpty = false;      // a folder that is listed since nothing is in it
+    bool isNameAlone = false;   // nothing else is known of it
     LinkCells* links = nullptr; // of a shortcut that was read; taken over
 };
 

@@ -1,18 +1,12 @@
 #include "results/result_list.h"
 
-#include "platform/object_facts.h"
 #include "results/link_cells.h"
 #include "results/row_details.h"
 #include "session/paths/short_path.h"
-#include "text/case.h"
 #include "text/characters.h"
-#include "text/dates.h"
-#include "text/format.h"
-#include "text/like.h"
 #include "text/paths.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <functional>
 #include <iterator>
@@ -24,36 +18,9 @@ namespace tarvix::results {
 namespace {
 
 constexpr std::size_t kBlockSize = 64 * 1024;
-constexpr std::size_t kTipFromLength = 79; // characters of a path
-constexpr std::uint64_t kLargestShownSize = 999'999'999'999;
-
-constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{
-    {{platform::kReadOnly, 'r'},
-     {platform::kHidden, 'h'},
-     {platform::kSystem, 's'},
-     {platform::kArchive, 'a'},
-     {platform::kSpecial, '6'},
-     {platform::kBit128, '1'},
-     {platform::kBit256, '2'},
-     {platform::kSparse, '5'},
-     {platform::kAlias, 'A'},
-     {platform::kCompressed, 'C'}}};
-
-// By the index of the string that found a row first; blue leaves the row's own colour.
-constexpr fields::Color kReplacementColor = 32768;
-constexpr std::array<fields::Color, 11> kSearchColors{
-    fields::kBlue, fields::kBlue, 0x000040, 0x404040, 0x00FF00, 0x7F00FF,
-    0xFFFF00,      0x000000,      0x7F003F, 0x007F00, 0x003F7F};
 
 std::size_t HashPath(std::string_view path) {
     return std::hash<std::string_view>{}(path);
-}
-
-// The extension cell: in lower case, if it has fewer than 6 characters.
-std::string ExtensionCell(const ResultRow& row) {
-    const std::string_view extension = text::GetExtension(row.name);
-    if (row.isFolder || text::Length(extension) >= 6) return {};
-    return text::Lower(extension);
 }
 
 } // namespace
@@ -192,108 +159,6 @@ std::string ResultList::FullPath(std::size_t index) const {
     return JoinRowPath(*row.folder, row.name, row.isFolder);
 }
 
-std::string ResultList::Cell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
-    if (row.IsSpacer()) return {};
-    if (row.Has(kListed)) return ListedCell(index, column);
-    switch (column) {
-    case kName:
-        return std::string(row.name);
-    case kSize:
-        return row.isFolder ? std::string{}
-                            : text::Format(static_cast<std::int64_t>(row.size), "000,000,000,000");
-    case kDate:
-        if (row.date == kNoDate) return {};
-        return text::FormatDate(text::FromSeconds(row.date), "yyyy/mm/dd hh:mm:ss");
-    case kExt:
-        return ExtensionCell(row);
-    case kPath:
-        return row.folder->mixedPath.empty() ? row.folder->longPath : row.folder->mixedPath;
-    case kPathName:
-        return PathCell(index);
-    case kAttributes:
-        return BuildAttributeString(row.attributes);
-    case kPathNameNoSrch: {
-        const std::string path = FullPath(index);
-        return path.substr(std::min<std::size_t>(row.folder->searchPrefix, path.size()));
-    }
-    case kPathNameLength: {
-        const std::size_t length = text::Length(FullPath(index));
-        return text::Format(length, "00#") + (NeedsShortName(row, length) ? "++?" : "");
-    }
-    case kFilesInFolder:
-        return row.isFolder ? text::Format(row.filesInFolder, "00,00#") : std::string{};
-    case kFoldersInFolder:
-        return row.isFolder ? text::Format(row.foldersInFolder, "00,00#") : std::string{};
-    case kPathLevels:
-        return text::Format(text::CountPathLevels(FullPath(index)), "0#");
-    case kSearchForEntry:
-        return *row.searchEntry;
-    case kShortPath:
-        return session::ShortFormOf(FullPath(index));
-    case kSearchFolderIndex:
-        return std::to_string(row.folder->searchFolderIndex);
-    case kType:
-    case kVersion:
-    case kExeType:
-    case kOs:
-    case kYearRank:
-    case kTargetPath:
-    case kTargetArguments:
-    case kWorkingDir:
-    case kHotKey:
-    case kWindowStyle:
-    case kDescription:
-    case kIconPath:
-        return DetailCell(index, column);
-    default:
-        return {};
-    }
-}
-
-// A row of a playlist shows what its file is, and nothing that a search would have to tell.
-std::string ResultList::ListedCell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
-    switch (column) {
-    case kName:
-        return std::string(row.name);
-    case kSize:
-        if (row.isFolder || row.Has(kNotRead)) return {};
-        return text::Format(static_cast<std::int64_t>(row.size), "0,000,000,000");
-    case kDate:
-        if (row.date == kNoDate) return {};
-        return text::FormatDate(text::FromSeconds(row.date), "yyyy/mm/dd hh:mm:ss");
-    case kPath:
-        return text::ParentFolder(FullPath(index));
-    case kPathName:
-        return FullPath(index);
-    case kYearRank:
-        return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
-    case kShortPath:
-        return session::ShortFormOf(FullPath(index));
-    default:
-        return {};
-    }
-}
-
-std::string ResultList::PathCell(std::size_t index) const {
-    return showsLongPaths_ ? FullPath(index) : OpenablePath(FullPath(index));
-}
-
-bool ResultList::NeedsShortName(const ResultRow& row, std::size_t pathLength) const {
-    static const text::LikePattern shortName("??????~?.???");
-    if (showsLongPaths_ || !shortName.Matches(row.name)) return false;
-    const std::string& folder = row.folder->longPath;
-    if (pathLength >= 247) return true;
-    return folder.find('~') != folder.npos && text::Length(folder) >= 125;
-}
-
-std::string ResultList::DetailCell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
-    if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
-    return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
-}
-
 LinkCells& ResultList::Links(std::size_t index) {
     return details_->Links(rows_[index], FullPath(index));
 }
@@ -317,49 +182,10 @@ std::uint64_t ResultList::VersionKey(std::size_t index) const {
     return details_->VersionKey(row, FullPath(index));
 }
 
-std::string ResultList::CellTip(std::size_t index, Column column) const {
-    if (rows_[index].IsSpacer()) return {};
-    std::string path = PathCell(index);
-    return text::Length(path) > kTipFromLength ? path : Cell(index, column);
-}
-
-fields::Color ResultList::CellColor(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
-    if (row.IsSpacer()) return fields::kBlack;
-    if (row.Has(kListed)) {
-        return row.Has(kReplacement) ? kReplacementColor
-               : row.Has(kEntry)     ? fields::kBlue
-                                     : fields::kBlack;
-    }
-    if (column == kName || column == kSearchForEntry) {
-        const fields::Color color = PatternColor(row.searchForIndex);
-        if (color != fields::kBlue) return color;
-    }
-    if (row.isFolder) return fields::kRed;
-    if (column == kSize && row.size > kLargestShownSize) return fields::kRed;
-    if (column == kPathNameLength && NeedsShortName(row, text::Length(FullPath(index)))) {
-        return fields::kRed;
-    }
-    return fields::kBlue;
-}
-
 // Bytes are never fewer than characters, so a short byte count settles most paths.
 std::string OpenablePath(std::string path) {
     if (path.size() <= session::kLongPath || text::Length(path) <= session::kLongPath) return path;
     return session::MixPath(path, session::ShortFormOf(path));
-}
-
-fields::Color PatternColor(int number) {
-    const auto index = static_cast<std::size_t>(number);
-    return index < kSearchColors.size() ? kSearchColors[index] : fields::kBlue;
-}
-
-std::string BuildAttributeString(std::uint32_t bits) {
-    std::string letters;
-    for (const auto& [bit, letter] : kAttributeLetters) {
-        if ((bits & bit) != 0) letters += letter;
-    }
-    return letters;
 }
 
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder) {
@@ -371,8 +197,19 @@ std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isF
 
 void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
                    bool isFolder) {
-    path = folder.longPath;
-    if (!isFolder) text::AppendToPath(path, name);
+    path.clear();
+    AppendRowPath(path, folder, name, isFolder);
+}
+
+void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name,
+                   bool isFolder) {
+    out += folder.longPath;
+    if (isFolder) return;
+    if (folder.longPath.empty()) {
+        out += name;
+    } else {
+        text::AppendToPath(out, name);
+    }
 }
 
 } // namespace tarvix::results

@@ -28,12 +28,12 @@ struct RowFolder {
     int searchFolderIndex = 0;
 };
 
-// What a row of an edited playlist is; rows of a search have only the last two.
+// What a row of an edited playlist is; rows of a search have only the last three.
 enum RowMark : std::uint8_t {
     kListed = 1,      // by a playlist
     kEntry = 2,       // an entry of it, else a possible duplicate of one
     kReplacement = 4, // a file that is to get the Year-Rank of its group
-    kNotRead = 8,     // nothing is known of it but its path
+    kNotRead = 8,     // nothing is known of it but its path; its other cells are empty
     kCut = 16,        // on the clipboard, to be moved from where it is
     kGone = 32,       // sent to the trash since the search
 };
@@ -72,6 +72,11 @@ class ResultList {
 
     // Whether paths of any length are shown as they are.
     void ShowLongPaths(bool shows) { showsLongPaths_ = shows; }
+
+    // Whether searches read no facts where no test needs them. For who wants paths and acts on
+    // nothing: an action on such a row can't tell whether it is the object that was found.
+    void TakeNamesAlone(bool takes) { takesNamesAlone_ = takes; }
+    bool TakesNamesAlone() const { return takesNamesAlone_; }
 
     // Where cells come from that need more than a row's facts; without it they are empty.
     void UseDetails(RowDetails& details) { details_ = &details; }
@@ -113,6 +118,8 @@ class ResultList {
 
     // The text of one cell; empty for a spacer.
     std::string Cell(std::size_t index, Column column) const;
+    // The same behind what `out` holds.
+    void AppendCell(std::string& out, std::size_t index, Column column) const;
     // The row's tip in Expert Mode: its path when that is long, else the cell itself.
     std::string CellTip(std::size_t index, Column column) const;
     // The version of a program as a number that orders like it, whether or not its column shows; 0
@@ -134,9 +141,12 @@ class ResultList {
 
   private:
     struct PathIndex;
+    bool AppendPlain(std::string& out, const ResultRow& row, Column column) const;
+    std::string WorkedOutCell(std::size_t index, Column column) const;
     std::string ListedCell(std::size_t index, Column column) const;
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
+    std::string LengthCell(const ResultRow& row) const;
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
     std::string_view KeepName(std::string_view name);
     void Replace(std::vector<ResultRow> rows);
@@ -147,10 +157,12 @@ class ResultList {
     std::vector<std::unique_ptr<char[]>> nameBlocks_;
     std::size_t blockLeft_ = 0;
     std::unordered_set<std::string> entries_;
+    const std::string* lastEntry_ = nullptr; // mostly the next row's, too
     RowIdentities identities_;
     std::unique_ptr<PathIndex> index_;
     RowDetails* details_ = nullptr;
     bool showsLongPaths_ = false;
+    bool takesNamesAlone_ = false;
     std::uint64_t generation_ = 0;
     std::uint64_t clearings_ = 0;
 };
@@ -169,5 +181,7 @@ std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isF
 // The same into `path`, whose room is used again.
 void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
                    bool isFolder);
+// The same behind what `out` holds.
+void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name, bool isFolder);
 
 } // namespace tarvix::results

@@ -6,6 +6,8 @@
 #include "session/session.h"
 #include "text/characters.h"
 
+#include <algorithm>
+
 namespace tarvix::results {
 
 namespace {
@@ -35,14 +37,27 @@ std::string ShownTip(const session::Session& session, std::size_t row, Column co
 
 std::string PlainCell(const session::Session& session, const ResultList& rows, std::size_t row,
                       Column column) {
-    std::string cell = rows.Cell(row, column);
+    std::string cell;
+    AppendPlainCell(cell, session, rows, row, column);
+    return cell;
+}
+
+void AppendPlainCell(std::string& out, const session::Session& session, const ResultList& rows,
+                     std::size_t row, Column column) {
+    const std::size_t begin = out.size();
+    rows.AppendCell(out, row, column);
     const bool isNative = session.state.platformSettings.showsNative;
-    if (isNative && IsPath(column) && !cell.empty()) {
-        std::string native = session.platform.paths.ToNative(cell);
-        if (!native.empty()) return native;
+    if (isNative && IsPath(column) && out.size() > begin) {
+        const std::string native = session.platform.paths.ToNative(out.substr(begin));
+        if (!native.empty()) {
+            out.replace(begin, out.npos, native);
+            return;
+        }
     }
-    if (isNative && IsBelow(column)) cell = text::Replace(cell, "\\", "/");
-    return platform::NameToNative(cell);
+    if (isNative && IsBelow(column))
+        std::replace(out.begin() + static_cast<std::ptrdiff_t>(begin), out.end(), '\\', '/');
+    const std::string_view cell = std::string_view(out).substr(begin);
+    if (platform::MayHoldCarried(cell)) out.replace(begin, out.npos, platform::NameToNative(cell));
 }
 
 } // namespace tarvix::results

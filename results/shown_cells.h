@@ -22,5 +22,8 @@ std::string ShownTip(const session::Session& session, std::size_t row, Column co
 // What programs read of a cell: the disk's own bytes, its paths in the form that `PathForm` names.
 std::string PlainCell(const session::Session& session, const ResultList& rows, std::size_t row,
                       Column column);
+// The same behind what `out` holds.
+void AppendPlainCell(std::string& out, const session::Session& session, const ResultList& rows,
+                     std::size_t row, Column column);
 
 } // namespace tarvix::results

@@ -3,12 +3,11 @@
 #include "results/progress.h"
 #include "results/result_list.h"
 #include "results/selection.h"
+#include "results/text_order.h"
 #include "session/session.h"
 #include "text/case.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <functional>
 #include <iterator>
 #include <numeric>
@@ -28,31 +27,6 @@ using session::Session;
 // From here on the Size cell runs out of digits, and its text order is no longer that of numbers.
 constexpr std::uint64_t kPaddedSizes = 1'000'000'000'000;
 
-// Texts of one column, one behind the other.
-class CellTexts {
-  public:
-    explicit CellTexts(std::size_t rows) {
-        starts_.reserve(rows + 1);
-        starts_.push_back(0);
-    }
-    void Add(std::string_view cell) {
-        text_ += cell;
-        starts_.push_back(text_.size());
-    }
-    void AddUpper(std::string_view cell) {
-        text::AppendUpper(text_, cell);
-        starts_.push_back(text_.size());
-    }
-    std::string_view operator[](std::size_t row) const {
-        return std::string_view(text_).substr(starts_[row], starts_[row + 1] - starts_[row]);
-    }
-    bool operator==(const CellTexts&) const = default;
-
-  private:
-    std::string text_;
-    std::vector<std::size_t> starts_;
-};
-
 template <class Take>
 void ForEachCell(const ResultList& rows, Column column, Take take) {
     for (std::size_t i = 0; i < rows.Count(); ++i) {
@@ -68,14 +42,6 @@ CellTexts UpperCells(const ResultList& rows, Column column) {
     CellTexts cells(rows.Count());
     ForEachCell(rows, column, [&](std::string_view cell) { cells.AddUpper(cell); });
     return cells;
-}
-
-// The first eight bytes as a number that orders like them.
-std::uint64_t Prefix(std::string_view text) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text.data(), std::min(text.size(), sizeof bytes));
-    if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
-    return bytes;
 }
 
 struct SortItem {
@@ -155,26 +121,10 @@ class FewTexts {
     std::vector<std::uint32_t> ids_; // of each row's text
 };
 
-std::vector<std::uint32_t> OrderByKeys(const CellTexts& upper, const CellTexts* exact,
-                                       std::size_t rows, SortDirection direction) {
-    std::vector<SortItem> items;
-    items.reserve(rows);
-    for (std::size_t i = 0; i < rows; ++i) {
-        items.push_back({Prefix(upper[i]), static_cast<std::uint32_t>(i)});
-    }
-    const bool descending = direction == SortDirection::kDescending;
-    return Sorted(std::move(items), [&](const SortItem& a, const SortItem& b) {
-        if (a.key != b.key) return (a.key < b.key) != descending;
-        int order = upper[a.row].compare(upper[b.row]);
-        if (order == 0 && exact != nullptr) order = (*exact)[a.row].compare((*exact)[b.row]);
-        return order != 0 ? (order < 0) != descending : a.row < b.row;
-    });
-}
-
 std::vector<std::uint32_t> OrderByText(const ResultList& rows, Column column,
                                        SortDirection direction, Ties ties) {
     if (ties == Ties::kAsTheyStood) {
-        return OrderByKeys(UpperCells(rows, column), nullptr, rows.Count(), direction);
+        return OrderByTexts(UpperCells(rows, column), nullptr, direction);
     }
     CellTexts exact(rows.Count());
     ForEachCell(rows, column, [&](std::string_view cell) { exact.Add(cell); });
@@ -183,7 +133,7 @@ std::vector<std::uint32_t> OrderByText(const ResultList& rows, Column column,
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         upper.AddUpper(exact[i]);
     }
-    return OrderByKeys(upper, upper == exact ? nullptr : &exact, rows.Count(), direction);
+    return OrderByTexts(upper, upper == exact ? nullptr : &exact, direction);
 }
 
 // An empty cell comes first, as an empty text does.

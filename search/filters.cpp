@@ -7,11 +7,17 @@
 
 #include <fmt/core.h>
 
+#include <limits>
+
 namespace tarvix::search {
 
 namespace {
 
 constexpr text::DateTime kEarliest{1980, 1, 1, 0, 0, 0};
+constexpr std::int64_t kSecond = 1'000'000'000; // nanoseconds
+constexpr std::int64_t kDaySeconds = 86'400;
+constexpr platform::FileTime kLastQuick = std::numeric_limits<std::int64_t>::max();
+constexpr std::size_t kDays = 16384; // 44 years
 
 platform::FileTime TimeOf(const platform::ObjectFacts& facts, DateKind kind) {
     // The creation time decides for the access time too: a file system that keeps none of the one
@@ -56,6 +62,12 @@ bool DoesObjectMatchAttributesSelected(const AttributeMasks& masks,
     return (bits & ~masks.intAttrAllowed) == 0 && (masks.intAttrRequired & ~bits) == 0;
 }
 
+Filters::Filters(session::Session& session, const SearchRequest& request)
+    : session_(session), request_(request),
+      takesParts_(request.date.choice != DateChoice::kNone ||
+                  session.state.options.intLatestYear != session::kAnyYear),
+      days_(kDays) {}
+
 bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                        std::string_view name, TestedFacts& result) {
     if (request_.dateKind == DateKind::kUnknown) {
@@ -63,9 +75,34 @@ bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view fold
         return false;
     }
     result.dblObjectSize = static_cast<double>(facts.size);
-    result.datObjectDate = session_.platform.clock.ToLocal(TimeOf(facts, request_.dateKind));
+    const platform::FileTime time = TimeOf(facts, request_.dateKind);
+    if (!takesParts_) {
+        result.seconds = LocalSeconds(time);
+        return true;
+    }
+    result.datObjectDate = session_.platform.clock.ToLocal(time);
     if (!IsPlausible(result.datObjectDate)) ReplaceBadDate(folder, name, result);
+    result.seconds = text::ToSeconds(result.datObjectDate);
     return true;
+}
+
+// The clock is asked once for most days.
+std::int64_t Filters::LocalSeconds(platform::FileTime time) {
+    const auto exact = [this](platform::FileTime moment) {
+        return text::ToSeconds(session_.platform.clock.ToLocal(moment));
+    };
+    if (time < 0 || time > kLastQuick) return exact(time);
+    const std::int64_t seconds = static_cast<std::int64_t>(time) / kSecond;
+    const std::int64_t number = seconds / kDaySeconds;
+    Day& day = days_[static_cast<std::size_t>(number) % days_.size()];
+    if (day.number != number) {
+        const std::int64_t begin = number * kDaySeconds;
+        const std::int64_t end = begin + kDaySeconds - 1;
+        const std::int64_t offset = exact(platform::FileTime{begin} * kSecond) - begin;
+        if (exact(platform::FileTime{end} * kSecond) - end != offset) return exact(time);
+        day = {number, offset};
+    }
+    return seconds + day.offset;
 }
 
 bool Filters::IsPlausible(const text::DateTime& date) const {

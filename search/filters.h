@@ -1,10 +1,13 @@
 #pragma once
 
 #include "platform/object_facts.h"
+#include "results/result_list.h"
 #include "search/search_request.h"
 #include "text/dates.h"
 
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace tarvix::session {
 struct Session;
@@ -16,17 +19,18 @@ namespace tarvix::search {
 bool DoesObjectMatchAttributesSelected(const AttributeMasks& masks,
                                        const platform::ObjectFacts& facts);
 
-// The size and the local date of the chosen kind, as the tests and the row take them.
+// The size and the local date of the chosen kind, as the tests and the row take them. The date in
+// parts is made only where it is tested.
 struct TestedFacts {
     double dblObjectSize = 0;
+    std::int64_t seconds = results::kNoDate; // the date as text::ToSeconds gives it
     text::DateTime datObjectDate;
 };
 
 // The tests of one request on each object. The request must outlive this.
 class Filters {
   public:
-    Filters(session::Session& session, const SearchRequest& request)
-        : session_(session), request_(request) {}
+    Filters(session::Session& session, const SearchRequest& request);
 
     // Whether it has the attributes that are asked for, and none that a box refuses.
     bool CheckAttributes(const platform::ObjectFacts& facts) const {
@@ -44,6 +48,7 @@ class Filters {
     bool CheckDate(const TestedFacts& facts) const;
 
   private:
+    std::int64_t LocalSeconds(platform::FileTime time);
     bool IsPlausible(const text::DateTime& date) const;
     void RefuseDateKind(std::string_view folder, std::string_view name);
     text::DateTime StandIn() const; // for a date that can't be
@@ -51,6 +56,13 @@ class Filters {
 
     session::Session& session_;
     const SearchRequest& request_;
+    bool takesParts_; // of dates: they are tested
+    // Days whose distance from UTC is one and the same all day.
+    struct Day {
+        std::int64_t number = INT64_MIN;
+        std::int64_t offset = 0; // seconds
+    };
+    std::vector<Day> days_;
 };
 
 // Years 1980 to `latestYear`; February 29 needs a year that 4 divides.

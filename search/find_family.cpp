@@ -23,7 +23,31 @@ constexpr std::size_t kWorthReadingAhead = 1024; // files
 FindFamily::FindFamily(session::Session& session, results::Counters& counters, FolderList& list,
                        Filters& filters, const SearchRequest& request)
     : session_(session), counters_(counters), list_(list), filters_(filters), request_(request),
-      readsLinks_(results::WantsLinks(session, request.target)), linkReader_(session) {}
+      readsLinks_(results::WantsLinks(session, request.target)), linkReader_(session),
+      readsFacts_(!request.namesAlone) {
+    list_.Want(WishFor(request.strings.strings));
+}
+
+// For all strings at once, so that each folder is visited once. Where one file of a folder is
+// wanted, facts are read one by one.
+platform::VisitWish FindFamily::WishFor(const std::vector<std::string>& strings) const {
+    platform::VisitWish wish;
+    const bool takesFiles = request_.kind != Kind::kFolders && request_.kind != Kind::kEmptyFolders;
+    const bool takesFolders = request_.kind == Kind::kFolders || request_.kind == Kind::kAllObjects;
+    wish.folderFacts = takesFolders && readsFacts_;
+    if (!takesFiles || !request_.subfolders) return wish;
+    auto matches = std::make_shared<std::vector<NameMatch>>();
+    for (const std::string& searchString : strings)
+        matches->emplace_back(searchString, request_.isNot);
+    wish.wants = [matches = std::shared_ptr<const std::vector<NameMatch>>(std::move(matches))](
+                     std::string_view name) {
+        return IsListable(name) && std::ranges::any_of(*matches, [name](const NameMatch& match) {
+                   return match.CheckNameMatch(name);
+               });
+    };
+    wish.facts = readsFacts_ && !(request_.oneEach && request_.kind == Kind::kFiles);
+    return wish;
+}
 
 void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
@@ -107,6 +131,7 @@ void FindFamily::NoteLeftOut(std::string_view name, const platform::ObjectFacts&
 // Whether a file passes every test; if so it has its row.
 bool FindFamily::TryFile(std::size_t index, std::string_view name,
                          const platform::ObjectFacts& facts, Files which) {
+    if (!readsFacts_) return AddFile(index, name, facts, {});
     if (which == Files::kEmpty && facts.size != 0) return false;
     if (!filters_.CheckAttributes(facts)) {
         NoteLeftOut(name, facts, which == Files::kAny);
@@ -116,15 +141,21 @@ bool FindFamily::TryFile(std::size_t index, std::string_view name,
     if (!filters_.GetFacts(facts, list_.At(index).strFolderLong, name, tested)) return false;
     const bool passes =
         which == Files::kEmpty ? filters_.CheckDate(tested) : filters_.CheckSizeAndDate(tested);
-    if (!passes) return false;
+    return passes && AddFile(index, name, facts, tested);
+}
+
+// The row of a file that passed; false for a shortcut whose target doesn't.
+bool FindFamily::AddFile(std::size_t index, std::string_view name,
+                         const platform::ObjectFacts& facts, const TestedFacts& tested) {
     std::optional<results::LinkCells> links;
     if (readsLinks_ && !TryLink(index, name, links)) return false;
     results::AddFileRow(session_, counters_, source_, RowFolderOf(index),
                         {.name = name,
                          .size = facts.size,
-                         .date = text::ToSeconds(tested.datObjectDate),
+                         .date = tested.seconds,
                          .attributes = facts.attributes,
                          .identity = facts.identity,
+                         .isNameAlone = !readsFacts_,
                          .links = links ? &*links : nullptr});
     return true;
 }
@@ -155,22 +186,22 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     session_.Yield();
     TX_TRY(Test());
     FindCandidates(index);
+    const platform::FolderListing& names = list_.NamesOf(index);
     // A walk that stops at the first match, or soon, would read too much.
     std::optional<FactsAhead> factsAhead;
-    if (!candidates_ && !oneEach && found_.positions.size() >= kWorthReadingAhead) {
-        factsAhead.emplace(session_, list_, index, found_.positions);
+    if (readsFacts_ && factsAt_.empty() && !oneEach && found_.size() >= kWorthReadingAhead) {
+        factsAhead.emplace(session_, list_, index, found_);
     }
-    const CrawlFolder& folder = list_.At(index);
     std::size_t next = 0;
-    for (std::uint32_t at = folder.namesBegin; at < folder.namesEnd; ++at) {
-        if (next < found_.positions.size() && found_.positions[next] == at) {
-            const std::string_view name = list_.Names()[at].name;
-            auto facts = candidates_  ? found_.facts[next]
-                         : factsAhead ? factsAhead->Next()
-                                      : std::nullopt;
-            if (!facts) facts = FactsOrNote(index, name, routine);
+    for (std::uint32_t at = 0; at < names.Size(); ++at) {
+        const platform::FolderEntry entry = names[at];
+        if (entry.isFolder) continue;
+        if (next < found_.size() && found_[next] == at) {
+            auto facts = factsAhead ? factsAhead->Next() : VisitFacts(index, next);
+            TX_TRY(Test());
+            if (!facts) facts = FactsOrNote(index, entry.name, routine);
             ++next;
-            if (facts && TryFile(index, name, *facts, which) && oneEach) return Test();
+            if (facts && TryFile(index, entry.name, *facts, which) && oneEach) return Test();
         }
         session_.Yield();
         TX_TRY(Test());
@@ -178,10 +209,27 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     return {};
 }
 
+// What the folder's visit found, if it was visited with facts.
+std::optional<platform::ObjectFacts> FindFamily::VisitFacts(std::size_t index,
+                                                            std::size_t next) const {
+    if (!readsFacts_) return platform::ObjectFacts{};
+    if (factsAt_.empty()) return std::nullopt;
+    const platform::BriefFacts& facts = list_.At(index).visit.facts[factsAt_[next]];
+    return facts.isKnown ? std::optional(platform::Whole(facts)) : std::nullopt;
+}
+
 void FindFamily::FindCandidates(std::size_t index) {
-    if (candidates_) return candidates_->Take(index, found_);
-    list_.EnsureListed(index);
-    found_.positions = MatchingNames(session_, list_, *match_, index);
+    const CrawlFolder& folder = list_.At(index);
+    const bool isSingle = folder.isVisited && request_.strings.strings.size() == 1;
+    found_ = isSingle ? folder.visit.wanted : MatchingNames(list_, *match_, index);
+    factsAt_.clear();
+    if (folder.visit.facts.empty()) return;
+    std::uint32_t place = 0;
+    for (const std::uint32_t at : found_) {
+        while (folder.visit.wanted[place] != at)
+            ++place;
+        factsAt_.push_back(place);
+    }
 }
 
 // A link or a mount that isn't entered is never empty: what it leads to isn't known. Nor is a
@@ -199,7 +247,37 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
     if (!match_->CheckNameMatch(name)) return {};
     if (!IsNameValid(session_, name, folder.strFolderLong, true)) return {};
     if (which == Folders::kEmpty && !IsEmptyFolder(index)) return {};
-    const auto facts =
+    const auto facts = FolderFacts(index, name);
+    if (!facts) return {};
+    if (readsFacts_ && !filters_.CheckAttributes(*facts)) {
+        NoteLeftOut(name, *facts, false);
+        return {};
+    }
+    TestedFacts tested;
+    if (readsFacts_) {
+        const std::string_view above = text::ParentFolder(folder.strFolderLong);
+        if (!filters_.GetFacts(*facts, above, name, tested)) return {};
+        if (!filters_.CheckDate(tested)) return {};
+    }
+    results::AddFolderToListBox(session_, counters_, source_, RowFolderOf(index),
+                                {.name = name,
+                                 .date = tested.seconds,
+                                 .attributes = facts->attributes,
+                                 .filesInFolder = folder.intFilesInFolder,
+                                 .foldersInFolder = folder.intFoldersInFolder,
+                                 .identity = facts->identity,
+                                 .wasEmpty = which == Folders::kEmpty,
+                                 .isNameAlone = !readsFacts_});
+    return Test();
+}
+
+// Those that its visit took, or else read now.
+std::optional<platform::ObjectFacts> FindFamily::FolderFacts(std::size_t index,
+                                                             std::string_view name) {
+    if (!readsFacts_) return platform::ObjectFacts{.attributes = platform::kFolder};
+    const CrawlFolder& folder = list_.At(index);
+    if (folder.visit.folder.isKnown) return platform::Whole(folder.visit.folder);
+    auto facts =
         ReadOrNote(session_, {.path = folder.strFolderLong, .isFolder = true},
                    {.routine = "FindFoldersInSubFolders",
                     .moduleName = "frmSearch",
@@ -208,30 +286,7 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
                     .searchOrDestination = location_,
                     .objectType = session::ObjectType::kFolder},
                    [&] { return platform::GetFolder(session_.files(), folder.strFolderLong); });
-    if (!facts) return {};
-    if (!filters_.CheckAttributes(*facts.result)) {
-        NoteLeftOut(name, *facts.result, false);
-        return {};
-    }
-    TestedFacts tested;
-    if (!filters_.GetFacts(*facts.result, text::ParentFolder(folder.strFolderLong), name, tested)) {
-        return {};
-    }
-    if (!filters_.CheckDate(tested)) return {};
-    results::AddFolderToListBox(session_, counters_, source_, RowFolderOf(index),
-                                {.name = name,
-                                 .date = text::ToSeconds(tested.datObjectDate),
-                                 .attributes = facts->attributes,
-                                 .filesInFolder = folder.intFilesInFolder,
-                                 .foldersInFolder = folder.intFoldersInFolder,
-                                 .identity = facts->identity,
-                                 .wasEmpty = which == Folders::kEmpty});
-    return Test();
-}
-
-// A walk that wants every match reads ahead; one that stops at the first would read too much.
-void FindFamily::ReadAheadFrom(std::size_t i) {
-    candidates_ = std::make_unique<Candidates>(session_, list_, *match_, i);
+    return facts ? std::optional(*facts) : std::nullopt;
 }
 
 WalkEnd FindFamily::ForEach(std::size_t i, auto&& walk) {
@@ -240,7 +295,6 @@ WalkEnd FindFamily::ForEach(std::size_t i, auto&& walk) {
         end = walk(i);
         if (!end) break;
     }
-    candidates_.reset();
     return end;
 }
 
@@ -260,14 +314,12 @@ WalkEnd FindFamily::FindEmptyFilesAtRoot() {
 
 WalkEnd FindFamily::FindFilesInSubFolders(std::size_t i) {
     const bool oneEach = request_.oneEach;
-    if (!oneEach) ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, oneEach, "FindFilesInSubFolders");
     });
 }
 
 WalkEnd FindFamily::FindEmptyFilesInSubFolders(std::size_t i) {
-    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kEmpty, false, "FindEmptyFilesInSubFolders");
     });
@@ -290,7 +342,6 @@ WalkEnd FindFamily::FindEmptyFoldersInSubFoldersLikeOp(std::size_t i) {
 }
 
 WalkEnd FindFamily::FindFilesAndFoldersInSubFolders(std::size_t i) {
-    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) -> WalkEnd {
         TX_TRY(WalkFolder(index, Folders::kAny));
         return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFolders");
@@ -299,7 +350,6 @@ WalkEnd FindFamily::FindFilesAndFoldersInSubFolders(std::size_t i) {
 
 WalkEnd FindFamily::FindFilesAndFoldersInSubFoldersLikeOp(std::size_t i) {
     TX_TRY(FindFoldersInSubFolders(i));
-    ReadAheadFrom(i);
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, false, "FindFilesAndFoldersInSubFoldersLikeOp");
     });

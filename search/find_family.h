@@ -52,7 +52,12 @@ class FindFamily {
     WalkEnd WalkFiles(std::size_t index, Files which, bool oneEach, std::string_view routine);
     WalkEnd WalkFolder(std::size_t index, Folders which);
     bool IsSpecTooLong(std::size_t index, std::string_view routine);
+    platform::VisitWish WishFor(const std::vector<std::string>& strings) const;
     void FindCandidates(std::size_t index);
+    std::optional<platform::ObjectFacts> VisitFacts(std::size_t index, std::size_t next) const;
+    std::optional<platform::ObjectFacts> FolderFacts(std::size_t index, std::string_view name);
+    bool AddFile(std::size_t index, std::string_view name, const platform::ObjectFacts& facts,
+                 const TestedFacts& tested);
     platform::Result<platform::ObjectFacts> FactsNow(std::size_t index, std::string_view name);
     std::optional<platform::ObjectFacts> FactsOrNote(std::size_t index, std::string_view name,
                                                      std::string_view routine);
@@ -61,7 +66,6 @@ class FindFamily {
     void NoteLeftOut(std::string_view name, const platform::ObjectFacts& facts, bool testsSize);
     bool TryLink(std::size_t index, std::string_view name,
                  std::optional<results::LinkCells>& links);
-    void ReadAheadFrom(std::size_t i);
     bool IsEmptyFolder(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
@@ -83,9 +87,11 @@ class FindFamily {
     std::string location_;
     int intFolderIndex_ = 1;
 
-    // The matches of the folder in hand; `candidates_` while a walk over many folders reads ahead.
-    std::unique_ptr<Candidates> candidates_;
-    FolderCandidates found_;
+    // The matches of the folder in hand, by their index in its names; where its visit took facts,
+    // `factsAt_` has each one's place among these.
+    std::vector<std::uint32_t> found_;
+    std::vector<std::uint32_t> factsAt_;
+    bool readsFacts_; // of what matches; else rows hold names alone
 
     // What rows of the folder in hand share, and that folder held open for facts.
     const results::RowFolder* rowFolder_ = nullptr;

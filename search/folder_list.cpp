@@ -25,7 +25,6 @@ constexpr std::int64_t kListingLasts = 500'000'000; // nanoseconds
 void FolderList::Erase() {
     folders_.clear();
     folders_.shrink_to_fit();
-    names_.Clear();
     isBuilt_ = false;
 }
 
@@ -53,19 +52,24 @@ void FolderList::Start(std::string_view location) {
     root.strFolderShort = ShortFormFor(root.strFolderLong);
     folders_.push_back(std::move(root));
     isBuilt_ = true;
-    ahead_ = std::make_unique<platform::ReadAhead>(session_.files());
+    ahead_ = std::make_unique<platform::ReadAhead>(session_.files(), wish_);
+    ahead_->WhileWaiting([this] {
+        session_.Yield();
+        return !IsInterrupted();
+    });
     takesRootOver_ = HasListingOf(location);
-    if (!takesRootOver_) Order(folders_.front());
+    // The walk over the location alone has had its files.
+    if (!takesRootOver_) Order(folders_.front(), true);
 }
 
 // A walk over the location alone may have listed it just now.
 bool FolderList::HasListingOf(std::string_view folder) const {
-    return !listed_.empty() && listed_ == folder &&
+    return lastListed_ && lastFolder_ == folder &&
            session_.platform.clock.Steady() - listedAt_ < kListingLasts;
 }
 
-void FolderList::Order(const CrawlFolder& folder) {
-    if (ahead_ && folder.isWalkable) ahead_->OrderListing(folder.strFolderLong);
+void FolderList::Order(const CrawlFolder& folder, bool isForNames) {
+    if (ahead_ && folder.isWalkable) ahead_->OrderVisit(folder.strFolderLong, isForNames);
 }
 
 void FolderList::BuildSubFoldersArray(std::string_view location) {
@@ -105,91 +109,113 @@ void FolderList::BuildSecond() {
     }
 }
 
-void FolderList::EnsureListed(std::size_t index) {
+const platform::FolderListing& FolderList::NamesOf(std::size_t index) {
+    static const platform::FolderListing kNone;
     CrawlFolder& folder = folders_[index];
-    if (folder.isListed) return;
-    folder.isListed = true;
-    folder.namesBegin = folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
-    if (!folder.isWalkable) return;
-    if (!ListNow(index, index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders", true)) return;
-    for (std::size_t i = 0; i < scratch_.Size(); ++i) {
-        if (!scratch_[i].isFolder) names_.Add(scratch_[i]);
+    if (!folder.isListed) {
+        folder.isListed = true;
+        const std::string_view routine = index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders";
+        if (folder.isWalkable) folder.visit.names = ListNow(index, routine, true);
     }
-    folder.namesEnd = static_cast<std::uint32_t>(names_.Size());
+    return folder.visit.names ? *folder.visit.names : kNone;
 }
 
 bool FolderList::HasNothing(std::size_t index) {
-    return ListNow(index, "FindEmptyFoldersInSubFolders", true) && scratch_.Size() == 0;
+    const auto names = ListNow(index, "FindEmptyFoldersInSubFolders", true);
+    return names && names->Size() == 0;
 }
 
-// Into `scratch_`. A folder that can't be read has no objects, and is told if the search wants
-// them.
-bool FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
+// A folder that can't be read has no objects, and is told if the search wants them.
+std::shared_ptr<const platform::FolderListing>
+FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
     const CrawlFolder& folder = folders_[index];
     const session::ErrorContext context{.routine = routine,
                                         .moduleName = "frmSearch",
                                         .object = session::kUnreadObject,
                                         .path = folder.Short(),
                                         .searchOrDestination = folders_.front().strFolderLong};
-    listed_.clear();
+    lastListed_.reset();
     listedAt_ = session_.platform.clock.Steady();
     const UnreadCandidate object{
         .path = folder.strFolderLong, .isFolder = true, .mustExist = index == 0, .counts = counts};
+    auto names = std::make_shared<platform::FolderListing>();
     const auto done = ReadOrNote(session_, object, context, [&]() -> platform::Result<void> {
         TX_TRY_ASSIGN(const auto opened, session_.files().Open(folder.strFolderLong));
-        return opened->List(scratch_);
+        return opened->List(*names);
     });
-    if (!done) return false;
-    listed_ = folder.strFolderLong;
-    return true;
+    if (!done) return nullptr;
+    lastListed_ = std::move(names);
+    lastFolder_ = folder.strFolderLong;
+    return lastListed_;
+}
+
+// The visit that was ordered for a folder, if it could be read.
+bool FolderList::TakeAhead(CrawlFolder& folder) {
+    folder.isVisited = ahead_->TakeVisit(folder.visit) && folder.visit.names;
+    return folder.isVisited;
 }
 
 void FolderList::ReadFolder(std::size_t index, bool addFolders, bool countContent) {
     folders_[index].isListed = true;
-    folders_[index].namesBegin = folders_[index].namesEnd =
-        static_cast<std::uint32_t>(names_.Size());
     if (!folders_[index].isWalkable) return;
     const bool isAtHand = index == 0 && takesRootOver_;
-    if (!isAtHand) listed_.clear();
-    if (!isAtHand && !ahead_->TakeListing(scratch_) &&
-        !ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne",
-                 addFolders)) {
-        return;
+    if (isAtHand) {
+        folders_[index].visit.names = lastListed_;
+    } else if (!TakeAhead(folders_[index])) {
+        if (IsInterrupted()) return;
+        folders_[index].visit.names =
+            ListNow(index, readsChildren_ ? "BuildSubFoldersArray" : "BuildSubFoldersArrayLevelOne",
+                    addFolders);
     }
-    for (std::size_t i = 0; i < scratch_.Size(); ++i) {
-        if (!TakeEntry(index, scratch_[i], addFolders, countContent)) return;
+    lastListed_.reset();
+    const auto names = folders_[index].visit.names; // the list grows meanwhile
+    for (std::size_t i = 0; names && i < names->Size(); ++i) {
+        const platform::FolderEntry entry = (*names)[i];
+        const bool goesOn = entry.isFolder ? TakeFolder(index, entry, addFolders)
+                                           : TakeFile(index, entry, countContent);
+        if (!goesOn) return;
     }
 }
 
-// One name of a folder. False when the user stops or skips.
-bool FolderList::TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
-                           bool countContent) {
+// Tells of names that can't be listed.
+bool FolderList::IsTakable(std::size_t index, const platform::FolderEntry& entry) {
     const std::string& folder = folders_[index].strFolderLong;
     if (entry.name.ends_with(' ')) ReportTrailingSpaces(session_, entry.name, folder);
-    if (entry.isFolder) {
-        const std::string path = text::Concat({folder, "\\", entry.name});
-        if (IsNestedRecoveryFolder(path)) {
-            session::LogTimed(
-                session_,
-                fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed (Ubuntu).",
-                            session_.Shown(path)));
-            return true;
-        }
-    }
-    const bool isValid = IsNameValid(session_, entry.name, folder, false);
+    return IsNameValid(session_, entry.name, folder, false);
+}
+
+// One name of a folder. False when the user stops or skips.
+bool FolderList::TakeFile(std::size_t index, const platform::FolderEntry& entry,
+                          bool countContent) {
+    const bool isTakable = IsTakable(index, entry);
     session_.Yield();
     if (IsInterrupted()) return false;
-    if (!isValid) return true;
-    if (entry.isFolder) {
-        ++folders_[index].intFoldersInFolder;
-        if (addFolders) AddToFolderArray(index, entry);
-        session_.Yield();
-    } else {
-        ++folders_[index].intFilesInFolder;
-        names_.Add(entry);
-        folders_[index].namesEnd = static_cast<std::uint32_t>(names_.Size());
-        if (countContent) counters_.CountFileSeen();
+    if (!isTakable) return true;
+    ++folders_[index].intFilesInFolder;
+    if (countContent) counters_.CountFileSeen();
+    return !IsInterrupted();
+}
+
+bool FolderList::TakeFolder(std::size_t index, const platform::FolderEntry& entry,
+                            bool addFolders) {
+    const std::string path = text::Concat({folders_[index].strFolderLong, "\\", entry.name});
+    if (IsNestedRecoveryFolder(path)) {
+        if (entry.name.ends_with(' ')) {
+            ReportTrailingSpaces(session_, entry.name, folders_[index].strFolderLong);
+        }
+        session::LogTimed(
+            session_,
+            fmt::format(" Skipped {} as nested Recovery-Mode folders are not allowed (Ubuntu).",
+                        session_.Shown(path)));
+        return true;
     }
+    const bool isTakable = IsTakable(index, entry);
+    session_.Yield();
+    if (IsInterrupted()) return false;
+    if (!isTakable) return true;
+    ++folders_[index].intFoldersInFolder;
+    if (addFolders) AddToFolderArray(index, entry);
+    session_.Yield();
     return !IsInterrupted();
 }
 
@@ -206,7 +232,7 @@ void FolderList::AddToFolderArray(std::size_t parent, const platform::FolderEntr
     if (!request_.IsRecycleAllowed() && session::IsRecycleBinPath(folder.strFolderLong)) return;
     folder.strFolderShort = ShortFormFor(folder.strFolderLong);
     folder.isWalkable = entry.IsWalkable();
-    if (readsChildren_) Order(folder);
+    if (readsChildren_) Order(folder, false);
     folders_.push_back(std::move(folder));
     counters_.CountFolderSeen();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/folder_listing.h"
+#include "platform/folder_visit.h"
 #include "platform/read_ahead.h"
 #include "results/counters.h"
 #include "search/search_request.h"
@@ -9,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarvix::session {
@@ -23,10 +25,12 @@ struct CrawlFolder {
     std::string strFolderShort; // in a form that opens; empty while it is the same
     std::uint32_t intFilesInFolder = 0;
     std::uint32_t intFoldersInFolder = 0;
-    std::uint32_t namesBegin = 0; // its files' names in FolderList::Names()
-    std::uint32_t namesEnd = 0;
+    // Its names, null where it couldn't be read; and if it was visited for the search strings, the
+    // files that fit one of them, with their facts where those are wanted.
+    platform::FolderVisit visit;
+    bool isVisited = false;
+    bool isListed = false;  // its names were read, or couldn't be
     bool isWalkable = true; // false for links and mounts that a crawl doesn't enter
-    bool isListed = false;  // its names were read
 
     const std::string& Short() const {
         return strFolderShort.empty() ? strFolderLong : strFolderShort;
@@ -34,8 +38,8 @@ struct CrawlFolder {
 };
 
 // The flat, breadth-first list of a location's folders. Index 0 is the location. It serves every
-// search string of the location: the names of the files it came by are kept, so that the walks over
-// it read no folder twice.
+// search string of the location: the names of the files it came by are kept, with the facts of
+// those that fit a string, so that the walks over it read no folder twice.
 //
 //   level:  0 | 1       | 2               |
 //   index:  0 | 1  2  3 | 4  5  6  7  ... |      while a level is read, the next one grows behind
@@ -52,7 +56,9 @@ class FolderList {
     std::size_t Count() const { return folders_.size(); }
     const CrawlFolder& At(std::size_t index) const { return folders_[index]; }
     std::int64_t HighFolder() const { return static_cast<std::int64_t>(folders_.size()) - 1; }
-    const platform::FolderListing& Names() const { return names_; }
+
+    // What visits of the following locations are to bring.
+    void Want(platform::VisitWish wish) { wish_ = std::move(wish); }
 
     // The deep builder. Without subfolders it still reads two levels: the children of the location
     // are listed, and what they hold is counted. Returns early when the user stops or skips.
@@ -65,20 +71,23 @@ class FolderList {
     // so it is a pass over that one that tells nothing twice and counts nothing.
     void BuildSecond();
 
-    // The files' names of one folder, read now if the builder didn't.
-    void EnsureListed(std::size_t index);
+    // The names of one folder, read now if the builder didn't; empty where they can't be read.
+    const platform::FolderListing& NamesOf(std::size_t index);
     // Whether a folder can be read now and holds neither files nor folders.
     bool HasNothing(std::size_t index);
 
   private:
     void ShowReading(std::string_view folder);
     void Start(std::string_view location);
-    void Order(const CrawlFolder& folder);
+    void Order(const CrawlFolder& folder, bool isForNames);
     bool HasListingOf(std::string_view folder) const;
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
-    bool ListNow(std::size_t index, std::string_view routine, bool counts);
-    bool TakeEntry(std::size_t index, const platform::FolderEntry& entry, bool addFolders,
-                   bool countContent);
+    std::shared_ptr<const platform::FolderListing> ListNow(std::size_t index,
+                                                           std::string_view routine, bool counts);
+    bool TakeAhead(CrawlFolder& folder);
+    bool TakeFile(std::size_t index, const platform::FolderEntry& entry, bool countContent);
+    bool TakeFolder(std::size_t index, const platform::FolderEntry& entry, bool addFolders);
+    bool IsTakable(std::size_t index, const platform::FolderEntry& entry);
     void AddToFolderArray(std::size_t parent, const platform::FolderEntry& entry);
     bool IsInterrupted() const;
     std::string ShortFormFor(const std::string& path);
@@ -87,9 +96,10 @@ class FolderList {
     results::Counters& counters_;
     const SearchRequest& request_;
     std::vector<CrawlFolder> folders_;
-    platform::FolderListing names_;
-    platform::FolderListing scratch_;
-    std::string listed_; // the folder whose listing `scratch_` holds; empty for none
+    platform::VisitWish wish_;
+    // What was listed by itself last, and when; null for none.
+    std::shared_ptr<const platform::FolderListing> lastListed_;
+    std::string lastFolder_;
     std::int64_t listedAt_ = 0;
     bool takesRootOver_ = false;
     std::unique_ptr<platform::ReadAhead> ahead_; // the folders of the list, in its order

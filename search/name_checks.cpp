@@ -53,6 +53,10 @@ bool NameMatch::Fits(std::string_view name) const {
     return pattern_.Matches(platform::NameToNative(name));
 }
 
+bool IsListable(std::string_view name) {
+    return !name.ends_with(' ') && name.find('?') == name.npos;
+}
+
 bool IsNameValid(session::Session& session, std::string_view name, std::string_view folder,
                  bool quiet) {
     if (name.find('?') == name.npos) return true;

@@ -27,6 +27,9 @@ class NameMatch {
     bool isNot_;
 };
 
+// Whether a file of that name may get a row: it can be opened, and doesn't end in a blank.
+bool IsListable(std::string_view name);
+
 // False for a name with a character that can't be shown: it is logged, and told once a session,
 // unless `quiet`, and must be skipped.
 bool IsNameValid(session::Session& session, std::string_view name, std::string_view folder,

@@ -2,6 +2,7 @@
 
 #include "platform/object_facts.h"
 #include "results/columns.h"
+#include "results/result_list.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/case.h"
@@ -144,6 +145,16 @@ AttributeMasks MasksOf(const Session& session) {
     return masks;
 }
 
+// Whether no test looks at more than names, and no attribute could leave anything out.
+bool NeedsNoFacts(const Session& session, const SearchRequest& request) {
+    const bool takesEmpty =
+        request.kind == Kind::kEmptyFiles || request.kind == Kind::kEmptyFolders;
+    return !takesEmpty && request.size.choice == SizeChoice::kNone &&
+           request.date.choice == DateChoice::kNone && request.dateKind != DateKind::kUnknown &&
+           session.state.options.intLatestYear == session::kAnyYear &&
+           request.attributes.intAttrRequired == 0 && ~request.attributes.intAttrAllowed == 0;
+}
+
 } // namespace
 
 std::expected<SearchRequest, std::vector<Refusal>> ReadSearchRequest(const Session& session) {
@@ -169,6 +180,7 @@ std::expected<SearchRequest, std::vector<Refusal>> ReadSearchRequest(const Sessi
                           .dateKind = DateKindOf(form),
                           .attributes = MasksOf(session),
                           .target = TargetOf(form.cboTargetPath.Text.Get())};
+    request.namesAlone = session.rows->TakesNamesAlone() && NeedsNoFacts(session, request);
     const bool isBatch = session.state.IsBatch();
     request.isNot = IsChecked(form.chkNot) && !isBatch && request.strings.strings.size() == 1;
     return request;

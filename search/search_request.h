@@ -69,6 +69,8 @@ struct SearchRequest {
     DateKind dateKind = DateKind::kModified;
     AttributeMasks attributes;
     std::string target; // in upper case; empty for any
+    // Nobody asks for facts of what is found, and no test needs them: none are read.
+    bool namesAlone = false;
 
     bool IsRecycleAllowed() const {
         return strings.blnRecycleAllowed || locations.blnRecycleAllowed;

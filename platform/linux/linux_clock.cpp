@@ -11,7 +11,10 @@ constexpr std::int64_t kDay = 86'400;
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
 constexpr std::uint64_t kIsKnown = std::uint64_t{1} << 63;
 
+// Most times fit into 64 bits, which divide ten times as fast.
 std::int64_t FloorDivide(FileTime value, std::int64_t by) {
+    const auto small = static_cast<std::int64_t>(value);
+    if (small == value) return small / by - (small % by < 0 ? 1 : 0);
     return static_cast<std::int64_t>(value / by - (value % by < 0 ? 1 : 0));
 }
 
@@ -60,8 +63,9 @@ std::int64_t LinuxClock::OffsetAt(std::int64_t seconds) {
     return first;
 }
 
+// Loops ask for it at each object, and pace by it what takes milliseconds.
 std::int64_t LinuxClock::Steady() {
-    return SteadyNow();
+    return SteadyTick();
 }
 
 void LinuxClock::Sleep(std::int64_t milliseconds) {

@@ -24,7 +24,7 @@ class LinuxClock : public Clock {
 
     std::optional<text::DateTime> fixedNow_;
     // Days whose offset from UTC is one and the same all day: day and offset in one word each.
-    std::array<std::atomic<std::uint64_t>, 4096> days_{};
+    std::array<std::atomic<std::uint64_t>, 16384> days_{}; // 44 years
 };
 
 } // namespace tarvix::platform

@@ -1,6 +1,5 @@
 #include "platform/linux/linux_file_system.h"
 
-#include "platform/linux/linux_open_folder.h"
 #include "platform/linux/native_facts.h"
 #include "platform/names.h"
 #include "platform/short_names.h"
@@ -47,13 +46,6 @@ Sys<OpenedFolder> OpenFolderAt(const std::string& native) {
     truePath.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     if (truePath.empty()) truePath = native;
     return OpenedFolder{std::move(walked), std::move(truePath)};
-}
-
-std::unique_ptr<OpenFolder> MakeOpenFolder(OpenedFolder opened, const Resolved& place,
-                                           std::string_view path, ListingStore& listings) {
-    const DriveTable::Names* boundaries = place.drives->BoundariesIn(opened.native);
-    return std::make_unique<LinuxOpenFolder>(std::move(opened.fd), place.drives, boundaries,
-                                             std::string(path), &listings);
 }
 
 std::string ShortForm(std::string_view truePath) {
@@ -154,16 +146,32 @@ Result<std::string> LinuxFileSystem::ShortPath(std::string_view path) {
     return ShortForm(place.DrivePath());
 }
 
-Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folder) {
+Result<LinuxOpenFolder> LinuxFileSystem::OpenByPath(std::string_view folder) {
     TX_TRY_ASSIGN(Resolved place, resolver_.ByText(folder));
     auto opened = OpenFolderAt(place.native);
     if (!opened && opened.error() == ENOENT) {
         TX_TRY_ASSIGN(place, resolver_.Folder(folder));
         opened = OpenFolderAt(place.native);
     }
-    if (opened) return MakeOpenFolder(std::move(*opened), place, folder, listings_);
+    if (opened) {
+        return LinuxOpenFolder(std::move(opened->fd), std::move(place.drives),
+                               std::move(opened->native), std::string(folder), listings_);
+    }
     if (opened.error() == ENOENT) return FailureBy(kPathNotFound, folder);
     return FailureOf(opened.error(), folder);
+}
+
+Result<std::unique_ptr<OpenFolder>> LinuxFileSystem::Open(std::string_view folder) {
+    TX_TRY_ASSIGN(LinuxOpenFolder opened, OpenByPath(folder));
+    return std::make_unique<LinuxOpenFolder>(std::move(opened));
+}
+
+LinuxFileSystem::~LinuxFileSystem() {
+    visitedBy_->Leave();
+}
+
+std::unique_ptr<FolderVisitor> LinuxFileSystem::NewVisitor() {
+    return std::make_unique<LinuxFolderVisitor>(visitedBy_);
 }
 
 void LinuxFileSystem::ExpectChanges(bool many) {

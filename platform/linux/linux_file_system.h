@@ -1,11 +1,14 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/folder_visit.h"
 #include "platform/linux/copy_ahead.h"
 #include "platform/linux/copy_run.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/folder_store.h"
+#include "platform/linux/linux_folder_visitor.h"
 #include "platform/linux/linux_foresight.h"
+#include "platform/linux/linux_open_folder.h"
 #include "platform/linux/listing_store.h"
 #include "platform/linux/path_resolver.h"
 
@@ -15,10 +18,17 @@ namespace tarvix::platform {
 
 // The disks of this machine. Facts, listings and reading are safe from several threads; what
 // changes files is for one thread.
-class LinuxFileSystem : public FileSystem {
+class LinuxFileSystem : public FileSystem, public VisitedFiles {
   public:
-    explicit LinuxFileSystem(Mounts& mounts, CopyRoads roads = {}, StoreClock clock = {})
-        : mounts_(mounts), store_(std::move(clock)), resolver_(mounts, store_), roads_(roads) {}
+    explicit LinuxFileSystem(
+        Mounts& mounts, CopyRoads roads = {}, StoreClock clock = {},
+        std::shared_ptr<ListingStore> listings = std::make_shared<ListingStore>())
+        : mounts_(mounts), store_(std::move(clock)), listings_(std::move(listings)),
+          resolver_(mounts, store_), roads_(roads) {}
+    // Waits for visitors that are just finding a folder.
+    ~LinuxFileSystem() override;
+    LinuxFileSystem(const LinuxFileSystem&) = delete;
+    LinuxFileSystem& operator=(const LinuxFileSystem&) = delete;
 
     Result<ObjectFacts> Facts(std::string_view path) override;
     Result<Look> LookAt(std::string_view path) override;
@@ -66,9 +76,10 @@ class LinuxFileSystem : public FileSystem {
                                                          OpenMode mode) override;
     void ExpectChanges(bool many) override;
     Foresight& Foresee() override { return foresight_; }
-    void KeepListings(bool isKept) override { listings_.Want(isKept); }
+    void KeepListings(bool isKept) override { listings_->Want(isKept); }
     std::vector<DriveInfo> Drives() override;
     bool AllowsReadingThreads() const override { return true; }
+    std::unique_ptr<FolderVisitor> NewVisitor() override;
 
     // ---- for the other parts of this machine ----
 
@@ -84,6 +95,10 @@ class LinuxFileSystem : public FileSystem {
     void NoteGone(const Resolved& place);
     // To be told when it was put back there.
     void NoteBack(const Resolved& place) { NoteMade(place); }
+    // A folder by its drive path, as Open gives it.
+    Result<LinuxOpenFolder> OpenByPath(std::string_view folder);
+    // How many listings were given out of those that are kept.
+    std::uint64_t ListingsGiven() const { return listings_->Given(); }
     // What its store of folders had to do so far.
     StoreCounts Counts() const { return store_.Counts(); }
 
@@ -146,7 +161,8 @@ class LinuxFileSystem : public FileSystem {
 
     Mounts& mounts_;
     FolderStore store_;
-    ListingStore listings_;
+    std::shared_ptr<ListingStore> listings_;
+    std::shared_ptr<VisitedBy> visitedBy_ = std::make_shared<VisitedBy>(this);
     PathResolver resolver_;
     LinuxForesight foresight_{resolver_};
     std::atomic<std::uint64_t> changes_ = 0; // made here so far

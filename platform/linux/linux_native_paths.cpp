@@ -8,7 +8,9 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
+#include <utility>
 
 namespace tarvix::platform {
 
@@ -65,17 +67,46 @@ std::string LinuxNativePaths::ToDrive(std::string_view text) const {
     return mounts_.Now()->ToDrive(CleanNativePath(path));
 }
 
-std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
+namespace {
+// The folder of the path that was asked for last: paths of one folder mostly come together.
+struct LastFolder {
+    std::shared_ptr<const DriveTable> drives;
+    std::string path;
+    std::string native;
+};
+
+std::string ByParts(const DriveTable& drives, std::string_view drivePath) {
     const auto parsed = ParseDrivePath(drivePath);
     if (!parsed) return {};
-    auto base = mounts_.Now()->BaseOf(*parsed);
+    auto base = drives.BaseOf(*parsed);
     if (!base) return {};
     std::string out = std::move(base->folder);
     for (std::size_t i = base->namesTaken; i < parsed->names.size(); ++i) {
         out += '/';
-        out += NameToNative(parsed->names[i]);
+        AppendNameToNative(out, parsed->names[i]);
     }
     return out.empty() ? "/" : out;
+}
+} // namespace
+
+std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
+    static thread_local LastFolder last;
+    auto drives = mounts_.Now();
+    const std::size_t slash = drivePath.rfind('\\');
+    const bool isInDrive = slash != drivePath.npos && drivePath.size() > 2 && drivePath[1] == ':';
+    if (!isInDrive || !CanBeName(drivePath.substr(slash + 1))) return ByParts(*drives, drivePath);
+    if (last.drives != drives || last.path != drivePath.substr(0, slash)) {
+        last.native = ByParts(*drives, drivePath.substr(0, slash));
+        last.path = drivePath.substr(0, slash);
+        last.drives = std::move(drives);
+    }
+    if (last.native.empty()) return {};
+    std::string out;
+    out.reserve(last.native.size() + 1 + drivePath.size() - slash);
+    out += last.native;
+    if (!out.ends_with('/')) out += '/';
+    AppendNameToNative(out, drivePath.substr(slash + 1));
+    return out;
 }
 
 std::string LinuxNativePaths::NamePart(std::string_view typed) const {

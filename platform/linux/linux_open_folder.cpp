@@ -13,6 +13,8 @@
 #include <array>
 #include <cerrno>
 #include <dirent.h>
+#include <fcntl.h>
+#include <utility>
 
 namespace tarvix::platform {
 
@@ -35,6 +37,8 @@ FolderEntry KindOf(int folder, const FolderReader::Entry& raw) {
     return entry;
 }
 
+constexpr std::size_t kKeptRoom = 4096; // names
+
 using NameBuffer = std::array<char, NAME_MAX + 1>;
 
 // The disk name, ended by NUL; false when no disk name is that long.
@@ -50,18 +54,35 @@ bool PutNativeName(NameBuffer& buffer, std::string_view driveName) {
 }
 } // namespace
 
-// Which of its names are boundaries goes by the path, so folders that have some are never kept.
+LinuxOpenFolder::LinuxOpenFolder(UniqueFd fd, std::shared_ptr<const DriveTable> drives,
+                                 std::string native, std::string path,
+                                 std::shared_ptr<ListingStore> listings)
+    : fd_(std::move(fd)), drives_(std::move(drives)), boundaries_(drives_->BoundariesIn(native)),
+      native_(std::move(native)), path_(std::move(path)), listings_(std::move(listings)) {}
+
 Result<void> LinuxOpenFolder::List(FolderListing& listing) {
-    const bool mayKeep = listings_ != nullptr && boundaries_ == nullptr && listings_->IsWanted();
-    if (!mayKeep) return Read(listing);
-    const auto before = StatOf(fd_.Get());
-    if (before && listings_->Find(*before, drives_.get(), listing)) return {};
-    TX_TRY(Read(listing));
-    if (before) listings_->Keep(fd_.Get(), *before, drives_, listing);
+    if (!KeepsListings()) return Read(listing);
+    TX_TRY_ASSIGN(const auto names, Names());
+    listing = *names;
     return {};
 }
 
-Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
+// Which of its names are boundaries goes by the path, so folders that have some are never kept.
+Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names() {
+    static thread_local FolderListing scratch;
+    const bool mayKeep = boundaries_ == nullptr && KeepsListings();
+    const auto before = mayKeep ? StatOf(fd_.Get()) : Sys<struct statx>(std::unexpected(0));
+    if (before) {
+        if (auto known = listings_->Find(*before, drives_.get())) return known;
+    }
+    TX_TRY(Read(scratch));
+    auto names = std::make_shared<const FolderListing>(scratch);
+    if (names->Size() > kKeptRoom) scratch = {};
+    if (before) listings_->Keep(fd_.Get(), *before, drives_, names);
+    return names;
+}
+
+Result<void> LinuxOpenFolder::Read(FolderListing& listing) const {
     listing.Clear();
     FolderReader reader(fd_.Get());
     FolderReader::Entry raw{};
@@ -78,6 +99,54 @@ Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
     if (reader.Error() != 0) return FailureOf(reader.Error(), path_);
     listing.SortByName();
     return {};
+}
+
+void LinuxOpenFolder::Visit(const VisitWish& wish, const std::atomic<bool>& isDropped,
+                            FolderVisit& visit) {
+    auto names = Names();
+    if (!names) return;
+    visit.names = std::move(*names);
+    FindWanted(wish, visit);
+    if (wish.folderFacts) {
+        const auto st = StatOf(fd_.Get());
+        const std::string name = NameToNative(text::FolderOwnName(path_));
+        if (st) visit.folder = BriefFrom(*st, name, {fd_.Get(), "."}, *drives_);
+    }
+    if (!wish.facts) return;
+    visit.facts.resize(visit.wanted.size());
+    NameBuffer native;
+    for (std::size_t i = 0; i < visit.wanted.size() && !isDropped; ++i) {
+        if (!PutNativeName(native, (*visit.names)[visit.wanted[i]].name)) continue;
+        const At at{fd_.Get(), native.data()};
+        if (const auto st = StatOf(at))
+            visit.facts[i] = BriefFrom(*st, native.data(), at, *drives_);
+    }
+}
+
+std::string LinuxOpenFolder::NativeOf(std::string_view nativeName) const {
+    std::string path;
+    path.reserve(native_.size() + 1 + nativeName.size());
+    path.append(native_);
+    if (!path.ends_with('/')) path += '/';
+    return path.append(nativeName);
+}
+
+Sys<LinuxOpenFolder> LinuxOpenFolder::OpenChild(const std::string& nativeName,
+                                                const std::string& path) const {
+    TX_TRY_ASSIGN(UniqueFd fd,
+                  OpenAt({fd_.Get(), nativeName.c_str()}, O_RDONLY | O_DIRECTORY | O_NOFOLLOW));
+    return LinuxOpenFolder(std::move(fd), drives_, NativeOf(nativeName), path, listings_);
+}
+
+std::shared_ptr<const FolderListing>
+LinuxOpenFolder::KnownNames(const struct statx& st, const std::string& nativeName) const {
+    if (!listings_ || drives_->BoundariesIn(NativeOf(nativeName)) != nullptr) return nullptr;
+    return listings_->Find(st, drives_.get());
+}
+
+BriefFacts LinuxOpenFolder::ChildFacts(const struct statx& st,
+                                       const std::string& nativeName) const {
+    return BriefFrom(st, nativeName, {fd_.Get(), nativeName.c_str()}, *drives_);
 }
 
 Result<ObjectFacts> LinuxOpenFolder::Facts(std::string_view name) {

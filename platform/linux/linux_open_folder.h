@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/folder_visit.h"
 #include "platform/linux/drive_table.h"
+#include "platform/linux/errno_failure.h"
 #include "platform/linux/listing_store.h"
 #include "platform/linux/unique_fd.h"
 
@@ -12,24 +14,39 @@ namespace tarvix::platform {
 
 class LinuxOpenFolder : public OpenFolder {
   public:
-    // `boundaries` belong to `drives`. `path` is the folder's drive path, for messages. `listings`
-    // may be null; else it must outlive this.
-    LinuxOpenFolder(UniqueFd fd, std::shared_ptr<const DriveTable> drives,
-                    const DriveTable::Names* boundaries, std::string path, ListingStore* listings)
-        : fd_(std::move(fd)), drives_(std::move(drives)), boundaries_(boundaries),
-          path_(std::move(path)), listings_(listings) {}
+    // `native` is the folder's true path. `path` is its drive path, for messages. `listings` may be
+    // null.
+    LinuxOpenFolder(UniqueFd fd, std::shared_ptr<const DriveTable> drives, std::string native,
+                    std::string path, std::shared_ptr<ListingStore> listings);
 
     Result<void> List(FolderListing& listing) override;
     Result<ObjectFacts> Facts(std::string_view name) override;
 
+    // All that a visit wants, by the one descriptor; see FolderVisitor.
+    void Visit(const VisitWish& wish, const std::atomic<bool>& isDropped, FolderVisit& visit);
+
+    // ---- for what lies directly in it, by disk name ----
+
+    int Fd() const { return fd_.Get(); }
+    // Opens a folder; a link is not followed (ELOOP, ENOTDIR). `path` is its drive path.
+    Sys<LinuxOpenFolder> OpenChild(const std::string& nativeName, const std::string& path) const;
+    bool KeepsListings() const { return listings_ && listings_->IsWanted(); }
+    // The names that a folder had, whose facts are `st`, if they are known and stand.
+    std::shared_ptr<const FolderListing> KnownNames(const struct statx& st,
+                                                    const std::string& nativeName) const;
+    BriefFacts ChildFacts(const struct statx& st, const std::string& nativeName) const;
+
   private:
-    Result<void> Read(FolderListing& listing);
+    Result<std::shared_ptr<const FolderListing>> Names();
+    Result<void> Read(FolderListing& listing) const;
+    std::string NativeOf(std::string_view nativeName) const;
 
     UniqueFd fd_;
     std::shared_ptr<const DriveTable> drives_;
-    const DriveTable::Names* boundaries_;
+    const DriveTable::Names* boundaries_; // of `drives_`
+    std::string native_;
     std::string path_;
-    ListingStore* listings_;
+    std::shared_ptr<ListingStore> listings_;
 };
 
 } // namespace tarvix::platform

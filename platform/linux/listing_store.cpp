@@ -44,25 +44,19 @@ void ListingStore::Want(bool isWanted) {
     bytes_ = 0;
 }
 
-bool ListingStore::IsWanted() const {
-    const std::scoped_lock lock(mutex_);
-    return wanted_ > 0;
-}
-
 ListingStore::Stamp ListingStore::StampOf(const struct statx& facts) {
     return {TimeOf(facts.stx_ctime), TimeOf(facts.stx_mtime)};
 }
 
-bool ListingStore::Find(const struct statx& facts, const DriveTable* drives,
-                        FolderListing& listing) {
+std::shared_ptr<const FolderListing> ListingStore::Find(const struct statx& facts,
+                                                        const DriveTable* drives) {
     const std::scoped_lock lock(mutex_);
     const auto found = kept_.find({DeviceOf(facts), facts.stx_ino});
-    if (found == kept_.end()) return false;
+    if (found == kept_.end()) return nullptr;
     const Kept& kept = found->second;
-    if (kept.stamp != StampOf(facts) || kept.drives.get() != drives) return false;
-    listing = kept.listing;
+    if (kept.stamp != StampOf(facts) || kept.drives.get() != drives) return nullptr;
     ++given_;
-    return true;
+    return kept.listing;
 }
 
 bool ListingStore::IsLocal(int folder, std::uint64_t device) {
@@ -76,23 +70,23 @@ bool ListingStore::IsLocal(int folder, std::uint64_t device) {
 }
 
 void ListingStore::Keep(int folder, const struct statx& before,
-                        std::shared_ptr<const DriveTable> drives, const FolderListing& listing) {
+                        std::shared_ptr<const DriveTable> drives,
+                        std::shared_ptr<const FolderListing> listing) {
     const auto after = StatOf(folder);
     const Stamp stamp = StampOf(before);
-    if (!after || StampOf(*after) != stamp || HasLink(listing)) return;
+    if (!after || StampOf(*after) != stamp || HasLink(*listing)) return;
     if (now_() - std::max(stamp.changed, stamp.modified) < kSettled) return;
     const std::scoped_lock lock(mutex_);
-    const std::uint64_t device = DeviceOf(before);
-    if (wanted_ == 0 || !IsLocal(folder, device)) return;
-    Kept& kept = kept_[{device, before.stx_ino}];
-    bytes_ -= std::min(bytes_, kept.listing.Bytes());
-    if (bytes_ + listing.Bytes() > kMostBytes) {
-        kept_.erase({device, before.stx_ino});
-        return;
+    const Key key{DeviceOf(before), before.stx_ino};
+    if (wanted_ <= 0 || !IsLocal(folder, key.device)) return;
+    const auto former = kept_.find(key);
+    if (former != kept_.end()) {
+        bytes_ -= former->second.listing->Bytes();
+        kept_.erase(former);
     }
-    kept = {stamp, std::move(drives), listing};
-    kept.listing.ShrinkToFit();
-    bytes_ += kept.listing.Bytes();
+    if (bytes_ + listing->Bytes() > kMostBytes) return;
+    bytes_ += listing->Bytes();
+    kept_.emplace(key, Kept{stamp, std::move(drives), std::move(listing)});
 }
 
 std::uint64_t ListingStore::Given() const {

@@ -4,6 +4,7 @@
 #include "platform/linux/drive_table.h"
 #include "platform/object_facts.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -12,31 +13,31 @@
 #include <mutex>
 #include <optional>
 #include <sys/stat.h>
-#include <utility>
+#include <unordered_map>
 
 namespace tarvix::platform {
 
 // Real time in nanoseconds, as folders are dated.
 std::int64_t RealNow();
 
-// The names that folders had when they were read, kept while several searches go over the same
-// ones. A folder's names are believed as long as its dates and the table of drives stand, if the
-// folder hadn't changed for two seconds when it was read, so that no later change can bear the
-// same date; and only on disks of this machine. Folders with links aren't kept, since what a link
-// leads to changes without them. Safe to use from several threads.
+// The names that folders had when they were read, by device and inode, kept while several searches
+// go over the same ones. A folder's names are believed as long as its dates and the table of drives
+// stand, if the folder hadn't changed for two seconds when it was read, so that no later change can
+// bear the same date; and only on disks of this machine. Folders with links aren't kept, since what
+// a link leads to changes without them. Safe to use from several threads.
 class ListingStore {
   public:
     explicit ListingStore(std::function<std::int64_t()> now = RealNow) : now_(std::move(now)) {}
 
     // Keeps nothing unless somebody wants it; what is kept goes when nobody does any more.
     void Want(bool isWanted);
-    bool IsWanted() const;
+    bool IsWanted() const { return wanted_ > 0; }
 
-    // The names of an open folder, if they are known and stand; `facts` are of now.
-    bool Find(const struct statx& facts, const DriveTable* drives, FolderListing& listing);
+    // The names of a folder, if they are known and stand; `facts` are of now. Null else.
+    std::shared_ptr<const FolderListing> Find(const struct statx& facts, const DriveTable* drives);
     // Keeps what was read of an open folder, whose facts were `before` when that began.
     void Keep(int folder, const struct statx& before, std::shared_ptr<const DriveTable> drives,
-              const FolderListing& listing);
+              std::shared_ptr<const FolderListing> listing);
 
     // How many listings were given out of the store.
     std::uint64_t Given() const;
@@ -50,17 +51,26 @@ class ListingStore {
     struct Kept {
         Stamp stamp;
         std::shared_ptr<const DriveTable> drives;
-        FolderListing listing;
+        std::shared_ptr<const FolderListing> listing;
     };
-    using Key = std::pair<std::uint64_t, std::uint64_t>; // device and inode
+    struct Key {
+        std::uint64_t device;
+        std::uint64_t inode;
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const {
+            return key.inode * 0x9E3779B97F4A7C15ULL ^ key.device;
+        }
+    };
 
     static Stamp StampOf(const struct statx& facts);
     bool IsLocal(int folder, std::uint64_t device);
 
     const std::function<std::int64_t()> now_;
     mutable std::mutex mutex_;
-    int wanted_ = 0;
-    std::map<Key, Kept> kept_;
+    std::atomic<int> wanted_ = 0; // changed under the lock
+    std::unordered_map<Key, Kept, KeyHash> kept_;
     std::map<std::uint64_t, bool> isLocal_; // by device
     std::size_t bytes_ = 0;
     std::uint64_t given_ = 0;

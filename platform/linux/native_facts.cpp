@@ -58,6 +58,12 @@ std::uint32_t StorageBits(const struct statx& st, At at) {
     return bits;
 }
 
+// A time in steps of kListedTimeStep.
+std::int64_t ListedStep(const struct statx_timestamp& stamp) {
+    const FileTime time = TimeOf(stamp);
+    return static_cast<std::int64_t>(time / kListedTimeStep - (time % kListedTimeStep < 0 ? 1 : 0));
+}
+
 // Bits from the file system's own DOS attributes in the place of those worked out.
 std::uint32_t WithDosBits(std::uint32_t bits, DosAttributes kind, At at) {
     if ((bits & (kAlias | kSpecial)) != 0) return bits;
@@ -82,21 +88,51 @@ bool MayHaveHoles(const struct statx& st) {
     return S_ISREG(st.stx_mode) && st.stx_size > kBlock && st.stx_blocks < st.stx_size / 512;
 }
 
+namespace {
+std::uint32_t AttributesFrom(const struct statx& st, std::string_view name, At at,
+                             const DriveTable& drives) {
+    std::uint32_t bits = KindBits(st, at) | StorageBits(st, at);
+    if (IsReadOnly(st)) bits |= kReadOnly;
+    const DosAttributes kind = drives.DosAttributesAt(DeviceOf(st));
+    if (kind != DosAttributes::kNone) bits = WithDosBits(bits, kind, at);
+    if (name.starts_with('.')) bits |= kHidden;
+    return bits;
+}
+
+std::uint64_t SizeFrom(const struct statx& st) {
+    return S_ISREG(st.stx_mode) ? st.stx_size : 0;
+}
+
+std::uint64_t InodeFrom(const struct statx& st, std::uint64_t device, const DriveTable& drives) {
+    return drives.KeepsNumbersAt(device) ? st.stx_ino : 0;
+}
+} // namespace
+
 ObjectFacts FactsFrom(const struct statx& st, std::string_view name, At at,
                       const DriveTable& drives) {
+    const std::uint64_t device = DeviceOf(st);
     ObjectFacts facts;
-    facts.attributes = KindBits(st, at) | StorageBits(st, at);
-    if (IsReadOnly(st)) facts.attributes |= kReadOnly;
-    const DosAttributes kind = drives.DosAttributesAt(DeviceOf(st));
-    if (kind != DosAttributes::kNone) facts.attributes = WithDosBits(facts.attributes, kind, at);
-    if (name.starts_with('.')) facts.attributes |= kHidden;
-    facts.size = S_ISREG(st.stx_mode) ? st.stx_size : 0;
+    facts.attributes = AttributesFrom(st, name, at, drives);
+    facts.size = SizeFrom(st);
     facts.modified = TimeOf(st.stx_mtime);
     facts.accessed = TimeOf(st.stx_atime);
     if ((st.stx_mask & STATX_BTIME) != 0) facts.created = TimeOf(st.stx_btime);
-    const std::uint64_t device = DeviceOf(st);
-    facts.identity = {device, drives.KeepsNumbersAt(device) ? st.stx_ino : 0, TimeOf(st.stx_ctime)};
+    facts.identity = {device, InodeFrom(st, device, drives), TimeOf(st.stx_ctime)};
     return facts;
+}
+
+BriefFacts BriefFrom(const struct statx& st, std::string_view name, At at,
+                     const DriveTable& drives) {
+    const std::uint64_t device = DeviceOf(st);
+    return {.size = SizeFrom(st),
+            .device = device,
+            .inode = InodeFrom(st, device, drives),
+            .changed = ListedStep(st.stx_ctime),
+            .modified = st.stx_mtime.tv_sec,
+            .created = (st.stx_mask & STATX_BTIME) != 0 ? st.stx_btime.tv_sec : kNoSeconds,
+            .accessed = st.stx_atime.tv_sec,
+            .attributes = AttributesFrom(st, name, at, drives),
+            .isKnown = true};
 }
 
 std::optional<std::uint32_t> ReadDosAttributes(DosAttributes kind, int fd) {

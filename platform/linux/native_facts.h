@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/folder_visit.h"
 #include "platform/linux/drive_table.h"
 #include "platform/linux/system_calls.h"
 #include "platform/object_facts.h"
@@ -15,6 +16,10 @@ namespace tarvix::platform {
 // little room has holes, attributes of DOS file systems. The size of a link is 0.
 ObjectFacts FactsFrom(const struct statx& st, std::string_view name, At at,
                       const DriveTable& drives);
+
+// The same as a search keeps them.
+BriefFacts BriefFrom(const struct statx& st, std::string_view name, At at,
+                     const DriveTable& drives);
 
 // No write permission for the owner, or immutable; links never are.
 bool IsReadOnly(const struct statx& st);

@@ -25,7 +25,7 @@ class ListingStoreTest : public ::testing::Test {
         root_ = mkdtemp(pattern.data());
         Add("a");
         Add("b");
-        store_.Want(true);
+        store_->Want(true);
     }
     ~ListingStoreTest() override {
         std::error_code ignored;
@@ -35,7 +35,7 @@ class ListingStoreTest : public ::testing::Test {
     std::string Names() {
         auto fd = OpenAt({AT_FDCWD, root_.c_str()}, O_RDONLY | O_DIRECTORY);
         EXPECT_TRUE(fd);
-        LinuxOpenFolder folder(std::move(*fd), drives_, nullptr, "C:\\x", &store_);
+        LinuxOpenFolder folder(std::move(*fd), drives_, root_.string(), "C:\\x", store_);
         FolderListing listing;
         EXPECT_TRUE(folder.List(listing));
         std::string names;
@@ -44,11 +44,12 @@ class ListingStoreTest : public ::testing::Test {
         }
         return names;
     }
-    std::uint64_t Given() const { return store_.Given(); }
+    std::uint64_t Given() const { return store_->Given(); }
 
     fs::path root_;
     std::int64_t ahead_ = kHour;
-    ListingStore store_{[this] { return RealNow() + ahead_; }};
+    std::shared_ptr<ListingStore> store_ =
+        std::make_shared<ListingStore>([this] { return RealNow() + ahead_; });
     Mounts mounts_{{}, {}};
     std::shared_ptr<const DriveTable> drives_ = mounts_.Now();
 };
@@ -94,9 +95,9 @@ TEST_F(ListingStoreTest, AFolderWithALinkIsNotKept) {
 
 TEST_F(ListingStoreTest, NothingIsKeptUnlessSomebodyWantsIt) {
     Names();
-    store_.Want(false);
+    store_->Want(false);
     Names();
-    store_.Want(true);
+    store_->Want(true);
     Names();
     EXPECT_EQ(Given(), 0U);
     Names();

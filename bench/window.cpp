@@ -67,6 +67,32 @@ void Do(const session::InputResult& input) {
     std::exit(1);
 }
 
+bool IsNumber(results::Column column) {
+    return column == results::kSize || column == results::kDate;
+}
+
+// Steps of the wheel with all columns on, one frame each, here and there in the list, and sideways.
+void TellFrames(session::Session& session, forms::EventGate& gate, forms::ResultView& list) {
+    constexpr double kFrame = 1.0 / 60;
+    gate.Run(nullptr, [&] { session.blnListItems.fill(true); });
+    QCoreApplication::processEvents();
+    QScrollBar& down = *list.verticalScrollBar();
+    QScrollBar& sideways = *list.horizontalScrollBar();
+    const auto step = [&](QScrollBar& bar) { bar.setValue(bar.value() + 3 * bar.singleStep()); };
+    const auto back = [&] {
+        down.setValue(down.value() + down.maximum() / 7);
+        sideways.setValue(0);
+        QCoreApplication::processEvents();
+    };
+    Tell(
+        "window: a step down with all columns", kFrame, [&] { step(down); }, back);
+    Tell(
+        "window: a page down with all columns", kFrame,
+        [&] { down.setValue(down.value() + down.pageStep()); }, back);
+    Tell(
+        "window: a step sideways with all columns", kFrame, [&] { step(sideways); }, back);
+}
+
 // The whole search, from the click to the painted list, in turn with `find`.
 void CompareSearch(app::Program& program, forms::EventGate& gate, const std::string& tree) {
     const std::string find = "find '" + tree + "' -type f -printf '%p %s %T@\\n'";
@@ -129,13 +155,16 @@ int main(int argc, char** argv) {
         Tell(
             "window: click on the head of " +
                 std::string(results::kColumns[static_cast<std::size_t>(column)].header),
-            0.5, [&] { click(column); }, [&] { click(results::kName); });
+            IsNumber(column) ? 0.1 : 0.25, [&] { click(column); }, [&] { click(results::kName); });
     }
+    Tell("window: what a search does at its end, until the list is painted", 0.1,
+         [&] { gate.Run(nullptr, [&] { results::RearrangeRows(session); }); });
     Tell("window: select all", 0.1,
          [&] { gate.Run(nullptr, [&] { Do(session::UserClick(session, form.cmdSelectAll)); }); });
     auto& bar = *window.List().verticalScrollBar();
     Tell(
         "window: scroll to the end", 0.1, [&] { bar.setValue(bar.maximum()); },
         [&] { bar.setValue(0); });
+    TellFrames(session, gate, window.List());
     program.Stop();
 }

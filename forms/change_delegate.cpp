@@ -33,15 +33,19 @@ MarkedText Cut(const QModelIndex& index, const QFontMetrics& metrics, int width)
         const QString cut = isPath ? ToQt(text::CutPath(ToUtf8(text), fits)) : text;
         return {metrics.elidedText(cut, Qt::ElideMiddle, width)};
     }
-    const QPoint mark = changed.toPoint();
-    const std::string whole = ToUtf8(text);
-    const std::size_t start = ToUtf8(text.left(mark.x())).size();
-    const std::size_t length = ToUtf8(text.mid(mark.x(), mark.y())).size();
-    const text::CutText cut = text::CutAround(whole, {start, length}, fits);
+    const QString arrow = text.startsWith(PreviewModel::kArrow) ? PreviewModel::kArrow : "";
+    const auto fitsBehindArrow = [&](std::string_view part) {
+        return metrics.horizontalAdvance(arrow + ToQt(part)) <= width;
+    };
+    const QString name = text.mid(arrow.size());
+    const qsizetype first = changed.toPoint().x() - arrow.size();
+    const std::size_t start = ToUtf8(name.left(first)).size();
+    const std::size_t length = ToUtf8(name.mid(first, changed.toPoint().y())).size();
+    const text::CutText cut = text::CutAround(ToUtf8(name), {start, length}, fitsBehindArrow);
     const std::string_view front = std::string_view(cut.text).substr(0, cut.span.start);
     const std::string_view part =
         std::string_view(cut.text).substr(cut.span.start, cut.span.length);
-    return {ToQt(cut.text), static_cast<int>(ToQt(front).size()),
+    return {arrow + ToQt(cut.text), static_cast<int>(arrow.size() + ToQt(front).size()),
             static_cast<int>(ToQt(part).size())};
 }
 

@@ -24,8 +24,6 @@ constexpr std::array<ColumnInfo, PreviewModel::kColumnCount> kColumns{
      {"New path", "New name", &PreviewRow::newPath},
      {"What would happen", "What would happen", &PreviewRow::verdict}}};
 
-constexpr const char* kArrow = "→ ";
-
 const std::string& Text(const PreviewRow& row, int column) {
     return row.*kColumns[static_cast<std::size_t>(column)].text;
 }
@@ -110,6 +108,7 @@ int PreviewModel::columnCount(const QModelIndex& parent) const {
 std::string_view PreviewModel::TextOf(const PreviewRow& row, int column) const {
     if (column == kObject) return text::PathBelow(row.object, from_);
     if (column != kNewPath) return row.verdict;
+    if (renames_ && row.newPath == row.object) return {}; // it keeps its name
     return renames_ ? text::NamePart(row.newPath) : text::PathBelow(row.newPath, to_);
 }
 

@@ -25,6 +25,9 @@ class PreviewModel : public QAbstractTableModel {
     // The whole path of a cell.
     static constexpr int kWholePath = Qt::UserRole + 1;
 
+    // Stands in front of a new name.
+    static constexpr const char* kArrow = "→ ";
+
     explicit PreviewModel(const std::vector<fields::PreviewRow>& rows, QObject* parent = nullptr);
 
     // The folders that hold all objects and all new paths; empty where there is none but a root.

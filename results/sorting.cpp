@@ -154,6 +154,25 @@ bool NumberKeys(const ResultList& rows, Column column, std::vector<SortItem>& it
     return true;
 }
 
+// The rows behind the first whose cell differs from that of the row before.
+std::vector<std::uint32_t> GroupStarts(const ResultList& rows, Column column) {
+    std::vector<std::uint32_t> starts;
+    if (std::vector<SortItem> items; NumberKeys(rows, column, items)) {
+        for (std::size_t i = 1; i < items.size(); ++i) {
+            if (items[i].key != items[i - 1].key) starts.push_back(items[i].row);
+        }
+        return starts;
+    }
+    std::string before;
+    std::uint32_t row = 0;
+    ForEachCell(rows, column, [&](std::string_view cell) {
+        if (row > 0 && !text::EqualNoCase(cell, before)) starts.push_back(row);
+        before = cell;
+        ++row;
+    });
+    return starts;
+}
+
 // Rows stand by name. Only where several share one are their versions read, and compared as
 // numbers.
 void HighestVersionsFirst(ResultList& rows) {
@@ -231,11 +250,7 @@ void RemoveSpacers(ResultList& rows) {
 }
 
 std::int64_t GrouplstMain(ResultList& rows, Column column) {
-    const CellTexts cells = UpperCells(rows, column);
-    std::vector<std::uint32_t> groupStarts;
-    for (std::size_t i = 1; i < rows.Count(); ++i) {
-        if (cells[i] != cells[i - 1]) groupStarts.push_back(static_cast<std::uint32_t>(i));
-    }
+    const std::vector<std::uint32_t> groupStarts = GroupStarts(rows, column);
     rows.InsertSpacers(groupStarts);
     return static_cast<std::int64_t>(groupStarts.size()) + 1;
 }

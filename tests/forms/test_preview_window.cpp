@@ -142,6 +142,7 @@ TEST(PreviewModelTest, ARenameShowsBothNamesAndWhatChanged) {
     EXPECT_EQ(model.index(0, 1).data().toString(), "→ one_1.mp3");
     EXPECT_EQ(Marked(model, 0, PreviewModel::kObject), " - ");
     EXPECT_EQ(Marked(model, 0, PreviewModel::kNewPath), "_");
+    EXPECT_EQ(model.index(1, 1).data().toString(), ""); // it keeps its name
     EXPECT_EQ(Marked(model, 1, PreviewModel::kNewPath), "");
     EXPECT_EQ(model.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), "Old name");
 }

@@ -16,8 +16,8 @@ namespace tarvix::forms {
 namespace {
 
 constexpr int kOffered = 12;
-constexpr int kFromHistory = 6; // of them, beside folders
-constexpr int kPause = 120;     // milliseconds after the last key
+constexpr int kFromHistory = 6;   // of them, beside folders
+constexpr int kTypingPause = 120; // milliseconds after the last key
 
 // A list that is offered keeps the keys of the window to itself; those that don't edit close it.
 bool IsCommand(const QKeyEvent& key) {
@@ -79,7 +79,7 @@ class FolderPopup : public QObject {
         completer_->setWidget(&line_);
         box.setCompleter(nullptr);
         timer_.setSingleShot(true);
-        timer_.setInterval(kPause);
+        timer_.setInterval(kTypingPause);
         connect(&timer_, &QTimer::timeout, this, [this] { Ask(); });
         connect(&line_, &QLineEdit::textEdited, this, [this] { Begin(); });
         connect(completer_, qOverload<const QString&>(&QCompleter::activated), this,

@@ -17,9 +17,9 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr std::array<const char*, 8> kWords{"Today",        "Yesterday",  "Last 7 days",
-                                            "Last 30 days", "This month", "Last month",
-                                            "This year",    "Last year"};
+constexpr std::array<const char*, 8> kStretches{"Today",        "Yesterday",  "Last 7 days",
+                                                "Last 30 days", "This month", "Last month",
+                                                "This year",    "Last year"};
 
 QDateTime MomentOf(const text::DateTime& moment) {
     return {QDate(moment.year, moment.month, moment.day),
@@ -59,7 +59,7 @@ QWidget* DateWindow::MakeWords() {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    for (const char* word : kWords) {
+    for (const char* word : kStretches) {
         auto* button = new QPushButton(word);
         button->setAutoDefault(false);
         button->setObjectName("btn" + QString(word).remove(' '));

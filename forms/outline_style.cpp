@@ -11,9 +11,9 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr double kReadable = 4.6; // contrast of a text to its ground
-constexpr double kVisible = 3.4;  // contrast of an outline to what lies on both sides
-constexpr double kFaint = 1.9;    // of one that can't be used
+constexpr double kTextContrast = 4.6; // contrast of a text to its ground
+constexpr double kVisible = 3.4;      // contrast of an outline to what lies on both sides
+constexpr double kFaint = 1.9;        // of one that can't be used
 constexpr int kSteps = 40;
 constexpr qreal kCorner = 2.5;
 
@@ -33,7 +33,7 @@ bool IsUsable(const QStyleOption& option) {
 QColor Standing(const QColor& ink, const QColor& ground, const QColor& other) {
     for (int step = kSteps / 2; step < kSteps; ++step) {
         const QColor mixed = Mixed(ground, ink, static_cast<double>(step) / kSteps);
-        if (Contrast(mixed, ground) >= kReadable && Contrast(mixed, other) >= kReadable) {
+        if (Contrast(mixed, ground) >= kTextContrast && Contrast(mixed, other) >= kTextContrast) {
             return mixed;
         }
     }
@@ -45,7 +45,7 @@ QColor Behind(const QColor& ground, const QColor& ink) {
     const QColor away = ink.lightness() > 127 ? QColor(Qt::black) : QColor(Qt::white);
     for (int step = 0; step < kSteps; ++step) {
         const QColor mixed = Mixed(ground, away, static_cast<double>(step) / kSteps);
-        if (Contrast(mixed, ink) >= kReadable) return mixed;
+        if (Contrast(mixed, ink) >= kTextContrast) return mixed;
     }
     return away;
 }

@@ -31,7 +31,7 @@ constexpr std::array<std::pair<std::uint32_t, char>, 10> kAttributeLetters{
 
 constexpr std::uint64_t kMostGrouped = 999'999'999'999;
 constexpr std::int64_t kDay = 86'400;
-constexpr std::size_t kLongestExtension = 5; // characters
+constexpr std::size_t kLongestShownExtension = 5; // characters
 
 void PutTwo(char* at, std::int64_t number) {
     at[0] = static_cast<char>('0' + number / 10);
@@ -96,10 +96,10 @@ void AppendExtension(std::string& out, std::string_view name) {
     const std::string_view extension = text::GetExtension(name);
     const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     if (!std::ranges::all_of(extension, isPlain)) {
-        if (text::Length(extension) <= kLongestExtension) out += text::Lower(extension);
+        if (text::Length(extension) <= kLongestShownExtension) out += text::Lower(extension);
         return;
     }
-    if (extension.size() > kLongestExtension) return;
+    if (extension.size() > kLongestShownExtension) return;
     for (const char c : extension)
         out += static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
 }

@@ -4,6 +4,8 @@
 #include "forms/criteria_panel.h"
 #include "forms/drop_filter.h"
 #include "forms/field_widgets.h"
+#include "forms/name_editor.h"
+#include "forms/outcome_page.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
@@ -85,7 +87,8 @@ void SearchWindow::Build() {
     list_->setModel(model_);
     column->addWidget(MakeCriteriaPanel(session_.frmSearch));
     column->addWidget(MakePlayListBanner(session_.frmSearch));
-    column->addWidget(list_, 1);
+    place_ = new ListPlace(session_, gate_, *list_);
+    column->addWidget(place_, 1);
     column->addWidget(MakeActionBar(session_.frmSearch));
     counters_ = MakeCounterBar(session_.frmSearch);
     column->addWidget(counters_);
@@ -103,6 +106,9 @@ void SearchWindow::AddOwnEntries() {
     QAction* copy = actions->addAction("Copy Pat&hs to Clipboard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
+    QAction* rename = actions->addAction("Rename &Here", this, [this] { RenameHere(); });
+    rename->setShortcut(QKeySequence(Qt::Key_F2));
+    rename->setObjectName("actRenameHere");
     QMenu* columns = menu_->Find("Options")->addMenu("&Columns");
     connect(columns, &QMenu::aboutToShow, this, [this, columns] {
         columns->clear();
@@ -194,6 +200,23 @@ void SearchWindow::DragRows() {
     drag->exec(Qt::CopyAction);
 }
 
+// One object gets its new name in the list, several of them in the action window.
+void SearchWindow::RenameHere() {
+    const auto row = list_->CurrentRow();
+    bool hasOthers = session_.state.blnPlayListMode || !row || !CanEditName(session_, *row);
+    for (std::size_t i = 0; i < session_.rows->Count() && !hasOthers; ++i)
+        hasOthers = i != *row && list_->Selector().IsSelected(i);
+    if (hasOthers) return binder_->Click(session_.frmSearch.cmdRenameSelected);
+    if (!list_->maySelect() || !list_->isVisible()) return;
+    EditName(*list_, session_, *row, [this](std::size_t at, const std::string& name) {
+        gate_.Run(&session_.frmSearch.lstMain, [&] {
+            session_.events.Raise(session_, "frmSearch.RenameInPlace",
+                                  {.index = static_cast<int>(at), .path = name});
+        });
+        list_->MoveTo(at, Qt::NoModifier);
+    });
+}
+
 // What others put on the clipboard takes the place of what was cut here.
 void SearchWindow::ShareClipboard() {
     session_.clipboard = &clipboard_;
@@ -207,11 +230,13 @@ void SearchWindow::ShareClipboard() {
 void SearchWindow::Flush() {
     binder_->Flush();
     SettleRows(*counters_);
+    SwitchActions(*this, session_.frmSearch);
     menu_->Refresh();
     const QString title = Shown(session_.frmSearch.Caption);
     if (!title.isEmpty() && windowTitle() != title) setWindowTitle(title);
     ShowProgress();
     ShowRows();
+    place_->Refresh();
     ShowSort();
     TakeMemory();
     ShowColumns();

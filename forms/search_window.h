@@ -20,6 +20,7 @@ class QProgressBar;
 namespace tarvix::forms {
 
 class ElidedLabel;
+class ListPlace;
 
 // frmSearch: criteria, result list, selection and actions, counters and status.
 class SearchWindow : public QMainWindow, public View {
@@ -51,6 +52,7 @@ class SearchWindow : public QMainWindow, public View {
     void ActOnRow(bool (*act)(session::Session&, int), std::size_t row);
     void SortBy(int column);
     void DragRows();
+    void RenameHere();
     void ShowProgress();
     void ShowState();
     void KeepTime();
@@ -67,6 +69,7 @@ class SearchWindow : public QMainWindow, public View {
     EventGate& gate_;
     ResultModel* model_ = nullptr;
     ResultView* list_ = nullptr;
+    ListPlace* place_ = nullptr; // of the list, or of what an action has done
     ElidedLabel* nativePath_ = nullptr;
     QProgressBar* busy_ = nullptr;
     QLabel* progress_ = nullptr; // what the bar counts

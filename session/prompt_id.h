@@ -74,6 +74,7 @@ enum class PromptId : std::uint8_t {
     kDestinationIsFile,
     kDestinationHasMarks,
     kDestinationNoPath,
+    kDestinationRefuses,
     kNamePartInvalid,
     kDestinationOneCharacter,
     kFirstPlaceUnshortened,

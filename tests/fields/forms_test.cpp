@@ -44,13 +44,14 @@ TEST(AllForms, AreFoundByName) {
                              "frmLinkTable",
                              "frmContextMenu",
                              "frmOpenWith",
-                             "frmOptions"}) {
+                             "frmOptions",
+                             "frmOutcome"}) {
         ASSERT_NE(forms.Find(name), nullptr) << name;
         EXPECT_EQ(forms.Find(name)->Name(), name);
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 22U);
+    EXPECT_EQ(forms.all.size(), 23U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

@@ -174,7 +174,11 @@ void Binder::TakeFocus() {
     auto* widget = root_.findChild<QWidget*>(ToQt(form_.Focus->Name()));
     form_.Focus = nullptr;
     if (byArrow_ || widget == nullptr || !widget->isEnabled()) return;
-    widget->setFocus(Qt::TabFocusReason); // which selects what stands in a box
+    widget->setFocus();
+    // A window that isn't active yet would lose what the focus selects.
+    const auto* combo = qobject_cast<QComboBox*>(widget);
+    auto* edit = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(widget);
+    if (edit != nullptr) edit->selectAll();
 }
 
 void Binder::TakeNativePaths(fields::Control& control) {

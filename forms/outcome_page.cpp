@@ -163,7 +163,7 @@ void OutcomePage::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape) {
         binder_->Click(form.cmdClose);
-    } else if (isEnter && table_->hasFocus()) {
+    } else if (isEnter && window()->focusWidget() == table_) {
         binder_->Click(form.cmdShowThere);
     } else {
         QWidget::keyPressEvent(event);

@@ -206,7 +206,11 @@ void SearchWindow::RenameHere() {
     bool hasOthers = session_.state.blnPlayListMode || !row || !CanEditName(session_, *row);
     for (std::size_t i = 0; i < session_.rows->Count() && !hasOthers; ++i)
         hasOthers = i != *row && list_->Selector().IsSelected(i);
-    if (hasOthers) return binder_->Click(session_.frmSearch.cmdRenameSelected);
+    if (hasOthers) {
+        const bool hasSelection = findChild<QPushButton*>("cmdRenameSelected")->isEnabled();
+        if (hasSelection) binder_->Click(session_.frmSearch.cmdRenameSelected);
+        return;
+    }
     if (!list_->maySelect() || !list_->isVisible()) return;
     EditName(*list_, session_, *row, [this](std::size_t at, const std::string& name) {
         gate_.Run(&session_.frmSearch.lstMain, [&] {

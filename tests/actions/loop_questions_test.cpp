@@ -112,7 +112,7 @@ TEST_F(LoopQuestions, ASecondStopEndsTheCopyInHandAndLeavesNothingOfIt) {
     Disk().AddFile("C:\\t\\c", "third");
     Find();
     machine.faults.ResetCounts();
-    machine.faults.BeforeCall("CopyFile", 2, [this] {
+    machine.faults.BeforeCall("CopyFile", 3, [this] {
         Click(Dialog().cmdStop);
         EXPECT_EQ(Dialog().cmdStop.Caption.Get(), "Stop Now");
         Click(Dialog().cmdStop);

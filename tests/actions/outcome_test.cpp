@@ -137,7 +137,7 @@ TEST_F(Outcomes, WhatAStopLeavesIsNotReached) {
         Disk().AddFile(std::string("C:\\t\\") + name, "x");
     Find();
     machine.faults.ResetCounts();
-    machine.faults.BeforeCall("CopyFile", 2, [this] { State().blnStopAction = true; });
+    machine.faults.BeforeCall("CopyFile", 3, [this] { State().blnStopAction = true; });
     Copy(To("C:\\d"));
     EXPECT_THAT(Listed(),
                 ElementsAre("copied: C:\\t\\a -> C:\\d\\a", "copied: C:\\t\\b -> C:\\d\\b",

@@ -355,17 +355,6 @@ TEST_F(ActionWindowTest, AChoiceGivesTheFocusToWhatItReveals) {
     });
 }
 
-TEST_F(ActionWindowTest, ArrowKeysStayAmongTheChoices) {
-    InWindow("cmdCopySelected", [](QWidget& modal) {
-        Activate(modal);
-        auto* first = In<QAbstractButton>(modal, "optTo(0)");
-        first->setFocus();
-        QTest::keyClick(first, Qt::Key_Right);
-        EXPECT_TRUE(In<QAbstractButton>(modal, "optTo(1)")->isChecked());
-        EXPECT_EQ(modal.focusWidget()->objectName(), "optTo(1)");
-    });
-}
-
 TEST_F(ActionWindowTest, ARefusalGivesTheFocusToTheBoxThatItIsAbout) {
     OnModal([this](QWidget& modal) {
         TypeDestination(modal, "Copies");

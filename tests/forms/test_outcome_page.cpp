@@ -113,18 +113,18 @@ TEST_F(OutcomePageTest, EnterShowsWhatIsChosenWhereItIs) {
 
 TEST_F(OutcomePageTest, F2EditsTheNameOfOneObjectInTheList) {
     Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
-    ClickRow(1);
+    ClickRow(0);
     window->List().setFocus();
     QTest::keyClick(&window->List(), Qt::Key_F2);
     auto* edit = Find<QLineEdit>("txtNewName");
     ASSERT_TRUE(edit->isVisible());
-    EXPECT_EQ(edit->text(), "two.mp3");
-    EXPECT_EQ(edit->selectedText(), "two");
-    QTest::keyClicks(edit, "zwei");
+    EXPECT_EQ(edit->text(), "one.mp3");
+    EXPECT_EQ(edit->selectedText(), "one");
+    QTest::keyClicks(edit, "eins");
     QTest::keyClick(edit, Qt::Key_Return);
-    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\zwei.mp3"), "abcd");
+    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\eins.mp3"), "abc");
     EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
-    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"zwei.mp3"});
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"eins.mp3"});
 }
 
 TEST_F(OutcomePageTest, EscapeAndLeavingChangeNoName) {

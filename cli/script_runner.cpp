@@ -177,6 +177,9 @@ std::expected<fields::Control*, std::string> ScriptRunner::FindControl(const std
 InputResult ScriptRunner::CheckReachable(const fields::Control& control) {
     const fields::Form& owner = control.Owner();
     if (&owner == &Top()) return {};
+    // It stands in the main window.
+    const fields::Form& page = Session().forms.frmOutcome;
+    if (&owner == &page && page.IsShown() && modal_.empty()) return {};
     const bool isOpen = &owner == &Session().frmSearch || owner.IsShown();
     return Wrong(fmt::format("{}.{} can't be used: {}", owner.Name(), control.Name(),
                              isOpen ? fmt::format("{} is open in front of it.", Top().Name())

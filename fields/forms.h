@@ -3,6 +3,7 @@
 #include "fields/frm_context_menu.h"
 #include "fields/frm_dialog.h"
 #include "fields/frm_options.h"
+#include "fields/frm_outcome.h"
 #include "fields/frm_search.h"
 #include "fields/prompt_forms.h"
 
@@ -36,6 +37,7 @@ struct Forms {
     FrmContextMenu frmContextMenu;
     FrmOpenWith frmOpenWith;
     FrmOptions frmOptions;
+    FrmOutcome frmOutcome;
 
     const std::array<Form*, 23> all{&frmSearch,
                                     &frmDialog,
@@ -59,7 +61,8 @@ struct Forms {
                                     &frmLinkTable,
                                     &frmContextMenu,
                                     &frmOpenWith,
-                                    &frmOptions};
+                                    &frmOptions,
+                                    &frmOutcome};
 
     // By name, without regard to case; null when there is none.
     Form* Find(std::string_view name) const;

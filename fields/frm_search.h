@@ -102,6 +102,7 @@ class FrmSearch : public Form {
     Label lblSearchFor{*this, "lblSearchFor"};
     CommandButton cmdUnread{*this, "cmdUnread", "", false};   // opens the list of what was not read
     CommandButton cmdLeftOut{*this, "cmdLeftOut", "", false}; // finds what the boxes left out, too
+    CommandButton cmdOutcome{*this, "cmdOutcome", "", false}; // opens what the last action has done
 
     // Menu entries that a search or its end switches.
     MenuEntry mnuRun{*this, "mnuRun", "Ru&n"};

@@ -140,10 +140,10 @@ QWidget* MakeDuplicatesSection(const fields::FrmDialog& form) {
     edit->setMaximumWidth(edit->minimumWidth());
     label->setBuddy(edit);
     return MakeSection(Make(form.fraDuplicates), PlainCaption(form.fraDuplicates.Caption.Get()),
-                       {InFlow({Make(form.chkAsk), Make(form.chkSkipAll), Make(form.chkRename),
-                                Make(form.chkOverWrite)}),
-                        InFlow({label, edit, Make(form.chkRenameBeg), Make(form.chkRenameEnd),
-                                Make(form.chkPlus1)})});
+                       {InFlow({MakeChoice(form.chkAsk), MakeChoice(form.chkSkipAll),
+                                MakeChoice(form.chkRename), MakeChoice(form.chkOverWrite)}),
+                        InFlow({label, edit, MakeChoice(form.chkRenameBeg),
+                                MakeChoice(form.chkRenameEnd), Make(form.chkPlus1)})});
 }
 
 QWidget* MakeRenameSection(const fields::FrmDialog& form) {
@@ -153,16 +153,16 @@ QWidget* MakeRenameSection(const fields::FrmDialog& form) {
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(6);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(Make(form.chkFindReplace), 0, 0);
+    grid->addWidget(MakeChoice(form.chkFindReplace), 0, 0);
     grid->addWidget(InRow({Labelled("Find", MakeEdit(form.txtFind, "Find", 12)),
                            Labelled("Replace with", MakeEdit(form.txtReplace, "Replace with", 12))},
                           14),
                     0, 1);
     grid->addWidget(MakeOptions(form.optOnceVsAll), 1, 1);
-    grid->addWidget(Make(form.chkAdd), 2, 0);
+    grid->addWidget(MakeChoice(form.chkAdd), 2, 0);
     grid->addWidget(MakeEdit(form.txtAdd, "Text to insert", 12), 2, 1);
-    grid->addWidget(InFlow({Make(form.chkAddBeg), Make(form.chkAddEnd), Make(form.lblAddBeg),
-                            Make(form.lblAddEnd)}),
+    grid->addWidget(InFlow({MakeChoice(form.chkAddBeg), MakeChoice(form.chkAddEnd),
+                            Make(form.lblAddBeg), Make(form.lblAddEnd)}),
                     3, 1);
     grid->addWidget(new QLabel("Works on"), 4, 0, Qt::AlignTop);
     grid->addWidget(MakeOptions(form.optNamePortion), 4, 1);

@@ -79,7 +79,16 @@ Shower Binder::BindButton(fields::Control& control, QAbstractButton& button) {
                 [this, &control, box] { Set(control, box->Next()); });
         return ShowerOf(static_cast<fields::CheckBox&>(control), *box);
     }
-    connect(&button, &QAbstractButton::clicked, this, [this, &control] { Click(control); });
+    connect(&button, &QAbstractButton::clicked, this, [this, &control, &button] {
+        // Who goes through choices by arrow keys stays among them.
+        const auto* choice = dynamic_cast<FieldRadioButton*>(&button);
+        byArrow_ = choice != nullptr && FieldRadioButton::IsByArrow();
+        Click(control);
+        byArrow_ = false;
+    });
+    if (auto* choice = dynamic_cast<FieldChoiceButton*>(&button)) {
+        return ShowerOf(static_cast<fields::CheckBox&>(control), *choice);
+    }
     if (auto* box = qobject_cast<QCheckBox*>(&button)) {
         return ShowerOf(static_cast<fields::CheckBox&>(control), *box);
     }
@@ -175,9 +184,12 @@ void Binder::TakeFocus() {
     if (form_.Focus == nullptr) return;
     auto* widget = root_.findChild<QWidget*>(ToQt(form_.Focus->Name()));
     form_.Focus = nullptr;
-    if (widget == nullptr || !widget->isEnabled()) return;
+    if (byArrow_ || widget == nullptr || !widget->isEnabled()) return;
     widget->setFocus();
-    if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
+    // A window that isn't active yet would lose what the focus selects.
+    const auto* combo = qobject_cast<QComboBox*>(widget);
+    auto* edit = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(widget);
+    if (edit != nullptr) edit->selectAll();
 }
 
 void Binder::TakeNativePaths(fields::Control& control) {
@@ -202,7 +214,16 @@ PathText Binder::PathTextOf(const fields::Control& control) const {
                 }};
 }
 
+// The choice of several that is made already.
+bool Binder::IsChosen(const fields::Control& control) const {
+    if (control.Kind() != ControlKind::kCheckBox) return false;
+    const auto* widget = root_.findChild<QAbstractButton*>(ToQt(control.Name()));
+    return dynamic_cast<const FieldChoiceButton*>(widget) != nullptr &&
+           static_cast<const fields::CheckBox&>(control).Value == 1;
+}
+
 void Binder::Click(fields::Control& control) {
+    if (IsChosen(control)) return Show(control);
     if (control.Kind() == ControlKind::kCommandButton) {
         for (fields::Control* other : form_.Controls()) {
             TakeNativePaths(*other);

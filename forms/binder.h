@@ -53,6 +53,7 @@ class Binder : public QObject {
     Shower BindPicker(fields::DatePicker& field, QDateTimeEdit& picker);
     Shower BindAction(fields::Control& control, QAction& action);
     void Show(fields::Control& control);
+    bool IsChosen(const fields::Control& control) const;
     void TakeFocus();
     void TakeNativePaths(fields::Control& control);
     PathText PathTextOf(const fields::Control& control) const;
@@ -62,6 +63,7 @@ class Binder : public QObject {
     EventGate& gate_;
     fields::Form& form_;
     QWidget& root_;
+    bool byArrow_ = false; // what is clicked just now is chosen by an arrow key
     std::unordered_map<const fields::Control*, std::vector<Shower>> showers_;
     std::unordered_map<const QObject*, fields::Control*> bound_;
     std::map<fields::Control*, QString> pending_; // texts entered while a routine ran

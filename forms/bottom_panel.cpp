@@ -6,6 +6,7 @@
 #include "forms/text_conversion.h"
 #include "forms/wrapping_label.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 
 namespace tarvix::forms {
@@ -87,6 +88,24 @@ QWidget* MakeActionBar(const fields::FrmSearch& form) {
     return bar;
 }
 
+// With nothing selected there is nothing to act on; the routines would only say so.
+void SwitchActions(QWidget& window, const fields::FrmSearch& form) {
+    const bool hasSelection = form.lblNumOfFilesSelected.Caption.Get() != "0" ||
+                              form.lblNumOfDirsSelected.Caption.Get() != "0";
+    for (const fields::CommandButton* field : {&form.cmdCopySelected, &form.cmdMoveSelected,
+                                               &form.cmdRenameSelected, &form.cmdDeleteSelected}) {
+        const QString name = ToQt(field->Name());
+        const QString tip = hasSelection ? ToQt(field->ToolTipText.Get())
+                                         : QString("Select objects in the list first");
+        for (auto* button : window.findChildren<QPushButton*>(name)) {
+            button->setEnabled(field->Enabled && hasSelection);
+            button->setToolTip(tip);
+        }
+        for (auto* entry : window.findChildren<QAction*>(name))
+            entry->setEnabled(field->Enabled && hasSelection);
+    }
+}
+
 QWidget* MakePlayListBanner(const fields::FrmSearch& form) {
     QWidget* banner = Make(form.fraPlayList);
     auto* row = new QHBoxLayout(banner);
@@ -146,6 +165,10 @@ QWidget* MakeStatusBar(const fields::FrmSearch& form) {
     QPushButton* leftOut = Make(form.cmdLeftOut);
     leftOut->setIcon(QIcon::fromTheme("edit-find"));
     row->addWidget(leftOut);
+    QPushButton* outcome = Make(form.cmdOutcome);
+    outcome->setIcon(QIcon::fromTheme("view-list-details"));
+    outcome->setToolTip("What became of each object, and where it is now");
+    row->addWidget(outcome);
     row->addWidget(MakeElided(form.lblCurrentFolder), 3);
     row->addWidget(MakeElided(form.lblSearchFor), 2);
     row->addWidget(native, 3);

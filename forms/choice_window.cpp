@@ -10,6 +10,8 @@
 #include "session/session.h"
 
 #include <QHBoxLayout>
+#include <QHideEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -18,6 +20,7 @@ namespace tarvix::forms {
 
 namespace {
 
+constexpr const char* kLastPlace = "placeOfLastQuestion";
 constexpr const char* kOverwriteTip =
     "Replaces what is there, which goes to the trash. A folder is replaced whole, with all that is "
     "in it.";
@@ -117,7 +120,36 @@ AskWindow::AskWindow(session::Session& session, EventGate& gate, QWidget* parent
     AddRow({&form.cmdCancel});
     Tip(form.cmdOverwrite, kOverwriteTip);
     Tip(form.cmdOverwriteAll, kOverwriteTip);
+    KeepPlaces({&form.cmdSkip, &form.cmdOverwrite, &form.cmdRename, &form.cmdDeleteReplace,
+                &form.cmdSkipAll, &form.cmdOverwriteAll, &form.cmdRenameAll,
+                &form.cmdDeleteReplaceAll});
     Finish(form.cmdSkip, 100);
+    TakeLastPlace();
+}
+
+// A button that this question lacks leaves its room, so that the others don't move.
+void AskWindow::KeepPlaces(const QList<const fields::CommandButton*>& buttons) {
+    for (const auto* field : buttons) {
+        auto* button = findChild<QPushButton*>(ToQt(field->Name()));
+        QSizePolicy keeps = button->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        button->setSizePolicy(keeps);
+    }
+}
+
+void AskWindow::TakeLastPlace() {
+    const QVariant last = parentWidget() ? parentWidget()->property(kLastPlace) : QVariant();
+    if (last.isValid() && screen()->availableGeometry().contains(last.toRect())) {
+        setGeometry(last.toRect());
+    }
+}
+
+// The next question of the kind stands where this one stood.
+void AskWindow::hideEvent(QHideEvent* event) {
+    if (parentWidget() != nullptr && !event->spontaneous()) {
+        parentWidget()->setProperty(kLastPlace, geometry());
+    }
+    ChoiceWindow::hideEvent(event);
 }
 
 LongPathWindow::LongPathWindow(session::Session& session, EventGate& gate, QWidget* parent)

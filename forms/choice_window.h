@@ -40,6 +40,13 @@ class ChoiceWindow : public ModalWindow {
 class AskWindow : public ChoiceWindow {
   public:
     AskWindow(session::Session& session, EventGate& gate, QWidget* parent);
+
+  protected:
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void KeepPlaces(const QList<const fields::CommandButton*>& buttons);
+    void TakeLastPlace();
 };
 
 // frmAsk259: a path has grown too long.

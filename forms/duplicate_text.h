@@ -8,7 +8,8 @@ struct DuplicateQuestion;
 
 namespace tarvix::forms {
 
-// The question about a duplicate with both objects side by side. The caller owns the panel.
+// The question about a duplicate with both objects side by side; where it has a headline, with what
+// differs between them and always equally high. The caller owns the panel.
 QWidget* MakeDuplicateText(const fields::DuplicateQuestion& parts);
 
 } // namespace tarvix::forms

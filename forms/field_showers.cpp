@@ -90,6 +90,17 @@ Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button) {
     };
 }
 
+// None of several may be set, which buttons that exclude each other can't show.
+Shower ShowerOf(const fields::CheckBox& field, QRadioButton& button) {
+    return [&field, &button] {
+        button.setText(ToQt(field.Caption.Get()));
+        const bool isSet = field.Value == 1;
+        button.setAutoExclusive(isSet);
+        button.setChecked(isSet);
+        button.setAutoExclusive(true);
+    };
+}
+
 Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths, EntryOrder order) {
     return [&field, &box, paths = std::move(paths), order = std::move(order),
             shown = std::vector<fields::ComboItem>(),

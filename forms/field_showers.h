@@ -41,6 +41,7 @@ Shower ShowerOf(const fields::Control& control, QAbstractButton& button);
 Shower ShowerOf(const fields::CheckBox& field, QCheckBox& box);
 Shower ShowerOf(const fields::OptionButton& field, QRadioButton& button);
 Shower ShowerOf(const fields::ComboBox& field, QComboBox& box, PathText paths, EntryOrder order);
+Shower ShowerOf(const fields::CheckBox& field, QRadioButton& button);
 Shower ShowerOf(const fields::TextBox& field, QLineEdit& edit);
 Shower ShowerOf(const fields::ListBox& field, FieldListBox& list, PathText paths = {});
 Shower ShowerOf(const fields::DatePicker& field, QDateTimeEdit& picker);

@@ -5,7 +5,9 @@
 #include "forms/text_conversion.h"
 #include "session/native_entry.h"
 
+#include <QCoreApplication>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
@@ -15,6 +17,7 @@ namespace tarvix::forms {
 namespace {
 
 constexpr char kCounterMark[] = "counter";
+constexpr char kByArrow[] = "choosesByArrow";
 
 template <class T>
 T* Named(T* widget, const fields::Control& field) {
@@ -28,6 +31,18 @@ void MakePlain(QLabel& label) {
 }
 
 } // namespace
+
+bool FieldRadioButton::IsByArrow() {
+    return QCoreApplication::instance()->property(kByArrow).toBool();
+}
+
+void FieldRadioButton::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+    QCoreApplication::instance()->setProperty(kByArrow, isArrow);
+    QRadioButton::keyPressEvent(event);
+    QCoreApplication::instance()->setProperty(kByArrow, false);
+}
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -66,6 +81,10 @@ FieldCheckBox* Make(const fields::CheckBox& field) {
 
 FieldRadioButton* Make(const fields::OptionButton& field) {
     return Named(new FieldRadioButton, field);
+}
+
+FieldChoiceButton* MakeChoice(const fields::CheckBox& field) {
+    return Named(new FieldChoiceButton, field);
 }
 
 QComboBox* Make(const fields::ComboBox& field) {

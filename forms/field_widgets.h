@@ -28,9 +28,18 @@ class FieldCheckBox : public QCheckBox {
 class FieldRadioButton : public QRadioButton {
   public:
     using QRadioButton::QRadioButton;
+    // Whether an arrow key is what clicks one of them just now.
+    static bool IsByArrow();
 
   protected:
     void nextCheckState() override {}
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+// The same for a box of which one of several is set; one that is set stays so when it is clicked.
+class FieldChoiceButton : public FieldRadioButton {
+  public:
+    using FieldRadioButton::FieldRadioButton;
 };
 
 // A line of text that is cut in the middle where it does not fit; the tip shows it whole.
@@ -48,6 +57,7 @@ class ElidedLabel : public QLabel {
 QPushButton* Make(const fields::CommandButton& field);
 FieldCheckBox* Make(const fields::CheckBox& field);
 FieldRadioButton* Make(const fields::OptionButton& field);
+FieldChoiceButton* MakeChoice(const fields::CheckBox& field);
 QComboBox* Make(const fields::ComboBox& field);
 QLineEdit* Make(const fields::TextBox& field);
 QLabel* Make(const fields::Label& field);

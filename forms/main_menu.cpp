@@ -55,7 +55,7 @@ constexpr std::array<ButtonEntry, 14> kButtons{
      {"Select", "cmdSelectReverse", "", "edit-select-invert"},
      {"Actions", "cmdCopySelected", "", "edit-copy"},
      {"Actions", "cmdMoveSelected", "", "edit-cut"},
-     {"Actions", "cmdRenameSelected", "F2", "edit-rename"},
+     {"Actions", "cmdRenameSelected", "", "edit-rename"},
      {"Actions", "cmdDeleteSelected", "Del", "user-trash"},
      {"Actions", "cmdEditTargets", "", ""}}};
 

@@ -32,6 +32,24 @@ QStyle::StandardPixmap PictureOf(int style) {
     }
 }
 
+// Of one object among many: try again or skip it. Empty for an answer that Stop stands for.
+QString LoopCaption(int style, int answer) {
+    const bool hasRetry = session::ButtonsOf(style).front() == session::kRetry;
+    if (answer == session::kRetry || answer == session::kYes) return "&Try Again";
+    if (answer == session::kCancel && !hasRetry) return {};
+    return "&Skip";
+}
+
+QString ButtonCaption(const MessageText& text, int style, int answer) {
+    if (text.isInLoop) return LoopCaption(style, answer);
+    const QString usual = ToQt(session::CaptionOf(answer));
+    if (!text.verb.isEmpty()) {
+        return answer == session::kYes || answer == session::kOk ? text.verb : QString("Cancel");
+    }
+    const bool isPlain = answer == session::kOk || answer == session::kCancel;
+    return isPlain ? usual : "&" + usual;
+}
+
 } // namespace
 
 QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent) {
@@ -67,7 +85,7 @@ MessageDialog::MessageDialog(const MessageText& text, int style, const QString& 
     auto* column = new QVBoxLayout(this);
     column->setSpacing(14);
     column->addLayout(top, 1);
-    QWidget* buttons = MakeButtons(style);
+    QWidget* buttons = MakeButtons(text, style);
     column->addWidget(buttons);
     if (!text.plain.isEmpty()) AddDetails(*column, *buttons, text.text);
     setAccessibleDescription(lead);
@@ -83,24 +101,34 @@ QWidget* MessageDialog::MakeIcon(int style) {
     return icon;
 }
 
-QWidget* MessageDialog::MakeButtons(int style) {
+QPushButton* MessageDialog::AddButton(QWidget& row, int answer, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName("btn" + ToQt(session::CaptionOf(answer)).remove(u' '));
+    button->setAutoDefault(true);
+    connect(button, &QPushButton::clicked, this, [this, answer] {
+        answer_ = answer;
+        accept();
+    });
+    row.layout()->addWidget(button);
+    return button;
+}
+
+QWidget* MessageDialog::MakeButtons(const MessageText& text, int style) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch(1);
     for (const int answer : session::ButtonsOf(style)) {
-        const QString caption = ToQt(session::CaptionOf(answer));
-        const bool plain = answer == session::kOk || answer == session::kCancel;
-        auto* button = new QPushButton(plain ? caption : "&" + caption);
-        button->setObjectName("btn" + caption);
-        connect(button, &QPushButton::clicked, this, [this, answer] {
-            answer_ = answer;
-            accept();
-        });
-        layout->addWidget(button);
-        button->setAutoDefault(true);
+        const QString caption = ButtonCaption(text, style, answer);
+        if (caption.isEmpty()) continue;
+        QPushButton* button = AddButton(*row, answer, caption);
         if (answer == session::FocusedAnswer(style)) first_ = button;
     }
+    if (!text.isInLoop) return row;
+    AddButton(*row, session::kSkipAll, "Skip &All Like This")
+        ->setToolTip("Skips this object, and all that follow with the same trouble, unasked");
+    AddButton(*row, session::kStopAll, "S&top")
+        ->setToolTip("Ends the action here; what is done stays done");
     return row;
 }
 

@@ -8,10 +8,14 @@ class QPushButton;
 
 namespace tarvix::forms {
 
-// What a message says: `plain`, with `text` under Details; `text` alone where that is empty.
+// What a message says: `plain`, with `text` under Details; `text` alone where that is empty. `verb`
+// stands on the button that goes ahead, and the other one is Cancel then. In a loop over objects
+// its buttons say what becomes of this one, of all like it, and of the rest.
 struct MessageText {
     QString plain;
     QString text;
+    QString verb = {};
+    bool isInLoop = false;
 };
 
 // A message with the icon and buttons of a style number; plain text that scrolls when it is long.
@@ -23,7 +27,8 @@ class MessageDialog : public QDialog {
 
   private:
     QWidget* MakeIcon(int style);
-    QWidget* MakeButtons(int style);
+    QWidget* MakeButtons(const MessageText& text, int style);
+    QPushButton* AddButton(QWidget& row, int answer, const QString& caption);
     void AddDetails(QLayout& column, QWidget& buttons, const QString& text);
 
     int answer_;

@@ -43,8 +43,9 @@ QString FilterList(std::string_view filters) {
 int QtPrompts::MsgBox(const session::Prompt& prompt) {
     const EventGate::Modal level(gate_);
     const QString title = Shown(session::WindowTitle(prompt.id, prompt.title));
-    return MessageDialog({Shown(prompt.plain), Shown(prompt.text)}, prompt.style, title, Front())
-        .Ask();
+    const MessageText text{Shown(prompt.plain), Shown(prompt.text), ToQt(prompt.verb),
+                           prompt.isInLoop};
+    return MessageDialog(text, prompt.style, title, Front()).Ask();
 }
 
 std::string QtPrompts::InputBox(const session::Prompt& prompt, std::string_view preset) {

@@ -5,6 +5,8 @@
 #include "forms/drop_filter.h"
 #include "forms/empty_panel.h"
 #include "forms/field_widgets.h"
+#include "forms/name_editor.h"
+#include "forms/outcome_page.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 #include "forms/view_menu.h"
@@ -89,7 +91,8 @@ void SearchWindow::Build() {
     list_->setModel(model_);
     column->addWidget(MakeCriteriaPanel(session_.frmSearch));
     column->addWidget(MakePlayListBanner(session_.frmSearch));
-    column->addWidget(list_, 1);
+    place_ = new ListPlace(session_, gate_, *list_);
+    column->addWidget(place_, 1);
     column->addWidget(MakeActionBar(session_.frmSearch));
     counters_ = MakeCounterBar(session_.frmSearch);
     column->addWidget(counters_);
@@ -108,6 +111,9 @@ void SearchWindow::AddOwnEntries() {
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
     FillViewMenu(*menu_->Find("View"), *list_, *model_);
+    QAction* rename = actions->addAction("Rename &Here", this, [this] { RenameHere(); });
+    rename->setShortcut(QKeySequence(Qt::Key_F2));
+    rename->setObjectName("actRenameHere");
     QAction* exit = menu_->Find("File")->addAction("E&xit", this, [this] { close(); });
     exit->setShortcut(QKeySequence("Ctrl+Q"));
     const auto focusOn = [this](const char* key, const char* box) {
@@ -207,6 +213,27 @@ void SearchWindow::DragRows() {
     drag->exec(Qt::CopyAction);
 }
 
+// One object gets its new name in the list, several of them in the action window.
+void SearchWindow::RenameHere() {
+    const auto row = list_->CurrentRow();
+    bool hasOthers = session_.state.blnPlayListMode || !row || !CanEditName(session_, *row);
+    for (std::size_t i = 0; i < session_.rows->Count() && !hasOthers; ++i)
+        hasOthers = i != *row && list_->Selector().IsSelected(i);
+    if (hasOthers) {
+        const bool hasSelection = findChild<QPushButton*>("cmdRenameSelected")->isEnabled();
+        if (hasSelection) binder_->Click(session_.frmSearch.cmdRenameSelected);
+        return;
+    }
+    if (!list_->maySelect() || !list_->isVisible()) return;
+    EditName(*list_, session_, *row, [this](std::size_t at, const std::string& name) {
+        gate_.Run(&session_.frmSearch.lstMain, [&] {
+            session_.events.Raise(session_, "frmSearch.RenameInPlace",
+                                  {.index = static_cast<int>(at), .path = name});
+        });
+        list_->MoveTo(at, Qt::NoModifier);
+    });
+}
+
 // What others put on the clipboard takes the place of what was cut here.
 void SearchWindow::ShareClipboard() {
     session_.clipboard = &clipboard_;
@@ -220,11 +247,13 @@ void SearchWindow::ShareClipboard() {
 void SearchWindow::Flush() {
     binder_->Flush();
     SettleRows(*counters_);
+    SwitchActions(*this, session_.frmSearch);
     menu_->Refresh();
     ShowTitle();
     ShowProgress();
     ShowRows();
     ShowEmpty();
+    place_->Refresh();
     ShowSort();
     TakeMemory();
     ShowColumns();

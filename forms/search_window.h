@@ -21,6 +21,7 @@ namespace tarvix::forms {
 
 class ElidedLabel;
 class EmptyPanel;
+class ListPlace;
 
 // frmSearch: criteria, result list, selection and actions, counters and status.
 class SearchWindow : public QMainWindow, public View {
@@ -56,6 +57,7 @@ class SearchWindow : public QMainWindow, public View {
     void ActOnRow(bool (*act)(session::Session&, int), std::size_t row);
     void SortBy(int column);
     void DragRows();
+    void RenameHere();
     void ShowProgress();
     void ShowState();
     void KeepTime();
@@ -73,6 +75,7 @@ class SearchWindow : public QMainWindow, public View {
     ResultModel* model_ = nullptr;
     ResultView* list_ = nullptr;
     EmptyPanel* empty_ = nullptr;
+    ListPlace* place_ = nullptr; // of the list, or of what an action has done
     ElidedLabel* nativePath_ = nullptr;
     QProgressBar* busy_ = nullptr;
     QLabel* progress_ = nullptr; // what the bar counts

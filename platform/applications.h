@@ -103,6 +103,9 @@ class Applications {
     // Shows objects selected in their folder, in the desktop's file manager; where none takes
     // that, opens their folders. 53 when all are missing, 70 when nothing can show them.
     virtual Result<void> ShowInFolder(std::span<const std::string> paths) = 0;
+    // Shows the desktop's trash in its file manager; where none takes that, the folder of what this
+    // user's trash holds. 70 when nothing can show it, 76 when there is no trash yet.
+    virtual Result<void> ShowTrash() = 0;
     // Puts files at the end of the list of a player that runs and takes them over the session bus
     // (MPRIS), named as the program of `command`. False, and nothing was added, when there is none.
     // 70 when it takes only some.

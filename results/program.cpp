@@ -11,6 +11,7 @@ Program::Program(const platform::Platform& machine, session::PromptService& prom
     : session_(machine, prompts) {
     session_.rows = &rows_;
     session_.selection = &selection_;
+    session_.outcomes = &outcomes_;
     rows_.UseDetails(details_);
     fillEvents(session_.events);
 }

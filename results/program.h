@@ -1,5 +1,6 @@
 #pragma once
 
+#include "results/outcome_list.h"
 #include "results/result_list.h"
 #include "results/row_details.h"
 #include "results/selection.h"
@@ -21,6 +22,7 @@ class Program {
     session::Session& Session() { return session_; }
     ResultList& Rows() { return rows_; }
     results::Selection& Selection() { return selection_; }
+    OutcomeList& Outcomes() { return outcomes_; }
 
     // The load of the main window. `argument` is the one argument of the process: a folder, a file
     // or a list of locations, as drive or native path; empty for none.
@@ -31,6 +33,7 @@ class Program {
   private:
     ResultList rows_;
     results::Selection selection_;
+    OutcomeList outcomes_;
     session::Session session_;
     RowDetails details_{session_};
 };

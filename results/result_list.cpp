@@ -167,8 +167,22 @@ void ResultList::SetLinks(std::size_t index, LinkCells cells) {
     if (details_) details_->SetLinks(rows_[index], std::move(cells));
 }
 
+void ResultList::RenameFolder(const std::string& path, std::string_view name) {
+    const std::string before = path;
+    const std::string now = text::ParentFolderSlash(before) + std::string(name);
+    for (RowFolder& folder : folders_) {
+        std::string& listed = folder.longPath;
+        const bool isInside = listed.starts_with(before) &&
+                              (listed.size() == before.size() || listed[before.size()] == '\\');
+        if (!isInside) continue;
+        listed.replace(0, before.size(), now);
+        folder.mixedPath.clear();
+    }
+}
+
 void ResultList::Rename(std::size_t index, std::string_view name) {
     ResultRow& row = rows_[index];
+    if (row.isFolder) RenameFolder(row.folder->longPath, name);
     const char* const before = row.name.data();
     row.name = KeepName(name);
     if (details_) details_->Renamed(before, row.name.data());

@@ -106,7 +106,7 @@ class ResultList {
     // Appends an index to the entry text of a row, unless it holds it already.
     void AddSearchEntry(std::size_t index, std::string_view twoDigits);
 
-    // Gives an object of a row another name in the same folder.
+    // Gives an object of a row another name in the same folder; what lies in a folder goes with it.
     void Rename(std::size_t index, std::string_view name);
 
     // Row i becomes the one that stood at order[i].
@@ -147,6 +147,7 @@ class ResultList {
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
     std::string LengthCell(const ResultRow& row) const;
+    void RenameFolder(const std::string& path, std::string_view name);
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
     std::string_view KeepName(std::string_view name);
     void Replace(std::vector<ResultRow> rows);

@@ -39,7 +39,9 @@ void MarkGone(session::Session& session) {
         const std::string path = session.rows->FullPath(i);
         const auto look = session.files().LookAtSeen(
             {path, session.rows->SightingOf(row), platform::Same::kName});
-        SetMark(row, kGone, !look && IsMissing(look.error()));
+        const bool isGone = !look && IsMissing(look.error());
+        SetMark(row, kGone, isGone);
+        if (isGone) row.selected = false;
     }
 }
 

@@ -13,7 +13,8 @@ namespace tarvix::results {
 void MarkCut(session::Session& session);
 // No row is cut any more.
 void ClearCut(session::Session& session);
-// Marks those of the selected rows as gone at whose paths nothing stands any more.
+// Marks those of the selected rows as gone, and unselects them, at whose paths nothing stands any
+// more. The counters are the caller's to count anew.
 void MarkGone(session::Session& session);
 
 } // namespace tarvix::results

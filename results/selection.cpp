@@ -205,6 +205,8 @@ void ClearList(session::Session& session) {
           &form.mnuTools_NewSearchFor}) {
         entry->Enabled = false;
     }
+    session.forms.frmOutcome.Hide();
+    form.cmdOutcome.Visible = false;
     form.lblStatus.Caption = "";
     session.Yield();
 }

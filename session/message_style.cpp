@@ -11,13 +11,16 @@
 namespace tarvix::session {
 
 namespace {
-constexpr std::array<std::pair<int, std::string_view>, 7> kCaptions{{{kOk, "OK"},
-                                                                     {kCancel, "Cancel"},
-                                                                     {kAbort, "Abort"},
-                                                                     {kRetry, "Retry"},
-                                                                     {kIgnore, "Ignore"},
-                                                                     {kYes, "Yes"},
-                                                                     {kNo, "No"}}};
+constexpr std::array<std::pair<int, std::string_view>, 9> kCaptions{
+    {{kOk, "OK"},
+     {kCancel, "Cancel"},
+     {kAbort, "Abort"},
+     {kRetry, "Retry"},
+     {kIgnore, "Ignore"},
+     {kYes, "Yes"},
+     {kNo, "No"},
+     {kSkipAll, "Skip All Like This"},
+     {kStopAll, "Stop"}}};
 constexpr int kButtons = 7;  // the bits of a style that tell its buttons
 constexpr int kDefaults = 3; // of its default button, counted from 0
 } // namespace

@@ -18,6 +18,9 @@ struct Prompt {
     // empty where the text says it plainly.
     std::string plain;
     std::string folder; // where a picker begins, in drive form; empty for where the last one ended
+    std::string verb;   // what a window's button that goes ahead says; empty for its usual word
+    // About one of many objects: it may be answered kSkipAll and kStopAll, too.
+    bool isInLoop = false;
 };
 
 } // namespace tarvix::session

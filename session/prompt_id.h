@@ -75,6 +75,7 @@ enum class PromptId : std::uint8_t {
     kDestinationIsFile,
     kDestinationHasMarks,
     kDestinationNoPath,
+    kDestinationRefuses,
     kNamePartInvalid,
     kDestinationOneCharacter,
     kFirstPlaceUnshortened,

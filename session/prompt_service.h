@@ -14,7 +14,19 @@ namespace tarvix::session {
 struct Session;
 
 // Answers of a message box, numbered as the routines test them.
-enum Answer : int { kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7 };
+enum Answer : int {
+    kOk = 1,
+    kCancel = 2,
+    kAbort = 3,
+    kRetry = 4,
+    kIgnore = 5,
+    kYes = 6,
+    kNo = 7,
+    // Of a question about one of many objects: skips this one and all with the same trouble, or
+    // ends the action. The routine that asks is given an answer of its style instead.
+    kSkipAll = 8,
+    kStopAll = 9,
+};
 
 // The parts of a style number: buttons + icon + default button.
 enum Style : int {

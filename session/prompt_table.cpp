@@ -104,6 +104,7 @@ constexpr auto kPrompts = std::to_array<PromptFacts>({
     Notice(Id::kDestinationIsFile),
     Notice(Id::kDestinationHasMarks),
     Notice(Id::kDestinationNoPath),
+    Notice(Id::kDestinationRefuses, kExclamation),
     Notice(Id::kNamePartInvalid),
     Notice(Id::kDestinationOneCharacter),
     Notice(Id::kFirstPlaceUnshortened, kCritical),

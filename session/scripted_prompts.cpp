@@ -120,7 +120,8 @@ int ScriptedPrompts::MsgBox(const Prompt& prompt) {
     const std::size_t record = Note(prompt, PromptKind::kMessage);
     const auto given = Take(record);
     const auto answer = given ? AnswerOf(*given) : SafeAnswer(prompt.style);
-    if (!answer || std::ranges::count(ButtonsOf(prompt.style), *answer) == 0) {
+    const bool isForAll = prompt.isInLoop && (answer == kSkipAll || answer == kStopAll);
+    if (!answer || (!isForAll && std::ranges::count(ButtonsOf(prompt.style), *answer) == 0)) {
         Misanswered(record, fmt::format("The prompt has no button \"{}\". Its buttons are: {}.",
                                         given.value_or(""), ButtonNames(prompt.style)));
     }

@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 #include "platform/names.h"
 #include "platform/native_paths.h"
+#include "session/action_log.h"
 #include "session/input_recorder.h"
 #include "session/message_style.h"
 #include "session/prompt_table.h"
@@ -86,12 +87,32 @@ PromptService& Session::Asked() {
     return standIn ? *standIn : prompts;
 }
 
-int Session::MsgBox(PromptId id, std::string_view text, std::string_view plain) {
+int Session::MsgBox(PromptId id, std::string_view text, std::string_view plain,
+                    std::string_view verb) {
     Prompt prompt = PromptOf(id, text);
     prompt.plain = plain;
+    prompt.verb = verb;
+    if (state.loop.Covers(id)) return AskInLoop(prompt);
     const int answer = Asked().MsgBox(prompt);
     Noted(std::string(CaptionOf(answer)));
     return answer;
+}
+
+int Session::AskInLoop(Prompt& prompt) {
+    const int error = IsOfAnError(prompt.id) ? state.lngErrNumber : 0;
+    if (state.loop.IsSkipped(prompt.id, error)) return SkipAnswer(prompt.id);
+    prompt.isInLoop = true;
+    const int answer = Asked().MsgBox(prompt);
+    Noted(std::string(CaptionOf(answer)));
+    if (answer == kSkipAll) {
+        state.loop.SkipAll(prompt.id, error);
+        LogTimed(*this, " User selected to skip all objects with the same trouble.");
+        return SkipAnswer(prompt.id);
+    }
+    if (answer != kStopAll) return answer;
+    state.blnStopAction = true;
+    LogTimed(*this, " User selected to stop the action.");
+    return StopAnswer(prompt.id);
 }
 
 std::string Session::Noted(std::string answer) {

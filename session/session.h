@@ -17,6 +17,7 @@
 #include <string_view>
 
 namespace tarvix::results {
+class OutcomeList;
 class ResultList;
 struct Selection;
 } // namespace tarvix::results
@@ -54,6 +55,7 @@ struct Session {
     // Owned by the program; set before the first event.
     results::ResultList* rows = nullptr;
     results::Selection* selection = nullptr;
+    results::OutcomeList* outcomes = nullptr; // null: nobody looks at them
     // Visible columns, by their index.
     std::array<bool, kVisibilityCount>& blnListItems = state.options.blnListItems;
 
@@ -83,8 +85,11 @@ struct Session {
 
     // The prompts of the table, with its style and title. `MsgBox` gives the button that was
     // pressed, the pickers a path in drive form, or nothing when the user cancelled.
-    // `plain` leads a window's box where the text speaks of routines; scripts have the text.
-    int MsgBox(PromptId id, std::string_view text, std::string_view plain = {});
+    // `plain` leads a window's box where the text speaks of routines; scripts have the text. `verb`
+    // is what its button that goes ahead says. In a loop over objects, what was answered for all
+    // like this is not asked again.
+    int MsgBox(PromptId id, std::string_view text, std::string_view plain = {},
+               std::string_view verb = {});
     // Shows the form of that prompt, and returns when it hides.
     void ShowModal(PromptId id);
     // `start` is where the picker begins, in drive form; empty for where the last one ended.
@@ -96,6 +101,7 @@ struct Session {
 
   private:
     PromptService& Asked();
+    int AskInLoop(Prompt& prompt);
     // Notes the answer for whoever records, unless nobody was asked.
     std::string Noted(std::string answer);
 

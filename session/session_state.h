@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/left_out.h"
+#include "session/object_loop.h"
 #include "session/settings/options.h"
 #include "session/settings/platform_settings.h"
 #include "session/unread.h"
@@ -117,6 +118,8 @@ struct SessionState {
     bool blnActionCancelled = false;
     bool blnRecycling = false;     // only the stop button acts meanwhile
     bool blnStopAction = false;    // takes effect at the next object
+    bool blnStopNow = false;       // the same, in the middle of a copy too
+    ObjectLoop loop;               // while an action goes from object to object
     bool blnErrorOccurred = false; // an object of the action failed in a way that was recorded
     ActionTotals lastAction;
     // What the report of a Special Rule names; they stay until another takes their place.

@@ -166,10 +166,6 @@ constexpr bool IsInOrder() {
 }
 static_assert(IsInOrder(), "the rows stand in the order of the wordings");
 
-bool IsHere(const Session& session) {
-    return session.platform.traits.hasNativePaths && session.state.platformSettings.showsNative;
-}
-
 struct Title {
     PromptId id;
     std::string_view title;
@@ -188,18 +184,22 @@ constexpr std::array kTitles{
 
 } // namespace
 
+bool SpeaksPlainly(const Session& session) {
+    return session.platform.traits.hasNativePaths && session.state.platformSettings.showsNative;
+}
+
 std::string_view Told(Wording wording) {
     return kWords[static_cast<std::size_t>(wording)].told;
 }
 
 std::string_view Worded(const Session& session, Wording wording) {
     const Words& words = kWords[static_cast<std::size_t>(wording)];
-    return IsHere(session) ? words.here : words.told;
+    return SpeaksPlainly(session) ? words.here : words.told;
 }
 
 std::string WordedDate(const Session& session, const text::DateTime& date) {
-    return IsHere(session) ? text::FormatDate(date, "yyyy/mm/dd hh:mm:ss")
-                           : text::DefaultDateText(date);
+    return SpeaksPlainly(session) ? text::FormatDate(date, "yyyy/mm/dd hh:mm:ss")
+                                  : text::DefaultDateText(date);
 }
 
 std::string_view WindowTitle(PromptId id, std::string_view title) {

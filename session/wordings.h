@@ -47,6 +47,9 @@ enum class Wording : std::uint8_t {
     kEnd
 };
 
+// Whether this machine's own words count: people are shown native paths on one that has them.
+bool SpeaksPlainly(const Session& session);
+
 // The told words.
 std::string_view Told(Wording wording);
 // What counts on this machine: the told words, unless people are shown native paths on one that has

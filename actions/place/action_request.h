@@ -35,6 +35,7 @@ struct RenameRequest {
     std::string add;
     bool addsAtEnd = true;
     NamePortion portion = NamePortion::kPrefix;
+    std::string given; // the whole new name of one object, in place of all that
 };
 
 struct ActionRequest {

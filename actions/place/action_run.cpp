@@ -10,7 +10,7 @@ ActionRun::ActionRun(session::Session& session, const ActionRequest& actionReque
       bytOverrideAnswer(session.forms.frmOverrideDialog.Answer),
       observer([&session](const platform::CopyProgress&) {
           session.Yield();
-          return true;
+          return !session.state.blnStopNow;
       }) {
     for (const platform::DriveInfo& drive : session.files().Drives()) {
         if (drive.type == platform::DriveType::kCdRom) strCDDrives.push_back(drive.path);

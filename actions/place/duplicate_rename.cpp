@@ -157,6 +157,27 @@ Outcome RenameObjForDuplicate(Session& session, ActionRun& run, const Clash& cla
     return outcome;
 }
 
+std::string NameBeside(Session& session, const ActionRequest& request, std::string_view destination,
+                       bool isFile) {
+    constexpr int kMostTried = 100;
+    const bool dependsOnName = request.way == Way::kSpecialRule || request.prefixesFolders ||
+                               request.strAction == "CopyRenameAsFolderName";
+    if (request.renameText.empty() || dependsOnName) return {};
+    const std::string folder = text::ParentFolderSlash(destination);
+    const std::string_view name = text::FolderOwnName(destination);
+    const NameParts parts = isFile ? SplitPrefixAndExtension(name) : NameParts{name, {}};
+    for (int count = 1; count <= kMostTried; ++count) {
+        std::string path = folder + NewName(request, parts.strPrefix, count);
+        if (!parts.strExtension.empty()) path.append(".").append(parts.strExtension);
+        path = CleanedDestination(path);
+        if (session::ExceedsLimit(session, path, session::kLongPath)) return {};
+        if (platform::WhatStands(session.files(), path).IsFree()) {
+            return std::string(text::FolderOwnName(path));
+        }
+    }
+    return {};
+}
+
 std::optional<Outcome> KeepApart(Session& session, ActionRun& run, const Clash& clash) {
     if (!run.placed.contains(text::Upper(clash.destination))) return std::nullopt;
     session::LogTimed(session, fmt::format(" {} was placed by this action, so {} gets a name of "

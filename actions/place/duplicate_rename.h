@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tarvix::session {
@@ -9,6 +10,7 @@ struct Session;
 
 namespace tarvix::actions {
 
+struct ActionRequest;
 struct ActionRun;
 struct Clash;
 struct Object;
@@ -21,6 +23,10 @@ std::optional<Outcome> KeepApart(session::Session& session, ActionRun& run, cons
 // Places the object in hand beside the duplicate of it, under its name with the request's text
 // added, as many times as it takes to find a free name. Nothing without a text to add.
 Outcome RenameObjForDuplicate(session::Session& session, ActionRun& run, const Clash& clash);
+
+// The name that it would get there; empty where that can't be told beforehand, or there is none.
+std::string NameBeside(session::Session& session, const ActionRequest& request,
+                       std::string_view destination, bool isFile);
 
 // The same rule for an object that is renamed in place: gives it a free name made from that of
 // `destination`, in its folder.

@@ -21,6 +21,7 @@ enum class OutcomeKind : std::uint8_t {
     kUnchanged,     // a name in which the rename finds nothing to do
     kLeftAlone,     // for another reason, that was told or logged
     kChanged,       // not what the search saw, so left as it is
+    kStopped,       // the user ended the action in the middle of it; nothing was done
     kFailed,
 };
 
@@ -43,6 +44,8 @@ class OutcomeSink {
     virtual ~OutcomeSink() = default;
     // Called for each outcome, once the totals have it.
     virtual void Settled(const Outcome& outcome) = 0;
+    // Whether nothing is really done, and nobody is asked.
+    virtual bool IsRehearsal() const { return true; }
 };
 
 } // namespace tarvix::actions

@@ -74,7 +74,9 @@ Outcome Placing::Result() {
                     .errorNumber = errorNumber_,
                     .error = std::move(error_)};
     if (isDone_) outcome.strDestination = std::move(destination_);
-    if (isChanged_) {
+    if (isStopped_ && !isDone_) {
+        outcome.kind = OutcomeKind::kStopped;
+    } else if (isChanged_) {
         outcome.kind = OutcomeKind::kChanged;
     } else if (hasFailed_) {
         outcome.kind = OutcomeKind::kFailed;

@@ -87,11 +87,16 @@ class Placing {
         return false;
     }
     void Fail(const platform::PlatformError& error);
+    bool IsStop(const platform::PlatformError& error) const {
+        return error.number == platform::kInterrupted && session_.state.blnStopNow;
+    }
     // The object isn't what the search saw: it stays, and is told of at the end of the action.
     void NoteChanged();
     std::optional<int> OwnRule(const platform::PlatformError& error);
     // 58: what stands there may have come just now.
     std::optional<int> LeaveTaken();
+    // 18: the user wants no end of the copy in hand.
+    std::optional<int> LeaveStopped();
     // 76, first time: the folder may be missing.
     std::optional<int> MakePathOnce();
     void TellDeepFolder(bool isThere) const;
@@ -100,8 +105,11 @@ class Placing {
     // A statement of the forced road: its errors have no second chance.
     template <class Statement>
     bool Force(Statement&& statement) {
-        const auto done = session::Attempt(session_, Context(), statement);
-        if (!done) Fail(done.result.error());
+        const auto done = session::Attempt(session_, Context(), statement,
+                                           [this](const platform::PlatformError& error) {
+                                               return IsStop(error) ? LeaveStopped() : std::nullopt;
+                                           });
+        if (!done && !isStopped_) Fail(done.result.error());
         return static_cast<bool>(done);
     }
     bool ForceCopyThere();
@@ -139,6 +147,7 @@ class Placing {
     int errorNumber_ = 0;
     bool isTaken_ = false;
     bool isChanged_ = false;
+    bool isStopped_ = false;
     std::string error_;
 };
 

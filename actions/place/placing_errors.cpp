@@ -43,6 +43,7 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
         session::LogTimed(session_, " " + error_);
         return session::kRecoveryLeave;
     }
+    if (IsStop(error)) return LeaveStopped();
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
@@ -53,6 +54,15 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
         return MakePathOnce();
     }
     return std::nullopt;
+}
+
+std::optional<int> Placing::LeaveStopped() {
+    isStopped_ = isSettled_ = true;
+    session::LogTimed(session_,
+                      fmt::format(" User stopped in the middle of {}, nothing of it was "
+                                  "left at {}",
+                                  session_.Shown(object_.path), session_.Shown(destination_)));
+    return session::kRecoveryLeave;
 }
 
 std::optional<int> Placing::LeaveTaken() {

@@ -130,8 +130,9 @@ Override OverrideRecycleFailure(Session& session, const RecycleEntry& entry, std
 class RecycleRun {
   public:
     RecycleRun(Session& session, const std::vector<RecycleEntry>& queue, bool blnNoPrompt,
-               const RecycleObserver& observer)
-        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer) {
+               const RecycleObserver& observer, const RecycleSettled& settled)
+        : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer),
+          settled_(settled) {
         objects_.reserve(queue.size());
         for (const RecycleEntry& entry : queue)
             objects_.push_back(entry.Seen());
@@ -142,7 +143,8 @@ class RecycleRun {
             const auto sent = Send();
             const std::size_t reached = sent ? objects_.size() : tried_;
             outcome_.gone += reached - first_;
-            first_ = reached;
+            for (; first_ < reached; ++first_)
+                Tell(first_, RecycleEnd::kRecycled);
             if (!sent && !outcome_.blnStopped) SettleFailed(sent.error());
         }
         return outcome_;
@@ -168,7 +170,7 @@ class RecycleRun {
         if (error.number == platform::kChangedSinceSearch) return NoteChanged(entry);
         if (!IsThere(session_, entry)) {
             ++outcome_.gone;
-            return;
+            return Tell(first_ - 1, RecycleEnd::kWasGone);
         }
         const bool isQueue = objects_.size() > 1;
         outcome_.blnPartial = outcome_.blnPartial || isQueue;
@@ -184,10 +186,16 @@ class RecycleRun {
         outcome_.deleted += isDeleted ? 1 : 0;
         ++(isDeleted ? outcome_.gone : outcome_.failed);
         if (!isDeleted && outcome_.errors.size() < kMostErrors) outcome_.errors.push_back(why);
+        Tell(first_ - 1, isDeleted ? RecycleEnd::kDeleted : RecycleEnd::kFailed, &error);
+    }
+
+    void Tell(std::size_t place, RecycleEnd end, const platform::PlatformError* error = nullptr) {
+        if (settled_) settled_(place, end, error);
     }
 
     void NoteChanged(const RecycleEntry& entry) {
         outcome_.changed.push_back(first_ - 1);
+        Tell(first_ - 1, RecycleEnd::kChanged);
         session::LogTimed(session_, " " + ChangedText(session_, entry.strPath));
     }
 
@@ -195,6 +203,7 @@ class RecycleRun {
     const std::vector<RecycleEntry>& queue_;
     bool noPrompt_;
     const RecycleObserver& observer_;
+    const RecycleSettled& settled_;
     std::vector<platform::SeenObject> objects_;
     std::size_t first_ = 0;
     std::size_t tried_ = 0; // the entry that the trash had in hand
@@ -204,8 +213,9 @@ class RecycleRun {
 } // namespace
 
 RecycleOutcome RecycleObjects(Session& session, const std::vector<RecycleEntry>& queue,
-                              bool blnNoPrompt, const RecycleObserver& observer) {
-    return RecycleRun(session, queue, blnNoPrompt, observer).Run();
+                              bool blnNoPrompt, const RecycleObserver& observer,
+                              const RecycleSettled& settled) {
+    return RecycleRun(session, queue, blnNoPrompt, observer, settled).Run();
 }
 
 bool RecycleOne(Session& session, std::string_view path) {

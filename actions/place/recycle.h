@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/error.h"
 #include "platform/seen_object.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -30,6 +32,19 @@ struct RecycleEntry {
 // Told how many objects of the queue are behind it; false stops before the next one.
 using RecycleObserver = std::function<bool(std::size_t done)>;
 
+// What became of one entry of the queue.
+enum class RecycleEnd : std::uint8_t {
+    kRecycled,
+    kWasGone, // when it was its turn: with its folder, or by others
+    kDeleted, // for good, because the user said so
+    kFailed,
+    kChanged, // not what was seen; it stays
+};
+// Told each of them with its place in the queue, and of a failure the error; else that is null.
+// Entries that were not come to are not told.
+using RecycleSettled =
+    std::function<void(std::size_t place, RecycleEnd end, const platform::PlatformError* error)>;
+
 struct RecycleOutcome {
     std::size_t gone = 0;    // recycled, or deleted because the user said so
     std::size_t deleted = 0; // of these, those that were deleted for good
@@ -48,7 +63,8 @@ struct RecycleOutcome {
 // there is asked about by its own prompt, or with `blnNoPrompt` stays; the rest goes on. Objects
 // that left with a folder of the same queue are no failure.
 RecycleOutcome RecycleObjects(session::Session& session, const std::vector<RecycleEntry>& queue,
-                              bool blnNoPrompt, const RecycleObserver& observer = {});
+                              bool blnNoPrompt, const RecycleObserver& observer = {},
+                              const RecycleSettled& settled = {});
 // The same for one object that nobody is asked about; gives whether it is gone.
 bool RecycleOne(session::Session& session, std::string_view path);
 // The same for an object of the selection, as far as it must be the one that the search saw.

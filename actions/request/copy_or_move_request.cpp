@@ -5,6 +5,7 @@
 #include "actions/request/multi_paths.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/duplicate_dispatch.h"
+#include "actions/run/figures.h"
 #include "actions/run/report.h"
 #include "platform/dir.h"
 #include "results/selection.h"
@@ -13,6 +14,7 @@
 #include "session/remembered/histories.h"
 #include "session/session.h"
 #include "text/characters.h"
+#include "text/paths.h"
 
 #include <fmt/core.h>
 
@@ -39,8 +41,7 @@ bool CheckUpFolderTree(Session& session, const ActionRequest& request) {
 bool CheckSpecialRule(Session& session, const ActionRequest& request, std::string& warnings) {
     if (!IsPath(session, request, request.typed)) return false;
     if (!request.rule) {
-        session.MsgBox(PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
-        BackToWindow(session);
+        Refuse(session, PromptId::kRuleInvalid, ValidateSpecialRule(request.typed).error());
         return false;
     }
     if (text::Length(request.typed) < 2) {
@@ -93,6 +94,35 @@ bool CheckPlace(Session& session, const ActionRequest& request, const std::strin
     return true;
 }
 
+// The folder itself or, where it is still to be made, the nearest above it; empty for none.
+std::string StandingFolder(Session& session, std::string folder) {
+    while (!folder.empty()) {
+        const auto facts = session.files().Facts(folder);
+        if (facts) return facts->IsFolder() ? folder : std::string();
+        std::string above(text::GetParentFolderName(folder));
+        if (above == folder) break;
+        folder = std::move(above);
+    }
+    return {};
+}
+
+// One question before the loop in place of one for each object. Who only reads what became of them
+// is told that of each.
+bool TakesObjects(Session& session, const ActionRequest& request, const std::string& place) {
+    const bool isPlace = request.structure != Structure::kDriveMirror;
+    if (!isPlace || !session.prompts.PrefersForms()) return true;
+    const std::string folder = StandingFolder(session, place);
+    const auto may =
+        folder.empty() ? platform::Result<void>() : session.files().Foresee().MayAddTo(folder);
+    if (may || may.error().number != platform::kPermissionDenied) return true;
+    Refuse(session, PromptId::kDestinationRefuses,
+           fmt::format("Nothing can be put into {}.\r\n\r\n{}\r\n\r\nNothing was {}. Choose "
+                       "another folder, or change the rights of this one.",
+                       session.Shown(place), session.Shown(may.error()),
+                       request.isMove ? "moved" : "copied"));
+    return false;
+}
+
 bool CheckLocations(Session& session, ActionRun& run) {
     const ActionRequest& request = run.request;
     if (request.typed.find_first_of("*|") != std::string::npos) {
@@ -108,7 +138,11 @@ bool CheckLocations(Session& session, ActionRun& run) {
     for (std::size_t i = 1; isMultiple && i < request.strMultiPath.size(); ++i) {
         if (!CheckPlace(session, request, request.strMultiPath[i])) return false;
     }
-    return true;
+    const bool isOne = request.way == Way::kOneLocation;
+    if (isOne) return TakesObjects(session, request, request.typed);
+    return !isMultiple || std::ranges::all_of(request.strMultiPath, [&](const std::string& each) {
+        return TakesObjects(session, request, each);
+    });
 }
 
 std::string Question(const Session& session, const ActionRequest& request) {
@@ -139,6 +173,38 @@ std::string Question(const Session& session, const ActionRequest& request) {
                        request.heading, typed, structure);
 }
 
+std::string PlainPlace(const Session& session, const ActionRequest& request) {
+    const std::string typed = session.Shown(request.typed);
+    switch (request.way) {
+    case Way::kMultipleLocations:
+        return request.strMultiPath.size() == 1
+                   ? " to " + session.Shown(request.strMultiPath.front())
+                   : fmt::format(" to each of {} folders", request.strMultiPath.size());
+    case Way::kUpFolderTree:
+        return " up " + Counted(request.levels, "folder");
+    case Way::kSpecialRule:
+        return " by the rule " + typed;
+    case Way::kOneLocation:
+        break;
+    }
+    return " to " + typed;
+}
+
+std::string DeedText(const Session& session, const ActionRequest& request) {
+    return fmt::format("{} {}", request.isMove ? "Move" : "Copy",
+                       Counted(session.selection->lngSelTop + 1, "object"));
+}
+
+// "Copy 391 objects to ~/Backup?"
+std::string PlainQuestion(const Session& session, const ActionRequest& request) {
+    const auto structure = static_cast<std::size_t>(request.structure);
+    std::string told = DeedText(session, request) + PlainPlace(session, request) + "?";
+    if (structure > 0) {
+        told += fmt::format("\r\n\r\nFolder structure: {}.", strStructureName[structure]);
+    }
+    return told;
+}
+
 void LogStart(Session& session, const ActionRequest& request) {
     session::LogTimed(session, fmt::format(" User selected to {}objects to folder: {} Using {}",
                                            request.strAction, session.Shown(request.typed),
@@ -149,8 +215,10 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
     const ActionRequest& request = run.request;
     const auto id =
         warnings.empty() ? PromptId::kConfirmCopyOrMove : PromptId::kConfirmCopyOrMoveWarned;
-    if (!Confirm(session, id, warnings + Question(session, request)))
+    if (!Confirm(session, id, warnings + Question(session, request),
+                 {warnings + PlainQuestion(session, request), DeedText(session, request)})) {
         return ReportActionResult(session, run);
+    }
     if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
     if (request.way == Way::kSpecialRule) {
         session.state.strFailedPosition.clear();

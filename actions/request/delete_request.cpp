@@ -4,8 +4,12 @@
 #include "actions/place/object.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
+#include "actions/request/outcome_page.h"
 #include "actions/run/changed_objects.h"
+#include "actions/run/figures.h"
+#include "actions/run/outcome_recorder.h"
 #include "platform/clock.h"
+#include "results/outcome_list.h"
 #include "results/row_marks.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
@@ -20,6 +24,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace tarvix::actions {
 
@@ -37,14 +42,35 @@ bool NeedsWarning(Session& session) {
     return (!form.optFilesVsDirs[4].Value && folders > 1) || (files >= 1 && folders == 1);
 }
 
+// "Move 4 files (40 kB) and 2 folders to the trash?"
+std::string DeleteQuestion(const results::Selection& selection) {
+    const auto& isFile = selection.blnSelIsFile;
+    const auto files = static_cast<std::int64_t>(std::ranges::count(isFile, true));
+    const auto folders = static_cast<std::int64_t>(std::ranges::count(isFile, false));
+    std::string told = "Move ";
+    if (files > 0) {
+        told += fmt::format("{} ({})", Counted(files, "file"),
+                            SizeText(static_cast<double>(selection.lngSelBytes)));
+    }
+    if (folders > 0) told += (files > 0 ? " and " : "") + Counted(folders, "folder");
+    told += " to the trash?";
+    if (folders > 0) {
+        told += fmt::format("\r\n\r\n{} with all that {} in {}.",
+                            folders == 1 ? "The folder goes" : "The folders go", "is",
+                            folders == 1 ? "it" : "them");
+    }
+    return told;
+}
+
 bool Confirm(Session& session) {
     const bool isWarned = NeedsWarning(session);
     const auto id = isWarned ? PromptId::kConfirmDeleteWarned : PromptId::kConfirmDelete;
     const std::string_view warning =
         isWarned ? session::Worded(session, session::Wording::kReallyDelete) : "";
-    return session.MsgBox(
-               id, text::Concat(
-                       {warning, session::Worded(session, session::Wording::kConfirmDelete)})) ==
+    const std::string told =
+        text::Concat({warning, session::Worded(session, session::Wording::kConfirmDelete)});
+    if (!session::SpeaksPlainly(session)) return session.MsgBox(id, told) == session::kYes;
+    return session.MsgBox(id, told, DeleteQuestion(*session.selection), "Move to Trash") ==
            session::kYes;
 }
 
@@ -110,8 +136,8 @@ class RecyclingShown {
 // One deletion, between its confirmation and its report.
 class Deletion {
   public:
-    Deletion(Session& session, const ActionRequest& request)
-        : session_(session), run_(session, request) {
+    Deletion(Session& session, const ActionRequest& request, OutcomeRecorder* recorder)
+        : session_(session), run_(session, request, recorder), recorder_(recorder) {
         run_.same = platform::Same::kContent;
     }
 
@@ -127,18 +153,21 @@ class Deletion {
     bool Delete(const std::vector<ChangedObject>& objects);
     bool BuildQueue(const std::vector<ChangedObject>& objects, Queued& queue);
     void QueueOne(std::size_t index, Queued& queue);
+    void LeaveAlone(std::size_t index, results::OutcomeMark mark);
     void RecycleQueue(const Queued& queue);
     void Count(const Queued& queue, const RecycleOutcome& outcome);
     bool WasCancelled() const;
 
     Session& session_;
     ActionRun run_;
+    OutcomeRecorder* recorder_;          // may be null
     std::vector<ChangedObject> changed_; // not what the search saw
     platform::ManyChanges many_{session_.files()};
 };
 
 void Deletion::Run() {
     const auto count = static_cast<std::size_t>(session_.selection->lngSelTop + 1);
+    const session::InLoop inLoop(session_, session_.selection->lngSelTop + 1);
     std::vector<ChangedObject> objects(count);
     session_.state.lastAction.wanted = session_.selection->lngSelTop + 1;
     for (std::size_t index = 0; index < count; ++index)
@@ -184,19 +213,18 @@ bool Deletion::BuildQueue(const std::vector<ChangedObject>& objects, Queued& que
 void Deletion::QueueOne(std::size_t index, Queued& queue) {
     const Object object = ObjectAt(*session_.selection, index);
     run_.leftParts.RemoveAround(session_, object.actual);
-    auto& skipped = session_.state.lastAction.skipped;
     const Protection found = CheckSystemHidden(session_, run_, object, false);
     if (found.IsChanged()) {
         changed_.push_back({index});
     } else if (found.isProtected) {
         session::LogTimed(session_,
                           text::Concat({" User skipped delete of ", session_.Shown(object.path)}));
-        ++skipped;
+        LeaveAlone(index, results::OutcomeMark::kProtected);
     } else if (session::IsRecycleBin(object.path)) {
         session::LogTimed(session_, fmt::format(" Skipped delete of {}. Because it is the Recycle "
                                                 "Bin.",
                                                 session_.Shown(object.path)));
-        ++skipped;
+        LeaveAlone(index, results::OutcomeMark::kLeftAlone);
     } else {
         queue.entries.push_back(
             {std::string(object.actual), std::string(object.path), object.sighting, run_.same});
@@ -204,6 +232,11 @@ void Deletion::QueueOne(std::size_t index, Queued& queue) {
         session::LogTimed(session_, text::Concat({" ", session_.Shown(object.path),
                                                   " is queued for the recycle bin."}));
     }
+}
+
+void Deletion::LeaveAlone(std::size_t index, results::OutcomeMark mark) {
+    ++session_.state.lastAction.skipped;
+    if (recorder_ != nullptr) recorder_->LeftAlone(index, mark);
 }
 
 void Deletion::RecycleQueue(const Queued& queue) {
@@ -216,7 +249,10 @@ void Deletion::RecycleQueue(const Queued& queue) {
     session_.Repaint();
     RecyclingShown shown(session_, queue.entries.size());
     const RecycleOutcome outcome = RecycleObjects(
-        session_, queue.entries, false, [&shown](std::size_t done) { return shown.Step(done); });
+        session_, queue.entries, false, [&shown](std::size_t done) { return shown.Step(done); },
+        [&](std::size_t place, RecycleEnd end, const platform::PlatformError* error) {
+            if (recorder_ != nullptr) recorder_->Recycled(queue.indexes[place], end, error);
+        });
     Count(queue, outcome);
     if (session_.state.blnStopAction) {
         session::LogTimed(session_, " User stopped the delete of the objects.");
@@ -250,7 +286,11 @@ void DeleteSelection(Session& session) {
                       " User selected to delete all selected objects to the recycle bin at start.");
     const StopButton stoppable(session);
     const ActionRequest request{.strAction = session.state.strAction};
-    Deletion(session, request).Run();
+    std::optional<OutcomeRecorder> recorder;
+    const bool isLookedAt = session.outcomes != nullptr && !session.state.IsBatch() &&
+                            !session.state.blnRepeatDeleteEmpty;
+    if (isLookedAt) recorder.emplace(session, request);
+    Deletion(session, request, recorder ? &*recorder : nullptr).Run();
 }
 
 } // namespace
@@ -272,13 +312,15 @@ void cmdDeleteSelected_Click(Session& session) {
         state.blnActionCancelled = true;
         return;
     }
+    const OutcomeWatch watch(session);
     DeleteSelection(session);
     session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
     if (state.blnRepeatDeleteEmpty) return;
     state.blnRepeatRequested = state.blnRedoNow = true;
-    results::CountSelection(session);
     results::MarkGone(session);
+    results::CountSelection(session);
     session.events.Raise(session, "frmSearch.Form_Activate");
+    OfferOutcome(session, watch);
 }
 
 // Keeps what was answered for all from one object to the next.

@@ -78,6 +78,9 @@ void optTo_Click(Session& session, const EventArgs& args) {
     }
     ResetDuplicateChoice(session);
     ShowDestinationFields(session);
+    const std::array<fields::Control*, 4> revealed{&form.cmbDir, &form.filMultiPath,
+                                                   &form.txtFolderTree, &form.cmbDir};
+    form.Focus = revealed[static_cast<std::size_t>(args.index)];
 }
 
 void cmbDir_Change(Session& session) {
@@ -144,7 +147,11 @@ void AddDuplicateEvents(session::EventTable& events) {
         events.On("frmDialog." + (names.*box).Name() + "_Click",
                   [box](Session& session, const EventArgs&) {
                       const CheckBox& clicked = session.frmDialog.*box;
-                      if (clicked.Value == 1) return ChooseDuplicate(session, clicked);
+                      if (clicked.Value == 1) ChooseDuplicate(session, clicked);
+                      if (&clicked == &session.frmDialog.chkRename && clicked.Value == 1) {
+                          session.frmDialog.Focus = &session.frmDialog.txtRename;
+                      }
+                      if (clicked.Value == 1) return;
                       ShowDuplicateFields(session);
                   });
     }
@@ -216,7 +223,11 @@ void AddDestinationEvents(session::EventTable& events) {
     events.On("frmDialog.cmdBrowse_Click", cmdBrowse_Click);
     AddDuplicateEvents(events);
     AddOneOfTwo(events, &FrmDialog::chkRenameBeg, &FrmDialog::chkRenameEnd, ShowDuplicateFields);
-    AddOneOfTwo(events, &FrmDialog::chkFindReplace, &FrmDialog::chkAdd, ShowRenameFields);
+    AddOneOfTwo(events, &FrmDialog::chkFindReplace, &FrmDialog::chkAdd, [](Session& session) {
+        FrmDialog& form = session.frmDialog;
+        ShowRenameFields(session);
+        form.Focus = form.chkAdd.Value == 1 ? &form.txtAdd : &form.txtFind;
+    });
     AddOneOfTwo(events, &FrmDialog::chkAddBeg, &FrmDialog::chkAddEnd, ShowRenameFields);
 }
 

@@ -227,6 +227,7 @@ void ShowBusy(Session& session, bool busy) {
     }
     form.optTo.SetEnabled(!busy);
     form.lblBusy.Visible = busy;
+    form.cmdStop.Caption = "Stop";
     form.cmdStop.Visible = busy;
 }
 

@@ -6,6 +6,7 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/request/other_requests.h"
 #include "actions/request/read_request.h"
+#include "actions/run/outcome_recorder.h"
 #include "platform/native_paths.h"
 #include "results/selection.h"
 #include "session/paths/env_variables.h"
@@ -22,6 +23,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -149,6 +151,9 @@ void PressOk(Session& session, const fields::FrmDialog& form, OutcomeSink* sink)
     typed.ExpandVariables();
     const ActionRequest request =
         ReadRequest(form, session.platform.paths, state.strAction, typed.Text());
+    std::optional<OutcomeRecorder> recorder;
+    const bool isLookedAt = session.outcomes != nullptr && !state.IsBatch();
+    if (sink == nullptr && isLookedAt) sink = &recorder.emplace(session, request);
     ActionRun run(session, request, sink);
     run.madeFolders = std::move(typed.MadeFolders());
     RunBranch(session, run);

@@ -3,6 +3,7 @@
 #include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/request_checks.h"
+#include "actions/run/figures.h"
 #include "actions/run/rename_only.h"
 #include "actions/sources/rename_sources.h"
 #include "platform/file_system.h"
@@ -72,8 +73,9 @@ void WriteFile(Session& session, ActionRun& run) {
 }
 
 bool ConfirmRename(Session& session) {
+    const std::string deed = "Rename " + Counted(session.selection->lngSelTop + 1, "object");
     return Confirm(session, PromptId::kConfirmRename,
-                   "Are you sure you want to rename all selected objects?");
+                   "Are you sure you want to rename all selected objects?", {deed + "?", deed});
 }
 
 void HideAndReport(Session& session, const ActionRun& run) {

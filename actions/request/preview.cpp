@@ -147,6 +147,7 @@ class Collector : public OutcomeSink {
         case OutcomeKind::kUnchanged:
             return Verdict::kUnchanged;
         case OutcomeKind::kLeftAlone:
+        case OutcomeKind::kStopped:
             break;
         }
         return isRefused ? Verdict::kNoTrash : Verdict::kLeftAlone;

@@ -7,6 +7,7 @@
 #include "platform/names.h"
 #include "results/selection.h"
 #include "session/session.h"
+#include "session/wordings.h"
 #include "text/case.h"
 #include "text/characters.h"
 #include "text/paths.h"
@@ -14,6 +15,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tarvix::actions {
 
@@ -31,6 +33,30 @@ bool IsControl(char c) {
 
 std::string CharacterWord(char c) {
     return IsControl(c) ? "a control character" : std::string(1, c);
+}
+
+using fields::FrmDialog;
+
+constexpr std::array kAboutDestination{
+    PromptId::kDestinationMissing,  PromptId::kDestinationIsFile,
+    PromptId::kDestinationHasMarks, PromptId::kDestinationNoPath,
+    PromptId::kDestinationRefuses,  PromptId::kDestinationOneCharacter,
+    PromptId::kTextFileInvalid,     PromptId::kTextFileIsFolder,
+    PromptId::kFoldersPlaceInvalid, PromptId::kFoldersPlaceIsFile,
+    PromptId::kFoldersPlaceMissing, PromptId::kSourceFileMissing,
+    PromptId::kRuleInvalid};
+
+// The box that a refusal is about; null for none.
+fields::Control* BoxOf(FrmDialog& form, PromptId id) {
+    const bool isRename = form.fraRenameOnly.Visible;
+    if (std::ranges::find(kAboutDestination, id) != kAboutDestination.end()) return &form.cmbDir;
+    if (id == PromptId::kFolderTreeMissing || id == PromptId::kFolderNamesMissing) {
+        return &form.txtFolderTree;
+    }
+    if (id == PromptId::kRenameTextMissing) return &form.txtRename;
+    if (id != PromptId::kNamePartInvalid) return nullptr;
+    if (!isRename) return &form.txtRename;
+    return form.chkAdd.Value == 1 ? &form.txtAdd : &form.txtReplace;
 }
 
 // A rule is looked at when its characters are replaced.
@@ -51,10 +77,14 @@ bool IsExistingFile(Session& session, const std::string& path) {
 void Refuse(Session& session, PromptId id, std::string_view told) {
     session.MsgBox(id, told);
     BackToWindow(session);
+    if (fields::Control* box = BoxOf(session.frmDialog, id)) session.frmDialog.Focus = box;
 }
 
-bool Confirm(Session& session, PromptId id, std::string_view question) {
-    if (session.MsgBox(id, question) == session::kOk) return true;
+bool Confirm(Session& session, PromptId id, std::string_view question, const PlainWords& plain) {
+    const bool isPlain = session::SpeaksPlainly(session);
+    const int answer = isPlain ? session.MsgBox(id, question, plain.question, plain.verb)
+                               : session.MsgBox(id, question);
+    if (answer == session::kOk) return true;
     BackToWindow(session);
     return false;
 }

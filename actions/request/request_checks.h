@@ -18,11 +18,18 @@ struct ActionRun;
 // Whether a file of that drive path exists; "." as its name counts too.
 bool IsExistingFile(session::Session& session, const std::string& path);
 
-// Tells a refusal and goes back to the window.
+// Tells a refusal and goes back to the window, to the box that it is about.
 void Refuse(session::Session& session, session::PromptId id, std::string_view told);
 
-// Asks "OK or Cancel"; on Cancel goes back to the window.
-bool Confirm(session::Session& session, session::PromptId id, std::string_view question);
+// The same question in plain words, and the verb of the button that goes ahead.
+struct PlainWords {
+    std::string question;
+    std::string verb;
+};
+// Asks "OK or Cancel", plainly where this machine's own words count; on Cancel goes back to the
+// window.
+bool Confirm(session::Session& session, session::PromptId id, std::string_view question,
+             const PlainWords& plain = {});
 
 // Whether something is selected; otherwise says so and goes back to the window.
 bool HasSelection(session::Session& session);

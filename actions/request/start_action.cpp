@@ -8,9 +8,12 @@
 #include "actions/request/dialog_setup.h"
 #include "actions/request/multi_paths.h"
 #include "actions/request/ok_button.h"
+#include "actions/request/outcome_page.h"
 #include "actions/request/preview.h"
+#include "actions/request/rename_in_place.h"
 #include "actions/request/start_sources.h"
 #include "actions/run/ask_flow.h"
+#include "actions/run/summary.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
 #include "session/prompt_id.h"
@@ -56,28 +59,6 @@ bool ConfirmFolders(Session& session) {
            session.MsgBox(PromptId::kFoldersWithContents, warning) == session::kOk;
 }
 
-// "Moved 12 of 15 objects, 3 skipped as duplicates."
-std::string Summary(const session::ActionTotals& totals, std::string_view verb) {
-    const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
-    const std::int64_t reached = totals.done + totals.skipped + totals.failed;
-    const std::int64_t all = std::max(totals.wanted, reached);
-    std::string told = fmt::format("{} {} of {} {}", verb, figure(totals.done - totals.copiedOnly),
-                                   figure(all), all == 1 ? "object" : "objects");
-    const std::array<std::pair<std::int64_t, const char*>, 8> others{
-        {{totals.copiedOnly, " copied only, the originals still stand"},
-         {totals.keptApart, " renamed beside others that were placed just before"},
-         {totals.leftParts, " left parts of ended runs removed"},
-         {all - reached, " not reached"},
-         {totals.duplicates, " skipped as duplicates"},
-         {totals.unchanged, " unchanged"},
-         {totals.skipped - totals.duplicates - totals.unchanged, " left alone"},
-         {totals.failed, " failed"}}};
-    for (const auto& [count, what] : others) {
-        if (count > 0) told += fmt::format(", {}{}", figure(count), what);
-    }
-    return told + ".";
-}
-
 // The list may be empty now: at least the status line tells what was done.
 void TellSummary(Session& session) {
     const auto& totals = session.state.lastAction;
@@ -85,15 +66,14 @@ void TellSummary(Session& session) {
     const bool isSilent = totals.done + totals.skipped + totals.failed == 0 ||
                           session.state.blnActionCancelled || !status.Caption->empty();
     if (isSilent) return;
-    const std::string& action = session.state.strAction;
-    const bool isCopy = action == "Copy" || action == kCopyAsFolderName;
-    if (!isCopy && action != "Move" && !action.starts_with("Rename")) return;
-    status.Caption = Summary(totals, isCopy ? "Copied" : action == "Move" ? "Moved" : "Renamed");
+    const std::string_view verb = DoneVerb(session.state.strAction);
+    if (!verb.empty()) status.Caption = SummaryText(totals, verb);
 }
 
 void ShowDialog(Session& session) {
     auto& state = session.state;
     const bool isBatch = state.IsBatch();
+    const OutcomeWatch watch(session);
     if (isBatch) session.frmDialog.Show();
     session::OpenDestHistoryFile2(session);
     if (state.blnEnded) return;
@@ -107,7 +87,9 @@ void ShowDialog(Session& session) {
     }
     if (state.blnPlayListMode) session.events.Raise(session, "frmSearch.ReloadPlayList");
     session.events.Raise(session, "frmSearch.Form_Activate");
-    if (!isBatch) TellSummary(session);
+    if (isBatch) return;
+    TellSummary(session);
+    OfferOutcome(session, watch);
 }
 
 struct Start {
@@ -149,7 +131,10 @@ void AddWindowEvents(session::EventTable& events) {
     events.On("frmDialog.OKButton_Click", OKButton_Click);
     events.On("frmDialog.CancelButton_Click", CancelButton_Click);
     events.On("frmDialog.cmdStop_Click", [](Session& session, const session::EventArgs&) {
-        session.state.blnStopAction = true;
+        auto& state = session.state;
+        state.blnStopNow = state.blnStopNow || state.blnStopAction;
+        state.blnStopAction = true;
+        session.frmDialog.cmdStop.Caption = "Stop Now";
     });
 }
 
@@ -188,6 +173,8 @@ void AddActionEvents(session::EventTable& events) {
     AddDeleteEvents(events);
     AddPreviewEvents(events);
     AddSourceEvents(events);
+    AddOutcomeEvents(events);
+    AddRenameInPlaceEvents(events);
 }
 
 } // namespace tarvix::actions

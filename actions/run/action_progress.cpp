@@ -1,5 +1,6 @@
 #include "actions/run/action_progress.h"
 
+#include "actions/run/figures.h"
 #include "platform/clock.h"
 #include "session/session.h"
 #include "text/format.h"
@@ -7,7 +8,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace tarvix::actions {
@@ -16,22 +16,6 @@ namespace {
 
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr std::int64_t kShowEvery = kSecond / 10;
-
-std::string Bytes(double bytes) {
-    constexpr std::array<const char*, 5> kUnits{" bytes", " kB", " MB", " GB", " TB"};
-    std::size_t unit = 0;
-    for (; bytes >= 1000 && unit + 1 < kUnits.size(); ++unit) {
-        bytes /= 1000;
-    }
-    const auto tenths = static_cast<std::int64_t>(bytes * 10);
-    std::string text = text::Format(tenths / 10, "#,##0");
-    if (unit > 0 && bytes < 100) text += fmt::format(".{}", tenths % 10);
-    return text + kUnits[unit];
-}
-
-std::string Duration(std::int64_t seconds) {
-    return fmt::format("{}:{:02}", seconds / 60, seconds % 60);
-}
 
 } // namespace
 
@@ -51,15 +35,16 @@ ActionProgress::~ActionProgress() {
 
 bool ActionProgress::InFile(const platform::CopyProgress& progress) {
     bytesInHand_ = static_cast<std::int64_t>(progress.bytesDone);
+    bytesOfHand_ = static_cast<std::int64_t>(progress.bytesTotal);
     Show(false);
     session_.Yield();
-    return true;
+    return !session_.state.blnStopNow;
 }
 
 void ActionProgress::Step() {
     ++objectsDone_;
     bytesBefore_ += bytesInHand_;
-    bytesInHand_ = 0;
+    bytesInHand_ = bytesOfHand_ = 0;
     Show(objectsDone_ == objects_);
 }
 
@@ -74,13 +59,19 @@ void ActionProgress::Show(bool now) {
         fmt::format("{} of {} {}", text::Format(objectsDone_, "#,##0"),
                     text::Format(objects_, "#,##0"), objects_ == 1 ? "object" : "objects");
     const double seconds = static_cast<double>(ticks - started_) / kSecond;
-    if (done > 0) told += fmt::format(" - {}", Bytes(static_cast<double>(done)));
+    if (bytes_ > 0 && done > 0) told += fmt::format(" - {}", SizeText(static_cast<double>(done)));
+    // A move copies only what goes to another disk.
+    if (bytes_ == 0 && bytesOfHand_ > 0) {
+        told += fmt::format(" - {} of {} of this one", SizeText(static_cast<double>(bytesInHand_)),
+                            SizeText(static_cast<double>(bytesOfHand_)));
+    }
     if (bytes_ > 0 && done > 0 && seconds > 0.5) {
         const double speed = static_cast<double>(done) / seconds;
-        told += fmt::format(" of {} - {}/s", Bytes(static_cast<double>(bytes_)), Bytes(speed));
+        told +=
+            fmt::format(" of {} - {}/s", SizeText(static_cast<double>(bytes_)), SizeText(speed));
         if (bytes_ > done) {
             const auto left = static_cast<std::int64_t>((bytes_ - done) / speed);
-            told += fmt::format(" - {} left", Duration(left));
+            told += fmt::format(" - {} left", TimeLeftText(left));
         }
     }
     form.lblProgress.Caption = told;

@@ -20,7 +20,7 @@ class ActionProgress {
     ActionProgress(const ActionProgress&) = delete;
     ActionProgress& operator=(const ActionProgress&) = delete;
 
-    // The observer of a copy: lets waiting events run, too, and never abandons the copy.
+    // The observer of a copy: lets waiting events run, too, and abandons it for `blnStopNow` alone.
     bool InFile(const platform::CopyProgress& progress);
     // One object is settled.
     void Step();
@@ -34,6 +34,7 @@ class ActionProgress {
     std::int64_t objectsDone_ = 0;
     std::int64_t bytesBefore_ = 0; // of the objects that are settled
     std::int64_t bytesInHand_ = 0;
+    std::int64_t bytesOfHand_ = 0; // of the whole object in hand
     std::int64_t started_;
     std::int64_t due_;
 };

@@ -7,6 +7,7 @@
 #include "actions/place/outcome.h"
 #include "actions/place/overlap.h"
 #include "actions/place/recycle.h"
+#include "actions/run/duplicate_facts.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "results/exe_facts.h"
@@ -85,6 +86,7 @@ void LogAnswer(Session& session, std::string_view line, const Object& object) {
 void Show(Session& session, ActionRun& run, const Clash& clash) {
     auto& form = session.forms.frmAsk;
     form.parts = Question(session, run.request, clash);
+    if (session::SpeaksPlainly(session)) TellDifferences(session, run, clash, form.parts);
     form.lblMain.Caption = fields::TextOf(form.parts);
     ShowButtons(session, run.request, clash);
     form.Focus = &form.cmdSkip;

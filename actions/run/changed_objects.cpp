@@ -64,8 +64,9 @@ bool GoesOnWithChanged(Session& session, ActionRun& run,
     const auto& state = session.state;
     // A deletion asks in automatic mode, too.
     const bool isAutomatic = state.options.blnAutoMode && run.request.strAction != "Delete";
-    const bool isAlone = run.sink != nullptr || isAutomatic || state.blnAutoMove ||
-                         state.blnAutoPlayList || state.blnRepeatDeleteEmpty;
+    const bool isRehearsal = run.sink != nullptr && run.sink->IsRehearsal();
+    const bool isAlone = isRehearsal || isAutomatic || state.blnAutoMove || state.blnAutoPlayList ||
+                         state.blnRepeatDeleteEmpty;
     if (changed.empty() || isAlone || state.blnStopAction) return false;
     const bool goesOn = session.MsgBox(session::PromptId::kChangedSinceSearch,
                                        Question(session, run.request, changed)) == session::kYes;

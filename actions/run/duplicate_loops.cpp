@@ -101,11 +101,12 @@ class Loop {
     Loop& operator=(const Loop&) = delete;
 
     void Run() {
-        session_.state.blnStopAction = false;
+        session_.state.blnStopAction = session_.state.blnStopNow = false;
         session_.state.lastAction = {};
         session_.state.lastAction.wanted = (tables_.lngSelTop + 1) * places_;
         // A cancel that stands was meant for an earlier action.
         if (run_.bytOverrideAnswer == kOverrideCancel) run_.bytOverrideAnswer = kOverrideNo;
+        const session::InLoop inLoop(session_, tables_.lngSelTop + 1);
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
         for (std::size_t index = 0; index < count; ++index) {
             if (index % kPlanEvery == 1) PlanAhead(index);
@@ -175,6 +176,7 @@ bool Loop::PlaceNext(const Object& object, int place) {
     last_ = PlaceOne(object, place);
     last_.index = object.index;
     NotePlaced();
+    if (last_.kind == OutcomeKind::kStopped) return GoesOn();
     if (last_.kind == OutcomeKind::kChanged && run_.same != platform::Same::kName) {
         changed_.push_back({object.index, place});
     } else {

@@ -72,6 +72,7 @@ class Renaming {
     // The window stays open: what it acts on next are the objects as they are named by then.
     void KeepNewNames();
 
+    void GiveName(Renamed& object);
     void Insert(Renamed& object);
     void FindAndReplace(Renamed& object);
     enum class Round { kGoOn, kRenamed, kDone };
@@ -83,6 +84,7 @@ class Renaming {
     bool CanUse(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
     enum class Moved { kYes, kNo, kTaken };
+    Moved MoveUnlessTaken(Renamed& object, const std::string& path);
     Moved Move(Renamed& object, const platform::FreePlace& place);
 
     Session& session_;
@@ -101,7 +103,8 @@ class Renaming {
 RenameOnlyEnd Renaming::Run() {
     session_.state.lastAction = {};
     session_.state.lastAction.wanted = session_.selection->lngSelTop + 1;
-    session_.state.blnStopAction = false;
+    session_.state.blnStopAction = session_.state.blnStopNow = false;
+    const session::InLoop inLoop(session_, session_.selection->lngSelTop + 1);
     const platform::ManyChanges many(session_.files());
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
     const auto plain = std::exchange(
@@ -138,7 +141,9 @@ void Renaming::SettleChanged() {
 void Renaming::RenameObject(std::size_t index) {
     Renamed object = ObjectAt(index);
     run_.leftParts.RemoveAround(session_, object.actual);
-    if (request_.inserts) {
+    if (!request_.given.empty()) {
+        GiveName(object);
+    } else if (request_.inserts) {
         Insert(object);
     } else {
         FindAndReplace(object);
@@ -227,6 +232,15 @@ void Renaming::Insert(Renamed& object) {
     }
 }
 
+void Renaming::GiveName(Renamed& object) {
+    std::string path = text::Concat({object.parent, request_.given});
+    if (path == object.old) return;
+    object.isTried = true;
+    if (!CanUse(object, path)) return;
+    const Moved moved = MoveUnlessTaken(object, path);
+    if (moved == Moved::kTaken) TellTaken(object, path);
+}
+
 // Each hit is a rename of its own.
 void Renaming::FindAndReplace(Renamed& object) {
     bool isReplaced = false;
@@ -248,6 +262,13 @@ Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
         NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
                                                                   : text::Trim(text));
     if (!CanUse(object, path)) return Round::kDone;
+    const Moved moved = MoveUnlessTaken(object, path);
+    if (moved == Moved::kYes) return Round::kRenamed;
+    if (moved == Moved::kNo) return Round::kDone;
+    return TellTaken(object, path) ? Round::kGoOn : Round::kDone;
+}
+
+Renaming::Moved Renaming::MoveUnlessTaken(Renamed& object, const std::string& path) {
     platform::Standing standing = platform::WhatStands(session_.files(), path);
     const std::string& found = standing.name;
     // The object itself may be found under its name in another case.
@@ -255,10 +276,7 @@ Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
         !found.empty() && (found == text::FolderOwnName(path) ||
                            !text::EqualNoCase(found, text::FolderOwnName(object.actual)));
     if (!standing.IsFree()) standing.place = {path, nullptr};
-    const Moved moved = isTaken ? Moved::kTaken : Move(object, standing.place);
-    if (moved == Moved::kYes) return Round::kRenamed;
-    if (moved == Moved::kNo) return Round::kDone;
-    return TellTaken(object, path) ? Round::kGoOn : Round::kDone;
+    return isTaken ? Moved::kTaken : Move(object, standing.place);
 }
 
 // The start depends on the two lengths, so that a replacement is not searched again. A text that
@@ -308,7 +326,7 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
     const std::string told = fmt::format(
         "Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nThat {} name already exists",
         session_.Shown(object.old), session_.Shown(path), object.isFile ? "File" : "Folder");
-    if (request_.inserts) {
+    if (request_.inserts || !request_.given.empty()) {
         session::TellAndLog(session_, session::PromptId::kRenameTaken, told);
         return false;
     }

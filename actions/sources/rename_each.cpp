@@ -49,6 +49,7 @@ class EachRun {
 
 RenamedEach EachRun::Run() {
     const platform::ManyChanges many(session_.files());
+    const session::InLoop inLoop(session_, session_.selection->lngSelTop + 1);
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
     const auto plain = std::exchange(
         run_.observer, [&progress](const auto& copied) { return progress.InFile(copied); });

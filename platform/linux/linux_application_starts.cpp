@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <unistd.h>
 
@@ -99,6 +100,26 @@ Result<void> LinuxApplications::ShowInFolder(std::span<const std::string> paths)
         if (shown || shown.error().number == kDeviceError) return {};
     }
     return OpenFoldersOf(natives);
+}
+
+Result<void> LinuxApplications::ShowTrash() {
+    const BusMethod show{"org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                         "org.freedesktop.FileManager1", "ShowFolders"};
+    const SessionBus bus;
+    if (bus.Offers(show.name)) {
+        const std::string startupId = StartupId(++started_);
+        const auto shown =
+            bus.Call(show, g_variant_new("(@ass)", Strings({"trash:///"}), startupId.c_str()));
+        if (shown || shown.error().number == kDeviceError) return {};
+    }
+    const char* const set = std::getenv("XDG_DATA_HOME");
+    const std::string data = set != nullptr && *set == '/' ? set : home_ + "/.local/share";
+    const std::string held = data + "/Trash/files";
+    if (::access(held.c_str(), R_OK | X_OK) != 0) {
+        return Failure(kPathNotFound, "There is no trash in the home folder yet.");
+    }
+    const std::vector<std::string> inside{held + "/."};
+    return OpenFoldersOf(inside);
 }
 
 Result<void> LinuxApplications::OpenFoldersOf(std::span<const std::string> natives) {

@@ -34,6 +34,7 @@ class LinuxApplications : public Applications {
     void UseTerminal(std::string_view command) override { terminal_ = command; }
     Result<void> Start(const LaunchPlan& plan) override;
     Result<void> ShowInFolder(std::span<const std::string> paths) override;
+    Result<void> ShowTrash() override;
     Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) override;
 
   private:

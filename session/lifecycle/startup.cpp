@@ -221,7 +221,11 @@ void frmSearch_Activate(Session& session) {
     if (session.state.blnEditTargets) {
         form.Focus = &form.cmdEditTargets;
     } else if (form.cmdSearch.Enabled && !session.state.blnPlayListMode) {
-        form.Focus = &form.cmbSearchFor;
+        // Who acted on rows goes on with those that are left.
+        const bool hasRows = form.fraStandardAction.Visible;
+        form.Focus = hasRows && session::SpeaksPlainly(session)
+                         ? static_cast<fields::Control*>(&form.lstMain)
+                         : &form.cmbSearchFor;
     } else {
         form.Focus = &form.chkRepeatSearch;
     }

@@ -45,7 +45,8 @@ TEST(AllForms, AreFoundByName) {
                              "frmLinkTable",
                              "frmContextMenu",
                              "frmOpenWith",
-                             "frmOptions"}) {
+                             "frmOptions",
+                             "frmOutcome"}) {
         ASSERT_NE(forms.Find(name), nullptr) << name;
         EXPECT_EQ(forms.Find(name)->Name(), name);
     }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
 
 #include <set>
@@ -153,7 +154,7 @@ TEST_F(ActionWindowTest, NothingSelectedIsToldInsteadOfOpening) {
         EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(), "Nothing is selected.");
         QTest::keyClick(&modal, Qt::Key_Return);
     });
-    Press("cmdCopySelected");
+    gate.Run(nullptr, [this] { S().Raise(Form().cmdCopySelected, "Click"); });
 }
 
 TEST_F(ActionWindowTest, EachStructureShowsWhereTheFirstObjectWouldGo) {
@@ -322,6 +323,68 @@ TEST_F(ActionWindowTest, EnterPressesTheButtonThatHasTheFocus) {
     });
     Press("cmdCopySelected");
     EXPECT_TRUE(S().state.blnActionCancelled);
+}
+
+TEST_F(ActionWindowTest, ChoicesThatExcludeEachOtherAreRadioButtons) {
+    InWindow("cmdCopySelected", [this](QWidget& modal) {
+        for (const char* name : {"chkAsk", "chkSkipAll", "chkRename", "chkOverWrite",
+                                 "chkRenameBeg", "chkRenameEnd"}) {
+            EXPECT_NE(In<QRadioButton>(modal, name), nullptr) << name;
+        }
+        auto* ask = In<QRadioButton>(modal, "chkAsk");
+        EXPECT_TRUE(ask->isChecked());
+        ask->click();
+        EXPECT_TRUE(ask->isChecked());
+        EXPECT_EQ(S().frmDialog.chkAsk.Value.Get(), 1);
+        In<QRadioButton>(modal, "chkSkipAll")->click();
+        EXPECT_FALSE(ask->isChecked());
+        EXPECT_EQ(S().frmDialog.chkSkipAll.Value.Get(), 1);
+        EXPECT_EQ(S().frmDialog.chkAsk.Value.Get(), 0);
+    });
+}
+
+TEST_F(ActionWindowTest, AChoiceGivesTheFocusToWhatItReveals) {
+    InWindow("cmdMoveSelected", [](QWidget& modal) {
+        Activate(modal);
+        In<QAbstractButton>(modal, "optTo(2)")->click();
+        EXPECT_EQ(modal.focusWidget()->objectName(), "txtFolderTree");
+        In<QAbstractButton>(modal, "optTo(3)")->click();
+        EXPECT_EQ(modal.focusWidget()->objectName(), "cmbDir");
+        In<QAbstractButton>(modal, "chkRename")->click();
+        EXPECT_EQ(modal.focusWidget()->objectName(), "txtRename");
+    });
+}
+
+TEST_F(ActionWindowTest, ARefusalGivesTheFocusToTheBoxThatItIsAbout) {
+    OnModal([this](QWidget& modal) {
+        TypeDestination(modal, "Copies");
+        In<QPushButton>(modal, "OKButton")->setFocus();
+        OnModal([](QWidget& refusal) { refusal.findChild<QPushButton*>("btnOK")->click(); });
+        In<QPushButton>(modal, "OKButton")->click();
+        EXPECT_TRUE(modal.isVisible());
+        EXPECT_EQ(modal.focusWidget()->objectName(), "cmbDir");
+        EXPECT_EQ(In<QComboBox>(modal, "cmbDir")->lineEdit()->selectedText(), "Copies");
+        modal.close();
+    });
+    Press("cmdCopySelected");
+}
+
+TEST_F(ActionWindowTest, ADestinationThatTakesNothingIsToldOnceBeforeTheFirstObject) {
+    machine.faults.ForeseeNoNewIn("C:\\home\\ann\\Copies");
+    OnModal([this](QWidget& modal) {
+        TypeDestination(modal, "C:\\home\\ann\\Copies\\New");
+        OnModal([](QWidget& refusal) {
+            EXPECT_TRUE(refusal.findChild<QLabel*>("lblText")->text().startsWith(
+                "Nothing can be put into C:\\home\\ann\\Copies\\New."));
+            refusal.findChild<QPushButton*>("btnOK")->click();
+        });
+        In<QPushButton>(modal, "OKButton")->click();
+        EXPECT_TRUE(modal.isVisible());
+        EXPECT_EQ(modal.focusWidget()->objectName(), "cmbDir");
+        modal.close();
+    });
+    Press("cmdCopySelected");
+    EXPECT_FALSE(machine.disk.Content("C:\\home\\ann\\Copies\\New\\one.mp3").has_value());
 }
 
 TEST_F(ActionWindowTest, TypingGoesOnWhereACharacterWasNotTaken) {

@@ -169,6 +169,73 @@ TEST_F(ChoiceWindowTest, BothObjectsOfADuplicateStandSideBySide) {
     });
 }
 
+// ---- the same with what differs in words ----
+
+fields::DuplicateQuestion Compared(const std::string& name, const std::string& folder) {
+    auto parts = SomeQuestion();
+    parts.headline = name + " is already in " + folder;
+    parts.position = "3 of 8";
+    parts.existing.name = parts.thisOne.name = name;
+    parts.existing.folder = folder;
+    parts.existing.dateNote = "newer";
+    parts.thisOne.sizeNote = "larger";
+    parts.content = "The contents differ.";
+    parts.newName = "b_.mp3";
+    parts.rest = "Cancel leaves this and the other 5 as they are.";
+    return parts;
+}
+
+TEST_F(ChoiceWindowTest, WhatDiffersBetweenDuplicatesIsSaidInWords) {
+    S().forms.frmAsk.parts = Compared("b.mp3", "/srv/Bk");
+    Ask(S().forms.frmAsk, [](QWidget& modal) {
+        const auto text = [&modal](const char* name) {
+            auto* label = modal.findChild<QLabel*>(name);
+            return label == nullptr ? std::string("none") : label->text().toStdString();
+        };
+        EXPECT_EQ(text("lblHeadline"), "b.mp3 is already in /srv/Bk");
+        EXPECT_EQ(text("lblPosition"), "3 of 8");
+        EXPECT_EQ(text("lblThereSize"), "1,204 bytes");
+        EXPECT_EQ(text("lblThereSizeNote"), "");
+        EXPECT_EQ(text("lblHereSizeNote"), "larger");
+        EXPECT_EQ(text("lblThereDateNote"), "newer");
+        EXPECT_EQ(text("lblContent"), "The contents differ.");
+        EXPECT_EQ(text("lblNewName"), "Renamed, this one would be b_.mp3");
+        EXPECT_EQ(text("lblRest"), "Cancel leaves this and the other 5 as they are.");
+        const auto y = [&modal](const char* name) {
+            return modal.findChild<QLabel*>(name)->mapTo(&modal, QPoint()).y();
+        };
+        EXPECT_EQ(y("lblThereSize"), y("lblHereSize"));
+        EXPECT_EQ(y("lblThereDate"), y("lblHereDate"));
+        modal.close();
+    });
+}
+
+TEST_F(ChoiceWindowTest, ButtonsOfTheNextQuestionStandWhereThoseOfTheLastStood) {
+    auto& form = S().forms.frmAsk;
+    QSize size;
+    std::vector<QPoint> places;
+    const auto look = [&](QWidget& modal) {
+        std::vector<QPoint> now;
+        for (const char* name : {"cmdSkip", "cmdRename", "cmdSkipAll", "cmdRenameAll", "cmdCancel"})
+            now.push_back(Button(modal, name)->mapToGlobal(QPoint()));
+        if (places.empty()) {
+            places = now;
+            size = modal.size();
+        }
+        EXPECT_EQ(now, places);
+        EXPECT_EQ(modal.size(), size);
+        modal.close();
+    };
+    form.parts = Compared("b.mp3", "/srv/Bk");
+    Ask(form, look);
+    form.parts = Compared(std::string(200, 'x') + ".mp3", LongPath());
+    form.cmdOverwrite.Visible = form.cmdOverwriteAll.Visible = false;
+    form.cmdDeleteReplace.Visible = form.cmdDeleteReplaceAll.Visible = false;
+    form.parts.content.clear();
+    form.parts.existing.version = "1.2.3";
+    Ask(form, look);
+}
+
 TEST_F(ChoiceWindowTest, PathsOfFiveHundredCharactersWrapOnASmallScreen) {
     auto& forms = S().forms;
     forms.frmAsk259.lblMain.Caption = LongPath();

@@ -89,6 +89,38 @@ TEST_F(PromptTest, AMessageWithoutAPlainSentenceHasNoDetails) {
     S().MsgBox(PromptId::kNothingSelected, "Nothing is selected.");
 }
 
+TEST_F(PromptTest, AboutOneOfManyObjectsItCanBeSkippedWithAllLikeItOrStopped) {
+    const auto answer = [this](int style, const char* button, const char* caption) {
+        OnModal([=](QWidget& modal) {
+            auto* pressed = modal.findChild<QPushButton*>(button);
+            ASSERT_NE(pressed, nullptr) << button;
+            EXPECT_EQ(pressed->text().remove(u'&').toStdString(), caption);
+            pressed->click();
+        });
+        return prompts.MsgBox({.style = style, .text = "Text", .isInLoop = true});
+    };
+    EXPECT_EQ(answer(session::kRetryCancel, "btnRetry", "Try Again"), session::kRetry);
+    EXPECT_EQ(answer(session::kRetryCancel, "btnCancel", "Skip"), session::kCancel);
+    EXPECT_EQ(answer(session::kYesNo, "btnNo", "Skip"), session::kNo);
+    EXPECT_EQ(answer(session::kOkOnly, "btnOK", "Skip"), session::kOk);
+    EXPECT_EQ(answer(session::kOkCancel, "btnOK", "Skip"), session::kOk);
+    for (const int style : {session::kRetryCancel, session::kYesNo, session::kOkOnly}) {
+        EXPECT_EQ(answer(style, "btnSkipAllLikeThis", "Skip All Like This"), session::kSkipAll);
+        EXPECT_EQ(answer(style, "btnStop", "Stop"), session::kStopAll);
+    }
+}
+
+TEST_F(PromptTest, TheButtonThatGoesAheadSaysWhatItDoes) {
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnYes")->text(), "Move to Trash");
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnNo")->text(), "Cancel");
+        EXPECT_EQ(modal.focusWidget()->objectName(), "btnNo");
+        modal.findChild<QPushButton*>("btnYes")->click();
+    });
+    EXPECT_EQ(prompts.MsgBox({.style = session::kYesNo, .text = "Text", .verb = "Move to Trash"}),
+              session::kYes);
+}
+
 TEST_F(PromptTest, AMessageOfAThousandLinesFitsTheScreenAndScrolls) {
     std::string text;
     for (int i = 0; i < 1000; ++i) {

@@ -326,6 +326,23 @@ TEST_F(SearchWindowTest, TheStandardKeysAct) {
     EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
 }
 
+TEST_F(SearchWindowTest, TheQuestionBeforeTheTrashLeadsWithWhatGoesThere) {
+    S().platform.traits.hasNativePaths = true;
+    S().state.platformSettings.showsNative = true;
+    Search("*.mp3", "/home/ann/Music/Abba");
+    Press("cmdSelectAll");
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(),
+                  "Move 2 files (7 bytes) to the trash?");
+        EXPECT_TRUE(modal.findChild<QLabel*>("lblDetails")->text().contains("Read-only objects"));
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnYes")->text(), "Move to Trash");
+        EXPECT_EQ(modal.focusWidget()->objectName(), "btnNo");
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    Press("cmdDeleteSelected");
+    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\one.mp3"), "abc");
+}
+
 TEST_F(SearchWindowTest, DeleteInABoxDeletesACharacter) {
     Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
     Press("cmdSelectAll");

@@ -6,6 +6,29 @@
 
 namespace tarvix::platform {
 
+// What the disk foresees, and one folder that takes nothing new.
+class FaultyForesight : public Foresight {
+  public:
+    explicit FaultyForesight(FileSystem& files) : files_(files) {}
+
+    Result<void> MayRead(std::string_view path) override { return files_.Foresee().MayRead(path); }
+    Result<void> MayAddTo(std::string_view folder) override {
+        if (!closed.empty() && folder == closed) {
+            return Failure(kPermissionDenied, closed + ": Permission denied.");
+        }
+        return files_.Foresee().MayAddTo(folder);
+    }
+    Result<void> MayTake(std::string_view path) override { return files_.Foresee().MayTake(path); }
+    std::optional<DiskRoom> RoomIn(std::string_view folder) override {
+        return files_.Foresee().RoomIn(folder);
+    }
+
+    std::string closed;
+
+  private:
+    FileSystem& files_;
+};
+
 // Hands every call on to another FileSystem, numbers the calls, and fails those it was told to
 // without handing them on. The folders and text streams that it opens count too. Operations are
 // named as the routines are ("CopyFile", "Facts", "Open"), those of opened objects "List",
@@ -32,6 +55,8 @@ class FaultyFileSystem : public FileSystem {
     void BeforeCall(std::size_t number, std::function<void()> action);
     void BeforeCall(std::string_view operation, std::size_t number, std::function<void()> action);
     void ClearFaults() { faults_.clear(); }
+    // It is foreseen that nothing new can be put into this folder; calls don't fail for that.
+    void ForeseeNoNewIn(std::string folder) { foresight_.closed = std::move(folder); }
 
     // All calls since the last reset, failed ones too.
     const std::vector<Call>& Calls() const { return calls_; }
@@ -89,7 +114,7 @@ class FaultyFileSystem : public FileSystem {
     Result<std::unique_ptr<TextStream>> OpenAsTextStream(std::string_view path,
                                                          OpenMode mode) override;
     std::vector<DriveInfo> Drives() override { return files_.Drives(); }
-    Foresight& Foresee() override { return files_.Foresee(); }
+    Foresight& Foresee() override { return foresight_; }
 
   private:
     struct Fault {
@@ -104,6 +129,7 @@ class FaultyFileSystem : public FileSystem {
                  std::size_t ofOperation) const;
 
     FileSystem& files_;
+    FaultyForesight foresight_{files_};
     std::vector<Fault> faults_;
     std::vector<Call> calls_;
     std::map<std::string, std::size_t, std::less<>> counts_;

@@ -45,11 +45,16 @@ class MemoryApplications : public Applications {
     void UseTerminal(std::string_view command) override { terminal = command; }
     Result<void> Start(const LaunchPlan& plan) override;
     Result<void> ShowInFolder(std::span<const std::string> paths) override;
+    Result<void> ShowTrash() override {
+        ++trashShown;
+        return {};
+    }
     Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) override;
 
     // What was started, in order: "FOLDER> ARGUMENT ARGUMENT ...".
     std::vector<std::string> started;
-    std::vector<std::string> shown;    // paths shown in their folder
+    std::vector<std::string> shown; // paths shown in their folder
+    int trashShown = 0;
     std::vector<std::string> enqueued; // "COMMAND: PATH"
     std::string terminal;
     bool hasPlayer = false;         // one that takes files over the bus

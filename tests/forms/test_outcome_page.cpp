@@ -1,0 +1,165 @@
+#include "forms/outcome_page.h"
+#include "forms/text_conversion.h"
+#include "results/outcome_list.h"
+#include "results/result_list.h"
+#include "tests/forms/window_fixture.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+namespace tarvix::forms {
+
+class OutcomePageTest : public WindowFixture {
+  protected:
+    // Moves all that is found to C:\home\ann\Copies.
+    void MoveAll() {
+        Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+        Press("cmdSelectAll");
+        OnModal([this](QWidget& modal) {
+            auto* edit = modal.findChild<QComboBox*>("cmbDir")->lineEdit();
+            edit->selectAll();
+            QTest::keyClicks(edit, "C:\\home\\ann\\Copies");
+            OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnOK")->click(); });
+            modal.findChild<QPushButton*>("OKButton")->click();
+        });
+        Press("cmdMoveSelected");
+    }
+    QTableView& Table() { return *Find<QTableView>("lstOutcome"); }
+    QString Cell(int row, int column) {
+        return Table().model()->index(row, column).data().toString();
+    }
+};
+
+TEST_F(OutcomePageTest, TakesThePlaceOfTheListAfterAMove) {
+    MoveAll();
+    EXPECT_TRUE(Table().isVisible());
+    EXPECT_FALSE(window->List().isVisible());
+    EXPECT_EQ(TextOf("lblMain"), "Moved 2 of 2 objects.");
+    ASSERT_EQ(Table().model()->rowCount(), 2);
+    EXPECT_EQ(Cell(0, 0), "Moved");
+    EXPECT_EQ(Cell(0, 1), "one.mp3");
+    EXPECT_EQ(Cell(0, 2), "C:\\home\\ann\\Copies\\one.mp3");
+    EXPECT_EQ(Cell(0, 3), "C:\\home\\ann\\Music\\Abba");
+    EXPECT_EQ(window->focusWidget()->objectName(), "lstOutcome");
+    EXPECT_TRUE(Find<QPushButton>("cmdShowThere")->isVisible());
+    EXPECT_FALSE(Find<QPushButton>("cmdOpenTrash")->isVisible());
+    EXPECT_FALSE(Find<QPushButton>("cmdSelectFailed")->isVisible());
+}
+
+TEST_F(OutcomePageTest, FailuresComeFirstAndCanBeShownAlone) {
+    machine.faults.FailPath("C:\\home\\ann\\Music\\Abba\\two.mp3", platform::kDeviceError,
+                            "MoveFile");
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    OnModal([this](QWidget& modal) {
+        auto* edit = modal.findChild<QComboBox*>("cmbDir")->lineEdit();
+        edit->selectAll();
+        QTest::keyClicks(edit, "C:\\home\\ann\\Copies");
+        OnModal([this](QWidget& question) {
+            OnModal([](QWidget& error) { error.findChild<QPushButton*>("btnOK")->click(); });
+            question.findChild<QPushButton*>("btnOK")->click();
+        });
+        modal.findChild<QPushButton*>("OKButton")->click();
+    });
+    Press("cmdMoveSelected");
+    ASSERT_EQ(Table().model()->rowCount(), 2);
+    EXPECT_TRUE(Cell(0, 0).startsWith("Failed: ")) << Cell(0, 0).toStdString();
+    EXPECT_EQ(Cell(0, 1), "two.mp3");
+    EXPECT_EQ(Cell(0, 2), "C:\\home\\ann\\Music\\Abba\\two.mp3");
+    auto* groups = Find<QComboBox>("cmbGroup");
+    ASSERT_EQ(groups->count(), 3);
+    EXPECT_EQ(groups->itemText(0), "All (2)");
+    groups->setCurrentIndex(1);
+    ASSERT_EQ(Table().model()->rowCount(), 1);
+    EXPECT_EQ(Cell(0, 1), "two.mp3");
+    Press("cmdSelectFailed");
+    EXPECT_TRUE(window->List().isVisible());
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"two.mp3"});
+}
+
+TEST_F(OutcomePageTest, OpensFromTheStatusLineWhereTheListStaysAndGivesTheFocusBack) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnYes")->click(); });
+    Press("cmdDeleteSelected");
+    EXPECT_TRUE(window->List().isVisible());
+    EXPECT_EQ(Find<QPushButton>("cmdOutcome")->text(), "Moved 2 of 2 objects to the trash.");
+    EXPECT_TRUE(SelectedNames().empty());
+    Press("cmdOutcome");
+    EXPECT_TRUE(Table().isVisible());
+    EXPECT_EQ(Cell(0, 0), "In the trash");
+    Press("cmdOpenTrash");
+    EXPECT_EQ(machine.applications.trashShown, 1);
+    Table().setFocus();
+    QTest::keyClick(&Table(), Qt::Key_Escape);
+    EXPECT_TRUE(window->List().isVisible());
+    EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
+}
+
+TEST_F(OutcomePageTest, EnterShowsWhatIsChosenWhereItIs) {
+    MoveAll();
+    Table().selectRow(1);
+    QTest::keyClick(&Table(), Qt::Key_Return);
+    EXPECT_EQ(machine.applications.shown,
+              std::vector<std::string>{"C:\\home\\ann\\Copies\\two.mp3"});
+    EXPECT_TRUE(Table().isVisible());
+    Press("cmdSearchAgain");
+    EXPECT_TRUE(window->List().isVisible());
+}
+
+// ---- one object renamed where it stands ----
+
+TEST_F(OutcomePageTest, F2EditsTheNameOfOneObjectInTheList) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    ClickRow(0);
+    window->List().setFocus();
+    QTest::keyClick(&window->List(), Qt::Key_F2);
+    auto* edit = Find<QLineEdit>("txtNewName");
+    ASSERT_TRUE(edit->isVisible());
+    EXPECT_EQ(edit->text(), "one.mp3");
+    EXPECT_EQ(edit->selectedText(), "one");
+    QTest::keyClicks(edit, "eins");
+    QTest::keyClick(edit, Qt::Key_Return);
+    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\eins.mp3"), "abc");
+    EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"eins.mp3"});
+}
+
+TEST_F(OutcomePageTest, EscapeAndLeavingChangeNoName) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    ClickRow(0);
+    for (const bool leaves : {false, true}) {
+        window->List().setFocus();
+        QTest::keyClick(&window->List(), Qt::Key_F2);
+        auto* edit = Find<QLineEdit>("txtNewName");
+        QTest::keyClicks(edit, "other");
+        if (leaves) {
+            Find<QComboBox>("cmbSearchFor")->setFocus();
+        } else {
+            QTest::keyClick(edit, Qt::Key_Escape);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    EXPECT_EQ(machine.disk.Content("C:\\home\\ann\\Music\\Abba\\one.mp3"), "abc");
+}
+
+// ---- actions without a selection ----
+
+TEST_F(OutcomePageTest, ActionsAreOffAsLongAsNothingIsSelected) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    for (const char* name :
+         {"cmdCopySelected", "cmdMoveSelected", "cmdRenameSelected", "cmdDeleteSelected"}) {
+        EXPECT_FALSE(Find<QPushButton>(name)->isEnabled()) << name;
+        EXPECT_EQ(Find<QPushButton>(name)->toolTip(), "Select objects in the list first") << name;
+        EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
+    }
+    ClickRow(0);
+    EXPECT_TRUE(Find<QPushButton>("cmdCopySelected")->isEnabled());
+    EXPECT_TRUE(Find<QAction>("cmdDeleteSelected")->isEnabled());
+    Press("cmdSelectNone");
+    EXPECT_FALSE(Find<QPushButton>("cmdCopySelected")->isEnabled());
+}
+
+} // namespace tarvix::forms

@@ -46,11 +46,13 @@ class MemoryApplications : public Applications {
     Result<void> Start(const LaunchPlan& plan) override;
     Result<void> ShowInFolder(std::span<const std::string> paths) override;
     Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) override;
+    Result<bool> PlayNow(std::string_view command, std::span<const std::string> paths) override;
 
     // What was started, in order: "FOLDER> ARGUMENT ARGUMENT ...".
     std::vector<std::string> started;
     std::vector<std::string> shown;    // paths shown in their folder
     std::vector<std::string> enqueued; // "COMMAND: PATH"
+    std::vector<std::string> played;   // the same
     std::string terminal;
     bool hasPlayer = false;         // one that takes files over the bus
     std::set<std::string> refusing; // programs that can't be started

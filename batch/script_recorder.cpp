@@ -135,6 +135,10 @@ void ScriptRecorder::Entered(const Control& control, std::string_view value) {
     if (isText) typedInto_ = name;
 }
 
+void ScriptRecorder::Reset(const Control& control) {
+    Hold("reset " + NameOf(session_, control));
+}
+
 void ScriptRecorder::Left(const Control& control) {
     Hold("leave " + NameOf(session_, control));
 }

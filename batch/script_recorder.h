@@ -27,6 +27,7 @@ class ScriptRecorder : public session::InputRecorder {
     void Clicked(const fields::Control& control) override;
     void Entered(const fields::Control& control, std::string_view value) override;
     void Left(const fields::Control& control) override;
+    void Reset(const fields::Control& control) override;
     void Selected() override;
     void Sorted(int column) override;
     void Opened(int row) override;

@@ -268,6 +268,7 @@ inline constexpr CommandHelp kRun{
     "  set CONTROL = VALUE          enters a value as a user would\n"
     "  click CONTROL                presses a button, menu entry, box or option\n"
     "  leave CONTROL                goes on to another control\n"
+    "  reset CONTROL                sets an option of the options window back\n"
     "  column KEY                   clicks a column head\n"
     "  select N N-M ... | like PATTERN | none\n"
     "                               selects rows, counted from 1 as listed\n"

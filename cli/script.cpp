@@ -69,6 +69,12 @@ Parsed ParseLeave(std::string_view rest) {
     return Statement{.kind = StatementKind::kLeave, .target = std::string(control)};
 }
 
+Parsed ParseReset(std::string_view rest) {
+    const std::string_view control = text::Trim(rest);
+    if (control.empty()) return Wrong("Write \"reset CONTROL\".");
+    return Statement{.kind = StatementKind::kReset, .target = std::string(control)};
+}
+
 Parsed ParseColumn(std::string_view rest) {
     TX_TRY_ASSIGN(const auto column, ReadColumn(text::Trim(rest)));
     return Statement{.kind = StatementKind::kColumn, .columns = {column}};
@@ -178,9 +184,10 @@ struct StatementWord {
     Parsed (*parse)(std::string_view rest);
 };
 
-constexpr std::array<StatementWord, 10> kStatements{{{"set", ParseSet},
+constexpr std::array<StatementWord, 11> kStatements{{{"set", ParseSet},
                                                      {"click", ParseClick},
                                                      {"leave", ParseLeave},
+                                                     {"reset", ParseReset},
                                                      {"column", ParseColumn},
                                                      {"select", ParseSelect},
                                                      {"doubleclick", ParseDoubleClick},

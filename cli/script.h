@@ -14,6 +14,7 @@ enum class StatementKind : std::uint8_t {
     kSet,
     kClick,
     kLeave,
+    kReset,
     kColumn,
     kSelectRows,
     kSelectLike,

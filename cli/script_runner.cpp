@@ -106,6 +106,7 @@ InputResult ScriptRunner::Execute(const Statement& statement) {
     case StatementKind::kSet:
     case StatementKind::kClick:
     case StatementKind::kLeave:
+    case StatementKind::kReset:
     case StatementKind::kAfter:
     case StatementKind::kDumpControl:
         return ExecuteOnControl(statement);
@@ -143,6 +144,7 @@ InputResult ScriptRunner::ExecuteOnControl(const Statement& statement) {
         session::UserLeave(Session(), **control);
         return {};
     }
+    if (statement.kind == StatementKind::kReset) return session::UserReset(Session(), **control);
     if (statement.kind == StatementKind::kAfter) {
         ClickAfter(statement, **control);
         return {};

@@ -29,6 +29,7 @@ constexpr std::array<std::string_view, 3> kPictures{"jpg", "jpeg", "png"};
 
 // One player of that name takes all files that are ever given to it when it is asked to be one.
 constexpr std::string_view kPlaySwitches = "--playlist-enqueue";
+constexpr std::string_view kVlc = "vlc"; // where the desktop knows it by its id alone
 constexpr std::string_view kEnqueueSwitches = "--one-instance --playlist-enqueue";
 
 bool IsOneOf(std::span<const std::string_view> extensions, std::string_view extension) {
@@ -41,15 +42,32 @@ bool FirstTakes(std::string_view extension, MediaWay way) {
            (way == MediaWay::kPlay && IsOneOf(kPictures, extension));
 }
 
+// Whether a player that runs took the files over the session bus. Another than VLC is played by its
+// own command, which may open a window of its own.
+Result<bool> GiveToRunning(Session& session, const Tool& player,
+                           const std::vector<std::string>& files, MediaWay way) {
+    auto& applications = session::ApplicationsOf(session);
+    if (way == MediaWay::kPlay) {
+        if (!player.IsVlc()) return false;
+        return applications.PlayNow(player.command.empty() ? kVlc : player.command, files);
+    }
+    if (player.IsVlc() || player.command.empty()) return false;
+    return applications.Enqueue(player.command, files);
+}
+
 Result<void> Give(Session& session, const Tool& player, const std::vector<std::string>& files,
                   MediaWay way) {
     auto& applications = session::ApplicationsOf(session);
     if (files.empty()) return {};
-    const bool enqueues = way != MediaWay::kPlay;
-    if (enqueues && !player.IsVlc() && !player.command.empty()) {
-        TX_TRY_ASSIGN(const bool isTaken, applications.Enqueue(player.command, files));
-        if (isTaken) return {};
+    if (player.IsGone()) {
+        const auto wording = player.key == "SecondPlayer" ? session::Wording::kSecondPlayerGone
+                                                          : session::Wording::kPlayerGone;
+        return platform::Failure(platform::kFileNotFound,
+                                 session::Worded(session, wording, player.command));
     }
+    const bool enqueues = way != MediaWay::kPlay;
+    TX_TRY_ASSIGN(const bool isTaken, GiveToRunning(session, player, files, way));
+    if (isTaken) return {};
     std::string_view switches;
     if (player.IsVlc()) switches = enqueues ? kEnqueueSwitches : kPlaySwitches;
     TX_TRY_ASSIGN(const auto plan,
@@ -62,12 +80,13 @@ Result<void> Give(Session& session, const Tool& player, const std::vector<std::s
 MediaPlan PlanMedia(Session& session, const std::vector<std::string>& files, MediaWay way) {
     MediaPlan plan{.player = session::FindTool(session, ToolKind::kPlayer),
                    .secondPlayer = session::FindTool(session, ToolKind::kSecondPlayer)};
+    const bool hasPlayer = plan.player.isFound || plan.player.IsGone();
+    const bool hasSecond = plan.secondPlayer.isFound || plan.secondPlayer.IsGone();
     for (const std::string& file : files) {
         const std::string extension = text::Lower(text::GetExtension(text::FileNameOf(file)));
-        if (plan.player.isFound && FirstTakes(extension, way)) {
+        if (hasPlayer && FirstTakes(extension, way)) {
             plan.forPlayer.push_back(file);
-        } else if (!plan.player.isFound && plan.secondPlayer.isFound &&
-                   IsOneOf(kBothPlayers, extension)) {
+        } else if (!hasPlayer && hasSecond && IsOneOf(kBothPlayers, extension)) {
             plan.forSecond.push_back(file);
         } else {
             plan.skipped.push_back(file);
@@ -86,7 +105,7 @@ std::string SkippedText(const Session& session, const MediaPlan& plan) {
     for (const std::string& path : plan.skipped)
         text += fmt::format("{}\r\n", session.Shown(path));
     if (text.empty()) return text;
-    if (!plan.player.isFound) {
+    if (!plan.player.isFound && !plan.player.IsGone()) {
         return text.append(session::Worded(session, session::Wording::kNoPlayers));
     }
     return text.append(fmt::format(

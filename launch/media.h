@@ -28,12 +28,13 @@ struct MediaPlan {
     std::vector<std::string> skipped;
 };
 
-// Parts `files` (drive paths) by the extensions that each player takes; what is found of the first
-// player decides.
+// Parts `files` (drive paths) by the extensions that each player takes; what is found or
+// set as the first player decides.
 MediaPlan PlanMedia(session::Session& session, const std::vector<std::string>& files, MediaWay way);
 
-// Hands the files to their players, each list in its order. The failure of the first that can't be
-// started; a player that runs gets enqueued files over the session bus where it takes them.
+// Hands the files to their players, each list in its order. The failure of the first that isn't
+// there or can't be started; a player that runs gets files over the session bus where it takes
+// them.
 platform::Result<void> StartMedia(session::Session& session, const MediaPlan& plan, MediaWay way);
 
 // What to tell of the skipped files: their paths, one a line, and why. Empty when there are none.

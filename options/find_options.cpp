@@ -134,7 +134,11 @@ void cmdReset_Click(Session& session) {
 
 // For a script it is the value that a user would enter.
 void Record(Session& session, const Control& control) {
-    if (session.recorder == nullptr || control.Kind() == ControlKind::kListBox) return;
+    if (session.recorder == nullptr) return;
+    const auto& form = session.forms.frmOptions;
+    const bool hasNoValue = control.Kind() == ControlKind::kListBox || IsFolderEntry(control) ||
+                            &control == &form.txtDriveFolder;
+    if (hasNoValue) return session.recorder->Reset(control);
     if (control.Kind() != ControlKind::kOptionButton) {
         return session.recorder->Entered(control, control.ValueText());
     }

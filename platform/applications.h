@@ -110,6 +110,8 @@ class Applications {
     // (MPRIS), named as the program of `command`. False, and nothing was added, when there is none.
     // 70 when it takes only some.
     virtual Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) = 0;
+    // The same, and the first of them plays at once.
+    virtual Result<bool> PlayNow(std::string_view command, std::span<const std::string> paths) = 0;
 };
 
 } // namespace tarvix::platform

@@ -18,6 +18,8 @@ class InputRecorder {
     virtual void Entered(const fields::Control& control, std::string_view value) = 0;
     // The focus left a control that does something then.
     virtual void Left(const fields::Control& control) = 0;
+    // An option was set back to what it is at first, where no value says that.
+    virtual void Reset(const fields::Control& control) = 0;
     // Which rows are selected has changed.
     virtual void Selected() = 0;
     // A column's head was clicked, by its index.

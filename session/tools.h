@@ -26,6 +26,8 @@ struct Tool {
     std::string name;        // of the program, for people; empty when there is none
     bool isFound = false;    // installed here
 
+    // Whether the setting names a program that isn't there.
+    bool IsGone() const { return !isFound && !command.empty(); }
     // Whether it is that player, whose switches are known.
     bool IsVlc() const;
 };

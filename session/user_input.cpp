@@ -60,6 +60,13 @@ InputResult UserSet(Session& session, fields::Control& control, std::string_view
     return {};
 }
 
+InputResult UserReset(Session& session, const fields::Control& control) {
+    const std::string event = fmt::format("{}.ResetOption", control.Owner().Name());
+    const bool hasValue = control.Kind() != fields::ControlKind::kCommandButton;
+    if (hasValue && session.events.Raise(session, event, {.path = control.Name()})) return {};
+    return Refuse(control, "can't be set back: it is no option.");
+}
+
 bool UserSelect(Session& session, int row) {
     if (session.recorder) session.recorder->Selected();
     return session.events.Raise(session, "frmSearch.lstMain_ItemClick", {row});

@@ -26,6 +26,9 @@ InputResult UserClick(Session& session, fields::Control& control);
 // Enters a value as Control::Enter takes it, and raises the event that follows.
 InputResult UserSet(Session& session, fields::Control& control, std::string_view value);
 
+// Sets an option back to what it is at first; refuses what is none.
+InputResult UserReset(Session& session, const fields::Control& control);
+
 // The rows that are selected have changed by what was done at a row (from 0), a row is opened, the
 // head of a column is clicked. Whether the list may be used now is the caller's to ask; false when
 // no routine stands behind it.

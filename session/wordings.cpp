@@ -130,6 +130,13 @@ constexpr std::array<Words, static_cast<std::size_t>(Wording::kEnd)> kWords{{
      "loaded either VLC or WinAmp players.",
      "These were skipped: a SecondPlayer gets only mp3, m3u and wav files, and no Player was "
      "found.\r\nInstall VLC, or set a Player in the options of this machine."},
+    {Wording::kPlayerGone, "VLC is not in expected location.",
+     "The program that Player names isn't there: {}\r\nSet another in the options of this machine, "
+     "or "
+     "empty the box for one that is installed."},
+    {Wording::kSecondPlayerGone, "WinAmp is not in expected location.",
+     "The program that SecondPlayer names isn't there: {}\r\nSet another in the options of this "
+     "machine, or empty the box for one that is installed."},
     {Wording::kHexEditorMissing,
      "You must have this file of the 'Free Hex Editor 1.0.154' to work: \r\n%FrHed%\\FRHED.EXE",
      "No hex editor was found. Install one, such as ghex or okteta, or set a HexEditor in the "

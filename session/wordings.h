@@ -41,6 +41,8 @@ enum class Wording : std::uint8_t {
     kNotOpened, // what opens no object
     kForceNeedsPlayer,
     kNoPlayers, // behind what was not played
+    kPlayerGone, // the program that the setting names
+    kSecondPlayerGone,
     kHexEditorMissing,
     kNotAProgram,
     kContextMenu, // what its warning says

@@ -3,6 +3,7 @@
 #include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/multi_paths.h"
+#include "actions/request/file_name_warning.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/duplicate_dispatch.h"
 #include "actions/run/figures.h"
@@ -298,7 +299,7 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
     }
     if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
     RunConfirmed(session, run,
-                 ExtensionWarning(session, typed) + SameLocationWarning(session, request));
+                 FileNameWarning(session, typed) + SameLocationWarning(session, request));
 }
 
 void RequestAutomatedMove(Session& session, ActionRun& run) {

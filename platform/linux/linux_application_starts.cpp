@@ -140,13 +140,24 @@ Result<void> LinuxApplications::OpenFoldersOf(std::span<const std::string> nativ
 
 Result<bool> LinuxApplications::Enqueue(std::string_view command,
                                         std::span<const std::string> paths) {
+    return HandToPlayer(command, paths, false);
+}
+
+Result<bool> LinuxApplications::PlayNow(std::string_view command,
+                                        std::span<const std::string> paths) {
+    return HandToPlayer(command, paths, true);
+}
+
+Result<bool> LinuxApplications::HandToPlayer(std::string_view command,
+                                             std::span<const std::string> paths, bool plays) {
     const auto program = ProgramOf(command);
     if (!program) return false;
     TX_TRY_ASSIGN(const auto natives, Natives(paths));
     const PlayerBus player(program->substr(program->rfind('/') + 1));
     if (!player.TakesFiles()) return false;
+    bool playsNext = plays;
     for (const std::string& native : natives)
-        TX_TRY(player.Append(FileAddress(native)));
+        TX_TRY(player.Append(FileAddress(native), std::exchange(playsNext, false)));
     return true;
 }
 

@@ -36,8 +36,11 @@ class LinuxApplications : public Applications {
     Result<void> ShowInFolder(std::span<const std::string> paths) override;
     Result<void> ShowTrash() override;
     Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) override;
+    Result<bool> PlayNow(std::string_view command, std::span<const std::string> paths) override;
 
   private:
+    Result<bool> HandToPlayer(std::string_view command, std::span<const std::string> paths,
+                              bool plays);
     // The native paths of objects, each spelled as the disk has it; 53 for one that is missing.
     Result<std::vector<std::string>> Natives(std::span<const std::string> paths);
     std::string NativeFolder(std::string_view folder) const;

@@ -36,7 +36,7 @@ BusMethod PlayerBus::On(const char* method) const {
     return {name_, kObject, "org.mpris.MediaPlayer2.TrackList", method};
 }
 
-Result<void> PlayerBus::Append(const std::string& address) const {
+Result<void> PlayerBus::Append(const std::string& address, bool plays) const {
     const auto tracks = bus_.Property(On(""), "Tracks");
     if (!tracks) return std::unexpected(tracks.error());
     std::string last = kNoTrack;
@@ -48,8 +48,11 @@ Result<void> PlayerBus::Append(const std::string& address) const {
         }
     }
     const auto added =
-        bus_.Call(On("AddTrack"), g_variant_new("(sob)", address.c_str(), last.c_str(), FALSE));
+        bus_.Call(On("AddTrack"), g_variant_new("(sob)", address.c_str(), last.c_str(), plays));
     if (!added) return std::unexpected(added.error());
+    if (!plays) return {};
+    // One that was paused stays so on its new track.
+    (void)bus_.Call({name_, kObject, "org.mpris.MediaPlayer2.Player", "Play"}, nullptr);
     return {};
 }
 

@@ -14,8 +14,8 @@ class PlayerBus {
 
     // Whether there is one that lets others change its list.
     bool TakesFiles() const { return !name_.empty(); }
-    // Puts an address at the end of its list, without playing it.
-    Result<void> Append(const std::string& address) const;
+    // Puts an address at the end of its list, and plays it if asked.
+    Result<void> Append(const std::string& address, bool plays) const;
 
   private:
     BusMethod On(const char* method) const;

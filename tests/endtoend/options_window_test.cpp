@@ -126,5 +126,18 @@ TEST_F(OptionsWindowTest, ADisabledOptionRefusesAScript) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("chkErrorLog")));
 }
 
+TEST_F(OptionsWindowTest, AScriptSetsAnOptionBack) {
+    const Outcome outcome = RunScript("click mnuOptions_Open\n"
+                                      "set frmOptions.chkDesc = 1\n"
+                                      "reset frmOptions.chkDesc\n"
+                                      "dump frmOptions.chkDesc\n"
+                                      "click frmOptions.cmdOK\n");
+    EXPECT_EQ(outcome.out, "0\n") << outcome.err;
+    EXPECT_THAT(RunScript("click mnuOptions_Open\nreset frmOptions.cmdOK\n").err,
+                HasSubstr("frmOptions.cmdOK can't be set back: it is no option."));
+    EXPECT_EQ(RunScript("reset cmbDir\n").exitCode, 2);
+    EXPECT_EQ(RunScript("reset\n").exitCode, 2);
+}
+
 } // namespace
 } // namespace tarvix::endtoend

@@ -113,7 +113,11 @@ void BusWorld::Take(const std::string& method, GVariant* arguments) {
         const std::size_t slash = place.rfind('/') + 1;
         const bool isFront = place.substr(slash) == "NoTrack";
         const std::size_t at = isFront ? 0 : std::stoul(place.substr(slash)) + 1;
-        tracks_.insert(tracks_.begin() + static_cast<std::ptrdiff_t>(at), address);
+        GVariant* const plays = g_variant_get_child_value(arguments, 2);
+        const bool isPlayed = g_variant_get_boolean(plays) != FALSE;
+        g_variant_unref(plays);
+        tracks_.insert(tracks_.begin() + static_cast<std::ptrdiff_t>(at),
+                       address + (isPlayed ? " (plays)" : ""));
     }
     calls_.push_back(method + "(" + (method == "Activate" ? "" : Printed(first)) + ")");
     g_variant_unref(first);

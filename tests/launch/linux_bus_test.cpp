@@ -83,6 +83,15 @@ TEST_F(LinuxBus, APlayerThatRunsTakesFilesAtTheEndOfItsList) {
     EXPECT_TRUE(world_.IsQuiet());
 }
 
+TEST_F(LinuxBus, APlayerThatRunsPlaysTheFirstAndKeepsTheOrder) {
+    Serve({"org.mpris.MediaPlayer2.recorder"});
+    const std::string base = Add("2.mp3");
+    Add("1.mp3");
+    EXPECT_EQ(desk_.PlayNow("recorder --quiet", drives_).value_or(false), true);
+    EXPECT_THAT(bus_->Tracks(), ElementsAre(base + "2.mp3 (plays)", base + "1.mp3"));
+    EXPECT_EQ(desk_.PlayNow("no-such-player", drives_).value_or(true), false);
+}
+
 TEST_F(LinuxBus, AnotherPlayerIsLeftAlone) {
     Serve({"org.mpris.MediaPlayer2.vlc"});
     Add("1.mp3");

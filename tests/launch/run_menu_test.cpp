@@ -83,8 +83,47 @@ TEST_F(RunMenu, AnM3uWithBothPlayersGoesToVlcOnly) {
                                        "--playlist-enqueue C:\\data\\c.m3u"));
 }
 
+TEST_F(RunMenu, APlayerWhoseProgramIsGoneIsToldOnceAndNothingElseStarts) {
+    State().platformSettings.player = "gone --loop";
+    State().platformSettings.secondPlayer = "second --add";
+    desk.AddProgram("second");
+    List();
+    Select({"a.mp3", "f.mp4"});
+    Click(Form().mnuRun_Mp3);
+    EXPECT_THAT(Started(), IsEmpty());
+    EXPECT_THAT(Told(), ElementsAre("VLC is not in expected location."));
+    BeNative();
+    State().platformSettings.showsNative = true;
+    Click(Form().mnuRun_EnqueueMp3);
+    EXPECT_EQ(
+        Told().back(),
+        "The program that Player names isn't there: gone --loop\r\nSet another in the options "
+        "of this machine, or empty the box for one that is installed.");
+}
+
+TEST_F(RunMenu, SoIsASecondPlayerThatIsGone) {
+    State().platformSettings.player = "";
+    desk.RemoveProgram("vlc");
+    State().platformSettings.secondPlayer = "gone";
+    List();
+    Select({"a.mp3"});
+    Click(Form().mnuRun_Mp3);
+    EXPECT_THAT(Started(), IsEmpty());
+    EXPECT_THAT(Told(), ElementsAre("WinAmp is not in expected location."));
+}
+
+TEST_F(RunMenu, VlcThatRunsPlaysTheFilesItself) {
+    desk.hasPlayer = true;
+    List();
+    Select({"a.mp3", "d.wav"});
+    Click(Form().mnuRun_Mp3);
+    EXPECT_THAT(desk.played, ElementsAre("vlc: C:\\data\\a.mp3", "vlc: C:\\data\\d.wav"));
+    EXPECT_THAT(Started(), IsEmpty());
+}
+
 TEST_F(RunMenu, TheSecondPlayerGetsItsThreeKindsWithoutTheFirst) {
-    State().platformSettings.player = "gone";
+    State().platformSettings.player = "";
+    desk.RemoveProgram("vlc");
     State().platformSettings.secondPlayer = "second --add";
     desk.AddProgram("second");
     List();
@@ -98,7 +137,7 @@ TEST_F(RunMenu, TheSecondPlayerGetsItsThreeKindsWithoutTheFirst) {
 }
 
 TEST_F(RunMenu, WithoutPlayersAllIsSkipped) {
-    State().platformSettings.player = "gone";
+    State().platformSettings.player = "";
     desk.RemoveProgram("vlc");
     List();
     Select({"a.mp3"});

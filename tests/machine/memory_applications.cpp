@@ -168,4 +168,12 @@ Result<bool> MemoryApplications::Enqueue(std::string_view command,
     return true;
 }
 
+Result<bool> MemoryApplications::PlayNow(std::string_view command,
+                                         std::span<const std::string> paths) {
+    if (!hasPlayer) return false;
+    for (const std::string& path : paths)
+        played.push_back(fmt::format("{}: {}", command, path));
+    return true;
+}
+
 } // namespace tarvix::platform

@@ -50,12 +50,14 @@ class MemoryApplications : public Applications {
         return {};
     }
     Result<bool> Enqueue(std::string_view command, std::span<const std::string> paths) override;
+    Result<bool> PlayNow(std::string_view command, std::span<const std::string> paths) override;
 
     // What was started, in order: "FOLDER> ARGUMENT ARGUMENT ...".
     std::vector<std::string> started;
     std::vector<std::string> shown; // paths shown in their folder
     int trashShown = 0;
     std::vector<std::string> enqueued; // "COMMAND: PATH"
+    std::vector<std::string> played;   // the same
     std::string terminal;
     bool hasPlayer = false;         // one that takes files over the bus
     std::set<std::string> refusing; // programs that can't be started

@@ -1,6 +1,8 @@
 #include "options/find_options.h"
 #include "options/option_table.h"
+#include "session/input_recorder.h"
 #include "tests/options/options_fixture.h"
+#include "text/characters.h"
 
 namespace tarvix::testing {
 namespace {
@@ -184,6 +186,42 @@ TEST_F(FindOptions, OneOptionIsSetBackByItsName) {
         EXPECT_TRUE(Window().optSortBy[0].Value);
         EXPECT_FALSE(Window().optSortBy[5].Value);
         EXPECT_EQ(ValueOf("chkDesc"), "1");
+    });
+}
+
+// Notes what a script would get.
+struct NotedResets : session::InputRecorder {
+    void Clicked(const fields::Control&) override {}
+    void Entered(const fields::Control& control, std::string_view value) override {
+        noted.push_back(text::Concat({control.Name(), " = ", value}));
+    }
+    void Left(const fields::Control&) override {}
+    void Reset(const fields::Control& control) override {
+        noted.push_back("reset " + control.Name());
+    }
+    void Selected() override {}
+    void Sorted(int) override {}
+    void Opened(int) override {}
+    void Answered(std::string_view) override {}
+    std::vector<std::string> noted;
+};
+
+TEST_F(FindOptions, AResetIsRecordedWithItsValueOrAsOne) {
+    Start();
+    Inside([&] {
+        SetNamed("chkDesc", "1");
+        SetNamed("optDefSearchFolder(7)", "1");
+        SetNamed("txtDefFolder", "/srv");
+        SetNamed("cmbDriveLetter", "K:");
+        SetNamed("txtDriveFolder", "/k");
+        NotedResets recorder;
+        S().recorder = &recorder;
+        for (const char* name : {"chkDesc", "optDefSearchFolder(7)", "txtDriveFolder", "lstMain"})
+            S().events.Raise(S(), options::kResetOption, {.path = name});
+        S().recorder = nullptr;
+        EXPECT_THAT(recorder.noted, ElementsAre("chkDesc = 0", "reset optDefSearchFolder(7)",
+                                                "reset txtDriveFolder", "reset lstMain"));
+        EXPECT_FALSE(IsChanged("optDefSearchFolder(7)"));
     });
 }
 

@@ -193,7 +193,6 @@ QWidget* MakeAttributes(const fields::FrmSearch& form) {
     auto* any = new QToolButton;
     any->setObjectName("btnAnyAttribute");
     any->setText("All any");
-    any->setAutoRaise(true);
     any->setFocusPolicy(Qt::TabFocus);
     any->setToolTip("Finds objects whatever their attributes are");
     flow->addWidget(any);

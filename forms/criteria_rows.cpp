@@ -12,6 +12,7 @@ namespace tarvix::forms {
 namespace {
 
 constexpr int kBetween = 18; // parts in one row
+constexpr int kGrid = 6;     // columns of the boxes above
 
 QWidget* FirstOf(const QWidget& part) {
     return part.layout()->itemAt(0)->widget();
@@ -35,24 +36,41 @@ CriteriaRows::CriteriaRows(const QWidget& boxes, const Parts& parts)
     for (QHBoxLayout*& row : rows_) {
         row = new QHBoxLayout;
         row->setSpacing(kBetween);
-        row->setAlignment(Qt::AlignLeft);
+        row->addStretch(1);
         column->addLayout(row);
     }
     for (QWidget* part : {parts.kinds, parts.size, parts.date, parts.attributes}) {
-        FirstOf(*part)->setMinimumWidth(label_);
+        FirstOf(*part)->setMinimumWidth(LabelIn(*part));
     }
     column->addWidget(parts.attributes);
     Arrange(false);
 }
 
-// As if the date began a row, so that what fits doesn't depend on how it stands.
+// Behind its label each part begins at the same place.
+int CriteriaRows::LabelIn(const QWidget& part) const {
+    return label_ + kGrid - part.layout()->spacing();
+}
+
+// With so much room for the box that stands for its label.
+int CriteriaRows::DateWidth(int label) const {
+    const QWidget& box = *FirstOf(*parts_.date);
+    const int own = box.sizeHint().width();
+    return parts_.date->sizeHint().width() - std::max(own, box.minimumWidth()) +
+           std::max(own, label);
+}
+
 int CriteriaRows::WideWidth() const {
     const int first = parts_.kinds->sizeHint().width() + parts_.extras->sizeHint().width();
-    const QWidget& box = *FirstOf(*parts_.date);
-    const int wanted = parts_.date->sizeHint().width() -
-                       std::max(box.sizeHint().width(), box.minimumWidth()) +
-                       box.sizeHint().width();
-    return std::max(first, parts_.size->sizeHint().width() + wanted) + kBetween;
+    return std::max(first, parts_.size->sizeHint().width() + DateWidth(0)) + kBetween;
+}
+
+QSize CriteriaRows::minimumSizeHint() const {
+    const int second =
+        parts_.size->sizeHint().width() + kBetween + parts_.extras->sizeHint().width();
+    const int width =
+        std::max({parts_.kinds->sizeHint().width(), second, DateWidth(LabelIn(*parts_.date))});
+    return {std::min(width, QWidget::minimumSizeHint().width()),
+            QWidget::minimumSizeHint().height()};
 }
 
 void CriteriaRows::Arrange(bool isWide) {
@@ -62,11 +80,14 @@ void CriteriaRows::Arrange(bool isWide) {
             row->removeWidget(part);
         }
     }
-    FirstOf(*parts_.date)->setMinimumWidth(isWide ? 0 : label_);
-    rows_[0]->addWidget(parts_.kinds);
-    rows_[1]->addWidget(parts_.size);
-    rows_[isWide ? 0 : 1]->addWidget(parts_.extras);
-    rows_[isWide ? 1 : 2]->addWidget(parts_.date);
+    FirstOf(*parts_.date)->setMinimumWidth(isWide ? 0 : LabelIn(*parts_.date));
+    const auto add = [this](std::size_t row, QWidget* part) {
+        rows_[row]->insertWidget(rows_[row]->count() - 1, part);
+    };
+    add(0, parts_.kinds);
+    add(1, parts_.size);
+    add(isWide ? 0 : 1, parts_.extras);
+    add(isWide ? 1 : 2, parts_.date);
 }
 
 void CriteriaRows::Fit() {

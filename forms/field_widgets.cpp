@@ -1,5 +1,6 @@
 #include "forms/field_widgets.h"
 
+#include "forms/attribute_box.h"
 #include "forms/completion.h"
 #include "forms/list_box.h"
 #include "forms/text_conversion.h"
@@ -76,6 +77,7 @@ QPushButton* Make(const fields::CommandButton& field) {
 }
 
 FieldCheckBox* Make(const fields::CheckBox& field) {
+    if (field.IsTriState()) return new AttributeBox(field, "Objects with this attribute");
     return Named(new FieldCheckBox, field);
 }
 

@@ -142,6 +142,7 @@ void OptionsWindow::Refresh() {
     ShowPage();
     ShowChanged();
     ShowVariables();
+    DropDoubledLetters(*this);
 }
 
 void OptionsWindow::ShowPage() {

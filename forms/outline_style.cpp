@@ -16,6 +16,7 @@ constexpr double kVisible = 3.4;      // contrast of an outline to what lies on 
 constexpr double kFaint = 1.9;        // of one that can't be used
 constexpr int kSteps = 40;
 constexpr qreal kCorner = 2.5;
+constexpr qreal kFocusWidth = 1.6;
 
 QColor Mixed(const QColor& ground, const QColor& ink, double share) {
     const auto mix = [share](int from, int to) {
@@ -50,17 +51,32 @@ QColor Behind(const QColor& ground, const QColor& ink) {
     return away;
 }
 
+// The colour of what is selected, moved towards the text until it stands out.
+QColor FocusOf(const QPalette& palette) {
+    const QColor mark = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor ink = palette.color(QPalette::Active, QPalette::WindowText);
+    for (int step = 0; step < kSteps; ++step) {
+        const QColor mixed = Mixed(mark, ink, static_cast<double>(step) / kSteps);
+        if (Contrast(mixed, palette.color(QPalette::Active, QPalette::Window)) >= kVisible &&
+            Contrast(mixed, palette.color(QPalette::Active, QPalette::Base)) >= kVisible) {
+            return mixed;
+        }
+    }
+    return ink;
+}
+
 // A line of one pixel lies on the middle of the pixels.
 QRectF LineRect(const QRect& rect) {
     return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
 }
 
 void DrawFrame(const QStyleOption& option, QPainter& painter, const QRect& rect, qreal corner) {
-    if (option.state.testFlag(QStyle::State_HasFocus)) return; // has a stronger one
+    const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(OutlineOf(option.palette, IsUsable(option)), 1));
+    painter.setPen(hasFocus ? QPen(FocusOf(option.palette), kFocusWidth)
+                            : QPen(OutlineOf(option.palette, IsUsable(option)), 1));
     painter.drawRoundedRect(LineRect(rect), corner, corner);
     painter.restore();
 }

@@ -102,7 +102,7 @@ QPalette DarkPalette() {
     for (const auto& [role, color] : kRoles) {
         palette.setColor(role, QColor::fromRgb(color));
     }
-    palette.setColor(QPalette::PlaceholderText, QColor(0x96, 0x9b, 0xa1));
+    palette.setColor(QPalette::PlaceholderText, QColor(0xa8, 0xad, 0xb3));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x85, 0x8b));
     }

@@ -4,6 +4,7 @@
 #include "forms/theme.h"
 #include "session/prompt_id.h"
 #include "session/prompt_table.h"
+#include "session/wordings.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -42,6 +43,14 @@ constexpr std::array<Album, 5> kAlbums{
      {"Fela Kuti\\Zombie (1976)",
       1976,
       {"01 Zombie", "02 Mister Follow Follow", "03 Observation", "04 Mistake"}}}};
+
+// A layout takes several rounds of events, however fast the machine is.
+void Settle() {
+    for (int round = 0; round < 20; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QTest::qWait(2);
+    }
+}
 
 session::PromptId PromptShowing(const fields::Form& form) {
     return std::ranges::find(session::AllPrompts(), form.Name(), &session::PromptFacts::form)->id;
@@ -84,7 +93,7 @@ void EveryWindow::SetUp() {
 
 void EveryWindow::LookAtModal(const Look& look, const std::string& name) {
     OnModal([look, name](QWidget& modal) {
-        QTest::qWait(20);
+        Settle();
         look(modal, name);
         if (modal.isVisible()) modal.close();
     });
@@ -92,12 +101,12 @@ void EveryWindow::LookAtModal(const Look& look, const std::string& name) {
 
 void EveryWindow::SeeSearch(const Look& look) {
     window->resize(kPictured);
-    QTest::qWait(20);
+    Settle();
     look(*window, "search-at-first");
     S().state.options.blnAllowUserSelectSubfolders = true;
     Form().chkIncludeSubFolders.Value = 0;
     Search("*.mp3", "~/Music");
-    QTest::qWait(20);
+    Settle();
     look(*window, "search-found-nothing");
     Find<QCheckBox>("chkIncludeSubFolders")->click();
     Find<QCheckBox>("chkSize")->click();
@@ -108,10 +117,10 @@ void EveryWindow::SeeSearch(const Look& look) {
     for (int row = 3; row < 8; ++row) {
         ClickRow(row, Qt::ControlModifier);
     }
-    QTest::qWait(20);
+    Settle();
     look(*window, "search");
     window->resize(800, 549);
-    QTest::qWait(20);
+    Settle();
     look(*window, "search-small");
     window->resize(kPictured);
     Press("cmdSelectAll");
@@ -173,6 +182,8 @@ void EveryWindow::FillForms() {
         "2 objects could not be read by the last search, and so what they hold was not found:";
     forms.frmUnread.lstUnread.SetItems({"/home/ann/Music/private: Permission denied",
                                         "/media/ann/Old disk/broken.mp3: Input/output error"});
+    forms.frmWelcome.lblMain.Caption =
+        std::string(session::Worded(S(), session::Wording::kFirstRun));
     forms.frmForChar.lblMain.Caption = "A name could not be opened.";
     forms.frmTrailingSp.lblMain.Caption = "A name ends with a blank.";
     forms.frmAllUsers.lblMain.Caption = "The folder of all users is searched in its true place.";
@@ -187,7 +198,7 @@ void EveryWindow::SeeForms(const Look& look) {
              &forms.frmForChar, &forms.frmTrailingSp, &forms.frmAllUsers, &forms.frmShortcutWarning,
              &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmPreview}) {
         OnModal([&, form](QWidget& modal) {
-            QTest::qWait(20);
+            Settle();
             look(modal, form->Name());
             gate.Run(nullptr, [form] { form->Hide(); });
             gate.Flush();
@@ -202,7 +213,7 @@ void EveryWindow::SeeOptions(const Look& look) {
         auto* pages = modal.findChild<QListWidget*>("tbsOptions");
         for (int page = 0; page < pages->count(); ++page) {
             pages->setCurrentRow(page);
-            QTest::qWait(20);
+            Settle();
             look(modal, "options-" + std::to_string(page + 1));
         }
         modal.close();
@@ -227,7 +238,7 @@ void EveryWindow::SeeQuestions(const Look& look) {
 void EveryWindow::SeeHelp(const Look& look) {
     HelpWindow help;
     help.ShowPage(QString(TARVIX_HELP) + "/guide.md");
-    QTest::qWait(20);
+    Settle();
     look(help, "help");
     help.close();
     Activate(*window);

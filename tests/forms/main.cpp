@@ -1,6 +1,8 @@
 #include "forms/theme.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QStandardPaths>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,6 +21,9 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     tarvix::forms::UseOutlines();
+    // Without a desktop nobody says where the icons lie.
+    QIcon::setThemeSearchPaths(QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                         "icons", QStandardPaths::LocateDirectory));
     ::testing::InitGoogleTest(&argc, argv);
     qInstallMessageHandler(FailOnWarning);
     return RUN_ALL_TESTS();

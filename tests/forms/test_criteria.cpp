@@ -61,9 +61,12 @@ class CriteriaTest : public WindowFixture {
 };
 
 TEST_F(CriteriaTest, NothingMovesWhenSomethingIsChosen) {
-    for (const QSize size : {QSize(800, 497), QSize(1120, 720), QSize(1900, 1000)}) {
+    for (const QSize size :
+         {QSize(800, 497), QSize(1120, 720), QSize(1900, 1000), QSize(801, 500)}) {
         window->resize(size);
-        QTest::qWait(400);
+        for (int round = 0; round < 20; ++round) {
+            QTest::qWait(10);
+        }
         for (const char* box : {"chkSize", "chkSize", "chkDate", "chkDate", "chkNot", "chkOneEach",
                                 "chkRepeatSearch", "chkIncludeSubFolders", "optFilesVsDirs(2)",
                                 "optFilesVsDirs(4)", "chkHidden", "chkHidden", "chkHidden"}) {

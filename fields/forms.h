@@ -39,7 +39,7 @@ struct Forms {
     FrmOptions frmOptions;
     FrmOutcome frmOutcome;
 
-    const std::array<Form*, 23> all{&frmSearch,
+    const std::array<Form*, 24> all{&frmSearch,
                                     &frmDialog,
                                     &frmForChar,
                                     &frmTrailingSp,

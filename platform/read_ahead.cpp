@@ -87,7 +87,7 @@ struct ReadAhead::State {
 
     std::vector<Order> pending; // the owner's alone, until they are handed over
     std::size_t taken = 0;      // in front of the oldest that the owner still wants; its alone
-    std::unique_ptr<FolderVisitor> visitor; // the owner's, where there are no readers
+    std::unique_ptr<FolderVisitor> ownVisitor; // the owner's, where there are no readers
 
     std::mutex mutex;
     std::condition_variable work;
@@ -209,8 +209,8 @@ Job* ReadAhead::State::Front() {
     std::unique_lock lock(mutex);
     if (readers.empty()) {
         lock.unlock();
-        if (!visitor) visitor = VisitorOf(files);
-        Do(*visitor, job);
+        if (!ownVisitor) ownVisitor = VisitorOf(files);
+        Do(*ownVisitor, job);
         job.isDone = true;
         ++next;
         return &job;

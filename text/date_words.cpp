@@ -15,8 +15,8 @@ namespace tarvix::text {
 
 namespace {
 
-constexpr std::int64_t kDay = 86400;
-constexpr std::int64_t kHour = 3600;
+constexpr std::int64_t kDaySeconds = 86400;
+constexpr std::int64_t kHourSeconds = 3600;
 constexpr int kMostCount = 9999;
 constexpr std::array<std::string_view, 7> kWeekdays{"monday", "tuesday",  "wednesday", "thursday",
                                                     "friday", "saturday", "sunday"};
@@ -59,7 +59,7 @@ DateTime StartOfDay(DateTime day) {
 }
 
 DateTime DaysLater(const DateTime& day, std::int64_t days) {
-    return FromSeconds(ToSeconds(day) + days * kDay);
+    return FromSeconds(ToSeconds(day) + days * kDaySeconds);
 }
 
 // The same day of another month, or the last one where that month is shorter.
@@ -86,7 +86,7 @@ DateSpan DayOf(const DateTime& day) {
 
 std::int64_t DaysSinceMonday(const DateTime& day) {
     constexpr std::int64_t kFirstMonday = 4; // 1970-01-05, in days
-    const std::int64_t days = ToSeconds(StartOfDay(day)) / kDay - kFirstMonday;
+    const std::int64_t days = ToSeconds(StartOfDay(day)) / kDaySeconds - kFirstMonday;
     return (days % 7 + 7) % 7;
 }
 
@@ -96,8 +96,8 @@ DateSpan Around(const DateTime& day, Stretch stretch, int back) {
     switch (stretch) {
     case Stretch::kHour:
         start.hour = day.hour;
-        start = FromSeconds(ToSeconds(start) - back * kHour);
-        return Until(start, FromSeconds(ToSeconds(start) + kHour));
+        start = FromSeconds(ToSeconds(start) - back * kHourSeconds);
+        return Until(start, FromSeconds(ToSeconds(start) + kHourSeconds));
     case Stretch::kDay:
         start = DaysLater(start, -back);
         return Until(start, DaysLater(start, 1));
@@ -119,7 +119,7 @@ DateSpan Around(const DateTime& day, Stretch stretch, int back) {
 DateTime Back(const DateTime& day, Stretch stretch, int count) {
     switch (stretch) {
     case Stretch::kHour:
-        return FromSeconds(ToSeconds(day) - count * kHour);
+        return FromSeconds(ToSeconds(day) - count * kHourSeconds);
     case Stretch::kDay:
         return DaysLater(day, -count);
     case Stretch::kWeek:

@@ -104,7 +104,7 @@ void SearchWindow::AddOwnEntries() {
     QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
-    FillViewMenu(*menu_->Find("View"), *list_, *model_);
+    FillViewMenu(*menu_->Find("View"), *list_, session_.state.platformSettings);
     QAction* exit = menu_->Find("File")->addAction("E&xit", this, [this] { close(); });
     exit->setShortcut(QKeySequence("Ctrl+Q"));
     const auto focusOn = [this](const char* key, const char* box) {

@@ -53,12 +53,8 @@ bool ResultModel::Sync() {
     return isOther;
 }
 
-void ResultModel::UseReadableSizes(bool readable) {
-    if (readable == hasReadableSizes_) return;
-    hasReadableSizes_ = readable;
-    if (count_ > 0) {
-        emit dataChanged(index(0, results::kSize), index(count_ - 1, results::kSize));
-    }
+bool ResultModel::ShowsUnits() const {
+    return session_.state.platformSettings.showsUnits;
 }
 
 int ResultModel::rowCount(const QModelIndex& parent) const {
@@ -71,8 +67,8 @@ int ResultModel::columnCount(const QModelIndex& parent) const {
 
 // A size that red alone would tell apart has a mark.
 QString ResultModel::SizeOf(std::size_t row) const {
-    const QString size = hasReadableSizes_ ? ToQt(results::ReadableSizeCell(rows_, row))
-                                           : ToQt(rows_.Cell(row, results::kSize));
+    const QString size = ShowsUnits() ? ToQt(results::ReadableSizeCell(rows_, row))
+                                      : ToQt(rows_.Cell(row, results::kSize));
     const bool isMarked =
         !rows_.At(row).isFolder && rows_.CellColor(row, results::kSize) == fields::kRed;
     return isMarked && !size.isEmpty() ? size + " !" : size;
@@ -85,7 +81,7 @@ QString ResultModel::TextOf(std::size_t row, results::Column column) const {
 }
 
 QVariant ResultModel::FullTextOf(std::size_t row, results::Column column) const {
-    if (column == results::kSize && hasReadableSizes_) {
+    if (column == results::kSize && ShowsUnits()) {
         const std::string exact = results::ExactSize(rows_, row);
         return exact.empty() ? QVariant() : QVariant(ToQt(exact));
     }

@@ -25,9 +25,6 @@ class ResultModel : public QAbstractTableModel {
     // Takes in the rows that were added, or all anew when the list was cleared since; gives whether
     // it shows another list from then on.
     bool Sync();
-    // Whether sizes show in the largest unit that fits, in place of all bytes.
-    void UseReadableSizes(bool readable);
-    bool HasReadableSizes() const { return hasReadableSizes_; }
     // False from the moment that the list is cleared until Sync.
     bool IsCurrent() const { return generation_ == rows_.Generation(); }
 
@@ -39,6 +36,7 @@ class ResultModel : public QAbstractTableModel {
 
   private:
     QString TextOf(std::size_t row, results::Column column) const;
+    bool ShowsUnits() const;
     QString SizeOf(std::size_t row) const;
     QVariant FullTextOf(std::size_t row, results::Column column) const;
     QString SpokenRow(std::size_t row) const;
@@ -54,7 +52,6 @@ class ResultModel : public QAbstractTableModel {
     std::uint64_t clearings_ = 0;
     int count_ = 0;
     std::string location_; // in which all rows lie, in drive form
-    bool hasReadableSizes_ = false;
 };
 
 } // namespace tarvix::forms

@@ -110,7 +110,7 @@ void SearchWindow::AddOwnEntries() {
     QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
-    FillViewMenu(*menu_->Find("View"), *list_, *model_);
+    FillViewMenu(*menu_->Find("View"), *list_, session_.state.platformSettings);
     QAction* rename = actions->addAction("Rename &Here", this, [this] { RenameHere(); });
     rename->setShortcut(QKeySequence(Qt::Key_F2));
     rename->setObjectName("actRenameHere");

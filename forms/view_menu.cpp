@@ -1,9 +1,9 @@
 #include "forms/view_menu.h"
 
 #include "forms/legend_window.h"
-#include "forms/result_model.h"
 #include "forms/result_view.h"
 #include "forms/staying_menu.h"
+#include "session/settings/platform_settings.h"
 
 #include <QActionGroup>
 
@@ -22,17 +22,19 @@ void AddColumns(QMenu& menu, ResultView& list) {
     });
 }
 
-void AddSizes(QMenu& menu, ResultModel& model) {
+void AddSizes(QMenu& menu, ResultView& list, session::PlatformSettings& settings) {
     auto* forms = new QActionGroup(&menu);
-    const auto add = [&](const char* text, const char* name, bool readable) {
+    const auto add = [&](const char* text, const char* name, bool inUnits) {
         QAction* form = menu.addAction(text);
         form->setObjectName(name);
         form->setCheckable(true);
         forms->addAction(form);
-        QObject::connect(form, &QAction::triggered, &model,
-                         [&model, readable] { model.UseReadableSizes(readable); });
-        QObject::connect(&menu, &QMenu::aboutToShow, form, [form, &model, readable] {
-            form->setChecked(model.HasReadableSizes() == readable);
+        QObject::connect(form, &QAction::triggered, &list, [&list, &settings, inUnits] {
+            settings.showsUnits = inUnits;
+            list.viewport()->update();
+        });
+        QObject::connect(&menu, &QMenu::aboutToShow, form, [form, &settings, inUnits] {
+            form->setChecked(settings.showsUnits == inUnits);
         });
     };
     add("Sizes in &Bytes", "actSizesInBytes", false);
@@ -41,10 +43,10 @@ void AddSizes(QMenu& menu, ResultModel& model) {
 
 } // namespace
 
-void FillViewMenu(QMenu& menu, ResultView& list, ResultModel& model) {
+void FillViewMenu(QMenu& menu, ResultView& list, session::PlatformSettings& settings) {
     AddColumns(menu, list);
     menu.addSeparator();
-    AddSizes(menu, model);
+    AddSizes(menu, list, settings);
     menu.addSeparator();
     QAction* legend = menu.addAction("Colours and &Signs", &list, [&list] {
         QWidget* window = list.window();

@@ -21,6 +21,8 @@ constexpr std::string_view kNameColumn = "Name";
 constexpr std::string_view kNative = "native";
 constexpr std::string_view kDrive = "drive";
 constexpr std::string_view kAny = "any";
+constexpr std::string_view kBytes = "bytes";
+constexpr std::string_view kUnits = "units";
 constexpr std::string_view kOn = "on";
 constexpr std::string_view kOff = "off";
 constexpr std::string_view kAll = "all";
@@ -143,6 +145,17 @@ bool TakeLength(PlatformSettings& settings, std::string_view text) {
     return true;
 }
 
+std::string SizesText(const PlatformSettings& settings) {
+    return std::string(settings.showsUnits ? kUnits : kBytes);
+}
+
+bool TakeSizes(PlatformSettings& settings, std::string_view text) {
+    const bool isUnits = text::EqualNoCase(text, kUnits);
+    if (!isUnits && !text::EqualNoCase(text, kBytes)) return false;
+    settings.showsUnits = isUnits;
+    return true;
+}
+
 bool TakeYear(PlatformSettings& settings, std::string_view text) {
     if (text::EqualNoCase(text, kAny)) {
         settings.latestYear = kAnyYear;
@@ -245,6 +258,8 @@ constexpr std::array kKeys{
         "PathForm", "Paths in windows, messages and logs: native or drive."),
     FormKey<&PlatformSettings::listsAreNative>("ListPathForm",
                                                "Paths in lists that are written: native or drive."),
+    SettingKey{"SizeForm", "Sizes in the list of the window: bytes, or units for kB, MB and GB.",
+               SizesText, TakeSizes, "bytes|units"},
     SettingKey{"LongestPath",
                "The longest path: native for what the disk takes, or 259 characters.", LengthText,
                TakeLength, "native|259"},

@@ -41,6 +41,7 @@ struct PlatformSettings {
     std::map<char, std::string> drives; // by letter from D to Z, absolute native folders
     bool showsNative = false;           // paths in what people read
     bool listsAreNative = true;         // paths in written lists
+    bool showsUnits = false;            // sizes in the list, in place of all their bytes
     int longestPath = kToldLength;      // in characters, or kAnyLength: what the disk takes
     std::string editor;                 // a command; empty for the desktop's own
     std::string player;                 // in the place of VLC

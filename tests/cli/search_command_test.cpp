@@ -335,8 +335,8 @@ TEST_F(SearchCommandTest, ProgressIsNoLongerThanALineAndIsTakenOffBeforeResults)
     terminalWidth = 12;
     EXPECT_EQ(Search({}), kDone);
     EXPECT_THAT(Err(), ::testing::HasSubstr("Found "));
-    const std::string err = Err();
-    for (const std::string_view piece : text::Split(err, '\r'))
+    const std::string written = Err();
+    for (const std::string_view piece : text::Split(written, '\r'))
         EXPECT_LT(piece.substr(piece.starts_with("\x1B[K") ? 3 : 0).size(), 12U) << piece;
 }
 

@@ -305,6 +305,7 @@ TEST_F(ListLooksTest, SizesAreWrittenInUnitsWhereThatIsChosen) {
     EXPECT_EQ(RowDelegate::WholeText(Cell(0, results::kSize)), "1.2 MB");
     EXPECT_EQ(Cell(0, results::kSize).data(ResultModel::kFullText).toString(), "1,234,567 bytes");
     EXPECT_EQ(S().rows->Cell(0, results::kSize), "000,001,234,567");
+    EXPECT_TRUE(S().state.platformSettings.showsUnits);
     Entry("actSizesInBytes")->trigger();
     EXPECT_EQ(RowDelegate::WholeText(Cell(0, results::kSize)), "1,234,567");
 }

@@ -44,6 +44,7 @@ TEST_F(MachinePage, EachFieldComesToItsKeyAndBack) {
              {"cmbPathForm", "native", "PathForm = native"},
              {"cmbPathForm", "drive", "PathForm = drive"},
              {"cmbListPathForm", "drive", "ListPathForm = drive"},
+             {"cmbSizeForm", "units", "SizeForm = units"},
              {"cmbLongestPath", "native", "LongestPath = native"},
              {"cmbLongestPath", "259", "LongestPath = 259"},
              {"txtEditor", "kate -b", "Editor = kate -b"},

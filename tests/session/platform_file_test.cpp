@@ -23,6 +23,7 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
     settings.drives = {{'E', "/srv/collection"}};
     settings.showsNative = true;
     settings.listsAreNative = false;
+    settings.showsUnits = true;
     settings.longestPath = session::kAnyLength;
     settings.editor = "gedit --wait";
     settings.player = "vlc";
@@ -45,6 +46,8 @@ TEST(PlatformSettingsText, HasACommentForEachKey) {
         "PathForm = native\r\n"
         "# Paths in lists that are written: native or drive.\r\n"
         "ListPathForm = drive\r\n"
+        "# Sizes in the list of the window: bytes, or units for kB, MB and GB.\r\n"
+        "SizeForm = units\r\n"
         "# The longest path: native for what the disk takes, or 259 characters.\r\n"
         "LongestPath = native\r\n"
         "# The command that opens text files; empty for the desktop's own.\r\n"
@@ -139,6 +142,7 @@ TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
                                        "LogsKept = 5 weeks",
                                        "LogsKept = days",
                                        "LogsKept = 99999999999",
+                                       "SizeForm = kB",
                                        "LongestPath = 260",
                                        "LongestPath = 0",
                                        "SearchWindow = 1,2,3",

@@ -3,6 +3,7 @@
 #include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
 #include "actions/request/multi_paths.h"
+#include "actions/request/remembered_structure.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/duplicate_dispatch.h"
 #include "actions/run/figures.h"
@@ -219,7 +220,10 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
                  {warnings + PlainQuestion(session, request), DeedText(session, request)})) {
         return ReportActionResult(session, run);
     }
-    if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
+    if (session.frmDialog.cmbDir.Visible) {
+        session::UpdateDestHistory(session);
+        RememberStructure(session, request);
+    }
     if (request.way == Way::kSpecialRule) {
         session.state.strFailedPosition.clear();
         session.state.strLastFailedSearch.clear();

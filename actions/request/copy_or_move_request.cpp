@@ -2,8 +2,9 @@
 
 #include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
-#include "actions/request/multi_paths.h"
 #include "actions/request/file_name_warning.h"
+#include "actions/request/multi_paths.h"
+#include "actions/request/remembered_structure.h"
 #include "actions/request/request_checks.h"
 #include "actions/run/duplicate_dispatch.h"
 #include "actions/run/figures.h"
@@ -220,7 +221,10 @@ void RunConfirmed(Session& session, ActionRun& run, const std::string& warnings)
                  {warnings + PlainQuestion(session, request), DeedText(session, request)})) {
         return ReportActionResult(session, run);
     }
-    if (session.frmDialog.cmbDir.Visible) session::UpdateDestHistory(session);
+    if (session.frmDialog.cmbDir.Visible) {
+        session::UpdateDestHistory(session);
+        RememberStructure(session, request);
+    }
     if (request.way == Way::kSpecialRule) {
         session.state.strFailedPosition.clear();
         session.state.strLastFailedSearch.clear();

@@ -4,6 +4,7 @@
 #include "actions/request/destination_controls.h"
 #include "actions/request/multi_paths.h"
 #include "actions/request/ok_button.h"
+#include "actions/request/remembered_structure.h"
 #include "results/selection.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
@@ -241,6 +242,7 @@ void OpenDialog(Session& session) {
     session.frmDialog.optStructure.Choose(0);
     ShowBusy(session, false);
     frmDialog_Activate(session);
+    OfferStructureOf(session);
 }
 
 void frmDialog_Activate(Session& session) {

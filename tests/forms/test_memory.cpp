@@ -107,6 +107,28 @@ TEST_F(MemoryTest, TheActionWindowOpensAsWideAsItWas) {
     Press("cmdCopySelected");
 }
 
+TEST_F(MemoryTest, AStructureComesBackWithTheDestinationThatItWasUsedWith) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    OnModal([this](QWidget& modal) {
+        auto* edit = modal.findChild<QComboBox*>("cmbDir")->lineEdit();
+        edit->selectAll();
+        QTest::keyClicks(edit, "C:\\home\\ann\\Copies");
+        modal.findChild<QAbstractButton*>("optStructure(3)")->click();
+        OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnOK")->click(); });
+        modal.findChild<QPushButton*>("OKButton")->click();
+    });
+    Press("cmdCopySelected");
+    EXPECT_TRUE(machine.disk.Content("C:\\home\\ann\\Copies\\C\\home\\ann\\Music\\Abba\\one.mp3"));
+    OnModal([](QWidget& modal) {
+        EXPECT_EQ(modal.findChild<QComboBox*>("cmbDir")->currentText(), "C:\\home\\ann\\Copies");
+        EXPECT_TRUE(modal.findChild<QAbstractButton*>("optStructure(3)")->isChecked());
+        modal.findChild<QAbstractButton*>("optStructure(0)")->click();
+        modal.close();
+    });
+    Press("cmdCopySelected");
+}
+
 TEST(WindowPlaceTest, AWindowTakesThePlaceThatItHad) {
     QWidget window;
     window.resize(300, 200);

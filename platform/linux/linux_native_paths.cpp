@@ -14,6 +14,7 @@ namespace tarvix::platform {
 
 namespace {
 constexpr std::string_view kFileScheme = "file://";
+constexpr std::size_t kMostFolders = 2048;
 
 bool IsFileAddress(std::string_view text) {
     return text.size() >= kFileScheme.size() &&
@@ -65,16 +66,48 @@ std::string LinuxNativePaths::ToDrive(std::string_view text) const {
     return mounts_.Now()->ToDrive(CleanNativePath(path));
 }
 
+std::string LinuxNativePaths::FromKnown(const Table& drives, std::string_view folder,
+                                        std::string_view name) const {
+    std::string out;
+    const std::scoped_lock lock(mutex_);
+    if (drives_ != drives) return out;
+    const auto known = folders_.find(folder);
+    if (known == folders_.end()) return out;
+    out.reserve(known->second.size() + 1 + name.size());
+    out += known->second;
+    out += '/';
+    AppendNameToNative(out, name);
+    return out;
+}
+
+void LinuxNativePaths::Note(const Table& drives, std::string_view folder,
+                            std::string_view native) const {
+    const std::scoped_lock lock(mutex_);
+    if (drives_ != drives || folders_.size() >= kMostFolders) folders_.clear();
+    drives_ = drives;
+    folders_.insert_or_assign(std::string(folder), std::string(native));
+}
+
 std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
+    const Table drives = mounts_.Now();
+    const std::size_t slash = std::min(drivePath.rfind('\\'), drivePath.size());
+    const std::string_view folder = drivePath.substr(0, slash);
+    const std::string_view name = drivePath.substr(std::min(slash + 1, drivePath.size()));
+    // On a share more than the folder may tell where a name leads.
+    const bool isInFolder = drivePath.size() > 1 && drivePath[1] == ':' && CanBeName(name);
+    if (isInFolder) {
+        if (std::string known = FromKnown(drives, folder, name); !known.empty()) return known;
+    }
     const auto parsed = ParseDrivePath(drivePath);
     if (!parsed) return {};
-    auto base = mounts_.Now()->BaseOf(*parsed);
+    auto base = drives->BaseOf(*parsed);
     if (!base) return {};
     std::string out = std::move(base->folder);
     for (std::size_t i = base->namesTaken; i < parsed->names.size(); ++i) {
         out += '/';
-        out += NameToNative(parsed->names[i]);
+        AppendNameToNative(out, parsed->names[i]);
     }
+    if (isInFolder) Note(drives, folder, std::string_view(out).substr(0, out.rfind('/')));
     return out.empty() ? "/" : out;
 }
 

@@ -9,6 +9,7 @@
 #include "session/session.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/name_characters.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -23,14 +24,9 @@ using session::PromptId;
 using session::Session;
 
 constexpr std::size_t kShortestWithExtension = 5;
-constexpr std::string_view kNeverInNames = "\\/:*?\"<>|";
-
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < 32;
-}
 
 std::string CharacterWord(char c) {
-    return IsControl(c) ? "a control character" : std::string(1, c);
+    return text::IsControl(c) ? "a control character" : std::string(1, c);
 }
 
 // A rule is looked at when its characters are replaced.
@@ -101,7 +97,7 @@ bool HasRenameText(Session& session, const ActionRequest& request) {
 
 std::string WhyNoName(std::string_view part) {
     const auto wrong = std::ranges::find_if(
-        part, [](char c) { return IsControl(c) || kNeverInNames.contains(c); });
+        part, [](char c) { return text::IsControl(c) || text::kNeverInNames.contains(c); });
     if (wrong == part.end()) return {};
     return fmt::format("\"{}\" can't become part of a name, as no name may hold {}.\r\n\r\nType "
                        "it without that character.",
@@ -116,8 +112,8 @@ bool FitsName(Session& session, std::string_view part) {
 
 bool IsPath(Session& session, const ActionRequest& request, std::string_view typed) {
     const std::string_view marks = request.way == Way::kSpecialRule ? "/\"?<>" : "/\"?<>*|";
-    const auto wrong =
-        std::ranges::find_if(typed, [marks](char c) { return IsControl(c) || marks.contains(c); });
+    const auto wrong = std::ranges::find_if(
+        typed, [marks](char c) { return text::IsControl(c) || marks.contains(c); });
     std::string told;
     if (wrong != typed.end()) {
         told = fmt::format("no folder in a path with \\ between its folders can hold {}",

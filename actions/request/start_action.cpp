@@ -75,7 +75,8 @@ std::string Summary(const session::ActionTotals& totals, std::string_view verb) 
     for (const auto& [count, what] : others) {
         if (count > 0) told += fmt::format(", {}{}", figure(count), what);
     }
-    return told + ".";
+    told += '.';
+    return told;
 }
 
 // The list may be empty now: at least the status line tells what was done.

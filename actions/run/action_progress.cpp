@@ -26,7 +26,7 @@ std::string Bytes(double bytes) {
     const auto tenths = static_cast<std::int64_t>(bytes * 10);
     std::string text = text::Format(tenths / 10, "#,##0");
     if (unit > 0 && bytes < 100) text += fmt::format(".{}", tenths % 10);
-    return text + kUnits[unit];
+    return fmt::format("{}{}", text, kUnits[unit]);
 }
 
 std::string Duration(std::int64_t seconds) {

@@ -117,8 +117,8 @@ bool CopyAhead::Drop() {
     return hadAny;
 }
 
-// The first that waits, but none of the very next to be asked for as long as there are others: those
-// are sooner done by the one who asks than waited for.
+// The first that waits, but none of the very next to be asked for as long as there are others:
+// those are sooner done by the one who asks than waited for.
 std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
     std::size_t ready = 0;
     std::uint64_t bytes = 0;

@@ -1,5 +1,7 @@
 #include "app/edit_file.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -76,8 +78,8 @@ std::expected<void, std::string> EditFile(const std::string& file) {
     const SignalsAside aside;
     const auto process = Start(command, file);
     if (!process) {
-        return std::unexpected("The editor \"" + command +
-                               "\" could not be started: " + std::strerror(process.error()) + ".");
+        return std::unexpected(fmt::format("The editor \"{}\" could not be started: {}.", command,
+                                           std::strerror(process.error())));
     }
     int status = 0;
     while (waitpid(*process, &status, 0) < 0) {
@@ -85,9 +87,9 @@ std::expected<void, std::string> EditFile(const std::string& file) {
     }
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return {};
     const std::string how = WIFEXITED(status)
-                                ? "ended with " + std::to_string(WEXITSTATUS(status))
-                                : "was ended by signal " + std::to_string(WTERMSIG(status));
-    return std::unexpected("The editor \"" + command + "\" " + how + ".");
+                                ? fmt::format("ended with {}", WEXITSTATUS(status))
+                                : fmt::format("was ended by signal {}", WTERMSIG(status));
+    return std::unexpected(fmt::format("The editor \"{}\" {}.", command, how));
 }
 
 } // namespace tarvix::app

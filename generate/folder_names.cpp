@@ -39,7 +39,7 @@ std::string CountedName(int value) {
 std::string NumberedName(std::int64_t start, std::int64_t count, std::int64_t number) {
     const std::int64_t last = start + std::max<std::int64_t>(count, 1) - 1;
     const std::size_t width = std::to_string(last).size();
-    return text::Format(number, text::Repeat("0", width - 1) + "#");
+    return text::Format(number, fmt::format("{}#", text::Repeat("0", width - 1)));
 }
 
 NextName NumberedNames(std::int64_t start, std::int64_t count) {

@@ -281,7 +281,7 @@ std::unique_ptr<ListSource> MakePage(Session& session, const ListRequest& reques
 
 std::string ToFileUrl(std::string_view path) {
     std::string address = text::Replace(text::StripTrailingSlash(path), "\\", "/");
-    return "file:///" + text::Replace(address, " ", "%20");
+    return fmt::format("file:///{}", text::Replace(address, " ", "%20"));
 }
 
 std::string FolderOfSelection(const Session& session) {

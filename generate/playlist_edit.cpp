@@ -197,7 +197,8 @@ std::string PlaylistEdit::Summary() const {
     add("recycled", deleted_, toDelete_);
     if (told.empty()) return "Nothing was renamed: no green file needs a Year-Rank.";
     told.front() = told.front() == 'r' ? 'R' : told.front();
-    return told + ".";
+    told += '.';
+    return told;
 }
 
 // ---- the preview ----

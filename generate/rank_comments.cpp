@@ -6,6 +6,8 @@
 #include "text/format.h"
 #include "text/like.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 
@@ -61,7 +63,7 @@ void RankComments::ReadRank(std::string_view name) {
     const std::string key = text::EscapeLikeChars(key_);
     const std::size_t length = text::Length(name);
     const auto atEnd = [&] { return std::string(text::Mid(name, length - 6, 3)); };
-    if (text::Like(name, key + rankForm + "*.mp3")) {
+    if (text::Like(name, fmt::format("{}{}*.mp3", key, rankForm))) {
         constexpr std::size_t kLatestBeginning = 8;
         constexpr std::size_t kEnding = 12;
         if (position <= kLatestBeginning) {
@@ -69,7 +71,7 @@ void RankComments::ReadRank(std::string_view name) {
         } else {
             strRank_ = position > length - kEnding ? atEnd() : std::string();
         }
-    } else if (text::Like(name, "*" + key + rankForm + ".mp3")) {
+    } else if (text::Like(name, fmt::format("*{}{}.mp3", key, rankForm))) {
         strRank_ = atEnd();
     }
 }

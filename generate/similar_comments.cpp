@@ -114,7 +114,7 @@ void SimilarSource::AppendComment(const std::string& path, std::int64_t size, st
                                   std::string& out) {
     std::string listed = paths_.Of(path);
     const bool isPlain = FitsInLine(listed) && text::IsValidUtf8(listed);
-    if (!isPlain) listed = "file://" + PercentEncode(listed);
+    if (!isPlain) listed = fmt::format("file://{}", PercentEncode(listed));
     out.append(kDuplicateMark).append(listed).append(" - ").append(SizeText(size));
     out.append(" ~ ").append(SizeText(ownSize)).append(kLineEnd);
     ++duplicates_;

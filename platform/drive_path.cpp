@@ -2,6 +2,8 @@
 
 #include "platform/names.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::platform {
@@ -24,7 +26,7 @@ std::string_view RootOf(std::string_view path) {
 }
 
 std::unexpected<PlatformError> BadName(std::string_view path) {
-    return Failure(kBadFileName, std::string(path) + " can't be a path here.");
+    return Failure(kBadFileName, fmt::format("{} can't be a path here.", path));
 }
 } // namespace
 

@@ -98,6 +98,17 @@ bool IsDots(std::string_view driveName) {
     return native == "." || native == "..";
 }
 
+// Whether no byte is a control character and none is no text.
+bool IsShownAsItIs(std::string_view native) {
+    unsigned kinds = 0;
+    for (const char c : native) {
+        const auto byte = static_cast<unsigned char>(c);
+        kinds |= byte < ' ' ? kForbidden : byte < 128 ? 0U : kBeyondAscii;
+    }
+    if ((kinds & kForbidden) != 0) return false;
+    return kinds == 0 || text::IsValidUtf8(native);
+}
+
 void AppendAllShown(std::string& out, std::string_view native) {
     for (std::size_t pos = 0; pos < native.size();)
         AppendShown(out, text::NextCharacter(native, pos));
@@ -218,10 +229,7 @@ std::string ForDisplay(std::string_view driveText) {
 }
 
 std::string NativeForDisplay(std::string_view native) {
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-    if (std::ranges::none_of(native, isControl) && text::IsValidUtf8(native)) {
-        return std::string(native);
-    }
+    if (IsShownAsItIs(native)) return std::string(native);
     std::string out;
     out.reserve(native.size());
     AppendAllShown(out, native);

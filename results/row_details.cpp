@@ -8,6 +8,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <utility>
 
 namespace tarvix::results {
@@ -77,7 +79,7 @@ std::string RowDetails::TypeCell(const ResultRow& row, std::string_view path) {
     const std::string_view extension = text::GetExtension(row.name);
     if (extension.empty()) return "  Unknown";
     if (text::Length(extension) > kLongestExtension) return {};
-    return text::Upper(extension) + " File";
+    return fmt::format("{} File", text::Upper(extension));
 }
 
 const ExeFacts& RowDetails::FactsOf(const ResultRow& row, std::string_view path) {

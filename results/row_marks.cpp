@@ -33,6 +33,7 @@ void ClearCut(session::Session& session) {
 }
 
 void MarkGone(session::Session& session) {
+    const platform::ManyChanges many(session.files()); // whose folders are held between the looks
     for (std::size_t i = 0; i < session.rows->Count(); ++i) {
         ResultRow& row = session.rows->At(i);
         if (!row.selected || row.IsSpacer()) continue;

@@ -7,6 +7,8 @@
 #include "session/session.h"
 #include "text/case.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <functional>
 #include <iterator>
@@ -285,7 +287,7 @@ void lstMain_ColumnClick(Session& session, Column column) {
     auto& list = session.frmSearch.lstMain;
     if (session.state.blnPlayListMode || session.state.blnSearching) return;
     const std::string header(kColumns[static_cast<std::size_t>(column)].header);
-    RunSort(session, " User selected to sort by column - " + header, column, [&] {
+    RunSort(session, fmt::format(" User selected to sort by column - {}", header), column, [&] {
         if (list.SortKey == column) {
             list.SortOrder = list.SortOrder == SortDirection::kAscending
                                  ? SortDirection::kDescending

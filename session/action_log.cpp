@@ -67,12 +67,28 @@ void ActionLog::Close(Session& session) {
     TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
 
+std::string ActionLog::Entry(const Session& session, std::string_view text,
+                             std::string_view stamp) {
+    std::string entry = text::Concat({stamp, text});
+    if (!wasOpened_) early_.push_back(entry);
+    if (!file_.IsOpen() || !session.state.options.blnFileLog) return {};
+    if (platform::MayHoldCarried(entry)) entry = platform::ForDisplay(entry);
+    return text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"});
+}
+
 void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {
-    if (!wasOpened_) early_.push_back(text::Concat({stamp, text}));
-    if (!file_.IsOpen() || !session.state.options.blnFileLog) return;
-    const std::string entry = platform::ForDisplay(text::Concat({stamp, text}));
-    const auto written = file_.Write(text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"}));
+    const auto written = file_.Write(Entry(session, text, stamp));
     if (!written) session.NoteLogTrouble(written.error());
+}
+
+void ActionLog::WriteSoon(Session& session, std::string_view text, std::string_view stamp) {
+    const auto added = file_.Add(Entry(session, text, stamp));
+    if (!added) session.NoteLogTrouble(added.error());
+}
+
+void ActionLog::Flush(Session& session) {
+    const auto flushed = file_.Flush();
+    if (!flushed) session.NoteLogTrouble(flushed.error());
 }
 
 void WriteToActionLog(Session& session, std::string_view text) {
@@ -81,6 +97,10 @@ void WriteToActionLog(Session& session, std::string_view text) {
 
 void LogTimed(Session& session, std::string_view text) {
     session.log.Write(session, text, session.TimeText());
+}
+
+void LogPlanned(Session& session, std::string_view text) {
+    session.log.WriteSoon(session, text, session.TimeText());
 }
 
 std::string DashesFor(std::string_view text) {

@@ -24,6 +24,11 @@ class ActionLog {
     // Nothing with logging off. What is written before the log opens follows its opening lines. The
     // first failure is noted, to be told at the next yield.
     void Write(Session& session, std::string_view text, std::string_view stamp = {});
+    // The same for what is only about to be done, so that many entries take one write: it reaches
+    // the file with the next entry of Write or by Flush, one of which must come before any of it is
+    // done.
+    void WriteSoon(Session& session, std::string_view text, std::string_view stamp = {});
+    void Flush(Session& session);
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { wasOpened_ = true; }
     // Whether entries reach a file; false before `Open`, after `Close`, and where no file could be
@@ -31,6 +36,9 @@ class ActionLog {
     bool IsOpen() const { return file_.IsOpen(); }
 
   private:
+    // The entry as it stands in the file; nothing where none is to be written.
+    std::string Entry(const Session& session, std::string_view text, std::string_view stamp);
+
     LogFile file_;
     std::vector<std::string> early_; // entries from before the log opened
     bool wasOpened_ = false;
@@ -43,6 +51,8 @@ std::string ActionLogName(Session& session, int secondsLater = 0);
 void WriteToActionLog(Session& session, std::string_view text);
 // The present time as "mm/dd/yyyy hh:mm:ss", followed by a text that begins with a blank.
 void LogTimed(Session& session, std::string_view text);
+// The same, by WriteSoon.
+void LogPlanned(Session& session, std::string_view text);
 
 // The underlining of an entry: as many dashes as the text has characters, or two thirds of them,
 // rounded half to even, when it holds a line end.

@@ -31,9 +31,16 @@ platform::Result<void> LogFile::Create(platform::FileSystem& files, const std::s
 }
 
 platform::Result<void> LogFile::Write(std::string_view text) {
-    if (!stream_) return {};
-    TX_TRY(stream_->Write(text));
-    return stream_->Flush();
+    TX_TRY(Add(text));
+    return Flush();
+}
+
+platform::Result<void> LogFile::Add(std::string_view text) {
+    return stream_ ? stream_->Write(text) : platform::Result<void>();
+}
+
+platform::Result<void> LogFile::Flush() {
+    return stream_ ? stream_->Flush() : platform::Result<void>();
 }
 
 platform::Result<void> LogFile::Close(std::string_view tail) {

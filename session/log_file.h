@@ -31,6 +31,9 @@ class LogFile {
     // Appends the text and flushes it; nothing while no file is open. What a failed call leaves is
     // written before the text of the next one.
     platform::Result<void> Write(std::string_view text);
+    // Appends a text that may wait for the next Write or Flush.
+    platform::Result<void> Add(std::string_view text);
+    platform::Result<void> Flush();
     // Writes `tail` and closes; what failed of that first. Closed it is in any case.
     platform::Result<void> Close(std::string_view tail);
     bool IsOpen() const { return stream_ != nullptr; }

@@ -245,7 +245,8 @@ void Save::Rename(std::size_t index) {
     const std::string& path = mode_.links[index].path;
     const std::string& name = newNames_[index];
     const auto renamed = ReNameLink(session_, path, name);
-    if (!renamed) return Note(path, "It kept its name. " + session_.Shown(renamed.error()));
+    if (!renamed)
+        return Note(path, fmt::format("It kept its name. {}", session_.Shown(renamed.error())));
     session_.rows->Rename(rows_[index], text::FileNameOf(*renamed));
     session::LogTimed(session_, fmt::format(" Renamed {} as {} in Shortcut Editing Mode.",
                                             session_.Shown(path), session_.Shown(*renamed)));

@@ -120,7 +120,7 @@ std::string TimeText(const DateTime& value) {
 std::string DefaultDateText(const DateTime& value) {
     if (!value.HasDate()) return TimeText(value);
     std::string out = fmt::format("{}/{}/{}", value.month, value.day, value.year);
-    return value.HasTime() ? out + ' ' + TimeText(value) : out;
+    return value.HasTime() ? fmt::format("{} {}", out, TimeText(value)) : out;
 }
 
 std::optional<DateTime> ParseDate(std::string_view s) {

@@ -161,7 +161,7 @@ std::string FolderPrefixOf(std::string_view path, int levels) {
     std::string words;
     for (int level = 0; level < levels && path.contains('\\'); ++level) {
         path = text::GetParentFolderName(path);
-        words.insert(0, " " + std::string(text::FileNameOf(path)));
+        words.insert(0, fmt::format(" {}", text::FileNameOf(path)));
     }
     return std::string(text::LTrim(words));
 }

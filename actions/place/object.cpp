@@ -4,6 +4,8 @@
 #include "results/selection.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::actions {
 
 platform::Result<platform::Look> LookAt(session::Session& session, const ActionRun& run,
@@ -14,7 +16,7 @@ platform::Result<platform::Look> LookAt(session::Session& session, const ActionR
 }
 
 std::string ChangedText(const session::Session& session, std::string_view path) {
-    return session.Shown(path) + " has changed since the search, and stays as it is.";
+    return fmt::format("{} has changed since the search, and stays as it is.", session.Shown(path));
 }
 
 Object ObjectAt(const results::Selection& selection, std::size_t index) {

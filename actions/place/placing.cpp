@@ -107,8 +107,10 @@ bool Placing::FinishDestination() {
 
 void Placing::ShowStatus() {
     const Words& words = kWords[static_cast<std::size_t>(verb_)];
-    session_.frmDialog.lblStatus.Caption = text::Concat(
-        {words.doing, session_.Shown(object_.path), words.as, session_.Shown(destination_)});
+    shownSource_ = session_.Shown(object_.path);
+    shownPlace_ = session_.Shown(destination_);
+    session_.frmDialog.lblStatus.Caption =
+        text::Concat({words.doing, shownSource_, words.as, shownPlace_});
     session_.Yield();
 }
 
@@ -182,9 +184,9 @@ void Placing::UndoRecycling() {
         isBack ? fmt::format("{} was put back from the {}.", session_.Shown(destination_), bin)
                : fmt::format("What stood at {} could not be put back: look for it in the {}.",
                              session_.Shown(destination_), bin);
-    session::LogTimed(session_, " " + told);
+    session::LogTimed(session_, fmt::format(" {}", told));
     if (isBack) return;
-    error_ += (error_.empty() ? "" : " ") + told;
+    error_ = fmt::format("{}{}{}", error_, error_.empty() ? "" : " ", told);
     session::TellUnlessAuto(session_, session::PromptId::kOverwriteNotUndone, told);
 }
 
@@ -247,19 +249,17 @@ void Placing::SetCombined() {
 void Placing::LogPlaced() {
     isDone_ = true;
     if (hasFailed_) return;
-    const std::string source = session_.Shown(object_.path);
-    const std::string place = session_.Shown(destination_);
     const std::string_view mode = overwrites_ ? "overwrite" : "";
     std::string line;
     switch (verb_) {
     case Verb::kCopy:
-        line = text::Concat({" Copy ", source, " -- to -- ", place, " ", mode});
+        line = text::Concat({" Copy ", shownSource_, " -- to -- ", shownPlace_, " ", mode});
         break;
     case Verb::kMove:
-        line = text::Concat({" Move ", source, " -- to -- ", place, mode, "."});
+        line = text::Concat({" Move ", shownSource_, " -- to -- ", shownPlace_, mode, "."});
         break;
     case Verb::kRename:
-        line = text::Concat({" Renamed ", source, " -- as -- ", place, mode});
+        line = text::Concat({" Renamed ", shownSource_, " -- as -- ", shownPlace_, mode});
         break;
     }
     session::LogTimed(session_, line);
@@ -276,19 +276,21 @@ platform::Result<void> Placing::LookAtSource() {
     return {};
 }
 
-platform::Look Placing::Source() const {
+const platform::Look& Placing::Source() {
     if (look_) return *look_;
-    return {.path = std::string(object_.actual),
-            .facts = {.attributes = object_.sighting.attributes,
-                      .size = object_.sighting.size,
-                      .identity = object_.sighting.identity},
-            .known = nullptr,
-            .location = object_.sighting.location};
+    unseen_ = {.path = std::string(object_.actual),
+               .facts = {.attributes = object_.sighting.attributes,
+                         .size = object_.sighting.size,
+                         .identity = object_.sighting.identity},
+               .known = nullptr,
+               .location = object_.sighting.location};
+    return unseen_;
 }
 
-platform::FreePlace Placing::NewPlace() const {
+const platform::FreePlace& Placing::NewPlace() {
     if (place_ && place_->path == destination_) return *place_;
-    return {destination_, nullptr};
+    unknownPlace_ = {destination_, nullptr};
+    return unknownPlace_;
 }
 
 platform::Result<void> Placing::Copy() {

@@ -67,8 +67,8 @@ class Placing {
     platform::Result<void> Read(std::string_view path, ObjectFacts& facts);
     platform::Result<void> LookAtSource();
     // By its path alone where it could not be looked at.
-    platform::Look Source() const;
-    platform::FreePlace NewPlace() const;
+    const platform::Look& Source();
+    const platform::FreePlace& NewPlace();
     // Never replaces, and a folder never goes into one that is there.
     platform::Result<void> Copy();
     platform::Result<void> Prepare();
@@ -121,11 +121,15 @@ class Placing {
     ActionRun& run_;
     const Object& object_;
     std::string destination_;
+    std::string shownSource_; // both as people read them, once the destination is finished
+    std::string shownPlace_;
     Verb verb_;
     bool overwrites_;
     std::function<bool()> makeWay_;
     std::optional<platform::Look> look_; // at the source
     std::optional<platform::FreePlace> place_;
+    platform::Look unseen_; // what Source gives where there is none
+    platform::FreePlace unknownPlace_;
     std::unique_ptr<platform::UnnamedCopy> copy_; // that lies ready
     bool blnDestOnCD_ = false;
     ObjectFacts sourceFacts_;

@@ -40,7 +40,7 @@ void Placing::NoteChanged() {
 std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kChangedSinceSearch) {
         NoteChanged();
-        session::LogTimed(session_, " " + error_);
+        session::LogTimed(session_, fmt::format(" {}", error_));
         return session::kRecoveryLeave;
     }
     if (IsStop(error)) return LeaveStopped();

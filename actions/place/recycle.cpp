@@ -13,6 +13,8 @@
 #include "text/case.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <optional>
 #include <span>
@@ -49,7 +51,7 @@ platform::Result<void> DeleteForGood(Session& session, const RecycleEntry& entry
     const bool isFile = kind == ObjectType::kFile;
     if (!IsThere(session, entry)) {
         return platform::Failure(platform::kFileNotFound,
-                                 session.Shown(entry.strPath) + " is not there.");
+                                 fmt::format("{} is not there.", session.Shown(entry.strPath)));
     }
     TX_TRY_ASSIGN(const platform::Look look, files.LookAtSeen(entry.Seen()));
     TX_TRY(files.SetAttributesOf(look, isFile ? kPlainFile : kPlainFolder));
@@ -76,8 +78,8 @@ Override DeleteAnyway(Session& session, const RecycleEntry& entry, ObjectType ki
         });
     if (deleted.ErrorNumber() == platform::kChangedSinceSearch) return Override::kChanged;
     if (!deleted) return Override::kStays;
-    session::LogTimed(session,
-                      " Deleted " + session.Shown(entry.strPath) + " since recycle failed.");
+    session::LogTimed(
+        session, fmt::format(" Deleted {} since recycle failed.", session.Shown(entry.strPath)));
     return Override::kDeleted;
 }
 
@@ -89,8 +91,8 @@ std::optional<ObjectType> KindOnDisk(Session& session, const RecycleEntry& entry
         return look->facts.IsFolder() && !look->facts.IsLink() ? ObjectType::kFolder
                                                                : ObjectType::kFile;
     }
-    session::LogTimed(session, " Was unable to determine the object type of: " +
-                                   session.Shown(entry.strPath) + ".");
+    session::LogTimed(session, fmt::format(" Was unable to determine the object type of: {}.",
+                                           session.Shown(entry.strPath)));
     return {};
 }
 
@@ -108,7 +110,8 @@ void AskOverride(Session& session, const RecycleEntry& entry, std::string_view w
         " User selected do not override recycle failure to all at: ",
         " User selected override recycle failure to all at: ",
         " User selected cancel to all in override recycle failure form at: "};
-    session::LogTimed(session, kLines[form.Answer] + session.Shown(entry.strPath));
+    session::LogTimed(session,
+                      fmt::format("{}{}", kLines[form.Answer], session.Shown(entry.strPath)));
 }
 
 // Asks whether an object that can't be recycled shall be deleted for good, and does as the answer
@@ -175,7 +178,7 @@ class RecycleRun {
         const bool isQueue = objects_.size() > 1;
         outcome_.blnPartial = outcome_.blnPartial || isQueue;
         const std::string why = session_.Shown(error);
-        session::LogTimed(session_, " " + why);
+        session::LogTimed(session_, fmt::format(" {}", why));
         const Override end = OverrideRecycleFailure(session_, entry, why, noPrompt_,
                                                     isQueue ? "OverrideRecycleFailureEntry"
                                                             : "OverrideRecycleFailure");
@@ -196,7 +199,7 @@ class RecycleRun {
     void NoteChanged(const RecycleEntry& entry) {
         outcome_.changed.push_back(first_ - 1);
         Tell(first_ - 1, RecycleEnd::kChanged);
-        session::LogTimed(session_, " " + ChangedText(session_, entry.strPath));
+        session::LogTimed(session_, fmt::format(" {}", ChangedText(session_, entry.strPath)));
     }
 
     Session& session_;
@@ -234,13 +237,13 @@ void AddRecycleEvents(session::EventTable& events) {
     constexpr std::array<const char*, 5> kButtons{"cmdNo", "cmdYes", "cmdNoToAll", "cmdYesToAll",
                                                   "cmdCancel"};
     for (std::uint8_t answer = 0; answer < kButtons.size(); ++answer) {
-        const std::string event = std::string(kButtons[answer]) + "_Click";
-        events.On("frmOverrideRecycleFail." + event,
+        const std::string event = fmt::format("{}_Click", kButtons[answer]);
+        events.On(fmt::format("frmOverrideRecycleFail.{}", event),
                   [answer](Session& session, const session::EventArgs&) {
                       session.forms.frmOverrideRecycleFail.Answer = answer;
                       session.forms.frmOverrideRecycleFail.Hide();
                   });
-        events.On("frmOverrideDialog." + event,
+        events.On(fmt::format("frmOverrideDialog.{}", event),
                   [answer](Session& session, const session::EventArgs&) {
                       session.forms.frmOverrideDialog.Answer = answer;
                       session.forms.frmOverrideDialog.Hide();

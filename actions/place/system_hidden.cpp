@@ -147,7 +147,9 @@ Protection CheckSystemHidden(Session& session, ActionRun& run, const Object& obj
     found.isProtected =
         !look || IsProtected(session, run, object, look->facts.attributes, blnOverwriting);
     found.look = std::move(look.result);
-    if (found.IsChanged()) session::LogTimed(session, " " + ChangedText(session, object.path));
+    if (found.IsChanged()) {
+        session::LogTimed(session, fmt::format(" {}", ChangedText(session, object.path)));
+    }
     return found;
 }
 

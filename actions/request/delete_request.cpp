@@ -229,8 +229,8 @@ void Deletion::QueueOne(std::size_t index, Queued& queue) {
         queue.entries.push_back(
             {std::string(object.actual), std::string(object.path), object.sighting, run_.same});
         queue.indexes.push_back(index);
-        session::LogTimed(session_, text::Concat({" ", session_.Shown(object.path),
-                                                  " is queued for the recycle bin."}));
+        session::LogPlanned(session_, text::Concat({" ", session_.Shown(object.path),
+                                                    " is queued for the recycle bin."}));
     }
 }
 
@@ -240,6 +240,7 @@ void Deletion::LeaveAlone(std::size_t index, results::OutcomeMark mark) {
 }
 
 void Deletion::RecycleQueue(const Queued& queue) {
+    session_.log.Flush(session_);
     auto& form = session_.frmSearch;
     const std::string before = form.lblStatus.Caption.Get();
     const bool deletes = session_.forms.frmOverrideRecycleFail.Answer == kOverrideYesToAll;

@@ -130,7 +130,7 @@ void AddOneOfTwo(session::EventTable& events, CheckBox FrmDialog::*box, CheckBox
                  void (*show)(Session&)) {
     const FrmDialog names;
     const auto add = [&](CheckBox FrmDialog::*clicked, CheckBox FrmDialog::*opposite) {
-        events.On("frmDialog." + (names.*clicked).Name() + "_Click",
+        events.On(fmt::format("frmDialog.{}_Click", (names.*clicked).Name()),
                   [clicked, opposite, show](Session& session, const EventArgs&) {
                       FrmDialog& form = session.frmDialog;
                       (form.*opposite).Value = (form.*clicked).Value == 1 ? 0 : 1;
@@ -144,7 +144,7 @@ void AddOneOfTwo(session::EventTable& events, CheckBox FrmDialog::*box, CheckBox
 void AddDuplicateEvents(session::EventTable& events) {
     const FrmDialog names;
     for (const auto box : kDuplicateBoxes) {
-        events.On("frmDialog." + (names.*box).Name() + "_Click",
+        events.On(fmt::format("frmDialog.{}_Click", (names.*box).Name()),
                   [box](Session& session, const EventArgs&) {
                       const CheckBox& clicked = session.frmDialog.*box;
                       if (clicked.Value == 1) ChooseDuplicate(session, clicked);

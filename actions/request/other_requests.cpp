@@ -49,15 +49,17 @@ std::string WriteQuestion(const Session& session, const ActionRequest& request,
         const std::string too =
             second.empty() ? ""
                            : fmt::format("\r\n{} will be replaced too.", session.Shown(second));
-        return question + " ?\r\n\r\nThe current file will be replaced by this action." + too;
+        return fmt::format("{} ?\r\n\r\nThe current file will be replaced by this action.{}",
+                           question, too);
     }
     if (!second.empty()) {
         return fmt::format("{} ?\r\n\r\n{} will be replaced by this action.", question,
                            session.Shown(second));
     }
-    if (request.strAction != "Names Only") return question + " ?";
-    return question + "\r\n\r\n(Local playlists only work if created in same folder as all the "
-                      "songs) ?";
+    if (request.strAction != "Names Only") return fmt::format("{} ?", question);
+    return fmt::format(
+        "{}\r\n\r\n(Local playlists only work if created in same folder as all the songs) ?",
+        question);
 }
 
 // Writes the file, and leaves the window open when that failed and somebody is there.

@@ -10,6 +10,7 @@
 #include "session/wordings.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/name_characters.h"
 #include "text/paths.h"
 
 #include <fmt/core.h>
@@ -25,14 +26,9 @@ using session::PromptId;
 using session::Session;
 
 constexpr std::size_t kShortestWithExtension = 5;
-constexpr std::string_view kNeverInNames = "\\/:*?\"<>|";
-
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < 32;
-}
 
 std::string CharacterWord(char c) {
-    return IsControl(c) ? "a control character" : std::string(1, c);
+    return text::IsControl(c) ? "a control character" : std::string(1, c);
 }
 
 using fields::FrmDialog;
@@ -131,7 +127,7 @@ bool HasRenameText(Session& session, const ActionRequest& request) {
 
 std::string WhyNoName(std::string_view part) {
     const auto wrong = std::ranges::find_if(
-        part, [](char c) { return IsControl(c) || kNeverInNames.contains(c); });
+        part, [](char c) { return text::IsControl(c) || text::kNeverInNames.contains(c); });
     if (wrong == part.end()) return {};
     return fmt::format("\"{}\" can't become part of a name, as no name may hold {}.\r\n\r\nType "
                        "it without that character.",
@@ -146,8 +142,8 @@ bool FitsName(Session& session, std::string_view part) {
 
 bool IsPath(Session& session, const ActionRequest& request, std::string_view typed) {
     const std::string_view marks = request.way == Way::kSpecialRule ? "/\"?<>" : "/\"?<>*|";
-    const auto wrong =
-        std::ranges::find_if(typed, [marks](char c) { return IsControl(c) || marks.contains(c); });
+    const auto wrong = std::ranges::find_if(
+        typed, [marks](char c) { return text::IsControl(c) || marks.contains(c); });
     std::string told;
     if (wrong != typed.end()) {
         told = fmt::format("no folder in a path with \\ between its folders can hold {}",

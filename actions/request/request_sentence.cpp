@@ -76,8 +76,10 @@ std::string_view Duplicates(const fields::FrmDialog& form) {
 
 std::string RequestSentence(const fields::FrmDialog& form, const std::string& place) {
     const std::string what = text::Replace(form.OKButton.Caption.Get(), "&", "");
-    if (form.fraRenameOnly.Visible) return what + Renaming(form);
-    if (!form.cmbDir.Visible && !form.optTo[0].Visible && !form.optTo[2].Visible) return what + ".";
+    if (form.fraRenameOnly.Visible) return fmt::format("{}{}", what, Renaming(form));
+    if (!form.cmbDir.Visible && !form.optTo[0].Visible && !form.optTo[2].Visible) {
+        return fmt::format("{}.", what);
+    }
     return fmt::format("{}{}{}.{}", what, Where(form, place), Structure(form), Duplicates(form));
 }
 

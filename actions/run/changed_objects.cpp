@@ -51,7 +51,8 @@ std::string Question(const Session& session, const ActionRequest& request,
                                    isOne ? "was" : "were", verbs.done);
     const std::size_t named = std::min(changed.size(), kMostNamed);
     for (std::size_t i = 0; i < named; ++i)
-        text += "\r\n" + session.Shown(session.selection->strSelPath[changed[i].index]);
+        text +=
+            fmt::format("\r\n{}", session.Shown(session.selection->strSelPath[changed[i].index]));
     if (named < changed.size()) text += "\r\n...";
     text += fmt::format("\r\n\r\nWould you like to {} what stands there by now?", verbs.doing);
     return text;

@@ -1,6 +1,7 @@
 #include "actions/sources/clean_names.h"
 
 #include "text/characters.h"
+#include "text/name_characters.h"
 
 #include <array>
 
@@ -8,7 +9,6 @@ namespace tarvix::actions {
 
 namespace {
 
-constexpr std::string_view kNeverInNames = "\\/:*?<>\"|";
 constexpr std::string_view kHardBlank = "\xC2\xA0";
 constexpr int kMostReplaced = 100; // of one kind
 
@@ -20,10 +20,6 @@ constexpr std::array kSubstitutes{
     Substitute{'|', '~'},  Substitute{'>', ')'}, Substitute{'<', '('}, Substitute{'"', '\''},
     Substitute{'?', '!'},  Substitute{'*', '-'}, Substitute{':', '-'}, Substitute{'/', '-'},
     Substitute{'\\', '-'}, Substitute{'\t', '-'}};
-
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < 32;
-}
 
 void ReplaceFirst(std::string& text, const Substitute& substitute) {
     int left = kMostReplaced;
@@ -38,13 +34,13 @@ void ReplaceFirst(std::string& text, const Substitute& substitute) {
 
 std::string CleanTitle(std::string_view text) {
     std::string clean(text);
-    std::erase_if(clean, [](char c) { return kNeverInNames.contains(c); });
+    std::erase_if(clean, [](char c) { return text::kNeverInNames.contains(c); });
     return clean;
 }
 
 std::string CleanWebName(std::string_view text) {
     std::string clean(text);
-    std::erase_if(clean, IsControl);
+    std::erase_if(clean, text::IsControl);
     for (const Substitute& substitute : kSubstitutes)
         ReplaceFirst(clean, substitute);
     return clean;
@@ -53,7 +49,7 @@ std::string CleanWebName(std::string_view text) {
 std::string OnOneNameLine(std::string_view text) {
     std::string line = text::Replace(text, kHardBlank, " ");
     for (char& c : line) {
-        if (IsControl(c)) c = ' ';
+        if (text::IsControl(c)) c = ' ';
     }
     return std::string(text::Trim(line));
 }

@@ -184,7 +184,7 @@ std::vector<Outcome> Exchange::BreakOff(const Chain& chain, std::size_t tried, O
             outcome.error = fmt::format("{} could not get its name back and is called {}.",
                                         session_.Shown(session_.selection->strSelPath[index]),
                                         session_.Shown(path));
-            session::LogTimed(session_, " " + outcome.error);
+            session::LogTimed(session_, fmt::format(" {}", outcome.error));
         }
         outcomes.push_back(std::move(outcome));
     }

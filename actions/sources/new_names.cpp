@@ -5,6 +5,8 @@
 #include "results/selection.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::actions {
 
 void BeginRenaming(session::Session& session) {
@@ -27,7 +29,7 @@ bool ForEachSelected(session::Session& session, const std::function<void(std::si
 }
 
 std::string WithTextBefore(std::string_view text, std::string_view name) {
-    return platform::PieceToDrive(text) + " " + std::string(name);
+    return fmt::format("{} {}", platform::PieceToDrive(text), name);
 }
 
 } // namespace tarvix::actions

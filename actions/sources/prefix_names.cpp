@@ -72,9 +72,11 @@ NewName PrefixSource::NothingToSearch(std::size_t index) {
     if (!std::exchange(hasWarned_, true)) {
         session::TellUnlessAuto(
             session_, session::PromptId::kNothingToSearch,
-            told + "\r\n\r\nFor this action, you will get no more warnings about names like this."
-                   "\r\n\r\nThe warnings are placed in the Action Log, if you have turned it on."
-                   "\r\n\r\nTurning on 'Automatic Mode' will stop this message completely.");
+            fmt::format(
+                "{}\r\n\r\nFor this action, you will get no more warnings about names like this."
+                "\r\n\r\nThe warnings are placed in the Action Log, if you have turned it on."
+                "\r\n\r\nTurning on 'Automatic Mode' will stop this message completely.",
+                told));
     }
     return NewName::LeftAlone();
 }

@@ -239,7 +239,7 @@ void List(const std::vector<MenuItem>& items, const std::string& above, ListedIt
             listed.lines.push_back(line);
             listed.ids.push_back(item.id);
         }
-        List(item.children, line + "/", listed);
+        List(item.children, fmt::format("{}/", line), listed);
     }
 }
 

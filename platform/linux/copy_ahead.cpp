@@ -117,8 +117,8 @@ bool CopyAhead::Drop() {
     return hadAny;
 }
 
-// The first that waits, but not one of the very next to be asked for: those are sooner done by the
-// one who asks than waited for.
+// The first that waits, but none of the very next to be asked for as long as there are others:
+// those are sooner done by the one who asks than waited for.
 std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
     std::size_t ready = 0;
     std::uint64_t bytes = 0;
@@ -130,7 +130,7 @@ std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
             bytes += entry->st.stx_size;
         }
         if (entry->state != State::kWaiting) continue;
-        if (next == nullptr || i <= kLead) next = entry;
+        next = entry;
         if (i >= kLead) break;
     }
     return ready < kMostReady && bytes < kMostBytes ? next : nullptr;
@@ -178,10 +178,8 @@ bool CopyAhead::Prepare(Entry& entry) {
     const CopyObserver nobody;
     CopyRun run(nobody, roads_, false);
     if (!CopyContent(in->Get(), part->Fd(), *st, run)) return false;
-    CopyMetadata(in->Get(), part->Fd(), *st);
     // A group that couldn't be kept is that of the folder, which may be another in the end.
-    const auto made = StatOf(part->Fd());
-    if (!made || made->stx_gid != st->stx_gid) return false;
+    if (!CopyMetadata(in->Get(), part->Fd(), *st)) return false;
     // What changed while it was read is read again by who asks for it.
     const auto now = StatOf(in->Get());
     if (!now || !IsSame(*st, *now)) return false;

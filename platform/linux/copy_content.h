@@ -16,7 +16,7 @@ Sys<UniqueFd> OpenForCopy(At source);
 Sys<void> CopyContent(int in, int out, const struct statx& st, CopyRun& run);
 
 // Owner where permitted, extended attributes, access lists, mode and times from one open file or
-// folder to another; what can't be held there is passed over.
-void CopyMetadata(int in, int out, const struct statx& st);
+// folder to another; what can't be held there is passed over. Gives whether the group is the same.
+bool CopyMetadata(int in, int out, const struct statx& st);
 
 } // namespace tarvix::platform

@@ -71,26 +71,33 @@ void RemoveInherited(int out, Lists copied, bool isFolder) {
     }
 }
 
-bool KeepOwner(int out, const struct stat& made, const struct statx& st) {
-    if (made.st_uid == st.stx_uid && made.st_gid == st.stx_gid) return true;
-    if (::fchown(out, st.stx_uid, st.stx_gid) == 0) return true;
+struct Kept {
+    bool owner = true;
+    bool group = true;
+};
+
+Kept KeepOwner(int out, const struct stat& made, const struct statx& st) {
+    if (made.st_uid == st.stx_uid && made.st_gid == st.stx_gid) return {};
+    if (::fchown(out, st.stx_uid, st.stx_gid) == 0) return {};
     // The group alone may be allowed.
     const bool keepsGroup = ::fchown(out, static_cast<uid_t>(-1), st.stx_gid) == 0;
-    return keepsGroup && made.st_uid == st.stx_uid;
+    return {made.st_uid == st.stx_uid, keepsGroup || made.st_gid == st.stx_gid};
 }
 } // namespace
 
-void CopyMetadata(int in, int out, const struct statx& st) {
+bool CopyMetadata(int in, int out, const struct statx& st) {
     struct stat made {};
-    if (::fstat(out, &made) != 0) return;
+    if (::fstat(out, &made) != 0) return false;
     unsigned mode = st.stx_mode & kPermissions;
-    if (!KeepOwner(out, made, st)) mode &= ~unsigned{S_ISUID | S_ISGID};
+    const Kept kept = KeepOwner(out, made, st);
+    if (!kept.owner || !kept.group) mode &= ~unsigned{S_ISUID | S_ISGID};
     const Lists lists = CopyExtendedAttributes(in, out);
     RemoveInherited(out, lists, S_ISDIR(st.stx_mode));
     const bool isSet = (made.st_mode & kPermissions) == mode && (mode & ~0777u) == 0;
     if (!isSet || lists.access) ::fchmod(out, mode);
     const std::array<timespec, 2> times{AsTimespec(st.stx_atime), AsTimespec(st.stx_mtime)};
     ::futimens(out, times.data());
+    return kept.group;
 }
 
 } // namespace tarvix::platform

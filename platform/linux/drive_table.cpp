@@ -4,6 +4,8 @@
 #include "platform/names.h"
 #include "text/case.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -75,7 +77,7 @@ DriveTable::DriveTable(const std::vector<Mount>& mounts, const std::vector<Extra
 }
 
 void DriveTable::AddDrive(char letter, const std::string& native, const Mount* mount) {
-    DriveInfo info{std::string(1, letter) + ":", native, DriveType::kFixed, {}, true};
+    DriveInfo info{fmt::format("{}:", letter), native, DriveType::kFixed, {}, true};
     if (mount != nullptr) {
         info.type = TypeOf(*mount);
         info.fileSystem = mount->fileSystem;
@@ -187,7 +189,7 @@ std::string DriveTable::ToDrive(std::string_view native) const {
 
 bool DriveTable::HoldsMount(std::string_view native) const {
     if (std::ranges::binary_search(points_, native, std::less<>())) return true;
-    const std::string below = std::string(native) + "/";
+    const std::string below = fmt::format("{}/", native);
     const auto next = std::ranges::lower_bound(points_, below);
     return next != points_.end() && next->starts_with(below);
 }

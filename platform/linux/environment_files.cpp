@@ -2,6 +2,8 @@
 
 #include "platform/linux/system_calls.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
@@ -72,7 +74,7 @@ std::vector<std::string> FilesOf(const std::string& folder) {
     std::vector<std::string> files;
     for (int i = 0; i < count; ++i) {
         const std::string_view name = entries[i]->d_name;
-        if (name.ends_with(".conf")) files.push_back(folder + "/" + std::string(name));
+        if (name.ends_with(".conf")) files.push_back(fmt::format("{}/{}", folder, name));
         std::free(entries[i]);
     }
     std::free(entries);
@@ -92,7 +94,7 @@ std::vector<std::string> VariableLines(std::string_view text) {
         const bool isLine =
             equals != line.npos && !name.empty() && std::ranges::all_of(name, IsNameCharacter);
         if (!isLine) continue;
-        lines.push_back(std::string(name) + "=" + Unquoted(line.substr(equals + 1)));
+        lines.push_back(fmt::format("{}={}", name, Unquoted(line.substr(equals + 1))));
     }
     return lines;
 }
@@ -113,7 +115,7 @@ void AppendStoredVariables(std::vector<std::string>& variables, const std::strin
     for (std::string& line : VariableLines(ReadSystemText("/etc/environment"))) {
         variables.push_back(std::move(line));
     }
-    for (const std::string& file : FilesOf(settings + "/environment.d")) {
+    for (const std::string& file : FilesOf(fmt::format("{}/environment.d", settings))) {
         for (std::string& line : ExpandedLines(ReadSystemText(file), variables)) {
             variables.push_back(std::move(line));
         }

@@ -2,6 +2,8 @@
 
 #include "platform/names.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -32,17 +34,18 @@ std::string Sentence(int number, int error, std::string_view path) {
     const std::string shown = ForDisplay(path);
     switch (number) {
     case kFileNotFound:
-        return shown + " is not there.";
+        return fmt::format("{} is not there.", shown);
     case kPathNotFound:
-        return "The folder of " + shown + " is not there.";
+        return fmt::format("The folder of {} is not there.", shown);
     case kDiskFull:
-        return "There is no space left on the drive that holds " + shown + ".";
+        return fmt::format("There is no space left on the drive that holds {}.", shown);
     case kAlreadyExists:
-        return shown + " exists already.";
+        return fmt::format("{} exists already.", shown);
     case kInterrupted:
-        return "The work on " + shown + " was stopped.";
+        return fmt::format("The work on {} was stopped.", shown);
     default:
-        return shown + ": " + (error != 0 ? std::strerror(error) : ErrorText(number)) + ".";
+        return fmt::format("{}: {}.", shown,
+                           error != 0 ? std::string_view(std::strerror(error)) : ErrorText(number));
     }
 }
 } // namespace
@@ -64,8 +67,9 @@ std::unexpected<PlatformError> FailureBy(int number, std::string_view path) {
 }
 
 std::unexpected<PlatformError> HoldsMountFailure(std::string_view path) {
-    return Failure(kPathFileAccess,
-                   "A drive is mounted in " + ForDisplay(path) + ", so it stays where it is.");
+    return Failure(
+        kPathFileAccess,
+        fmt::format("A drive is mounted in {}, so it stays where it is.", ForDisplay(path)));
 }
 
 } // namespace tarvix::platform

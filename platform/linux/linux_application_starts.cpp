@@ -42,7 +42,7 @@ GVariant* Strings(const std::vector<std::string>& texts) {
 std::string ObjectOf(std::string name) {
     std::ranges::replace(name, '.', '/');
     std::ranges::replace(name, '-', '_');
-    return "/" + name;
+    return fmt::format("/{}", name);
 }
 
 // Hands the addresses to an application; one that takes its time has them all the same.

@@ -112,9 +112,9 @@ class ScriptFinder {
 
 std::vector<std::string> LinuxDesktop::Folders(DesktopFolder folder) const {
     const bool isConfig = folder == DesktopFolder::kUserConfig || folder == DesktopFolder::kConfig;
-    std::vector<std::string> folders{isConfig
-                                         ? FolderFrom("XDG_CONFIG_HOME", home_ + "/.config")
-                                         : FolderFrom("XDG_DATA_HOME", home_ + "/.local/share")};
+    std::vector<std::string> folders{
+        isConfig ? FolderFrom("XDG_CONFIG_HOME", fmt::format("{}/.config", home_))
+                 : FolderFrom("XDG_DATA_HOME", fmt::format("{}/.local/share", home_))};
     if (folder == DesktopFolder::kUserData || folder == DesktopFolder::kUserConfig) return folders;
     std::string others = Variable(isConfig ? "XDG_CONFIG_DIRS" : "XDG_DATA_DIRS");
     if (others.empty()) others = isConfig ? "/etc/xdg" : "/usr/local/share:/usr/share";

@@ -6,6 +6,7 @@
 #include "text/case.h"
 
 #include <climits>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
@@ -111,7 +112,7 @@ std::string AsAbsolute(std::string folder) {
     std::string here(PATH_MAX, '\0');
     if (::getcwd(here.data(), here.size()) == nullptr) return folder;
     here.resize(here.find('\0'));
-    return here + "/" + folder;
+    return fmt::format("{}/{}", here, folder);
 }
 
 bool IsPathValue(std::string_view value) {
@@ -132,7 +133,7 @@ EnvironmentSource ReadEnvironment(std::string dataFolder, std::string programFol
     std::array<char, HOST_NAME_MAX + 1> host{};
     if (::gethostname(host.data(), host.size() - 1) == 0) source.computerName = host.data();
     const std::string settings = PathOr(source, "XDG_CONFIG_HOME", "/.config");
-    source.userFolders = ReadSystemText(settings + "/user-dirs.dirs");
+    source.userFolders = ReadSystemText(fmt::format("{}/user-dirs.dirs", settings));
     AppendStoredVariables(source.variables, settings);
     source.programFolder = programFolder.empty() ? OwnFolder() : AsAbsolute(programFolder);
     source.dataFolder =
@@ -153,8 +154,8 @@ LinuxEnvironment::LinuxEnvironment(const EnvironmentSource& source, const Native
     });
     programFolder_ = paths.ToDrive(source.programFolder);
     if (!source.dataFolder.empty()) dataFolder_ = paths.ToDrive(source.dataFolder);
-    virtualStore_ =
-        paths.ToDrive(PathOr(source, "XDG_DATA_HOME", "/.local/share") + "/tarvix/VirtualStore");
+    virtualStore_ = paths.ToDrive(
+        fmt::format("{}/tarvix/VirtualStore", PathOr(source, "XDG_DATA_HOME", "/.local/share")));
 }
 
 void LinuxEnvironment::Add(std::string_view name, std::string value) {

@@ -58,14 +58,14 @@ bool LinuxFileSystem::IsTaken(const Resolved& source, const Resolved& target) {
     return store_.HasOther(target.Folder(), target.WantedName(), source.NativeName());
 }
 
-Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target) {
-    const std::string wanted = target.WantedPath();
+Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target,
+                                  const Sys<Location>& to) {
+    if (!to) return std::unexpected(to.error());
     TX_TRY_ASSIGN(const Location from, LocationOf(source, store_));
-    TX_TRY_ASSIGN(const Location to, NewLocation(source, target, wanted));
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
     const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
-    auto renamed = isOneName ? RenameOver(from, to) : RenameReadOnly(from, to, isFolder, roads_);
+    auto renamed = isOneName ? RenameOver(from, *to) : RenameReadOnly(from, *to, isFolder, roads_);
     if (!renamed) {
         // Others were faster than what is known of the folder.
         if (renamed.error() == EEXIST) store_.Forget(target.Folder());
@@ -93,8 +93,10 @@ Result<void> LinuxFileSystem::Move(const Resolved& source, const Resolved& targe
                                    std::string_view from, std::string_view to,
                                    const CopyObserver& observer) {
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
-    const auto renamed = Rename(source, target);
-    if (renamed) return CheckMoved(source, target, from, to);
+    const std::string wanted = target.WantedPath();
+    const auto place = NewLocation(source, target, wanted);
+    const auto renamed = Rename(source, target, place);
+    if (renamed) return CheckMoved(source, target, *place, from, to);
     if (renamed.error() == EXDEV && source.around) {
         return MoveAcross(source, target, from, to, observer);
     }
@@ -147,8 +149,10 @@ Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved&
     TX_TRY_ASSIGN(const UniqueFd outer, OpenFolderOf(target, to));
     if (IsWithin(outer.Get(), *source.st)) return IntoItselfFailure(from, to);
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
-    const auto renamed = Rename(source, target);
-    if (renamed) return CheckMoved(source, target, from, to);
+    const std::string wanted = target.WantedPath();
+    const auto place = NewLocation(source, target, wanted);
+    const auto renamed = Rename(source, target, place);
+    if (renamed) return CheckMoved(source, target, *place, from, to);
     if (renamed.error() == EINVAL) return IntoItselfFailure(from, to);
     if (renamed.error() == EXDEV && HoldsMount(source)) return HoldsMountFailure(from);
     if (renamed.error() == ENOTEMPTY) return FailureOf(EEXIST, to);

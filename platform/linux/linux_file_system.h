@@ -146,10 +146,12 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
     // Whether a target keeps an object from getting its name.
     bool IsTaken(const Resolved& source, const Resolved& target);
-    Sys<void> Rename(const Resolved& source, const Resolved& target);
-    // What took the place of a seen object in the moment of its move goes back.
-    Result<void> CheckMoved(const Resolved& source, const Resolved& target, std::string_view from,
-                            std::string_view to);
+    Sys<void> Rename(const Resolved& source, const Resolved& target, const Sys<Location>& to);
+    // What took the place of a seen object in the moment of its move goes back; `there` is the new
+    // place.
+    Result<void> CheckMoved(const Resolved& source, const Resolved& target, const Location& there,
+                            std::string_view from, std::string_view to);
+    // `native` is the path of the target, which the location points to.
     Sys<Location> NewLocation(const Resolved& source, const Resolved& target,
                               const std::string& native);
     Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,

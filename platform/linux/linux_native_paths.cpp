@@ -16,6 +16,7 @@ namespace tarvix::platform {
 
 namespace {
 constexpr std::string_view kFileScheme = "file://";
+constexpr std::size_t kMostFolders = 2048;
 
 bool IsFileAddress(std::string_view text) {
     return text.size() >= kFileScheme.size() &&
@@ -67,46 +68,49 @@ std::string LinuxNativePaths::ToDrive(std::string_view text) const {
     return mounts_.Now()->ToDrive(CleanNativePath(path));
 }
 
-namespace {
-// The folder of the path that was asked for last: paths of one folder mostly come together.
-struct LastFolder {
-    std::shared_ptr<const DriveTable> drives;
-    std::string path;
-    std::string native;
-};
+std::string LinuxNativePaths::FromKnown(const Table& drives, std::string_view folder,
+                                        std::string_view name) const {
+    std::string out;
+    const std::scoped_lock lock(mutex_);
+    if (drives_ != drives) return out;
+    const auto known = folders_.find(folder);
+    if (known == folders_.end()) return out;
+    out.reserve(known->second.size() + 1 + name.size());
+    out += known->second;
+    out += '/';
+    AppendNameToNative(out, name);
+    return out;
+}
 
-std::string ByParts(const DriveTable& drives, std::string_view drivePath) {
+void LinuxNativePaths::Note(const Table& drives, std::string_view folder,
+                            std::string_view native) const {
+    const std::scoped_lock lock(mutex_);
+    if (drives_ != drives || folders_.size() >= kMostFolders) folders_.clear();
+    drives_ = drives;
+    folders_.insert_or_assign(std::string(folder), std::string(native));
+}
+
+std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
+    const Table drives = mounts_.Now();
+    const std::size_t slash = std::min(drivePath.rfind('\\'), drivePath.size());
+    const std::string_view folder = drivePath.substr(0, slash);
+    const std::string_view name = drivePath.substr(std::min(slash + 1, drivePath.size()));
+    // On a share more than the folder may tell where a name leads.
+    const bool isInFolder = drivePath.size() > 1 && drivePath[1] == ':' && CanBeName(name);
+    if (isInFolder) {
+        if (std::string known = FromKnown(drives, folder, name); !known.empty()) return known;
+    }
     const auto parsed = ParseDrivePath(drivePath);
     if (!parsed) return {};
-    auto base = drives.BaseOf(*parsed);
+    auto base = drives->BaseOf(*parsed);
     if (!base) return {};
     std::string out = std::move(base->folder);
     for (std::size_t i = base->namesTaken; i < parsed->names.size(); ++i) {
         out += '/';
         AppendNameToNative(out, parsed->names[i]);
     }
+    if (isInFolder) Note(drives, folder, std::string_view(out).substr(0, out.rfind('/')));
     return out.empty() ? "/" : out;
-}
-} // namespace
-
-std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
-    static thread_local LastFolder last;
-    auto drives = mounts_.Now();
-    const std::size_t slash = drivePath.rfind('\\');
-    const bool isInDrive = slash != drivePath.npos && drivePath.size() > 2 && drivePath[1] == ':';
-    if (!isInDrive || !CanBeName(drivePath.substr(slash + 1))) return ByParts(*drives, drivePath);
-    if (last.drives != drives || last.path != drivePath.substr(0, slash)) {
-        last.native = ByParts(*drives, drivePath.substr(0, slash));
-        last.path = drivePath.substr(0, slash);
-        last.drives = std::move(drives);
-    }
-    if (last.native.empty()) return {};
-    std::string out;
-    out.reserve(last.native.size() + 1 + drivePath.size() - slash);
-    out += last.native;
-    if (!out.ends_with('/')) out += '/';
-    AppendNameToNative(out, drivePath.substr(slash + 1));
-    return out;
 }
 
 std::string LinuxNativePaths::NamePart(std::string_view typed) const {

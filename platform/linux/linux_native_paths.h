@@ -1,7 +1,13 @@
 #pragma once
 
 #include "platform/linux/drive_table.h"
+#include "platform/linux/name_table.h"
 #include "platform/native_paths.h"
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
 
 namespace tarvix::platform {
 
@@ -16,8 +22,17 @@ class LinuxNativePaths : public NativePaths {
     std::string NamePart(std::string_view typed) const override;
 
   private:
+    using Table = std::shared_ptr<const DriveTable>;
+    // The path of an object in a folder whose own is known; empty where it isn't.
+    std::string FromKnown(const Table& drives, std::string_view folder,
+                          std::string_view name) const;
+    void Note(const Table& drives, std::string_view folder, std::string_view native) const;
+
     Mounts& mounts_;
     std::string home_;
+    mutable std::mutex mutex_;
+    mutable Table drives_;                // of what is known
+    mutable ByText<std::string> folders_; // native paths of folders by drive path, "" for "/"
 };
 
 // An absolute native path without "." and "..", doubled and final "/", by its text alone.

@@ -3,6 +3,7 @@
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/unique_fd.h"
 
+#include <fmt/core.h>
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
@@ -47,7 +48,7 @@ std::string KernelName(std::string_view executable) {
 
 // Whether a process of this user bears the name of that program.
 bool IsRunning(std::string_view executable) {
-    const std::string wanted = KernelName(executable) + "\n";
+    const std::string wanted = fmt::format("{}\n", KernelName(executable));
     const std::unique_ptr<DIR, int (*)(DIR*)> processes(::opendir("/proc"), ::closedir);
     if (!processes) return false;
     while (const dirent* entry = ::readdir(processes.get())) {
@@ -56,7 +57,7 @@ bool IsRunning(std::string_view executable) {
         struct stat facts {};
         const int folder = ::dirfd(processes.get());
         if (::fstatat(folder, name.c_str(), &facts, 0) != 0 || facts.st_uid != ::getuid()) continue;
-        if (ReadSmall(folder, name + "/comm") == wanted) return true;
+        if (ReadSmall(folder, fmt::format("{}/comm", name)) == wanted) return true;
     }
     return false;
 }
@@ -80,8 +81,9 @@ bool HasEnded(pid_t child) {
 }
 
 std::unexpected<PlatformError> CannotShow(std::string_view address, const char* why) {
-    return Failure(kPermissionDenied, "Nothing could be started to show " + std::string(address) +
-                                          ": " + (why != nullptr ? why : "no reason given."));
+    return Failure(kPermissionDenied,
+                   fmt::format("Nothing could be started to show {}: {}", address,
+                               why != nullptr ? why : "no reason given."));
 }
 
 } // namespace

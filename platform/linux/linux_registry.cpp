@@ -3,6 +3,8 @@
 #include "platform/linux/desktop_entries.h"
 #include "platform/linux/glib_pointer.h"
 
+#include <fmt/core.h>
+
 namespace tarvix::platform {
 
 namespace {
@@ -54,7 +56,7 @@ std::optional<std::string> LinuxRegistry::CommandOf(const std::string& type) con
             if (!inTerminal) continue;
             process = std::move(*inTerminal);
         }
-        return Quoted(process.arguments) + " %1";
+        return fmt::format("{} %1", Quoted(process.arguments));
     }
     return std::nullopt;
 }

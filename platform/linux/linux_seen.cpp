@@ -77,10 +77,9 @@ Result<std::shared_ptr<const Resolved>> LinuxFileSystem::FolderOf(const Look& lo
 
 // A rename goes by name, so that another object may have come to it since it was looked at.
 Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved& target,
-                                         std::string_view from, std::string_view to) {
+                                         const Location& there, std::string_view from,
+                                         std::string_view to) {
     if (!source.around || !source.drives->KeepsNumbersAt(DeviceOf(*source.st))) return {};
-    const std::string wanted = target.WantedPath();
-    TX_TRY_ASSIGN(const Location there, Named(NewLocation(source, target, wanted), to));
     const auto st = StatOf(At(there));
     if (!st || IsSameObject(*st, *source.st)) return {};
     TX_TRY_ASSIGN(const Location here, Named(LocationOf(source, store_), from));

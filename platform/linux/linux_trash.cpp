@@ -4,6 +4,9 @@
 #include "platform/linux/trash_folder.h"
 #include "platform/names.h"
 #include "platform/try.h"
+#include "text/characters.h"
+
+#include <fmt/core.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -78,8 +81,8 @@ Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
     }
     TX_TRY_ASSIGN(TrashFolder* const trash, TrashFor(place, trueFolder_));
     TX_TRY_ASSIGN(const Location location, LocationOf(place));
-    const std::string path =
-        (trueFolder_ == "/" ? "" : trueFolder_) + "/" + std::string(place.NativeName());
+    const std::string path = text::Concat(
+        {trueFolder_ == "/" ? std::string_view() : trueFolder_, "/", place.NativeName()});
     // It would go along, still in use.
     if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
         return std::unexpected(EBUSY);
@@ -104,7 +107,7 @@ std::unexpected<PlatformError> TrashFailure(int error, const SeenObject& object)
         return FailureBy(kChangedSinceSearch, path);
     case ENOTSUP:
     case EXDEV:
-        return Failure(kPathFileAccess, "There is no trash for " + ForDisplay(path) + ".");
+        return Failure(kPathFileAccess, fmt::format("There is no trash for {}.", ForDisplay(path)));
     case EBUSY:
         return HoldsMountFailure(path);
     case EINVAL: // the trash lies in it
@@ -121,14 +124,14 @@ Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
     for (std::size_t done = 0; done < objects.size(); ++done) {
         const SeenObject& object = objects[done];
         if (observer && !observer(done)) return FailureBy(kInterrupted, object.path);
-        TX_TRY_ASSIGN(const auto seen, files_.Seen(object));
-        const Resolved& place = seen.place;
+        TX_TRY_ASSIGN(auto seen, files_.Seen(object));
+        Resolved& place = seen.place;
         if (place.IsRoot()) return FailureBy(kPermissionDenied, object.path);
         auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), object);
         files_.NoteGone(place);
         path_ = object.path;
-        place_ = place;
+        place_ = std::move(place);
         place_->around.reset(); // an open folder keeps a drive from being taken out
         taken_ = std::move(*taken);
     }

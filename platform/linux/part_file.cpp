@@ -2,6 +2,8 @@
 
 #include "platform/linux/temporary.h"
 
+#include <fmt/core.h>
+
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -35,7 +37,7 @@ Sys<void> LinkOpen(int fd, At to) {
         if (linked || linked.error() == EEXIST) return linked;
         if (linked.error() == ENOENT || linked.error() == EPERM) byDescriptor = false;
     }
-    const std::string path = "/proc/self/fd/" + std::to_string(fd);
+    const std::string path = fmt::format("/proc/self/fd/{}", fd);
     return Link({AT_FDCWD, path.c_str()}, to, AT_SYMLINK_FOLLOW);
 }
 
@@ -65,7 +67,7 @@ class MadeWritable {
   private:
     // The object itself, whatever its name is by then.
     bool Set(unsigned mode) const {
-        const std::string path = "/proc/self/fd/" + std::to_string(fd_.Get());
+        const std::string path = fmt::format("/proc/self/fd/{}", fd_.Get());
         return ::chmod(path.c_str(), mode) == 0;
     }
 

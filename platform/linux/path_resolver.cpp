@@ -3,6 +3,7 @@
 #include "platform/drive_path.h"
 #include "platform/names.h"
 #include "platform/try.h"
+#include "text/characters.h"
 #include "text/paths.h"
 
 #include <algorithm>
@@ -183,7 +184,8 @@ Sys<std::optional<PathResolver::Found>> PathResolver::FindIn(std::string_view fo
     for (int i = 0; i < kMostTries; ++i) {
         TX_TRY_ASSIGN(auto name, store_.Find(folder, NameToDrive(wanted)));
         if (!name) return std::nullopt;
-        const auto st = store_.Stat(std::string(folder == "/" ? "" : folder) + "/" + *name);
+        const auto st =
+            store_.Stat(text::Concat({folder == "/" ? std::string_view() : folder, "/", *name}));
         if (st) return Found{std::move(*name), *st};
         if (st.error() != ENOENT) return std::unexpected(st.error());
         store_.Forget(folder);

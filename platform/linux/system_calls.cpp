@@ -3,6 +3,7 @@
 #include "platform/try.h"
 
 #include <climits>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -76,7 +77,7 @@ Sys<struct statx> StatBehindPath(const std::string& native) {
 
 Sys<std::string> PathOf(int folder) {
     std::string path(PATH_MAX, '\0');
-    const std::string link = "/proc/self/fd/" + std::to_string(folder);
+    const std::string link = fmt::format("/proc/self/fd/{}", folder);
     const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
     if (length <= 0) return std::unexpected(errno);
     path.resize(static_cast<std::size_t>(length));

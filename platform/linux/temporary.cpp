@@ -4,6 +4,8 @@
 #include "platform/linux/system_calls.h"
 #include "platform/try.h"
 
+#include <fmt/core.h>
+
 #include <atomic>
 #include <cerrno>
 #include <charconv>
@@ -82,8 +84,7 @@ Sys<void> EmptyTree(UniqueFd top) {
 
 std::string TemporaryName() {
     static std::atomic<unsigned> counter{0};
-    return std::string(kFront) + std::to_string(::getpid()) + "-" + std::to_string(++counter) +
-           std::string(kBack);
+    return fmt::format("{}{}-{}{}", kFront, ::getpid(), ++counter, kBack);
 }
 
 pid_t MakerOfTemporary(std::string_view nativeName) {

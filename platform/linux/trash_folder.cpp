@@ -2,8 +2,10 @@
 
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/part_file.h"
+#include "text/characters.h"
 
 #include <climits>
+#include <fmt/core.h>
 #include <gio/gunixmounts.h>
 
 #include <array>
@@ -50,20 +52,24 @@ Sys<UniqueFd> OpenShared(const std::string& path) {
     return fd;
 }
 
-bool IsPlain(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-._~/").find(c) != std::string_view::npos;
-}
+constexpr auto kIsPlain = [] {
+    std::array<bool, 256> table{};
+    for (const char c : std::string_view("-._~/0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                         "abcdefghijklmnopqrstuvwxyz"))
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
 
 std::string Percented(std::string_view path) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string out;
+    out.reserve(path.size());
     for (const char c : path) {
-        if (IsPlain(c)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (kIsPlain[byte]) {
             out += c;
             continue;
         }
-        const auto byte = static_cast<unsigned char>(c);
         out += '%';
         out += kDigits[byte >> 4];
         out += kDigits[byte & 15];
@@ -71,8 +77,7 @@ std::string Percented(std::string_view path) {
     return out;
 }
 
-std::string LocalTime() {
-    const std::time_t now = std::time(nullptr);
+std::string LocalTime(std::time_t now) {
     std::tm local{};
     ::localtime_r(&now, &local);
     std::array<char, 32> text{};
@@ -101,10 +106,15 @@ std::string NameForTry(std::string_view name, unsigned number) {
     return out;
 }
 
+// What the paths in a folder begin with.
+std::string AsFront(const std::string& folder) {
+    return folder == "/" ? folder : fmt::format("{}/", folder);
+}
+
 // A relative place is none.
 std::string DataHome() {
     const std::string data = g_get_user_data_dir();
-    return data.starts_with('/') ? data : std::string(g_get_home_dir()) + "/.local/share";
+    return data.starts_with('/') ? data : fmt::format("{}/.local/share", g_get_home_dir());
 }
 } // namespace
 
@@ -129,7 +139,7 @@ Sys<TrashFolder> TrashFolder::OfHome() {
     const std::string data = DataHome();
     if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
     // The user may have put a link in its place.
-    std::string path = data + "/Trash";
+    std::string path = fmt::format("{}/Trash", data);
     auto folder = OpenOrMake({AT_FDCWD, path.c_str()}, O_RDONLY | O_DIRECTORY);
     return Open(std::move(folder), std::move(path), {});
 }
@@ -137,12 +147,14 @@ Sys<TrashFolder> TrashFolder::OfHome() {
 Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
     if (!IsTrashWanted(top)) return std::unexpected(ENOTSUP);
     const std::string user = std::to_string(::getuid());
-    const std::string base = top == "/" ? top : top + "/";
-    if (const auto shared = OpenShared(base + ".Trash")) {
-        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}), base + ".Trash/" + user, base);
+    const std::string base = AsFront(top);
+    const std::string common = fmt::format("{}.Trash", base);
+    if (const auto shared = OpenShared(common)) {
+        auto trash = Open(OpenOrMake({shared->Get(), user.c_str()}),
+                          fmt::format("{}/{}", common, user), base);
         if (trash) return trash;
     }
-    const std::string own = base + ".Trash-" + user;
+    const std::string own = fmt::format("{}.Trash-{}", base, user);
     auto trash = Open(OpenOrMake({AT_FDCWD, own.c_str()}), own, base);
     if (trash || trash.error() == EROFS || trash.error() == ENOSPC) return trash;
     return std::unexpected(ENOTSUP);
@@ -150,9 +162,9 @@ Sys<TrashFolder> TrashFolder::OfMount(const std::string& top) {
 
 bool TrashFolder::MayBeMade(const std::string& top) {
     if (!IsTrashWanted(top)) return false;
-    const std::string base = top == "/" ? top : top + "/";
-    const std::string own = base + ".Trash-" + std::to_string(::getuid());
-    for (const std::string& folder : {own, base + ".Trash", base}) {
+    const std::string base = AsFront(top);
+    const std::string own = fmt::format("{}.Trash-{}", base, ::getuid());
+    for (const std::string& folder : {own, fmt::format("{}.Trash", base), base}) {
         if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0) return true;
     }
     return false;
@@ -163,17 +175,24 @@ Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, cons
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
-        "[Trash Info]\nPath=" + Percented(told) + "\nDeletionDate=" + LocalTime() + "\n";
+        fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", Percented(told), TimeText());
     for (unsigned number = 1; number < kMostTries; ++number) {
         const std::string there = NameForTry(name, number);
         const auto taken = TakeAs(there, {object, st, mustBeSame}, info);
         if (taken) {
-            return Taken{path_ + "/files/" + there,
-                         path_ + "/info/" + there + std::string(kInfoEnd)};
+            return Taken{text::Concat({path_, "/files/", there}),
+                         text::Concat({path_, "/info/", there, kInfoEnd})};
         }
         if (taken.error() != EEXIST) return std::unexpected(taken.error());
     }
     return std::unexpected(EEXIST);
+}
+
+const std::string& TrashFolder::TimeText() {
+    const std::time_t now = std::time(nullptr);
+    if (now != timeOfText_ || timeText_.empty()) timeText_ = LocalTime(now);
+    timeOfText_ = now;
+    return timeText_;
 }
 
 Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
@@ -187,7 +206,7 @@ Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
 
 Sys<void> TrashFolder::TakeAs(const std::string& name, const Wanted& wanted,
                               const std::string& info) {
-    const std::string infoName = name + std::string(kInfoEnd);
+    const std::string infoName = text::Concat({name, kInfoEnd});
     const auto fd =
         OpenAt({info_.Get(), infoName.c_str()}, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
     if (!fd) return std::unexpected(fd.error());
@@ -208,7 +227,7 @@ Sys<void> TrashFolder::CheckTaken(const std::string& name, const Wanted& wanted)
     const auto st = StatOf(there);
     if (!st || IsSameObject(*st, wanted.st)) return {};
     if (RenameWithoutReplacing(there, wanted.object, S_ISDIR(st->stx_mode), {})) {
-        ::unlinkat(info_.Get(), (name + std::string(kInfoEnd)).c_str(), 0);
+        ::unlinkat(info_.Get(), text::Concat({name, kInfoEnd}).c_str(), 0);
     }
     return std::unexpected(EREMCHG);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/linux/system_calls.h"
 
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -43,10 +44,15 @@ class TrashFolder {
     Sys<void> TakeAs(const std::string& name, const Wanted& wanted, const std::string& info);
     Sys<void> CheckTaken(const std::string& name, const Wanted& wanted);
 
+    // The present second as info files have it.
+    const std::string& TimeText();
+
     std::string path_; // of the trash, native
     std::string top_;  // paths are told relative to it; empty for absolute ones
     UniqueFd info_;
     UniqueFd files_;
+    std::time_t timeOfText_ = 0;
+    std::string timeText_;
 };
 
 } // namespace tarvix::platform

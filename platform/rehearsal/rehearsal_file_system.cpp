@@ -4,6 +4,7 @@
 #include "platform/rehearsal/rehearsal_node.h"
 #include "platform/try.h"
 #include "text/case.h"
+#include "text/characters.h"
 #include "text/paths.h"
 
 #include <algorithm>
@@ -137,7 +138,7 @@ Result<const TreeDrive*> RehearsalFileSystem::DriveNamed(std::string_view root, 
     std::string key = text::Upper(root);
     const auto known = drives_.find(key);
     if (known != drives_.end()) return &known->second;
-    const std::string path = key + "\\";
+    const std::string path = text::Concat({key, "\\"});
     TX_TRY(real_.Facts(path));
     TreeDrive drive;
     for (const DriveInfo& info : real_.Drives()) {

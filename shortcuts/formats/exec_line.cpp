@@ -2,6 +2,8 @@
 
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -99,7 +101,7 @@ std::string QuoteProgram(std::string_view program) {
         inside += c;
     }
     const bool needsQuotes = program.find_first_of(kReserved) != program.npos;
-    return needsQuotes ? "\"" + inside + "\"" : inside;
+    return needsQuotes ? fmt::format("\"{}\"", inside) : inside;
 }
 
 } // namespace tarvix::shortcuts

@@ -2,6 +2,8 @@
 
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::shortcuts::link {
@@ -150,7 +152,7 @@ std::string PathOfIdList(std::string_view idList) {
         isFirst = false;
         list = list.Part(size);
     }
-    return path.size() == 2 ? path + "\\" : path;
+    return path.size() == 2 ? fmt::format("{}\\", path) : path;
 }
 
 std::string PathOfLinkInfo(std::string_view linkInfo) {

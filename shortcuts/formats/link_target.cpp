@@ -2,6 +2,8 @@
 #include "text/characters.h"
 #include "text/paths.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -214,9 +216,9 @@ std::optional<TargetParts> MakeTarget(std::string_view path, bool isFolder) {
     if (path.starts_with('%') && path.find('%', 1) != path.npos) return VariableTarget(path);
     const std::string_view bare = text::StripTrailingSlash(path);
     if (HasDrive(path)) {
-        TargetParts parts{
-            .idList = IdListOf(bare, isFolder),
-            .linkInfo = LocalInfo(bare.size() == 2 ? std::string(bare) + "\\" : std::string(bare))};
+        TargetParts parts{.idList = IdListOf(bare, isFolder),
+                          .linkInfo = LocalInfo(bare.size() == 2 ? fmt::format("{}\\", bare)
+                                                                 : std::string(bare))};
         return parts.idList.empty() ? std::nullopt : std::optional(std::move(parts));
     }
     if (IsShare(path)) return TargetParts{.linkInfo = ShareInfo(bare)};

@@ -87,6 +87,28 @@ TEST_F(Delete, SendsTheWholeSelectionToTheBinAndLogsEverything) {
     EXPECT_FALSE(HasEntry(log, kPartial));
 }
 
+TEST_F(Delete, TheQueueIsLoggedInOneWriteBeforeItsFirstObjectGoes) {
+    for (const char* name : {"a.txt", "b.txt", "c.txt"})
+        Disk().AddFile(std::string("C:\\t\\") + name, name);
+    Find();
+    Answer({"Yes"});
+    Click(Form().cmdSelectAll);
+    machine.faults.ResetCounts();
+    std::string logged;
+    std::size_t writes = 0;
+    machine.faults.BeforeCall("Recycle", 1, [&] {
+        logged = LogText();
+        writes = machine.faults.Count("Flush");
+    });
+    Click(Form().cmdDeleteSelected);
+    EXPECT_EQ(writes, 2u); // that the user chose to delete, and the queue
+    for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
+        const std::string entry =
+            std::string(" C:\\t\\") + name + " is queued for the recycle bin.";
+        EXPECT_TRUE(HasEntry(logged, entry)) << entry;
+    }
+}
+
 TEST_F(Delete, OnlyWhatIsSelectedGoes) {
     Disk().AddFile("C:\\t\\a.txt");
     Disk().AddFile("C:\\t\\b.txt");

@@ -70,6 +70,26 @@ TEST_F(LinuxNativePathsTest, ToNative) {
         EXPECT_EQ(paths_.ToNative(row.drive), row.native) << row.drive;
 }
 
+TEST_F(LinuxNativePathsTest, AFolderThatIsKnownLeadsWhereItsDriveLeads) {
+    std::string mounts = "1 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                         "2 1 8:2 / /media/one rw - ext4 /dev/sdb1 rw\n";
+    Mounts changing{{}, [&mounts] { return mounts; }};
+    const LinuxNativePaths paths{changing, "/home/ann"};
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(paths.ToNative("D:\\f\\a.txt"), "/media/one/f/a.txt");
+        EXPECT_EQ(paths.ToNative("C:\\a.txt"), "/a.txt");
+        EXPECT_EQ(paths.ToNative("C:\\f\\.."), "/");
+        EXPECT_EQ(paths.ToNative("C:\\f\\b."), "/f/b.");
+        EXPECT_EQ(paths.ToNative("C:\\f\\b*"), "");
+        EXPECT_EQ(paths.ToNative("C:\\f\\\uF03Fx"), "/f/?x");
+        EXPECT_EQ(paths.ToNative("D:\\f\\"), "/media/one/f");
+    }
+    mounts = "1 1 8:1 / / rw - ext4 /dev/sda1 rw\n";
+    (void)changing.Refreshed();
+    EXPECT_EQ(paths.ToNative("D:\\f\\a.txt"), "");
+    EXPECT_EQ(paths.ToNative("C:\\f\\a.txt"), "/f/a.txt");
+}
+
 TEST_F(LinuxNativePathsTest, ReservedCharactersGoThereAndBack) {
     const std::string native = "/home/ann/a\\b:c*d?e\"f<g>h|i\nj";
     EXPECT_EQ(paths_.ToNative(paths_.ToDrive(native)), native);

@@ -3,11 +3,13 @@
 
 #include "platform/dir.h"
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_trash.h"
 #include "tests/platform/linux_disk.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <random>
 #include <set>
@@ -78,14 +80,40 @@ class LinuxStoreCounts : public testing::Test {
         StoreCounts store;
         CallCounts calls;
     };
-    // What the objects behind the first ten take, by which time both folders are known and held.
+    // An object of "from" as a search sees it.
+    SeenObject See(std::string_view path) {
+        constexpr std::uint32_t kLocation = 7; // bytes of "T:\from"
+        const auto facts = world.files.Facts(path);
+        if (!facts) return {.path = path, .sighting = {}};
+        return {path,
+                {.identity = facts->identity,
+                 .size = facts->size,
+                 .attributes = facts->attributes,
+                 .location = kLocation},
+                Same::kObject};
+    }
+    Counted CountSeen(
+        const std::function<Result<void>(const SeenObject& seen, const std::string& name)>& act) {
+        for (int i = 0; i < kObjects + 10; ++i)
+            paths.push_back("T:\\from\\" + std::to_string(i));
+        std::vector<SeenObject> seen;
+        for (const std::string& path : paths)
+            seen.push_back(See(path));
+        return CountCalls([&](int i) {
+            ASSERT_EQ(NumberOf(act(seen[static_cast<std::size_t>(i)], std::to_string(i))), 0) << i;
+        });
+    }
     Counted Count(bool isMove) {
+        return CountCalls([this, isMove](int i) { Act(i, isMove); });
+    }
+    // What the objects behind the first ten take, by which time both folders are known and held.
+    Counted CountCalls(const std::function<void(int number)>& act) {
         for (int i = 0; i < 10; ++i)
-            Act(i, isMove);
+            act(i);
         const StoreCounts store = world.files.Counts();
         const CallCounts calls = CallsOfThread();
         for (int i = 10; i < 10 + kObjects; ++i)
-            Act(i, isMove);
+            act(i);
         Counted counted{world.files.Counts(), CallsOfThread()};
         counted.store.resolved -= store.resolved;
         counted.store.parsed -= store.parsed;
@@ -98,6 +126,7 @@ class LinuxStoreCounts : public testing::Test {
     }
 
     StoreWorld world;
+    std::vector<std::string> paths; // that the seen objects point to
 };
 } // namespace
 
@@ -124,6 +153,52 @@ TEST_F(LinuxStoreCounts, ACopyTakesALookAndAnOpenOfEachFile) {
     EXPECT_EQ(counted.store.walked, 0u);
     EXPECT_EQ(counted.store.asked, 0u);
     EXPECT_EQ(counted.store.read, 0u);
+}
+
+TEST_F(LinuxStoreCounts, AMoveOfASeenFileTakesALookBeforeAndAfterIt) {
+    const ManyChanges many(world.files);
+    const Counted counted = CountSeen([this](const SeenObject& seen, const std::string& name) {
+        const Standing standing = WhatStands(world.files, "T:\\to\\" + name);
+        const auto look = world.files.LookAtSeen(seen);
+        return look ? world.files.MoveFileTo(*look, standing.place, {})
+                    : Result<void>(std::unexpected(look.error()));
+    });
+    EXPECT_EQ(counted.calls.looks, 80u);
+    EXPECT_EQ(counted.calls.opens, 0u);
+    EXPECT_EQ(counted.store.walked, 0u);
+    EXPECT_EQ(counted.store.parsed, 0u);
+}
+
+TEST_F(LinuxStoreCounts, ARenameOfASeenFileTakesALookBeforeAndAfterIt) {
+    const ManyChanges many(world.files);
+    const Counted counted = CountSeen([this](const SeenObject& seen, const std::string& name) {
+        const Standing standing = WhatStands(world.files, "T:\\from\\" + name + " x");
+        const auto look = world.files.LookAtSeen(seen);
+        return look ? world.files.MoveFileTo(*look, standing.place, {})
+                    : Result<void>(std::unexpected(look.error()));
+    });
+    EXPECT_EQ(counted.calls.looks, 80u);
+    EXPECT_EQ(counted.calls.opens, 0u);
+    EXPECT_EQ(counted.store.walked, 0u);
+    EXPECT_EQ(counted.store.parsed, 0u);
+}
+
+TEST_F(LinuxStoreCounts, RecyclingASeenFileTakesALookBeforeAndAfterItAndOneNewFile) {
+    const ManyChanges many(world.files);
+    std::vector<SeenObject> seen;
+    for (int i = 0; i < kObjects + 10; ++i)
+        paths.push_back("T:\\from\\" + std::to_string(i));
+    for (const std::string& path : paths)
+        seen.push_back(See(path));
+    LinuxTrash trash(world.files);
+    CallCounts before;
+    const auto recycled = trash.RecycleSeen(seen, [&before](std::size_t done) {
+        if (done == 10) before = CallsOfThread();
+        return true;
+    });
+    ASSERT_EQ(NumberOf(recycled), 0);
+    EXPECT_EQ(CallsOfThread().looks - before.looks, 80u);
+    EXPECT_EQ(CallsOfThread().opens - before.opens, 40u); // the texts that tell where they were
 }
 
 TEST_F(LinuxStoreCounts, WithoutHeldFoldersEachCallWalks) {

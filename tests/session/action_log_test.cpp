@@ -49,6 +49,31 @@ TEST_F(ActionLogFile, AnEntryIsItsLineItsUnderliningAndAnEmptyLine) {
               std::string::npos);
 }
 
+TEST_F(ActionLogFile, PlannedEntriesAreWrittenWithTheNextOneInTheirOrder) {
+    Start();
+    machine.faults.ResetCounts();
+    session::LogPlanned(S(), " C:\\x is queued.");
+    session::LogPlanned(S(), " C:\\y is queued.");
+    EXPECT_EQ(machine.faults.Count("Flush"), 0u);
+    session::LogTimed(S(), " Stopped.");
+    EXPECT_EQ(machine.faults.Count("Flush"), 1u);
+    EXPECT_NE(LogText().find("11/15/2026 19:54:52 C:\\x is queued.\r\n"
+                             "-----------------------------------\r\n\r\n"
+                             "11/15/2026 19:54:52 C:\\y is queued.\r\n"
+                             "-----------------------------------\r\n\r\n"
+                             "11/15/2026 19:54:52 Stopped.\r\n"),
+              std::string::npos);
+}
+
+TEST_F(ActionLogFile, APlannedEntryThatCannotBeWrittenIsTroubleAtTheFlush) {
+    Start();
+    session::LogPlanned(S(), " C:\\x is queued.");
+    machine.faults.FailAll("Flush", platform::kDiskFull);
+    EXPECT_FALSE(State().blnLogFailed);
+    S().log.Flush(S());
+    EXPECT_TRUE(State().blnLogFailed);
+}
+
 TEST_F(ActionLogFile, AnEmptyEntryIsThreeEmptyLines) {
     Start();
     session::WriteToActionLog(S(), "");

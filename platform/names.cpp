@@ -100,13 +100,8 @@ bool IsDots(std::string_view driveName) {
 
 // Whether no byte is a control character and none is no text.
 bool IsShownAsItIs(std::string_view native) {
-    unsigned kinds = 0;
-    for (const char c : native) {
-        const auto byte = static_cast<unsigned char>(c);
-        kinds |= byte < ' ' ? kForbidden : byte < 128 ? 0U : kBeyondAscii;
-    }
-    if ((kinds & kForbidden) != 0) return false;
-    return kinds == 0 || text::IsValidUtf8(native);
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    return std::ranges::none_of(native, isControl) && text::IsValidUtf8(native);
 }
 
 void AppendAllShown(std::string& out, std::string_view native) {

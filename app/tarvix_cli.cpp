@@ -72,7 +72,7 @@ void NoteInterruption(int signal) {
     const char* note = interruptNote.exchange(nullptr);
     if (signal != SIGINT || note == nullptr) return;
     const int before = errno;
-    for (const char* text : {"\r\n", note, "\r\n"})
+    for (const char* text : {"\n", note, "\n"})
         (void)!write(STDERR_FILENO, text, std::strlen(text));
     errno = before;
 }

@@ -10,18 +10,18 @@ namespace tarvix::cli {
 
 namespace {
 
-constexpr unsigned char kDelete = 0x7F;
+constexpr unsigned char kDeleteCharacter = 0x7F;
 constexpr char32_t kFirstUpperControl = 0x80; // of those that ISO 6429 adds
 constexpr char32_t kLastUpperControl = 0x9F;
 constexpr char32_t kLastCharacter = 0x10FFFF; // above it stands a byte that is no text
 
 bool IsPlainByte(char c) {
     const auto byte = static_cast<unsigned char>(c);
-    return byte >= ' ' && byte < kDelete;
+    return byte >= ' ' && byte < kDeleteCharacter;
 }
 
 bool IsHarmless(char32_t c) {
-    if (c < ' ' || c == kDelete || c > kLastCharacter) return false;
+    if (c < ' ' || c == kDeleteCharacter || c > kLastCharacter) return false;
     return c < kFirstUpperControl || c > kLastUpperControl;
 }
 

@@ -12,7 +12,7 @@
 namespace tarvix::forms {
 
 namespace {
-constexpr int kCharacters = 80;
+constexpr int kRunsWidth = 80;
 }
 
 RunsWindow::RunsWindow(session::Session& session, EventGate& gate, QWidget* parent)
@@ -37,7 +37,7 @@ RunsWindow::RunsWindow(session::Session& session, EventGate& gate, QWidget* pare
     row->addWidget(Make(form.cmdOK));
     column->addLayout(row);
     BindFields();
-    TakeSize(kCharacters);
+    TakeSize(kRunsWidth);
     list->setFocus();
 }
 

@@ -12,7 +12,7 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr int kMargin = 4;
+constexpr int kCellMargin = 4;
 constexpr float kTintAlpha = 0.28F;
 
 struct MarkedText {
@@ -73,7 +73,7 @@ void ChangeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &shown, painter, option.widget);
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-    const QRect place = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+    const QRect place = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
     QFont bold = option.font;
     bold.setBold(true); // so that there is room for the marked part
     const bool isMarked = index.data(PreviewModel::kChanged).isValid();
@@ -85,7 +85,7 @@ void ChangeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         layout.setFormats({{cut.start, cut.length, MarkOf(option, isGone)}});
     }
     layout.beginLayout();
-    layout.createLine().setLineWidth(place.width() + kMargin);
+    layout.createLine().setLineWidth(place.width() + kCellMargin);
     layout.endLayout();
     painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
     layout.draw(painter, {static_cast<qreal>(place.left()),

@@ -40,7 +40,7 @@ QColor Mixed(const QColor& one, const QColor& other, double part) {
                             mix(one.blueF(), other.blueF()));
 }
 
-QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
+QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
     return (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
 }
 
@@ -92,7 +92,7 @@ void RowDelegate::PaintSpacer(QPainter& painter, const QRect& place) const {
 
 void RowDelegate::PaintGround(QPainter& painter, const QStyleOptionViewItem& option,
                               std::size_t row, bool isSelected) const {
-    const auto group = GroupOf(option);
+    const auto group = ColorGroupOf(option);
     if (isSelected) {
         painter.fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
     } else if (list_.IsStriped(row)) {
@@ -150,7 +150,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (list_.Rows().At(row).IsSpacer()) return PaintSpacer(*painter, option.rect);
     const bool isSelected = list_.Selector().IsSelected(row);
     PaintGround(*painter, option, row, isSelected);
-    QColor color = option.palette.color(GroupOf(option), QPalette::HighlightedText);
+    QColor color = option.palette.color(ColorGroupOf(option), QPalette::HighlightedText);
     if (!isSelected) {
         const QVariant own = index.data(Qt::ForegroundRole);
         color = own.isValid() ? own.value<QColor>() : option.palette.color(QPalette::Text);

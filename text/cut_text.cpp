@@ -15,7 +15,7 @@ bool IsInside(std::string_view s, std::size_t at) {
     return at < s.size() && (static_cast<unsigned char>(s[at]) & 0xC0) == 0x80;
 }
 
-std::size_t CommonStart(std::string_view a, std::string_view b) {
+std::size_t SharedStart(std::string_view a, std::string_view b) {
     const auto [inA, inB] = std::ranges::mismatch(a, b);
     auto length = static_cast<std::size_t>(inA - a.begin());
     while (length > 0 && (IsInside(a, length) || IsInside(b, length))) {
@@ -24,7 +24,7 @@ std::size_t CommonStart(std::string_view a, std::string_view b) {
     return length;
 }
 
-std::size_t CommonEnd(std::string_view a, std::string_view b) {
+std::size_t SharedEnd(std::string_view a, std::string_view b) {
     std::size_t length = 0;
     const std::size_t most = std::min(a.size(), b.size());
     while (length < most && a[a.size() - length - 1] == b[b.size() - length - 1]) {
@@ -65,10 +65,10 @@ bool Holds(std::string_view folder, std::string_view path) {
 } // namespace
 
 Change ChangedPart(std::string_view before, std::string_view after) {
-    const std::size_t start = CommonStart(before, after);
+    const std::size_t start = SharedStart(before, after);
     before.remove_prefix(start);
     after.remove_prefix(start);
-    const std::size_t end = CommonEnd(before, after);
+    const std::size_t end = SharedEnd(before, after);
     return {{start, before.size() - end}, {start, after.size() - end}};
 }
 

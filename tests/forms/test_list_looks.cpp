@@ -361,7 +361,9 @@ TEST_F(ListLooksTest, PathsOfSeveralLocationsBeginWhereTheyPart) {
 
 // ---- colours and signs ----
 
-double Luminance(const QColor& color) {
+namespace {
+
+double ListLuminance(const QColor& color) {
     const auto linear = [](double channel) {
         return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
     };
@@ -369,11 +371,13 @@ double Luminance(const QColor& color) {
            0.0722 * linear(color.blueF());
 }
 
-double ContrastOf(const QColor& a, const QColor& b) {
-    const double one = Luminance(a) + 0.05;
-    const double other = Luminance(b) + 0.05;
+double ListContrast(const QColor& a, const QColor& b) {
+    const double one = ListLuminance(a) + 0.05;
+    const double other = ListLuminance(b) + 0.05;
     return std::max(one, other) / std::min(one, other);
 }
+
+} // namespace
 
 TEST_F(ListLooksTest, EveryColourOfTheListIsReadableAndItsOwn) {
     for (const QPalette& palette : {QApplication::style()->standardPalette(), DarkPalette()}) {
@@ -382,12 +386,12 @@ TEST_F(ListLooksTest, EveryColourOfTheListIsReadableAndItsOwn) {
             const QColor color = ListTint(results::PatternColor(pattern), palette);
             EXPECT_TRUE(seen.insert(color.rgb()).second) << pattern;
             for (const auto ground : {QPalette::Base, QPalette::AlternateBase}) {
-                EXPECT_GE(ContrastOf(color, palette.color(ground)), 4.5) << pattern;
+                EXPECT_GE(ListContrast(color, palette.color(ground)), 4.5) << pattern;
             }
         }
-        EXPECT_GE(ContrastOf(StandingBack(palette), palette.color(QPalette::AlternateBase)), 4.5);
+        EXPECT_GE(ListContrast(StandingBack(palette), palette.color(QPalette::AlternateBase)), 4.5);
         const QColor folder = ListTint(fields::kRed, palette);
-        EXPECT_GE(ContrastOf(folder, palette.color(QPalette::AlternateBase)), 4.5);
+        EXPECT_GE(ListContrast(folder, palette.color(QPalette::AlternateBase)), 4.5);
         const QColor second = ListTint(results::PatternColor(2), palette);
         EXPECT_GE(std::abs(second.hslHue() - folder.hslHue()), 25);
     }

@@ -107,6 +107,8 @@ TEST_F(PreviewWindowTest, AColumnHeadSortsAndTheThirdClickGivesTheOrderOfTheActi
     });
 }
 
+namespace {
+
 // The part of a cell's text that is marked.
 QString Marked(const PreviewModel& model, int row, int column) {
     const QModelIndex cell = model.index(row, column);
@@ -114,6 +116,8 @@ QString Marked(const PreviewModel& model, int row, int column) {
     const QPoint place = mark.toPoint();
     return mark.isValid() ? cell.data().toString().mid(place.x(), place.y()) : QString();
 }
+
+} // namespace
 
 TEST(PreviewModelTest, PathsBeginAtTheFoldersThatAllShare) {
     const std::vector<fields::PreviewRow> rows{

@@ -4,6 +4,7 @@
 #include "results/result_list.h"
 #include "session/session.h"
 #include "session/user_input.h"
+#include "text/dates.h"
 
 #include <fmt/core.h>
 
@@ -76,6 +77,10 @@ void ScriptRecorder::WriteCriteria() {
     text_ += fmt::format("answer {}{}\n", form.lblDate1.Caption.Get(),
                          form.lblDate2.Visible ? " thru " + form.lblDate2.Caption.Get() : "");
     Set(form.cboDate, form.cboDate.Text.Get());
+    for (const fields::TextBox* box : {&form.txtDate1, &form.txtDate2}) {
+        const bool isWord = !box->Text->empty() && !text::IsDate(box->Text.Get());
+        if (isWord && box->Visible) Set(*box, box->Text.Get());
+    }
 }
 
 // What stands in the list has to be found first.

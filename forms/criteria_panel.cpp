@@ -185,14 +185,15 @@ QWidget* MakeDate(const fields::FrmSearch& form) {
 
 QWidget* MakeAttributes(const fields::FrmSearch& form) {
     auto* boxes = new QWidget;
-    auto* flow = new FlowLayout(12, 2);
+    auto* flow = new FlowLayout(8, 2);
     boxes->setLayout(flow);
     for (std::size_t i = 0; i < form.attributeBoxes.size(); ++i) {
         flow->addWidget(new AttributeBox(*form.attributeBoxes[i], kMeanings[i]));
     }
     auto* any = new QToolButton;
     any->setObjectName("btnAnyAttribute");
-    any->setText("All any");
+    any->setText("Any");
+    any->setAccessibleName("Any attributes");
     any->setFocusPolicy(Qt::TabFocus);
     any->setToolTip("Finds objects whatever their attributes are");
     flow->addWidget(any);

@@ -1,6 +1,7 @@
 #include "forms/date_edit.h"
 
 #include "fields/controls.h"
+#include "forms/calendar.h"
 #include "forms/text_conversion.h"
 
 #include <QAction>
@@ -51,10 +52,7 @@ void DateEdit::Choose(const QString& text) {
 }
 
 void DateEdit::FillMenu(QMenu& menu) {
-    auto* calendar = new QCalendarWidget;
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar->setFirstDayOfWeek(Qt::Monday);
-    calendar->setAccessibleName("Calendar");
+    QCalendarWidget* calendar = MakeCalendar("Calendar");
     if (const auto& date = meant_.Date()) {
         calendar->setSelectedDate(QDate(date->year, date->month, date->day));
     }

@@ -1,5 +1,6 @@
 #include "forms/date_window.h"
 
+#include "forms/calendar.h"
 #include "forms/field_widgets.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
@@ -71,16 +72,13 @@ QWidget* DateWindow::MakeWords() {
 
 DateWindow::Moment DateWindow::MakeMoment(const QString& word, const fields::DatePicker& date,
                                           const fields::DatePicker& time) {
-    Moment moment{new QWidget, Make(date), Make(time), new QCalendarWidget};
+    Moment moment{new QWidget, Make(date), Make(time), MakeCalendar(word + " calendar")};
     auto* grid = new QGridLayout(moment.panel);
     grid->setContentsMargins(0, 0, 0, 0);
     moment.day->setCalendarPopup(false);
     moment.day->setAccessibleName(word + " date");
     moment.hour->setAccessibleName(word + " time");
-    moment.calendar->setAccessibleName(word + " calendar");
     moment.calendar->setObjectName("cal" + word);
-    moment.calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    moment.calendar->setFirstDayOfWeek(Qt::Monday);
     grid->addWidget(LabelFor(word, moment.day), 0, 0);
     grid->addWidget(moment.day, 0, 1);
     grid->addWidget(moment.hour, 0, 2);

@@ -149,6 +149,11 @@ void EveryWindow::SeeActions(const Look& look) {
             QTest::qWait(300);
             if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
             look(modal, opened.name);
+            if (where->isVisible()) {
+                LookAtModal(look, std::string("preview-") + opened.name);
+                QTest::mouseClick(modal.findChild<QPushButton*>("cmdPreview"), Qt::LeftButton);
+                QTest::qWaitFor([this] { return AllModalsCame(); }, 3000);
+            }
             modal.close();
         });
         Press(opened.button);
@@ -184,6 +189,24 @@ void EveryWindow::FillForms() {
                                         "/media/ann/Old disk/broken.mp3: Input/output error"});
     forms.frmWelcome.lblMain.Caption =
         std::string(session::Worded(S(), session::Wording::kFirstRun));
+    forms.frmShortcutWarning.lblTop.Caption =
+        "The values of the 3 selected shortcuts open as a text, one value a line.";
+    forms.frmShortcutWarning.lblBottom.Caption =
+        "Nothing is written to a shortcut before you save.";
+    forms.frmLinkChanges.lblMain.Caption = "2 values of 1 shortcut would change:";
+    forms.frmLinkChanges.lstChanges.SetItems(
+        {"Player.desktop  Target: /usr/bin/vlc -> /usr/bin/mpv",
+         "Player.desktop  Description: Plays music -> Plays films"});
+    forms.frmLinkTable.lblMain.Caption = "Values of 2 shortcuts";
+    forms.frmLinkTable.rows = {{.name = "Player.desktop",
+                                .values = {"/usr/bin/vlc", "", "", "", "", "", ""},
+                                .isEditable = {true, true, true, true, true, true, true}}};
+    forms.frmNumbers.txtLine.Text = "track *.mp3";
+    forms.frmNumbers.lblMain.Caption = "100 lines";
+    forms.frmNumbers.lstFirstLines.SetItems({"track 0001.mp3", "track 0002.mp3"});
+    forms.frmBatch.rows = {{.search = "*.mp3", .destination = "/home/ann/Copies", .matches = 20},
+                           {.search = "*.jpg", .destination = "/home/ann/Pictures", .matches = 5}};
+    forms.frmBatch.lblMain.Caption = "2 lines would be worked on, one after the other.";
     forms.frmForChar.lblMain.Caption = "A name could not be opened.";
     forms.frmTrailingSp.lblMain.Caption = "A name ends with a blank.";
     forms.frmAllUsers.lblMain.Caption = "The folder of all users is searched in its true place.";
@@ -196,7 +219,7 @@ void EveryWindow::SeeForms(const Look& look) {
              &forms.frmAsk, &forms.frmAsk259, &forms.frmOverrideDialog,
              &forms.frmOverrideRecycleFail, &forms.frmUnread, &forms.frmWelcome, &forms.frmNumbers,
              &forms.frmForChar, &forms.frmTrailingSp, &forms.frmAllUsers, &forms.frmShortcutWarning,
-             &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmPreview}) {
+             &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmBatch}) {
         OnModal([&, form](QWidget& modal) {
             Settle();
             look(modal, form->Name());

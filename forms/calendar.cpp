@@ -1,0 +1,19 @@
+#include "forms/calendar.h"
+
+#include <QCalendarWidget>
+#include <QTextCharFormat>
+
+namespace tarvix::forms {
+
+QCalendarWidget* MakeCalendar(const QString& name) {
+    auto* calendar = new QCalendarWidget;
+    calendar->setAccessibleName(name);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setFirstDayOfWeek(Qt::Monday);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        calendar->setWeekdayTextFormat(day, QTextCharFormat());
+    }
+    return calendar;
+}
+
+} // namespace tarvix::forms

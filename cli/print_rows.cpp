@@ -124,7 +124,8 @@ class RowPaths {
 
 // Line ends and tabs from `begin` on as "\n" and "\t".
 void EscapeField(std::string& text, std::size_t begin) {
-    if (std::string_view(text).substr(begin).find_first_of("\r\n\t") == text.npos) return;
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    if (std::ranges::none_of(std::string_view(text).substr(begin), isControl)) return;
     const std::string escaped = PlainField(text.substr(begin));
     text.replace(begin, text.npos, escaped);
 }

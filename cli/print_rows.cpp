@@ -226,9 +226,10 @@ class RowPrinter {
 
     // What was appended from `begin` on, as the form of the output has it.
     void EscapeField(std::string& out, std::size_t begin) {
+        const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
         if (format_ == RowFormat::kTable) {
             EscapeTsvField(out, begin);
-        } else if (std::string_view(out).substr(begin).find_first_of("\r\n\t") != out.npos) {
+        } else if (std::ranges::any_of(std::string_view(out).substr(begin), isControl)) {
             const std::string escaped = PlainField(out.substr(begin));
             out.replace(begin, out.npos, escaped);
         }

@@ -20,6 +20,7 @@ namespace {
 constexpr std::size_t kMostUntaken = 4096; // folders read and not yet taken
 constexpr std::size_t kAtOnce = 32;        // folders that are handed over under one lock
 constexpr std::size_t kWorthWaking = 4;    // folders, for a reader that has nothing to do
+constexpr std::size_t kLeastAtOnce = 4;    // unless the disk makes readers wait
 constexpr std::size_t kReaders = 2;
 constexpr std::size_t kMostReaders = 16; // on a disk that makes them wait
 constexpr std::chrono::milliseconds kToldAfter{1};
@@ -159,7 +160,8 @@ bool ReadAhead::State::TakeUp(std::vector<Job*>& mine) {
     --idle;
     if (isDropped) return false;
     const std::size_t share = (jobs.size() - next) / (2 * readers.size());
-    const std::size_t most = std::clamp<std::size_t>(share, 1, kAtOnce);
+    const std::size_t least = readers.size() > kReaders ? 1 : kLeastAtOnce;
+    const std::size_t most = std::clamp(share, least, kAtOnce);
     for (; mine.size() < most && HasWork(); ++next)
         mine.push_back(&jobs[next]);
     return true;

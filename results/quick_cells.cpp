@@ -38,19 +38,25 @@ void PutTwo(char* at, std::int64_t number) {
     at[1] = static_cast<char>('0' + number % 10);
 }
 
-// The day that was asked for last, as it is written; empty for one whose year has no four digits.
+// "2026/11/15 " of the day that was asked for last; not plain where its year has no four digits.
 struct WrittenDay {
     std::int64_t number = INT64_MIN;
-    std::string text;
+    bool isPlain = false;
+    std::array<char, 11> text{'0', '0', '0', '0', '/', '0', '0', '/', '0', '0', ' '};
 };
 
-const std::string& DayText(std::int64_t number) {
+const WrittenDay& DayText(std::int64_t number) {
     static thread_local WrittenDay day;
-    if (day.number == number) return day.text;
+    if (day.number == number) return day;
     const text::DateTime date = text::FromSeconds(number * kDay);
-    day = {number, {}};
-    if (date.year >= 1000 && date.year <= 9999) day.text = text::FormatDate(date, "yyyy/mm/dd ");
-    return day.text;
+    day.number = number;
+    day.isPlain = date.year >= 1000 && date.year <= 9999;
+    if (!day.isPlain) return day;
+    PutTwo(day.text.data(), date.year / 100);
+    PutTwo(day.text.data() + 2, date.year % 100);
+    PutTwo(day.text.data() + 5, date.month);
+    PutTwo(day.text.data() + 8, date.day);
+    return day;
 }
 
 // Whether Path\Name has one more "\" than the folder.
@@ -79,8 +85,8 @@ void AppendSize(std::string& out, std::uint64_t bytes) {
 
 void AppendDate(std::string& out, std::int64_t seconds) {
     const std::int64_t number = seconds / kDay - (seconds % kDay < 0 ? 1 : 0);
-    const std::string& day = DayText(number);
-    if (day.empty()) {
+    const WrittenDay& day = DayText(number);
+    if (!day.isPlain) {
         out += text::FormatDate(text::FromSeconds(seconds), "yyyy/mm/dd hh:mm:ss");
         return;
     }
@@ -89,7 +95,7 @@ void AppendDate(std::string& out, std::int64_t seconds) {
     PutTwo(time.data(), inDay / 3600);
     PutTwo(time.data() + 3, inDay / 60 % 60);
     PutTwo(time.data() + 6, inDay % 60);
-    out.append(day).append(time.data(), time.size());
+    out.append(day.text.data(), day.text.size()).append(time.data(), time.size());
 }
 
 void AppendExtension(std::string& out, std::string_view name) {

@@ -53,10 +53,7 @@ void FolderList::Start(std::string_view location) {
     folders_.push_back(std::move(root));
     isBuilt_ = true;
     ahead_ = std::make_unique<platform::ReadAhead>(session_.files(), wish_);
-    ahead_->WhileWaiting([this] {
-        session_.Yield();
-        return !IsInterrupted();
-    });
+    StayLive(*ahead_);
     takesRootOver_ = HasListingOf(location);
     // The walk over the location alone has had its files.
     if (!takesRootOver_) Order(folders_.front(), true);
@@ -115,9 +112,37 @@ const platform::FolderListing& FolderList::NamesOf(std::size_t index) {
     if (!folder.isListed) {
         folder.isListed = true;
         const std::string_view routine = index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders";
-        if (folder.isWalkable) folder.visit.names = ListNow(index, routine, true);
+        if (folder.isWalkable) folder.visit.names = ListLive(index, routine);
     }
     return folder.visit.names ? *folder.visit.names : kNone;
+}
+
+// By another thread where there is one, so that the user is heard while a slow disk lists it.
+std::shared_ptr<const platform::FolderListing> FolderList::ListLive(std::size_t index,
+                                                                    std::string_view routine) {
+    const std::string& folder = folders_[index].strFolderLong;
+    if (session_.files().AllowsReadingThreads()) {
+        platform::ReadAhead ahead(session_.files());
+        StayLive(ahead);
+        const std::int64_t now = session_.platform.clock.Steady();
+        platform::FolderVisit visit;
+        ahead.OrderVisit(folder, true);
+        if (!ahead.TakeVisit(visit)) return nullptr;
+        if (visit.names) {
+            lastListed_ = std::move(visit.names);
+            lastFolder_ = folder;
+            listedAt_ = now;
+            return lastListed_;
+        }
+    }
+    return ListNow(index, routine, true);
+}
+
+void FolderList::StayLive(platform::ReadAhead& ahead) const {
+    ahead.WhileWaiting([this] {
+        session_.Yield();
+        return !IsInterrupted();
+    });
 }
 
 bool FolderList::HasNothing(std::size_t index) {

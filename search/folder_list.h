@@ -84,6 +84,9 @@ class FolderList {
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
     std::shared_ptr<const platform::FolderListing> ListNow(std::size_t index,
                                                            std::string_view routine, bool counts);
+    std::shared_ptr<const platform::FolderListing> ListLive(std::size_t index,
+                                                            std::string_view routine);
+    void StayLive(platform::ReadAhead& ahead) const;
     bool TakeAhead(CrawlFolder& folder);
     bool TakeFile(std::size_t index, const platform::FolderEntry& entry, bool countContent);
     bool TakeFolder(std::size_t index, const platform::FolderEntry& entry, bool addFolders);

@@ -8,9 +8,8 @@
 
 namespace tarvix::platform {
 
-FolderReader::FolderReader(int fd) : fd_(fd) {
-    // A folder that was never read stands at its start already: lseek is cheap all the same.
-    if (::lseek(fd, 0, SEEK_SET) < 0) error_ = errno;
+FolderReader::FolderReader(int fd, bool isJustOpened) : fd_(fd) {
+    if (!isJustOpened && ::lseek(fd, 0, SEEK_SET) < 0) error_ = errno;
 }
 
 bool FolderReader::Fill() {

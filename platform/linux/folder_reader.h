@@ -15,8 +15,9 @@ class FolderReader {
         unsigned char type;    // DT_REG ...; DT_UNKNOWN where the disk doesn't tell
     };
 
-    // Reads from the start of the folder. The descriptor stays the caller's.
-    explicit FolderReader(int fd);
+    // Reads from the start of the folder; one that was just opened stands there. The descriptor
+    // stays the caller's.
+    explicit FolderReader(int fd, bool isJustOpened = false);
 
     // False at the end, or on an error.
     bool Next(Entry& entry);

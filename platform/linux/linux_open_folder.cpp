@@ -82,9 +82,9 @@ Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names() {
     return names;
 }
 
-Result<void> LinuxOpenFolder::Read(FolderListing& listing) const {
+Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
     listing.Clear();
-    FolderReader reader(fd_.Get());
+    FolderReader reader(fd_.Get(), !std::exchange(wasRead_, true));
     FolderReader::Entry raw{};
     std::string name;
     while (reader.Next(raw)) {

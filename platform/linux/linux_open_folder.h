@@ -38,10 +38,11 @@ class LinuxOpenFolder : public OpenFolder {
 
   private:
     Result<std::shared_ptr<const FolderListing>> Names();
-    Result<void> Read(FolderListing& listing) const;
+    Result<void> Read(FolderListing& listing);
     std::string NativeOf(std::string_view nativeName) const;
 
     UniqueFd fd_;
+    bool wasRead_ = false;
     std::shared_ptr<const DriveTable> drives_;
     const DriveTable::Names* boundaries_; // of `drives_`
     std::string native_;

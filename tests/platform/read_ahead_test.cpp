@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
+#include <memory>
+#include <mutex>
 #include <string>
+#include <utility>
 
 namespace tarvix::platform {
 namespace {
@@ -126,6 +130,57 @@ TEST(ReadAheadAlone, TheCallerDoesTheWorkWhereThereAreNoThreads) {
     EXPECT_TRUE(visit.facts[0].isKnown);
     ASSERT_TRUE(ahead.TakeVisit(visit));
     EXPECT_FALSE(visit.names);
+}
+
+// A disk that answers nothing until it is told to.
+class HeldUpFiles : public MemoryFileSystem, public VisitedFiles {
+  public:
+    struct Gate {
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool isOpen = false;
+        int inside = 0;
+    };
+
+    bool AllowsReadingThreads() const override { return true; }
+    std::unique_ptr<FolderVisitor> NewVisitor() override { return std::make_unique<Visitor>(gate); }
+
+    std::shared_ptr<Gate> gate = std::make_shared<Gate>();
+
+  private:
+    class Visitor : public FolderVisitor {
+      public:
+        explicit Visitor(std::shared_ptr<Gate> gate) : gate_(std::move(gate)) {}
+        void Visit(const std::string&, const VisitWish&, const std::atomic<bool>&,
+                   FolderVisit&) override {
+            std::unique_lock lock(gate_->mutex);
+            ++gate_->inside;
+            gate_->changed.wait(lock, [this] { return gate_->isOpen; });
+            --gate_->inside;
+            gate_->changed.notify_all();
+        }
+
+      private:
+        std::shared_ptr<Gate> gate_;
+    };
+};
+
+TEST(ReadAheadAlone, ACallerThatGivesUpNeedNotWaitForTheDisk) {
+    HeldUpFiles files;
+    {
+        ReadAhead ahead(files);
+        int asked = 0;
+        ahead.WhileWaiting([&asked] { return ++asked < 3; });
+        ahead.OrderVisit("C:\\t");
+        FolderVisit visit;
+        EXPECT_FALSE(ahead.TakeVisit(visit));
+        EXPECT_FALSE(visit.names);
+        EXPECT_EQ(asked, 3);
+    }
+    std::unique_lock lock(files.gate->mutex);
+    files.gate->isOpen = true;
+    files.gate->changed.notify_all();
+    files.gate->changed.wait(lock, [&files] { return files.gate->inside == 0; });
 }
 
 TEST(BriefFactsTest, TimesComeBackInFullSecondsAndSteps) {

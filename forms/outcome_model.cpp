@@ -26,8 +26,12 @@ QString Capital(QString text) {
     return text;
 }
 
-QString WordOf(OutcomeMark mark) {
-    return Capital(ToQt(results::MarkText(mark)));
+// "Copied under a new name": what was done stands only in the action where it isn't the mark.
+QString WordOf(OutcomeMark mark, const std::string& action) {
+    const QString text = ToQt(results::MarkText(mark));
+    if (mark != OutcomeMark::kNewName) return Capital(text);
+    const bool isCopy = action.starts_with("Copy");
+    return (isCopy ? "Copied " : action == "Move" ? "Moved " : "Renamed, ") + text;
 }
 
 } // namespace
@@ -54,7 +58,7 @@ void OutcomeModel::FindGroups() {
         auto found = std::ranges::find(groups, reason, &Group::reason);
         if (found == groups.end() && groups.size() >= kMostReasons) found = groups.end() - 1;
         if (found == groups.end()) {
-            QString text = WordOf(mark);
+            QString text = WordOf(mark, list.Action());
             if (!reason.empty()) text += ": " + Shown(reason);
             found = groups.insert(found, {mark, text, reason, 0});
         }
@@ -65,7 +69,7 @@ void OutcomeModel::FindGroups() {
             std::ranges::move(groups, std::back_inserter(groups_));
             continue;
         }
-        Group all{groups.front().mark, WordOf(groups.front().mark), {}, 0};
+        Group all{groups.front().mark, WordOf(groups.front().mark, list.Action()), {}, 0};
         for (const Group& group : groups)
             all.count += group.count;
         groups_.push_back(std::move(all));
@@ -103,7 +107,7 @@ int OutcomeModel::columnCount(const QModelIndex& parent) const {
 
 QString OutcomeModel::MarkText(std::size_t at) const {
     const results::OutcomeList& list = *session_.outcomes;
-    QString text = WordOf(list.MarkOf(at));
+    QString text = WordOf(list.MarkOf(at), list.Action());
     if (!list.Reason(at).empty()) text += ": " + Shown(list.Reason(at));
     return text;
 }

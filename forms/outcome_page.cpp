@@ -94,7 +94,7 @@ QWidget* OutcomePage::MakeTable() {
     head.setHighlightSections(false);
     head.setSectionResizeMode(QHeaderView::Interactive);
     const int character = fontMetrics().averageCharWidth();
-    head.resizeSection(OutcomeModel::kMark, character * 30);
+    head.resizeSection(OutcomeModel::kMark, character * 38);
     head.resizeSection(OutcomeModel::kName, character * 32);
     head.setSectionResizeMode(OutcomeModel::kNow, QHeaderView::Stretch);
     head.resizeSection(OutcomeModel::kWas, character * 30);

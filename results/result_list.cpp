@@ -168,7 +168,7 @@ void ResultList::SetLinks(std::size_t index, LinkCells cells) {
 }
 
 void ResultList::RenameFolder(const std::string& path, std::string_view name) {
-    const std::string before = path;
+    const std::string before{std::string_view(path)}; // which changes with its record
     const std::string now = text::ParentFolderSlash(before) + std::string(name);
     for (RowFolder& folder : folders_) {
         std::string& listed = folder.longPath;

@@ -76,9 +76,12 @@ std::int64_t Troubles(const OutcomeList& list) {
     return sum;
 }
 
+// A second click goes back to the list.
 void OpenPage(Session& session) {
+    auto& page = session.forms.frmOutcome;
+    if (page.IsShown() && session.rows->Count() > 0) return page.Hide();
     if (session.outcomes != nullptr && session.outcomes->Count() > 0) {
-        session.forms.frmOutcome.Show();
+        page.Show();
     }
 }
 

@@ -104,6 +104,8 @@ void StartAction(Session& session, const Start& start) {
     if (start.action != "Move" || !state.IsBatch()) state.strAction = start.action;
     state.blnActionCancelled = false;
     state.lastAction = {};
+    // What it told of the action before is not what this one does.
+    if (!state.IsBatch()) session.frmSearch.lblStatus.Caption = "";
     if (isCopyOrMove) session.forms.frmOverrideDialog.Answer = kOverrideNo;
     session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
     results::BuildFileArray(session);

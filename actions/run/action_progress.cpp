@@ -16,12 +16,13 @@ namespace {
 
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr std::int64_t kShowEvery = kSecond / 10;
+constexpr int kMuchSlower = 10;
 
 } // namespace
 
 ActionProgress::ActionProgress(session::Session& session, std::int64_t objects, std::int64_t bytes)
     : session_(session), objects_(objects), bytes_(bytes),
-      started_(session.platform.clock.Steady()), due_(started_) {
+      started_(session.platform.clock.Steady()), seen_(started_), due_(started_) {
     auto& form = session.frmDialog;
     form.prgBytes.Max = bytes > 0 ? bytes : objects;
     form.prgBytes.Value = 0;
@@ -48,8 +49,24 @@ void ActionProgress::Step() {
     Show(objectsDone_ == objects_);
 }
 
+// While a question waits for its answer nothing goes on, or much less than before.
+void ActionProgress::LeaveOutPause(std::int64_t ticks) {
+    const std::int64_t gap = ticks - seen_;
+    const std::int64_t done = bytesBefore_ + bytesInHand_;
+    if (gap > kSecond) {
+        const auto before = static_cast<double>(seen_ - started_);
+        const double speed = static_cast<double>(done - seenBytes_) / static_cast<double>(gap);
+        const bool isSlow =
+            before > 0 && speed * kMuchSlower < static_cast<double>(seenBytes_) / before;
+        if (done == seenBytes_ || isSlow) started_ += gap;
+    }
+    seen_ = ticks;
+    seenBytes_ = done;
+}
+
 void ActionProgress::Show(bool now) {
     const std::int64_t ticks = session_.platform.clock.Steady();
+    LeaveOutPause(ticks);
     if (!now && ticks < due_) return;
     due_ = ticks + kShowEvery;
     auto& form = session_.frmDialog;

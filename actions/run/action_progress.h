@@ -27,6 +27,7 @@ class ActionProgress {
 
   private:
     void Show(bool now);
+    void LeaveOutPause(std::int64_t ticks);
 
     session::Session& session_;
     std::int64_t objects_;
@@ -35,7 +36,9 @@ class ActionProgress {
     std::int64_t bytesBefore_ = 0; // of the objects that are settled
     std::int64_t bytesInHand_ = 0;
     std::int64_t bytesOfHand_ = 0; // of the whole object in hand
-    std::int64_t started_;
+    std::int64_t started_;         // less the time that questions took
+    std::int64_t seen_;
+    std::int64_t seenBytes_ = 0;
     std::int64_t due_;
 };
 

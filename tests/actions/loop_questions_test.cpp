@@ -11,7 +11,6 @@ namespace tarvix::testing {
 namespace {
 
 using session::PromptId;
-using ::testing::ElementsAre;
 
 class LoopQuestions : public ActionFixture {
   protected:

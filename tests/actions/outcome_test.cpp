@@ -178,6 +178,15 @@ TEST_F(Outcomes, WhatWentWithItsFolderIsInTheTrash) {
     EXPECT_EQ(list.CountOf(OutcomeMark::kWasGone), 0);
 }
 
+TEST_F(Outcomes, TheStatusTellsOfTheActionThatCameLast) {
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Find();
+    Copy(To("C:\\d"));
+    EXPECT_EQ(Form().lblStatus.Caption.Get(), "Copied 1 of 1 object.");
+    Copy(To("C:\\d"));
+    EXPECT_EQ(Form().lblStatus.Caption.Get(), "Copied 0 of 1 object, 1 skipped as duplicates.");
+}
+
 TEST_F(Outcomes, ACancelledWindowLeavesThePageOfTheActionBefore) {
     Disk().AddFile("C:\\t\\a.txt", "a");
     Find();

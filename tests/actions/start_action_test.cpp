@@ -158,6 +158,16 @@ TEST_F(Progress, TellsObjectsBytesSpeedAndTimeLeft) {
     EXPECT_FALSE(Form().prgBytes.Visible);
 }
 
+TEST_F(Progress, TheTimeOfAQuestionIsNoTimeOfWork) {
+    ActionProgress progress(session, 4, 4'000'000);
+    machine.clock.SetStep(1'000'000'000);
+    progress.InFile({"C:\\a", 1'000'000, 2'000'000});
+    machine.clock.SetStep(100'000'000'000);
+    progress.InFile({"C:\\a", 1'500'000, 2'000'000});
+    EXPECT_EQ(Form().lblProgress.Caption.Get(),
+              "0 of 4 objects - 1.5 MB of 4.0 MB - 1.5 MB/s - 0:01 left");
+}
+
 TEST_F(Progress, WithoutBytesTheBarCountsObjects) {
     machine.clock.SetStep(1'000'000'000);
     ActionProgress progress(session, 1, 0);

@@ -102,7 +102,8 @@ bool IsShownAsItIs(std::string_view native) {
     unsigned kinds = 0;
     for (const char c : native) {
         const auto byte = static_cast<unsigned char>(c);
-        kinds |= byte < ' ' ? kForbidden : byte < 128 ? 0U : kBeyondAscii;
+        kinds |= byte < ' ' ? unsigned{kForbidden} : 0U;
+        kinds |= byte < 128 ? 0U : unsigned{kBeyondAscii};
     }
     if ((kinds & kForbidden) != 0) return false;
     return kinds == 0 || text::IsValidUtf8(native);

@@ -40,7 +40,7 @@ enum class Wording : std::uint8_t {
     kRecycleFolderForFile,
     kNotOpened, // what opens no object
     kForceNeedsPlayer,
-    kNoPlayers, // behind what was not played
+    kNoPlayers,  // behind what was not played
     kPlayerGone, // the program that the setting names
     kSecondPlayerGone,
     kHexEditorMissing,

@@ -50,7 +50,7 @@ struct PlatformSettings {
     std::string terminal;               // a program and its arguments are added to its end
     int latestYear = kLatestYear;       // the last year that is plausible for a file, or kAnyYear
     LogsKept logsKept;
-    std::optional<bool> sortsFast;      // as the window left the box; none: as at first
+    std::optional<bool> sortsFast;          // as the window left the box; none: as at first
     std::optional<bool> searchesSubfolders; // the same
     WindowPlace searchWindow;
     WindowPlace dialogWindow;

@@ -52,7 +52,7 @@ TEST(AllForms, AreFoundByName) {
     }
     EXPECT_EQ(forms.Find("FRMDIALOG"), &forms.frmDialog);
     EXPECT_EQ(forms.Find("frmDialo"), nullptr);
-    EXPECT_EQ(forms.all.size(), 23U);
+    EXPECT_EQ(forms.all.size(), 24U);
 }
 
 TEST(AllForms, HaveNoTwoOfOneName) {

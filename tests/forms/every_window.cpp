@@ -152,7 +152,7 @@ void EveryWindow::SeeActions(const Look& look) {
             if (where->isVisible()) {
                 LookAtModal(look, std::string("preview-") + opened.name);
                 QTest::mouseClick(modal.findChild<QPushButton*>("cmdPreview"), Qt::LeftButton);
-                QTest::qWaitFor([this] { return AllModalsCame(); }, 3000);
+                EXPECT_TRUE(QTest::qWaitFor([this] { return AllModalsCame(); }, 3000));
             }
             modal.close();
         });

@@ -20,7 +20,8 @@ class ToolsMenuTest : public WindowFixture {
 };
 
 TEST_F(ToolsMenuTest, HoldsTheEntriesThatShowLogs) {
-    for (const char* name : {"mnuToolViewActionLog", "mnuToolViewAnyActionLog", "mnuToolViewRuns"}) {
+    for (const char* name :
+         {"mnuToolViewActionLog", "mnuToolViewAnyActionLog", "mnuToolViewRuns"}) {
         EXPECT_NE(Entry("Tools", name), nullptr) << name;
         EXPECT_EQ(Entry("Actions", name), nullptr) << name;
     }

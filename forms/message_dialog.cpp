@@ -117,6 +117,13 @@ QWidget* MessageDialog::MakeButtons(const MessageText& text, int style) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
+    if (!text.plain.isEmpty()) {
+        auto* more = new QPushButton("&Details");
+        more->setObjectName("btnDetails");
+        more->setCheckable(true);
+        more->setAutoDefault(true);
+        layout->addWidget(more); // before the answers, so that Tab comes to it as people read
+    }
     layout->addStretch(1);
     for (const int answer : session::ButtonsOf(style)) {
         const QString caption = ButtonCaption(text, style, answer);
@@ -137,11 +144,7 @@ void MessageDialog::AddDetails(QLayout& column, QWidget& buttons, const QString&
     QWidget* details = MakeLongText(text, "lblDetails", this);
     details->hide();
     column.addWidget(details);
-    auto* more = new QPushButton("&Details");
-    more->setObjectName("btnDetails");
-    more->setCheckable(true);
-    more->setAutoDefault(true);
-    static_cast<QBoxLayout*>(buttons.layout())->insertWidget(0, more);
+    auto* more = buttons.findChild<QPushButton*>("btnDetails");
     connect(more, &QPushButton::toggled, this, [this, details](bool isShown) {
         details->setVisible(isShown);
         adjustSize();

@@ -32,6 +32,15 @@ bool FitsOrShortens(Session& session, const RenamedObject& object, std::string& 
     return isShort;
 }
 
+// A path whose last piece is no name has no form of this machine as a whole.
+std::string ShownBeside(const Session& session, std::string_view parent, std::string_view name) {
+    std::string shown = session.Shown(parent);
+    if (!shown.ends_with('/') && !shown.ends_with('\\')) {
+        shown += shown.starts_with('/') ? '/' : '\\';
+    }
+    return shown + platform::ForDisplay(name);
+}
+
 } // namespace
 
 bool CanUseNewPath(Session& session, const RenamedObject& object, std::string& path) {
@@ -42,7 +51,7 @@ bool CanUseNewPath(Session& session, const RenamedObject& object, std::string& p
             session, session::PromptId::kRenameNoName,
             fmt::format("Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nNo {} can "
                         "have such a name.",
-                        session.Shown(object.path), session.Shown(path),
+                        session.Shown(object.path), ShownBeside(session, object.parent, name),
                         object.isFile ? "file" : "folder"));
         return false;
     }

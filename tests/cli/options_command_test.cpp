@@ -27,7 +27,9 @@ TEST_F(OptionsCommand, ListsEachKeyWithItsValueAndChangesNothing) {
     EXPECT_THAT(Out(), StartsWith("blnAllowAll = False\n"));
     EXPECT_THAT(Out(), HasSubstr("\nstrDefSearchFolder(0) = %UserProfile%\\Documents[\n"));
     EXPECT_THAT(Out(), HasSubstr("\nblnListItems (SizeSubItem) = True\n"));
-    EXPECT_THAT(Out(), HasSubstr("\nListPathForm = native\nLongestPath = 259\nEditor = \n"));
+    EXPECT_THAT(
+        Out(),
+        HasSubstr("\nListPathForm = native\nSizeForm = bytes\nLongestPath = 259\nEditor = \n"));
     EXPECT_EQ(Options(), "");
     EXPECT_EQ(Settings(), "");
     const std::string listed = Out();

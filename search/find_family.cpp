@@ -255,7 +255,7 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
     }
     TestedFacts tested;
     if (readsFacts_) {
-        const std::string_view above = text::ParentFolder(folder.strFolderLong);
+        const std::string above = text::ParentFolder(folder.strFolderLong);
         if (!filters_.GetFacts(*facts, above, name, tested)) return {};
         if (!filters_.CheckDate(tested)) return {};
     }

@@ -94,9 +94,13 @@ TEST_F(ListLooksTest, TheRuleIsALineAcrossTheList) {
     const QImage shot = List().viewport()->grab().toImage();
     const int y = List().rowViewportPosition(2) + 1;
     const QColor base = List().palette().color(QPalette::Base);
-    EXPECT_NE(shot.pixelColor(2, y), base);
-    EXPECT_EQ(shot.pixelColor(2, y), shot.pixelColor(List().columnWidth(0) + 40, y));
-    EXPECT_EQ(shot.pixelColor(2, y - 1), base);
+    const auto colorAt = [&shot](int x, int line) {
+        const double scale = shot.devicePixelRatio();
+        return shot.pixelColor(static_cast<int>(x * scale), static_cast<int>(line * scale));
+    };
+    EXPECT_NE(colorAt(2, y), base);
+    EXPECT_EQ(colorAt(2, y), colorAt(List().columnWidth(0) + 40, y));
+    EXPECT_EQ(colorAt(2, y - 1), base);
 }
 
 TEST_F(ListLooksTest, KeysAndClicksPassOverRules) {

@@ -61,16 +61,18 @@ void LetTrustPass() {
 TEST_F(LinuxManyChangesTest, ManyCallsInOneFolder) {
     disk_.MakeFile("f\\source", "content");
     const ManyChanges many(files());
+    bool wasHeld = false; // at any time: a busy machine lets a folder's time pass between two calls
     for (int i = 0; i < 50; ++i) {
         const std::string number = std::to_string(i);
         ASSERT_FALSE(Exists("f\\copy " + number));
+        wasHeld = wasHeld || CountHeld() > 0;
         ASSERT_TRUE(Copy("f\\source", "f\\copy " + number));
         ASSERT_TRUE(Move("f\\copy " + number, "f\\moved " + number));
         ASSERT_FALSE(Exists("f\\copy " + number));
         ASSERT_EQ(disk_.Content("f\\moved " + number), "content");
     }
     EXPECT_EQ(disk_.Names("f").size(), 51u);
-    EXPECT_GT(CountHeld(), 0u);
+    EXPECT_TRUE(wasHeld);
 }
 
 TEST_F(LinuxManyChangesTest, MoreFoldersInTurnThanAreHeld) {

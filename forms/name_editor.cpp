@@ -2,8 +2,8 @@
 
 #include "forms/result_view.h"
 #include "forms/text_conversion.h"
-#include "platform/names.h"
 #include "results/result_list.h"
+#include "session/native_entry.h"
 #include "session/session.h"
 
 #include <QKeyEvent>
@@ -19,15 +19,8 @@ namespace {
 
 constexpr int kLeastCharacters = 24;
 
-// The name as it is typed on this machine.
-QString Typed(const session::Session& session, std::size_t row) {
-    const std::string name(session.rows->At(row).name);
-    return ToQt(session.state.platformSettings.showsNative ? platform::NameToNative(name) : name);
-}
-
-std::string InDriveForm(const session::Session& session, const QString& typed) {
-    const std::string name = ToUtf8(typed);
-    return session.state.platformSettings.showsNative ? platform::NameToDrive(name) : name;
+std::string NameOf(const session::Session& session, std::size_t row) {
+    return session::NameShown(session, session.rows->At(row).name);
 }
 
 class NameEdit : public QLineEdit {
@@ -35,7 +28,7 @@ class NameEdit : public QLineEdit {
     NameEdit(ResultView& list, const session::Session& session, std::size_t row,
              std::function<void(std::size_t, const std::string&)> onName)
         : QLineEdit(list.viewport()), list_(list), session_(session), row_(row),
-          onName_(std::move(onName)), before_(Typed(session, row)) {
+          onName_(std::move(onName)), before_(ToQt(NameOf(session, row))) {
         setObjectName("txtNewName");
         setAccessibleName("New name");
         setText(before_);
@@ -91,7 +84,7 @@ class NameEdit : public QLineEdit {
         const bool isSame = name == before_;
         const auto onName = onName_;
         const std::size_t row = row_;
-        const std::string given = InDriveForm(session_, name);
+        const std::string given = session::NameInDriveForm(session_, ToUtf8(name));
         Close();
         if (!isSame) onName(row, given);
     }
@@ -107,9 +100,8 @@ class NameEdit : public QLineEdit {
 } // namespace
 
 bool CanEditName(const session::Session& session, std::size_t row) {
-    const std::string name(session.rows->At(row).name);
-    return ToUtf8(Typed(session, row)) ==
-           (session.state.platformSettings.showsNative ? platform::NameToNative(name) : name);
+    const std::string name = NameOf(session, row);
+    return ToUtf8(ToQt(name)) == name;
 }
 
 void EditName(ResultView& list, const session::Session& session, std::size_t row,

@@ -72,4 +72,14 @@ std::string EntryShown(const Session& session, const fields::Control& control,
     return shown;
 }
 
+std::string NameShown(const Session& session, std::string_view name) {
+    const bool isNative = session.state.platformSettings.showsNative;
+    return isNative ? platform::NameToNative(name) : std::string(name);
+}
+
+std::string NameInDriveForm(const Session& session, std::string_view typed) {
+    const bool isNative = session.state.platformSettings.showsNative;
+    return isNative ? platform::NameToDrive(typed) : std::string(typed);
+}
+
 } // namespace tarvix::session

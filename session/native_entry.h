@@ -32,4 +32,8 @@ std::string EntryInDriveForm(const platform::NativePaths& paths, const fields::C
 std::string EntryShown(const Session& session, const fields::Control& control,
                        std::string_view text);
 
+// A name in drive form as it is typed in the form that `PathForm` names, and back.
+std::string NameShown(const Session& session, std::string_view name);
+std::string NameInDriveForm(const Session& session, std::string_view typed);
+
 } // namespace tarvix::session

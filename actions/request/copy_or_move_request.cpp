@@ -2,7 +2,6 @@
 
 #include "actions/place/action_run.h"
 #include "actions/request/dialog_setup.h"
-#include "actions/request/file_name_warning.h"
 #include "actions/request/multi_paths.h"
 #include "actions/request/remembered_structure.h"
 #include "actions/request/request_checks.h"
@@ -303,7 +302,7 @@ void RequestCopyAsFolderName(Session& session, ActionRun& run) {
     }
     if (!IsPath(session, request, request.typed) || !HasRenameText(session, request)) return;
     RunConfirmed(session, run,
-                 FileNameWarning(session, typed) + SameLocationWarning(session, request));
+                 ExtensionWarning(session, typed) + SameLocationWarning(session, request));
 }
 
 void RequestAutomatedMove(Session& session, ActionRun& run) {

@@ -19,6 +19,7 @@
 #include "session/wordings.h"
 #include "text/characters.h"
 #include "text/format.h"
+#include "text/readable_size.h"
 
 #include <fmt/core.h>
 
@@ -50,7 +51,7 @@ std::string DeleteQuestion(const results::Selection& selection) {
     std::string told = "Move ";
     if (files > 0) {
         told += fmt::format("{} ({})", Counted(files, "file"),
-                            SizeText(static_cast<double>(selection.lngSelBytes)));
+                            text::ReadableSize(static_cast<std::uint64_t>(selection.lngSelBytes)));
     }
     if (folders > 0) told += (files > 0 ? " and " : "") + Counted(folders, "folder");
     told += " to the trash?";

@@ -55,8 +55,9 @@ std::string Listed(const OutcomeList& list, auto passes) {
         const auto mark = static_cast<OutcomeMark>(i);
         const std::int64_t count = list.CountOf(mark);
         if (count == 0 || !passes(mark)) continue;
-        told += fmt::format("{}{} {}", told.empty() ? "" : ", ", Figure(count),
-                            results::MarkText(mark));
+        const bool isPlural = mark == OutcomeMark::kSkipped && count != 1;
+        told += fmt::format("{}{} {}{}", told.empty() ? "" : ", ", Figure(count),
+                            results::MarkText(mark), isPlural ? "s" : "");
     }
     return told;
 }

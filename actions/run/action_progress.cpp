@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "session/session.h"
 #include "text/format.h"
+#include "text/readable_size.h"
 
 #include <fmt/core.h>
 
@@ -17,6 +18,10 @@ namespace {
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr std::int64_t kShowEvery = kSecond / 10;
 constexpr int kMuchSlower = 10;
+
+std::string SizeOf(std::int64_t bytes) {
+    return text::ReadableSize(static_cast<std::uint64_t>(bytes));
+}
 
 } // namespace
 
@@ -76,16 +81,15 @@ void ActionProgress::Show(bool now) {
         fmt::format("{} of {} {}", text::Format(objectsDone_, "#,##0"),
                     text::Format(objects_, "#,##0"), objects_ == 1 ? "object" : "objects");
     const double seconds = static_cast<double>(ticks - started_) / kSecond;
-    if (bytes_ > 0 && done > 0) told += fmt::format(" - {}", SizeText(static_cast<double>(done)));
+    if (bytes_ > 0 && done > 0) told += fmt::format(" - {}", SizeOf(done));
     // A move copies only what goes to another disk.
     if (bytes_ == 0 && bytesOfHand_ > 0) {
-        told += fmt::format(" - {} of {} of this one", SizeText(static_cast<double>(bytesInHand_)),
-                            SizeText(static_cast<double>(bytesOfHand_)));
+        told += fmt::format(" - {} of {} of this one", SizeOf(bytesInHand_), SizeOf(bytesOfHand_));
     }
     if (bytes_ > 0 && done > 0 && seconds > 0.5) {
         const double speed = static_cast<double>(done) / seconds;
         told +=
-            fmt::format(" of {} - {}/s", SizeText(static_cast<double>(bytes_)), SizeText(speed));
+            fmt::format(" of {} - {}/s", SizeOf(bytes_), SizeOf(static_cast<std::int64_t>(speed)));
         if (bytes_ > done) {
             const auto left = static_cast<std::int64_t>((bytes_ - done) / speed);
             told += fmt::format(" - {} left", TimeLeftText(left));

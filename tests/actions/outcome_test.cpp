@@ -54,6 +54,16 @@ TEST_F(Outcomes, ACopyTellsOfEachObjectAndItsPageOpensFromTheStatusLine) {
     EXPECT_THAT(Names(), ElementsAre("a.txt", "b.txt"));
 }
 
+TEST_F(Outcomes, SeveralThatWereSkippedAreDuplicates) {
+    for (const char* name : {"a.txt", "b.txt"}) {
+        Disk().AddFile(std::string("C:\\t\\") + name, "new");
+        Disk().AddFile(std::string("C:\\d\\") + name, "stood there");
+    }
+    Find();
+    Copy(To("C:\\d"));
+    EXPECT_EQ(Page().lblMain.Caption.Get(), "Copied 0 of 2 objects, 2 skipped as duplicates.");
+}
+
 TEST_F(Outcomes, AMoveThatEmptiesTheListShowsItsPageInPlaceOfIt) {
     Disk().AddFile("C:\\t\\a.txt", "a");
     Disk().AddFile("C:\\t\\b.txt", "b");

@@ -232,21 +232,6 @@ TEST_F(Requests, ACopyNamedAfterFoldersWarnsOfAnExtensionAndCopies) {
     EXPECT_EQ(Disk().Content("C:\\d.x\\sub.txt"), "b");
 }
 
-TEST_F(Requests, WhereFoldersHaveDotsOnlyANewOneNamedLikeAFileIsWarnedOf) {
-    S().platform.traits.hasNativePaths = true;
-    Disk().AddFolder("C:\\there.txt");
-    Dialog().txtFolderTree.Text = "1";
-    for (const char* folder : {"C:\\x.old\\photos", "C:\\.config", "C:\\v1.2", "C:\\there.txt",
-                               "C:\\Vol. 3", "C:\\a.very long ending"}) {
-        Run("CopyRenameAsFolderName", folder, {"OK"});
-        EXPECT_FALSE(WasTold("named like a file")) << folder;
-        EXPECT_FALSE(WasTold("may have an extension")) << folder;
-    }
-    Run("CopyRenameAsFolderName", "C:\\new.txt", {"OK"});
-    EXPECT_TRUE(WasTold("new.txt is named like a file. It isn't there, and will be made as a "
-                        "folder.\r\n\r\nAre you sure"));
-}
-
 // ---- copies and moves ----
 
 TEST_F(Requests, UpTheTreeNeedsALevelAndNamesIt) {

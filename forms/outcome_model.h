@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/outcome_list.h"
+#include "results/outcome_groups.h"
 
 #include <QAbstractTableModel>
 #include <QString>
@@ -21,20 +21,12 @@ class OutcomeModel : public QAbstractTableModel {
   public:
     enum Column { kMark, kName, kNow, kWas, kColumnCount };
 
-    // Objects that fared alike: by mark, failures by their reason too.
-    struct Group {
-        results::OutcomeMark mark;
-        QString text;       // "failed: Permission denied"
-        std::string reason; // of failures; empty for any
-        int count = 0;
-    };
-
     // The session must have its list of outcomes.
     explicit OutcomeModel(const session::Session& session, QObject* parent = nullptr);
 
     // Takes the list as it is by now; gives whether it had changed.
     bool Sync();
-    const std::vector<Group>& Groups() const { return groups_; }
+    const std::vector<results::OutcomeGroup>& Groups() const { return groups_; }
     // Shows one group, or all of them.
     void ShowGroup(std::optional<std::size_t> group);
     // The number of the object in a row.
@@ -46,16 +38,12 @@ class OutcomeModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    void FindGroups();
-    bool IsIn(const Group& group, std::size_t at) const;
     QString Text(std::size_t at, int column) const;
-    QString MarkText(std::size_t at) const;
     QString Tip(std::size_t at, int column) const;
 
     const session::Session& session_;
     std::uint64_t generation_ = 0;
-    std::optional<std::size_t> group_;
-    std::vector<Group> groups_;
+    std::vector<results::OutcomeGroup> groups_;
     std::vector<std::uint32_t> shown_;
 };
 

@@ -139,8 +139,8 @@ void OutcomePage::FillGroups() {
         groups_->addItem(QString("%1 (%2)").arg(what, WithThousands(QString::number(count))));
     };
     add("All", static_cast<qlonglong>(session_.outcomes->Count()));
-    for (const OutcomeModel::Group& group : model_->Groups())
-        add(group.text, group.count);
+    for (const results::OutcomeGroup& group : model_->Groups())
+        add(Shown(group.text), static_cast<qlonglong>(group.count));
     groups_->setEnabled(model_->Groups().size() > 1);
 }
 

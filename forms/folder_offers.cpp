@@ -3,8 +3,8 @@
 #include "forms/folder_lister.h"
 #include "forms/text_conversion.h"
 #include "platform/file_system.h"
-#include "session/typed_folder.h"
 #include "session/session.h"
+#include "session/typed_folder.h"
 
 namespace tarvix::forms {
 

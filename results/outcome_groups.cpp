@@ -25,7 +25,8 @@ void Fold(std::vector<OutcomeGroup>& groups, std::string_view action) {
     OutcomeGroup all{groups.front().mark, std::nullopt, OutcomeWord(groups.front().mark, action)};
     for (const OutcomeGroup& group : groups)
         all.count += group.count;
-    groups.assign(1, std::move(all));
+    groups.clear();
+    groups.push_back(std::move(all));
 }
 
 } // namespace

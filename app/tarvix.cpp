@@ -24,6 +24,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QWindow>
+#include <fmt/core.h>
 
 #include <csignal>
 #include <cstdio>
@@ -55,9 +56,11 @@ std::string Absolute(const std::string& path) {
 std::optional<Request> ReadArguments(int argc, char** argv, int& exitCode) {
     Request request;
     const std::string name(session::kProductName);
-    CLI::App app(name + ": finds large groups of files and copies, moves and renames them by rule.",
-                 "tarvix");
-    app.set_version_flag("--version", name + " " + std::string(session::ProductVersion()));
+    CLI::App app(
+        fmt::format("{}: finds large groups of files and copies, moves and renames them by rule.",
+                    name),
+        "tarvix");
+    app.set_version_flag("--version", fmt::format("{} {}", name, session::ProductVersion()));
     app.add_option("--data-folder", request.dataFolder, "where options, histories and logs lie")
         ->type_name("DIR");
     app.add_option("path", request.argument, "a folder, a file or a list of folders (.mpl)");

@@ -9,6 +9,8 @@
 #include "session/lifecycle/help.h"
 #include "session/session.h"
 
+#include <fmt/core.h>
+
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -40,8 +42,8 @@ std::expected<platform::Platform, std::string> Open(Machine& machine, const std:
     for (const auto& [letter, path] : request.drives) {
         const std::string native = Absolute(folder, path);
         if (!std::filesystem::is_directory(native)) {
-            return std::unexpected("--drive " + std::string(1, letter) + "=" + path +
-                                   " names no folder: give a drive a folder that exists.");
+            return std::unexpected(fmt::format(
+                "--drive {}={} names no folder: give a drive a folder that exists.", letter, path));
         }
         options.extraDrives.push_back({letter, native});
     }

@@ -52,7 +52,8 @@ std::string Notice(const PageBrowser& browser) {
         if (line.contains("MaXimized") && !browser.takesSize) continue;
         text += fmt::format("  {}. {}\r\n", ++number, line);
     }
-    return text + "\r\nTo stop, choose the menu entry again or close Tarvix.";
+    text += "\r\nTo stop, choose the menu entry again or close Tarvix.";
+    return text;
 }
 
 void TellCanceled(Session& session) {

@@ -74,8 +74,9 @@ void ScriptRecorder::WriteCriteria() {
     }
     Set(form.chkDate, form.chkDate.ValueText());
     if (form.chkDate.Value != 1) return;
-    text_ += fmt::format("answer {}{}\n", form.lblDate1.Caption.Get(),
-                         form.lblDate2.Visible ? " thru " + form.lblDate2.Caption.Get() : "");
+    text_ += fmt::format(
+        "answer {}{}\n", form.lblDate1.Caption.Get(),
+        form.lblDate2.Visible ? fmt::format(" thru {}", form.lblDate2.Caption.Get()) : "");
     Set(form.cboDate, form.cboDate.Text.Get());
     for (const fields::TextBox* box : {&form.txtDate1, &form.txtDate2}) {
         const bool isWord = !box->Text->empty() && !text::IsDate(box->Text.Get());
@@ -105,14 +106,14 @@ std::string ScriptRecorder::SelectStatement() const {
             last > row ? fmt::format(" {}-{}", row + 1, last + 1) : fmt::format(" {}", row + 1);
         row = last;
     }
-    return statement.empty() ? "select none" : "select" + statement;
+    return fmt::format("select{}", statement.empty() ? " none" : statement);
 }
 
 void ScriptRecorder::Settle() {
-    if (!held_.empty()) text_ += std::exchange(held_, {}) + "\n";
+    if (!held_.empty()) text_.append(std::exchange(held_, {})).append("\n");
     typedInto_.clear();
     if (!std::exchange(isSelecting_, false)) return;
-    text_ += SelectStatement() + "\n";
+    text_.append(SelectStatement()).append("\n");
 }
 
 void ScriptRecorder::Hold(std::string statement) {
@@ -124,7 +125,8 @@ void ScriptRecorder::Hold(std::string statement) {
 void ScriptRecorder::Clicked(const Control& control) {
     if (IsOfScripts(control)) return;
     const std::string name = NameOf(session_, control);
-    if (!session::MayInterrupt(control) || held_.empty()) return Hold("click " + name);
+    if (!session::MayInterrupt(control) || held_.empty())
+        return Hold(fmt::format("click {}", name));
     const std::uint64_t yields = session_.yielder.Count() - heldAtYield_;
     text_ += fmt::format("after {} yields click {}\n", std::max<std::uint64_t>(yields, 1), name);
 }
@@ -141,11 +143,11 @@ void ScriptRecorder::Entered(const Control& control, std::string_view value) {
 }
 
 void ScriptRecorder::Reset(const Control& control) {
-    Hold("reset " + NameOf(session_, control));
+    Hold(fmt::format("reset {}", NameOf(session_, control)));
 }
 
 void ScriptRecorder::Left(const Control& control) {
-    Hold("leave " + NameOf(session_, control));
+    Hold(fmt::format("leave {}", NameOf(session_, control)));
 }
 
 void ScriptRecorder::Selected() {
@@ -162,7 +164,7 @@ void ScriptRecorder::Opened(int row) {
 }
 
 void ScriptRecorder::Answered(std::string_view answer) {
-    text_ += OnOneLine(fmt::format("answer {}", Quoted(answer))) + "\n";
+    text_.append(OnOneLine(fmt::format("answer {}", Quoted(answer)))).append("\n");
     typedInto_.clear();
 }
 

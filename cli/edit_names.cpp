@@ -99,7 +99,7 @@ bool Editing::Edit() {
         return false;
     }
     const auto edited = host_.edit(session_.platform.paths.ToNative(list_));
-    if (!edited) Complain(host_, edited.error() + " Nothing was renamed.");
+    if (!edited) Complain(host_, fmt::format("{} Nothing was renamed.", edited.error()));
     return edited.has_value();
 }
 

@@ -20,7 +20,8 @@ std::string Quoted(std::string_view word) {
     std::string quoted = "'";
     for (const char c : word)
         quoted += c == '\'' ? "'\\''" : std::string(1, c);
-    return quoted + "'";
+    quoted += '\'';
+    return quoted;
 }
 
 std::string Line(const std::vector<std::string>& words) {

@@ -28,7 +28,7 @@ using session::Session;
 constexpr std::size_t kMostText = std::size_t{1} << 30;
 
 std::string OriginalOf(const std::string& file) {
-    return file + ".original";
+    return fmt::format("{}.original", file);
 }
 
 std::optional<std::string> TextOf(Host& host, Session& session, const std::string& file) {

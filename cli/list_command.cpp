@@ -10,6 +10,8 @@
 #include "session/prompt_id.h"
 #include "session/user_input.h"
 
+#include <fmt/core.h>
+
 #include <array>
 #include <string_view>
 
@@ -108,8 +110,10 @@ int Run(Host& host, const platform::Platform& machine, const PlaylistRequest& re
     if (!request.similarFolder.empty()) {
         const std::string folder = finding.Paths().ToDrive(request.similarFolder);
         if (!finding.Paths().IsFolder(folder)) {
-            Complain(host, "There is no folder \"" + request.similarFolder +
-                               "\" to look through: give --similar a folder that exists.");
+            Complain(host,
+                     fmt::format("There is no folder \"{}\" to look through: give --similar a "
+                                 "folder that exists.",
+                                 request.similarFolder));
             return kBadRequest;
         }
         finding.Prompts().AnswerPick(session::PromptId::kPickDuplicateFolder, folder);

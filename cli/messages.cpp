@@ -73,7 +73,8 @@ void TellErrors(Host& host, const std::vector<std::string>& sentences, std::int6
 }
 
 void TellLeftOut(Host& host, const session::LeftOut& leftOut) {
-    Complain(host, search::LeftOutText(leftOut) + ". --any-attribute finds them too.");
+    Complain(host,
+             fmt::format("{}. --any-attribute finds them too.", search::LeftOutText(leftOut)));
 }
 
 std::string OnOneLine(std::string_view text) {
@@ -86,13 +87,12 @@ std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view wa
     sentence.append(" - This needs an answer: ");
     const bool isOption = way.ends_with("--answer");
     if (prompt.kind == session::PromptKind::kForm) {
-        return sentence.append(way).append(" and a control or button of ").append(prompt.form) +
-               ".";
+        return fmt::format("{}{} and a control or button of {}.", sentence, way, prompt.form);
     }
     if (prompt.kind != session::PromptKind::kMessage) {
         return sentence.append(way).append(" and the text.");
     }
-    if (isOption && IsConfirmation(prompt)) return sentence + "give --yes.";
+    if (isOption && IsConfirmation(prompt)) return sentence.append("give --yes.");
     std::string ways;
     for (const int button : session::ButtonsOf(prompt.style)) {
         if (ways.empty()) {
@@ -102,7 +102,7 @@ std::string HowToAnswer(const session::PromptRecord& prompt, std::string_view wa
         }
         ways.append(" ").append(session::CaptionOf(button));
     }
-    return sentence + ways + ".";
+    return sentence.append(ways).append(".");
 }
 
 } // namespace tarvix::cli

@@ -8,6 +8,8 @@
 #include "session/prompt_id.h"
 #include "session/user_input.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace tarvix::cli {
@@ -21,7 +23,7 @@ using session::Session;
 std::string WhyNot(const NumbersRequest& request) {
     for (const std::string& number : {request.from, request.until}) {
         const std::string why = generate::WhyNoNumber(number);
-        if (!why.empty()) return why + " --from and --until take whole numbers.";
+        if (!why.empty()) return fmt::format("{} --from and --until take whole numbers.", why);
     }
     if (request.lineText.empty()) return "--line is empty: give a text, with * for the number.";
     return request.picture.empty() ? std::string() : generate::WhyNoPicture(request.picture);

@@ -38,7 +38,7 @@ class OptionFormatter : public CLI::Formatter {
         const bool isFlag = option->get_type_size() == 0;
         const bool takesMany = option->get_expected_max() == CLI::detail::expected_max_vector_size;
         const std::string type = isFlag ? "" : option->get_type_name();
-        return (type.empty() ? "" : " " + type) + (takesMany ? " ..." : "");
+        return fmt::format("{}{}{}", type.empty() ? "" : " ", type, takesMany ? " ..." : "");
     }
 };
 
@@ -65,7 +65,7 @@ std::string UnknownOption(const CLI::App& command, const std::string& word) {
     for (const CLI::App* owner = &command; owner; owner = owner->get_parent()) {
         for (const CLI::Option* option : owner->get_options()) {
             for (const std::string& name : option->get_lnames())
-                names.push_back("--" + name);
+                names.push_back(fmt::format("--{}", name));
         }
     }
     const std::string name = word.substr(0, word.find('='));
@@ -96,7 +96,7 @@ std::string Explain(const CLI::App& app, const CLI::ParseError& error) {
     if (auto sentence = ExplainLeftover(app, command)) return *sentence;
     const std::string what = error.what();
     if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
-        return what + ": leave one of them out.";
+        return fmt::format("{}: leave one of them out.", what);
     }
     if (dynamic_cast<const CLI::RequiredError*>(&error) == nullptr) {
         return what + (what.ends_with('.') || what.ends_with('?') ? "" : ".");
@@ -162,7 +162,7 @@ CLI::Validator Options::OneOf(const std::vector<std::string>& words) {
     const CLI::IsMember isOne(words, CLI::ignore_case);
     const auto take = [words, isOne](std::string& word) {
         std::string sentence = isOne(word);
-        if (!sentence.empty()) return sentence + "." + DidYouMean(word, words);
+        if (!sentence.empty()) return fmt::format("{}.{}", sentence, DidYouMean(word, words));
         word = fmt::format("{}", std::ranges::find(words, word) - words.begin());
         return sentence;
     };

@@ -6,6 +6,8 @@
 #include "cli/typed_paths.h"
 #include "platform/file_system.h"
 
+#include <fmt/core.h>
+
 #include <istream>
 #include <iterator>
 #include <optional>
@@ -26,7 +28,8 @@ std::optional<std::string> ReadScript(Host& host, const platform::Platform& mach
     const std::string path = TypedPaths(machine, host.currentFolder).ToDrive(typed);
     auto stream = machine.files.OpenAsTextStream(path, platform::OpenMode::kRead);
     if (!stream) {
-        Complain(host, "The script \"" + typed + "\" can't be read: " + stream.error().description);
+        Complain(host, fmt::format("The script \"{}\" can't be read: {}", typed,
+                                   stream.error().description));
         return std::nullopt;
     }
     std::string text;
@@ -42,8 +45,8 @@ int Run(Host& host, const platform::Platform& machine, const RunRequest& request
     if (!text) return kBadRequest;
     auto statements = ParseScript(*text);
     if (!statements) {
-        Complain(host, "line " + std::to_string(statements.error().line) + ": " +
-                           statements.error().sentence);
+        Complain(host,
+                 fmt::format("line {}: {}", statements.error().line, statements.error().sentence));
         return kBadRequest;
     }
     session::ScriptedPrompts scripted;

@@ -29,7 +29,7 @@ constexpr const char* kWaitsForFolder =
     "Stopping when the folder in hand is read. Ctrl+C again stops at once.";
 
 void ComplainAt(Host& host, int line, const std::string& sentence) {
-    Complain(host, (line > 0 ? "line " + std::to_string(line) + ": " : "") + sentence);
+    Complain(host, line > 0 ? fmt::format("line {}: {}", line, sentence) : sentence);
 }
 
 int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) {
@@ -40,7 +40,7 @@ int Guarded(Host& host, const ProgramRun& run, const std::function<int()>& act) 
         ComplainAt(host, line(), HowToAnswer(unanswered.prompt, run.answerWay));
         return kUnanswered;
     } catch (const session::PromptMisanswered& wrong) {
-        ComplainAt(host, line(), OnOneLine(wrong.prompt.text) + " - " + wrong.why);
+        ComplainAt(host, line(), fmt::format("{} - {}", OnOneLine(wrong.prompt.text), wrong.why));
         return kBadRequest;
     } catch (const ScriptStopped& stopped) {
         ComplainAt(host, stopped.line, stopped.sentence);

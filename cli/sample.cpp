@@ -131,7 +131,7 @@ int Run(Host& host, const platform::Platform& machine, const SampleRequest& requ
     const auto ready = Prepare(machine.files, root, request.folder);
     const auto made = ready ? MakeAll(machine.files, root) : Made(std::unexpected(ready.error()));
     if (!made) {
-        Complain(host, "No sample was made: " + made.error());
+        Complain(host, fmt::format("No sample was made: {}", made.error()));
         return kBadRequest;
     }
     host.out << "Made " << *made << " files in " << kFolders.size() << " folders of "

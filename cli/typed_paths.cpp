@@ -5,6 +5,8 @@
 #include "platform/native_paths.h"
 #include "text/characters.h"
 
+#include <fmt/core.h>
+
 #include <cctype>
 
 namespace tarvix::cli {
@@ -48,18 +50,19 @@ bool TypedPaths::IsFolder(std::string_view drivePath) const {
 }
 
 std::expected<std::string, std::string> TypedPaths::OneLocation(std::string_view typed) const {
-    const std::string quoted = "\"" + std::string(typed) + "\"";
+    const std::string quoted = fmt::format("\"{}\"", typed);
     if (text::Trim(typed).empty()) {
         return std::unexpected("--in holds an empty location: leave it out.");
     }
     std::string path = ToDrive(typed);
     const auto facts = machine_.files.Facts(path);
     if (!facts) {
-        return std::unexpected("There is no folder " + quoted +
-                               " to search: give --in folders that exist.");
+        return std::unexpected(
+            fmt::format("There is no folder {} to search: give --in folders that exist.", quoted));
     }
     if (!facts->IsFolder()) {
-        return std::unexpected(quoted + " is a file: give --in the folders to search.");
+        return std::unexpected(
+            fmt::format("{} is a file: give --in the folders to search.", quoted));
     }
     return path;
 }

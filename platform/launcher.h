@@ -2,6 +2,8 @@
 
 #include "platform/error.h"
 
+#include <fmt/core.h>
+
 #include <string>
 #include <string_view>
 
@@ -31,7 +33,7 @@ class Launcher {
     // Asks the program that shows the document to close it; 5 where no program can be asked, which
     // is so unless a desktop says otherwise.
     virtual Result<void> CloseDocument(std::string_view path) {
-        return Failure(kInvalidCall, std::string(path) + " can't be closed from here.");
+        return Failure(kInvalidCall, fmt::format("{} can't be closed from here.", path));
     }
 
     // What `OpenPage` would use.
@@ -40,7 +42,7 @@ class Launcher {
     // form). Returns once that was started; 70 when nothing can show pages.
     virtual Result<void> OpenPage(std::string_view address, PageSize /*size*/) {
         return Failure(kPermissionDenied,
-                       "Nothing could be started to show " + std::string(address) + ".");
+                       fmt::format("Nothing could be started to show {}.", address));
     }
     // Asks the browser that the last page was opened with to end, if it was started for that and
     // still runs by itself; waits for nothing. False when there is none, which leaves all alone.

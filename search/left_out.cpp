@@ -95,7 +95,7 @@ void ShowLeftOut(Session& session) {
     const LeftOut& leftOut = session.state.leftOut;
     if (leftOut.Total() == 0 || session.state.IsBatch()) return;
     auto& button = session.frmSearch.cmdLeftOut;
-    button.Caption = LeftOutText(leftOut) + ". Find them too";
+    button.Caption = fmt::format("{}. Find them too", LeftOutText(leftOut));
     button.ToolTipText =
         leftOut.withoutBox == 0
             ? "They fit, but have an attribute that is to be left out. A click lets it pass "

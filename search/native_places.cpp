@@ -43,7 +43,7 @@ class Places {
         std::vector<std::string> all;
         for (const platform::DriveInfo& drive : session_.files().Drives()) {
             if (!drive.isReady || drive.path == kWhole || all.size() == kMostMedia) continue;
-            const std::string root = drive.path + "\\";
+            const std::string root = fmt::format("{}\\", drive.path);
             const std::string shown = session_.Shown(root);
             const std::string name = shown.substr(shown.rfind('/') + 1);
             Add(fmt::format(" {} ({}) ", name.empty() ? drive.path : name, shown), {root});

@@ -1,26 +1,29 @@
 #include "forms/folder_lister.h"
 
-#include <QMutex>
-#include <QThread>
-#include <QWaitCondition>
-
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 #include <utility>
 
 namespace tarvix::forms {
 
 namespace {
-constexpr unsigned long kPatience = 200; // milliseconds for a thread to end
+constexpr std::chrono::milliseconds kPatience{200}; // for a thread to end
 }
 
 struct FolderLister::Shared {
     List list;
-    QMutex mutex; // of all that follows
-    QWaitCondition asked;
+    std::mutex mutex; // of all that follows
+    std::condition_variable asked;
+    std::condition_variable ended;
     std::string folder;
     unsigned long long newest = 0; // questions are counted from 1
     unsigned long long begun = 0;
+    unsigned long long answered = 0;
+    Names names;                   // of the question that was answered last
     FolderLister* owner = nullptr; // none when it has gone
-    QThread* thread = nullptr;
+    bool hasEnded = false;
 };
 
 FolderLister::FolderLister(List list, bool hasThread, QObject* parent)
@@ -30,52 +33,60 @@ FolderLister::FolderLister(List list, bool hasThread, QObject* parent)
 }
 
 FolderLister::~FolderLister() {
-    {
-        const QMutexLocker lock(&shared_->mutex);
-        shared_->owner = nullptr;
-        shared_->asked.wakeAll();
+    std::unique_lock lock(shared_->mutex);
+    shared_->owner = nullptr;
+    shared_->asked.notify_all();
+    if (!thread_.joinable()) return;
+    const bool hasEnded =
+        shared_->ended.wait_for(lock, kPatience, [this] { return shared_->hasEnded; });
+    lock.unlock();
+    if (hasEnded) {
+        thread_.join();
+    } else {
+        thread_.detach();
     }
-    if (shared_->thread == nullptr || !shared_->thread->wait(kPatience)) return;
-    delete shared_->thread;
 }
 
 void FolderLister::Work(const std::shared_ptr<Shared>& shared) {
-    QMutexLocker lock(&shared->mutex);
+    std::unique_lock lock(shared->mutex);
     while (shared->owner != nullptr) {
         if (shared->begun == shared->newest) {
-            shared->asked.wait(&shared->mutex);
+            shared->asked.wait(lock);
             continue;
         }
         const unsigned long long question = shared->begun = shared->newest;
         const std::string folder = shared->folder;
         lock.unlock();
-        const Names names = shared->list(folder);
-        lock.relock();
-        if (shared->owner == nullptr) return;
+        Names names = shared->list(folder);
+        lock.lock();
+        if (shared->owner == nullptr) break;
+        shared->names = std::move(names);
+        shared->answered = question;
         QMetaObject::invokeMethod(
-            shared->owner,
-            [owner = shared->owner, question, names] { owner->Tell(question, names); },
-            Qt::QueuedConnection);
+            shared->owner, [owner = shared->owner] { owner->Tell(); }, Qt::QueuedConnection);
     }
+    shared->hasEnded = true;
+    shared->ended.notify_all();
 }
 
 void FolderLister::Ask(const std::string& folder, std::function<void(const Names&)> onListed) {
     onListed_ = std::move(onListed);
     if (!hasThread_) return onListed_(shared_->list(folder));
-    if (shared_->thread == nullptr) {
-        shared_->thread = QThread::create([shared = shared_] { Work(shared); });
-        shared_->thread->start();
-    }
-    const QMutexLocker lock(&shared_->mutex);
+    if (!thread_.joinable()) thread_ = std::thread([shared = shared_] { Work(shared); });
+    const std::scoped_lock lock(shared_->mutex);
     shared_->folder = folder;
     ++shared_->newest;
-    shared_->asked.wakeAll();
+    shared_->asked.notify_all();
 }
 
-void FolderLister::Tell(unsigned long long question, const Names& names) {
+// Not told twice, nor when a newer question was asked meanwhile.
+void FolderLister::Tell() {
+    Names names;
     {
-        const QMutexLocker lock(&shared_->mutex);
-        if (question != shared_->newest) return;
+        const std::scoped_lock lock(shared_->mutex);
+        if (shared_->answered != shared_->newest) return;
+        shared_->answered = 0;
+        names = std::move(shared_->names);
     }
     onListed_(names);
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace tarvix::forms {
@@ -26,10 +27,11 @@ class FolderLister : public QObject {
 
   private:
     struct Shared;
-    void Tell(unsigned long long question, const Names& names);
+    void Tell();
     static void Work(const std::shared_ptr<Shared>& shared);
 
     std::shared_ptr<Shared> shared_;
+    std::thread thread_;
     bool hasThread_;
     std::function<void(const Names&)> onListed_;
 };

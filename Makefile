@@ -53,7 +53,8 @@ sanitize: setup-developer
 sanitize-threads: setup-developer
 	@cmake --preset tsan >/dev/null
 	@cmake --build build-tsan -j $(JOBS)
-	@ctest --test-dir build-tsan -j $(JOBS) --output-on-failure
+	@GIO_USE_VFS=local TSAN_OPTIONS=suppressions=$(CURDIR)/tests/thread-sanitizer.supp \
+		ctest --test-dir build-tsan -j $(JOBS) --output-on-failure
 
 headless: setup
 	@cmake --preset headless >/dev/null

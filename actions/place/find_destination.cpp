@@ -133,7 +133,8 @@ void RuleSettler::TellDots(const RuleResult& result) {
     Count(tally_.intRuleNoFolder);
     Log(fmt::format(" With this object {} and this Special Rule {} this path was created, {} No "
                     "folder can be named . or .. Skipping this object.",
-                    object_.path, rule_->text, result.made));
+                    session_.Shown(object_.path), session_.Shown(rule_->text),
+                    session_.Shown(result.made)));
     session_.state.strLastFailedSearch = result.made;
 }
 

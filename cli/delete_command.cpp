@@ -47,7 +47,7 @@ int PrintDeletion(Host& host, Session& session, const DeleteRequest& request) {
     for (const auto& [index, verdict] : entries) {
         using actions::DeleteVerdict;
         isAll = isAll && (verdict == DeleteVerdict::kTrash || verdict == DeleteVerdict::kForGood);
-        const std::string& path = session.selection->strSelPath[index];
+        const std::string_view path = session.selection->strSelPath[index];
         const std::string native = session.platform.paths.ToNative(path);
         if (request.json) {
             PrintJson({{"Object", path},

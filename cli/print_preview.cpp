@@ -20,7 +20,7 @@ using session::Session;
 
 nlohmann::ordered_json EntryAsJson(Session& session, const actions::PreviewEntry& entry) {
     const auto& paths = session.platform.paths;
-    const std::string& path = session.selection->strSelPath[entry.index];
+    const std::string_view path = session.selection->strSelPath[entry.index];
     return {{"Object", path},
             {"NativePath", paths.ToNative(path)},
             {"NewPath", entry.strNewPath},

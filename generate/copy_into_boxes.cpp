@@ -35,7 +35,7 @@ void mnuTools_BypassMPL_Click(Session& session) {
     const auto& selection = *session.selection;
     std::string folders;
     for (std::size_t i = 0; i < selection.strSelActualPath.size(); ++i) {
-        const std::string& path = selection.strSelActualPath[i];
+        const std::string_view path = selection.strSelActualPath[i];
         folders += selection.blnSelIsFile[i] ? text::ParentFolder(path) : path;
         folders += '|';
     }
@@ -45,7 +45,7 @@ void mnuTools_BypassMPL_Click(Session& session) {
 void mnuTools_NewSearchFor_Click(Session& session) {
     if (!TakeSelection(session, "New Search For")) return;
     std::string names;
-    for (const std::string& name : session.selection->strSelName) {
+    for (const std::string_view name : session.selection->strSelName) {
         names.append(name).append("|");
     }
     Enter(session, session.frmSearch.cmbSearchFor, std::move(names));

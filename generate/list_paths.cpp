@@ -74,7 +74,7 @@ void ListPaths::AppendName(std::string& out, std::string_view driveName) const {
 }
 
 bool FitsInLine(std::string_view text) {
-    return text.find_first_of("\r\n") == text.npos;
+    return !text.contains('\r') && !text.contains('\n');
 }
 
 std::string PercentEncode(std::string_view bytes) {

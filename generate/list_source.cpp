@@ -69,8 +69,8 @@ class PathLines : public SelectionLines {
 void AppendReadable(ListPaths& paths, std::string_view drivePath, std::string& out) {
     const std::size_t start = out.size();
     paths.Append(out, drivePath);
+    if (text::IsValidUtf8(std::string_view(out).substr(start))) return;
     const std::string path = out.substr(start);
-    if (text::IsValidUtf8(path)) return;
     out.resize(start);
     out.append("file://").append(PercentEncode(path));
 }

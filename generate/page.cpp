@@ -288,8 +288,9 @@ std::string FolderOfSelection(const Session& session) {
     const results::Selection& selection = *session.selection;
     std::string common;
     for (std::size_t i = 0; i < selection.strSelActualPath.size(); ++i) {
-        const std::string& path = selection.strSelActualPath[i];
-        const std::string folder = selection.blnSelIsFile[i] ? text::ParentFolder(path) : path;
+        const std::string_view path = selection.strSelActualPath[i];
+        const std::string folder =
+            selection.blnSelIsFile[i] ? text::ParentFolder(path) : std::string(path);
         if (i == 0) common = folder;
         while (!common.empty() && !IsSameOrBelow(folder, common)) {
             common = std::string(text::GetParentFolderName(common));

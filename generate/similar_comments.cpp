@@ -55,7 +55,7 @@ class SimilarSource : public ListSource {
     // False when the user cancelled what is left.
     bool AppendSimilar(std::size_t index, std::string& out);
     // The path to write, or nothing to pass on; a choice that stands may end the run.
-    bool Shorten(const std::string& own, std::string& path);
+    bool Shorten(std::string_view own, std::string& path);
     void AppendComment(const std::string& path, std::int64_t size, std::int64_t ownSize,
                        std::string& out);
 
@@ -70,7 +70,7 @@ class SimilarSource : public ListSource {
 };
 
 bool SimilarSource::AppendSimilar(std::size_t index, std::string& out) {
-    const std::string& own = selection_.strSelActualPath[index];
+    const std::string_view own = selection_.strSelActualPath[index];
     const auto ownFacts = platform::GetFile(session_.files(), own);
     if (!ownFacts) return true;
     const auto ownSize = static_cast<std::int64_t>(ownFacts->size);
@@ -87,7 +87,7 @@ bool SimilarSource::AppendSimilar(std::size_t index, std::string& out) {
     return true;
 }
 
-bool SimilarSource::Shorten(const std::string& own, std::string& path) {
+bool SimilarSource::Shorten(std::string_view own, std::string& path) {
     if (paths_.IsNative() || !session::ExceedsLimit(session_, path, session::kLongPath))
         return true;
     session::AskLongPath(session_, own, path, "CopyToTextFile", "frmDialog", false);

@@ -77,8 +77,8 @@ void NoteLeftOut(Session& session, const ListRequest& request, std::size_t index
     ++outcome.leftOut;
     if (outcome.leftOutPaths.size() >= kToldPaths) return;
     const bool isLocation = request.kind == ListKind::kLocations;
-    outcome.leftOutPaths.push_back(isLocation ? request.locations[index]
-                                              : session.selection->strSelActualPath[index]);
+    outcome.leftOutPaths.emplace_back(isLocation ? request.locations[index]
+                                                 : session.selection->strSelActualPath[index]);
 }
 
 // The folders of the entries, into a file of their own.

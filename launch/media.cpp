@@ -77,19 +77,19 @@ Result<void> Give(Session& session, const Tool& player, const std::vector<std::s
 
 } // namespace
 
-MediaPlan PlanMedia(Session& session, const std::vector<std::string>& files, MediaWay way) {
+MediaPlan PlanMedia(Session& session, std::span<const std::string_view> files, MediaWay way) {
     MediaPlan plan{.player = session::FindTool(session, ToolKind::kPlayer),
                    .secondPlayer = session::FindTool(session, ToolKind::kSecondPlayer)};
     const bool hasPlayer = plan.player.isFound || plan.player.IsGone();
     const bool hasSecond = plan.secondPlayer.isFound || plan.secondPlayer.IsGone();
-    for (const std::string& file : files) {
+    for (const std::string_view file : files) {
         const std::string extension = text::Lower(text::GetExtension(text::FileNameOf(file)));
         if (hasPlayer && FirstTakes(extension, way)) {
-            plan.forPlayer.push_back(file);
+            plan.forPlayer.emplace_back(file);
         } else if (!hasPlayer && hasSecond && IsOneOf(kBothPlayers, extension)) {
-            plan.forSecond.push_back(file);
+            plan.forSecond.emplace_back(file);
         } else {
-            plan.skipped.push_back(file);
+            plan.skipped.emplace_back(file);
         }
     }
     return plan;

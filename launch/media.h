@@ -3,7 +3,9 @@
 #include "session/tools.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
@@ -30,7 +32,8 @@ struct MediaPlan {
 
 // Parts `files` (drive paths) by the extensions that each player takes; what is found or
 // set as the first player decides.
-MediaPlan PlanMedia(session::Session& session, const std::vector<std::string>& files, MediaWay way);
+MediaPlan PlanMedia(session::Session& session, std::span<const std::string_view> files,
+                    MediaWay way);
 
 // Hands the files to their players, each list in its order. The failure of the first that isn't
 // there or can't be started; a player that runs gets files over the session bus where it takes

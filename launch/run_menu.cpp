@@ -48,7 +48,7 @@ std::vector<std::string> SelectedFiles(const Session& session) {
     const auto& selection = *session.selection;
     std::vector<std::string> files;
     for (std::size_t i = 0; i < selection.strSelActualPath.size(); ++i) {
-        if (selection.blnSelIsFile[i]) files.push_back(selection.strSelActualPath[i]);
+        if (selection.blnSelIsFile[i]) files.emplace_back(selection.strSelActualPath[i]);
     }
     return files;
 }

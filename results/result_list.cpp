@@ -7,7 +7,6 @@
 #include "text/paths.h"
 
 #include <algorithm>
-#include <cstring>
 #include <functional>
 #include <iterator>
 #include <unordered_map>
@@ -16,8 +15,6 @@
 namespace tarvix::results {
 
 namespace {
-
-constexpr std::size_t kBlockSize = 64 * 1024;
 
 std::size_t HashPath(std::string_view path) {
     return std::hash<std::string_view>{}(path);
@@ -36,8 +33,7 @@ ResultList::~ResultList() = default;
 void ResultList::Clear() {
     rows_.clear();
     folders_.clear();
-    nameBlocks_.clear();
-    blockLeft_ = 0;
+    names_.Clear();
     entries_.clear();
     identities_.Clear();
     index_.reset();
@@ -51,25 +47,12 @@ const RowFolder* ResultList::AddFolder(RowFolder folder) {
     return &folders_.back();
 }
 
-std::string_view ResultList::KeepName(std::string_view name) {
-    if (name.empty()) return {};
-    if (name.size() > blockLeft_) {
-        blockLeft_ = std::max(kBlockSize, name.size());
-        nameBlocks_.push_back(std::make_unique_for_overwrite<char[]>(blockLeft_));
-    }
-    // Blocks are filled from their end, so that one number tells what is free.
-    char* const at = nameBlocks_.back().get() + (blockLeft_ - name.size());
-    std::memcpy(at, name.data(), name.size());
-    blockLeft_ -= name.size();
-    return {at, name.size()};
-}
-
 const std::string* ResultList::KeepEntry(std::string_view entry) {
     return &*entries_.emplace(entry).first;
 }
 
 std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
-    row.name = KeepName(row.name);
+    row.name = names_.Keep(row.name);
     row.searchEntry = KeepEntry(searchEntry);
     rows_.push_back(row);
     if (index_ && !row.IsSpacer()) {
@@ -184,7 +167,7 @@ void ResultList::Rename(std::size_t index, std::string_view name) {
     ResultRow& row = rows_[index];
     if (row.isFolder) RenameFolder(row.folder->longPath, name);
     const char* const before = row.name.data();
-    row.name = KeepName(name);
+    row.name = names_.Keep(name);
     if (details_) details_->Renamed(before, row.name.data());
     index_.reset();
     ++generation_;

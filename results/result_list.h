@@ -4,6 +4,7 @@
 #include "platform/seen_object.h"
 #include "results/columns.h"
 #include "results/row_identity.h"
+#include "results/text_store.h"
 
 #include <cstdint>
 #include <deque>
@@ -149,14 +150,12 @@ class ResultList {
     std::string LengthCell(const ResultRow& row) const;
     void RenameFolder(const std::string& path, std::string_view name);
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
-    std::string_view KeepName(std::string_view name);
     void Replace(std::vector<ResultRow> rows);
     const std::string* KeepEntry(std::string_view entry);
 
     std::vector<ResultRow> rows_;
     std::deque<RowFolder> folders_;
-    std::vector<std::unique_ptr<char[]>> nameBlocks_;
-    std::size_t blockLeft_ = 0;
+    TextStore names_;
     std::unordered_set<std::string> entries_;
     const std::string* lastEntry_ = nullptr; // mostly the next row's, too
     RowIdentities identities_;

@@ -68,44 +68,51 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
 void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const ResultRow& row,
                bool takesLongPaths, std::string& path) {
     AssignRowPath(path, *row.folder, row.name, row.isFolder);
-    tables.strSelName[at] = row.name;
-    if (takesLongPaths || path.size() <= session::kLongPath) {
-        tables.strSelPath[at] = path;
-    } else {
-        tables.strSelPath[at] = OpenablePath(path);
-    }
-    tables.blnSelIsFile[at] = !row.isFolder;
-    const auto below = std::min<std::size_t>(row.folder->searchPrefix, path.size());
-    tables.strSelRelPath[at].assign(path, below, path.npos);
     // The full path names the object with more certainty than its short form could.
-    tables.strSelActualPath[at] = path;
+    const std::string_view kept = tables.texts.Keep(path);
+    tables.strSelActualPath[at] = kept;
+    tables.strSelName[at] = kept.ends_with(row.name) ? kept.substr(kept.size() - row.name.size())
+                                                     : tables.texts.Keep(row.name);
+    const bool opensAsItIs = takesLongPaths || path.size() <= session::kLongPath;
+    tables.strSelPath[at] = opensAsItIs ? kept : tables.texts.Keep(OpenablePath(path));
+    tables.strSelRelPath[at] =
+        kept.substr(std::min<std::size_t>(row.folder->searchPrefix, kept.size()));
+    tables.blnSelIsFile[at] = !row.isFolder;
     tables.blnSelNoDate[at] = row.date == kNoDate;
     tables.sightings[at] = rows.SightingOf(row);
 }
 
-// Spacers that are selected are unselected.
-std::size_t CountSelected(ResultList& rows) {
+struct Sizes {
     std::size_t count = 0;
+    std::size_t bytes = 0; // of their paths, and a few more
+};
+
+// Spacers that are selected are unselected.
+Sizes CountSelected(ResultList& rows) {
+    Sizes sizes;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         ResultRow& row = rows.At(i);
         if (row.IsSpacer()) row.selected = false;
-        count += row.selected ? 1 : 0;
+        if (!row.selected) continue;
+        ++sizes.count;
+        sizes.bytes += row.folder->longPath.size() + 1 + row.name.size();
     }
-    return count;
+    return sizes;
 }
 
-// The entries keep what room they have, as the tables are mostly filled again with much the same.
-void Resize(Selection& tables, std::size_t count) {
+// The tables keep what room they have, as they are mostly filled again with much the same.
+void Resize(Selection& tables, const Sizes& sizes) {
+    tables.texts.Restart(sizes.bytes);
     for (auto* table : {&tables.strSelName, &tables.strSelPath, &tables.strSelRelPath,
                         &tables.strSelActualPath}) {
-        const bool isMuchSmaller = count < table->size() / 2;
-        table->resize(count);
+        const bool isMuchSmaller = sizes.count < table->size() / 2;
+        table->resize(sizes.count);
         if (isMuchSmaller) table->shrink_to_fit();
     }
-    tables.sightings.resize(count);
-    if (count == 0) tables.sightings.shrink_to_fit();
-    tables.blnSelIsFile.resize(count);
-    tables.blnSelNoDate.resize(count);
+    tables.sightings.resize(sizes.count);
+    if (sizes.count == 0) tables.sightings.shrink_to_fit();
+    tables.blnSelIsFile.resize(sizes.count);
+    tables.blnSelNoDate.resize(sizes.count);
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/seen_object.h"
+#include "results/text_store.h"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvix::session {
@@ -12,13 +14,15 @@ struct Session;
 
 namespace tarvix::results {
 
-// The selected rows, in list order, as the actions need them. One entry a row in every table.
+// The selected rows, in list order, as the actions need them. One entry a row in every table. Most
+// texts are pieces of one path, kept once in `texts`.
 struct Selection {
-    std::vector<std::string> strSelName;
-    std::vector<std::string> strSelPath; // Path\Name
+    TextStore texts;
+    std::vector<std::string_view> strSelName;
+    std::vector<std::string_view> strSelPath; // Path\Name
     std::vector<bool> blnSelIsFile;
-    std::vector<std::string> strSelRelPath;    // Path\Name below the search location
-    std::vector<std::string> strSelActualPath; // the path to hand to the file system
+    std::vector<std::string_view> strSelRelPath;    // Path\Name below the search location
+    std::vector<std::string_view> strSelActualPath; // the path to hand to the file system
     std::vector<bool> blnSelNoDate;
     std::vector<platform::Sighting> sightings; // as the search saw them; may hold fewer
     std::int64_t lngSelTop = -1;               // the count less 1

@@ -49,7 +49,7 @@ class DeleteRehearsal {
     }
 
     DeleteVerdict VerdictOf(std::size_t index) {
-        const std::string& path = session_.selection->strSelPath[index];
+        const std::string_view path = session_.selection->strSelPath[index];
         if (session::IsRecycleBin(path)) return DeleteVerdict::kIsTrash;
         if (WentWithItsFolder(path)) return DeleteVerdict::kTrash;
         auto& totals = session_.state.lastAction = {};
@@ -57,7 +57,7 @@ class DeleteRehearsal {
         const bool isRefused = trash_.TakeRefusal();
         const bool isAsked = prompts_.Take().isProtected;
         if (totals.done > 0) {
-            taken_.insert(path);
+            taken_.emplace(path);
             return totals.deleted > 0 ? DeleteVerdict::kForGood : DeleteVerdict::kTrash;
         }
         if (isAsked) return DeleteVerdict::kProtectedAsk;
@@ -74,10 +74,10 @@ class DeleteRehearsal {
                 machine.desktop,  trash_,           machine.traits};
     }
 
-    bool WentWithItsFolder(const std::string& path) const {
+    bool WentWithItsFolder(std::string_view path) const {
         for (std::size_t slash = path.rfind('\\'); slash != path.npos && slash > 0;
              slash = path.rfind('\\', slash - 1)) {
-            if (taken_.contains(path.substr(0, slash))) return true;
+            if (taken_.contains(std::string(path.substr(0, slash)))) return true;
         }
         return false;
     }

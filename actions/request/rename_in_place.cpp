@@ -54,7 +54,7 @@ bool Rename(Session& session, const std::string& name) {
     state.strAction = "Rename";
     state.bytPathChoice = session::kPathSkip;
     state.blnActionCancelled = state.blnErrorOccurred = false;
-    const std::string& path = session.selection->strSelPath.front();
+    const std::string_view path = session.selection->strSelPath.front();
     session::LogTimed(session, fmt::format(" User selected to rename in place: {} as: {}",
                                            session.Shown(path), session.Shown(name)));
     ActionRequest request{.strAction = "Rename"};

@@ -85,7 +85,7 @@ void OutcomeRecorder::Count(std::size_t index) {
 void OutcomeRecorder::Settled(const Outcome& outcome) {
     Count(outcome.index);
     const auto& tables = *session_.selection;
-    const std::string& source = tables.strSelPath[outcome.index];
+    const std::string_view source = tables.strSelPath[outcome.index];
     const std::string_view place =
         TellsPlace(outcome, request_) ? std::string_view(outcome.strDestination) : "";
     const bool hasError = !outcome.error.empty();
@@ -105,10 +105,11 @@ void OutcomeRecorder::Settled(const Outcome& outcome) {
 }
 
 // What isn't there any more went with its folder, or others took it.
-OutcomeMark OutcomeRecorder::GoneMark(const std::string& path) const {
+OutcomeMark OutcomeRecorder::GoneMark(std::string_view path) const {
     for (std::size_t end = path.rfind('\\'); end != path.npos && end > 0;
          end = path.rfind('\\', end - 1)) {
-        if (recycledFolders_.contains(path.substr(0, end))) return OutcomeMark::kRecycled;
+        if (recycledFolders_.contains(std::string(path.substr(0, end))))
+            return OutcomeMark::kRecycled;
     }
     return OutcomeMark::kWasGone;
 }
@@ -119,13 +120,13 @@ void OutcomeRecorder::Recycled(std::size_t index, RecycleEnd end,
     if (end == RecycleEnd::kChanged) return;
     Count(index);
     const auto& tables = *session_.selection;
-    const std::string& source = tables.strSelPath[index];
+    const std::string_view source = tables.strSelPath[index];
     OutcomeMark mark = OutcomeMark::kFailed;
     if (end == RecycleEnd::kRecycled) mark = OutcomeMark::kRecycled;
     if (end == RecycleEnd::kDeleted) mark = OutcomeMark::kDeleted;
     if (end == RecycleEnd::kWasGone) mark = GoneMark(source);
     if (end == RecycleEnd::kRecycled && !tables.blnSelIsFile[index]) {
-        recycledFolders_.insert(source);
+        recycledFolders_.emplace(source);
     }
     const bool hasFailed = mark == OutcomeMark::kFailed && error != nullptr;
     const std::string sentence = hasFailed ? session_.Shown(*error) : std::string();

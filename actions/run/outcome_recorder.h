@@ -41,7 +41,7 @@ class OutcomeRecorder : public OutcomeSink {
     void LeftAlone(std::size_t index, results::OutcomeMark mark);
 
   private:
-    results::OutcomeMark GoneMark(const std::string& path) const;
+    results::OutcomeMark GoneMark(std::string_view path) const;
     void Count(std::size_t index);
 
     session::Session& session_;

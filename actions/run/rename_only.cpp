@@ -153,7 +153,7 @@ void Renaming::RenameObject(std::size_t index) {
 
 Renamed Renaming::ObjectAt(std::size_t index) const {
     const auto& tables = *session_.selection;
-    const std::string& name = tables.strSelName[index];
+    const std::string_view name = tables.strSelName[index];
     Renamed object;
     object.index = index;
     object.isFile = tables.blnSelIsFile[index];
@@ -199,20 +199,22 @@ void Renaming::Settle(Renamed& object) {
 void Renaming::KeepNewNames() {
     auto& tables = *session_.selection;
     tables.isRenamed = tables.isRenamed || end_.blnRenamed;
-    for (std::size_t index = 0; index < tables.strSelPath.size(); ++index) {
-        std::string& actual = tables.strSelActualPath[index];
+    for (std::size_t index = 0; !folders_.IsEmpty() && index < tables.strSelPath.size(); ++index) {
+        std::string_view& actual = tables.strSelActualPath[index];
         const std::size_t above = actual.size() - tables.strSelRelPath[index].size();
-        tables.strSelPath[index] = folders_.Now(tables.strSelPath[index]);
-        actual = folders_.Now(actual);
+        tables.strSelPath[index] = tables.texts.Keep(folders_.Now(tables.strSelPath[index]));
+        actual = tables.texts.Keep(folders_.Now(actual));
         tables.strSelRelPath[index] = actual.substr(above);
     }
-    for (auto& [index, name] : newNames_) {
-        for (std::string* path : {&tables.strSelPath[index], &tables.strSelActualPath[index],
-                                  &tables.strSelRelPath[index]}) {
-            path->resize(path->size() - text::FolderOwnName(*path).size());
-            *path += name;
-        }
-        tables.strSelName[index] = std::move(name);
+    for (const auto& [index, name] : newNames_) {
+        const auto renamed = [&](std::string_view path) {
+            path.remove_suffix(text::FolderOwnName(path).size());
+            return tables.texts.Keep(text::Concat({path, name}));
+        };
+        tables.strSelPath[index] = renamed(tables.strSelPath[index]);
+        tables.strSelActualPath[index] = renamed(tables.strSelActualPath[index]);
+        tables.strSelRelPath[index] = renamed(tables.strSelRelPath[index]);
+        tables.strSelName[index] = tables.texts.Keep(name);
     }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace tarvix::actions {
 
@@ -12,10 +13,11 @@ class RenamedFolders {
     // `path` as it was listed, whatever has become of the folders above it since.
     void Note(std::string_view path, std::string_view newName);
     // Where an object that was listed as `path` lies now; its own name stays.
-    std::string Now(const std::string& path) const;
+    std::string Now(std::string_view path) const;
+    bool IsEmpty() const { return names_.empty(); }
 
   private:
-    std::unordered_map<std::string, std::string> names_; // by the path that was listed
+    std::map<std::string, std::string, std::less<>> names_; // by the path that was listed
 };
 
 } // namespace tarvix::actions

@@ -144,7 +144,7 @@ void Exchange::SettleUnchanged() {
         if (plan_.Moves(index)) continue;
         FoldOutcome(session_.state, run_,
                     {.index = index,
-                     .strDestination = session_.selection->strSelPath[index],
+                     .strDestination = std::string(session_.selection->strSelPath[index]),
                      .kind = OutcomeKind::kUnchanged});
     }
 }
@@ -193,7 +193,8 @@ std::vector<Outcome> Exchange::BreakOff(const Chain& chain, std::size_t tried, O
 
 void Exchange::TakeBack(std::size_t index) {
     const std::string path = places_.Path(index);
-    const std::string old = text::ParentFolderSlash(path) + session_.selection->strSelName[index];
+    const std::string old =
+        text::ParentFolderSlash(path).append(session_.selection->strSelName[index]);
     if (path != old) (void)places_.Give(index, {old, nullptr});
 }
 

@@ -23,8 +23,8 @@ bool ExchangePlan::Moves(std::size_t index) const {
 }
 
 std::string ExchangePlan::NewPath(std::size_t index) const {
-    const std::string& path = selection_.strSelPath[index];
-    return Moves(index) ? text::ParentFolderSlash(path) + wanted_[index] : path;
+    const std::string_view path = selection_.strSelPath[index];
+    return Moves(index) ? text::ParentFolderSlash(path) + wanted_[index] : std::string(path);
 }
 
 std::vector<std::pair<std::size_t, std::size_t>> ExchangePlan::Doubles() const {

@@ -10,7 +10,7 @@
 
 namespace tarvix::actions {
 
-std::string InPlace::Now(const std::string& listed, std::size_t index) const {
+std::string InPlace::Now(std::string_view listed, std::size_t index) const {
     std::string path = folders_.Now(listed);
     const auto name = names_.find(index);
     if (name == names_.end()) return path;

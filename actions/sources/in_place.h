@@ -33,7 +33,7 @@ class InPlace {
     Outcome GiveUnique(std::size_t index, const std::string& path);
 
   private:
-    std::string Now(const std::string& listed, std::size_t index) const;
+    std::string Now(std::string_view listed, std::size_t index) const;
     void Note(std::size_t index, const Outcome& outcome);
 
     session::Session& session_;

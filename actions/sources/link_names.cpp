@@ -32,7 +32,7 @@ bool HasExtension(std::string_view text) {
 
 NewName NameFor(Session& session, const LinkNames& links, std::size_t index) {
     const auto& tables = *session.selection;
-    const std::string& name = tables.strSelName[index];
+    const std::string_view name = tables.strSelName[index];
     const std::string clean =
         OnOneNameLine(CleanWebName(links.TextFor(platform::NameToNative(name))));
     if (clean.empty()) {

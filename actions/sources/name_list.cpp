@@ -23,7 +23,7 @@ struct ListedPart {
 
 ListedPart PartOf(const session::Session& session, std::size_t index, ListedNames names) {
     const auto& tables = *session.selection;
-    const std::string& name = tables.strSelName[index];
+    const std::string_view name = tables.strSelName[index];
     if (names == ListedNames::kWhole || !tables.blnSelIsFile[index]) return {name, {}};
     const NameParts parts = SplitPrefixAndExtension(name);
     if (parts.strExtension.empty()) return {name, {}};
@@ -59,7 +59,7 @@ std::string NameOf(const session::Session& session, std::size_t index, ListedNam
     const std::string_view typed = text::Trim(line);
     if (typed.empty()) return {};
     if (typed == text::Trim(LineOf(session, index, names))) {
-        return session.selection->strSelName[index];
+        return std::string(session.selection->strSelName[index]);
     }
     const ListedPart listed = PartOf(session, index, names);
     std::string name = session.platform.paths.NamePart(line);

@@ -82,10 +82,10 @@ NewName TitleSource::Without(std::size_t index, std::string_view why) {
 
 std::string TitleSource::PageFor(std::size_t index, bool& isLeft) {
     const auto& tables = *session_.selection;
-    const std::string& path = tables.strSelActualPath[index];
+    const std::string_view path = tables.strSelActualPath[index];
     const bool isFile = tables.blnSelIsFile[index];
-    if (isFile && IsPage(path)) return path;
-    const std::string folder = isFile ? std::string(text::GetParentFolderName(path)) : path;
+    if (isFile && IsPage(path)) return std::string(path);
+    const std::string folder(isFile ? text::GetParentFolderName(path) : path);
     const std::string_view base = isFile ? text::GetBaseName(path) : text::FileNameOf(path);
     std::string page = FirstPage(folder, base, isLeft);
     if (page.empty() && !isLeft) page = FirstPage(folder, "", isLeft);
@@ -114,7 +114,7 @@ const TitleSource::Title& TitleSource::TitleOf(std::size_t index, const std::str
     const auto [found, isNew] = titles_.try_emplace(page);
     Title& title = found->second;
     if (!isNew) return title;
-    const std::string& path = session_.selection->strSelPath[index];
+    const std::string_view path = session_.selection->strSelPath[index];
     const session::ErrorContext context{.routine = kRoutine,
                                         .moduleName = "frmDialog",
                                         .object = path,

@@ -36,12 +36,13 @@ class BareSession : public ::testing::Test {
     platform::MemoryFileSystem& Disk() { return machine.disk; }
     fields::FrmDialog& Form() { return session.frmDialog; }
 
-    void Select(const std::string& path, bool isFile = true, std::string relPath = {}) {
-        selection.strSelName.emplace_back(text::FileNameOf(path));
-        selection.strSelPath.push_back(path);
-        selection.strSelActualPath.push_back(path);
+    void Select(const std::string& path, bool isFile = true, std::string_view relPath = {}) {
+        const std::string_view kept = selection.texts.Keep(path);
+        selection.strSelName.push_back(text::FileNameOf(kept));
+        selection.strSelPath.push_back(kept);
+        selection.strSelActualPath.push_back(kept);
         selection.blnSelIsFile.push_back(isFile);
-        selection.strSelRelPath.push_back(std::move(relPath));
+        selection.strSelRelPath.push_back(selection.texts.Keep(relPath));
         selection.blnSelNoDate.push_back(false);
         ++selection.lngSelTop;
     }

@@ -8,6 +8,7 @@
 #include "tests/actions/random_world.h"
 #include "text/case.h"
 
+#include <fmt/core.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -150,8 +151,8 @@ bool IsPlaced(actions::OutcomeKind kind) {
 std::string Told(const std::vector<PreviewEntry>& entries, const results::Selection& tables) {
     std::string told;
     for (const auto& entry : entries) {
-        told += tables.strSelPath[entry.index] + " -> " + entry.strNewPath + ": " +
-                std::string(actions::VerdictText(entry.verdict)) + "\n";
+        told += fmt::format("{} -> {}: {}\n", tables.strSelPath[entry.index], entry.strNewPath,
+                            actions::VerdictText(entry.verdict));
     }
     return told;
 }
@@ -204,7 +205,7 @@ Course ForetellAndDo(RandomWorld& world) {
         const auto before = world.Files();
         run.foretold = actions::Preview(world.S());
         EXPECT_EQ(world.Files(), before) << "a preview changes nothing";
-        const auto tables = world.program().Selection();
+        const auto& tables = world.program().Selection();
         run.told = Told(run.foretold.entries, tables);
         ByHand disk(world);
         for (const PreviewEntry& entry : run.foretold.entries) {
@@ -213,7 +214,7 @@ Course ForetellAndDo(RandomWorld& world) {
             disk.movesDuplicates =
                 request.isMove && facts &&
                 (facts->attributes & (platform::kHidden | platform::kSystem)) == 0;
-            if (disk.Do(entry, tables.strSelPath[entry.index])) continue;
+            if (disk.Do(entry, std::string(tables.strSelPath[entry.index]))) continue;
             run.isPossible = false;
             run.told += "impossible: " + entry.strNewPath + "\n";
         }

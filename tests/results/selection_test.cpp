@@ -9,6 +9,7 @@ namespace tarvix::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
 class SelectionTables : public ProgramFixture {
@@ -150,10 +151,10 @@ class ChangingSelection : public SelectionTables {
             paths.push_back("C:\\t\\" + name);
             isFile.push_back(name != "sub");
         }
-        EXPECT_EQ(Tables().strSelName, names);
-        EXPECT_EQ(Tables().strSelPath, paths);
-        EXPECT_EQ(Tables().strSelRelPath, names);
-        EXPECT_EQ(Tables().strSelActualPath, paths);
+        EXPECT_THAT(Tables().strSelName, ElementsAreArray(names));
+        EXPECT_THAT(Tables().strSelPath, ElementsAreArray(paths));
+        EXPECT_THAT(Tables().strSelRelPath, ElementsAreArray(names));
+        EXPECT_THAT(Tables().strSelActualPath, ElementsAreArray(paths));
         EXPECT_EQ(Tables().blnSelIsFile, isFile);
         EXPECT_EQ(Tables().blnSelNoDate, std::vector<bool>(names.size(), false));
         EXPECT_EQ(Tables().lngSelTop, static_cast<std::int64_t>(names.size()) - 1);

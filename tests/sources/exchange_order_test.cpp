@@ -18,8 +18,8 @@ class ExchangeOrder : public ::testing::Test {
         wanted.clear();
         for (const std::string& pair : pairs) {
             const std::string name = pair.substr(0, pair.find('>'));
-            selection.strSelName.push_back(name);
-            selection.strSelPath.push_back("C:\\t\\" + name);
+            selection.strSelName.push_back(selection.texts.Keep(name));
+            selection.strSelPath.push_back(selection.texts.Keep("C:\\t\\" + name));
             wanted.push_back(pair.substr(pair.find('>') + 1));
         }
         return {selection, wanted};
@@ -30,7 +30,7 @@ class ExchangeOrder : public ::testing::Test {
         for (const Chain& chain : Plan(pairs).Chains()) {
             std::string text = chain.isRing ? "o" : "";
             for (const std::size_t index : chain.indexes)
-                text += " " + selection.strSelName[index];
+                text.append(" ").append(selection.strSelName[index]);
             told.push_back(text);
         }
         return told;

@@ -8,7 +8,6 @@
 #include "tests/actions/random_world.h"
 #include "text/case.h"
 
-#include <fmt/core.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -151,8 +150,8 @@ bool IsPlaced(actions::OutcomeKind kind) {
 std::string Told(const std::vector<PreviewEntry>& entries, const results::Selection& tables) {
     std::string told;
     for (const auto& entry : entries) {
-        told += fmt::format("{} -> {}: {}\n", tables.strSelPath[entry.index], entry.strNewPath,
-                            actions::VerdictText(entry.verdict));
+        told.append(tables.strSelPath[entry.index]).append(" -> ").append(entry.strNewPath);
+        told.append(": ").append(actions::VerdictText(entry.verdict)).append("\n");
     }
     return told;
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <concepts>
+#include <new>
 #include <utility>
 
 namespace tarvix::results {
@@ -79,7 +80,8 @@ void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const 
         kept.substr(std::min<std::size_t>(row.folder->searchPrefix, kept.size()));
     tables.blnSelIsFile[at] = !row.isFolder;
     tables.blnSelNoDate[at] = row.date == kNoDate;
-    tables.sightings[at] = rows.SightingOf(row);
+    // Made in its place, as a copy would wait for the stores of the one that is copied.
+    new (&tables.sightings[at]) platform::Sighting(rows.SightingOf(row));
 }
 
 struct Sizes {

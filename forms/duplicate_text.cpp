@@ -7,6 +7,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <fmt/core.h>
 
 namespace tarvix::forms {
 
@@ -60,12 +61,13 @@ QWidget* Fact(const QString& name, const std::string& text, const std::string& n
 
 std::string SizeOf(const fields::AskedObject& object) {
     if (!object.isFile) return "Folder";
-    return object.size.empty() ? std::string("File") : object.size + " bytes";
+    return object.size.empty() ? std::string("File") : fmt::format("{} bytes", object.size);
 }
 
 std::string ProgramOf(const fields::AskedObject& object) {
     if (object.version.empty()) return {};
-    return "Version " + object.version + (object.os.empty() ? "" : " for " + object.os);
+    return fmt::format("Version {}{}{}", object.version, object.os.empty() ? "" : " for ",
+                       object.os);
 }
 
 void AddSide(QGridLayout& grid, int column, const char* title, const QString& name,
@@ -81,7 +83,8 @@ void AddSide(QGridLayout& grid, int column, const char* title, const QString& na
 }
 
 std::string RenameText(const fields::DuplicateQuestion& parts) {
-    return parts.newName.empty() ? parts.rule : "Renamed, this one would be " + parts.newName;
+    return parts.newName.empty() ? parts.rule
+                                 : fmt::format("Renamed, this one would be {}", parts.newName);
 }
 
 // Both sides in step, the differences in words, always of the same height.

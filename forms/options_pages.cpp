@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <fmt/core.h>
 
 #include <initializer_list>
 
@@ -270,7 +271,7 @@ QWidget* MakeDrives(const FrmOptions& form) {
 
 // The setting of a program with the button that starts it.
 QWidget* WithTest(const FrmOptions& form, const fields::MachineField& field, QWidget* widget) {
-    const fields::Control* test = form.Find("cmdTest" + field.key);
+    const fields::Control* test = form.Find(fmt::format("cmdTest{}", field.key));
     if (test == nullptr) return widget;
     QWidget* row = InRow({widget, Make(static_cast<const fields::CommandButton&>(*test))}, 2);
     static_cast<QHBoxLayout*>(row->layout())->setStretch(0, 1);
@@ -290,7 +291,7 @@ void FillMachine(const FrmOptions& form, QVBoxLayout& column) {
         grid->addWidget(label, row, 0);
         grid->addWidget(WithTest(form, field, WithReset(*field.control, widget, true)), row++, 1);
         grid->addWidget(told, row++, 1);
-        if (const auto* found = form.Find("lblFound" + field.key)) {
+        if (const auto* found = form.Find(fmt::format("lblFound{}", field.key))) {
             grid->addWidget(MakeNote(static_cast<const fields::Label&>(*found)), row++, 1);
         }
     }

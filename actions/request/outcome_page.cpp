@@ -1,7 +1,7 @@
 #include "actions/request/outcome_page.h"
 
-#include "actions/run/summary.h"
 #include "platform/applications.h"
+#include "results/outcome_groups.h"
 #include "results/outcome_list.h"
 #include "results/result_list.h"
 #include "results/selection.h"
@@ -138,8 +138,9 @@ std::string OutcomeHeadline(const OutcomeList& list) {
     const bool isDelete = list.Action() == "Delete";
     const std::int64_t done = Sum(list, kHows) + Sum(list, kUsual);
     const auto all = static_cast<std::int64_t>(list.Count());
-    std::string told = fmt::format("{} {} of {} {}", isDelete ? "Moved" : DoneVerb(list.Action()),
-                                   Figure(done), Figure(all), all == 1 ? "object" : "objects");
+    std::string told =
+        fmt::format("{} {} of {} {}", isDelete ? "Moved" : results::DoneVerb(list.Action()),
+                    Figure(done), Figure(all), all == 1 ? "object" : "objects");
     if (isDelete) told += " to the trash";
     const std::string hows = Listed(list, [](OutcomeMark mark) { return Holds(kHows, mark); });
     if (!hows.empty()) told += fmt::format(" ({})", hows);

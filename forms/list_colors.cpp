@@ -60,7 +60,7 @@ SignLook LookOf(RowSign sign) {
     case RowSign::kCut:
         return {QIcon::fromTheme("edit-cut"), "✂"};
     case RowSign::kFailed:
-        return {ThemeIcon("dialog-error", QStyle::SP_MessageBoxCritical), {}};
+        return {{}, "!"};
     case RowSign::kMoved:
         return {{}, "→"};
     case RowSign::kRenamed:

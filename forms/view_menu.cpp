@@ -15,7 +15,7 @@ namespace tarvix::forms {
 namespace {
 
 // An entry does what a click on its column's head does.
-void AddSortEntry(QMenu& menu, ResultView& list, int column) {
+void AddSortEntry(QMenu& menu, QActionGroup& group, ResultView& list, int column) {
     const QHeaderView& head = list.Head().Header();
     const auto& info = results::kColumns[static_cast<std::size_t>(column)];
     const bool isKey = head.sortIndicatorSection() == column;
@@ -26,6 +26,7 @@ void AddSortEntry(QMenu& menu, ResultView& list, int column) {
     });
     entry->setObjectName("sort" + ToQt(info.key));
     entry->setCheckable(true);
+    group.addAction(entry);
     entry->setChecked(isKey);
 }
 
@@ -33,16 +34,17 @@ void AddSortEntry(QMenu& menu, ResultView& list, int column) {
 void AddSorts(QMenu& menu, ResultView& list, const session::Session& session) {
     QMenu* sorts = menu.addMenu("&Sort By");
     sorts->setObjectName("mnuSortBy");
+    auto* group = new QActionGroup(sorts);
     QObject::connect(&menu, &QMenu::aboutToShow, sorts, [sorts, &list, &session] {
         const bool maySort = !list.maySelect || list.maySelect();
         sorts->setEnabled(maySort && !session.state.blnPlayListMode);
     });
-    QObject::connect(sorts, &QMenu::aboutToShow, &list, [sorts, &list] {
+    QObject::connect(sorts, &QMenu::aboutToShow, &list, [sorts, group, &list] {
         sorts->clear();
         const QHeaderView& head = list.Head().Header();
         for (int place = 0; place < head.count(); ++place) {
             const int column = head.logicalIndex(place);
-            if (!head.isSectionHidden(column)) AddSortEntry(*sorts, list, column);
+            if (!head.isSectionHidden(column)) AddSortEntry(*sorts, *group, list, column);
         }
     });
     GiveLettersWhenOpened(*sorts);

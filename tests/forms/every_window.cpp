@@ -170,15 +170,25 @@ void EveryWindow::FillForms() {
     auto& forms = S().forms;
     forms.frmAsk.parts = {.question = "Duplicate found of File :\r\n\r\n'01 Takk.mp3'\r\n\r\n"
                                       "Would you like to replace existing",
-                          .existing = {.folder = "C:\\home\\ann\\Copies",
+                          .existing = {.folder = "/home/ann/Copies",
                                        .name = "01 Takk.mp3",
                                        .size = "11,490",
                                        .date = "2013/03/03 05:44:00"},
-                          .thisOne = {.folder = "C:\\home\\ann\\Music\\Sigur Rós\\Takk (2005)",
+                          .thisOne = {.folder = "/home/ann/Music/Sigur Rós/Takk (2005)",
                                       .name = "01 Takk.mp3",
                                       .size = "11,612",
                                       .date = "2013/03/01 20:10:00"},
-                          .rule = "Rename rule: Add  '_' at end."};
+                          .rule = "Rename rule: Add  '_' at end.",
+                          .headline = "01 Takk.mp3 is already in /home/ann/Copies",
+                          .position = "3 of 8",
+                          .content = "The contents differ.",
+                          .newName = "01 Takk_.mp3",
+                          .rest = "Cancel leaves this and the other 5 as they are."};
+    forms.frmAsk.parts.existing.dateNote = "newer";
+    forms.frmAsk.parts.thisOne.sizeNote = "larger";
+    forms.frmOpenWith.lblMain.Caption = "Open 3 objects with";
+    forms.frmOpenWith.lstApplications.SetItems({"Image Viewer", "Media Player", "Text Editor"});
+    forms.frmRuns.cmdView.Enabled = forms.frmRuns.cmdRecycle.Enabled = true;
     forms.frmAsk259.lblMain.Caption =
         "The new path has 4,102 bytes, more than the 4,095 that can be opened at once:\r\n\r\n"
         "/home/ann/Copies/a/very/long/path";
@@ -344,6 +354,7 @@ void EveryWindow::FillOutcomes() {
 }
 
 void EveryWindow::SeeOutcome(const Look& look) {
+    Press("cmdSelectNone");
     FillOutcomes();
     window->List().viewport()->update();
     Settle();
@@ -351,6 +362,7 @@ void EveryWindow::SeeOutcome(const Look& look) {
     auto& page = S().forms.frmOutcome;
     page.lblMain.Caption = "Moved 14 of 20 objects, 3 failed, 3 skipped as duplicates.";
     page.cmdSelectFailed.Visible = true;
+    page.cmdOpenTrash.Visible = false;
     gate.Run(nullptr, [&page] { page.Show(); });
     gate.Flush();
     Settle();
@@ -376,10 +388,10 @@ void EveryWindow::Each(const Look& look) {
     SeeLegend(look);
     SeeDates(look);
     SeeActions(look);
-    SeeOutcome(look);
     SeeForms(look);
     SeeOptions(look);
     SeeQuestions(look);
+    SeeOutcome(look);
     SeeHelp(look);
 }
 

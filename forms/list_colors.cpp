@@ -60,11 +60,11 @@ SignLook LookOf(RowSign sign) {
     case RowSign::kCut:
         return {QIcon::fromTheme("edit-cut"), "✂"};
     case RowSign::kFailed:
-        return {{}, "!"};
+        return {{}, "✗"};
     case RowSign::kMoved:
         return {{}, "→"};
     case RowSign::kRenamed:
-        return {QIcon::fromTheme("edit-rename"), "✎"};
+        return {{}, "✎"};
     case RowSign::kReplacement:
         return {{}, "✓"};
     case RowSign::kEntry:

@@ -246,9 +246,9 @@ TEST_F(Fates, ARepeatedSearchShowsWhatWasMovedWithinItAndWhatWasNot) {
     Find();
     Set(Form().chkRepeatSearch, "1");
     Move(To("C:\\t\\sub"));
-    EXPECT_THAT(Paths(), ElementsAre("C:\\t\\sub\\a.txt", "C:\\t\\b.txt"));
-    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kMoved);
-    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kFailed);
+    EXPECT_THAT(Paths(), ElementsAre("C:\\t\\b.txt", "C:\\t\\sub\\a.txt"));
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kFailed);
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kMoved);
     Search("*", "C:\\t");
     EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
 }

@@ -32,7 +32,7 @@ void AddMachine(CLI::App& app, Request& request) {
         for (const std::string& drive : *drives)
             machine.drives.push_back(Taken(ReadDrive("--drive", drive)));
     });
-    options.Value("--now TIME", machine.now, ReadMoment, "Runs as if it were this time");
+    options.Value("--now TIME", machine.now, ReadDate, "Runs as if it were this time");
     options.Flag("--verbose", request.verbose,
                  "Tells each of several equal failures, which are one line with a count otherwise");
 }

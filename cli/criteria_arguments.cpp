@@ -30,24 +30,35 @@ constexpr std::array<AttributeOption, 10> kAttributes{{
     {"--128", "Bit 128"},
 }};
 
-template <class Value>
-void CheckOrder(const Ends<Value>& ends, std::string_view what) {
-    if (!ends.low || !ends.high || *ends.low <= *ends.high) return;
+void RefuseBackwards(bool isBackwards, std::string_view what) {
+    if (!isBackwards) return;
     Refuse(fmt::format("The {} run backwards: the first end must not be above the second.", what));
 }
 
+// What words mean is known when the search begins, which looks again.
+void CheckOrder(const Criteria& criteria) {
+    const auto& [smallest, largest] = criteria.size;
+    RefuseBackwards(smallest && largest && *smallest > *largest, "sizes");
+    const auto& [first, last] = criteria.date;
+    const bool areDates = first && last && first->words.empty() && last->words.empty();
+    RefuseBackwards(areDates && first->date > last->date, "dates");
+}
+
 void AddSizes(Options& what, Ends<std::int64_t>& size) {
-    auto* low = what.Value("--size-at-least SIZE", size.low, ReadSize, "Bytes, or as 10K, 10M, 1G");
+    auto* low = what.Value("--size-at-least SIZE", size.low, ReadSize,
+                           "Bytes, or as 10K (KiB), 1.5M, \"2 GB\" (10^9), 1.5GiB");
     auto* high = what.Value("--size-at-most SIZE", size.high, ReadSize, "The same");
     auto* both = what.Value("--size-range A..B", size, ReadSizeRange, "Both at once");
     both->excludes(low)->excludes(high);
 }
 
-void AddDates(Options& what, Ends<text::DateTime>& date) {
+void AddDates(Options& what, Ends<Moment>& date) {
     auto* low =
-        what.Value("--since DATE", date.low, ReadMoment, "Dated then or later, as 2026-11-15");
+        what.Value("--since DATE", date.low, ReadMoment,
+                   "Dated then or later, as 2026-11-15, 2026-11, yesterday, \"last 7 days\"");
     auto* high = what.Value("--before DATE", date.high, ReadMoment, "Dated then or earlier");
-    auto* both = what.Value("--between A..B", date, ReadDateRange, "From A to the end of B");
+    auto* both = what.Value("--between A..B", date, ReadDateRange,
+                            "From A to the end of B, or words alone, as \"last week\"");
     both->excludes(low)->excludes(high);
 }
 
@@ -102,8 +113,7 @@ void CheckTests(Criteria& criteria) {
     if (criteria.locations.empty()) {
         Refuse("Say where to search with --in, such as --in ~/Music.");
     }
-    CheckOrder(criteria.size, "sizes");
-    CheckOrder(criteria.date, "dates");
+    CheckOrder(criteria);
     if (!criteria.anyAttribute) return;
     for (auto& attribute : criteria.attributes)
         attribute = attribute.value_or(kAny);

@@ -2,6 +2,7 @@
 
 #include "platform/try.h"
 #include "session/session.h"
+#include "text/date_words.h"
 #include "text/format.h"
 
 #include <fmt/format.h>
@@ -14,6 +15,8 @@ namespace {
 
 using session::InputResult;
 using session::Session;
+
+constexpr std::int64_t kLargestNumber = 2'147'483'647; // that a size box takes without a unit
 
 // A box that the options may have disabled takes the request all the same.
 void SetBox(Session& session, fields::CheckBox& box, bool checked) {
@@ -39,19 +42,29 @@ std::string_view ChoiceOf(const Ends<Value>& ends, std::string_view low, std::st
     return ends.low ? low : high;
 }
 
+// The boxes take more than 32 bits only with a unit.
+std::string SizeText(std::int64_t bytes) {
+    return fmt::format("{}{}", bytes, bytes > kLargestNumber ? " bytes" : "");
+}
+
 InputResult FillSize(Session& session, const Ends<std::int64_t>& size) {
     auto& form = session.frmSearch;
     const bool isTested = size.low || size.high;
     SetBox(session, form.chkSize, isTested);
     if (!isTested) return {};
-    const std::string first = fmt::format("{}", size.low ? *size.low : *size.high);
+    const std::string first = SizeText(size.low ? *size.low : *size.high);
     TX_TRY(EnterAll(session, {{&form.cboSize, ChoiceOf(size, "At Least", "At Most")},
                               {&form.txtSize1, first}}));
     if (!size.low || !size.high) return {};
-    return EnterAll(session, {{&form.txtSize2, fmt::format("{}", *size.high)}});
+    return EnterAll(session, {{&form.txtSize2, SizeText(*size.high)}});
 }
 
-std::string DateText(const text::DateTime& date) {
+std::string DateText(Session& session, const Moment& moment) {
+    text::DateTime date = moment.date;
+    if (!moment.words.empty()) {
+        const auto span = text::ParseDateWords(moment.words, session.Now());
+        if (span) date = moment.isEnd ? span->last : span->first;
+    }
     return text::FormatDate(date, "yyyy/mm/dd hh:mm:ss");
 }
 
@@ -63,8 +76,8 @@ InputResult FillDate(Session& session, session::ScriptedPrompts& prompts,
     TX_TRY(session::UserClick(
         session, form.mnuSearch_DateType[static_cast<std::size_t>(criteria.dateKind)]));
     if (!low && !high) return {};
-    std::string answer = DateText(low ? *low : *high);
-    if (low && high) answer = fmt::format("{} thru {}", answer, DateText(*high));
+    std::string answer = DateText(session, low ? *low : *high);
+    if (low && high) answer = fmt::format("{} thru {}", answer, DateText(session, *high));
     prompts.Queue(std::move(answer));
     return EnterAll(session, {{&form.cboDate, ChoiceOf(criteria.date, "Since", "Before")}});
 }

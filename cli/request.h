@@ -37,6 +37,19 @@ struct Ends {
     std::optional<Value> high;
 };
 
+// A time as a search tests it: a date, or words that the day of the search gives one, of whose
+// stretch it is the first or the last second.
+struct Moment {
+    text::DateTime date;
+    std::string words; // empty where `date` holds
+    bool isEnd = false;
+
+    Moment() = default;
+    Moment(const text::DateTime& exact) : date(exact) {} // a date is a moment as it stands
+    Moment(std::string_view typed, bool ends) : words(typed), isEnd(ends) {}
+    bool operator==(const Moment&) const = default;
+};
+
 // One search as a user would fill it in.
 struct Criteria {
     std::vector<std::string> patterns;  // as typed, each perhaps several with "|" between
@@ -46,7 +59,7 @@ struct Criteria {
     bool isNot = false;
     bool oneEach = false;
     Ends<std::int64_t> size; // bytes
-    Ends<text::DateTime> date;
+    Ends<Moment> date;
     int dateKind = 0;                              // an entry of mnuSearch_DateType
     std::array<std::optional<int>, 10> attributes; // by FrmSearch::attributeBoxes
     bool anyAttribute = false;                     // what those not given stand at

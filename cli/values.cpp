@@ -5,8 +5,9 @@
 #include "platform/try.h"
 #include "text/case.h"
 #include "text/characters.h"
+#include "text/date_words.h"
+#include "text/size_words.h"
 
-#include <CLI/CLI.hpp>
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -18,28 +19,13 @@ namespace tarvix::cli {
 
 namespace {
 
-constexpr std::string_view kDigits = "0123456789";
+constexpr std::int64_t kTooLarge = std::int64_t{1} << 62; // bytes; sums of two sizes are formed
+constexpr text::DateTime kAnyDay{2000, 1, 1};             // words that are some stretch always are
 constexpr std::string_view kAllColumns = "all";
 
 std::unexpected<std::string> Refusal(std::string_view option, std::string_view takes,
                                      std::string_view value) {
     return std::unexpected(fmt::format("{} takes {}, not \"{}\".", option, takes, value));
-}
-
-// The bytes as digits. The parser's own numbers would be read by eights behind a "0", by sixteens
-// behind "0x", and a unit alone would stand for one of it.
-std::optional<std::string> BytesOf(std::string_view value) {
-    static const CLI::AsSizeValue toBytes(false);
-    const std::size_t unit = std::min(value.find_first_not_of(kDigits), value.size());
-    const bool hasUnitOnly = value.find_first_of(" \t\n\v\f\r0123456789", unit) == value.npos;
-    if (unit == 0 || !hasUnitOnly) return std::nullopt;
-    std::string bytes(value.substr(std::min(value.find_first_not_of('0'), unit - 1)));
-    try {
-        if (!toBytes(bytes).empty()) return std::nullopt;
-    } catch (const CLI::ValidationError&) {
-        return std::nullopt;
-    }
-    return bytes;
 }
 
 std::string UnknownColumn(std::string_view name) {
@@ -48,48 +34,63 @@ std::string UnknownColumn(std::string_view name) {
                        meant.empty() ? " tarvix-cli search --help lists them." : meant);
 }
 
+// A date stands for itself, since only words wait for the day of the search.
+Read<Moment> ReadMomentAt(std::string_view option, std::string_view value, bool isEnd) {
+    const auto span = text::ParseDateWords(value, kAnyDay);
+    const bool isDate = text::ParseDate(value).has_value();
+    if (span && isDate) return isEnd ? span->last : span->first;
+    if (span) return Moment(value, isEnd);
+    return Refusal(option, "a date such as 2026-11-15, \"2026-11-15 19:54:52\" or \"last 7 days\"",
+                   value);
+}
+
+Read<Moment> ReadLastMoment(std::string_view option, std::string_view value) {
+    return ReadMomentAt(option, value, true);
+}
+
 template <class Value>
-Read<Ends<Value>> ReadEnds(std::string_view option, std::string_view value,
-                           Read<Value> (*read)(std::string_view, std::string_view)) {
+using Reader = Read<Value> (*)(std::string_view option, std::string_view value);
+
+template <class Value>
+Read<Ends<Value>> ReadEnds(std::string_view option, std::string_view value, Reader<Value> readLow,
+                           Reader<Value> readHigh) {
     const std::size_t dots = value.find("..");
     const std::string_view first = text::Trim(value.substr(0, dots));
     const std::string_view second = dots == value.npos ? "" : text::Trim(value.substr(dots + 2));
     if (first.empty() || second.empty()) {
         return Refusal(option, "two ends with \"..\" between", value);
     }
-    TX_TRY_ASSIGN(auto low, read(option, first));
-    TX_TRY_ASSIGN(auto high, read(option, second));
+    TX_TRY_ASSIGN(auto low, readLow(option, first));
+    TX_TRY_ASSIGN(auto high, readHigh(option, second));
     return Ends<Value>{low, high};
 }
 
 } // namespace
 
 Read<std::int64_t> ReadSize(std::string_view option, std::string_view value) {
-    static const CLI::Range fits(std::int64_t{0}, kLargestSize);
-    const auto bytes = BytesOf(value);
-    if (bytes && fits(*bytes).empty()) return std::stoll(*bytes);
-    return Refusal(option, "a size of at most 2147483647 bytes, such as 4096, 10K, 10M or 1G",
-                   value);
+    const auto bytes = text::ParseSize(value);
+    if (bytes && *bytes < kTooLarge) return *bytes;
+    return Refusal(option, "a size below 4 EiB, such as 4096, 10K, 1.5M or \"2 GB\"", value);
 }
 
 Read<Ends<std::int64_t>> ReadSizeRange(std::string_view option, std::string_view value) {
-    return ReadEnds(option, value, ReadSize);
+    return ReadEnds<std::int64_t>(option, value, ReadSize, ReadSize);
 }
 
-Read<text::DateTime> ReadMoment(std::string_view option, std::string_view value) {
+Read<text::DateTime> ReadDate(std::string_view option, std::string_view value) {
     const auto date = text::ParseDate(value);
     if (date && date->HasDate()) return *date;
     return Refusal(option, "a date such as 2026-11-15 or \"2026-11-15 19:54:52\"", value);
 }
 
-Read<Ends<text::DateTime>> ReadDateRange(std::string_view option, std::string_view value) {
-    auto dates = ReadEnds(option, value, ReadMoment);
-    const bool hasTime = value.find(':', std::min(value.find(".."), value.size())) != value.npos;
-    if (dates && !hasTime) {
-        dates->high->hour = 23;
-        dates->high->minute = dates->high->second = 59;
-    }
-    return dates;
+Read<Moment> ReadMoment(std::string_view option, std::string_view value) {
+    return ReadMomentAt(option, value, false);
+}
+
+Read<Ends<Moment>> ReadDateRange(std::string_view option, std::string_view value) {
+    const bool isStretch = value.find("..") == value.npos && ReadMoment(option, value);
+    if (!isStretch) return ReadEnds<Moment>(option, value, ReadMoment, ReadLastMoment);
+    return Ends<Moment>{*ReadMoment(option, value), *ReadLastMoment(option, value)};
 }
 
 Read<int> ReadLevels(std::string_view option, std::string_view value) {

@@ -11,23 +11,22 @@
 
 namespace tarvix::cli {
 
-// The largest size that the size boxes take.
-constexpr std::int64_t kLargestSize = 2'147'483'647;
-
 // Values of options. A failure is one sentence that names the option and what it takes.
 template <class Value>
 using Read = std::expected<Value, std::string>;
 
-// "4096", "10K", "10M", "1G" in bytes; the units are binary, in either case, "B" or "iB" behind
-// them allowed.
+// "4096", "10K", "1.5 GiB" in bytes, as text::ParseSize has it.
 Read<std::int64_t> ReadSize(std::string_view option, std::string_view value);
 // "10K..1M".
 Read<Ends<std::int64_t>> ReadSizeRange(std::string_view option, std::string_view value);
 
 // A date, with or without a time of day.
-Read<text::DateTime> ReadMoment(std::string_view option, std::string_view value);
-// "2026-01-01..2026-01-31"; without a time of day the second is the last second of its day.
-Read<Ends<text::DateTime>> ReadDateRange(std::string_view option, std::string_view value);
+Read<text::DateTime> ReadDate(std::string_view option, std::string_view value);
+// The same, or words for one, as text::ParseDateWords has them.
+Read<Moment> ReadMoment(std::string_view option, std::string_view value);
+// "2026-01-01..2026-01-31", without a time of day the second is the last second of its day; or
+// words for a stretch of time alone.
+Read<Ends<Moment>> ReadDateRange(std::string_view option, std::string_view value);
 
 // How many levels up the folder tree: from 1 to 999.
 Read<int> ReadLevels(std::string_view option, std::string_view value);

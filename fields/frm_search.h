@@ -22,9 +22,9 @@ class FrmSearch : public Form {
     Label lblTargetPath{*this, "lblTargetPath", "Target Path"};
     ComboBox cboTargetPath{*this, "cboTargetPath"};
     CheckBox chkNot{*this, "chkNot", "&NOT"};
-    CheckBox chkIncludeSubFolders{*this, "chkIncludeSubFolders", "Include s&ubfolders"};
-    CheckBox chkOneEach{*this, "chkOneEach", "One File from &Each Folder"};
-    CheckBox chkRepeatSearch{*this, "chkRepeatSearch", "&Repeat search"};
+    CheckBox chkIncludeSubFolders{*this, "chkIncludeSubFolders", "Include su&bfolders"};
+    CheckBox chkOneEach{*this, "chkOneEach", "One File from Each Folder"};
+    CheckBox chkRepeatSearch{*this, "chkRepeatSearch", "Repeat search"};
     CheckBox chkFastSort{*this, "chkFastSort", "Fast Sort (no &grouping)"};
     OptionGroup optFilesVsDirs{
         *this,
@@ -59,8 +59,8 @@ class FrmSearch : public Form {
     CommandButton cmdSearch{*this, "cmdSearch", "&Search"};
     CommandButton cmdStop{*this, "cmdStop", "Stop", false};
     CommandButton cmdNext{*this, "cmdNext", "Ne&xt", false};
-    CommandButton cmdBrowse{*this, "cmdBrowse", "&Browse"};
-    CommandButton cmdClearFolders{*this, "cmdClearFolders", "C&lear"};
+    CommandButton cmdBrowse{*this, "cmdBrowse", "Browse"};
+    CommandButton cmdClearFolders{*this, "cmdClearFolders", "Clear"};
     OptionGroup optBrowse{*this, "optBrowse", {"&Path", "Add Path&+", "MPL", "Add MPL&*"}};
 
     // The list, selection and actions.
@@ -70,11 +70,11 @@ class FrmSearch : public Form {
     CommandButton cmdSelectAllFiles{*this, "cmdSelectAllFiles", "Files"};
     CommandButton cmdSelectAllDirs{*this, "cmdSelectAllDirs", "Folders"};
     CommandButton cmdSelectNone{*this, "cmdSelectNone", "None"};
-    CommandButton cmdSelectReverse{*this, "cmdSelectReverse", "Re&verse"};
+    CommandButton cmdSelectReverse{*this, "cmdSelectReverse", "Reverse"};
     Frame fraStandardAction{*this, "fraStandardAction", "Actions", false};
     CommandButton cmdCopySelected{*this, "cmdCopySelected", "&Copy..."};
     CommandButton cmdMoveSelected{*this, "cmdMoveSelected", "&Move..."};
-    CommandButton cmdRenameSelected{*this, "cmdRenameSelected", "Ren&ame...", false};
+    CommandButton cmdRenameSelected{*this, "cmdRenameSelected", "Rename...", false};
     CommandButton cmdDeleteSelected{*this, "cmdDeleteSelected", "Rec&ycle", false};
     CommandButton cmdEditTargets{*this, "cmdEditTargets", "Edi&t Links (shortcuts)", false};
     CommandButton cmdDoVersionSort{*this, "cmdDoVersionSort", "Version sort", false};
@@ -82,7 +82,7 @@ class FrmSearch : public Form {
     // The banner of a loaded playlist: what it holds, what is marked, and what acts on it.
     Frame fraPlayList{*this, "fraPlayList", "", false};
     Label lblPlayList{*this, "lblPlayList"};
-    CommandButton cmdPreviewPlayList{*this, "cmdPreviewPlayList", "Previe&w...", false};
+    CommandButton cmdPreviewPlayList{*this, "cmdPreviewPlayList", "Preview...", false};
     CommandButton cmdEditPlayList{*this, "cmdEditPlayList", "Delete and Rename Files in Playlist",
                                   false};
 
@@ -105,11 +105,11 @@ class FrmSearch : public Form {
     CommandButton cmdOutcome{*this, "cmdOutcome", "", false}; // opens what the last action has done
 
     // Menu entries that a search or its end switches.
-    MenuEntry mnuRun{*this, "mnuRun", "Ru&n"};
-    MenuEntry mnuActions{*this, "mnuActions", "A&ctions"};
-    MenuEntry mnuTools{*this, "mnuTools", "&Tools"};
-    MenuEntry mnuBrowse{*this, "mnuBrowse", "&Browse"};
-    MenuEntry mnuOptions{*this, "mnuOptions", "&Options"};
+    MenuEntry mnuRun{*this, "mnuRun", "R&un"};
+    MenuEntry mnuActions{*this, "mnuActions", "&Actions"};
+    MenuEntry mnuTools{*this, "mnuTools", "Too&ls"};
+    MenuEntry mnuBrowse{*this, "mnuBrowse", "Bro&wse"};
+    MenuEntry mnuOptions{*this, "mnuOptions", "O&ptions"};
     MenuEntry mnuBrowse_ClearNow{*this, "mnuBrowse_ClearNow", "Clear 'Search Location(s)' Now"};
     std::array<MenuEntry, 4> mnuBrowse_Behave{
         MenuEntry{*this, "mnuBrowse_Behave", "Clear 'Search Location(s)' and Add Path", 0},

@@ -61,9 +61,13 @@ QVariant BatchModel::data(const QModelIndex& index, int role) const {
 QVariant BatchModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (role == Qt::DisplayRole && orientation == Qt::Vertical) return section + 1;
     if (orientation != Qt::Horizontal) return {};
-    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    const ColumnInfo& column = ColumnsOf(form_)[static_cast<std::size_t>(section)];
+    if (role == Qt::TextAlignmentRole) {
+        const auto side = column.isNumber ? Qt::AlignRight : Qt::AlignLeft;
+        return static_cast<int>(side | Qt::AlignVCenter);
+    }
     if (role != Qt::DisplayRole) return {};
-    return ColumnsOf(form_)[static_cast<std::size_t>(section)].head;
+    return column.head;
 }
 
 } // namespace tarvix::forms

@@ -141,14 +141,18 @@ Shower Binder::BindPicker(fields::DatePicker& field, QDateTimeEdit& picker) {
 Shower Binder::BindAction(fields::Control& control, QAction& action) {
     connect(&action, &QAction::triggered, this, [this, &control] { Click(control); });
     return [this, &control, &action] {
+        const bool canAct = !NeedsRoutine(control.Kind()) || HasRoutine(control);
         action.setText(ToQt(control.CaptionText()));
-        action.setVisible(control.Visible && HasRoutine(control));
+        action.setVisible(control.Visible && canAct);
         action.setEnabled(control.Enabled);
         const auto* entry = dynamic_cast<const fields::MenuEntry*>(&control);
         const auto* choice = dynamic_cast<const fields::OptionButton*>(&control);
-        if (entry == nullptr && choice == nullptr) return;
-        const bool checked = entry != nullptr ? entry->Checked : choice->Value;
-        if (checked) action.setCheckable(true);
+        const auto* box = dynamic_cast<const fields::CheckBox*>(&control);
+        if (entry == nullptr && choice == nullptr && box == nullptr) return;
+        const bool checked = entry != nullptr    ? entry->Checked
+                             : choice != nullptr ? choice->Value
+                                                 : box->Value == 1;
+        if (checked || box != nullptr) action.setCheckable(true);
         action.setChecked(checked);
     };
 }

@@ -11,10 +11,14 @@
 
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <compare>
+#include <cstdlib>
+#include <optional>
 
 namespace tarvix::forms {
 
@@ -25,8 +29,57 @@ constexpr const char* kOverwriteTip =
     "Replaces what is there, which goes to the trash. A folder is replaced whole, with all that is "
     "in it.";
 
+// How far a button lies in the direction of an arrow key; those of the same column come first, and
+// one in none of the rows or columns lies nowhere.
+struct Way {
+    bool isOffColumn = false;
+    int along = 0;
+    int aside = 0;
+    auto operator<=>(const Way&) const = default;
+};
+
+std::optional<Way> WayTo(const QRect& from, const QRect& to, int key) {
+    const QPoint way = to.center() - from.center();
+    const bool isInRow = to.top() <= from.bottom() && from.top() <= to.bottom();
+    const bool isInColumn = to.left() <= from.right() && from.left() <= to.right();
+    const bool isSideways = key == Qt::Key_Left || key == Qt::Key_Right;
+    const bool isBack = key == Qt::Key_Left || key == Qt::Key_Up;
+    const int forth = isSideways ? way.x() : way.y();
+    const int along = isBack ? -forth : forth;
+    if (along <= 0 || isSideways != isInRow) return std::nullopt;
+    return Way{!isSideways && !isInColumn, along, std::abs(isSideways ? way.y() : way.x())};
+}
+
+// An answer; arrow keys go to the one that lies that way, and stay where there is none.
+class AnswerButton : public QPushButton {
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isArrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
+        if (!isArrow || event->modifiers() != Qt::NoModifier)
+            return QPushButton::keyPressEvent(event);
+        if (QWidget* next = Towards(event->key())) next->setFocus(Qt::TabFocusReason);
+    }
+
+  private:
+    QRect Place() const { return {mapTo(window(), QPoint()), size()}; }
+    QWidget* Towards(int key) const {
+        QWidget* nearest = nullptr;
+        std::optional<Way> least;
+        for (auto* other : window()->findChildren<QPushButton*>()) {
+            const auto* answer = dynamic_cast<const AnswerButton*>(other);
+            if (answer == nullptr || !answer->isVisible() || !answer->isEnabled()) continue;
+            const auto way = WayTo(Place(), answer->Place(), key);
+            if (!way || (least && *least <= *way)) continue;
+            least = way;
+            nearest = other;
+        }
+        return nearest;
+    }
+};
+
 QPushButton* MakeChoice(const fields::CommandButton& field) {
-    QPushButton* button = Make(field);
+    auto* button = new AnswerButton;
+    button->setObjectName(ToQt(field.Name()));
     button->setAutoDefault(true);
     return button;
 }

@@ -1,6 +1,7 @@
 #include "forms/column_head.h"
 
 #include "forms/frozen_head.h"
+#include "forms/letters.h"
 #include "forms/staying_menu.h"
 #include "forms/text_conversion.h"
 #include "results/column_groups.h"
@@ -41,6 +42,7 @@ void ColumnHead::Connect() {
         auto* menu = new StayingMenu(&view_);
         menu->setAttribute(Qt::WA_DeleteOnClose);
         FillMenu(*menu, std::max(0, head_.ColumnAt(at.x())));
+        GiveLetters(*menu);
         menu->popup(head_.mapToGlobal(at));
     });
     connect(&head_, &QHeaderView::sectionClicked, this, [this](int column) {
@@ -103,6 +105,7 @@ void ColumnHead::FillMenu(QMenu& menu, int column) {
         QMenu* boxes = &menu;
         if (group != results::ColumnGroup::kUsual) {
             boxes = new StayingMenu(ToQt(results::TitleOf(group)), &menu);
+            GiveLettersWhenOpened(*boxes);
             menu.addMenu(boxes);
         }
         for (int i = 0; i < results::kColumnCount; ++i) {

@@ -1,5 +1,6 @@
 #include "forms/context_menu_window.h"
 
+#include "forms/letters.h"
 #include "forms/result_view.h"
 #include "forms/text_conversion.h"
 #include "session/session.h"
@@ -30,6 +31,7 @@ ContextMenuWindow::ContextMenuWindow(session::Session& session, EventGate& gate,
 
 void ContextMenuWindow::Fill(QMenu& menu, const std::vector<fields::MenuItem>& items) {
     menu.setToolTipsVisible(true);
+    GiveLettersWhenOpened(menu);
     for (const fields::MenuItem& item : items) {
         if (item.isLine) {
             menu.addSeparator();

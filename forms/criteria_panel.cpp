@@ -5,6 +5,7 @@
 #include "forms/date_edit.h"
 #include "forms/field_widgets.h"
 #include "forms/flow_layout.h"
+#include "forms/letters.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
 
@@ -48,6 +49,7 @@ QToolButton* MakeMenuButton(const char* object, const QString& name, QMenu*& men
     auto* button = new QToolButton;
     menu = new QMenu(button);
     menu->setToolTipsVisible(true);
+    GiveLettersWhenOpened(*menu);
     QObject::connect(button, &QToolButton::clicked, menu, [menu, button] {
         menu->popup(button->mapToGlobal(QPoint(0, button->height())));
     });
@@ -154,7 +156,7 @@ QWidget* MakeSize(const fields::FrmSearch& form) {
     for (const auto* box : {&form.txtSize1, &form.txtSize2}) {
         QLineEdit* edit = Make(*box);
         edit->setAccessibleName(box == &form.txtSize1 ? "Size" : "Largest size");
-        edit->setToolTip("Bytes, or with a unit: 20K, 300 MB, 1.5 GiB");
+        edit->setToolTip("Bytes, or with a unit: 300 MB, 1.5 GiB; 20K is 20 KiB");
         edit->setAlignment(Qt::AlignRight);
         edit->setFixedWidth(edit->fontMetrics().horizontalAdvance("2147483647") + 20);
         KeepPlace(*edit);

@@ -94,6 +94,7 @@ QTableView* LinkTableWindow::MakeTable() {
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 5);
     table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setDefaultSectionSize(fontMetrics().averageCharWidth() *
                                                      kCellCharacters);
     connect(model_, &QAbstractItemModel::dataChanged, this, [this] { ShowCount({}); });

@@ -59,6 +59,12 @@ SignLook LookOf(RowSign sign) {
         return {ThemeIcon("user-trash", QStyle::SP_TrashIcon), {}};
     case RowSign::kCut:
         return {QIcon::fromTheme("edit-cut"), "✂"};
+    case RowSign::kFailed:
+        return {{}, "✗"};
+    case RowSign::kMoved:
+        return {{}, "→"};
+    case RowSign::kRenamed:
+        return {{}, "✎"};
     case RowSign::kReplacement:
         return {{}, "✓"};
     case RowSign::kEntry:
@@ -81,6 +87,9 @@ std::vector<LegendEntry> LegendOfList() {
         {RowSign::kLink, 0, fields::kBlue, "name", "A link"},
         {RowSign::kGone, 0, fields::kBlack, "name", "Moved to the trash since the search"},
         {RowSign::kCut, 0, fields::kBlack, "name", "Cut, to be moved where it is pasted"},
+        {RowSign::kFailed, 0, fields::kBlue, "name", "Failed in the last action"},
+        {RowSign::kMoved, 0, fields::kBlue, "name", "Moved by the last action"},
+        {RowSign::kRenamed, 0, fields::kBlue, "name", "Renamed by the last action"},
     };
     for (int pattern = 2; pattern <= kLastColored; ++pattern) {
         legend.push_back({RowSign::kNone, pattern, results::PatternColor(pattern), "name",

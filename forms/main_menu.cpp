@@ -2,8 +2,10 @@
 
 #include "fields/controls.h"
 #include "forms/binder.h"
+#include "forms/letters.h"
 #include "forms/text_conversion.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QIcon>
 #include <QMainWindow>
@@ -25,14 +27,14 @@ struct TopMenu {
 };
 
 constexpr std::array<TopMenu, 10> kMenus{{{"&File", "mnuFile"},
-                                          {"Search", "mnuSearch"},
-                                          {"Select", "mnuSelect"},
+                                          {"Sea&rch", "mnuSearch"},
+                                          {"S&elect", "mnuSelect"},
                                           {"&View", "mnuView"},
-                                          {"A&ctions", "mnuActions"},
-                                          {"Ru&n", "mnuRun"},
-                                          {"&Tools", "mnuTools"},
-                                          {"&Browse", "mnuBrowse"},
-                                          {"&Options", "mnuOptions"},
+                                          {"&Actions", "mnuActions"},
+                                          {"R&un", "mnuRun"},
+                                          {"Too&ls", "mnuTools"},
+                                          {"Bro&wse", "mnuBrowse"},
+                                          {"O&ptions", "mnuOptions"},
                                           {"&Help", "mnuHelp"}}};
 
 struct ButtonEntry {
@@ -42,12 +44,15 @@ struct ButtonEntry {
     const char* icon;
 };
 
-// The buttons that are menu entries too.
-constexpr std::array<ButtonEntry, 14> kButtons{
+// The buttons and boxes that are menu entries too.
+constexpr std::array<ButtonEntry, 17> kButtons{
     {{"Search", "cmdSearch", "F5", "edit-find"},
      {"Search", "cmdStop", "Esc", "process-stop"},
      {"Search", "cmdNext", "", ""},
+     {"Search", "cmdBrowse", "", ""},
      {"Search", "cmdClearFolders", "", ""},
+     {"Search", "chkOneEach", "", ""},
+     {"Search", "chkRepeatSearch", "", ""},
      {"Select", "cmdSelectAll", "Ctrl+A", "edit-select-all"},
      {"Select", "cmdSelectAllFiles", "", ""},
      {"Select", "cmdSelectAllDirs", "", ""},
@@ -83,9 +88,11 @@ QChar MnemonicOf(const QString& caption) {
     return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
 }
 
-// Whether a button of the window answers to the letter of the control's caption.
-bool HasMnemonic(const fields::Control& control, const Binder& binder) {
+// Whether a button of the window answers to the letter of the control's caption; what only stands
+// in a menu does not.
+bool HasMnemonic(const QMainWindow& window, const fields::Control& control, const Binder& binder) {
     using fields::ControlKind;
+    if (window.findChild<QAbstractButton*>(ToQt(control.Name())) == nullptr) return false;
     const ControlKind kind = control.Kind();
     const bool isBox = kind == ControlKind::kCheckBox || kind == ControlKind::kOptionButton;
     return isBox || (kind == ControlKind::kCommandButton && binder.HasRoutine(control));
@@ -96,6 +103,7 @@ bool HasMnemonic(const fields::Control& control, const Binder& binder) {
 MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) {
     for (const TopMenu& top : kMenus) {
         menus_ << window.menuBar()->addMenu(top.title);
+        GiveLettersWhenOpened(*menus_.last());
     }
     for (const ButtonEntry& entry : kButtons) {
         AddField(*MenuFor(entry.menu), window, entry.field);
@@ -104,6 +112,7 @@ MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) 
         if (entry.icon[0] != '\0') action->setIcon(QIcon::fromTheme(entry.icon));
     }
     QMenu* write = MenuFor("Actions")->addMenu(kWriteTitle);
+    GiveLettersWhenOpened(*write);
     for (const std::string_view name : kWriteEntries) {
         AddField(*write, window, name);
     }
@@ -141,10 +150,11 @@ void MainMenu::AddToBar(QMainWindow& window, std::string_view name) {
     window.menuBar()->addAction(action);
 }
 
-void MainMenu::ClearMnemonics(const Binder& binder) {
+void MainMenu::ClearMnemonics(const QMainWindow& window, const Binder& binder) {
     std::set<QChar> taken;
     for (const fields::Control* control : form_.Controls()) {
-        if (HasMnemonic(*control, binder)) taken.insert(MnemonicOf(ToQt(control->CaptionText())));
+        if (HasMnemonic(window, *control, binder))
+            taken.insert(MnemonicOf(ToQt(control->CaptionText())));
     }
     for (QMenu* menu : menus_) {
         if (taken.contains(MnemonicOf(menu->title()))) menu->setTitle(menu->title().remove(u'&'));

@@ -21,7 +21,7 @@ class MainMenu {
     MainMenu(QMainWindow& window, const fields::Form& form);
 
     // Takes the letters that other controls answer to out of the menus' titles.
-    void ClearMnemonics(const Binder& binder);
+    void ClearMnemonics(const QMainWindow& window, const Binder& binder);
     // Shows the menus that have something to show, as their own fields allow.
     void Refresh();
     // The menu with this title, without regard to mnemonics.

@@ -1,5 +1,6 @@
 #include "forms/message_dialog.h"
 
+#include "forms/letters.h"
 #include "forms/text_conversion.h"
 #include "forms/wrapping_label.h"
 #include "session/message_style.h"
@@ -18,6 +19,8 @@
 namespace tarvix::forms {
 
 namespace {
+
+constexpr int kUsualLine = 90; // characters
 
 QStyle::StandardPixmap PictureOf(int style) {
     switch (session::IconOf(style)) {
@@ -56,14 +59,16 @@ QWidget* MakeLongText(const QString& text, const QString& name, QWidget* parent)
     auto* label = new WrappingLabel(text);
     label->setObjectName(name);
     const QFontMetrics metrics = label->fontMetrics();
-    const QSize wanted = label->SizeFor(metrics.averageCharWidth() * 90);
+    const QSize room = parent->screen()->availableSize();
+    const int usual = metrics.averageCharWidth() * kUsualLine;
+    const QSize wanted = label->SizeFor(label->WidthForLines(usual, room.width() * 8 / 10));
     auto* area = new QScrollArea(parent);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(label);
     area->setFocusPolicy(Qt::NoFocus);
-    const int most = parent->screen()->availableSize().height() * 6 / 10;
+    const int most = room.height() * 6 / 10;
     const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     area->setMinimumWidth(std::max(wanted.width(), metrics.averageCharWidth() * 40) + bar + 12);
     const int height = wanted.height() + metrics.height() / 2;
@@ -91,6 +96,7 @@ MessageDialog::MessageDialog(const MessageText& text, int style, const QString& 
     setAccessibleDescription(lead);
     first_->setDefault(true);
     first_->setFocus();
+    GiveLetters(*this);
 }
 
 QWidget* MessageDialog::MakeIcon(int style) {

@@ -5,6 +5,7 @@
 #include "forms/choice_window.h"
 #include "forms/context_menu_window.h"
 #include "forms/date_window.h"
+#include "forms/letters.h"
 #include "forms/link_table_window.h"
 #include "forms/link_windows.h"
 #include "forms/notice_window.h"
@@ -40,6 +41,7 @@ void ModalWindow::BindFields() {
     binder_ = std::make_unique<Binder>(session_, gate_, form_, *this);
     setWindowTitle(Shown(form_.Caption).section('\n', 0, 0).trimmed().left(100));
     Refresh();
+    GiveLetters(*this);
 }
 
 void ModalWindow::TakeSize(int characters) {
@@ -59,6 +61,7 @@ void ModalWindow::Flush() {
     if (!binder_) return;
     binder_->Flush();
     Refresh();
+    GiveLetters(*this);
     if (!form_.IsShown()) done(0);
 }
 

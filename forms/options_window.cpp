@@ -142,7 +142,6 @@ void OptionsWindow::Refresh() {
     ShowPage();
     ShowChanged();
     ShowVariables();
-    DropDoubledLetters(*this);
 }
 
 void OptionsWindow::ShowPage() {

@@ -1,12 +1,8 @@
 #include "forms/panel_parts.h"
 
-#include <QAbstractButton>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
-
-#include <set>
 
 namespace tarvix::forms {
 
@@ -57,26 +53,6 @@ QLabel* LabelFor(const QString& text, QWidget* box) {
     auto* label = new QLabel(text);
     label->setBuddy(box);
     return label;
-}
-
-void DropDoubledLetters(QWidget& window) {
-    std::set<QChar> taken;
-    const auto settle = [&](auto* part) {
-        const QString text = part->text();
-        const qsizetype at = text.indexOf(u'&');
-        if (!part->isVisibleTo(&window) || at < 0 || at + 1 >= text.size()) return;
-        if (!taken.insert(text[at + 1].toLower()).second)
-            part->setText(QString(text).remove(at, 1));
-    };
-    const auto buttons = window.findChildren<QAbstractButton*>();
-    for (const bool isPush : {true, false}) {
-        for (QAbstractButton* button : buttons) {
-            if ((qobject_cast<QPushButton*>(button) != nullptr) == isPush) settle(button);
-        }
-    }
-    for (QLabel* label : window.findChildren<QLabel*>()) {
-        if (label->buddy() != nullptr) settle(label);
-    }
 }
 
 void KeepPlace(QWidget& widget) {

@@ -17,10 +17,6 @@ void SettleRows(QWidget& panel);
 // A label that names a box.
 QLabel* LabelFor(const QString& text, QWidget* box);
 
-// Takes the letter off each caption in sight whose letter another answers to: buttons go before
-// boxes, and boxes before labels.
-void DropDoubledLetters(QWidget& window);
-
 // Makes a widget stay in its place, disabled, while its field is hidden.
 void KeepPlace(QWidget& widget);
 bool KeepsPlace(const QWidget& widget);

@@ -40,7 +40,7 @@ class RowDelegate : public QStyledItemDelegate {
     QString CutToFit(const QFontMetrics& metrics, const QString& text, int column, int width) const;
 
     ResultView& list_;
-    std::array<SignLook, 7> looks_;
+    std::array<SignLook, results::kRowSigns> looks_;
 };
 
 } // namespace tarvix::forms

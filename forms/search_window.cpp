@@ -66,7 +66,7 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     connect(&timer_, &QTimer::timeout, this, [this] {
         gate_.Run(nullptr, [this] { session_.Raise(session_.frmSearch.Timer1, "Timer"); });
     });
-    menu_->ClearMnemonics(*binder_);
+    menu_->ClearMnemonics(*this, *binder_);
     setMinimumSize(kSmallest);
     resize(FirstSize());
     gate_.Add(*this);
@@ -110,7 +110,7 @@ void SearchWindow::AddOwnEntries() {
     QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
-    FillViewMenu(*menu_->Find("View"), *list_, session_.state.platformSettings);
+    FillViewMenu(*menu_->Find("View"), *list_, session_);
     QAction* rename = actions->addAction("Rename &Here", this, [this] { RenameHere(); });
     rename->setShortcut(QKeySequence(Qt::Key_F2));
     rename->setObjectName("actRenameHere");

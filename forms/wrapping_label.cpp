@@ -13,7 +13,8 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr int kComfortable = 66; // characters in a line where there is room
+constexpr int kComfortable = 66;     // characters in a line where there is room
+constexpr int kUnbroken = 1'000'000; // pixels
 
 QSize Lay(QTextLayout& layout, int width) {
     QTextOption option(Qt::AlignLeft);
@@ -38,6 +39,12 @@ QString InLines(QString text) {
     return text.replace(u'\n', QChar::LineSeparator);
 }
 
+// Of one line that is not broken.
+QSize SizeOf(const QString& line, const QFont& font) {
+    QTextLayout layout(InLines(line), font);
+    return Lay(layout, kUnbroken);
+}
+
 } // namespace
 
 WrappingLabel::WrappingLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
@@ -54,6 +61,20 @@ WrappingLabel::WrappingLabel(const QString& text, QWidget* parent) : QLabel(text
 QSize WrappingLabel::SizeFor(int width) const {
     QTextLayout layout(InLines(text()), font());
     return Lay(layout, width);
+}
+
+// What is wider than there is room, such as a long path, is broken anyhow.
+int WrappingLabel::WidthForLines(int usual, int most) const {
+    const QStringList lines = text().split(u'\n');
+    int width = usual;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const bool isBelow = i > 0 && !lines[i - 1].isEmpty();
+        const bool isAbove = i + 1 < lines.size() && !lines[i + 1].isEmpty();
+        if (lines[i].isEmpty() || (!isBelow && !isAbove)) continue;
+        const int wanted = SizeOf(lines[i], font()).width();
+        if (wanted <= most) width = std::max(width, wanted);
+    }
+    return std::min(width, most);
 }
 
 QSize WrappingLabel::sizeHint() const {

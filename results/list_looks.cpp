@@ -30,6 +30,11 @@ bool HasSize(const ResultRow& row) {
     return !row.IsSpacer() && !row.isFolder && !row.Has(kNotRead);
 }
 
+RowSign SignOf(RowFate fate) {
+    if (fate == RowFate::kFailed) return RowSign::kFailed;
+    return fate == RowFate::kMoved ? RowSign::kMoved : RowSign::kRenamed;
+}
+
 } // namespace
 
 bool DividesGroups(const ResultList& rows, std::size_t spacer) {
@@ -41,6 +46,7 @@ RowSign SignOf(const ResultRow& row) {
     if (row.IsSpacer()) return RowSign::kNone;
     if (row.Has(kGone)) return RowSign::kGone;
     if (row.Has(kCut)) return RowSign::kCut;
+    if (row.Fate() != RowFate::kNone) return SignOf(row.Fate());
     if (row.Has(kReplacement)) return RowSign::kReplacement;
     if (row.Has(kEntry)) return RowSign::kEntry;
     if ((row.attributes & platform::kAlias) != 0) return RowSign::kLink;
@@ -53,6 +59,12 @@ std::string_view WordsOf(RowSign sign) {
         return "moved to the trash";
     case RowSign::kCut:
         return "cut";
+    case RowSign::kFailed:
+        return "failed in the last action";
+    case RowSign::kMoved:
+        return "moved";
+    case RowSign::kRenamed:
+        return "renamed";
     case RowSign::kReplacement:
         return "replacement, gets the Year-Rank";
     case RowSign::kEntry:

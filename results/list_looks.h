@@ -20,13 +20,17 @@ bool DividesGroups(const ResultList& rows, std::size_t spacer);
 // What a row is, beyond a plain file; the first that holds.
 enum class RowSign : std::uint8_t {
     kNone,
-    kGone,        // sent to the trash since the search
-    kCut,         // on the clipboard, to be moved
+    kGone,   // sent to the trash since the search
+    kCut,    // on the clipboard, to be moved
+    kFailed, // in the last action
+    kMoved,
+    kRenamed,
     kReplacement, // of an edited playlist
     kEntry,       // the same
     kLink,
     kFolder,
 };
+constexpr std::size_t kRowSigns = static_cast<std::size_t>(RowSign::kFolder) + 1;
 RowSign SignOf(const ResultRow& row);
 // The same in words; empty for none.
 std::string_view WordsOf(RowSign sign);

@@ -16,11 +16,6 @@ std::string WithReason(std::string word, std::string_view reason) {
     return reason.empty() ? word : fmt::format("{}: {}", word, reason);
 }
 
-std::string DoneWord(std::string_view action) {
-    if (action.starts_with("Copy")) return "Copied";
-    return action == "Move" ? "Moved" : "Renamed";
-}
-
 void Fold(std::vector<OutcomeGroup>& groups, std::string_view action) {
     OutcomeGroup all{groups.front().mark, std::nullopt, OutcomeWord(groups.front().mark, action)};
     for (const OutcomeGroup& group : groups)
@@ -31,10 +26,16 @@ void Fold(std::vector<OutcomeGroup>& groups, std::string_view action) {
 
 } // namespace
 
+std::string_view DoneVerb(std::string_view action) {
+    if (action == "Copy" || action == "CopyRenameAsFolderName") return "Copied";
+    if (action == "Move") return "Moved";
+    return action.starts_with("Rename") ? "Renamed" : "";
+}
+
 // What was done stands only in the action where it isn't the mark.
 std::string OutcomeWord(OutcomeMark mark, std::string_view action) {
     const std::string_view text = MarkText(mark);
-    if (mark == OutcomeMark::kNewName) return fmt::format("{} {}", DoneWord(action), text);
+    if (mark == OutcomeMark::kNewName) return fmt::format("{} {}", DoneVerb(action), text);
     std::string word(text);
     word.front() = static_cast<char>(word.front() - 'a' + 'A');
     return word;

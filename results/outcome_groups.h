@@ -11,6 +11,8 @@
 
 namespace tarvix::results {
 
+// "Copied", "Moved" or "Renamed" for the key of an action that places objects; empty for others.
+std::string_view DoneVerb(std::string_view action);
 // "Failed", "Copied under a new name": what became of an object, as the head of a line; `action` is
 // the key of what was done.
 std::string OutcomeWord(OutcomeMark mark, std::string_view action);

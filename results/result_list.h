@@ -39,6 +39,10 @@ enum RowMark : std::uint8_t {
     kGone = 32,       // sent to the trash since the search
 };
 
+// What the last action did with the object of a row; kept above the marks, since rows are many.
+enum class RowFate : std::uint8_t { kNone, kFailed, kMoved, kRenamed };
+constexpr unsigned kFateShift = 6;
+
 // One object as compact facts; its cells are made when asked for. A row with an empty name is a
 // spacer.
 struct ResultRow {
@@ -51,13 +55,18 @@ struct ResultRow {
     std::uint32_t filesInFolder = 0;
     std::uint32_t foldersInFolder = 0;
     std::uint8_t searchForIndex = 1; // the first string that found it
-    std::uint8_t marks = 0;          // see RowMark
+    std::uint8_t marks = 0;          // see RowMark, and the fate
     bool isFolder = false;
     bool selected = false;
     RowIdentity identity; // packed by the list
 
     bool IsSpacer() const { return name.empty(); }
     bool Has(RowMark mark) const { return (marks & mark) != 0; }
+    RowFate Fate() const { return static_cast<RowFate>(marks >> kFateShift); }
+    void SetFate(RowFate fate) {
+        const unsigned others = marks & ((1U << kFateShift) - 1);
+        marks = static_cast<std::uint8_t>(others | static_cast<unsigned>(fate) << kFateShift);
+    }
 };
 
 class RowDetails;

@@ -1,8 +1,12 @@
 #include "results/row_marks.h"
 
 #include "platform/file_system.h"
+#include "results/outcome_list.h"
 #include "results/result_list.h"
 #include "session/session.h"
+#include "text/paths.h"
+
+#include <string>
 
 namespace tarvix::results {
 
@@ -16,6 +20,20 @@ void SetMark(ResultRow& row, RowMark mark, bool isSet) {
 
 bool IsMissing(const platform::PlatformError& error) {
     return error.number == platform::kFileNotFound || error.number == platform::kPathNotFound;
+}
+
+std::size_t RowAt(ResultList& rows, const std::string& path, bool isFile) {
+    if (path.empty()) return rows.Count();
+    return rows.Find(isFile ? text::ParentFolder(path) : path, text::FolderOwnName(path), !isFile);
+}
+
+RowFate FateOf(const OutcomeList& list, std::size_t at) {
+    const OutcomeMark mark = list.MarkOf(at);
+    if (mark == OutcomeMark::kNotReached) return RowFate::kNone;
+    if (IsTrouble(mark)) return RowFate::kFailed;
+    if (!list.IsPlaced(at)) return RowFate::kNone;
+    if (list.Action() == "Move") return RowFate::kMoved;
+    return list.Action().starts_with("Rename") ? RowFate::kRenamed : RowFate::kNone;
 }
 
 } // namespace
@@ -43,6 +61,25 @@ void MarkGone(session::Session& session) {
         const bool isGone = !look && IsMissing(look.error());
         SetMark(row, kGone, isGone);
         if (isGone) row.selected = false;
+    }
+}
+
+std::size_t RowOfOutcome(ResultList& rows, const OutcomeList& list, std::size_t at) {
+    const bool isFile = list.IsFile(at);
+    const bool isCopiedOnly = list.MarkOf(at) == OutcomeMark::kCopiedOnly;
+    const std::size_t row = isCopiedOnly ? rows.Count() : RowAt(rows, list.Now(at), isFile);
+    return row < rows.Count() ? row : RowAt(rows, list.Source(at), isFile);
+}
+
+void MarkFates(ResultList& rows, const OutcomeList& list) {
+    for (std::size_t i = 0; i < rows.Count(); ++i)
+        rows.At(i).SetFate(RowFate::kNone);
+    for (std::size_t at = 0; at < list.Count() && rows.Count() > 0; ++at) {
+        const RowFate fate = FateOf(list, at);
+        if (fate == RowFate::kNone) continue;
+        const std::size_t row = RowOfOutcome(rows, list, at);
+        const bool hasFailed = row < rows.Count() && rows.At(row).Fate() == RowFate::kFailed;
+        if (row < rows.Count() && !hasFailed) rows.At(row).SetFate(fate); // at one of its places
     }
 }
 

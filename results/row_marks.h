@@ -1,10 +1,15 @@
 #pragma once
 
+#include <cstddef>
+
 namespace tarvix::session {
 struct Session;
 }
 
 namespace tarvix::results {
+
+class OutcomeList;
+class ResultList;
 
 // What the rows show of objects that were cut, or are gone since an action. The next search begins
 // without marks.
@@ -16,5 +21,11 @@ void ClearCut(session::Session& session);
 // Marks those of the selected rows as gone, and unselects them, at whose paths nothing stands any
 // more. The counters are the caller's to count anew.
 void MarkGone(session::Session& session);
+
+// The row of an object of the last action: of what was moved or renamed where it is by now, else
+// where it was listed; Count() when there is none.
+std::size_t RowOfOutcome(ResultList& rows, const OutcomeList& list, std::size_t at);
+// Gives the rows what the last action did with their objects, and all others none.
+void MarkFates(ResultList& rows, const OutcomeList& list);
 
 } // namespace tarvix::results

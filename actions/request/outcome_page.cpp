@@ -1,15 +1,15 @@
 #include "actions/request/outcome_page.h"
 
-#include "actions/run/summary.h"
 #include "platform/applications.h"
+#include "results/outcome_groups.h"
 #include "results/outcome_list.h"
 #include "results/result_list.h"
+#include "results/row_marks.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
 #include "session/prompt_id.h"
 #include "session/session.h"
 #include "text/format.h"
-#include "text/paths.h"
 
 #include <fmt/core.h>
 
@@ -138,8 +138,9 @@ std::string OutcomeHeadline(const OutcomeList& list) {
     const bool isDelete = list.Action() == "Delete";
     const std::int64_t done = Sum(list, kHows) + Sum(list, kUsual);
     const auto all = static_cast<std::int64_t>(list.Count());
-    std::string told = fmt::format("{} {} of {} {}", isDelete ? "Moved" : DoneVerb(list.Action()),
-                                   Figure(done), Figure(all), all == 1 ? "object" : "objects");
+    std::string told =
+        fmt::format("{} {} of {} {}", isDelete ? "Moved" : results::DoneVerb(list.Action()),
+                    Figure(done), Figure(all), all == 1 ? "object" : "objects");
     if (isDelete) told += " to the trash";
     const std::string hows = Listed(list, [](OutcomeMark mark) { return Holds(kHows, mark); });
     if (!hows.empty()) told += fmt::format(" ({})", hows);
@@ -152,6 +153,7 @@ std::string OutcomeHeadline(const OutcomeList& list) {
 void OfferOutcome(Session& session, const OutcomeWatch& watch) {
     if (!watch.HasNew(session)) return;
     const OutcomeList& list = *session.outcomes;
+    results::MarkFates(*session.rows, list);
     auto& page = session.forms.frmOutcome;
     page.lblMain.Caption = OutcomeHeadline(list);
     page.chosen.clear();
@@ -175,11 +177,7 @@ void SelectFailed(Session& session) {
         rows.At(i).selected = false;
     for (std::size_t at = 0; at < list.Count(); ++at) {
         if (!results::IsTrouble(list.MarkOf(at))) continue;
-        const bool isCopiedOnly = list.MarkOf(at) == OutcomeMark::kCopiedOnly;
-        const std::string path = isCopiedOnly ? list.Source(at) : list.Now(at);
-        const std::string folder = text::ParentFolder(path);
-        const std::size_t row =
-            rows.Find(list.IsFile(at) ? folder : path, text::FolderOwnName(path), !list.IsFile(at));
+        const std::size_t row = results::RowOfOutcome(rows, list, at);
         if (row < rows.Count()) rows.At(row).selected = true;
     }
     session.forms.frmOutcome.Hide();

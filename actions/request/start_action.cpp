@@ -14,6 +14,7 @@
 #include "actions/request/start_sources.h"
 #include "actions/run/ask_flow.h"
 #include "actions/run/summary.h"
+#include "results/outcome_groups.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
 #include "session/prompt_id.h"
@@ -66,7 +67,7 @@ void TellSummary(Session& session) {
     const bool isSilent = totals.done + totals.skipped + totals.failed == 0 ||
                           session.state.blnActionCancelled || !status.Caption->empty();
     if (isSilent) return;
-    const std::string_view verb = DoneVerb(session.state.strAction);
+    const std::string_view verb = results::DoneVerb(session.state.strAction);
     if (!verb.empty()) status.Caption = SummaryText(totals, verb);
 }
 

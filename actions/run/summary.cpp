@@ -12,12 +12,6 @@
 
 namespace tarvix::actions {
 
-std::string_view DoneVerb(std::string_view action) {
-    if (action == "Copy" || action == "CopyRenameAsFolderName") return "Copied";
-    if (action == "Move") return "Moved";
-    return action.starts_with("Rename") ? "Renamed" : "";
-}
-
 std::string SummaryText(const session::ActionTotals& totals, std::string_view verb) {
     const auto figure = [](std::int64_t count) { return text::Format(count, "#,##0"); };
     const std::int64_t reached = totals.done + totals.skipped + totals.failed;

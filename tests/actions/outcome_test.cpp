@@ -1,6 +1,7 @@
 #include "actions/request/outcome_page.h"
 #include "actions/request/rename_in_place.h"
 #include "results/outcome_list.h"
+#include "results/row_marks.h"
 #include "tests/actions/action_fixture.h"
 
 #include <gmock/gmock.h>
@@ -204,6 +205,88 @@ TEST_F(Outcomes, ACancelledWindowLeavesThePageOfTheActionBefore) {
     Do(Form().cmdCopySelected, [](fields::FrmDialog&) {}, {"Cancel"});
     EXPECT_THAT(Listed(), ElementsAre("copied: C:\\t\\a.txt -> C:\\d\\a.txt"));
     EXPECT_TRUE(Form().cmdOutcome.Visible);
+}
+
+// ---- what the rows show of it ----
+
+using Fates = Outcomes;
+using results::RowFate;
+
+TEST_F(Fates, WhatCouldNotBeCopiedHasItsSignUntilTheNextAction) {
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Disk().AddFile("C:\\t\\b.txt", "b");
+    machine.faults.FailPath("C:\\t\\b.txt", platform::kDeviceError, "CopyFile");
+    Find();
+    Copy(To("C:\\d"));
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kFailed);
+    Do(Form().cmdCopySelected, [](fields::FrmDialog&) {}, {"Cancel"});
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kFailed); // nothing was done since
+    machine.faults.ClearFaults();
+    Copy(To("C:\\d"));
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kNone);
+}
+
+TEST_F(Fates, WhatAStopLeavesAsItWasHasNone) {
+    for (const char* name : {"a", "b"})
+        Disk().AddFile(std::string("C:\\t\\") + name, "x");
+    Find();
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("CopyFile", 2, [this] { State().blnStopAction = true; });
+    Copy(To("C:\\d"));
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kNone);
+}
+
+TEST_F(Fates, ARepeatedSearchShowsWhatWasMovedWithinItAndWhatWasNot) {
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Disk().AddFile("C:\\t\\b.txt", "b");
+    Disk().AddFolder("C:\\t\\sub");
+    machine.faults.FailPath("C:\\t\\b.txt", platform::kDeviceError, "MoveFile");
+    Find();
+    Set(Form().chkRepeatSearch, "1");
+    Move(To("C:\\t\\sub"));
+    EXPECT_THAT(Paths(), ElementsAre("C:\\t\\b.txt", "C:\\t\\sub\\a.txt"));
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kFailed);
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kMoved);
+    Search("*", "C:\\t");
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
+}
+
+TEST_F(Fates, WhatCouldNotGoToTheTrashHasItsSign) {
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Disk().AddFile("C:\\t\\b.txt", "b");
+    machine.bin.Refuse("C:\\t\\b.txt", platform::kPermissionDenied);
+    Find();
+    prompts.Queue("Yes");
+    prompts.Queue("cmdNo");
+    Click(Form().cmdDeleteSelected);
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
+    EXPECT_TRUE(program.Rows().At(0).Has(results::kGone));
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kFailed);
+}
+
+TEST_F(Fates, WhatFailedAtOneOfItsPlacesHasFailed) {
+    results::OutcomeList list;
+    list.Begin("Move");
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Find();
+    list.Add({.source = "C:\\t\\a.txt", .mark = OutcomeMark::kFailed});
+    list.Add({.source = "C:\\t\\a.txt",
+              .place = "C:\\e\\a.txt",
+              .mark = OutcomeMark::kMoved,
+              .isPlaced = true});
+    results::MarkFates(program.Rows(), list);
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kFailed);
+}
+
+TEST_F(Fates, ARowThatIsRenamedWhereItStandsHasItsSign) {
+    Disk().AddFile("C:\\t\\a.txt", "a");
+    Disk().AddFile("C:\\t\\b.txt", "b");
+    Find();
+    actions::RenameInPlace(S(), 1, "c.txt");
+    EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
+    EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kRenamed);
 }
 
 // ---- one object renamed where it stands in the list ----

@@ -20,10 +20,11 @@ TEST_F(RefusalsTest, EachIsOneSentenceAndNothingIsDone) {
     const std::vector<Case> cases{
         {{"search", "*"}, "Say where to search with --in, such as --in ~/Music."},
         {{"search", "*", "--in", "basic", "--size-at-least", "big"},
-         "--size-at-least takes a size of at most 2147483647 bytes, such as 4096, 10K, 10M or 1G, "
+         "--size-at-least takes a size below 4 EiB, such as 4096, 10K, 1.5M or \"2 GB\", "
          "not \"big\"."},
-        {{"search", "*", "--in", "basic", "--since", "yesterday"},
-         "--since takes a date such as 2026-11-15 or \"2026-11-15 19:54:52\", not \"yesterday\"."},
+        {{"search", "*", "--in", "basic", "--since", "soon"},
+         "--since takes a date such as 2026-11-15, \"2026-11-15 19:54:52\" or \"last 7 days\", "
+         "not \"soon\"."},
         {{"search", "*", "--in", "basic", "--columns", "Nmae"},
          "There is no column \"Nmae\". Did you mean \"Name\"?"},
         {{"search", "*", "--in", "basic", "--jsn"},

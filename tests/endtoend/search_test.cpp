@@ -54,6 +54,14 @@ TEST_F(SearchTest, Basic) {
         {{"a*", "--in", "basic", "--before", "2025-03-04 05:06:07"}, "ROOT/basic/a.mp3\n"},
         {{"a*", "--in", "basic", "--between", "2025-03-04..2025-03-04"}, "ROOT/basic/a.mp3\n"},
         {{"a*", "--in", "basic", "--since", "2025-03-05"}, ""},
+        {{"a*", "--in", "basic", "--since", "this year"}, "ROOT/basic/a.mp3\n"},
+        {{"a*", "--in", "basic", "--since", "last 7 days"}, ""},
+        {{"a*", "--in", "basic", "--between", "2025-03"}, "ROOT/basic/a.mp3\n"},
+        {{"a*", "--in", "basic", "--between", "last month"}, ""},
+        {{"a*", "--in", "basic", "--between", "2025-03-01..yesterday"}, "ROOT/basic/a.mp3\n"},
+        {{"*", "--in", "basic", "--size-at-least", "1.5 kB"}, "ROOT/basic/sub/c.mp3\n"},
+        {{"*", "--in", "basic", "--size-at-least", "3 GiB"}, ""},
+        {{"*", "--in", "basic", "--size-range", "2 K..3000000000"}, "ROOT/basic/sub/c.mp3\n"},
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include "forms/help_window.h"
 #include "forms/theme.h"
+#include "results/outcome_list.h"
+#include "results/row_marks.h"
 #include "session/prompt_id.h"
 #include "session/prompt_table.h"
 #include "session/wordings.h"
@@ -9,8 +11,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPushButton>
 
 #include <algorithm>
@@ -166,15 +170,25 @@ void EveryWindow::FillForms() {
     auto& forms = S().forms;
     forms.frmAsk.parts = {.question = "Duplicate found of File :\r\n\r\n'01 Takk.mp3'\r\n\r\n"
                                       "Would you like to replace existing",
-                          .existing = {.folder = "C:\\home\\ann\\Copies",
+                          .existing = {.folder = "/home/ann/Copies",
                                        .name = "01 Takk.mp3",
                                        .size = "11,490",
                                        .date = "2013/03/03 05:44:00"},
-                          .thisOne = {.folder = "C:\\home\\ann\\Music\\Sigur Rós\\Takk (2005)",
+                          .thisOne = {.folder = "/home/ann/Music/Sigur Rós/Takk (2005)",
                                       .name = "01 Takk.mp3",
                                       .size = "11,612",
                                       .date = "2013/03/01 20:10:00"},
-                          .rule = "Rename rule: Add  '_' at end."};
+                          .rule = "Rename rule: Add  '_' at end.",
+                          .headline = "01 Takk.mp3 is already in /home/ann/Copies",
+                          .position = "3 of 8",
+                          .content = "The contents differ.",
+                          .newName = "01 Takk_.mp3",
+                          .rest = "Cancel leaves this and the other 5 as they are."};
+    forms.frmAsk.parts.existing.dateNote = "newer";
+    forms.frmAsk.parts.thisOne.sizeNote = "larger";
+    forms.frmOpenWith.lblMain.Caption = "Open 3 objects with";
+    forms.frmOpenWith.lstApplications.SetItems({"Image Viewer", "Media Player", "Text Editor"});
+    forms.frmRuns.cmdView.Enabled = forms.frmRuns.cmdRecycle.Enabled = true;
     forms.frmAsk259.lblMain.Caption =
         "The new path has 4,102 bytes, more than the 4,095 that can be opened at once:\r\n\r\n"
         "/home/ann/Copies/a/very/long/path";
@@ -200,7 +214,18 @@ void EveryWindow::FillForms() {
     forms.frmLinkTable.lblMain.Caption = "Values of 2 shortcuts";
     forms.frmLinkTable.rows = {{.name = "Player.desktop",
                                 .values = {"/usr/bin/vlc", "", "", "", "", "", ""},
+                                .isEditable = {true, true, true, true, true, true, true}},
+                               {.name = "Film.desktop",
+                                .values = {"/usr/bin/vlc --fullscreen", "", "", "", "", "", ""},
                                 .isEditable = {true, true, true, true, true, true, true}}};
+    forms.frmLinkTable.first = forms.frmLinkTable.rows;
+    forms.frmLinkTable.rows[0].values[0] = "/usr/bin/mpv";
+    forms.frmRuns.lblMain.Caption =
+        "3 runs with an action log in /home/ann/.local/share/tarvix. The last 200 are kept, as "
+        "LogsKept in the options says.";
+    forms.frmRuns.lstRuns.SetItems({"2025/06/01 12:00:00   this run",
+                                    "2025/05/30 20:15:31   Copied 12 of 12 objects.",
+                                    "2025/05/29 08:02:10   Moved 380 of 381 objects, 1 failed."});
     forms.frmNumbers.txtLine.Text = "track *.mp3";
     forms.frmNumbers.lblMain.Caption = "100 lines";
     forms.frmNumbers.lstFirstLines.SetItems({"track 0001.mp3", "track 0002.mp3"});
@@ -219,7 +244,8 @@ void EveryWindow::SeeForms(const Look& look) {
              &forms.frmAsk, &forms.frmAsk259, &forms.frmOverrideDialog,
              &forms.frmOverrideRecycleFail, &forms.frmUnread, &forms.frmWelcome, &forms.frmNumbers,
              &forms.frmForChar, &forms.frmTrailingSp, &forms.frmAllUsers, &forms.frmShortcutWarning,
-             &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmBatch}) {
+             &forms.frmOpenWith, &forms.frmLinkChanges, &forms.frmLinkTable, &forms.frmBatch,
+             &forms.frmRuns}) {
         OnModal([&, form](QWidget& modal) {
             Settle();
             look(modal, form->Name());
@@ -267,13 +293,105 @@ void EveryWindow::SeeHelp(const Look& look) {
     Activate(*window);
 }
 
+// Each menu of the bar as it stands open, and those that open from it.
+void EveryWindow::SeeMenus(const Look& look) {
+    const auto see = [&](QMenu& menu) {
+        const QString title = menu.title().remove(u'&').toLower();
+        menu.popup(window->mapToGlobal(QPoint(40, 40)));
+        Settle();
+        look(menu, "menu-" + title.section(u' ', 0, 0).toStdString());
+        menu.close();
+    };
+    for (const QAction* top : window->menuBar()->actions()) {
+        if (!top->isVisible() || top->menu() == nullptr) continue;
+        see(*top->menu());
+        for (const QAction* entry : top->menu()->actions()) {
+            if (entry->isVisible() && entry->menu() != nullptr) see(*entry->menu());
+        }
+    }
+    Activate(*window);
+}
+
+void EveryWindow::SeeContextMenu(const Look& look) {
+    S().state.options.blnNoContextMenuWarning = true;
+    OnPopup([&look](QMenu& menu) {
+        Settle();
+        look(menu, "menu-of-objects");
+        menu.close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(window->List().viewport(), &event);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return AllModalsCame(); }, 3000));
+    Activate(*window);
+}
+
+// A copy in which something failed.
+void EveryWindow::FillOutcomes() {
+    results::OutcomeList& list = *S().outcomes;
+    list.Begin("Move");
+    for (std::size_t i = 0; i < S().rows->Count(); ++i) {
+        if (S().rows->At(i).IsSpacer()) continue;
+        const std::string path = S().rows->FullPath(i);
+        const std::string name(S().rows->At(i).name);
+        const std::string place = "C:\\home\\ann\\Copies\\" + name;
+        if (i % 7 == 2) {
+            list.Add({.source = path,
+                      .place = place,
+                      .mark = results::OutcomeMark::kFailed,
+                      .errorNumber = 70,
+                      .error = path + ": Permission denied.",
+                      .shownSource = path});
+        } else {
+            list.Add(
+                {.source = path,
+                 .place = place,
+                 .mark = i % 7 == 3 ? results::OutcomeMark::kSkipped : results::OutcomeMark::kMoved,
+                 .isPlaced = i % 7 != 3,
+                 .leaves = i % 7 != 3});
+        }
+    }
+    results::MarkFates(*S().rows, list);
+}
+
+void EveryWindow::SeeOutcome(const Look& look) {
+    Press("cmdSelectNone");
+    FillOutcomes();
+    window->List().viewport()->update();
+    Settle();
+    look(*window, "search-after-a-move");
+    auto& page = S().forms.frmOutcome;
+    page.lblMain.Caption = "Moved 14 of 20 objects, 3 failed, 3 skipped as duplicates.";
+    page.cmdSelectFailed.Visible = true;
+    page.cmdOpenTrash.Visible = false;
+    gate.Run(nullptr, [&page] { page.Show(); });
+    gate.Flush();
+    Settle();
+    look(*window, "outcome");
+    gate.Run(nullptr, [&page] { page.Hide(); });
+    gate.Flush();
+}
+
+void EveryWindow::SeeLegend(const Look& look) {
+    Find<QAction>("actLegend")->trigger();
+    auto* legend = window->findChild<QDialog*>("frmLegend");
+    ASSERT_NE(legend, nullptr);
+    Settle();
+    look(*legend, "legend");
+    legend->close();
+    Activate(*window);
+}
+
 void EveryWindow::Each(const Look& look) {
     SeeSearch(look);
+    SeeMenus(look);
+    SeeContextMenu(look);
+    SeeLegend(look);
     SeeDates(look);
     SeeActions(look);
     SeeForms(look);
     SeeOptions(look);
     SeeQuestions(look);
+    SeeOutcome(look);
     SeeHelp(look);
 }
 

@@ -31,6 +31,11 @@ class EveryWindow : public WindowFixture {
     void SeeOptions(const Look& look);
     void SeeQuestions(const Look& look);
     void SeeHelp(const Look& look);
+    void SeeMenus(const Look& look);
+    void SeeContextMenu(const Look& look);
+    void SeeOutcome(const Look& look);
+    void SeeLegend(const Look& look);
+    void FillOutcomes();
     void LookAtModal(const Look& look, const std::string& name);
     void FillForms();
 };

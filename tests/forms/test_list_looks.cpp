@@ -19,6 +19,7 @@
 #include <QStyle>
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cmath>
 #include <set>
 
@@ -438,6 +439,28 @@ TEST_F(ListLooksTest, AFolderHasASignInFrontOfItsName) {
     EXPECT_GT(sign(1), 1U);
 }
 
+TEST_F(ListLooksTest, WhatTheLastActionDidIsASignAndIsSpoken) {
+    Fill({"a", "b", "c", "d"});
+    program.Rows().At(1).SetFate(results::RowFate::kFailed);
+    program.Rows().At(2).SetFate(results::RowFate::kMoved);
+    program.Rows().At(3).SetFate(results::RowFate::kRenamed);
+    const QString plain = Cell(0, 0).data(Qt::AccessibleTextRole).toString();
+    EXPECT_FALSE(plain.contains("action"));
+    const std::array<const char*, 4> spoken{"", "failed in the last action", "moved", "renamed"};
+    std::set<QByteArray> looks;
+    for (int row = 0; row < 4; ++row) {
+        const auto words = Cell(row, 0).data(Qt::AccessibleTextRole).toString().toStdString();
+        EXPECT_THAT(words, ::testing::EndsWith(spoken[static_cast<std::size_t>(row)]));
+        const QRect name = List().visualRect(Cell(row, results::kName));
+        const QRect part(4, name.top() + 1, List().fontMetrics().height(), name.height() - 2);
+        const QImage shot =
+            List().viewport()->grab(part).toImage().convertToFormat(QImage::Format_Mono);
+        looks.insert(QByteArray(reinterpret_cast<const char*>(shot.constBits()),
+                                static_cast<int>(shot.sizeInBytes())));
+    }
+    EXPECT_EQ(looks.size(), 4U); // told apart without their colours
+}
+
 TEST_F(ListLooksTest, TheLegendTellsOfEveryColourAndSign) {
     Entry("actLegend")->trigger();
     auto* legend = window->findChild<QDialog*>("frmLegend");
@@ -450,7 +473,8 @@ TEST_F(ListLooksTest, TheLegendTellsOfEveryColourAndSign) {
     }
     for (const char* meaning :
          {"A file", "A folder", "A link", "Found by search string 2", "Found by search string 10",
-          "An entry of the playlist", "Moved to the trash since the search"}) {
+          "An entry of the playlist", "Moved to the trash since the search",
+          "Failed in the last action", "Moved by the last action", "Renamed by the last action"}) {
         EXPECT_TRUE(texts.contains(meaning)) << meaning;
     }
     std::set<QRgb> colors;

@@ -12,7 +12,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTextEdit>
@@ -222,6 +224,31 @@ void ExpectLettersOnce(const QWidget& window, const std::string& name) {
     }
 }
 
+// Each entry is to be seen whole where the screen has room for all, else the menu scrolls; and
+// answers to a letter of its own.
+void ExpectEntries(const QMenu& menu, const std::string& name) {
+    std::map<QChar, std::string> seen;
+    const QSize room = menu.screen()->availableSize();
+    const bool isWhole = menu.sizeHint().boundedTo(room) == menu.sizeHint();
+    for (QAction* entry : menu.actions()) {
+        if (!entry->isVisible() || entry->isSeparator()) continue;
+        const std::string text = name + ": " + entry->text().toStdString();
+        const QRect place = menu.actionGeometry(entry);
+        EXPECT_TRUE(!isWhole || menu.rect().contains(place)) << text;
+        const int needs = menu.fontMetrics().horizontalAdvance(entry->text().section(u'\t', 0, 0));
+        EXPECT_GT(place.width(), needs) << text;
+        const qsizetype at = QString(entry->text()).replace("&&", "  ").indexOf(u'&');
+        ASSERT_GE(at, 0) << text << " has no letter";
+        const auto [found, isNew] = seen.emplace(entry->text()[at + 1].toLower(), text);
+        EXPECT_TRUE(isNew) << text << " and " << found->second;
+    }
+    EXPECT_FALSE(seen.empty()) << name;
+    const QPalette& colors = menu.palette();
+    EXPECT_GE(Contrast(colors.color(menu.foregroundRole()), colors.color(menu.backgroundRole())),
+              kText)
+        << name;
+}
+
 } // namespace
 
 class LooksTest : public EveryWindow, public ::testing::WithParamInterface<bool> {
@@ -239,9 +266,10 @@ TEST_P(LooksTest, EveryWindowCanBeReadAndUsed) {
         ExpectNames(any, name);
         ExpectTabOrder(any, name);
         ExpectLettersOnce(any, name);
+        if (const auto* menu = qobject_cast<const QMenu*>(&any)) ExpectEntries(*menu, name);
         ++seen;
     });
-    EXPECT_GE(seen, 30);
+    EXPECT_GE(seen, 56);
 }
 
 INSTANTIATE_TEST_SUITE_P(InLightAndDark, LooksTest, ::testing::Bool(),

@@ -1,13 +1,17 @@
 #include "forms/text_conversion.h"
 #include "forms/theme.h"
+#include "forms/wrapping_label.h"
 #include "session/message_style.h"
 #include "session/prompt_id.h"
 #include "tests/forms/window_fixture.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 
 namespace tarvix::forms {
@@ -66,6 +70,37 @@ TEST_F(PromptTest, AMessageIsPlainTextInLines) {
     S().MsgBox(PromptId::kNothingSelected, "<b>one</b>\r\ntwo");
 }
 
+// How many lines a text takes in its label.
+int LinesOf(const WrappingLabel& label) {
+    return label.SizeFor(label.width()).height() / WrappingLabel("x").SizeFor(1000).height();
+}
+
+TEST_F(PromptTest, LinesThatWereToldAreNotBrokenOnceMore) {
+    const QFontMetrics metrics(QApplication::font());
+    QString line = "word";
+    while (metrics.horizontalAdvance(line) < metrics.averageCharWidth() * 92)
+        line += " word";
+    OnModal([](QWidget& modal) {
+        auto* label = dynamic_cast<WrappingLabel*>(modal.findChild<QLabel*>("lblText"));
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(LinesOf(*label), 3);
+        EXPECT_LE(modal.width(), modal.screen()->availableSize().width());
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    S().MsgBox(PromptId::kNothingSelected, (line + "\r\n" + line + "\r\n" + line).toStdString());
+}
+
+TEST(WrappingLabelTest, TakesTheWidthOfLinesThatBelongTogether) {
+    const QString line(120, u'x');
+    const int wide = WrappingLabel(line).SizeFor(1'000'000).width();
+    EXPECT_GE(WrappingLabel(line + "\nshort").WidthForLines(300, 5000), wide);
+    EXPECT_LE(WrappingLabel(line + "\nshort").WidthForLines(300, 5000), wide + 2);
+    EXPECT_EQ(WrappingLabel("a\nb").WidthForLines(300, 5000), 300);
+    EXPECT_EQ(WrappingLabel(line + "\n\nshort").WidthForLines(300, 5000), 300);   // a paragraph
+    EXPECT_EQ(WrappingLabel(line + "\nshort").WidthForLines(300, wide - 1), 300); // has no room
+    EXPECT_EQ(WrappingLabel("a\nb").WidthForLines(300, 200), 200);
+}
+
 TEST_F(PromptTest, APlainSentenceLeadsAndWhatWasToldStandsUnderDetails) {
     OnModal([](QWidget& modal) {
         EXPECT_EQ(modal.findChild<QLabel*>("lblText")->text(), "a.mp3 could not be copied.");
@@ -112,8 +147,8 @@ TEST_F(PromptTest, AboutOneOfManyObjectsItCanBeSkippedWithAllLikeItOrStopped) {
 
 TEST_F(PromptTest, TheButtonThatGoesAheadSaysWhatItDoes) {
     OnModal([](QWidget& modal) {
-        EXPECT_EQ(modal.findChild<QPushButton*>("btnYes")->text(), "Move to Trash");
-        EXPECT_EQ(modal.findChild<QPushButton*>("btnNo")->text(), "Cancel");
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnYes")->text().remove(u'&'), "Move to Trash");
+        EXPECT_EQ(modal.findChild<QPushButton*>("btnNo")->text().remove(u'&'), "Cancel");
         EXPECT_EQ(modal.focusWidget()->objectName(), "btnNo");
         modal.findChild<QPushButton*>("btnYes")->click();
     });

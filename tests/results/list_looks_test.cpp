@@ -68,6 +68,26 @@ TEST_F(ListLooks, TheSignOfARowIsTheFirstThatHolds) {
     EXPECT_EQ(results::SignOf(row), RowSign::kGone);
 }
 
+TEST_F(ListLooks, WhatTheLastActionDidIsASignBesideTheOtherMarks) {
+    results::ResultRow row;
+    row.name = "a";
+    row.isFolder = true;
+    row.marks = results::kNotRead;
+    row.SetFate(results::RowFate::kRenamed);
+    EXPECT_EQ(results::SignOf(row), RowSign::kRenamed);
+    EXPECT_EQ(results::WordsOf(RowSign::kRenamed), "renamed");
+    row.SetFate(results::RowFate::kMoved);
+    EXPECT_EQ(results::SignOf(row), RowSign::kMoved);
+    EXPECT_EQ(results::WordsOf(RowSign::kMoved), "moved");
+    row.SetFate(results::RowFate::kFailed);
+    EXPECT_EQ(results::SignOf(row), RowSign::kFailed);
+    EXPECT_EQ(results::WordsOf(RowSign::kFailed), "failed in the last action");
+    EXPECT_TRUE(row.Has(results::kNotRead));
+    row.SetFate(results::RowFate::kNone);
+    EXPECT_EQ(row.marks, results::kNotRead);
+    EXPECT_EQ(results::SignOf(row), RowSign::kFolder);
+}
+
 TEST_F(ListLooks, OnlyLaterSearchStringsHaveANumber) {
     results::ResultRow row;
     row.searchForIndex = 2;

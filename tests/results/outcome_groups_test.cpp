@@ -51,6 +51,15 @@ TEST(OutcomeGroups, AGroupWithoutAReasonHoldsNoneThatHasOne) {
     EXPECT_THAT(ObjectsOf(list, &groups[1]), ElementsAre(1U));
 }
 
+TEST(OutcomeGroups, TheVerbIsThatOfTheAction) {
+    EXPECT_EQ(DoneVerb("Copy"), "Copied");
+    EXPECT_EQ(DoneVerb("CopyRenameAsFolderName"), "Copied");
+    EXPECT_EQ(DoneVerb("Move"), "Moved");
+    EXPECT_EQ(DoneVerb("RenameFromList"), "Renamed");
+    EXPECT_EQ(DoneVerb("Delete"), "");
+    EXPECT_EQ(OutcomeWord(OutcomeMark::kNewName, "Move"), "Moved under a new name");
+}
+
 TEST(OutcomeGroups, VeryManyReasonsAreOneGroup) {
     OutcomeList list;
     list.Begin("Copy");

@@ -19,8 +19,8 @@ class EventGate;
 class PreviewModel;
 class WrappingLabel;
 
-// The first names that an action would give whose names come from elsewhere, a moment after each
-// change; hidden for other actions.
+// The first names that an action would give, a moment after each change; hidden for an action that
+// gives none.
 class FirstNamesPanel : public QWidget {
   public:
     FirstNamesPanel(session::Session& session, EventGate& gate);

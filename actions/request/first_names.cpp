@@ -26,8 +26,8 @@ constexpr std::size_t kRows = 20;
 constexpr std::size_t kMostExchanged = 1'000;
 constexpr std::int64_t kPatience = 400'000'000; // nanoseconds
 
-bool TakesNamesFromElsewhere(std::string_view action) {
-    return IsRenameFromSource(action) || action == kCopyAsFolderName;
+bool GivesNames(std::string_view action) {
+    return action == "Rename" || IsRenameFromSource(action) || action == kCopyAsFolderName;
 }
 
 bool IsChoice(const fields::Control& control) {
@@ -87,7 +87,7 @@ std::vector<fields::PreviewRow> RowsOf(const Session& session, const PreviewResu
 } // namespace
 
 std::string FirstNamesKey(const Session& session) {
-    if (!TakesNamesFromElsewhere(session.state.strAction)) return {};
+    if (!GivesNames(session.state.strAction)) return {};
     std::string key = fmt::format("{}\n{}", session.state.strAction, Selected(session));
     for (const fields::Control* control : session.frmDialog.Controls()) {
         if (IsChoice(*control)) key.append("\n").append(control->ValueText());

@@ -11,15 +11,15 @@ struct Session;
 
 namespace tarvix::actions {
 
-// The first names that a rename or copy with names from elsewhere would give, while its window is
-// open.
+// The first names that an action would give, while its window is open: a rename, by what is typed
+// or by names from elsewhere, or a copy with the names of folders.
 struct FirstNames {
     std::vector<fields::PreviewRow> rows; // in the order of the list, for people
     std::string note; // why there are none, or that there are more; may be empty
 };
 
-// What they depend on of all that stands in the window, as one text; empty for an action whose
-// names are typed.
+// What they depend on of all that stands in the window, as one text; empty for an action that
+// gives no names.
 std::string FirstNamesKey(const session::Session& session);
 
 // The names and what would become of them, worked out by the routines of the action itself on a

@@ -181,6 +181,29 @@ TEST_F(FirstNamesTest, CopiesWithTheNamesOfTheirFolders) {
                             "C:\\t\\Rock\\Live\\cover.jpg > C:\\d\\Live.jpg: duplicate: skip"));
 }
 
+TEST_F(FirstNamesTest, TypedTextsShowWhatTheyMakeOfNames) {
+    Disk().AddFile("C:\\t\\a.txt", "1");
+    Disk().AddFile("C:\\t\\b.txt", "2");
+    Disk().AddFile("C:\\t\\x b.txt", "3");
+    Find(0, "?.txt");
+    std::vector<std::string> shown;
+    prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
+        if (&form != &Dialog() || !shown.empty()) return false;
+        Set(Dialog().chkAddBeg, "1");
+        Set(Dialog().txtAdd, "x ");
+        for (const auto& row : actions::FirstNamesOf(S()).rows)
+            shown.push_back(row.object + " > " + row.newPath + ": " + row.verdict);
+        Click(Dialog().CancelButton);
+        return true;
+    });
+    Click(Form().cmdRenameSelected);
+    prompts.SetModalRunner({});
+    EXPECT_THAT(
+        shown,
+        ElementsAre("C:\\t\\a.txt > C:\\t\\x a.txt: rename",
+                    "C:\\t\\b.txt > C:\\t\\b.txt: left alone: another object has that name"));
+}
+
 TEST_F(FirstNamesTest, TheKeyFollowsWhatTheNamesDependOn) {
     Disk().AddFile("C:\\t\\a.txt", "1");
     Find();

@@ -41,16 +41,7 @@ QLabel* MakeTitle(const QString& text) {
 }
 
 QWidget* MakeSection(QWidget* frame, const QString& title, const QList<QWidget*>& lines) {
-    auto* row = new QHBoxLayout(frame);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    row->addWidget(MakeTitle(title), 0, Qt::AlignTop);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(4);
-    for (QWidget* line : lines) {
-        column->addWidget(line);
-    }
-    row->addLayout(column, 1);
+    FillSection(*frame, title, lines);
     return frame;
 }
 
@@ -107,6 +98,19 @@ QWidget* MakeLevels(const fields::FrmDialog& form) {
 }
 
 } // namespace
+
+void FillSection(QWidget& frame, const QString& title, const QList<QWidget*>& lines) {
+    auto* row = new QHBoxLayout(&frame);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    row->addWidget(MakeTitle(title), 0, Qt::AlignTop);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(4);
+    for (QWidget* line : lines) {
+        column->addWidget(line);
+    }
+    row->addLayout(column, 1);
+}
 
 QWidget* MakeWhereSection(const fields::FrmDialog& form) {
     return MakeSection(new QWidget, "Where",
@@ -182,10 +186,6 @@ QWidget* MakeNamesSection(const fields::FrmDialog& form) {
     QPushButton* edit = Make(form.cmdEditNames);
     edit->setAutoDefault(true); // Enter presses it, not OK
     return MakeSection(new QWidget, "List", {InFlow({Make(form.chkWholeNames), edit})});
-}
-
-QWidget* MakeLinesSection(QWidget& lines, QWidget& note) {
-    return MakeSection(new QWidget, "First lines", {&lines, &note});
 }
 
 } // namespace tarvix::forms

@@ -2,6 +2,9 @@
 
 #include "fields/frm_dialog.h"
 
+#include <QList>
+#include <QString>
+
 class QWidget;
 
 namespace tarvix::forms {
@@ -15,7 +18,7 @@ QWidget* MakeDuplicatesSection(const fields::FrmDialog& form);
 QWidget* MakeRenameSection(const fields::FrmDialog& form);
 QWidget* MakeFileSection(const fields::FrmDialog& form);
 QWidget* MakeNamesSection(const fields::FrmDialog& form);
-// Around the widget that shows the first lines that would be written, and what they leave out.
-QWidget* MakeLinesSection(QWidget& lines, QWidget& note);
+// Makes a widget such a part, of its title and these lines.
+void FillSection(QWidget& frame, const QString& title, const QList<QWidget*>& lines);
 
 } // namespace tarvix::forms

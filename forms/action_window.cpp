@@ -7,6 +7,8 @@
 #include "forms/destination_examples.h"
 #include "forms/drop_filter.h"
 #include "forms/field_widgets.h"
+#include "forms/first_lines_panel.h"
+#include "forms/first_names_panel.h"
 #include "forms/fitting_area.h"
 #include "forms/key_filter.h"
 #include "forms/panel_parts.h"
@@ -14,7 +16,6 @@
 #include "forms/text_conversion.h"
 #include "forms/window_place.h"
 #include "forms/wrapping_label.h"
-#include "generate/first_lines.h"
 #include "results/selection.h"
 #include "session/native_entry.h"
 #include "session/session.h"
@@ -22,7 +23,6 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -36,7 +36,6 @@ namespace {
 
 constexpr int kCharacters = 122; // of the window's width
 constexpr int kTitleBar = 40;
-constexpr int kShownLines = 8; // of those that would be written, without scrolling
 constexpr int kLeastLines = 9; // of the choices, when there is little room
 
 // What the box for the destination takes, by the choice of where to.
@@ -96,6 +95,7 @@ constexpr std::array kTabOrder{"cmbDir",
                                "chkRelative",
                                "chkFindSimilar",
                                "txtDeviation",
+                               "lstNames",
                                "txtFirstLines",
                                "cmdStop",
                                "cmdPreview",
@@ -215,29 +215,15 @@ QWidget* ActionWindow::MakeSections() {
     where_ = MakeWhereSection(form);
     file_ = MakeFileSection(form);
     names_ = MakeNamesSection(form);
-    for (QWidget* section :
-         {where_, MakeRuler(), MakeStructureSection(form), MakeDuplicatesSection(form),
-          MakeRenameSection(form), names_, file_, MakeFirstLines()}) {
+    firstNames_ = new FirstNamesPanel(session_, gate_);
+    firstLines_ = new FirstLinesPanel(session_);
+    for (QWidget* section : std::initializer_list<QWidget*>{
+             where_, MakeRuler(), MakeStructureSection(form), MakeDuplicatesSection(form),
+             MakeRenameSection(form), names_, file_, firstNames_, firstLines_}) {
         column->addWidget(section);
     }
     column->addStretch(1);
     return panel;
-}
-
-QWidget* ActionWindow::MakeFirstLines() {
-    lines_ = new QPlainTextEdit;
-    lines_->setObjectName("txtFirstLines");
-    lines_->setReadOnly(true);
-    lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
-    lines_->setTabChangesFocus(true);
-    lines_->setAccessibleName("The first lines that would be written");
-    lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kShownLines + 24);
-    similarNote_ = new QLabel("Possible duplicates stand below their entries. They are looked for "
-                              "when the list is written.");
-    similarNote_->setObjectName("lblSimilarNote");
-    similarNote_->setWordWrap(true);
-    linesSection_ = MakeLinesSection(*lines_, *similarNote_);
-    return linesSection_;
 }
 
 QWidget* ActionWindow::MakeProgress() {
@@ -307,7 +293,8 @@ void ActionWindow::Refresh() {
     ShowHints();
     ShowRuler();
     if (!gate_.IsBusy()) ShowExamples();
-    if (!gate_.IsBusy()) ShowFirstLines();
+    if (!gate_.IsBusy()) firstLines_->Follow();
+    firstNames_->Follow();
     const auto& form = session_.frmDialog;
     const bool hasChoices =
         where_->isVisibleTo(this) || form.fraDuplicates.Visible || form.fraRenameOnly.Visible;
@@ -352,20 +339,6 @@ void ActionWindow::ShowExamples() {
         const bool chosen = session_.frmDialog.optStructure.Chosen() == static_cast<int>(i);
         label->setForegroundRole(chosen ? QPalette::WindowText : QPalette::PlaceholderText);
     }
-}
-
-void ActionWindow::ShowFirstLines() {
-    std::string key = generate::FirstLinesKey(session_);
-    linesSection_->setVisible(!key.empty());
-    const auto& similar = session_.frmDialog.chkFindSimilar;
-    similarNote_->setVisible(similar.Visible && similar.Value == 1);
-    if (key == shownLines_) return;
-    shownLines_ = std::move(key);
-    QStringList lines;
-    for (const std::string& line : generate::ListedFirst(session_)) {
-        lines << QString::fromUtf8(line);
-    }
-    lines_->setPlainText(lines.join('\n'));
 }
 
 // What was hidden before the window shows is taken out of the layouts only now.

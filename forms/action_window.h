@@ -3,11 +3,12 @@
 #include "forms/modal_window.h"
 
 class QLabel;
-class QPlainTextEdit;
 class QProgressBar;
 
 namespace tarvix::forms {
 
+class FirstLinesPanel;
+class FirstNamesPanel;
 class FittingArea;
 class PathRuler;
 
@@ -26,7 +27,6 @@ class ActionWindow : public ModalWindow {
     QWidget* MakeDestination();
     QWidget* MakeRuler();
     QWidget* MakeSections();
-    QWidget* MakeFirstLines();
     QWidget* MakeProgress();
     QWidget* MakeButtons();
     void SetTabOrder();
@@ -36,7 +36,6 @@ class ActionWindow : public ModalWindow {
     void ShowRuler();
     void WriteMark(int number);
     void ShowExamples();
-    void ShowFirstLines();
     int Room() const; // for its height on the screen
     void Grow();
 
@@ -48,10 +47,8 @@ class ActionWindow : public ModalWindow {
     QLabel* sentence_ = nullptr;
     QProgressBar* bytes_ = nullptr;
     FittingArea* area_ = nullptr;
-    QWidget* linesSection_ = nullptr;
-    QLabel* similarNote_ = nullptr; // of possible duplicates, which these lines leave out
-    QPlainTextEdit* lines_ = nullptr;
-    std::string shownLines_;    // what the first lines depended on when they were made
+    FirstNamesPanel* firstNames_ = nullptr;
+    FirstLinesPanel* firstLines_ = nullptr;
     std::string shownExamples_; // what the examples depended on when they were made
 };
 

@@ -10,6 +10,7 @@ QCalendarWidget* MakeCalendar(const QString& name) {
     calendar->setAccessibleName(name);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setFirstDayOfWeek(Qt::Monday);
+    calendar->setDateEditEnabled(false); // it reads dates in a format that nobody sees
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
         calendar->setWeekdayTextFormat(day, QTextCharFormat());
     }

@@ -7,9 +7,12 @@
 #include "session/session.h"
 #include "text/date_words.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <array>
@@ -50,6 +53,8 @@ DateWindow::DateWindow(session::Session& session, EventGate& gate, QWidget* pare
     BindFields();
     for (const Moment& moment : {start_, end_}) {
         moment.calendar->setSelectedDate(moment.day->date());
+        moment.day->installEventFilter(this);
+        moment.calendar->findChild<QAbstractItemView*>()->installEventFilter(this);
     }
     start_.calendar->setFocus();
 }
@@ -94,6 +99,35 @@ DateWindow::Moment DateWindow::MakeMoment(const QString& word, const fields::Dat
     connect(day, &QDateTimeEdit::dateChanged, calendar,
             [calendar](QDate chosen) { calendar->setSelectedDate(chosen); });
     return moment;
+}
+
+bool DateWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return ModalWindow::eventFilter(watched, event);
+    auto& key = static_cast<QKeyEvent&>(*event);
+    for (const Moment& moment : {start_, end_}) {
+        if (watched == moment.day) return SkipsSign(*moment.day, key);
+        if (moment.calendar->isAncestorOf(qobject_cast<QWidget*>(watched)))
+            return TypeOn(moment, key);
+    }
+    return false;
+}
+
+bool DateWindow::TypeOn(const Moment& moment, QKeyEvent& key) {
+    if (key.text().isEmpty() || !key.text()[0].isDigit()) return false;
+    moment.day->setFocus(Qt::OtherFocusReason);
+    moment.day->setSelectedSection(moment.day->sectionAt(0));
+    QCoreApplication::sendEvent(moment.day, &key);
+    return true;
+}
+
+// The box goes to its next part by itself behind the last digit of one; the sign that is typed
+// there would go one part further.
+bool DateWindow::SkipsSign(QDateTimeEdit& day, const QKeyEvent& key) {
+    if (key.text().isEmpty()) return false;
+    const bool isDigit = key.text()[0].isDigit();
+    if (isDigit) typedSection_ = day.currentSection();
+    return !isDigit && !key.text()[0].isLetter() && key.text()[0].isPrint() && typedSection_ != 0 &&
+           typedSection_ != day.currentSection();
 }
 
 void DateWindow::TakeWord(const char* word) {

@@ -4,6 +4,7 @@
 
 class QCalendarWidget;
 class QDateTimeEdit;
+class QKeyEvent;
 
 namespace tarvix::fields {
 class DatePicker;
@@ -16,6 +17,10 @@ class DateWindow : public ModalWindow {
   public:
     DateWindow(session::Session& session, EventGate& gate, QWidget* parent);
 
+  protected:
+    // Digits typed on a calendar go to the box above it.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     struct Moment {
         QWidget* panel = nullptr;
@@ -27,9 +32,12 @@ class DateWindow : public ModalWindow {
     Moment MakeMoment(const QString& word, const fields::DatePicker& date,
                       const fields::DatePicker& time);
     void TakeWord(const char* word);
+    bool TypeOn(const Moment& moment, QKeyEvent& key);
+    bool SkipsSign(QDateTimeEdit& day, const QKeyEvent& key);
 
     Moment start_;
     Moment end_;
+    int typedSection_ = 0; // of the box, that the last digit was typed into
 };
 
 } // namespace tarvix::forms

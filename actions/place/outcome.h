@@ -36,6 +36,7 @@ struct Outcome {
     bool endsRun = false;     // the user cancelled what is left
     int errorNumber = 0;      // of a failure
     std::string error;        // of a failure, in one sentence; may be empty
+    std::string why = {};     // of what is left alone, in a few words; may be empty
 };
 
 // Follows an action object by object.

@@ -18,7 +18,10 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
+#include <type_traits>
 
 namespace tarvix::actions {
 
@@ -104,6 +107,7 @@ class Collector : public OutcomeSink {
         PreviewEntry entry{outcome.index, spelling_.Of(outcome.strDestination), VerdictOf(outcome)};
         if (Writes(entry.verdict)) entry.why = refused_.Why(entry.strNewPath);
         if (!entry.why.empty()) entry.verdict = Verdict::kNameRefused;
+        if (entry.verdict == Verdict::kLeftAlone) entry.why = outcome.why;
         entries_.push_back(std::move(entry));
     }
 
@@ -169,18 +173,19 @@ class Collector : public OutcomeSink {
 // A session of its own that reads the request from the real window, and whose files only record.
 class Rehearsal {
   public:
-    explicit Rehearsal(Session& real)
+    // `goesOn` is asked while it works.
+    Rehearsal(Session& real, results::Selection& selection, const std::function<bool()>& goesOn)
         : real_(real), files_(real.files()), trash_(files_, real.platform.trash),
           session_(MachineOf(real), prompts_) {
         session_.state = real.state;
+        session_.state.blnStopAction = false;
         session_.state.datDestHistory.clear();
-        session_.selection = real.selection;
+        session_.selection = &selection;
         session_.forms.frmOverrideDialog.Answer = real.forms.frmOverrideDialog.Answer;
         session_.log.KeepNothing();
         session_.errorLog.KeepNothing();
-        session_.yielder.SetPump([this] {
-            real_.Repaint();
-            if (real_.state.blnStopAction) session_.state.blnStopAction = true;
+        session_.yielder.SetPump([this, &goesOn] {
+            if (!goesOn()) session_.state.blnStopAction = true;
         });
     }
 
@@ -190,7 +195,7 @@ class Rehearsal {
                             result.entries);
         session_.frmDialog.Show();
         PressOk(session_, real_.frmDialog, &collector);
-        result.blnStopped = real_.state.blnStopAction;
+        result.blnStopped = session_.state.blnStopAction;
         const bool isRefused = session_.frmDialog.IsShown() || session_.state.blnActionCancelled;
         if (result.entries.empty() && isRefused) {
             result.refusal = prompts_.LastTold();
@@ -213,6 +218,23 @@ class Rehearsal {
     PreviewPrompts prompts_;
     Session session_;
 };
+
+results::Selection FirstOf(const results::Selection& all, std::size_t objects) {
+    const auto part = [objects](const auto& table) {
+        auto end = table.begin();
+        std::advance(end, std::min(objects, table.size()));
+        return std::decay_t<decltype(table)>(table.begin(), end);
+    };
+    results::Selection first{.strSelName = part(all.strSelName),
+                             .strSelPath = part(all.strSelPath),
+                             .blnSelIsFile = part(all.blnSelIsFile),
+                             .strSelRelPath = part(all.strSelRelPath),
+                             .strSelActualPath = part(all.strSelActualPath),
+                             .blnSelNoDate = part(all.blnSelNoDate),
+                             .sightings = part(all.sightings)};
+    first.lngSelTop = static_cast<std::int64_t>(first.strSelPath.size()) - 1;
+    return first;
+}
 
 std::string Summary(const PreviewResult& result) {
     std::array<std::int64_t, kVerdicts.size()> counts{};
@@ -242,7 +264,19 @@ std::string VerdictText(const PreviewEntry& entry) {
 
 PreviewResult Preview(Session& session) {
     session.state.blnStopAction = false;
-    return Rehearsal(session).Run();
+    const auto goesOn = [&session] {
+        session.Repaint();
+        return !session.state.blnStopAction;
+    };
+    PreviewResult result = Rehearsal(session, *session.selection, goesOn).Run();
+    result.blnStopped = session.state.blnStopAction;
+    return result;
+}
+
+PreviewResult PreviewFirst(Session& session, std::size_t objects,
+                           const std::function<bool()>& goesOn) {
+    results::Selection first = FirstOf(*session.selection, objects);
+    return Rehearsal(session, first, goesOn).Run();
 }
 
 void cmdPreview_Click(Session& session) {

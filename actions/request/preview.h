@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +45,7 @@ struct PreviewEntry {
     std::size_t index = 0; // in the selection
     std::string strNewPath;
     Verdict verdict = Verdict::kUnchanged;
-    std::string why = {}; // of a refused name
+    std::string why = {}; // of a refused name, or of what is left alone; may be empty
 };
 
 // The same with the reason behind it.
@@ -61,6 +63,11 @@ struct PreviewResult {
 // records. Nothing is changed, logged or asked; where something would be asked, the verdict says so
 // and the object counts as left alone. Yields.
 PreviewResult Preview(session::Session& session);
+
+// The same for the first `objects` of the selection alone, as if no others were selected, and only
+// as long as `goesOn`, which is asked again and again; the user's stop doesn't count.
+PreviewResult PreviewFirst(session::Session& session, std::size_t objects,
+                           const std::function<bool()>& goesOn);
 
 // Shows that in frmPreview.
 void cmdPreview_Click(session::Session& session);

@@ -99,7 +99,7 @@ void OutcomeRecorder::Settled(const Outcome& outcome) {
          .isPlaced = outcome.isPlaced,
          .leaves = outcome.kind == OutcomeKind::kMoved || outcome.kind == OutcomeKind::kRenamed,
          .errorNumber = outcome.errorNumber,
-         .error = outcome.error,
+         .error = hasError ? outcome.error : outcome.why,
          .shownSource = shownSource,
          .shownPlace = shownPlace});
 }

@@ -46,6 +46,7 @@ struct Renamed {
     std::string actual; // the same for file system calls
     std::string text;   // the part of the name that is worked on
     bool isAsked = false;
+    bool isTaken = false; // the new name is
     bool isChanged = false;
     bool hasFailed = false;
     bool isOther = false; // not what the search saw
@@ -183,17 +184,20 @@ void Renaming::Settle(Renamed& object) {
     if (object.isOther && !object.isChanged && run_.same != platform::Same::kName) {
         return changed_.push_back({object.index});
     }
-    FoldOutcome(session_.state, run_,
-                {.index = object.index,
-                 .strDestination = std::move(object.old),
-                 .kind = object.isOther     ? OutcomeKind::kChanged
-                         : object.hasFailed ? OutcomeKind::kFailed
-                         : object.isChanged ? OutcomeKind::kRenamed
-                         : !object.isTried  ? OutcomeKind::kUnchanged
-                                            : OutcomeKind::kLeftAlone,
-                 .isPlaced = object.isChanged,
-                 .errorNumber = object.errorNumber,
-                 .error = std::move(object.error)});
+    Outcome outcome{.index = object.index,
+                    .strDestination = std::move(object.old),
+                    .kind = object.isOther     ? OutcomeKind::kChanged
+                            : object.hasFailed ? OutcomeKind::kFailed
+                            : object.isChanged ? OutcomeKind::kRenamed
+                            : !object.isTried  ? OutcomeKind::kUnchanged
+                                               : OutcomeKind::kLeftAlone,
+                    .isPlaced = object.isChanged,
+                    .errorNumber = object.errorNumber,
+                    .error = std::move(object.error)};
+    if (outcome.kind == OutcomeKind::kLeftAlone && object.isTaken) {
+        outcome.why = "another object has that name";
+    }
+    FoldOutcome(session_.state, run_, outcome);
 }
 
 void Renaming::KeepNewNames() {
@@ -325,6 +329,7 @@ bool Renaming::CanUse(const Renamed& object, std::string& path) {
 
 // False when the object in hand is settled by it.
 bool Renaming::TellTaken(Renamed& object, const std::string& path) {
+    object.isTaken = true;
     const std::string told = fmt::format(
         "Could not rename: \r\n\r\n{}\r\n\r\n as: \r\n\r\n{}\r\n\r\nThat {} name already exists",
         session_.Shown(object.old), session_.Shown(path), object.isFile ? "File" : "Folder");

@@ -21,11 +21,14 @@ struct NewName {
     OutcomeKind without = OutcomeKind::kUnchanged;
     int errorNumber = 0;    // of a failure
     std::string error = {}; // the same, in a sentence
+    std::string why = {};   // of an object that is left alone, in a few words
 
     static NewName Failed(int number, std::string error) {
         return {{}, OutcomeKind::kFailed, number, std::move(error)};
     }
-    static NewName LeftAlone() { return {{}, OutcomeKind::kLeftAlone}; }
+    static NewName LeftAlone(std::string why = {}) {
+        return {.without = OutcomeKind::kLeftAlone, .why = std::move(why)};
+    }
 };
 
 // One for each object, by its index in the selection.

@@ -78,7 +78,8 @@ NewName PrefixSource::NothingToSearch(std::size_t index) {
                 "\r\n\r\nTurning on 'Automatic Mode' will stop this message completely.",
                 told));
     }
-    return NewName::LeftAlone();
+    const bool isFile = session_.selection->blnSelIsFile[index];
+    return NewName::LeftAlone(isFile ? "an empty file" : "a folder has no text to search");
 }
 
 NewName PrefixSource::Search(std::size_t index) {

@@ -154,8 +154,11 @@ void EachRun::SettleChanged() {
 } // namespace
 
 Outcome WithoutName(std::size_t index, const NewName& name) {
-    return {
-        .index = index, .kind = name.without, .errorNumber = name.errorNumber, .error = name.error};
+    return {.index = index,
+            .kind = name.without,
+            .errorNumber = name.errorNumber,
+            .error = name.error,
+            .why = name.why};
 }
 
 RenamedEach RenameEach(Session& session, ActionRun& run, const NewNames& names,

@@ -50,7 +50,7 @@ class TitleSource {
     std::string PageFor(std::size_t index, bool& isLeft);
     std::string FirstPage(const std::string& folder, std::string_view base, bool& isLeft);
     const Title& TitleOf(std::size_t index, const std::string& page);
-    NewName Without(std::size_t index, std::string_view why);
+    NewName Without(std::size_t index, std::string_view told, std::string why);
 
     Session& session_;
     PageFinder finder_;
@@ -64,20 +64,25 @@ NewName TitleSource::NameFor(std::size_t index) {
     bool isLeft = false;
     const std::string page = PageFor(index, isLeft);
     if (isLeft) return NewName::LeftAlone();
-    if (page.empty()) return Without(index, " since no Html file was found.");
+    if (page.empty()) return Without(index, " since no Html file was found.", "no web page found");
     const Title& title = TitleOf(index, page);
     if (title.errorNumber != 0) return NewName::Failed(title.errorNumber, title.error);
     if (!title.text.empty()) return {WithTextBefore(title.text, tables.strSelName[index])};
-    return Without(index, title.isWhole ? " since no <TITLE> was found in the html file."
-                                        : " since no <TITLE> was found in the html file. Only its "
-                                          "first megabyte was looked at.");
+    if (title.isWhole) {
+        return Without(index, " since no <TITLE> was found in the html file.",
+                       "no title in its page");
+    }
+    return Without(index,
+                   " since no <TITLE> was found in the html file. Only its first megabyte was "
+                   "looked at.",
+                   "no title in the first megabyte of its page");
 }
 
-NewName TitleSource::Without(std::size_t index, std::string_view why) {
+NewName TitleSource::Without(std::size_t index, std::string_view told, std::string why) {
     session::LogTimed(session_,
                       fmt::format(" Was unable to rename {}{}",
-                                  session_.Shown(session_.selection->strSelPath[index]), why));
-    return NewName::LeftAlone();
+                                  session_.Shown(session_.selection->strSelPath[index]), told));
+    return NewName::LeftAlone(std::move(why));
 }
 
 std::string TitleSource::PageFor(std::size_t index, bool& isLeft) {

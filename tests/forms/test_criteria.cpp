@@ -125,6 +125,24 @@ TEST_F(CriteriaTest, TheDateWindowTakesWordsAndItsCalendar) {
     EXPECT_TRUE(Find<QLineEdit>("txtDate2")->isEnabled());
 }
 
+TEST_F(CriteriaTest, ADateTypedOnTheCalendarIsTakenAsItIsTyped) {
+    Find<QCheckBox>("chkDate")->click();
+    OnModal([](QWidget& modal) {
+        EXPECT_TRUE(
+            modal.findChild<QCalendarWidget*>("calStart")->isAncestorOf(modal.focusWidget()));
+        for (const char c : std::string("2025/01/03")) {
+            QTest::keyClick(modal.focusWidget(), c);
+        }
+        EXPECT_EQ(modal.findChild<QDateTimeEdit*>("dtpStartDate")->date(), QDate(2025, 1, 3));
+        EXPECT_EQ(modal.findChild<QCalendarWidget*>("calStart")->selectedDate(), QDate(2025, 1, 3));
+        QTest::keyClick(modal.focusWidget(), Qt::Key_Return);
+    });
+    auto* how = Find<QComboBox>("cboDate");
+    how->setFocus();
+    QTest::keyClicks(how, "S");
+    EXPECT_EQ(Form().lblDate1.Caption.Get(), "2025/01/03 00:00:00");
+}
+
 TEST_F(CriteriaTest, ARefusalFocusesTheBoxThatItIsAbout) {
     Find<QCheckBox>("chkSize")->click();
     Type("txtSize1", "big");

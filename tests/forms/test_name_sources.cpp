@@ -1,11 +1,15 @@
 #include "tests/forms/window_fixture.h"
 
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTableView>
 
 namespace tarvix::forms {
 namespace {
@@ -24,6 +28,12 @@ class NameSourceWindows : public WindowFixture {
         QAction* entry = window->findChild<QAction*>(name);
         EXPECT_NE(entry, nullptr) << name;
         return entry;
+    }
+    static QStringList Cells(const QTableView& table, int row) {
+        QStringList cells;
+        for (int i = 0; i < table.model()->columnCount(); ++i)
+            cells << table.model()->index(row, i).data().toString();
+        return cells;
     }
     static void Answer(QWidget& box) {
         EXPECT_EQ(box.objectName(), "MsgBox");
@@ -66,6 +76,68 @@ TEST_F(NameSourceWindows, TheListOfNamesIsOfferedForEditing) {
         modal.close();
     });
     Entry("mnuRenameSelFromFile")->trigger();
+    EXPECT_TRUE(AllModalsCame());
+}
+
+TEST_F(NameSourceWindows, TheFirstNewNamesShowByThemselves) {
+    machine.disk.AddFile("C:\\home\\ann\\Pages\\Second b.htm", "taken");
+    OnModal(Answer);
+    OnModal([this](QWidget& modal) {
+        auto* table = modal.findChild<QTableView*>("lstNames");
+        EXPECT_TRUE(table->isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 2; }));
+        EXPECT_EQ(Cells(*table, 0), (QStringList{"a.htm", "→ First a.htm", "rename"}));
+        EXPECT_EQ(Cells(*table, 1), (QStringList{"b.htm", "→ Second b_.htm", "duplicate: rename"}));
+        EXPECT_EQ(modal.findChild<QLabel*>("lblNamesNote")->text(), "");
+        EXPECT_TRUE(machine.disk.Exists("C:\\home\\ann\\Pages\\a.htm"));
+        modal.close();
+    });
+    Entry("mnuRenameSelFromTitle")->trigger();
+    EXPECT_TRUE(AllModalsCame());
+}
+
+TEST_F(NameSourceWindows, TheNewNamesFollowTheList) {
+    machine.disk.AddFile("C:\\list.txt", "one\r\n*EOF\r\n");
+    OnModal([](QWidget& modal) {
+        auto* table = modal.findChild<QTableView*>("lstNames");
+        auto* note = modal.findChild<QLabel*>("lblNamesNote");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !note->text().isEmpty(); }));
+        EXPECT_EQ(note->text(), "You did not select an existing file name.");
+        EXPECT_EQ(table->model()->rowCount(), 0);
+        QTest::keyClicks(modal.findChild<QComboBox*>("cmbDir")->lineEdit(), "C:\\list.txt");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 2; }));
+        EXPECT_EQ(Cells(*table, 0), (QStringList{"a.htm", "→ one.htm", "rename"}));
+        EXPECT_EQ(Cells(*table, 1), (QStringList{"b.htm", "", "no new name"}));
+        EXPECT_EQ(note->text(), "");
+        modal.close();
+    });
+    Entry("mnuRenameSelFromFile")->trigger();
+    EXPECT_TRUE(AllModalsCame());
+}
+
+TEST_F(NameSourceWindows, AListThatWasEditedElsewhereShowsWhenTheWindowIsInFrontAgain) {
+    machine.disk.AddFile("C:\\list.txt", "one\r\ntwo\r\n*EOF\r\n");
+    OnModal([this](QWidget& modal) {
+        auto* table = modal.findChild<QTableView*>("lstNames");
+        QTest::keyClicks(modal.findChild<QComboBox*>("cmbDir")->lineEdit(), "C:\\list.txt");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 2; }));
+        machine.disk.AddFile("C:\\list.txt", "three\r\ntwo\r\n*EOF\r\n");
+        QEvent activated(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(&modal, &activated);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return table->model()->index(0, 1).data().toString() == "→ three.htm"; }));
+        modal.close();
+    });
+    Entry("mnuRenameSelFromFile")->trigger();
+    EXPECT_TRUE(AllModalsCame());
+}
+
+TEST_F(NameSourceWindows, ActionsWithTypedNamesShowNoNewOnes) {
+    OnModal([](QWidget& modal) {
+        EXPECT_FALSE(modal.findChild<QTableView*>("lstNames")->isVisible());
+        modal.close();
+    });
+    Press("cmdMoveSelected");
     EXPECT_TRUE(AllModalsCame());
 }
 

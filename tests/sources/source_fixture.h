@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actions/request/first_names.h"
 #include "actions/request/preview.h"
 #include "session/user_input.h"
 #include "tests/support/program_fixture.h"
@@ -55,6 +56,20 @@ class SourceFixture : public ProgramFixture {
         });
         return told;
     }
+    // The first names as the open window shows them: "old > new: verdict", then the note.
+    std::vector<std::string> FirstNames(fields::MenuEntry& entry, const Fill& fill) {
+        std::vector<std::string> shown;
+        InWindow(entry, [&](fields::FrmDialog& form) {
+            fill(form);
+            const auto before = Disk().AllFiles();
+            const actions::FirstNames first = actions::FirstNamesOf(S());
+            EXPECT_EQ(Disk().AllFiles(), before);
+            for (const auto& row : first.rows)
+                shown.push_back(row.object + " > " + row.newPath + ": " + row.verdict);
+            if (!first.note.empty()) shown.push_back(first.note);
+        });
+        return shown;
+    }
     Fill List(const std::string& path) {
         return [this, path](fields::FrmDialog& form) { Set(form.cmbDir, path); };
     }
@@ -85,6 +100,9 @@ class SourceFixture : public ProgramFixture {
 
     std::string refusal; // of the last preview
     bool stayedOpen = false;
+
+    // Opens the window, lets `act` do what it does, and cancels the window if it still shows.
+    void LookInto(fields::MenuEntry& entry, const Fill& act) { InWindow(entry, act); }
 
   private:
     void InWindow(fields::MenuEntry& entry, const Fill& act) {

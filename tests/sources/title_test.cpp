@@ -146,7 +146,7 @@ TEST_F(TitleTest, ThePreviewTellsWithoutRenaming) {
     Disk().AddFile("C:\\t\\T c.htm", "<title>X</title>");
     Find(0, "?.htm");
     EXPECT_THAT(Foretell(Form().mnuRenameSelFromTitle, [](fields::FrmDialog&) {}),
-                ElementsAre("C:\\t\\T a.htm - rename", " - left alone",
+                ElementsAre("C:\\t\\T a.htm - rename", " - left alone: no title in its page",
                             "C:\\t\\T c_.htm - duplicate: rename"));
 }
 

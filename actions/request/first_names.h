@@ -1,0 +1,30 @@
+#pragma once
+
+#include "fields/prompt_forms.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvix::session {
+struct Session;
+}
+
+namespace tarvix::actions {
+
+// The first names that an action would give, while its window is open: a rename, by what is typed
+// or by names from elsewhere, or a copy with the names of folders.
+struct FirstNames {
+    std::vector<fields::PreviewRow> rows; // in the order of the list, for people
+    std::string note; // why there are none, or that there are more; may be empty
+};
+
+// What they depend on of all that stands in the window, as one text; empty for an action that
+// gives no names.
+std::string FirstNamesKey(const session::Session& session);
+
+// The names and what would become of them, worked out by the routines of the action itself on a
+// file system that only records: of at most 20 objects, and of none where that takes more than a
+// moment. Nothing is changed, logged, asked or yielded.
+FirstNames FirstNamesOf(session::Session& session);
+
+} // namespace tarvix::actions

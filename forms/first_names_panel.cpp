@@ -1,0 +1,103 @@
+#include "forms/first_names_panel.h"
+
+#include "forms/action_sections.h"
+#include "forms/change_delegate.h"
+#include "forms/event_gate.h"
+#include "forms/preview_model.h"
+#include "forms/text_conversion.h"
+#include "forms/wrapping_label.h"
+#include "session/session.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHeaderView>
+#include <QTableView>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvix::forms {
+
+namespace {
+
+constexpr int kPause = 250;   // milliseconds
+constexpr int kShownRows = 8; // without scrolling
+constexpr int kVerdictCharacters = 24;
+
+bool IsSame(const fields::PreviewRow& a, const fields::PreviewRow& b) {
+    return a.object == b.object && a.newPath == b.newPath && a.verdict == b.verdict;
+}
+
+} // namespace
+
+FirstNamesPanel::FirstNamesPanel(session::Session& session, EventGate& gate)
+    : session_(session), gate_(gate), table_(new QTableView), note_(new WrappingLabel) {
+    pause_.setSingleShot(true);
+    connect(&pause_, &QTimer::timeout, this, [this] { Work(); });
+    MakeTable();
+    note_->setObjectName("lblNamesNote");
+    note_->setMinimumHeight(fontMetrics().lineSpacing());
+    FillSection(*this, "New names", {table_, note_});
+}
+
+void FirstNamesPanel::MakeTable() {
+    table_->setObjectName("lstNames");
+    table_->setAccessibleName("The first new names");
+    table_->setItemDelegate(new ChangeDelegate(table_));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setTabKeyNavigation(false);
+    table_->verticalHeader()->hide();
+    const int row = fontMetrics().height() + 5;
+    table_->verticalHeader()->setDefaultSectionSize(row);
+    QHeaderView& head = *table_->horizontalHeader();
+    head.setHighlightSections(false);
+    ShowModel();
+    table_->setFixedHeight(head.sizeHint().height() + row * kShownRows + 2 * table_->frameWidth());
+}
+
+void FirstNamesPanel::ShowModel() {
+    model_ = new PreviewModel(names_.rows, this);
+    table_->setModel(model_);
+    QHeaderView& head = *table_->horizontalHeader();
+    head.setSectionResizeMode(QHeaderView::Stretch);
+    head.setSectionResizeMode(PreviewModel::kVerdict, QHeaderView::Interactive);
+    head.resizeSection(PreviewModel::kVerdict,
+                       fontMetrics().averageCharWidth() * kVerdictCharacters);
+}
+
+void FirstNamesPanel::Follow() {
+    const std::string key = actions::FirstNamesKey(session_);
+    setVisible(!key.empty());
+    if (key.empty() || key == shown_) return;
+    pause_.start(shown_.empty() ? 0 : kPause);
+}
+
+// A list of names may have been edited elsewhere.
+bool FirstNamesPanel::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        shown_.clear();
+        Follow();
+    }
+    return QWidget::event(event);
+}
+
+// What is asked for while something else goes on follows at its end.
+void FirstNamesPanel::Work() {
+    if (gate_.IsBusy() || QApplication::activeModalWidget() != window()) return;
+    shown_ = actions::FirstNamesKey(session_);
+    Show(actions::FirstNamesOf(session_));
+}
+
+void FirstNamesPanel::Show(actions::FirstNames names) {
+    note_->setText(ToQt(names.note));
+    if (std::ranges::equal(names.rows, names_.rows, IsSame)) return;
+    table_->setModel(nullptr);
+    delete model_;
+    names_.rows = std::move(names.rows);
+    ShowModel();
+}
+
+} // namespace tarvix::forms

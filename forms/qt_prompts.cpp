@@ -55,6 +55,8 @@ std::string QtPrompts::InputBox(const session::Prompt& prompt, std::string_view 
     box.setWindowTitle(Shown(prompt.title));
     box.setLabelText(Shown(prompt.text));
     box.setTextValue(ToQt(preset));
+    box.setOkButtonText("&OK");
+    box.setCancelButtonText("&Cancel");
     return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
 }
 

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -224,6 +225,18 @@ void ExpectLettersOnce(const QWidget& window, const std::string& name) {
     }
 }
 
+// What can be pressed in a window of its own answers to a letter, but for Cancel, which Esc presses
+// too; a page of options has more than there are letters.
+void ExpectLetters(const QWidget& window, const std::string& name) {
+    for (const QWidget* part : PartsOf(window)) {
+        const auto* button = qobject_cast<const QAbstractButton*>(part);
+        const bool isAny = button != nullptr && !button->text().isEmpty();
+        if (!isAny || button->text() == "Cancel") continue;
+        EXPECT_TRUE(QString(button->text()).replace("&&", "  ").contains(u'&'))
+            << name << ": " << NameOf(*button) << " has no letter";
+    }
+}
+
 // Each entry is to be seen whole where the screen has room for all, else the menu scrolls; and
 // answers to a letter of its own.
 void ExpectEntries(const QMenu& menu, const std::string& name) {
@@ -267,6 +280,8 @@ TEST_P(LooksTest, EveryWindowCanBeReadAndUsed) {
         ExpectTabOrder(any, name);
         ExpectLettersOnce(any, name);
         if (const auto* menu = qobject_cast<const QMenu*>(&any)) ExpectEntries(*menu, name);
+        const bool isOptions = name.starts_with("options");
+        if (qobject_cast<QDialog*>(&any) != nullptr && !isOptions) ExpectLetters(any, name);
         ++seen;
     });
     EXPECT_GE(seen, 56);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kPause = 250;   // milliseconds
 constexpr int kShownRows = 8; // without scrolling
-constexpr int kVerdictCharacters = 24;
+constexpr int kLeastCharacters = 18;
 
 bool IsSame(const fields::PreviewRow& a, const fields::PreviewRow& b) {
     return a.object == b.object && a.newPath == b.newPath && a.verdict == b.verdict;
@@ -62,10 +62,14 @@ void FirstNamesPanel::ShowModel() {
     model_ = new PreviewModel(names_.rows, this);
     table_->setModel(model_);
     QHeaderView& head = *table_->horizontalHeader();
-    head.setSectionResizeMode(QHeaderView::Stretch);
-    head.setSectionResizeMode(PreviewModel::kVerdict, QHeaderView::Interactive);
-    head.resizeSection(PreviewModel::kVerdict,
-                       fontMetrics().averageCharWidth() * kVerdictCharacters);
+    head.setSectionResizeMode(QHeaderView::Interactive);
+    head.setSectionResizeMode(PreviewModel::kNewPath, QHeaderView::Stretch);
+    const int most = table_->viewport()->width() / 3;
+    const int least = std::min(most, fontMetrics().averageCharWidth() * kLeastCharacters);
+    for (const int column : {PreviewModel::kObject, PreviewModel::kVerdict}) {
+        table_->resizeColumnToContents(column);
+        head.resizeSection(column, std::clamp(head.sectionSize(column), least, most));
+    }
 }
 
 void FirstNamesPanel::Follow() {

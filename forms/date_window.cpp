@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>

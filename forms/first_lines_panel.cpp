@@ -12,7 +12,7 @@
 namespace tarvix::forms {
 
 namespace {
-constexpr int kShownLines = 8; // without scrolling
+constexpr int kFirstLinesShown = 8; // without scrolling
 }
 
 FirstLinesPanel::FirstLinesPanel(session::Session& session)
@@ -24,7 +24,7 @@ FirstLinesPanel::FirstLinesPanel(session::Session& session)
     lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
     lines_->setTabChangesFocus(true);
     lines_->setAccessibleName("The first lines that would be written");
-    lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kShownLines + 24);
+    lines_->setFixedHeight(lines_->fontMetrics().lineSpacing() * kFirstLinesShown + 24);
     similarNote_->setObjectName("lblSimilarNote");
     similarNote_->setWordWrap(true);
     FillSection(*this, "First lines", {lines_, similarNote_});

@@ -1,5 +1,6 @@
 #include "forms/first_names_panel.h"
 
+#include "fields/prompt_forms.h"
 #include "forms/action_sections.h"
 #include "forms/change_delegate.h"
 #include "forms/event_gate.h"
@@ -20,11 +21,11 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr int kPause = 250;   // milliseconds
-constexpr int kShownRows = 8; // without scrolling
-constexpr int kVerdictCharacters = 24;
+constexpr int kNamesPause = 250; // milliseconds
+constexpr int kNameRows = 8;     // without scrolling
+constexpr int kLeastNameWidth = 18;
 
-bool IsSame(const fields::PreviewRow& a, const fields::PreviewRow& b) {
+bool IsSameRow(const fields::PreviewRow& a, const fields::PreviewRow& b) {
     return a.object == b.object && a.newPath == b.newPath && a.verdict == b.verdict;
 }
 
@@ -55,24 +56,28 @@ void FirstNamesPanel::MakeTable() {
     QHeaderView& head = *table_->horizontalHeader();
     head.setHighlightSections(false);
     ShowModel();
-    table_->setFixedHeight(head.sizeHint().height() + row * kShownRows + 2 * table_->frameWidth());
+    table_->setFixedHeight(head.sizeHint().height() + row * kNameRows + 2 * table_->frameWidth());
 }
 
 void FirstNamesPanel::ShowModel() {
     model_ = new PreviewModel(names_.rows, this);
     table_->setModel(model_);
     QHeaderView& head = *table_->horizontalHeader();
-    head.setSectionResizeMode(QHeaderView::Stretch);
-    head.setSectionResizeMode(PreviewModel::kVerdict, QHeaderView::Interactive);
-    head.resizeSection(PreviewModel::kVerdict,
-                       fontMetrics().averageCharWidth() * kVerdictCharacters);
+    head.setSectionResizeMode(QHeaderView::Interactive);
+    head.setSectionResizeMode(PreviewModel::kNewPath, QHeaderView::Stretch);
+    const int most = table_->viewport()->width() / 3;
+    const int least = std::min(most, fontMetrics().averageCharWidth() * kLeastNameWidth);
+    for (const int column : {PreviewModel::kObject, PreviewModel::kVerdict}) {
+        table_->resizeColumnToContents(column);
+        head.resizeSection(column, std::clamp(head.sectionSize(column), least, most));
+    }
 }
 
 void FirstNamesPanel::Follow() {
     const std::string key = actions::FirstNamesKey(session_);
     setVisible(!key.empty());
     if (key.empty() || key == shown_) return;
-    pause_.start(shown_.empty() ? 0 : kPause);
+    pause_.start(shown_.empty() ? 0 : kNamesPause);
 }
 
 // A list of names may have been edited elsewhere.
@@ -93,7 +98,7 @@ void FirstNamesPanel::Work() {
 
 void FirstNamesPanel::Show(actions::FirstNames names) {
     note_->setText(ToQt(names.note));
-    if (std::ranges::equal(names.rows, names_.rows, IsSame)) return;
+    if (std::ranges::equal(names.rows, names_.rows, IsSameRow)) return;
     table_->setModel(nullptr);
     delete model_;
     names_.rows = std::move(names.rows);

@@ -2,6 +2,7 @@
 
 #include "actions/request/action_names.h"
 #include "actions/request/preview.h"
+#include "fields/control.h"
 #include "platform/clock.h"
 #include "results/selection.h"
 #include "session/session.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace tarvix::actions {
 

@@ -17,6 +17,7 @@
 #include <fmt/core.h>
 
 #include <unordered_map>
+#include <utility>
 
 namespace tarvix::actions {
 

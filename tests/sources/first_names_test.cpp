@@ -1,3 +1,4 @@
+#include "actions/request/first_names.h"
 #include "tests/sources/source_fixture.h"
 
 namespace tarvix::testing {

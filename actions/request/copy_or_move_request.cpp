@@ -179,16 +179,16 @@ std::string PlainPlace(const Session& session, const ActionRequest& request) {
     switch (request.way) {
     case Way::kMultipleLocations:
         return request.strMultiPath.size() == 1
-                   ? " to " + session.Shown(request.strMultiPath.front())
+                   ? fmt::format(" to {}", session.Shown(request.strMultiPath.front()))
                    : fmt::format(" to each of {} folders", request.strMultiPath.size());
     case Way::kUpFolderTree:
-        return " up " + Counted(request.levels, "folder");
+        return fmt::format(" up {}", Counted(request.levels, "folder"));
     case Way::kSpecialRule:
-        return " by the rule " + typed;
+        return fmt::format(" by the rule {}", typed);
     case Way::kOneLocation:
         break;
     }
-    return " to " + typed;
+    return fmt::format(" to {}", typed);
 }
 
 std::string DeedText(const Session& session, const ActionRequest& request) {
@@ -199,7 +199,8 @@ std::string DeedText(const Session& session, const ActionRequest& request) {
 // "Copy 391 objects to ~/Backup?"
 std::string PlainQuestion(const Session& session, const ActionRequest& request) {
     const auto structure = static_cast<std::size_t>(request.structure);
-    std::string told = DeedText(session, request) + PlainPlace(session, request) + "?";
+    std::string told =
+        fmt::format("{}{}?", DeedText(session, request), PlainPlace(session, request));
     if (structure > 0) {
         told += fmt::format("\r\n\r\nFolder structure: {}.", strStructureName[structure]);
     }

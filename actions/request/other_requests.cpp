@@ -75,9 +75,11 @@ void WriteFile(Session& session, ActionRun& run) {
 }
 
 bool ConfirmRename(Session& session) {
-    const std::string deed = "Rename " + Counted(session.selection->lngSelTop + 1, "object");
+    const std::string deed =
+        fmt::format("Rename {}", Counted(session.selection->lngSelTop + 1, "object"));
     return Confirm(session, PromptId::kConfirmRename,
-                   "Are you sure you want to rename all selected objects?", {deed + "?", deed});
+                   "Are you sure you want to rename all selected objects?",
+                   {fmt::format("{}?", deed), deed});
 }
 
 void HideAndReport(Session& session, const ActionRun& run) {

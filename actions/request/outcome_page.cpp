@@ -146,8 +146,9 @@ std::string OutcomeHeadline(const OutcomeList& list) {
     if (!hows.empty()) told += fmt::format(" ({})", hows);
     const std::string others =
         Listed(list, [](OutcomeMark mark) { return !Holds(kHows, mark) && !Holds(kUsual, mark); });
-    if (!others.empty()) told += ", " + others;
-    return told + ".";
+    if (!others.empty()) told += fmt::format(", {}", others);
+    told += '.';
+    return told;
 }
 
 void OfferOutcome(Session& session, const OutcomeWatch& watch) {

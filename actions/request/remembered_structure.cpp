@@ -66,7 +66,7 @@ std::string TextOf(const Remembered& remembered) {
         const std::string_view name = strStructureName[static_cast<std::size_t>(structure)];
         text += fmt::format("{} = {}\r\n", name, destination);
     }
-    return text + std::string(text::kEndMark) + "\r\n";
+    return text.append(text::kEndMark).append("\r\n");
 }
 
 bool IsAWindow(const Session& session) {
@@ -105,7 +105,7 @@ void RememberStructure(Session& session, const ActionRequest& request) {
     if (remembered->size() > kMostRemembered) remembered->erase(remembered->begin());
     const auto saved =
         session::ReplaceTextFile(session.files(), FileOf(session), TextOf(*remembered));
-    if (!saved) session::LogTimed(session, " " + session.Shown(saved.error()));
+    if (!saved) session::LogTimed(session, fmt::format(" {}", session.Shown(saved.error())));
 }
 
 } // namespace tarvix::actions

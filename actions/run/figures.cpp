@@ -21,7 +21,8 @@ std::string TimeLeftText(std::int64_t seconds) {
     if (seconds < kMinute) return fmt::format("0:{:02}", seconds);
     const bool isLong = seconds >= 2 * kHour;
     const std::int64_t unit = isLong ? kHour : kMinute;
-    return "about " + Counted((seconds + unit / 2) / unit, isLong ? "hour" : "minute");
+    return fmt::format("about {}",
+                       Counted((seconds + unit / 2) / unit, isLong ? "hour" : "minute"));
 }
 
 } // namespace tarvix::actions

@@ -30,7 +30,8 @@ std::string SummaryText(const session::ActionTotals& totals, std::string_view ve
     for (const auto& [count, what] : others) {
         if (count > 0) told += fmt::format(", {}{}", figure(count), what);
     }
-    return told + ".";
+    told += '.';
+    return told;
 }
 
 } // namespace tarvix::actions

@@ -113,12 +113,13 @@ Result<void> LinuxApplications::ShowTrash() {
         if (shown || shown.error().number == kDeviceError) return {};
     }
     const char* const set = std::getenv("XDG_DATA_HOME");
-    const std::string data = set != nullptr && *set == '/' ? set : home_ + "/.local/share";
-    const std::string held = data + "/Trash/files";
+    const std::string data =
+        set != nullptr && *set == '/' ? set : fmt::format("{}/.local/share", home_);
+    const std::string held = fmt::format("{}/Trash/files", data);
     if (::access(held.c_str(), R_OK | X_OK) != 0) {
         return Failure(kPathNotFound, "There is no trash in the home folder yet.");
     }
-    const std::vector<std::string> inside{held + "/."};
+    const std::vector<std::string> inside{fmt::format("{}/.", held)};
     return OpenFoldersOf(inside);
 }
 

@@ -38,8 +38,8 @@ class RunMenuWindow : public WindowFixture {
         settings.editor = "ed";
         settings.hexEditor = "hexed";
         settings.player = "vlc";
-        for (const char* program : {"ed", "hexed", "vlc"})
-            machine.applications.AddProgram(program);
+        for (const char* tool : {"ed", "hexed", "vlc"})
+            machine.applications.AddProgram(tool);
     }
     QMenu* RunMenu() {
         for (const QAction* top : window->menuBar()->actions()) {

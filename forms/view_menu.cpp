@@ -9,6 +9,7 @@
 #include "session/session.h"
 
 #include <QActionGroup>
+#include <QPushButton>
 
 namespace tarvix::forms {
 
@@ -81,6 +82,18 @@ void AddSizes(QMenu& menu, ResultView& list, session::PlatformSettings& settings
     add("Sizes in &kB, MB, GB", "actSizesInUnits", true);
 }
 
+// What the button in the status line does, for who has no mouse at hand.
+void AddLastAction(QMenu& menu, ResultView& list, const session::Session& session) {
+    QAction* entry = menu.addAction("What the &Last Action Did", &list, [&list] {
+        if (auto* button = list.window()->findChild<QPushButton*>("cmdOutcome")) button->click();
+    });
+    entry->setObjectName("actLastAction");
+    QObject::connect(&menu, &QMenu::aboutToShow, entry, [entry, &session] {
+        const auto& button = session.frmSearch.cmdOutcome;
+        entry->setEnabled(button.Visible && button.Enabled);
+    });
+}
+
 } // namespace
 
 void FillViewMenu(QMenu& menu, ResultView& list, session::Session& session) {
@@ -98,6 +111,7 @@ void FillViewMenu(QMenu& menu, ResultView& list, session::Session& session) {
         open->activateWindow();
     });
     legend->setObjectName("actLegend");
+    AddLastAction(menu, list, session);
 }
 
 } // namespace tarvix::forms

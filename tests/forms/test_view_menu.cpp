@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QTableView>
 #include <gmock/gmock.h>
 
 namespace tarvix::forms {
@@ -54,6 +56,19 @@ class ViewMenuTest : public WindowFixture {
         }
     }
 };
+
+TEST_F(ViewMenuTest, TellsOfTheLastActionByTwoKeys) {
+    SearchAbba();
+    auto* entry = Find<QAction>("actLastAction");
+    emit qobject_cast<QMenu*>(entry->parent())->aboutToShow();
+    EXPECT_FALSE(entry->isEnabled()) << "there was no action yet";
+    Press("cmdSelectAll");
+    OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnYes")->click(); });
+    Press("cmdDeleteSelected");
+    ASSERT_FALSE(Find<QTableView>("lstOutcome")->isVisible());
+    Keys("vl");
+    EXPECT_TRUE(Find<QTableView>("lstOutcome")->isVisible());
+}
 
 TEST_F(ViewMenuTest, SortsByTheColumnsThatShowFromLeftToRight) {
     SearchAbba();

@@ -22,8 +22,8 @@ std::string_view Stripped(std::string_view line) {
 
 } // namespace
 
-KeyFile::KeyFile(std::string_view bytes) : bytes_(bytes) {
-    std::string_view rest = bytes_;
+KeyFile::KeyFile(std::string_view bytes) : bytes_(std::make_shared<const std::string>(bytes)) {
+    std::string_view rest = *bytes_;
     if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
     std::string_view group;
     for (std::size_t line = 0; line < kMostLines && !rest.empty(); ++line) {

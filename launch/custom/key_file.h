@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,7 +12,7 @@ namespace tarvix::custom {
 
 // The groups and keys of a desktop entry or a file like it, for reading. Any bytes are taken; a
 // line that is none of it is passed over, and of two keys of one name the first counts. Views live
-// as long as the file.
+// as long as the file, or a copy of it.
 class KeyFile {
   public:
     explicit KeyFile(std::string_view bytes);
@@ -37,7 +38,7 @@ class KeyFile {
         std::string_view value;
     };
 
-    std::string bytes_;
+    std::shared_ptr<const std::string> bytes_; // where the views lead, even when this is moved
     std::vector<Entry> entries_;
     std::vector<std::string_view> groups_;
 };

@@ -35,6 +35,16 @@ class Outcomes : public ActionFixture {
         }
         return names;
     }
+    // a.txt goes, b.txt stays.
+    void DeleteTwoOfWhichTheTrashTakesOne() {
+        Disk().AddFile("C:\\t\\a.txt", "a");
+        Disk().AddFile("C:\\t\\b.txt", "b");
+        machine.bin.Refuse("C:\\t\\b.txt", platform::kPermissionDenied);
+        Find();
+        prompts.Queue("Yes");
+        prompts.Queue("cmdNo");
+        Click(Form().cmdDeleteSelected);
+    }
 };
 
 TEST_F(Outcomes, ACopyTellsOfEachObjectAndItsPageOpensFromTheStatusLine) {
@@ -160,13 +170,7 @@ TEST_F(Outcomes, WhatAStopLeavesIsNotReached) {
 }
 
 TEST_F(Outcomes, RecycledRowsAreMarkedAndUnselectedAndTheTrashCanBeOpened) {
-    Disk().AddFile("C:\\t\\a.txt", "a");
-    Disk().AddFile("C:\\t\\b.txt", "b");
-    machine.bin.Refuse("C:\\t\\b.txt", platform::kPermissionDenied);
-    Find();
-    prompts.Queue("Yes");
-    prompts.Queue("cmdNo");
-    Click(Form().cmdDeleteSelected);
+    DeleteTwoOfWhichTheTrashTakesOne();
     EXPECT_THAT(Listed(), ElementsAre("in the trash: C:\\t\\a.txt -> ",
                                       "failed: C:\\t\\b.txt -> C:\\t\\b.txt"));
     EXPECT_THAT(Selected(), ElementsAre("b.txt"));
@@ -254,13 +258,7 @@ TEST_F(Fates, ARepeatedSearchShowsWhatWasMovedWithinItAndWhatWasNot) {
 }
 
 TEST_F(Fates, WhatCouldNotGoToTheTrashHasItsSign) {
-    Disk().AddFile("C:\\t\\a.txt", "a");
-    Disk().AddFile("C:\\t\\b.txt", "b");
-    machine.bin.Refuse("C:\\t\\b.txt", platform::kPermissionDenied);
-    Find();
-    prompts.Queue("Yes");
-    prompts.Queue("cmdNo");
-    Click(Form().cmdDeleteSelected);
+    DeleteTwoOfWhichTheTrashTakesOne();
     EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kNone);
     EXPECT_TRUE(program.Rows().At(0).Has(results::kGone));
     EXPECT_EQ(program.Rows().At(1).Fate(), RowFate::kFailed);

@@ -58,9 +58,7 @@ int Finding::ActOnAll(session::Session& session, int searchCode, fields::Control
         return searchCode;
     }
     const Watch watch(host_, session);
-    if (!Click(session, session.frmSearch.cmdSelectAll)) return kBadRequest;
-    // The list, and with it the selection, may be cleared behind the action.
-    const std::int64_t selected = session.selection->lngSelTop + 1;
+    const std::int64_t selected = results::SelectAllRows(session);
     if (!Click(session, button)) return kBadRequest;
     prompts_.TellRepeated();
     const int code = after(selected);

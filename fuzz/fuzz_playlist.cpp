@@ -15,6 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     auto& session = fixture.session;
     static results::ResultList rows;
     rows.Clear();
+    fixture.machine.faults.ResetCounts(); // it keeps every call
     session.rows = &rows;
     session.state.platformSettings.listsAreNative = (data[0] & 1) != 0;
     fixture.machine.disk.AddFile("C:\\m\\Song.mp3", "x");

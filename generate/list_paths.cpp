@@ -7,6 +7,7 @@
 #include "text/characters.h"
 
 #include <array>
+#include <utility>
 
 namespace tarvix::generate {
 
@@ -45,18 +46,20 @@ void ListPaths::Append(std::string& out, std::string_view drivePath) {
         out += native.empty() ? std::string(drivePath) : native;
         return;
     }
-    const std::string_view folder = drivePath.substr(0, slash);
-    if (folder != folder_) {
-        folder_ = folder;
-        nativeFolder_ = session_.platform.paths.ToNative(folder);
-        if (!nativeFolder_.empty() && !nativeFolder_.ends_with('/')) nativeFolder_ += '/';
-    }
-    if (nativeFolder_.empty()) {
+    const std::string& folder = NativeFolder(drivePath.substr(0, slash));
+    if (folder.empty()) {
         out += drivePath;
         return;
     }
-    out += nativeFolder_;
+    out += folder;
     platform::AppendNameToNative(out, drivePath.substr(slash + 1));
+}
+
+const std::string& ListPaths::NativeFolder(std::string_view folder) {
+    if (const auto known = folders_.find(folder); known != folders_.end()) return known->second;
+    std::string native = session_.platform.paths.ToNative(folder);
+    if (!native.empty() && !native.ends_with('/')) native += '/';
+    return folders_.emplace(folder, std::move(native)).first->second;
 }
 
 std::string ListPaths::Of(std::string_view drivePath) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdint>
+#include "text/by_text.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,7 @@ struct Session;
 namespace tarvix::generate {
 
 // How paths and names stand in written lists: as this machine writes them, or in drive form, by the
-// settings. Many paths of one folder in a row are cheap.
+// settings. Each folder is looked up once, so that many paths are cheap in any order.
 class ListPaths {
   public:
     explicit ListPaths(session::Session& session);
@@ -26,10 +27,12 @@ class ListPaths {
     void AppendName(std::string& out, std::string_view driveName) const;
 
   private:
+    // With a final "/"; empty when it is on no drive.
+    const std::string& NativeFolder(std::string_view folder);
+
     session::Session& session_;
     bool isNative_;
-    std::string folder_;       // of the last path, in drive form
-    std::string nativeFolder_; // with a final "/"; empty when it is on no drive
+    text::ByText<std::string> folders_;
 };
 
 // Whether a line of a list can hold the text: none that breaks in two.

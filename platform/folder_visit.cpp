@@ -2,13 +2,17 @@
 
 #include "platform/file_system.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace tarvix::platform {
 
 namespace {
 
 constexpr std::int64_t kSecond = 1'000'000'000;
+constexpr std::size_t kKeptWanted = 4096; // indexes
 
 // Dates of disks mostly fit into 64 bits, which divide ten times as fast.
 std::int64_t StepsOf(FileTime time, std::int64_t step) {
@@ -79,12 +83,16 @@ std::unique_ptr<FolderVisitor> VisitorOf(FileSystem& files) {
 void FindWanted(const VisitWish& wish, FolderVisit& visit) {
     if (!wish.wants) return;
     const FolderListing& names = *visit.names;
+    static thread_local std::vector<std::uint32_t> wanted; // its room is kept for the next folder
+    wanted.clear();
     for (std::size_t i = 0; i < names.Size(); ++i) {
         const FolderEntry entry = names[i];
         if (!entry.isFolder && wish.wants(entry.name)) {
-            visit.wanted.push_back(static_cast<std::uint32_t>(i));
+            wanted.push_back(static_cast<std::uint32_t>(i));
         }
     }
+    visit.wanted.assign(wanted.begin(), wanted.end());
+    if (wanted.size() > kKeptWanted) wanted = {};
 }
 
 } // namespace tarvix::platform

@@ -24,7 +24,7 @@ constexpr auto kIsReserved = [] {
     return table;
 }();
 
-enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2 };
+enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2, kControl = 4 };
 
 constexpr auto kKindOfByte = [] {
     std::array<std::uint8_t, 256> table{};
@@ -32,6 +32,8 @@ constexpr auto kKindOfByte = [] {
         table[byte] = kIsReserved[byte] || byte == 0 || byte == '/' ? kForbidden : 0;
     for (std::size_t byte = kIsReserved.size(); byte < table.size(); ++byte)
         table[byte] = kBeyondAscii;
+    for (std::size_t byte = 0; byte < ' '; ++byte)
+        table[byte] |= kControl;
     return table;
 }();
 
@@ -55,15 +57,21 @@ bool IsCarriedAtEnd(char c) {
     return c == ' ' || c == '.';
 }
 
+// All ByteKinds of a text.
+unsigned KindsIn(std::string_view text) {
+    unsigned kinds = 0;
+    for (const char c : text)
+        kinds |= kKindOfByte[static_cast<unsigned char>(c)];
+    return kinds;
+}
+
 // Whether every byte means the same on disk and in drive form.
 bool IsPlain(std::string_view name) {
     if (name.empty()) return true;
     if (name.front() == ' ' || IsCarriedAtEnd(name.back())) return false;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 128 || kIsReserved[byte]) return false;
-    }
-    return true;
+    const unsigned kinds = KindsIn(name);
+    if ((kinds & kForbidden) != 0) return false;
+    return (kinds & kBeyondAscii) == 0 || (!MayHoldCarried(name) && text::IsValidUtf8(name));
 }
 
 // One character of a disk name that carries nothing by its place.
@@ -100,8 +108,9 @@ bool IsDots(std::string_view driveName) {
 
 // Whether no byte is a control character and none is no text.
 bool IsShownAsItIs(std::string_view native) {
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-    return std::ranges::none_of(native, isControl) && text::IsValidUtf8(native);
+    const unsigned kinds = KindsIn(native);
+    if ((kinds & kControl) != 0) return false;
+    return (kinds & kBeyondAscii) == 0 || text::IsValidUtf8(native);
 }
 
 void AppendAllShown(std::string& out, std::string_view native) {
@@ -196,9 +205,7 @@ std::string NameToNative(std::string_view driveName) {
 
 bool CanBeName(std::string_view driveName) {
     if (driveName.empty() || IsDots(driveName)) return false;
-    unsigned kinds = 0;
-    for (const char c : driveName)
-        kinds |= kKindOfByte[static_cast<unsigned char>(c)];
+    const unsigned kinds = KindsIn(driveName);
     if ((kinds & kForbidden) != 0) return false;
     return (kinds & kBeyondAscii) == 0 || text::IsValidUtf8(driveName);
 }

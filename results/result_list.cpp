@@ -35,6 +35,7 @@ void ResultList::Clear() {
     folders_.clear();
     names_.Clear();
     entries_.clear();
+    lastEntry_ = nullptr;
     identities_.Clear();
     index_.reset();
     if (details_) details_->Clear();
@@ -48,7 +49,8 @@ const RowFolder* ResultList::AddFolder(RowFolder folder) {
 }
 
 const std::string* ResultList::KeepEntry(std::string_view entry) {
-    return &*entries_.emplace(entry).first;
+    if (lastEntry_ == nullptr || *lastEntry_ != entry) lastEntry_ = &*entries_.emplace(entry).first;
+    return lastEntry_;
 }
 
 std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {

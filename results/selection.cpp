@@ -55,6 +55,8 @@ void SelectRows(ResultList& rows, std::predicate<const ResultRow&> auto rule) {
     }
 }
 
+constexpr std::string_view kAllSelected = " User selected all files and folders";
+
 void RunSelectCommand(session::Session& session, std::string_view word, std::string_view logText,
                       std::predicate<const ResultRow&> auto rule) {
     session.frmSearch.lblStatus.Caption = std::string(word);
@@ -65,17 +67,23 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
     session.frmSearch.lblStatus.Caption = "";
 }
 
-// `path` is the row's own, a buffer for all of them.
+// Path\Name of a row, as JoinRowPath gives it.
+std::string_view KeepRowPath(TextStore& texts, const ResultRow& row) {
+    const std::string& folder = row.folder->longPath;
+    if (row.isFolder) return texts.Keep(folder);
+    if (folder.empty()) return texts.Keep(row.name);
+    return texts.Keep({folder, folder.ends_with('\\') ? "" : "\\", row.name});
+}
+
 void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const ResultRow& row,
-               bool takesLongPaths, std::string& path) {
-    AssignRowPath(path, *row.folder, row.name, row.isFolder);
+               bool takesLongPaths) {
     // The full path names the object with more certainty than its short form could.
-    const std::string_view kept = tables.texts.Keep(path);
+    const std::string_view kept = KeepRowPath(tables.texts, row);
     tables.strSelActualPath[at] = kept;
     tables.strSelName[at] = kept.ends_with(row.name) ? kept.substr(kept.size() - row.name.size())
                                                      : tables.texts.Keep(row.name);
-    const bool opensAsItIs = takesLongPaths || path.size() <= session::kLongPath;
-    tables.strSelPath[at] = opensAsItIs ? kept : tables.texts.Keep(OpenablePath(path));
+    const bool opensAsItIs = takesLongPaths || kept.size() <= session::kLongPath;
+    tables.strSelPath[at] = opensAsItIs ? kept : tables.texts.Keep(OpenablePath(std::string(kept)));
     tables.strSelRelPath[at] =
         kept.substr(std::min<std::size_t>(row.folder->searchPrefix, kept.size()));
     tables.blnSelIsFile[at] = !row.isFolder;
@@ -126,12 +134,11 @@ void BuildFileArray(session::Session& session) {
     tables.isRenamed = false;
     Totals totals;
     std::size_t next = 0;
-    std::string path;
     const bool takesLongPaths = session.state.platformSettings.longestPath == session::kAnyLength;
     for (std::size_t i = 0; i < rows.Count(); ++i) {
         const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
-        FillEntry(rows, tables, next++, row, takesLongPaths, path);
+        FillEntry(rows, tables, next++, row, takesLongPaths);
         totals.Add(row);
     }
     tables.lngSelTop = static_cast<std::int64_t>(next) - 1;
@@ -139,18 +146,24 @@ void BuildFileArray(session::Session& session) {
     ShowTotals(session, totals);
 }
 
-void CountSelection(session::Session& session) {
+std::int64_t CountSelection(session::Session& session) {
     Totals totals;
     for (std::size_t i = 0; i < session.rows->Count(); ++i) {
         const ResultRow& row = session.rows->At(i);
         if (row.selected && !row.IsSpacer()) totals.Add(row);
     }
     ShowTotals(session, totals);
+    return totals.files + totals.folders;
 }
 
 void cmdSelectAll_Click(session::Session& session) {
-    RunSelectCommand(session, "Selecting", " User selected all files and folders",
-                     [](const ResultRow&) { return true; });
+    RunSelectCommand(session, "Selecting", kAllSelected, [](const ResultRow&) { return true; });
+}
+
+std::int64_t SelectAllRows(session::Session& session) {
+    session::LogTimed(session, kAllSelected);
+    SelectRows(*session.rows, [](const ResultRow&) { return true; });
+    return CountSelection(session);
 }
 
 void cmdSelectAllDirs_Click(session::Session& session) {

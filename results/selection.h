@@ -37,8 +37,13 @@ struct Selection {
 // selected is unselected.
 void BuildFileArray(session::Session& session);
 
-// The counters alone, without the tables; cheap enough for every click in the list.
-void CountSelection(session::Session& session);
+// The counters alone, without the tables; cheap enough for every click in the list. Gives how many
+// rows are selected.
+std::int64_t CountSelection(session::Session& session);
+
+// Selects every row but the spacers, says so in the log and sets the counters, without the tables:
+// for who builds them next. Gives how many.
+std::int64_t SelectAllRows(session::Session& session);
 
 // Each selects rows by its rule, never a spacer, and builds the tables anew.
 void cmdSelectAll_Click(session::Session& session);

@@ -25,13 +25,32 @@ void TextStore::Restart(std::size_t bytes) {
     if (bytes > 0) AddBlock(bytes);
 }
 
+char* TextStore::RoomFor(std::size_t bytes) {
+    if (bytes > left_ || blocks_.empty()) AddBlock(bytes);
+    char* const room = blocks_.back().get() + (size_ - left_);
+    left_ -= bytes;
+    return room;
+}
+
 std::string_view TextStore::Keep(std::string_view text) {
     if (text.empty()) return {};
-    if (text.size() > left_ || blocks_.empty()) AddBlock(text.size());
-    char* const at = blocks_.back().get() + (size_ - left_);
+    char* const at = RoomFor(text.size());
     std::memcpy(at, text.data(), text.size());
-    left_ -= text.size();
     return {at, text.size()};
+}
+
+std::string_view TextStore::Keep(std::initializer_list<std::string_view> pieces) {
+    std::size_t size = 0;
+    for (const std::string_view piece : pieces)
+        size += piece.size();
+    if (size == 0) return {};
+    char* const start = RoomFor(size);
+    char* at = start;
+    for (const std::string_view piece : pieces) {
+        std::memcpy(at, piece.data(), piece.size());
+        at += piece.size();
+    }
+    return {start, size};
 }
 
 void TextStore::Clear() {

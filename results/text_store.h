@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -15,10 +16,13 @@ class TextStore {
     void Restart(std::size_t bytes);
     // A copy of `text`.
     std::string_view Keep(std::string_view text);
+    // The pieces, one behind the other, as one text.
+    std::string_view Keep(std::initializer_list<std::string_view> pieces);
     void Clear();
 
   private:
     void AddBlock(std::size_t bytes);
+    char* RoomFor(std::size_t bytes);
 
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t left_ = 0; // bytes, at the end of the last block

@@ -71,7 +71,7 @@ WalkEnd FindFamily::Test() const {
 
 void FindFamily::ShowCurrent(std::size_t index) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        text::Concat({"Current search folder - ", session_.Shown(list_.At(index).strFolderLong)});
+        text::Concat({"Current search folder - ", shown_.Of(list_.At(index).strFolderLong)});
 }
 
 const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {

@@ -9,6 +9,7 @@
 #include "search/name_checks.h"
 #include "search/search_request.h"
 #include "search/walk_end.h"
+#include "session/paths/shown_folders.h"
 
 #include <memory>
 #include <optional>
@@ -74,6 +75,7 @@ class FindFamily {
     void ShowCurrent(std::size_t index);
 
     session::Session& session_;
+    session::ShownFolders shown_{session_};
     results::Counters& counters_;
     FolderList& list_;
     Filters& filters_;

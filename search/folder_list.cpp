@@ -41,7 +41,7 @@ std::string FolderList::ShortFormFor(const std::string& path) {
 
 void FolderList::ShowReading(std::string_view folder) {
     session_.frmSearch.lblCurrentFolder.Caption =
-        text::Concat({"Building list of folders with - ", session_.Shown(folder)});
+        text::Concat({"Building list of folders with - ", shown_.Of(folder)});
 }
 
 void FolderList::Start(std::string_view location) {
@@ -100,7 +100,7 @@ void FolderList::BuildRootOnly(std::string_view location) {
 void FolderList::BuildSecond() {
     for (const CrawlFolder& folder : folders_) {
         session_.frmSearch.lblCurrentFolder.Caption = text::Concat(
-            {"Building another list of folders with - ", session_.Shown(folder.strFolderLong)});
+            {"Building another list of folders with - ", shown_.Of(folder.strFolderLong)});
         session_.Yield();
         if (IsInterrupted()) return;
     }

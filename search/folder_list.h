@@ -5,6 +5,7 @@
 #include "platform/read_ahead.h"
 #include "results/counters.h"
 #include "search/search_request.h"
+#include "session/paths/shown_folders.h"
 
 #include <cstdint>
 #include <memory>
@@ -96,6 +97,7 @@ class FolderList {
     std::string ShortFormFor(const std::string& path);
 
     session::Session& session_;
+    session::ShownFolders shown_{session_};
     results::Counters& counters_;
     const SearchRequest& request_;
     std::vector<CrawlFolder> folders_;

@@ -34,13 +34,36 @@ bool IsAsciiByte(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-template <char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
+// Eight ASCII characters with the case of the letters from `first` on turned over.
+template <char first>
+std::uint64_t TurnEight(std::uint64_t word) {
+    constexpr std::uint64_t kEach = 0x0101010101010101;
+    constexpr std::uint64_t kHigh = 0x80 * kEach;
+    // The high bit of a byte tells whether it is that letter or beyond.
+    const std::uint64_t fromFirst = word + (0x80 - first) * kEach;
+    const std::uint64_t behindLast = word + (0x80 - (first + 26)) * kEach;
+    return word ^ ((fromFirst & ~behindLast & kHigh) >> 2);
+}
+
+// ASCII text, in place.
+template <char first, char (*MapAscii)(char)>
+void MapAll(char* at, std::size_t size) {
+    for (; size >= 8; at += 8, size -= 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, at, 8);
+        word = TurnEight<first>(word);
+        std::memcpy(at, &word, 8);
+    }
+    for (; size > 0; ++at, --size)
+        *at = MapAscii(*at);
+}
+
+template <char first, char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
 void AppendMapped(std::string& out, std::string_view s) {
     if (IsAscii(s)) {
         const std::size_t before = out.size();
         out.append(s);
-        std::transform(s.begin(), s.end(), out.begin() + static_cast<std::ptrdiff_t>(before),
-                       MapAscii);
+        MapAll<first, MapAscii>(out.data() + before, s.size());
         return;
     }
     out.reserve(out.size() + s.size());
@@ -87,7 +110,7 @@ char32_t UpperCharacter(char32_t codePoint) {
 }
 
 void AppendUpper(std::string& out, std::string_view s) {
-    AppendMapped<UpperAscii, UpperCharacter>(out, s);
+    AppendMapped<'a', UpperAscii, UpperCharacter>(out, s);
 }
 
 std::string Upper(std::string_view s) {
@@ -98,7 +121,7 @@ std::string Upper(std::string_view s) {
 
 std::string Lower(std::string_view s) {
     std::string out;
-    AppendMapped<LowerAscii, LowerCharacter>(out, s);
+    AppendMapped<'A', LowerAscii, LowerCharacter>(out, s);
     return out;
 }
 

@@ -76,6 +76,7 @@ bool IsAscii(std::string_view s) {
     for (; s.size() - pos >= 8; pos += 8) {
         if (!EightAscii(s.data() + pos)) return false;
     }
+    if (s.size() >= 8) return EightAscii(s.data() + s.size() - 8);
     for (; pos < s.size(); ++pos) {
         if (ByteAt(s, pos) >= 0x80) return false;
     }
@@ -181,6 +182,8 @@ bool IsValidUtf8(std::string_view s) {
             pos += 8;
             continue;
         }
+        const bool isLast = s.size() - pos < 8 && s.size() >= 8;
+        if (isLast && EightAscii(s.data() + s.size() - 8)) return true;
         char32_t ignored;
         const std::size_t bytes = ByteAt(s, pos) < 0x80 ? 1 : DecodeLong(s, pos, ignored);
         if (bytes == 0) return false;

@@ -56,6 +56,7 @@ void LikePattern::Compile(std::string_view pattern) {
         }
     }
     CloseSegment(segmentBegin);
+    takesAll_ = elements_.empty() && segments_.size() > 1;
 }
 
 // False for a range that runs backward.
@@ -127,6 +128,7 @@ char32_t LikePattern::NextFolded(std::string_view text, std::size_t& pos) const 
 
 bool LikePattern::Matches(std::string_view text) const {
     if (bad_) return false;
+    if (takesAll_) return true;
     return IsAscii(text) ? MatchesAscii(text) : MatchesAny(text);
 }
 
@@ -183,7 +185,17 @@ bool LikePattern::SegmentFrom(const Segment& segment, std::string_view text,
     return true;
 }
 
+// Whether the last segment is plain and the text's last bytes, being ASCII, are others.
+bool LikePattern::EndsOtherwise(std::string_view text) const {
+    const Segment& last = segments_.back();
+    const std::size_t size = last.end - last.begin;
+    if (!last.isLiteral || text.size() < size) return false;
+    const std::size_t at = text.size() - size;
+    return IsAscii(text.substr(at)) && !SegmentAt(last, text, at);
+}
+
 bool LikePattern::MatchesAny(std::string_view text) const {
+    if (EndsOtherwise(text)) return false;
     std::size_t pos = 0;
     if (!SegmentFrom(segments_.front(), text, pos)) return false;
     if (segments_.size() == 1) return pos == text.size();

@@ -65,10 +65,12 @@ class LikePattern {
     bool MatchesAscii(std::string_view text) const;
 
     bool SegmentFrom(const Segment& segment, std::string_view text, std::size_t& pos) const;
+    bool EndsOtherwise(std::string_view text) const;
     bool MatchesAny(std::string_view text) const;
 
     bool ignoreCase_;
     bool bad_ = false;
+    bool takesAll_ = false; // nothing but stars
     std::vector<Element> elements_;
     std::vector<CharacterClass> classes_;
     std::vector<Segment> segments_; // one more than there are stars

@@ -3,6 +3,7 @@
 #include "platform/linux/drive_table.h"
 #include "platform/linux/name_table.h"
 #include "platform/linux/system_calls.h"
+#include "text/by_text.h"
 
 #include <atomic>
 #include <cstdint>
@@ -133,7 +134,7 @@ class FolderStore {
         bool isCurrent = false; // nobody changed it since it was read, as it was last looked at
     };
 
-    using Entry = ByText<Folder>::value_type; // with its native path
+    using Entry = text::ByText<Folder>::value_type; // with its native path
 
     // A folder that no link led to, below one that its path led to.
     struct TrueFolder {
@@ -164,11 +165,11 @@ class FolderStore {
     const StoreClock clock_;
     mutable std::mutex mutex_;
     std::atomic<int> depth_ = 0;
-    ByText<Folder> folders_; // by native path
+    text::ByText<Folder> folders_; // by native path
     std::vector<Entry*> held_;
     std::vector<TrueFolder> trueFolders_;      // the last used at the end
     std::shared_ptr<const DriveTable> drives_; // of the ways
-    ByText<Way> ways_;
+    text::ByText<Way> ways_;
     std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
     StoreCounts counts_;
     std::atomic<std::uint64_t> resolved_ = 0;

@@ -55,9 +55,8 @@ Sys<std::string> ReadPart(int fd, std::uint64_t offset, std::size_t count) {
     }
     return out;
 }
-// Gives the file at the end of all links its new content in one step.
-Sys<void> WriteBehindLinks(const std::string& native, std::string_view content,
-                           const CopyRoads& roads) {
+// Gives the file at the end of all links the content of an open one in one step.
+Sys<void> WriteBehindLinks(const std::string& native, int from, const CopyRoads& roads) {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(native.c_str(), nullptr),
                                                            std::free);
     if (!real) return std::unexpected(errno);
@@ -70,7 +69,10 @@ Sys<void> WriteBehindLinks(const std::string& native, std::string_view content,
     const At at{folder->Get(), name.c_str()};
     TX_TRY_ASSIGN(const auto st, StatOf(at));
     TX_TRY_ASSIGN(auto part, PartFile::Create(folder->Get(), 0600, roads));
-    TX_TRY(WriteAll(part.Fd(), content));
+    TX_TRY_ASSIGN(const auto fromSt, StatOf(from));
+    const CopyObserver unobserved;
+    CopyRun run(unobserved, roads, true);
+    TX_TRY(CopyContent(from, part.Fd(), fromSt, run));
     // What may not be read still has a mode and an owner.
     const auto old = OpenAt(at, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     if (old) CopyMetadata(old->Get(), part.Fd(), st);
@@ -117,10 +119,9 @@ Result<std::unique_ptr<TextStream>> LinuxFileSystem::CreateTextFile(std::string_
 Result<void> LinuxFileSystem::ReplaceContent(std::string_view path, std::string_view from) {
     TX_TRY_ASSIGN(const Resolved source, FileForBytes(from, false));
     TX_TRY_ASSIGN(const UniqueFd in, OpenForBytes(source, O_RDONLY, from));
-    TX_TRY_ASSIGN(const std::string content, Named(ReadAll(in.Get(), kTextLimit), from));
     TX_TRY_ASSIGN(const Resolved place, FileForBytes(path, false));
     NoteChanged();
-    return Named(WriteBehindLinks(place.native, content, roads_), path);
+    return Named(WriteBehindLinks(place.native, in.Get(), roads_), path);
 }
 
 Result<std::unique_ptr<TextStream>> LinuxFileSystem::OpenAsTextStream(std::string_view path,

@@ -35,7 +35,8 @@ void LinuxFolderVisitor::Visit(const std::string& folder, const VisitWish& wish,
                                const std::atomic<bool>& isDropped, FolderVisit& visit) {
     if (visits_++ == 0) waits_ = WaitsOfThread();
     if (VisitFromParent(folder, wish, isDropped, visit)) return;
-    if (auto opened = files_->Open(folder)) opened->Visit(wish, isDropped, visit);
+    if (auto opened = files_->Open(folder)) return opened->Visit(wish, isDropped, visit);
+    visit = {};
 }
 
 bool LinuxFolderVisitor::EndRun() {
@@ -76,6 +77,8 @@ bool LinuxFolderVisitor::VisitFromParent(const std::string& folder, const VisitW
     return true;
 }
 
+// False where the folder must be opened; what is found then spares the visit a second look at the
+// same names.
 bool LinuxFolderVisitor::FindKnown(const std::string& name, const VisitWish& wish,
                                    FolderVisit& visit) {
     if (!held_->KeepsListings()) return false;
@@ -85,9 +88,7 @@ bool LinuxFolderVisitor::FindKnown(const std::string& name, const VisitWish& wis
     if (!visit.names) return false;
     FindWanted(wish, visit);
     if (wish.folderFacts) visit.folder = held_->ChildFacts(*st, name);
-    if (!wish.facts || visit.wanted.empty()) return true;
-    visit = {};
-    return false;
+    return !wish.facts || visit.wanted.empty();
 }
 
 } // namespace tarvix::platform

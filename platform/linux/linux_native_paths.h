@@ -3,6 +3,7 @@
 #include "platform/linux/drive_table.h"
 #include "platform/linux/name_table.h"
 #include "platform/native_paths.h"
+#include "text/by_text.h"
 
 #include <memory>
 #include <mutex>
@@ -31,8 +32,8 @@ class LinuxNativePaths : public NativePaths {
     Mounts& mounts_;
     std::string home_;
     mutable std::mutex mutex_;
-    mutable Table drives_;                // of what is known
-    mutable ByText<std::string> folders_; // native paths of folders by drive path, "" for "/"
+    mutable Table drives_;                      // of what is known
+    mutable text::ByText<std::string> folders_; // native paths of folders by drive path, "" for "/"
 };
 
 // An absolute native path without "." and "..", doubled and final "/", by its text alone.

@@ -104,9 +104,15 @@ Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
 void LinuxOpenFolder::Visit(const VisitWish& wish, const std::atomic<bool>& isDropped,
                             FolderVisit& visit) {
     auto names = Names();
-    if (!names) return;
-    visit.names = std::move(*names);
-    FindWanted(wish, visit);
+    if (!names) {
+        visit = {};
+        return;
+    }
+    if (visit.names != *names) {
+        visit = {};
+        visit.names = std::move(*names);
+        FindWanted(wish, visit);
+    }
     if (wish.folderFacts) {
         const auto st = StatOf(fd_.Get());
         const std::string name = NameToNative(text::FolderOwnName(path_));

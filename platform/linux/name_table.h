@@ -1,20 +1,13 @@
 #pragma once
 
+#include "text/by_text.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tarvix::platform {
-
-// A key that can be looked for by a view of it.
-struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>()(s); }
-};
-template <class Value>
-using ByText = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
 
 // The disk names in one folder, found without regard to case or by made short form. It knows
 // nothing of the disk: whoever owns it tells what came and went.
@@ -39,9 +32,9 @@ class NameTable {
     void AddShort(std::string_view nativeName);
     const std::string* FindShort(std::string_view name);
 
-    ByText<std::string> byUpper_;                // disk names by their upper-case form
-    std::vector<std::string> clashing_;          // behind those in byUpper_, but for case equal
-    std::optional<ByText<std::string>> byShort_; // "" where two names share a form
+    text::ByText<std::string> byUpper_; // disk names by their upper-case form
+    std::vector<std::string> clashing_; // behind those in byUpper_, but for case equal
+    std::optional<text::ByText<std::string>> byShort_; // "" where two names share a form
 };
 
 } // namespace tarvix::platform

@@ -315,8 +315,12 @@ bool TakeDrive(PlatformSettings& settings, char letter, std::string_view folder)
 bool TakeLine(PlatformSettings& settings, std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == line.npos) return false;
-    return SetSetting(settings, text::Trim(line.substr(0, equals)),
-                      text::Trim(line.substr(equals + 1)));
+    const std::string_view key = text::Trim(line.substr(0, equals));
+    const std::string_view value = text::Trim(line.substr(equals + 1));
+    // A line that is not understood is saved behind all others, where it must not come to mean
+    // something: a letter is let go whether or not a line above gave it a folder.
+    const bool letsGo = value.empty() && DriveLetterOf(key) != 0;
+    return SetSetting(settings, key, value) || letsGo;
 }
 
 std::string DriveKey(char letter) {

@@ -10,13 +10,24 @@
 
 namespace tarvix::shortcuts {
 
+namespace {
+
+bool IsLetter(char c, char lower) {
+    return c == lower || c == lower - 'a' + 'A';
+}
+
+} // namespace
+
 Kind KindOf(std::string_view name) {
-    const std::string_view extension = text::GetExtension(name);
-    // Most names are settled by their length.
-    if (extension.size() != 3 && extension.size() != 7) return Kind::kNone;
-    if (text::EqualNoCase(extension, "lnk")) return Kind::kLnk;
-    if (text::EqualNoCase(extension, "url")) return Kind::kUrl;
-    return text::EqualNoCase(extension, "desktop") ? Kind::kDesktop : Kind::kNone;
+    // Most names are settled by one or two of their characters.
+    const auto ends = [name](std::string_view ending) {
+        if (name.size() < ending.size()) return false;
+        const std::string_view last = name.substr(name.size() - ending.size());
+        return last[0] == '.' && IsLetter(last[1], ending[1]) && text::EqualNoCase(last, ending);
+    };
+    if (ends(".lnk")) return Kind::kLnk;
+    if (ends(".url")) return Kind::kUrl;
+    return ends(".desktop") ? Kind::kDesktop : Kind::kNone;
 }
 
 bool HasEdits(const Edits& edits) {

@@ -287,6 +287,19 @@ TEST_P(FileSystemConformance, ContentIsReplacedByThatOfAnotherFile) {
     }
 }
 
+TEST_P(FileSystemConformance, ReplacedContentMayBeLongAndMayBeNothing) {
+    std::string content(3'000'000, 'x');
+    for (std::size_t i = 0; i < content.size(); i += 997)
+        content[i] = static_cast<char>('a' + i % 23);
+    disk().MakeFile("a.txt", "old");
+    disk().MakeFile("b.txt", content);
+    disk().MakeFile("c.txt", "");
+    ASSERT_TRUE(files().ReplaceContent(At("a.txt"), At("b.txt")));
+    EXPECT_TRUE(TextOf("a.txt") == content);
+    ASSERT_TRUE(files().ReplaceContent(At("a.txt"), At("c.txt")));
+    EXPECT_EQ(TextOf("a.txt"), "");
+}
+
 TEST_P(FileSystemConformance, ReplacedContentKeepsWhatElseAFileHas) {
     disk().MakeFile("a.txt", "old");
     disk().MakeFile("b.txt", "new");

@@ -63,6 +63,16 @@ TEST(Names, CharactersWhereCarriedOnesGoAreCarriedByteByByte) {
     EXPECT_EQ(NameToNative("a\uF0EF\uF080\uF0BAb"), "a\uF03Ab");
 }
 
+TEST(Names, CharactersBeyondAsciiKeepTheRulesOfEnds) {
+    EXPECT_EQ(NameToDrive("Año v5.txt"), "Año v5.txt");
+    EXPECT_EQ(NameToDrive("東京 "), "東京\uF020");
+    EXPECT_EQ(NameToDrive(" 東京"), "\uF020東京");
+    EXPECT_EQ(NameToDrive("東京."), "東京\uF02E");
+    EXPECT_EQ(NameToDrive("東:京"), "東\uF03A京");
+    EXPECT_EQ(NameToDrive("東\xE6"), "東\uF0E6");
+    EXPECT_EQ(NameToDrive("東\uF0EF"), "東\uF0EF\uF083\uF0AF");
+}
+
 TEST(Names, OtherPrivateCharactersAreThemselves) {
     for (const char* name : {"\uEFFF", "\uF100", "\uF8FF", "\uE000"}) {
         EXPECT_EQ(NameToDrive(name), name);

@@ -53,6 +53,26 @@ TEST_F(SelectionTables, HoldEverythingInListOrder) {
     ExpectCounters("2", "1", "7");
 }
 
+TEST_F(SelectionTables, RowsCanAllBeSelectedWithoutThem) {
+    FindAll();
+    program.Rows().InsertSpacers({1});
+    EXPECT_EQ(results::SelectAllRows(S()), 3);
+    EXPECT_THAT(Selected(), ElementsAre(true, false, true, true));
+    ExpectCounters("2", "1", "7");
+    EXPECT_EQ(Tables().lngSelTop, -1);
+    results::BuildFileArray(S());
+    EXPECT_THAT(Tables().strSelName, ElementsAre("a.txt", "b.txt", "sub"));
+}
+
+TEST_F(SelectionTables, OfADrivesRootHaveOneBackslash) {
+    Disk().AddFile("C:\\root.txt", "1");
+    Start();
+    Search("root*", "C:\\");
+    Click(Form().cmdSelectAll);
+    EXPECT_THAT(Tables().strSelPath, ElementsAre("C:\\root.txt"));
+    EXPECT_THAT(Tables().strSelRelPath, ElementsAre("root.txt"));
+}
+
 TEST_F(SelectionTables, TheTotalOfThreeAndFourBytesReadsSeven) {
     FindAll();
     Click(Form().cmdSelectAllFiles);

@@ -53,6 +53,16 @@ TEST(TextStoreTest, StartedAnewItTakesMoreThanBefore) {
     EXPECT_EQ(kept, std::string(299'999, 'b'));
 }
 
+TEST(TextStoreTest, KeepsPiecesAsOneText) {
+    TextStore store;
+    const std::string longest(70'000, 'x');
+    const std::string_view first = store.Keep({"C:\\a", "\\", "b.txt"});
+    const std::string_view second = store.Keep({longest, "", "y"});
+    EXPECT_EQ(store.Keep({"", ""}), "");
+    EXPECT_EQ(first, "C:\\a\\b.txt");
+    EXPECT_EQ(second, longest + "y");
+}
+
 TEST(TextStoreTest, GivenAwayItsTextsStay) {
     TextStore store;
     const std::string_view kept = store.Keep("kept");

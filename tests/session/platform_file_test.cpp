@@ -127,6 +127,16 @@ TEST(PlatformSettingsText, KeysCountInAnyCaseAndBlanksAreNothing) {
     EXPECT_THAT(settings.unknownLines, IsEmpty());
 }
 
+TEST(PlatformSettingsText, ALetterThatIsLetGoBeforeItIsGivenStays) {
+    const PlatformSettings settings =
+        session::ParsePlatformSettings({"Drive E: =", "Drive E: = /e"}, {});
+    EXPECT_THAT(settings.drives, ElementsAre(Pair('E', "/e")));
+    EXPECT_THAT(settings.unknownLines, IsEmpty());
+    const auto gone = session::ParsePlatformSettings({"Drive E: = /e", "drive e ="}, {});
+    EXPECT_THAT(gone.drives, IsEmpty());
+    EXPECT_THAT(gone.unknownLines, IsEmpty());
+}
+
 TEST(PlatformSettingsText, WhatIsNotUnderstoodIsKeptAndChangesNothing) {
     const std::vector<std::string> bad{"ListPathForm = nativ",
                                        "Drive C: = /x",

@@ -19,6 +19,24 @@ TEST(Upper, MapsOneToOne) {
     EXPECT_EQ(Upper(""), "");
 }
 
+// Each ASCII character at each place among eight and behind them.
+TEST(Upper, TurnsLettersAloneWhereverTheyStand) {
+    for (int c = 0; c < 128; ++c) {
+        const bool isSmall = c >= 'a' && c <= 'z';
+        const bool isCapital = c >= 'A' && c <= 'Z';
+        for (std::size_t at = 0; at < 11; ++at) {
+            std::string text = "0[z{`Z@~y1a";
+            std::string upper = "0[Z{`Z@~Y1A";
+            std::string lower = "0[z{`z@~y1a";
+            text[at] = static_cast<char>(c);
+            upper[at] = static_cast<char>(isSmall ? c - 32 : c);
+            lower[at] = static_cast<char>(isCapital ? c + 32 : c);
+            ASSERT_EQ(Upper(text), upper) << c << " at " << at;
+            ASSERT_EQ(Lower(text), lower) << c << " at " << at;
+        }
+    }
+}
+
 TEST(Upper, SharpSStays) {
     EXPECT_EQ(Upper("Straße"), "STRAßE");
 }

@@ -139,6 +139,20 @@ TEST(IsValidUtf8, TellsBadBytes) {
     EXPECT_FALSE(IsValidUtf8("\x80"));
 }
 
+TEST(IsValidUtf8, FindsABadByteAtEachPlace) {
+    for (std::size_t size = 1; size < 20; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            std::string text(size, 'a');
+            text[at] = '\xE4';
+            ASSERT_FALSE(IsValidUtf8(text)) << at << " of " << size;
+            ASSERT_FALSE(IsAscii(text)) << at << " of " << size;
+            text.replace(at, 1, "ä");
+            ASSERT_TRUE(IsValidUtf8(text)) << at << " of " << size;
+            ASSERT_FALSE(IsAscii(text)) << at << " of " << size;
+        }
+    }
+}
+
 TEST(IsAscii, LooksAtEveryByte) {
     EXPECT_TRUE(IsAscii(""));
     EXPECT_TRUE(IsAscii("0123456789"));

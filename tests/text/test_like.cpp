@@ -157,6 +157,16 @@ TEST(LikePattern, TellsABadPattern) {
     EXPECT_FALSE(LikePattern("a]").IsBad());
 }
 
+TEST(LikePattern, NothingButStarsTakesEverything) {
+    for (const char* pattern : {"*", "**", "*[]*"}) {
+        for (const char* text : {"", "a", "été", "\xFF"})
+            EXPECT_TRUE(LikePattern(pattern).Matches(text)) << pattern;
+    }
+    EXPECT_FALSE(LikePattern("*[").Matches("a"));
+    EXPECT_FALSE(LikePattern("").Matches("a"));
+    EXPECT_FALSE(LikePattern("*?").Matches(""));
+}
+
 TEST(LikePattern, ManyStarsStayLinear) {
     const std::string text = Repeat("a", 20000);
     EXPECT_FALSE(Like(text, Repeat("*a", 30) + "*b"));

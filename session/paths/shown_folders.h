@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvix::session {
+
+struct Session;
+
+// Folders as people see them, cheap for many of one parent in a row.
+class ShownFolders {
+  public:
+    explicit ShownFolders(const Session& session) : session_(session) {}
+
+    // As Session::Shown has it, for a full drive path.
+    std::string Of(std::string_view folder);
+
+  private:
+    const std::string& ShownParent(std::string_view parent);
+
+    const Session& session_;
+    std::string parent_;
+    std::string shownParent_; // empty where only the whole path tells
+};
+
+} // namespace tarvix::session

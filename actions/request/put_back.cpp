@@ -53,7 +53,7 @@ std::string_view ReasonOf(int number) {
     case platform::kFileNotFound:
         return "not in the trash any more";
     case platform::kAlreadyExists:
-        return "something else stands there";
+        return "its place is taken";
     case platform::kPathNotFound:
         return "its folder is missing";
     default:
@@ -180,7 +180,7 @@ void PuttingBack::SettleWithFolders() {
                 Fail(at, platform::kFileNotFound, "was not in its folder");
             }
         } else if (isWanted && !session_.state.blnStopAction) {
-            Fail(at, 0, "its folder is still in the trash");
+            Fail(at, 0, "its folder is in the trash");
         }
     }
 }

@@ -136,20 +136,20 @@ TEST_F(PutBack, FailuresTellWhyAndCanBeTriedAgain) {
     machine.faults.FailPath("C:\\t\\c.txt", platform::kDeviceError, "PutBack");
     ASSERT_TRUE(Disk().RemoveFolder("C:\\t\\sub"));
     ClickPutBack();
-    EXPECT_THAT(Listed(), ElementsAre("failed: something else stands there: C:\\t\\a.txt",
+    EXPECT_THAT(Listed(), ElementsAre("failed: its place is taken: C:\\t\\a.txt",
                                       "failed: not in the trash any more: C:\\t\\b.txt",
                                       HasSubstr("failed: "), "put back: C:\\t\\d.txt",
                                       "failed: its folder is missing: C:\\t\\sub\\e.txt"));
     EXPECT_EQ(Headline(), "Put back 1 of 5 objects, 4 failed.");
     EXPECT_EQ(Disk().Content("C:\\t\\a.txt"), "theirs");
     EXPECT_EQ(program.Outcomes().Sentence(0, "/t/a.txt", ""),
-              "/t/a.txt: something else stands there.");
+              "/t/a.txt: its place is taken.");
     EXPECT_EQ(program.Outcomes().Now(0), "");
     EXPECT_THAT(Gone(), ElementsAre(true, true, true, false, true));
     EXPECT_FALSE(Page().cmdSelectFailed.Visible);
     EXPECT_EQ(Totals().done, 1);
     EXPECT_EQ(Totals().failed, 4);
-    ExpectLog({" Was unable to put back C:\\t\\a.txt: something else stands there."});
+    ExpectLog({" Was unable to put back C:\\t\\a.txt: its place is taken."});
     // What has left the trash is not asked for again.
     machine.faults.ClearFaults();
     ASSERT_TRUE(Disk().DeleteFile("C:\\t\\a.txt", false));
@@ -188,7 +188,7 @@ TEST_F(PutBack, WhatWentWithItsFolderIsBackWithItAndNotWithoutIt) {
     Click(Page().cmdPutBack);
     EXPECT_THAT(Listed(),
                 ElementsAre("in the trash: C:\\t\\one",
-                            "failed: its folder is still in the trash: C:\\t\\one\\a.txt"));
+                            "failed: its folder is in the trash: C:\\t\\one\\a.txt"));
     EXPECT_EQ(Headline(), "Put back 0 of 1 object, 1 failed, 1 left in the trash.");
     ChooseOnPage({0});
     Click(Page().cmdPutBack);

@@ -361,7 +361,7 @@ void EveryWindow::FillPutBack() {
     for (std::size_t i = 0; i < S().rows->Count(); ++i) {
         if (S().rows->At(i).IsSpacer()) continue;
         const std::string path = S().rows->FullPath(i);
-        const std::string error = path + ": something else stands there.";
+        const std::string error = path + ": its place is taken.";
         const bool hasFailed = i % 7 == 2;
         const bool isBack = !hasFailed && i % 7 != 3;
         list.Add({.source = path,

@@ -34,7 +34,8 @@ using results::OutcomeMark;
 using session::Session;
 
 // By their numbers in the list, ascending: those of the chosen that are in the trash, or all there.
-std::vector<std::uint32_t> InTrash(const OutcomeList& list, std::vector<std::uint32_t> chosen) {
+std::vector<std::uint32_t> StillInTrash(const OutcomeList& list,
+                                        std::vector<std::uint32_t> chosen) {
     std::vector<std::uint32_t> objects;
     const auto add = [&](std::uint32_t at) {
         if (at < list.Count() && list.Trashed(at) != 0) objects.push_back(at);
@@ -48,7 +49,7 @@ std::vector<std::uint32_t> InTrash(const OutcomeList& list, std::vector<std::uin
 }
 
 // What keeps an object from coming back, in words of the trash; empty for other errors.
-std::string_view ReasonOf(int number) {
+std::string_view WhyNotBack(int number) {
     switch (number) {
     case platform::kFileNotFound:
         return "not in the trash any more";
@@ -135,7 +136,7 @@ void PuttingBack::PutBackOne(std::uint32_t at) {
         return;
     }
     const int number = back.error().number;
-    const std::string_view known = ReasonOf(number);
+    const std::string_view known = WhyNotBack(number);
     if (!known.empty()) return Fail(at, number, known);
     const std::string sentence = session_.Shown(back.error());
     const std::string front = fmt::format("{}: ", session_.Shown(path));
@@ -221,7 +222,7 @@ void PuttingBack::CountTotals() const {
     totals.wanted = totals.done + totals.failed + totals.skipped;
 }
 
-std::string Figure(std::size_t count) {
+std::string CountText(std::size_t count) {
     return text::Format(static_cast<std::int64_t>(count), "#,##0");
 }
 
@@ -229,14 +230,14 @@ std::string Figure(std::size_t count) {
 
 void cmdPutBack_Click(Session& session) {
     if (session.outcomes == nullptr) return;
-    auto objects = InTrash(*session.outcomes, session.forms.frmOutcome.chosen);
+    auto objects = StillInTrash(*session.outcomes, session.forms.frmOutcome.chosen);
     if (objects.empty()) return;
     auto& state = session.state;
     state.blnActionCancelled = false;
     const OutcomeWatch watch(session);
     session::LogTimed(session,
                       fmt::format(" User selected to put back {} objects from the {} at start.",
-                                  Figure(objects.size()),
+                                  CountText(objects.size()),
                                   session::Worded(session, session::Wording::kBin)));
     {
         const StopButton stoppable(session);
@@ -255,10 +256,10 @@ void ShowPutBack(Session& session) {
     auto& button = page.cmdPutBack;
     const OutcomeList& list = *session.outcomes;
     button.Visible = list.Action() == "Delete" || list.Action() == results::kPutBackAction;
-    const std::size_t wanted = InTrash(list, page.chosen).size();
+    const std::size_t wanted = StillInTrash(list, page.chosen).size();
     const bool isPart = !page.chosen.empty() && wanted > 0;
     button.Caption =
-        isPart ? fmt::format("Put Bac&k {}", Figure(wanted)) : std::string("Put Bac&k");
+        isPart ? fmt::format("Put Bac&k {}", CountText(wanted)) : std::string("Put Bac&k");
     button.Enabled = wanted > 0;
     if (wanted == 0) {
         button.ToolTipText = page.chosen.empty() ? "Nothing of this is in the trash any more"

@@ -142,8 +142,7 @@ TEST_F(PutBack, FailuresTellWhyAndCanBeTriedAgain) {
                                       "failed: its folder is missing: C:\\t\\sub\\e.txt"));
     EXPECT_EQ(Headline(), "Put back 1 of 5 objects, 4 failed.");
     EXPECT_EQ(Disk().Content("C:\\t\\a.txt"), "theirs");
-    EXPECT_EQ(program.Outcomes().Sentence(0, "/t/a.txt", ""),
-              "/t/a.txt: its place is taken.");
+    EXPECT_EQ(program.Outcomes().Sentence(0, "/t/a.txt", ""), "/t/a.txt: its place is taken.");
     EXPECT_EQ(program.Outcomes().Now(0), "");
     EXPECT_THAT(Gone(), ElementsAre(true, true, true, false, true));
     EXPECT_FALSE(Page().cmdSelectFailed.Visible);
@@ -186,9 +185,8 @@ TEST_F(PutBack, WhatWentWithItsFolderIsBackWithItAndNotWithoutIt) {
     ChooseOnPage({1});
     EXPECT_EQ(Page().cmdPutBack.Caption.Get(), "Put Bac&k 1");
     Click(Page().cmdPutBack);
-    EXPECT_THAT(Listed(),
-                ElementsAre("in the trash: C:\\t\\one",
-                            "failed: its folder is in the trash: C:\\t\\one\\a.txt"));
+    EXPECT_THAT(Listed(), ElementsAre("in the trash: C:\\t\\one",
+                                      "failed: its folder is in the trash: C:\\t\\one\\a.txt"));
     EXPECT_EQ(Headline(), "Put back 0 of 1 object, 1 failed, 1 left in the trash.");
     ChooseOnPage({0});
     Click(Page().cmdPutBack);

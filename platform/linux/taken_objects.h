@@ -13,8 +13,8 @@
 
 namespace tarvix::platform {
 
-// What a trash took since the start, by numbers from 0 on. Folders are kept once and names in
-// blocks, so that an object costs 40 bytes besides its name.
+// What a trash took since the start, by numbers from 0 on. Folders are kept once and names in one
+// block, so that an object costs 48 bytes besides its name.
 class TakenObjects {
   public:
     // Where an object was, by its folder and disk name, and where it lies now; native paths.

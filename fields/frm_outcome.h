@@ -15,11 +15,13 @@ class FrmOutcome : public Form {
     Label lblMain{*this, "lblMain"}; // the counts
     ListView lstOutcome{*this, "lstOutcome"};
     CommandButton cmdShowThere{*this, "cmdShowThere", "Show There"};
+    CommandButton cmdPutBack{*this, "cmdPutBack", "Put Back"};
     CommandButton cmdOpenTrash{*this, "cmdOpenTrash", "Open Trash"};
     CommandButton cmdSearchAgain{*this, "cmdSearchAgain", "Search Again"};
     CommandButton cmdSelectFailed{*this, "cmdSelectFailed", "Select the Failed"};
     CommandButton cmdClose{*this, "cmdClose", "Close"};
-    // The objects that the user chose, by their numbers; empty for the first that was placed.
+    // The objects that the user chose, by their numbers; with none the buttons stand for all that
+    // they fit, and for the first that was placed.
     std::vector<std::uint32_t> chosen;
 };
 

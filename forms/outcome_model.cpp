@@ -58,7 +58,7 @@ QString OutcomeModel::Text(std::size_t at, int column) const {
     default:
         break;
     }
-    if (list.MarkOf(at) == OutcomeMark::kRecycled) return "Trash";
+    if (list.MarkOf(at) == OutcomeMark::kRecycled || list.Trashed(at) != 0) return "Trash";
     const std::string now = list.Now(at);
     return now.empty() ? QString() : Shown(session_.Shown(now));
 }

@@ -1,7 +1,9 @@
 #include "forms/outcome_page.h"
 
 #include "forms/binder.h"
+#include "forms/event_gate.h"
 #include "forms/field_widgets.h"
+#include "forms/icon_ink.h"
 #include "forms/outcome_model.h"
 #include "forms/panel_parts.h"
 #include "forms/text_conversion.h"
@@ -12,6 +14,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -22,21 +25,37 @@ namespace tarvix::forms {
 
 namespace {
 
-constexpr int kMostChosen = 200;
-
 struct ButtonLook {
     fields::CommandButton fields::FrmOutcome::*field;
     const char* icon;
     const char* tip;
 };
-constexpr std::array<ButtonLook, 5> kLooks{
+constexpr std::array<ButtonLook, 6> kLooks{
     {{&fields::FrmOutcome::cmdShowThere, "folder-open",
       "Shows the chosen objects in the file manager where they are now"},
+     {&fields::FrmOutcome::cmdPutBack, "edit-undo", ""},
      {&fields::FrmOutcome::cmdOpenTrash, "user-trash", "Shows the trash in the file manager"},
      {&fields::FrmOutcome::cmdSelectFailed, "edit-select-all",
       "Selects in the list what failed or was not reached; searches again where the list is empty"},
      {&fields::FrmOutcome::cmdSearchAgain, "view-refresh", "Makes the same search again (F5)"},
      {&fields::FrmOutcome::cmdClose, "window-close", "Back to the list (Esc)"}}};
+
+// A sign on a selected row has the colour of its text.
+class OutcomeDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const bool isSelected = (option->state & QStyle::State_Selected) != 0;
+        if (!isSelected || option->icon.isNull()) return;
+        const bool isActive = (option->state & QStyle::State_Active) != 0;
+        const QColor ink = option->palette.color(isActive ? QPalette::Active : QPalette::Inactive,
+                                                 QPalette::HighlightedText);
+        option->icon = InOneColor(option->icon, option->decorationSize.height(), ink);
+    }
+};
 
 } // namespace
 
@@ -81,6 +100,7 @@ QWidget* OutcomePage::MakeTable() {
     table_->setObjectName(ToQt(session_.forms.frmOutcome.lstOutcome.Name()));
     table_->setAccessibleName("What became of each object");
     table_->setModel(model_);
+    table_->setItemDelegate(new OutcomeDelegate(table_));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setAlternatingRowColors(true);
@@ -100,6 +120,8 @@ QWidget* OutcomePage::MakeTable() {
     head.resizeSection(OutcomeModel::kWas, character * 30);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { Choose(); });
+    // Nothing is selected then, of which no word comes.
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] { Choose(); });
     connect(table_, &QTableView::doubleClicked, this,
             [this] { binder_->Click(session_.forms.frmOutcome.cmdShowThere); });
     return table_;
@@ -120,16 +142,15 @@ QWidget* OutcomePage::MakeButtons() {
     return row;
 }
 
-// The objects by their numbers, as many as a file manager can be asked to show.
 void OutcomePage::Choose() {
-    auto& chosen = session_.forms.frmOutcome.chosen;
-    chosen.clear();
+    auto& form = session_.forms.frmOutcome;
+    form.chosen.clear();
     for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            if (chosen.size() >= kMostChosen) return;
-            chosen.push_back(model_->ObjectAt(row));
-        }
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            form.chosen.push_back(model_->ObjectAt(row));
     }
+    gate_.Run(&form.lstOutcome,
+              [this] { session_.events.Raise(session_, "frmOutcome.lstOutcome_Click"); });
 }
 
 void OutcomePage::FillGroups() {
@@ -152,7 +173,8 @@ void OutcomePage::Refresh() {
 
 void OutcomePage::TakeFocus() {
     if (model_->rowCount() > 0 && !table_->currentIndex().isValid()) {
-        table_->setCurrentIndex(model_->index(0, 0));
+        table_->selectionModel()->setCurrentIndex(model_->index(0, 0),
+                                                  QItemSelectionModel::NoUpdate);
     }
     table_->scrollToTop();
     table_->setFocus();

@@ -1,5 +1,6 @@
 #include "forms/row_delegate.h"
 
+#include "forms/icon_ink.h"
 #include "forms/result_view.h"
 #include "forms/text_conversion.h"
 #include "text/cut_text.h"
@@ -114,7 +115,9 @@ void RowDelegate::PaintSign(QPainter& painter, const QStyleOptionViewItem& optio
                       height);
     const SignLook& look = looks_[static_cast<std::size_t>(results::SignOf(shown))];
     painter.setPen(color);
-    if (!look.icon.isNull()) {
+    if (!look.icon.isNull() && list_.Selector().IsSelected(row)) {
+        InOneColor(look.icon, height, color).paint(&painter, place);
+    } else if (!look.icon.isNull()) {
         look.icon.paint(&painter, place);
     } else if (!look.character.isEmpty()) {
         painter.drawText(place, Qt::AlignCenter, look.character);

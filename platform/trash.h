@@ -35,9 +35,14 @@ class Trash {
     // What can be told beforehand: 75 where an object would find no trash. One that isn't there, or
     // about which nothing can be told, is no failure.
     virtual Result<void> MayTake(std::string_view) { return {}; }
-    // Puts the object that was taken last back to where it was: 53 when that isn't `path` or it has
-    // left the trash since, 58 when something stands there by now.
-    virtual Result<void> PutBack(std::string_view path) = 0;
+    // How many objects it has taken since the start: their numbers are those below, in the order in
+    // which they went.
+    virtual std::size_t Taken() const = 0;
+    // Puts the object of that number back to where it was, and never in the place of another: 53
+    // when it has left the trash (what bears its name there by now stays), 58 something stands
+    // there, 76 its folder is missing, others as the file system says. After a failure both sides
+    // are as they were.
+    virtual Result<void> PutBack(std::size_t number) = 0;
 
   private:
     static std::vector<SeenObject> ByPath(std::span<const std::string> paths) {

@@ -31,7 +31,8 @@ constexpr std::array<std::string_view, kOutcomeMarks> kMarkTexts{"failed",
                                                                  "copied",
                                                                  "moved",
                                                                  "renamed",
-                                                                 "in the trash"};
+                                                                 "in the trash",
+                                                                 "put back"};
 
 bool NamesPath(std::string_view sentence) {
     return sentence.contains(kSourceMark) || sentence.contains(kPlaceMark);
@@ -117,6 +118,7 @@ void OutcomeList::Add(const SettledObject& object) {
     row.source = Keep(object.source);
     row.place = Keep(object.place);
     row.failure = KeepFailure(object);
+    row.trashed = object.trashed;
     row.mark = object.mark;
     row.isFile = object.isFile;
     row.isPlaced = object.isPlaced;
@@ -140,6 +142,8 @@ std::string OutcomeList::Place(std::size_t at) const {
 std::string OutcomeList::Now(std::size_t at) const {
     const Row& row = rows_[at];
     if (row.mark == OutcomeMark::kRecycled || row.mark == OutcomeMark::kDeleted) return {};
+    const bool isNotBack = action_ == kPutBackAction && !row.isPlaced;
+    if (isNotBack) return {};
     if (row.isPlaced) return Follow(Place(at), static_cast<std::int64_t>(at));
     return Follow(Source(at), -1);
 }

@@ -32,6 +32,7 @@ enum class OutcomeMark : std::uint8_t {
     kMoved,
     kRenamed,
     kRecycled,
+    kPutBack, // from the trash
     kEnd
 };
 constexpr std::size_t kOutcomeMarks = static_cast<std::size_t>(OutcomeMark::kEnd);
@@ -43,6 +44,13 @@ constexpr bool IsTrouble(OutcomeMark mark) {
     return mark <= OutcomeMark::kNotReached;
 }
 
+// The key of putting back what is in the trash. In its list "in the trash" is what was not to come
+// back.
+constexpr std::string_view kPutBackAction = "PutBack";
+
+// In place of a number in the trash: it lies there in a folder of the same action.
+constexpr std::uint32_t kWithFolder = 0xFFFFFFFF;
+
 // One object as it is settled, with drive paths; the texts belong to the caller.
 struct SettledObject {
     std::string_view source;
@@ -51,6 +59,7 @@ struct SettledObject {
     bool isFile = true;
     bool isPlaced = false;
     bool leaves = false;         // its old place: moved, renamed
+    std::uint32_t trashed = 0;   // of what is in the trash: its number there + 1, or kWithFolder
     int errorNumber = 0;         // of a failure
     std::string_view error = {}; // of a failure, a sentence
     // The two paths as the sentence may name them.
@@ -72,6 +81,8 @@ class OutcomeList {
     OutcomeMark MarkOf(std::size_t at) const { return rows_[at].mark; }
     bool IsFile(std::size_t at) const { return rows_[at].isFile; }
     bool IsPlaced(std::size_t at) const { return rows_[at].isPlaced; }
+    // As in SettledObject; 0 for what isn't in the trash.
+    std::uint32_t Trashed(std::size_t at) const { return rows_[at].trashed; }
 
     // The path that it was listed under.
     std::string Source(std::size_t at) const;
@@ -99,6 +110,7 @@ class OutcomeList {
         Path source;
         Path place;
         std::uint32_t failure = 0; // number + 1
+        std::uint32_t trashed = 0;
         OutcomeMark mark = OutcomeMark::kLeftAlone;
         bool isFile = true;
         bool isPlaced = false;

@@ -29,7 +29,8 @@ std::size_t RowAt(ResultList& rows, const std::string& path, bool isFile) {
 
 RowFate FateOf(const OutcomeList& list, std::size_t at) {
     const OutcomeMark mark = list.MarkOf(at);
-    if (mark == OutcomeMark::kNotReached) return RowFate::kNone;
+    const bool isGone = list.Trashed(at) != 0;
+    if (mark == OutcomeMark::kNotReached || isGone) return RowFate::kNone;
     if (IsTrouble(mark)) return RowFate::kFailed;
     if (!list.IsPlaced(at)) return RowFate::kNone;
     if (list.Action() == "Move") return RowFate::kMoved;
@@ -61,6 +62,14 @@ void MarkGone(session::Session& session) {
         const bool isGone = !look && IsMissing(look.error());
         SetMark(row, kGone, isGone);
         if (isGone) row.selected = false;
+    }
+}
+
+void MarkBack(ResultList& rows, const OutcomeList& list) {
+    for (std::size_t at = 0; at < list.Count() && rows.Count() > 0; ++at) {
+        if (list.MarkOf(at) != OutcomeMark::kPutBack) continue;
+        const std::size_t row = RowAt(rows, list.Source(at), list.IsFile(at));
+        if (row < rows.Count()) SetMark(rows.At(row), kGone, false);
     }
 }
 

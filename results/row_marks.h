@@ -22,6 +22,9 @@ void ClearCut(session::Session& session);
 // more. The counters are the caller's to count anew.
 void MarkGone(session::Session& session);
 
+// Rows whose objects the list has as put back are gone no more.
+void MarkBack(ResultList& rows, const OutcomeList& list);
+
 // The row of an object of the last action: of what was moved or renamed where it is by now, else
 // where it was listed; Count() when there is none.
 std::size_t RowOfOutcome(ResultList& rows, const OutcomeList& list, std::size_t at);

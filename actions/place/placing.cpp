@@ -164,8 +164,10 @@ bool Placing::ReplaceWhatStands() {
 }
 
 bool Placing::MakeWay() {
-    trashed_ = session_.files().TruePath(destination_).value_or(destination_);
+    const platform::Trash& trash = session_.platform.trash;
+    const std::size_t before = trash.Taken();
     isRecycled_ = makeWay_ ? makeWay_() : RecycleDestination();
+    if (isRecycled_ && trash.Taken() > before) trashed_ = trash.Taken() - 1;
     return isRecycled_;
 }
 
@@ -192,7 +194,7 @@ void Placing::UndoRecycling() {
 
 bool Placing::PutBack() {
     if (isPlaced_ || !std::exchange(isRecycled_, false)) return false;
-    return session_.platform.trash.PutBack(trashed_).has_value();
+    return trashed_ && session_.platform.trash.PutBack(*trashed_).has_value();
 }
 
 bool Placing::RecycleDestination() {

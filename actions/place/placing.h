@@ -137,8 +137,8 @@ class Placing {
     std::uint32_t sourceAttributes_ = 0;
     std::uint32_t destinationAttributes_ = 0;
     bool isProtected_ = false;
-    std::string trashed_;                  // the path that it had, as it was recycled
     bool isRecycled_ = false;              // what stood at the destination went to the recycle bin
+    std::optional<std::size_t> trashed_;   // its number there
     std::vector<std::string> madeFolders_; // for this object, the topmost first
     bool isTried_ = false;                 // a copy or move
     bool isCopyOnly_ = false;              // moved, but the original could not go

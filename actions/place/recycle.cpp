@@ -136,6 +136,7 @@ class RecycleRun {
                const RecycleObserver& observer, const RecycleSettled& settled)
         : session_(session), queue_(queue), noPrompt_(blnNoPrompt), observer_(observer),
           settled_(settled) {
+        numbers_.resize(queue.size());
         objects_.reserve(queue.size());
         for (const RecycleEntry& entry : queue)
             objects_.push_back(entry.Seen());
@@ -147,7 +148,7 @@ class RecycleRun {
             const std::size_t reached = sent ? objects_.size() : tried_;
             outcome_.gone += reached - first_;
             for (; first_ < reached; ++first_)
-                Tell(first_, RecycleEnd::kRecycled);
+                Tell({.place = first_, .number = numbers_[first_]});
             if (!sent && !outcome_.blnStopped) SettleFailed(sent.error());
         }
         return outcome_;
@@ -163,7 +164,9 @@ class RecycleRun {
             outcome_.blnStopped = observer_ && !observer_(tried_);
             const RecycleEntry& entry = queue_[tried_];
             const bool isKnown = entry.sighting.location != platform::kAnyRoad;
-            return !outcome_.blnStopped && (isKnown || IsThere(session_, entry));
+            const bool goes = !outcome_.blnStopped && (isKnown || IsThere(session_, entry));
+            numbers_[tried_] = session_.platform.trash.Taken();
+            return goes;
         };
         return session_.platform.trash.RecycleSeen(std::span(objects_).subspan(first_), told);
     }
@@ -173,7 +176,7 @@ class RecycleRun {
         if (error.number == platform::kChangedSinceSearch) return NoteChanged(entry);
         if (!IsThere(session_, entry)) {
             ++outcome_.gone;
-            return Tell(first_ - 1, RecycleEnd::kWasGone);
+            return Tell({.place = first_ - 1, .end = RecycleEnd::kWasGone});
         }
         const bool isQueue = objects_.size() > 1;
         outcome_.blnPartial = outcome_.blnPartial || isQueue;
@@ -189,16 +192,18 @@ class RecycleRun {
         outcome_.deleted += isDeleted ? 1 : 0;
         ++(isDeleted ? outcome_.gone : outcome_.failed);
         if (!isDeleted && outcome_.errors.size() < kMostErrors) outcome_.errors.push_back(why);
-        Tell(first_ - 1, isDeleted ? RecycleEnd::kDeleted : RecycleEnd::kFailed, &error);
+        Tell({.place = first_ - 1,
+              .end = isDeleted ? RecycleEnd::kDeleted : RecycleEnd::kFailed,
+              .error = &error});
     }
 
-    void Tell(std::size_t place, RecycleEnd end, const platform::PlatformError* error = nullptr) {
-        if (settled_) settled_(place, end, error);
+    void Tell(const SettledEntry& entry) {
+        if (settled_) settled_(entry);
     }
 
     void NoteChanged(const RecycleEntry& entry) {
         outcome_.changed.push_back(first_ - 1);
-        Tell(first_ - 1, RecycleEnd::kChanged);
+        Tell({.place = first_ - 1, .end = RecycleEnd::kChanged});
         session::LogTimed(session_, fmt::format(" {}", ChangedText(session_, entry.strPath)));
     }
 
@@ -208,6 +213,7 @@ class RecycleRun {
     const RecycleObserver& observer_;
     const RecycleSettled& settled_;
     std::vector<platform::SeenObject> objects_;
+    std::vector<std::size_t> numbers_; // in the trash, by place
     std::size_t first_ = 0;
     std::size_t tried_ = 0; // the entry that the trash had in hand
     RecycleOutcome outcome_;

@@ -40,10 +40,14 @@ enum class RecycleEnd : std::uint8_t {
     kFailed,
     kChanged, // not what was seen; it stays
 };
-// Told each of them with its place in the queue, and of a failure the error; else that is null.
-// Entries that were not come to are not told.
-using RecycleSettled =
-    std::function<void(std::size_t place, RecycleEnd end, const platform::PlatformError* error)>;
+struct SettledEntry {
+    std::size_t place = 0; // in the queue
+    RecycleEnd end = RecycleEnd::kRecycled;
+    const platform::PlatformError* error = nullptr; // of a failure
+    std::size_t number = 0;                         // in the trash, of what was recycled
+};
+// Told of each of them. Entries that were not come to are not told.
+using RecycleSettled = std::function<void(const SettledEntry& entry)>;
 
 struct RecycleOutcome {
     std::size_t gone = 0;    // recycled, or deleted because the user said so

@@ -5,10 +5,10 @@
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
 #include "actions/request/outcome_page.h"
+#include "actions/request/stoppable_loop.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/figures.h"
 #include "actions/run/outcome_recorder.h"
-#include "platform/clock.h"
 #include "results/outcome_list.h"
 #include "results/row_marks.h"
 #include "results/selection.h"
@@ -18,7 +18,6 @@
 #include "session/session.h"
 #include "session/wordings.h"
 #include "text/characters.h"
-#include "text/format.h"
 #include "text/readable_size.h"
 
 #include <fmt/core.h>
@@ -80,59 +79,6 @@ void TellThatItAsks(Session& session) {
     if (!session.state.options.blnAutoMode || session.state.blnRepeatDeleteEmpty) return;
     session.MsgBox(PromptId::kAutomaticModeOff, "Turning off automatic mode during delete.");
 }
-
-// While it lives the stop button shows and only it acts.
-class StopButton {
-  public:
-    explicit StopButton(Session& session) : session_(session) {
-        session.state.blnRecycling = true;
-        session.state.blnStopAction = false;
-        session.frmSearch.cmdStop.Visible = true;
-    }
-    ~StopButton() {
-        session_.state.blnRecycling = false;
-        session_.frmSearch.cmdStop.Visible = false;
-        session_.forms.frmProgress.Hide();
-    }
-    StopButton(const StopButton&) = delete;
-    StopButton& operator=(const StopButton&) = delete;
-
-  private:
-    Session& session_;
-};
-
-// Shows how far a long recycling is; a short one goes without.
-class RecyclingShown {
-  public:
-    RecyclingShown(Session& session, std::size_t total)
-        : session_(session), total_(total), due_(session.platform.clock.Steady() + kFirstShown) {}
-
-    bool Step(std::size_t done) {
-        session_.Yield();
-        if (session_.platform.clock.Steady() >= due_) Show(done);
-        return !session_.state.blnStopAction;
-    }
-
-  private:
-    static constexpr std::int64_t kFirstShown = 300'000'000; // ns
-    static constexpr std::int64_t kAgain = 50'000'000;
-
-    void Show(std::size_t done) {
-        auto& form = session_.forms.frmProgress;
-        form.lblMain.Caption =
-            session::Worded(session_, session::Wording::kRecycleProgress,
-                            text::Format(static_cast<std::int64_t>(done), "#,##0"),
-                            text::Format(static_cast<std::int64_t>(total_), "#,##0"));
-        form.prgMain.Max = static_cast<long long>(total_);
-        form.prgMain.Value = static_cast<long long>(done);
-        form.Show();
-        due_ = session_.platform.clock.Steady() + kAgain;
-    }
-
-    Session& session_;
-    std::size_t total_;
-    std::int64_t due_;
-};
 
 // One deletion, between its confirmation and its report.
 class Deletion {
@@ -249,11 +195,14 @@ void Deletion::RecycleQueue(const Queued& queue) {
         std::string(session::Worded(session_, deletes ? session::Wording::kRecycleOrDeleteAtOnce
                                                       : session::Wording::kRecycleAtOnce));
     session_.Repaint();
-    RecyclingShown shown(session_, queue.entries.size());
+    LoopShown shown(
+        session_, queue.entries.size(), [this](std::string_view done, std::string_view all) {
+            return session::Worded(session_, session::Wording::kRecycleProgress, done, all);
+        });
     const RecycleOutcome outcome = RecycleObjects(
         session_, queue.entries, false, [&shown](std::size_t done) { return shown.Step(done); },
-        [&](std::size_t place, RecycleEnd end, const platform::PlatformError* error) {
-            if (recorder_ != nullptr) recorder_->Recycled(queue.indexes[place], end, error);
+        [&](const SettledEntry& entry) {
+            if (recorder_ != nullptr) recorder_->Recycled(queue.indexes[entry.place], entry);
         });
     Count(queue, outcome);
     if (session_.state.blnStopAction) {

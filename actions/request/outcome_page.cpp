@@ -1,5 +1,6 @@
 #include "actions/request/outcome_page.h"
 
+#include "actions/request/put_back.h"
 #include "platform/applications.h"
 #include "results/outcome_groups.h"
 #include "results/outcome_list.h"
@@ -31,7 +32,7 @@ constexpr std::size_t kMostShown = 200; // objects that a file manager is asked 
 // The marks that only say how an object went as asked.
 constexpr std::array kHows{OutcomeMark::kNewName, OutcomeMark::kReplaced};
 constexpr std::array kUsual{OutcomeMark::kCopied, OutcomeMark::kMoved, OutcomeMark::kRenamed,
-                            OutcomeMark::kRecycled};
+                            OutcomeMark::kRecycled, OutcomeMark::kPutBack};
 
 std::string Figure(std::int64_t count) {
     return text::Format(count, "#,##0");
@@ -75,6 +76,20 @@ std::int64_t Troubles(const OutcomeList& list) {
         if (results::IsTrouble(mark)) sum += list.CountOf(mark);
     }
     return sum;
+}
+
+// "Put back 35 of 37 objects, 2 failed, 1,963 left in the trash."
+std::string PutBackHeadline(const OutcomeList& list) {
+    const std::int64_t left = list.CountOf(OutcomeMark::kRecycled);
+    const std::int64_t wanted = static_cast<std::int64_t>(list.Count()) - left;
+    std::string told =
+        fmt::format("Put back {} of {} {}", Figure(list.CountOf(OutcomeMark::kPutBack)),
+                    Figure(wanted), wanted == 1 ? "object" : "objects");
+    const std::string others = Listed(list, [](OutcomeMark mark) { return !Holds(kUsual, mark); });
+    if (!others.empty()) told += fmt::format(", {}", others);
+    if (left > 0) told += fmt::format(", {} left in the trash", Figure(left));
+    told += '.';
+    return told;
 }
 
 // A second click goes back to the list.
@@ -135,6 +150,7 @@ bool OutcomeWatch::HasNew(const Session& session) const {
 }
 
 std::string OutcomeHeadline(const OutcomeList& list) {
+    if (list.Action() == results::kPutBackAction) return PutBackHeadline(list);
     const bool isDelete = list.Action() == "Delete";
     const std::int64_t done = Sum(list, kHows) + Sum(list, kUsual);
     const auto all = static_cast<std::int64_t>(list.Count());
@@ -159,12 +175,16 @@ void OfferOutcome(Session& session, const OutcomeWatch& watch) {
     page.lblMain.Caption = OutcomeHeadline(list);
     page.chosen.clear();
     page.cmdShowThere.Visible = HasPlaced(list);
+    const bool isPutBack = list.Action() == results::kPutBackAction;
     page.cmdOpenTrash.Visible =
+        isPutBack ||
         list.CountOf(OutcomeMark::kRecycled) + list.CountOf(OutcomeMark::kReplaced) > 0;
-    page.cmdSelectFailed.Visible = Troubles(list) > 0;
+    // What isn't back has no row that could be selected.
+    page.cmdSelectFailed.Visible = Troubles(list) > 0 && !isPutBack;
+    ShowPutBack(session);
     auto& button = session.frmSearch.cmdOutcome;
-    button.Caption =
-        list.Action() == "Delete" ? page.lblMain.Caption.Get() : std::string("Show Each Object");
+    button.Caption = list.Action() == "Delete" || isPutBack ? page.lblMain.Caption.Get()
+                                                            : std::string("Show Each Object");
     button.Visible = true;
     if (session.rows->Count() == 0) page.Show();
 }
@@ -192,6 +212,7 @@ void AddOutcomeEvents(session::EventTable& events) {
     events.On("frmOutcome.cmdOpenTrash_Click", OpenTrash);
     events.On("frmOutcome.cmdSearchAgain_Click", SearchAgain);
     events.On("frmOutcome.cmdSelectFailed_Click", SelectFailed);
+    AddPutBackEvents(events);
 }
 
 } // namespace tarvix::actions

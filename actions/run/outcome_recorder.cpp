@@ -61,6 +61,11 @@ bool TellsPlace(const Outcome& outcome, const ActionRequest& request) {
     return outcome.isPlaced || !request.strAction.starts_with("Rename");
 }
 
+std::uint32_t TrashedAs(const SettledEntry& entry) {
+    return entry.end == RecycleEnd::kRecycled ? static_cast<std::uint32_t>(entry.number + 1)
+                                              : results::kWithFolder;
+}
+
 } // namespace
 
 OutcomeRecorder::OutcomeRecorder(Session& session, const ActionRequest& request)
@@ -114,8 +119,8 @@ OutcomeMark OutcomeRecorder::GoneMark(std::string_view path) const {
     return OutcomeMark::kWasGone;
 }
 
-void OutcomeRecorder::Recycled(std::size_t index, RecycleEnd end,
-                               const platform::PlatformError* error) {
+void OutcomeRecorder::Recycled(std::size_t index, const SettledEntry& entry) {
+    const RecycleEnd end = entry.end;
     // It is asked about once more at the end of all.
     if (end == RecycleEnd::kChanged) return;
     Count(index);
@@ -128,13 +133,14 @@ void OutcomeRecorder::Recycled(std::size_t index, RecycleEnd end,
     if (end == RecycleEnd::kRecycled && !tables.blnSelIsFile[index]) {
         recycledFolders_.emplace(source);
     }
-    const bool hasFailed = mark == OutcomeMark::kFailed && error != nullptr;
-    const std::string sentence = hasFailed ? session_.Shown(*error) : std::string();
+    const bool hasFailed = mark == OutcomeMark::kFailed && entry.error != nullptr;
+    const std::string sentence = hasFailed ? session_.Shown(*entry.error) : std::string();
     const std::string shown = hasFailed ? session_.Shown(source) : std::string();
     session_.outcomes->Add({.source = source,
                             .mark = mark,
                             .isFile = tables.blnSelIsFile[index],
-                            .errorNumber = hasFailed ? error->number : 0,
+                            .trashed = mark == OutcomeMark::kRecycled ? TrashedAs(entry) : 0,
+                            .errorNumber = hasFailed ? entry.error->number : 0,
                             .error = sentence,
                             .shownSource = shown});
 }

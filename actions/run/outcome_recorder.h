@@ -9,9 +9,6 @@
 #include <unordered_set>
 #include <vector>
 
-namespace tarvix::platform {
-struct PlatformError;
-}
 namespace tarvix::results {
 enum class OutcomeMark : std::uint8_t;
 }
@@ -35,8 +32,8 @@ class OutcomeRecorder : public OutcomeSink {
 
     void Settled(const Outcome& outcome) override;
     bool IsRehearsal() const override { return false; }
-    // The same of an object that was to go to the trash; `error` may be null.
-    void Recycled(std::size_t index, RecycleEnd end, const platform::PlatformError* error);
+    // The same of an object that was to go to the trash.
+    void Recycled(std::size_t index, const SettledEntry& entry);
     // Of one that was left alone before that.
     void LeftAlone(std::size_t index, results::OutcomeMark mark);
 

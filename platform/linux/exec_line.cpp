@@ -42,7 +42,7 @@ class Expansion {
             if (!line_.icon.empty()) words_.insert(words_.end(), {"--icon", line_.icon});
         } else if (word == "%F" || word == "%U") {
             for (const std::string& file : files_)
-                words_.push_back(word[1] == 'F' ? file : FileAddress(file));
+                words_.push_back(word[1] == 'F' ? file : AddressOf(file));
         } else if (std::string expanded = Expanded(word); !expanded.empty() || word.empty()) {
             words_.push_back(std::move(expanded));
         }
@@ -74,7 +74,7 @@ class Expansion {
             return first;
         case 'u':
         case 'U':
-            return first.empty() ? "" : FileAddress(first);
+            return first.empty() ? "" : AddressOf(first);
         case 'c':
             return line_.name;
         case 'k':
@@ -108,6 +108,15 @@ std::vector<Words> ExpandWords(const ExecLine& line, const Words& words,
 }
 
 } // namespace
+
+std::string AddressOf(const std::string& file) {
+    return file.starts_with('/') ? FileAddress(file) : file;
+}
+
+bool TakesAddresses(std::string_view exec) {
+    const auto words = SplitCommand(exec);
+    return words && AnyHasCode(*words, "uU");
+}
 
 Result<Words> SplitCommand(std::string_view command) {
     int count = 0;

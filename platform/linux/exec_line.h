@@ -21,9 +21,15 @@ struct ExecLine {
 // quote is not closed or there is no word.
 Result<std::vector<std::string>> SplitCommand(std::string_view command);
 
+// The address of a native path; an address stays what it is.
+std::string AddressOf(const std::string& file);
+// Whether a line has a code for addresses.
+bool TakesAddresses(std::string_view exec);
+
 // The arguments of each process that opens files with an entry: one for all with %F or %U, else one
 // for each file; a line that has no code for files gets them at its end. Paths fill %f and %F,
-// addresses %u and %U. Without files the line runs once. 5 for a line that can't be read.
+// addresses %u and %U; a file that is given by its address is only for these. Without files the
+// line runs once. 5 for a line that can't be read.
 Result<std::vector<std::vector<std::string>>> ExpandExec(const ExecLine& line,
                                                          std::span<const std::string> files);
 

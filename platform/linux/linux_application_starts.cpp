@@ -19,6 +19,8 @@ namespace tarvix::platform {
 
 namespace {
 
+constexpr std::string_view kTrashAddress = "trash:///";
+
 // As a start of a program is told in X11: who, which of its starts, and when.
 std::string StartupId(unsigned count) {
     constexpr long kMilliseconds = 1000;
@@ -102,6 +104,17 @@ Result<void> LinuxApplications::ShowInFolder(std::span<const std::string> paths)
     return OpenFoldersOf(natives);
 }
 
+bool LinuxApplications::OpenTrashWith(std::string_view type) {
+    const auto application = DefaultFor(type);
+    const auto entry = application ? ReadEntry(application->id) : std::nullopt;
+    if (!entry || (entry->busName.empty() && !TakesAddresses(entry->line.exec))) return false;
+    const std::string address(kTrashAddress);
+    const auto plan = PlanEntry(*entry, {&address, 1}, {});
+    return plan && Start(*plan);
+}
+
+// A file manager that takes addresses knows this one; the folder itself, which doesn't tell where
+// its objects were, is for who has none.
 Result<void> LinuxApplications::ShowTrash() {
     const BusMethod show{"org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                          "org.freedesktop.FileManager1", "ShowFolders"};
@@ -109,9 +122,11 @@ Result<void> LinuxApplications::ShowTrash() {
     if (bus.Offers(show.name)) {
         const std::string startupId = StartupId(++started_);
         const auto shown =
-            bus.Call(show, g_variant_new("(@ass)", Strings({"trash:///"}), startupId.c_str()));
+            bus.Call(show, g_variant_new("(@ass)", Strings({std::string(kTrashAddress)}),
+                                         startupId.c_str()));
         if (shown || shown.error().number == kDeviceError) return {};
     }
+    if (OpenTrashWith("x-scheme-handler/trash") || OpenTrashWith("inode/directory")) return {};
     const char* const set = std::getenv("XDG_DATA_HOME");
     const std::string data =
         set != nullptr && *set == '/' ? set : fmt::format("{}/.local/share", home_);

@@ -141,21 +141,26 @@ Result<LaunchPlan> LinuxApplications::PlanApplication(std::string_view id,
     if (!entry) {
         return Failure(kInvalidCall, fmt::format("There is no application {}.", id));
     }
-    LaunchPlan plan{.name = entry->application.name,
-                    .busName = entry->busName,
-                    .notifiesStart = entry->notifiesStart};
+    return PlanEntry(*entry, natives, folder);
+}
+
+Result<LaunchPlan> LinuxApplications::PlanEntry(const DesktopEntry& entry,
+                                                std::span<const std::string> objects,
+                                                std::string_view folder) {
+    LaunchPlan plan{.name = entry.application.name,
+                    .busName = entry.busName,
+                    .notifiesStart = entry.notifiesStart};
     if (!plan.busName.empty()) {
-        for (const std::string& native : natives)
-            plan.addresses.push_back(FileAddress(native));
+        for (const std::string& object : objects)
+            plan.addresses.push_back(AddressOf(object));
     }
-    if (entry->line.exec.empty()) return plan;
-    TX_TRY_ASSIGN(auto lines, ExpandExec(entry->line, natives));
+    if (entry.line.exec.empty()) return plan;
+    TX_TRY_ASSIGN(auto lines, ExpandExec(entry.line, objects));
     for (auto& arguments : lines) {
         PlannedProcess process{.arguments = std::move(arguments),
-                               .folder =
-                                   entry->folder.empty() ? NativeFolder(folder) : entry->folder,
-                               .variables = {{"GIO_LAUNCHED_DESKTOP_FILE", entry->line.entryFile}}};
-        if (entry->application.isTerminal) {
+                               .folder = entry.folder.empty() ? NativeFolder(folder) : entry.folder,
+                               .variables = {{"GIO_LAUNCHED_DESKTOP_FILE", entry.line.entryFile}}};
+        if (entry.application.isTerminal) {
             TX_TRY_ASSIGN(process, InTerminal(std::move(process)));
         }
         plan.processes.push_back(std::move(process));

@@ -8,6 +8,8 @@
 
 namespace tarvix::platform {
 
+struct DesktopEntry;
+
 // The applications of this desktop by its entries and the shared MIME database, the session bus
 // and processes. For one thread.
 class LinuxApplications : public Applications {
@@ -39,6 +41,11 @@ class LinuxApplications : public Applications {
     Result<bool> PlayNow(std::string_view command, std::span<const std::string> paths) override;
 
   private:
+    // `objects` are native paths, or addresses for an entry that takes them.
+    Result<LaunchPlan> PlanEntry(const DesktopEntry& entry, std::span<const std::string> objects,
+                                 std::string_view folder);
+    // Whether the application that is set for a type took the address of the trash.
+    bool OpenTrashWith(std::string_view type);
     Result<bool> HandToPlayer(std::string_view command, std::span<const std::string> paths,
                               bool plays);
     // The native paths of objects, each spelled as the disk has it; 53 for one that is missing.

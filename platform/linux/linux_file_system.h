@@ -91,6 +91,10 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
         ObjectFacts facts;
     };
     Result<SeenPlace> Seen(const SeenObject& seen);
+    // The drive form of an absolute native path.
+    std::string DrivePathOf(std::string_view native) const {
+        return mounts_.Now()->ToDrive(native);
+    }
     // To be told when an object was taken away by another road.
     void NoteGone(const Resolved& place);
     // To be told when it was put back there.

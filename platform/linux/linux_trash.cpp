@@ -53,7 +53,8 @@ bool IsOfHome(std::uint64_t device) {
 // since an open folder keeps a drive from being taken out.
 class TrashRun {
   public:
-    Sys<TrashFolder::Taken> Recycle(const Resolved& place) {
+    // What it took; the views stay until the next call.
+    Sys<TakenObjects::Taken> Recycle(const Resolved& place) {
         auto taken = Take(place);
         if (taken || (taken.error() != ENOENT && taken.error() != ESTALE)) return taken;
         const auto location = LocationOf(place);
@@ -63,16 +64,17 @@ class TrashRun {
     }
 
   private:
-    Sys<TrashFolder::Taken> Take(const Resolved& place);
+    Sys<TakenObjects::Taken> Take(const Resolved& place);
     Sys<TrashFolder*> TrashFor(const Resolved& place, const std::string& folder);
 
     std::map<std::uint64_t, TrashFolder> trashes_; // by device
     std::string folder_;                           // the last, as it was asked for
     std::shared_ptr<const UniqueFd> around_;       // of that one
     std::string trueFolder_;
+    std::string held_; // name of the last in the trash
 };
 
-Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
+Sys<TakenObjects::Taken> TrashRun::Take(const Resolved& place) {
     const bool isKnown = folder_ == place.Folder() && around_ == place.around;
     if (!isKnown) {
         TX_TRY_ASSIGN(trueFolder_, TrueFolder(place));
@@ -87,8 +89,13 @@ Sys<TrashFolder::Taken> TrashRun::Take(const Resolved& place) {
     if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
         return std::unexpected(EBUSY);
     }
-    const bool mustBeSame = place.around && place.drives->KeepsNumbersAt(DeviceOf(*place.st));
-    return trash->Take(location, path, *place.st, mustBeSame);
+    const bool isNumbered = place.drives->KeepsNumbersAt(DeviceOf(*place.st));
+    TX_TRY_ASSIGN(held_, trash->Take(location, path, *place.st, place.around && isNumbered));
+    return TakenObjects::Taken{.folder = trueFolder_,
+                               .name = place.NativeName(),
+                               .trash = trash->Path(),
+                               .held = held_,
+                               .stamp = StampOf(*place.st, isNumbered)};
 }
 
 Sys<TrashFolder*> TrashRun::TrashFor(const Resolved& place, const std::string& folder) {
@@ -125,15 +132,12 @@ Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
         const SeenObject& object = objects[done];
         if (observer && !observer(done)) return FailureBy(kInterrupted, object.path);
         TX_TRY_ASSIGN(auto seen, files_.Seen(object));
-        Resolved& place = seen.place;
+        const Resolved& place = seen.place;
         if (place.IsRoot()) return FailureBy(kPermissionDenied, object.path);
-        auto taken = run.Recycle(place);
+        const auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), object);
+        taken_.Add(*taken);
         files_.NoteGone(place);
-        path_ = object.path;
-        place_ = std::move(place);
-        place_->around.reset(); // an open folder keeps a drive from being taken out
-        taken_ = std::move(*taken);
     }
     return {};
 }
@@ -148,13 +152,30 @@ Result<void> LinuxTrash::MayTake(std::string_view path) {
     return TrashFailure(ENOTSUP, SeenObject{.path = path, .sighting = {}});
 }
 
-Result<void> LinuxTrash::PutBack(std::string_view path) {
-    if (!place_ || path_ != path) return FailureBy(kFileNotFound, path);
-    const Resolved place = *std::exchange(place_, std::nullopt);
-    TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), path));
-    TX_TRY(Named(TrashFolder::GiveBack(taken_, location), path));
-    files_.NoteBack(place);
-    return {};
+Result<void> LinuxTrash::PutBack(std::size_t number) {
+    const auto taken = taken_.At(number);
+    if (!taken) return Failure(kFileNotFound, "The trash has taken no such object.");
+    Resolved place;
+    place.native =
+        text::Concat({taken->folder == "/" ? std::string_view() : taken->folder, "/", taken->name});
+    const std::string path = files_.DrivePathOf(place.native);
+    const auto location = Locate(place.native);
+    const auto back = location ? TrashFolder::GiveBack(std::string(taken->trash), taken->held,
+                                                       taken->stamp, *location)
+                               : Sys<void>(std::unexpected(location.error()));
+    if (back) {
+        files_.NoteBack(place);
+        return {};
+    }
+    switch (back.error()) {
+    case ESTALE:
+        return Failure(kFileNotFound,
+                       fmt::format("{} is not in the trash any more.", ForDisplay(path)));
+    case ENOENT:
+        return FailureBy(kPathNotFound, path);
+    default:
+        return FailureOf(back.error(), path);
+    }
 }
 
 } // namespace tarvix::platform

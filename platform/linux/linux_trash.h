@@ -1,11 +1,10 @@
 #pragma once
 
 #include "platform/linux/linux_file_system.h"
-#include "platform/linux/trash_folder.h"
+#include "platform/linux/taken_objects.h"
 #include "platform/trash.h"
 
-#include <optional>
-#include <string>
+#include <cstddef>
 
 namespace tarvix::platform {
 
@@ -18,14 +17,12 @@ class LinuxTrash : public Trash {
     Result<void> RecycleSeen(std::span<const SeenObject> objects,
                              const TrashObserver& observer) override;
     Result<void> MayTake(std::string_view path) override;
-    Result<void> PutBack(std::string_view path) override;
+    std::size_t Taken() const override { return taken_.Count(); }
+    Result<void> PutBack(std::size_t number) override;
 
   private:
     LinuxFileSystem& files_;
-    // What was taken last.
-    std::string path_;
-    std::optional<Resolved> place_;
-    TrashFolder::Taken taken_;
+    TakenObjects taken_;
 };
 
 } // namespace tarvix::platform

@@ -2,6 +2,7 @@
 
 #include "platform/linux/glib_pointer.h"
 #include "platform/linux/part_file.h"
+#include "platform/try.h"
 #include "text/characters.h"
 
 #include <climits>
@@ -118,6 +119,20 @@ std::string DataHome() {
 }
 } // namespace
 
+TrashStamp StampOf(const struct statx& st, bool isNumbered) {
+    TrashStamp stamp{.device = DeviceOf(st),
+                     .kind = static_cast<std::uint16_t>(st.stx_mode & S_IFMT),
+                     .isNumbered = isNumbered};
+    if (isNumbered) {
+        stamp.number = st.stx_ino;
+        stamp.time = (st.stx_mask & STATX_BTIME) != 0 ? TimeOf(st.stx_btime) : 0;
+    } else if (!S_ISDIR(st.stx_mode)) {
+        stamp.number = st.stx_size;
+        stamp.time = TimeOf(st.stx_mtime);
+    }
+    return stamp;
+}
+
 Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string path, std::string top) {
     if (!folder) return std::unexpected(folder.error());
     const auto st = StatOf(folder->Get());
@@ -170,19 +185,16 @@ bool TrashFolder::MayBeMade(const std::string& top) {
     return false;
 }
 
-Sys<TrashFolder::Taken> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
-                                          bool mustBeSame) {
+Sys<std::string> TrashFolder::Take(At object, std::string_view path, const struct statx& st,
+                                   bool mustBeSame) {
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
         fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", Percented(told), TimeText());
     for (unsigned number = 1; number < kMostTries; ++number) {
-        const std::string there = NameForTry(name, number);
+        std::string there = NameForTry(name, number);
         const auto taken = TakeAs(there, {object, st, mustBeSame}, info);
-        if (taken) {
-            return Taken{text::Concat({path_, "/files/", there}),
-                         text::Concat({path_, "/info/", there, kInfoEnd})};
-        }
+        if (taken) return there;
         if (taken.error() != EEXIST) return std::unexpected(taken.error());
     }
     return std::unexpected(EEXIST);
@@ -195,13 +207,25 @@ const std::string& TrashFolder::TimeText() {
     return timeText_;
 }
 
-Sys<void> TrashFolder::GiveBack(const Taken& taken, At place) {
-    const auto st = StatOfPath(taken.object);
-    if (!st) return std::unexpected(st.error());
-    const auto back =
-        RenameReadOnly({AT_FDCWD, taken.object.c_str()}, place, S_ISDIR(st->stx_mode), {});
-    if (back) ::unlinkat(AT_FDCWD, taken.info.c_str(), 0);
-    return back;
+// Another object that took its name in that moment goes back into the trash.
+Sys<void> TrashFolder::GiveBack(const std::string& trash, std::string_view name,
+                                const TrashStamp& stamp, At place) {
+    const std::string held = text::Concat({trash, "/files/", name});
+    const At there{AT_FDCWD, held.c_str()};
+    const auto st = StatOf(there);
+    const bool isGone = !st && (st.error() == ENOENT || st.error() == ENOTDIR);
+    if (!st && !isGone) return std::unexpected(st.error());
+    if (isGone || StampOf(*st, stamp.isNumbered) != stamp) return std::unexpected(ESTALE);
+    const bool isFolder = S_ISDIR(st->stx_mode);
+    TX_TRY(RenameReadOnly(there, place, isFolder, {}));
+    const auto now = StatOf(place);
+    if (now && StampOf(*now, stamp.isNumbered) != stamp) {
+        (void)RenameWithoutReplacing(place, there, S_ISDIR(now->stx_mode), {});
+        return std::unexpected(ESTALE);
+    }
+    const std::string info = text::Concat({trash, "/info/", name, kInfoEnd});
+    ::unlinkat(AT_FDCWD, info.c_str(), 0);
+    return {};
 }
 
 Sys<void> TrashFolder::TakeAs(const std::string& name, const Wanted& wanted,

@@ -4,6 +4,7 @@
 #include "platform/trash.h"
 #include "platform/try.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace tarvix::platform {
@@ -32,20 +33,24 @@ class RehearsalTrash : public Trash {
     // Whether an object that is there was refused since the last call.
     bool TakeRefusal() { return std::exchange(hasRefused_, false); }
 
-    // What was made whole before gets its name here, so that nothing ever comes back.
-    Result<void> PutBack(std::string_view path) override {
-        return TreeFailure(kFileNotFound, path);
+    // Nothing lies in it, so nothing ever comes back: what was made whole before gets its name
+    // here.
+    std::size_t Taken() const override { return taken_; }
+    Result<void> PutBack(std::size_t) override {
+        return Failure(kFileNotFound, "A rehearsal puts nothing back.");
     }
 
   private:
     Result<void> Take(std::string_view path) {
         TX_TRY(real_.MayTake(path));
         TX_TRY(files_.TakeAway(path));
+        ++taken_;
         return {};
     }
 
     RehearsalFileSystem& files_;
     Trash& real_;
+    std::size_t taken_ = 0;
     bool hasRefused_ = false;
 };
 

@@ -60,6 +60,26 @@ TEST_F(DeleteTest, WhatWasRecycledCanBeRestored) {
     EXPECT_EQ(ReadAll(Root() / "basic/sub/c.mp3"), std::string(2048, 'c'));
 }
 
+TEST_F(DeleteTest, AScriptPutsBackWhatItRecycled) {
+    MakeBasic();
+    AddFile("basic/d/one of d.mp3", "1");
+    AddFile("basic/d/what? 50%.mp3", "2");
+    const std::string script = "set cmbSearchFor = *\nset cmbDir = " + Root().string() +
+                               "/basic\nset optFilesVsDirs(2) = 1\nset chkIncludeSubFolders = 1\n"
+                               "answer Yes\nclick cmdSearch\nclick cmdSelectAll\n"
+                               "click cmdDeleteSelected\nclick cmdOutcome\n"
+                               "click frmOutcome.cmdPutBack\ndump frmOutcome.lblMain\n";
+    const std::size_t before = CountIn(Root() / "basic");
+    const Outcome outcome = RunScript(script);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, ::testing::StartsWith("Put back "));
+    EXPECT_THAT(outcome.out, ::testing::Not(HasSubstr("failed")));
+    EXPECT_EQ(CountIn(Root() / "basic"), before);
+    EXPECT_EQ(CountIn(Trash()), 0U);
+    EXPECT_EQ(ReadAll(Root() / "basic/d/what? 50%.mp3"), "2");
+    EXPECT_EQ(ReadAll(Root() / "basic/sub/c.mp3"), std::string(2048, 'c'));
+}
+
 TEST_F(DeleteTest, WithoutYesNothingHappens) {
     MakeBasic();
     const Outcome outcome = Run({"delete", "*.mp3", "--in", "basic"});

@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTableView>
 
 #include <algorithm>
 #include <array>
@@ -353,6 +354,33 @@ void EveryWindow::FillOutcomes() {
     results::MarkFates(*S().rows, list);
 }
 
+// A part of it could not come back from the trash, or was not to.
+void EveryWindow::FillPutBack() {
+    results::OutcomeList& list = *S().outcomes;
+    list.Begin(results::kPutBackAction);
+    for (std::size_t i = 0; i < S().rows->Count(); ++i) {
+        if (S().rows->At(i).IsSpacer()) continue;
+        const std::string path = S().rows->FullPath(i);
+        const std::string error = path + ": its place is taken.";
+        const bool hasFailed = i % 7 == 2;
+        const bool isBack = !hasFailed && i % 7 != 3;
+        list.Add({.source = path,
+                  .place = isBack ? path : std::string_view(),
+                  .mark = hasFailed ? results::OutcomeMark::kFailed
+                          : isBack  ? results::OutcomeMark::kPutBack
+                                    : results::OutcomeMark::kRecycled,
+                  .isPlaced = isBack,
+                  .trashed = isBack ? 0U : 1U,
+                  .errorNumber = hasFailed ? 58 : 0,
+                  .error = hasFailed ? std::string_view(error) : std::string_view(),
+                  .shownSource = path});
+    }
+    auto& page = S().forms.frmOutcome;
+    page.lblMain.Caption = "Put back 14 of 17 objects, 3 failed, 3 left in the trash.";
+    page.cmdSelectFailed.Visible = false;
+    page.cmdOpenTrash.Visible = true;
+}
+
 void EveryWindow::SeeOutcome(const Look& look) {
     Press("cmdSelectNone");
     FillOutcomes();
@@ -367,6 +395,11 @@ void EveryWindow::SeeOutcome(const Look& look) {
     gate.Flush();
     Settle();
     look(*window, "outcome");
+    FillPutBack();
+    gate.Flush();
+    window->findChild<QTableView*>("lstOutcome")->selectRow(0);
+    Settle();
+    look(*window, "outcome-put-back");
     gate.Run(nullptr, [&page] { page.Hide(); });
     gate.Flush();
 }

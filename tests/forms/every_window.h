@@ -36,6 +36,7 @@ class EveryWindow : public WindowFixture {
     void SeeOutcome(const Look& look);
     void SeeLegend(const Look& look);
     void FillOutcomes();
+    void FillPutBack();
     void LookAtModal(const Look& look, const std::string& name);
     void FillForms();
 };

@@ -1,3 +1,4 @@
+#include "forms/icon_ink.h"
 #include "forms/outcome_page.h"
 #include "forms/text_conversion.h"
 #include "results/outcome_list.h"
@@ -5,7 +6,9 @@
 #include "tests/forms/window_fixture.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableView>
 
@@ -25,6 +28,17 @@ class OutcomePageTest : public WindowFixture {
             modal.findChild<QPushButton*>("OKButton")->click();
         });
         Press("cmdMoveSelected");
+    }
+    // Moves all that is found to the trash and opens the page of it.
+    void RecycleAll() {
+        Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+        Press("cmdSelectAll");
+        OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnYes")->click(); });
+        Press("cmdDeleteSelected");
+        Press("cmdOutcome");
+    }
+    bool IsThere(const std::string& name) {
+        return machine.disk.Exists("C:\\home\\ann\\Music\\Abba\\" + name);
     }
     QTableView& Table() { return *Find<QTableView>("lstOutcome"); }
     QString Cell(int row, int column) {
@@ -107,6 +121,109 @@ TEST_F(OutcomePageTest, EnterShowsWhatIsChosenWhereItIs) {
     EXPECT_TRUE(Table().isVisible());
     Press("cmdSearchAgain");
     EXPECT_TRUE(window->List().isVisible());
+}
+
+// ---- putting back ----
+
+TEST_F(OutcomePageTest, PutBackBringsAllBackAndShowsIt) {
+    RecycleAll();
+    ASSERT_FALSE(IsThere("one.mp3"));
+    auto* button = Find<QPushButton>("cmdPutBack");
+    ASSERT_TRUE(button->isVisible());
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_EQ(button->text(), "Put Bac&k");
+    EXPECT_TRUE(button->toolTip().contains("all of it")) << button->toolTip().toStdString();
+    Press("cmdPutBack");
+    EXPECT_TRUE(IsThere("one.mp3"));
+    EXPECT_TRUE(IsThere("two.mp3"));
+    EXPECT_TRUE(Table().isVisible());
+    EXPECT_EQ(TextOf("lblMain"), "Put back 2 of 2 objects.");
+    ASSERT_EQ(Table().model()->rowCount(), 2);
+    EXPECT_EQ(Cell(0, 0), "Put back");
+    EXPECT_EQ(Cell(0, 2), "C:\\home\\ann\\Music\\Abba\\one.mp3");
+    EXPECT_FALSE(button->isEnabled());
+    EXPECT_TRUE(button->toolTip().contains("Nothing of this is in the trash any more"));
+    EXPECT_EQ(Find<QPushButton>("cmdOutcome")->text(), "Put back 2 of 2 objects.");
+}
+
+TEST_F(OutcomePageTest, ItsKeyIsItsOwnInTheWholeWindow) {
+    RecycleAll();
+    int holders = 0;
+    for (const QAbstractButton* button : window->findChildren<QAbstractButton*>())
+        holders += button->isVisible() && button->text().toLower().contains("&k") ? 1 : 0;
+    for (const QLabel* label : window->findChildren<QLabel*>())
+        holders += label->isVisible() && label->text().toLower().contains("&k") ? 1 : 0;
+    for (const QAction* menu : window->menuBar()->actions())
+        holders += menu->text().toLower().contains("&k") ? 1 : 0;
+    EXPECT_EQ(holders, 1);
+    Activate(*window);
+    QTest::keyClick(&Table(), Qt::Key_K, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return IsThere("one.mp3"); }, 2000));
+    EXPECT_TRUE(IsThere("two.mp3"));
+}
+
+TEST_F(OutcomePageTest, OfAPartTheButtonTellsTheCount) {
+    RecycleAll();
+    auto* button = Find<QPushButton>("cmdPutBack");
+    Table().selectRow(1);
+    EXPECT_EQ(button->text(), "Put Bac&k 1");
+    EXPECT_TRUE(button->toolTip().contains("what is selected"));
+    Table().clearSelection();
+    EXPECT_EQ(button->text(), "Put Bac&k");
+    Table().selectRow(1);
+    Press("cmdPutBack");
+    EXPECT_FALSE(IsThere("one.mp3"));
+    EXPECT_TRUE(IsThere("two.mp3"));
+    EXPECT_EQ(TextOf("lblMain"), "Put back 1 of 1 object, 1 left in the trash.");
+    EXPECT_EQ(Cell(0, 0), "In the trash");
+    EXPECT_EQ(Cell(0, 2), "Trash");
+    EXPECT_EQ(Cell(1, 0), "Put back");
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_EQ(button->text(), "Put Bac&k");
+    Table().selectRow(1);
+    EXPECT_FALSE(button->isEnabled());
+    EXPECT_TRUE(button->toolTip().contains("Nothing of what is selected"));
+}
+
+TEST_F(OutcomePageTest, AGroupThatIsShownAloneHasNothingSelected) {
+    machine.bin.Refuse("C:\\home\\ann\\Music\\Abba\\two.mp3", platform::kPermissionDenied);
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    OnModal([this](QWidget& question) {
+        OnModal([](QWidget& refused) { refused.findChild<QPushButton*>("cmdNo")->click(); });
+        question.findChild<QPushButton*>("btnYes")->click();
+    });
+    Press("cmdDeleteSelected");
+    Press("cmdOutcome");
+    auto* button = Find<QPushButton>("cmdPutBack");
+    ASSERT_TRUE(Cell(0, 0).startsWith("Failed: ")) << Cell(0, 0).toStdString();
+    Table().selectRow(0);
+    EXPECT_FALSE(button->isEnabled());
+    Find<QComboBox>("cmbGroup")->setCurrentIndex(2);
+    EXPECT_EQ(Cell(0, 0), "In the trash");
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_EQ(button->text(), "Put Bac&k");
+    Press("cmdPutBack");
+    EXPECT_TRUE(IsThere("one.mp3"));
+}
+
+TEST_F(OutcomePageTest, NothingIsSelectedWhenItOpensAndSpaceSelects) {
+    RecycleAll();
+    EXPECT_TRUE(Table().selectionModel()->selectedRows().isEmpty());
+    EXPECT_EQ(Table().currentIndex().row(), 0);
+    QTest::keyClick(&Table(), Qt::Key_Space);
+    EXPECT_EQ(Find<QPushButton>("cmdPutBack")->text(), "Put Bac&k 1");
+}
+
+TEST_F(OutcomePageTest, ASignOnASelectedRowHasTheColourOfItsText) {
+    QPixmap picture(16, 16);
+    picture.fill(Qt::black);
+    const QIcon inked = InOneColor(QIcon(picture), 16, Qt::white);
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
+        EXPECT_EQ(inked.pixmap(QSize(16, 16), 1.0, mode).toImage().pixelColor(8, 8),
+                  QColor(Qt::white));
+    }
+    EXPECT_TRUE(InOneColor(QIcon(), 16, Qt::white).isNull());
 }
 
 // ---- one object renamed where it stands ----

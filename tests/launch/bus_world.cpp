@@ -14,6 +14,7 @@ constexpr const char* kInterfaces = R"(<node>
 </interface>
 <interface name="org.freedesktop.FileManager1">
   <method name="ShowItems"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
+  <method name="ShowFolders"><arg type="as" direction="in"/><arg type="s" direction="in"/></method>
 </interface>
 <interface name="org.mpris.MediaPlayer2.TrackList">
   <method name="AddTrack"><arg type="s" direction="in"/><arg type="o" direction="in"/>

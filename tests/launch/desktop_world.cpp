@@ -1,5 +1,7 @@
 #include "tests/launch/desktop_world.h"
 
+#include <gio/gdesktopappinfo.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -58,6 +60,12 @@ Record ReadRecord(const fs::path& run) {
     return record;
 }
 
+void SetDefault(const std::string& id, const std::string& type) {
+    GDesktopAppInfo* const info = g_desktop_app_info_new(id.c_str());
+    g_app_info_set_as_default_for_type(G_APP_INFO(info), type.c_str(), nullptr);
+    g_object_unref(info);
+}
+
 } // namespace
 
 DesktopWorld& DesktopWorld::Get() {
@@ -111,6 +119,8 @@ void DesktopWorld::AddEntries() const {
     AddEntry("notify.desktop", "Name=Notify\nExec=recorder notify %f\nStartupNotify=true\n");
     AddEntry("org.tarvix.Activated.desktop",
              "Name=Activated\nExec=recorder activated %U\nDBusActivatable=true\n");
+    AddEntry("bin.desktop", "Name=Trash Can\nExec=recorder bin --open %u\n");
+    AddEntry("paths.desktop", "Name=Paths\nExec=recorder paths %F\n");
     AddEntry("broken.desktop", "Name=Broken\nExec=recorder \"unclosed %f\n");
     AddEntry("missing.desktop", "Name=Missing\nExec=/no/such/program %f\n");
     AddEntry("wine.desktop", "Name=Wine\nExec=recorder wine %f\n"
@@ -125,6 +135,24 @@ void DesktopWorld::AddEntries() const {
           "inode/directory=files.desktop;\napplication/x-ms-dos-executable=wine.desktop;\n"
           "application/x-msdownload=wine.desktop;\n"
           "application/vnd.microsoft.portable-executable=wine.desktop;\n");
+}
+
+// GIO keeps what it has read until it changes it itself.
+DesktopWorld::Default::Default(const std::string& id, std::string type) : type_(std::move(type)) {
+    GAppInfo* const now = g_app_info_get_default_for_type(type_.c_str(), FALSE);
+    if (now != nullptr) {
+        before_ = g_app_info_get_id(now);
+        g_object_unref(now);
+    }
+    SetDefault(id, type_);
+}
+
+DesktopWorld::Default::~Default() {
+    if (before_.empty()) {
+        g_app_info_reset_type_associations(type_.c_str());
+    } else {
+        SetDefault(before_, type_);
+    }
 }
 
 std::string DesktopWorld::AddFile(const std::string& name, const std::string& text) const {

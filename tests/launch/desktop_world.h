@@ -24,6 +24,18 @@ class DesktopWorld {
 
     const std::filesystem::path& Root() const { return root_; }
     std::filesystem::path Recorder() const { return root_ / "bin" / "recorder"; }
+    // Makes an application, by the id of its entry, the default for a type, as long as this lives.
+    class Default {
+      public:
+        Default(const std::string& id, std::string type);
+        ~Default();
+        Default(const Default&) = delete;
+        Default& operator=(const Default&) = delete;
+
+      private:
+        std::string type_;
+        std::string before_;
+    };
     // A file with text in it below the root; gives its native path.
     std::string AddFile(const std::string& name, const std::string& text = "x") const;
     // Waits for so many records since the last call and takes them, in the order of their

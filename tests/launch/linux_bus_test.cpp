@@ -72,6 +72,13 @@ TEST_F(LinuxBus, TheFileManagerShowsObjectsInTheirFolder) {
     EXPECT_TRUE(world_.IsQuiet());
 }
 
+TEST_F(LinuxBus, TheFileManagerShowsTheTrash) {
+    Serve({"org.freedesktop.FileManager1"});
+    ASSERT_TRUE(desk_.ShowTrash());
+    EXPECT_THAT(bus_->Calls(), ElementsAre("ShowFolders(['trash:///'])"));
+    EXPECT_TRUE(world_.IsQuiet());
+}
+
 TEST_F(LinuxBus, APlayerThatRunsTakesFilesAtTheEndOfItsList) {
     Serve({"org.mpris.MediaPlayer2.Recorder.instance7"});
     const std::string base = Add("2.mp3");

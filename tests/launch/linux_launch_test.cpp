@@ -324,5 +324,34 @@ TEST_F(LinuxLaunch, WithoutAFileManagerOnTheBusTheFolderIsOpened) {
     EXPECT_EQ(desk_.ShowInFolder(gone).error().number, platform::kFileNotFound);
 }
 
+// ---- the trash ----
+
+TEST_F(LinuxLaunch, TheFileManagerThatTakesAddressesShowsTheTrash) {
+    ASSERT_TRUE(desk_.ShowTrash());
+    EXPECT_THAT(world_.Take(1).at(0).arguments, ElementsAre("files", "trash:///"));
+}
+
+TEST_F(LinuxLaunch, WhoIsSetForTheTrashShowsIt) {
+    const DesktopWorld::Default bin("bin.desktop", "x-scheme-handler/trash");
+    ASSERT_TRUE(desk_.ShowTrash());
+    EXPECT_THAT(world_.Take(1).at(0).arguments, ElementsAre("bin", "--open", "trash:///"));
+}
+
+TEST_F(LinuxLaunch, WhereWhoIsSetForTheTrashTakesPathsAloneTheFileManagerShowsIt) {
+    const DesktopWorld::Default paths("paths.desktop", "x-scheme-handler/trash");
+    ASSERT_TRUE(desk_.ShowTrash());
+    EXPECT_THAT(world_.Take(1).at(0).arguments, ElementsAre("files", "trash:///"));
+}
+
+TEST_F(LinuxLaunch, AFileManagerOfPathsAloneOpensTheFolderOfTheTrash) {
+    const DesktopWorld::Default paths("paths.desktop", "inode/directory");
+    std::filesystem::remove_all(world_.Root() / "data" / "Trash");
+    EXPECT_EQ(desk_.ShowTrash().error().number, platform::kPathNotFound);
+    std::filesystem::create_directories(world_.Root() / "data" / "Trash" / "files");
+    ASSERT_TRUE(desk_.ShowTrash());
+    EXPECT_THAT(world_.Take(1).at(0).arguments,
+                ElementsAre("paths", (world_.Root() / "data/Trash/files").string()));
+}
+
 } // namespace
 } // namespace tarvix::testing

@@ -18,21 +18,27 @@ class FaultyTrash : public Trash {
         for (std::size_t done = 0; done < objects.size(); ++done) {
             if (observer && !observer(done)) return TreeFailure(kInterrupted, objects[done].path);
             TX_TRY(faults_.Enter("Recycle", objects[done].path));
+            paths_.resize(trash_.Taken());
             TX_TRY(trash_.RecycleSeen(objects.subspan(done, 1), {}));
+            paths_.emplace_back(objects[done].path);
         }
         return {};
     }
 
     Result<void> MayTake(std::string_view path) override { return trash_.MayTake(path); }
 
-    Result<void> PutBack(std::string_view path) override {
-        TX_TRY(faults_.Enter("PutBack", path));
-        return trash_.PutBack(path);
+    std::size_t Taken() const override { return trash_.Taken(); }
+
+    // By the path that the object came from.
+    Result<void> PutBack(std::size_t number) override {
+        TX_TRY(faults_.Enter("PutBack", number < paths_.size() ? paths_[number] : ""));
+        return trash_.PutBack(number);
     }
 
   private:
     FaultyFileSystem& faults_;
     Trash& trash_;
+    std::vector<std::string> paths_; // of what it took, by number
 };
 
 } // namespace tarvix::platform

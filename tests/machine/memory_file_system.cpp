@@ -246,6 +246,7 @@ Result<void> MemoryFileSystem::PutBack(std::string_view path, std::shared_ptr<Tr
     TX_TRY_ASSIGN(const Place place, Walk(path));
     if (place.node != nullptr) return TreeFailure(kAlreadyExists, path);
     if (place.drive->IsReadOnly()) return TreeFailure(kPermissionDenied, path);
+    TX_TRY(CheckAddTo(*place.folder, path));
     Attach(place, std::move(node), place.name);
     return {};
 }

@@ -34,7 +34,7 @@ Result<void> MemoryTrash::RecycleOne(const std::string& path) {
     if (refusal != refused_.end()) return TreeFailure(refusal->second, path);
     TX_TRY(MayTake(path));
     TX_TRY_ASSIGN(auto node, disk_.TakeAway(path));
-    items_.push_back({truePath, std::static_pointer_cast<MemoryNode>(std::move(node))});
+    items_.push_back({truePath, std::static_pointer_cast<MemoryNode>(std::move(node)), taken_++});
     return {};
 }
 
@@ -44,9 +44,31 @@ Result<void> MemoryTrash::MayTake(std::string_view path) {
     return hasNone ? TreeFailure(kPathFileAccess, path) : Result<void>();
 }
 
-Result<void> MemoryTrash::PutBack(std::string_view path) {
-    const bool isLast = !items_.empty() && PathKey(items_.back().path) == PathKey(path);
-    return isLast ? Restore(path) : TreeFailure(kFileNotFound, path);
+Result<void> MemoryTrash::PutBack(std::size_t number) {
+    const auto item = std::ranges::find(items_, number, &Item::number);
+    if (item == items_.end()) return platform::Failure(kFileNotFound, "It is not in the trash.");
+    return GiveBack(item);
+}
+
+Result<void> MemoryTrash::GiveBack(Place item) {
+    TX_TRY(disk_.PutBack(item->path, item->node));
+    items_.erase(item);
+    return {};
+}
+
+MemoryTrash::Place MemoryTrash::LastFrom(std::string_view path) {
+    const std::string key = PathKey(path);
+    const auto last = std::find_if(items_.rbegin(), items_.rend(), [&key](const Item& item) {
+        return text::Upper(item.path) == key;
+    });
+    return last == items_.rend() ? items_.end() : std::prev(last.base());
+}
+
+bool MemoryTrash::Lose(std::string_view path) {
+    const Place item = LastFrom(path);
+    if (item == items_.end()) return false;
+    items_.erase(item);
+    return true;
 }
 
 std::vector<std::string> MemoryTrash::Paths() const {
@@ -57,14 +79,8 @@ std::vector<std::string> MemoryTrash::Paths() const {
 }
 
 Result<void> MemoryTrash::Restore(std::string_view path) {
-    const std::string key = PathKey(path);
-    const auto last = std::find_if(items_.rbegin(), items_.rend(), [&key](const Item& item) {
-        return text::Upper(item.path) == key;
-    });
-    if (last == items_.rend()) return TreeFailure(kFileNotFound, path);
-    auto restored = disk_.PutBack(last->path, last->node);
-    if (restored) items_.erase(std::prev(last.base()));
-    return restored;
+    const Place item = LastFrom(path);
+    return item == items_.end() ? TreeFailure(kFileNotFound, path) : GiveBack(item);
 }
 
 void MemoryTrash::SetHasTrash(std::string_view root, bool hasTrash) {

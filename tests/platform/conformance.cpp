@@ -71,4 +71,11 @@ Result<void> FileSystemConformance::Recycle(const std::vector<std::string>& path
     return disk().Bin().Recycle(full, observer);
 }
 
+std::vector<int> FileSystemConformance::PutBack(const std::vector<std::size_t>& numbers) {
+    std::vector<int> errors;
+    for (const std::size_t number : numbers)
+        errors.push_back(NumberOf(disk().Bin().PutBack(number)));
+    return errors;
+}
+
 } // namespace tarvix::platform

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -53,6 +54,12 @@ class Disk {
     virtual std::vector<std::string> Trashed() = 0;
     // Puts back an object from the trash, as the desktop's file manager would.
     virtual bool Restore(std::string_view path) = 0;
+    // What others do to an object in the trash, found by where it came from: it leaves the trash,
+    // or another file takes the place and name that it has there.
+    virtual bool LoseTrashed(std::string_view path) = 0;
+    virtual bool ExchangeTrashed(std::string_view path, std::string_view content) = 0;
+    // Takes away the right to put names into a folder, and gives it back.
+    virtual bool SetLocked(std::string_view folder, bool isLocked) = 0;
     // A rehearsal keeps no trash, doesn't know that a path through a link leads to the same object
     // as another, and sees nothing of what others do meanwhile.
     virtual bool IsRehearsal() const { return false; }
@@ -94,6 +101,10 @@ class FileSystemConformance : public testing::TestWithParam<DiskMaker> {
     Result<void> MoveTree(std::string_view from, std::string_view to);
     void Append(std::string_view path, std::string_view text);
     Result<void> Recycle(const std::vector<std::string>& paths, const TrashObserver& observer = {});
+
+    // Puts back what was taken from these places in the row, counted from 0; the error number of
+    // each.
+    std::vector<int> PutBack(const std::vector<std::size_t>& numbers);
 
     // The object as a search of `location` sees it now, and then a look at what was seen.
     void See(const std::string& path, const std::string& location);

@@ -113,27 +113,4 @@ TEST_P(FileSystemConformance, AFileThatChangesAgainAndAgainGetsNoCopy) {
     EXPECT_EQ(Names(""), List{"a.txt"});
 }
 
-// ---- what comes back from the trash ----
-
-TEST_P(FileSystemConformance, WhatWasRecycledLastCanBePutBack) {
-    if (disk().IsRehearsal()) GTEST_SKIP() << "keeps no trash";
-    disk().MakeFile("a.txt", "1");
-    disk().MakeFile("sub\\b.txt", "2");
-    ASSERT_TRUE(Recycle({"a.txt", "sub"}));
-    EXPECT_EQ(NumberOf(disk().Bin().PutBack(At("a.txt"))), kFileNotFound);
-    ASSERT_TRUE(disk().Bin().PutBack(At("sub")));
-    EXPECT_EQ(TextOf("sub\\b.txt"), "2");
-    EXPECT_EQ(disk().Trashed(), List{"a.txt"});
-    EXPECT_EQ(NumberOf(disk().Bin().PutBack(At("sub"))), kFileNotFound);
-}
-
-TEST_P(FileSystemConformance, WhatIsPutBackReplacesNothing) {
-    if (disk().IsRehearsal()) GTEST_SKIP() << "keeps no trash";
-    disk().MakeFile("a.txt", "old");
-    ASSERT_TRUE(Recycle({"a.txt"}));
-    disk().MakeFile("a.txt", "theirs");
-    EXPECT_EQ(NumberOf(disk().Bin().PutBack(At("a.txt"))), kAlreadyExists);
-    EXPECT_EQ(TextOf("a.txt"), "theirs");
-}
-
 } // namespace tarvix::platform

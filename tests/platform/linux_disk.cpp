@@ -184,4 +184,33 @@ bool LinuxDisk::Restore(std::string_view path) {
     return false;
 }
 
+// As a file manager empties it.
+bool LinuxDisk::LoseTrashed(std::string_view path) {
+    const std::string native = Native(path);
+    for (const TrashedObject& object : ReadTrash(HomeTrash())) {
+        if (object.path != native) continue;
+        return std::filesystem::remove_all(object.held) > 0 && std::filesystem::remove(object.info);
+    }
+    return false;
+}
+
+// The number of the file that goes may not be given to the one that comes.
+bool LinuxDisk::ExchangeTrashed(std::string_view path, std::string_view content) {
+    const std::string native = Native(path);
+    for (const TrashedObject& object : ReadTrash(HomeTrash())) {
+        if (object.path != native) continue;
+        const std::string fresh = object.held + " (new)";
+        std::ofstream(fresh, std::ios::binary) << content;
+        std::filesystem::remove_all(object.held);
+        std::filesystem::rename(fresh, object.held);
+        return true;
+    }
+    return false;
+}
+
+bool LinuxDisk::SetLocked(std::string_view folder, bool isLocked) {
+    // For the superuser nothing is locked.
+    return ::geteuid() != 0 && ::chmod(Native(folder).c_str(), isLocked ? 0555 : 0755) == 0;
+}
+
 } // namespace tarvix::platform

@@ -82,6 +82,9 @@ class LinuxDisk : public Disk {
     std::vector<std::string> Names(std::string_view folder) override;
     std::vector<std::string> Trashed() override;
     bool Restore(std::string_view path) override;
+    bool LoseTrashed(std::string_view path) override;
+    bool ExchangeTrashed(std::string_view path, std::string_view content) override;
+    bool SetLocked(std::string_view folder, bool isLocked) override;
 
   private:
     LinuxOptions Options(CopyRoads roads, StoreClock clock);

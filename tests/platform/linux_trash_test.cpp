@@ -46,6 +46,7 @@ class MountedFolder {
         isMounted_ = ::mount("tmpfs", Path().c_str(), "tmpfs", 0, "size=1m") == 0;
         return isMounted_;
     }
+    void Unmount() { isMounted_ = ::umount2(Path().c_str(), MNT_DETACH) != 0; }
     std::string Path() const { return folder_.Path() + "/mounted"; }
     std::string Trash() const { return Path() + "/.Trash-" + std::to_string(::getuid()); }
 
@@ -291,6 +292,92 @@ TEST_F(LinuxTrashTest, AFolderThatHoldsAMountStays) {
     EXPECT_EQ(NumberOf(recycled), kPathFileAccess);
     EXPECT_TRUE(std::filesystem::exists(point + "/a.txt"));
     ::umount2(point.c_str(), MNT_DETACH);
+}
+
+// ---- putting back ----
+
+TEST_F(LinuxTrashTest, TheInfoFileGoesWhenTheObjectIsBackAndNotBefore) {
+    disk.MakeFile("a.txt", "1");
+    ASSERT_TRUE(Recycle("a.txt"));
+    disk.MakeFile("a.txt", "2");
+    EXPECT_EQ(NumberOf(disk.Bin().PutBack(0)), kAlreadyExists);
+    auto found = Found("a.txt");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(found[0].held));
+    ASSERT_TRUE(disk.Files().DeleteFile(disk.Root() + "\\a.txt", false));
+    ASSERT_TRUE(disk.Bin().PutBack(0));
+    EXPECT_TRUE(Found("a.txt").empty());
+    EXPECT_FALSE(std::filesystem::exists(found[0].held));
+    EXPECT_EQ(disk.Content("a.txt"), "1");
+}
+
+TEST_F(LinuxTrashTest, ObjectsOfOneNameComeBackEachToItsFolder) {
+    for (int i = 0; i < 12; ++i) {
+        const std::string path = std::to_string(i) + "\\cover.jpg";
+        disk.MakeFile(path, std::to_string(i));
+        ASSERT_TRUE(Recycle(path));
+    }
+    for (std::size_t i = 12; i-- > 0;)
+        ASSERT_TRUE(disk.Bin().PutBack(i)) << i;
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(disk.Content(std::to_string(i) + "\\cover.jpg"), std::to_string(i));
+}
+
+TEST_F(LinuxTrashTest, ANameThatWasCutInTheTrashComesBackWhole) {
+    const std::string name(253, 'x');
+    disk.MakeFile(name, "1");
+    ASSERT_TRUE(Recycle(name));
+    ASSERT_TRUE(disk.Bin().PutBack(0));
+    EXPECT_EQ(disk.Content(name), "1");
+}
+
+TEST_F(LinuxTrashTest, AReadOnlyFolderComesBackAndKeepsItsMode) {
+    disk.MakeFile("sub\\a.txt", "1");
+    ASSERT_EQ(::chmod(disk.Native("sub").c_str(), 0555), 0);
+    ASSERT_TRUE(Recycle("sub"));
+    ASSERT_TRUE(disk.Bin().PutBack(0));
+    struct stat st {};
+    ASSERT_EQ(::stat(disk.Native("sub").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0555u);
+    ::chmod(disk.Native("sub").c_str(), 0755);
+}
+
+TEST_F(LinuxTrashTest, ATrashThatIsGoneGivesNothingBackAndFailsCalmly) {
+    disk.MakeFile("a.txt", "1");
+    ASSERT_TRUE(Recycle("a.txt"));
+    std::filesystem::remove_all(HomeTrash());
+    EXPECT_EQ(NumberOf(disk.Bin().PutBack(0)), kFileNotFound);
+    EXPECT_FALSE(disk.Content("a.txt"));
+}
+
+TEST_F(LinuxTrashTest, TheFailureNamesThePath) {
+    disk.MakeFile("a.txt", "1");
+    ASSERT_TRUE(Recycle("a.txt"));
+    disk.MakeFile("a.txt", "2");
+    const auto back = disk.Bin().PutBack(0);
+    ASSERT_FALSE(back);
+    EXPECT_EQ(back.error().path, disk.Root() + "\\a.txt");
+}
+
+TEST_F(LinuxOtherTrashTest, WhatLiesInTheTrashOfAnotherDiskComesBackThere) {
+    if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
+    Start();
+    std::filesystem::create_directory(mounted.Path() + "/folder");
+    Write("folder/a b.txt");
+    Write("c.txt");
+    ASSERT_TRUE(Recycle("S:\\folder\\a b.txt"));
+    ASSERT_TRUE(Recycle("S:\\c.txt"));
+    auto& trash = machine->Parts().trash;
+    EXPECT_EQ(NumberOf(trash.PutBack(1)), 0);
+    EXPECT_EQ(NumberOf(trash.PutBack(0)), 0);
+    EXPECT_TRUE(std::filesystem::exists(mounted.Path() + "/folder/a b.txt"));
+    EXPECT_TRUE(std::filesystem::exists(mounted.Path() + "/c.txt"));
+    EXPECT_TRUE(ReadTrash(mounted.Trash()).empty());
+    // A drive that is gone takes its trash along.
+    ASSERT_TRUE(Recycle("S:\\c.txt"));
+    mounted.Unmount();
+    EXPECT_NE(NumberOf(trash.PutBack(2)), 0);
+    EXPECT_FALSE(std::filesystem::exists(mounted.Path() + "/c.txt"));
 }
 
 } // namespace tarvix::platform

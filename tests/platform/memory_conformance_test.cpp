@@ -72,6 +72,13 @@ class MemoryDisk : public Disk {
         return paths;
     }
     bool Restore(std::string_view path) override { return bin_.Restore(At(path)).has_value(); }
+    bool LoseTrashed(std::string_view path) override { return bin_.Lose(At(path)); }
+    // Names in this trash lead to nothing.
+    bool ExchangeTrashed(std::string_view, std::string_view) override { return false; }
+    bool SetLocked(std::string_view folder, bool isLocked) override {
+        disk_.Node(At(folder))->isLocked = isLocked;
+        return true;
+    }
 
   private:
     std::string At(std::string_view path) const { return text::JoinPath(Root(), path); }

@@ -87,6 +87,9 @@ class RehearsalDisk : public Disk {
         return paths;
     }
     bool Restore(std::string_view) override { return false; }
+    bool LoseTrashed(std::string_view) override { return false; }
+    bool ExchangeTrashed(std::string_view, std::string_view) override { return false; }
+    bool SetLocked(std::string_view, bool) override { return false; }
     bool IsRehearsal() const override { return true; }
 
   private:

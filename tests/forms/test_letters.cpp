@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -155,6 +156,25 @@ TEST_F(WindowLettersTest, BoxesWithoutALetterOfTheirOwnAreInTheSearchMenu) {
     EXPECT_FALSE(entry->isChecked());
     EXPECT_TRUE(Find<QAction>("chkOneEach")->isVisible());
     EXPECT_TRUE(Find<QAction>("cmdBrowse")->isVisible());
+}
+
+TEST_F(WindowLettersTest, SelectButtonsAnswerToDigitsWhereverTheFocusIs) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    auto* box = Find<QComboBox>("cmbSearchFor");
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_1, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), (std::vector<std::string>{"one.mp3", "two.mp3"}));
+    QTest::keyClick(box, Qt::Key_4, Qt::AltModifier);
+    EXPECT_TRUE(SelectedNames().empty());
+    ClickRow(0);
+    QTest::keyClick(box, Qt::Key_5, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"two.mp3"});
+    QTest::keyClick(box, Qt::Key_2, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), (std::vector<std::string>{"one.mp3", "two.mp3"}));
+    QTest::keyClick(box, Qt::Key_3, Qt::AltModifier);
+    EXPECT_TRUE(SelectedNames().empty());
+    EXPECT_EQ(Find<QPushButton>("cmdSelectAll")->toolTip(), "Ctrl+A, Alt+1");
+    EXPECT_EQ(Find<QPushButton>("cmdSelectReverse")->toolTip(), "Alt+5");
 }
 
 TEST_F(WindowLettersTest, AMessageHasOneForEachAnswer) {

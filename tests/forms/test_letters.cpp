@@ -53,6 +53,15 @@ TEST(LettersTest, OfDoublesTheLaterOneGetsAnother) {
     EXPECT_THAT(TextsOf(menu), ElementsAre("&Copy", "C&lear"));
 }
 
+TEST(LettersTest, WhereLettersRunOutDigitsStandInFront) {
+    QMenu menu;
+    for (const char* text : {"A", "B1", "A", "1", "2\tascending", "&3", "BA"})
+        menu.addAction(text);
+    GiveLettersAndDigits(menu);
+    EXPECT_THAT(TextsOf(menu),
+                ElementsAre("&A", "&B1", "&4  A", "&1", "&2\tascending", "&3", "&5  BA"));
+}
+
 TEST(LettersTest, OfTwoMarksInOneCaptionTheFirstFreeOneStays) {
     QMenu menu;
     menu.addAction("&Open");

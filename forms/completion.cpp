@@ -59,10 +59,10 @@ class PopupKeys : public QObject {
         const QWidget* below = QApplication::widgetAt(at.toPoint());
         const QWidget* window = below == nullptr ? nullptr : below->window();
         if (window == nullptr || window->windowHandle() == nullptr) return true;
-        QCoreApplication::postEvent(window->windowHandle(),
-                                    new QMouseEvent(press.type(), window->mapFromGlobal(at), at,
-                                                    press.button(), press.buttons(),
-                                                    press.modifiers(), press.pointingDevice()));
+        // At once, as the button may be let go before anything that is posted comes.
+        QMouseEvent event(press.type(), window->mapFromGlobal(at), at, press.button(),
+                          press.buttons(), press.modifiers(), press.pointingDevice());
+        QCoreApplication::sendEvent(window->windowHandle(), &event);
         return true;
     }
 

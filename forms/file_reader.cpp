@@ -1,5 +1,8 @@
 #include "forms/file_reader.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -58,8 +61,7 @@ void FileReader::Work(const std::shared_ptr<Shared>& shared) {
         if (shared->owner == nullptr) return;
         if (forgotten != shared->forgotten) continue;
         shared->answers.emplace_back(part, std::move(bytes));
-        QMetaObject::invokeMethod(
-            shared->owner, [owner = shared->owner] { owner->Tell(); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(shared->owner, new QEvent(QEvent::User));
     }
 }
 
@@ -87,6 +89,10 @@ void FileReader::Tell() {
     }
     for (auto& [part, bytes] : answers)
         onRead_(part, std::move(bytes));
+}
+
+void FileReader::customEvent(QEvent*) {
+    Tell();
 }
 
 } // namespace tarvix::forms

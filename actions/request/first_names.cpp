@@ -50,6 +50,13 @@ bool ExchangesNames(const Session& session) {
     return session.state.strAction == kRenameFromList && session.frmDialog.chkWholeNames.Value == 1;
 }
 
+// As long as nothing is typed no name changes, and none is told of.
+bool AwaitsText(const Session& session) {
+    const auto& form = session.frmDialog;
+    const bool adds = form.chkAdd.Value == 1;
+    return session.state.strAction == "Rename" && (adds ? form.txtAdd : form.txtFind).Text->empty();
+}
+
 std::size_t Selected(const Session& session) {
     return session.selection->strSelPath.size();
 }
@@ -99,6 +106,7 @@ std::string FirstNamesKey(const Session& session) {
 }
 
 FirstNames FirstNamesOf(Session& session, KnownBytes* known) {
+    if (AwaitsText(session)) return {.note = "They show as soon as a text is typed."};
     const std::size_t selected = Selected(session);
     const bool isAll = ExchangesNames(session);
     if (isAll && selected > kMostExchanged) {

@@ -241,6 +241,9 @@ TEST_F(FirstNamesTest, TypedTextsShowWhatTheyMakeOfNames) {
     std::vector<std::string> shown;
     prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
         if (&form != &Dialog() || !shown.empty()) return false;
+        const actions::FirstNames untyped = actions::FirstNamesOf(S());
+        EXPECT_TRUE(untyped.rows.empty());
+        EXPECT_EQ(untyped.note, "They show as soon as a text is typed.");
         Set(Dialog().chkAddBeg, "1");
         Set(Dialog().txtAdd, "x ");
         for (const auto& row : actions::FirstNamesOf(S()).rows)

@@ -12,13 +12,18 @@
 
 #include <QAction>
 #include <QFocusEvent>
+#include <QVariant>
 #include <fmt/core.h>
+
+#include <algorithm>
 
 namespace tarvix::forms {
 
 namespace {
 
 using fields::ControlKind;
+
+constexpr const char* kUsualTip = "usualTip";
 
 bool NeedsRoutine(ControlKind kind) {
     return kind == ControlKind::kCommandButton || kind == ControlKind::kMenuEntry;
@@ -70,6 +75,7 @@ void Binder::BindObject(fields::Control& control, QObject& object) {
         if (shower) shower();
         const bool canAct = !NeedsRoutine(control.Kind()) || HasRoutine(control);
         ShowCommon(control, *widget, control.Visible && canAct);
+        Withhold(control, *widget);
     });
 }
 
@@ -145,6 +151,7 @@ Shower Binder::BindAction(fields::Control& control, QAction& action) {
         action.setText(ToQt(control.CaptionText()));
         action.setVisible(control.Visible && canAct);
         action.setEnabled(control.Enabled);
+        Withhold(control, action);
         const auto* entry = dynamic_cast<const fields::MenuEntry*>(&control);
         const auto* choice = dynamic_cast<const fields::OptionButton*>(&control);
         const auto* box = dynamic_cast<const fields::CheckBox*>(&control);
@@ -161,6 +168,26 @@ bool Binder::HasRoutine(const fields::Control& control, std::string_view event) 
     return session_.events.Has(fmt::format("{}.{}_{}", form_.Name(), control.ArrayName(), event));
 }
 
+void Binder::UseWhyNot(WhyNot whyNot) {
+    whyNot_ = std::move(whyNot);
+    ShowAll();
+}
+
+// Its usual tip is kept beside what it tells meanwhile.
+template <class Shown>
+void Binder::Withhold(const fields::Control& control, Shown& shown) const {
+    const QString why = whyNot_ ? whyNot_(control) : QString();
+    const QVariant usual = shown.property(kUsualTip);
+    if (!why.isEmpty()) {
+        if (!usual.isValid()) shown.setProperty(kUsualTip, shown.toolTip());
+        shown.setEnabled(false);
+        shown.setToolTip(why);
+    } else if (usual.isValid()) {
+        shown.setToolTip(usual.toString());
+        shown.setProperty(kUsualTip, QVariant());
+    }
+}
+
 void Binder::Show(fields::Control& control) {
     if (pending_.contains(&control)) return;
     const auto found = showers_.find(&control);
@@ -174,6 +201,12 @@ void Binder::ShowAll() {
     form_.TakeChanged();
     for (fields::Control* control : form_.Controls()) {
         Show(*control);
+    }
+}
+
+void Binder::ShowThose(std::span<const std::string_view> names) {
+    for (fields::Control* control : form_.Controls()) {
+        if (std::ranges::find(names, control->Name()) != names.end()) Show(*control);
     }
 }
 

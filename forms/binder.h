@@ -5,8 +5,11 @@
 #include "forms/field_showers.h"
 
 #include <QObject>
+#include <QString>
 
+#include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,10 +30,17 @@ class Binder : public QObject {
     // Joins the fields to what lies below the root and shows them. All must live as long.
     Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root);
 
+    // Why a control can't be used although its field allows it, for its tip; empty when it can.
+    // Asked whenever the control is shown.
+    using WhyNot = std::function<QString(const fields::Control&)>;
+    void UseWhyNot(WhyNot whyNot);
+
     // Shows the fields that changed.
     void Flush();
     // Shows all of them, changed or not.
     void ShowAll();
+    // Shows those of these names.
+    void ShowThose(std::span<const std::string_view> names);
     // Hands on the texts that were entered while a routine ran.
     void ApplyPending();
 
@@ -58,11 +68,14 @@ class Binder : public QObject {
     void TakeNativePaths(fields::Control& control);
     PathText PathTextOf(const fields::Control& control) const;
     void Leave(fields::Control& control);
+    template <class Shown>
+    void Withhold(const fields::Control& control, Shown& shown) const;
 
     session::Session& session_;
     EventGate& gate_;
     fields::Form& form_;
     QWidget& root_;
+    WhyNot whyNot_;
     bool byArrow_ = false; // what is clicked just now is chosen by an arrow key
     std::unordered_map<const fields::Control*, std::vector<Shower>> showers_;
     std::unordered_map<const QObject*, fields::Control*> bound_;

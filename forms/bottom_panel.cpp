@@ -6,7 +6,6 @@
 #include "forms/text_conversion.h"
 #include "forms/wrapping_label.h"
 
-#include <QAction>
 #include <QHBoxLayout>
 
 namespace tarvix::forms {
@@ -86,24 +85,6 @@ QWidget* MakeActionBar(const fields::FrmSearch& form) {
                                Make(form.cmdEditTargets), Make(form.cmdDoVersionSort)}));
     flow->addWidget(Make(form.chkFastSort));
     return bar;
-}
-
-// With nothing selected there is nothing to act on; the routines would only say so.
-void SwitchActions(QWidget& window, const fields::FrmSearch& form) {
-    const bool hasSelection = form.lblNumOfFilesSelected.Caption.Get() != "0" ||
-                              form.lblNumOfDirsSelected.Caption.Get() != "0";
-    for (const fields::CommandButton* field : {&form.cmdCopySelected, &form.cmdMoveSelected,
-                                               &form.cmdRenameSelected, &form.cmdDeleteSelected}) {
-        const QString name = ToQt(field->Name());
-        const QString tip = hasSelection ? ToQt(field->ToolTipText.Get())
-                                         : QString("Select objects in the list first");
-        for (auto* button : window.findChildren<QPushButton*>(name)) {
-            button->setEnabled(field->Enabled && hasSelection);
-            button->setToolTip(tip);
-        }
-        for (auto* entry : window.findChildren<QAction*>(name))
-            entry->setEnabled(field->Enabled && hasSelection);
-    }
 }
 
 QWidget* MakePlayListBanner(const fields::FrmSearch& form) {

@@ -10,9 +10,6 @@ class ElidedLabel;
 
 // Selection and actions on it: the row below the list.
 QWidget* MakeActionBar(const fields::FrmSearch& form);
-// Lets the buttons and menu entries of the actions be used while something is selected, and else
-// tells that it must be.
-void SwitchActions(QWidget& window, const fields::FrmSearch& form);
 
 // What a loaded playlist holds and what acts on it; shown only with one.
 QWidget* MakePlayListBanner(const fields::FrmSearch& form);

@@ -1,13 +1,16 @@
 #include "forms/completion.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QStringListModel>
 #include <QTimer>
+#include <QWindow>
 
 #include <utility>
 
@@ -37,7 +40,9 @@ class PopupKeys : public QObject {
     }
 
   protected:
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &popup_ && event->type() == QEvent::MouseButtonPress)
+            return PassOn(*static_cast<const QMouseEvent*>(event));
         const bool isAsked = event->type() == QEvent::ShortcutOverride;
         if ((!isAsked && event->type() != QEvent::KeyPress) || !popup_.isVisible()) return false;
         const auto& key = *static_cast<const QKeyEvent*>(event);
@@ -46,6 +51,21 @@ class PopupKeys : public QObject {
     }
 
   private:
+    // A press beside what is offered is one on what lies there.
+    bool PassOn(const QMouseEvent& press) {
+        if (popup_.rect().contains(press.position().toPoint())) return false;
+        popup_.hide();
+        const QPointF at = press.globalPosition();
+        const QWidget* below = QApplication::widgetAt(at.toPoint());
+        const QWidget* window = below == nullptr ? nullptr : below->window();
+        if (window == nullptr || window->windowHandle() == nullptr) return true;
+        // At once, as the button may be let go before anything that is posted comes.
+        QMouseEvent event(press.type(), window->mapFromGlobal(at), at, press.button(),
+                          press.buttons(), press.modifiers(), press.pointingDevice());
+        QCoreApplication::sendEvent(window->windowHandle(), &event);
+        return true;
+    }
+
     bool TakeEnter(const QKeyEvent& key) {
         const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
         if (!isEnter || popup_.currentIndex().isValid()) return false;

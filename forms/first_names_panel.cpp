@@ -4,9 +4,11 @@
 #include "forms/action_sections.h"
 #include "forms/change_delegate.h"
 #include "forms/event_gate.h"
+#include "forms/file_reader.h"
 #include "forms/preview_model.h"
 #include "forms/text_conversion.h"
 #include "forms/wrapping_label.h"
+#include "platform/file_system.h"
 #include "session/session.h"
 
 #include <QApplication>
@@ -22,6 +24,7 @@ namespace tarvix::forms {
 namespace {
 
 constexpr int kNamesPause = 250; // milliseconds
+constexpr int kReadPause = 20;   // the same, while files are read
 constexpr int kNameRows = 8;     // without scrolling
 constexpr int kLeastNameWidth = 18;
 
@@ -35,10 +38,28 @@ FirstNamesPanel::FirstNamesPanel(session::Session& session, EventGate& gate)
     : session_(session), gate_(gate), table_(new QTableView), note_(new WrappingLabel) {
     pause_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, [this] { Work(); });
+    ReadApart();
     MakeTable();
     note_->setObjectName("lblNamesNote");
     note_->setMinimumHeight(fontMetrics().lineSpacing());
     FillSection(*this, "New names", {table_, note_});
+}
+
+FirstNamesPanel::~FirstNamesPanel() = default;
+
+// What names come from is read on another thread, which a disk that doesn't answer may hold.
+void FirstNamesPanel::ReadApart() {
+    platform::FileSystem& files = session_.platform.files;
+    if (!files.AllowsReadingThreads()) return;
+    reader_ = std::make_unique<FileReader>(
+        [&files](const actions::FilePart& part) {
+            return files.ReadBytes(part.path, part.number * actions::kFilePart, actions::kFilePart);
+        },
+        [this](const actions::FilePart& part, FileReader::Bytes bytes) {
+            known_.Take(part, std::move(bytes));
+            shown_.clear();
+            if (!pause_.isActive()) pause_.start(kReadPause);
+        });
 }
 
 void FirstNamesPanel::MakeTable() {
@@ -84,6 +105,8 @@ void FirstNamesPanel::Follow() {
 bool FirstNamesPanel::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         shown_.clear();
+        known_.Clear();
+        if (reader_) reader_->Forget();
         Follow();
     }
     return QWidget::event(event);
@@ -93,7 +116,8 @@ bool FirstNamesPanel::event(QEvent* event) {
 void FirstNamesPanel::Work() {
     if (gate_.IsBusy() || QApplication::activeModalWidget() != window()) return;
     shown_ = actions::FirstNamesKey(session_);
-    Show(actions::FirstNamesOf(session_));
+    Show(actions::FirstNamesOf(session_, reader_ ? &known_ : nullptr));
+    if (reader_) reader_->Ask(known_.TakeLacking());
 }
 
 void FirstNamesPanel::Show(actions::FirstNames names) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "actions/request/first_names.h"
+#include "actions/request/known_bytes.h"
 
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
 #include <string>
 
 class QTableView;
@@ -16,6 +18,7 @@ struct Session;
 namespace tarvix::forms {
 
 class EventGate;
+class FileReader;
 class PreviewModel;
 class WrappingLabel;
 
@@ -24,6 +27,7 @@ class WrappingLabel;
 class FirstNamesPanel : public QWidget {
   public:
     FirstNamesPanel(session::Session& session, EventGate& gate);
+    ~FirstNamesPanel() override;
     // Sees to it that what changed will show.
     void Follow();
 
@@ -31,6 +35,7 @@ class FirstNamesPanel : public QWidget {
     bool event(QEvent* event) override;
 
   private:
+    void ReadApart();
     void MakeTable();
     void ShowModel();
     void Work();
@@ -43,7 +48,9 @@ class FirstNamesPanel : public QWidget {
     PreviewModel* model_ = nullptr; // of these:
     actions::FirstNames names_;
     std::string shown_; // what the names depended on when they were found
-    QTimer pause_;      // between typing and looking
+    actions::KnownBytes known_;
+    std::unique_ptr<FileReader> reader_; // none where the disk answers at once
+    QTimer pause_;                       // between typing and looking
 };
 
 } // namespace tarvix::forms

@@ -1,5 +1,8 @@
 #include "forms/folder_lister.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -62,8 +65,7 @@ void FolderLister::Work(const std::shared_ptr<Shared>& shared) {
         if (shared->owner == nullptr) break;
         shared->names = std::move(names);
         shared->answered = question;
-        QMetaObject::invokeMethod(
-            shared->owner, [owner = shared->owner] { owner->Tell(); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(shared->owner, new QEvent(QEvent::User));
     }
     shared->hasEnded = true;
     shared->ended.notify_all();
@@ -89,6 +91,10 @@ void FolderLister::Tell() {
         names = std::move(shared_->names);
     }
     onListed_(names);
+}
+
+void FolderLister::customEvent(QEvent*) {
+    Tell();
 }
 
 } // namespace tarvix::forms

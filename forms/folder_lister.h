@@ -25,6 +25,11 @@ class FolderLister : public QObject {
     // `onListed` is called on the thread of this object.
     void Ask(const std::string& folder, std::function<void(const Names&)> onListed);
 
+  protected:
+    // Answers are there. They come under the mutex, and nothing is read of the event, as no lock
+    // that a checker of threads sees goes with it.
+    void customEvent(QEvent* event) override;
+
   private:
     struct Shared;
     void Tell();

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <set>
 #include <vector>
@@ -14,6 +15,9 @@
 namespace tarvix::forms {
 
 namespace {
+
+constexpr std::array kDigits{QChar(u'1'), QChar(u'2'), QChar(u'3'), QChar(u'4'), QChar(u'5'),
+                             QChar(u'6'), QChar(u'7'), QChar(u'8'), QChar(u'9'), QChar(u'0')};
 
 struct Caption {
     QString text;
@@ -90,6 +94,23 @@ void GiveLetters(QMenu& menu) {
         if (entry->isVisible() && !entry->isSeparator()) captions.push_back(CaptionOf(*entry));
     }
     Settle(captions);
+}
+
+void GiveLettersAndDigits(QMenu& menu) {
+    GiveLetters(menu);
+    std::set<QChar> taken;
+    for (const QAction* entry : menu.actions()) {
+        const qsizetype at = MarkIn(entry->text());
+        if (entry->isVisible() && at >= 0) taken.insert(entry->text()[at + 1].toLower());
+    }
+    for (QAction* entry : menu.actions()) {
+        if (!entry->isVisible() || entry->isSeparator() || MarkIn(entry->text()) >= 0) continue;
+        const auto digit =
+            std::ranges::find_if(kDigits, [&](QChar each) { return !taken.contains(each); });
+        if (digit == std::end(kDigits)) return;
+        taken.insert(*digit);
+        entry->setText(QString("&%1  %2").arg(*digit).arg(entry->text()));
+    }
 }
 
 void GiveLettersWhenOpened(QMenu& menu) {

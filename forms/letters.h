@@ -13,6 +13,9 @@ namespace tarvix::forms {
 void GiveLettersWhenOpened(QMenu& menu);
 // Gives them now, to the entries that show.
 void GiveLetters(QMenu& menu);
+// The same, and in front of an entry that is left without one a digit, so that each of up to 36 can
+// be reached by one key whatever their captions.
+void GiveLettersAndDigits(QMenu& menu);
 // Gives them to the buttons and boxes that show in a window; push buttons keep theirs before all
 // others, and labels of boxes come last and get none that they don't bring.
 void GiveLetters(QWidget& window);

@@ -40,7 +40,7 @@ constexpr std::array<TopMenu, 10> kMenus{{{"&File", "mnuFile"},
 struct ButtonEntry {
     const char* menu;
     std::string_view field;
-    const char* key;
+    const char* keys;
     const char* icon;
 };
 
@@ -53,11 +53,11 @@ constexpr std::array<ButtonEntry, 17> kButtons{
      {"Search", "cmdClearFolders", "", ""},
      {"Search", "chkOneEach", "", ""},
      {"Search", "chkRepeatSearch", "", ""},
-     {"Select", "cmdSelectAll", "Ctrl+A", "edit-select-all"},
-     {"Select", "cmdSelectAllFiles", "", ""},
-     {"Select", "cmdSelectAllDirs", "", ""},
-     {"Select", "cmdSelectNone", "Ctrl+Shift+A", "edit-select-none"},
-     {"Select", "cmdSelectReverse", "", "edit-select-invert"},
+     {"Select", "cmdSelectAll", "Ctrl+A; Alt+1", "edit-select-all"},
+     {"Select", "cmdSelectAllFiles", "Alt+2", ""},
+     {"Select", "cmdSelectAllDirs", "Alt+3", ""},
+     {"Select", "cmdSelectNone", "Ctrl+Shift+A; Alt+4", "edit-select-none"},
+     {"Select", "cmdSelectReverse", "Alt+5", "edit-select-invert"},
      {"Actions", "cmdCopySelected", "", "edit-copy"},
      {"Actions", "cmdMoveSelected", "", "edit-cut"},
      {"Actions", "cmdRenameSelected", "", "edit-rename"},
@@ -88,6 +88,14 @@ QChar MnemonicOf(const QString& caption) {
     return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
 }
 
+// The keys that do what a button does stand in its tip.
+void TellKeys(const QMainWindow& window, const QAction& action) {
+    auto* button = window.findChild<QAbstractButton*>(action.objectName());
+    const QString keys = QKeySequence::listToString(action.shortcuts(), QKeySequence::NativeText);
+    if (button == nullptr || keys.isEmpty() || !button->toolTip().isEmpty()) return;
+    button->setToolTip(QString(keys).replace("; ", ", "));
+}
+
 // Whether a button of the window answers to the letter of the control's caption; what only stands
 // in a menu does not.
 bool HasMnemonic(const QMainWindow& window, const fields::Control& control, const Binder& binder) {
@@ -103,16 +111,19 @@ bool HasMnemonic(const QMainWindow& window, const fields::Control& control, cons
 MainMenu::MainMenu(QMainWindow& window, const fields::Form& form) : form_(form) {
     for (const TopMenu& top : kMenus) {
         menus_ << window.menuBar()->addMenu(top.title);
+        menus_.last()->setToolTipsVisible(true);
         GiveLettersWhenOpened(*menus_.last());
     }
     for (const ButtonEntry& entry : kButtons) {
         AddField(*MenuFor(entry.menu), window, entry.field);
         QAction* action = MenuFor(entry.menu)->actions().last();
-        action->setShortcut(QKeySequence(entry.key));
+        action->setShortcuts(QKeySequence::listFromString(entry.keys));
+        TellKeys(window, *action);
         if (entry.icon[0] != '\0') action->setIcon(QIcon::fromTheme(entry.icon));
     }
     QMenu* write = MenuFor("Actions")->addMenu(kWriteTitle);
     GiveLettersWhenOpened(*write);
+    write->setToolTipsVisible(true);
     for (const std::string_view name : kWriteEntries) {
         AddField(*write, window, name);
     }

@@ -8,6 +8,7 @@
 #include "forms/name_editor.h"
 #include "forms/outcome_page.h"
 #include "forms/panel_parts.h"
+#include "forms/selection_actions.h"
 #include "forms/text_conversion.h"
 #include "forms/view_menu.h"
 #include "forms/window_place.h"
@@ -58,6 +59,9 @@ SearchWindow::SearchWindow(session::Session& session, EventGate& gate)
     menu_ = std::make_unique<MainMenu>(*this, session.frmSearch);
     binder_ = std::make_unique<Binder>(session, gate, session.frmSearch, *this);
     AddOwnEntries();
+    binder_->UseWhyNot([this](const fields::Control& control) {
+        return WhyNothingToActOn(session_.frmSearch, control.Name());
+    });
     SetUpList();
     SetUpDrops();
     SetTabOrder();
@@ -110,6 +114,7 @@ void SearchWindow::AddOwnEntries() {
     QAction* copy = actions->addAction("Copy to Clipb&oard", this, [this] { CopyPaths(); });
     copy->setShortcut(QKeySequence::Copy);
     copy->setObjectName("actCopyPaths");
+    copy->setEnabled(false);
     FillViewMenu(*menu_->Find("View"), *list_, session_);
     QAction* rename = actions->addAction("Rename &Here", this, [this] { RenameHere(); });
     rename->setShortcut(QKeySequence(Qt::Key_F2));
@@ -247,7 +252,7 @@ void SearchWindow::ShareClipboard() {
 void SearchWindow::Flush() {
     binder_->Flush();
     SettleRows(*counters_);
-    SwitchActions(*this, session_.frmSearch);
+    ShowActions();
     menu_->Refresh();
     ShowTitle();
     ShowProgress();
@@ -259,6 +264,15 @@ void SearchWindow::Flush() {
     ShowColumns();
     ShowState();
     KeepTime();
+}
+
+// They can be used as long as something is selected.
+void SearchWindow::ShowActions() {
+    const bool hasSelection = HasSelection(session_.frmSearch);
+    if (hasSelection == hadSelection_) return;
+    hadSelection_ = hasSelection;
+    binder_->ShowThose(SelectionActions());
+    findChild<QAction*>("actCopyPaths")->setEnabled(hasSelection);
 }
 
 // What is being searched for, or was last. The boxes are locked meanwhile.

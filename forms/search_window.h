@@ -51,6 +51,7 @@ class SearchWindow : public QMainWindow, public View {
     void SetUpDrops();
     void SetTabOrder();
     void OfferAnyAttribute();
+    void ShowActions();
     void ShowTitle();
     void ShowEmpty();
     void TellSize();
@@ -84,9 +85,10 @@ class SearchWindow : public QMainWindow, public View {
     std::unique_ptr<MainMenu> menu_;
     std::unique_ptr<Binder> binder_;
     QElapsedTimer sinceRows_;
-    QTimer timer_;            // Timer1
-    bool remembered_ = false; // the places of the last run were taken
-    bool closing_ = false;    // asked to close while a routine ran
+    QTimer timer_;              // Timer1
+    bool remembered_ = false;   // the places of the last run were taken
+    bool hadSelection_ = false; // when the actions on it were shown last
+    bool closing_ = false;      // asked to close while a routine ran
 };
 
 } // namespace tarvix::forms

@@ -47,8 +47,8 @@ void AddSorts(QMenu& menu, ResultView& list, const session::Session& session) {
             const int column = head.logicalIndex(place);
             if (!head.isSectionHidden(column)) AddSortEntry(*sorts, *group, list, column);
         }
+        GiveLettersAndDigits(*sorts);
     });
-    GiveLettersWhenOpened(*sorts);
 }
 
 void AddColumns(QMenu& menu, ResultView& list) {

@@ -223,7 +223,7 @@ class FileSystem {
 
     virtual std::vector<DriveInfo> Drives() = 0;
 
-    // Whether Facts, Open and what it gives may be used from a second thread meanwhile.
+    // Whether Facts, ReadBytes, Open and what it gives may be used from a second thread meanwhile.
     virtual bool AllowsReadingThreads() const { return false; }
 };
 

@@ -6,7 +6,9 @@
 #include "session/session.h"
 #include "text/paths.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace tarvix::results {
 
@@ -26,6 +28,41 @@ std::size_t RowAt(ResultList& rows, const std::string& path, bool isFile) {
     if (path.empty()) return rows.Count();
     return rows.Find(isFile ? text::ParentFolder(path) : path, text::FolderOwnName(path), !isFile);
 }
+
+// Objects are mostly settled in the order of their rows: this looks at the next rows first, which
+// needs no index of all.
+class RowsInOrder {
+  public:
+    RowsInOrder(ResultList& rows, const OutcomeList& list) : rows_(rows), list_(list) {}
+
+    std::size_t RowOf(std::size_t at) {
+        const std::string now = list_.Now(at);
+        const std::string source = list_.Source(at);
+        const bool isWhereListed = now.empty() || now == source;
+        std::size_t row = isWhereListed ? Near(source, list_.IsFile(at)) : rows_.Count();
+        if (row == rows_.Count()) row = RowOfOutcome(rows_, list_, at);
+        if (row < rows_.Count()) next_ = row;
+        return row;
+    }
+
+  private:
+    static constexpr std::size_t kNear = 64; // rows that were not selected, and spacers
+
+    std::size_t Near(const std::string& path, bool isFile) const {
+        const std::string_view name = text::FolderOwnName(path);
+        const std::size_t end = std::min(rows_.Count(), next_ + kNear);
+        for (std::size_t i = next_; i < end; ++i) {
+            const ResultRow& row = rows_.At(i);
+            const bool isOne = !row.IsSpacer() && row.isFolder != isFile && row.name == name;
+            if (isOne && rows_.FullPath(i) == path) return i;
+        }
+        return rows_.Count();
+    }
+
+    ResultList& rows_;
+    const OutcomeList& list_;
+    std::size_t next_ = 0;
+};
 
 RowFate FateOf(const OutcomeList& list, std::size_t at) {
     const OutcomeMark mark = list.MarkOf(at);
@@ -83,10 +120,11 @@ std::size_t RowOfOutcome(ResultList& rows, const OutcomeList& list, std::size_t 
 void MarkFates(ResultList& rows, const OutcomeList& list) {
     for (std::size_t i = 0; i < rows.Count(); ++i)
         rows.At(i).SetFate(RowFate::kNone);
+    RowsInOrder inOrder(rows, list);
     for (std::size_t at = 0; at < list.Count() && rows.Count() > 0; ++at) {
         const RowFate fate = FateOf(list, at);
         if (fate == RowFate::kNone) continue;
-        const std::size_t row = RowOfOutcome(rows, list, at);
+        const std::size_t row = inOrder.RowOf(at);
         const bool hasFailed = row < rows.Count() && rows.At(row).Fate() == RowFate::kFailed;
         if (row < rows.Count() && !hasFailed) rows.At(row).SetFate(fate); // at one of its places
     }

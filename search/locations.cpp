@@ -85,6 +85,14 @@ session::Attempted<ResolvedObject> LookFor(session::Session& session, std::strin
                       [&] { return Resolve(session, path); });
 }
 
+// A location as people read it: its variables say nothing to who reads native paths.
+std::string ShownLocation(const session::Session& session, std::string_view typed,
+                          std::string_view expanded) {
+    const bool isExpanded = typed.find('%') != typed.npos && expanded.find('%') == expanded.npos;
+    return session.Shown(isExpanded && session.state.platformSettings.showsNative ? expanded
+                                                                                  : typed);
+}
+
 // One piece of the text, and what is wrong with it, or nothing.
 struct Piece {
     SearchLocation location;
@@ -118,7 +126,7 @@ Piece ParsePiece(session::Session& session, std::string_view typed) {
     } else {
         piece.wrong =
             fmt::format("{}{}", session::Worded(session, session::Wording::kLocationMissing),
-                        Framed(session.Shown(typed)));
+                        Framed(ShownLocation(session, typed, path)));
     }
     return piece;
 }

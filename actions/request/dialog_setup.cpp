@@ -5,6 +5,7 @@
 #include "actions/request/multi_paths.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/remembered_structure.h"
+#include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/remembered/histories.h"
 #include "session/session.h"
@@ -21,6 +22,17 @@ namespace {
 using session::Session;
 
 enum class Duplicates { kNone, kWithOverwrite, kWithoutOverwrite };
+
+// What the box for the destination holds for an action.
+enum class BoxUse { kNone, kFolder, kWrittenFile, kNameList, kPrefixList, kPage };
+
+BoxUse BoxUseOf(std::string_view action) {
+    if (action == "Rename" || action == kRenameAsTitle || action.empty()) return BoxUse::kNone;
+    if (action == kRenameFromList) return BoxUse::kNameList;
+    if (action == kRenameByPrefix) return BoxUse::kPrefixList;
+    if (action == kRenameFromLinks) return BoxUse::kPage;
+    return IsTextGroup(action) ? BoxUse::kWrittenFile : BoxUse::kFolder;
+}
 
 // What the window offers for one action.
 struct Setup {
@@ -157,10 +169,20 @@ void OfferOthers(Session& session, const Setup& setup) {
     form.txtDeviation.Visible = setup.hasComments && form.chkFindSimilar.Value == 1;
 }
 
+bool IsFileThere(Session& session, std::string_view path) {
+    const auto facts = session.files().Facts(path);
+    return facts && !facts->IsFolder();
+}
+
+// What was used last may be the file of another action.
 void TakeNewestDestination(Session& session) {
     auto& form = session.frmDialog;
     if (!form.cmbDir.Text->empty() || !form.optTo[0].Value) return;
-    form.cmbDir.Text = session::NewestDestination(session);
+    const std::string newest = session::NewestDestination(session);
+    const BoxUse use = BoxUseOf(session.state.strAction);
+    const bool fits = newest.empty() || use == BoxUse::kNone || use == BoxUse::kWrittenFile ||
+                      IsFileThere(session, newest) == (use != BoxUse::kFolder);
+    if (fits) form.cmbDir.Text = newest;
 }
 
 std::string OkCaption(const Session& session) {
@@ -236,6 +258,15 @@ void BackToWindow(Session& session) {
     session.Repaint();
     ShowBusy(session, false);
     frmDialog_Activate(session);
+}
+
+void ClearForeignDestination(Session& session) {
+    const auto use = [](std::string_view action) {
+        const BoxUse of = BoxUseOf(action);
+        return of == BoxUse::kNone ? BoxUse::kFolder : of;
+    };
+    const auto& state = session.state;
+    if (use(state.strPrevAction) != use(state.strAction)) session.frmDialog.cmbDir.Text = "";
 }
 
 void OpenDialog(Session& session) {

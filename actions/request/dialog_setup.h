@@ -13,6 +13,10 @@ void frmDialog_Activate(session::Session& session);
 // The same before the window opens: the folder structure starts anew.
 void OpenDialog(session::Session& session);
 
+// Empties the box for the destination of what the action before left there for another use, as a
+// list of names is no folder to copy to; before an action that proposes nothing of its own.
+void ClearForeignDestination(session::Session& session);
+
 // While it is busy the request can't be changed.
 void ShowBusy(session::Session& session, bool busy);
 

@@ -1,6 +1,7 @@
 #include "actions/request/first_names.h"
 
 #include "actions/request/action_names.h"
+#include "actions/request/known_bytes.h"
 #include "actions/request/preview.h"
 #include "fields/control.h"
 #include "platform/clock.h"
@@ -47,6 +48,13 @@ bool IsChoice(const fields::Control& control) {
 
 bool ExchangesNames(const Session& session) {
     return session.state.strAction == kRenameFromList && session.frmDialog.chkWholeNames.Value == 1;
+}
+
+// As long as nothing is typed no name changes, and none is told of.
+bool AwaitsText(const Session& session) {
+    const auto& form = session.frmDialog;
+    const bool adds = form.chkAdd.Value == 1;
+    return session.state.strAction == "Rename" && (adds ? form.txtAdd : form.txtFind).Text->empty();
 }
 
 std::size_t Selected(const Session& session) {
@@ -97,7 +105,8 @@ std::string FirstNamesKey(const Session& session) {
     return key;
 }
 
-FirstNames FirstNamesOf(Session& session) {
+FirstNames FirstNamesOf(Session& session, KnownBytes* known) {
+    if (AwaitsText(session)) return {.note = "They show as soon as a text is typed."};
     const std::size_t selected = Selected(session);
     const bool isAll = ExchangesNames(session);
     if (isAll && selected > kMostExchanged) {
@@ -106,10 +115,12 @@ FirstNames FirstNamesOf(Session& session) {
     }
     auto& clock = session.platform.clock;
     const std::int64_t end = clock.Steady() + kPatience;
-    const PreviewResult foretold =
-        PreviewFirst(session, isAll ? selected : kRows, [&] { return clock.Steady() < end; });
-    if (!foretold.refusal.empty()) return {.note = OneLine(foretold.refusal)};
-    if (foretold.blnStopped) {
+    const PreviewResult foretold = PreviewFirst(
+        session, isAll ? selected : kRows, [&] { return clock.Steady() < end; }, known);
+    const bool lacks = known != nullptr && known->Lacks();
+    if (!foretold.refusal.empty())
+        return {.note = lacks ? "Reading..." : OneLine(foretold.refusal)};
+    if (foretold.blnStopped || (lacks && known->IsFull())) {
         return {.note = "It takes a while to find the names here: press Preview to see them."};
     }
     FirstNames first{.rows = RowsOf(session, foretold)};

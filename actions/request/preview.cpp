@@ -3,6 +3,7 @@
 #include "actions/place/outcome.h"
 #include "actions/request/action_names.h"
 #include "actions/request/dialog_setup.h"
+#include "actions/request/known_bytes.h"
 #include "actions/request/ok_button.h"
 #include "actions/request/preview_prompts.h"
 #include "actions/request/refused_names.h"
@@ -29,7 +30,7 @@ namespace {
 
 using session::Session;
 
-constexpr std::array<std::string_view, 21> kVerdicts{"copy",
+constexpr std::array<std::string_view, 22> kVerdicts{"copy",
                                                      "move",
                                                      "rename",
                                                      "duplicate: rename",
@@ -49,7 +50,8 @@ constexpr std::array<std::string_view, 21> kVerdicts{"copy",
                                                      "no room",
                                                      "left alone",
                                                      "no trash",
-                                                     "can't be written there"};
+                                                     "can't be written there",
+                                                     "reading..."};
 
 class NoLauncher : public platform::Launcher {
   public:
@@ -158,6 +160,7 @@ class Collector : public OutcomeSink {
     }
 
     static Verdict FailureOf(int error) {
+        if (error == kStillReading) return Verdict::kReading;
         if (error == platform::kPermissionDenied) return Verdict::kNoRight;
         return error == platform::kDiskFull ? Verdict::kNoRoom : Verdict::kFailed;
     }
@@ -170,12 +173,30 @@ class Collector : public OutcomeSink {
     std::vector<PreviewEntry>& entries_;
 };
 
+// The same as a rehearsal, though what files hold may come from what is known of it.
+class PreviewFiles : public platform::RehearsalFileSystem {
+  public:
+    PreviewFiles(platform::FileSystem& real, KnownBytes* known)
+        : RehearsalFileSystem(real), known_(known) {}
+
+    platform::Result<std::string> ReadBytes(std::string_view path, std::uint64_t offset,
+                                            std::size_t count) override {
+        const bool isKnown = known_ != nullptr && !HasSteps(); // by then other files have the names
+        return isKnown ? known_->Read(path, offset, count)
+                       : RehearsalFileSystem::ReadBytes(path, offset, count);
+    }
+
+  private:
+    KnownBytes* known_;
+};
+
 // A session of its own that reads the request from the real window, and whose files only record.
 class Rehearsal {
   public:
     // `goesOn` is asked while it works.
-    Rehearsal(Session& real, results::Selection& selection, const std::function<bool()>& goesOn)
-        : real_(real), files_(real.files()), trash_(files_, real.platform.trash),
+    Rehearsal(Session& real, results::Selection& selection, const std::function<bool()>& goesOn,
+              KnownBytes* known = nullptr)
+        : real_(real), files_(real.files(), known), trash_(files_, real.platform.trash),
           session_(MachineOf(real), prompts_) {
         session_.state = real.state;
         session_.state.blnStopAction = false;
@@ -212,7 +233,7 @@ class Rehearsal {
     }
 
     Session& real_;
-    platform::RehearsalFileSystem files_;
+    PreviewFiles files_;
     platform::RehearsalTrash trash_;
     NoLauncher launcher_;
     PreviewPrompts prompts_;
@@ -274,9 +295,9 @@ PreviewResult Preview(Session& session) {
 }
 
 PreviewResult PreviewFirst(Session& session, std::size_t objects,
-                           const std::function<bool()>& goesOn) {
+                           const std::function<bool()>& goesOn, KnownBytes* known) {
     results::Selection first = FirstOf(*session.selection, objects);
-    return Rehearsal(session, first, goesOn).Run();
+    return Rehearsal(session, first, goesOn, known).Run();
 }
 
 void cmdPreview_Click(Session& session) {

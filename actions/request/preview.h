@@ -14,6 +14,8 @@ struct Session;
 
 namespace tarvix::actions {
 
+class KnownBytes;
+
 enum class Verdict : std::uint8_t {
     kCopy,
     kMove,
@@ -36,6 +38,7 @@ enum class Verdict : std::uint8_t {
     kLeftAlone,   // for a reason that would be told
     kNoTrash,     // for what it would overwrite
     kNameRefused, // the disk there takes no such name
+    kReading,     // what its name comes from
 };
 
 // "copy", "duplicate: skip" ...
@@ -65,9 +68,10 @@ struct PreviewResult {
 PreviewResult Preview(session::Session& session);
 
 // The same for the first `objects` of the selection alone, as if no others were selected, and only
-// as long as `goesOn`, which is asked again and again; the user's stop doesn't count.
+// as long as `goesOn`, which is asked again and again; the user's stop doesn't count. With `known`
+// the content of files is taken from there alone, and what it lacks is Verdict::kReading.
 PreviewResult PreviewFirst(session::Session& session, std::size_t objects,
-                           const std::function<bool()>& goesOn);
+                           const std::function<bool()>& goesOn, KnownBytes* known = nullptr);
 
 // Shows that in frmPreview.
 void cmdPreview_Click(session::Session& session);

@@ -123,6 +123,7 @@ void StartAction(Session& session, const Start& start) {
     if (start.action != "Move" || form.optTo[0].Value) {
         form.txtFolderTree.Visible = form.lblFolderTree.Visible = false;
     }
+    ClearForeignDestination(session);
     if (!state.strRememberedDestination.empty()) form.cmbDir.Text = state.strRememberedDestination;
     session::LogTimed(session, fmt::format(" User clicked on the {} Button which opened the Action "
                                            "form. ",

@@ -2,6 +2,7 @@
 
 #include "actions/place/action_run.h"
 #include "actions/request/action_names.h"
+#include "actions/request/dialog_setup.h"
 #include "actions/request/edit_names.h"
 #include "results/selection.h"
 #include "session/lifecycle_events.h"
@@ -69,6 +70,7 @@ void StartSource(Session& session, const Entry& entry) {
         return;
     }
     if (entry.note != PromptId::kEnd) session.MsgBox(entry.note, entry.noteText);
+    ClearForeignDestination(session);
     session.frmDialog.lblMain.Caption = std::string(entry.heading);
     session.frmSearch.lblStatus.Caption = "";
     session::LogTimed(session,

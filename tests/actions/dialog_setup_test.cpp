@@ -194,5 +194,47 @@ TEST_F(DialogSetup, TheNewestDestinationIsOfferedForOneLocation) {
     EXPECT_EQ(Dialog().cmbDir.Text.Get(), "");
 }
 
+TEST_F(DialogSetup, TheNewestDestinationIsOfferedWhereItCanBeUsed) {
+    Disk().AddFile("C:\\list.txt", "one\r\n*EOF\r\n");
+    Disk().AddFolder("C:\\folder");
+    const auto offered = [this](const std::string& newest, const std::string& action) {
+        Dialog().cmbDir.ClearItems();
+        Dialog().cmbDir.AddItem(newest);
+        Dialog().cmbDir.Text = "";
+        Open(action);
+        return Dialog().cmbDir.Text.Get();
+    };
+    EXPECT_EQ(offered("C:\\list.txt", "Copy"), "");
+    EXPECT_EQ(offered("C:\\folder", "Copy"), "C:\\folder");
+    EXPECT_EQ(offered("C:\\list.txt", "RenameFromTextFile"), "C:\\list.txt");
+    EXPECT_EQ(offered("C:\\folder", "RenameFromTextFile"), "");
+    EXPECT_EQ(offered("C:\\gone", "RenameFromHTMLSearch"), "");
+}
+
+TEST_F(DialogSetup, TheBoxIsClearedOfWhatAnotherUseLeftThere) {
+    struct Case {
+        const char* before;
+        const char* now;
+        bool keeps;
+    };
+    for (const Case& c : {Case{"", "Copy", true},
+                          {"Copy", "Move", true},
+                          {"Copy", "CopyRenameAsFolderName", true},
+                          {"RenameFromTextFile", "Copy", false},
+                          {"RenameFromTextFile", "RenameFromTextFile", true},
+                          {"RenameFromTextFile", "RenameFromHTMLSearch", false},
+                          {"RenameFromTextFile", "Rename", false},
+                          {"Names Only", "Move", false},
+                          {"Copy", "Rename", true},
+                          {"Copy", "RenameFromSelfSearch", false}}) {
+        Dialog().cmbDir.Text = "C:\\left";
+        State().strPrevAction = c.before;
+        State().strAction = c.now;
+        actions::ClearForeignDestination(S());
+        EXPECT_EQ(Dialog().cmbDir.Text.Get(), c.keeps ? "C:\\left" : "")
+            << c.before << ", " << c.now;
+    }
+}
+
 } // namespace
 } // namespace tarvix::testing

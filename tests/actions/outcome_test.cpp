@@ -278,6 +278,31 @@ TEST_F(Fates, WhatFailedAtOneOfItsPlacesHasFailed) {
     EXPECT_EQ(program.Rows().At(0).Fate(), RowFate::kFailed);
 }
 
+TEST_F(Fates, EachFailureStandsAtItsOwnRowHoweverFarApartTheyAreSettled) {
+    results::OutcomeList list;
+    list.Begin("Move");
+    for (int i = 100; i < 300; ++i)
+        Disk().AddFile("C:\\t\\" + std::to_string(i), "x");
+    Disk().AddFolder("C:\\t\\250.d");
+    Find(2);
+    const auto failed = [&](const std::string& name, bool isFile) {
+        list.Add({.source = "C:\\t\\" + name, .mark = OutcomeMark::kFailed, .isFile = isFile});
+    };
+    for (const char* name : {"101", "102", "110", "299", "250", "103", "103"})
+        failed(name, true);
+    failed("250.d", false);
+    failed("250.d", true); // no file of that name is listed
+    failed("gone", true);
+    results::MarkFates(program.Rows(), list);
+    std::vector<std::string> marked;
+    for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+        if (program.Rows().At(i).Fate() == RowFate::kFailed)
+            marked.emplace_back(program.Rows().At(i).name);
+    }
+    EXPECT_THAT(marked,
+                ::testing::UnorderedElementsAre("101", "102", "103", "110", "250", "250.d", "299"));
+}
+
 TEST_F(Fates, ARowThatIsRenamedWhereItStandsHasItsSign) {
     Disk().AddFile("C:\\t\\a.txt", "a");
     Disk().AddFile("C:\\t\\b.txt", "b");

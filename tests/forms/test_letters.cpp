@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -50,6 +51,15 @@ TEST(LettersTest, OfDoublesTheLaterOneGetsAnother) {
     menu.addAction("&Clear");
     GiveLetters(menu);
     EXPECT_THAT(TextsOf(menu), ElementsAre("&Copy", "C&lear"));
+}
+
+TEST(LettersTest, WhereLettersRunOutDigitsStandInFront) {
+    QMenu menu;
+    for (const char* text : {"A", "B1", "A", "1", "2\tascending", "&3", "BA"})
+        menu.addAction(text);
+    GiveLettersAndDigits(menu);
+    EXPECT_THAT(TextsOf(menu),
+                ElementsAre("&A", "&B1", "&4  A", "&1", "&2\tascending", "&3", "&5  BA"));
 }
 
 TEST(LettersTest, OfTwoMarksInOneCaptionTheFirstFreeOneStays) {
@@ -155,6 +165,25 @@ TEST_F(WindowLettersTest, BoxesWithoutALetterOfTheirOwnAreInTheSearchMenu) {
     EXPECT_FALSE(entry->isChecked());
     EXPECT_TRUE(Find<QAction>("chkOneEach")->isVisible());
     EXPECT_TRUE(Find<QAction>("cmdBrowse")->isVisible());
+}
+
+TEST_F(WindowLettersTest, SelectButtonsAnswerToDigitsWhereverTheFocusIs) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    auto* box = Find<QComboBox>("cmbSearchFor");
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_1, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), (std::vector<std::string>{"one.mp3", "two.mp3"}));
+    QTest::keyClick(box, Qt::Key_4, Qt::AltModifier);
+    EXPECT_TRUE(SelectedNames().empty());
+    ClickRow(0);
+    QTest::keyClick(box, Qt::Key_5, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), std::vector<std::string>{"two.mp3"});
+    QTest::keyClick(box, Qt::Key_2, Qt::AltModifier);
+    EXPECT_EQ(SelectedNames(), (std::vector<std::string>{"one.mp3", "two.mp3"}));
+    QTest::keyClick(box, Qt::Key_3, Qt::AltModifier);
+    EXPECT_TRUE(SelectedNames().empty());
+    EXPECT_EQ(Find<QPushButton>("cmdSelectAll")->toolTip(), "Ctrl+A, Alt+1");
+    EXPECT_EQ(Find<QPushButton>("cmdSelectReverse")->toolTip(), "Alt+5");
 }
 
 TEST_F(WindowLettersTest, AMessageHasOneForEachAnswer) {

@@ -57,6 +57,21 @@ TEST_F(MemoryTest, KeysOfTheWindowActWhileEntriesAreOffered) {
     EXPECT_EQ(TextOf("lblNumOfFilesFound"), "3");
 }
 
+TEST_F(MemoryTest, AClickBesideWhatIsOfferedActsAtOnce) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Type("cmbSearchFor", "*");
+    auto* popup = Find<QComboBox>("cmbSearchFor")->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    auto* clear = Find<QPushButton>("cmdClearFolders");
+    const QPoint at = clear->mapToGlobal(clear->rect().center());
+    QTest::mousePress(popup, Qt::LeftButton, {}, popup->mapFromGlobal(at));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_TRUE(clear->isDown());
+    QTest::mouseRelease(clear, Qt::LeftButton);
+    EXPECT_EQ(Form().cmbDir.Text.Get(), "");
+}
+
 TEST_F(MemoryTest, ThePlaceOfTheWindowIsKeptWhenItCloses) {
     window->move(31, 42);
     window->resize(820, 560);

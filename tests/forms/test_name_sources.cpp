@@ -96,6 +96,33 @@ TEST_F(NameSourceWindows, TheFirstNewNamesShowByThemselves) {
     EXPECT_TRUE(AllModalsCame());
 }
 
+TEST_F(NameSourceWindows, AListOfACancelledRenameIsNoDestinationOfACopy) {
+    machine.disk.AddFile("C:\\list.txt", "one\r\n*EOF\r\n");
+    const auto boxOf = [](QWidget& modal) { return modal.findChild<QComboBox*>("cmbDir"); };
+    OnModal([&](QWidget& modal) {
+        QTest::keyClicks(boxOf(modal)->lineEdit(), "C:\\list.txt");
+        modal.close();
+    });
+    Entry("mnuRenameSelFromFile")->trigger();
+    OnModal([&](QWidget& modal) {
+        EXPECT_EQ(boxOf(modal)->currentText(), "");
+        QTest::keyClicks(boxOf(modal)->lineEdit(), "C:\\home\\ann\\Copies");
+        modal.close();
+    });
+    Press("cmdCopySelected");
+    OnModal([&](QWidget& modal) {
+        EXPECT_EQ(boxOf(modal)->currentText(), "C:\\home\\ann\\Copies");
+        modal.close();
+    });
+    Press("cmdMoveSelected");
+    OnModal([&](QWidget& modal) {
+        EXPECT_EQ(boxOf(modal)->currentText(), "");
+        modal.close();
+    });
+    Entry("mnuRenameSelFromFile")->trigger();
+    EXPECT_TRUE(AllModalsCame());
+}
+
 TEST_F(NameSourceWindows, TheNewNamesFollowTheList) {
     machine.disk.AddFile("C:\\list.txt", "one\r\n*EOF\r\n");
     OnModal([](QWidget& modal) {

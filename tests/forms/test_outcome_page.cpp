@@ -279,4 +279,39 @@ TEST_F(OutcomePageTest, ActionsAreOffAsLongAsNothingIsSelected) {
     EXPECT_FALSE(Find<QPushButton>("cmdCopySelected")->isEnabled());
 }
 
+TEST_F(OutcomePageTest, ActionsAreOffOnceAllThatWasSelectedIsInTheTrash) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    Press("cmdSelectAll");
+    EXPECT_EQ(Find<QPushButton>("cmdDeleteSelected")->toolTip(), "Del");
+    OnModal([](QWidget& question) { question.findChild<QPushButton*>("btnYes")->click(); });
+    Press("cmdDeleteSelected");
+    for (const char* name :
+         {"cmdCopySelected", "cmdMoveSelected", "cmdRenameSelected", "cmdDeleteSelected"}) {
+        EXPECT_FALSE(Find<QPushButton>(name)->isEnabled()) << name;
+        EXPECT_EQ(Find<QPushButton>(name)->toolTip(), "Select objects in the list first") << name;
+        EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
+    }
+    Press("cmdSelectAll");
+    EXPECT_TRUE(Find<QPushButton>("cmdDeleteSelected")->isEnabled());
+    EXPECT_EQ(Find<QPushButton>("cmdDeleteSelected")->toolTip(), "Del");
+}
+
+TEST_F(OutcomePageTest, EntriesThatActOnTheSelectionAreOffWithoutOne) {
+    Search("*.mp3", "C:\\home\\ann\\Music\\Abba");
+    const std::vector<const char*> names{
+        "mnuNamesTxt",           "mnuTools_CreateHtml",    "mnuRenameSelFromFile",
+        "mnuRenameSelFromTitle", "mnuTools_FolderSummary", "mnuTools_BypassMPL",
+        "actCopyPaths"};
+    for (const char* name : names)
+        EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
+    EXPECT_EQ(Find<QAction>("mnuNamesTxt")->toolTip(), "Select objects in the list first");
+    EXPECT_TRUE(Find<QAction>("mnuTools_NumericIncrement")->isEnabled());
+    Press("cmdSelectAll");
+    for (const char* name : names)
+        EXPECT_TRUE(Find<QAction>(name)->isEnabled()) << name;
+    Press("cmdSelectNone");
+    for (const char* name : names)
+        EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
+}
+
 } // namespace tarvix::forms

@@ -9,6 +9,9 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <set>
+
 namespace tarvix::forms {
 
 using ::testing::ElementsAre;
@@ -111,6 +114,30 @@ TEST_F(ViewMenuTest, ThreeKeysSortAndThreeHideAColumn) {
     while (QWidget* open = QApplication::activePopupWidget())
         open->close();
     EXPECT_EQ(Sorts()[1], "Date");
+}
+
+TEST_F(ViewMenuTest, EachOfAllColumnsHasAKeyOfItsOwn) {
+    SearchAbba();
+    for (int i = 0; i < results::kColumnCount; ++i)
+        S().blnListItems[static_cast<std::size_t>(i)] = true;
+    gate.Flush();
+    emit SortMenu().aboutToShow();
+    const auto entries = SortMenu().actions();
+    EXPECT_GE(entries.size(), 26);
+    std::set<QChar> keys;
+    for (const QAction* entry : entries) {
+        const qsizetype at = entry->text().indexOf(u'&');
+        ASSERT_GE(at, 0) << entry->text().toStdString();
+        EXPECT_TRUE(keys.insert(entry->text()[at + 1].toLower()).second)
+            << entry->text().toStdString();
+    }
+    const auto digit = std::ranges::find_if(
+        entries, [](const QAction* entry) { return entry->text().startsWith("&1  "); });
+    ASSERT_NE(digit, entries.end());
+    const std::string key = (*digit)->objectName().mid(4).toStdString();
+    const auto column = std::ranges::find(results::kColumns, key, &results::ColumnInfo::key);
+    Keys("vs1");
+    EXPECT_EQ(S().frmSearch.lstMain.SortKey, column - results::kColumns.begin());
 }
 
 TEST_F(ViewMenuTest, WhereAClickOnAHeadDoesNothingTheEntryIsDisabled) {

@@ -131,6 +131,19 @@ TEST_F(Locations, AMissingFolderAndAFileAreToldInOneMessage) {
     EXPECT_THAT(Folders(), ElementsAre("", ""));
 }
 
+TEST_F(Locations, AMissingFolderIsToldWithoutItsVariableWherePathsAreNative) {
+    Start();
+    State().platformSettings.showsNative = true;
+    Parse("%UserProfile%\\nowhere");
+    ASSERT_EQ(Told().size(), 1U);
+    const std::string shown = S().Shown("C:\\home\\ann\\nowhere");
+    EXPECT_THAT(Told()[0], ::testing::HasSubstr("\r\n" + shown + "\r\n"));
+    EXPECT_EQ(Told()[0].find('%'), std::string::npos) << Told()[0];
+    State().platformSettings.showsNative = false;
+    Parse("%UserProfile%\\nowhere");
+    EXPECT_THAT(Told()[1], ::testing::HasSubstr("\r\n%UserProfile%\\nowhere\r\n"));
+}
+
 TEST_F(Locations, ABadLocationHasNoRowsAndTheGoodOnesAreSearched) {
     Start();
     Search("*", "C:\\nowhere|C:\\b");

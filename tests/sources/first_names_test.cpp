@@ -1,4 +1,5 @@
 #include "actions/request/first_names.h"
+#include "actions/request/known_bytes.h"
 #include "tests/sources/source_fixture.h"
 
 namespace tarvix::testing {
@@ -55,6 +56,56 @@ TEST_F(FirstNamesTest, APageWhoseTitleIsFarBehindSaysHowFarItWasLookedAt) {
     Find();
     EXPECT_THAT(OfTitles(), ElementsAre("C:\\t\\a.htm > : left alone: no title in the first "
                                         "megabyte of its page"));
+}
+
+TEST_F(FirstNamesTest, WhatIsStillReadSaysSoAndTheRestIsShown) {
+    AddPages(3);
+    Find();
+    actions::KnownBytes known;
+    std::vector<std::string> shown;
+    const auto look = [&] {
+        shown.clear();
+        for (const auto& row : actions::FirstNamesOf(S(), &known).rows)
+            shown.push_back(row.object + " > " + row.newPath + ": " + row.verdict);
+    };
+    LookInto(Form().mnuRenameSelFromTitle, [&](fields::FrmDialog&) {
+        look();
+        EXPECT_THAT(shown,
+                    ElementsAre("C:\\t\\101.htm > : reading...", "C:\\t\\102.htm > : reading...",
+                                "C:\\t\\103.htm > : reading..."));
+        EXPECT_THAT(known.TakeLacking(), ElementsAre(actions::FilePart{"C:\\t\\101.htm", 0},
+                                                     actions::FilePart{"C:\\t\\102.htm", 0},
+                                                     actions::FilePart{"C:\\t\\103.htm", 0}));
+        known.Take({"C:\\t\\102.htm", 0}, "<title>Two</title>");
+        known.Take({"C:\\t\\103.htm", 0}, platform::Failure(platform::kDeviceError, "broken"));
+        look();
+        EXPECT_THAT(shown, ElementsAre("C:\\t\\101.htm > : reading...",
+                                       "C:\\t\\102.htm > C:\\t\\Two 102.htm: rename",
+                                       "C:\\t\\103.htm > : failed"));
+        known.Take({"C:\\t\\101.htm", 0}, "<title>One</title>");
+        look();
+        EXPECT_EQ(shown[0], "C:\\t\\101.htm > C:\\t\\One 101.htm: rename");
+    });
+    EXPECT_EQ(shown.size(), 3U);
+}
+
+TEST_F(FirstNamesTest, APageOfLinksThatIsStillReadIsNoRefusal) {
+    Disk().AddFile("C:\\t\\a.txt", "1");
+    Disk().AddFile("C:\\links.htm", "<a href=\"a.txt\">New</a>");
+    Find();
+    actions::KnownBytes known;
+    actions::FirstNames first;
+    LookInto(Form().mnuRenameSelFromHTMLSearch, [&](fields::FrmDialog& form) {
+        Set(form.cmbDir, "C:\\links.htm");
+        first = actions::FirstNamesOf(S(), &known);
+        EXPECT_EQ(first.note, "Reading...");
+        EXPECT_THAT(known.TakeLacking(), ElementsAre(actions::FilePart{"C:\\links.htm", 0}));
+        known.Take({"C:\\links.htm", 0}, "<a href=\"a.txt\">New</a>");
+        first = actions::FirstNamesOf(S(), &known);
+    });
+    EXPECT_EQ(first.note, "");
+    ASSERT_EQ(first.rows.size(), 1U);
+    EXPECT_EQ(first.rows[0].newPath, "C:\\t\\New.txt");
 }
 
 TEST_F(FirstNamesTest, TwentyOfManyAreShown) {
@@ -190,6 +241,9 @@ TEST_F(FirstNamesTest, TypedTextsShowWhatTheyMakeOfNames) {
     std::vector<std::string> shown;
     prompts.SetModalRunner([&](session::Session&, fields::Form& form) {
         if (&form != &Dialog() || !shown.empty()) return false;
+        const actions::FirstNames untyped = actions::FirstNamesOf(S());
+        EXPECT_TRUE(untyped.rows.empty());
+        EXPECT_EQ(untyped.note, "They show as soon as a text is typed.");
         Set(Dialog().chkAddBeg, "1");
         Set(Dialog().txtAdd, "x ");
         for (const auto& row : actions::FirstNamesOf(S()).rows)

@@ -190,14 +190,8 @@ std::string OpenablePath(std::string path) {
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder) {
     std::string path;
     path.reserve(folder.longPath.size() + 1 + name.size());
-    AssignRowPath(path, folder, name, isFolder);
-    return path;
-}
-
-void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
-                   bool isFolder) {
-    path.clear();
     AppendRowPath(path, folder, name, isFolder);
+    return path;
 }
 
 void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name,

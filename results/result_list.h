@@ -187,9 +187,6 @@ std::string OpenablePath(std::string path);
 
 // Path\Name of a row's parts.
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder);
-// The same into `path`, whose room is used again.
-void AssignRowPath(std::string& path, const RowFolder& folder, std::string_view name,
-                   bool isFolder);
 // The same behind what `out` holds.
 void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name, bool isFolder);
 

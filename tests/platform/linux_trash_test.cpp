@@ -83,6 +83,14 @@ class LinuxOtherTrashTest : public testing::Test {
         return machine->Parts().trash.Recycle(std::vector{path}, {});
     }
     void Write(const std::string& name) { std::ofstream(mounted.Path() + "/" + name) << name; }
+    // The first is in a folder, which stays.
+    void RecycleTwo() {
+        std::filesystem::create_directory(mounted.Path() + "/folder");
+        Write("folder/a b.txt");
+        Write("c.txt");
+        ASSERT_TRUE(Recycle("S:\\folder\\a b.txt"));
+        ASSERT_TRUE(Recycle("S:\\c.txt"));
+    }
 
     MountedFolder mounted;
     std::optional<LinuxPlatform> machine;
@@ -220,11 +228,7 @@ TEST_F(LinuxTrashTest, TheDesktopsToolListsAndRestoresIt) {
 TEST_F(LinuxOtherTrashTest, AnotherDiskHasItsOwnTrash) {
     if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
     Start();
-    std::filesystem::create_directory(mounted.Path() + "/folder");
-    Write("folder/a b.txt");
-    Write("c.txt");
-    ASSERT_TRUE(Recycle("S:\\folder\\a b.txt"));
-    ASSERT_TRUE(Recycle("S:\\c.txt"));
+    RecycleTwo();
     auto objects = ReadTrash(mounted.Trash());
     std::sort(objects.begin(), objects.end(),
               [](const auto& a, const auto& b) { return a.path < b.path; });
@@ -362,11 +366,7 @@ TEST_F(LinuxTrashTest, TheFailureNamesThePath) {
 TEST_F(LinuxOtherTrashTest, WhatLiesInTheTrashOfAnotherDiskComesBackThere) {
     if (!mounted.MountDisk()) GTEST_SKIP() << "no right to mount";
     Start();
-    std::filesystem::create_directory(mounted.Path() + "/folder");
-    Write("folder/a b.txt");
-    Write("c.txt");
-    ASSERT_TRUE(Recycle("S:\\folder\\a b.txt"));
-    ASSERT_TRUE(Recycle("S:\\c.txt"));
+    RecycleTwo();
     auto& trash = machine->Parts().trash;
     EXPECT_EQ(NumberOf(trash.PutBack(1)), 0);
     EXPECT_EQ(NumberOf(trash.PutBack(0)), 0);

@@ -1,7 +1,11 @@
 #include "app/process.h"
 
 #include <cerrno>
+#include <cstdint>
+#include <cstdlib>
 #include <fcntl.h>
+#include <malloc.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace tarvix::app {
@@ -11,6 +15,17 @@ namespace {
 // These come again and again while the program winds up.
 bool Recurs(int signal) {
     return signal == SIGPIPE || signal == SIGXFSZ;
+}
+
+constexpr int kFreedAndKept = 256 << 20;     // bytes, as all below
+constexpr int kMostFromHeap = 32 << 20;      // as large as the C library takes
+constexpr std::size_t kFirstHeap = 64 << 20; // of addresses; what isn't used costs nothing
+constexpr int kHeapStep = 8 << 20;
+constexpr std::size_t kGrows = 1 << 20; // more than is left in a new heap
+constexpr std::uintptr_t kLargePage = 2 << 20;
+
+std::uintptr_t EndOfHeap() {
+    return reinterpret_cast<std::uintptr_t>(sbrk(0));
 }
 
 bool IsIgnored(int signal) {
@@ -33,6 +48,20 @@ void TakeEndingSignals(void (*handler)(int)) {
     }
     // Who started the program may have left them blocked.
     sigprocmask(SIG_UNBLOCK, &taken, nullptr);
+}
+
+void KeepMemory() {
+    mallopt(M_TRIM_THRESHOLD, kFreedAndKept);
+    mallopt(M_MMAP_THRESHOLD, kMostFromHeap);
+    mallopt(M_TOP_PAD, kFirstHeap);
+    const std::uintptr_t before = EndOfHeap();
+    void* volatile block = std::malloc(kGrows); // or the compiler takes both calls away
+    std::free(block);
+    mallopt(M_TOP_PAD, kHeapStep);
+    const std::uintptr_t end = EndOfHeap();
+    if (end - before < kFirstHeap) return;
+    const std::uintptr_t begin = (before + kLargePage - 1) / kLargePage * kLargePage;
+    (void)madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
 }
 
 void OpenStandardDescriptors() {

@@ -16,6 +16,10 @@ void TakeEndingSignals(void (*handler)(int));
 // no file gets their number and what is written to them fails instead of seeming done.
 void OpenStandardDescriptors();
 
+// For a process that does one job and ends: memory that it frees stays its own, and what it needs
+// of it first comes in large pages where the machine has some. Nothing is different if it has none.
+void KeepMemory();
+
 // What the process ends with after that signal.
 constexpr int ExitCodeAfter(int signal) {
     return 128 + signal;

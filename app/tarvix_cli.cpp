@@ -107,6 +107,7 @@ void SetUpTerminals(tarvix::cli::Host& host) {
 } // namespace
 
 int main(int argc, char** argv) {
+    app::KeepMemory();
     app::OpenStandardDescriptors();
     std::ios::sync_with_stdio(false);
     std::error_code ignored;

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarvix::session {
 struct Session;
@@ -27,12 +28,16 @@ class ListPaths {
     void AppendName(std::string& out, std::string_view driveName) const;
 
   private:
+    using Folder = std::pair<const std::string, std::string>; // drive form, native
+
     // With a final "/"; empty when it is on no drive.
     const std::string& NativeFolder(std::string_view folder);
+    const Folder& KnownFolder(std::string_view folder);
 
     session::Session& session_;
     bool isNative_;
     text::ByText<std::string> folders_;
+    const Folder* last_ = nullptr;
 };
 
 // Whether a line of a list can hold the text: none that breaks in two.

@@ -36,6 +36,17 @@ TEST_F(TextFiles, FullPathsAreThoseOfThisMachine) {
     EXPECT_FALSE(Disk().Exists("C:\\d\\List.txt.tmp"));
 }
 
+TEST_F(TextFiles, PathsOfFoldersInTurnAreEachTheirFolders) {
+    Disk().AddFile("C:\\t\\a\\1.txt");
+    Disk().AddFile("C:\\t\\b\\2.txt");
+    Disk().AddFile("C:\\t\\a\\3.txt");
+    Disk().AddFile("C:\\t\\b\\4.txt");
+    Find();
+    program.Rows().Reorder({0, 2, 1, 3}); // folder by folder before
+    EXPECT_EQ(Write(Form().mnuPathNamesTxt, "C:\\d\\List.txt", {"OK"}, WithoutMark()),
+              "/t/a/1.txt\r\n/t/b/2.txt\r\n/t/a/3.txt\r\n/t/b/4.txt\r\n");
+}
+
 TEST_F(TextFiles, FullPathsInDriveForm) {
     InDriveForm();
     Disk().AddFile("C:\\t\\a b.txt");

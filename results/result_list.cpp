@@ -53,6 +53,12 @@ const std::string* ResultList::KeepEntry(std::string_view entry) {
     return lastEntry_;
 }
 
+// Never by a little, so that many small calls cost no more than growing by itself.
+void ResultList::Reserve(std::size_t more) {
+    const std::size_t wanted = rows_.size() + more;
+    if (wanted > rows_.capacity()) rows_.reserve(std::max(wanted, rows_.capacity() * 2));
+}
+
 std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
     row.name = names_.Keep(row.name);
     row.searchEntry = KeepEntry(searchEntry);
@@ -102,13 +108,22 @@ void ResultList::AddSearchEntry(std::size_t index, std::string_view twoDigits) {
     rows_[index].searchEntry = KeepEntry(held + std::string(twoDigits));
 }
 
+// In their places, along each circle of rows that follow one another.
 void ResultList::Reorder(const std::vector<std::uint32_t>& order) {
-    std::vector<ResultRow> rows;
-    rows.reserve(rows_.size());
-    for (const std::uint32_t from : order) {
-        rows.push_back(rows_[from]);
+    std::vector<bool> stands(rows_.size());
+    for (std::size_t start = 0; start < rows_.size(); ++start) {
+        if (stands[start]) continue;
+        const ResultRow first = rows_[start];
+        std::size_t at = start;
+        for (std::size_t from = order[at]; from != start; at = from, from = order[at]) {
+            rows_[at] = rows_[from];
+            stands[at] = true;
+        }
+        rows_[at] = first;
+        stands[at] = true;
     }
-    Replace(std::move(rows));
+    index_.reset();
+    ++generation_;
 }
 
 void ResultList::RemoveSpacers() {

@@ -102,6 +102,8 @@ class ResultList {
 
     // The folder record for following rows; kept until Clear.
     const RowFolder* AddFolder(RowFolder folder);
+    // Has room for so many more rows without moving those that are there.
+    void Reserve(std::size_t more);
     // Copies the name and the entry text; gives the new row's index.
     std::size_t Add(ResultRow row, std::string_view searchEntry);
 

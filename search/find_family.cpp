@@ -312,7 +312,16 @@ WalkEnd FindFamily::FindEmptyFilesAtRoot() {
     return WalkRoot(Files::kEmpty, "FindEmptyFilesAtRoot");
 }
 
+// Room for the files that fit a string, as many as may pass the tests.
+void FindFamily::MakeRoom(std::size_t i) {
+    std::size_t most = 0;
+    for (; i < list_.Count(); ++i)
+        most += list_.At(i).visit.wanted.size();
+    session_.rows->Reserve(most);
+}
+
 WalkEnd FindFamily::FindFilesInSubFolders(std::size_t i) {
+    MakeRoom(i);
     const bool oneEach = request_.oneEach;
     return ForEach(i, [&](std::size_t index) {
         return WalkFiles(index, Files::kAny, oneEach, "FindFilesInSubFolders");

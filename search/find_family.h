@@ -70,6 +70,7 @@ class FindFamily {
     bool IsEmptyFolder(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
+    void MakeRoom(std::size_t i);
     const results::RowFolder* RowFolderOf(std::size_t index);
     platform::Result<platform::OpenFolder*> Opened(std::size_t index);
     void ShowCurrent(std::size_t index);

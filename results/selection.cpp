@@ -88,6 +88,7 @@ void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const 
         kept.substr(std::min<std::size_t>(row.folder->searchPrefix, kept.size()));
     tables.blnSelIsFile[at] = !row.isFolder;
     tables.blnSelNoDate[at] = row.date == kNoDate;
+    if (tables.sightings.empty()) return;
     // Made in its place, as a copy would wait for the stores of the one that is copied.
     new (&tables.sightings[at]) platform::Sighting(rows.SightingOf(row));
 }
@@ -110,8 +111,9 @@ Sizes CountSelected(ResultList& rows) {
     return sizes;
 }
 
-// The tables keep what room they have, as they are mostly filled again with much the same.
-void Resize(Selection& tables, const Sizes& sizes) {
+// The tables keep what room they have, as they are mostly filled again with much the same. Rows
+// that nobody acts on need no sightings.
+void Resize(Selection& tables, const Sizes& sizes, bool keepsSightings) {
     tables.texts.Restart(sizes.bytes);
     for (auto* table : {&tables.strSelName, &tables.strSelPath, &tables.strSelRelPath,
                         &tables.strSelActualPath}) {
@@ -119,8 +121,8 @@ void Resize(Selection& tables, const Sizes& sizes) {
         table->resize(sizes.count);
         if (isMuchSmaller) table->shrink_to_fit();
     }
-    tables.sightings.resize(sizes.count);
-    if (sizes.count == 0) tables.sightings.shrink_to_fit();
+    tables.sightings.resize(keepsSightings ? sizes.count : 0);
+    if (tables.sightings.empty()) tables.sightings.shrink_to_fit();
     tables.blnSelIsFile.resize(sizes.count);
     tables.blnSelNoDate.resize(sizes.count);
 }
@@ -130,7 +132,7 @@ void Resize(Selection& tables, const Sizes& sizes) {
 void BuildFileArray(session::Session& session) {
     ResultList& rows = *session.rows;
     Selection& tables = *session.selection;
-    Resize(tables, CountSelected(rows));
+    Resize(tables, CountSelected(rows), !rows.TakesNamesAlone());
     tables.isRenamed = false;
     Totals totals;
     std::size_t next = 0;

@@ -1,4 +1,5 @@
 #include "results/quick_cells.h"
+#include "results/selection.h"
 #include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
@@ -35,6 +36,25 @@ TEST_F(NamesAloneTest, NoFactsAreRead) {
     EXPECT_THAT(Cells(results::kDate), ElementsAre("", ""));
     EXPECT_THAT(Cells(results::kAttributes), ElementsAre("", ""));
     EXPECT_THAT(Cells(results::kExt), ElementsAre("txt", "txt"));
+}
+
+// Sightings are for actions, and nobody acts on these rows.
+TEST_F(NamesAloneTest, TheSelectionHoldsPathsAndNoSightings) {
+    Make();
+    const results::NamesAlone alone(program.Rows(), true);
+    Search("*.txt", "C:\\t");
+    results::cmdSelectAll_Click(program.Session());
+    EXPECT_THAT(program.Session().selection->strSelActualPath,
+                ElementsAre("C:\\t\\a.txt", "C:\\t\\sub\\b.txt"));
+    EXPECT_TRUE(program.Session().selection->sightings.empty());
+}
+
+TEST_F(NamesAloneTest, OnceItEndsTheSelectionHoldsSightingsAgain) {
+    Make();
+    { const results::NamesAlone alone(program.Rows(), true); }
+    Search("*.txt", "C:\\t");
+    results::cmdSelectAll_Click(program.Session());
+    EXPECT_EQ(program.Session().selection->sightings.size(), 2U);
 }
 
 TEST_F(NamesAloneTest, WithoutItFactsAreRead) {

@@ -9,6 +9,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 namespace tarvix::cli {
@@ -274,17 +276,21 @@ void AddRunProgram(CLI::App& app, Command& chosen) {
     AddLaunch(options, run, "Starts an .exe, too");
 }
 
-void AddOthers(CLI::App& app, Command& chosen) {
-    const auto [runCommand, run] = Add<RunRequest>(app, kRun, chosen);
-    Options(runCommand, "Arguments")
+void AddRun(CLI::App& app, Command& chosen) {
+    const auto [command, run] = Add<RunRequest>(app, kRun, chosen);
+    Options(command, "Arguments")
         .Text("SCRIPT", run.script, "The script, or - for stdin")
         ->required();
-    const auto [sampleCommand, sample] = Add<SampleRequest>(app, kSample, chosen);
-    Options(sampleCommand, "Arguments")
-        .Text("DIR", sample.folder, "The folder to fill")
-        ->required();
-    const auto [pathsCommand, paths] = Add<PathsRequest>(app, kPaths, chosen);
-    Options(pathsCommand, kOutputGroup).Flag("--json", paths.json, "One object, paths by name");
+}
+
+void AddSample(CLI::App& app, Command& chosen) {
+    const auto [command, sample] = Add<SampleRequest>(app, kSample, chosen);
+    Options(command, "Arguments").Text("DIR", sample.folder, "The folder to fill")->required();
+}
+
+void AddPaths(CLI::App& app, Command& chosen) {
+    const auto [command, paths] = Add<PathsRequest>(app, kPaths, chosen);
+    Options(command, kOutputGroup).Flag("--json", paths.json, "One object, paths by name");
 }
 
 void AddOptions(CLI::App& app, Command& chosen) {
@@ -303,18 +309,51 @@ void AddOptions(CLI::App& app, Command& chosen) {
     set.Text("VALUE", request.value, "What it is to be")->required();
 }
 
+struct CommandEntry {
+    const CommandHelp& help;
+    void (*add)(CLI::App&, Command&);
+};
+
+// As the help lists them.
+constexpr std::array kCommands{
+    CommandEntry{kSearch, AddSearch},
+    CommandEntry{kCopy, AddCopy},
+    CommandEntry{kMove, AddMove},
+    CommandEntry{kRename, AddRename},
+    CommandEntry{kDelete, AddDelete},
+    CommandEntry{kAutoMove, AddAutoMove},
+    CommandEntry{kAutoPlaylist, AddAutoPlaylist},
+    CommandEntry{kShowPages, AddShowPages},
+    CommandEntry{kList, AddList},
+    CommandEntry{kPlaylist, AddPlaylist},
+    CommandEntry{kNumbers, AddNumbers},
+    CommandEntry{kMakeFolders, AddMakeFolders},
+    CommandEntry{kLinks, AddLinks},
+    CommandEntry{kOpen, AddOpen},
+    CommandEntry{kRunProgram, AddRunProgram},
+    CommandEntry{kRun, AddRun},
+    CommandEntry{kSample, AddSample},
+    CommandEntry{kPaths, AddPaths},
+    CommandEntry{kOptions, AddOptions},
+};
+
 } // namespace
 
+// All the options of all commands take longer to add than many a run; a command whose name is
+// nowhere among the arguments is known by its name alone.
 std::expected<Request, EarlyEnd> ReadArguments(const std::vector<std::string>& arguments) {
     Request request;
     CLI::App app(kAbout, "tarvix-cli");
     SetUp(app);
     app.footer(kAboutFooter);
     AddMachine(app, request);
-    for (const auto add : {AddSearch, AddCopy, AddMove, AddRename, AddDelete, AddAutoMove,
-                           AddAutoPlaylist, AddShowPages, AddList, AddPlaylist, AddNumbers,
-                           AddMakeFolders, AddLinks, AddOpen, AddRunProgram, AddOthers, AddOptions})
-        add(app, request.command);
+    for (const auto& [help, add] : kCommands) {
+        if (std::ranges::find(arguments, help.name) != arguments.end()) {
+            add(app, request.command);
+        } else {
+            AddCommand(app, help);
+        }
+    }
     auto parsed = Parse(app, arguments);
     if (!parsed) return std::unexpected(std::move(parsed.error()));
     return request;

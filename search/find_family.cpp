@@ -83,6 +83,8 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     }
     folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
     folder.searchFolderIndex = intFolderIndex_;
+    folder.filesInFolder = list_.At(index).intFilesInFolder;
+    folder.foldersInFolder = list_.At(index).intFoldersInFolder;
     rowFolder_ = session_.rows->AddFolder(std::move(folder));
     rowFolderIndex_ = index;
     return rowFolder_;
@@ -263,8 +265,6 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
                                 {.name = name,
                                  .date = tested.seconds,
                                  .attributes = facts->attributes,
-                                 .filesInFolder = folder.intFilesInFolder,
-                                 .foldersInFolder = folder.intFoldersInFolder,
                                  .identity = facts->identity,
                                  .wasEmpty = which == Folders::kEmpty,
                                  .isNameAlone = !readsFacts_});

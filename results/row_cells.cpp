@@ -2,6 +2,7 @@
 #include "results/quick_cells.h"
 #include "results/result_list.h"
 #include "results/row_details.h"
+#include "results/text_order.h"
 #include "results/year_rank.h"
 #include "session/paths/short_path.h"
 #include "text/case.h"
@@ -63,17 +64,16 @@ void ResultList::ForEachCell(Column column,
 
 void ResultList::ForEachYearRank(const std::function<void(std::string_view cell)>& take) const {
     YearRanks ranks(details_->MaxYear(), folders_.size());
-    for (std::size_t i = 0; i < Count(); ++i) {
-        const ResultRow& row = At(i);
-        const RowFolder* const folder = row.folder;
-        if (row.Has(kListed)) {
-            take(ranks.Of(row.name, folder->number, folder->longPath, YearRankForms::kPlaylist));
-        } else if (row.isFolder) {
-            take({});
-        } else {
-            take(ranks.Of(row.name, folder->number, folder->longPath, YearRankForms::kSearch));
-        }
+    CellTexts cells(rows_.size()); // in the order in which rows lie in memory
+    for (const ResultRow& row : rows_) {
+        const bool isListed = row.Has(kListed);
+        const bool isEmpty = row.IsSpacer() || (row.isFolder && !isListed);
+        const auto forms = isListed ? YearRankForms::kPlaylist : YearRankForms::kSearch;
+        cells.Add(isEmpty ? std::string_view()
+                          : ranks.Of(row.name, row.folder->number, row.folder->longPath, forms));
     }
+    for (const std::uint32_t line : lines_)
+        take(cells[line]);
 }
 
 // What nearly every printed row asks for, with nothing made on the way; false for other cells.

@@ -36,15 +36,31 @@ CellTexts UpperCells(const ResultList& rows, Column column) {
     return cells;
 }
 
+// What `of` gives for each row, in the order of the list. It is asked in the order in which the
+// rows lie in memory: any other waits for most of them.
+template <class Of>
+auto OfRows(const ResultList& rows, Of of) {
+    using Value = decltype(of(rows.At(0)));
+    std::vector<Value> asTheyLie;
+    asTheyLie.reserve(rows.Count());
+    for (const ResultRow& row : rows.Added())
+        asTheyLie.push_back(of(row));
+    std::vector<Value> asListed;
+    asListed.reserve(rows.Count());
+    for (std::size_t i = 0; i < rows.Count(); ++i)
+        asListed.push_back(asTheyLie[static_cast<std::size_t>(&rows.At(i) - rows.Added().data())]);
+    return asListed;
+}
+
 // The cells of a column, kept here unless the list has them anyway.
 class ExactCells {
   public:
     ExactCells(const ResultList& rows, Column column) : made_(0) {
-        cells_.reserve(rows.Count());
         if (column == kName) {
-            rows.ForEachCell(column, [this](std::string_view cell) { cells_.push_back(cell); });
+            cells_ = OfRows(rows, [](const ResultRow& row) { return row.name; });
             return;
         }
+        cells_.reserve(rows.Count());
         rows.ForEachCell(column, [this](std::string_view cell) { made_.Add(cell); });
         for (std::size_t i = 0; i < rows.Count(); ++i)
             cells_.push_back(made_[i]);
@@ -58,15 +74,13 @@ class ExactCells {
 
 // The rows of a column whose cell is their folder's; nothing where a row shows it otherwise.
 std::optional<RowOrder> OrderByFolder(const ResultList& rows, SortDirection direction) {
+    const auto isListed = [](const ResultRow& row) { return row.Has(kListed); };
+    if (std::ranges::any_of(rows.Added(), isListed)) return std::nullopt;
     std::vector<std::string_view> texts(rows.FolderCount());
-    std::vector<std::uint32_t> classes;
-    classes.reserve(rows.Count());
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        const ResultRow& row = rows.At(i);
-        if (row.Has(kListed)) return std::nullopt;
+    const auto classes = OfRows(rows, [&](const ResultRow& row) {
         texts[row.folder->number] = row.folder->Shown();
-        classes.push_back(row.folder->number);
-    }
+        return row.folder->number;
+    });
     return OrderByClasses(texts, classes, direction);
 }
 
@@ -92,18 +106,17 @@ RowOrder OrderByText(const ResultList& rows, Column column, SortDirection direct
 // text does.
 bool NumberKeys(const ResultList& rows, Column column, std::vector<RowKey>& items) {
     if (column != kSize && column != kDate) return false;
-    items.reserve(rows.Count());
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        const ResultRow& row = rows.At(i);
-        std::uint64_t key = 0;
-        if (column == kSize) {
-            if (row.size >= kPaddedSizes) return false;
-            key = row.isFolder ? 0 : row.size + 1;
-        } else if (row.date != kNoDate) {
-            key = static_cast<std::uint64_t>(row.date) ^ (std::uint64_t{1} << 63);
-        }
-        items.push_back({key, static_cast<std::uint32_t>(i)});
-    }
+    bool hasPadded = false;
+    const auto keys = OfRows(rows, [&](const ResultRow& row) -> std::uint64_t {
+        hasPadded |= row.size >= kPaddedSizes;
+        if (column == kSize) return row.isFolder ? 0 : row.size + 1;
+        const std::uint64_t sign = std::uint64_t{1} << 63;
+        return row.date == kNoDate ? 0 : static_cast<std::uint64_t>(row.date) ^ sign;
+    });
+    if (column == kSize && hasPadded) return false;
+    items.reserve(keys.size());
+    for (const std::uint64_t key : keys)
+        items.push_back({key, static_cast<std::uint32_t>(items.size())});
     return true;
 }
 

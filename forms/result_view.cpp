@@ -63,15 +63,20 @@ void ResultView::setModel(QAbstractItemModel* model) {
 // A spacer tells by its neighbours whether it is a rule, so those in front of the first new row are
 // looked at again. The head is told nothing of each: 125,000 spacers take milliseconds.
 void ResultView::LayOutRows(int first) {
-    if (first == 0) hasSpacers_ = hasGroups_ = hasLaterPatterns_ = false;
+    if (first == 0) {
+        hasSpacers_ = hasGroups_ = hasLaterPatterns_ = false;
+        lookedAt_ = 0;
+    }
+    const auto isLater = [](const auto& row) { return results::LaterPattern(row) > 0; };
+    hasLaterPatterns_ |= std::ranges::any_of(rows_.Added().subspan(lookedAt_), isLater);
+    lookedAt_ = rows_.Added().size();
     QHeaderView& heights = *verticalHeader();
     const QSignalBlocker quiet(heights);
     heights.setUpdatesEnabled(false);
     for (int row = std::max(0, first - 2); row < model()->rowCount(); ++row) {
         const auto at = static_cast<std::size_t>(row);
-        hasLaterPatterns_ |= results::LaterPattern(rows_.At(at)) > 0;
         int height = heights.defaultSectionSize();
-        if (rows_.At(at).IsSpacer()) {
+        if (rows_.IsSpacer(at)) {
             const bool isRule = results::DividesGroups(rows_, at);
             height = isRule ? kRuleHeight : 0;
             hasSpacers_ = true;

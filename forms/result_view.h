@@ -87,6 +87,7 @@ class ResultView : public QTableView {
     bool hasSpacers_ = false;
     bool hasGroups_ = false;
     bool hasLaterPatterns_ = false;
+    std::size_t lookedAt_ = 0; // rows, in the order of their coming
     QPoint pressedAt_;
     QPoint menuPlace_;
     std::optional<std::size_t> pressedRow_;

@@ -47,10 +47,14 @@ QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
 
 } // namespace
 
-RowDelegate::RowDelegate(ResultView& view) : QStyledItemDelegate(&view), list_(view) {
-    for (std::size_t i = 0; i < looks_.size(); ++i) {
-        looks_[i] = LookOf(static_cast<results::RowSign>(i));
-    }
+RowDelegate::RowDelegate(ResultView& view) : QStyledItemDelegate(&view), list_(view) {}
+
+// Icons are looked for when the first row shows them.
+const SignLook& RowDelegate::LookOfRow(const results::ResultRow& row) const {
+    const results::RowSign sign = results::SignOf(row);
+    std::optional<SignLook>& look = looks_[static_cast<std::size_t>(sign)];
+    if (!look) look = LookOf(sign);
+    return *look;
 }
 
 QString RowDelegate::WholeText(const QModelIndex& index) {
@@ -113,7 +117,7 @@ void RowDelegate::PaintSign(QPainter& painter, const QStyleOptionViewItem& optio
     const int height = list_.fontMetrics().height();
     const QRect place(option.rect.left() + kMargin, option.rect.center().y() - height / 2, height,
                       height);
-    const SignLook& look = looks_[static_cast<std::size_t>(results::SignOf(shown))];
+    const SignLook& look = LookOfRow(shown);
     painter.setPen(color);
     if (!look.icon.isNull() && list_.Selector().IsSelected(row)) {
         InOneColor(look.icon, height, color).paint(&painter, place);

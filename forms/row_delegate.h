@@ -6,6 +6,11 @@
 #include <QStyledItemDelegate>
 
 #include <array>
+#include <optional>
+
+namespace tarvix::results {
+struct ResultRow;
+}
 
 namespace tarvix::forms {
 
@@ -28,6 +33,7 @@ class RowDelegate : public QStyledItemDelegate {
     static QString WholeText(const QModelIndex& index);
 
   private:
+    const SignLook& LookOfRow(const results::ResultRow& row) const;
     void PaintSpacer(QPainter& painter, const QRect& place) const;
     void PaintGround(QPainter& painter, const QStyleOptionViewItem& option, std::size_t row,
                      bool isSelected) const;
@@ -40,7 +46,7 @@ class RowDelegate : public QStyledItemDelegate {
     QString CutToFit(const QFontMetrics& metrics, const QString& text, int column, int width) const;
 
     ResultView& list_;
-    std::array<SignLook, results::kRowSigns> looks_;
+    mutable std::array<std::optional<SignLook>, results::kRowSigns> looks_; // once they were shown
 };
 
 } // namespace tarvix::forms

@@ -82,7 +82,7 @@ class Loader {
         if (isEntry) row.marks |= results::kEntry;
         if (file.facts) {
             row.size = file.facts->size;
-            row.attributes = file.facts->attributes;
+            row.attributes = static_cast<std::uint16_t>(file.facts->attributes);
             row.date = text::ToSeconds(session_.platform.clock.ToLocal(file.facts->modified));
             row.identity = session_.rows->Identities().Pack(file.facts->identity, false);
         } else {

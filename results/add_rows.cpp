@@ -22,7 +22,9 @@ const RowFolder* Located(session::Session& session, const StoreScan& scan, const
     RowFolder moved{.longPath = isFolder ? *copy : text::ParentFolder(*copy),
                     .mixedPath = {},
                     .searchPrefix = 0,
-                    .searchFolderIndex = folder->searchFolderIndex};
+                    .searchFolderIndex = folder->searchFolderIndex,
+                    .filesInFolder = folder->filesInFolder,
+                    .foldersInFolder = folder->foldersInFolder};
     if (session::ExceedsLimit(session, moved.longPath, session::kLongPath)) {
         moved.mixedPath = session::MixPath(moved.longPath, session::ShortFormOf(moved.longPath));
     }
@@ -55,9 +57,7 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     row.folder = folder;
     row.size = object.size;
     row.date = object.date;
-    row.attributes = object.attributes;
-    row.filesInFolder = object.filesInFolder;
-    row.foldersInFolder = object.foldersInFolder;
+    row.attributes = static_cast<std::uint16_t>(object.attributes);
     row.searchForIndex = static_cast<std::uint8_t>(std::min(source.intSearchForIndex, 255));
     row.isFolder = isFolder;
     if (object.isNameAlone) row.marks = kNotRead;

@@ -20,8 +20,6 @@ struct FoundObject {
     std::uint64_t size = 0;
     std::int64_t date = kNoDate; // local seconds
     std::uint32_t attributes = 0;
-    std::uint32_t filesInFolder = 0; // folder rows only
-    std::uint32_t foldersInFolder = 0;
     platform::ObjectIdentity identity;
     bool wasEmpty = false;      // a folder that is listed since nothing is in it
     bool isNameAlone = false;   // nothing else is known of it

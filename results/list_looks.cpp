@@ -9,6 +9,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace tarvix::results {
 
 namespace {
@@ -16,7 +18,7 @@ namespace {
 constexpr std::size_t kDriveLength = 3; // of "C:\"
 
 bool IsRow(const ResultList& rows, std::size_t index) {
-    return index < rows.Count() && !rows.At(index).IsSpacer();
+    return index < rows.Count() && !rows.IsSpacer(index);
 }
 
 // Empty where it is not known, or a whole drive.
@@ -87,15 +89,20 @@ int LaterPattern(const ResultRow& row) {
 std::string CommonLocation(const ResultList& rows, std::size_t first, std::string folder) {
     const RowFolder* last = nullptr;
     bool isNew = first == 0;
-    for (std::size_t i = first; i < rows.Count() && (isNew || !folder.empty()); ++i) {
-        const ResultRow& row = rows.At(i);
-        if (row.IsSpacer() || row.folder == last) continue;
+    const auto take = [&](const ResultRow& row) {
+        if (row.IsSpacer() || row.folder == last) return;
         last = row.folder;
         const std::string_view location = LocationOf(*last);
         if (isNew) folder = location;
         isNew = false;
         if (folder != location) folder = std::string(text::CommonFolder(folder, location));
+    };
+    if (isNew) { // in any order, and those of one folder were added together
+        std::ranges::for_each(rows.Added(), take);
+        return folder;
     }
+    for (std::size_t i = first; i < rows.Count() && !folder.empty(); ++i)
+        take(rows.At(i));
     return folder;
 }
 

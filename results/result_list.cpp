@@ -16,6 +16,8 @@ namespace tarvix::results {
 
 namespace {
 
+constexpr std::uint32_t kEntryMask = (1U << 24) - 1; // more than there can be rows
+
 std::size_t HashPath(std::string_view path) {
     return std::hash<std::string_view>{}(path);
 }
@@ -31,11 +33,13 @@ ResultList::ResultList() = default;
 ResultList::~ResultList() = default;
 
 void ResultList::Clear() {
-    rows_.clear();
+    rows_ = std::vector<ResultRow>(1);
+    lines_ = {};
     folders_.clear();
     names_.Clear();
+    entryNumbers_.clear();
     entries_.clear();
-    lastEntry_ = nullptr;
+    lastEntry_ = 0;
     identities_.Clear();
     index_.reset();
     if (details_) details_->Clear();
@@ -44,30 +48,39 @@ void ResultList::Clear() {
 }
 
 const RowFolder* ResultList::AddFolder(RowFolder folder) {
+    folder.number = static_cast<std::uint32_t>(folders_.size());
     folders_.push_back(std::move(folder));
     return &folders_.back();
 }
 
-const std::string* ResultList::KeepEntry(std::string_view entry) {
-    if (lastEntry_ == nullptr || *lastEntry_ != entry) lastEntry_ = &*entries_.emplace(entry).first;
+std::uint32_t ResultList::KeepEntry(std::string_view entry) {
+    if (!entries_.empty() && *entries_[lastEntry_] == entry) return lastEntry_;
+    const auto next = static_cast<std::uint32_t>(entries_.size());
+    const auto [kept, isNew] = entryNumbers_.try_emplace(std::string(entry), next);
+    if (isNew) entries_.push_back(&kept->first);
+    lastEntry_ = kept->second;
     return lastEntry_;
 }
 
 // Never by a little, so that many small calls cost no more than growing by itself.
 void ResultList::Reserve(std::size_t more) {
     const std::size_t wanted = rows_.size() + more;
-    if (wanted > rows_.capacity()) rows_.reserve(std::max(wanted, rows_.capacity() * 2));
+    if (wanted <= rows_.capacity()) return;
+    rows_.reserve(std::max(wanted, rows_.capacity() * 2));
+    lines_.reserve(rows_.capacity());
 }
 
 std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
+    lines_.push_back(row.IsSpacer() ? kSpacer : static_cast<std::uint32_t>(rows_.size()));
+    const std::size_t added = lines_.size() - 1;
+    if (row.IsSpacer()) return added;
     row.name = names_.Keep(row.name);
-    row.searchEntry = KeepEntry(searchEntry);
+    row.searchEntry = KeepEntry(searchEntry) & kEntryMask;
     rows_.push_back(row);
-    if (index_ && !row.IsSpacer()) {
-        const std::size_t hash = HashPath(FullPath(rows_.size() - 1));
-        index_->byHash.emplace(hash, static_cast<std::uint32_t>(rows_.size() - 1));
+    if (index_) {
+        index_->byHash.emplace(HashPath(FullPath(added)), static_cast<std::uint32_t>(added));
     }
-    return rows_.size() - 1;
+    return added;
 }
 
 // A copy that the virtual store keeps was found by its path alone.
@@ -87,8 +100,8 @@ std::size_t ResultList::Find(std::string_view longFolder, std::string_view name,
     if (!index_) {
         index_ = std::make_unique<PathIndex>();
         index_->byHash.reserve(rows_.size() * 2);
-        for (std::size_t i = 0; i < rows_.size(); ++i) {
-            if (rows_[i].IsSpacer()) continue;
+        for (std::size_t i = 0; i < Count(); ++i) {
+            if (IsSpacer(i)) continue;
             index_->byHash.emplace(HashPath(FullPath(i)), static_cast<std::uint32_t>(i));
         }
     }
@@ -101,70 +114,60 @@ std::size_t ResultList::Find(std::string_view longFolder, std::string_view name,
 }
 
 void ResultList::AddSearchEntry(std::size_t index, std::string_view twoDigits) {
-    const std::string& held = *rows_[index].searchEntry;
+    const std::string& held = SearchEntry(At(index));
     for (std::size_t i = 0; i + 2 <= held.size(); i += 2) {
         if (held.compare(i, 2, twoDigits) == 0) return;
     }
-    rows_[index].searchEntry = KeepEntry(held + std::string(twoDigits));
+    At(index).searchEntry = KeepEntry(held + std::string(twoDigits)) & kEntryMask;
 }
 
-// In their places, along each circle of rows that follow one another.
 void ResultList::Reorder(const std::vector<std::uint32_t>& order) {
-    std::vector<bool> stands(rows_.size());
-    for (std::size_t start = 0; start < rows_.size(); ++start) {
-        if (stands[start]) continue;
-        const ResultRow first = rows_[start];
-        std::size_t at = start;
-        for (std::size_t from = order[at]; from != start; at = from, from = order[at]) {
-            rows_[at] = rows_[from];
-            stands[at] = true;
-        }
-        rows_[at] = first;
-        stands[at] = true;
-    }
-    index_.reset();
-    ++generation_;
+    std::vector<std::uint32_t> lines;
+    lines.reserve(order.size());
+    for (const std::uint32_t from : order)
+        lines.push_back(lines_[from]);
+    Replace(std::move(lines));
 }
 
 void ResultList::RemoveSpacers() {
-    std::vector<ResultRow> rows;
-    rows.reserve(rows_.size());
-    std::ranges::remove_copy_if(rows_, std::back_inserter(rows), &ResultRow::IsSpacer);
-    Replace(std::move(rows));
+    std::vector<std::uint32_t> lines;
+    lines.reserve(rows_.size());
+    std::ranges::remove_copy(lines_, std::back_inserter(lines), kSpacer);
+    Replace(std::move(lines));
 }
 
 void ResultList::InsertSpacers(const std::vector<std::uint32_t>& before) {
-    std::vector<ResultRow> rows;
-    rows.reserve(rows_.size() + before.size());
-    std::size_t taken = 0;
+    std::vector<std::uint32_t> lines;
+    lines.reserve(lines_.size() + before.size());
+    auto taken = lines_.cbegin();
     for (const std::uint32_t at : before) {
-        rows.insert(rows.end(), rows_.begin() + static_cast<std::ptrdiff_t>(taken),
-                    rows_.begin() + static_cast<std::ptrdiff_t>(at));
-        rows.emplace_back();
-        taken = at;
+        const auto next = lines_.cbegin() + at;
+        lines.insert(lines.end(), taken, next);
+        lines.push_back(kSpacer);
+        taken = next;
     }
-    rows.insert(rows.end(), rows_.begin() + static_cast<std::ptrdiff_t>(taken), rows_.end());
-    Replace(std::move(rows));
+    lines.insert(lines.end(), taken, lines_.cend());
+    Replace(std::move(lines));
 }
 
-void ResultList::Replace(std::vector<ResultRow> rows) {
-    rows_ = std::move(rows);
+void ResultList::Replace(std::vector<std::uint32_t> lines) {
+    lines_ = std::move(lines);
     index_.reset();
     ++generation_;
 }
 
 std::string ResultList::FullPath(std::size_t index) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     if (row.IsSpacer()) return {};
     return JoinRowPath(*row.folder, row.name, row.isFolder);
 }
 
 LinkCells& ResultList::Links(std::size_t index) {
-    return details_->Links(rows_[index], FullPath(index));
+    return details_->Links(At(index), FullPath(index));
 }
 
 void ResultList::SetLinks(std::size_t index, LinkCells cells) {
-    if (details_) details_->SetLinks(rows_[index], std::move(cells));
+    if (details_) details_->SetLinks(At(index), std::move(cells));
 }
 
 void ResultList::RenameFolder(const std::string& path, std::string_view name) {
@@ -181,7 +184,7 @@ void ResultList::RenameFolder(const std::string& path, std::string_view name) {
 }
 
 void ResultList::Rename(std::size_t index, std::string_view name) {
-    ResultRow& row = rows_[index];
+    ResultRow& row = At(index);
     if (row.isFolder) RenameFolder(row.folder->longPath, name);
     const char* const before = row.name.data();
     row.name = names_.Keep(name);
@@ -191,7 +194,7 @@ void ResultList::Rename(std::size_t index, std::string_view name) {
 }
 
 std::uint64_t ResultList::VersionKey(std::size_t index) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     if (row.IsSpacer() || row.isFolder || !details_) return 0;
     return details_->VersionKey(row, FullPath(index));
 }

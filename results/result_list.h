@@ -10,9 +10,10 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace tarvix::results {
@@ -27,6 +28,11 @@ struct RowFolder {
     std::string mixedPath;          // opens and reads best; only for paths over 259 characters
     std::uint32_t searchPrefix = 0; // bytes of longPath that are the search location and its "\"
     int searchFolderIndex = 0;
+    std::uint32_t filesInFolder = 0; // what its own row shows
+    std::uint32_t foldersInFolder = 0;
+    std::uint32_t number = 0; // among those of the list, given by it
+
+    const std::string& Shown() const { return mixedPath.empty() ? longPath : mixedPath; }
 };
 
 // What a row of an edited playlist is; rows of a search have only the last three.
@@ -48,17 +54,15 @@ constexpr unsigned kFateShift = 6;
 struct ResultRow {
     std::string_view name; // kept by the list
     const RowFolder* folder = nullptr;
-    const std::string* searchEntry = nullptr; // two digits for each string that found it
-    std::uint64_t size = 0;                   // bytes
-    std::int64_t date = kNoDate;              // local seconds, see text::FromSeconds
-    std::uint32_t attributes = 0;
-    std::uint32_t filesInFolder = 0;
-    std::uint32_t foldersInFolder = 0;
-    std::uint8_t searchForIndex = 1; // the first string that found it
-    std::uint8_t marks = 0;          // see RowMark, and the fate
-    bool isFolder = false;
-    bool selected = false;
-    RowIdentity identity; // packed by the list
+    std::uint64_t size = 0;               // bytes
+    std::int64_t date = kNoDate;          // local seconds, see text::FromSeconds
+    RowIdentity identity;                 // packed by the list
+    std::uint32_t searchEntry : 24 = 0;   // which of the texts that the list keeps
+    std::uint32_t searchForIndex : 8 = 1; // the first string that found it
+    std::uint16_t attributes = 0;
+    std::uint8_t marks = 0; // see RowMark, and the fate
+    bool isFolder : 1 = false;
+    bool selected : 1 = false;
 
     bool IsSpacer() const { return name.empty(); }
     bool Has(RowMark mark) const { return (marks & mark) != 0; }
@@ -68,6 +72,9 @@ struct ResultRow {
         marks = static_cast<std::uint8_t>(others | static_cast<unsigned>(fate) << kFateShift);
     }
 };
+
+static_assert(sizeof(ResultRow) == 64); // there are many
+static_assert(platform::kEncrypted <= UINT16_MAX);
 
 class RowDetails;
 struct LinkCells;
@@ -96,12 +103,21 @@ class ResultList {
     // How often that was done, so that a view knows that it shows another list.
     std::uint64_t Clearings() const { return clearings_; }
     // Rows, spacers among them.
-    std::size_t Count() const { return rows_.size(); }
-    const ResultRow& At(std::size_t index) const { return rows_[index]; }
-    ResultRow& At(std::size_t index) { return rows_[index]; }
+    std::size_t Count() const { return lines_.size(); }
+    bool IsSpacer(std::size_t index) const { return lines_[index] == kSpacer; }
+    // All spacers are one and the same row.
+    const ResultRow& At(std::size_t index) const { return rows_[lines_[index]]; }
+    ResultRow& At(std::size_t index) { return rows_[lines_[index]]; }
+    // The rows without spacers, as they were added and lie in memory: for who counts, or changes
+    // all.
+    std::span<const ResultRow> Added() const { return std::span(rows_).subspan(1); }
+    std::span<ResultRow> Added() { return std::span(rows_).subspan(1); }
+
+    void UnselectSpacers() { rows_.front().selected = false; }
 
     // The folder record for following rows; kept until Clear.
     const RowFolder* AddFolder(RowFolder folder);
+    std::size_t FolderCount() const { return folders_.size(); }
     // Has room for so many more rows without moving those that are there.
     void Reserve(std::size_t more);
     // Copies the name and the entry text; gives the new row's index.
@@ -115,6 +131,10 @@ class ResultList {
     // The row of an object by its full path, exactly compared; Count() when there is none. The
     // first call builds an index, which later additions keep up to date.
     std::size_t Find(std::string_view longFolder, std::string_view name, bool isFolder);
+    // The strings that found a row, two digits for each.
+    const std::string& SearchEntry(const ResultRow& row) const {
+        return *entries_[row.searchEntry];
+    }
     // Appends an index to the entry text of a row, unless it holds it already.
     void AddSearchEntry(std::size_t index, std::string_view twoDigits);
 
@@ -132,6 +152,9 @@ class ResultList {
     std::string Cell(std::size_t index, Column column) const;
     // The same behind what `out` holds.
     void AppendCell(std::string& out, std::size_t index, Column column) const;
+    // The cells of all rows, in their order; what those of one folder share is worked out once.
+    // There must be no spacers.
+    void ForEachCell(Column column, const std::function<void(std::string_view cell)>& take) const;
     // The row's tip in Expert Mode: its path when that is long, else the cell itself.
     std::string CellTip(std::size_t index, Column column) const;
     // The version of a program as a number that orders like it, whether or not its column shows; 0
@@ -159,16 +182,22 @@ class ResultList {
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
     std::string LengthCell(const ResultRow& row) const;
+    void ForEachYearRank(const std::function<void(std::string_view cell)>& take) const;
     void RenameFolder(const std::string& path, std::string_view name);
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
-    void Replace(std::vector<ResultRow> rows);
-    const std::string* KeepEntry(std::string_view entry);
+    void Replace(std::vector<std::uint32_t> lines);
+    std::uint32_t KeepEntry(std::string_view entry);
 
-    std::vector<ResultRow> rows_;
+    static constexpr std::uint32_t kSpacer = 0;
+
+    // As they were added, behind the one that stands for every spacer.
+    std::vector<ResultRow> rows_ = std::vector<ResultRow>(1);
+    std::vector<std::uint32_t> lines_; // in the order of the list, by their place in rows_
     std::deque<RowFolder> folders_;
     TextStore names_;
-    std::unordered_set<std::string> entries_;
-    const std::string* lastEntry_ = nullptr; // mostly the next row's, too
+    std::unordered_map<std::string, std::uint32_t> entryNumbers_;
+    std::vector<const std::string*> entries_; // of these, by number
+    std::uint32_t lastEntry_ = 0;             // mostly the next row's, too
     RowIdentities identities_;
     std::unique_ptr<PathIndex> index_;
     RowDetails* details_ = nullptr;

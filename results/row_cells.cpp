@@ -2,6 +2,8 @@
 #include "results/quick_cells.h"
 #include "results/result_list.h"
 #include "results/row_details.h"
+#include "results/text_order.h"
+#include "results/year_rank.h"
 #include "session/paths/short_path.h"
 #include "text/case.h"
 #include "text/characters.h"
@@ -36,13 +38,42 @@ std::string ResultList::Cell(std::size_t index, Column column) const {
 }
 
 void ResultList::AppendCell(std::string& out, std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     if (row.IsSpacer()) return;
     if (row.Has(kListed)) {
         out += ListedCell(index, column);
     } else if (!AppendPlain(out, row, column)) {
         out += WorkedOutCell(index, column);
     }
+}
+
+void ResultList::ForEachCell(Column column,
+                             const std::function<void(std::string_view cell)>& take) const {
+    if (column == kYearRank && details_ != nullptr) return ForEachYearRank(take);
+    std::string cell;
+    for (std::size_t i = 0; i < Count(); ++i) {
+        if (column == kName) {
+            take(At(i).name);
+            continue;
+        }
+        cell.clear();
+        AppendCell(cell, i, column);
+        take(cell);
+    }
+}
+
+void ResultList::ForEachYearRank(const std::function<void(std::string_view cell)>& take) const {
+    YearRanks ranks(details_->MaxYear(), folders_.size());
+    CellTexts cells(rows_.size()); // in the order in which rows lie in memory
+    for (const ResultRow& row : rows_) {
+        const bool isListed = row.Has(kListed);
+        const bool isEmpty = row.IsSpacer() || (row.isFolder && !isListed);
+        const auto forms = isListed ? YearRankForms::kPlaylist : YearRankForms::kSearch;
+        cells.Add(isEmpty ? std::string_view()
+                          : ranks.Of(row.name, row.folder->number, row.folder->longPath, forms));
+    }
+    for (const std::uint32_t line : lines_)
+        take(cells[line]);
 }
 
 // What nearly every printed row asks for, with nothing made on the way; false for other cells.
@@ -61,13 +92,13 @@ bool ResultList::AppendPlain(std::string& out, const ResultRow& row, Column colu
         if (!row.isFolder) AppendExtension(out, row.name);
         return true;
     case kPath:
-        out += row.folder->mixedPath.empty() ? row.folder->longPath : row.folder->mixedPath;
+        out += row.folder->Shown();
         return true;
     case kAttributes:
         if (!row.Has(kNotRead)) AppendAttributes(out, row.attributes);
         return true;
     case kSearchForEntry:
-        out += *row.searchEntry;
+        out += SearchEntry(row);
         return true;
     case kPathLevels:
         AppendPadded(out, RowPathLevels(*row.folder, row.isFolder), 2);
@@ -84,16 +115,16 @@ bool ResultList::AppendPlain(std::string& out, const ResultRow& row, Column colu
 }
 
 std::string ResultList::WorkedOutCell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     switch (column) {
     case kPathName:
         return PathCell(index);
     case kPathNameLength:
         return LengthCell(row);
     case kFilesInFolder:
-        return row.isFolder ? text::Format(row.filesInFolder, "00,00#") : std::string{};
+        return row.isFolder ? text::Format(row.folder->filesInFolder, "00,00#") : std::string{};
     case kFoldersInFolder:
-        return row.isFolder ? text::Format(row.foldersInFolder, "00,00#") : std::string{};
+        return row.isFolder ? text::Format(row.folder->foldersInFolder, "00,00#") : std::string{};
     case kShortPath:
         return session::ShortFormOf(FullPath(index));
     case kSearchFolderIndex:
@@ -123,7 +154,7 @@ std::string ResultList::LengthCell(const ResultRow& row) const {
 
 // A row of a playlist shows what its file is, and nothing that a search would have to tell.
 std::string ResultList::ListedCell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     switch (column) {
     case kName:
         return std::string(row.name);
@@ -159,19 +190,19 @@ bool ResultList::NeedsShortName(const ResultRow& row, std::size_t pathLength) co
 }
 
 std::string ResultList::DetailCell(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     if (row.isFolder) return column == kType ? std::string(kFolderType) : std::string{};
     return details_ ? details_->Cell(row, column, FullPath(index)) : std::string{};
 }
 
 std::string ResultList::CellTip(std::size_t index, Column column) const {
-    if (rows_[index].IsSpacer()) return {};
+    if (IsSpacer(index)) return {};
     std::string path = PathCell(index);
     return text::Length(path) > kTipFromLength ? path : Cell(index, column);
 }
 
 fields::Color ResultList::CellColor(std::size_t index, Column column) const {
-    const ResultRow& row = rows_[index];
+    const ResultRow& row = At(index);
     if (row.IsSpacer()) return fields::kBlack;
     if (row.Has(kListed)) {
         return row.Has(kReplacement) ? kReplacementColor

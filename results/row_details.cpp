@@ -34,6 +34,10 @@ std::string RowDetails::Cell(const ResultRow& row, Column column, std::string_vi
                               : std::string(OsText(facts.version->os));
 }
 
+int RowDetails::MaxYear() const {
+    return session_.state.intMaxYear;
+}
+
 std::string RowDetails::LinkCell(const ResultRow& row, Column column, std::string_view path) {
     if (shortcuts::KindOf(row.name) == shortcuts::Kind::kNone) return {};
     return Links(row, path).shown[FieldOf(column)];

@@ -26,6 +26,8 @@ class RowDetails {
     // Type, Version, Exe Type, OS, Year-Rank or what a shortcut holds, of a file row; `path` is its
     // full path.
     std::string Cell(const ResultRow& row, Column column, std::string_view path);
+    // The first year that is too late for a Year-Rank.
+    int MaxYear() const;
     // The version of a file row as a number that orders like it, whether or not its column shows; 0
     // for none.
     std::uint64_t VersionKey(const ResultRow& row, std::string_view path);

@@ -77,15 +77,13 @@ RowFate FateOf(const OutcomeList& list, std::size_t at) {
 } // namespace
 
 void MarkCut(session::Session& session) {
-    for (std::size_t i = 0; i < session.rows->Count(); ++i) {
-        ResultRow& row = session.rows->At(i);
-        SetMark(row, kCut, row.selected && !row.IsSpacer());
-    }
+    for (ResultRow& row : session.rows->Added())
+        SetMark(row, kCut, row.selected);
 }
 
 void ClearCut(session::Session& session) {
-    for (std::size_t i = 0; i < session.rows->Count(); ++i)
-        SetMark(session.rows->At(i), kCut, false);
+    for (ResultRow& row : session.rows->Added())
+        SetMark(row, kCut, false);
 }
 
 void MarkGone(session::Session& session) {
@@ -118,8 +116,8 @@ std::size_t RowOfOutcome(ResultList& rows, const OutcomeList& list, std::size_t 
 }
 
 void MarkFates(ResultList& rows, const OutcomeList& list) {
-    for (std::size_t i = 0; i < rows.Count(); ++i)
-        rows.At(i).SetFate(RowFate::kNone);
+    for (ResultRow& row : rows.Added())
+        row.SetFate(RowFate::kNone);
     RowsInOrder inOrder(rows, list);
     for (std::size_t at = 0; at < list.Count() && rows.Count() > 0; ++at) {
         const RowFate fate = FateOf(list, at);

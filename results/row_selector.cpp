@@ -7,10 +7,13 @@
 namespace tarvix::results {
 
 void RowSelector::Apply(std::size_t first, std::size_t last, bool keepOthers) {
-    for (std::size_t i = 0; i < rows_.Count(); ++i) {
-        auto& row = rows_.At(i);
-        const bool inside = i >= first && i <= last && !row.IsSpacer();
-        if (inside || !keepOthers) row.selected = inside;
+    if (!keepOthers) {
+        for (ResultRow& row : rows_.Added())
+            row.selected = false;
+        rows_.UnselectSpacers();
+    }
+    for (std::size_t i = first; i <= last && i < rows_.Count(); ++i) {
+        if (!rows_.IsSpacer(i)) rows_.At(i).selected = true;
     }
 }
 

@@ -49,10 +49,9 @@ void ShowTotals(session::Session& session, const Totals& totals) {
 
 // Sets each row's state by `rule`, spacers always unselected.
 void SelectRows(ResultList& rows, std::predicate<const ResultRow&> auto rule) {
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        ResultRow& row = rows.At(i);
-        row.selected = !row.IsSpacer() && rule(row);
-    }
+    for (ResultRow& row : rows.Added())
+        row.selected = rule(row);
+    rows.UnselectSpacers();
 }
 
 constexpr std::string_view kAllSelected = " User selected all files and folders";
@@ -101,9 +100,8 @@ struct Sizes {
 // Spacers that are selected are unselected.
 Sizes CountSelected(ResultList& rows) {
     Sizes sizes;
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        ResultRow& row = rows.At(i);
-        if (row.IsSpacer()) row.selected = false;
+    rows.UnselectSpacers();
+    for (const ResultRow& row : std::as_const(rows).Added()) {
         if (!row.selected) continue;
         ++sizes.count;
         sizes.bytes += row.folder->longPath.size() + 1 + row.name.size();
@@ -132,12 +130,13 @@ void Resize(Selection& tables, const Sizes& sizes, bool keepsSightings) {
 void BuildFileArray(session::Session& session) {
     ResultList& rows = *session.rows;
     Selection& tables = *session.selection;
-    Resize(tables, CountSelected(rows), !rows.TakesNamesAlone());
+    const Sizes sizes = CountSelected(rows);
+    Resize(tables, sizes, !rows.TakesNamesAlone());
     tables.isRenamed = false;
     Totals totals;
     std::size_t next = 0;
     const bool takesLongPaths = session.state.platformSettings.longestPath == session::kAnyLength;
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
+    for (std::size_t i = 0; next < sizes.count; ++i) {
         const ResultRow& row = rows.At(i);
         if (!row.selected) continue;
         FillEntry(rows, tables, next++, row, takesLongPaths);
@@ -150,9 +149,8 @@ void BuildFileArray(session::Session& session) {
 
 std::int64_t CountSelection(session::Session& session) {
     Totals totals;
-    for (std::size_t i = 0; i < session.rows->Count(); ++i) {
-        const ResultRow& row = session.rows->At(i);
-        if (row.selected && !row.IsSpacer()) totals.Add(row);
+    for (const ResultRow& row : std::as_const(*session.rows).Added()) {
+        if (row.selected) totals.Add(row);
     }
     ShowTotals(session, totals);
     return totals.files + totals.folders;

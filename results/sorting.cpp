@@ -1,5 +1,6 @@
 #include "results/sorting.h"
 
+#include "results/key_order.h"
 #include "results/progress.h"
 #include "results/result_list.h"
 #include "results/selection.h"
@@ -12,10 +13,10 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
-#include <numeric>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -29,137 +30,122 @@ using session::Session;
 // From here on the Size cell runs out of digits, and its text order is no longer that of numbers.
 constexpr std::uint64_t kPaddedSizes = 1'000'000'000'000;
 
-template <class Take>
-void ForEachCell(const ResultList& rows, Column column, Take take) {
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        if (column == kName) {
-            take(rows.At(i).name);
-        } else {
-            take(rows.Cell(i, column));
-        }
-    }
-}
-
 CellTexts UpperCells(const ResultList& rows, Column column) {
     CellTexts cells(rows.Count());
-    ForEachCell(rows, column, [&](std::string_view cell) { cells.AddUpper(cell); });
+    rows.ForEachCell(column, [&](std::string_view cell) { cells.AddUpper(cell); });
     return cells;
 }
 
-struct SortItem {
-    std::uint64_t key;
-    std::uint32_t row;
-};
-
-template <class Order>
-std::vector<std::uint32_t> Sorted(std::vector<SortItem> items, Order order) {
-    // A search lists much of what it finds in order.
-    if (!std::ranges::is_sorted(items, order)) std::ranges::sort(items, order);
-    std::vector<std::uint32_t> result;
-    result.reserve(items.size());
-    for (const SortItem& item : items) {
-        result.push_back(item.row);
-    }
-    return result;
+// What `of` gives for each row, in the order of the list. It is asked in the order in which the
+// rows lie in memory: any other waits for most of them.
+template <class Of>
+auto OfRows(const ResultList& rows, Of of) {
+    using Value = decltype(of(rows.At(0)));
+    std::vector<Value> asTheyLie;
+    asTheyLie.reserve(rows.Count());
+    for (const ResultRow& row : rows.Added())
+        asTheyLie.push_back(of(row));
+    std::vector<Value> asListed;
+    asListed.reserve(rows.Count());
+    for (std::size_t i = 0; i < rows.Count(); ++i)
+        asListed.push_back(asTheyLie[static_cast<std::size_t>(&rows.At(i) - rows.Added().data())]);
+    return asListed;
 }
 
-// For columns whose text order is the order of a number.
-std::vector<std::uint32_t> OrderByNumber(std::vector<SortItem> items, SortDirection direction) {
-    const bool descending = direction == SortDirection::kDescending;
-    return Sorted(std::move(items), [descending](const SortItem& a, const SortItem& b) {
-        if (a.key != b.key) return (a.key < b.key) != descending;
-        return a.row < b.row;
-    });
-}
-
-// A column with few different texts: those are sorted, and the rows follow by counting.
-class FewTexts {
+// The cells of a column, kept here unless the list has them anyway.
+class ExactCells {
   public:
-    // False when there are too many for this way.
-    bool Read(const CellTexts& exact, std::size_t rows) {
-        const std::size_t most = std::max<std::size_t>(64, rows / 16);
-        ids_.reserve(rows);
-        std::unordered_map<std::string_view, std::uint32_t> known;
-        for (std::size_t i = 0; i < rows; ++i) {
-            const auto next = static_cast<std::uint32_t>(texts_.size());
-            const auto [entry, isNew] = known.try_emplace(exact[i], next);
-            if (isNew) texts_.push_back(exact[i]);
-            if (texts_.size() > most) return false;
-            ids_.push_back(entry->second);
+    ExactCells(const ResultList& rows, Column column) : made_(0) {
+        if (column == kName) {
+            cells_ = OfRows(rows, [](const ResultRow& row) { return row.name; });
+            return;
         }
-        return true;
+        cells_.reserve(rows.Count());
+        rows.ForEachCell(column, [this](std::string_view cell) { made_.Add(cell); });
+        for (std::size_t i = 0; i < rows.Count(); ++i)
+            cells_.push_back(made_[i]);
     }
-    std::vector<std::uint32_t> Order(SortDirection direction) const {
-        const auto ranks = Ranks(direction);
-        std::vector<std::uint32_t> starts(texts_.size() + 1);
-        for (const std::uint32_t id : ids_) {
-            ++starts[ranks[id] + 1];
-        }
-        std::partial_sum(starts.begin(), starts.end(), starts.begin());
-        std::vector<std::uint32_t> order(ids_.size());
-        for (std::uint32_t row = 0; row < ids_.size(); ++row) {
-            order[starts[ranks[ids_[row]]]++] = row;
-        }
-        return order;
-    }
+    std::span<const std::string_view> All() const { return cells_; }
 
   private:
-    std::vector<std::uint32_t> Ranks(SortDirection direction) const {
-        std::vector<std::uint32_t> sorted(texts_.size());
-        std::iota(sorted.begin(), sorted.end(), 0U);
-        std::ranges::sort(sorted, [&](std::uint32_t a, std::uint32_t b) {
-            const int order = text::CompareNoCase(texts_[a], texts_[b]);
-            return order != 0 ? order < 0 : texts_[a] < texts_[b];
-        });
-        if (direction == SortDirection::kDescending) std::ranges::reverse(sorted);
-        std::vector<std::uint32_t> ranks(texts_.size());
-        for (std::uint32_t rank = 0; rank < sorted.size(); ++rank) {
-            ranks[sorted[rank]] = rank;
-        }
-        return ranks;
-    }
-
-    std::vector<std::string_view> texts_;
-    std::vector<std::uint32_t> ids_; // of each row's text
+    CellTexts made_;
+    std::vector<std::string_view> cells_;
 };
 
-std::vector<std::uint32_t> OrderByText(const ResultList& rows, Column column,
-                                       SortDirection direction, Ties ties) {
-    if (ties == Ties::kAsTheyStood) {
-        return OrderByTexts(UpperCells(rows, column), nullptr, direction);
-    }
-    CellTexts exact(rows.Count());
-    ForEachCell(rows, column, [&](std::string_view cell) { exact.Add(cell); });
-    if (FewTexts few; few.Read(exact, rows.Count())) return few.Order(direction);
-    CellTexts upper(rows.Count());
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        upper.AddUpper(exact[i]);
-    }
-    return OrderByTexts(upper, upper == exact ? nullptr : &exact, direction);
+// The rows of a column whose cell is their folder's; nothing where a row shows it otherwise.
+std::optional<RowOrder> OrderByFolder(const ResultList& rows, SortDirection direction) {
+    const auto isListed = [](const ResultRow& row) { return row.Has(kListed); };
+    if (std::ranges::any_of(rows.Added(), isListed)) return std::nullopt;
+    std::vector<std::string_view> texts(rows.FolderCount());
+    const auto classes = OfRows(rows, [&](const ResultRow& row) {
+        texts[row.folder->number] = row.folder->Shown();
+        return row.folder->number;
+    });
+    return OrderByClasses(texts, classes, direction);
 }
 
-// An empty cell comes first, as an empty text does.
-bool NumberKeys(const ResultList& rows, Column column, std::vector<SortItem>& items) {
-    if (column != kSize && column != kDate) return false;
-    items.reserve(rows.Count());
-    for (std::size_t i = 0; i < rows.Count(); ++i) {
-        const ResultRow& row = rows.At(i);
-        std::uint64_t key = 0;
-        if (column == kSize) {
-            if (row.size >= kPaddedSizes) return false;
-            key = row.isFolder ? 0 : row.size + 1;
-        } else if (row.date != kNoDate) {
-            key = static_cast<std::uint64_t>(row.date) ^ (std::uint64_t{1} << 63);
-        }
-        items.push_back({key, static_cast<std::uint32_t>(i)});
+RowOrder OrderByText(const ResultList& rows, Column column, SortDirection direction, Ties ties) {
+    if (ties == Ties::kAsTheyStood) return OrderByTexts(UpperCells(rows, column), {}, direction);
+    if (column == kPath) {
+        if (auto sorted = OrderByFolder(rows, direction)) return std::move(*sorted);
     }
+    const ExactCells exact(rows, column);
+    std::vector<std::string_view> texts;
+    std::vector<std::uint32_t> classes;
+    const std::size_t few = std::max<std::size_t>(64, rows.Count() / 8);
+    if (FindDifferentTexts(exact.All(), few, texts, classes)) {
+        return OrderByClasses(texts, classes, direction);
+    }
+    CellTexts upper(rows.Count());
+    for (const std::string_view cell : exact.All())
+        upper.AddUpper(cell);
+    return OrderByTexts(upper, exact.All(), direction);
+}
+
+// For columns whose text order is the order of a number. An empty cell comes first, as an empty
+// text does.
+bool NumberKeys(const ResultList& rows, Column column, std::vector<RowKey>& items) {
+    if (column != kSize && column != kDate) return false;
+    bool hasPadded = false;
+    const auto keys = OfRows(rows, [&](const ResultRow& row) -> std::uint64_t {
+        hasPadded |= row.size >= kPaddedSizes;
+        if (column == kSize) return row.isFolder ? 0 : row.size + 1;
+        const std::uint64_t sign = std::uint64_t{1} << 63;
+        return row.date == kNoDate ? 0 : static_cast<std::uint64_t>(row.date) ^ sign;
+    });
+    if (column == kSize && hasPadded) return false;
+    items.reserve(keys.size());
+    for (const std::uint64_t key : keys)
+        items.push_back({key, static_cast<std::uint32_t>(items.size())});
     return true;
+}
+
+RowOrder OrderByNumber(std::vector<RowKey> items, SortDirection direction) {
+    if (direction == SortDirection::kDescending) {
+        for (RowKey& item : items)
+            item.key = ~item.key;
+    }
+    SortByKey(items);
+    RowOrder sorted;
+    sorted.order.reserve(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const bool begins = i > 0 && items[i].key != items[i - 1].key;
+        if (begins) sorted.groups.push_back(static_cast<std::uint32_t>(i));
+        sorted.order.push_back(items[i].row);
+    }
+    return sorted;
+}
+
+RowOrder OrderBy(const ResultList& rows, Column column, SortDirection direction, Ties ties) {
+    std::vector<RowKey> items;
+    return NumberKeys(rows, column, items) ? OrderByNumber(std::move(items), direction)
+                                           : OrderByText(rows, column, direction, ties);
 }
 
 // The rows behind the first whose cell differs from that of the row before.
 std::vector<std::uint32_t> GroupStarts(const ResultList& rows, Column column) {
     std::vector<std::uint32_t> starts;
-    if (std::vector<SortItem> items; NumberKeys(rows, column, items)) {
+    if (std::vector<RowKey> items; NumberKeys(rows, column, items)) {
         for (std::size_t i = 1; i < items.size(); ++i) {
             if (items[i].key != items[i - 1].key) starts.push_back(items[i].row);
         }
@@ -167,7 +153,7 @@ std::vector<std::uint32_t> GroupStarts(const ResultList& rows, Column column) {
     }
     std::string before;
     std::uint32_t row = 0;
-    ForEachCell(rows, column, [&](std::string_view cell) {
+    rows.ForEachCell(column, [&](std::string_view cell) {
         if (row > 0 && !text::EqualNoCase(cell, before)) starts.push_back(row);
         before = cell;
         ++row;
@@ -179,7 +165,7 @@ std::vector<std::uint32_t> GroupStarts(const ResultList& rows, Column column) {
 // numbers.
 void HighestVersionsFirst(ResultList& rows) {
     const CellTexts names = UpperCells(rows, kName);
-    std::vector<SortItem> items;
+    std::vector<RowKey> items;
     std::vector<std::uint32_t> order;
     order.reserve(rows.Count());
     for (std::size_t first = 0, behind = 0; first < rows.Count(); first = behind) {
@@ -191,8 +177,8 @@ void HighestVersionsFirst(ResultList& rows) {
             const std::uint64_t version = behind - first > 1 ? rows.VersionKey(i) : 0;
             items.push_back({version, static_cast<std::uint32_t>(i)});
         }
-        std::ranges::stable_sort(items, std::ranges::greater{}, &SortItem::key);
-        std::ranges::transform(items, std::back_inserter(order), &SortItem::row);
+        std::ranges::stable_sort(items, std::ranges::greater{}, &RowKey::key);
+        std::ranges::transform(items, std::back_inserter(order), &RowKey::row);
     }
     rows.Reorder(order);
 }
@@ -201,34 +187,57 @@ std::int64_t CountOf(const ResultList& rows) {
     return static_cast<std::int64_t>(rows.Count());
 }
 
-void Group(Session& session, Column column) {
-    auto& form = session.frmSearch;
-    if (form.chkFastSort.Value == 1) return;
-    form.lblStatus.Caption = "Grouping....";
+bool Groups(const Session& session) {
+    return session.frmSearch.chkFastSort.Value != 1;
+}
+
+// Told before the rows change, so that a window shows them once more only when they stand.
+void TellGrouping(Session& session) {
+    if (!Groups(session)) return;
+    session.frmSearch.lblStatus.Caption = "Grouping....";
     session.Repaint();
-    form.lstMain.Sorted = false;
-    ShowGroups(session, GrouplstMain(*session.rows, column));
+}
+
+void NoteGrouped(Session& session, std::int64_t groups) {
+    session.frmSearch.lstMain.Sorted = false;
+    ShowGroups(session, groups);
     BuildFileArray(session);
+}
+
+void Regroup(Session& session, Column column) {
+    if (Groups(session)) NoteGrouped(session, GrouplstMain(*session.rows, column));
+}
+
+// The rows, which have no spacers, by the list's column; and in groups, if those are wanted.
+void SortAndGroup(Session& session) {
+    ResultList& rows = *session.rows;
+    const auto& list = session.frmSearch.lstMain;
+    const RowOrder sorted =
+        OrderBy(rows, static_cast<Column>(list.SortKey.Get()), list.SortOrder, Ties::kByExactText);
+    rows.Reorder(sorted.order);
+    if (!Groups(session)) return;
+    rows.InsertSpacers(sorted.groups);
+    NoteGrouped(session, static_cast<std::int64_t>(sorted.groups.size()) + 1);
 }
 
 // What both sort commands do before and after the sort itself.
 template <class Sort>
-void RunSort(Session& session, std::string_view logText, Column groupColumn, Sort sort) {
+void RunSort(Session& session, std::string_view logText, Sort sort) {
     auto& form = session.frmSearch;
     const std::int64_t rows = CountOf(*session.rows);
     form.lblStatus.Caption = "Sorting";
     session.Repaint();
-    if (form.chkFastSort.Value != 1 && rows - session.state.lngGroups >= kProgressFromRows) {
+    if (Groups(session) && rows - session.state.lngGroups >= kProgressFromRows) {
         ShowProgress(session, "Show");
         StepProgress(session, "Removing Spacers...", 0, rows);
     }
     session::LogTimed(session, logText);
+    const auto found = static_cast<std::int64_t>(session.rows->Added().size());
+    StepProgress(session, "Sorting...", found / 2, rows);
     RemoveSpacers(*session.rows);
-    StepProgress(session, "Sorting...", CountOf(*session.rows) / 2, rows);
-    sort();
     form.lstMain.Sorted = true;
-    if (form.chkFastSort.Value == 1) ShowGroups(session, 1);
-    Group(session, groupColumn);
+    if (!Groups(session)) ShowGroups(session, 1);
+    sort();
     ShowProgress(session, "Hide");
     form.lblStatus.Caption = "";
     session.Repaint();
@@ -242,9 +251,7 @@ void ShowGroups(Session& session, std::int64_t groups) {
 }
 
 void SortRows(ResultList& rows, Column key, SortDirection direction, Ties ties) {
-    std::vector<SortItem> items;
-    rows.Reorder(NumberKeys(rows, key, items) ? OrderByNumber(std::move(items), direction)
-                                              : OrderByText(rows, key, direction, ties));
+    rows.Reorder(OrderBy(rows, key, direction, ties).order);
 }
 
 void RemoveSpacers(ResultList& rows) {
@@ -258,28 +265,26 @@ std::int64_t GrouplstMain(ResultList& rows, Column column) {
 }
 
 void ArrangeFoundRows(Session& session) {
-    const auto& list = session.frmSearch.lstMain;
-    const auto column = static_cast<Column>(list.SortKey.Get());
     // How the search ended is still to be read when the rows stand.
     const std::string status = session.frmSearch.lblStatus.Caption;
-    SortRows(*session.rows, column, list.SortOrder);
-    Group(session, column);
+    TellGrouping(session);
+    RemoveSpacers(*session.rows);
+    SortAndGroup(session);
     session.frmSearch.lblStatus.Caption = status;
 }
 
 void RearrangeRows(Session& session) {
     if (session.state.blnPlayListMode || session.rows->Count() == 0) return;
-    RemoveSpacers(*session.rows);
-    ShowGroups(session, 1);
+    if (!Groups(session)) ShowGroups(session, 1);
     ArrangeFoundRows(session);
 }
 
 void RegroupRows(Session& session) {
-    if (session.state.blnPlayListMode || session.rows->Count() == 0) return;
-    if (session.frmSearch.chkFastSort.Value == 1) return;
+    if (session.state.blnPlayListMode || session.rows->Count() == 0 || !Groups(session)) return;
     const std::string status = session.frmSearch.lblStatus.Caption;
+    TellGrouping(session);
     RemoveSpacers(*session.rows);
-    Group(session, static_cast<Column>(session.frmSearch.lstMain.SortKey.Get()));
+    Regroup(session, static_cast<Column>(session.frmSearch.lstMain.SortKey.Get()));
     session.frmSearch.lblStatus.Caption = status;
 }
 
@@ -287,7 +292,7 @@ void lstMain_ColumnClick(Session& session, Column column) {
     auto& list = session.frmSearch.lstMain;
     if (session.state.blnPlayListMode || session.state.blnSearching) return;
     const std::string header(kColumns[static_cast<std::size_t>(column)].header);
-    RunSort(session, fmt::format(" User selected to sort by column - {}", header), column, [&] {
+    RunSort(session, fmt::format(" User selected to sort by column - {}", header), [&] {
         if (list.SortKey == column) {
             list.SortOrder = list.SortOrder == SortDirection::kAscending
                                  ? SortDirection::kDescending
@@ -296,17 +301,18 @@ void lstMain_ColumnClick(Session& session, Column column) {
             list.SortKey = int{column};
             list.SortOrder = SortDirection::kAscending;
         }
-        SortRows(*session.rows, column, list.SortOrder);
+        SortAndGroup(session);
     });
 }
 
 void cmdDoVersionSort_Click(Session& session) {
     auto& list = session.frmSearch.lstMain;
-    RunSort(session, " User selected to do version sort.", kName, [&] {
+    RunSort(session, " User selected to do version sort.", [&] {
         list.SortKey = int{kName};
         list.SortOrder = SortDirection::kAscending;
         SortRows(*session.rows, kName, SortDirection::kAscending, Ties::kAsTheyStood);
         HighestVersionsFirst(*session.rows);
+        Regroup(session, kName);
     });
 }
 

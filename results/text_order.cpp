@@ -1,21 +1,18 @@
 #include "results/text_order.h"
 
+#include "results/key_order.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <span>
+#include <functional>
+#include <numeric>
 
 namespace tarvix::results {
 
 namespace {
 
 constexpr std::size_t kAtOnce = sizeof(std::uint64_t);
-
-struct TextItem {
-    std::uint64_t key;
-    std::uint32_t row;
-};
-using TextItems = std::span<TextItem>;
 
 // The first eight bytes as a number that orders like them.
 std::uint64_t FirstEight(std::string_view text) {
@@ -29,28 +26,43 @@ std::uint64_t FirstEight(std::string_view text) {
 // the next eight bytes.
 class ByTexts {
   public:
-    ByTexts(const CellTexts& upper, const CellTexts* exact, fields::SortDirection direction)
+    ByTexts(const CellTexts& upper, std::span<const std::string_view> exact,
+            fields::SortDirection direction)
         : upper_(upper), exact_(exact),
-          descending_(direction == fields::SortDirection::kDescending) {}
+          descending_(direction == fields::SortDirection::kDescending), items_(upper.Count()),
+          begins_(upper.Count()) {
+        for (std::size_t i = 0; i < items_.size(); ++i)
+            items_[i].row = static_cast<std::uint32_t>(i);
+    }
 
-    void Sort(TextItems items, std::size_t depth) const {
-        for (TextItem& item : items)
+    RowOrder Sorted() {
+        Sort(items_, 0);
+        RowOrder sorted;
+        sorted.order.reserve(items_.size());
+        for (std::size_t i = 0; i < items_.size(); ++i) {
+            sorted.order.push_back(items_[i].row);
+            if (begins_[i]) sorted.groups.push_back(static_cast<std::uint32_t>(i));
+        }
+        return sorted;
+    }
+
+  private:
+    using Items = std::span<RowKey>;
+
+    void Sort(Items items, std::size_t depth) {
+        for (RowKey& item : items)
             item.key = KeyAt(item.row, depth);
-        const auto order = [](const TextItem& a, const TextItem& b) {
-            return a.key != b.key ? a.key < b.key : a.row < b.row;
-        };
-        // A search lists much of what it finds in order.
-        if (!std::ranges::is_sorted(items, order)) std::ranges::sort(items, order);
+        SortByKey(items);
         for (std::size_t begin = 0; begin < items.size();) {
             std::size_t end = begin + 1;
             while (end < items.size() && items[end].key == items[begin].key)
                 ++end;
+            if (begin > 0) NoteGroup(items[begin]);
             if (end - begin > 1) SortEqual(items.subspan(begin, end - begin), depth + kAtOnce);
             begin = end;
         }
     }
 
-  private:
     std::uint64_t KeyAt(std::uint32_t row, std::size_t depth) const {
         const std::string_view text = upper_[row];
         const std::uint64_t key = FirstEight(text.substr(std::min(depth, text.size())));
@@ -58,42 +70,125 @@ class ByTexts {
     }
 
     // Rows whose texts are the same up to `depth`.
-    void SortEqual(TextItems items, std::size_t depth) const {
+    void SortEqual(Items items, std::size_t depth) {
         const bool goOn = std::ranges::all_of(
-            items, [&](const TextItem& item) { return upper_[item.row].size() > depth; });
-        if (goOn) {
-            Sort(items, depth);
-        } else {
-            std::ranges::sort(items, [this](const TextItem& a, const TextItem& b) {
-                const int order = Compare(a.row, b.row);
-                return order != 0 ? (order < 0) != descending_ : a.row < b.row;
-            });
+            items, [&](const RowKey& item) { return upper_[item.row].size() > depth; });
+        if (goOn) return Sort(items, depth);
+        std::ranges::sort(items, [this](const RowKey& a, const RowKey& b) {
+            const int order = Compare(a.row, b.row);
+            return order != 0 ? (order < 0) != descending_ : a.row < b.row;
+        });
+        for (std::size_t i = 1; i < items.size(); ++i) {
+            if (upper_[items[i].row] != upper_[items[i - 1].row]) NoteGroup(items[i]);
         }
     }
 
     int Compare(std::uint32_t a, std::uint32_t b) const {
         const int order = upper_[a].compare(upper_[b]);
-        return order == 0 && exact_ != nullptr ? (*exact_)[a].compare((*exact_)[b]) : order;
+        return order == 0 && !exact_.empty() ? exact_[a].compare(exact_[b]) : order;
+    }
+
+    void NoteGroup(const RowKey& first) {
+        begins_[static_cast<std::size_t>(&first - items_.data())] = true;
     }
 
     const CellTexts& upper_;
-    const CellTexts* exact_;
+    std::span<const std::string_view> exact_;
     bool descending_;
+    std::vector<RowKey> items_;
+    std::vector<bool> begins_; // a group
 };
+
+// By their hash, in a table that is never more than half full.
+class DifferentTexts {
+  public:
+    DifferentTexts(std::size_t most, std::vector<std::string_view>& texts)
+        : texts_(texts), slots_(std::bit_ceil(2 * most + 2)) {}
+
+    std::uint32_t NumberOf(std::string_view text) {
+        const std::size_t mask = slots_.size() - 1;
+        const std::size_t hash = std::hash<std::string_view>{}(text);
+        const auto rest = static_cast<std::uint32_t>(hash >> 32);
+        std::size_t at = hash & mask;
+        for (; slots_[at].next != 0; at = (at + 1) & mask) {
+            const std::uint32_t number = slots_[at].next - 1;
+            if (slots_[at].rest == rest && texts_[number] == text) return number;
+        }
+        texts_.push_back(text);
+        slots_[at] = {rest, static_cast<std::uint32_t>(texts_.size())};
+        return slots_[at].next - 1;
+    }
+
+  private:
+    struct Slot {
+        std::uint32_t rest = 0; // of the hash
+        std::uint32_t next = 0; // its number plus 1; 0 is free
+    };
+    std::vector<std::string_view>& texts_;
+    std::vector<Slot> slots_;
+};
+
+// Of each text its place among the different ones, and of each place whether a group begins there.
+struct TextRanks {
+    std::vector<std::uint32_t> ofTexts;
+    std::vector<bool> begins;
+};
+
+TextRanks RanksOf(std::span<const std::string_view> texts, fields::SortDirection direction) {
+    CellTexts upper(texts.size());
+    for (const std::string_view text : texts)
+        upper.AddUpper(text);
+    const RowOrder sorted = OrderByTexts(upper, texts, direction);
+    TextRanks ranks;
+    ranks.ofTexts.resize(texts.size());
+    auto group = sorted.groups.begin();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::uint32_t text = sorted.order[i];
+        const bool begins = group != sorted.groups.end() && *group == i;
+        if (begins) ++group;
+        if (i == 0 || texts[text] != texts[sorted.order[i - 1]]) ranks.begins.push_back(begins);
+        ranks.ofTexts[text] = static_cast<std::uint32_t>(ranks.begins.size() - 1);
+    }
+    return ranks;
+}
 
 } // namespace
 
-std::vector<std::uint32_t> OrderByTexts(const CellTexts& upper, const CellTexts* exact,
-                                        fields::SortDirection direction) {
-    std::vector<TextItem> items(upper.Count());
-    for (std::size_t i = 0; i < items.size(); ++i)
-        items[i].row = static_cast<std::uint32_t>(i);
-    ByTexts(upper, exact, direction).Sort(items, 0);
-    std::vector<std::uint32_t> order;
-    order.reserve(items.size());
-    for (const TextItem& item : items)
-        order.push_back(item.row);
-    return order;
+RowOrder OrderByTexts(const CellTexts& upper, std::span<const std::string_view> exact,
+                      fields::SortDirection direction) {
+    return ByTexts(upper, exact, direction).Sorted();
+}
+
+RowOrder OrderByClasses(std::span<const std::string_view> texts,
+                        std::span<const std::uint32_t> classes, fields::SortDirection direction) {
+    const TextRanks ranks = RanksOf(texts, direction);
+    std::vector<std::uint32_t> starts(ranks.begins.size() + 1);
+    for (const std::uint32_t number : classes)
+        ++starts[ranks.ofTexts[number] + 1];
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    RowOrder sorted;
+    bool begins = false; // since the last rank that has rows
+    for (std::size_t rank = 0; rank < ranks.begins.size(); ++rank) {
+        begins = begins || ranks.begins[rank];
+        if (starts[rank] == starts[rank + 1]) continue;
+        if (begins && starts[rank] > 0) sorted.groups.push_back(starts[rank]);
+        begins = false;
+    }
+    sorted.order.resize(classes.size());
+    for (std::uint32_t row = 0; row < classes.size(); ++row)
+        sorted.order[starts[ranks.ofTexts[classes[row]]]++] = row;
+    return sorted;
+}
+
+bool FindDifferentTexts(std::span<const std::string_view> all, std::size_t most,
+                        std::vector<std::string_view>& texts, std::vector<std::uint32_t>& classes) {
+    DifferentTexts known(most + 1, texts);
+    classes.reserve(all.size());
+    for (const std::string_view text : all) {
+        classes.push_back(known.NumberOf(text));
+        if (texts.size() > most) return false;
+    }
+    return true;
 }
 
 } // namespace tarvix::results

@@ -111,11 +111,20 @@ std::string_view FindRankForm(std::string_view name) {
 
 std::string AssignYearRank(std::string_view name, std::string_view folder, int intMaxYear,
                            YearRankForms forms) {
-    std::string value(NameForm(name, forms));
-    if (value.empty()) value = ExtractYearRank(name, intMaxYear);
-    if (value.empty()) value = ExtractYearRank(folder, intMaxYear);
-    if (!IsShown(value, intMaxYear)) value.clear();
-    return value;
+    return std::string(YearRanks(intMaxYear, 1).Of(name, 0, folder, forms));
+}
+
+std::string_view YearRanks::Of(std::string_view name, std::size_t number, std::string_view folder,
+                               YearRankForms forms) {
+    ofName_ = NameForm(name, forms);
+    if (ofName_.empty()) ofName_ = ExtractYearRank(name, intMaxYear_);
+    if (!ofName_.empty()) return IsShown(ofName_, intMaxYear_) ? ofName_ : std::string_view();
+    std::optional<std::string>& known = ofFolders_[number];
+    if (!known) {
+        known = ExtractYearRank(folder, intMaxYear_);
+        if (!IsShown(*known, intMaxYear_)) known->clear();
+    }
+    return *known;
 }
 
 } // namespace tarvix::results

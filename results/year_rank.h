@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The year of an object, with a month or a rank where there is one, as its name tells it. Texts are
 // UTF-8. `intMaxYear` is the first year that is too late to be plausible.
@@ -25,5 +28,20 @@ std::string_view FindRankForm(std::string_view name);
 // when it shows nothing.
 std::string AssignYearRank(std::string_view name, std::string_view folder, int intMaxYear,
                            YearRankForms forms = YearRankForms::kSearch);
+
+// The same for many objects: what the path of a folder tells is worked out once.
+class YearRanks {
+  public:
+    // Folders have numbers below `folders`.
+    YearRanks(int intMaxYear, std::size_t folders) : intMaxYear_(intMaxYear), ofFolders_(folders) {}
+    // Stands until the next call.
+    std::string_view Of(std::string_view name, std::size_t number, std::string_view folder,
+                        YearRankForms forms);
+
+  private:
+    int intMaxYear_;
+    std::string ofName_;
+    std::vector<std::optional<std::string>> ofFolders_;
+};
 
 } // namespace tarvix::results

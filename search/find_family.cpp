@@ -83,6 +83,8 @@ const results::RowFolder* FindFamily::RowFolderOf(std::size_t index) {
     }
     folder.searchPrefix = static_cast<std::uint32_t>(location_.size() + 1);
     folder.searchFolderIndex = intFolderIndex_;
+    folder.filesInFolder = list_.At(index).intFilesInFolder;
+    folder.foldersInFolder = list_.At(index).intFoldersInFolder;
     rowFolder_ = session_.rows->AddFolder(std::move(folder));
     rowFolderIndex_ = index;
     return rowFolder_;
@@ -206,7 +208,12 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
         session_.Yield();
         TX_TRY(Test());
     }
+    if (IsLastString()) list_.DropFactsTo(index);
     return {};
+}
+
+bool FindFamily::IsLastString() const {
+    return source_.intSearchForIndex == static_cast<int>(request_.strings.strings.size());
 }
 
 // What the folder's visit found, if it was visited with facts.
@@ -214,7 +221,7 @@ std::optional<platform::ObjectFacts> FindFamily::VisitFacts(std::size_t index,
                                                             std::size_t next) const {
     if (!readsFacts_) return platform::ObjectFacts{};
     if (factsAt_.empty()) return std::nullopt;
-    const platform::BriefFacts& facts = list_.At(index).visit.facts[factsAt_[next]];
+    const platform::BriefFacts& facts = list_.FactsOf(index, factsAt_[next]);
     return facts.isKnown ? std::optional(platform::Whole(facts)) : std::nullopt;
 }
 
@@ -223,7 +230,7 @@ void FindFamily::FindCandidates(std::size_t index) {
     const bool isSingle = folder.isVisited && request_.strings.strings.size() == 1;
     found_ = isSingle ? folder.visit.wanted : MatchingNames(list_, *match_, index);
     factsAt_.clear();
-    if (folder.visit.facts.empty()) return;
+    if (!folder.hasFacts) return;
     std::uint32_t place = 0;
     for (const std::uint32_t at : found_) {
         while (folder.visit.wanted[place] != at)
@@ -263,8 +270,6 @@ WalkEnd FindFamily::WalkFolder(std::size_t index, Folders which) {
                                 {.name = name,
                                  .date = tested.seconds,
                                  .attributes = facts->attributes,
-                                 .filesInFolder = folder.intFilesInFolder,
-                                 .foldersInFolder = folder.intFoldersInFolder,
                                  .identity = facts->identity,
                                  .wasEmpty = which == Folders::kEmpty,
                                  .isNameAlone = !readsFacts_});

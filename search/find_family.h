@@ -29,7 +29,8 @@ class FindFamily {
 
     // A new location, which is the `intFolderIndex`-th of the request, from 1.
     void SetLocation(std::string_view folder, int intFolderIndex);
-    // A new search string of that location, and what its rows share.
+    // A new search string of that location, and what its rows share. Before the last one each walk
+    // leaves the list as it is.
     void SetString(std::string_view searchString, results::RowSource source);
 
     // The location itself, once.
@@ -68,6 +69,7 @@ class FindFamily {
     bool TryLink(std::size_t index, std::string_view name,
                  std::optional<results::LinkCells>& links);
     bool IsEmptyFolder(std::size_t index);
+    bool IsLastString() const;
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
     void MakeRoom(std::size_t i);

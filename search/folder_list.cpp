@@ -24,7 +24,7 @@ constexpr std::int64_t kListingLasts = 500'000'000; // nanoseconds
 
 void FolderList::Erase() {
     folders_.clear();
-    folders_.shrink_to_fit();
+    facts_.Clear();
     isBuilt_ = false;
 }
 
@@ -106,6 +106,11 @@ void FolderList::BuildSecond() {
     }
 }
 
+void FolderList::DropFactsTo(std::size_t index) {
+    const CrawlFolder& folder = folders_[index];
+    if (folder.hasFacts) facts_.DropBefore(folder.firstFacts + folder.visit.wanted.size());
+}
+
 const platform::FolderListing& FolderList::NamesOf(std::size_t index) {
     static const platform::FolderListing kNone;
     CrawlFolder& folder = folders_[index];
@@ -177,6 +182,8 @@ FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
 // The visit that was ordered for a folder, if it could be read.
 bool FolderList::TakeAhead(CrawlFolder& folder) {
     folder.isVisited = ahead_->TakeVisit(folder.visit) && folder.visit.names;
+    folder.hasFacts = !folder.visit.facts.empty();
+    folder.firstFacts = facts_.Add(std::exchange(folder.visit.facts, {}));
     return folder.isVisited;
 }
 

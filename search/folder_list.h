@@ -4,10 +4,12 @@
 #include "platform/folder_visit.h"
 #include "platform/read_ahead.h"
 #include "results/counters.h"
+#include "search/facts_pool.h"
 #include "search/search_request.h"
 #include "session/paths/shown_folders.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,8 +29,10 @@ struct CrawlFolder {
     std::uint32_t intFilesInFolder = 0;
     std::uint32_t intFoldersInFolder = 0;
     // Its names, null where it couldn't be read; and if it was visited for the search strings, the
-    // files that fit one of them, with their facts where those are wanted.
+    // files that fit one of them. Their facts, where those are wanted, lie in the list's pool.
     platform::FolderVisit visit;
+    std::size_t firstFacts = 0;
+    bool hasFacts = false;
     bool isVisited = false;
     bool isListed = false;  // its names were read, or couldn't be
     bool isWalkable = true; // false for links and mounts that a crawl doesn't enter
@@ -76,6 +80,12 @@ class FolderList {
     const platform::FolderListing& NamesOf(std::size_t index);
     // Whether a folder can be read now and holds neither files nor folders.
     bool HasNothing(std::size_t index);
+    // What the visit of a folder found of the file that is the `place`-th of those that fit.
+    const platform::BriefFacts& FactsOf(std::size_t index, std::size_t place) const {
+        return facts_.At(folders_[index].firstFacts + place);
+    }
+    // Nobody asks for the facts of files up to this folder any more.
+    void DropFactsTo(std::size_t index);
 
   private:
     void ShowReading(std::string_view folder);
@@ -100,7 +110,8 @@ class FolderList {
     session::ShownFolders shown_{session_};
     results::Counters& counters_;
     const SearchRequest& request_;
-    std::vector<CrawlFolder> folders_;
+    std::deque<CrawlFolder> folders_;
+    FactsPool facts_;
     platform::VisitWish wish_;
     // What was listed by itself last, and when; null for none.
     std::shared_ptr<const platform::FolderListing> lastListed_;

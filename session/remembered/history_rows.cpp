@@ -6,6 +6,8 @@
 #include "text/list_marks.h"
 #include "text/numbers.h"
 
+#include <algorithm>
+
 namespace tarvix::session {
 
 HistoryRows::HistoryRows(fields::ComboBox& box, std::vector<text::DateTime>& stamps,
@@ -23,10 +25,21 @@ const std::string& HistoryRows::Text(std::size_t row) const {
 }
 
 std::optional<std::size_t> HistoryRows::Find(std::string_view text) const {
-    for (std::size_t row = 0; row < Count(); ++row) {
+    for (std::size_t row = 0; row < std::min(first_, Count()); ++row) {
         if (text::EqualNoCase(Text(row), text)) return row;
     }
-    return std::nullopt;
+    const std::size_t row = FirstFrom(text, 0);
+    return row < Count() && text::EqualNoCase(Text(row), text) ? std::optional(row) : std::nullopt;
+}
+
+// The first history row whose text compares with this one so or above.
+std::size_t HistoryRows::FirstFrom(std::string_view text, int order) const {
+    const auto& items = box_.Items();
+    const auto begin = items.begin() + static_cast<std::ptrdiff_t>(std::min(first_, Count()));
+    const auto found = std::partition_point(begin, items.end(), [&](const auto& item) {
+        return text::CompareNoCase(item.text, text) < order;
+    });
+    return static_cast<std::size_t>(found - items.begin());
 }
 
 std::optional<std::size_t> HistoryRows::Oldest() const {
@@ -42,10 +55,7 @@ void HistoryRows::Add(std::string_view text, const text::DateTime& stamp) {
     if (Count() >= bound_) {
         if (const auto oldest = Oldest()) Remove(*oldest);
     }
-    std::size_t row = first_;
-    while (row < Count() && text::CompareNoCase(Text(row), text) <= 0) {
-        ++row;
-    }
+    const std::size_t row = FirstFrom(text, 1);
     box_.InsertItem(row, std::string(text));
     stamps_.insert(stamps_.begin() + static_cast<std::ptrdiff_t>(row), stamp);
 }

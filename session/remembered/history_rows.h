@@ -46,6 +46,8 @@ class HistoryRows {
     std::size_t SetFixed(const std::vector<std::string>& texts);
 
   private:
+    std::size_t FirstFrom(std::string_view text, int order) const;
+
     fields::ComboBox& box_;
     std::vector<text::DateTime>& stamps_;
     std::size_t first_;

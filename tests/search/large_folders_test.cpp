@@ -77,6 +77,27 @@ TEST_F(LargeFolders, CountsAtTheEdgesOfAPortion) {
     }
 }
 
+// What one string is done with the next ones still ask for.
+TEST_F(LargeFolders, EveryStringHasTheFactsOfItsFilesInManyFolders) {
+    constexpr int kFolders = 9;
+    for (int folder = 0; folder < kFolders; ++folder)
+        AddFiles("C:\\t\\" + std::to_string(folder), 1000);
+    Start();
+    Set(Form().chkFastSort, "1");
+    Click(Form().chkIncludeSubFolders);
+    Search("*.even|*.odd|*9.*", "C:\\t");
+    std::vector<std::size_t> found(1000);
+    for (std::size_t i = 0; i < program.Rows().Count(); ++i) {
+        const results::ResultRow& row = program.Rows().At(i);
+        const int number = std::stoi(std::string(row.name.substr(1, 5)));
+        ASSERT_EQ(row.name, NameOf(number));
+        ASSERT_EQ(row.size, SizeOf(number)) << row.name;
+        ASSERT_EQ(row.date, text::ToSeconds(DateOf(number))) << row.name;
+        ++found[static_cast<std::size_t>(number)];
+    }
+    EXPECT_THAT(found, ::testing::Each(kFolders));
+}
+
 TEST_F(LargeFolders, OnlySomeOfTheNamesMatch) {
     AddFiles("C:\\t", 3000);
     Start();

@@ -348,6 +348,20 @@ void FolderStore::NoteMade(std::string_view native) {
     Add(slash == 0 ? "/" : native.substr(0, slash), native.substr(slash + 1));
 }
 
+// As long as what this process puts there is told. To all who look at the folder it isn't known.
+void FolderStore::NoteFolderMade(std::string_view native) {
+    NoteMade(native);
+    const std::scoped_lock lock(mutex_);
+    Folder& folder = At(native).second;
+    folder.device = folder.inode = 0;
+    folder.names.emplace();
+    folder.hasOwnChange = folder.isFresh = true;
+    folder.isCurrent = false;
+    folder.readAt = folder.usedAt;
+    folder.readCost = 0;
+    folder.checkedAt = folder.usedAt - kBelieved - 1;
+}
+
 void FolderStore::NoteAdded(std::string_view folder, std::string_view nativeName) {
     const std::scoped_lock lock(mutex_);
     Add(folder, nativeName);

@@ -4,6 +4,7 @@
 #include "platform/linux/name_table.h"
 #include "platform/linux/system_calls.h"
 #include "text/by_text.h"
+#include "text/last_found.h"
 
 #include <atomic>
 #include <cstdint>
@@ -169,10 +170,12 @@ class FolderStore {
     mutable std::mutex mutex_;
     std::atomic<int> depth_ = 0;
     text::ByText<Folder> folders_; // by native path
+    text::LastFound<Folder> lastFolders_;
     std::vector<Entry*> held_;
     std::vector<TrueFolder> trueFolders_;      // the last used at the end
     std::shared_ptr<const DriveTable> drives_; // of the ways
     text::ByText<Way> ways_;
+    text::LastFound<Way> lastWays_;
     std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
     StoreCounts counts_;
     std::atomic<std::uint64_t> resolved_ = 0;

@@ -24,7 +24,7 @@ constexpr auto kIsReserved = [] {
     return table;
 }();
 
-enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2, kControl = 4 };
+enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2 };
 
 constexpr auto kKindOfByte = [] {
     std::array<std::uint8_t, 256> table{};
@@ -32,8 +32,6 @@ constexpr auto kKindOfByte = [] {
         table[byte] = kIsReserved[byte] || byte == 0 || byte == '/' ? kForbidden : 0;
     for (std::size_t byte = kIsReserved.size(); byte < table.size(); ++byte)
         table[byte] = kBeyondAscii;
-    for (std::size_t byte = 0; byte < ' '; ++byte)
-        table[byte] |= kControl;
     return table;
 }();
 
@@ -106,11 +104,18 @@ bool IsDots(std::string_view driveName) {
     return native == "." || native == "..";
 }
 
-// Whether no byte is a control character and none is no text.
+// Whether no byte is a control character and none is no text. Whole paths are asked for, so that it
+// pays to look at many bytes at once, as this loop lets the compiler do.
 bool IsShownAsItIs(std::string_view native) {
-    const unsigned kinds = KindsIn(native);
-    if ((kinds & kControl) != 0) return false;
-    return (kinds & kBeyondAscii) == 0 || text::IsValidUtf8(native);
+    unsigned char bits = 0;
+    unsigned char isControl = 0;
+    for (const char c : native) {
+        const auto byte = static_cast<unsigned char>(c);
+        bits |= byte;
+        isControl |= static_cast<unsigned char>(byte < ' ');
+    }
+    if (isControl != 0) return false;
+    return bits < 0x80 || text::IsValidUtf8(native);
 }
 
 void AppendAllShown(std::string& out, std::string_view native) {

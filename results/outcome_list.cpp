@@ -69,18 +69,22 @@ void OutcomeList::Begin(std::string_view action) {
     action_ = action;
 }
 
+std::uint32_t OutcomeList::KeepFolder(std::string_view folder) {
+    for (const std::uint32_t last : lastFolders_) {
+        if (last != 0 && folders_[last - 1] == folder) return last;
+    }
+    const auto next = static_cast<std::uint32_t>(folders_.size() + 1);
+    const auto [found, isNew] = folderNumbers_.try_emplace(std::string(folder), next);
+    if (isNew) folders_.emplace_back(folder);
+    lastFolders_ = {found->second, lastFolders_[0]};
+    return found->second;
+}
+
 OutcomeList::Path OutcomeList::Keep(std::string_view path) {
     if (path.empty()) return {};
     const std::size_t slash = path.rfind('\\');
     const std::size_t split = slash == path.npos ? 0 : slash + 1;
-    const std::string_view folder = path.substr(0, split);
-    if (lastFolder_ == 0 || folders_[lastFolder_ - 1] != folder) {
-        const auto next = static_cast<std::uint32_t>(folders_.size() + 1);
-        const auto [found, isNew] = folderNumbers_.try_emplace(std::string(folder), next);
-        if (isNew) folders_.emplace_back(folder);
-        lastFolder_ = found->second;
-    }
-    const Path kept{lastFolder_, static_cast<std::uint32_t>(names_.size()),
+    const Path kept{KeepFolder(path.substr(0, split)), static_cast<std::uint32_t>(names_.size()),
                     static_cast<std::uint32_t>(path.size() - split)};
     names_ += path.substr(split);
     return kept;

@@ -121,6 +121,7 @@ class OutcomeList {
     };
 
     Path Keep(std::string_view path);
+    std::uint32_t KeepFolder(std::string_view folder); // gives its number + 1
     std::string TextOf(const Path& path) const;
     std::uint32_t KeepFailure(const SettledObject& object);
     std::string Follow(std::string path, std::int64_t after) const;
@@ -130,7 +131,7 @@ class OutcomeList {
     std::array<std::int64_t, kOutcomeMarks> counts_{};
     std::vector<std::string> folders_;
     std::unordered_map<std::string, std::uint32_t> folderNumbers_;
-    std::uint32_t lastFolder_ = 0; // number + 1
+    std::array<std::uint32_t, 2> lastFolders_{}; // number + 1: mostly of a source and its place
     std::string names_;
     std::vector<Failure> failures_;
     std::unordered_map<std::string, std::uint32_t> failureNumbers_; // by error and sentence

@@ -88,9 +88,12 @@ std::string Concat(std::initializer_list<std::string_view> parts) {
     for (const std::string_view part : parts)
         size += part.size();
     std::string out;
-    out.reserve(size);
-    for (const std::string_view part : parts)
-        out += part;
+    // The room that is offered may be larger than was asked for.
+    out.resize_and_overwrite(size, [parts, size](char* to, std::size_t) {
+        for (const std::string_view part : parts)
+            to += part.copy(to, part.size());
+        return size;
+    });
     return out;
 }
 

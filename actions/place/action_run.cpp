@@ -11,7 +11,8 @@ ActionRun::ActionRun(session::Session& session, const ActionRequest& actionReque
       observer([&session](const platform::CopyProgress&) {
           session.Yield();
           return !session.state.blnStopNow;
-      }) {
+      }),
+      shownSources(session), shownPlaces(session) {
     for (const platform::DriveInfo& drive : session.files().Drives()) {
         if (drive.type == platform::DriveType::kCdRom) strCDDrives.push_back(drive.path);
     }

@@ -3,6 +3,7 @@
 #include "actions/place/action_request.h"
 #include "actions/place/left_parts.h"
 #include "platform/file_system.h"
+#include "session/paths/shown_folders.h"
 
 #include <cstdint>
 #include <string>
@@ -68,6 +69,9 @@ struct ActionRun {
     // Folders that were made to find out about the request, the topmost first; those that still
     // stand here at the end of OK came to nothing.
     std::vector<std::string> madeFolders = {};
+    // Sources and places as people read them, where one follows another.
+    session::ShownFolders shownSources;
+    session::ShownFolders shownPlaces;
 };
 
 } // namespace tarvix::actions

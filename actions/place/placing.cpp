@@ -107,8 +107,8 @@ bool Placing::FinishDestination() {
 
 void Placing::ShowStatus() {
     const Words& words = kWords[static_cast<std::size_t>(verb_)];
-    shownSource_ = session_.Shown(object_.path);
-    shownPlace_ = session_.Shown(destination_);
+    shownSource_ = run_.shownSources.Of(object_.path);
+    shownPlace_ = run_.shownPlaces.Of(destination_);
     session_.frmDialog.lblStatus.Caption =
         text::Concat({words.doing, shownSource_, words.as, shownPlace_});
     session_.Yield();

@@ -82,6 +82,8 @@ class Renaming {
     std::string ReplaceInText(const std::string& text, std::size_t hit) const;
 
     std::string NewPath(const Renamed& object, std::string_view text) const;
+    static bool IsPlain(const Renamed& object, std::string_view path);
+    void ShowRenaming(const Renamed& object, std::string_view path);
     bool CanUse(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
     enum class Moved { kYes, kNo, kTaken };
@@ -229,10 +231,11 @@ void Renaming::Insert(Renamed& object) {
     object.isTried = true;
     std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
                                                           : text::Concat({add, object.text}));
-    session_.frmDialog.lblStatus.Caption =
-        text::Concat({"Renaming ", session_.Shown(object.old), "  as  ", session_.Shown(path)});
+    const bool isPlain = IsPlain(object, path);
+    if (!isPlain) ShowRenaming(object, path);
     if (!CanUse(object, path)) return;
     const platform::Standing standing = platform::WhatStands(session_.files(), path);
+    if (isPlain && !standing.IsFree()) ShowRenaming(object, path);
     if (!standing.IsFree() || Move(object, standing.place) == Moved::kTaken) {
         TellTaken(object, path);
     }
@@ -313,6 +316,17 @@ std::string Renaming::NewPath(const Renamed& object, std::string_view text) cons
                                  ? text::Concat({object.parts.strPrefix, ".", text})
                                  : std::string(text);
     return text::Concat({object.parent, text::Trim(name)});
+}
+
+// Nothing is told of it before it is placed, which shows the same.
+bool Renaming::IsPlain(const Renamed& object, std::string_view path) {
+    return path.size() <= session::kLongPath &&
+           platform::CanBeName(path.substr(object.parent.size()));
+}
+
+void Renaming::ShowRenaming(const Renamed& object, std::string_view path) {
+    session_.frmDialog.lblStatus.Caption = text::Concat(
+        {"Renaming ", run_.shownSources.Of(object.old), "  as  ", run_.shownPlaces.Of(path)});
 }
 
 // Whether it makes a name and the path isn't too long, or could be shortened.

@@ -58,8 +58,8 @@ FolderStore::FindWay(const std::shared_ptr<const DriveTable>& drives, std::strin
                      std::size_t room) {
     const std::scoped_lock lock(mutex_);
     if (drives != drives_) return std::nullopt;
-    const auto found = ways_.find(folder);
-    if (found == ways_.end()) return std::nullopt;
+    const auto* const found = lastWays_.In(ways_, folder);
+    if (found == nullptr) return std::nullopt;
     const Way& known = found->second;
     Way way{known.root, {}, known.baseEnd};
     way.native.reserve(known.native.size() + room);
@@ -70,7 +70,10 @@ FolderStore::FindWay(const std::shared_ptr<const DriveTable>& drives, std::strin
 void FolderStore::NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
                           Way way) {
     const std::scoped_lock lock(mutex_);
-    if (drives_ != drives || ways_.size() >= kMostWays) ways_.clear();
+    if (drives_ != drives || ways_.size() >= kMostWays) {
+        lastWays_.Forget();
+        ways_.clear();
+    }
     drives_ = drives;
     ways_.insert_or_assign(std::string(folder), std::move(way));
 }
@@ -78,18 +81,18 @@ void FolderStore::NoteWay(const std::shared_ptr<const DriveTable>& drives, std::
 // ---- one folder ----
 
 FolderStore::Entry& FolderStore::At(std::string_view path) {
-    auto found = folders_.find(path);
-    if (found == folders_.end()) {
+    Entry* entry = lastFolders_.In(folders_, path);
+    if (entry == nullptr) {
         MakeRoom();
-        found = folders_.try_emplace(std::string(path)).first;
+        entry = &*folders_.try_emplace(std::string(path)).first;
     }
-    found->second.usedAt = clock_.tick();
-    return *found;
+    entry->second.usedAt = clock_.tick();
+    return *entry;
 }
 
 FolderStore::Folder* FolderStore::WithNames(std::string_view path) {
-    const auto found = folders_.find(path);
-    return found == folders_.end() || !found->second.names ? nullptr : &found->second;
+    Entry* const found = lastFolders_.In(folders_, path);
+    return found == nullptr || !found->second.names ? nullptr : &found->second;
 }
 
 // Another folder at the same path shares nothing with the one that was there.
@@ -131,6 +134,7 @@ void FolderStore::MakeRoom() {
     const auto middle = used.begin() + static_cast<std::ptrdiff_t>(used.size() / 2);
     std::nth_element(used.begin(), middle, used.end());
     LetGo();
+    lastFolders_.Forget();
     std::erase_if(folders_,
                   [last = *middle](const auto& entry) { return entry.second.usedAt <= last; });
     names_ = 0;
@@ -346,6 +350,20 @@ void FolderStore::NoteMade(std::string_view native) {
     LetGoBelow(native);
     const std::size_t slash = native.rfind('/');
     Add(slash == 0 ? "/" : native.substr(0, slash), native.substr(slash + 1));
+}
+
+// As long as what this process puts there is told. To all who look at the folder it isn't known.
+void FolderStore::NoteFolderMade(std::string_view native) {
+    NoteMade(native);
+    const std::scoped_lock lock(mutex_);
+    Folder& folder = At(native).second;
+    folder.device = folder.inode = 0;
+    folder.names.emplace();
+    folder.hasOwnChange = folder.isFresh = true;
+    folder.isCurrent = false;
+    folder.readAt = folder.usedAt;
+    folder.readCost = 0;
+    folder.checkedAt = folder.usedAt - kBelieved - 1;
 }
 
 void FolderStore::NoteAdded(std::string_view folder, std::string_view nativeName) {

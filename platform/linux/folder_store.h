@@ -4,6 +4,7 @@
 #include "platform/linux/name_table.h"
 #include "platform/linux/system_calls.h"
 #include "text/by_text.h"
+#include "text/last_found.h"
 
 #include <atomic>
 #include <cstdint>
@@ -50,7 +51,8 @@ struct StoreCounts {
 //   descriptors   walks from "/" on, three for an object copied or moved; a call to open the
 //                 target's folder and one to close it for a file that wasn't copied ahead
 //   true folders  walks from the search location on, three for an object that was seen by a search
-//   names         two looks at the target and one at its folder, since it is known to be free
+//   names         two looks at the target and one at its folder, since it is known to be free; and
+//                 all reading of a folder that was made here
 class FolderStore {
   public:
     static constexpr std::int64_t kBelieved = 5'000'000; // nanoseconds
@@ -103,6 +105,8 @@ class FolderStore {
 
     // An object was made, where others may have taken a folder away.
     void NoteMade(std::string_view native);
+    // The same for a folder, which is empty but for what others put there since.
+    void NoteFolderMade(std::string_view native);
     void NoteAdded(std::string_view folder, std::string_view nativeName);
     void NoteRemoved(std::string_view folder, std::string_view nativeName);
     void NoteRenamed(std::string_view folder, std::string_view from, std::string_view to);
@@ -166,10 +170,12 @@ class FolderStore {
     mutable std::mutex mutex_;
     std::atomic<int> depth_ = 0;
     text::ByText<Folder> folders_; // by native path
+    text::LastFound<Folder> lastFolders_;
     std::vector<Entry*> held_;
     std::vector<TrueFolder> trueFolders_;      // the last used at the end
     std::shared_ptr<const DriveTable> drives_; // of the ways
     text::ByText<Way> ways_;
+    text::LastFound<Way> lastWays_;
     std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
     StoreCounts counts_;
     std::atomic<std::uint64_t> resolved_ = 0;

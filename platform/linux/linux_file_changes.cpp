@@ -145,7 +145,8 @@ Result<void> LinuxFileSystem::CreateFolder(std::string_view path) {
         if (errno == ENOENT) return FailureBy(kPathNotFound, path);
         return FailureOf(errno, path);
     }
-    NoteMade(place);
+    NoteChanged();
+    store_.NoteFolderMade(place.native);
     return {};
 }
 

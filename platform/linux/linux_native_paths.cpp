@@ -73,8 +73,8 @@ std::string LinuxNativePaths::FromKnown(const Table& drives, std::string_view fo
     std::string out;
     const std::scoped_lock lock(mutex_);
     if (drives_ != drives) return out;
-    const auto known = folders_.find(folder);
-    if (known == folders_.end()) return out;
+    const auto* const known = lastFolders_.In(folders_, folder);
+    if (known == nullptr) return out;
     out.reserve(known->second.size() + 1 + name.size());
     out += known->second;
     out += '/';
@@ -85,7 +85,10 @@ std::string LinuxNativePaths::FromKnown(const Table& drives, std::string_view fo
 void LinuxNativePaths::Note(const Table& drives, std::string_view folder,
                             std::string_view native) const {
     const std::scoped_lock lock(mutex_);
-    if (drives_ != drives || folders_.size() >= kMostFolders) folders_.clear();
+    if (drives_ != drives || folders_.size() >= kMostFolders) {
+        lastFolders_.Forget();
+        folders_.clear();
+    }
     drives_ = drives;
     folders_.insert_or_assign(std::string(folder), std::string(native));
 }

@@ -4,6 +4,7 @@
 #include "platform/linux/name_table.h"
 #include "platform/native_paths.h"
 #include "text/by_text.h"
+#include "text/last_found.h"
 
 #include <memory>
 #include <mutex>
@@ -34,6 +35,7 @@ class LinuxNativePaths : public NativePaths {
     mutable std::mutex mutex_;
     mutable Table drives_;                      // of what is known
     mutable text::ByText<std::string> folders_; // native paths of folders by drive path, "" for "/"
+    mutable text::LastFound<std::string> lastFolders_;
 };
 
 // An absolute native path without "." and "..", doubled and final "/", by its text alone.

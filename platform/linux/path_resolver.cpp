@@ -209,10 +209,20 @@ Result<Resolved> PathResolver::Loosely(Resolved exact, std::string_view path) co
     return exact;
 }
 
+// Where its folder is missing, that around it mostly isn't.
+std::size_t PathResolver::StandingLength(const std::string& native, std::size_t baseEnd) const {
+    std::size_t end = NameStart(native) - 1;
+    while (end > baseEnd) {
+        end = native.rfind('/', end - 1);
+        if (end > baseEnd && store_.Stat(native.substr(0, end))) return end;
+    }
+    return baseEnd;
+}
+
 Result<Resolved> PathResolver::ByWalk(Resolved place, std::string_view path) const {
     const std::string wanted = std::move(place.native);
-    place.native = wanted.substr(0, place.baseEnd);
-    std::size_t begin = place.baseEnd;
+    std::size_t begin = StandingLength(wanted, place.baseEnd);
+    place.native = wanted.substr(0, begin);
     while (begin < wanted.size()) {
         const std::size_t end = std::min(wanted.find('/', begin + 1), wanted.size());
         const std::string name = wanted.substr(begin + 1, end - begin - 1);

@@ -76,6 +76,9 @@ class PathResolver {
                                   std::string_view path) const;
     void NoteWay(const Resolved& place, std::string_view path) const;
     Sys<std::optional<Found>> FindIn(std::string_view folder, const std::string& wanted) const;
+    // How much of a native path is the way to an object around its folder that stands there as it
+    // is spelled; all before it does, too.
+    std::size_t StandingLength(const std::string& native, std::size_t baseEnd) const;
     Result<Resolved> Loosely(Resolved exact, std::string_view path) const;
     Result<Resolved> ByWalk(Resolved place, std::string_view path) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -7,20 +8,20 @@ namespace tarvix::session {
 
 struct Session;
 
-// Folders as people see them, cheap for many of one parent in a row.
+// Objects as people see them, cheap for many of one parent in a row.
 class ShownFolders {
   public:
     explicit ShownFolders(const Session& session) : session_(session) {}
 
     // As Session::Shown has it, for a full drive path.
-    std::string Of(std::string_view folder);
+    std::string Of(std::string_view path);
 
   private:
-    const std::string& ShownParent(std::string_view parent);
+    std::string_view ShownParent(std::string_view parent);
 
     const Session& session_;
-    std::string parent_;
-    std::string shownParent_; // empty where only the whole path tells
+    std::string parent_;                     // of the last
+    std::optional<std::string> shownParent_; // empty where only the whole path tells
 };
 
 } // namespace tarvix::session

@@ -129,6 +129,20 @@ TEST_F(RenameOnlyTest, AnInsertedNameThatIsTakenIsToldAndSkipped) {
     EXPECT_FALSE(end.blnStopped);
 }
 
+TEST_F(RenameOnlyTest, TheStatusTellsOfTheNameInHandWhetherItIsFreeTakenOrNone) {
+    const auto status = [this] { return Form().lblStatus.Caption.Get(); };
+    AddFile("C:\\t\\a.txt");
+    Insert("x", true, kPrefix);
+    EXPECT_EQ(status(), "Renaming C:\\t\\a.txt  as  C:\\t\\ax.txt");
+    selection = {};
+    AddFile("C:\\t\\b.txt");
+    Disk().AddFile("C:\\t\\bx.txt", "old");
+    Insert("x", true, kPrefix);
+    EXPECT_EQ(status(), "Renaming C:\\t\\b.txt  as  C:\\t\\bx.txt");
+    Insert("?", true, kPrefix);
+    EXPECT_EQ(status(), "Renaming C:\\t\\b.txt  as  C:\\t\\b?.txt");
+}
+
 TEST_F(RenameOnlyTest, AnInsertedNameThatIsTakenIsOnlyLoggedInAutomaticMode) {
     session.state.options.blnAutoMode = true;
     AddFolder("C:\\t\\a");

@@ -246,6 +246,36 @@ TEST_F(LinuxStoreCounts, NamesOfAFolderThatWeFillAreReadAgainAfterASecond) {
     EXPECT_EQ(world.files.Counts().read, read + 1);
 }
 
+TEST_F(LinuxStoreCounts, AFolderThatWasMadeHereIsKnownToBeEmptyForASecond) {
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    const std::uint64_t read = world.files.Counts().read;
+    const std::uint64_t looks = CallsOfThread().looks;
+    EXPECT_TRUE(world.files.KnownFree("T:\\new\\a"));
+    world.now += 900 * kMillisecond;
+    EXPECT_TRUE(world.files.KnownFree("T:\\new\\b"));
+    EXPECT_EQ(CallsOfThread().looks, looks);
+    world.MakeFile("new/b", "theirs");
+    world.now += 200 * kMillisecond;
+    EXPECT_FALSE(world.files.KnownFree("T:\\new\\B"));
+    EXPECT_EQ(world.files.Counts().read, read + 1);
+}
+
+TEST_F(LinuxStoreCounts, AMissingFolderIsFoundOutFromTheFolderAroundIt) {
+    const auto looksAt = [this](std::string_view path) {
+        const std::uint64_t before = CallsOfThread().looks;
+        EXPECT_EQ(NumberOf(world.files.Facts(path)), kPathNotFound);
+        return CallsOfThread().looks - before;
+    };
+    world.MakeFolder("1/2/3/4/5/6");
+    const std::uint64_t shallow = looksAt("T:\\1\\none\\x");
+    EXPECT_EQ(looksAt("T:\\1\\2\\3\\4\\5\\6\\none\\x"), shallow);
+    world.MakeFile("1/2/3/4/5/File", "content");
+    EXPECT_EQ(NumberOf(world.files.Facts("T:\\1\\2\\3\\4\\5\\file")), 0);
+    world.MakeFile("1/2/3/4/5/6/Last", "content");
+    fs::rename(world.Native("1/2/3"), world.Native("1/2/Three"));
+    EXPECT_EQ(NumberOf(world.files.Facts("T:\\1\\2\\THREE\\4\\5\\6\\last")), 0);
+}
+
 TEST_F(LinuxStoreCounts, ALookThatIsTooOldIsTakenAnew) {
     const ManyChanges many(world.files);
     Count(true);
@@ -317,6 +347,24 @@ TEST(LinuxStore, ANameThatOthersTookAwayWhileAFolderIsFilledIsNotGivenToACopy) {
     fs::rename(world.Native("f/bar.txt"), world.Native("f/Baz.txt"));
     ASSERT_EQ(NumberOf(world.files.MoveFile("T:\\f\\first", "T:\\f\\BAR.TXT", {})), 0);
     EXPECT_EQ(world.Names("f"), (std::set<std::string>{"BAR.TXT", "Baz.txt", "foo.txt"}));
+}
+
+TEST(LinuxStore, WhatOthersPutIntoAFolderThatWasMadeHereIsFoundAndNeverReplaced) {
+    StoreWorld world;
+    world.MakeFile("source", "ours");
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    world.MakeFile("new/Theirs", "theirs");
+    EXPECT_EQ(NumberOf(world.files.CopyFile("T:\\source", "T:\\new\\Theirs", false, {})),
+              kAlreadyExists);
+    EXPECT_EQ(world.Content("new/Theirs"), "theirs");
+    EXPECT_EQ(NumberOf(world.files.Facts("T:\\new\\THEIRS")), 0);
+    EXPECT_EQ(NumberOf(world.files.CopyFile("T:\\source", "T:\\new\\theirs", false, {})),
+              kAlreadyExists);
+    // Another folder at its path is none of ours.
+    fs::rename(world.Native("new"), world.Native("old"));
+    world.MakeFolder("new");
+    world.MakeFile("new/Other", "theirs");
+    EXPECT_EQ(NumberOf(world.files.Facts("T:\\new\\other")), 0);
 }
 
 TEST(LinuxStore, ANameThatOthersPutInAnotherCaseInPlaceOfOneIsFound) {

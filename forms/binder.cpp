@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QFocusEvent>
+#include <QHash>
 #include <QVariant>
 #include <fmt/core.h>
 
@@ -39,8 +40,12 @@ bool IsRealLeave(const QFocusEvent& event) {
 
 Binder::Binder(session::Session& session, EventGate& gate, fields::Form& form, QWidget& root)
     : session_(session), gate_(gate), form_(form), root_(root) {
+    // By name, so that the window is gone through once and not for each control.
+    QHash<QString, QList<QObject*>> objects;
+    for (QObject* object : root_.findChildren<QObject*>())
+        objects[object->objectName()] << object;
     for (fields::Control* control : form_.Controls()) {
-        for (QObject* object : root_.findChildren<QObject*>(ToQt(control->Name()))) {
+        for (QObject* object : objects.value(ToQt(control->Name()))) {
             if (bound_.emplace(object, control).second) BindObject(*control, *object);
         }
     }

@@ -26,7 +26,11 @@ int FrozenHead::TitleWidth(int column) const {
     const QString title = model()->headerData(column, Qt::Horizontal).toString();
     const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
     const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, this);
-    return fontMetrics().horizontalAdvance(title) + mark + 3 * margin;
+    if (measured_ != font()) advances_.clear();
+    measured_ = font();
+    int& advance = advances_[title];
+    if (advance == 0) advance = fontMetrics().horizontalAdvance(title);
+    return advance + mark + 3 * margin;
 }
 
 void FrozenHead::paintEvent(QPaintEvent* event) {

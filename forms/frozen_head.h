@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QFont>
+#include <QHash>
 #include <QHeaderView>
+#include <QString>
 
 class QMouseEvent;
 
@@ -34,6 +37,8 @@ class FrozenHead : public QHeaderView {
     void Redirect(QMouseEvent* event, bool isThere, Handle handle);
 
     bool pressedThere_ = false;
+    mutable QHash<QString, int> advances_; // of titles, in the font below
+    mutable QFont measured_;
 };
 
 } // namespace tarvix::forms

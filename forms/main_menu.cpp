@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -98,9 +99,10 @@ void TellKeys(const QMainWindow& window, const QAction& action) {
 
 // Whether a button of the window answers to the letter of the control's caption; what only stands
 // in a menu does not.
-bool HasMnemonic(const QMainWindow& window, const fields::Control& control, const Binder& binder) {
+bool HasMnemonic(const QSet<QString>& buttons, const fields::Control& control,
+                 const Binder& binder) {
     using fields::ControlKind;
-    if (window.findChild<QAbstractButton*>(ToQt(control.Name())) == nullptr) return false;
+    if (!buttons.contains(ToQt(control.Name()))) return false;
     const ControlKind kind = control.Kind();
     const bool isBox = kind == ControlKind::kCheckBox || kind == ControlKind::kOptionButton;
     return isBox || (kind == ControlKind::kCommandButton && binder.HasRoutine(control));
@@ -162,9 +164,12 @@ void MainMenu::AddToBar(QMainWindow& window, std::string_view name) {
 }
 
 void MainMenu::ClearMnemonics(const QMainWindow& window, const Binder& binder) {
+    QSet<QString> buttons;
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        buttons << button->objectName();
     std::set<QChar> taken;
     for (const fields::Control* control : form_.Controls()) {
-        if (HasMnemonic(window, *control, binder))
+        if (HasMnemonic(buttons, *control, binder))
             taken.insert(MnemonicOf(ToQt(control->CaptionText())));
     }
     for (QMenu* menu : menus_) {

@@ -216,6 +216,8 @@ void SortAndGroup(Session& session) {
         OrderBy(rows, static_cast<Column>(list.SortKey.Get()), list.SortOrder, Ties::kByExactText);
     rows.Reorder(sorted.order);
     if (!Groups(session)) return;
+    // Told without a paint, which would lay all rows out for an order that lasts milliseconds.
+    session.frmSearch.lblStatus.Caption = "Grouping....";
     rows.InsertSpacers(sorted.groups);
     NoteGrouped(session, static_cast<std::int64_t>(sorted.groups.size()) + 1);
 }

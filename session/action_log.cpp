@@ -20,6 +20,15 @@ namespace {
 // How many logs may bear the names of the same moments.
 constexpr int kMostTries = 3600;
 
+constexpr std::size_t kLineEnds = 6; // bytes, of an entry and its dashes
+
+std::size_t DashCount(std::string_view text) {
+    const std::size_t length = text::Length(text);
+    if (text.find("\r\n") == text.npos) return length;
+    // nearbyint rounds a half to the even neighbour.
+    return static_cast<std::size_t>(std::nearbyint(static_cast<double>(length * 2) / 3.0));
+}
+
 } // namespace
 
 std::string ActionLogName(Session& session, int secondsLater) {
@@ -69,11 +78,15 @@ void ActionLog::Close(Session& session) {
 
 std::string ActionLog::Entry(const Session& session, std::string_view text,
                              std::string_view stamp) {
-    std::string entry = text::Concat({stamp, text});
+    std::string entry;
+    entry.reserve(2 * (stamp.size() + text.size()) + kLineEnds);
+    entry.append(stamp).append(text);
     if (!wasOpened_) early_.push_back(entry);
     if (!file_.IsOpen() || !session.state.options.blnFileLog) return {};
     if (platform::MayHoldCarried(entry)) entry = platform::ForDisplay(entry);
-    return text::Concat({entry, "\r\n", DashesFor(entry), "\r\n\r\n"});
+    const std::size_t dashes = DashCount(entry);
+    entry.append("\r\n").append(dashes, '-').append("\r\n\r\n");
+    return entry;
 }
 
 void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {
@@ -104,11 +117,7 @@ void LogPlanned(Session& session, std::string_view text) {
 }
 
 std::string DashesFor(std::string_view text) {
-    const std::size_t length = text::Length(text);
-    if (text.find("\r\n") == text.npos) return std::string(length, '-');
-    // nearbyint rounds a half to the even neighbour.
-    const double dashes = std::nearbyint(static_cast<double>(length * 2) / 3.0);
-    return std::string(static_cast<std::size_t>(dashes), '-');
+    return std::string(DashCount(text), '-');
 }
 
 } // namespace tarvix::session

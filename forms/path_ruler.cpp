@@ -21,11 +21,20 @@ constexpr int kRoom = 3; // cells that a number needs
 constexpr int kTick = 4; // pixels
 constexpr const char* kTip =
     "A rule counts the characters of this form of the path. A click writes one into the rule.";
+constexpr int kSmallestFont = 6; // points
+
+// The fixed font of this desktop, in lines no taller than those of `other`: some are, much.
+QFont FixedBeside(const QFontMetrics& other) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    while (QFontMetrics(font).height() > other.height() && font.pointSize() > kSmallestFont)
+        font.setPointSize(font.pointSize() - 1);
+    return font;
+}
 } // namespace
 
 PathRuler::PathRuler(QWidget* parent) : QWidget(parent) {
     setObjectName("PathRuler");
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(FixedBeside(fontMetrics()));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setToolTip(kTip);

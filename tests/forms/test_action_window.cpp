@@ -280,6 +280,7 @@ TEST_F(ActionWindowTest, ARulerOfTheFirstPathWritesPositionsIntoARule) {
         EXPECT_FALSE(ruler->isVisible());
         In<QAbstractButton>(modal, "optTo(3)")->click();
         EXPECT_TRUE(ruler->isVisible());
+        EXPECT_LE(ruler->fontMetrics().height(), modal.fontMetrics().height());
         auto* edit = In<QComboBox>(modal, "cmbDir")->lineEdit();
         edit->clear();
         QTest::keyClicks(edit, "E:\\x\\");

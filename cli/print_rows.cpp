@@ -17,8 +17,8 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace tarvix::cli {
 
@@ -94,7 +94,7 @@ class Gathered {
 class RowPaths {
   public:
     RowPaths(const results::ResultList& rows, const platform::NativePaths& paths)
-        : rows_(rows), paths_(paths) {}
+        : rows_(rows), paths_(paths), natives_(rows.FolderCount()) {}
 
     void Append(std::string& out, std::size_t index) {
         const results::ResultRow& row = rows_.At(index);
@@ -111,11 +111,8 @@ class RowPaths {
 
     // The native path of a row's folder; the drive path where its drive isn't known.
     const std::string& FolderOf(const results::ResultRow& row) {
-        if (row.folder == last_) return *lastNative_;
-        std::string& native = natives_[row.folder];
+        std::string& native = natives_[row.folder->number];
         if (native.empty()) native = Whole(row.folder->longPath);
-        last_ = row.folder;
-        lastNative_ = &native;
         return native;
     }
 
@@ -127,9 +124,7 @@ class RowPaths {
 
     const results::ResultList& rows_;
     const platform::NativePaths& paths_;
-    std::unordered_map<const results::RowFolder*, std::string> natives_;
-    const results::RowFolder* last_ = nullptr;
-    const std::string* lastNative_ = nullptr;
+    std::vector<std::string> natives_; // by the folder's number
 };
 
 class RowPrinter {

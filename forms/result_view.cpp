@@ -173,12 +173,19 @@ void ResultView::SetCurrentRow(std::size_t row) {
                                       QItemSelectionModel::NoUpdate);
 }
 
+void ResultView::TellCurrent() {
+    QItemSelectionModel& told = *selectionModel();
+    const auto row = CurrentRow();
+    if (!row || !selector_.IsSelected(*row)) {
+        if (told.hasSelection()) told.clearSelection();
+    } else if (!told.isSelected(currentIndex())) {
+        told.select(currentIndex(),
+                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+}
+
 void ResultView::Changed(std::size_t row) {
-    // Screen readers ask the selection model; it knows the current row.
-    const auto how = selector_.IsSelected(row) ? QItemSelectionModel::ClearAndSelect
-                                               : QItemSelectionModel::Clear;
-    selectionModel()->select(model()->index(static_cast<int>(row), results::kName),
-                             how | QItemSelectionModel::Rows);
+    TellCurrent();
     viewport()->update();
     if (onSelect) onSelect(row);
 }

@@ -35,6 +35,8 @@ class ResultView : public QTableView {
 
     // The row that has the keyboard; nothing when there is none, or a spacer has it.
     std::optional<std::size_t> CurrentRow() const;
+    // Has the selection model, which screen readers ask, know of the current row what the list does.
+    void TellCurrent();
     // Where that menu is to stand, in the coordinates of the screen.
     QPoint MenuPlace() const { return menuPlace_; }
     results::RowSelector& Selector() { return selector_; }

@@ -353,6 +353,7 @@ void SearchWindow::ShowRows() {
                        sinceRows_.elapsed() < kRowsEvery;
     if (later) return;
     if (model_->Sync()) list_->ScrollHome();
+    list_->TellCurrent();
     findChild<QWidget*>("rowGroups")->setVisible(list_->HasGroups());
     list_->viewport()->update();
     ShowNativePath();

@@ -326,6 +326,18 @@ TEST_F(SearchWindowTest, TheStandardKeysAct) {
     EXPECT_EQ(window->focusWidget()->objectName(), "lstMain");
 }
 
+TEST_F(SearchWindowTest, ARowWhoseObjectWentToTheTrashIsNotPaintedAsSelected) {
+    Search("*.mp3", "/home/ann/Music/Abba");
+    ClickRow(0);
+    const QModelIndex current = window->List().currentIndex();
+    EXPECT_TRUE(window->List().selectionModel()->isSelected(current));
+    OnModal([](QWidget& modal) { modal.findChild<QPushButton*>("btnYes")->click(); });
+    Press("cmdDeleteSelected");
+    EXPECT_EQ(SelectedNames().size(), 0U);
+    EXPECT_EQ(window->List().currentIndex(), current);
+    EXPECT_FALSE(window->List().selectionModel()->isSelected(current));
+}
+
 TEST_F(SearchWindowTest, TheQuestionBeforeTheTrashLeadsWithWhatGoesThere) {
     S().platform.traits.hasNativePaths = true;
     S().state.platformSettings.showsNative = true;

@@ -35,7 +35,7 @@ class ResultView : public QTableView {
 
     // The row that has the keyboard; nothing when there is none, or a spacer has it.
     std::optional<std::size_t> CurrentRow() const;
-    // Has the selection model, which screen readers ask, know of the current row what the list does.
+    // Has the selection model, which screen readers ask, know of the current row what we do.
     void TellCurrent();
     // Where that menu is to stand, in the coordinates of the screen.
     QPoint MenuPlace() const { return menuPlace_; }

@@ -55,17 +55,11 @@ void ListPaths::Append(std::string& out, std::string_view drivePath) {
     platform::AppendNameToNative(out, drivePath.substr(slash + 1));
 }
 
-// Most paths of a list lie where the one before does.
 const std::string& ListPaths::NativeFolder(std::string_view folder) {
-    if (last_ == nullptr || last_->first != folder) last_ = &KnownFolder(folder);
-    return last_->second;
-}
-
-const ListPaths::Folder& ListPaths::KnownFolder(std::string_view folder) {
-    if (const auto known = folders_.find(folder); known != folders_.end()) return *known;
+    if (const auto* const known = lastFolders_.In(folders_, folder)) return known->second;
     std::string native = session_.platform.paths.ToNative(folder);
     if (!native.empty() && !native.ends_with('/')) native += '/';
-    return *folders_.emplace(folder, std::move(native)).first;
+    return folders_.emplace(folder, std::move(native)).first->second;
 }
 
 std::string ListPaths::Of(std::string_view drivePath) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "text/by_text.h"
+#include "text/last_found.h"
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tarvix::session {
 struct Session;
@@ -17,6 +17,8 @@ namespace tarvix::generate {
 class ListPaths {
   public:
     explicit ListPaths(session::Session& session);
+    ListPaths(const ListPaths&) = delete;
+    ListPaths& operator=(const ListPaths&) = delete;
 
     // Whether they stand as this machine writes them.
     bool IsNative() const { return isNative_; }
@@ -28,16 +30,13 @@ class ListPaths {
     void AppendName(std::string& out, std::string_view driveName) const;
 
   private:
-    using Folder = std::pair<const std::string, std::string>; // drive form, native
-
     // With a final "/"; empty when it is on no drive.
     const std::string& NativeFolder(std::string_view folder);
-    const Folder& KnownFolder(std::string_view folder);
 
     session::Session& session_;
     bool isNative_;
     text::ByText<std::string> folders_;
-    const Folder* last_ = nullptr;
+    text::LastFound<std::string> lastFolders_;
 };
 
 // Whether a line of a list can hold the text: none that breaks in two.

@@ -191,7 +191,6 @@ bool Groups(const Session& session) {
     return session.frmSearch.chkFastSort.Value != 1;
 }
 
-// Told before the rows change, so that a window shows them once more only when they stand.
 void TellGrouping(Session& session) {
     if (!Groups(session)) return;
     session.frmSearch.lblStatus.Caption = "Grouping....";
@@ -208,18 +207,20 @@ void Regroup(Session& session, Column column) {
     if (Groups(session)) NoteGrouped(session, GrouplstMain(*session.rows, column));
 }
 
-// The rows, which have no spacers, by the list's column; and in groups, if those are wanted.
-void SortAndGroup(Session& session) {
-    ResultList& rows = *session.rows;
+// Puts the rows, which have no spacers, in the order of the list's column. Gives where its groups
+// begin.
+std::vector<std::uint32_t> SortByColumn(Session& session) {
     const auto& list = session.frmSearch.lstMain;
-    const RowOrder sorted =
-        OrderBy(rows, static_cast<Column>(list.SortKey.Get()), list.SortOrder, Ties::kByExactText);
-    rows.Reorder(sorted.order);
+    RowOrder sorted = OrderBy(*session.rows, static_cast<Column>(list.SortKey.Get()),
+                              list.SortOrder, Ties::kByExactText);
+    session.rows->Reorder(sorted.order);
+    return std::move(sorted.groups);
+}
+
+void GroupAt(Session& session, const std::vector<std::uint32_t>& starts) {
     if (!Groups(session)) return;
-    // Told without a paint, which would lay all rows out for an order that lasts milliseconds.
-    session.frmSearch.lblStatus.Caption = "Grouping....";
-    rows.InsertSpacers(sorted.groups);
-    NoteGrouped(session, static_cast<std::int64_t>(sorted.groups.size()) + 1);
+    session.rows->InsertSpacers(starts);
+    NoteGrouped(session, static_cast<std::int64_t>(starts.size()) + 1);
 }
 
 // What both sort commands do before and after the sort itself.
@@ -234,9 +235,8 @@ void RunSort(Session& session, std::string_view logText, Sort sort) {
         StepProgress(session, "Removing Spacers...", 0, rows);
     }
     session::LogTimed(session, logText);
-    const auto found = static_cast<std::int64_t>(session.rows->Added().size());
-    StepProgress(session, "Sorting...", found / 2, rows);
     RemoveSpacers(*session.rows);
+    StepProgress(session, "Sorting...", CountOf(*session.rows) / 2, rows);
     form.lstMain.Sorted = true;
     if (!Groups(session)) ShowGroups(session, 1);
     sort();
@@ -269,9 +269,10 @@ std::int64_t GrouplstMain(ResultList& rows, Column column) {
 void ArrangeFoundRows(Session& session) {
     // How the search ended is still to be read when the rows stand.
     const std::string status = session.frmSearch.lblStatus.Caption;
+    // Told before the rows change, so that a window lays them out but once.
     TellGrouping(session);
     RemoveSpacers(*session.rows);
-    SortAndGroup(session);
+    GroupAt(session, SortByColumn(session));
     session.frmSearch.lblStatus.Caption = status;
 }
 
@@ -303,7 +304,9 @@ void lstMain_ColumnClick(Session& session, Column column) {
             list.SortKey = int{column};
             list.SortOrder = SortDirection::kAscending;
         }
-        SortAndGroup(session);
+        const std::vector<std::uint32_t> starts = SortByColumn(session);
+        TellGrouping(session);
+        GroupAt(session, starts);
     });
 }
 
@@ -314,6 +317,7 @@ void cmdDoVersionSort_Click(Session& session) {
         list.SortOrder = SortDirection::kAscending;
         SortRows(*session.rows, kName, SortDirection::kAscending, Ties::kAsTheyStood);
         HighestVersionsFirst(*session.rows);
+        TellGrouping(session);
         Regroup(session, kName);
     });
 }

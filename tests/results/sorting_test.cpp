@@ -228,9 +228,23 @@ TEST_F(Sorting, ProgressShowsFromTwoThousandRowsAndIsGoneAfterwards) {
         if (progress.IsShown()) shown.push_back(progress.lblMain.Caption);
     });
     ClickHead(results::kName);
-    EXPECT_THAT(shown, ElementsAre("Removing Spacers...", "Sorting..."));
+    EXPECT_THAT(shown, ElementsAre("Removing Spacers...", "Sorting...", "Sorting..."));
     EXPECT_FALSE(S().forms.frmProgress.IsShown());
     EXPECT_TRUE(Form().lstMain.Enabled);
+}
+
+TEST_F(Sorting, BothSortsTellThatTheySortAndThenThatTheyGroup) {
+    Find({{"a", 9}, {"b", 1}});
+    std::vector<std::string> told;
+    S().yielder.SetPump([&] {
+        const std::string status = Form().lblStatus.Caption;
+        if (told.empty() || told.back() != status) told.push_back(status);
+    });
+    ClickHead(results::kSize);
+    EXPECT_THAT(told, ElementsAre("Sorting", "Sorting...", "Grouping....", ""));
+    told.clear();
+    Click(Form().cmdDoVersionSort);
+    EXPECT_THAT(told, ElementsAre("Sorting", "Sorting...", "Grouping....", ""));
 }
 
 TEST_F(Sorting, FewerRowsShowNoProgress) {

@@ -72,7 +72,18 @@ TEST(TextOrder, AZeroByteIsALetterLikeOthers) {
                 ElementsAre(1, 0, 2));
 }
 
-// Against whole texts compared one by one.
+// The order of whole texts, compared one by one.
+Numbers OfWholeTexts(const Texts& upper, const Texts& exact, SortDirection direction) {
+    const bool down = direction == SortDirection::kDescending;
+    Numbers order(upper.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::stable_sort(order, [&](std::uint32_t a, std::uint32_t b) {
+        if (upper[a] != upper[b]) return (upper[a] < upper[b]) != down;
+        return exact[a] != exact[b] && (exact[a] < exact[b]) != down;
+    });
+    return order;
+}
+
 TEST(TextOrder, IsThatOfWholeTexts) {
     std::mt19937 random(3);
     for (int round = 0; round < 60; ++round) {
@@ -88,14 +99,7 @@ TEST(TextOrder, IsThatOfWholeTexts) {
             exact.push_back(random() % 2 == 0 ? text : "x" + text);
         }
         for (const auto direction : {SortDirection::kAscending, SortDirection::kDescending}) {
-            const bool down = direction == SortDirection::kDescending;
-            std::vector<std::uint32_t> expected(rows);
-            std::iota(expected.begin(), expected.end(), 0U);
-            std::ranges::stable_sort(expected, [&](std::uint32_t a, std::uint32_t b) {
-                if (upper[a] != upper[b]) return (upper[a] < upper[b]) != down;
-                return exact[a] != exact[b] && (exact[a] < exact[b]) != down;
-            });
-            ASSERT_EQ(Order(upper, &exact, direction), expected);
+            ASSERT_EQ(Order(upper, &exact, direction), OfWholeTexts(upper, exact, direction));
         }
     }
 }
@@ -107,14 +111,7 @@ TEST(TextOrder, ManyRowsAreThoseOfWholeTexts) {
     for (const std::string& text : exact)
         upper.push_back(text::Upper(text));
     for (const auto direction : {SortDirection::kAscending, SortDirection::kDescending}) {
-        const bool down = direction == SortDirection::kDescending;
-        Numbers expected(exact.size());
-        std::iota(expected.begin(), expected.end(), 0U);
-        std::ranges::stable_sort(expected, [&](std::uint32_t a, std::uint32_t b) {
-            if (upper[a] != upper[b]) return (upper[a] < upper[b]) != down;
-            return exact[a] != exact[b] && (exact[a] < exact[b]) != down;
-        });
-        ASSERT_EQ(Order(upper, &exact, direction), expected);
+        ASSERT_EQ(Order(upper, &exact, direction), OfWholeTexts(upper, exact, direction));
     }
 }
 

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace tarvix::platform {
 
@@ -24,16 +26,45 @@ constexpr auto kIsReserved = [] {
     return table;
 }();
 
-enum ByteKind : std::uint8_t { kForbidden = 1, kBeyondAscii = 2 };
+constexpr std::string_view kForbiddenInNames = "\\:*?\"<>|/"; // and control characters
 
-constexpr auto kKindOfByte = [] {
-    std::array<std::uint8_t, 256> table{};
-    for (std::size_t byte = 0; byte < kIsReserved.size(); ++byte)
-        table[byte] = kIsReserved[byte] || byte == 0 || byte == '/' ? kForbidden : 0;
-    for (std::size_t byte = kIsReserved.size(); byte < table.size(); ++byte)
-        table[byte] = kBeyondAscii;
-    return table;
-}();
+// What the bytes of a text are. It is asked of each name and path several times, so it looks at
+// sixteen at once.
+class BytesSeen {
+  public:
+    explicit BytesSeen(std::string_view text) {
+        for (; text.size() >= sizeof(Block); text.remove_prefix(sizeof(Block)))
+            Take(text.data());
+        if (text.empty()) return;
+        std::array<char, sizeof(Block)> rest;
+        rest.fill('a');
+        text.copy(rest.data(), text.size());
+        Take(rest.data());
+    }
+    bool AnyControl() const { return HighBits(control_) != 0; }
+    bool AnyForbidden() const { return HighBits(forbidden_ | control_) != 0; }
+    bool AnyBeyondAscii() const { return HighBits(all_) != 0; }
+
+  private:
+    using Block [[gnu::vector_size(16)]] = unsigned char;
+
+    void Take(const char* at) {
+        Block bytes;
+        std::memcpy(&bytes, at, sizeof bytes);
+        all_ |= bytes;
+        control_ |= static_cast<Block>(bytes < ' ');
+        for (const char c : kForbiddenInNames)
+            forbidden_ |= static_cast<Block>(bytes == static_cast<unsigned char>(c));
+    }
+    static std::uint64_t HighBits(Block block) {
+        const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);
+        return (halves[0] | halves[1]) & 0x8080808080808080U;
+    }
+
+    Block all_{};
+    Block control_{};
+    Block forbidden_{};
+};
 
 bool IsReserved(char32_t c) {
     return c < kIsReserved.size() && kIsReserved[c];
@@ -55,21 +86,13 @@ bool IsCarriedAtEnd(char c) {
     return c == ' ' || c == '.';
 }
 
-// All ByteKinds of a text.
-unsigned KindsIn(std::string_view text) {
-    unsigned kinds = 0;
-    for (const char c : text)
-        kinds |= kKindOfByte[static_cast<unsigned char>(c)];
-    return kinds;
-}
-
 // Whether every byte means the same on disk and in drive form.
 bool IsPlain(std::string_view name) {
     if (name.empty()) return true;
     if (name.front() == ' ' || IsCarriedAtEnd(name.back())) return false;
-    const unsigned kinds = KindsIn(name);
-    if ((kinds & kForbidden) != 0) return false;
-    return (kinds & kBeyondAscii) == 0 || (!MayHoldCarried(name) && text::IsValidUtf8(name));
+    const BytesSeen seen(name);
+    if (seen.AnyForbidden()) return false;
+    return !seen.AnyBeyondAscii() || (!MayHoldCarried(name) && text::IsValidUtf8(name));
 }
 
 // One character of a disk name that carries nothing by its place.
@@ -104,18 +127,10 @@ bool IsDots(std::string_view driveName) {
     return native == "." || native == "..";
 }
 
-// Whether no byte is a control character and none is no text. Whole paths are asked for, so that it
-// pays to look at many bytes at once, as this loop lets the compiler do.
+// Whether no byte is a control character and none is no text.
 bool IsShownAsItIs(std::string_view native) {
-    unsigned char bits = 0;
-    unsigned char isControl = 0;
-    for (const char c : native) {
-        const auto byte = static_cast<unsigned char>(c);
-        bits |= byte;
-        isControl |= static_cast<unsigned char>(byte < ' ');
-    }
-    if (isControl != 0) return false;
-    return bits < 0x80 || text::IsValidUtf8(native);
+    const BytesSeen seen(native);
+    return !seen.AnyControl() && (!seen.AnyBeyondAscii() || text::IsValidUtf8(native));
 }
 
 void AppendAllShown(std::string& out, std::string_view native) {
@@ -210,9 +225,9 @@ std::string NameToNative(std::string_view driveName) {
 
 bool CanBeName(std::string_view driveName) {
     if (driveName.empty() || IsDots(driveName)) return false;
-    const unsigned kinds = KindsIn(driveName);
-    if ((kinds & kForbidden) != 0) return false;
-    return (kinds & kBeyondAscii) == 0 || text::IsValidUtf8(driveName);
+    const BytesSeen seen(driveName);
+    if (seen.AnyForbidden()) return false;
+    return !seen.AnyBeyondAscii() || text::IsValidUtf8(driveName);
 }
 
 std::string ForDisplay(std::string_view driveText) {
@@ -235,11 +250,18 @@ std::string ForDisplay(std::string_view driveText) {
     return out;
 }
 
+void AppendNativeForDisplay(std::string& out, std::string_view native) {
+    if (IsShownAsItIs(native)) {
+        out += native;
+    } else {
+        AppendAllShown(out, native);
+    }
+}
+
 std::string NativeForDisplay(std::string_view native) {
-    if (IsShownAsItIs(native)) return std::string(native);
     std::string out;
     out.reserve(native.size());
-    AppendAllShown(out, native);
+    AppendNativeForDisplay(out, native);
     return out;
 }
 

@@ -38,6 +38,7 @@ bool CanBeName(std::string_view driveName);
 std::string ForDisplay(std::string_view driveText);
 // The same of a native path.
 std::string NativeForDisplay(std::string_view native);
+void AppendNativeForDisplay(std::string& out, std::string_view native);
 
 // The "file://" address of an absolute native path, every byte that is no plain character as %XX.
 std::string FileAddress(std::string_view native);

@@ -20,8 +20,6 @@ namespace {
 // How many logs may bear the names of the same moments.
 constexpr int kMostTries = 3600;
 
-constexpr std::size_t kLineEnds = 6; // bytes, of an entry and its dashes
-
 std::size_t DashCount(std::string_view text) {
     const std::size_t length = text::Length(text);
     if (text.find("\r\n") == text.npos) return length;
@@ -76,17 +74,14 @@ void ActionLog::Close(Session& session) {
     TellUnexpected(session, closed.error(), "CloseActionLog", session.state.strActionLogFile);
 }
 
-std::string ActionLog::Entry(const Session& session, std::string_view text,
-                             std::string_view stamp) {
-    std::string entry;
-    entry.reserve(2 * (stamp.size() + text.size()) + kLineEnds);
-    entry.append(stamp).append(text);
-    if (!wasOpened_) early_.push_back(entry);
+std::string_view ActionLog::Entry(const Session& session, std::string_view text,
+                                  std::string_view stamp) {
+    entry_.assign(stamp).append(text);
+    if (!wasOpened_) early_.push_back(entry_);
     if (!file_.IsOpen() || !session.state.options.blnFileLog) return {};
-    if (platform::MayHoldCarried(entry)) entry = platform::ForDisplay(entry);
-    const std::size_t dashes = DashCount(entry);
-    entry.append("\r\n").append(dashes, '-').append("\r\n\r\n");
-    return entry;
+    if (platform::MayHoldCarried(entry_)) entry_ = platform::ForDisplay(entry_);
+    const std::size_t dashes = DashCount(entry_);
+    return entry_.append("\r\n").append(dashes, '-').append("\r\n\r\n");
 }
 
 void ActionLog::Write(Session& session, std::string_view text, std::string_view stamp) {

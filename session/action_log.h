@@ -36,10 +36,11 @@ class ActionLog {
     bool IsOpen() const { return file_.IsOpen(); }
 
   private:
-    // The entry as it stands in the file; nothing where none is to be written.
-    std::string Entry(const Session& session, std::string_view text, std::string_view stamp);
+    // The entry as it stands in the file; nothing where none is to be written. Good until the next.
+    std::string_view Entry(const Session& session, std::string_view text, std::string_view stamp);
 
     LogFile file_;
+    std::string entry_;              // the last
     std::vector<std::string> early_; // entries from before the log opened
     bool wasOpened_ = false;
 };

@@ -1,6 +1,7 @@
 #include "text/characters.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -50,6 +51,36 @@ std::size_t DecodeLong(std::string_view s, std::size_t pos, char32_t& codePoint)
     return lead.bytes;
 }
 
+// Whether a character of two bytes, valid by these alone, stands at `pos`: most that aren't ASCII.
+bool IsPairAt(std::string_view s, std::size_t pos) {
+    return s.size() - pos >= 2 && static_cast<unsigned char>(ByteAt(s, pos) - 0xC2) < 0x1E &&
+           (ByteAt(s, pos + 1) & 0xC0U) == 0x80;
+}
+
+// Bytes of the valid character at `pos`, or 0.
+std::size_t BytesAt(std::string_view s, std::size_t pos) {
+    if (ByteAt(s, pos) < 0x80) return 1;
+    if (IsPairAt(s, pos)) return 2;
+    char32_t ignored;
+    return DecodeLong(s, pos, ignored);
+}
+
+// Position of the first byte from `pos` on that isn't ASCII, or the end.
+std::size_t SkipAscii(std::string_view s, std::size_t pos) {
+    constexpr auto kIsLittle = std::endian::native == std::endian::little;
+    for (; s.size() - pos >= 8; pos += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, s.data() + pos, sizeof word);
+        word &= kHighBits;
+        if (word == 0) continue;
+        const int bits = kIsLittle ? std::countr_zero(word) : std::countl_zero(word);
+        return pos + static_cast<std::size_t>(bits) / 8;
+    }
+    while (pos < s.size() && ByteAt(s, pos) < 0x80)
+        ++pos;
+    return pos;
+}
+
 // Byte position `count` characters behind byte `pos`, at most the end; `count` keeps what is left.
 std::size_t Skip(std::string_view s, std::size_t pos, std::size_t& count) {
     while (count > 0 && pos < s.size()) {
@@ -58,8 +89,7 @@ std::size_t Skip(std::string_view s, std::size_t pos, std::size_t& count) {
             count -= 8;
             continue;
         }
-        char32_t ignored;
-        pos += ByteAt(s, pos) < 0x80 ? 1 : std::max<std::size_t>(1, DecodeLong(s, pos, ignored));
+        pos += std::max<std::size_t>(1, BytesAt(s, pos));
         --count;
     }
     return pos;
@@ -98,9 +128,13 @@ std::string Concat(std::initializer_list<std::string_view> parts) {
 }
 
 std::size_t Length(std::string_view s) {
-    std::size_t left = s.size();
-    Skip(s, 0, left);
-    return s.size() - left;
+    std::size_t length = s.size();
+    for (std::size_t pos = SkipAscii(s, 0); pos < s.size(); pos = SkipAscii(s, pos)) {
+        const std::size_t bytes = std::max<std::size_t>(1, BytesAt(s, pos));
+        length -= bytes - 1;
+        pos += bytes;
+    }
+    return length;
 }
 
 std::string_view Left(std::string_view s, std::size_t count) {
@@ -180,15 +214,8 @@ std::string Repeat(std::string_view s, std::size_t times) {
 }
 
 bool IsValidUtf8(std::string_view s) {
-    for (std::size_t pos = 0; pos < s.size();) {
-        if (s.size() - pos >= 8 && EightAscii(s.data() + pos)) {
-            pos += 8;
-            continue;
-        }
-        const bool isLast = s.size() - pos < 8 && s.size() >= 8;
-        if (isLast && EightAscii(s.data() + s.size() - 8)) return true;
-        char32_t ignored;
-        const std::size_t bytes = ByteAt(s, pos) < 0x80 ? 1 : DecodeLong(s, pos, ignored);
+    for (std::size_t pos = SkipAscii(s, 0); pos < s.size(); pos = SkipAscii(s, pos)) {
+        const std::size_t bytes = BytesAt(s, pos);
         if (bytes == 0) return false;
         pos += bytes;
     }

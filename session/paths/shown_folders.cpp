@@ -3,7 +3,7 @@
 #include "platform/names.h"
 #include "platform/native_paths.h"
 #include "session/session.h"
-#include "text/characters.h"
+#include "text/paths.h"
 
 namespace tarvix::session {
 
@@ -12,32 +12,34 @@ constexpr std::size_t kRootSize = 3; // "C:\"
 }
 
 // A parent that comes but once is not worth a form of its own.
-std::string_view ShownFolders::ShownParent(std::string_view parent) {
+bool ShownFolders::BeginsWith(std::string_view parent) {
     if (parent != parent_) {
         parent_ = parent;
-        shownParent_.reset();
-        return {};
+        parentSize_.reset();
+        return false;
     }
-    if (!shownParent_) {
-        const std::string native = session_.platform.paths.ToNative(parent);
-        shownParent_ = native.empty() ? "" : platform::NativeForDisplay(native);
+    if (!parentSize_) {
+        below_ = platform::NativeForDisplay(session_.platform.paths.ToNative(parent));
+        if (!below_.empty()) below_ += '/';
+        parentSize_ = below_.size();
     }
-    return *shownParent_;
+    return *parentSize_ > 0;
 }
 
-std::string ShownFolders::Of(std::string_view path) {
-    const std::size_t slash = path.rfind('\\');
-    const bool isBelowFolder = slash != path.npos && slash > kRootSize && path[1] == ':';
-    if (!isBelowFolder || !session_.state.platformSettings.showsNative) {
-        return session_.Shown(path);
+std::string_view ShownFolders::Of(std::string_view path) {
+    const std::string_view name = text::FolderOwnName(path);
+    const std::size_t above = path.size() - name.size(); // with the separator
+    const bool isBelowFolder = above > kRootSize + 1 && path[1] == ':';
+    const bool isPutTogether = isBelowFolder && session_.state.platformSettings.showsNative &&
+                               BeginsWith(path.substr(0, above - 1)) && platform::CanBeName(name);
+    if (!isPutTogether) return whole_ = session_.Shown(path);
+    below_.resize(*parentSize_);
+    if (platform::MayHoldCarried(name)) {
+        platform::AppendNativeForDisplay(below_, platform::NameToNative(name));
+    } else {
+        platform::AppendNativeForDisplay(below_, name);
     }
-    const std::string_view name = path.substr(slash + 1);
-    const std::string_view parent = ShownParent(path.substr(0, slash));
-    if (parent.empty() || !platform::CanBeName(name)) return session_.Shown(path);
-    const bool isNative = !platform::MayHoldCarried(name);
-    return text::Concat({parent, "/",
-                         isNative ? platform::NativeForDisplay(name)
-                                  : platform::NativeForDisplay(platform::NameToNative(name))});
+    return below_;
 }
 
 } // namespace tarvix::session

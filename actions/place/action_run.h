@@ -72,6 +72,7 @@ struct ActionRun {
     // Sources and places as people read them, where one follows another.
     session::ShownFolders shownSources;
     session::ShownFolders shownPlaces;
+    std::string status = {}; // what was told last of the object in hand
 };
 
 } // namespace tarvix::actions

@@ -119,7 +119,7 @@ Outcome PlaceAsNew(Session& session, ActionRun& run, const Object& object, std::
         }
         outcome = PlaceObject(
             session, run,
-            {.object = object, .destination = place->path, .verb = *verb, .place = place});
+            {.object = object, .place = std::move(*place), .verb = *verb, .wasFree = true});
     } while (outcome.isTaken);
     return outcome;
 }

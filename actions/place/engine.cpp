@@ -23,8 +23,8 @@ namespace {
 
 // Whether a new path is a name in the folder that the object lies in.
 bool StaysInFolder(platform::FileSystem& files, const Job& job) {
-    const std::string_view folder = text::GetParentFolderName(job.destination);
-    if (!platform::CanBeName(text::FolderOwnName(job.destination))) return false;
+    const std::string_view folder = text::GetParentFolderName(job.place.path);
+    if (!platform::CanBeName(text::FolderOwnName(job.place.path))) return false;
     const std::string_view listed = text::GetParentFolderName(job.object.path);
     const std::string_view actual = text::GetParentFolderName(job.object.TruePath());
     if (folder == listed || folder == actual) return true;
@@ -39,7 +39,7 @@ Outcome RefuseToLeave(Session& session, const Job& job) {
                                         .moduleName = "frmDialog",
                                         .object = job.object.path,
                                         .path = job.object.path,
-                                        .searchOrDestination = job.destination,
+                                        .searchOrDestination = job.place.path,
                                         .objectType = job.object.isFile
                                                           ? session::ObjectType::kFile
                                                           : session::ObjectType::kFolder};
@@ -47,21 +47,25 @@ Outcome RefuseToLeave(Session& session, const Job& job) {
         return platform::Failure(platform::kPathFileAccess,
                                  fmt::format("A rename can't give {} another folder: {}.",
                                              session.Shown(job.object.path),
-                                             session.Shown(job.destination)));
+                                             session.Shown(job.place.path)));
     });
     return Unread(session, refused.result.error());
 }
 
 } // namespace
 
-std::string CleanedDestination(const std::string& path, bool isRename) {
+bool IsCleanDestination(std::string_view path, bool isRename) {
+    const std::string_view own = text::FolderOwnName(path);
+    const std::string_view above = text::GetParentFolderName(path);
+    return !own.empty() && text::Trim(own).size() == own.size() &&
+           above.size() + 1 + own.size() == path.size() &&
+           (isRename || text::IsCleanPath(above, true));
+}
+
+std::string CleanedDestination(std::string path, bool isRename) {
+    if (IsCleanDestination(path, isRename)) return path;
     const std::string_view own = text::FolderOwnName(path);
     const std::string_view name = text::Trim(own);
-    const std::string_view above = text::GetParentFolderName(path);
-    const bool isPlain = name.size() == own.size() && !own.empty() &&
-                         above.size() + 1 + own.size() == path.size() &&
-                         (isRename || text::IsCleanPath(above, true));
-    if (isPlain) return path;
     const std::string parent = text::ParentFolder(path);
     return text::JoinPath(isRename ? parent : text::CleanSpacesInPath(parent, true),
                           name.empty() ? own : name);
@@ -90,9 +94,11 @@ Outcome PlaceObject(Session& session, ActionRun& run, Job job) {
 Outcome OverWriteDuplicate(Session& session, ActionRun& run, const Object& object,
                            const std::string& destination) {
     if (destination == object.path) return {};
-    Outcome outcome = PlaceObject(
-        session, run,
-        {.object = object, .destination = destination, .verb = Verb::kCopy, .overwrites = true});
+    Outcome outcome = PlaceObject(session, run,
+                                  {.object = object,
+                                   .place = {destination, nullptr},
+                                   .verb = Verb::kCopy,
+                                   .overwrites = true});
     if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kOverwrote;
     return outcome;
 }
@@ -101,7 +107,7 @@ Outcome ReplaceDuplicate(Session& session, ActionRun& run, const Object& object,
                          const std::string& destination, std::function<bool()> makeWay) {
     Outcome outcome = PlaceObject(session, run,
                                   {.object = object,
-                                   .destination = destination,
+                                   .place = {destination, nullptr},
                                    .verb = Verb::kCopy,
                                    .makeWay = std::move(makeWay)});
     if (outcome.kind == OutcomeKind::kCopied) outcome.kind = OutcomeKind::kReplaced;
@@ -112,15 +118,13 @@ Outcome PerformMoveOrCopy(Session& session, ActionRun& run, const Object& object
                           platform::FreePlace place) {
     Protection found = CheckSystemHidden(session, run, object, false);
     if (!found.look) return Unread(session, found.look.error());
-    Object known = object;
-    known.look = std::move(*found.look);
     const Verb verb = run.request.isMove && !found.isProtected ? Verb::kMove : Verb::kCopy;
-    std::string destination = place.path;
     return PlaceObject(session, run,
-                       {.object = known,
-                        .destination = std::move(destination),
+                       {.object = object,
+                        .place = std::move(place),
                         .verb = verb,
-                        .place = std::move(place)});
+                        .wasFree = true,
+                        .look = std::move(*found.look)});
 }
 
 } // namespace tarvix::actions

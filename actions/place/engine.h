@@ -22,15 +22,17 @@ enum class Verb : std::uint8_t { kCopy, kMove, kRename };
 // One object, and the place that it is to go to.
 struct Job {
     const Object& object;
-    std::string destination; // a full new path, brought into its final form first
+    // A full new path, brought into its final form first.
+    platform::FreePlace place;
     Verb verb = Verb::kCopy;
     bool overwrites = false; // what stands there goes to the recycle bin before
     // Where something else is to be taken away there: does that once the copy lies ready, and gives
     // whether the place is free.
     std::function<bool()> makeWay = {};
-    // The destination, where it was found free: that it is taken after all is then no error but
-    // told by `isTaken`.
-    std::optional<platform::FreePlace> place = std::nullopt;
+    // It was found free: that it is taken after all is then no error but told by `isTaken`.
+    bool wasFree = false;
+    std::optional<platform::Look> look =
+        std::nullopt; // at the object, where one was taken just now
 };
 
 // Places one object, and gives what became of it. Without `overwrites` nothing is ever replaced. A
@@ -61,7 +63,9 @@ Outcome PerformMoveOrCopy(session::Session& session, ActionRun& run, const Objec
 
 // A new path as it will be used: a blank next to a separator is never kept, since no folder can be
 // made so, but a name of blanks alone is. A rename keeps the folder, however it is spelt.
-std::string CleanedDestination(const std::string& path, bool isRename = false);
+std::string CleanedDestination(std::string path, bool isRename = false);
+// Whether it is that already.
+bool IsCleanDestination(std::string_view path, bool isRename);
 
 // The attributes that are carried: read-only, hidden, system and archive.
 std::uint32_t CombineAttributes(std::uint32_t a, std::uint32_t b);

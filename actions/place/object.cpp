@@ -27,8 +27,7 @@ Object ObjectAt(const results::Selection& selection, std::size_t index) {
             .relative = selection.strSelRelPath[index],
             .isFile = selection.blnSelIsFile[index],
             .sighting = index < selection.sightings.size() ? selection.sightings[index]
-                                                           : platform::Sighting(),
-            .look = {}};
+                                                           : platform::Sighting()};
 }
 
 } // namespace tarvix::actions

@@ -3,7 +3,6 @@
 #include "platform/file_system.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,8 +26,7 @@ struct Object {
     std::string_view actual;   // for file system calls, spelled as on the disk
     std::string_view relative; // path and name below its search location, without a leading "\"
     bool isFile = true;
-    platform::Sighting sighting;        // how the search saw it
-    std::optional<platform::Look> look; // where one was taken just now
+    platform::Sighting sighting; // how the search saw it
 
     // What an action must find at its path.
     platform::SeenObject Seen(platform::Same same) const { return {actual, sighting, same}; }

@@ -53,7 +53,7 @@ Outcome Placing::Run() {
 }
 
 void Placing::GoThroughSteps() {
-    if (verb_ == Verb::kCopy && text::EqualNoCase(object_.path, destination_)) return;
+    if (verb_ == Verb::kCopy && text::EqualNoCase(object_.path, place_.path)) return;
     if (!FinishDestination()) return;
     ShowStatus();
     FindReadOnlyDrives();
@@ -73,7 +73,7 @@ Outcome Placing::Result() {
                     .isTaken = isTaken_,
                     .errorNumber = errorNumber_,
                     .error = std::move(error_)};
-    if (isDone_) outcome.strDestination = std::move(destination_);
+    if (isDone_) outcome.strDestination = std::move(place_.path);
     if (isStopped_ && !isDone_) {
         outcome.kind = OutcomeKind::kStopped;
     } else if (isChanged_) {
@@ -91,26 +91,27 @@ Outcome Placing::Result() {
 }
 
 bool Placing::FinishDestination() {
-    destination_ = CleanedDestination(destination_, verb_ == Verb::kRename);
-    if (!session::ExceedsLimit(session_, destination_, kLongestNewPath)) return true;
-    session::AskLongPath(session_, SearchFolderOf(object_), destination_, "CopyObject",
-                         "frmDialog");
+    if (const bool isRename = verb_ == Verb::kRename; !IsCleanDestination(place_.path, isRename)) {
+        place_ = {CleanedDestination(place_.path, isRename), nullptr};
+    }
+    if (!session::ExceedsLimit(session_, place_.path, kLongestNewPath)) return true;
+    session::AskLongPath(session_, SearchFolderOf(object_), place_.path, "CopyObject", "frmDialog");
     if (!session::ContinuesLongPath(session_)) return false;
     auto shortened =
-        session::GetShortPathNameReturnCodes(session_, destination_, false, kLongestNewPath);
-    destination_ = std::move(shortened.path);
+        session::GetShortPathNameReturnCodes(session_, place_.path, false, kLongestNewPath);
+    place_ = {std::move(shortened.path), nullptr};
     madeFolders_ = std::move(shortened.made);
     if (shortened.status == 3) return true;
-    RefuseWithoutShortPath(session_, destination_, kLongestNewPath);
+    RefuseWithoutShortPath(session_, place_.path, kLongestNewPath);
     return false;
 }
 
 void Placing::ShowStatus() {
     const Words& words = kWords[static_cast<std::size_t>(verb_)];
     shownSource_ = run_.shownSources.Of(object_.path);
-    shownPlace_ = run_.shownPlaces.Of(destination_);
-    session_.frmDialog.lblStatus.Caption =
-        text::Concat({words.doing, shownSource_, words.as, shownPlace_});
+    shownPlace_ = run_.shownPlaces.Of(place_.path);
+    run_.status.assign(words.doing).append(shownSource_).append(words.as).append(shownPlace_);
+    session_.frmDialog.lblStatus.Caption = run_.status;
     session_.Yield();
 }
 
@@ -120,7 +121,7 @@ void Placing::FindReadOnlyDrives() {
             return text::EqualNoCase(text::Left(path, 2), drive);
         });
     };
-    blnDestOnCD_ = isOn(destination_);
+    blnDestOnCD_ = isOn(place_.path);
 }
 
 bool Placing::MayOverwrite() {
@@ -134,7 +135,7 @@ bool Placing::MayOverwrite() {
     isProtected_ = true;
     session::LogTimed(session_,
                       fmt::format(" User did not override in override form, of {} to overwrite {}",
-                                  session_.Shown(object_.path), session_.Shown(destination_)));
+                                  session_.Shown(object_.path), session_.Shown(place_.path)));
     return false;
 }
 
@@ -143,7 +144,7 @@ bool Placing::ReadObjects() {
     sourceFacts_ = look_->facts;
     sourceAttributes_ = sourceFacts_.attributes & kCarried;
     if (!overwrites_) return true;
-    if (!Do([this] { return Read(destination_, destinationFacts_); })) return false;
+    if (!Do([this] { return Read(place_.path, destinationFacts_); })) return false;
     destinationAttributes_ = destinationFacts_.attributes & kCarried;
     return true;
 }
@@ -183,9 +184,9 @@ void Placing::UndoRecycling() {
     const bool isBack = PutBack();
     const std::string_view bin = session::Worded(session_, session::Wording::kBin);
     const std::string told =
-        isBack ? fmt::format("{} was put back from the {}.", session_.Shown(destination_), bin)
+        isBack ? fmt::format("{} was put back from the {}.", session_.Shown(place_.path), bin)
                : fmt::format("What stood at {} could not be put back: look for it in the {}.",
-                             session_.Shown(destination_), bin);
+                             session_.Shown(place_.path), bin);
     session::LogTimed(session_, fmt::format(" {}", told));
     if (isBack) return;
     error_ = fmt::format("{}{}{}", error_, error_.empty() ? "" : " ", told);
@@ -198,21 +199,21 @@ bool Placing::PutBack() {
 }
 
 bool Placing::RecycleDestination() {
-    if (RecycleOne(session_, destination_)) {
+    if (RecycleOne(session_, place_.path)) {
         session::LogTimed(session_,
                           fmt::format(" Deleted {} to recycle bin before it was overwritten.",
-                                      session_.Shown(destination_)));
+                                      session_.Shown(place_.path)));
         return true;
     }
     session::LogTimed(session_,
                       fmt::format(" Was unable to delete {} to recycle bin and overwrite "
                                   "with {} overwrite was skipped.",
-                                  session_.Shown(destination_), session_.Shown(object_.path)));
+                                  session_.Shown(place_.path), session_.Shown(object_.path)));
     session::TellUnlessAuto(
         session_, session::PromptId::kOverwriteNotRecycled,
         fmt::format("Was unable to delete: \r\n\r\n{}\r\n\r\n to {} and overwrite with: "
                     "\r\n\r\n{}\r\n\r\n overwrite was skipped.",
-                    session_.Shown(destination_), session::Worded(session_, session::Wording::kBin),
+                    session_.Shown(place_.path), session::Worded(session_, session::Wording::kBin),
                     session_.Shown(object_.path)));
     return false;
 }
@@ -235,9 +236,9 @@ void Placing::SetCombined() {
     if (!isCarried && !blnDestOnCD_) {
         const bool set = Do([this, combined]() -> platform::Result<void> {
             ObjectFacts placed;
-            TX_TRY(Read(destination_, placed));
+            TX_TRY(Read(place_.path, placed));
             if ((placed.attributes & kCarried) == combined) return {};
-            return session_.files().SetAttributes(destination_, combined);
+            return session_.files().SetAttributes(place_.path, combined);
         });
         if (!set) return;
     }
@@ -245,7 +246,7 @@ void Placing::SetCombined() {
     session::LogTimed(session_,
                       fmt::format(" Attributes of {} were combined since it overwrote another "
                                   "object.",
-                                  session_.Shown(destination_)));
+                                  session_.Shown(place_.path)));
 }
 
 void Placing::LogPlaced() {
@@ -289,17 +290,11 @@ const platform::Look& Placing::Source() {
     return unseen_;
 }
 
-const platform::FreePlace& Placing::NewPlace() {
-    if (place_ && place_->path == destination_) return *place_;
-    unknownPlace_ = {destination_, nullptr};
-    return unknownPlace_;
-}
-
 platform::Result<void> Placing::Copy() {
     auto& files = session_.files();
     isTried_ = true;
-    if (object_.isFile) return files.CopyFileTo(Source(), NewPlace(), run_.observer);
-    TX_TRY_ASSIGN(const auto copy, files.PrepareFolderOf(Source(), destination_, run_.observer));
+    if (object_.isFile) return files.CopyFileTo(Source(), place_, run_.observer);
+    TX_TRY_ASSIGN(const auto copy, files.PrepareFolderOf(Source(), place_.path, run_.observer));
     return platform::NameWhole(*copy);
 }
 
@@ -309,8 +304,8 @@ platform::Result<void> Placing::Prepare() {
     isTried_ = true;
     copy_.reset();
     TX_TRY_ASSIGN(auto copy, object_.isFile
-                                 ? files.PrepareFileOf(Source(), destination_, run_.observer)
-                                 : files.PrepareFolderOf(Source(), destination_, run_.observer));
+                                 ? files.PrepareFileOf(Source(), place_.path, run_.observer)
+                                 : files.PrepareFolderOf(Source(), place_.path, run_.observer));
     if (std::string missing = copy->Missing(); !missing.empty()) {
         return platform::Failure(platform::kPathFileAccess, std::move(missing));
     }
@@ -321,8 +316,8 @@ platform::Result<void> Placing::Prepare() {
 platform::Result<void> Placing::Move() {
     auto& files = session_.files();
     isTried_ = true;
-    return object_.isFile ? files.MoveFileTo(Source(), NewPlace(), run_.observer)
-                          : files.MoveFolderTo(Source(), NewPlace());
+    return object_.isFile ? files.MoveFileTo(Source(), place_, run_.observer)
+                          : files.MoveFolderTo(Source(), place_);
 }
 
 } // namespace tarvix::actions

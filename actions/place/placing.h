@@ -25,9 +25,9 @@ using session::Session;
 class Placing {
   public:
     Placing(Session& session, ActionRun& run, Job job)
-        : session_(session), run_(run), object_(job.object),
-          destination_(std::move(job.destination)), verb_(job.verb), overwrites_(job.overwrites),
-          makeWay_(std::move(job.makeWay)), look_(job.object.look), place_(std::move(job.place)) {}
+        : session_(session), run_(run), object_(job.object), place_(std::move(job.place)),
+          wasFree_(job.wasFree), verb_(job.verb), overwrites_(job.overwrites),
+          makeWay_(std::move(job.makeWay)), look_(std::move(job.look)) {}
     // What was taken away for nothing comes back.
     ~Placing() { (void)PutBack(); }
     Placing(const Placing&) = delete;
@@ -68,7 +68,6 @@ class Placing {
     platform::Result<void> LookAtSource();
     // By its path alone where it could not be looked at.
     const platform::Look& Source();
-    const platform::FreePlace& NewPlace();
     // Never replaces, and a folder never goes into one that is there.
     platform::Result<void> Copy();
     platform::Result<void> Prepare();
@@ -120,16 +119,16 @@ class Placing {
     Session& session_;
     ActionRun& run_;
     const Object& object_;
-    std::string destination_;
-    std::string shownSource_; // both as people read them, once the destination is finished
-    std::string shownPlace_;
+    platform::FreePlace place_; // where it is to go
+    bool wasFree_;
+    // Both as people read them, once the place is finished; they belong to the run.
+    std::string_view shownSource_;
+    std::string_view shownPlace_;
     Verb verb_;
     bool overwrites_;
     std::function<bool()> makeWay_;
-    std::optional<platform::Look> look_; // at the source
-    std::optional<platform::FreePlace> place_;
-    platform::Look unseen_; // what Source gives where there is none
-    platform::FreePlace unknownPlace_;
+    std::optional<platform::Look> look_;          // at the source
+    platform::Look unseen_;                       // what Source gives where there is none
     std::unique_ptr<platform::UnnamedCopy> copy_; // that lies ready
     bool blnDestOnCD_ = false;
     ObjectFacts sourceFacts_;

@@ -17,7 +17,7 @@ session::ErrorContext Placing::Context() const {
             .moduleName = "frmDialog",
             .object = object_.path,
             .path = object_.actual,
-            .searchOrDestination = destination_,
+            .searchOrDestination = place_.path,
             .objectType =
                 object_.isFile ? session::ObjectType::kFile : session::ObjectType::kFolder,
             .sentence = verb_ == Verb::kCopy
@@ -47,7 +47,7 @@ std::optional<int> Placing::OwnRule(const platform::PlatformError& error) {
     if (error.number == platform::kPermissionDenied && !forceTried_ && !isPlaced_) {
         return ForceOnce();
     }
-    if (error.number == platform::kAlreadyExists && place_ && !isPlaced_) {
+    if (error.number == platform::kAlreadyExists && wasFree_ && !isPlaced_) {
         return LeaveTaken();
     }
     if (error.number == platform::kPathNotFound && !pathTried_) {
@@ -61,18 +61,18 @@ std::optional<int> Placing::LeaveStopped() {
     session::LogTimed(session_,
                       fmt::format(" User stopped in the middle of {}, nothing of it was "
                                   "left at {}",
-                                  session_.Shown(object_.path), session_.Shown(destination_)));
+                                  session_.Shown(object_.path), session_.Shown(place_.path)));
     return session::kRecoveryLeave;
 }
 
 std::optional<int> Placing::LeaveTaken() {
-    if (platform::WhatStands(session_.files(), destination_).IsFree()) return std::nullopt;
+    if (platform::WhatStands(session_.files(), place_.path).IsFree()) return std::nullopt;
     isTaken_ = isSettled_ = true;
     return session::kRecoveryLeave;
 }
 
 std::optional<int> Placing::MakePathOnce() {
-    auto made = session::CreateMissingFolder(session_, destination_, false);
+    auto made = session::CreateMissingFolder(session_, place_.path, false);
     std::ranges::move(made.made, std::back_inserter(madeFolders_));
     pathTried_ = true;
     if (object_.isFile || !made.blnFolderAlreadyThere) return session::kRecoveryRetry;
@@ -91,7 +91,7 @@ void Placing::TellDeepFolder(bool isThere) const {
             session_, session::PromptId::kDeepFolder,
             fmt::format(" Folder: {}\r\n\r\nor Folder: {}\r\n\r\n has already been "
                         "removed, skipped.",
-                        session_.Shown(object_.path), session_.Shown(destination_)));
+                        session_.Shown(object_.path), session_.Shown(place_.path)));
     }
     session::TellOrLog(
         session_, session::PromptId::kDeepFolder,
@@ -122,7 +122,7 @@ std::optional<int> Placing::ForceCopy() {
     if (!hasFailed_) {
         session::LogTimed(session_,
                           fmt::format(" Copy {} -- to -- {} forced.", session_.Shown(object_.path),
-                                      session_.Shown(destination_)));
+                                      session_.Shown(place_.path)));
     }
     isDone_ = true;
     // The line comes first, then the report of an error without a number.
@@ -146,7 +146,7 @@ void Placing::LogForcedMove() {
         session_,
         fmt::format(" {} {} -- {} -- {} forced{}", isRename ? "Renamed" : "Move",
                     session_.Shown(object_.path), isRename ? "as" : "to",
-                    session_.Shown(destination_),
+                    session_.Shown(place_.path),
                     overwrites_ ? "by copying and deleting and deleting original object.First the "
                                   "new location file being overwritten was placed in the recycle "
                                   "bin."

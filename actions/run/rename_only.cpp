@@ -40,11 +40,11 @@ struct Renamed {
     std::size_t index = 0;
     bool isFile = true;
     NamePortion portion = NamePortion::kWholeName;
-    NameParts parts;    // of the name as listed
-    std::string parent; // with "\" behind it
-    std::string old;    // the path as people see it, and then each newly reached one
-    std::string actual; // the same for file system calls
-    std::string text;   // the part of the name that is worked on
+    NameParts parts;       // of the name as listed
+    std::size_t above = 0; // bytes of the folder in `old`, with "\" behind it
+    std::string old;       // the path as people see it, and then each newly reached one
+    std::string actual;    // the same for file system calls
+    std::string_view text; // the part of the name that is worked on, as listed
     bool isAsked = false;
     bool isTaken = false; // the new name is
     bool isChanged = false;
@@ -53,6 +53,8 @@ struct Renamed {
     bool isTried = false; // a new name was made for it
     int errorNumber = 0;
     std::string error;
+
+    std::string_view Parent() const { return std::string_view(old).substr(0, above); }
 };
 
 class Renaming {
@@ -77,18 +79,20 @@ class Renaming {
     void Insert(Renamed& object);
     void FindAndReplace(Renamed& object);
     enum class Round { kGoOn, kRenamed, kDone };
-    Round RenameHit(Renamed& object, std::size_t hit);
-    std::size_t NextHit(const std::string& text, std::size_t hit, bool isReplaced) const;
-    std::string ReplaceInText(const std::string& text, std::size_t hit) const;
+    Round RenameHit(Renamed& object, const std::string& text);
+    std::size_t NextHit(std::string_view text, std::size_t hit, bool isReplaced) const;
+    std::string ReplaceInText(std::string_view text, std::size_t hit) const;
 
-    std::string NewPath(const Renamed& object, std::string_view text) const;
+    // The two parts of a text make one.
+    std::string NewPath(const Renamed& object, std::string_view text,
+                        std::string_view rest = {}) const;
     static bool IsPlain(const Renamed& object, std::string_view path);
     void ShowRenaming(const Renamed& object, std::string_view path);
     bool CanUse(const Renamed& object, std::string& path);
     bool TellTaken(Renamed& object, const std::string& path);
     enum class Moved { kYes, kNo, kTaken };
     Moved MoveUnlessTaken(Renamed& object, const std::string& path);
-    Moved Move(Renamed& object, const platform::FreePlace& place);
+    Moved Move(Renamed& object, platform::FreePlace place);
 
     Session& session_;
     ActionRun& run_;
@@ -164,10 +168,10 @@ Renamed Renaming::ObjectAt(std::size_t index) const {
     object.parts = SplitPrefixAndExtension(name);
     object.old = folders_.Now(tables.strSelPath[index]);
     object.actual = folders_.Now(tables.strSelActualPath[index]);
-    object.parent = text::ParentFolderSlash(object.old);
+    object.above = object.old.size() - text::FolderOwnName(object.old).size();
     object.text = object.portion == NamePortion::kPrefix      ? object.parts.strPrefix
                   : object.portion == NamePortion::kExtension ? object.parts.strExtension
-                                                              : std::string_view(name);
+                                                              : name;
     return object;
 }
 
@@ -229,20 +233,20 @@ void Renaming::KeepNewNames() {
 void Renaming::Insert(Renamed& object) {
     const std::string& add = request_.add;
     object.isTried = true;
-    std::string path = NewPath(object, request_.addsAtEnd ? text::Concat({object.text, add})
-                                                          : text::Concat({add, object.text}));
+    std::string path =
+        request_.addsAtEnd ? NewPath(object, object.text, add) : NewPath(object, add, object.text);
     const bool isPlain = IsPlain(object, path);
     if (!isPlain) ShowRenaming(object, path);
     if (!CanUse(object, path)) return;
-    const platform::Standing standing = platform::WhatStands(session_.files(), path);
+    platform::Standing standing = platform::WhatStands(session_.files(), path);
     if (isPlain && !standing.IsFree()) ShowRenaming(object, path);
-    if (!standing.IsFree() || Move(object, standing.place) == Moved::kTaken) {
+    if (!standing.IsFree() || Move(object, std::move(standing.place)) == Moved::kTaken) {
         TellTaken(object, path);
     }
 }
 
 void Renaming::GiveName(Renamed& object) {
-    std::string path = text::Concat({object.parent, request_.given});
+    std::string path = text::Concat({object.Parent(), request_.given});
     if (path == object.old) return;
     object.isTried = true;
     if (!CanUse(object, path)) return;
@@ -252,21 +256,22 @@ void Renaming::GiveName(Renamed& object) {
 
 // Each hit is a rename of its own.
 void Renaming::FindAndReplace(Renamed& object) {
+    std::string text(object.text);
     bool isReplaced = false;
     std::size_t hit = 0;
-    while (!hasEnded_ && (hit = NextHit(object.text, hit, isReplaced)) != 0) {
-        const Round round = RenameHit(object, hit);
+    while (!hasEnded_ && (hit = NextHit(text, hit, isReplaced)) != 0) {
+        std::string replaced = ReplaceInText(text, hit);
+        const Round round = RenameHit(object, replaced);
         isReplaced = round == Round::kRenamed;
         if (round == Round::kDone) return;
         if (!isReplaced) continue;
         if (request_.onlyFirst) return;
-        object.text = ReplaceInText(object.text, hit);
+        text = std::move(replaced);
     }
 }
 
-Renaming::Round Renaming::RenameHit(Renamed& object, std::size_t hit) {
+Renaming::Round Renaming::RenameHit(Renamed& object, const std::string& text) {
     object.isTried = true;
-    const std::string text = ReplaceInText(object.text, hit);
     std::string path =
         NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
                                                                   : text::Trim(text));
@@ -285,12 +290,12 @@ Renaming::Moved Renaming::MoveUnlessTaken(Renamed& object, const std::string& pa
         !found.empty() && (found == text::FolderOwnName(path) ||
                            !text::EqualNoCase(found, text::FolderOwnName(object.actual)));
     if (!standing.IsFree()) standing.place = {path, nullptr};
-    return isTaken ? Moved::kTaken : Move(object, standing.place);
+    return isTaken ? Moved::kTaken : Move(object, std::move(standing.place));
 }
 
 // The start depends on the two lengths, so that a replacement is not searched again. A text that
 // stayed as it was never gives the same hit twice.
-std::size_t Renaming::NextHit(const std::string& text, std::size_t hit, bool isReplaced) const {
+std::size_t Renaming::NextHit(std::string_view text, std::size_t hit, bool isReplaced) const {
     if (findLength_ == 0) return 0;
     std::size_t start = hit + 1;
     if (hit > 0 && replaceLength_ > findLength_) start += replaceLength_ - findLength_;
@@ -299,41 +304,47 @@ std::size_t Renaming::NextHit(const std::string& text, std::size_t hit, bool isR
     return text::InStr(text::Upper(text), find_, start);
 }
 
-std::string Renaming::ReplaceInText(const std::string& text, std::size_t hit) const {
+std::string Renaming::ReplaceInText(std::string_view text, std::size_t hit) const {
     return text::Concat(
         {text::Left(text, hit - 1), request_.replace, text::Mid(text, hit + findLength_)});
 }
 
 // ---- one new name ----
 
-std::string Renaming::NewPath(const Renamed& object, std::string_view text) const {
+std::string Renaming::NewPath(const Renamed& object, std::string_view text,
+                              std::string_view rest) const {
     // Many a disk drops the dot of a name that has no extension; where it stays it isn't written.
     const bool hasNoDot =
         session_.platform.traits.keepsFinalDots && object.parts.strExtension.empty();
-    const std::string name = object.portion == NamePortion::kPrefix && !hasNoDot
-                                 ? text::Concat({text, ".", object.parts.strExtension})
-                             : object.portion == NamePortion::kExtension
-                                 ? text::Concat({object.parts.strPrefix, ".", text})
-                                 : std::string(text);
-    return text::Concat({object.parent, text::Trim(name)});
+    const bool isPrefix = object.portion == NamePortion::kPrefix && !hasNoDot;
+    const bool isExtension = object.portion == NamePortion::kExtension;
+    std::string path = text::Concat({object.Parent(), isExtension ? object.parts.strPrefix : "",
+                                     isExtension ? "." : "", text, rest, isPrefix ? "." : "",
+                                     isPrefix ? object.parts.strExtension : ""});
+    // No blank stays at either end of the name.
+    const std::string_view name = std::string_view(path).substr(object.above);
+    const std::size_t before = name.size() - text::LTrim(name).size();
+    path.resize(object.above + text::RTrim(name).size());
+    if (before > 0) path.erase(object.above, before);
+    return path;
 }
 
 // Nothing is told of it before it is placed, which shows the same.
 bool Renaming::IsPlain(const Renamed& object, std::string_view path) {
-    return path.size() <= session::kLongPath &&
-           platform::CanBeName(path.substr(object.parent.size()));
+    return path.size() <= session::kLongPath && platform::CanBeName(path.substr(object.above));
 }
 
 void Renaming::ShowRenaming(const Renamed& object, std::string_view path) {
-    session_.frmDialog.lblStatus.Caption = text::Concat(
-        {"Renaming ", run_.shownSources.Of(object.old), "  as  ", run_.shownPlaces.Of(path)});
+    run_.status.assign("Renaming ").append(run_.shownSources.Of(object.old));
+    run_.status.append("  as  ").append(run_.shownPlaces.Of(path));
+    session_.frmDialog.lblStatus.Caption = run_.status;
 }
 
 // Whether it makes a name and the path isn't too long, or could be shortened.
 bool Renaming::CanUse(const Renamed& object, std::string& path) {
     const bool canUse = CanUseNewPath(session_,
                                       {.path = object.old,
-                                       .parent = object.parent,
+                                       .parent = object.Parent(),
                                        .isFile = object.isFile,
                                        .routine = "RenameOnly"},
                                       path);
@@ -362,19 +373,14 @@ bool Renaming::TellTaken(Renamed& object, const std::string& path) {
 }
 
 // Whether the object bears the new name now, or others took it just before.
-Renaming::Moved Renaming::Move(Renamed& object, const platform::FreePlace& place) {
-    const std::string& path = place.path;
-    const Object present{.index = object.index,
-                         .name = {},
-                         .path = object.old,
-                         .actual = object.actual,
-                         .relative = session_.selection->strSelRelPath[object.index],
-                         .isFile = object.isFile,
-                         .sighting = actions::ObjectAt(*session_.selection, object.index).sighting,
-                         .look = {}};
+Renaming::Moved Renaming::Move(Renamed& object, platform::FreePlace place) {
+    Object present = actions::ObjectAt(*session_.selection, object.index);
+    present.name = {};
+    present.path = object.old;
+    present.actual = object.actual;
     Outcome outcome = PlaceObject(
         session_, run_,
-        {.object = present, .destination = path, .verb = Verb::kRename, .place = place});
+        {.object = present, .place = std::move(place), .verb = Verb::kRename, .wasFree = true});
     object.isOther = outcome.kind == OutcomeKind::kChanged;
     if (outcome.kind == OutcomeKind::kFailed || object.isOther) {
         object.hasFailed = true;
@@ -385,8 +391,8 @@ Renaming::Moved Renaming::Move(Renamed& object, const platform::FreePlace& place
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
     if (outcome.isTaken) return Moved::kTaken;
     if (!outcome.isPlaced) return Moved::kNo;
-    object.old = text::Concat({object.parent, text::FolderOwnName(path)});
-    object.actual = path;
+    object.actual = std::move(outcome.strDestination);
+    object.old.replace(object.above, object.old.npos, text::FolderOwnName(object.actual));
     object.isChanged = true;
     return Moved::kYes;
 }

@@ -32,8 +32,7 @@ Outcome InPlace::Give(std::size_t index, const platform::FreePlace& place) {
     object.path = path;
     object.actual = actual;
     Outcome outcome = PlaceObject(
-        session_, run_,
-        {.object = object, .destination = place.path, .verb = Verb::kRename, .place = place});
+        session_, run_, {.object = object, .place = place, .verb = Verb::kRename, .wasFree = true});
     outcome.index = index;
     Note(index, outcome);
     return outcome;

@@ -117,14 +117,14 @@ TEST_F(TypedTexts, ARenameStaysInItsFolderWhateverIsAskedFor) {
     for (const char* to : {"C:\\d\\a.txt", "C:\\t\\sub\\x.txt", "C:\\t\\..\\x.txt", "C:\\t\\..",
                            "C:\\t\\sub\\..\\..\\d\\a.txt"}) {
         const actions::Outcome outcome = actions::PlaceObject(
-            S(), run, {.object = object, .destination = to, .verb = actions::Verb::kRename});
+            S(), run, {.object = object, .place = {to, nullptr}, .verb = actions::Verb::kRename});
         EXPECT_EQ(outcome.kind, actions::OutcomeKind::kFailed) << to;
         EXPECT_THAT(outcome.error, HasSubstr("A rename can't give C:\\t\\a.txt another folder"));
     }
     ExpectUntouched();
     const actions::Outcome outcome = actions::PlaceObject(
         S(), run,
-        {.object = object, .destination = "C:\\T\\x.txt", .verb = actions::Verb::kRename});
+        {.object = object, .place = {"C:\\T\\x.txt", nullptr}, .verb = actions::Verb::kRename});
     EXPECT_EQ(outcome.kind, actions::OutcomeKind::kRenamed) << "the folder in another spelling";
 }
 

@@ -74,6 +74,25 @@ RowFate FateOf(const OutcomeList& list, std::size_t at) {
     return list.Action().starts_with("Rename") ? RowFate::kRenamed : RowFate::kNone;
 }
 
+void SetGone(ResultRow& row) {
+    SetMark(row, kGone, true);
+    row.selected = false;
+}
+
+bool WentAway(OutcomeMark mark) {
+    return mark == OutcomeMark::kRecycled || mark == OutcomeMark::kDeleted ||
+           mark == OutcomeMark::kWasGone;
+}
+
+void MarkWentAway(ResultList& rows, const OutcomeList& list) {
+    RowsInOrder inOrder(rows, list);
+    for (std::size_t at = 0; at < list.Count(); ++at) {
+        if (!WentAway(list.MarkOf(at))) continue;
+        const std::size_t row = inOrder.RowOf(at);
+        if (row < rows.Count() && rows.At(row).selected) SetGone(rows.At(row));
+    }
+}
+
 } // namespace
 
 void MarkCut(session::Session& session) {
@@ -86,7 +105,8 @@ void ClearCut(session::Session& session) {
         SetMark(row, kCut, false);
 }
 
-void MarkGone(session::Session& session) {
+void MarkGone(session::Session& session, const OutcomeList* settled) {
+    if (settled) MarkWentAway(*session.rows, *settled);
     const platform::ManyChanges many(session.files()); // whose folders are held between the looks
     for (std::size_t i = 0; i < session.rows->Count(); ++i) {
         ResultRow& row = session.rows->At(i);
@@ -94,9 +114,8 @@ void MarkGone(session::Session& session) {
         const std::string path = session.rows->FullPath(i);
         const auto look = session.files().LookAtSeen(
             {path, session.rows->SightingOf(row), platform::Same::kName});
-        const bool isGone = !look && IsMissing(look.error());
-        SetMark(row, kGone, isGone);
-        if (isGone) row.selected = false;
+        SetMark(row, kGone, false);
+        if (!look && IsMissing(look.error())) SetGone(row);
     }
 }
 

@@ -19,8 +19,9 @@ void MarkCut(session::Session& session);
 // No row is cut any more.
 void ClearCut(session::Session& session);
 // Marks those of the selected rows as gone, and unselects them, at whose paths nothing stands any
-// more. The counters are the caller's to count anew.
-void MarkGone(session::Session& session);
+// more. `settled`: an action that just went over them, if any; what it took away isn't looked for.
+// The counters are the caller's to count anew.
+void MarkGone(session::Session& session, const OutcomeList* settled = nullptr);
 
 // Rows whose objects the list has as put back are gone no more.
 void MarkBack(ResultList& rows, const OutcomeList& list);

@@ -268,7 +268,7 @@ void cmdDeleteSelected_Click(Session& session) {
     session.forms.frmOverrideRecycleFail.Answer = kOverrideNo;
     if (state.blnRepeatDeleteEmpty) return;
     state.blnRepeatRequested = state.blnRedoNow = true;
-    results::MarkGone(session);
+    results::MarkGone(session, watch.HasNew(session) ? session.outcomes : nullptr);
     results::CountSelection(session);
     session.events.Raise(session, "frmSearch.Form_Activate");
     OfferOutcome(session, watch);

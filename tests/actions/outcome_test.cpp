@@ -12,8 +12,10 @@ namespace tarvix::testing {
 namespace {
 
 using results::OutcomeMark;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 // Each object as "MARK: SOURCE -> WHERE IT IS".
 class Outcomes : public ActionFixture {
@@ -181,6 +183,18 @@ TEST_F(Outcomes, RecycledRowsAreMarkedAndUnselectedAndTheTrashCanBeOpened) {
     Click(Form().cmdOutcome);
     Click(Page().cmdOpenTrash);
     EXPECT_EQ(machine.applications.trashShown, 1);
+}
+
+TEST_F(Outcomes, WhatWentToTheTrashIsNotLookedForOnceMore) {
+    DeleteTwoOfWhichTheTrashTakesOne();
+    const auto& calls = machine.faults.Calls();
+    const auto isRecycling = [](const auto& call) { return call.operation == "Recycle"; };
+    const auto last = std::find_if(calls.rbegin(), calls.rend(), isRecycling).base();
+    std::vector<std::string> lookedAt;
+    for (auto call = last; call != calls.end(); ++call)
+        if (call->operation == "Facts") lookedAt.push_back(call->path);
+    EXPECT_THAT(lookedAt, Contains("C:\\t\\b.txt"));
+    EXPECT_THAT(lookedAt, Not(Contains("C:\\t\\a.txt")));
 }
 
 TEST_F(Outcomes, WhatWentWithItsFolderIsInTheTrash) {

@@ -159,6 +159,11 @@ class FileSystem {
     // call it again before they are all copied, and with none when there are no more. Nothing of it
     // can be seen, and no result changes. `from` must be spelled as CopyFile will have it.
     virtual void CopySoon(std::span<const PlannedCopy>) {}
+    // Tells which objects LookAtSeen will probably be asked for next, behind those of the last
+    // calls, so that they can be looked at ahead: each look is at most as old as a Look that is
+    // believed. A few dozen count. The paths must live until it is called with none, which forgets
+    // all.
+    virtual void LookSoon(std::span<const SeenObject>) {}
     // Renames without replacing: 58 when anything of the new name exists, though an object may get
     // its own name in another case. 76 when the target folder is missing. Across file systems: a
     // file is copied, synced and then removed; a folder is refused with 70. A folder into itself is

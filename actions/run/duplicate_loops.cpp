@@ -11,6 +11,7 @@
 #include "actions/run/ask_flow.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
+#include "actions/run/looks_ahead.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/session.h"
@@ -110,6 +111,7 @@ class Loop {
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
         for (std::size_t index = 0; index < count; ++index) {
             if (index % kPlanEvery == 1) PlanAhead(index);
+            if (run_.request.isMove) looks_.At(index);
             if (!PlaceEverywhere(ObjectAt(tables_, index)))
                 return FoldChanged(session_, run_, changed_);
         }
@@ -144,6 +146,7 @@ class Loop {
     ActionProgress progress_;
     platform::CopyObserver plainObserver_;
     platform::ManyChanges many_{session_.files()};
+    LooksAhead looks_{session_, run_};
     Outcome last_;
     std::vector<ChangedObject> changed_;
 };

@@ -7,6 +7,7 @@
 #include "actions/run/action_progress.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
+#include "actions/run/looks_ahead.h"
 #include "actions/run/new_path.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
@@ -126,11 +127,13 @@ RenameOnlyEnd Renaming::Run() {
 
 void Renaming::RunPass(bool files, ActionProgress& progress) {
     const auto& isFile = session_.selection->blnSelIsFile;
+    LooksAhead looks(session_, run_);
     for (std::size_t index = 0; index < isFile.size(); ++index) {
         if (isFile[index] != files) continue;
         session_.Yield();
         if (session_.state.blnStopAction) hasEnded_ = true;
         if (hasEnded_) return;
+        if (files) looks.At(index);
         RenameObject(index);
         progress.Step();
     }

@@ -80,11 +80,11 @@ std::uint64_t LinuxFileSystem::NextNumber() {
     return ++last;
 }
 
-std::shared_ptr<const Known> LinuxFileSystem::Keep(Resolved place) const {
+std::shared_ptr<const Known> LinuxFileSystem::Keep(Resolved place, std::int64_t takenAt) const {
     auto kept = std::make_shared<ResolvedLook>();
     kept->fileSystem = number_;
     kept->changes = changes_;
-    kept->takenAt = store_.Tick();
+    kept->takenAt = takenAt;
     kept->place = std::move(place);
     return kept;
 }
@@ -194,13 +194,24 @@ bool MayLeadToFolder(const Resolved& place) {
 }
 } // namespace
 
+void LinuxFileSystem::NoteChangedAlone(const Resolved& place) {
+    if (MayLeadToFolder(place)) return NoteChanged();
+    ++changes_;
+    looks_.Forget(place.st->stx_ino);
+}
+
+// What stands where nothing stood is no object that was looked at.
 void LinuxFileSystem::NoteMade(const Resolved& place) {
-    NoteChanged();
+    if (place.Exists()) {
+        NoteChanged();
+    } else {
+        ++changes_;
+    }
     store_.NoteMade(place.native);
 }
 
 void LinuxFileSystem::NoteRenamed(const Resolved& source, const Resolved& target) {
-    NoteChanged();
+    NoteChangedAlone(source);
     if (MayLeadToFolder(source)) store_.NoteMoved(source.native);
     if (source.Folder() == target.Folder()) {
         store_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());

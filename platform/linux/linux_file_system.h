@@ -10,6 +10,7 @@
 #include "platform/linux/linux_foresight.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/listing_store.h"
+#include "platform/linux/look_ahead.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
@@ -49,6 +50,7 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
                                                        const CopyObserver& observer) override;
     Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override;
+    void LookSoon(std::span<const SeenObject> objects) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -111,7 +113,10 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // folder is (FolderStore::kBelieved) and nothing was changed here in between.
     struct ResolvedLook;
     static std::uint64_t NextNumber();
-    std::shared_ptr<const Known> Keep(Resolved place) const;
+    std::shared_ptr<const Known> Keep(Resolved place) const {
+        return Keep(std::move(place), store_.Tick());
+    }
+    std::shared_ptr<const Known> Keep(Resolved place, std::int64_t takenAt) const;
     // Null where it isn't believed.
     std::shared_ptr<const Resolved> Believed(const std::shared_ptr<const Known>& known) const;
     Result<std::shared_ptr<const Resolved>> ObjectOf(const Look& look);
@@ -122,6 +127,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // A copy without its name, and the place where it will get one.
     class Prepared;
 
+    // For the thread that looks ahead.
+    std::optional<AheadLook> LookedAhead(const SeenObject& seen);
     Result<Resolved> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
     Result<Resolved> FileForBytes(std::string_view path, bool toWrite);
@@ -161,7 +168,14 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
     // An object is another than it was: no look that was taken before stands.
-    void NoteChanged() { ++changes_; }
+    void NoteChanged() {
+        ++changes_;
+        looks_.ForgetAll();
+    }
+    // The same of one that leads to no folder, so that no other is reached otherwise than before.
+    void NoteChangedAlone(const Resolved& place);
+    // A look that was taken ahead, if nothing is known to have changed since.
+    std::optional<AheadLook> TakenAhead(const SeenObject& seen);
     void NoteMade(const Resolved& place);
     void NoteRenamed(const Resolved& source, const Resolved& target);
 
@@ -175,6 +189,7 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
+    LookAhead looks_{[this](const SeenObject& seen) { return LookedAhead(seen); }};
 };
 
 } // namespace tarvix::platform

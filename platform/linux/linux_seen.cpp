@@ -40,7 +40,31 @@ Result<LinuxFileSystem::SeenPlace> LinuxFileSystem::Seen(const SeenObject& seen)
     return found;
 }
 
+// ---- looks ahead ----
+
+void LinuxFileSystem::LookSoon(std::span<const SeenObject> objects) {
+    if (!roads_.ahead) return;
+    objects.empty() ? looks_.Drop() : looks_.Add(objects);
+}
+
+std::optional<AheadLook> LinuxFileSystem::LookedAhead(const SeenObject& seen) {
+    const std::int64_t before = store_.Tick();
+    auto found = Seen(seen);
+    if (!found) return std::nullopt;
+    return AheadLook{std::move(found->place), found->facts, before};
+}
+
+std::optional<AheadLook> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
+    auto look = looks_.Take(seen);
+    if (!look || store_.Tick() - look->takenAt > FolderStore::kBelieved) return std::nullopt;
+    return look;
+}
+
 Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
+    if (auto ahead = TakenAhead(seen)) {
+        return Look{std::string(seen.path), ahead->facts,
+                    Keep(std::move(ahead->place), ahead->takenAt), seen.sighting.location};
+    }
     TX_TRY_ASSIGN(SeenPlace found, Seen(seen));
     return Look{std::string(seen.path), found.facts, Keep(std::move(found.place)),
                 seen.sighting.location};

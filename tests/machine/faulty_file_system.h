@@ -100,6 +100,14 @@ class FaultyFileSystem : public FileSystem {
                                                        const CopyObserver& observer) override;
     Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override { files_.CopySoon(copies); }
+    void LookSoon(std::span<const SeenObject> objects) override {
+        auto& paths = lookedSoon_.emplace_back();
+        for (const SeenObject& object : objects)
+            paths.emplace_back(object.path);
+        files_.LookSoon(objects);
+    }
+    // The paths of each call of LookSoon.
+    const std::vector<std::vector<std::string>>& LookedSoon() const { return lookedSoon_; }
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -132,6 +140,7 @@ class FaultyFileSystem : public FileSystem {
     FaultyForesight foresight_{files_};
     std::vector<Fault> faults_;
     std::vector<Call> calls_;
+    std::vector<std::vector<std::string>> lookedSoon_;
     std::map<std::string, std::size_t, std::less<>> counts_;
 };
 

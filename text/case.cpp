@@ -34,44 +34,80 @@ bool IsAsciiByte(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-// Eight ASCII characters with the case of the letters from `first` on turned over.
+constexpr std::uint64_t kEachByte = 0x0101010101010101;
+constexpr std::uint64_t kHighOfEach = 0x80 * kEachByte;
+
+// Eight bytes with the case of the ASCII letters from `first` on turned over.
 template <char first>
 std::uint64_t TurnEight(std::uint64_t word) {
-    constexpr std::uint64_t kEach = 0x0101010101010101;
-    constexpr std::uint64_t kHigh = 0x80 * kEach;
     // The high bit of a byte tells whether it is that letter or beyond.
-    const std::uint64_t fromFirst = word + (0x80 - first) * kEach;
-    const std::uint64_t behindLast = word + (0x80 - (first + 26)) * kEach;
-    return word ^ ((fromFirst & ~behindLast & kHigh) >> 2);
+    const std::uint64_t low = word & ~kHighOfEach;
+    const std::uint64_t fromFirst = low + (0x80 - first) * kEachByte;
+    const std::uint64_t behindLast = low + (0x80 - (first + 26)) * kEachByte;
+    return word ^ ((fromFirst & ~behindLast & ~word & kHighOfEach) >> 2);
 }
 
-// ASCII text, in place.
+// The ASCII letters of a text, in place. Whether it has other characters, too.
 template <char first, char (*MapAscii)(char)>
-void MapAll(char* at, std::size_t size) {
+bool MapAllAscii(char* at, std::size_t size) {
+    std::uint64_t all = 0;
     for (; size >= 8; at += 8, size -= 8) {
         std::uint64_t word = 0;
         std::memcpy(&word, at, 8);
+        all |= word;
         word = TurnEight<first>(word);
         std::memcpy(at, &word, 8);
     }
-    for (; size > 0; ++at, --size)
+    for (; size > 0; ++at, --size) {
+        all |= static_cast<unsigned char>(*at);
         *at = MapAscii(*at);
+    }
+    return (all & kHighOfEach) != 0;
+}
+
+// A second byte of the characters U+00C0 to U+00FF, whose cases differ in one bit. False for any
+// other byte, and for the two that have no such other case.
+template <char first>
+bool TurnLatin(char& byte) {
+    constexpr unsigned char kSmall = 0x20;
+    const auto small = static_cast<unsigned char>(static_cast<unsigned char>(byte) | kSmall);
+    if (small < 0xA0 || small >= 0xBF) return false;
+    const bool isSmall = static_cast<unsigned char>(byte) == small;
+    constexpr unsigned char kDivision = 0xB7; // as a capital it is the sign of multiplication
+    if (small != kDivision && isSmall == (first == 'a')) byte = static_cast<char>(byte ^ kSmall);
+    return true;
+}
+
+// The character at `pos`, which moves behind it.
+template <char32_t (*MapCharacter)(char32_t)>
+void MapOne(std::string& out, std::size_t& pos) {
+    const std::size_t begin = pos;
+    const char32_t character = NextCharacter(out, pos);
+    const char32_t mapped = MapCharacter(character);
+    if (mapped == character) return;
+    if (pos - begin == 2 && mapped >= 0x80 && mapped < 0x800) {
+        out[begin] = static_cast<char>(0xC0 | mapped >> 6);
+        out[begin + 1] = static_cast<char>(0x80 | (mapped & 0x3F));
+        return;
+    }
+    std::string other;
+    AppendUtf8(other, mapped);
+    out.replace(begin, pos - begin, other);
+    pos = begin + other.size();
 }
 
 template <char first, char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
 void AppendMapped(std::string& out, std::string_view s) {
-    if (IsAscii(s)) {
-        const std::size_t before = out.size();
-        out.append(s);
-        MapAll<first, MapAscii>(out.data() + before, s.size());
-        return;
-    }
-    out.reserve(out.size() + s.size());
-    for (std::size_t pos = 0; pos < s.size();) {
-        if (IsAsciiByte(s[pos])) {
-            out += MapAscii(s[pos++]);
+    std::size_t pos = out.size();
+    out.append(s);
+    if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
+    while (pos < out.size()) {
+        if (IsAsciiByte(out[pos])) {
+            ++pos;
+        } else if (out[pos] == '\xC3' && pos + 1 < out.size() && TurnLatin<first>(out[pos + 1])) {
+            pos += 2;
         } else {
-            AppendUtf8(out, MapCharacter(NextCharacter(s, pos)));
+            MapOne<MapCharacter>(out, pos);
         }
     }
 }

@@ -318,9 +318,9 @@ Sys<void> FolderStore::Read(Entry& entry) {
 Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::string_view name) {
     const std::scoped_lock lock(mutex_);
     TX_TRY_ASSIGN(Folder* const valid, Valid(folder));
-    const std::string* const found = valid->names->Find(name);
-    if (found == nullptr) return std::nullopt;
-    return *found;
+    const std::string_view found = valid->names->Find(name);
+    if (found.empty()) return std::nullopt;
+    return std::string(found);
 }
 
 bool FolderStore::IsKnownFree(std::string_view folder, std::string_view nativeName) {

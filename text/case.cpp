@@ -47,22 +47,42 @@ std::uint64_t TurnEight(std::uint64_t word) {
     return word ^ ((fromFirst & ~behindLast & ~word & kHighOfEach) >> 2);
 }
 
-// The ASCII letters of a text, in place. Whether it has other characters, too.
+// Turns eight bytes, and tells whether one is beyond ASCII.
+template <char first>
+bool TurnEightAt(char* at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, at, 8);
+    const std::uint64_t turned = TurnEight<first>(word);
+    std::memcpy(at, &turned, 8);
+    return (word & kHighOfEach) != 0;
+}
+
+// The ASCII letters of a text, in place. Whether it has other characters, too. What was turned
+// once isn't turned again, so that the last eight bytes may be in both of two steps.
 template <char first, char (*MapAscii)(char)>
 bool MapAllAscii(char* at, std::size_t size) {
-    std::uint64_t all = 0;
-    for (; size >= 8; at += 8, size -= 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, at, 8);
-        all |= word;
-        word = TurnEight<first>(word);
-        std::memcpy(at, &word, 8);
+    bool isBeyond = false;
+    if (size < 8) {
+        for (; size > 0; ++at, --size) {
+            isBeyond |= !IsAsciiByte(*at);
+            *at = MapAscii(*at);
+        }
+        return isBeyond;
     }
-    for (; size > 0; ++at, --size) {
-        all |= static_cast<unsigned char>(*at);
-        *at = MapAscii(*at);
+    for (; size > 8; at += 8, size -= 8)
+        isBeyond |= TurnEightAt<first>(at);
+    return TurnEightAt<first>(at + size - 8) || isBeyond;
+}
+
+// Where the next character beyond ASCII starts, or the end.
+std::size_t NextBeyondAscii(std::string_view s, std::size_t pos) {
+    for (std::uint64_t word = 0; s.size() - pos >= 8; pos += 8) {
+        std::memcpy(&word, s.data() + pos, 8);
+        if ((word & kHighOfEach) != 0) break;
     }
-    return (all & kHighOfEach) != 0;
+    while (pos < s.size() && IsAsciiByte(s[pos]))
+        ++pos;
+    return pos;
 }
 
 // A second byte of the characters U+00C0 to U+00FF, whose cases differ in one bit. False for any
@@ -101,10 +121,8 @@ void AppendMapped(std::string& out, std::string_view s) {
     std::size_t pos = out.size();
     out.append(s);
     if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
-    while (pos < out.size()) {
-        if (IsAsciiByte(out[pos])) {
-            ++pos;
-        } else if (out[pos] == '\xC3' && pos + 1 < out.size() && TurnLatin<first>(out[pos + 1])) {
+    while ((pos = NextBeyondAscii(out, pos)) < out.size()) {
+        if (out[pos] == '\xC3' && pos + 1 < out.size() && TurnLatin<first>(out[pos + 1])) {
             pos += 2;
         } else {
             MapOne<MapCharacter>(out, pos);

@@ -3,6 +3,7 @@
 #include "platform/linux/folder_reader.h"
 #include "platform/short_names.h"
 #include "platform/try.h"
+#include "text/characters.h"
 
 #include <climits>
 
@@ -32,6 +33,10 @@ std::int64_t WallNow() {
     return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
+std::string_view NameOf(std::string_view native) {
+    return native.substr(LastOf(native, '/') + 1);
+}
+
 bool HasWholeSeconds(FileTime modified) {
     return modified % 1'000'000'000 == 0;
 }
@@ -53,29 +58,28 @@ void FolderStore::NoteResolved(bool isParsed) {
     if (isParsed) ++parsed_;
 }
 
-std::optional<FolderStore::Way>
-FolderStore::FindWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
-                     std::size_t room) {
+std::shared_ptr<const PathStart> FolderStore::FindWay(const DriveTable* drives,
+                                                      std::string_view folder, std::size_t room,
+                                                      std::string& native) {
     const std::scoped_lock lock(mutex_);
-    if (drives != drives_) return std::nullopt;
+    if (drives != drives_.get()) return nullptr;
     const auto* const found = lastWays_.In(ways_, folder);
-    if (found == nullptr) return std::nullopt;
-    const Way& known = found->second;
-    Way way{known.root, {}, known.baseEnd};
-    way.native.reserve(known.native.size() + room);
-    way.native.append(known.native);
-    return way;
+    if (found == nullptr) return nullptr;
+    const Way& way = found->second;
+    native.reserve(way.native.size() + room);
+    native = way.native;
+    return way.start;
 }
 
-void FolderStore::NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
-                          Way way) {
+void FolderStore::NoteWay(std::shared_ptr<const PathStart> start, std::string_view folder,
+                          std::string_view native) {
     const std::scoped_lock lock(mutex_);
-    if (drives_ != drives || ways_.size() >= kMostWays) {
+    if (drives_ != start->drives || ways_.size() >= kMostWays) {
         lastWays_.Forget();
         ways_.clear();
     }
-    drives_ = drives;
-    ways_.insert_or_assign(std::string(folder), std::move(way));
+    drives_ = start->drives;
+    ways_.insert_or_assign(std::string(folder), Way{std::move(start), text::Concat({native, "/"})});
 }
 
 // ---- one folder ----
@@ -177,7 +181,7 @@ void FolderStore::LetGoBelow(std::string_view path) {
 }
 
 Sys<Location> FolderStore::Locate(const std::string& native) {
-    const std::size_t slash = std::min(native.rfind('/'), native.size());
+    const std::size_t slash = std::min(LastOf(native, '/'), native.size());
     if (depth_ > 0 && slash > 0 && slash < PATH_MAX) {
         if (auto held = Held(std::string_view(native).substr(0, slash))) {
             return Location{std::move(held), native.c_str() + slash + 1};
@@ -193,7 +197,7 @@ Sys<struct statx> FolderStore::Stat(const std::string& native) {
 }
 
 Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t folderLength) {
-    const std::size_t slash = native.rfind('/');
+    const std::size_t slash = LastOf(native, '/');
     const std::scoped_lock lock(mutex_);
     TX_TRY_ASSIGN(auto folder,
                   TrueFolderAt(std::string_view(native).substr(0, slash), folderLength));
@@ -348,8 +352,7 @@ bool FolderStore::HasOther(std::string_view folder, std::string_view nativeName,
 void FolderStore::NoteMade(std::string_view native) {
     const std::scoped_lock lock(mutex_);
     LetGoBelow(native);
-    const std::size_t slash = native.rfind('/');
-    Add(slash == 0 ? "/" : native.substr(0, slash), native.substr(slash + 1));
+    Add(native);
 }
 
 // As long as what this process puts there is told. To all who look at the folder it isn't known.
@@ -366,32 +369,37 @@ void FolderStore::NoteFolderMade(std::string_view native) {
     folder.checkedAt = folder.usedAt - kBelieved - 1;
 }
 
-void FolderStore::NoteAdded(std::string_view folder, std::string_view nativeName) {
-    const std::scoped_lock lock(mutex_);
-    Add(folder, nativeName);
-}
-
-void FolderStore::Add(std::string_view folder, std::string_view nativeName) {
-    Folder* const known = WithNames(folder);
+void FolderStore::Add(std::string_view native) {
+    Folder* const known = WithNames(FolderAround(native));
     if (known == nullptr) return;
-    known->names->Add(nativeName);
+    known->names->Add(NameOf(native));
     known->hasOwnChange = true;
 }
 
-void FolderStore::NoteRemoved(std::string_view folder, std::string_view nativeName) {
-    const std::scoped_lock lock(mutex_);
-    Folder* const known = WithNames(folder);
+void FolderStore::Remove(std::string_view native) {
+    Folder* const known = WithNames(FolderAround(native));
     if (known == nullptr) return;
     known->hasOwnChange = true;
-    if (!known->names->Remove(nativeName)) known->names.reset();
+    if (!known->names->Remove(NameOf(native))) known->names.reset();
 }
 
-void FolderStore::NoteRenamed(std::string_view folder, std::string_view from, std::string_view to) {
+void FolderStore::NoteRemoved(std::string_view native) {
     const std::scoped_lock lock(mutex_);
+    Remove(native);
+}
+
+void FolderStore::NoteRenamed(std::string_view from, std::string_view to) {
+    const std::string_view folder = FolderAround(from);
+    const std::scoped_lock lock(mutex_);
+    if (folder != FolderAround(to)) {
+        Remove(from);
+        Add(to);
+        return;
+    }
     Folder* const known = WithNames(folder);
     if (known == nullptr) return;
     known->hasOwnChange = true;
-    if (!known->names->Rename(from, to)) known->names.reset();
+    if (!known->names->Rename(NameOf(from), NameOf(to))) known->names.reset();
 }
 
 void FolderStore::NoteMoved(std::string_view native) {

@@ -38,5 +38,9 @@ std::string UncOf(const Mount& mount);
 
 // Whether `path` is `folder` or lies below it, by text.
 bool IsAtOrBelow(std::string_view path, std::string_view folder);
+// Where the last such character of a text stands; npos for none.
+std::size_t LastOf(std::string_view text, char wanted);
+// The folder around an object, both as native paths; "/" for the root itself, too.
+std::string_view FolderAround(std::string_view native);
 
 } // namespace tarvix::platform

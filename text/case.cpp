@@ -5,6 +5,8 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -78,38 +80,50 @@ bool MapAllAscii(char* at, std::size_t size) {
 std::size_t NextBeyondAscii(std::string_view s, std::size_t pos) {
     for (std::uint64_t word = 0; s.size() - pos >= 8; pos += 8) {
         std::memcpy(&word, s.data() + pos, 8);
-        if ((word & kHighOfEach) != 0) break;
+        word &= kHighOfEach;
+        if (word == 0) continue;
+        if constexpr (std::endian::native == std::endian::little) {
+            return pos + static_cast<std::size_t>(std::countr_zero(word)) / 8;
+        }
+        break;
     }
     while (pos < s.size() && IsAsciiByte(s[pos]))
         ++pos;
     return pos;
 }
 
-// A second byte of the characters U+00C0 to U+00FF, whose cases differ in one bit. False for any
-// other byte, and for the two that have no such other case.
-template <char first>
-bool TurnLatin(char& byte) {
-    constexpr unsigned char kSmall = 0x20;
-    const auto small = static_cast<unsigned char>(static_cast<unsigned char>(byte) | kSmall);
-    if (small < 0xA0 || small >= 0xBF) return false;
-    const bool isSmall = static_cast<unsigned char>(byte) == small;
-    constexpr unsigned char kDivision = 0xB7; // as a capital it is the sign of multiplication
-    if (small != kDivision && isSmall == (first == 'a')) byte = static_cast<char>(byte ^ kSmall);
-    return true;
+// The other forms of characters of two bytes, by their code, where these take two bytes as well.
+template <char32_t (*MapCharacter)(char32_t)>
+const auto& FormsOfTwoBytes() {
+    static const auto forms = [] {
+        std::array<char16_t, 0x800> table{};
+        for (char32_t character = 0x80; character < table.size(); ++character) {
+            const char32_t mapped = MapCharacter(character);
+            if (mapped >= 0x80 && mapped < table.size())
+                table[character] = static_cast<char16_t>(mapped);
+        }
+        return table;
+    }();
+    return forms;
 }
 
 // The character at `pos`, which moves behind it.
 template <char32_t (*MapCharacter)(char32_t)>
 void MapOne(std::string& out, std::size_t& pos) {
+    const auto lead = static_cast<unsigned char>(out[pos]);
+    const auto next = static_cast<unsigned char>(out.c_str()[pos + 1]);
+    if (lead >= 0xC2 && lead <= 0xDF && (next & 0xC0U) == 0x80) {
+        const char16_t form = FormsOfTwoBytes<MapCharacter>()[(lead & 0x1FU) << 6 | (next & 0x3FU)];
+        if (form != 0) {
+            out[pos++] = static_cast<char>(0xC0U | form >> 6);
+            out[pos++] = static_cast<char>(0x80U | (form & 0x3FU));
+            return;
+        }
+    }
     const std::size_t begin = pos;
     const char32_t character = NextCharacter(out, pos);
     const char32_t mapped = MapCharacter(character);
     if (mapped == character) return;
-    if (pos - begin == 2 && mapped >= 0x80 && mapped < 0x800) {
-        out[begin] = static_cast<char>(0xC0 | mapped >> 6);
-        out[begin + 1] = static_cast<char>(0x80 | (mapped & 0x3F));
-        return;
-    }
     std::string other;
     AppendUtf8(other, mapped);
     out.replace(begin, pos - begin, other);
@@ -121,13 +135,8 @@ void AppendMapped(std::string& out, std::string_view s) {
     std::size_t pos = out.size();
     out.append(s);
     if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
-    while ((pos = NextBeyondAscii(out, pos)) < out.size()) {
-        if (out[pos] == '\xC3' && pos + 1 < out.size() && TurnLatin<first>(out[pos + 1])) {
-            pos += 2;
-        } else {
-            MapOne<MapCharacter>(out, pos);
-        }
-    }
+    while ((pos = NextBeyondAscii(out, pos)) < out.size())
+        MapOne<MapCharacter>(out, pos);
 }
 
 char32_t NextUpper(std::string_view s, std::size_t& pos) {

@@ -76,50 +76,56 @@ bool MapAllAscii(char* at, std::size_t size) {
     return TurnEightAt<first>(at + size - 8) || isBeyond;
 }
 
-// Where the next character beyond ASCII starts, or the end.
-std::size_t NextBeyondAscii(std::string_view s, std::size_t pos) {
-    for (std::uint64_t word = 0; s.size() - pos >= 8; pos += 8) {
-        std::memcpy(&word, s.data() + pos, 8);
-        word &= kHighOfEach;
-        if (word == 0) continue;
-        if constexpr (std::endian::native == std::endian::little) {
-            return pos + static_cast<std::size_t>(std::countr_zero(word)) / 8;
-        }
-        break;
+// The other forms of characters of two bytes, by their code, where these take two bytes as well.
+using FormsOfTwoBytes = std::array<char16_t, 0x800>;
+
+template <char32_t (*MapCharacter)(char32_t)>
+FormsOfTwoBytes MakeForms() {
+    FormsOfTwoBytes forms{};
+    for (char32_t character = 0x80; character < forms.size(); ++character) {
+        const char32_t mapped = MapCharacter(character);
+        if (mapped >= 0x80 && mapped < forms.size())
+            forms[character] = static_cast<char16_t>(mapped);
     }
-    while (pos < s.size() && IsAsciiByte(s[pos]))
-        ++pos;
-    return pos;
+    return forms;
 }
 
-// The other forms of characters of two bytes, by their code, where these take two bytes as well.
-template <char32_t (*MapCharacter)(char32_t)>
-const auto& FormsOfTwoBytes() {
-    static const auto forms = [] {
-        std::array<char16_t, 0x800> table{};
-        for (char32_t character = 0x80; character < table.size(); ++character) {
-            const char32_t mapped = MapCharacter(character);
-            if (mapped >= 0x80 && mapped < table.size())
-                table[character] = static_cast<char16_t>(mapped);
-        }
-        return table;
-    }();
-    return forms;
+// Of eight bytes those in front that are ASCII.
+std::size_t AsciiInFront(std::uint64_t word) {
+    const bool isLittle = std::endian::native == std::endian::little;
+    word &= kHighOfEach;
+    return static_cast<std::size_t>(isLittle ? std::countr_zero(word) : std::countl_zero(word)) / 8;
+}
+
+char* SkipAscii(char* at, const char* end) {
+    std::uint64_t word = 0;
+    for (; end - at >= 8; at += 8) {
+        std::memcpy(&word, at, 8);
+        if ((word & kHighOfEach) != 0) return at + AsciiInFront(word);
+    }
+    word = 0;
+    const auto left = static_cast<std::size_t>(end - at);
+    std::memcpy(&word, at, left);
+    return at + std::min(AsciiInFront(word), left);
+}
+
+// Up to the first character that takes more bytes, or that has no form here.
+char* MapTwoBytes(char* at, const char* end, const FormsOfTwoBytes& forms) {
+    for (; (at = SkipAscii(at, end)) + 1 < end; at += 2) {
+        const auto lead = static_cast<unsigned char>(at[0]);
+        const auto next = static_cast<unsigned char>(at[1]);
+        if (lead < 0xC2 || lead > 0xDF || (next & 0xC0U) != 0x80) break;
+        const char16_t form = forms[(lead & 0x1FU) << 6 | (next & 0x3FU)];
+        if (form == 0) break;
+        at[0] = static_cast<char>(0xC0U | form >> 6);
+        at[1] = static_cast<char>(0x80U | (form & 0x3FU));
+    }
+    return at;
 }
 
 // The character at `pos`, which moves behind it.
 template <char32_t (*MapCharacter)(char32_t)>
 void MapOne(std::string& out, std::size_t& pos) {
-    const auto lead = static_cast<unsigned char>(out[pos]);
-    const auto next = static_cast<unsigned char>(out.c_str()[pos + 1]);
-    if (lead >= 0xC2 && lead <= 0xDF && (next & 0xC0U) == 0x80) {
-        const char16_t form = FormsOfTwoBytes<MapCharacter>()[(lead & 0x1FU) << 6 | (next & 0x3FU)];
-        if (form != 0) {
-            out[pos++] = static_cast<char>(0xC0U | form >> 6);
-            out[pos++] = static_cast<char>(0x80U | (form & 0x3FU));
-            return;
-        }
-    }
     const std::size_t begin = pos;
     const char32_t character = NextCharacter(out, pos);
     const char32_t mapped = MapCharacter(character);
@@ -135,8 +141,13 @@ void AppendMapped(std::string& out, std::string_view s) {
     std::size_t pos = out.size();
     out.append(s);
     if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
-    while ((pos = NextBeyondAscii(out, pos)) < out.size())
+    static const FormsOfTwoBytes forms = MakeForms<MapCharacter>();
+    while (true) {
+        char* const text = out.data();
+        pos = static_cast<std::size_t>(MapTwoBytes(text + pos, text + out.size(), forms) - text);
+        if (pos == out.size()) return;
         MapOne<MapCharacter>(out, pos);
+    }
 }
 
 char32_t NextUpper(std::string_view s, std::size_t& pos) {

@@ -13,21 +13,26 @@ namespace {
 constexpr std::size_t kFewestSlots = 8;
 constexpr std::size_t kMostLost = 4096;
 
+// The hash of a name that was looked for, since that is mostly what is put there next.
+struct Hashed {
+    std::string name;
+    std::uint32_t hash = 0;
+};
+thread_local Hashed lastWanted;
+
 // Of the upper-case form.
 std::uint32_t HashOf(std::string_view nativeName) {
     static thread_local std::string upper;
+    if (!nativeName.empty() && lastWanted.name == nativeName) return lastWanted.hash;
     upper.clear();
     text::AppendUpper(upper, nativeName);
     return static_cast<std::uint32_t>(text::TextHash()(upper));
 }
 
-// What is looked for is mostly added next.
-std::uint32_t HashOfNew(std::string_view nativeName) {
-    static thread_local std::string name;
-    static thread_local std::uint32_t hash = HashOf(name);
-    if (name == nativeName) return hash;
-    name = nativeName;
-    return hash = HashOf(name);
+std::uint32_t HashOfWanted(std::string_view nativeName) {
+    lastWanted.hash = HashOf(nativeName);
+    lastWanted.name = nativeName;
+    return lastWanted.hash;
 }
 } // namespace
 
@@ -45,7 +50,7 @@ std::size_t NameTable::SlotOf(std::string_view nativeName, std::uint32_t hash) c
 
 std::string_view NameTable::Standing(std::string_view nativeName) const {
     return size_ == 0 ? std::string_view()
-                      : NameIn(slots_[SlotOf(nativeName, HashOfNew(nativeName))]);
+                      : NameIn(slots_[SlotOf(nativeName, HashOfWanted(nativeName))]);
 }
 
 void NameTable::SetName(Slot& slot, std::string_view nativeName) {
@@ -55,24 +60,27 @@ void NameTable::SetName(Slot& slot, std::string_view nativeName) {
     text_ += nativeName;
 }
 
-// At least a quarter of the slots stays free.
+// At least a quarter of the slots stays free, and not much more than half of the text is lost.
 void NameTable::MakeRoom() {
-    const bool isFull = size_ + size_ / 3 + 1 >= slots_.size();
-    if (!isFull && lost_ <= std::max(kMostLost, text_.size() / 2)) return;
-    const std::string text = std::exchange(text_, {});
-    const std::vector<Slot> slots = std::exchange(slots_, {});
-    text_.reserve(text.size() - lost_ + text.size() / 2);
-    lost_ = 0;
-    slots_.resize(isFull ? std::max(kFewestSlots, 2 * slots.size()) : slots.size());
-    const std::size_t mask = slots_.size() - 1;
-    for (const Slot& slot : slots) {
-        if (slot.length == 0) continue;
-        std::size_t at = slot.hash & mask;
-        while (slots_[at].length != 0)
-            at = (at + 1) & mask;
-        slots_[at].hash = slot.hash;
-        SetName(slots_[at], std::string_view(text).substr(slot.begin, slot.length));
+    if (size_ + size_ / 3 + 1 >= slots_.size()) {
+        const auto old = std::exchange(slots_, {});
+        slots_.resize(std::max(kFewestSlots, 4 * old.size()));
+        const std::size_t mask = slots_.size() - 1;
+        for (const Slot& slot : old) {
+            std::size_t at = slot.hash & mask;
+            while (slots_[at].length != 0)
+                at = (at + 1) & mask;
+            slots_[at] = slot;
+        }
     }
+    if (lost_ <= std::max(kMostLost, text_.size() / 2)) return;
+    const std::string old = std::exchange(text_, {});
+    text_.reserve(old.size());
+    for (Slot& slot : slots_) {
+        const std::size_t begin = std::exchange(slot.begin, text_.size());
+        text_.append(old, begin, slot.length);
+    }
+    lost_ = 0;
 }
 
 // What stands behind it moves up where it couldn't be found any more behind a free slot.
@@ -125,7 +133,7 @@ bool NameTable::Remove(std::string_view nativeName) {
 }
 
 bool NameTable::Rename(std::string_view from, std::string_view to) {
-    const std::uint32_t hash = HashOfNew(to);
+    const std::uint32_t hash = HashOf(to);
     if (!Remove(from)) return false;
     Put(to, hash);
     return true;

@@ -33,10 +33,6 @@ std::int64_t WallNow() {
     return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
-std::string_view NameOf(std::string_view native) {
-    return native.substr(LastOf(native, '/') + 1);
-}
-
 bool HasWholeSeconds(FileTime modified) {
     return modified % 1'000'000'000 == 0;
 }
@@ -327,7 +323,8 @@ Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::
     return std::string(found);
 }
 
-bool FolderStore::IsKnownFree(std::string_view folder, std::string_view nativeName) {
+bool FolderStore::IsKnownFree(std::string_view native) {
+    const auto [folder, nativeName] = PartsOf(native);
     if (LooksLikeMadeShortName(nativeName)) return false;
     const std::scoped_lock lock(mutex_);
     Folder* const known = WithNames(folder);
@@ -370,17 +367,19 @@ void FolderStore::NoteFolderMade(std::string_view native) {
 }
 
 void FolderStore::Add(std::string_view native) {
-    Folder* const known = WithNames(FolderAround(native));
+    const auto [folder, name] = PartsOf(native);
+    Folder* const known = WithNames(folder);
     if (known == nullptr) return;
-    known->names->Add(NameOf(native));
+    known->names->Add(name);
     known->hasOwnChange = true;
 }
 
 void FolderStore::Remove(std::string_view native) {
-    Folder* const known = WithNames(FolderAround(native));
+    const auto [folder, name] = PartsOf(native);
+    Folder* const known = WithNames(folder);
     if (known == nullptr) return;
     known->hasOwnChange = true;
-    if (!known->names->Remove(NameOf(native))) known->names.reset();
+    if (!known->names->Remove(name)) known->names.reset();
 }
 
 void FolderStore::NoteRemoved(std::string_view native) {
@@ -389,9 +388,10 @@ void FolderStore::NoteRemoved(std::string_view native) {
 }
 
 void FolderStore::NoteRenamed(std::string_view from, std::string_view to) {
-    const std::string_view folder = FolderAround(from);
+    const auto [folder, name] = PartsOf(from);
+    const auto [toFolder, toName] = PartsOf(to);
     const std::scoped_lock lock(mutex_);
-    if (folder != FolderAround(to)) {
+    if (folder != toFolder) {
         Remove(from);
         Add(to);
         return;
@@ -399,7 +399,7 @@ void FolderStore::NoteRenamed(std::string_view from, std::string_view to) {
     Folder* const known = WithNames(folder);
     if (known == nullptr) return;
     known->hasOwnChange = true;
-    if (!known->names->Rename(NameOf(from), NameOf(to))) known->names.reset();
+    if (!known->names->Rename(name, toName)) known->names.reset();
 }
 
 void FolderStore::NoteMoved(std::string_view native) {

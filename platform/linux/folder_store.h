@@ -100,8 +100,9 @@ class FolderStore {
     // The disk name that `name` (drive form) stands for, as by NameTable. Errnos when the folder is
     // missing or can't be read.
     Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
-    // Whether a folder whose names are known has none like a disk name: by no form and in no case.
-    bool IsKnownFree(std::string_view folder, std::string_view nativeName);
+    // Whether the folder around a native path has known names, and none like the last one of the
+    // path: by no form and in no case.
+    bool IsKnownFree(std::string_view native);
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
     bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
 

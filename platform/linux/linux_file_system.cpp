@@ -103,7 +103,11 @@ Result<const Resolved*> LinuxFileSystem::TargetOf(const FreePlace& place, Resolv
 }
 
 Result<ObjectFacts> LinuxFileSystem::FactsOf(const Resolved& place, std::string_view path) {
-    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
+    if (place.around) {
+        const std::string_view name = place.NativeName();
+        return FactsFrom(*place.st, name, {place.around->Get(), name.data()}, place.Drives());
+    }
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
     const std::string_view name = place.IsRoot() ? std::string_view() : place.NativeName();
     return FactsFrom(*place.st, name, location, place.Drives());
 }

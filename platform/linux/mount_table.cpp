@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstring>
 #include <optional>
 #include <sys/sysmacros.h>
 
@@ -183,17 +182,6 @@ std::string UncOf(const Mount& mount) {
 bool IsAtOrBelow(std::string_view path, std::string_view folder) {
     if (folder == "/") return path.starts_with('/');
     return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
-std::size_t LastOf(std::string_view text, char wanted) {
-    const void* const last = ::memrchr(text.data(), wanted, text.size());
-    return last == nullptr ? text.npos
-                           : static_cast<std::size_t>(static_cast<const char*>(last) - text.data());
-}
-
-std::string_view FolderAround(std::string_view native) {
-    const std::size_t slash = LastOf(native, '/');
-    return slash == 0 || slash == native.npos ? "/" : native.substr(0, slash);
 }
 
 } // namespace tarvix::platform

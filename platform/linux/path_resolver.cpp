@@ -33,18 +33,6 @@ void SetLastName(std::string& native, std::string_view name) {
 }
 } // namespace
 
-std::string_view Resolved::Folder() const {
-    return FolderAround(native);
-}
-
-std::string_view Resolved::NativeName() const {
-    return std::string_view(native).substr(NameStart(native));
-}
-
-const char* Resolved::NameText() const {
-    return native.c_str() + NameStart(native);
-}
-
 const std::string& Resolved::WantedPath(std::string& other) const {
     if (otherName.empty()) return native;
     other = native;
@@ -141,11 +129,11 @@ Result<Resolved> PathResolver::Target(std::string_view path) const {
 
 // Each name of the path is one on the disk.
 std::size_t PathResolver::FolderLength(const Resolved& place, std::string_view below) {
+    below = text::StripTrailingSlash(below);
     std::size_t length = NameStart(place.native) - 1;
-    const auto names = std::ranges::count(text::StripTrailingSlash(below), '\\');
-    for (std::ptrdiff_t i = 1; i < names && length > place.start->end; ++i) {
+    std::size_t slash = below.find('\\');
+    while (length > place.start->end && (slash = below.find('\\', slash + 1)) != below.npos)
         length = place.native.rfind('/', length - 1);
-    }
     return std::max(length, place.start->end);
 }
 
@@ -177,8 +165,7 @@ Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
 }
 
 bool PathResolver::KnownFree(std::string_view path, Resolved& place) const {
-    return ByText(path, place) && !place.IsRoot() &&
-           store_.IsKnownFree(place.Folder(), place.NativeName());
+    return ByText(path, place) && !place.IsRoot() && store_.IsKnownFree(place.native);
 }
 
 // A name that is known but gone was taken away by others: what is there now is read anew.

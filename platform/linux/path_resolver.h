@@ -25,9 +25,10 @@ struct Resolved {
     bool Exists() const { return st.has_value(); }
     bool IsRoot() const { return native.size() == start->end; }
     const DriveTable& Drives() const { return *start->drives; }
-    std::string_view Folder() const;     // native path of the parent folder
-    std::string_view NativeName() const; // disk name of the object
-    const char* NameText() const;        // the same, ended by NUL
+    // Native path of the parent folder, and disk name of the object; `NameText` is ended by NUL.
+    std::string_view Folder() const { return PartsOf(native).folder; }
+    std::string_view NativeName() const { return PartsOf(native).name; }
+    const char* NameText() const { return NativeName().data(); }
     // Disk name of the last part as it was asked for.
     std::string_view WantedName() const { return otherName.empty() ? NativeName() : otherName; }
     // The native path with that name, kept in `other` where an object has another.

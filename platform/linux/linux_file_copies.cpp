@@ -104,9 +104,10 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
 }
 
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
-    auto source = resolver_.ByText(item.key);
-    if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) return false;
-    item.source = std::move(source->native);
+    Resolved source;
+    if (!resolver_.ByText(item.key, source) || !IsLocal(source)) return false;
+    if (source.native.size() >= PATH_MAX) return false;
+    item.source = std::move(source.native);
     return true;
 }
 

@@ -5,6 +5,8 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -34,45 +36,117 @@ bool IsAsciiByte(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-// Eight ASCII characters with the case of the letters from `first` on turned over.
+constexpr std::uint64_t kEachByte = 0x0101010101010101;
+constexpr std::uint64_t kHighOfEach = 0x80 * kEachByte;
+
+// Eight bytes with the case of the ASCII letters from `first` on turned over.
 template <char first>
 std::uint64_t TurnEight(std::uint64_t word) {
-    constexpr std::uint64_t kEach = 0x0101010101010101;
-    constexpr std::uint64_t kHigh = 0x80 * kEach;
     // The high bit of a byte tells whether it is that letter or beyond.
-    const std::uint64_t fromFirst = word + (0x80 - first) * kEach;
-    const std::uint64_t behindLast = word + (0x80 - (first + 26)) * kEach;
-    return word ^ ((fromFirst & ~behindLast & kHigh) >> 2);
+    const std::uint64_t low = word & ~kHighOfEach;
+    const std::uint64_t fromFirst = low + (0x80 - first) * kEachByte;
+    const std::uint64_t behindLast = low + (0x80 - (first + 26)) * kEachByte;
+    return word ^ ((fromFirst & ~behindLast & ~word & kHighOfEach) >> 2);
 }
 
-// ASCII text, in place.
+// Turns eight bytes, and tells whether one is beyond ASCII.
+template <char first>
+bool TurnEightAt(char* at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, at, 8);
+    const std::uint64_t turned = TurnEight<first>(word);
+    std::memcpy(at, &turned, 8);
+    return (word & kHighOfEach) != 0;
+}
+
+// The ASCII letters of a text, in place. Whether it has other characters, too. What was turned
+// once isn't turned again, so that the last eight bytes may be in both of two steps.
 template <char first, char (*MapAscii)(char)>
-void MapAll(char* at, std::size_t size) {
-    for (; size >= 8; at += 8, size -= 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, at, 8);
-        word = TurnEight<first>(word);
-        std::memcpy(at, &word, 8);
+bool MapAllAscii(char* at, std::size_t size) {
+    bool isBeyond = false;
+    if (size < 8) {
+        for (; size > 0; ++at, --size) {
+            isBeyond |= !IsAsciiByte(*at);
+            *at = MapAscii(*at);
+        }
+        return isBeyond;
     }
-    for (; size > 0; ++at, --size)
-        *at = MapAscii(*at);
+    for (; size > 8; at += 8, size -= 8)
+        isBeyond |= TurnEightAt<first>(at);
+    return TurnEightAt<first>(at + size - 8) || isBeyond;
+}
+
+// The other forms of characters of two bytes, by their code, where these take two bytes as well.
+using FormsOfTwoBytes = std::array<char16_t, 0x800>;
+
+template <char32_t (*MapCharacter)(char32_t)>
+FormsOfTwoBytes MakeForms() {
+    FormsOfTwoBytes forms{};
+    for (char32_t character = 0x80; character < forms.size(); ++character) {
+        const char32_t mapped = MapCharacter(character);
+        if (mapped >= 0x80 && mapped < forms.size())
+            forms[character] = static_cast<char16_t>(mapped);
+    }
+    return forms;
+}
+
+// Of eight bytes those in front that are ASCII.
+std::size_t AsciiInFront(std::uint64_t word) {
+    const bool isLittle = std::endian::native == std::endian::little;
+    word &= kHighOfEach;
+    return static_cast<std::size_t>(isLittle ? std::countr_zero(word) : std::countl_zero(word)) / 8;
+}
+
+char* SkipAscii(char* at, const char* end) {
+    std::uint64_t word = 0;
+    for (; end - at >= 8; at += 8) {
+        std::memcpy(&word, at, 8);
+        if ((word & kHighOfEach) != 0) return at + AsciiInFront(word);
+    }
+    word = 0;
+    const auto left = static_cast<std::size_t>(end - at);
+    std::memcpy(&word, at, left);
+    return at + std::min(AsciiInFront(word), left);
+}
+
+// Up to the first character that takes more bytes, or that has no form here.
+char* MapTwoBytes(char* at, const char* end, const FormsOfTwoBytes& forms) {
+    for (; (at = SkipAscii(at, end)) + 1 < end; at += 2) {
+        const auto lead = static_cast<unsigned char>(at[0]);
+        const auto next = static_cast<unsigned char>(at[1]);
+        if (lead < 0xC2 || lead > 0xDF || (next & 0xC0U) != 0x80) break;
+        const char16_t form = forms[(lead & 0x1FU) << 6 | (next & 0x3FU)];
+        if (form == 0) break;
+        at[0] = static_cast<char>(0xC0U | form >> 6);
+        at[1] = static_cast<char>(0x80U | (form & 0x3FU));
+    }
+    return at;
+}
+
+// The character at `pos`, which moves behind it.
+template <char32_t (*MapCharacter)(char32_t)>
+void MapOne(std::string& out, std::size_t& pos) {
+    const std::size_t begin = pos;
+    const char32_t character = NextCharacter(out, pos);
+    const char32_t mapped = MapCharacter(character);
+    if (mapped == character) return;
+    std::string other;
+    AppendUtf8(other, mapped);
+    out.replace(begin, pos - begin, other);
+    pos = begin + other.size();
 }
 
 template <char first, char (*MapAscii)(char), char32_t (*MapCharacter)(char32_t)>
 void AppendMapped(std::string& out, std::string_view s) {
-    if (IsAscii(s)) {
-        const std::size_t before = out.size();
-        out.append(s);
-        MapAll<first, MapAscii>(out.data() + before, s.size());
-        return;
-    }
-    out.reserve(out.size() + s.size());
-    for (std::size_t pos = 0; pos < s.size();) {
-        if (IsAsciiByte(s[pos])) {
-            out += MapAscii(s[pos++]);
-        } else {
-            AppendUtf8(out, MapCharacter(NextCharacter(s, pos)));
-        }
+    std::size_t pos = out.size();
+    out.append(s);
+    if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
+    static const FormsOfTwoBytes forms = MakeForms<MapCharacter>();
+    while (true) {
+        char* const text = out.data();
+        pos = static_cast<std::size_t>(MapTwoBytes(text + pos, text + out.size(), forms) - text);
+        if (pos == out.size()) return;
+        MapOne<MapCharacter>(out, pos);
     }
 }
 

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kMostLookedAt = 64;
 constexpr std::size_t kLead = 4;
 constexpr std::size_t kMostReady = 16;
-constexpr std::size_t kFewReady = kMostReady / 2;
+constexpr std::ptrdiff_t kFewReady = kMostReady / 2;
 constexpr std::uint64_t kMostBytes = 8 << 20;
 constexpr std::uint64_t kLargest = 256 << 10; // larger files have no use for a second thread
 constexpr std::chrono::seconds kMostIdle{2};
@@ -100,9 +100,8 @@ std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx
     const std::shared_ptr<Entry> entry = *found;
     entries_.erase(entries_.begin(), found + 1);
     done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
-    const auto ready = std::ranges::count_if(
-        entries_, [](const auto& other) { return other->state == State::kReady; });
-    if (isResting_ && static_cast<std::size_t>(ready) <= kFewReady) more_.notify_one();
+    const auto isReady = [](const auto& other) { return other->state == State::kReady; };
+    if (isResting_ && std::ranges::count_if(entries_, isReady) <= kFewReady) more_.notify_one();
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
     return std::move(entry->part);

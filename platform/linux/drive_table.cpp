@@ -221,12 +221,17 @@ void Mounts::Refresh() {
     if (table_ != nullptr && now == text_) return;
     text_ = std::move(now);
     table_ = std::make_shared<const DriveTable>(ParseMountInfo(text_), extraDrives_, table_.get());
+    tableAt_ = table_.get();
 }
 
 std::shared_ptr<const DriveTable> Mounts::Now() {
     const std::scoped_lock lock(mutex_);
     if (SteadyTick() - readAt_ > kRefreshAfter) Refresh();
     return table_;
+}
+
+const DriveTable* Mounts::NowAt() {
+    return SteadyTick() - readAt_ > kRefreshAfter ? Now().get() : tableAt_.load();
 }
 
 std::shared_ptr<const DriveTable> Mounts::Refreshed() {

@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 #include "platform/linux/mount_table.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -88,6 +89,8 @@ class Mounts {
 
     // The drives, at most a second old.
     std::shared_ptr<const DriveTable> Now();
+    // Which table that is: to be compared with one that is held.
+    const DriveTable* NowAt();
     // The drives as they are at this moment.
     std::shared_ptr<const DriveTable> Refreshed();
 
@@ -98,8 +101,9 @@ class Mounts {
     ReadText readText_;
     std::mutex mutex_;
     std::string text_;
-    std::int64_t readAt_ = 0;
     std::shared_ptr<const DriveTable> table_;
+    std::atomic<const DriveTable*> tableAt_ = nullptr; // changed under the lock
+    std::atomic<std::int64_t> readAt_ = 0;             // so, too
 };
 
 } // namespace tarvix::platform

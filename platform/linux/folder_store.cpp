@@ -1,14 +1,12 @@
 #include "platform/linux/folder_store.h"
 
-#include "platform/linux/folder_reader.h"
-#include "platform/short_names.h"
 #include "platform/try.h"
+#include "text/characters.h"
 
 #include <climits>
 
 #include <algorithm>
 #include <cerrno>
-#include <ctime>
 #include <fcntl.h>
 
 namespace tarvix::platform {
@@ -20,21 +18,6 @@ constexpr std::size_t kMostWays = 2048;
 constexpr std::size_t kMostHeld = 32;
 constexpr std::size_t kMostTrueFolders = 8;
 constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
-// Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
-constexpr std::int64_t kDateStep = 20'000'000;
-constexpr std::int64_t kFreeBelieved = 1'000'000'000;
-constexpr std::int64_t kCheap = 200'000; // nanoseconds
-constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
-
-std::int64_t WallNow() {
-    timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
-}
-
-bool HasWholeSeconds(FileTime modified) {
-    return modified % 1'000'000'000 == 0;
-}
 } // namespace
 
 StoreCounts FolderStore::Counts() const {
@@ -53,29 +36,28 @@ void FolderStore::NoteResolved(bool isParsed) {
     if (isParsed) ++parsed_;
 }
 
-std::optional<FolderStore::Way>
-FolderStore::FindWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
-                     std::size_t room) {
+std::shared_ptr<const PathStart> FolderStore::FindWay(const DriveTable* drives,
+                                                      std::string_view folder, std::size_t room,
+                                                      std::string& native) {
     const std::scoped_lock lock(mutex_);
-    if (drives != drives_) return std::nullopt;
+    if (drives != drives_.get()) return nullptr;
     const auto* const found = lastWays_.In(ways_, folder);
-    if (found == nullptr) return std::nullopt;
-    const Way& known = found->second;
-    Way way{known.root, {}, known.baseEnd};
-    way.native.reserve(known.native.size() + room);
-    way.native.append(known.native);
-    return way;
+    if (found == nullptr) return nullptr;
+    const Way& way = found->second;
+    native.reserve(way.native.size() + room);
+    native = way.native;
+    return way.start;
 }
 
-void FolderStore::NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder,
-                          Way way) {
+void FolderStore::NoteWay(std::shared_ptr<const PathStart> start, std::string_view folder,
+                          std::string_view native) {
     const std::scoped_lock lock(mutex_);
-    if (drives_ != drives || ways_.size() >= kMostWays) {
+    if (drives_ != start->drives || ways_.size() >= kMostWays) {
         lastWays_.Forget();
         ways_.clear();
     }
-    drives_ = drives;
-    ways_.insert_or_assign(std::string(folder), std::move(way));
+    drives_ = start->drives;
+    ways_.insert_or_assign(std::string(folder), Way{std::move(start), text::Concat({native, "/"})});
 }
 
 // ---- one folder ----
@@ -177,7 +159,7 @@ void FolderStore::LetGoBelow(std::string_view path) {
 }
 
 Sys<Location> FolderStore::Locate(const std::string& native) {
-    const std::size_t slash = std::min(native.rfind('/'), native.size());
+    const std::size_t slash = std::min(LastOf(native, '/'), native.size());
     if (depth_ > 0 && slash > 0 && slash < PATH_MAX) {
         if (auto held = Held(std::string_view(native).substr(0, slash))) {
             return Location{std::move(held), native.c_str() + slash + 1};
@@ -193,7 +175,7 @@ Sys<struct statx> FolderStore::Stat(const std::string& native) {
 }
 
 Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t folderLength) {
-    const std::size_t slash = native.rfind('/');
+    const std::size_t slash = LastOf(native, '/');
     const std::scoped_lock lock(mutex_);
     TX_TRY_ASSIGN(auto folder,
                   TrueFolderAt(std::string_view(native).substr(0, slash), folderLength));
@@ -260,155 +242,6 @@ void FolderStore::Hold(Entry& entry) {
     folder.fd = std::make_shared<const UniqueFd>(std::move(*fd));
     held_.push_back(&entry);
     Set(folder, *st, clock_.tick());
-}
-
-// ---- names ----
-
-// Reading again must never take more than a small share of the time, however many others' changes
-// and misses follow each other.
-bool FolderStore::IsDue(const Folder& folder, std::int64_t now) {
-    const std::int64_t pause = kShare * folder.readCost;
-    if (folder.hasOwnChange) return now - folder.readAt > std::max(kDateStep, pause);
-    if (!folder.isFresh && folder.namesDate == folder.modified) return false;
-    return folder.readCost < kCheap || now - folder.readAt > pause;
-}
-
-// A folder that we are changing ourselves isn't looked at for each of our own changes.
-Sys<FolderStore::Folder*> FolderStore::Valid(std::string_view path) {
-    Entry& entry = At(path);
-    Folder& folder = entry.second;
-    const bool isTrusted = folder.names && folder.hasOwnChange &&
-                           folder.usedAt - folder.checkedAt <= kBelieved &&
-                           !IsDue(folder, folder.usedAt);
-    if (isTrusted) return &folder;
-    TX_TRY(LookAt(entry));
-    folder.isCurrent =
-        !folder.hasOwnChange && !folder.isFresh && folder.namesDate == folder.modified;
-    if (!folder.names || IsDue(folder, clock_.now())) TX_TRY(Read(entry));
-    return &folder;
-}
-
-Sys<void> FolderStore::Read(Entry& entry) {
-    auto& [path, folder] = entry;
-    ++counts_.read;
-    folder.names.reset();
-    TX_TRY_ASSIGN(const Location location, platform::Locate(path));
-    TX_TRY_ASSIGN(const UniqueFd fd, OpenAt(location, O_RDONLY | O_DIRECTORY));
-    TX_TRY_ASSIGN(const auto st, StatOf(fd.Get()));
-    const FileTime date = folder.modified; // of before: what comes meanwhile changes it
-    Set(folder, st, clock_.tick());
-    folder.modified = folder.namesDate = date;
-    folder.readAt = clock_.now();
-    const std::int64_t step = HasWholeSeconds(date) ? 100 * kDateStep : kDateStep;
-    folder.isFresh = WallNow() - date < step;
-    folder.hasOwnChange = folder.hasOwnChange && folder.isFresh;
-    NameTable names;
-    FolderReader reader(fd.Get());
-    FolderReader::Entry listed{};
-    while (reader.Next(listed))
-        names.Add(listed.name);
-    if (reader.Error() != 0) return std::unexpected(reader.Error());
-    folder.readCost = clock_.now() - folder.readAt;
-    names_ += names.Size();
-    folder.isCurrent = true;
-    folder.names = std::move(names);
-    return {};
-}
-
-Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::string_view name) {
-    const std::scoped_lock lock(mutex_);
-    TX_TRY_ASSIGN(Folder* const valid, Valid(folder));
-    const std::string* const found = valid->names->Find(name);
-    if (found == nullptr) return std::nullopt;
-    return *found;
-}
-
-bool FolderStore::IsKnownFree(std::string_view folder, std::string_view nativeName) {
-    if (LooksLikeMadeShortName(nativeName)) return false;
-    const std::scoped_lock lock(mutex_);
-    Folder* const known = WithNames(folder);
-    if (known == nullptr) return false;
-    known->usedAt = clock_.tick();
-    if (known->hasOwnChange && known->usedAt - known->readAt < kFreeBelieved) {
-        return known->names->IsFree(nativeName);
-    }
-    const auto valid = Valid(folder);
-    return valid && (*valid)->isCurrent && (*valid)->names->IsFree(nativeName);
-}
-
-bool FolderStore::HasOther(std::string_view folder, std::string_view nativeName,
-                           std::string_view except) {
-    const std::scoped_lock lock(mutex_);
-    const auto valid = Valid(folder);
-    return valid && (*valid)->names->HasOther(nativeName, except);
-}
-
-// ---- what this process did ----
-
-void FolderStore::NoteMade(std::string_view native) {
-    const std::scoped_lock lock(mutex_);
-    LetGoBelow(native);
-    const std::size_t slash = native.rfind('/');
-    Add(slash == 0 ? "/" : native.substr(0, slash), native.substr(slash + 1));
-}
-
-// As long as what this process puts there is told. To all who look at the folder it isn't known.
-void FolderStore::NoteFolderMade(std::string_view native) {
-    NoteMade(native);
-    const std::scoped_lock lock(mutex_);
-    Folder& folder = At(native).second;
-    folder.device = folder.inode = 0;
-    folder.names.emplace();
-    folder.hasOwnChange = folder.isFresh = true;
-    folder.isCurrent = false;
-    folder.readAt = folder.usedAt;
-    folder.readCost = 0;
-    folder.checkedAt = folder.usedAt - kBelieved - 1;
-}
-
-void FolderStore::NoteAdded(std::string_view folder, std::string_view nativeName) {
-    const std::scoped_lock lock(mutex_);
-    Add(folder, nativeName);
-}
-
-void FolderStore::Add(std::string_view folder, std::string_view nativeName) {
-    Folder* const known = WithNames(folder);
-    if (known == nullptr) return;
-    known->names->Add(nativeName);
-    known->hasOwnChange = true;
-}
-
-void FolderStore::NoteRemoved(std::string_view folder, std::string_view nativeName) {
-    const std::scoped_lock lock(mutex_);
-    Folder* const known = WithNames(folder);
-    if (known == nullptr) return;
-    known->hasOwnChange = true;
-    if (!known->names->Remove(nativeName)) known->names.reset();
-}
-
-void FolderStore::NoteRenamed(std::string_view folder, std::string_view from, std::string_view to) {
-    const std::scoped_lock lock(mutex_);
-    Folder* const known = WithNames(folder);
-    if (known == nullptr) return;
-    known->hasOwnChange = true;
-    if (!known->names->Rename(from, to)) known->names.reset();
-}
-
-void FolderStore::NoteMoved(std::string_view native) {
-    {
-        const std::scoped_lock lock(mutex_);
-        LetGo();
-    }
-    Forget(native);
-}
-
-void FolderStore::Forget(std::string_view folder) {
-    const std::scoped_lock lock(mutex_);
-    for (auto& [path, known] : folders_) {
-        if (!known.names || !IsAtOrBelow(path, folder)) continue;
-        known.names.reset();
-        known.hasOwnChange = false;
-    }
 }
 
 } // namespace tarvix::platform

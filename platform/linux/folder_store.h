@@ -33,6 +33,13 @@ struct StoreCounts {
     std::uint64_t read = 0;     // folders whose names were read
 };
 
+// What a drive path starts from, the same for all that lies in its folders.
+struct PathStart {
+    std::string root;    // "C:" or "\\server\share", as given, drive in upper case
+    std::size_t end = 0; // of the drive's own folder in native paths; the names of the path follow
+    std::shared_ptr<const DriveTable> drives;
+};
+
 // What is known of folders: where their drive paths lead, the names in them and, while a run of
 // calls lasts, descriptors of those in hand. Safe to use from several threads.
 //
@@ -64,19 +71,16 @@ class FolderStore {
 
     // ---- texts ----
 
-    // Where a drive folder leads.
-    struct Way {
-        std::string root;   // as given, drive in upper case
-        std::string native; // absolute native path, "" for "/"
-        std::size_t baseEnd = 0;
-    };
     // To be called for each drive path that is followed; `isParsed` when no way was known for it.
     void NoteResolved(bool isParsed);
-    // The way of a folder given by its drive path without a final "\", if it is known for these
-    // drives; with room in `native` for so many bytes more.
-    std::optional<Way> FindWay(const std::shared_ptr<const DriveTable>& drives,
-                               std::string_view folder, std::size_t room);
-    void NoteWay(const std::shared_ptr<const DriveTable>& drives, std::string_view folder, Way way);
+    // What the way of a folder starts from, given by its drive path without a final "\", if it is
+    // known for these drives: then `native` is its native path with a final "/", and has room for
+    // so many bytes more.
+    std::shared_ptr<const PathStart> FindWay(const DriveTable* drives, std::string_view folder,
+                                             std::size_t room, std::string& native);
+    // `native` is without a final "/", so "" for "/".
+    void NoteWay(std::shared_ptr<const PathStart> start, std::string_view folder,
+                 std::string_view native);
 
     // ---- descriptors ----
 
@@ -96,20 +100,20 @@ class FolderStore {
     // The disk name that `name` (drive form) stands for, as by NameTable. Errnos when the folder is
     // missing or can't be read.
     Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
-    // Whether a folder whose names are known has none like a disk name: by no form and in no case.
-    bool IsKnownFree(std::string_view folder, std::string_view nativeName);
+    // Whether the folder around a native path has known names, and none like the last one of the
+    // path: by no form and in no case.
+    bool IsKnownFree(std::string_view native);
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
     bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
 
-    // ---- what this process did; names are disk names ----
+    // ---- what this process did; paths are absolute native ones ----
 
     // An object was made, where others may have taken a folder away.
     void NoteMade(std::string_view native);
     // The same for a folder, which is empty but for what others put there since.
     void NoteFolderMade(std::string_view native);
-    void NoteAdded(std::string_view folder, std::string_view nativeName);
-    void NoteRemoved(std::string_view folder, std::string_view nativeName);
-    void NoteRenamed(std::string_view folder, std::string_view from, std::string_view to);
+    void NoteRemoved(std::string_view native);
+    void NoteRenamed(std::string_view from, std::string_view to);
     // A folder, or a link to one, left its place: what is known of it and of those below goes, and
     // what is held by any road.
     void NoteMoved(std::string_view native);
@@ -140,6 +144,11 @@ class FolderStore {
 
     using Entry = text::ByText<Folder>::value_type; // with its native path
 
+    struct Way {
+        std::shared_ptr<const PathStart> start;
+        std::string native; // with a final "/"
+    };
+
     // A folder that no link led to, below one that its path led to.
     struct TrueFolder {
         std::string path;
@@ -150,7 +159,8 @@ class FolderStore {
 
     Entry& At(std::string_view path);
     Folder* WithNames(std::string_view path);
-    void Add(std::string_view folder, std::string_view nativeName);
+    void Add(std::string_view native);
+    void Remove(std::string_view native);
     Sys<void> LookAt(Entry& entry);
     static void Set(Folder& folder, const struct statx& st, std::int64_t now);
     static bool IsDue(const Folder& folder, std::int64_t now);

@@ -21,7 +21,7 @@ unsigned ModeWith(unsigned mode, std::uint32_t attributes) {
 
 // Only where a file system keeps such attributes.
 void SetDosAttributes(const Resolved& place, At at, std::uint32_t attributes) {
-    const DosAttributes kind = place.drives->DosAttributesAt(DeviceOf(*place.st));
+    const DosAttributes kind = place.Drives().DosAttributesAt(DeviceOf(*place.st));
     if (kind == DosAttributes::kNone) return;
     const auto fd = OpenAt(at, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     if (fd) WriteDosAttributes(kind, fd->Get(), attributes);
@@ -43,7 +43,7 @@ Sys<void> SetModeOf(const Resolved& place, At at, unsigned mode) {
 
 // The object itself in the moment before it goes.
 Result<void> CheckStands(const Resolved& place, At at, std::string_view path) {
-    if (!place.around || !place.drives->KeepsNumbersAt(DeviceOf(*place.st))) return {};
+    if (!place.around || !place.Drives().KeepsNumbersAt(DeviceOf(*place.st))) return {};
     TX_TRY_ASSIGN(const auto st, Named(StatOf(at), path));
     if (!IsSameObject(st, *place.st)) return FailureBy(kChangedSinceSearch, path);
     return {};
@@ -71,7 +71,8 @@ Result<void> LinuxFileSystem::SetAttributes(std::string_view path, std::uint32_t
 }
 
 Result<void> LinuxFileSystem::SetAttributesOf(const Look& object, std::uint32_t attributes) {
-    TX_TRY_ASSIGN(const auto place, ObjectOf(object));
+    Resolved anew;
+    TX_TRY_ASSIGN(const auto* const place, ObjectOf(object, anew));
     return SetAttributes(*place, object.path, attributes);
 }
 
@@ -97,7 +98,8 @@ Result<void> LinuxFileSystem::DeleteFile(std::string_view path, bool force) {
 }
 
 Result<void> LinuxFileSystem::DeleteFileOf(const Look& object, bool force) {
-    TX_TRY_ASSIGN(const auto place, SourceOf(object));
+    Resolved anew;
+    TX_TRY_ASSIGN(const auto* const place, SourceOf(object, anew));
     return DeleteFile(*place, object.path, force);
 }
 
@@ -118,7 +120,8 @@ Result<void> LinuxFileSystem::RemoveFolder(std::string_view path) {
 }
 
 Result<void> LinuxFileSystem::RemoveFolderOf(const Look& object) {
-    TX_TRY_ASSIGN(const auto place, FolderOf(object));
+    Resolved anew;
+    TX_TRY_ASSIGN(const auto* const place, FolderOf(object, anew));
     return RemoveFolder(*place, object.path);
 }
 

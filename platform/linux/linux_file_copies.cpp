@@ -18,8 +18,8 @@ constexpr std::size_t kMostPlanned = 64;
 
 // Whether a file's facts can be trusted to tell of each change at once.
 bool IsLocal(const Resolved& place) {
-    return std::ranges::any_of(place.drives->Drives(), [&place](const DriveInfo& drive) {
-        return drive.path == place.root && drive.type != DriveType::kNetwork;
+    return std::ranges::any_of(place.Drives().Drives(), [&place](const DriveInfo& drive) {
+        return drive.path == place.start->root && drive.type != DriveType::kNetwork;
     });
 }
 } // namespace
@@ -35,9 +35,11 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
 
 Result<void> LinuxFileSystem::CopyFileTo(const Look& from, const FreePlace& to,
                                          const CopyObserver& observer) {
-    TX_TRY_ASSIGN(const auto source, SourceOf(from));
+    Resolved sourceAnew;
+    TX_TRY_ASSIGN(const auto* const source, SourceOf(from, sourceAnew));
     if (IsSpecial(*source->st)) return SpecialFailure(from.path);
-    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    Resolved targetAnew;
+    TX_TRY_ASSIGN(const auto* const target, TargetOf(to, targetAnew));
     return Copy(*source, *target, from.path, to.path, false, observer);
 }
 
@@ -73,9 +75,9 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     run.ahead = Ahead();
     if (run.IsObserved()) {
         auto again = OpenItself(source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source.drives));
+        if (again) run.SetTotal(SizeOfTree(std::move(*again), source.Drives()));
     }
-    FolderCopier copier(run, *source.drives, from, to);
+    FolderCopier copier(run, source.Drives(), from, to);
     TX_TRY(copier.Copy(std::move(in), std::move(out), false));
     if (std::string skipped = copier.Skipped(); !skipped.empty()) {
         return Failure(kPathFileAccess, std::move(skipped));
@@ -102,9 +104,10 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
 }
 
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
-    auto source = resolver_.ByText(item.key);
-    if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) return false;
-    item.source = std::move(source->native);
+    Resolved source;
+    if (!resolver_.ByText(item.key, source) || !IsLocal(source)) return false;
+    if (source.native.size() >= PATH_MAX) return false;
+    item.source = std::move(source.native);
     return true;
 }
 

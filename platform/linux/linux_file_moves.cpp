@@ -41,7 +41,7 @@ bool HoldsMount(const Resolved& folder) {
         void operator()(char* text) const { std::free(text); }
     };
     const std::unique_ptr<char, Free> real(::realpath(folder.native.c_str(), nullptr));
-    return real != nullptr && folder.drives->HoldsMount(real.get());
+    return real != nullptr && folder.Drives().HoldsMount(real.get());
 }
 
 void RemoveIfPresent(const Resolved& place) {
@@ -59,19 +59,19 @@ bool LinuxFileSystem::IsTaken(const Resolved& source, const Resolved& target) {
 }
 
 Sys<void> LinuxFileSystem::Rename(const Resolved& source, const Resolved& target,
-                                  const Sys<Location>& to) {
+                                  std::string_view native, const Sys<Location>& to) {
     if (!to) return std::unexpected(to.error());
     TX_TRY_ASSIGN(const Location from, LocationOf(source, store_));
     const bool isFolder = S_ISDIR(source.st->stx_mode);
     // Where both names lead to the one object, only a plain rename can change its case.
-    const bool isOneName = source.drives->FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
+    const bool isOneName = source.Drives().FoldsCaseAt(DeviceOf(*source.st)) && target.Exists();
     auto renamed = isOneName ? RenameOver(from, *to) : RenameReadOnly(from, *to, isFolder, roads_);
     if (!renamed) {
         // Others were faster than what is known of the folder.
         if (renamed.error() == EEXIST) store_.Forget(target.Folder());
         return renamed;
     }
-    NoteRenamed(source, target);
+    NoteRenamed(source, native);
     return {};
 }
 
@@ -84,8 +84,10 @@ Result<void> LinuxFileSystem::MoveFile(std::string_view from, std::string_view t
 
 Result<void> LinuxFileSystem::MoveFileTo(const Look& from, const FreePlace& to,
                                          const CopyObserver& observer) {
-    TX_TRY_ASSIGN(const auto source, SourceOf(from));
-    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    Resolved sourceAnew;
+    Resolved targetAnew;
+    TX_TRY_ASSIGN(const auto* const source, SourceOf(from, sourceAnew));
+    TX_TRY_ASSIGN(const auto* const target, TargetOf(to, targetAnew));
     return Move(*source, *target, from.path, to.path, observer);
 }
 
@@ -93,9 +95,10 @@ Result<void> LinuxFileSystem::Move(const Resolved& source, const Resolved& targe
                                    std::string_view from, std::string_view to,
                                    const CopyObserver& observer) {
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
-    const std::string wanted = target.WantedPath();
+    std::string other;
+    const std::string& wanted = target.WantedPath(other);
     const auto place = NewLocation(source, target, wanted);
-    const auto renamed = Rename(source, target, place);
+    const auto renamed = Rename(source, target, wanted, place);
     if (renamed) return CheckMoved(source, target, *place, from, to);
     if (renamed.error() == EXDEV && source.around) {
         return MoveAcross(source, target, from, to, observer);
@@ -137,8 +140,10 @@ Result<void> LinuxFileSystem::MoveFolder(std::string_view from, std::string_view
 }
 
 Result<void> LinuxFileSystem::MoveFolderTo(const Look& from, const FreePlace& to) {
-    TX_TRY_ASSIGN(const auto source, FolderOf(from));
-    TX_TRY_ASSIGN(const auto target, TargetOf(to));
+    Resolved sourceAnew;
+    Resolved targetAnew;
+    TX_TRY_ASSIGN(const auto* const source, FolderOf(from, sourceAnew));
+    TX_TRY_ASSIGN(const auto* const target, TargetOf(to, targetAnew));
     return MoveFolder(*source, *target, from.path, to.path);
 }
 
@@ -149,9 +154,10 @@ Result<void> LinuxFileSystem::MoveFolder(const Resolved& source, const Resolved&
     TX_TRY_ASSIGN(const UniqueFd outer, OpenFolderOf(target, to));
     if (IsWithin(outer.Get(), *source.st)) return IntoItselfFailure(from, to);
     if (IsTaken(source, target)) return FailureOf(EEXIST, to);
-    const std::string wanted = target.WantedPath();
+    std::string other;
+    const std::string& wanted = target.WantedPath(other);
     const auto place = NewLocation(source, target, wanted);
-    const auto renamed = Rename(source, target, place);
+    const auto renamed = Rename(source, target, wanted, place);
     if (renamed) return CheckMoved(source, target, *place, from, to);
     if (renamed.error() == EINVAL) return IntoItselfFailure(from, to);
     if (renamed.error() == EXDEV && HoldsMount(source)) return HoldsMountFailure(from);

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <linux/openat2.h>
 #include <sys/syscall.h>
+#include <typeinfo>
 
 namespace tarvix::platform {
 
@@ -67,8 +68,9 @@ std::string ShortForm(std::string_view truePath) {
 
 // ---- looks ----
 
-struct LinuxFileSystem::ResolvedLook : Known {
-    std::uint64_t fileSystem = 0;
+struct LinuxFileSystem::ResolvedLook final : Known {
+    explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
+    std::uint64_t fileSystem;
     std::uint64_t changes = 0; // that were made before it
     std::int64_t takenAt = 0;
     Resolved place;
@@ -80,35 +82,34 @@ std::uint64_t LinuxFileSystem::NextNumber() {
     return ++last;
 }
 
-std::shared_ptr<const Known> LinuxFileSystem::Keep(Resolved place, std::int64_t takenAt) const {
-    auto kept = std::make_shared<ResolvedLook>();
-    kept->fileSystem = number_;
-    kept->changes = changes_;
-    kept->takenAt = takenAt;
-    kept->place = std::move(place);
-    return kept;
+std::shared_ptr<const Known> LinuxFileSystem::Kept(std::shared_ptr<ResolvedLook> look) const {
+    look->changes = changes_;
+    look->takenAt = store_.Tick();
+    return look;
 }
 
-std::shared_ptr<const Resolved>
-LinuxFileSystem::Believed(const std::shared_ptr<const Known>& known) const {
-    const auto* const kept = dynamic_cast<const ResolvedLook*>(known.get());
-    const bool isBelieved = kept != nullptr && kept->fileSystem == number_ &&
-                            kept->changes == changes_ &&
-                            store_.Tick() - kept->takenAt <= FolderStore::kBelieved;
-    if (!isBelieved) return nullptr;
-    return {known, &kept->place};
+const Resolved* LinuxFileSystem::Believed(const Known* known) const {
+    if (known == nullptr || typeid(*known) != typeid(ResolvedLook)) return nullptr;
+    const auto& kept = static_cast<const ResolvedLook&>(*known);
+    const bool isBelieved = kept.fileSystem == number_ && kept.changes == changes_ &&
+                            store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
+    return isBelieved ? &kept.place : nullptr;
 }
 
-Result<std::shared_ptr<const Resolved>> LinuxFileSystem::TargetOf(const FreePlace& place) const {
-    if (auto seen = Believed(place.known)) return seen;
-    TX_TRY_ASSIGN(Resolved found, resolver_.NewTarget(place.path));
-    return std::make_shared<const Resolved>(std::move(found));
+Result<const Resolved*> LinuxFileSystem::TargetOf(const FreePlace& place, Resolved& anew) const {
+    if (const Resolved* const believed = Believed(place.known.get())) return believed;
+    TX_TRY_ASSIGN(anew, resolver_.NewTarget(place.path));
+    return &anew;
 }
 
 Result<ObjectFacts> LinuxFileSystem::FactsOf(const Resolved& place, std::string_view path) {
-    TX_TRY_ASSIGN(const Location location, Named(LocationOf(place, store_), path));
+    if (place.around) {
+        const std::string_view name = place.NativeName();
+        return FactsFrom(*place.st, name, {place.around->Get(), name.data()}, place.Drives());
+    }
+    TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
     const std::string_view name = place.IsRoot() ? std::string_view() : place.NativeName();
-    return FactsFrom(*place.st, name, location, *place.drives);
+    return FactsFrom(*place.st, name, location, place.Drives());
 }
 
 Result<ObjectFacts> LinuxFileSystem::Facts(std::string_view path) {
@@ -117,22 +118,47 @@ Result<ObjectFacts> LinuxFileSystem::Facts(std::string_view path) {
 }
 
 Result<Look> LinuxFileSystem::LookAt(std::string_view path) {
-    TX_TRY_ASSIGN(Resolved place, resolver_.Existing(path));
-    TX_TRY_ASSIGN(const ObjectFacts facts, FactsOf(place, path));
-    return Look{std::string(path), facts, Keep(std::move(place))};
+    auto look = std::make_shared<ResolvedLook>(number_);
+    TX_TRY_ASSIGN(look->place, resolver_.Existing(path));
+    TX_TRY_ASSIGN(const ObjectFacts facts, FactsOf(look->place, path));
+    return Look{std::string(path), facts, Kept(std::move(look))};
+}
+
+std::optional<AheadLook> LinuxFileSystem::LookedAhead(const SeenObject& seen) {
+    auto look = std::make_shared<ResolvedLook>(number_);
+    look->takenAt = store_.Tick();
+    const auto facts = Seen(seen, look->place);
+    if (!facts) return std::nullopt;
+    return AheadLook{std::move(look), *facts};
+}
+
+std::optional<Look> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
+    const auto ahead = looks_.Take(seen);
+    if (!ahead) return std::nullopt;
+    auto& look = static_cast<ResolvedLook&>(*ahead->known);
+    look.changes = changes_;
+    if (Believed(&look) == nullptr) return std::nullopt;
+    return Look{std::string(seen.path), ahead->facts, ahead->known, seen.sighting.location};
+}
+
+Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
+    if (auto ahead = TakenAhead(seen)) return std::move(*ahead);
+    auto look = std::make_shared<ResolvedLook>(number_);
+    TX_TRY_ASSIGN(const ObjectFacts facts, Seen(seen, look->place));
+    return Look{std::string(seen.path), facts, Kept(std::move(look)), seen.sighting.location};
 }
 
 std::optional<FreePlace> LinuxFileSystem::KnownFree(std::string_view path) {
-    auto place = resolver_.KnownFree(path);
-    if (!place) return std::nullopt;
-    return FreePlace{std::string(path), Keep(std::move(*place))};
+    auto look = std::make_shared<ResolvedLook>(number_);
+    if (!resolver_.KnownFree(path, look->place)) return std::nullopt;
+    return FreePlace{std::string(path), Kept(std::move(look))};
 }
 
 // ---- paths ----
 
 Result<Resolved> LinuxFileSystem::TruePlace(std::string_view path) {
     auto place = resolver_.Existing(path);
-    if (!place || !place->drives->FoldsCaseAt(DeviceOf(*place->st))) return place;
+    if (!place || !place->Drives().FoldsCaseAt(DeviceOf(*place->st))) return place;
     return resolver_.Spelled(std::move(*place), path);
 }
 
@@ -154,7 +180,7 @@ Result<LinuxOpenFolder> LinuxFileSystem::OpenByPath(std::string_view folder) {
         opened = OpenFolderAt(place.native);
     }
     if (opened) {
-        return LinuxOpenFolder(std::move(opened->fd), std::move(place.drives),
+        return LinuxOpenFolder(std::move(opened->fd), place.start->drives,
                                std::move(opened->native), std::string(folder), listings_);
     }
     if (opened.error() == ENOENT) return FailureBy(kPathNotFound, folder);
@@ -210,21 +236,16 @@ void LinuxFileSystem::NoteMade(const Resolved& place) {
     store_.NoteMade(place.native);
 }
 
-void LinuxFileSystem::NoteRenamed(const Resolved& source, const Resolved& target) {
+void LinuxFileSystem::NoteRenamed(const Resolved& source, std::string_view to) {
     NoteChangedAlone(source);
     if (MayLeadToFolder(source)) store_.NoteMoved(source.native);
-    if (source.Folder() == target.Folder()) {
-        store_.NoteRenamed(source.Folder(), source.NativeName(), target.WantedName());
-    } else {
-        store_.NoteRemoved(source.Folder(), source.NativeName());
-        store_.NoteAdded(target.Folder(), target.WantedName());
-    }
+    store_.NoteRenamed(source.native, to);
 }
 
 void LinuxFileSystem::NoteGone(const Resolved& place) {
     NoteChanged();
     if (MayLeadToFolder(place)) store_.NoteMoved(place.native);
-    store_.NoteRemoved(place.Folder(), place.NativeName());
+    store_.NoteRemoved(place.native);
 }
 
 } // namespace tarvix::platform

@@ -87,12 +87,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
 
     // The object: 53 missing, 76 when a folder on the way is missing.
     Result<Resolved> Existing(std::string_view path) const { return resolver_.Existing(path); }
-    // The object that was seen, as LookAtSeen tells it.
-    struct SeenPlace {
-        Resolved place;
-        ObjectFacts facts;
-    };
-    Result<SeenPlace> Seen(const SeenObject& seen);
+    // The object that was seen, as LookAtSeen tells it, put into a new place.
+    Result<ObjectFacts> Seen(const SeenObject& seen, Resolved& place);
     // The drive form of an absolute native path.
     std::string DrivePathOf(std::string_view native) const {
         return mounts_.Now()->ToDrive(native);
@@ -113,16 +109,15 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // folder is (FolderStore::kBelieved) and nothing was changed here in between.
     struct ResolvedLook;
     static std::uint64_t NextNumber();
-    std::shared_ptr<const Known> Keep(Resolved place) const {
-        return Keep(std::move(place), store_.Tick());
-    }
-    std::shared_ptr<const Known> Keep(Resolved place, std::int64_t takenAt) const;
+    // To be called once its place is filled.
+    std::shared_ptr<const Known> Kept(std::shared_ptr<ResolvedLook> look) const;
     // Null where it isn't believed.
-    std::shared_ptr<const Resolved> Believed(const std::shared_ptr<const Known>& known) const;
-    Result<std::shared_ptr<const Resolved>> ObjectOf(const Look& look);
-    Result<std::shared_ptr<const Resolved>> SourceOf(const Look& look); // 53 for a folder
-    Result<std::shared_ptr<const Resolved>> FolderOf(const Look& look); // 76 for a file
-    Result<std::shared_ptr<const Resolved>> TargetOf(const FreePlace& place) const;
+    const Resolved* Believed(const Known* known) const;
+    // What belongs to the look, or else is put into a new place.
+    Result<const Resolved*> ObjectOf(const Look& look, Resolved& anew);
+    Result<const Resolved*> SourceOf(const Look& look, Resolved& anew); // 53 for a folder
+    Result<const Resolved*> FolderOf(const Look& look, Resolved& anew); // 76 for a file
+    Result<const Resolved*> TargetOf(const FreePlace& place, Resolved& anew) const;
 
     // A copy without its name, and the place where it will get one.
     class Prepared;
@@ -157,7 +152,9 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
     // Whether a target keeps an object from getting its name.
     bool IsTaken(const Resolved& source, const Resolved& target);
-    Sys<void> Rename(const Resolved& source, const Resolved& target, const Sys<Location>& to);
+    // `native` is the path that it gets, `to` its place.
+    Sys<void> Rename(const Resolved& source, const Resolved& target, std::string_view native,
+                     const Sys<Location>& to);
     // What took the place of a seen object in the moment of its move goes back; `there` is the new
     // place.
     Result<void> CheckMoved(const Resolved& source, const Resolved& target, const Location& there,
@@ -175,9 +172,10 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // The same of one that leads to no folder, so that no other is reached otherwise than before.
     void NoteChangedAlone(const Resolved& place);
     // A look that was taken ahead, if nothing is known to have changed since.
-    std::optional<AheadLook> TakenAhead(const SeenObject& seen);
+    std::optional<Look> TakenAhead(const SeenObject& seen);
     void NoteMade(const Resolved& place);
-    void NoteRenamed(const Resolved& source, const Resolved& target);
+    // `to` is the native path that it has now.
+    void NoteRenamed(const Resolved& source, std::string_view to);
 
     Mounts& mounts_;
     FolderStore store_;

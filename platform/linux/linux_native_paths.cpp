@@ -68,11 +68,11 @@ std::string LinuxNativePaths::ToDrive(std::string_view text) const {
     return mounts_.Now()->ToDrive(CleanNativePath(path));
 }
 
-std::string LinuxNativePaths::FromKnown(const Table& drives, std::string_view folder,
-                                        std::string_view name) const {
+std::string LinuxNativePaths::FromKnown(std::string_view folder, std::string_view name) const {
     std::string out;
+    const DriveTable* const drives = mounts_.NowAt();
     const std::scoped_lock lock(mutex_);
-    if (drives_ != drives) return out;
+    if (drives_.get() != drives) return out;
     const auto* const known = lastFolders_.In(folders_, folder);
     if (known == nullptr) return out;
     out.reserve(known->second.size() + 1 + name.size());
@@ -94,17 +94,17 @@ void LinuxNativePaths::Note(const Table& drives, std::string_view folder,
 }
 
 std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
-    const Table drives = mounts_.Now();
-    const std::size_t slash = std::min(drivePath.rfind('\\'), drivePath.size());
+    const std::size_t slash = std::min(LastOf(drivePath, '\\'), drivePath.size());
     const std::string_view folder = drivePath.substr(0, slash);
     const std::string_view name = drivePath.substr(std::min(slash + 1, drivePath.size()));
     // On a share more than the folder may tell where a name leads.
     const bool isInFolder = drivePath.size() > 1 && drivePath[1] == ':' && CanBeName(name);
     if (isInFolder) {
-        if (std::string known = FromKnown(drives, folder, name); !known.empty()) return known;
+        if (std::string known = FromKnown(folder, name); !known.empty()) return known;
     }
     const auto parsed = ParseDrivePath(drivePath);
     if (!parsed) return {};
+    const Table drives = mounts_.Now();
     auto base = drives->BaseOf(*parsed);
     if (!base) return {};
     std::string out = std::move(base->folder);

@@ -26,8 +26,7 @@ class LinuxNativePaths : public NativePaths {
   private:
     using Table = std::shared_ptr<const DriveTable>;
     // The path of an object in a folder whose own is known; empty where it isn't.
-    std::string FromKnown(const Table& drives, std::string_view folder,
-                          std::string_view name) const;
+    std::string FromKnown(std::string_view folder, std::string_view name) const;
     void Note(const Table& drives, std::string_view folder, std::string_view native) const;
 
     Mounts& mounts_;

@@ -6,6 +6,7 @@
 #include "platform/linux/temporary.h"
 #include "platform/names.h"
 #include "platform/try.h"
+#include "text/characters.h"
 #include "text/paths.h"
 
 #include <cerrno>
@@ -109,7 +110,8 @@ class LinuxFileSystem::Prepared : public UnnamedCopy {
         : files_(files), target_(std::move(target)), path_(std::move(path)),
           folder_(std::move(folder)) {
         // So it will be spelled, whatever stands there so far.
-        target_.native = target_.WantedPath();
+        std::string other;
+        target_.native = target_.WantedPath(other);
         name_ = target_.NativeName();
     }
 
@@ -147,7 +149,8 @@ Copied LinuxFileSystem::PrepareFile(std::string_view from, std::string_view to,
 
 Copied LinuxFileSystem::PrepareFileOf(const Look& from, std::string_view to,
                                       const CopyObserver& observer) {
-    TX_TRY_ASSIGN(const auto source, SourceOf(from));
+    Resolved anew;
+    TX_TRY_ASSIGN(const auto* const source, SourceOf(from, anew));
     return PrepareFile(*source, from.path, to, observer);
 }
 
@@ -176,7 +179,8 @@ Copied LinuxFileSystem::PrepareFolder(std::string_view from, std::string_view to
 
 Copied LinuxFileSystem::PrepareFolderOf(const Look& from, std::string_view to,
                                         const CopyObserver& observer) {
-    TX_TRY_ASSIGN(const auto source, FolderOf(from));
+    Resolved anew;
+    TX_TRY_ASSIGN(const auto* const source, FolderOf(from, anew));
     return PrepareFolder(*source, from.path, to, observer);
 }
 
@@ -198,9 +202,9 @@ Copied LinuxFileSystem::PrepareFolder(const Resolved& source, std::string_view f
     run.ahead = Ahead();
     if (run.IsObserved()) {
         auto again = OpenItself(source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source.drives));
+        if (again) run.SetTotal(SizeOfTree(std::move(*again), source.Drives()));
     }
-    FolderCopier copier(run, *source.drives, from, to);
+    FolderCopier copier(run, source.Drives(), from, to);
     TX_TRY(copier.Copy(std::move(in), std::move(out), true));
     object->SetMissing(copier.Skipped());
     prepared->Hold(std::move(object));
@@ -219,7 +223,7 @@ Result<std::vector<std::string>> LinuxFileSystem::RemoveAbandoned(std::string_vi
     std::erase_if(found,
                   [&fd](const std::string& name) { return !RemoveIfAbandoned(fd.Get(), name); });
     for (std::string& name : found) {
-        store_.NoteRemoved(place.native.empty() ? "/" : place.native, name);
+        store_.NoteRemoved(text::Concat({place.native, "/", name}));
         name = text::JoinPath(folder, NameToDrive(name));
     }
     if (!found.empty()) NoteChanged();

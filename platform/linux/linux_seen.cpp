@@ -25,19 +25,21 @@ Result<void> CheckEmpty(At at, std::string_view path) {
 }
 } // namespace
 
-Result<LinuxFileSystem::SeenPlace> LinuxFileSystem::Seen(const SeenObject& seen) {
+Result<ObjectFacts> LinuxFileSystem::Seen(const SeenObject& seen, Resolved& place) {
     const std::uint32_t location = seen.sighting.location;
-    SeenPlace found;
-    TX_TRY_ASSIGN(found.place, location == kAnyRoad ? resolver_.Existing(seen.path)
-                                                    : resolver_.Below(seen.path, location));
-    TX_TRY_ASSIGN(found.facts, FactsOf(found.place, seen.path));
-    TX_TRY(CheckSame(seen, found.facts));
+    if (location == kAnyRoad) {
+        TX_TRY_ASSIGN(place, resolver_.Existing(seen.path));
+    } else {
+        TX_TRY(resolver_.Below(seen.path, location, place));
+    }
+    TX_TRY_ASSIGN(const ObjectFacts facts, FactsOf(place, seen.path));
+    TX_TRY(CheckSame(seen, facts));
     const bool mustBeEmpty = seen.same == Same::kContent && seen.sighting.wasEmpty;
-    if (mustBeEmpty && S_ISDIR(found.place.st->stx_mode)) {
-        TX_TRY_ASSIGN(const Location at, Named(LocationOf(found.place, store_), seen.path));
+    if (mustBeEmpty && S_ISDIR(place.st->stx_mode)) {
+        TX_TRY_ASSIGN(const Location at, Named(LocationOf(place, store_), seen.path));
         TX_TRY(CheckEmpty(at, seen.path));
     }
-    return found;
+    return facts;
 }
 
 // ---- looks ahead ----
@@ -47,49 +49,26 @@ void LinuxFileSystem::LookSoon(std::span<const SeenObject> objects) {
     objects.empty() ? looks_.Drop() : looks_.Add(objects);
 }
 
-std::optional<AheadLook> LinuxFileSystem::LookedAhead(const SeenObject& seen) {
-    const std::int64_t before = store_.Tick();
-    auto found = Seen(seen);
-    if (!found) return std::nullopt;
-    return AheadLook{std::move(found->place), found->facts, before};
-}
-
-std::optional<AheadLook> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
-    auto look = looks_.Take(seen);
-    if (!look || store_.Tick() - look->takenAt > FolderStore::kBelieved) return std::nullopt;
-    return look;
-}
-
-Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
-    if (auto ahead = TakenAhead(seen)) {
-        return Look{std::string(seen.path), ahead->facts,
-                    Keep(std::move(ahead->place), ahead->takenAt), seen.sighting.location};
-    }
-    TX_TRY_ASSIGN(SeenPlace found, Seen(seen));
-    return Look{std::string(seen.path), found.facts, Keep(std::move(found.place)),
-                seen.sighting.location};
-}
-
 // ---- what a look stands for ----
 
-Result<std::shared_ptr<const Resolved>> LinuxFileSystem::ObjectOf(const Look& look) {
-    if (auto believed = Believed(look.known)) return believed;
+Result<const Resolved*> LinuxFileSystem::ObjectOf(const Look& look, Resolved& anew) {
+    if (const Resolved* const believed = Believed(look.known.get())) return believed;
     if (look.location != kAnyRoad) {
-        TX_TRY_ASSIGN(SeenPlace seen, Seen(SeenAs(look)));
-        return std::make_shared<const Resolved>(std::move(seen.place));
+        TX_TRY(Seen(SeenAs(look), anew));
+    } else {
+        TX_TRY_ASSIGN(anew, resolver_.Existing(look.path));
     }
-    TX_TRY_ASSIGN(Resolved found, resolver_.Existing(look.path));
-    return std::make_shared<const Resolved>(std::move(found));
+    return &anew;
 }
 
-Result<std::shared_ptr<const Resolved>> LinuxFileSystem::SourceOf(const Look& look) {
-    TX_TRY_ASSIGN(auto object, ObjectOf(look));
+Result<const Resolved*> LinuxFileSystem::SourceOf(const Look& look, Resolved& anew) {
+    TX_TRY_ASSIGN(const Resolved* const object, ObjectOf(look, anew));
     if (S_ISDIR(object->st->stx_mode)) return FailureBy(kFileNotFound, look.path);
     return object;
 }
 
-Result<std::shared_ptr<const Resolved>> LinuxFileSystem::FolderOf(const Look& look) {
-    auto object = ObjectOf(look);
+Result<const Resolved*> LinuxFileSystem::FolderOf(const Look& look, Resolved& anew) {
+    auto object = ObjectOf(look, anew);
     const bool isMissing = !object && object.error().number == kFileNotFound;
     if (isMissing || (object && !LeadsToFolder(**object))) {
         return FailureBy(kPathNotFound, look.path);
@@ -103,7 +82,7 @@ Result<std::shared_ptr<const Resolved>> LinuxFileSystem::FolderOf(const Look& lo
 Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved& target,
                                          const Location& there, std::string_view from,
                                          std::string_view to) {
-    if (!source.around || !source.drives->KeepsNumbersAt(DeviceOf(*source.st))) return {};
+    if (!source.around || !source.Drives().KeepsNumbersAt(DeviceOf(*source.st))) return {};
     const auto st = StatOf(At(there));
     if (!st || IsSameObject(*st, *source.st)) return {};
     TX_TRY_ASSIGN(const Location here, Named(LocationOf(source, store_), from));
@@ -122,7 +101,7 @@ Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved&
 Sys<Location> LinuxFileSystem::NewLocation(const Resolved& source, const Resolved& target,
                                            const std::string& native) {
     if (!source.around || source.Folder() != target.Folder()) return store_.Locate(native);
-    return Location{source.around, native.c_str() + native.rfind('/') + 1};
+    return Location{source.around, native.c_str() + LastOf(native, '/') + 1};
 }
 
 } // namespace tarvix::platform

@@ -86,10 +86,10 @@ Sys<TakenObjects::Taken> TrashRun::Take(const Resolved& place) {
     const std::string path = text::Concat(
         {trueFolder_ == "/" ? std::string_view() : trueFolder_, "/", place.NativeName()});
     // It would go along, still in use.
-    if (S_ISDIR(place.st->stx_mode) && place.drives->HoldsMount(path)) {
+    if (S_ISDIR(place.st->stx_mode) && place.Drives().HoldsMount(path)) {
         return std::unexpected(EBUSY);
     }
-    const bool isNumbered = place.drives->KeepsNumbersAt(DeviceOf(*place.st));
+    const bool isNumbered = place.Drives().KeepsNumbersAt(DeviceOf(*place.st));
     TX_TRY_ASSIGN(held_, trash->Take(location, path, *place.st, place.around && isNumbered));
     return TakenObjects::Taken{.folder = trueFolder_,
                                .name = place.NativeName(),
@@ -131,8 +131,8 @@ Result<void> LinuxTrash::RecycleSeen(std::span<const SeenObject> objects,
     for (std::size_t done = 0; done < objects.size(); ++done) {
         const SeenObject& object = objects[done];
         if (observer && !observer(done)) return FailureBy(kInterrupted, object.path);
-        TX_TRY_ASSIGN(auto seen, files_.Seen(object));
-        const Resolved& place = seen.place;
+        Resolved place;
+        TX_TRY(files_.Seen(object, place));
         if (place.IsRoot()) return FailureBy(kPermissionDenied, object.path);
         const auto taken = run.Recycle(place);
         if (!taken) return TrashFailure(taken.error(), object);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/path_resolver.h"
+#include "platform/file_system.h"
 #include "platform/object_facts.h"
 #include "platform/seen_object.h"
 
@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -20,9 +21,8 @@ namespace tarvix::platform {
 
 // An object as it was looked at before it was asked for.
 struct AheadLook {
-    Resolved place;
+    std::shared_ptr<Known> known; // of the file system, with the time of the look
     ObjectFacts facts;
-    std::int64_t takenAt = 0; // by the clock of the store, at the latest
 };
 
 // Looks at objects on a second thread, a little before they are asked for. All calls come from one

@@ -5,34 +5,138 @@
 #include "text/case.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvix::platform {
 
 namespace {
-// What is looked for is mostly added next.
-const std::string& UpperOf(std::string_view nativeName) {
-    static thread_local std::string name;
+constexpr std::size_t kFewestSlots = 8;
+constexpr std::size_t kMostLost = 4096;
+
+// The hash of a name that was looked for, since that is mostly what is put there next.
+struct Hashed {
+    std::string name;
+    std::uint32_t hash = 0;
+};
+thread_local Hashed lastWanted;
+
+// Of the upper-case form.
+std::uint32_t HashOf(std::string_view nativeName) {
     static thread_local std::string upper;
-    if (name == nativeName) return upper;
-    name = nativeName;
+    if (!nativeName.empty() && lastWanted.name == nativeName) return lastWanted.hash;
     upper.clear();
     text::AppendUpper(upper, nativeName);
-    return upper;
+    return static_cast<std::uint32_t>(text::TextHash()(upper));
+}
+
+std::uint32_t HashOfWanted(std::string_view nativeName) {
+    lastWanted.hash = HashOf(nativeName);
+    lastWanted.name = nativeName;
+    return lastWanted.hash;
 }
 } // namespace
 
-void NameTable::Add(std::string_view nativeName) {
-    const auto [entry, isNew] = byUpper_.try_emplace(UpperOf(nativeName), nativeName);
-    if (!isNew) {
-        const bool isKnown = entry->second == nativeName ||
-                             std::ranges::find(clashing_, nativeName) != clashing_.end();
-        if (isKnown) return;
-        clashing_.emplace_back(nativeName);
-        if (NameToDrive(nativeName) < NameToDrive(entry->second)) {
-            entry->second.swap(clashing_.back());
+// ---- slots ----
+
+// That of the name that is equal but for case, else the free one for it.
+std::size_t NameTable::SlotOf(std::string_view nativeName, std::uint32_t hash) const {
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+        const Slot& slot = slots_[at];
+        if (slot.length == 0) return at;
+        if (slot.hash == hash && text::EqualNoCase(NameIn(slot), nativeName)) return at;
+    }
+}
+
+std::string_view NameTable::Standing(std::string_view nativeName) const {
+    return size_ == 0 ? std::string_view()
+                      : NameIn(slots_[SlotOf(nativeName, HashOfWanted(nativeName))]);
+}
+
+void NameTable::SetName(Slot& slot, std::string_view nativeName) {
+    lost_ += slot.length;
+    slot.begin = text_.size();
+    slot.length = static_cast<std::uint32_t>(nativeName.size());
+    text_ += nativeName;
+}
+
+// At least a quarter of the slots stays free, and not much more than half of the text is lost.
+void NameTable::MakeRoom() {
+    if (size_ + size_ / 3 + 1 >= slots_.size()) {
+        const auto old = std::exchange(slots_, {});
+        slots_.resize(std::max(kFewestSlots, 4 * old.size()));
+        const std::size_t mask = slots_.size() - 1;
+        for (const Slot& slot : old) {
+            std::size_t at = slot.hash & mask;
+            while (slots_[at].length != 0)
+                at = (at + 1) & mask;
+            slots_[at] = slot;
         }
     }
+    if (lost_ <= std::max(kMostLost, text_.size() / 2)) return;
+    const std::string old = std::exchange(text_, {});
+    text_.reserve(old.size());
+    for (Slot& slot : slots_) {
+        const std::size_t begin = std::exchange(slot.begin, text_.size());
+        text_.append(old, begin, slot.length);
+    }
+    lost_ = 0;
+}
+
+// What stands behind it moves up where it couldn't be found any more behind a free slot.
+void NameTable::Erase(std::string_view nativeName) {
+    if (size_ == 0) return;
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t free = SlotOf(nativeName, HashOf(nativeName));
+    if (slots_[free].length == 0) return;
+    lost_ += slots_[free].length;
+    --size_;
+    for (std::size_t at = (free + 1) & mask; slots_[at].length != 0; at = (at + 1) & mask) {
+        const std::size_t wanted = slots_[at].hash & mask;
+        if (((at - wanted) & mask) < ((at - free) & mask)) continue;
+        slots_[free] = slots_[at];
+        free = at;
+    }
+    slots_[free] = {};
+}
+
+// ---- names ----
+
+void NameTable::Add(std::string_view nativeName) {
+    Put(nativeName, HashOf(nativeName));
+}
+
+void NameTable::Put(std::string_view nativeName, std::uint32_t hash) {
+    MakeRoom();
+    Slot& slot = slots_[SlotOf(nativeName, hash)];
+    if (slot.length == 0) {
+        slot.hash = hash;
+        SetName(slot, nativeName);
+        ++size_;
+    } else {
+        const std::string known(NameIn(slot));
+        const bool isKnown =
+            known == nativeName || std::ranges::find(clashing_, nativeName) != clashing_.end();
+        if (isKnown) return;
+        const bool isFirst = NameToDrive(nativeName) < NameToDrive(known);
+        if (isFirst) SetName(slot, nativeName);
+        clashing_.emplace_back(isFirst ? known : nativeName);
+    }
     if (byShort_) AddShort(nativeName);
+}
+
+bool NameTable::Remove(std::string_view nativeName) {
+    if (!clashing_.empty()) return false;
+    Erase(nativeName);
+    byShort_.reset();
+    return true;
+}
+
+bool NameTable::Rename(std::string_view from, std::string_view to) {
+    const std::uint32_t hash = HashOf(to);
+    if (!Remove(from)) return false;
+    Put(to, hash);
+    return true;
 }
 
 void NameTable::AddShort(std::string_view nativeName) {
@@ -41,33 +145,12 @@ void NameTable::AddShort(std::string_view nativeName) {
     if (!isNew && entry->second != nativeName) entry->second.clear();
 }
 
-bool NameTable::Remove(std::string_view nativeName) {
-    if (!clashing_.empty()) return false;
-    byUpper_.erase(text::Upper(nativeName));
-    byShort_.reset();
-    return true;
-}
-
-bool NameTable::Rename(std::string_view from, std::string_view to) {
-    if (!clashing_.empty()) return false;
-    byShort_.reset();
-    auto entry = byUpper_.extract(text::Upper(from));
-    const std::string& upper = UpperOf(to);
-    if (!entry || byUpper_.contains(upper)) {
-        Add(to);
-        return true;
-    }
-    entry.key() = upper;
-    entry.mapped() = to;
-    byUpper_.insert(std::move(entry));
-    return true;
-}
-
 const std::string* NameTable::FindShort(std::string_view name) {
     if (!byShort_) {
         byShort_.emplace();
-        for (const auto& [upper, native] : byUpper_)
-            AddShort(native);
+        for (const Slot& slot : slots_) {
+            if (slot.length != 0) AddShort(NameIn(slot));
+        }
         for (const std::string& native : clashing_)
             AddShort(native);
     }
@@ -75,25 +158,23 @@ const std::string* NameTable::FindShort(std::string_view name) {
     return found == byShort_->end() ? nullptr : &found->second;
 }
 
-const std::string* NameTable::Find(std::string_view name) {
+std::string_view NameTable::Find(std::string_view name) {
     if (LooksLikeMadeShortName(name)) {
         const std::string* const native = FindShort(name);
-        if (native != nullptr) return native->empty() ? nullptr : native;
+        if (native != nullptr) return *native;
     }
-    const auto found = byUpper_.find(text::Upper(NameToNative(name)));
-    return found == byUpper_.end() ? nullptr : &found->second;
+    return Standing(NameToNative(name));
 }
 
 bool NameTable::IsFree(std::string_view nativeName) const {
-    return !byUpper_.contains(UpperOf(nativeName));
+    return Standing(nativeName).empty();
 }
 
 bool NameTable::HasOther(std::string_view nativeName, std::string_view except) const {
-    const std::string upper = text::Upper(nativeName);
-    const auto found = byUpper_.find(upper);
-    if (found != byUpper_.end() && found->second != except) return true;
+    const std::string_view standing = Standing(nativeName);
+    if (!standing.empty() && standing != except) return true;
     return std::ranges::any_of(clashing_, [&](const std::string& other) {
-        return other != except && text::Upper(other) == upper;
+        return other != except && text::EqualNoCase(other, nativeName);
     });
 }
 

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 
 namespace tarvix::platform {
@@ -17,11 +16,8 @@ namespace {
 constexpr int kMostTries = 3;
 
 // Where the last name of a native path starts.
-std::size_t NameStart(const std::string& native) {
-    const void* const slash = ::memrchr(native.data(), '/', native.size());
-    return slash == nullptr
-               ? 0
-               : static_cast<std::size_t>(static_cast<const char*>(slash) - native.data()) + 1;
+std::size_t NameStart(std::string_view native) {
+    return LastOf(native, '/') + 1;
 }
 
 std::string UpperRoot(std::string_view root) {
@@ -37,88 +33,78 @@ void SetLastName(std::string& native, std::string_view name) {
 }
 } // namespace
 
-std::string_view Resolved::Folder() const {
-    const std::size_t name = NameStart(native);
-    if (name <= 1) return "/";
-    return std::string_view(native).substr(0, name - 1);
-}
-
-std::string_view Resolved::NativeName() const {
-    return std::string_view(native).substr(NameStart(native));
-}
-
-const char* Resolved::NameText() const {
-    return native.c_str() + NameStart(native);
-}
-
-std::string Resolved::WantedPath() const {
-    std::string path = native;
-    if (!otherName.empty()) SetLastName(path, otherName);
-    return path;
+const std::string& Resolved::WantedPath(std::string& other) const {
+    if (otherName.empty()) return native;
+    other = native;
+    SetLastName(other, otherName);
+    return other;
 }
 
 std::string Resolved::DrivePath() const {
-    std::string out = root;
-    const std::size_t start = out.size();
-    std::size_t begin = baseEnd;
+    std::string out = start->root;
+    std::size_t begin = start->end;
     while (begin < native.size()) {
         const std::size_t end = std::min(native.find('/', begin + 1), native.size());
         out += '\\';
         AppendNameToDrive(out, std::string_view(native).substr(begin + 1, end - begin - 1));
         begin = end;
     }
-    if (out.size() == start && start == 2) out += '\\';
+    if (out.size() == 2) out += '\\';
     return out;
 }
 
 // ---- by text ----
 
-// Nothing for names that mean more than a name.
-std::optional<Resolved> PathResolver::ByWay(const std::shared_ptr<const DriveTable>& drives,
-                                            std::string_view path) const {
-    const std::size_t slash = path.rfind('\\');
-    if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return std::nullopt;
-    auto way = store_.FindWay(drives, path.substr(0, slash), path.size() - slash);
-    if (!way) return std::nullopt;
-    Resolved place{std::move(way->root), std::move(way->native), way->baseEnd, {}, drives, {}};
-    place.native += '/';
-    AppendNameToNative(place.native, path.substr(slash + 1));
-    return place;
+// Not for names that mean more than a name.
+bool PathResolver::ByWay(std::string_view path, Resolved& place) const {
+    const std::size_t slash = LastOf(path, '\\');
+    const std::string_view name = path.substr(slash + 1);
+    if (slash == path.npos || !CanBeName(name)) return false;
+    place.start = store_.FindWay(mounts_.NowAt(), path.substr(0, slash), name.size(), place.native);
+    if (!place.start) return false;
+    AppendNameToNative(place.native, name);
+    return true;
 }
 
 void PathResolver::NoteWay(const Resolved& place, std::string_view path) const {
-    const std::size_t slash = path.rfind('\\');
+    const std::size_t slash = LastOf(path, '\\');
     if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
-    store_.NoteWay(
-        place.drives, path.substr(0, slash),
-        {place.root, place.native.substr(0, NameStart(place.native) - 1), place.baseEnd});
+    store_.NoteWay(place.start, path.substr(0, slash),
+                   std::string_view(place.native).substr(0, NameStart(place.native) - 1));
 }
 
 Result<Resolved> PathResolver::ByText(std::string_view path) const {
     Resolved place;
-    place.drives = mounts_.Now();
-    auto known = ByWay(place.drives, path);
-    store_.NoteResolved(!known.has_value());
-    if (known) return std::move(*known);
+    TX_TRY(ByText(path, place));
+    return place;
+}
+
+Result<void> PathResolver::ByText(std::string_view path, Resolved& place) const {
+    const bool isKnown = ByWay(path, place);
+    store_.NoteResolved(!isKnown);
+    if (isKnown) return {};
+    PathStart start;
+    start.drives = mounts_.Now();
     TX_TRY_ASSIGN(const DrivePath parsed, ParseDrivePath(path));
-    auto base = place.drives->BaseOf(parsed);
+    auto base = start.drives->BaseOf(parsed);
     if (!base) return FailureBy(kPathNotFound, path);
-    place.root = UpperRoot(parsed.root);
+    start.root = UpperRoot(parsed.root);
+    start.end = base->folder.size();
     place.native = std::move(base->folder);
     place.native.reserve(place.native.size() + path.size());
-    place.baseEnd = place.native.size();
     for (std::size_t i = 0; i < parsed.names.size(); ++i) {
         if (i < base->namesTaken) {
-            place.root += '\\';
-            place.root += parsed.names[i];
+            start.root += '\\';
+            start.root += parsed.names[i];
             continue;
         }
         place.native += '/';
         AppendNameToNative(place.native, parsed.names[i]);
     }
+    place.start = std::make_shared<const PathStart>(std::move(start));
     // On a share more than the folder may tell where a name leads.
-    if (place.root.size() == 2 && !place.IsRoot()) NoteWay(place, path);
-    return place;
+    if (place.start->root.size() == 2 && !place.IsRoot()) NoteWay(place, path);
+    return {};
 }
 
 // ---- by the disk ----
@@ -143,39 +129,43 @@ Result<Resolved> PathResolver::Target(std::string_view path) const {
 
 // Each name of the path is one on the disk.
 std::size_t PathResolver::FolderLength(const Resolved& place, std::string_view below) {
+    below = text::StripTrailingSlash(below);
     std::size_t length = NameStart(place.native) - 1;
-    const auto names = std::ranges::count(text::StripTrailingSlash(below), '\\');
-    for (std::ptrdiff_t i = 1; i < names && length > place.baseEnd; ++i) {
+    std::size_t slash = below.find('\\');
+    while (length > place.start->end && (slash = below.find('\\', slash + 1)) != below.npos)
         length = place.native.rfind('/', length - 1);
-    }
-    return std::max(length, place.baseEnd);
+    return std::max(length, place.start->end);
 }
 
-Result<Resolved> PathResolver::Below(std::string_view path, std::size_t location) const {
-    TX_TRY_ASSIGN(Resolved place, ByText(path));
-    if (place.IsRoot()) return Existing(path);
+Result<void> PathResolver::Below(std::string_view path, std::size_t location,
+                                 Resolved& place) const {
+    TX_TRY(ByText(path, place));
+    if (place.IsRoot()) {
+        TX_TRY_ASSIGN(place, Existing(path));
+        return {};
+    }
     const std::string_view below = path.substr(std::min(location, path.size()));
-    const auto at = store_.LocateBelow(place.native, FolderLength(place, below));
+    auto at = store_.LocateBelow(place.native, FolderLength(place, below));
     if (!at) {
         const bool isOther = at.error() == ELOOP || at.error() == ENOTDIR || at.error() == EXDEV;
         if (isOther) return FailureBy(kChangedSinceSearch, path);
         return at.error() == ENOENT ? FailureBy(kPathNotFound, path) : FailureOf(at.error(), path);
     }
-    TX_TRY_ASSIGN(place.st, Named(StatOf(platform::At(*at)), path));
-    place.around = at->folder;
-    return place;
+    const auto st = StatOf(platform::At(*at));
+    if (!st) return FailureOf(st.error(), path);
+    place.st = *st;
+    place.around = std::move(at->folder);
+    return {};
 }
 
 Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
-    if (auto place = KnownFree(path)) return std::move(*place);
+    Resolved place;
+    if (KnownFree(path, place)) return place;
     return Target(path);
 }
 
-std::optional<Resolved> PathResolver::KnownFree(std::string_view path) const {
-    auto place = ByText(path);
-    if (!place || place->IsRoot()) return std::nullopt;
-    if (!store_.IsKnownFree(place->Folder(), place->NativeName())) return std::nullopt;
-    return std::move(*place);
+bool PathResolver::KnownFree(std::string_view path, Resolved& place) const {
+    return ByText(path, place) && !place.IsRoot() && store_.IsKnownFree(place.native);
 }
 
 // A name that is known but gone was taken away by others: what is there now is read anew.
@@ -221,7 +211,7 @@ std::size_t PathResolver::StandingLength(const std::string& native, std::size_t 
 
 Result<Resolved> PathResolver::ByWalk(Resolved place, std::string_view path) const {
     const std::string wanted = std::move(place.native);
-    std::size_t begin = StandingLength(wanted, place.baseEnd);
+    std::size_t begin = StandingLength(wanted, place.start->end);
     place.native = wanted.substr(0, begin);
     while (begin < wanted.size()) {
         const std::size_t end = std::min(wanted.find('/', begin + 1), wanted.size());
@@ -252,8 +242,8 @@ Result<Resolved> PathResolver::ByWalk(Resolved place, std::string_view path) con
 
 Result<Resolved> PathResolver::Spelled(Resolved place, std::string_view path) const {
     const std::string found = std::move(place.native);
-    place.native = found.substr(0, place.baseEnd);
-    for (std::size_t begin = place.baseEnd; begin < found.size();) {
+    place.native = found.substr(0, place.start->end);
+    for (std::size_t begin = place.start->end; begin < found.size();) {
         const std::size_t end = std::min(found.find('/', begin + 1), found.size());
         const std::string name = found.substr(begin + 1, end - begin - 1);
         const auto spelled =

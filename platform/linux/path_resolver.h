@@ -14,49 +14,51 @@ namespace tarvix::platform {
 
 // Where a drive path leads.
 struct Resolved {
-    std::string root;        // "C:" or "\\server\share", as given, drive in upper case
-    std::string native;      // absolute native path; existing parts as the disk spells them
-    std::size_t baseEnd = 0; // behind the drive's own folder; the names of the path follow
-    std::string otherName;   // disk name as it was asked for, where an object of another was found
-    std::shared_ptr<const DriveTable> drives;
+    std::string native;    // absolute native path; existing parts as the disk spells them
+    std::string otherName; // disk name as it was asked for, where an object of another was found
+    std::shared_ptr<const PathStart> start;
 
     std::optional<struct statx> st; // the object itself, links not followed; none when missing
     // The folder around an object that was seen by a search: no link led to it.
     std::shared_ptr<const UniqueFd> around;
 
     bool Exists() const { return st.has_value(); }
-    bool IsRoot() const { return native.size() == baseEnd; }
-    std::string_view Folder() const;     // native path of the parent folder
-    std::string_view NativeName() const; // disk name of the object
-    const char* NameText() const;        // the same, ended by NUL
+    bool IsRoot() const { return native.size() == start->end; }
+    const DriveTable& Drives() const { return *start->drives; }
+    // Native path of the parent folder, and disk name of the object; `NameText` is ended by NUL.
+    std::string_view Folder() const { return PartsOf(native).folder; }
+    std::string_view NativeName() const { return PartsOf(native).name; }
+    const char* NameText() const { return NativeName().data(); }
     // Disk name of the last part as it was asked for.
     std::string_view WantedName() const { return otherName.empty() ? NativeName() : otherName; }
-    // The native path with that name.
-    std::string WantedPath() const;
+    // The native path with that name, kept in `other` where an object has another.
+    const std::string& WantedPath(std::string& other) const;
     // The path as the disk spells it.
     std::string DrivePath() const;
 };
 
 // Finds objects by drive path: the exact name first, then made short names, then without regard to
-// case. Each routine gives 52 for a path that can't be one and 76 for an unknown drive.
+// case. Each routine gives 52 for a path that can't be one and 76 for an unknown drive. What is
+// asked for at each object of a run is put into a new place that is kept where it is.
 class PathResolver {
   public:
     PathResolver(Mounts& mounts, FolderStore& store) : mounts_(mounts), store_(store) {}
 
     // Where the path leads by its text alone; the disk isn't looked at.
     Result<Resolved> ByText(std::string_view path) const;
+    Result<void> ByText(std::string_view path, Resolved& place) const;
     // The object: 53 missing, 76 when a folder on the way is missing.
     Result<Resolved> Existing(std::string_view path) const;
     // The object of exactly that name, down from a search location (bytes of the path) without a
     // link on the way (kChangedSinceSearch): 53, 76.
-    Result<Resolved> Below(std::string_view path, std::size_t location) const;
+    Result<void> Below(std::string_view path, std::size_t location, Resolved& place) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what
     // others put there just now may be missed.
     Result<Resolved> NewTarget(std::string_view path) const;
     // That place, if it is known to be free without a look at the disk.
-    std::optional<Resolved> KnownFree(std::string_view path) const;
+    bool KnownFree(std::string_view path, Resolved& place) const;
     // The same object with each name as the disk spells it, for file systems that find exact names
     // in any case.
     Result<Resolved> Spelled(Resolved place, std::string_view path) const;
@@ -72,8 +74,7 @@ class PathResolver {
         struct statx st;
     };
     static std::size_t FolderLength(const Resolved& place, std::string_view below);
-    std::optional<Resolved> ByWay(const std::shared_ptr<const DriveTable>& drives,
-                                  std::string_view path) const;
+    bool ByWay(std::string_view path, Resolved& place) const;
     void NoteWay(const Resolved& place, std::string_view path) const;
     Sys<std::optional<Found>> FindIn(std::string_view folder, const std::string& wanted) const;
     // How much of a native path is the way to an object around its folder that stands there as it

@@ -93,7 +93,8 @@ std::uint64_t DeviceOf(const struct statx& st) {
 }
 
 bool IsSameObject(const struct statx& a, const struct statx& b) {
-    return a.stx_ino == b.stx_ino && DeviceOf(a) == DeviceOf(b);
+    return a.stx_ino == b.stx_ino && a.stx_dev_major == b.stx_dev_major &&
+           a.stx_dev_minor == b.stx_dev_minor;
 }
 
 FileTime TimeOf(const struct statx_timestamp& stamp) {

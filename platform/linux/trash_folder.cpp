@@ -62,19 +62,22 @@ constexpr auto kIsPlain = [] {
 }();
 
 std::string Percented(std::string_view path) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    static constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string out;
-    out.reserve(path.size());
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (kIsPlain[byte]) {
-            out += c;
-            continue;
+    out.resize_and_overwrite(3 * path.size(), [path](char* const begin, std::size_t) {
+        char* to = begin;
+        for (const char c : path) {
+            const auto byte = static_cast<unsigned char>(c);
+            if (kIsPlain[byte]) {
+                *to++ = c;
+                continue;
+            }
+            *to++ = '%';
+            *to++ = kDigits[byte >> 4];
+            *to++ = kDigits[byte & 15];
         }
-        out += '%';
-        out += kDigits[byte >> 4];
-        out += kDigits[byte & 15];
-    }
+        return to - begin;
+    });
     return out;
 }
 
@@ -190,7 +193,7 @@ Sys<std::string> TrashFolder::Take(At object, std::string_view path, const struc
     const std::string_view name = path.substr(path.rfind('/') + 1);
     const std::string_view told = path.substr(path.starts_with(top_) ? top_.size() : 0);
     const std::string info =
-        fmt::format("[Trash Info]\nPath={}\nDeletionDate={}\n", Percented(told), TimeText());
+        text::Concat({"[Trash Info]\nPath=", Percented(told), "\nDeletionDate=", TimeText(), "\n"});
     for (unsigned number = 1; number < kMostTries; ++number) {
         std::string there = NameForTry(name, number);
         const auto taken = TakeAs(there, {object, st, mustBeSame}, info);

@@ -59,7 +59,7 @@ class LookAheadTest : public testing::Test {
         while (isHeld_)
             std::this_thread::yield();
         if (object.path == "7") return std::nullopt;
-        return AheadLook{.place = {}, .facts = {.size = object.sighting.identity.inode}};
+        return AheadLook{.known = nullptr, .facts = {.size = object.sighting.identity.inode}};
     }};
 };
 
@@ -155,15 +155,13 @@ TEST_F(LookAheadTest, WhatDoesNotFitIsLeftOut) {
 }
 
 TEST_F(LookAheadTest, NothingIsKeptOnceAllIsDropped) {
-    const auto folder = std::make_shared<const UniqueFd>();
-    LookAhead ahead{[&folder](const SeenObject&) {
-        AheadLook look;
-        look.place.around = folder;
-        return std::optional(std::move(look));
+    const auto known = std::make_shared<Known>();
+    LookAhead ahead{[&known](const SeenObject&) {
+        return std::optional(AheadLook{.known = known, .facts = {}});
     }};
     ahead.Add(std::vector{Object(0), Object(1), Object(2)});
     ahead.Drop();
-    EXPECT_EQ(folder.use_count(), 1);
+    EXPECT_EQ(known.use_count(), 1);
 }
 
 // ---- on a disk ----

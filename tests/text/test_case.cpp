@@ -37,12 +37,35 @@ TEST(Upper, TurnsLettersAloneWhereverTheyStand) {
     }
 }
 
+// Each of them between letters of its own kind, so that none is taken for a part of another.
+TEST(Upper, TurnsLatinLetters) {
+    EXPECT_EQ(Upper("\u00AA\u00B5\u00BA\u00BF aàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿz"),
+              "\u00AA\u039C\u00BA\u00BF AÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ÷ØÙÚÛÜÝÞŸZ");
+    EXPECT_EQ(Upper("ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞß"), "ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞß");
+    EXPECT_EQ(Lower("\u00AA\u00B5\u00BF AÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßZ"),
+              "\u00AA\u00B5\u00BF aàáâãäåæçèéêëìíîïðñòóôõö×øùúûüýþßz");
+    EXPECT_EQ(Lower("àáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ"), "àáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ");
+    EXPECT_EQ(Upper("āłőžάωяё"), "ĀŁŐŽΆΩЯЁ");
+}
+
+TEST(Upper, TheOtherCaseMayTakeMoreOrFewerBytes) {
+    EXPECT_EQ(Upper("a\u0131b\u017Fc"), "AIBSC");
+    EXPECT_EQ(Upper("\u0250\u023Fé\u0250"), "\u2C6F\u2C7EÉ\u2C6F");
+    EXPECT_EQ(Upper("ab\u1D79cd"), "AB\uA77DCD");
+    EXPECT_EQ(Lower("A\u212AB\u2126C\u212B"), "akbωcå");
+    EXPECT_EQ(Lower("\u1E9E\u2C6Fx"), "\u00DF\u0250x");
+}
+
 TEST(Upper, SharpSStays) {
     EXPECT_EQ(Upper("Straße"), "STRAßE");
 }
 
 TEST(Upper, KeepsInvalidBytes) {
     EXPECT_EQ(Upper("a\xFF\xE2\x82z"), "A\xFF\xE2\x82Z");
+    EXPECT_EQ(Upper("\xC3\xC3\xA9\xC3z\xA9\xE9"), "\xC3\xC3\x89\xC3Z\xA9\xE9");
+    EXPECT_EQ(Upper("abcdefg\xE1hijklmno\xFA"), "ABCDEFG\xE1HIJKLMNO\xFA");
+    EXPECT_EQ(Lower("\xC3\xE3Z\xC3\x89\x89"), "\xC3\xE3z\xC3\xA9\x89");
+    EXPECT_EQ(Upper("a\xC3"), "A\xC3");
 }
 
 TEST(Lower, MapsOneToOne) {

@@ -15,9 +15,7 @@ constexpr std::size_t kLead = 4;
 constexpr std::size_t kMostReady = 16;
 constexpr std::size_t kFewReady = kMostReady / 2;
 constexpr std::uint64_t kMostBytes = 8 << 20;
-constexpr std::uint64_t kLargest = 256 << 10; // larger files have no use for a second thread
 constexpr std::chrono::seconds kMostIdle{2};
-constexpr unsigned kPlainPermissions = 0777;
 
 FileTime WallNow() {
     timespec now{};
@@ -171,7 +169,7 @@ bool CopyAhead::Prepare(Entry& entry) {
     if (!in) return false;
     const auto st = StatOf(in->Get());
     const bool isFit =
-        st && S_ISREG(st->stx_mode) && st->stx_size <= kLargest && IsSettled(*st, roads_.aheadAge);
+        st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo && IsSettled(*st, roads_.aheadAge);
     if (!isFit) return false;
     auto part = PartFile::CreateUnnamed(item.targetFolder->Get(), st->stx_mode & kPlainPermissions);
     if (!part) return false;

@@ -19,10 +19,10 @@ namespace tarvix::platform {
 
 // A small file that will probably be copied soon.
 struct AheadItem {
-    std::string key;                        // its drive path, as its copy will be asked for
-    std::shared_ptr<UniqueFd> sourceFolder; // none where `source` is an absolute path
-    std::string source;                     // empty where it is still to be found
-    std::shared_ptr<UniqueFd> targetFolder; // any folder of the file system that it goes to
+    std::string key;                              // its drive path, as its copy will be asked for
+    std::shared_ptr<const UniqueFd> sourceFolder; // none where `source` is an absolute path
+    std::string source;                           // empty where it is still to be found
+    std::shared_ptr<const UniqueFd> targetFolder; // any folder of the file system that it goes to
 };
 
 // Copies files on a second thread before they are asked for, a little ahead of the one that asks,

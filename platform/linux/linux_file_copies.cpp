@@ -2,6 +2,7 @@
 #include "platform/linux/folder_copier.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
+#include "platform/linux/tree_size.h"
 #include "platform/try.h"
 
 #include <climits>
@@ -71,10 +72,9 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     store_.Forget(target.native);
     CopyRun run(observer, roads_, overwrite);
     run.ahead = Ahead();
-    if (run.IsObserved()) {
-        auto again = OpenItself(source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), *source.drives));
-    }
+    auto again = run.IsObserved() ? OpenItself(source) : Sys<UniqueFd>();
+    TreeSize size(again ? std::move(*again) : UniqueFd(), source.drives, roads_.sizeAfter);
+    run.size = &size;
     FolderCopier copier(run, *source.drives, from, to);
     TX_TRY(copier.Copy(std::move(in), std::move(out), false));
     if (std::string skipped = copier.Skipped(); !skipped.empty()) {

@@ -246,6 +246,7 @@ TEST_F(LinuxCopyAheadTest, AFolderWithManyFilesIsCopiedWhole) {
         disk.MakeFile("from\\" + std::to_string(i * 10) + " inner\\b", "b" + std::to_string(i));
         disk.MakeFile("from\\" + std::to_string(i * 10) + " inner\\c\\d", "d" + std::to_string(i));
     }
+    disk.MakeFolder("to\\copy");
     ASSERT_TRUE(files().CopyFolder(At("from"), At("to\\copy"), false, {}));
     for (int i = 0; i < 500; ++i)
         ASSERT_EQ(disk.Content("to\\copy\\" + std::to_string(i)), "content " + std::to_string(i));

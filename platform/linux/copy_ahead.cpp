@@ -10,9 +10,9 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::size_t kMostLookedAt = 64;
+constexpr std::size_t kMostLookedAt = 128;
 constexpr std::size_t kLead = 4;
-constexpr std::size_t kMostReady = 16;
+constexpr std::size_t kMostReady = 32; // taken within the time that a folder is believed
 constexpr std::size_t kFewReady = kMostReady / 2;
 constexpr std::uint64_t kMostBytes = 8 << 20;
 constexpr std::chrono::seconds kMostIdle{2};
@@ -168,8 +168,8 @@ bool CopyAhead::Prepare(Entry& entry) {
     const auto in = OpenForCopy({folder, item.source.c_str()});
     if (!in) return false;
     const auto st = StatOf(in->Get());
-    const bool isFit =
-        st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo && IsSettled(*st, roads_.aheadAge);
+    const bool isFit = st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo &&
+                       IsSettled(*st, roads_.aheadAge);
     if (!isFit) return false;
     auto part = PartFile::CreateUnnamed(item.targetFolder->Get(), st->stx_mode & kPlainPermissions);
     if (!part) return false;

@@ -2,6 +2,7 @@
 
 #include "platform/linux/copy_run.h"
 #include "platform/linux/part_file.h"
+#include "platform/seen_object.h"
 
 #include <condition_variable>
 #include <deque>
@@ -23,6 +24,7 @@ struct AheadItem {
     std::shared_ptr<const UniqueFd> sourceFolder; // none where `source` is an absolute path
     std::string source;                           // empty where it is still to be found
     std::shared_ptr<const UniqueFd> targetFolder; // any folder of the file system that it goes to
+    std::uint32_t location = kAnyRoad;            // of its path, where a search saw it
 };
 
 // Copies files on a second thread before they are asked for, a little ahead of the one that asks,

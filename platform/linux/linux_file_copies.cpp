@@ -15,7 +15,7 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::size_t kMostPlanned = 64;
+constexpr std::size_t kMostPlanned = 128;
 
 // Whether a file's facts can be trusted to tell of each change at once.
 bool IsLocal(const Resolved& place) {
@@ -96,13 +96,20 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
             auto opened = OpenAt({AT_FDCWD, place->native.c_str()}, O_PATH | O_DIRECTORY);
             target = std::make_shared<UniqueFd>(opened ? std::move(*opened) : UniqueFd());
         }
-        if (*target) items.push_back({std::string(copy.from), nullptr, {}, target});
+        if (*target) items.push_back({std::string(copy.from), nullptr, {}, target, copy.location});
     }
     ahead_.Replace(std::move(items));
 }
 
+// The folder of what a search saw is opened here for the look that comes before the copy, too.
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
-    auto source = resolver_.ByText(item.key);
+    auto source = item.location == kAnyRoad ? resolver_.ByText(item.key)
+                                            : resolver_.Below(item.key, item.location);
+    if (source && source->around && IsLocal(*source)) {
+        item.sourceFolder = source->around;
+        item.source = source->NativeName();
+        return true;
+    }
     if (!source || !IsLocal(*source) || source->native.size() >= PATH_MAX) return false;
     item.source = std::move(source->native);
     return true;

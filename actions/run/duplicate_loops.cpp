@@ -117,7 +117,7 @@ class Loop {
     }
 
   private:
-    static constexpr std::size_t kPlanEvery = 64;
+    static constexpr std::size_t kPlanEvery = 88;
     static constexpr std::size_t kPlanned = 128;
 
     void PlanAhead(std::size_t index);

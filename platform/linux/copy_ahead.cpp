@@ -88,6 +88,14 @@ void CopyAhead::DropPushed() {
     std::erase_if(entries_, [](const auto& entry) { return entry->isPushed; });
 }
 
+bool CopyAhead::HasManyReady() const {
+    std::size_t ready = 0;
+    for (const auto& entry : entries_) {
+        if (entry->state == State::kReady && ++ready > kFewReady) return true;
+    }
+    return false;
+}
+
 std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
     std::unique_lock lock(mutex_);
     const auto end =
@@ -98,9 +106,7 @@ std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx
     const std::shared_ptr<Entry> entry = *found;
     entries_.erase(entries_.begin(), found + 1);
     done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
-    const auto ready = std::ranges::count_if(
-        entries_, [](const auto& other) { return other->state == State::kReady; });
-    if (isResting_ && static_cast<std::size_t>(ready) <= kFewReady) more_.notify_one();
+    if (isResting_ && !HasManyReady()) more_.notify_one();
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
     return std::move(entry->part);

@@ -69,6 +69,7 @@ class CopyAhead {
     void Work();
     void Rest(std::unique_lock<std::mutex>& lock);
     std::shared_ptr<Entry> NextToDo() const;
+    bool HasManyReady() const;
     bool Prepare(Entry& entry);
 
     const CopyRoads roads_;

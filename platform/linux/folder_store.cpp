@@ -167,8 +167,11 @@ void FolderStore::LetGo() {
 }
 
 void FolderStore::LetGoBelow(std::string_view path) {
-    std::erase_if(trueFolders_,
-                  [path](const TrueFolder& known) { return IsAtOrBelow(known.path, path); });
+    const auto isBelow = [path](const TrueFolder& known) {
+        return known.path.size() >= path.size() && IsAtOrBelow(known.path, path);
+    };
+    // Asked at each object that is made, mostly for nothing.
+    if (std::ranges::any_of(trueFolders_, isBelow)) std::erase_if(trueFolders_, isBelow);
     std::erase_if(held_, [path](Entry* entry) {
         if (!IsAtOrBelow(entry->first, path)) return false;
         entry->second.fd.reset();

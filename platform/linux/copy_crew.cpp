@@ -39,20 +39,21 @@ void CopyCrew::Add(std::shared_ptr<File> file) {
 }
 
 // From the other end than the other thread, so that the two seldom meet in one folder.
-bool CopyCrew::Settle(const std::shared_ptr<File>& file) {
+std::optional<bool> CopyCrew::Settle(const File& file) {
+    const auto isDone = [&file] {
+        return file.state == State::kCopied || file.state == State::kFailed;
+    };
     std::unique_lock lock(mutex_);
-    while (file->state == State::kWaiting || file->state == State::kWorking) {
-        if (waiting_.empty()) {
-            awaited_ = file.get();
-            done_.wait(lock, [&file] { return file->state != State::kWorking; });
-            awaited_ = nullptr;
-        } else {
-            const auto last = std::move(waiting_.back());
-            waiting_.pop_back();
-            Do(*last, lock);
-        }
+    if (!isDone() && !waiting_.empty()) {
+        const auto last = std::move(waiting_.back());
+        waiting_.pop_back();
+        Do(*last, lock);
+    } else if (!isDone()) {
+        awaited_ = &file;
+        done_.wait(lock, isDone);
+        awaited_ = nullptr;
     }
-    return file->state == State::kCopied;
+    return isDone() ? std::optional(file.state == State::kCopied) : std::nullopt;
 }
 
 void CopyCrew::Work() {

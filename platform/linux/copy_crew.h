@@ -8,6 +8,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <thread>
@@ -41,9 +42,9 @@ class CopyCrew {
     CopyCrew& operator=(const CopyCrew&) = delete;
 
     void Add(std::shared_ptr<File> file);
-    // Copies until this file is settled. False where it wasn't copied, for whatever reason: then
-    // nothing of it is left.
-    bool Settle(const std::shared_ptr<File>& file);
+    // To be called until a file is settled: copies one that waits, or waits for this one. Gives
+    // whether it was copied; where it wasn't, for whatever reason, nothing of it is left.
+    std::optional<bool> Settle(const File& file);
 
   private:
     using State = File::State;

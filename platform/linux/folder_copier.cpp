@@ -122,8 +122,12 @@ Result<void> FolderCopier::Settle(const Begun& begun) {
     const char* const name = begun.file->name.c_str();
     told_ = folder.from;
     AppendName(told_, name);
-    if (!run_.Begin(told_)) return FailureBy(kInterrupted, told_);
-    if (crew_->Settle(begun.file)) {
+    std::optional<bool> isCopied;
+    while (!isCopied) {
+        if (!run_.Begin(told_)) return FailureBy(kInterrupted, told_);
+        isCopied = crew_->Settle(*begun.file);
+    }
+    if (*isCopied) {
         if (!run_.Add(begun.file->bytes)) return FailureBy(kInterrupted, told_);
         return {};
     }

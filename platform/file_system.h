@@ -28,7 +28,8 @@ struct DriveInfo {
     bool isReady = true;
 };
 
-// How far one copy has come. Totals are those of the object being copied.
+// How far one copy has come. Totals are those of the object being copied; 0 while that of a folder
+// isn't known yet.
 struct CopyProgress {
     std::string_view path; // the file in hand
     std::uint64_t bytesDone = 0;
@@ -43,6 +44,7 @@ using CopyObserver = std::function<bool(const CopyProgress&)>;
 struct PlannedCopy {
     std::string_view from;
     std::string_view toFolder;
+    std::uint32_t location = kAnyRoad; // that a search saw it from
 };
 
 // What one file system keeps of a path that it looked at. It means something to that one alone.
@@ -155,7 +157,7 @@ class FileSystem {
         return std::vector<std::string>();
     }
     // Tells which files will probably be copied next, in that order, so that their content can be
-    // read and written ahead; each call replaces what the last one told. Only the first 64 count:
+    // read and written ahead; each call replaces what the last one told. Only the first 128 count:
     // call it again before they are all copied, and with none when there are no more. Nothing of it
     // can be seen, and no result changes. `from` must be spelled as CopyFile will have it.
     virtual void CopySoon(std::span<const PlannedCopy>) {}

@@ -85,6 +85,8 @@ void ActionProgress::Show(bool now) {
     // A move copies only what goes to another disk.
     if (bytes_ == 0 && bytesOfHand_ > 0) {
         told += fmt::format(" - {} of {} of this one", SizeOf(bytesInHand_), SizeOf(bytesOfHand_));
+    } else if (bytes_ == 0 && bytesInHand_ > 0) {
+        told += fmt::format(" - {} of this one", SizeOf(bytesInHand_));
     }
     if (bytes_ > 0 && done > 0 && seconds > 0.5) {
         const double speed = static_cast<double>(done) / seconds;

@@ -119,8 +119,8 @@ class Loop {
     }
 
   private:
-    static constexpr std::size_t kPlanEvery = 40;
-    static constexpr std::size_t kPlanned = 64;
+    static constexpr std::size_t kPlanEvery = 88;
+    static constexpr std::size_t kPlanned = 128;
 
     void PlanAhead(std::size_t index);
     // Each gives false to end the loop.
@@ -159,7 +159,9 @@ void Loop::PlanAhead(std::size_t index) {
     std::vector<platform::PlannedCopy> planned;
     planned.reserve(kPlanned);
     for (std::size_t i = index; i < tables_.strSelPath.size() && planned.size() < kPlanned; ++i) {
-        if (tables_.blnSelIsFile[i]) planned.push_back({tables_.strSelActualPath[i], folder});
+        if (!tables_.blnSelIsFile[i]) continue;
+        planned.push_back(
+            {tables_.strSelActualPath[i], folder, ObjectAt(tables_, i).sighting.location});
     }
     session_.files().CopySoon(planned);
 }

@@ -10,14 +10,12 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::size_t kMostLookedAt = 64;
+constexpr std::size_t kMostLookedAt = 128;
 constexpr std::size_t kLead = 4;
-constexpr std::size_t kMostReady = 16;
-constexpr std::ptrdiff_t kFewReady = kMostReady / 2;
+constexpr std::size_t kMostReady = 32; // taken within the time that a folder is believed
+constexpr std::size_t kFewReady = kMostReady / 2;
 constexpr std::uint64_t kMostBytes = 8 << 20;
-constexpr std::uint64_t kLargest = 256 << 10; // larger files have no use for a second thread
 constexpr std::chrono::seconds kMostIdle{2};
-constexpr unsigned kPlainPermissions = 0777;
 
 FileTime WallNow() {
     timespec now{};
@@ -90,6 +88,14 @@ void CopyAhead::DropPushed() {
     std::erase_if(entries_, [](const auto& entry) { return entry->isPushed; });
 }
 
+bool CopyAhead::HasManyReady() const {
+    std::size_t ready = 0;
+    for (const auto& entry : entries_) {
+        if (entry->state == State::kReady && ++ready > kFewReady) return true;
+    }
+    return false;
+}
+
 std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
     std::unique_lock lock(mutex_);
     const auto end =
@@ -100,8 +106,7 @@ std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx
     const std::shared_ptr<Entry> entry = *found;
     entries_.erase(entries_.begin(), found + 1);
     done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
-    const auto isReady = [](const auto& other) { return other->state == State::kReady; };
-    if (isResting_ && std::ranges::count_if(entries_, isReady) <= kFewReady) more_.notify_one();
+    if (isResting_ && !HasManyReady()) more_.notify_one();
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
     return std::move(entry->part);
@@ -169,8 +174,8 @@ bool CopyAhead::Prepare(Entry& entry) {
     const auto in = OpenForCopy({folder, item.source.c_str()});
     if (!in) return false;
     const auto st = StatOf(in->Get());
-    const bool isFit =
-        st && S_ISREG(st->stx_mode) && st->stx_size <= kLargest && IsSettled(*st, roads_.aheadAge);
+    const bool isFit = st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo &&
+                       IsSettled(*st, roads_.aheadAge);
     if (!isFit) return false;
     auto part = PartFile::CreateUnnamed(item.targetFolder->Get(), st->stx_mode & kPlainPermissions);
     if (!part) return false;

@@ -2,6 +2,7 @@
 
 #include "platform/linux/copy_run.h"
 #include "platform/linux/part_file.h"
+#include "platform/seen_object.h"
 
 #include <condition_variable>
 #include <deque>
@@ -19,10 +20,11 @@ namespace tarvix::platform {
 
 // A small file that will probably be copied soon.
 struct AheadItem {
-    std::string key;                        // its drive path, as its copy will be asked for
-    std::shared_ptr<UniqueFd> sourceFolder; // none where `source` is an absolute path
-    std::string source;                     // empty where it is still to be found
-    std::shared_ptr<UniqueFd> targetFolder; // any folder of the file system that it goes to
+    std::string key;                              // its drive path, as its copy will be asked for
+    std::shared_ptr<const UniqueFd> sourceFolder; // none where `source` is an absolute path
+    std::string source;                           // empty where it is still to be found
+    std::shared_ptr<const UniqueFd> targetFolder; // any folder of the file system that it goes to
+    std::uint32_t location = kAnyRoad;            // of its path, where a search saw it
 };
 
 // Copies files on a second thread before they are asked for, a little ahead of the one that asks,
@@ -67,6 +69,7 @@ class CopyAhead {
     void Work();
     void Rest(std::unique_lock<std::mutex>& lock);
     std::shared_ptr<Entry> NextToDo() const;
+    bool HasManyReady() const;
     bool Prepare(Entry& entry);
 
     const CopyRoads roads_;

@@ -4,7 +4,13 @@
 #include "platform/linux/errno_failure.h"
 #include "platform/linux/system_calls.h"
 
+#include <cstdint>
+
 namespace tarvix::platform {
+
+constexpr unsigned kPlainPermissions = 0777; // that a new file may have at once
+// Up to this size a file is copied in one go, and on another thread.
+constexpr std::uint64_t kMostInOneGo = 256 << 10;
 
 // Opens a file to be copied; not through a link, and without changing its access date where that is
 // allowed.

@@ -16,9 +16,11 @@ struct CopyRoads {
     bool links = true;                     // hard links
     bool ahead = true;                     // copying on a second thread before it is asked for
     std::int64_t aheadAge = 2'500'000'000; // nanoseconds since a source's last change, at the least
+    std::int64_t sizeAfter = 500'000'000;  // nanoseconds until a folder is looked through
 };
 
 class CopyAhead;
+class TreeSize;
 
 // One call of CopyFile, CopyFolder or MoveFile: what its parts share.
 class CopyRun {
@@ -30,6 +32,8 @@ class CopyRun {
     const bool overwrite;
     bool sync = false; // bring each file to the disk before it gets its name
     CopyAhead* ahead = nullptr;
+    bool isInside = false;    // all goes into a folder that bears no name of its own yet
+    TreeSize* size = nullptr; // tells the total once it is known
 
     bool IsObserved() const { return static_cast<bool>(observer_); }
     void SetTotal(std::uint64_t bytes) { total_ = bytes; }
@@ -48,7 +52,7 @@ class CopyRun {
     }
 
   private:
-    bool Tell() const { return !observer_ || observer_({path_, done_, total_}); }
+    bool Tell();
 
     const CopyObserver& observer_;
     std::string_view path_;

@@ -18,7 +18,6 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr unsigned kPlainPermissions = 0777;
 constexpr int kMostTries = 2; // of a file that changes meanwhile
 
 Sys<void> Synced(int fd) {
@@ -61,12 +60,6 @@ std::unexpected<PlatformError> TargetFailure(int error, std::string_view path) {
     return FailureOf(error, path);
 }
 
-// Whether nobody wrote to it between two looks; the change time tells also of what is dated back.
-bool IsAsItWas(const struct statx& before, const struct statx& now) {
-    return before.stx_size == now.stx_size && TimeOf(before.stx_mtime) == TimeOf(now.stx_mtime) &&
-           TimeOf(before.stx_ctime) == TimeOf(now.stx_ctime);
-}
-
 // The part, or nothing when its source changed.
 Result<std::optional<PartFile>> TryPart(const CopyItem& item, int folder, CopyRun& run) {
     TX_TRY_ASSIGN(const UniqueFd in, Named(OpenForCopy(item.source), item.sourcePath));
@@ -75,7 +68,9 @@ Result<std::optional<PartFile>> TryPart(const CopyItem& item, int folder, CopyRu
         return FailureBy(kChangedSinceSearch, item.sourcePath);
     }
     if (!S_ISREG(st.stx_mode)) return SpecialFailure(item.sourcePath);
-    auto part = PartFile::Create(folder, st.stx_mode & kPlainPermissions, run.roads);
+    const unsigned mode = st.stx_mode & kPlainPermissions;
+    auto part = run.isInside ? PartFile::CreateInside(folder, item.targetName, mode)
+                             : PartFile::Create(folder, mode, run.roads);
     if (!part) return TargetFailure(part.error(), item.targetPath);
     TX_TRY(Named(CopyContent(in.Get(), part->Fd(), st, run), item.targetPath));
     CopyMetadata(in.Get(), part->Fd(), st);
@@ -107,7 +102,9 @@ std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run) {
 
 Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
     if (run.ahead == nullptr || run.sync) return CopyNow(item, run);
-    if (auto done = UseCopyAhead(item, run)) return std::move(*done);
+    if (!run.isInside) {
+        if (auto done = UseCopyAhead(item, run)) return std::move(*done);
+    }
     auto copied = CopyNow(item, run);
     // What lies ready may take the room that this file needs.
     if (!copied && copied.error().number == kDiskFull && run.ahead->Drop()) {
@@ -189,6 +186,12 @@ Result<void> CopyObject(const CopyItem& item, CopyRun& run) {
     auto copied = S_ISLNK(item.st.stx_mode) ? CopyLink(item, run) : CopyRegular(item, run);
     if (copied && run.sync) SyncFolder(item);
     return copied;
+}
+
+// The change time tells also of what is dated back.
+bool IsAsItWas(const struct statx& before, const struct statx& now) {
+    return before.stx_size == now.stx_size && TimeOf(before.stx_mtime) == TimeOf(now.stx_mtime) &&
+           TimeOf(before.stx_ctime) == TimeOf(now.stx_ctime);
 }
 
 bool IsUnchanged(const struct statx& before, At source) {

@@ -41,6 +41,8 @@ std::unexpected<PlatformError> SpecialFailure(std::string_view path);
 // taken and the run doesn't overwrite. On failure nothing new is left.
 Result<void> CopyObject(const CopyItem& item, CopyRun& run);
 
+// Whether nobody wrote to a file between two looks.
+bool IsAsItWas(const struct statx& before, const struct statx& now);
 // Whether a source is still as it was when it was opened.
 bool IsUnchanged(const struct statx& before, At source);
 

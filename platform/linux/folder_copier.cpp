@@ -15,26 +15,18 @@ namespace tarvix::platform {
 namespace {
 constexpr std::size_t kPlanned = 48;
 constexpr std::size_t kPlanAgainAt = 24;
-
-UniqueFd Duplicated(int fd) {
-    return UniqueFd(::fcntl(fd, F_DUPFD_CLOEXEC, 0));
-}
-
-bool IsForeignMount(const FolderStack& stack, const DriveTable& drives) {
-    const std::uint64_t device = DeviceOf(stack.TopFacts());
-    return device != DeviceOf(stack.OuterFacts()) && drives.IsBoundaryDevice(device);
-}
+constexpr std::size_t kMostBegun = 64;
 
 void AppendName(std::string& path, const char* name) {
     if (!path.ends_with('\\')) path += '\\';
     AppendNameToDrive(path, name);
 }
-
-void AddSize(const FolderStack& stack, const char* name, std::uint64_t& bytes) {
-    const auto st = StatOf(At{stack.Top(), name});
-    if (st && S_ISREG(st->stx_mode)) bytes += st->stx_size;
-}
 } // namespace
+
+bool IsForeignMount(const FolderStack& stack, const DriveTable& drives) {
+    const std::uint64_t device = DeviceOf(stack.TopFacts());
+    return device != DeviceOf(stack.OuterFacts()) && drives.IsBoundaryDevice(device);
+}
 
 Result<void> FolderCopier::Copy(UniqueFd source, UniqueFd target, bool madeTarget) {
     if (const auto begun = sources_.Begin(std::move(source)); !begun) {
@@ -53,8 +45,8 @@ Result<void> FolderCopier::Copy(UniqueFd source, UniqueFd target, bool madeTarge
     return copied;
 }
 
-void FolderCopier::NoteSkipped() {
-    if (skipped_++ == 0) firstSkipped_ = from_;
+void FolderCopier::NoteSkipped(std::string_view path) {
+    if (skipped_++ == 0) firstSkipped_ = path;
 }
 
 std::string FolderCopier::Skipped() const {
@@ -66,16 +58,88 @@ std::string FolderCopier::Skipped() const {
 }
 
 Result<void> FolderCopier::CopyContents() {
+    if (run_.isInside && run_.roads.ahead) crew_.emplace(run_.roads);
+    const auto done = GoThrough();
+    // What was begun before something failed may have failed earlier.
+    auto settled = SettleAllBut(0);
+    begun_.clear();
+    crew_.reset();
+    return settled ? done : settled;
+}
+
+Result<void> FolderCopier::GoThrough() {
     while (!levels_.empty()) {
         const FolderNames::Item item = levels_.back().names.Next();
-        auto done = item.name == nullptr ? PopLevel() : CopyChild(item);
+        const bool isForCrew = crew_ && item.name != nullptr && item.type == DT_REG;
+        auto done = item.name == nullptr ? PopLevel()
+                    : isForCrew          ? Begin(item.name)
+                                         : CopyChild(item);
         if (!done) return done;
     }
     return {};
 }
 
+// ---- with the crew ----
+
+std::shared_ptr<const CopyCrew::Folder> FolderCopier::FolderInHand() {
+    auto& folder = levels_.back().folder;
+    if (folder == nullptr) {
+        folder = std::make_shared<const CopyCrew::Folder>(
+            CopyCrew::Folder{sources_.Share(), targets_.Share(), sources_.TopFacts(), from_, to_});
+    }
+    return folder;
+}
+
+Result<void> FolderCopier::Begin(const char* name) {
+    auto file = std::make_shared<CopyCrew::File>();
+    file->folder = FolderInHand();
+    file->name = name;
+    begun_.push_back({file->folder, file});
+    crew_->Add(std::move(file));
+    return SettleAllBut(kMostBegun);
+}
+
+Result<void> FolderCopier::SettleAllBut(std::size_t count) {
+    while (begun_.size() > count) {
+        const Begun next = std::move(begun_.front());
+        begun_.pop_front();
+        if (auto settled = Settle(next); !settled) {
+            begun_.clear();
+            return settled;
+        }
+    }
+    return {};
+}
+
+Result<void> FolderCopier::Settle(const Begun& begun) {
+    const CopyCrew::Folder& folder = *begun.folder;
+    const int source = folder.source->Get();
+    const int target = folder.target->Get();
+    if (begun.file == nullptr) {
+        CopyMetadata(source, target, folder.st);
+        return {};
+    }
+    const char* const name = begun.file->name.c_str();
+    told_ = folder.from;
+    AppendName(told_, name);
+    std::optional<bool> isCopied;
+    while (!isCopied) {
+        if (!run_.Begin(told_)) return FailureBy(kInterrupted, told_);
+        isCopied = crew_->Settle(*begun.file);
+    }
+    if (*isCopied) {
+        if (!run_.Add(begun.file->bytes)) return FailureBy(kInterrupted, told_);
+        return {};
+    }
+    std::string to = folder.to;
+    AppendName(to, name);
+    return CopyFile({{source, name}, {target, name}, told_, to, false});
+}
+
+// ---- one after the other ----
+
 Result<void> FolderCopier::PushLevel(bool isNew) {
-    levels_.push_back({{}, from_.size(), to_.size(), isNew, 0, nullptr, nullptr});
+    levels_.push_back({{}, from_.size(), to_.size(), isNew});
     auto names = FolderNames::Read(sources_.Top());
     if (!names) return FailureOf(names.error(), from_);
     levels_.back().names = std::move(*names);
@@ -83,7 +147,12 @@ Result<void> FolderCopier::PushLevel(bool isNew) {
 }
 
 Result<void> FolderCopier::PopLevel() {
-    if (levels_.back().isNew) CopyMetadata(sources_.Top(), targets_.Top(), sources_.TopFacts());
+    if (levels_.back().isNew && crew_) {
+        // Its dates stand once the last file has come to it.
+        begun_.push_back({FolderInHand(), nullptr});
+    } else if (levels_.back().isNew) {
+        CopyMetadata(sources_.Top(), targets_.Top(), sources_.TopFacts());
+    }
     levels_.pop_back();
     const auto source = sources_.Leave();
     if (!source) return FailureOf(source.error(), from_);
@@ -92,15 +161,19 @@ Result<void> FolderCopier::PopLevel() {
     if (levels_.empty()) return {};
     from_.resize(levels_.back().fromLength);
     to_.resize(levels_.back().toLength);
-    return {};
+    return SettleAllBut(kMostBegun);
 }
 
 Result<void> FolderCopier::CopyChild(const FolderNames::Item& item) {
     AppendName(from_, item.name);
     AppendName(to_, item.name);
     if (item.type == DT_DIR) return CopySubfolder(item);
-    if (run_.ahead != nullptr) PlanAhead();
-    auto copied = CopyFile(item);
+    if (run_.ahead != nullptr && !run_.isInside) PlanAhead();
+    auto copied = CopyFile({{sources_.Top(), item.name},
+                            {targets_.Top(), item.name},
+                            from_,
+                            to_,
+                            !levels_.back().isNew});
     if (copied) {
         from_.resize(levels_.back().fromLength);
         to_.resize(levels_.back().toLength);
@@ -126,41 +199,36 @@ void FolderCopier::PlanAhead() {
 }
 
 AheadItem FolderCopier::AheadItemOf(const char* name) {
-    Level& level = levels_.back();
-    if (level.source == nullptr) {
-        level.source = std::make_shared<UniqueFd>(Duplicated(sources_.Top()));
-        level.target = std::make_shared<UniqueFd>(Duplicated(targets_.Top()));
-    }
-    AheadItem item{from_.substr(0, level.fromLength), level.source, name, level.target};
+    AheadItem item{from_.substr(0, levels_.back().fromLength), sources_.Share(), name,
+                   targets_.Share()};
     AppendName(item.key, name);
     return item;
 }
 
-Result<void> FolderCopier::CopyFile(const FolderNames::Item& item) {
-    const At source{sources_.Top(), item.name};
-    const auto st = StatOf(source);
-    if (!st) return FailureOf(st.error(), from_);
-    if (S_ISDIR(st->stx_mode)) return FailureBy(kPathFileAccess, from_);
+Result<void> FolderCopier::CopyFile(const Child& child) {
+    const auto st = StatOf(child.source);
+    if (!st) return FailureOf(st.error(), child.from);
+    if (S_ISDIR(st->stx_mode)) return FailureBy(kPathFileAccess, child.from);
     if (!S_ISREG(st->stx_mode) && !S_ISLNK(st->stx_mode)) {
-        NoteSkipped();
+        NoteSkipped(child.from);
         return {};
     }
-    if (!levels_.back().isNew) {
-        if (auto can = CheckFile(*st, item.name); !can) return can;
+    if (child.mayStand) {
+        if (auto can = CheckFile(*st, child); !can) return can;
     }
-    return CopyObject({source, *st, from_, targets_.Top(), item.name, to_}, run_);
+    return CopyObject(
+        {child.source, *st, child.from, child.target.folder, child.target.name, child.to}, run_);
 }
 
-Result<void> FolderCopier::CheckFile(const struct statx& source, const char* name) {
-    const At target{targets_.Top(), name};
-    const auto existing = StatOf(target);
+Result<void> FolderCopier::CheckFile(const struct statx& source, const Child& child) {
+    const auto existing = StatOf(child.target);
     if (!existing) return {};
     bool leadsToFolder = S_ISDIR(existing->stx_mode);
     if (S_ISLNK(existing->stx_mode)) {
-        const auto behind = StatBehind(target);
+        const auto behind = StatBehind(child.target);
         leadsToFolder = behind && S_ISDIR(behind->stx_mode);
     }
-    return CheckReplace(source, *existing, leadsToFolder, run_.overwrite, to_);
+    return CheckReplace(source, *existing, leadsToFolder, run_.overwrite, child.to);
 }
 
 Result<void> FolderCopier::CopySubfolder(const FolderNames::Item& item) {
@@ -168,7 +236,7 @@ Result<void> FolderCopier::CopySubfolder(const FolderNames::Item& item) {
         return FailureOf(entered.error(), from_);
     }
     if (IsForeignMount(sources_, drives_)) {
-        NoteSkipped();
+        NoteSkipped(from_);
         from_.resize(levels_.back().fromLength);
         to_.resize(levels_.back().toLength);
         const auto left = sources_.Leave();
@@ -192,28 +260,6 @@ Result<bool> FolderCopier::MakeFolder(const char* name) {
     if (!existing) return FailureOf(existing.error(), to_);
     if (S_ISDIR(existing->stx_mode)) return false;
     return FailureBy(run_.overwrite ? kPathFileAccess : kAlreadyExists, to_);
-}
-
-std::uint64_t SizeOfTree(UniqueFd folder, const DriveTable& drives) {
-    std::uint64_t bytes = 0;
-    FolderStack stack;
-    std::vector<FolderNames> levels;
-    if (!stack.Begin(std::move(folder))) return bytes;
-    levels.push_back(FolderNames::Read(stack.Top()).value_or(FolderNames()));
-    while (!levels.empty()) {
-        const FolderNames::Item item = levels.back().Next();
-        if (item.name == nullptr) {
-            levels.pop_back();
-            if (!stack.Leave()) return bytes;
-        } else if (item.type == DT_REG) {
-            AddSize(stack, item.name, bytes);
-        } else if (item.type == DT_DIR && stack.Enter(item.name)) {
-            const bool isForeign = IsForeignMount(stack, drives);
-            levels.push_back(isForeign ? FolderNames()
-                                       : FolderNames::Read(stack.Top()).value_or(FolderNames()));
-        }
-    }
-    return bytes;
 }
 
 std::unexpected<PlatformError> IntoItselfFailure(std::string_view from, std::string_view to) {

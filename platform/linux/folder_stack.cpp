@@ -22,7 +22,7 @@ unsigned char TypeFromMode(unsigned mode) {
 Sys<void> FolderStack::Begin(UniqueFd fd) {
     const auto st = StatOf(fd.Get());
     if (!st) return std::unexpected(st.error());
-    levels_.push_back({std::move(fd), *st});
+    levels_.push_back({std::make_shared<const UniqueFd>(std::move(fd)), *st});
     return {};
 }
 
@@ -30,7 +30,7 @@ Sys<void> FolderStack::Enter(const char* name) {
     auto fd = OpenAt({Top(), name}, kFlags);
     if (!fd) return std::unexpected(fd.error());
     if (auto begun = Begin(std::move(*fd)); !begun) return begun;
-    if (levels_.size() > kMostOpen) levels_[levels_.size() - 1 - kMostOpen].fd.Reset();
+    if (levels_.size() > kMostOpen) levels_[levels_.size() - 1 - kMostOpen].fd.reset();
     return {};
 }
 
@@ -41,7 +41,7 @@ Sys<void> FolderStack::Leave() {
         const auto st = StatOf(outer->Get());
         if (!st) return std::unexpected(st.error());
         if (!IsSameObject(*st, OuterFacts())) return std::unexpected(ENOENT);
-        levels_[levels_.size() - 2].fd = std::move(*outer);
+        levels_[levels_.size() - 2].fd = std::make_shared<const UniqueFd>(std::move(*outer));
     }
     levels_.pop_back();
     return {};

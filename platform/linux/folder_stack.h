@@ -4,6 +4,7 @@
 #include "platform/linux/system_calls.h"
 #include "platform/linux/unique_fd.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,9 @@ class FolderStack {
     // Goes back out. ENOENT when the outer folder can't be found again.
     Sys<void> Leave();
 
-    int Top() const { return levels_.back().fd.Get(); }
+    int Top() const { return levels_.back().fd->Get(); }
+    // The innermost one, for who needs it longer.
+    std::shared_ptr<const UniqueFd> Share() const { return levels_.back().fd; }
     const struct statx& TopFacts() const { return levels_.back().st; }
     // The folder around the innermost one.
     const struct statx& OuterFacts() const { return levels_[levels_.size() - 2].st; }
@@ -27,7 +30,7 @@ class FolderStack {
 
   private:
     struct Level {
-        UniqueFd fd;
+        std::shared_ptr<const UniqueFd> fd;
         struct statx st;
     };
     std::vector<Level> levels_;

@@ -16,8 +16,8 @@ constexpr std::size_t kMostFolders = 4096;
 constexpr std::size_t kMostNames = 400'000;
 constexpr std::size_t kMostWays = 2048;
 constexpr std::size_t kMostHeld = 32;
-constexpr std::size_t kMostTrueFolders = 8;
-constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
+constexpr std::size_t kMostTrueFolders = 64; // more than are copied ahead
+constexpr int kOftenEnough = 6;              // what opening and closing costs must come in again
 } // namespace
 
 StoreCounts FolderStore::Counts() const {
@@ -149,8 +149,11 @@ void FolderStore::LetGo() {
 }
 
 void FolderStore::LetGoBelow(std::string_view path) {
-    std::erase_if(trueFolders_,
-                  [path](const TrueFolder& known) { return IsAtOrBelow(known.path, path); });
+    const auto isBelow = [path](const TrueFolder& known) {
+        return known.path.size() >= path.size() && IsAtOrBelow(known.path, path);
+    };
+    // Asked at each object that is made, mostly for nothing.
+    if (std::ranges::any_of(trueFolders_, isBelow)) std::erase_if(trueFolders_, isBelow);
     std::erase_if(held_, [path](Entry* entry) {
         if (!IsAtOrBelow(entry->first, path)) return false;
         entry->second.fd.reset();
@@ -176,31 +179,61 @@ Sys<struct statx> FolderStore::Stat(const std::string& native) {
 
 Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t folderLength) {
     const std::size_t slash = LastOf(native, '/');
-    const std::scoped_lock lock(mutex_);
     TX_TRY_ASSIGN(auto folder,
                   TrueFolderAt(std::string_view(native).substr(0, slash), folderLength));
     return Location{std::move(folder), native.c_str() + slash + 1};
 }
 
-// Most objects lie in the folder of the one before them.
+// Most objects lie in the folder of the one before them, or in one that was opened to copy them
+// ahead.
+std::shared_ptr<const UniqueFd> FolderStore::KnownTrueFolder(std::string_view path,
+                                                             std::size_t folderLength,
+                                                             std::int64_t now) const {
+    const auto known =
+        std::find_if(trueFolders_.rbegin(), trueFolders_.rend(), [&](const TrueFolder& folder) {
+            return folder.path == path && folder.folderLength == folderLength && folder.fd;
+        });
+    const bool isBelieved = known != trueFolders_.rend() && now - known->openedAt <= kBelieved;
+    return isBelieved ? known->fd : nullptr;
+}
+
+// Gives what is to be closed for it, once the store is free again.
+std::shared_ptr<const UniqueFd> FolderStore::NoteOpening(TrueFolder folder) {
+    std::shared_ptr<const UniqueFd> oldest;
+    if (trueFolders_.size() >= kMostTrueFolders) {
+        oldest = std::move(trueFolders_.front().fd);
+        trueFolders_.pop_front();
+    }
+    trueFolders_.push_back(std::move(folder));
+    return oldest;
+}
+
+// What was let go meanwhile stays so.
+void FolderStore::NoteOpened(std::uint64_t number, const std::shared_ptr<const UniqueFd>& fd) {
+    const auto opened =
+        std::find_if(trueFolders_.rbegin(), trueFolders_.rend(),
+                     [number](const TrueFolder& folder) { return folder.number == number; });
+    if (opened != trueFolders_.rend()) opened->fd = fd;
+}
+
+// Nobody waits for what another thread opens.
 Sys<std::shared_ptr<const UniqueFd>> FolderStore::TrueFolderAt(std::string_view path,
                                                                std::size_t folderLength) {
     const std::int64_t now = clock_.tick();
-    const auto known =
-        std::find_if(trueFolders_.rbegin(), trueFolders_.rend(), [&](const TrueFolder& folder) {
-            return folder.path == path && folder.folderLength == folderLength;
-        });
-    if (known != trueFolders_.rend()) {
-        std::rotate(std::prev(known.base()), known.base(), trueFolders_.end());
-        TrueFolder& last = trueFolders_.back();
-        if (now - last.openedAt <= kBelieved) return last.fd;
-        trueFolders_.pop_back();
+    std::shared_ptr<const UniqueFd> oldest;
+    std::uint64_t number = 0;
+    {
+        const std::scoped_lock lock(mutex_);
+        if (auto known = KnownTrueFolder(path, folderLength, now)) return known;
+        number = ++lastOpened_;
+        if (depth_ > 0) {
+            oldest = NoteOpening({std::string(path), folderLength, nullptr, now, number});
+        }
     }
     TX_TRY_ASSIGN(UniqueFd opened, OpenTrueFolder(path, folderLength));
     auto fd = std::make_shared<const UniqueFd>(std::move(opened));
-    if (depth_ == 0) return fd;
-    if (trueFolders_.size() >= kMostTrueFolders) trueFolders_.erase(trueFolders_.begin());
-    trueFolders_.push_back({std::string(path), folderLength, fd, now});
+    const std::scoped_lock lock(mutex_);
+    NoteOpened(number, fd);
     return fd;
 }
 

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -153,8 +154,9 @@ class FolderStore {
     struct TrueFolder {
         std::string path;
         std::size_t folderLength = 0;
-        std::shared_ptr<const UniqueFd> fd;
+        std::shared_ptr<const UniqueFd> fd; // none while it is being opened
         std::int64_t openedAt = 0;
+        std::uint64_t number = 0;
     };
 
     Entry& At(std::string_view path);
@@ -172,6 +174,10 @@ class FolderStore {
     void Release(Entry& entry);
     Sys<std::shared_ptr<const UniqueFd>> TrueFolderAt(std::string_view path,
                                                       std::size_t folderLength);
+    std::shared_ptr<const UniqueFd> KnownTrueFolder(std::string_view path, std::size_t folderLength,
+                                                    std::int64_t now) const;
+    std::shared_ptr<const UniqueFd> NoteOpening(TrueFolder folder);
+    void NoteOpened(std::uint64_t number, const std::shared_ptr<const UniqueFd>& fd);
     Sys<UniqueFd> OpenTrueFolder(std::string_view path, std::size_t folderLength);
     void LetGo();
     void LetGoBelow(std::string_view path);
@@ -182,7 +188,8 @@ class FolderStore {
     text::ByText<Folder> folders_; // by native path
     text::LastFound<Folder> lastFolders_;
     std::vector<Entry*> held_;
-    std::vector<TrueFolder> trueFolders_;      // the last used at the end
+    std::deque<TrueFolder> trueFolders_;       // the last opened at the end
+    std::uint64_t lastOpened_ = 0;             // the number of that one
     std::shared_ptr<const DriveTable> drives_; // of the ways
     text::ByText<Way> ways_;
     text::LastFound<Way> lastWays_;

@@ -2,6 +2,7 @@
 #include "platform/linux/folder_copier.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
+#include "platform/linux/tree_size.h"
 #include "platform/try.h"
 
 #include <climits>
@@ -14,7 +15,7 @@
 namespace tarvix::platform {
 
 namespace {
-constexpr std::size_t kMostPlanned = 64;
+constexpr std::size_t kMostPlanned = 128;
 
 // Whether a file's facts can be trusted to tell of each change at once.
 bool IsLocal(const Resolved& place) {
@@ -73,10 +74,9 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     store_.Forget(target.native);
     CopyRun run(observer, roads_, overwrite);
     run.ahead = Ahead();
-    if (run.IsObserved()) {
-        auto again = OpenItself(source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), source.Drives()));
-    }
+    auto again = run.IsObserved() ? OpenItself(source) : Sys<UniqueFd>();
+    TreeSize size(again ? std::move(*again) : UniqueFd(), source.start->drives, roads_.sizeAfter);
+    run.size = &size;
     FolderCopier copier(run, source.Drives(), from, to);
     TX_TRY(copier.Copy(std::move(in), std::move(out), false));
     if (std::string skipped = copier.Skipped(); !skipped.empty()) {
@@ -98,14 +98,23 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
             auto opened = OpenAt({AT_FDCWD, place->native.c_str()}, O_PATH | O_DIRECTORY);
             target = std::make_shared<UniqueFd>(opened ? std::move(*opened) : UniqueFd());
         }
-        if (*target) items.push_back({std::string(copy.from), nullptr, {}, target});
+        if (*target) items.push_back({std::string(copy.from), nullptr, {}, target, copy.location});
     }
     ahead_.Replace(std::move(items));
 }
 
+// The folder of what a search saw is opened here for the look that comes before the copy, too.
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
     Resolved source;
-    if (!resolver_.ByText(item.key, source) || !IsLocal(source)) return false;
+    const auto found = item.location == kAnyRoad
+                           ? resolver_.ByText(item.key, source)
+                           : resolver_.FolderBelow(item.key, item.location, source);
+    if (!found || !IsLocal(source)) return false;
+    if (source.around) {
+        item.sourceFolder = source.around;
+        item.source = source.NativeName();
+        return true;
+    }
     if (source.native.size() >= PATH_MAX) return false;
     item.source = std::move(source.native);
     return true;

@@ -4,6 +4,7 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/native_facts.h"
 #include "platform/linux/temporary.h"
+#include "platform/linux/tree_size.h"
 #include "platform/names.h"
 #include "platform/try.h"
 #include "text/characters.h"
@@ -200,10 +201,10 @@ Copied LinuxFileSystem::PrepareFolder(const Resolved& source, std::string_view f
                   Named(OpenAt(object->Here(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW), to));
     CopyRun run(observer, roads_, false);
     run.ahead = Ahead();
-    if (run.IsObserved()) {
-        auto again = OpenItself(source);
-        if (again) run.SetTotal(SizeOfTree(std::move(*again), source.Drives()));
-    }
+    run.isInside = true;
+    auto again = run.IsObserved() ? OpenItself(source) : Sys<UniqueFd>();
+    TreeSize size(again ? std::move(*again) : UniqueFd(), source.start->drives, roads_.sizeAfter);
+    run.size = &size;
     FolderCopier copier(run, source.Drives(), from, to);
     TX_TRY(copier.Copy(std::move(in), std::move(out), true));
     object->SetMissing(copier.Skipped());

@@ -141,9 +141,18 @@ Sys<PartFile> PartFile::Create(int folder, unsigned mode, const CopyRoads& roads
     return std::unexpected(EEXIST);
 }
 
+Sys<PartFile> PartFile::CreateInside(int folder, const char* name, unsigned mode) {
+    auto fd = OpenAt({folder, name}, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
+    if (!fd) return std::unexpected(fd.error());
+    PartFile part(folder, std::move(*fd), name, {});
+    part.isInside_ = true;
+    return part;
+}
+
 PartFile::PartFile(PartFile&& other) noexcept
     : folder_(other.folder_), fd_(std::move(other.fd_)),
-      temporary_(std::exchange(other.temporary_, {})), roads_(other.roads_) {}
+      temporary_(std::exchange(other.temporary_, {})), isInside_(other.isInside_),
+      roads_(other.roads_) {}
 
 PartFile::~PartFile() {
     if (!temporary_.empty()) ::unlinkat(folder_, temporary_.c_str(), 0);
@@ -169,6 +178,10 @@ Sys<void> PartFile::Commit(At to, bool overwrite) {
     // Network file systems tell only at the close that a write failed.
     const bool isOpen = static_cast<bool>(fd_);
     if (isOpen && ::close(fd_.Release()) != 0 && errno != EINTR) return std::unexpected(errno);
+    if (isInside_) {
+        temporary_.clear();
+        return {};
+    }
     const At temporary{folder_, temporary_.c_str()};
     const auto named =
         overwrite ? Rename(temporary, to) : RenameWithoutReplacing(temporary, to, false, roads_);

@@ -21,6 +21,9 @@ class PartFile {
     // Fails where that can't be.
     static Sys<PartFile> CreateUnnamed(int folder, unsigned mode);
 
+    // A part in a folder that is itself a part: it bears its name from the start. EEXIST.
+    static Sys<PartFile> CreateInside(int folder, const char* name, unsigned mode);
+
     PartFile(PartFile&& other) noexcept;
     PartFile& operator=(PartFile&&) = delete;
     ~PartFile();
@@ -38,6 +41,7 @@ class PartFile {
     int folder_;
     UniqueFd fd_;
     std::string temporary_; // empty while it has no name at all
+    bool isInside_ = false; // that name is its own
     CopyRoads roads_;
 };
 

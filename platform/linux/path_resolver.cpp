@@ -137,13 +137,10 @@ std::size_t PathResolver::FolderLength(const Resolved& place, std::string_view b
     return std::max(length, place.start->end);
 }
 
-Result<void> PathResolver::Below(std::string_view path, std::size_t location,
-                                 Resolved& place) const {
+Result<void> PathResolver::FolderBelow(std::string_view path, std::size_t location,
+                                       Resolved& place) const {
     TX_TRY(ByText(path, place));
-    if (place.IsRoot()) {
-        TX_TRY_ASSIGN(place, Existing(path));
-        return {};
-    }
+    if (place.IsRoot()) return {};
     const std::string_view below = path.substr(std::min(location, path.size()));
     auto at = store_.LocateBelow(place.native, FolderLength(place, below));
     if (!at) {
@@ -151,10 +148,20 @@ Result<void> PathResolver::Below(std::string_view path, std::size_t location,
         if (isOther) return FailureBy(kChangedSinceSearch, path);
         return at.error() == ENOENT ? FailureBy(kPathNotFound, path) : FailureOf(at.error(), path);
     }
-    const auto st = StatOf(platform::At(*at));
+    place.around = std::move(at->folder);
+    return {};
+}
+
+Result<void> PathResolver::Below(std::string_view path, std::size_t location,
+                                 Resolved& place) const {
+    TX_TRY(FolderBelow(path, location, place));
+    if (place.IsRoot()) {
+        TX_TRY_ASSIGN(place, Existing(path));
+        return {};
+    }
+    const auto st = StatOf({place.around->Get(), place.NameText()});
     if (!st) return FailureOf(st.error(), path);
     place.st = *st;
-    place.around = std::move(at->folder);
     return {};
 }
 

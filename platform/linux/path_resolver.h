@@ -52,6 +52,8 @@ class PathResolver {
     // The object of exactly that name, down from a search location (bytes of the path) without a
     // link on the way (kChangedSinceSearch): 53, 76.
     Result<void> Below(std::string_view path, std::size_t location, Resolved& place) const;
+    // The folder around it alone, reached so; none for a root.
+    Result<void> FolderBelow(std::string_view path, std::size_t location, Resolved& place) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what

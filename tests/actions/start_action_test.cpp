@@ -168,6 +168,15 @@ TEST_F(Progress, TheTimeOfAQuestionIsNoTimeOfWork) {
               "0 of 4 objects - 1.5 MB of 4.0 MB - 1.5 MB/s - 0:01 left");
 }
 
+TEST_F(Progress, OfAFolderTheWholeIsToldOnceItIsKnown) {
+    machine.clock.SetStep(1'000'000'000);
+    ActionProgress progress(session, 4, 0);
+    progress.InFile({"C:\\a", 1'000'000, 0});
+    EXPECT_EQ(Form().lblProgress.Caption.Get(), "0 of 4 objects - 1.0 MB of this one");
+    progress.InFile({"C:\\b", 1'500'000, 2'000'000});
+    EXPECT_EQ(Form().lblProgress.Caption.Get(), "0 of 4 objects - 1.5 MB of 2.0 MB of this one");
+}
+
 TEST_F(Progress, WithoutBytesTheBarCountsObjects) {
     machine.clock.SetStep(1'000'000'000);
     ActionProgress progress(session, 1, 0);

@@ -199,12 +199,12 @@ TEST_P(FileSystemConformance, AnAbandonedCopyTreeLeavesOnlyWholeFiles) {
     EXPECT_EQ(TextOf("to\\a.txt"), "whole");
 }
 
-TEST_P(FileSystemConformance, CopyTreeTellsTotalsOfTheWholeFolder) {
+TEST_P(FileSystemConformance, CopyTreeTellsTotalsOfTheWholeFolderOnceTheyAreKnown) {
     disk().MakeFile("from\\a.txt", "12345");
     disk().MakeFile("from\\inner\\b.txt", "123");
     std::uint64_t last = 0;
     const auto observer = [&](const CopyProgress& progress) {
-        EXPECT_EQ(progress.bytesTotal, 8u);
+        EXPECT_TRUE(progress.bytesTotal == 8 || progress.bytesTotal == 0) << progress.bytesTotal;
         EXPECT_GE(progress.bytesDone, last);
         last = progress.bytesDone;
         return true;

@@ -11,7 +11,8 @@ DiskMaker With(std::string name, CopyRoads roads) {
 // Each way that a copy or move may take has to keep the same promises.
 INSTANTIATE_TEST_SUITE_P(
     Linux, FileSystemConformance,
-    testing::Values(With("AllRoads", {}), With("CopyAhead", {.aheadAge = 0}),
+    testing::Values(With("AllRoads", {}), With("CopyAhead", {.aheadAge = 0, .sizeAfter = 0}),
+                    With("OneThread", {.ahead = false}),
                     With("NamedParts", {.unnamedParts = false}),
                     With("ReadAndWrite", {.clones = false, .kernelCopies = false}),
                     With("LinkAndUnlink", {.unnamedParts = false, .renameNoReplace = false}),

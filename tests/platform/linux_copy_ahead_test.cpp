@@ -246,6 +246,7 @@ TEST_F(LinuxCopyAheadTest, AFolderWithManyFilesIsCopiedWhole) {
         disk.MakeFile("from\\" + std::to_string(i * 10) + " inner\\b", "b" + std::to_string(i));
         disk.MakeFile("from\\" + std::to_string(i * 10) + " inner\\c\\d", "d" + std::to_string(i));
     }
+    disk.MakeFolder("to\\copy");
     ASSERT_TRUE(files().CopyFolder(At("from"), At("to\\copy"), false, {}));
     for (int i = 0; i < 500; ++i)
         ASSERT_EQ(disk.Content("to\\copy\\" + std::to_string(i)), "content " + std::to_string(i));
@@ -254,6 +255,66 @@ TEST_F(LinuxCopyAheadTest, AFolderWithManyFilesIsCopiedWhole) {
         EXPECT_EQ(disk.Content(inner + "b"), "b" + std::to_string(i));
         EXPECT_EQ(disk.Content(inner + "c\\d"), "d" + std::to_string(i));
     }
+}
+
+// ---- objects that a search saw ----
+
+namespace {
+// Time stands, so that what is known of a folder is believed until this process changes it.
+class LinuxSeenAheadTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        disk.MakeFile("s\\sub\\a", "inside");
+        disk.MakeFile("outside\\a", "secret");
+        disk.MakeFolder("to");
+        disk.Files().ExpectChanges(true);
+    }
+    std::string At(std::string_view path) const { return disk.Root() + "\\" + std::string(path); }
+    void Plan() {
+        const std::string to = At("to");
+        const std::vector<PlannedCopy> planned{{path_, to, location_}};
+        disk.Files().CopySoon(planned);
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    Result<Look> LookAt() {
+        return disk.Files().LookAtSeen({path_, {.location = location_}, Same::kName});
+    }
+    void MoveAwayByOthers() { std::filesystem::rename(disk.Native("s\\sub"), disk.Native("away")); }
+
+    static std::int64_t Never() { return 1; }
+    LinuxDisk disk{{.aheadAge = 0}, {.now = Never, .tick = Never}};
+    const std::string path_ = At("s\\sub\\a");
+    const std::uint32_t location_ = static_cast<std::uint32_t>(At("s").size());
+};
+} // namespace
+
+TEST_F(LinuxSeenAheadTest, TheFolderThatWasOpenedAheadIsTheOneThatIsLookedInto) {
+    Plan();
+    MoveAwayByOthers();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    ASSERT_EQ(NumberOf(disk.Files().CopyFileTo(*look, {At("to\\a"), nullptr}, {})), 0);
+    EXPECT_EQ(disk.Content("to\\a"), "inside");
+}
+
+TEST_F(LinuxSeenAheadTest, WhatThisProcessMovedIsNoLongerThere) {
+    Plan();
+    ASSERT_TRUE(disk.Files().MoveFolder(At("s\\sub"), At("away")));
+    EXPECT_EQ(NumberOf(LookAt()), kPathNotFound);
+}
+
+TEST_F(LinuxSeenAheadTest, NoLinkIsFollowedAheadEither) {
+    MoveAwayByOthers();
+    disk.MakeLink("s\\sub", "outside");
+    Plan();
+    EXPECT_EQ(NumberOf(LookAt()), kChangedSinceSearch);
+}
+
+TEST_F(LinuxSeenAheadTest, NoFolderIsHeldOnceTheRunIsOver) {
+    Plan();
+    disk.Files().ExpectChanges(false);
+    MoveAwayByOthers();
+    EXPECT_EQ(NumberOf(LookAt()), kPathNotFound);
 }
 
 TEST_F(LinuxCopyAheadTest, AFileThatChangedJustNowIsNotReadAhead) {

@@ -1,12 +1,12 @@
 #include "text/case.h"
 
+#include "text/ascii_run.h"
 #include "text/characters.h"
 
 #include <utf8proc.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -37,7 +37,6 @@ bool IsAsciiByte(char c) {
 }
 
 constexpr std::uint64_t kEachByte = 0x0101010101010101;
-constexpr std::uint64_t kHighOfEach = 0x80 * kEachByte;
 
 // Eight bytes with the case of the ASCII letters from `first` on turned over.
 template <char first>
@@ -90,37 +89,18 @@ FormsOfTwoBytes MakeForms() {
     return forms;
 }
 
-// Of eight bytes those in front that are ASCII.
-std::size_t AsciiInFront(std::uint64_t word) {
-    const bool isLittle = std::endian::native == std::endian::little;
-    word &= kHighOfEach;
-    return static_cast<std::size_t>(isLittle ? std::countr_zero(word) : std::countl_zero(word)) / 8;
-}
-
-char* SkipAscii(char* at, const char* end) {
-    std::uint64_t word = 0;
-    for (; end - at >= 8; at += 8) {
-        std::memcpy(&word, at, 8);
-        if ((word & kHighOfEach) != 0) return at + AsciiInFront(word);
-    }
-    word = 0;
-    const auto left = static_cast<std::size_t>(end - at);
-    std::memcpy(&word, at, left);
-    return at + std::min(AsciiInFront(word), left);
-}
-
 // Up to the first character that takes more bytes, or that has no form here.
-char* MapTwoBytes(char* at, const char* end, const FormsOfTwoBytes& forms) {
-    for (; (at = SkipAscii(at, end)) + 1 < end; at += 2) {
-        const auto lead = static_cast<unsigned char>(at[0]);
-        const auto next = static_cast<unsigned char>(at[1]);
+std::size_t MapTwoBytes(std::string& text, std::size_t pos, const FormsOfTwoBytes& forms) {
+    for (; (pos = SkipAscii(text, pos)) + 1 < text.size(); pos += 2) {
+        const auto lead = static_cast<unsigned char>(text[pos]);
+        const auto next = static_cast<unsigned char>(text[pos + 1]);
         if (lead < 0xC2 || lead > 0xDF || (next & 0xC0U) != 0x80) break;
         const char16_t form = forms[(lead & 0x1FU) << 6 | (next & 0x3FU)];
         if (form == 0) break;
-        at[0] = static_cast<char>(0xC0U | form >> 6);
-        at[1] = static_cast<char>(0x80U | (form & 0x3FU));
+        text[pos] = static_cast<char>(0xC0U | form >> 6);
+        text[pos + 1] = static_cast<char>(0x80U | (form & 0x3FU));
     }
-    return at;
+    return pos;
 }
 
 // The character at `pos`, which moves behind it.
@@ -143,8 +123,7 @@ void AppendMapped(std::string& out, std::string_view s) {
     if (!MapAllAscii<first, MapAscii>(out.data() + pos, s.size())) return;
     static const FormsOfTwoBytes forms = MakeForms<MapCharacter>();
     while (true) {
-        char* const text = out.data();
-        pos = static_cast<std::size_t>(MapTwoBytes(text + pos, text + out.size(), forms) - text);
+        pos = MapTwoBytes(out, pos, forms);
         if (pos == out.size()) return;
         MapOne<MapCharacter>(out, pos);
     }

@@ -1,7 +1,8 @@
 #include "text/characters.h"
 
+#include "text/ascii_run.h"
+
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -9,14 +10,13 @@ namespace tarvix::text {
 
 namespace {
 
-constexpr std::uint64_t kHighBits = 0x8080808080808080U;
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFirstBadByte = 0x110000;
 
 bool EightAscii(const char* at) {
     std::uint64_t word;
     std::memcpy(&word, at, sizeof word);
-    return (word & kHighBits) == 0;
+    return (word & kHighOfEach) == 0;
 }
 
 unsigned char ByteAt(std::string_view s, std::size_t pos) {
@@ -63,22 +63,6 @@ std::size_t BytesAt(std::string_view s, std::size_t pos) {
     if (IsPairAt(s, pos)) return 2;
     char32_t ignored;
     return DecodeLong(s, pos, ignored);
-}
-
-// Position of the first byte from `pos` on that isn't ASCII, or the end.
-std::size_t SkipAscii(std::string_view s, std::size_t pos) {
-    constexpr auto kIsLittle = std::endian::native == std::endian::little;
-    for (; s.size() - pos >= 8; pos += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, s.data() + pos, sizeof word);
-        word &= kHighBits;
-        if (word == 0) continue;
-        const int bits = kIsLittle ? std::countr_zero(word) : std::countl_zero(word);
-        return pos + static_cast<std::size_t>(bits) / 8;
-    }
-    while (pos < s.size() && ByteAt(s, pos) < 0x80)
-        ++pos;
-    return pos;
 }
 
 // Byte position `count` characters behind byte `pos`, at most the end; `count` keeps what is left.

@@ -2,7 +2,6 @@
 
 #include "tests/actions/action_fixture.h"
 
-#include <fmt/core.h>
 #include <gmock/gmock.h>
 
 namespace tarvix::testing {
@@ -12,9 +11,10 @@ class LooksAheadTest : public ActionFixture {
   protected:
     void SetUp() override {
         for (int i = 0; i < kFiles; ++i)
-            Disk().AddFile(fmt::format("C:\\t\\{:03}", i), "1");
+            Disk().AddFile(NameOf(i), "1");
         Disk().AddFolder("C:\\d");
     }
+    static std::string NameOf(int i) { return "C:\\t\\" + std::to_string(1000 + i); }
     // Every file but the first, once and in the order of the list; then the end.
     void ExpectPlanned() {
         const auto& plans = machine.faults.LookedSoon();
@@ -25,7 +25,7 @@ class LooksAheadTest : public ActionFixture {
             planned.insert(planned.end(), plan.begin(), plan.end());
         std::vector<std::string> expected;
         for (int i = 1; i < kFiles; ++i)
-            expected.push_back(fmt::format("C:\\t\\{:03}", i));
+            expected.push_back(NameOf(i));
         EXPECT_EQ(planned, expected);
     }
 

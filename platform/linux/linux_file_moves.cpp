@@ -107,8 +107,16 @@ Result<void> LinuxFileSystem::Move(const Resolved& source, const Resolved& targe
         TX_TRY_ASSIGN(const Resolved now, resolver_.File(from));
         return MoveAcross(now, target, from, to, observer);
     }
+    if (renamed.error() == ENOENT && IsGone(source)) return FailureBy(kFileNotFound, from);
     if (renamed.error() == ENOENT) return FailureBy(kPathNotFound, to);
     return FailureOf(renamed.error(), to);
+}
+
+// What was there when it was looked at.
+bool LinuxFileSystem::IsGone(const Resolved& source) {
+    const auto location = LocationOf(source, store_);
+    const auto st = location ? StatOf(At(*location)) : Sys<struct statx>(std::unexpected(ENOENT));
+    return !st && st.error() == ENOENT;
 }
 
 // The copy lies safe on its disk before the source goes; whatever fails, the source stays.

@@ -155,6 +155,7 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // `native` is the path that it gets, `to` its place.
     Sys<void> Rename(const Resolved& source, const Resolved& target, std::string_view native,
                      const Sys<Location>& to);
+    bool IsGone(const Resolved& source);
     // What took the place of a seen object in the moment of its move goes back; `there` is the new
     // place.
     Result<void> CheckMoved(const Resolved& source, const Resolved& target, const Location& there,

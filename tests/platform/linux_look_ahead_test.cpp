@@ -248,31 +248,42 @@ TEST_F(LinuxLookAhead, WhatLiesInAMovedFolderIsNotFoundAtItsOldPath) {
     files().LookSoon({});
 }
 
-TEST_F(LinuxLookAhead, WhatOthersDoIsSeenOnceTheLookIsNoMoreBelieved) {
-    disk_.MakeFile("s\\a", "content");
-    disk_.MakeFile("other", "another");
-    const std::string path = At("s\\a");
-    const SeenObject seen = See(path);
-    Plan({seen});
-    fs::rename(Native("other"), Native("s\\a"));
+// Others put another file in the place of one that was looked at ahead.
+class LinuxExchangedAhead : public LinuxLookAhead {
+  protected:
+    void SetUp() override {
+        disk_.MakeFile("s\\a", "content");
+        disk_.MakeFile("other", "another");
+        seen_ = See(path_);
+        Plan({seen_});
+        fs::rename(Native("other"), Native("s\\a"));
+    }
+    void TearDown() override { files().LookSoon({}); }
+
+    const std::string path_ = At("s\\a");
+    SeenObject seen_;
+};
+
+TEST_F(LinuxExchangedAhead, ItIsSeenOnceTheLookIsNoMoreBelieved) {
     now_ += 6'000'000;
-    EXPECT_EQ(NumberOf(files().LookAtSeen(seen)), kChangedSinceSearch);
-    files().LookSoon({});
+    EXPECT_EQ(NumberOf(files().LookAtSeen(seen_)), kChangedSinceSearch);
 }
 
-TEST_F(LinuxLookAhead, WhatOthersExchangedMeanwhileGoesBack) {
-    disk_.MakeFile("s\\a", "content");
-    disk_.MakeFile("other", "another");
-    const std::string path = At("s\\a");
-    const SeenObject seen = See(path);
-    Plan({seen});
-    fs::rename(Native("other"), Native("s\\a"));
-    const auto look = files().LookAtSeen(seen);
+TEST_F(LinuxExchangedAhead, ItGoesBackFromAMove) {
+    const auto look = files().LookAtSeen(seen_);
     ASSERT_TRUE(look) << "it is still believed";
     EXPECT_EQ(NumberOf(files().MoveFileTo(*look, {At("s\\b"), nullptr}, {})), kChangedSinceSearch);
     EXPECT_EQ(disk_.Content("s\\a"), "another");
     EXPECT_EQ(disk_.Content("s\\b"), std::nullopt);
-    files().LookSoon({});
+}
+
+TEST_F(LinuxExchangedAhead, WhatWasTakenAwayIsTheMissingOne) {
+    const auto look = files().LookAtSeen(seen_);
+    ASSERT_TRUE(look) << "it is still believed";
+    fs::remove(Native("s\\a"));
+    const auto moved = files().MoveFileTo(*look, {At("s\\b"), nullptr}, {});
+    EXPECT_EQ(NumberOf(moved), kFileNotFound);
+    EXPECT_EQ(moved.error().path, path_);
 }
 
 } // namespace

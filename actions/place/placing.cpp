@@ -1,6 +1,7 @@
 #include "actions/place/placing.h"
 
 #include "actions/place/no_short_path.h"
+#include "actions/place/placing_words.h"
 #include "actions/place/plain_attributes.h"
 #include "actions/place/recycle.h"
 #include "actions/place/system_hidden.h"
@@ -35,14 +36,6 @@ std::string_view SearchFolderOf(const Object& object) {
                          path[path.size() - relative.size() - 1] == '\\';
     return isBelow ? path.substr(0, path.size() - relative.size() - 1) : path;
 }
-
-// The words of a verb: in the status line and, done, in the log.
-struct Words {
-    std::string_view doing;
-    std::string_view as;
-};
-constexpr std::array<Words, 3> kWords{
-    {{"Copying ", "  to  "}, {"Moving ", "  to  "}, {"Renaming ", "  as  "}}};
 
 } // namespace
 
@@ -107,10 +100,10 @@ bool Placing::FinishDestination() {
 }
 
 void Placing::ShowStatus() {
-    const Words& words = kWords[static_cast<std::size_t>(verb_)];
     shownSource_ = run_.shownSources.Of(object_.path);
     shownPlace_ = run_.shownPlaces.Of(place_.path);
-    run_.status.assign(words.doing).append(shownSource_).append(words.as).append(shownPlace_);
+    run_.status.clear();
+    AppendPlacing(run_.status, verb_, shownSource_, shownPlace_);
     session_.frmDialog.lblStatus.Caption = run_.status;
     session_.Yield();
 }
@@ -252,20 +245,8 @@ void Placing::SetCombined() {
 void Placing::LogPlaced() {
     isDone_ = true;
     if (hasFailed_) return;
-    const std::string_view mode = overwrites_ ? "overwrite" : "";
-    std::string line;
-    switch (verb_) {
-    case Verb::kCopy:
-        line = text::Concat({" Copy ", shownSource_, " -- to -- ", shownPlace_, " ", mode});
-        break;
-    case Verb::kMove:
-        line = text::Concat({" Move ", shownSource_, " -- to -- ", shownPlace_, mode, "."});
-        break;
-    case Verb::kRename:
-        line = text::Concat({" Renamed ", shownSource_, " -- as -- ", shownPlace_, mode});
-        break;
-    }
-    session::LogTimed(session_, line);
+    session::LogTimed(session_,
+                      PlacedLine(verb_, shownSource_, shownPlace_, overwrites_ ? "overwrite" : ""));
 }
 
 platform::Result<void> Placing::Read(std::string_view path, ObjectFacts& facts) {

@@ -71,6 +71,32 @@ struct FreePlace {
     std::shared_ptr<const Known> known;
 };
 
+// A text that is to stand in a stream as soon as a move is made; none without a stream, which must
+// take texts from several threads, as those of file systems that take moves do.
+struct MoveNote {
+    std::shared_ptr<TextStream> stream;
+    std::string text;
+};
+
+// How long to wait for moves that were handed over.
+enum class MoveWait : std::uint8_t {
+    kNone,
+    kSome, // until about half of them are made, but a few milliseconds at most
+    kAll,
+    kStop, // for the one in hand; those behind it are given up
+};
+
+// What became of moves that were handed over, from the first on that wasn't told of yet.
+struct HandedMoves {
+    std::size_t made = 0; // each with its note written
+    // Behind those; nothing was done for them, and nothing will be: the first of them met something
+    // that MoveFileTo would tell, or they were given up.
+    std::size_t left = 0;
+    // Of the first of them: another object had taken its place, was moved, and can't go back.
+    std::optional<PlatformError> astray;
+    std::optional<PlatformError> unwritten; // why a note isn't written
+};
+
 // A whole copy that has no name yet. Unless it gets one nothing of it is left, whatever happens.
 class UnnamedCopy {
   public:
@@ -161,11 +187,6 @@ class FileSystem {
     // call it again before they are all copied, and with none when there are no more. Nothing of it
     // can be seen, and no result changes. `from` must be spelled as CopyFile will have it.
     virtual void CopySoon(std::span<const PlannedCopy>) {}
-    // Tells which objects LookAtSeen will probably be asked for next, behind those of the last
-    // calls, so that they can be looked at ahead: each look is at most as old as a Look that is
-    // believed. A few dozen count. The paths must live until it is called with none, which forgets
-    // all.
-    virtual void LookSoon(std::span<const SeenObject>) {}
     // Renames without replacing: 58 when anything of the new name exists, though an object may get
     // its own name in another case. 76 when the target folder is missing. Across file systems: a
     // file is copied, synced and then removed; a folder is refused with 70. A folder into itself is
@@ -180,6 +201,13 @@ class FileSystem {
     virtual Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                                     const CopyObserver& observer);
     virtual Result<void> MoveFolderTo(const Look& from, const FreePlace& to);
+    // Moves a file by MoveFileTo while the caller goes on with the next: in the order of the calls,
+    // each once the one before it is made and its note is written. The names count as changed at
+    // once. False where the move may be more than a rename or isn't sure to be as it was looked at:
+    // nothing was done then. TakeHanded tells what became of it; until it told of all, nothing else
+    // may be changed.
+    virtual bool HandMove(const Look&, const FreePlace&, MoveNote) { return false; }
+    virtual HandedMoves TakeHanded(MoveWait) { return {}; }
     // PrepareFile and PrepareFolder of an object that was looked at.
     virtual Result<std::unique_ptr<UnnamedCopy>>
     PrepareFileOf(const Look& from, std::string_view to, const CopyObserver& observer);

@@ -94,6 +94,14 @@ void ActionLog::WriteSoon(Session& session, std::string_view text, std::string_v
     if (!added) session.NoteLogTrouble(added.error());
 }
 
+std::optional<platform::MoveNote> ActionLog::Note(const Session& session, std::string_view text,
+                                                  std::string_view stamp) {
+    if (!file_.IsOpen()) return std::nullopt;
+    std::string entry(Entry(session, text, stamp));
+    if (entry.empty()) return platform::MoveNote{};
+    return platform::MoveNote{file_.Stream(), std::move(entry)};
+}
+
 void ActionLog::Flush(Session& session) {
     const auto flushed = file_.Flush();
     if (!flushed) session.NoteLogTrouble(flushed.error());
@@ -109,6 +117,10 @@ void LogTimed(Session& session, std::string_view text) {
 
 void LogPlanned(Session& session, std::string_view text) {
     session.log.WriteSoon(session, text, session.TimeText());
+}
+
+std::optional<platform::MoveNote> NoteTimed(Session& session, std::string_view text) {
+    return session.log.Note(session, text, session.TimeText());
 }
 
 std::string DashesFor(std::string_view text) {

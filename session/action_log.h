@@ -2,9 +2,14 @@
 
 #include "session/log_file.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace tarvix::platform {
+struct MoveNote;
+}
 
 namespace tarvix::session {
 
@@ -29,6 +34,10 @@ class ActionLog {
     // done.
     void WriteSoon(Session& session, std::string_view text, std::string_view stamp = {});
     void Flush(Session& session);
+    // The same as what the machine is to write itself, as soon as what it tells of is done. Nothing
+    // where Write has to be called then: the log isn't open.
+    std::optional<platform::MoveNote> Note(const Session& session, std::string_view text,
+                                           std::string_view stamp);
     // A session that only rehearses has no log; nothing waits for one.
     void KeepNothing() { wasOpened_ = true; }
     // Whether entries reach a file; false before `Open`, after `Close`, and where no file could be
@@ -54,6 +63,8 @@ void WriteToActionLog(Session& session, std::string_view text);
 void LogTimed(Session& session, std::string_view text);
 // The same, by WriteSoon.
 void LogPlanned(Session& session, std::string_view text);
+// The same, by Note.
+std::optional<platform::MoveNote> NoteTimed(Session& session, std::string_view text);
 
 // The underlining of an entry: as many dashes as the text has characters, or two thirds of them,
 // rounded half to even, when it holds a line end.

@@ -37,9 +37,11 @@ class LogFile {
     // Writes `tail` and closes; what failed of that first. Closed it is in any case.
     platform::Result<void> Close(std::string_view tail);
     bool IsOpen() const { return stream_ != nullptr; }
+    // For what others write into it; none while no file is open.
+    const std::shared_ptr<platform::TextStream>& Stream() const { return stream_; }
 
   private:
-    std::unique_ptr<platform::TextStream> stream_;
+    std::shared_ptr<platform::TextStream> stream_;
 };
 
 } // namespace tarvix::session

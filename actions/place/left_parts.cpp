@@ -24,4 +24,9 @@ void LeftParts::RemoveAround(session::Session& session, std::string_view path) {
     session.state.lastAction.leftParts += static_cast<std::int64_t>(removed->size());
 }
 
+bool LeftParts::HasSeenAround(std::string_view path) const {
+    const std::string_view folder = text::GetParentFolderName(path);
+    return folder == last_ || seen_.contains(std::string(folder));
+}
+
 } // namespace tarvix::actions

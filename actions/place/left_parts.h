@@ -16,6 +16,8 @@ class LeftParts {
   public:
     // `path` of an object, in the folder or to be put there.
     void RemoveAround(session::Session& session, std::string_view path);
+    // Whether there is nothing left to look for in that folder.
+    bool HasSeenAround(std::string_view path) const;
 
   private:
     std::string last_;

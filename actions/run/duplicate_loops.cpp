@@ -1,6 +1,7 @@
 #include "actions/run/duplicate_loops.h"
 
 #include "actions/place/action_run.h"
+#include "actions/place/destination.h"
 #include "actions/place/duplicate.h"
 #include "actions/place/duplicate_rename.h"
 #include "actions/place/engine.h"
@@ -11,7 +12,7 @@
 #include "actions/run/ask_flow.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
-#include "actions/run/looks_ahead.h"
+#include "actions/run/plain_moves.h"
 #include "platform/file_system.h"
 #include "results/selection.h"
 #include "session/session.h"
@@ -111,10 +112,12 @@ class Loop {
         const auto count = static_cast<std::size_t>(tables_.lngSelTop + 1);
         for (std::size_t index = 0; index < count; ++index) {
             if (index % kPlanEvery == 1) PlanAhead(index);
-            if (run_.request.isMove) looks_.At(index);
-            if (!PlaceEverywhere(ObjectAt(tables_, index)))
+            const Object object = ObjectAt(tables_, index);
+            if (MovesPlainly(object)) continue;
+            if (!plain_.Finish() || !PlaceEverywhere(object))
                 return FoldChanged(session_, run_, changed_);
         }
+        if (!plain_.Finish()) return FoldChanged(session_, run_, changed_);
         SettleChanged();
     }
 
@@ -123,12 +126,16 @@ class Loop {
     static constexpr std::size_t kPlanned = 128;
 
     void PlanAhead(std::size_t index);
+    bool MovesPlainly(const Object& object);
+    void SettleMoved(Outcome outcome);
     // Each gives false to end the loop.
     bool PlaceEverywhere(const Object& object);
     bool PlaceNext(const Object& object, int place);
     // What isn't as the search saw it comes at the end, with one question.
     void SettleChanged();
     bool GoesOn();
+    // What ends the run, as the log has it; null where nothing does.
+    const char* WhyEnded() const;
     void NotePlaced();
 
     Outcome PlaceOne(const Object& object, int place);
@@ -146,9 +153,14 @@ class Loop {
     ActionProgress progress_;
     platform::CopyObserver plainObserver_;
     platform::ManyChanges many_{session_.files()};
-    LooksAhead looks_{session_, run_};
     Outcome last_;
     std::vector<ChangedObject> changed_;
+    PlainMoves plain_{
+        session_,
+        run_,
+        Verb::kMove,
+        {[this](Outcome outcome) { SettleMoved(std::move(outcome)); },
+         [this](std::size_t index) { return PlaceEverywhere(ObjectAt(tables_, index)); }}};
 };
 
 // Lets the disk read the next files while those before them are settled. They will mostly go where
@@ -164,6 +176,25 @@ void Loop::PlanAhead(std::size_t index) {
             {tables_.strSelActualPath[i], folder, ObjectAt(tables_, i).sighting.location});
     }
     session_.files().CopySoon(planned);
+}
+
+// What a rule comes to is told and counted as it is found.
+bool Loop::MovesPlainly(const Object& object) {
+    const bool isPlain =
+        run_.request.isMove && places_ == 1 && run_.request.way != Way::kSpecialRule;
+    if (!isPlain) return false;
+    session_.Yield();
+    if (WhyEnded() != nullptr) return false;
+    const Destination destination = ComputeDestination(run_.request, object, 0);
+    return destination.IsThere() && !IsOntoItself(object, destination.path) &&
+           plain_.Take(object, destination.path);
+}
+
+void Loop::SettleMoved(Outcome outcome) {
+    last_ = std::move(outcome);
+    NotePlaced();
+    FoldOutcome(session_.state, run_, last_);
+    progress_.Step();
 }
 
 bool Loop::PlaceEverywhere(const Object& object) {
@@ -208,15 +239,19 @@ void Loop::NotePlaced() {
     if (mayOverwrite && last_.isPlaced) run_.placed.insert(text::Upper(last_.strDestination));
 }
 
-bool Loop::GoesOn() {
-    const char* why = nullptr;
+const char* Loop::WhyEnded() const {
     if (last_.errorNumber == platform::kDiskFull) {
-        why = " The action ended, since the disk is full.";
-    } else if (session_.state.blnStopAction) {
-        why = " User stopped the action.";
-    } else if (run_.bytOverrideAnswer == kOverrideCancel) {
-        why = " User canceled delete of rest of files";
+        return " The action ended, since the disk is full.";
     }
+    if (session_.state.blnStopAction) return " User stopped the action.";
+    if (run_.bytOverrideAnswer == kOverrideCancel) {
+        return " User canceled delete of rest of files";
+    }
+    return nullptr;
+}
+
+bool Loop::GoesOn() {
+    const char* const why = WhyEnded();
     if (why) session::LogTimed(session_, why);
     return why == nullptr;
 }

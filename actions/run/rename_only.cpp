@@ -7,8 +7,8 @@
 #include "actions/run/action_progress.h"
 #include "actions/run/changed_objects.h"
 #include "actions/run/fold_outcome.h"
-#include "actions/run/looks_ahead.h"
 #include "actions/run/new_path.h"
+#include "actions/run/plain_moves.h"
 #include "actions/run/renamed_folders.h"
 #include "platform/dir.h"
 #include "platform/names.h"
@@ -68,7 +68,12 @@ class Renaming {
     RenameOnlyEnd Run();
 
   private:
-    void RunPass(bool files, ActionProgress& progress);
+    bool GoesOn();
+    void RunFiles(ActionProgress& progress);
+    void RunFolders(ActionProgress& progress);
+    bool RenamesPlainly(PlainMoves& plain, std::size_t index);
+    std::string PlainPath(const Renamed& object) const;
+    void SettlePlain(Outcome outcome);
     void RenameObject(std::size_t index);
     void SettleChanged();
     Renamed ObjectAt(std::size_t index) const;
@@ -87,6 +92,8 @@ class Renaming {
     // The two parts of a text make one.
     std::string NewPath(const Renamed& object, std::string_view text,
                         std::string_view rest = {}) const;
+    std::string InsertedPath(const Renamed& object) const;
+    std::string ReplacedPath(const Renamed& object, std::string_view text) const;
     static bool IsPlain(const Renamed& object, std::string_view path);
     void ShowRenaming(const Renamed& object, std::string_view path);
     bool CanUse(const Renamed& object, std::string& path);
@@ -94,6 +101,7 @@ class Renaming {
     enum class Moved { kYes, kNo, kTaken };
     Moved MoveUnlessTaken(Renamed& object, const std::string& path);
     Moved Move(Renamed& object, platform::FreePlace place);
+    static void NoteRenamed(Renamed& object, std::string path);
 
     Session& session_;
     ActionRun& run_;
@@ -117,26 +125,86 @@ RenameOnlyEnd Renaming::Run() {
     ActionProgress progress(session_, session_.selection->lngSelTop + 1, 0);
     const auto plain = std::exchange(
         run_.observer, [&progress](const auto& copied) { return progress.InFile(copied); });
-    RunPass(true, progress);
-    if (!hasEnded_) RunPass(false, progress);
+    RunFiles(progress);
+    if (!hasEnded_) RunFolders(progress);
     SettleChanged();
     run_.observer = plain;
     if (end_.blnStopped) KeepNewNames();
     return end_;
 }
 
-void Renaming::RunPass(bool files, ActionProgress& progress) {
+// Whether there is another object to come to.
+bool Renaming::GoesOn() {
+    session_.Yield();
+    if (session_.state.blnStopAction) hasEnded_ = true;
+    return !hasEnded_;
+}
+
+void Renaming::RunFiles(ActionProgress& progress) {
     const auto& isFile = session_.selection->blnSelIsFile;
-    LooksAhead looks(session_, run_);
-    for (std::size_t index = 0; index < isFile.size(); ++index) {
-        if (isFile[index] != files) continue;
+    const auto place = [&](std::size_t index) {
+        if (!GoesOn()) return false;
+        RenameObject(index);
+        progress.Step();
+        return !hasEnded_;
+    };
+    const auto settle = [&](Outcome outcome) {
+        SettlePlain(std::move(outcome));
+        progress.Step();
+    };
+    PlainMoves plain(session_, run_, Verb::kRename, {settle, place});
+    for (std::size_t index = 0; index < isFile.size() && !hasEnded_; ++index) {
+        if (!isFile[index]) continue;
         session_.Yield();
-        if (session_.state.blnStopAction) hasEnded_ = true;
-        if (hasEnded_) return;
-        if (files) looks.At(index);
+        if (!session_.state.blnStopAction && RenamesPlainly(plain, index)) continue;
+        if (!plain.Finish() || !place(index)) hasEnded_ = true;
+    }
+    if (!plain.Finish()) hasEnded_ = true;
+}
+
+void Renaming::RunFolders(ActionProgress& progress) {
+    const auto& isFile = session_.selection->blnSelIsFile;
+    for (std::size_t index = 0; index < isFile.size(); ++index) {
+        if (isFile[index]) continue;
+        if (!GoesOn()) return;
         RenameObject(index);
         progress.Step();
     }
+}
+
+// One name, of which all is known before it is given.
+bool Renaming::RenamesPlainly(PlainMoves& plain, std::size_t index) {
+    const Renamed object = ObjectAt(index);
+    const std::string path = PlainPath(object);
+    if (path.empty() || !IsPlain(object, path)) return false;
+    actions::Object present = actions::ObjectAt(*session_.selection, index);
+    present.path = object.old;
+    present.actual = object.actual;
+    return plain.Take(present, path);
+}
+
+// Empty where there is more than one name to give, or none.
+std::string Renaming::PlainPath(const Renamed& object) const {
+    if (!request_.given.empty()) return {};
+    if (request_.inserts) return InsertedPath(object);
+    const std::size_t hit = NextHit(object.text, 0, false);
+    if (hit == 0) return {};
+    const std::string text = ReplaceInText(object.text, hit);
+    if (!request_.onlyFirst && NextHit(text, hit, true) != 0) return {};
+    return ReplacedPath(object, text);
+}
+
+void Renaming::SettlePlain(Outcome outcome) {
+    Renamed object = ObjectAt(outcome.index);
+    object.isTried = true;
+    if (outcome.isPlaced) {
+        NoteRenamed(object, std::move(outcome.strDestination));
+    } else {
+        object.hasFailed = true;
+        object.errorNumber = outcome.errorNumber;
+        object.error = std::move(outcome.error);
+    }
+    Settle(object);
 }
 
 void Renaming::SettleChanged() {
@@ -234,10 +302,8 @@ void Renaming::KeepNewNames() {
 // ---- the two modes ----
 
 void Renaming::Insert(Renamed& object) {
-    const std::string& add = request_.add;
     object.isTried = true;
-    std::string path =
-        request_.addsAtEnd ? NewPath(object, object.text, add) : NewPath(object, add, object.text);
+    std::string path = InsertedPath(object);
     const bool isPlain = IsPlain(object, path);
     if (!isPlain) ShowRenaming(object, path);
     if (!CanUse(object, path)) return;
@@ -275,9 +341,7 @@ void Renaming::FindAndReplace(Renamed& object) {
 
 Renaming::Round Renaming::RenameHit(Renamed& object, const std::string& text) {
     object.isTried = true;
-    std::string path =
-        NewPath(object, object.portion == NamePortion::kExtension ? std::string_view(text)
-                                                                  : text::Trim(text));
+    std::string path = ReplacedPath(object, text);
     if (!CanUse(object, path)) return Round::kDone;
     const Moved moved = MoveUnlessTaken(object, path);
     if (moved == Moved::kYes) return Round::kRenamed;
@@ -330,6 +394,16 @@ std::string Renaming::NewPath(const Renamed& object, std::string_view text,
     path.resize(object.above + text::RTrim(name).size());
     if (before > 0) path.erase(object.above, before);
     return path;
+}
+
+std::string Renaming::InsertedPath(const Renamed& object) const {
+    const std::string& add = request_.add;
+    return request_.addsAtEnd ? NewPath(object, object.text, add)
+                              : NewPath(object, add, object.text);
+}
+
+std::string Renaming::ReplacedPath(const Renamed& object, std::string_view text) const {
+    return NewPath(object, object.portion == NamePortion::kExtension ? text : text::Trim(text));
 }
 
 // Nothing is told of it before it is placed, which shows the same.
@@ -394,10 +468,14 @@ Renaming::Moved Renaming::Move(Renamed& object, platform::FreePlace place) {
     if (session_.state.bytPathChoice == session::kPathCancel) hasEnded_ = true;
     if (outcome.isTaken) return Moved::kTaken;
     if (!outcome.isPlaced) return Moved::kNo;
-    object.actual = std::move(outcome.strDestination);
+    NoteRenamed(object, std::move(outcome.strDestination));
+    return Moved::kYes;
+}
+
+void Renaming::NoteRenamed(Renamed& object, std::string path) {
+    object.actual = std::move(path);
     object.old.replace(object.above, object.old.npos, text::FolderOwnName(object.actual));
     object.isChanged = true;
-    return Moved::kYes;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/linux/linux_file_system.h"
 
 #include "platform/linux/native_facts.h"
+#include "platform/linux/resolved_look.h"
 #include "platform/names.h"
 #include "platform/short_names.h"
 #include "platform/try.h"
@@ -68,14 +69,6 @@ std::string ShortForm(std::string_view truePath) {
 
 // ---- looks ----
 
-struct LinuxFileSystem::ResolvedLook final : Known {
-    explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
-    std::uint64_t fileSystem;
-    std::uint64_t changes = 0; // that were made before it
-    std::int64_t takenAt = 0;
-    Resolved place;
-};
-
 // No other file system of this program has the same.
 std::uint64_t LinuxFileSystem::NextNumber() {
     static std::atomic<std::uint64_t> last = 0;
@@ -124,25 +117,7 @@ Result<Look> LinuxFileSystem::LookAt(std::string_view path) {
     return Look{std::string(path), facts, Kept(std::move(look))};
 }
 
-std::optional<AheadLook> LinuxFileSystem::LookedAhead(const SeenObject& seen) {
-    auto look = std::make_shared<ResolvedLook>(number_);
-    look->takenAt = store_.Tick();
-    const auto facts = Seen(seen, look->place);
-    if (!facts) return std::nullopt;
-    return AheadLook{std::move(look), *facts};
-}
-
-std::optional<Look> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
-    const auto ahead = looks_.Take(seen);
-    if (!ahead) return std::nullopt;
-    auto& look = static_cast<ResolvedLook&>(*ahead->known);
-    look.changes = changes_;
-    if (Believed(&look) == nullptr) return std::nullopt;
-    return Look{std::string(seen.path), ahead->facts, ahead->known, seen.sighting.location};
-}
-
 Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
-    if (auto ahead = TakenAhead(seen)) return std::move(*ahead);
     auto look = std::make_shared<ResolvedLook>(number_);
     TX_TRY_ASSIGN(const ObjectFacts facts, Seen(seen, look->place));
     return Look{std::string(seen.path), facts, Kept(std::move(look)), seen.sighting.location};
@@ -220,24 +195,13 @@ bool MayLeadToFolder(const Resolved& place) {
 }
 } // namespace
 
-void LinuxFileSystem::NoteChangedAlone(const Resolved& place) {
-    if (MayLeadToFolder(place)) return NoteChanged();
-    ++changes_;
-    looks_.Forget(place.st->stx_ino);
-}
-
-// What stands where nothing stood is no object that was looked at.
 void LinuxFileSystem::NoteMade(const Resolved& place) {
-    if (place.Exists()) {
-        NoteChanged();
-    } else {
-        ++changes_;
-    }
+    NoteChanged();
     store_.NoteMade(place.native);
 }
 
 void LinuxFileSystem::NoteRenamed(const Resolved& source, std::string_view to) {
-    NoteChangedAlone(source);
+    NoteChanged();
     if (MayLeadToFolder(source)) store_.NoteMoved(source.native);
     store_.NoteRenamed(source.native, to);
 }

@@ -10,10 +10,11 @@
 #include "platform/linux/linux_foresight.h"
 #include "platform/linux/linux_open_folder.h"
 #include "platform/linux/listing_store.h"
-#include "platform/linux/look_ahead.h"
+#include "platform/linux/move_queue.h"
 #include "platform/linux/path_resolver.h"
 
 #include <memory>
+#include <span>
 
 namespace tarvix::platform {
 
@@ -50,7 +51,6 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
                                                        const CopyObserver& observer) override;
     Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override;
-    void LookSoon(std::span<const SeenObject> objects) override;
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -59,6 +59,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     Result<void> MoveFileTo(const Look& from, const FreePlace& to,
                             const CopyObserver& observer) override;
     Result<void> MoveFolderTo(const Look& from, const FreePlace& to) override;
+    bool HandMove(const Look& from, const FreePlace& to, MoveNote note) override;
+    HandedMoves TakeHanded(MoveWait wait) override;
     Result<std::unique_ptr<UnnamedCopy>> PrepareFileOf(const Look& from, std::string_view to,
                                                        const CopyObserver& observer) override;
     Result<std::unique_ptr<UnnamedCopy>> PrepareFolderOf(const Look& from, std::string_view to,
@@ -104,10 +106,11 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // What its store of folders had to do so far.
     StoreCounts Counts() const { return store_.Counts(); }
 
-  private:
     // A look or a free place hands down what it was resolved to. That is believed as long as a
     // folder is (FolderStore::kBelieved) and nothing was changed here in between.
     struct ResolvedLook;
+
+  private:
     static std::uint64_t NextNumber();
     // To be called once its place is filled.
     std::shared_ptr<const Known> Kept(std::shared_ptr<ResolvedLook> look) const;
@@ -122,8 +125,6 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     // A copy without its name, and the place where it will get one.
     class Prepared;
 
-    // For the thread that looks ahead.
-    std::optional<AheadLook> LookedAhead(const SeenObject& seen);
     Result<Resolved> TruePlace(std::string_view path);
     // A file for its bytes, links followed: 52, 53, and 70 for writing to a read-only one.
     Result<Resolved> FileForBytes(std::string_view path, bool toWrite);
@@ -156,24 +157,27 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     Sys<void> Rename(const Resolved& source, const Resolved& target, std::string_view native,
                      const Sys<Location>& to);
     bool IsGone(const Resolved& source);
+    // Whether another object than the source stands there, where that can be told.
+    static bool IsExchanged(const Resolved& source, const Location& there);
     // What took the place of a seen object in the moment of its move goes back; `there` is the new
     // place.
     Result<void> CheckMoved(const Resolved& source, const Resolved& target, const Location& there,
                             std::string_view from, std::string_view to);
+    // Whether that went back.
+    bool TakeBack(const Resolved& source, const Resolved& target, const Location& there);
+    static PlatformError AstrayError(std::string_view from, std::string_view to);
+    // Whether the names that handed moves will have are known here.
+    bool KnowsHanded(const Resolved& target);
+    // For the thread that makes moves.
+    MoveEnd Make(ReadyMove& move) const;
+    void UndoHanded(std::span<const ReadyMove> left);
     // `native` is the path of the target, which the location points to.
     Sys<Location> NewLocation(const Resolved& source, const Resolved& target,
                               const std::string& native);
     Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
-    // An object is another than it was: no look that was taken before stands.
-    void NoteChanged() {
-        ++changes_;
-        looks_.ForgetAll();
-    }
-    // The same of one that leads to no folder, so that no other is reached otherwise than before.
-    void NoteChangedAlone(const Resolved& place);
-    // A look that was taken ahead, if nothing is known to have changed since.
-    std::optional<Look> TakenAhead(const SeenObject& seen);
+    // No look that was taken before stands.
+    void NoteChanged() { ++changes_; }
     void NoteMade(const Resolved& place);
     // `to` is the native path that it has now.
     void NoteRenamed(const Resolved& source, std::string_view to);
@@ -188,7 +192,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
-    LookAhead looks_{[this](const SeenObject& seen) { return LookedAhead(seen); }};
+    std::uint64_t readsBeforeMoves_ = 0; // of the store, when no handed move was on its way
+    MoveQueue moves_{[this](ReadyMove& move) { return Make(move); }};
 };
 
 } // namespace tarvix::platform

@@ -23,6 +23,12 @@ Result<void> CheckEmpty(At at, std::string_view path) {
     if (reader.Error() != 0) return FailureOf(reader.Error(), path);
     return {};
 }
+
+// The number of a file that was deleted is soon given to another.
+bool IsLaterBorn(const struct statx& st, const struct statx& source) {
+    const bool tellsBirth = (st.stx_mask & source.stx_mask & STATX_BTIME) != 0;
+    return tellsBirth && TimeOf(st.stx_btime) != TimeOf(source.stx_btime);
+}
 } // namespace
 
 Result<ObjectFacts> LinuxFileSystem::Seen(const SeenObject& seen, Resolved& place) {
@@ -40,13 +46,6 @@ Result<ObjectFacts> LinuxFileSystem::Seen(const SeenObject& seen, Resolved& plac
         TX_TRY(CheckEmpty(at, seen.path));
     }
     return facts;
-}
-
-// ---- looks ahead ----
-
-void LinuxFileSystem::LookSoon(std::span<const SeenObject> objects) {
-    if (!roads_.ahead) return;
-    objects.empty() ? looks_.Drop() : looks_.Add(objects);
 }
 
 // ---- what a look stands for ----
@@ -78,23 +77,38 @@ Result<const Resolved*> LinuxFileSystem::FolderOf(const Look& look, Resolved& an
 
 // ---- after a move ----
 
+bool LinuxFileSystem::IsExchanged(const Resolved& source, const Location& there) {
+    if (!source.around || !source.Drives().KeepsNumbersAt(DeviceOf(*source.st))) return false;
+    const auto st = StatOf(At(there));
+    return st && (!IsSameObject(*st, *source.st) || IsLaterBorn(*st, *source.st));
+}
+
+bool LinuxFileSystem::TakeBack(const Resolved& source, const Resolved& target,
+                               const Location& there) {
+    const auto st = StatOf(At(there));
+    const auto here = LocationOf(source, store_);
+    const bool isFolder = st && S_ISDIR(st->stx_mode);
+    const bool isBack = here && RenameWithoutReplacing(there, *here, isFolder, roads_);
+    NoteChanged();
+    store_.Forget(source.Folder());
+    store_.Forget(target.Folder());
+    return isBack;
+}
+
+PlatformError LinuxFileSystem::AstrayError(std::string_view from, std::string_view to) {
+    return {kChangedSinceSearch,
+            fmt::format("{} was exchanged for another object while it was being moved. That one is "
+                        "at {}.",
+                        ForDisplay(from), ForDisplay(to))};
+}
+
 // A rename goes by name, so that another object may have come to it since it was looked at.
 Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved& target,
                                          const Location& there, std::string_view from,
                                          std::string_view to) {
-    if (!source.around || !source.Drives().KeepsNumbersAt(DeviceOf(*source.st))) return {};
-    const auto st = StatOf(At(there));
-    if (!st || IsSameObject(*st, *source.st)) return {};
-    TX_TRY_ASSIGN(const Location here, Named(LocationOf(source, store_), from));
-    const auto back = RenameWithoutReplacing(there, here, S_ISDIR(st->stx_mode), roads_);
-    NoteChanged();
-    store_.Forget(source.Folder());
-    store_.Forget(target.Folder());
-    if (back) return FailureBy(kChangedSinceSearch, from);
-    return Failure(kChangedSinceSearch,
-                   fmt::format("{} was exchanged for another object while it was being moved. That "
-                               "one is at {}.",
-                               ForDisplay(from), ForDisplay(to)));
+    if (!IsExchanged(source, there)) return {};
+    if (TakeBack(source, target, there)) return FailureBy(kChangedSinceSearch, from);
+    return std::unexpected(AstrayError(from, to));
 }
 
 // Beside the source it is the folder of the source, whatever its path leads to by then.

@@ -41,12 +41,18 @@ Result<std::string> LinuxTextWriter::ReadLine() {
 }
 
 Result<void> LinuxTextWriter::Write(std::string_view text) {
+    const std::scoped_lock lock(mutex_);
     if (!fd_) return FailureBy(kBadFileName, path_);
     buffer_ += text;
-    return buffer_.size() < kBufferSize ? Result<void>() : Flush();
+    return buffer_.size() < kBufferSize ? Result<void>() : FlushLocked();
 }
 
 Result<void> LinuxTextWriter::Flush() {
+    const std::scoped_lock lock(mutex_);
+    return FlushLocked();
+}
+
+Result<void> LinuxTextWriter::FlushLocked() {
     if (!fd_) return FailureBy(kBadFileName, path_);
     // What did go out before a failure must not go out twice.
     std::size_t done = 0;
@@ -65,7 +71,8 @@ Result<void> LinuxTextWriter::Flush() {
 }
 
 Result<void> LinuxTextWriter::Close() {
-    auto flushed = Flush();
+    const std::scoped_lock lock(mutex_);
+    auto flushed = FlushLocked();
     if (!fd_) return flushed;
     const int closed = ::close(fd_.Release());
     if (flushed && closed != 0 && errno != EINTR) return FailureOf(errno, path_);

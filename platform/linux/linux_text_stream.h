@@ -4,6 +4,7 @@
 #include "platform/text_stream.h"
 #include "text/encoding.h"
 
+#include <mutex>
 #include <string>
 
 namespace tarvix::platform {
@@ -28,7 +29,7 @@ class LinuxTextReader : public TextStream {
     bool isClosed_ = false;
 };
 
-// A text file being written, buffered.
+// A text file being written, buffered. Several threads may write it.
 class LinuxTextWriter : public TextStream {
   public:
     LinuxTextWriter(UniqueFd fd, std::string path) : fd_(std::move(fd)), path_(std::move(path)) {}
@@ -41,6 +42,9 @@ class LinuxTextWriter : public TextStream {
     Result<void> Close() override;
 
   private:
+    Result<void> FlushLocked();
+
+    std::mutex mutex_;
     UniqueFd fd_;
     std::string path_;
     std::string buffer_;

@@ -89,10 +89,13 @@ Sys<void> RenameIfFree(At from, At to) {
 }
 } // namespace
 
+Sys<void> RenameInOneStep(At from, At to) {
+    return Checked(::renameat2(from.folder, from.name, to.folder, to.name, RENAME_NOREPLACE));
+}
+
 Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads& roads) {
     if (roads.renameNoReplace) {
-        const auto renamed =
-            Checked(::renameat2(from.folder, from.name, to.folder, to.name, RENAME_NOREPLACE));
+        const auto renamed = RenameInOneStep(from, to);
         if (renamed || renamed.error() == EPERM || !IsUnsupported(renamed.error())) return renamed;
     }
     if (!isFolder && roads.links) {

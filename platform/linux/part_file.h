@@ -45,6 +45,9 @@ class PartFile {
     CopyRoads roads_;
 };
 
+// The plain call for a rename that never replaces, with its own errnos.
+Sys<void> RenameInOneStep(At from, At to);
+
 // Renames without ever replacing anything: EEXIST. Where the system can't do that in one step,
 // files are linked and unlinked, or the name is looked for just before.
 Sys<void> RenameWithoutReplacing(At from, At to, bool isFolder, const CopyRoads& roads);

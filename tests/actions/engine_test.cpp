@@ -228,7 +228,7 @@ TEST_F(Engine, AFolderThatAppearsMeanwhileIsNeverFilledNorTakenAway) {
     const auto appear = [this] {
         const auto& calls = machine.faults.Calls();
         const bool wasTested = std::any_of(calls.begin(), calls.end() - 1, [](const auto& call) {
-            return call.operation == "Facts" && call.path == "C:\\d\\sub";
+            return call.operation == "KnownFree" && call.path == "C:\\d\\sub";
         });
         if (wasTested) Disk().AddFile("C:\\d\\sub\\mine", "mine");
     };

@@ -5,6 +5,8 @@
 #include "text/case.h"
 #include "text/paths.h"
 
+#include <utility>
+
 namespace tarvix::platform {
 
 namespace {
@@ -265,6 +267,48 @@ Result<std::unique_ptr<UnnamedCopy>> FaultyFileSystem::PrepareFolder(std::string
 Result<std::vector<std::string>> FaultyFileSystem::RemoveAbandoned(std::string_view folder) {
     TX_TRY(Enter("RemoveAbandoned", folder));
     return files_.RemoveAbandoned(folder);
+}
+
+std::optional<FreePlace> FaultyFileSystem::KnownFree(std::string_view path) {
+    if (!Enter("KnownFree", path)) return std::nullopt;
+    const auto facts = files_.Facts(path);
+    if (refusesMoves_ || facts || facts.error().number != kFileNotFound) return std::nullopt;
+    return FreePlace{std::string(path), nullptr};
+}
+
+bool FaultyFileSystem::HandMove(const Look& from, const FreePlace& to, MoveNote note) {
+    if (refusesMoves_ || hasRefused_) return false;
+    ++handedCount_;
+    handed_.push_back({from, to, std::move(note)});
+    if (!holdsMoves_) MakeHanded();
+    return true;
+}
+
+void FaultyFileSystem::MakeHanded() {
+    while (!handed_.empty() && !hasRefused_) {
+        const HandedMove& move = handed_.front();
+        if (!MoveFileTo(move.from, move.to, {})) {
+            hasRefused_ = true;
+            return;
+        }
+        if (move.note.stream) {
+            auto written = move.note.stream->Write(move.note.text);
+            if (written) written = move.note.stream->Flush();
+            if (!written && !told_.unwritten) told_.unwritten = written.error();
+        }
+        ++told_.made;
+        handed_.pop_front();
+    }
+}
+
+HandedMoves FaultyFileSystem::TakeHanded(MoveWait wait) {
+    if (wait != MoveWait::kNone && wait != MoveWait::kStop) MakeHanded();
+    HandedMoves told = std::exchange(told_, {});
+    if (std::exchange(hasRefused_, false) || wait == MoveWait::kStop) {
+        told.left = handed_.size();
+        handed_.clear();
+    }
+    return told;
 }
 
 Result<void> FaultyFileSystem::MoveFile(std::string_view from, std::string_view to,

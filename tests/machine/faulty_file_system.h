@@ -2,7 +2,9 @@
 
 #include "platform/file_system.h"
 
+#include <deque>
 #include <map>
+#include <optional>
 
 namespace tarvix::platform {
 
@@ -100,14 +102,17 @@ class FaultyFileSystem : public FileSystem {
                                                        const CopyObserver& observer) override;
     Result<std::vector<std::string>> RemoveAbandoned(std::string_view folder) override;
     void CopySoon(std::span<const PlannedCopy> copies) override { files_.CopySoon(copies); }
-    void LookSoon(std::span<const SeenObject> objects) override {
-        auto& paths = lookedSoon_.emplace_back();
-        for (const SeenObject& object : objects)
-            paths.emplace_back(object.path);
-        files_.LookSoon(objects);
-    }
-    // The paths of each call of LookSoon.
-    const std::vector<std::vector<std::string>>& LookedSoon() const { return lookedSoon_; }
+    // A file that was handed over is moved at once, and counts as "MoveFile"; while moves are held
+    // it is moved when it is asked for.
+    bool HandMove(const Look& from, const FreePlace& to, MoveNote note) override;
+    HandedMoves TakeHanded(MoveWait wait) override;
+    void HoldMoves(bool isHeld) { holdsMoves_ = isHeld; }
+    // Takes no moves over.
+    void RefuseMoves() { refusesMoves_ = true; }
+    // Of a folder that is there all names are known.
+    std::optional<FreePlace> KnownFree(std::string_view path) override;
+    // How many moves were handed over.
+    std::size_t Handed() const { return handedCount_; }
     Result<void> MoveFile(std::string_view from, std::string_view to,
                           const CopyObserver& observer) override;
     Result<void> MoveFolder(std::string_view from, std::string_view to) override;
@@ -125,6 +130,13 @@ class FaultyFileSystem : public FileSystem {
     Foresight& Foresee() override { return foresight_; }
 
   private:
+    struct HandedMove {
+        Look from;
+        FreePlace to;
+        MoveNote note;
+    };
+    void MakeHanded();
+
     struct Fault {
         std::string operation;  // empty: any
         std::string path;       // empty: any; else upper case, no final "\"
@@ -140,8 +152,13 @@ class FaultyFileSystem : public FileSystem {
     FaultyForesight foresight_{files_};
     std::vector<Fault> faults_;
     std::vector<Call> calls_;
-    std::vector<std::vector<std::string>> lookedSoon_;
     std::map<std::string, std::size_t, std::less<>> counts_;
+    std::deque<HandedMove> handed_; // those that were not made
+    HandedMoves told_;
+    std::size_t handedCount_ = 0;
+    bool hasRefused_ = false;
+    bool holdsMoves_ = false;
+    bool refusesMoves_ = false;
 };
 
 } // namespace tarvix::platform

@@ -181,7 +181,6 @@ class ResultList {
     std::string ListedCell(std::size_t index, Column column) const;
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
-    std::string LengthCell(const ResultRow& row) const;
     void ForEachYearRank(const std::function<void(std::string_view cell)>& take) const;
     void RenameFolder(const std::string& path, std::string_view name);
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;

@@ -12,6 +12,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace tarvix::search {
@@ -25,7 +26,8 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
     : session_(session), counters_(counters), list_(list), filters_(filters), request_(request),
       readsLinks_(results::WantsLinks(session, request.target)), linkReader_(session),
       readsFacts_(!request.namesAlone) {
-    list_.Want(WishFor(request.strings.strings));
+    const platform::VisitWish wish = WishFor(request.strings.strings);
+    list_.Want(WishBelow(wish), wish);
 }
 
 // For all strings at once, so that each folder is visited once. Where one file of a folder is
@@ -33,9 +35,7 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
 platform::VisitWish FindFamily::WishFor(const std::vector<std::string>& strings) const {
     platform::VisitWish wish;
     const bool takesFiles = request_.kind != Kind::kFolders && request_.kind != Kind::kEmptyFolders;
-    const bool takesFolders = request_.kind == Kind::kFolders || request_.kind == Kind::kAllObjects;
-    wish.folderFacts = takesFolders && readsFacts_;
-    if (!takesFiles || !request_.subfolders) return wish;
+    if (!takesFiles) return wish;
     auto matches = std::make_shared<std::vector<NameMatch>>();
     for (const std::string& searchString : strings)
         matches->emplace_back(searchString, request_.isNot);
@@ -46,6 +46,14 @@ platform::VisitWish FindFamily::WishFor(const std::vector<std::string>& strings)
                });
     };
     wish.facts = readsFacts_ && !(request_.oneEach && request_.kind == Kind::kFiles);
+    return wish;
+}
+
+// The same for the folders below a location.
+platform::VisitWish FindFamily::WishBelow(platform::VisitWish wish) const {
+    const bool takesFolders = request_.kind == Kind::kFolders || request_.kind == Kind::kAllObjects;
+    if (!request_.subfolders) wish = {};
+    wish.folderFacts = takesFolders && readsFacts_;
     return wish;
 }
 
@@ -187,19 +195,20 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     ShowCurrent(index);
     session_.Yield();
     TX_TRY(Test());
-    FindCandidates(index);
     const platform::FolderListing& names = list_.NamesOf(index);
+    FindCandidates(index);
     // A walk that stops at the first match, or soon, would read too much.
-    std::optional<FactsAhead> factsAhead;
-    if (readsFacts_ && factsAt_.empty() && !oneEach && found_.size() >= kWorthReadingAhead) {
-        factsAhead.emplace(session_, list_, index, found_);
+    const bool isMany = found_.size() >= kWorthReadingAhead && !oneEach;
+    if (readsFacts_ && factsAt_.empty() && isMany && list_.ReadFactsOf(index, found_)) {
+        factsAt_.resize(found_.size());
+        std::iota(factsAt_.begin(), factsAt_.end(), 0U);
     }
     std::size_t next = 0;
     for (std::uint32_t at = 0; at < names.Size(); ++at) {
         const platform::FolderEntry entry = names[at];
         if (entry.isFolder) continue;
         if (next < found_.size() && found_[next] == at) {
-            auto facts = factsAhead ? factsAhead->Next() : VisitFacts(index, next);
+            auto facts = VisitFacts(index, next);
             TX_TRY(Test());
             if (!facts) facts = FactsOrNote(index, entry.name, routine);
             ++next;
@@ -221,7 +230,7 @@ std::optional<platform::ObjectFacts> FindFamily::VisitFacts(std::size_t index,
                                                             std::size_t next) const {
     if (!readsFacts_) return platform::ObjectFacts{};
     if (factsAt_.empty()) return std::nullopt;
-    const platform::BriefFacts& facts = list_.FactsOf(index, factsAt_[next]);
+    const platform::BriefFacts facts = list_.FactsOf(index, factsAt_[next]);
     return facts.isKnown ? std::optional(platform::Whole(facts)) : std::nullopt;
 }
 

@@ -55,6 +55,7 @@ class FindFamily {
     WalkEnd WalkFolder(std::size_t index, Folders which);
     bool IsSpecTooLong(std::size_t index, std::string_view routine);
     platform::VisitWish WishFor(const std::vector<std::string>& strings) const;
+    platform::VisitWish WishBelow(platform::VisitWish wish) const;
     void FindCandidates(std::size_t index);
     std::optional<platform::ObjectFacts> VisitFacts(std::size_t index, std::size_t next) const;
     std::optional<platform::ObjectFacts> FolderFacts(std::size_t index, std::string_view name);

@@ -64,8 +64,8 @@ void ResultList::ForEachCell(Column column,
 
 void ResultList::ForEachYearRank(const std::function<void(std::string_view cell)>& take) const {
     YearRanks ranks(details_->MaxYear(), folders_.size());
-    CellTexts cells(rows_.size()); // in the order in which rows lie in memory
-    for (const ResultRow& row : rows_) {
+    CellTexts cells(rows_.Size()); // in the order in which rows lie in memory
+    for (const ResultRow& row : rows_.From(kSpacer)) {
         const bool isListed = row.Has(kListed);
         const bool isEmpty = row.IsSpacer() || (row.isFolder && !isListed);
         const auto forms = isListed ? YearRankForms::kPlaylist : YearRankForms::kSearch;

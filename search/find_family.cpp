@@ -62,7 +62,7 @@ void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     match_.reset();
     earlier_.clear();
     intFolderIndex_ = intFolderIndex;
-    rowFolderIndex_ = openedIndex_ = SIZE_MAX;
+    rowFolderIndex_ = openedIndex_ = heldIndex_ = SIZE_MAX;
     opened_.reset();
 }
 
@@ -166,7 +166,8 @@ bool FindFamily::AddFile(std::size_t index, std::string_view name,
                          .attributes = facts.attributes,
                          .identity = facts.identity,
                          .isNameAlone = !readsFacts_,
-                         .links = links ? &*links : nullptr});
+                         .links = links ? &*links : nullptr,
+                         .isNameHeld = HoldsNames(index)});
     return true;
 }
 
@@ -219,6 +220,19 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     }
     if (IsLastString()) list_.DropFactsTo(index);
     return {};
+}
+
+// Where most names of a folder are listed the list keeps them all, and rows need no copies. An
+// object that two strings find may have two rows, whose names are told apart by where they lie.
+bool FindFamily::HoldsNames(std::size_t index) {
+    const auto& names = list_.At(index).visit.names;
+    const bool mayFail = request_.size.choice != SizeChoice::kNone ||
+                         request_.date.choice != DateChoice::kNone || request_.oneEach ||
+                         request_.strings.strings.size() > 1;
+    if (mayFail || !names || 2 * found_.size() < names->Size()) return false;
+    if (heldIndex_ != index) session_.rows->Hold(names);
+    heldIndex_ = index;
+    return true;
 }
 
 bool FindFamily::IsLastString() const {

@@ -71,6 +71,7 @@ class FindFamily {
                  std::optional<results::LinkCells>& links);
     bool IsEmptyFolder(std::size_t index);
     bool IsLastString() const;
+    bool HoldsNames(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
     void MakeRoom(std::size_t i);
@@ -104,6 +105,7 @@ class FindFamily {
     std::size_t rowFolderIndex_ = SIZE_MAX;
     std::unique_ptr<platform::OpenFolder> opened_;
     std::size_t openedIndex_ = SIZE_MAX;
+    std::size_t heldIndex_ = SIZE_MAX; // whose names the list keeps
 };
 
 } // namespace tarvix::search

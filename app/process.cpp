@@ -18,6 +18,7 @@ bool Recurs(int signal) {
 }
 
 constexpr int kFreedAndKept = 256 << 20;     // bytes, as all below
+constexpr int kSortingRoom = 64 << 20;       // of a million rows
 constexpr int kMostFromHeap = 32 << 20;      // as large as the C library takes
 constexpr std::size_t kFirstHeap = 64 << 20; // of addresses; what isn't used costs nothing
 constexpr int kHeapStep = 8 << 20;
@@ -62,6 +63,11 @@ void KeepMemory() {
     if (end - before < kFirstHeap) return;
     const std::uintptr_t begin = (before + kLargePage - 1) / kLargePage * kLargePage;
     (void)madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+
+void KeepSortingRoom() {
+    mallopt(M_TRIM_THRESHOLD, kSortingRoom);
+    mallopt(M_MMAP_THRESHOLD, kMostFromHeap);
 }
 
 void OpenStandardDescriptors() {

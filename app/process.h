@@ -20,6 +20,11 @@ void OpenStandardDescriptors();
 // of it first comes in large pages where the machine has some. Nothing is different if it has none.
 void KeepMemory();
 
+// For a process whose lists are sorted again and again: the room of one sort, some of which would
+// be given back to the system each time, stays for the next. Fresh memory costs as much as the
+// sort.
+void KeepSortingRoom();
+
 // What the process ends with after that signal.
 constexpr int ExitCodeAfter(int signal) {
     return 128 + signal;

@@ -132,6 +132,7 @@ void CloseOnSignals(QMainWindow& window) {
 } // namespace
 
 int main(int argc, char** argv) {
+    app::KeepSortingRoom();
     app::OpenStandardDescriptors();
     int exitCode = 0;
     const auto request = ReadArguments(argc, argv, exitCode);

@@ -2,6 +2,7 @@
 // it is listed, in turn with `find`; a click on a column's head with its grouping, select all, a
 // scroll.
 
+#include "app/process.h"
 #include "app/program.h"
 #include "bench/pairs.h"
 #include "forms/event_gate.h"
@@ -119,6 +120,7 @@ int main(int argc, char** argv) {
         fmt::print(stderr, "Usage: bench_window TREE DATA_FOLDER\n");
         return 2;
     }
+    app::KeepSortingRoom(); // as the program does
     if (qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int windowArgc = 1;
     QApplication application(windowArgc, argv);

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <ostream>
 #include <utility>
 #include <vector>
@@ -64,6 +65,15 @@ void AppendJsonText(std::string& out, const std::string& text) {
         out += c;
     }
     out += '"';
+}
+
+// Whether the cells of a column are digits, marks and letters of the program's own, which nothing
+// has to be done with.
+bool IsOwnText(int column) {
+    constexpr std::array<int, 5> kOwn{results::kSize, results::kDate, results::kAttributes,
+                                      results::kPathNameLength, results::kPathLevels};
+    return column == kIsFolderColumn || column == kModifiedColumn || column == kBytesColumn ||
+           std::ranges::find(kOwn, column) != kOwn.end();
 }
 
 // Gathers text and hands it on in large blocks.
@@ -135,6 +145,7 @@ class RowPrinter {
           toTerminal_(print.toTerminal), columns_(print.output.columns), gathered_(out) {
         for (const int column : columns_)
             heads_.push_back(nlohmann::json(KeyOfOutput(column)).dump());
+        std::ranges::transform(columns_, std::back_inserter(areOwn_), IsOwnText);
     }
 
     bool Print() {
@@ -212,11 +223,20 @@ class RowPrinter {
         std::string& out = gathered_.Text();
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             if (i > 0) out += '\t';
+            if (areOwn_[i]) {
+                AppendOwnText(out, row, columns_[i]);
+                continue;
+            }
             const std::size_t begin = out.size();
             AppendCell(out, row, columns_[i]);
             EscapeField(out, begin);
         }
         out += '\n';
+    }
+
+    void AppendOwnText(std::string& out, std::size_t row, int column) const {
+        if (column < 0) return facts_.Append(out, row, column);
+        rows_.AppendCell(out, row, static_cast<results::Column>(column));
     }
 
     // What was appended from `begin` on, as the form of the output has it.
@@ -253,6 +273,7 @@ class RowPrinter {
     RowFormat format_;
     bool toTerminal_;
     std::vector<int> columns_;
+    std::vector<bool> areOwn_; // see IsOwnText
     std::vector<std::string> heads_;
     std::string cell_;
     Gathered gathered_;

@@ -17,6 +17,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "The Tarvix developers")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Move, copy and rename many files by rule")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS libglib2.0-0) # which is loaded when it is needed
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
 include(CPack)

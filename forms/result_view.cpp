@@ -68,7 +68,7 @@ void ResultView::LayOutRows(int first) {
         lookedAt_ = 0;
     }
     const auto isLater = [](const auto& row) { return results::LaterPattern(row) > 0; };
-    hasLaterPatterns_ |= std::ranges::any_of(rows_.Added().subspan(lookedAt_), isLater);
+    hasLaterPatterns_ |= std::ranges::any_of(rows_.Added().From(lookedAt_), isLater);
     lookedAt_ = rows_.Added().size();
     QHeaderView& heights = *verticalHeader();
     const QSignalBlocker quiet(heights);

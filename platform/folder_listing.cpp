@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <span>
 
 namespace tarvix::platform {
 
@@ -22,10 +23,81 @@ constexpr std::size_t kKeptRoom = 4096; // names
 // The first eight bytes as a number that orders like them.
 std::uint64_t PrefixOf(std::string_view key) {
     std::uint64_t bytes = 0;
-    if (!key.empty()) std::memcpy(&bytes, key.data(), std::min(key.size(), sizeof bytes));
+    if (key.size() >= sizeof bytes) {
+        std::memcpy(&bytes, key.data(), sizeof bytes);
+    } else if (!key.empty()) {
+        std::memcpy(&bytes, key.data(), key.size());
+    }
     if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
     return bytes;
 }
+
+// Puts names in the order of their upper-case forms, ties by exact text. Eight bytes at a time:
+// most comparisons are of numbers, and only names that agree so far look at the next ones.
+class NameSorter {
+  public:
+    // What stands at each place then, by its index before. Lives until the next call.
+    struct Item {
+        std::uint64_t key; // eight bytes of its form
+        std::uint32_t index;
+    };
+    std::span<const Item> Sort(const FolderListing& names) {
+        text_.clear();
+        ends_.assign(1, 0);
+        items_.clear();
+        for (std::uint32_t i = 0; i < names.Size(); ++i) {
+            text::AppendUpper(text_, names[i].name);
+            ends_.push_back(text_.size());
+            items_.push_back({0, i});
+        }
+        SortFrom(names, items_, 0);
+        return items_;
+    }
+    void GiveBackRoom() {
+        if (items_.size() > kKeptRoom) *this = {};
+    }
+
+  private:
+    static constexpr std::size_t kAtOnce = 8;     // bytes
+    static constexpr std::size_t kWorthKeys = 16; // names
+
+    std::string_view FormOf(const Item& item) const {
+        const std::size_t begin = ends_[item.index];
+        return std::string_view(text_).substr(begin, ends_[item.index + 1] - begin);
+    }
+
+    // Names that agree up to there.
+    void SortFrom(const FolderListing& names, std::span<Item> items, std::size_t depth) {
+        bool goesOn = items.size() >= kWorthKeys;
+        for (Item& item : items) {
+            const std::string_view form = FormOf(item);
+            item.key = PrefixOf(form.substr(std::min(depth, form.size())));
+            goesOn = goesOn && form.size() > depth;
+        }
+        if (!goesOn) return SortAtOnce(names, items);
+        std::ranges::sort(items, {}, &Item::key);
+        for (std::size_t begin = 0; begin < items.size();) {
+            std::size_t end = begin + 1;
+            while (end < items.size() && items[end].key == items[begin].key)
+                ++end;
+            const auto equal = items.subspan(begin, end - begin);
+            if (equal.size() > 1) SortFrom(names, equal, depth + kAtOnce);
+            begin = end;
+        }
+    }
+
+    void SortAtOnce(const FolderListing& names, std::span<Item> items) {
+        std::ranges::sort(items, [this, &names](const Item& a, const Item& b) {
+            if (a.key != b.key) return a.key < b.key;
+            if (const int order = FormOf(a).compare(FormOf(b)); order != 0) return order < 0;
+            return names[a.index].name < names[b.index].name;
+        });
+    }
+
+    std::string text_; // all forms, so that a comparison neither folds nor allocates
+    std::vector<std::size_t> ends_;
+    std::vector<Item> items_;
+};
 } // namespace
 
 void FolderListing::Clear() {
@@ -47,39 +119,14 @@ FolderEntry FolderListing::operator[](std::size_t index) const {
 }
 
 void FolderListing::SortByName() {
-    // One block of upper-case forms, so that a comparison neither folds nor allocates; its room is
-    // kept for the next folder.
-    struct Sorted {
-        std::uint64_t prefix;
-        std::size_t begin; // of its form
-        std::size_t length;
-        Record record;
-    };
-    static thread_local std::string keys;
-    static thread_local std::vector<Sorted> order;
-    keys.clear();
-    order.clear();
-    for (std::size_t i = 0; i < records_.size(); ++i) {
-        const std::size_t begin = keys.size();
-        text::AppendUpper(keys, (*this)[i].name);
-        const std::string_view key = std::string_view(keys).substr(begin);
-        order.push_back({PrefixOf(key), begin, key.size(), records_[i]});
-    }
-    const std::string_view forms = keys;
-    const std::string_view names = names_;
-    std::sort(order.begin(), order.end(), [forms, names](const Sorted& a, const Sorted& b) {
-        if (a.prefix != b.prefix) return a.prefix < b.prefix;
-        const int keyOrder =
-            forms.substr(a.begin, a.length).compare(forms.substr(b.begin, b.length));
-        if (keyOrder != 0) return keyOrder < 0;
-        return names.substr(a.record.offset, a.record.length) <
-               names.substr(b.record.offset, b.record.length);
-    });
-    for (std::size_t i = 0; i < records_.size(); ++i)
-        records_[i] = order[i].record;
-    if (order.size() <= kKeptRoom) return;
-    keys = {};
-    order = {};
+    static thread_local NameSorter sorter; // its room is kept for the next folder
+    static thread_local std::vector<Record> sorted;
+    sorted.clear();
+    for (const auto& item : sorter.Sort(*this))
+        sorted.push_back(records_[item.index]);
+    std::ranges::copy(sorted, records_.begin());
+    sorter.GiveBackRoom();
+    if (sorted.size() > kKeptRoom) sorted = {};
 }
 
 void FolderListing::ShrinkToFit() {

@@ -53,6 +53,19 @@ struct FolderVisit {
     BriefFacts folder;
 };
 
+// A folder held open for several threads, which outlives its file system if it must.
+class PartedFolder {
+  public:
+    using More = std::function<void(const FolderListing& soFar)>;
+
+    virtual ~PartedFolder() = default;
+    // Its names, in `Dir` order; null where they can't be read. `more` is told now and then what
+    // was read so far, in the disk's order; later names come behind it. By one thread.
+    virtual std::shared_ptr<const FolderListing> NamesInParts(const More& more) = 0;
+    // The facts of one of its names, in drive form. By any thread, and while names are read.
+    virtual BriefFacts FactsOf(std::string_view name) const = 0;
+};
+
 // Visits folders one after the other, for one thread; each is opened once for all that is wanted of
 // it.
 class FolderVisitor {
@@ -64,6 +77,8 @@ class FolderVisitor {
     // Between runs of visits: what is held open of the last ones is given back. Gives whether the
     // disk made it wait for most of them.
     virtual bool EndRun() { return false; }
+    // Null where it can't be opened, or only a visit can read it.
+    virtual std::unique_ptr<PartedFolder> OpenInParts(const std::string&) { return nullptr; }
 };
 
 // A file system that has a quicker way to visit a folder than to open it by its path.

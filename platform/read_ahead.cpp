@@ -30,34 +30,20 @@ constexpr std::chrono::milliseconds kEndWaits{40};
 struct Order {
     std::string folder;
     bool isForNames = false;
-    bool isLook = false; // for the facts of `names` alone
-    FolderListing names;
 };
 
 struct Job {
     explicit Job(Order&& given) : order(std::move(given)) {}
     Order order;
-    std::vector<std::optional<ObjectFacts>> looks;
     FolderVisit visit;
     std::atomic<bool> isDone = false;
 };
-
-void LookAtAll(FileSystem& files, Job& job, const std::atomic<bool>& isDropped) {
-    const FolderListing& names = job.order.names;
-    job.looks.resize(names.Size());
-    if (names.Size() == 0) return;
-    auto folder = files.Open(job.order.folder);
-    if (!folder) return;
-    for (std::size_t i = 0; i < names.Size() && !isDropped; ++i) {
-        if (auto facts = (*folder)->Facts(names[i].name)) job.looks[i] = *facts;
-    }
-}
 
 } // namespace
 
 // Only the owner adds and drops jobs; readers take them up in their order. What both touch is under
 // the lock, except whether a job is done, so that a result that is there costs the owner nothing.
-// Readers that the disk holds up may outlive the owner; only visits do that.
+// Readers that the disk holds up may outlive the owner.
 struct ReadAhead::State {
     State(FileSystem& fileSystem, VisitWish visitWish)
         : files(fileSystem), wish(std::move(visitWish)),
@@ -97,7 +83,6 @@ struct ReadAhead::State {
     std::size_t next = 0; // the first that nobody has taken up
     std::vector<std::thread> readers;
     std::size_t running = 0;
-    bool isLooking = false; // some order was for facts alone
     std::atomic<std::size_t> idle = 0;
     std::atomic<bool> ownerWaits = false;
     std::atomic<bool> isDropped = false;
@@ -112,10 +97,8 @@ void ReadAhead::State::Add(Order order) {
 void ReadAhead::State::Flush() {
     if (pending.empty()) return;
     const std::scoped_lock lock(mutex);
-    for (Order& order : pending) {
-        isLooking = isLooking || order.isLook;
+    for (Order& order : pending)
         jobs.emplace_back(std::move(order));
-    }
     pending.clear();
     if (!files.AllowsReadingThreads()) return;
     while (readers.size() < kReaders && readers.size() < jobs.size() - next) {
@@ -185,13 +168,9 @@ void ReadAhead::State::DoAll(FolderVisitor& visitor, const std::vector<Job*>& mi
 }
 
 void ReadAhead::State::Do(FolderVisitor& visitor, Job& job) {
-    if (job.order.isLook) {
-        LookAtAll(files, job, isDropped);
-    } else {
-        static const VisitWish kNamesAlone;
-        const VisitWish& wanted = job.order.isForNames ? kNamesAlone : wish;
-        visitor.Visit(job.order.folder, wanted, isDropped, job.visit);
-    }
+    static const VisitWish kNamesAlone;
+    const VisitWish& wanted = job.order.isForNames ? kNamesAlone : wish;
+    visitor.Visit(job.order.folder, wanted, isDropped, job.visit);
 }
 
 void ReadAhead::State::Tell(std::vector<Job*>::const_iterator begin,
@@ -251,8 +230,7 @@ ReadAhead::~ReadAhead() {
     state_->isDropped = true;
     state_->work.notify_all();
     const auto areGone = [this] { return state_->running == 0; };
-    const bool mayLeave = state_->mayOutlive && !state_->isLooking;
-    if (mayLeave) {
+    if (state_->mayOutlive) {
         state_->done.wait_for(lock, kEndWaits, areGone);
     } else {
         state_->done.wait(lock, areGone);
@@ -270,7 +248,7 @@ void ReadAhead::WhileWaiting(std::function<bool()> act) {
 }
 
 void ReadAhead::OrderVisit(std::string folder, bool isForNames) {
-    state_->Add({.folder = std::move(folder), .isForNames = isForNames, .names = {}});
+    state_->Add({.folder = std::move(folder), .isForNames = isForNames});
 }
 
 bool ReadAhead::TakeVisit(FolderVisit& visit) {
@@ -284,18 +262,6 @@ bool ReadAhead::TakeListing(FolderListing& listing) {
     FolderVisit visit;
     if (!TakeVisit(visit) || !visit.names) return false;
     listing = *visit.names;
-    return true;
-}
-
-void ReadAhead::OrderFacts(std::string folder, FolderListing names) {
-    state_->Add({.folder = std::move(folder), .isLook = true, .names = std::move(names)});
-}
-
-bool ReadAhead::TakeFacts(std::vector<std::optional<ObjectFacts>>& facts) {
-    Job* const job = state_->Front();
-    if (job == nullptr) return false;
-    std::swap(facts, job->looks);
-    state_->Drop();
     return true;
 }
 

@@ -2,19 +2,16 @@
 
 #include "platform/folder_listing.h"
 #include "platform/folder_visit.h"
-#include "platform/object_facts.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace tarvix::platform {
 
 class FileSystem;
 
-// Reads folders and facts in the background before they are asked for. Results come in the order of
+// Reads folders in the background before they are asked for. Results come in the order of
 // the orders, whoever does the work: other threads where the file system allows it, else the caller
 // when it takes one. Orders that were never taken are dropped with this. Work is handed over many
 // folders at a time, so that no object and hardly a folder costs a lock.
@@ -38,12 +35,6 @@ class ReadAhead {
     // A visit for its names alone; false when the folder couldn't be read.
     void OrderListing(std::string folder) { OrderVisit(std::move(folder), true); }
     bool TakeListing(FolderListing& listing);
-
-    // Asks for the facts of these names in a folder, a drive path.
-    void OrderFacts(std::string folder, FolderListing names);
-    // Facts of the oldest names ordered, one for each; none for an object that is gone. False when
-    // waiting for them was given up.
-    bool TakeFacts(std::vector<std::optional<ObjectFacts>>& facts);
 
   private:
     struct State;

@@ -64,7 +64,7 @@ void AddRow(session::Session& session, Counters& counters, const RowSource& sour
     if (folder == found) {
         row.identity = session.rows->Identities().Pack(object.identity, object.wasEmpty);
     }
-    const std::size_t added = session.rows->Add(row, source.entry);
+    const std::size_t added = session.rows->Add(row, source.entry, object.isNameHeld);
     if (object.links && folder == found) session.rows->SetLinks(added, std::move(*object.links));
     isFolder ? counters.CountFolderFound() : counters.CountFileFound();
 }

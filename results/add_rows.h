@@ -24,6 +24,7 @@ struct FoundObject {
     bool wasEmpty = false;      // a folder that is listed since nothing is in it
     bool isNameAlone = false;   // nothing else is known of it
     LinkCells* links = nullptr; // of a shortcut that was read; taken over
+    bool isNameHeld = false;    // by the list; else it copies the name
 };
 
 // What the rows of one search string in one location share.

@@ -29,14 +29,18 @@ struct ResultList::PathIndex {
     std::unordered_multimap<std::size_t, std::uint32_t> byHash;
 };
 
-ResultList::ResultList() = default;
+ResultList::ResultList() {
+    rows_.Add({});
+}
 ResultList::~ResultList() = default;
 
 void ResultList::Clear() {
-    rows_ = std::vector<ResultRow>(1);
+    rows_.Clear();
+    rows_.Add({});
     lines_ = {};
     folders_.clear();
     names_.Clear();
+    held_.clear();
     entryNumbers_.clear();
     entries_.clear();
     lastEntry_ = 0;
@@ -64,19 +68,21 @@ std::uint32_t ResultList::KeepEntry(std::string_view entry) {
 
 // Never by a little, so that many small calls cost no more than growing by itself.
 void ResultList::Reserve(std::size_t more) {
-    const std::size_t wanted = rows_.size() + more;
-    if (wanted <= rows_.capacity()) return;
-    rows_.reserve(std::max(wanted, rows_.capacity() * 2));
-    lines_.reserve(rows_.capacity());
+    const std::size_t wanted = lines_.size() + more;
+    if (wanted > lines_.capacity()) lines_.reserve(std::max(wanted, lines_.capacity() * 2));
 }
 
-std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry) {
-    lines_.push_back(row.IsSpacer() ? kSpacer : static_cast<std::uint32_t>(rows_.size()));
+void ResultList::Hold(std::shared_ptr<const void> names) {
+    held_.push_back(std::move(names));
+}
+
+std::size_t ResultList::Add(ResultRow row, std::string_view searchEntry, bool isNameHeld) {
+    lines_.push_back(row.IsSpacer() ? kSpacer : static_cast<std::uint32_t>(rows_.Size()));
     const std::size_t added = lines_.size() - 1;
     if (row.IsSpacer()) return added;
-    row.name = names_.Keep(row.name);
+    if (!isNameHeld) row.name = names_.Keep(row.name);
     row.searchEntry = KeepEntry(searchEntry) & kEntryMask;
-    rows_.push_back(row);
+    rows_.Add(row);
     if (index_) {
         index_->byHash.emplace(HashPath(FullPath(added)), static_cast<std::uint32_t>(added));
     }
@@ -99,7 +105,7 @@ std::size_t ResultList::Find(std::string_view longFolder, std::string_view name,
         isFolder ? std::string(longFolder) : text::JoinPath(longFolder, name);
     if (!index_) {
         index_ = std::make_unique<PathIndex>();
-        index_->byHash.reserve(rows_.size() * 2);
+        index_->byHash.reserve(rows_.Size() * 2);
         for (std::size_t i = 0; i < Count(); ++i) {
             if (IsSpacer(i)) continue;
             index_->byHash.emplace(HashPath(FullPath(i)), static_cast<std::uint32_t>(i));
@@ -121,6 +127,13 @@ void ResultList::AddSearchEntry(std::size_t index, std::string_view twoDigits) {
     At(index).searchEntry = KeepEntry(held + std::string(twoDigits)) & kEntryMask;
 }
 
+bool ResultList::StandAsAdded() const {
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+        if (lines_[i] != i + kFirst) return false;
+    }
+    return true;
+}
+
 void ResultList::Reorder(const std::vector<std::uint32_t>& order) {
     std::vector<std::uint32_t> lines;
     lines.reserve(order.size());
@@ -131,7 +144,7 @@ void ResultList::Reorder(const std::vector<std::uint32_t>& order) {
 
 void ResultList::RemoveSpacers() {
     std::vector<std::uint32_t> lines;
-    lines.reserve(rows_.size());
+    lines.reserve(rows_.Size());
     std::ranges::remove_copy(lines_, std::back_inserter(lines), kSpacer);
     Replace(std::move(lines));
 }

@@ -3,6 +3,7 @@
 #include "fields/form.h"
 #include "platform/seen_object.h"
 #include "results/columns.h"
+#include "results/row_blocks.h"
 #include "results/row_identity.h"
 #include "results/text_store.h"
 
@@ -10,7 +11,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -110,18 +110,24 @@ class ResultList {
     ResultRow& At(std::size_t index) { return rows_[lines_[index]]; }
     // The rows without spacers, as they were added and lie in memory: for who counts, or changes
     // all.
-    std::span<const ResultRow> Added() const { return std::span(rows_).subspan(1); }
-    std::span<ResultRow> Added() { return std::span(rows_).subspan(1); }
+    auto Added() const { return rows_.From(kFirst); }
+    auto Added() { return rows_.From(kFirst); }
+    // Of a row that is no spacer its place among these; and whether all rows, without spacers,
+    // stand as these do.
+    std::size_t PlaceOf(std::size_t index) const { return lines_[index] - kFirst; }
+    bool StandAsAdded() const;
 
-    void UnselectSpacers() { rows_.front().selected = false; }
+    void UnselectSpacers() { rows_[kSpacer].selected = false; }
 
     // The folder record for following rows; kept until Clear.
     const RowFolder* AddFolder(RowFolder folder);
     std::size_t FolderCount() const { return folders_.size(); }
-    // Has room for so many more rows without moving those that are there.
+    // Has room for so many more rows at once.
     void Reserve(std::size_t more);
-    // Copies the name and the entry text; gives the new row's index.
-    std::size_t Add(ResultRow row, std::string_view searchEntry);
+    // Copies the entry text, and the name unless it is held; gives the new row's index.
+    std::size_t Add(ResultRow row, std::string_view searchEntry, bool isNameHeld = false);
+    // Keeps what names of rows to come lie in until Clear.
+    void Hold(std::shared_ptr<const void> names);
 
     // Packs the identities of its rows.
     RowIdentities& Identities() { return identities_; }
@@ -181,7 +187,6 @@ class ResultList {
     std::string ListedCell(std::size_t index, Column column) const;
     std::string DetailCell(std::size_t index, Column column) const;
     std::string PathCell(std::size_t index) const;
-    std::string LengthCell(const ResultRow& row) const;
     void ForEachYearRank(const std::function<void(std::string_view cell)>& take) const;
     void RenameFolder(const std::string& path, std::string_view name);
     bool NeedsShortName(const ResultRow& row, std::size_t pathLength) const;
@@ -189,12 +194,14 @@ class ResultList {
     std::uint32_t KeepEntry(std::string_view entry);
 
     static constexpr std::uint32_t kSpacer = 0;
+    static constexpr std::uint32_t kFirst = 1;
 
     // As they were added, behind the one that stands for every spacer.
-    std::vector<ResultRow> rows_ = std::vector<ResultRow>(1);
+    RowBlocks<ResultRow> rows_;
     std::vector<std::uint32_t> lines_; // in the order of the list, by their place in rows_
     std::deque<RowFolder> folders_;
     TextStore names_;
+    std::vector<std::shared_ptr<const void>> held_; // where other names lie
     std::unordered_map<std::string, std::uint32_t> entryNumbers_;
     std::vector<const std::string*> entries_; // of these, by number
     std::uint32_t lastEntry_ = 0;             // mostly the next row's, too

@@ -64,8 +64,8 @@ void ResultList::ForEachCell(Column column,
 
 void ResultList::ForEachYearRank(const std::function<void(std::string_view cell)>& take) const {
     YearRanks ranks(details_->MaxYear(), folders_.size());
-    CellTexts cells(rows_.size()); // in the order in which rows lie in memory
-    for (const ResultRow& row : rows_) {
+    CellTexts cells(rows_.Size()); // in the order in which rows lie in memory
+    for (const ResultRow& row : rows_.From(kSpacer)) {
         const bool isListed = row.Has(kListed);
         const bool isEmpty = row.IsSpacer() || (row.isFolder && !isListed);
         const auto forms = isListed ? YearRankForms::kPlaylist : YearRankForms::kSearch;
@@ -103,6 +103,12 @@ bool ResultList::AppendPlain(std::string& out, const ResultRow& row, Column colu
     case kPathLevels:
         AppendPadded(out, RowPathLevels(*row.folder, row.isFolder), 2);
         return true;
+    case kPathNameLength: {
+        const std::size_t length = RowPathLength(*row.folder, row.name, row.isFolder);
+        AppendPadded(out, length, 3);
+        if (NeedsShortName(row, length)) out += "++?";
+        return true;
+    }
     case kPathNameNoSrch: {
         const std::size_t begin = out.size();
         AppendRowPath(out, *row.folder, row.name, row.isFolder);
@@ -119,8 +125,6 @@ std::string ResultList::WorkedOutCell(std::size_t index, Column column) const {
     switch (column) {
     case kPathName:
         return PathCell(index);
-    case kPathNameLength:
-        return LengthCell(row);
     case kFilesInFolder:
         return row.isFolder ? text::Format(row.folder->filesInFolder, "00,00#") : std::string{};
     case kFoldersInFolder:
@@ -145,11 +149,6 @@ std::string ResultList::WorkedOutCell(std::size_t index, Column column) const {
     default:
         return {};
     }
-}
-
-std::string ResultList::LengthCell(const ResultRow& row) const {
-    const std::size_t length = RowPathLength(*row.folder, row.name, row.isFolder);
-    return text::Format(length, "00#") + (NeedsShortName(row, length) ? "++?" : "");
 }
 
 // A row of a playlist shows what its file is, and nothing that a search would have to tell.
@@ -183,7 +182,8 @@ std::string ResultList::PathCell(std::size_t index) const {
 
 bool ResultList::NeedsShortName(const ResultRow& row, std::size_t pathLength) const {
     static const text::LikePattern shortName("??????~?.???");
-    if (showsLongPaths_ || !shortName.Matches(row.name)) return false;
+    if (showsLongPaths_ || row.name.find('~') == row.name.npos) return false;
+    if (!shortName.Matches(row.name)) return false;
     const std::string& folder = row.folder->longPath;
     if (pathLength >= 247) return true;
     return folder.find('~') != folder.npos && text::Length(folder) >= 125;

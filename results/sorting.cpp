@@ -45,10 +45,11 @@ auto OfRows(const ResultList& rows, Of of) {
     asTheyLie.reserve(rows.Count());
     for (const ResultRow& row : rows.Added())
         asTheyLie.push_back(of(row));
+    if (rows.StandAsAdded()) return asTheyLie;
     std::vector<Value> asListed;
     asListed.reserve(rows.Count());
     for (std::size_t i = 0; i < rows.Count(); ++i)
-        asListed.push_back(asTheyLie[static_cast<std::size_t>(&rows.At(i) - rows.Added().data())]);
+        asListed.push_back(asTheyLie[rows.PlaceOf(i)]);
     return asListed;
 }
 
@@ -96,7 +97,10 @@ RowOrder OrderByText(const ResultList& rows, Column column, SortDirection direct
     if (FindDifferentTexts(exact.All(), few, texts, classes)) {
         return OrderByClasses(texts, classes, direction);
     }
-    CellTexts upper(rows.Count());
+    std::size_t bytes = 0;
+    for (const std::string_view cell : exact.All())
+        bytes += cell.size();
+    CellTexts upper(rows.Count(), bytes);
     for (const std::string_view cell : exact.All())
         upper.AddUpper(cell);
     return OrderByTexts(upper, exact.All(), direction);

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <functional>
 #include <numeric>
+#include <optional>
+#include <utility>
 
 namespace tarvix::results {
 
@@ -152,10 +154,28 @@ TextRanks RanksOf(std::span<const std::string_view> texts, fields::SortDirection
     return ranks;
 }
 
+// The order of texts that stand in it already, as those of one folder mostly do; nothing where they
+// don't.
+std::optional<RowOrder> OrderAsItIs(const CellTexts& upper, std::span<const std::string_view> exact,
+                                    fields::SortDirection direction) {
+    const bool descends = direction == fields::SortDirection::kDescending;
+    RowOrder sorted;
+    for (std::size_t i = 1; i < upper.Count(); ++i) {
+        int order = upper[i - 1].compare(upper[i]);
+        if (order != 0) sorted.groups.push_back(static_cast<std::uint32_t>(i));
+        if (order == 0 && !exact.empty()) order = exact[i - 1].compare(exact[i]);
+        if (descends ? order < 0 : order > 0) return std::nullopt;
+    }
+    sorted.order.resize(upper.Count());
+    std::iota(sorted.order.begin(), sorted.order.end(), 0U);
+    return sorted;
+}
+
 } // namespace
 
 RowOrder OrderByTexts(const CellTexts& upper, std::span<const std::string_view> exact,
                       fields::SortDirection direction) {
+    if (auto sorted = OrderAsItIs(upper, exact, direction)) return std::move(*sorted);
     return ByTexts(upper, exact, direction).Sorted();
 }
 

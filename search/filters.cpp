@@ -65,8 +65,7 @@ bool DoesObjectMatchAttributesSelected(const AttributeMasks& masks,
 Filters::Filters(session::Session& session, const SearchRequest& request)
     : session_(session), request_(request),
       takesParts_(request.date.choice != DateChoice::kNone ||
-                  session.state.options.intLatestYear != session::kAnyYear),
-      days_(kDays) {}
+                  session.state.options.intLatestYear != session::kAnyYear) {}
 
 bool Filters::GetFacts(const platform::ObjectFacts& facts, std::string_view folder,
                        std::string_view name, TestedFacts& result) {
@@ -94,6 +93,7 @@ std::int64_t Filters::LocalSeconds(platform::FileTime time) {
     if (time < 0 || time > kLastQuick) return exact(time);
     const std::int64_t seconds = static_cast<std::int64_t>(time) / kSecond;
     const std::int64_t number = seconds / kDaySeconds;
+    if (days_.empty()) days_.resize(kDays);
     Day& day = days_[static_cast<std::size_t>(number) % days_.size()];
     if (day.number != number) {
         const std::int64_t begin = number * kDaySeconds;

@@ -12,6 +12,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace tarvix::search {
@@ -25,7 +26,8 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
     : session_(session), counters_(counters), list_(list), filters_(filters), request_(request),
       readsLinks_(results::WantsLinks(session, request.target)), linkReader_(session),
       readsFacts_(!request.namesAlone) {
-    list_.Want(WishFor(request.strings.strings));
+    const platform::VisitWish wish = WishFor(request.strings.strings);
+    list_.Want(WishBelow(wish), wish);
 }
 
 // For all strings at once, so that each folder is visited once. Where one file of a folder is
@@ -33,9 +35,7 @@ FindFamily::FindFamily(session::Session& session, results::Counters& counters, F
 platform::VisitWish FindFamily::WishFor(const std::vector<std::string>& strings) const {
     platform::VisitWish wish;
     const bool takesFiles = request_.kind != Kind::kFolders && request_.kind != Kind::kEmptyFolders;
-    const bool takesFolders = request_.kind == Kind::kFolders || request_.kind == Kind::kAllObjects;
-    wish.folderFacts = takesFolders && readsFacts_;
-    if (!takesFiles || !request_.subfolders) return wish;
+    if (!takesFiles) return wish;
     auto matches = std::make_shared<std::vector<NameMatch>>();
     for (const std::string& searchString : strings)
         matches->emplace_back(searchString, request_.isNot);
@@ -49,12 +49,20 @@ platform::VisitWish FindFamily::WishFor(const std::vector<std::string>& strings)
     return wish;
 }
 
+// The same for the folders below a location.
+platform::VisitWish FindFamily::WishBelow(platform::VisitWish wish) const {
+    const bool takesFolders = request_.kind == Kind::kFolders || request_.kind == Kind::kAllObjects;
+    if (!request_.subfolders) wish = {};
+    wish.folderFacts = takesFolders && readsFacts_;
+    return wish;
+}
+
 void FindFamily::SetLocation(std::string_view folder, int intFolderIndex) {
     location_ = folder;
     match_.reset();
     earlier_.clear();
     intFolderIndex_ = intFolderIndex;
-    rowFolderIndex_ = openedIndex_ = SIZE_MAX;
+    rowFolderIndex_ = openedIndex_ = heldIndex_ = SIZE_MAX;
     opened_.reset();
 }
 
@@ -158,7 +166,8 @@ bool FindFamily::AddFile(std::size_t index, std::string_view name,
                          .attributes = facts.attributes,
                          .identity = facts.identity,
                          .isNameAlone = !readsFacts_,
-                         .links = links ? &*links : nullptr});
+                         .links = links ? &*links : nullptr,
+                         .isNameHeld = HoldsNames(index)});
     return true;
 }
 
@@ -187,19 +196,20 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     ShowCurrent(index);
     session_.Yield();
     TX_TRY(Test());
-    FindCandidates(index);
     const platform::FolderListing& names = list_.NamesOf(index);
+    FindCandidates(index);
     // A walk that stops at the first match, or soon, would read too much.
-    std::optional<FactsAhead> factsAhead;
-    if (readsFacts_ && factsAt_.empty() && !oneEach && found_.size() >= kWorthReadingAhead) {
-        factsAhead.emplace(session_, list_, index, found_);
+    const bool isMany = found_.size() >= kWorthReadingAhead && !oneEach;
+    if (readsFacts_ && factsAt_.empty() && isMany && list_.ReadFactsOf(index, found_)) {
+        factsAt_.resize(found_.size());
+        std::iota(factsAt_.begin(), factsAt_.end(), 0U);
     }
     std::size_t next = 0;
     for (std::uint32_t at = 0; at < names.Size(); ++at) {
         const platform::FolderEntry entry = names[at];
         if (entry.isFolder) continue;
         if (next < found_.size() && found_[next] == at) {
-            auto facts = factsAhead ? factsAhead->Next() : VisitFacts(index, next);
+            auto facts = VisitFacts(index, next);
             TX_TRY(Test());
             if (!facts) facts = FactsOrNote(index, entry.name, routine);
             ++next;
@@ -212,6 +222,19 @@ WalkEnd FindFamily::WalkFiles(std::size_t index, Files which, bool oneEach,
     return {};
 }
 
+// Where most names of a folder are listed the list keeps them all, and rows need no copies. An
+// object that two strings find may have two rows, whose names are told apart by where they lie.
+bool FindFamily::HoldsNames(std::size_t index) {
+    const auto& names = list_.At(index).visit.names;
+    const bool mayFail = request_.size.choice != SizeChoice::kNone ||
+                         request_.date.choice != DateChoice::kNone || request_.oneEach ||
+                         request_.strings.strings.size() > 1;
+    if (mayFail || !names || 2 * found_.size() < names->Size()) return false;
+    if (heldIndex_ != index) session_.rows->Hold(names);
+    heldIndex_ = index;
+    return true;
+}
+
 bool FindFamily::IsLastString() const {
     return source_.intSearchForIndex == static_cast<int>(request_.strings.strings.size());
 }
@@ -221,7 +244,7 @@ std::optional<platform::ObjectFacts> FindFamily::VisitFacts(std::size_t index,
                                                             std::size_t next) const {
     if (!readsFacts_) return platform::ObjectFacts{};
     if (factsAt_.empty()) return std::nullopt;
-    const platform::BriefFacts& facts = list_.FactsOf(index, factsAt_[next]);
+    const platform::BriefFacts facts = list_.FactsOf(index, factsAt_[next]);
     return facts.isKnown ? std::optional(platform::Whole(facts)) : std::nullopt;
 }
 

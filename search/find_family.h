@@ -55,6 +55,7 @@ class FindFamily {
     WalkEnd WalkFolder(std::size_t index, Folders which);
     bool IsSpecTooLong(std::size_t index, std::string_view routine);
     platform::VisitWish WishFor(const std::vector<std::string>& strings) const;
+    platform::VisitWish WishBelow(platform::VisitWish wish) const;
     void FindCandidates(std::size_t index);
     std::optional<platform::ObjectFacts> VisitFacts(std::size_t index, std::size_t next) const;
     std::optional<platform::ObjectFacts> FolderFacts(std::size_t index, std::string_view name);
@@ -70,6 +71,7 @@ class FindFamily {
                  std::optional<results::LinkCells>& links);
     bool IsEmptyFolder(std::size_t index);
     bool IsLastString() const;
+    bool HoldsNames(std::size_t index);
     WalkEnd ForEach(std::size_t i, auto&& walk);
     WalkEnd Test() const;
     void MakeRoom(std::size_t i);
@@ -103,6 +105,7 @@ class FindFamily {
     std::size_t rowFolderIndex_ = SIZE_MAX;
     std::unique_ptr<platform::OpenFolder> opened_;
     std::size_t openedIndex_ = SIZE_MAX;
+    std::size_t heldIndex_ = SIZE_MAX; // whose names the list keeps
 };
 
 } // namespace tarvix::search

@@ -25,6 +25,7 @@ constexpr std::int64_t kListingLasts = 500'000'000; // nanoseconds
 void FolderList::Erase() {
     folders_.clear();
     facts_.Clear();
+    coming_.reset();
     isBuilt_ = false;
 }
 
@@ -53,7 +54,7 @@ void FolderList::Start(std::string_view location) {
     folders_.push_back(std::move(root));
     isBuilt_ = true;
     ahead_ = std::make_unique<platform::ReadAhead>(session_.files(), wish_);
-    StayLive(*ahead_);
+    ahead_->WhileWaiting([this] { return GoesOn(); });
     takesRootOver_ = HasListingOf(location);
     // The walk over the location alone has had its files.
     if (!takesRootOver_) Order(folders_.front(), true);
@@ -107,7 +108,11 @@ void FolderList::BuildSecond() {
 }
 
 void FolderList::DropFactsTo(std::size_t index) {
-    const CrawlFolder& folder = folders_[index];
+    CrawlFolder& folder = folders_[index];
+    if (coming_ && index == comingIndex_) {
+        coming_.reset();
+        folder.hasFacts = false;
+    }
     if (folder.hasFacts) facts_.DropBefore(folder.firstFacts + folder.visit.wanted.size());
 }
 
@@ -117,37 +122,48 @@ const platform::FolderListing& FolderList::NamesOf(std::size_t index) {
     if (!folder.isListed) {
         folder.isListed = true;
         const std::string_view routine = index == 0 ? "FindFilesAtRoot" : "FindFilesInSubFolders";
-        if (folder.isWalkable) folder.visit.names = ListLive(index, routine);
+        if (folder.isWalkable) ListLive(index, routine);
     }
     return folder.visit.names ? *folder.visit.names : kNone;
 }
 
 // By another thread where there is one, so that the user is heard while a slow disk lists it.
-std::shared_ptr<const platform::FolderListing> FolderList::ListLive(std::size_t index,
-                                                                    std::string_view routine) {
-    const std::string& folder = folders_[index].strFolderLong;
+void FolderList::ListLive(std::size_t index, std::string_view routine) {
+    CrawlFolder& folder = folders_[index];
     if (session_.files().AllowsReadingThreads()) {
-        platform::ReadAhead ahead(session_.files());
-        StayLive(ahead);
+        const auto& wish = index == 0 ? rootWish_ : platform::VisitWish();
+        auto ahead =
+            std::make_unique<platform::FolderAhead>(session_.files(), folder.strFolderLong, wish);
+        ahead->WhileWaiting([this] { return GoesOn(); });
         const std::int64_t now = session_.platform.clock.Steady();
-        platform::FolderVisit visit;
-        ahead.OrderVisit(folder, true);
-        if (!ahead.TakeVisit(visit)) return nullptr;
-        if (visit.names) {
-            lastListed_ = std::move(visit.names);
-            lastFolder_ = folder;
+        const bool isTaken = ahead->TakeNames(folder.visit);
+        if (!isTaken && IsInterrupted()) return;
+        if (isTaken && folder.visit.names) {
+            lastListed_ = folder.visit.names;
+            lastFolder_ = folder.strFolderLong;
             listedAt_ = now;
-            return lastListed_;
+            folder.isVisited = wish.wants != nullptr;
+            folder.hasFacts = wish.facts;
+            if (folder.hasFacts) coming_ = std::move(ahead);
+            comingIndex_ = index;
+            return;
         }
     }
-    return ListNow(index, routine, true);
+    folder.visit.names = ListNow(index, routine, true);
 }
 
-void FolderList::StayLive(platform::ReadAhead& ahead) const {
-    ahead.WhileWaiting([this] {
-        session_.Yield();
-        return !IsInterrupted();
-    });
+bool FolderList::ReadFactsOf(std::size_t index, const std::vector<std::uint32_t>& files) {
+    if (!session_.files().AllowsReadingThreads()) return false;
+    coming_ = std::make_unique<platform::FolderAhead>(
+        session_.files(), folders_[index].strFolderLong, folders_[index].visit.names, files);
+    coming_->WhileWaiting([this] { return GoesOn(); });
+    comingIndex_ = index;
+    return true;
+}
+
+bool FolderList::GoesOn() const {
+    session_.Yield();
+    return !IsInterrupted();
 }
 
 bool FolderList::HasNothing(std::size_t index) {

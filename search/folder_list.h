@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/folder_ahead.h"
 #include "platform/folder_listing.h"
 #include "platform/folder_visit.h"
 #include "platform/read_ahead.h"
@@ -62,8 +63,12 @@ class FolderList {
     const CrawlFolder& At(std::size_t index) const { return folders_[index]; }
     std::int64_t HighFolder() const { return static_cast<std::int64_t>(folders_.size()) - 1; }
 
-    // What visits of the following locations are to bring.
-    void Want(platform::VisitWish wish) { wish_ = std::move(wish); }
+    // What visits of the folders of the following locations are to bring, and what the walk over a
+    // location alone wants of it.
+    void Want(platform::VisitWish wish, platform::VisitWish ofRoot) {
+        wish_ = std::move(wish);
+        rootWish_ = std::move(ofRoot);
+    }
 
     // The deep builder. Without subfolders it still reads two levels: the children of the location
     // are listed, and what they hold is counted. Returns early when the user stops or skips.
@@ -81,9 +86,13 @@ class FolderList {
     // Whether a folder can be read now and holds neither files nor folders.
     bool HasNothing(std::size_t index);
     // What the visit of a folder found of the file that is the `place`-th of those that fit.
-    const platform::BriefFacts& FactsOf(std::size_t index, std::size_t place) const {
+    platform::BriefFacts FactsOf(std::size_t index, std::size_t place) const {
+        if (coming_ && index == comingIndex_) return coming_->FactsAt(place);
         return facts_.At(folders_[index].firstFacts + place);
     }
+    // Has these files' facts read in the background, where that can be done; false else. They
+    // count as those that fit.
+    bool ReadFactsOf(std::size_t index, const std::vector<std::uint32_t>& files);
     // Nobody asks for the facts of files up to this folder any more.
     void DropFactsTo(std::size_t index);
 
@@ -95,9 +104,8 @@ class FolderList {
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
     std::shared_ptr<const platform::FolderListing> ListNow(std::size_t index,
                                                            std::string_view routine, bool counts);
-    std::shared_ptr<const platform::FolderListing> ListLive(std::size_t index,
-                                                            std::string_view routine);
-    void StayLive(platform::ReadAhead& ahead) const;
+    void ListLive(std::size_t index, std::string_view routine);
+    bool GoesOn() const;
     bool TakeAhead(CrawlFolder& folder);
     bool TakeFile(std::size_t index, const platform::FolderEntry& entry, bool countContent);
     bool TakeFolder(std::size_t index, const platform::FolderEntry& entry, bool addFolders);
@@ -113,6 +121,9 @@ class FolderList {
     std::deque<CrawlFolder> folders_;
     FactsPool facts_;
     platform::VisitWish wish_;
+    platform::VisitWish rootWish_;
+    std::unique_ptr<platform::FolderAhead> coming_; // the facts of one folder
+    std::size_t comingIndex_ = 0;
     // What was listed by itself last, and when; null for none.
     std::shared_ptr<const platform::FolderListing> lastListed_;
     std::string lastFolder_;

@@ -118,7 +118,10 @@ std::string_view GetBaseName(std::string_view path) {
 }
 
 std::size_t CountPathLevels(std::string_view path) {
-    return static_cast<std::size_t>(std::ranges::count(path, '\\'));
+    std::size_t levels = 0;
+    for (std::size_t at = path.find('\\'); at != path.npos; at = path.find('\\', at + 1))
+        ++levels;
+    return levels;
 }
 
 std::string_view StripTrailingSlash(std::string_view path) {

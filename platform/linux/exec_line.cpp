@@ -1,6 +1,7 @@
 #include "platform/linux/exec_line.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/names.h"
 
 #include <fmt/core.h>
@@ -14,7 +15,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 struct StringsFree {
-    void operator()(char** strings) const { g_strfreev(strings); }
+    void operator()(char** strings) const { TX_GIO(g_strfreev)(strings); }
 };
 
 // Whether a word holds one of these codes; "%%" is none.
@@ -122,7 +123,7 @@ Result<Words> SplitCommand(std::string_view command) {
     int count = 0;
     char** parted = nullptr;
     GError* error = nullptr;
-    g_shell_parse_argv(std::string(command).c_str(), &count, &parted, &error);
+    TX_GIO(g_shell_parse_argv)(std::string(command).c_str(), &count, &parted, &error);
     const GlibPointer<GError> heldError(error);
     const std::unique_ptr<char*, StringsFree> held(parted);
     if (parted == nullptr) {

@@ -21,6 +21,8 @@ class FolderReader {
 
     // False at the end, or on an error.
     bool Next(Entry& entry);
+    // Whether the next call asks the disk again.
+    bool IsAtEndOfBlock() const { return pos_ >= size_; }
     // The errno that ended it; 0 at the end of the folder.
     int Error() const { return error_; }
 

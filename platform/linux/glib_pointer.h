@@ -1,6 +1,6 @@
 #pragma once
 
-#include <gio/gio.h>
+#include "platform/linux/late_gio.h"
 
 #include <memory>
 
@@ -8,9 +8,9 @@ namespace tarvix::platform {
 
 // Gives back what GLib handed out.
 struct GlibFree {
-    void operator()(char* text) const { g_free(text); }
-    void operator()(GError* error) const { g_error_free(error); }
-    void operator()(GFile* file) const { g_object_unref(file); }
+    void operator()(char* text) const { TX_GIO(g_free)(text); }
+    void operator()(GError* error) const { TX_GIO(g_error_free)(error); }
+    void operator()(GFile* file) const { TX_GIO(g_object_unref)(file); }
 };
 
 template <class T>

@@ -1,5 +1,6 @@
 #include "platform/linux/desktop_entries.h"
 #include "platform/linux/errno_failure.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/player_bus.h"
 #include "platform/linux/session_bus.h"
@@ -34,10 +35,10 @@ std::string StartupId(unsigned count) {
 
 GVariant* Strings(const std::vector<std::string>& texts) {
     GVariantBuilder builder;
-    g_variant_builder_init(&builder, G_VARIANT_TYPE("as"));
+    TX_GIO(g_variant_builder_init)(&builder, VariantType("as"));
     for (const std::string& text : texts)
-        g_variant_builder_add(&builder, "s", text.c_str());
-    return g_variant_builder_end(&builder);
+        TX_GIO(g_variant_builder_add)(&builder, "s", text.c_str());
+    return TX_GIO(g_variant_builder_end)(&builder);
 }
 
 // "org.gnome.Maps" is the object "/org/gnome/Maps".
@@ -51,15 +52,15 @@ std::string ObjectOf(std::string name) {
 Result<void> Activate(const LaunchPlan& plan, const std::string& startupId) {
     const bool isBare = plan.addresses.empty();
     GVariantBuilder hints;
-    g_variant_builder_init(&hints, G_VARIANT_TYPE("a{sv}"));
-    g_variant_builder_add(&hints, "{sv}", "desktop-startup-id",
-                          g_variant_new_string(startupId.c_str()));
-    GVariant* const told = g_variant_builder_end(&hints);
+    TX_GIO(g_variant_builder_init)(&hints, VariantType("a{sv}"));
+    TX_GIO(g_variant_builder_add)
+    (&hints, "{sv}", "desktop-startup-id", TX_GIO(g_variant_new_string)(startupId.c_str()));
+    GVariant* const told = TX_GIO(g_variant_builder_end)(&hints);
     const BusMethod method{plan.busName, ObjectOf(plan.busName), "org.freedesktop.Application",
                            isBare ? "Activate" : "Open"};
     const auto answer = SessionBus().Call(
-        method, isBare ? g_variant_new("(@a{sv})", told)
-                       : g_variant_new("(@as@a{sv})", Strings(plan.addresses), told));
+        method, isBare ? TX_GIO(g_variant_new)("(@a{sv})", told)
+                       : TX_GIO(g_variant_new)("(@as@a{sv})", Strings(plan.addresses), told));
     if (answer || answer.error().number == kDeviceError) return {};
     return std::unexpected(answer.error());
 }
@@ -98,7 +99,7 @@ Result<void> LinuxApplications::ShowInFolder(std::span<const std::string> paths)
     if (bus.Offers(show.name)) {
         const std::string startupId = StartupId(++started_);
         const auto shown =
-            bus.Call(show, g_variant_new("(@ass)", Strings(addresses), startupId.c_str()));
+            bus.Call(show, TX_GIO(g_variant_new)("(@ass)", Strings(addresses), startupId.c_str()));
         if (shown || shown.error().number == kDeviceError) return {};
     }
     return OpenFoldersOf(natives);
@@ -122,8 +123,8 @@ Result<void> LinuxApplications::ShowTrash() {
     if (bus.Offers(show.name)) {
         const std::string startupId = StartupId(++started_);
         const auto shown =
-            bus.Call(show, g_variant_new("(@ass)", Strings({std::string(kTrashAddress)}),
-                                         startupId.c_str()));
+            bus.Call(show, TX_GIO(g_variant_new)("(@ass)", Strings({std::string(kTrashAddress)}),
+                                                 startupId.c_str()));
         if (shown || shown.error().number == kDeviceError) return {};
     }
     if (OpenTrashWith("x-scheme-handler/trash") || OpenTrashWith("inode/directory")) return {};

@@ -2,22 +2,18 @@
 
 #include "platform/linux/character_sets.h"
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "text/paths.h"
 
 namespace tarvix::platform {
-
-// GIO settles on its folders when it is first asked for a description or for them, and drops what
-// an earlier guess had loaded: so ask before the first guess.
-LinuxContentTypes::LinuxContentTypes() {
-    g_content_type_get_mime_dirs();
-}
 
 // A guess takes less than a microsecond, and no part of the name alone decides it ("a.tar.gz",
 // "CMakeLists.txt", "a.C"): so only descriptions are kept.
 std::string LinuxContentTypes::TypeName(std::string_view path, const ObjectFacts& facts) {
     if ((facts.attributes & (kFolder | kSpecial)) != 0) return {};
     const std::string name(text::FileNameOf(path));
-    const GlibPointer<char> contentType(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    const GlibPointer<char> contentType(
+        TX_GIO(g_content_type_guess)(name.c_str(), nullptr, 0, nullptr));
     return Description(contentType.get());
 }
 
@@ -28,8 +24,9 @@ std::optional<std::string> LinuxContentTypes::Decoded(std::string_view bytes,
 
 const std::string& LinuxContentTypes::Description(const char* contentType) {
     const auto [found, isNew] = descriptions_.try_emplace(contentType);
-    if (isNew && !g_content_type_is_unknown(contentType)) {
-        found->second = GlibPointer<char>(g_content_type_get_description(contentType)).get();
+    if (isNew && !TX_GIO(g_content_type_is_unknown)(contentType)) {
+        found->second =
+            GlibPointer<char>(TX_GIO(g_content_type_get_description)(contentType)).get();
     }
     return found->second;
 }

@@ -10,7 +10,6 @@ namespace tarvix::platform {
 // while the program runs is not seen. Character sets are those of the C library.
 class LinuxContentTypes : public ContentTypes {
   public:
-    LinuxContentTypes();
     std::string TypeName(std::string_view path, const ObjectFacts& facts) override;
     std::optional<std::string> Decoded(std::string_view bytes, std::string_view charset) override;
 

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_desktop.h"
 
+#include "platform/linux/late_gio.h"
 #include "platform/linux/session_bus.h"
 #include "platform/linux/start_process.h"
 #include "platform/linux/tell_true.h"
@@ -148,7 +149,7 @@ std::vector<ScriptFile> LinuxDesktop::Scripts(DesktopFolder folder, std::string_
 
 std::vector<std::string> LinuxDesktop::Languages() {
     std::vector<std::string> languages;
-    for (const char* const* name = g_get_language_names(); *name != nullptr; ++name) {
+    for (const char* const* name = TX_GIO(g_get_language_names)(); *name != nullptr; ++name) {
         const std::string_view language = *name;
         if (language.find('.') == language.npos && language != "C")
             languages.emplace_back(language);
@@ -166,7 +167,8 @@ std::vector<std::string> LinuxDesktop::Names() {
 }
 
 bool LinuxDesktop::IsKindOf(std::string_view type, std::string_view base) {
-    return g_content_type_is_a(std::string(type).c_str(), std::string(base).c_str()) != FALSE;
+    return TX_GIO(g_content_type_is_a)(std::string(type).c_str(), std::string(base).c_str()) !=
+           FALSE;
 }
 
 bool LinuxDesktop::HasProgram(std::string_view name) {
@@ -217,14 +219,14 @@ bool LinuxDesktop::Has(std::string_view path, FileRight right) {
 
 Result<void> LinuxDesktop::ShowProperties(std::span<const std::string> addresses) {
     GVariantBuilder list;
-    g_variant_builder_init(&list, G_VARIANT_TYPE("as"));
+    TX_GIO(g_variant_builder_init)(&list, VariantType("as"));
     for (const std::string& address : addresses)
-        g_variant_builder_add(&list, "s", address.c_str());
+        TX_GIO(g_variant_builder_add)(&list, "s", address.c_str());
     const auto shown = SessionBus().Call({.name = "org.freedesktop.FileManager1",
                                           .object = "/org/freedesktop/FileManager1",
                                           .interface = "org.freedesktop.FileManager1",
                                           .method = "ShowItemProperties"},
-                                         g_variant_new("(ass)", &list, ""));
+                                         TX_GIO(g_variant_new)("(ass)", &list, ""));
     if (shown) return {};
     return Failure(kPermissionDenied, "No file manager of this desktop shows properties.");
 }

@@ -47,6 +47,11 @@ bool LinuxFolderVisitor::EndRun() {
     return visits >= kTells && static_cast<std::size_t>(WaitsOfThread() - waits_) > visits / 2;
 }
 
+std::unique_ptr<PartedFolder> LinuxFolderVisitor::OpenInParts(const std::string& folder) {
+    auto opened = files_->Open(folder);
+    return opened ? std::make_unique<LinuxOpenFolder>(std::move(*opened)) : nullptr;
+}
+
 bool LinuxFolderVisitor::HoldsParent(std::string_view parent) {
     if (parent != parent_) {
         parent_ = parent;

@@ -37,6 +37,7 @@ class LinuxFolderVisitor : public FolderVisitor {
     void Visit(const std::string& folder, const VisitWish& wish, const std::atomic<bool>& isDropped,
                FolderVisit& visit) override;
     bool EndRun() override;
+    std::unique_ptr<PartedFolder> OpenInParts(const std::string& folder) override;
 
   private:
     bool HoldsParent(std::string_view parent);

@@ -2,6 +2,7 @@
 
 #include "platform/drive_path.h"
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/names.h"
 #include "text/case.h"
 
@@ -26,7 +27,7 @@ bool IsFileAddress(std::string_view text) {
 // The path in an address of this machine.
 std::optional<std::string> PathOfAddress(const std::string& address) {
     char* host = nullptr;
-    const GlibPointer<char> path(g_filename_from_uri(address.c_str(), &host, nullptr));
+    const GlibPointer<char> path(TX_GIO(g_filename_from_uri)(address.c_str(), &host, nullptr));
     const GlibPointer<char> heldHost(host);
     const std::string_view hostName = host == nullptr ? "" : host;
     if (path == nullptr || !(hostName.empty() || hostName == "localhost")) return std::nullopt;

@@ -68,21 +68,21 @@ Result<void> LinuxOpenFolder::List(FolderListing& listing) {
 }
 
 // Which of its names are boundaries goes by the path, so folders that have some are never kept.
-Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names() {
+Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names(const More& more) {
     static thread_local FolderListing scratch;
     const bool mayKeep = boundaries_ == nullptr && KeepsListings();
     const auto before = mayKeep ? StatOf(fd_.Get()) : Sys<struct statx>(std::unexpected(0));
     if (before) {
         if (auto known = listings_->Find(*before, drives_.get())) return known;
     }
-    TX_TRY(Read(scratch));
+    TX_TRY(Read(scratch, more));
     auto names = std::make_shared<const FolderListing>(scratch);
     if (names->Size() > kKeptRoom) scratch = {};
     if (before) listings_->Keep(fd_.Get(), *before, drives_, names);
     return names;
 }
 
-Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
+Result<void> LinuxOpenFolder::Read(FolderListing& listing, const More& more) {
     listing.Clear();
     FolderReader reader(fd_.Get(), !std::exchange(wasRead_, true));
     FolderReader::Entry raw{};
@@ -94,6 +94,7 @@ Result<void> LinuxOpenFolder::Read(FolderListing& listing) {
         AppendNameToDrive(name, raw.name);
         entry.name = name;
         listing.Add(entry);
+        if (more && reader.IsAtEndOfBlock()) more(listing);
     }
     if (reader.Error() == ENOENT) return FailureBy(kPathNotFound, path_);
     if (reader.Error() != 0) return FailureOf(reader.Error(), path_);
@@ -120,13 +121,21 @@ void LinuxOpenFolder::Visit(const VisitWish& wish, const std::atomic<bool>& isDr
     }
     if (!wish.facts) return;
     visit.facts.resize(visit.wanted.size());
+    for (std::size_t i = 0; i < visit.wanted.size() && !isDropped; ++i)
+        visit.facts[i] = FactsOf((*visit.names)[visit.wanted[i]].name);
+}
+
+std::shared_ptr<const FolderListing> LinuxOpenFolder::NamesInParts(const More& more) {
+    auto names = Names(more);
+    return names ? std::move(*names) : nullptr;
+}
+
+BriefFacts LinuxOpenFolder::FactsOf(std::string_view name) const {
     NameBuffer native;
-    for (std::size_t i = 0; i < visit.wanted.size() && !isDropped; ++i) {
-        if (!PutNativeName(native, (*visit.names)[visit.wanted[i]].name)) continue;
-        const At at{fd_.Get(), native.data()};
-        if (const auto st = StatOf(at))
-            visit.facts[i] = BriefFrom(*st, native.data(), at, *drives_);
-    }
+    if (!PutNativeName(native, name)) return {};
+    const At at{fd_.Get(), native.data()};
+    const auto st = StatOf(at);
+    return st ? BriefFrom(*st, native.data(), at, *drives_) : BriefFacts();
 }
 
 std::string LinuxOpenFolder::NativeOf(std::string_view nativeName) const {

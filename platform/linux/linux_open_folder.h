@@ -12,7 +12,7 @@
 
 namespace tarvix::platform {
 
-class LinuxOpenFolder : public OpenFolder {
+class LinuxOpenFolder : public OpenFolder, public PartedFolder {
   public:
     // `native` is the folder's true path. `path` is its drive path, for messages. `listings` may be
     // null.
@@ -21,6 +21,9 @@ class LinuxOpenFolder : public OpenFolder {
 
     Result<void> List(FolderListing& listing) override;
     Result<ObjectFacts> Facts(std::string_view name) override;
+
+    std::shared_ptr<const FolderListing> NamesInParts(const More& more) override;
+    BriefFacts FactsOf(std::string_view name) const override;
 
     // All that a visit wants, by the one descriptor; see FolderVisitor.
     void Visit(const VisitWish& wish, const std::atomic<bool>& isDropped, FolderVisit& visit);
@@ -37,8 +40,8 @@ class LinuxOpenFolder : public OpenFolder {
     BriefFacts ChildFacts(const struct statx& st, const std::string& nativeName) const;
 
   private:
-    Result<std::shared_ptr<const FolderListing>> Names();
-    Result<void> Read(FolderListing& listing);
+    Result<std::shared_ptr<const FolderListing>> Names(const More& more = {});
+    Result<void> Read(FolderListing& listing, const More& more = {});
     std::string NativeOf(std::string_view nativeName) const;
 
     UniqueFd fd_;

@@ -1,11 +1,10 @@
 #include "platform/linux/linux_pages.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/unique_fd.h"
 
 #include <fmt/core.h>
-#include <gio/gdesktopappinfo.h>
-#include <gio/gio.h>
 
 #include <cerrno>
 #include <dirent.h>
@@ -23,12 +22,12 @@ namespace tarvix::platform {
 namespace {
 
 struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
+    void operator()(gpointer object) const { TX_GIO(g_object_unref)(object); }
 };
 using AppInfo = std::unique_ptr<GAppInfo, Unref>;
 
 AppInfo DefaultApplication() {
-    return AppInfo(g_app_info_get_default_for_uri_scheme("http"));
+    return AppInfo(TX_GIO(g_app_info_get_default_for_uri_scheme)("http"));
 }
 
 std::string ReadSmall(int folder, const std::string& name) {
@@ -96,12 +95,11 @@ LinuxPages::~LinuxPages() {
 PageBrowser LinuxPages::Default() {
     const AppInfo application = DefaultApplication();
     if (!application) return {};
-    const char* name = g_app_info_get_display_name(application.get());
-    const char* executable = g_app_info_get_executable(application.get());
-    const bool isDesktop = G_IS_DESKTOP_APP_INFO(application.get());
-    const bool isActivated =
-        isDesktop &&
-        g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(application.get()), "DBusActivatable");
+    const char* name = TX_GIO(g_app_info_get_display_name)(application.get());
+    const char* executable = TX_GIO(g_app_info_get_executable)(application.get());
+    const bool isDesktop = IsDesktopEntry(application.get());
+    const bool isActivated = isDesktop && TX_GIO(g_desktop_app_info_get_boolean)(
+                                              AsDesktopEntry(application.get()), "DBusActivatable");
     return {.name = name != nullptr && *name != '\0' ? name : "its browser",
             .endsPages =
                 isDesktop && !isActivated && executable != nullptr && !IsRunning(executable)};
@@ -115,17 +113,17 @@ Result<void> LinuxPages::Open(std::string_view address) {
     std::string held(address);
     GList addresses{.data = held.data(), .next = nullptr, .prev = nullptr};
     GError* error = nullptr;
-    if (!G_IS_DESKTOP_APP_INFO(application.get())) {
+    if (!IsDesktopEntry(application.get())) {
         const gboolean isStarted =
-            g_app_info_launch_uris(application.get(), &addresses, nullptr, &error);
+            TX_GIO(g_app_info_launch_uris)(application.get(), &addresses, nullptr, &error);
         const GlibPointer<GError> owned(error);
         if (isStarted) return {};
         return CannotShow(address, error != nullptr ? error->message : nullptr);
     }
     pid_t started = 0;
     const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
-    const gboolean isStarted = g_desktop_app_info_launch_uris_as_manager(
-        G_DESKTOP_APP_INFO(application.get()), &addresses, nullptr, flags, LeaveOurSession, nullptr,
+    const gboolean isStarted = TX_GIO(g_desktop_app_info_launch_uris_as_manager)(
+        AsDesktopEntry(application.get()), &addresses, nullptr, flags, LeaveOurSession, nullptr,
         KeepProcess, &started, &error);
     const GlibPointer<GError> owned(error);
     if (!isStarted) return CannotShow(address, error != nullptr ? error->message : nullptr);

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop_entries.h"
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 
 #include <fmt/core.h>
 
@@ -21,7 +22,7 @@ std::string TypeOfClass(std::string_view name) {
 std::string Quoted(const std::vector<std::string>& words) {
     std::string command;
     for (const std::string& word : words) {
-        const GlibPointer<char> quoted(g_shell_quote(word.c_str()));
+        const GlibPointer<char> quoted(TX_GIO(g_shell_quote)(word.c_str()));
         command.append(command.empty() ? "" : " ").append(quoted.get());
     }
     return command;

@@ -1,6 +1,7 @@
 #include "platform/linux/linux_trash.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/trash_folder.h"
 #include "platform/names.h"
 #include "platform/try.h"
@@ -45,7 +46,7 @@ std::string TopOf(std::string folder, std::uint64_t device) {
 }
 
 bool IsOfHome(std::uint64_t device) {
-    const auto home = StatBehindPath(g_get_home_dir());
+    const auto home = StatBehindPath(TX_GIO(g_get_home_dir)());
     return home && DeviceOf(*home) == device;
 }
 

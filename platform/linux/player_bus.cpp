@@ -1,5 +1,6 @@
 #include "platform/linux/player_bus.h"
 
+#include "platform/linux/late_gio.h"
 #include "text/case.h"
 
 namespace tarvix::platform {
@@ -25,8 +26,8 @@ PlayerBus::PlayerBus(const std::string& program) {
         if (!IsPlayer(name, program)) continue;
         const BusMethod list{name, kObject, "org.mpris.MediaPlayer2.TrackList", ""};
         const auto editable = bus_.Property(list, "CanEditTracks");
-        if (!editable || !g_variant_is_of_type(editable->get(), G_VARIANT_TYPE_BOOLEAN)) continue;
-        if (!g_variant_get_boolean(editable->get())) continue;
+        if (!editable || !TX_GIO(g_variant_is_of_type)(editable->get(), VariantType("b"))) continue;
+        if (!TX_GIO(g_variant_get_boolean)(editable->get())) continue;
         name_ = name;
         return;
     }
@@ -40,15 +41,15 @@ Result<void> PlayerBus::Append(const std::string& address, bool plays) const {
     const auto tracks = bus_.Property(On(""), "Tracks");
     if (!tracks) return std::unexpected(tracks.error());
     std::string last = kNoTrack;
-    if (g_variant_is_of_type(tracks->get(), G_VARIANT_TYPE("ao"))) {
-        const gsize count = g_variant_n_children(tracks->get());
+    if (TX_GIO(g_variant_is_of_type)(tracks->get(), VariantType("ao"))) {
+        const gsize count = TX_GIO(g_variant_n_children)(tracks->get());
         if (count > 0) {
-            const Variant track(g_variant_get_child_value(tracks->get(), count - 1));
-            last = g_variant_get_string(track.get(), nullptr);
+            const Variant track(TX_GIO(g_variant_get_child_value)(tracks->get(), count - 1));
+            last = TX_GIO(g_variant_get_string)(track.get(), nullptr);
         }
     }
-    const auto added =
-        bus_.Call(On("AddTrack"), g_variant_new("(sob)", address.c_str(), last.c_str(), plays));
+    const auto added = bus_.Call(
+        On("AddTrack"), TX_GIO(g_variant_new)("(sob)", address.c_str(), last.c_str(), plays));
     if (!added) return std::unexpected(added.error());
     if (!plays) return {};
     // One that was paused stays so on its new track.

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/error.h"
-
-#include <gio/gio.h>
+#include "platform/linux/late_gio.h"
 
 #include <memory>
 #include <string>
@@ -11,12 +10,12 @@
 namespace tarvix::platform {
 
 struct VariantFree {
-    void operator()(GVariant* value) const { g_variant_unref(value); }
+    void operator()(GVariant* value) const { TX_GIO(g_variant_unref)(value); }
 };
 using Variant = std::unique_ptr<GVariant, VariantFree>;
 
 struct ObjectFree {
-    void operator()(gpointer object) const { g_object_unref(object); }
+    void operator()(gpointer object) const { TX_GIO(g_object_unref)(object); }
 };
 template <class T>
 using ObjectPointer = std::unique_ptr<T, ObjectFree>;

@@ -1,6 +1,7 @@
 #include "platform/linux/start_process.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/unique_fd.h"
 #include "platform/names.h"
 
@@ -128,7 +129,7 @@ std::unexpected<PlatformError> CannotStart(const std::string& program, int error
 } // namespace
 
 std::string FindProgram(const std::string& name) {
-    const GlibPointer<char> found(g_find_program_in_path(name.c_str()));
+    const GlibPointer<char> found(TX_GIO(g_find_program_in_path)(name.c_str()));
     return found == nullptr ? std::string() : found.get();
 }
 

@@ -147,7 +147,7 @@ Sys<std::string> ReadAll(int fd, std::size_t most) {
     std::string out;
     std::size_t used = 0;
     while (true) {
-        if (out.size() - used < 4096) out.resize(out.size() * 2 + 65536);
+        if (out.size() - used < 4096) out.resize(out.size() * 2 + 16384);
         const ssize_t got = ::read(fd, out.data() + used, out.size() - used);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return std::unexpected(errno);

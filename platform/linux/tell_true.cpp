@@ -1,6 +1,7 @@
 #include "platform/linux/tell_true.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/unique_fd.h"
 
 #include <chrono>
@@ -36,15 +37,16 @@ std::string Said(int fd) {
 
 bool SaysTrue(const std::string& commandLine) {
     char** words = nullptr;
-    if (g_shell_parse_argv(commandLine.c_str(), nullptr, &words, nullptr) == FALSE) return false;
-    const std::unique_ptr<char*, decltype(&g_strfreev)> held(words, g_strfreev);
+    if (TX_GIO(g_shell_parse_argv)(commandLine.c_str(), nullptr, &words, nullptr) == FALSE)
+        return false;
+    const std::unique_ptr<char*, decltype(&g_strfreev)> held(words, TX_GIO(g_strfreev));
     GPid process = 0;
     int out = -1;
     constexpr auto kFlags =
         static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD |
                                  G_SPAWN_STDERR_TO_DEV_NULL | G_SPAWN_CLOEXEC_PIPES);
-    if (g_spawn_async_with_pipes(nullptr, words, nullptr, kFlags, nullptr, nullptr, &process,
-                                 nullptr, &out, nullptr, nullptr) == FALSE) {
+    if (TX_GIO(g_spawn_async_with_pipes)(nullptr, words, nullptr, kFlags, nullptr, nullptr,
+                                         &process, nullptr, &out, nullptr, nullptr) == FALSE) {
         return false;
     }
     const UniqueFd fd(out);

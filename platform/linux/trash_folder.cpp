@@ -1,6 +1,7 @@
 #include "platform/linux/trash_folder.h"
 
 #include "platform/linux/glib_pointer.h"
+#include "platform/linux/late_gio.h"
 #include "platform/linux/part_file.h"
 #include "platform/try.h"
 #include "text/characters.h"
@@ -33,14 +34,14 @@ Sys<UniqueFd> OpenOrMake(At at, int flags = kFolderFlags) {
 }
 
 bool IsTrashWanted(const std::string& top) {
-    GUnixMountEntry* const mount = g_unix_mount_at(top.c_str(), nullptr);
+    GUnixMountEntry* const mount = TX_GIO(g_unix_mount_at)(top.c_str(), nullptr);
     if (mount == nullptr) return false;
-    const char* const given = g_unix_mount_get_options(mount);
+    const char* const given = TX_GIO(g_unix_mount_get_options)(mount);
     const std::string_view options = given == nullptr ? "" : given;
-    const bool isInternal = g_unix_mount_is_system_internal(mount) != FALSE;
+    const bool isInternal = TX_GIO(g_unix_mount_is_system_internal)(mount) != FALSE;
     const bool isWanted = options.find("x-gvfs-notrash") == options.npos &&
                           (!isInternal || options.find("x-gvfs-trash") != options.npos);
-    g_unix_mount_free(mount);
+    TX_GIO(g_unix_mount_free)(mount);
     return isWanted;
 }
 
@@ -105,7 +106,8 @@ std::string NameForTry(std::string_view name, unsigned number) {
     const std::size_t end = dot == stem.npos || dot == 0 ? stem.size() : dot;
     std::string out(stem.substr(0, end));
     out += '.';
-    out += std::to_string(number <= kCountedNames ? number : g_random_int() % 1'000'000'000);
+    out +=
+        std::to_string(number <= kCountedNames ? number : TX_GIO(g_random_int)() % 1'000'000'000);
     out += stem.substr(end);
     return out;
 }
@@ -117,8 +119,8 @@ std::string AsFront(const std::string& folder) {
 
 // A relative place is none.
 std::string DataHome() {
-    const std::string data = g_get_user_data_dir();
-    return data.starts_with('/') ? data : fmt::format("{}/.local/share", g_get_home_dir());
+    const std::string data = TX_GIO(g_get_user_data_dir)();
+    return data.starts_with('/') ? data : fmt::format("{}/.local/share", TX_GIO(g_get_home_dir)());
 }
 } // namespace
 
@@ -155,7 +157,7 @@ Sys<TrashFolder> TrashFolder::Open(Sys<UniqueFd> folder, std::string path, std::
 
 Sys<TrashFolder> TrashFolder::OfHome() {
     const std::string data = DataHome();
-    if (g_mkdir_with_parents(data.c_str(), 0755) != 0) return std::unexpected(errno);
+    if (TX_GIO(g_mkdir_with_parents)(data.c_str(), 0755) != 0) return std::unexpected(errno);
     // The user may have put a link in its place.
     std::string path = fmt::format("{}/Trash", data);
     auto folder = OpenOrMake({AT_FDCWD, path.c_str()}, O_RDONLY | O_DIRECTORY);

@@ -68,7 +68,7 @@ void HistoryFile::Save() {
         return NoteLeftAlone(session_, kind_.saveRoutine, kind_.path);
     }
     (void)Try(kind_.saveRoutine,
-              [&] { return ReplaceTextFile(session_.files(), kind_.path, FileText()); });
+              [&] { return UpdateTextFile(session_.files(), kind_.path, FileText()); });
 }
 
 HistoryFile::Ending HistoryFile::Read() {

@@ -264,12 +264,24 @@ void SaveOptionFile(Session& session) {
     const auto& state = session.state;
     if (state.blnOptionFileUnread)
         return NoteLeftAlone(session, "SaveOptionFile", state.strOptionFile);
-    auto saved = ReplaceTextFile(session.files(), state.strOptionFile, OptionFileText(session));
+    auto saved = UpdateTextFile(session.files(), state.strOptionFile, OptionFileText(session));
     if (!saved) TellUnexpected(session, saved.error(), "SaveOptionFile", state.strOptionFile);
 }
 
+namespace {
+// Options seldom change from one start to the next.
+bool IsBackedUp(Session& session) {
+    constexpr std::size_t kMost = 1 << 16;
+    const auto& state = session.state;
+    const auto options = session.files().ReadBytes(state.strOptionFile, 0, kMost);
+    return options && options->size() < kMost &&
+           HasContent(session.files(), state.strOptionBackupFile, *options);
+}
+} // namespace
+
 void BackUpOptionFile(Session& session) {
     const auto& state = session.state;
+    if (IsBackedUp(session)) return;
     (void)Attempt(
         session,
         {.routine = "Form_Load",

@@ -77,4 +77,14 @@ Result<void> ReplaceTextFile(FileSystem& files, std::string_view path, std::stri
     return file.Finish();
 }
 
+Result<void> UpdateTextFile(FileSystem& files, std::string_view path, std::string_view content) {
+    if (HasContent(files, path, content)) return {};
+    return ReplaceTextFile(files, path, content);
+}
+
+bool HasContent(FileSystem& files, std::string_view path, std::string_view content) {
+    const auto held = files.ReadBytes(path, 0, content.size() + 1);
+    return held && *held == content;
+}
+
 } // namespace tarvix::session

@@ -44,4 +44,11 @@ class NewTextFile {
 platform::Result<void> ReplaceTextFile(platform::FileSystem& files, std::string_view path,
                                        std::string_view content);
 
+// The same, but a file that has this content already is left as it is, with its date.
+platform::Result<void> UpdateTextFile(platform::FileSystem& files, std::string_view path,
+                                      std::string_view content);
+
+// Whether that drive path is a file with this content and no more.
+bool HasContent(platform::FileSystem& files, std::string_view path, std::string_view content);
+
 } // namespace tarvix::session

@@ -2,10 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 namespace tarvix::endtoend {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 // One search and what it prints, the temporary folder shown as ROOT.
 struct Line {
@@ -182,6 +185,15 @@ TEST_F(SearchTest, OutputFormats) {
         {{"*.txt", "--in", "basic", "--sort", "SizeSubItem:desc"},
          "ROOT/basic/b.txt\nROOT/basic/sub/below/e.txt\n"},
     });
+}
+
+TEST_F(SearchTest, LoadsNothingOfTheDesktop) {
+    AddFile("tree/a.txt");
+    beforeProgram = [] { setenv("LD_DEBUG", "libs", 1); };
+    const Outcome outcome = Run({"search", "*", "--in", (Root() / "tree").string()});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.err, HasSubstr("calling init"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("libgio")));
 }
 
 } // namespace

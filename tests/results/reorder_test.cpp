@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <numeric>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvix::results {
@@ -75,6 +77,48 @@ TEST_F(ReorderTest, RoomForManyKeepsTheRowsAndTheirPlaces) {
     EXPECT_EQ(&rows.At(0), first);
     EXPECT_EQ(rows.At(2).name, "2");
     EXPECT_EQ(rows.Count(), 1003U);
+}
+
+TEST_F(ReorderTest, ManyRowsKeepTheirPlaces) {
+    AddNumbers(10'000);
+    ASSERT_EQ(rows.Count(), 10'000U);
+    const ResultRow* const last = &rows.At(9'999);
+    Add("x");
+    EXPECT_EQ(&rows.At(9'999), last);
+    EXPECT_EQ(rows.Added().size(), 10'001U);
+    std::size_t at = 0;
+    for (const ResultRow& row : std::as_const(rows).Added()) {
+        ASSERT_EQ(&row, &rows.At(at));
+        ASSERT_EQ(rows.PlaceOf(at), at);
+        ++at;
+    }
+    EXPECT_EQ(at, 10'001U);
+    EXPECT_EQ(rows.At(4'500).name, "4500");
+    EXPECT_EQ((*rows.Added().From(10'000).begin()).name, "x");
+}
+
+TEST_F(ReorderTest, RowsStandAsAddedUntilTheyChangePlaces) {
+    AddNumbers(3);
+    EXPECT_TRUE(rows.StandAsAdded());
+    rows.InsertSpacers({1});
+    EXPECT_FALSE(rows.StandAsAdded());
+    rows.RemoveSpacers();
+    EXPECT_TRUE(rows.StandAsAdded());
+    rows.Reorder({1, 0, 2});
+    EXPECT_FALSE(rows.StandAsAdded());
+    EXPECT_EQ(rows.PlaceOf(0), 1U);
+}
+
+TEST_F(ReorderTest, AHeldNameIsNotCopied) {
+    auto names = std::make_shared<const std::string>("held");
+    const std::weak_ptr<const std::string> watched = names;
+    rows.Hold(names);
+    rows.Add({.name = *names, .folder = rows.AddFolder({.longPath = "C:\\t"})}, "01", true);
+    EXPECT_EQ(rows.At(0).name.data(), names->data());
+    names.reset();
+    EXPECT_EQ(rows.At(0).name, "held");
+    rows.Clear();
+    EXPECT_TRUE(watched.expired());
 }
 
 } // namespace

@@ -52,6 +52,7 @@ TEST_F(Lifecycle, TheStartReadsItsFilesInOrder) {
 
 TEST_F(Lifecycle, TheStopWritesItsFilesInOrderAndTheErrorLogLast) {
     Start();
+    Disk().AddFile(kFolder + "TXFSSearchHistoryFile.txt", "");
     machine.faults.ResetCounts();
     program.Stop();
     const std::vector<std::size_t> order{
@@ -63,6 +64,23 @@ TEST_F(Lifecycle, TheStopWritesItsFilesInOrderAndTheErrorLogLast) {
     };
     EXPECT_TRUE(std::ranges::is_sorted(order)) << ::testing::PrintToString(order);
     EXPECT_THAT(*Disk().Content(kFolder + "TXProgramError.log"), HasSubstr("Closed Error Log at "));
+}
+
+TEST_F(Lifecycle, FilesThatWouldStayTheSameAreNotWritten) {
+    Start();
+    program.Stop();
+    app::Program second(machine.platform, prompts);
+    second.Start("");
+    second.Stop();
+    app::Program third(machine.platform, prompts);
+    machine.faults.ResetCounts();
+    third.Start("");
+    third.Stop();
+    for (const auto& call : machine.faults.Calls()) {
+        const bool writes = call.operation == "CopyFile" || call.operation == "ReplaceContent";
+        EXPECT_FALSE(writes) << call.operation << ' ' << call.path;
+    }
+    EXPECT_TRUE(Disk().Content(kFolder + "TXOptionFile.bak"));
 }
 
 TEST_F(Lifecycle, NothingIsLeftBesideTheFiles) {

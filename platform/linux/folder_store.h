@@ -34,6 +34,13 @@ struct StoreCounts {
     std::uint64_t read = 0;     // folders whose names were read
 };
 
+// What is known of a place without a look at it.
+enum class Vacancy : std::uint8_t {
+    kUnknown,
+    kName,   // nothing of that name is in its folder
+    kFolder, // nor is there a folder around it
+};
+
 // What a drive path starts from, the same for all that lies in its folders.
 struct PathStart {
     std::string root;    // "C:" or "\\server\share", as given, drive in upper case
@@ -102,8 +109,8 @@ class FolderStore {
     // missing or can't be read.
     Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
     // Whether the folder around a native path has known names, and none like the last one of the
-    // path: by no form and in no case.
-    bool IsKnownFree(std::string_view native);
+    // path: by no form and in no case. Nothing stands below what is missing so, either.
+    Vacancy VacancyOf(std::string_view native);
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
     bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
 
@@ -161,6 +168,7 @@ class FolderStore {
 
     Entry& At(std::string_view path);
     Folder* WithNames(std::string_view path);
+    bool LacksName(std::string_view path, Folder& known, std::string_view name);
     void Add(std::string_view native);
     void Remove(std::string_view native);
     Sys<void> LookAt(Entry& entry);

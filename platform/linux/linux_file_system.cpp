@@ -64,6 +64,10 @@ std::string ShortForm(std::string_view truePath) {
     }
     return out;
 }
+
+bool MayLeadToFolder(const Resolved& place) {
+    return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
+}
 } // namespace
 
 // ---- looks ----
@@ -72,6 +76,7 @@ struct LinuxFileSystem::ResolvedLook final : Known {
     explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
     std::uint64_t fileSystem;
     std::uint64_t changes = 0; // that were made before it
+    std::uint64_t makes = 0;
     std::int64_t takenAt = 0;
     Resolved place;
 };
@@ -84,6 +89,7 @@ std::uint64_t LinuxFileSystem::NextNumber() {
 
 std::shared_ptr<const Known> LinuxFileSystem::Kept(std::shared_ptr<ResolvedLook> look) const {
     look->changes = changes_;
+    look->makes = makes_;
     look->takenAt = store_.Tick();
     return look;
 }
@@ -91,13 +97,17 @@ std::shared_ptr<const Known> LinuxFileSystem::Kept(std::shared_ptr<ResolvedLook>
 const Resolved* LinuxFileSystem::Believed(const Known* known) const {
     if (known == nullptr || typeid(*known) != typeid(ResolvedLook)) return nullptr;
     const auto& kept = static_cast<const ResolvedLook&>(*known);
+    // A file stays what it is while others are made beside it.
+    const bool isApart = kept.place.Exists() && !MayLeadToFolder(kept.place);
     const bool isBelieved = kept.fileSystem == number_ && kept.changes == changes_ &&
+                            (isApart || kept.makes == makes_) &&
                             store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
     return isBelieved ? &kept.place : nullptr;
 }
 
 Result<const Resolved*> LinuxFileSystem::TargetOf(const FreePlace& place, Resolved& anew) const {
-    if (const Resolved* const believed = Believed(place.known.get())) return believed;
+    const Resolved* const believed = Believed(place.known.get());
+    if (believed != nullptr && !believed->lacksFolder) return believed;
     TX_TRY_ASSIGN(anew, resolver_.NewTarget(place.path));
     return &anew;
 }
@@ -137,6 +147,7 @@ std::optional<Look> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
     if (!ahead) return std::nullopt;
     auto& look = static_cast<ResolvedLook&>(*ahead->known);
     look.changes = changes_;
+    look.makes = makes_;
     if (Believed(&look) == nullptr) return std::nullopt;
     return Look{std::string(seen.path), ahead->facts, ahead->known, seen.sighting.location};
 }
@@ -214,12 +225,6 @@ std::vector<DriveInfo> LinuxFileSystem::Drives() {
     return drives;
 }
 
-namespace {
-bool MayLeadToFolder(const Resolved& place) {
-    return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
-}
-} // namespace
-
 void LinuxFileSystem::NoteChangedAlone(const Resolved& place) {
     if (MayLeadToFolder(place)) return NoteChanged();
     ++changes_;
@@ -231,7 +236,7 @@ void LinuxFileSystem::NoteMade(const Resolved& place) {
     if (place.Exists()) {
         NoteChanged();
     } else {
-        ++changes_;
+        ++makes_;
     }
     store_.NoteMade(place.native);
 }

@@ -184,7 +184,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     std::shared_ptr<VisitedBy> visitedBy_ = std::make_shared<VisitedBy>(this);
     PathResolver resolver_;
     LinuxForesight foresight_{resolver_};
-    std::atomic<std::uint64_t> changes_ = 0; // made here so far
+    std::atomic<std::uint64_t> changes_ = 0; // made here so far, of what stood
+    std::atomic<std::uint64_t> makes_ = 0;   // where nothing stood
     const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};

@@ -52,6 +52,7 @@ void CopyAhead::Start() {
 }
 
 void CopyAhead::Replace(std::vector<AheadItem> items) {
+    lookedAt_.reset();
     const std::scoped_lock lock(mutex_);
     Entries kept = std::exchange(entries_, {});
     items.resize(std::min(items.size(), kMostLookedAt));
@@ -96,25 +97,50 @@ bool CopyAhead::HasManyReady() const {
     return false;
 }
 
-std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
-    std::unique_lock lock(mutex_);
+CopyAhead::Entries::iterator CopyAhead::Find(std::string_view key) {
     const auto end =
         entries_.begin() + static_cast<std::ptrdiff_t>(std::min(entries_.size(), kMostLookedAt));
     const auto found = std::find_if(entries_.begin(), end,
                                     [&](const auto& entry) { return entry->item.key == key; });
-    if (found == end) return std::nullopt;
-    const std::shared_ptr<Entry> entry = *found;
-    entries_.erase(entries_.begin(), found + 1);
-    done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
+    return found == end ? entries_.end() : found;
+}
+
+void CopyAhead::WakeIfFew() {
     if (isResting_ && !HasManyReady()) more_.notify_one();
+}
+
+std::optional<AheadSource> CopyAhead::LookAt(std::string_view key) {
+    if (lookedAt_ == nullptr || lookedAt_->item.key != key) {
+        const std::scoped_lock lock(mutex_);
+        const auto found = Find(key);
+        if (found == entries_.end() || (*found)->state != State::kReady) return std::nullopt;
+        lookedAt_ = std::move(*found);
+        entries_.erase(entries_.begin(), found + 1);
+        WakeIfFew();
+    }
+    return AheadSource{lookedAt_->st, lookedAt_->item.location, lookedAt_->item.found};
+}
+
+std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
+    std::shared_ptr<Entry> entry = std::exchange(lookedAt_, nullptr);
+    if (entry == nullptr || entry->item.key != key) {
+        std::unique_lock lock(mutex_);
+        const auto found = Find(key);
+        if (found == entries_.end()) return std::nullopt;
+        entry = *found;
+        entries_.erase(entries_.begin(), found + 1);
+        done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
+        WakeIfFew();
+    }
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
     return std::move(entry->part);
 }
 
 bool CopyAhead::Drop() {
+    const bool wasLookedAt = std::exchange(lookedAt_, nullptr) != nullptr;
     std::unique_lock lock(mutex_);
-    const bool hadAny = !entries_.empty();
+    const bool hadAny = wasLookedAt || !entries_.empty();
     const Entries dropped = std::exchange(entries_, {});
     for (const auto& entry : dropped)
         done_.wait(lock, [&entry] { return entry->state != State::kWorking; });

@@ -85,6 +85,21 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     return {};
 }
 
+// What its copy was made from is what stands there.
+std::optional<Look> LinuxFileSystem::CopiedAhead(const SeenObject& seen) {
+    if (Ahead() == nullptr || seen.sighting.location == kAnyRoad) return std::nullopt;
+    const auto source = ahead_.LookAt(seen.path);
+    if (!source || !source->found || source->location != seen.sighting.location) {
+        return std::nullopt;
+    }
+    auto& look = static_cast<ResolvedLook&>(*source->found);
+    look.place.st = source->st;
+    if (Believed(&look) == nullptr) return std::nullopt;
+    const auto facts = FactsOf(look.place, seen.path);
+    if (!facts || !CheckSame(seen, *facts)) return std::nullopt;
+    return Look{std::string(seen.path), *facts, source->found, seen.sighting.location};
+}
+
 void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
     if (Ahead() == nullptr) return;
     std::vector<AheadItem> items;
@@ -105,7 +120,10 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
 
 // The folder of what a search saw is opened here for the look that comes before the copy, too.
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
-    Resolved source;
+    auto look = std::make_shared<ResolvedLook>(number_);
+    look->changes = changes_;
+    look->takenAt = store_.Tick();
+    Resolved& source = look->place;
     const auto found = item.location == kAnyRoad
                            ? resolver_.ByText(item.key, source)
                            : resolver_.FolderBelow(item.key, item.location, source);
@@ -113,6 +131,7 @@ bool LinuxFileSystem::FindAhead(AheadItem& item) const {
     if (source.around) {
         item.sourceFolder = source.around;
         item.source = source.NativeName();
+        item.found = std::move(look);
         return true;
     }
     if (source.native.size() >= PATH_MAX) return false;

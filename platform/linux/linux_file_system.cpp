@@ -72,15 +72,6 @@ bool MayLeadToFolder(const Resolved& place) {
 
 // ---- looks ----
 
-struct LinuxFileSystem::ResolvedLook final : Known {
-    explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
-    std::uint64_t fileSystem;
-    std::uint64_t changes = 0; // that were made before it
-    std::uint64_t makes = 0;
-    std::int64_t takenAt = 0;
-    Resolved place;
-};
-
 // No other file system of this program has the same.
 std::uint64_t LinuxFileSystem::NextNumber() {
     static std::atomic<std::uint64_t> last = 0;
@@ -154,6 +145,7 @@ std::optional<Look> LinuxFileSystem::TakenAhead(const SeenObject& seen) {
 
 Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
     if (auto ahead = TakenAhead(seen)) return std::move(*ahead);
+    if (auto ahead = CopiedAhead(seen)) return std::move(*ahead);
     auto look = std::make_shared<ResolvedLook>(number_);
     TX_TRY_ASSIGN(const ObjectFacts facts, Seen(seen, look->place));
     return Look{std::string(seen.path), facts, Kept(std::move(look)), seen.sighting.location};

@@ -147,6 +147,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     Result<void> RemoveFolder(const Resolved& place, std::string_view path);
     Result<void> CopyOne(const Resolved& source, const Resolved& target, std::string_view from,
                          std::string_view to, CopyRun& run);
+    // The look that was taken at a source to copy it ahead, in the same way.
+    std::optional<Look> CopiedAhead(const SeenObject& seen);
     // Where the source of a planned copy lies, if its facts tell of each change. For any thread.
     bool FindAhead(AheadItem& item) const;
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
@@ -190,6 +192,15 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
     LookAhead looks_{[this](const SeenObject& seen) { return LookedAhead(seen); }};
+};
+
+struct LinuxFileSystem::ResolvedLook final : Known {
+    explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
+    std::uint64_t fileSystem;
+    std::uint64_t changes = 0; // that were made before it
+    std::uint64_t makes = 0;
+    std::int64_t takenAt = 0;
+    Resolved place;
 };
 
 } // namespace tarvix::platform

@@ -105,18 +105,21 @@ CopyAhead::Entries::iterator CopyAhead::Find(std::string_view key) {
     return found == end ? entries_.end() : found;
 }
 
-void CopyAhead::WakeIfFew() {
-    if (isResting_ && !HasManyReady()) more_.notify_one();
+// Who is woken finds the lock free.
+void CopyAhead::WakeIfFew(std::unique_lock<std::mutex>& lock) {
+    const bool isWanted = isResting_ && !HasManyReady();
+    lock.unlock();
+    if (isWanted) more_.notify_one();
 }
 
 std::optional<AheadSource> CopyAhead::LookAt(std::string_view key) {
     if (lookedAt_ == nullptr || lookedAt_->item.key != key) {
-        const std::scoped_lock lock(mutex_);
+        std::unique_lock lock(mutex_);
         const auto found = Find(key);
         if (found == entries_.end() || (*found)->state != State::kReady) return std::nullopt;
         lookedAt_ = std::move(*found);
         entries_.erase(entries_.begin(), found + 1);
-        WakeIfFew();
+        WakeIfFew(lock);
     }
     return AheadSource{lookedAt_->st, lookedAt_->item.location, lookedAt_->item.found};
 }
@@ -130,7 +133,7 @@ std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx
         entry = *found;
         entries_.erase(entries_.begin(), found + 1);
         done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
-        WakeIfFew();
+        WakeIfFew(lock);
     }
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;

@@ -82,8 +82,8 @@ class CopyAhead {
     void Rest(std::unique_lock<std::mutex>& lock);
     std::shared_ptr<Entry> NextToDo() const;
     Entries::iterator Find(std::string_view key);
-    // To be called when some were taken.
-    void WakeIfFew();
+    // To be called when some were taken; gives the lock back.
+    void WakeIfFew(std::unique_lock<std::mutex>& lock);
     bool HasManyReady() const;
     bool Prepare(Entry& entry);
 

@@ -191,18 +191,27 @@ class FolderStore {
     void LetGoBelow(std::string_view path);
 
     const StoreClock clock_;
-    mutable std::mutex mutex_;
     std::atomic<int> depth_ = 0;
+
+    // One for each of the three parts that follow, so that who copies ahead doesn't wait for what
+    // is asked of names. The second may be taken while the first is held.
+    mutable std::mutex mutex_;
+    mutable std::mutex trueFoldersMutex_;
+    mutable std::mutex waysMutex_;
+
     text::ByText<Folder> folders_; // by native path
     text::LastFound<Folder> lastFolders_;
     std::vector<Entry*> held_;
-    std::deque<TrueFolder> trueFolders_;       // the last opened at the end
-    std::uint64_t lastOpened_ = 0;             // the number of that one
+    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
+    StoreCounts counts_;
+
+    std::deque<TrueFolder> trueFolders_; // the last opened at the end
+    std::uint64_t lastOpened_ = 0;       // the number of that one
+
     std::shared_ptr<const DriveTable> drives_; // of the ways
     text::ByText<Way> ways_;
     text::LastFound<Way> lastWays_;
-    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
-    StoreCounts counts_;
+
     std::atomic<std::uint64_t> resolved_ = 0;
     std::atomic<std::uint64_t> parsed_ = 0;
     std::atomic<std::uint64_t> walked_ = 0;

@@ -108,6 +108,7 @@ CopyAhead::Entries::iterator CopyAhead::Find(std::string_view key) {
 // Who is woken finds the lock free.
 void CopyAhead::WakeIfFew(std::unique_lock<std::mutex>& lock) {
     const bool isWanted = isResting_ && !HasManyReady();
+    if (isWanted) isResting_ = false; // once is enough
     lock.unlock();
     if (isWanted) more_.notify_one();
 }
@@ -156,15 +157,16 @@ std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
     std::size_t ready = 0;
     std::uint64_t bytes = 0;
     std::shared_ptr<Entry> next;
-    for (std::size_t i = 0; i < std::min(entries_.size(), kMostLookedAt); ++i) {
-        const auto& entry = entries_[i];
+    std::size_t passed = 0;
+    for (const auto& entry : entries_) {
         if (entry->state == State::kReady) {
             ++ready;
             bytes += entry->st.stx_size;
+        } else if (entry->state == State::kWaiting) {
+            next = entry;
+            if (passed >= kLead) break;
         }
-        if (entry->state != State::kWaiting) continue;
-        next = entry;
-        if (i >= kLead) break;
+        if (++passed == kMostLookedAt) break;
     }
     return ready < kMostReady && bytes < kMostBytes ? next : nullptr;
 }
@@ -199,8 +201,9 @@ void CopyAhead::Work() {
 bool CopyAhead::Prepare(Entry& entry) {
     AheadItem& item = entry.item;
     if (item.source.empty() && !(findSource_ && findSource_(item))) return false;
-    const int folder = item.sourceFolder == nullptr ? AT_FDCWD : item.sourceFolder->Get();
-    const auto in = OpenForCopy({folder, item.source.c_str()});
+    const auto in = item.sourceFolder == nullptr
+                        ? OpenForCopy({AT_FDCWD, item.source.c_str()})
+                        : OpenForCopyBelow({item.sourceFolder->Get(), item.source.c_str()});
     if (!in) return false;
     const auto st = StatOf(in->Get());
     const bool isFit = st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo &&

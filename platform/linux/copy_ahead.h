@@ -23,7 +23,7 @@ namespace tarvix::platform {
 struct AheadItem {
     std::string key;                              // its drive path, as its copy will be asked for
     std::shared_ptr<const UniqueFd> sourceFolder; // none where `source` is an absolute path
-    std::string source;                           // empty where it is still to be found
+    std::string source; // empty where it is still to be found; below the folder no link is followed
     std::shared_ptr<const UniqueFd> targetFolder; // any folder of the file system that it goes to
     std::uint32_t location = kAnyRoad;            // of its path, where a search saw it
     std::shared_ptr<Known> found;                 // what FindSource keeps of it

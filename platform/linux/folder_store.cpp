@@ -16,8 +16,8 @@ constexpr std::size_t kMostFolders = 4096;
 constexpr std::size_t kMostNames = 400'000;
 constexpr std::size_t kMostWays = 2048;
 constexpr std::size_t kMostHeld = 32;
-constexpr std::size_t kMostTrueFolders = 64; // more than are copied ahead
-constexpr int kOftenEnough = 6;              // what opening and closing costs must come in again
+constexpr std::size_t kMostTrueFolders = 64;
+constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
 } // namespace
 
 StoreCounts FolderStore::Counts() const {
@@ -190,8 +190,13 @@ Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t fo
     return Location{std::move(folder), native.c_str() + slash + 1};
 }
 
-// Most objects lie in the folder of the one before them, or in one that was opened to copy them
-// ahead.
+Sys<Location> FolderStore::LocateFrom(const std::string& native, std::size_t folderLength) {
+    TX_TRY_ASSIGN(auto folder,
+                  TrueFolderAt(std::string_view(native).substr(0, folderLength), folderLength));
+    return Location{std::move(folder), native.c_str() + folderLength + 1};
+}
+
+// Most objects lie in the folder of the one before them.
 std::shared_ptr<const UniqueFd> FolderStore::KnownTrueFolder(std::string_view path,
                                                              std::size_t folderLength,
                                                              std::int64_t now) const {

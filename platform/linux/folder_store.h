@@ -94,6 +94,7 @@ class FolderStore {
 
     // Holds folders between the first BeginRun and the last EndRun, and none at other times.
     void BeginRun() { ++depth_; }
+    bool IsInRun() const { return depth_ > 0; }
     void EndRun();
     // As platform::Locate, from the folder around the object where it is held. A folder that is
     // asked for again and again, each time within 5 ms, becomes held; one that isn't is let go.
@@ -102,6 +103,8 @@ class FolderStore {
     // As Locate for an object that lies at least one name below a folder, given by the length of
     // its part of the path: from there on no link is followed (ELOOP, ENOTDIR).
     Sys<Location> LocateBelow(const std::string& native, std::size_t folderLength);
+    // The same from that folder itself, so that the call itself must follow no link.
+    Sys<Location> LocateFrom(const std::string& native, std::size_t folderLength);
 
     // ---- names; `folder` is an absolute native path ----
 

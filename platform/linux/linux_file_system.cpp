@@ -86,14 +86,21 @@ std::shared_ptr<const Known> LinuxFileSystem::Kept(std::shared_ptr<ResolvedLook>
 }
 
 const Resolved* LinuxFileSystem::Believed(const Known* known) const {
-    if (known == nullptr || typeid(*known) != typeid(ResolvedLook)) return nullptr;
-    const auto& kept = static_cast<const ResolvedLook&>(*known);
+    const ResolvedLook* const kept = ResolvedOf(known);
+    return kept && Stands(*kept) && !kept->isUnreached ? &kept->place : nullptr;
+}
+
+const LinuxFileSystem::ResolvedLook* LinuxFileSystem::ResolvedOf(const Known* known) {
+    const bool isOurs = known != nullptr && typeid(*known) == typeid(ResolvedLook);
+    return isOurs ? static_cast<const ResolvedLook*>(known) : nullptr;
+}
+
+bool LinuxFileSystem::Stands(const ResolvedLook& kept) const {
     // A file stays what it is while others are made beside it.
     const bool isApart = kept.place.Exists() && !MayLeadToFolder(kept.place);
-    const bool isBelieved = kept.fileSystem == number_ && kept.changes == changes_ &&
-                            (isApart || kept.makes == makes_) &&
-                            store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
-    return isBelieved ? &kept.place : nullptr;
+    return kept.fileSystem == number_ && kept.changes == changes_ &&
+           (isApart || kept.makes == makes_) &&
+           store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
 }
 
 Result<const Resolved*> LinuxFileSystem::TargetOf(const FreePlace& place, Resolved& anew) const {

@@ -152,6 +152,13 @@ Result<void> PathResolver::FolderBelow(std::string_view path, std::size_t locati
     return {};
 }
 
+Sys<Location> PathResolver::FromLocation(std::string_view path, std::size_t location,
+                                         Resolved& place) const {
+    if (!ByText(path, place) || place.IsRoot()) return std::unexpected(EINVAL);
+    const std::string_view below = path.substr(std::min(location, path.size()));
+    return store_.LocateFrom(place.native, FolderLength(place, below));
+}
+
 Result<void> PathResolver::Below(std::string_view path, std::size_t location,
                                  Resolved& place) const {
     TX_TRY(FolderBelow(path, location, place));

@@ -56,6 +56,9 @@ class PathResolver {
     Result<void> Below(std::string_view path, std::size_t location, Resolved& place) const;
     // The folder around it alone, reached so; none for a root.
     Result<void> FolderBelow(std::string_view path, std::size_t location, Resolved& place) const;
+    // Where a call that follows no link finds it from the search location; errnos. The text is that
+    // of `place`.
+    Sys<Location> FromLocation(std::string_view path, std::size_t location, Resolved& place) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what

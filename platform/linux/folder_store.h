@@ -66,8 +66,9 @@ struct PathStart {
 //   descriptors   walks from "/" on, three for an object copied or moved; a call to open the
 //                 target's folder and one to close it for a file that wasn't copied ahead
 //   true folders  walks from the search location on, three for an object that was seen by a search
-//   names         two looks at the target and one at its folder, since it is known to be free; and
-//                 all reading of a folder that was made here
+//   names         two looks at the target and one at its folder, since it is known to be free; all
+//                 reading of a folder that was made here; and for the first object of a folder that
+//                 is still to be made the walks that find out up to where it stands
 class FolderStore {
   public:
     static constexpr std::int64_t kBelieved = 5'000'000; // nanoseconds

@@ -29,8 +29,7 @@ std::string FolderOf(std::string_view path, bool isFolderPath) {
 }
 
 bool Stands(platform::FileSystem& files, std::string_view folder) {
-    return !files.KnownFree(folder) &&
-           !platform::DirName(files, folder, platform::kDirAll).empty();
+    return !files.KnownFree(folder) && !platform::DirName(files, folder, platform::kDirAll).empty();
 }
 
 ErrorContext ContextOf(const std::string& folder) {

@@ -12,7 +12,8 @@ void LeftParts::RemoveAround(session::Session& session, std::string_view path) {
     const std::string_view folder = text::GetParentFolderName(path);
     if (folder == last_) return;
     last_ = folder;
-    if (!seen_.emplace(folder).second) return;
+    if (seen_.contains(folder)) return;
+    seen_.emplace(folder);
     const auto removed = session.files().RemoveAbandoned(folder);
     // A folder that can't be read says so when something is done in it.
     if (!removed) return;
@@ -26,7 +27,7 @@ void LeftParts::RemoveAround(session::Session& session, std::string_view path) {
 
 bool LeftParts::HasSeenAround(std::string_view path) const {
     const std::string_view folder = text::GetParentFolderName(path);
-    return folder == last_ || seen_.contains(std::string(folder));
+    return folder == last_ || seen_.contains(folder);
 }
 
 } // namespace tarvix::actions

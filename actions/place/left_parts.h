@@ -1,5 +1,8 @@
 #pragma once
 
+#include "text/by_text.h"
+
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -21,7 +24,7 @@ class LeftParts {
 
   private:
     std::string last_;
-    std::unordered_set<std::string> seen_;
+    std::unordered_set<std::string, text::TextHash, std::equal_to<>> seen_;
 };
 
 } // namespace tarvix::actions

@@ -52,6 +52,7 @@ void CopyAhead::Start() {
 }
 
 void CopyAhead::Replace(std::vector<AheadItem> items) {
+    lookedAt_.reset();
     const std::scoped_lock lock(mutex_);
     Entries kept = std::exchange(entries_, {});
     items.resize(std::min(items.size(), kMostLookedAt));
@@ -96,25 +97,54 @@ bool CopyAhead::HasManyReady() const {
     return false;
 }
 
-std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
-    std::unique_lock lock(mutex_);
+CopyAhead::Entries::iterator CopyAhead::Find(std::string_view key) {
     const auto end =
         entries_.begin() + static_cast<std::ptrdiff_t>(std::min(entries_.size(), kMostLookedAt));
     const auto found = std::find_if(entries_.begin(), end,
                                     [&](const auto& entry) { return entry->item.key == key; });
-    if (found == end) return std::nullopt;
-    const std::shared_ptr<Entry> entry = *found;
-    entries_.erase(entries_.begin(), found + 1);
-    done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
-    if (isResting_ && !HasManyReady()) more_.notify_one();
+    return found == end ? entries_.end() : found;
+}
+
+// Who is woken finds the lock free.
+void CopyAhead::WakeIfFew(std::unique_lock<std::mutex>& lock) {
+    const bool isWanted = isResting_ && !HasManyReady();
+    if (isWanted) isResting_ = false; // once is enough
+    lock.unlock();
+    if (isWanted) more_.notify_one();
+}
+
+std::optional<AheadSource> CopyAhead::LookAt(std::string_view key) {
+    if (lookedAt_ == nullptr || lookedAt_->item.key != key) {
+        std::unique_lock lock(mutex_);
+        const auto found = Find(key);
+        if (found == entries_.end() || (*found)->state != State::kReady) return std::nullopt;
+        lookedAt_ = std::move(*found);
+        entries_.erase(entries_.begin(), found + 1);
+        WakeIfFew(lock);
+    }
+    return AheadSource{lookedAt_->st, lookedAt_->item.location, lookedAt_->item.found};
+}
+
+std::optional<PartFile> CopyAhead::Take(std::string_view key, const struct statx& st) {
+    std::shared_ptr<Entry> entry = std::exchange(lookedAt_, nullptr);
+    if (entry == nullptr || entry->item.key != key) {
+        std::unique_lock lock(mutex_);
+        const auto found = Find(key);
+        if (found == entries_.end()) return std::nullopt;
+        entry = *found;
+        entries_.erase(entries_.begin(), found + 1);
+        done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
+        WakeIfFew(lock);
+    }
     // Taken off the plan, an entry that still waits is never worked on.
     if (entry->state != State::kReady || !IsSame(entry->st, st)) return std::nullopt;
     return std::move(entry->part);
 }
 
 bool CopyAhead::Drop() {
+    const bool wasLookedAt = std::exchange(lookedAt_, nullptr) != nullptr;
     std::unique_lock lock(mutex_);
-    const bool hadAny = !entries_.empty();
+    const bool hadAny = wasLookedAt || !entries_.empty();
     const Entries dropped = std::exchange(entries_, {});
     for (const auto& entry : dropped)
         done_.wait(lock, [&entry] { return entry->state != State::kWorking; });
@@ -127,15 +157,16 @@ std::shared_ptr<CopyAhead::Entry> CopyAhead::NextToDo() const {
     std::size_t ready = 0;
     std::uint64_t bytes = 0;
     std::shared_ptr<Entry> next;
-    for (std::size_t i = 0; i < std::min(entries_.size(), kMostLookedAt); ++i) {
-        const auto& entry = entries_[i];
+    std::size_t passed = 0;
+    for (const auto& entry : entries_) {
         if (entry->state == State::kReady) {
             ++ready;
             bytes += entry->st.stx_size;
+        } else if (entry->state == State::kWaiting) {
+            next = entry;
+            if (passed >= kLead) break;
         }
-        if (entry->state != State::kWaiting) continue;
-        next = entry;
-        if (i >= kLead) break;
+        if (++passed == kMostLookedAt) break;
     }
     return ready < kMostReady && bytes < kMostBytes ? next : nullptr;
 }
@@ -170,8 +201,9 @@ void CopyAhead::Work() {
 bool CopyAhead::Prepare(Entry& entry) {
     AheadItem& item = entry.item;
     if (item.source.empty() && !(findSource_ && findSource_(item))) return false;
-    const int folder = item.sourceFolder == nullptr ? AT_FDCWD : item.sourceFolder->Get();
-    const auto in = OpenForCopy({folder, item.source.c_str()});
+    const auto in = item.sourceFolder == nullptr
+                        ? OpenForCopy({AT_FDCWD, item.source.c_str()})
+                        : OpenForCopyBelow({item.sourceFolder->Get(), item.source.c_str()});
     if (!in) return false;
     const auto st = StatOf(in->Get());
     const bool isFit = st && S_ISREG(st->stx_mode) && st->stx_size <= kMostInOneGo &&

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_system.h"
 #include "platform/linux/copy_run.h"
 #include "platform/linux/part_file.h"
 #include "platform/seen_object.h"
@@ -22,9 +23,17 @@ namespace tarvix::platform {
 struct AheadItem {
     std::string key;                              // its drive path, as its copy will be asked for
     std::shared_ptr<const UniqueFd> sourceFolder; // none where `source` is an absolute path
-    std::string source;                           // empty where it is still to be found
+    std::string source; // empty where it is still to be found; below the folder no link is followed
     std::shared_ptr<const UniqueFd> targetFolder; // any folder of the file system that it goes to
     std::uint32_t location = kAnyRoad;            // of its path, where a search saw it
+    std::shared_ptr<Known> found;                 // what FindSource keeps of it
+};
+
+// A source as it was looked at for its copy, which lies ready.
+struct AheadSource {
+    struct statx st;
+    std::uint32_t location;
+    std::shared_ptr<Known> found;
 };
 
 // Copies files on a second thread before they are asked for, a little ahead of the one that asks,
@@ -48,6 +57,9 @@ class CopyAhead {
     void Push(std::vector<AheadItem> items, std::size_t behind);
     // Forgets what was pushed.
     void DropPushed();
+    // The source of a copy that lies ready, which then waits for its Take alone. Files that should
+    // have come before it are taken off the plan.
+    std::optional<AheadSource> LookAt(std::string_view key);
     // The copy of a file, whole but for its name, if it was made and `st` tells that the file is
     // still the same. Files that should have come before it are taken off the plan.
     std::optional<PartFile> Take(std::string_view key, const struct statx& st);
@@ -69,6 +81,9 @@ class CopyAhead {
     void Work();
     void Rest(std::unique_lock<std::mutex>& lock);
     std::shared_ptr<Entry> NextToDo() const;
+    Entries::iterator Find(std::string_view key);
+    // To be called when some were taken; gives the lock back.
+    void WakeIfFew(std::unique_lock<std::mutex>& lock);
     bool HasManyReady() const;
     bool Prepare(Entry& entry);
 
@@ -80,6 +95,7 @@ class CopyAhead {
     Entries entries_;
     bool isResting_ = false;
     bool isEnding_ = false;
+    std::shared_ptr<Entry> lookedAt_; // off the plan, for the one who asks alone
     std::thread thread_;
 };
 

@@ -15,6 +15,7 @@
 namespace tarvix::platform {
 
 namespace {
+constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
 constexpr std::uint64_t kStep = 8 << 20;
 constexpr std::size_t kBufferSize = 128 << 10;
 constexpr std::uint64_t kCloneFrom = 4096; // smaller files share nothing
@@ -133,10 +134,23 @@ Sys<void> Copier::CopyDataOnly(std::uint64_t size) {
 } // namespace
 
 Sys<UniqueFd> OpenForCopy(At source) {
-    constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
-    auto fd = OpenAt(source, kFlags | O_NOATIME);
-    if (!fd && fd.error() == EPERM) fd = OpenAt(source, kFlags);
+    auto fd = OpenAt(source, kOpenFlags | O_NOATIME);
+    if (!fd && fd.error() == EPERM) fd = OpenAt(source, kOpenFlags);
     return fd;
+}
+
+Sys<UniqueFd> OpenForCopyBelow(At source) {
+    auto fd = OpenBelowAtOnce(source, kOpenFlags | O_NOATIME);
+    if (!fd && fd.error() == EPERM) fd = OpenBelowAtOnce(source, kOpenFlags);
+    const bool isOtherwise =
+        !fd && (fd.error() == ENOSYS || fd.error() == EPERM || fd.error() == EAGAIN);
+    const std::string_view names = source.name;
+    const std::size_t slash = names.rfind('/');
+    if (!isOtherwise) return fd;
+    if (slash == names.npos) return OpenForCopy(source);
+    auto folder = OpenBelow(source.folder, names.substr(0, slash));
+    if (!folder) return std::unexpected(folder.error());
+    return OpenForCopy({folder->Get(), source.name + slash + 1});
 }
 
 Sys<void> CopyContent(int in, int out, const struct statx& st, CopyRun& run) {

@@ -15,6 +15,8 @@ constexpr std::uint64_t kMostInOneGo = 256 << 10;
 // Opens a file to be copied; not through a link, and without changing its access date where that is
 // allowed.
 Sys<UniqueFd> OpenForCopy(At source);
+// The same by a path below an open folder, through no link on the way either.
+Sys<UniqueFd> OpenForCopyBelow(At source);
 
 // Copies all bytes of an open file into a new, empty one: shared blocks where the file system can,
 // else by the kernel, else by reading and writing. Holes stay holes. `st` are the source's facts.

@@ -89,17 +89,6 @@ Result<void> CopyNow(const CopyItem& item, CopyRun& run) {
     return {};
 }
 
-// Names a copy that was made ahead; nothing when there is none that can be used.
-std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run) {
-    auto part = run.ahead->Take(item.sourcePath, item.st);
-    if (!part || run.overwrite) return std::nullopt;
-    if (!run.Add(item.st.stx_size)) return FailureBy(kInterrupted, item.targetPath);
-    const auto named = part->Commit({item.targetFolder, item.targetName}, false);
-    if (named) return Result<void>();
-    if (named.error() == EEXIST) return FailureOf(EEXIST, item.targetPath);
-    return std::nullopt;
-}
-
 Result<void> CopyRegular(const CopyItem& item, CopyRun& run) {
     if (run.ahead == nullptr || run.sync) return CopyNow(item, run);
     if (!run.isInside) {
@@ -136,6 +125,16 @@ Result<void> CopyLink(const CopyItem& item, CopyRun& run) {
     return {};
 }
 } // namespace
+
+std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run) {
+    auto part = run.ahead->Take(item.sourcePath, item.st);
+    if (!part || run.overwrite) return std::nullopt;
+    if (!run.Add(item.st.stx_size)) return FailureBy(kInterrupted, item.targetPath);
+    const auto named = part->Commit({item.targetFolder, item.targetName}, false);
+    if (named) return Result<void>();
+    if (named.error() == EEXIST) return FailureOf(EEXIST, item.targetPath);
+    return std::nullopt;
+}
 
 std::unexpected<PlatformError> SpecialFailure(std::string_view path) {
     return Failure(kPathFileAccess,

@@ -41,6 +41,10 @@ std::unexpected<PlatformError> SpecialFailure(std::string_view path);
 // taken and the run doesn't overwrite. On failure nothing new is left.
 Result<void> CopyObject(const CopyItem& item, CopyRun& run);
 
+// Gives a copy of a file that was made ahead its name: 58; nothing when there is none that can be
+// used. The item's source isn't looked at.
+std::optional<Result<void>> UseCopyAhead(const CopyItem& item, CopyRun& run);
+
 // Whether nobody wrote to a file between two looks.
 bool IsAsItWas(const struct statx& before, const struct statx& now);
 // Whether a source is still as it was when it was opened.

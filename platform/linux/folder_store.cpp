@@ -16,8 +16,8 @@ constexpr std::size_t kMostFolders = 4096;
 constexpr std::size_t kMostNames = 400'000;
 constexpr std::size_t kMostWays = 2048;
 constexpr std::size_t kMostHeld = 32;
-constexpr std::size_t kMostTrueFolders = 64; // more than are copied ahead
-constexpr int kOftenEnough = 6;              // what opening and closing costs must come in again
+constexpr std::size_t kMostTrueFolders = 64;
+constexpr int kOftenEnough = 6; // what opening and closing costs must come in again
 } // namespace
 
 StoreCounts FolderStore::Counts() const {
@@ -39,7 +39,7 @@ void FolderStore::NoteResolved(bool isParsed) {
 std::shared_ptr<const PathStart> FolderStore::FindWay(const DriveTable* drives,
                                                       std::string_view folder, std::size_t room,
                                                       std::string& native) {
-    const std::scoped_lock lock(mutex_);
+    const std::scoped_lock lock(waysMutex_);
     if (drives != drives_.get()) return nullptr;
     const auto* const found = lastWays_.In(ways_, folder);
     if (found == nullptr) return nullptr;
@@ -51,7 +51,7 @@ std::shared_ptr<const PathStart> FolderStore::FindWay(const DriveTable* drives,
 
 void FolderStore::NoteWay(std::shared_ptr<const PathStart> start, std::string_view folder,
                           std::string_view native) {
-    const std::scoped_lock lock(mutex_);
+    const std::scoped_lock lock(waysMutex_);
     if (drives_ != start->drives || ways_.size() >= kMostWays) {
         lastWays_.Forget();
         ways_.clear();
@@ -140,7 +140,10 @@ void FolderStore::Release(Entry& entry) {
 }
 
 void FolderStore::LetGo() {
-    trueFolders_.clear();
+    {
+        const std::scoped_lock lock(trueFoldersMutex_);
+        trueFolders_.clear();
+    }
     for (Entry* entry : held_) {
         entry->second.fd.reset();
         entry->second.asked = 0;
@@ -153,7 +156,10 @@ void FolderStore::LetGoBelow(std::string_view path) {
         return known.path.size() >= path.size() && IsAtOrBelow(known.path, path);
     };
     // Asked at each object that is made, mostly for nothing.
-    if (std::ranges::any_of(trueFolders_, isBelow)) std::erase_if(trueFolders_, isBelow);
+    {
+        const std::scoped_lock lock(trueFoldersMutex_);
+        if (std::ranges::any_of(trueFolders_, isBelow)) std::erase_if(trueFolders_, isBelow);
+    }
     std::erase_if(held_, [path](Entry* entry) {
         if (!IsAtOrBelow(entry->first, path)) return false;
         entry->second.fd.reset();
@@ -184,8 +190,13 @@ Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t fo
     return Location{std::move(folder), native.c_str() + slash + 1};
 }
 
-// Most objects lie in the folder of the one before them, or in one that was opened to copy them
-// ahead.
+Sys<Location> FolderStore::LocateFrom(const std::string& native, std::size_t folderLength) {
+    TX_TRY_ASSIGN(auto folder,
+                  TrueFolderAt(std::string_view(native).substr(0, folderLength), folderLength));
+    return Location{std::move(folder), native.c_str() + folderLength + 1};
+}
+
+// Most objects lie in the folder of the one before them.
 std::shared_ptr<const UniqueFd> FolderStore::KnownTrueFolder(std::string_view path,
                                                              std::size_t folderLength,
                                                              std::int64_t now) const {
@@ -223,7 +234,7 @@ Sys<std::shared_ptr<const UniqueFd>> FolderStore::TrueFolderAt(std::string_view 
     std::shared_ptr<const UniqueFd> oldest;
     std::uint64_t number = 0;
     {
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(trueFoldersMutex_);
         if (auto known = KnownTrueFolder(path, folderLength, now)) return known;
         number = ++lastOpened_;
         if (depth_ > 0) {
@@ -232,7 +243,7 @@ Sys<std::shared_ptr<const UniqueFd>> FolderStore::TrueFolderAt(std::string_view 
     }
     TX_TRY_ASSIGN(UniqueFd opened, OpenTrueFolder(path, folderLength));
     auto fd = std::make_shared<const UniqueFd>(std::move(opened));
-    const std::scoped_lock lock(mutex_);
+    const std::scoped_lock lock(trueFoldersMutex_);
     NoteOpened(number, fd);
     return fd;
 }

@@ -34,6 +34,13 @@ struct StoreCounts {
     std::uint64_t read = 0;     // folders whose names were read
 };
 
+// What is known of a place without a look at it.
+enum class Vacancy : std::uint8_t {
+    kUnknown,
+    kName,   // nothing of that name is in its folder
+    kFolder, // nor is there a folder around it
+};
+
 // What a drive path starts from, the same for all that lies in its folders.
 struct PathStart {
     std::string root;    // "C:" or "\\server\share", as given, drive in upper case
@@ -59,8 +66,9 @@ struct PathStart {
 //   descriptors   walks from "/" on, three for an object copied or moved; a call to open the
 //                 target's folder and one to close it for a file that wasn't copied ahead
 //   true folders  walks from the search location on, three for an object that was seen by a search
-//   names         two looks at the target and one at its folder, since it is known to be free; and
-//                 all reading of a folder that was made here
+//   names         two looks at the target and one at its folder, since it is known to be free; all
+//                 reading of a folder that was made here; and for the first object of a folder that
+//                 is still to be made the walks that find out up to where it stands
 class FolderStore {
   public:
     static constexpr std::int64_t kBelieved = 5'000'000; // nanoseconds
@@ -87,6 +95,7 @@ class FolderStore {
 
     // Holds folders between the first BeginRun and the last EndRun, and none at other times.
     void BeginRun() { ++depth_; }
+    bool IsInRun() const { return depth_ > 0; }
     void EndRun();
     // As platform::Locate, from the folder around the object where it is held. A folder that is
     // asked for again and again, each time within 5 ms, becomes held; one that isn't is let go.
@@ -95,6 +104,8 @@ class FolderStore {
     // As Locate for an object that lies at least one name below a folder, given by the length of
     // its part of the path: from there on no link is followed (ELOOP, ENOTDIR).
     Sys<Location> LocateBelow(const std::string& native, std::size_t folderLength);
+    // The same from that folder itself, so that the call itself must follow no link.
+    Sys<Location> LocateFrom(const std::string& native, std::size_t folderLength);
 
     // ---- names; `folder` is an absolute native path ----
 
@@ -102,8 +113,8 @@ class FolderStore {
     // missing or can't be read.
     Sys<std::optional<std::string>> Find(std::string_view folder, std::string_view name);
     // Whether the folder around a native path has known names, and none like the last one of the
-    // path: by no form and in no case.
-    bool IsKnownFree(std::string_view native);
+    // path: by no form and in no case. Nothing stands below what is missing so, either.
+    Vacancy VacancyOf(std::string_view native);
     // Whether a disk name in the folder is equal to `nativeName` but for case and is not `except`.
     bool HasOther(std::string_view folder, std::string_view nativeName, std::string_view except);
 
@@ -161,6 +172,7 @@ class FolderStore {
 
     Entry& At(std::string_view path);
     Folder* WithNames(std::string_view path);
+    bool LacksName(std::string_view path, Folder& known, std::string_view name);
     void Add(std::string_view native);
     void Remove(std::string_view native);
     Sys<void> LookAt(Entry& entry);
@@ -183,18 +195,27 @@ class FolderStore {
     void LetGoBelow(std::string_view path);
 
     const StoreClock clock_;
-    mutable std::mutex mutex_;
     std::atomic<int> depth_ = 0;
+
+    // One for each of the three parts that follow, so that who copies ahead doesn't wait for what
+    // is asked of names. The second may be taken while the first is held.
+    mutable std::mutex mutex_;
+    mutable std::mutex trueFoldersMutex_;
+    mutable std::mutex waysMutex_;
+
     text::ByText<Folder> folders_; // by native path
     text::LastFound<Folder> lastFolders_;
     std::vector<Entry*> held_;
-    std::deque<TrueFolder> trueFolders_;       // the last opened at the end
-    std::uint64_t lastOpened_ = 0;             // the number of that one
+    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
+    StoreCounts counts_;
+
+    std::deque<TrueFolder> trueFolders_; // the last opened at the end
+    std::uint64_t lastOpened_ = 0;       // the number of that one
+
     std::shared_ptr<const DriveTable> drives_; // of the ways
     text::ByText<Way> ways_;
     text::LastFound<Way> lastWays_;
-    std::size_t names_ = 0; // about as many as are kept; those of folders read again count twice
-    StoreCounts counts_;
+
     std::atomic<std::uint64_t> resolved_ = 0;
     std::atomic<std::uint64_t> parsed_ = 0;
     std::atomic<std::uint64_t> walked_ = 0;

@@ -81,18 +81,27 @@ Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::
     return std::string(found);
 }
 
-bool FolderStore::IsKnownFree(std::string_view native) {
-    const auto [folder, nativeName] = PartsOf(native);
-    if (LooksLikeMadeShortName(nativeName)) return false;
-    const std::scoped_lock lock(mutex_);
-    Folder* const known = WithNames(folder);
-    if (known == nullptr) return false;
-    known->usedAt = clock_.tick();
-    if (known->hasOwnChange && known->usedAt - known->readAt < kFreeBelieved) {
-        return known->names->IsFree(nativeName);
+bool FolderStore::LacksName(std::string_view path, Folder& known, std::string_view name) {
+    known.usedAt = clock_.tick();
+    if (known.hasOwnChange && known.usedAt - known.readAt < kFreeBelieved) {
+        return known.names->IsFree(name);
     }
-    const auto valid = Valid(folder);
-    return valid && (*valid)->isCurrent && (*valid)->names->IsFree(nativeName);
+    const auto valid = Valid(path);
+    return valid && (*valid)->isCurrent && (*valid)->names->IsFree(name);
+}
+
+Vacancy FolderStore::VacancyOf(std::string_view native) {
+    const std::scoped_lock lock(mutex_);
+    Vacancy vacancy = Vacancy::kName;
+    while (true) {
+        const auto [folder, name] = PartsOf(native);
+        if (name.empty() || LooksLikeMadeShortName(name)) return Vacancy::kUnknown;
+        if (Folder* const known = WithNames(folder); known != nullptr) {
+            return LacksName(folder, *known, name) ? vacancy : Vacancy::kUnknown;
+        }
+        native = folder;
+        vacancy = Vacancy::kFolder;
+    }
 }
 
 bool FolderStore::HasOther(std::string_view folder, std::string_view nativeName,

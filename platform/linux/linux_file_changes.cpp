@@ -139,16 +139,18 @@ Result<void> LinuxFileSystem::RemoveFolder(const Resolved& place, std::string_vi
 }
 
 Result<void> LinuxFileSystem::CreateFolder(std::string_view path) {
-    TX_TRY_ASSIGN(const Resolved place, resolver_.Target(path));
+    TX_TRY_ASSIGN(const Resolved place, resolver_.NewTarget(path));
     if (place.Exists()) return FailureBy(kPathFileAccess, path);
     TX_TRY_ASSIGN(const Location location, Named(store_.Locate(place.native), path));
     const At at = location;
     if (::mkdirat(at.folder, at.name, 0777) != 0) {
-        if (errno == EEXIST) return FailureBy(kPathFileAccess, path);
-        if (errno == ENOENT) return FailureBy(kPathNotFound, path);
-        return FailureOf(errno, path);
+        const int error = errno;
+        store_.Forget(place.Folder());
+        if (error == EEXIST) return FailureBy(kPathFileAccess, path);
+        if (error == ENOENT) return FailureBy(kPathNotFound, path);
+        return FailureOf(error, path);
     }
-    NoteChanged();
+    ++makes_;
     store_.NoteFolderMade(place.native);
     return {};
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -36,6 +37,9 @@ Result<void> LinuxFileSystem::CopyFile(std::string_view from, std::string_view t
 
 Result<void> LinuxFileSystem::CopyFileTo(const Look& from, const FreePlace& to,
                                          const CopyObserver& observer) {
+    if (const auto* const ahead = ResolvedOf(from.known.get()); ahead && ahead->isUnreached) {
+        if (auto named = NameAhead(*ahead, from.path, to, observer)) return std::move(*named);
+    }
     Resolved sourceAnew;
     TX_TRY_ASSIGN(const auto* const source, SourceOf(from, sourceAnew));
     if (IsSpecial(*source->st)) return SpecialFailure(from.path);
@@ -85,6 +89,47 @@ Result<void> LinuxFileSystem::CopyFolder(std::string_view from, std::string_view
     return {};
 }
 
+// What its copy was made from is what stands there. Facts that must be asked for one by one are
+// left to a look that reaches the object.
+std::optional<Look> LinuxFileSystem::CopiedAhead(const SeenObject& seen) {
+    const bool isAsked =
+        Ahead() != nullptr && store_.IsInRun() && seen.sighting.location != kAnyRoad;
+    const auto source = isAsked ? ahead_.LookAt(seen.path) : std::nullopt;
+    if (!source || !source->found || source->location != seen.sighting.location) {
+        return std::nullopt;
+    }
+    auto& look = static_cast<ResolvedLook&>(*source->found);
+    const DriveTable& drives = look.place.Drives();
+    look.place.st = source->st;
+    const bool isPlain = !MayHaveHoles(source->st) &&
+                         drives.DosAttributesAt(DeviceOf(source->st)) == DosAttributes::kNone;
+    if (!isPlain || !Stands(look)) return std::nullopt;
+    const auto facts = FactsFrom(source->st, look.place.NativeName(), {AT_FDCWD, ""}, drives);
+    if (!CheckSame(seen, facts)) return std::nullopt;
+    return Look{std::string(seen.path), facts, source->found, seen.sighting.location};
+}
+
+std::optional<Result<void>> LinuxFileSystem::NameAhead(const ResolvedLook& from,
+                                                       std::string_view path, const FreePlace& to,
+                                                       const CopyObserver& observer) {
+    if (!Stands(from)) return std::nullopt;
+    Resolved anew;
+    const auto target = TargetOf(to, anew);
+    if (!target) return std::unexpected(target.error());
+    if ((*target)->Exists()) return std::nullopt;
+    const auto out = store_.Locate((*target)->native);
+    if (!out) return std::nullopt;
+    const At at = *out;
+    const struct statx& st = *from.place.st;
+    CopyRun run(observer, roads_, false);
+    run.ahead = &ahead_;
+    run.SetTotal(st.stx_size);
+    if (!run.Begin(path)) return FailureBy(kInterrupted, path);
+    auto named = UseCopyAhead({{AT_FDCWD, ""}, st, path, at.folder, at.name, to.path}, run);
+    if (named) NoteCopied(*named, **target);
+    return named;
+}
+
 void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
     if (Ahead() == nullptr) return;
     std::vector<AheadItem> items;
@@ -103,18 +148,21 @@ void LinuxFileSystem::CopySoon(std::span<const PlannedCopy> copies) {
     ahead_.Replace(std::move(items));
 }
 
-// The folder of what a search saw is opened here for the look that comes before the copy, too.
 bool LinuxFileSystem::FindAhead(AheadItem& item) const {
-    Resolved source;
-    const auto found = item.location == kAnyRoad
-                           ? resolver_.ByText(item.key, source)
-                           : resolver_.FolderBelow(item.key, item.location, source);
-    if (!found || !IsLocal(source)) return false;
-    if (source.around) {
-        item.sourceFolder = source.around;
-        item.source = source.NativeName();
+    auto look = std::make_shared<ResolvedLook>(number_);
+    look->changes = changes_;
+    look->takenAt = store_.Tick();
+    look->isUnreached = true;
+    Resolved& source = look->place;
+    if (item.location != kAnyRoad) {
+        const auto at = resolver_.FromLocation(item.key, item.location, source);
+        if (!at || !IsLocal(source) || std::strlen(at->name) >= PATH_MAX) return false;
+        item.sourceFolder = at->folder;
+        item.source = at->name;
+        item.found = std::move(look);
         return true;
     }
+    if (!resolver_.ByText(item.key, source) || !IsLocal(source)) return false;
     if (source.native.size() >= PATH_MAX) return false;
     item.source = std::move(source.native);
     return true;
@@ -128,10 +176,14 @@ Result<void> LinuxFileSystem::CopyOne(const Resolved& source, const Resolved& ta
     const At at = out;
     const bool isSeen = source.around != nullptr;
     auto copied = CopyObject({in, *source.st, from, at.folder, at.name, to, isSeen}, run);
+    NoteCopied(copied, target);
+    return copied;
+}
+
+void LinuxFileSystem::NoteCopied(const Result<void>& copied, const Resolved& target) {
     if (copied) target.Exists() ? NoteChanged() : NoteMade(target);
     // Others were faster than what is known of the folder.
     if (!copied && copied.error().number == kAlreadyExists) store_.Forget(target.Folder());
-    return copied;
 }
 
 } // namespace tarvix::platform

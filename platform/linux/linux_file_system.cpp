@@ -1,7 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 
 #include "platform/linux/native_facts.h"
-#include "platform/linux/resolved_look.h"
 #include "platform/names.h"
 #include "platform/short_names.h"
 #include "platform/try.h"
@@ -65,6 +64,10 @@ std::string ShortForm(std::string_view truePath) {
     }
     return out;
 }
+
+bool MayLeadToFolder(const Resolved& place) {
+    return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
+}
 } // namespace
 
 // ---- looks ----
@@ -77,20 +80,32 @@ std::uint64_t LinuxFileSystem::NextNumber() {
 
 std::shared_ptr<const Known> LinuxFileSystem::Kept(std::shared_ptr<ResolvedLook> look) const {
     look->changes = changes_;
+    look->makes = makes_;
     look->takenAt = store_.Tick();
     return look;
 }
 
 const Resolved* LinuxFileSystem::Believed(const Known* known) const {
-    if (known == nullptr || typeid(*known) != typeid(ResolvedLook)) return nullptr;
-    const auto& kept = static_cast<const ResolvedLook&>(*known);
-    const bool isBelieved = kept.fileSystem == number_ && kept.changes == changes_ &&
-                            store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
-    return isBelieved ? &kept.place : nullptr;
+    const ResolvedLook* const kept = ResolvedOf(known);
+    return kept && Stands(*kept) && !kept->isUnreached ? &kept->place : nullptr;
+}
+
+const LinuxFileSystem::ResolvedLook* LinuxFileSystem::ResolvedOf(const Known* known) {
+    const bool isOurs = known != nullptr && typeid(*known) == typeid(ResolvedLook);
+    return isOurs ? static_cast<const ResolvedLook*>(known) : nullptr;
+}
+
+bool LinuxFileSystem::Stands(const ResolvedLook& kept) const {
+    // A file stays what it is while others are made beside it.
+    const bool isApart = kept.place.Exists() && !MayLeadToFolder(kept.place);
+    return kept.fileSystem == number_ && kept.changes == changes_ &&
+           (isApart || kept.makes == makes_) &&
+           store_.Tick() - kept.takenAt <= FolderStore::kBelieved;
 }
 
 Result<const Resolved*> LinuxFileSystem::TargetOf(const FreePlace& place, Resolved& anew) const {
-    if (const Resolved* const believed = Believed(place.known.get())) return believed;
+    const Resolved* const believed = Believed(place.known.get());
+    if (believed != nullptr && !believed->lacksFolder) return believed;
     TX_TRY_ASSIGN(anew, resolver_.NewTarget(place.path));
     return &anew;
 }
@@ -118,6 +133,7 @@ Result<Look> LinuxFileSystem::LookAt(std::string_view path) {
 }
 
 Result<Look> LinuxFileSystem::LookAtSeen(const SeenObject& seen) {
+    if (auto ahead = CopiedAhead(seen)) return std::move(*ahead);
     auto look = std::make_shared<ResolvedLook>(number_);
     TX_TRY_ASSIGN(const ObjectFacts facts, Seen(seen, look->place));
     return Look{std::string(seen.path), facts, Kept(std::move(look)), seen.sighting.location};
@@ -189,14 +205,12 @@ std::vector<DriveInfo> LinuxFileSystem::Drives() {
     return drives;
 }
 
-namespace {
-bool MayLeadToFolder(const Resolved& place) {
-    return place.Exists() && (S_ISDIR(place.st->stx_mode) || S_ISLNK(place.st->stx_mode));
-}
-} // namespace
-
 void LinuxFileSystem::NoteMade(const Resolved& place) {
-    NoteChanged();
+    if (place.Exists()) {
+        NoteChanged();
+    } else {
+        ++makes_;
+    }
     store_.NoteMade(place.native);
 }
 

@@ -116,6 +116,9 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     std::shared_ptr<const Known> Kept(std::shared_ptr<ResolvedLook> look) const;
     // Null where it isn't believed.
     const Resolved* Believed(const Known* known) const;
+    bool Stands(const ResolvedLook& kept) const;
+    // Null for what others keep.
+    static const ResolvedLook* ResolvedOf(const Known* known);
     // What belongs to the look, or else is put into a new place.
     Result<const Resolved*> ObjectOf(const Look& look, Resolved& anew);
     Result<const Resolved*> SourceOf(const Look& look, Resolved& anew); // 53 for a folder
@@ -148,6 +151,12 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     Result<void> RemoveFolder(const Resolved& place, std::string_view path);
     Result<void> CopyOne(const Resolved& source, const Resolved& target, std::string_view from,
                          std::string_view to, CopyRun& run);
+    // The look that was taken at a source to copy it ahead, in the same way, and what it is good
+    // for: that copy gets its name, if it can still be used.
+    std::optional<Look> CopiedAhead(const SeenObject& seen);
+    std::optional<Result<void>> NameAhead(const ResolvedLook& from, std::string_view path,
+                                          const FreePlace& to, const CopyObserver& observer);
+    void NoteCopied(const Result<void>& copied, const Resolved& target);
     // Where the source of a planned copy lies, if its facts tell of each change. For any thread.
     bool FindAhead(AheadItem& item) const;
     CopyAhead* Ahead() { return roads_.ahead && roads_.unnamedParts ? &ahead_ : nullptr; }
@@ -188,12 +197,23 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     std::shared_ptr<VisitedBy> visitedBy_ = std::make_shared<VisitedBy>(this);
     PathResolver resolver_;
     LinuxForesight foresight_{resolver_};
-    std::atomic<std::uint64_t> changes_ = 0; // made here so far
+    std::atomic<std::uint64_t> changes_ = 0; // made here so far, of what stood
+    std::atomic<std::uint64_t> makes_ = 0;   // where nothing stood
     const std::uint64_t number_ = NextNumber();
     CopyRoads roads_;
     CopyAhead ahead_{roads_, [this](AheadItem& item) { return FindAhead(item); }};
     std::uint64_t readsBeforeMoves_ = 0; // of the store, when no handed move was on its way
     MoveQueue moves_{[this](ReadyMove& move) { return Make(move); }};
+};
+
+struct LinuxFileSystem::ResolvedLook final : Known {
+    explicit ResolvedLook(std::uint64_t number) : fileSystem(number) {}
+    std::uint64_t fileSystem;
+    std::uint64_t changes = 0; // that were made before it
+    std::uint64_t makes = 0;
+    std::int64_t takenAt = 0;
+    bool isUnreached = false; // no folder was opened around it: good for naming its copy alone
+    Resolved place;
 };
 
 } // namespace tarvix::platform

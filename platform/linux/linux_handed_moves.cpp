@@ -1,6 +1,5 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/part_file.h"
-#include "platform/linux/resolved_look.h"
 #include "platform/try.h"
 
 #include <algorithm>
@@ -26,8 +25,8 @@ const Resolved& HandedTarget(const ReadyMove& move) {
 bool CanBeHanded(const Resolved& source, const Resolved& target) {
     const std::uint64_t device = DeviceOf(*source.st);
     return source.around && S_ISREG(source.st->stx_mode) && !target.Exists() &&
-           target.otherName.empty() && source.Drives().KeepsNumbersAt(device) &&
-           !source.Drives().FoldsCaseAt(device);
+           !target.lacksFolder && target.otherName.empty() &&
+           source.Drives().KeepsNumbersAt(device) && !source.Drives().FoldsCaseAt(device);
 }
 } // namespace
 

@@ -213,7 +213,9 @@ Copied LinuxFileSystem::PrepareFolder(const Resolved& source, std::string_view f
 }
 
 Result<std::vector<std::string>> LinuxFileSystem::RemoveAbandoned(std::string_view folder) {
-    TX_TRY_ASSIGN(const Resolved place, resolver_.ByText(folder));
+    Resolved place;
+    if (resolver_.KnownFree(folder, place)) return FailureBy(kPathNotFound, folder);
+    if (!place.start) TX_TRY(resolver_.ByText(folder, place));
     TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), folder));
     TX_TRY_ASSIGN(const UniqueFd fd, Named(OpenAt(location, O_RDONLY | O_DIRECTORY), folder));
     std::vector<std::string> found;

@@ -152,6 +152,13 @@ Result<void> PathResolver::FolderBelow(std::string_view path, std::size_t locati
     return {};
 }
 
+Sys<Location> PathResolver::FromLocation(std::string_view path, std::size_t location,
+                                         Resolved& place) const {
+    if (!ByText(path, place) || place.IsRoot()) return std::unexpected(EINVAL);
+    const std::string_view below = path.substr(std::min(location, path.size()));
+    return store_.LocateFrom(place.native, FolderLength(place, below));
+}
+
 Result<void> PathResolver::Below(std::string_view path, std::size_t location,
                                  Resolved& place) const {
     TX_TRY(FolderBelow(path, location, place));
@@ -167,12 +174,20 @@ Result<void> PathResolver::Below(std::string_view path, std::size_t location,
 
 Result<Resolved> PathResolver::NewTarget(std::string_view path) const {
     Resolved place;
-    if (KnownFree(path, place)) return place;
+    if (!KnownFree(path, place)) return Target(path);
+    if (!place.lacksFolder) return place;
+    const auto folder = store_.Stat(std::string(place.Folder()));
+    if (!folder && folder.error() == ENOENT) return FailureBy(kPathNotFound, path);
+    // Others made it since.
+    store_.Forget("/");
     return Target(path);
 }
 
 bool PathResolver::KnownFree(std::string_view path, Resolved& place) const {
-    return ByText(path, place) && !place.IsRoot() && store_.IsKnownFree(place.native);
+    if (!ByText(path, place) || place.IsRoot()) return false;
+    const Vacancy vacancy = store_.VacancyOf(place.native);
+    place.lacksFolder = vacancy == Vacancy::kFolder;
+    return vacancy != Vacancy::kUnknown;
 }
 
 // A name that is known but gone was taken away by others: what is there now is read anew.

@@ -21,6 +21,8 @@ struct Resolved {
     std::optional<struct statx> st; // the object itself, links not followed; none when missing
     // The folder around an object that was seen by a search: no link led to it.
     std::shared_ptr<const UniqueFd> around;
+    // As far as is known without a look, not even its folder stands.
+    bool lacksFolder = false;
 
     bool Exists() const { return st.has_value(); }
     bool IsRoot() const { return native.size() == start->end; }
@@ -54,12 +56,16 @@ class PathResolver {
     Result<void> Below(std::string_view path, std::size_t location, Resolved& place) const;
     // The folder around it alone, reached so; none for a root.
     Result<void> FolderBelow(std::string_view path, std::size_t location, Resolved& place) const;
+    // Where a call that follows no link finds it from the search location; errnos. The text is that
+    // of `place`.
+    Sys<Location> FromLocation(std::string_view path, std::size_t location, Resolved& place) const;
     // The object or the place for a new one: 76 when its folder is missing.
     Result<Resolved> Target(std::string_view path) const;
     // The same for what will be put there in one step that never replaces anything (58): what
-    // others put there just now may be missed.
+    // others put there just now may be missed, though not its folder.
     Result<Resolved> NewTarget(std::string_view path) const;
-    // That place, if it is known to be free without a look at the disk.
+    // That place, if it is known to be free without a look at the disk, perhaps since its folder is
+    // missing.
     bool KnownFree(std::string_view path, Resolved& place) const;
     // The same object with each name as the disk spells it, for file systems that find exact names
     // in any case.

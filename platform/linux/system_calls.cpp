@@ -113,21 +113,22 @@ Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode) {
 namespace {
 constexpr int kFolderAlone = O_PATH | O_DIRECTORY | O_NOFOLLOW;
 
-Sys<UniqueFd> OpenInOneStep(At at) {
+} // namespace
+
+Sys<UniqueFd> OpenBelowAtOnce(At at, int flags) {
     ++callsOfThread.opens;
     open_how how{};
-    how.flags = kFolderAlone | O_CLOEXEC;
+    how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
     how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH;
     UniqueFd fd(static_cast<int>(::syscall(SYS_openat2, at.folder, at.name, &how, sizeof how)));
     if (!fd) return std::unexpected(errno);
     return fd;
 }
-} // namespace
 
 // Where that can't be done in one step, each name is one.
 Sys<UniqueFd> OpenBelow(int folder, std::string_view names) {
     const std::string path(names);
-    auto whole = path.size() < PATH_MAX ? OpenInOneStep({folder, path.c_str()})
+    auto whole = path.size() < PATH_MAX ? OpenBelowAtOnce({folder, path.c_str()}, kFolderAlone)
                                         : Sys<UniqueFd>(std::unexpected(ENAMETOOLONG));
     const bool isOtherwise = !whole && (whole.error() == ENOSYS || whole.error() == EPERM ||
                                         whole.error() == EAGAIN || whole.error() == ENAMETOOLONG);

@@ -62,6 +62,9 @@ Sys<UniqueFd> OpenAt(At at, int flags, unsigned mode = 0);
 // symbolic link on the way is followed (ELOOP, ENOTDIR).
 Sys<UniqueFd> OpenBelow(int folder, std::string_view names);
 
+// The same for any object, opened in one step: ENOSYS, EPERM or EAGAIN where that can't be done.
+Sys<UniqueFd> OpenBelowAtOnce(At at, int flags);
+
 // All that can be read from a descriptor, from where it stands; EFBIG beyond `most` bytes.
 Sys<std::string> ReadAll(int fd, std::size_t most);
 // Writes everything or fails.

@@ -28,6 +28,10 @@ std::string FolderOf(std::string_view path, bool isFolderPath) {
     return text::ParentFolder(path);
 }
 
+bool Stands(platform::FileSystem& files, std::string_view folder) {
+    return !files.KnownFree(folder) && !platform::DirName(files, folder, platform::kDirAll).empty();
+}
+
 ErrorContext ContextOf(const std::string& folder) {
     return {.routine = "CreateMissingFolder",
             .moduleName = "Module1",
@@ -103,7 +107,7 @@ MissingFolderResult CreateMissingFolder(Session& session, std::string_view path,
     }
     result.path = folder;
     if (text::Length(folder) < kRootLength) return result;
-    if (!platform::DirName(session.files(), folder, platform::kDirAll).empty()) {
+    if (Stands(session.files(), folder)) {
         result.blnFolderAlreadyThere = true;
         return result;
     }

@@ -5,35 +5,36 @@
 #include "session/session.h"
 #include "text/paths.h"
 
+#include <utility>
+
 namespace tarvix::session {
 
 namespace {
 constexpr std::size_t kRootSize = 3; // "C:\"
-}
+constexpr std::size_t kMostForms = 2048;
+} // namespace
 
-// A parent that comes but once is not worth a form of its own.
-bool ShownFolders::BeginsWith(std::string_view parent) {
-    if (parent != parent_) {
-        parent_ = parent;
-        parentSize_.reset();
-        return false;
+const std::string& ShownFolders::FormOf(std::string_view parent) {
+    if (const auto* const known = lastForms_.In(forms_, parent)) return known->second;
+    if (forms_.size() >= kMostForms) {
+        lastForms_.Forget();
+        forms_.clear();
     }
-    if (!parentSize_) {
-        below_ = platform::NativeForDisplay(session_.platform.paths.ToNative(parent));
-        if (!below_.empty()) below_ += '/';
-        parentSize_ = below_.size();
-    }
-    return *parentSize_ > 0;
+    std::string form = platform::NativeForDisplay(session_.platform.paths.ToNative(parent));
+    if (!form.empty()) form += '/';
+    return forms_.emplace(parent, std::move(form)).first->second;
 }
 
 std::string_view ShownFolders::Of(std::string_view path) {
     const std::string_view name = text::FolderOwnName(path);
     const std::size_t above = path.size() - name.size(); // with the separator
-    const bool isBelowFolder = above > kRootSize + 1 && path[1] == ':';
-    const bool isPutTogether = isBelowFolder && session_.state.platformSettings.showsNative &&
-                               BeginsWith(path.substr(0, above - 1)) && platform::CanBeName(name);
-    if (!isPutTogether) return whole_ = session_.Shown(path);
-    below_.resize(*parentSize_);
+    const bool isBelowFolder = above > kRootSize + 1 && path[1] == ':' &&
+                               session_.state.platformSettings.showsNative &&
+                               platform::CanBeName(name);
+    if (!isBelowFolder) return whole_ = session_.Shown(path);
+    const std::string& form = FormOf(path.substr(0, above - 1));
+    if (form.empty()) return whole_ = session_.Shown(path);
+    below_ = form;
     if (platform::MayHoldCarried(name)) {
         platform::AppendNativeForDisplay(below_, platform::NameToNative(name));
     } else {

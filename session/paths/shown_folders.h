@@ -1,6 +1,8 @@
 #pragma once
 
-#include <optional>
+#include "text/by_text.h"
+#include "text/last_found.h"
+
 #include <string>
 #include <string_view>
 
@@ -8,7 +10,7 @@ namespace tarvix::session {
 
 struct Session;
 
-// Objects as people see them, cheap for many of one parent in a row.
+// Objects as people see them, cheap for many that share a few parents.
 class ShownFolders {
   public:
     explicit ShownFolders(const Session& session) : session_(session) {}
@@ -17,13 +19,13 @@ class ShownFolders {
     std::string_view Of(std::string_view path);
 
   private:
-    // Whether `below_` begins with the form of this parent.
-    bool BeginsWith(std::string_view parent);
+    // What the form of each object below a parent begins with; empty where only the whole path
+    // tells.
+    const std::string& FormOf(std::string_view parent);
 
     const Session& session_;
-    std::string parent_; // of the last
-    // Bytes of its form and the separator behind it; 0 where only the whole path tells.
-    std::optional<std::size_t> parentSize_;
+    text::ByText<std::string> forms_;
+    text::LastFound<std::string> lastForms_;
     std::string below_; // the last that was put together
     std::string whole_; // the last that was not
 };

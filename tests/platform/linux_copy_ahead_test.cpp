@@ -260,13 +260,18 @@ TEST_F(LinuxCopyAheadTest, AFolderWithManyFilesIsCopiedWhole) {
 // ---- objects that a search saw ----
 
 namespace {
-// Time stands, so that what is known of a folder is believed until this process changes it.
+// Time stands until it is told to go on, so that what is known of a folder is believed until this
+// process changes it.
 class LinuxSeenAheadTest : public testing::Test {
   protected:
     void SetUp() override {
         disk.MakeFile("s\\sub\\a", "inside");
         disk.MakeFile("outside\\a", "secret");
         disk.MakeFolder("to");
+        const auto to = OpenAt({AT_FDCWD, disk.Native("to").c_str()}, O_PATH | O_DIRECTORY);
+        if (!to || !PartFile::CreateUnnamed(to->Get(), 0600)) {
+            GTEST_SKIP() << "this disk holds no files without a name";
+        }
         disk.Files().ExpectChanges(true);
     }
     std::string At(std::string_view path) const { return disk.Root() + "\\" + std::string(path); }
@@ -279,22 +284,130 @@ class LinuxSeenAheadTest : public testing::Test {
     Result<Look> LookAt() {
         return disk.Files().LookAtSeen({path_, {.location = location_}, Same::kName});
     }
+    Result<void> Copy(const Look& look) {
+        return disk.Files().CopyFileTo(look, {At("to\\a"), nullptr}, {});
+    }
     void MoveAwayByOthers() { std::filesystem::rename(disk.Native("s\\sub"), disk.Native("away")); }
 
-    static std::int64_t Never() { return 1; }
-    LinuxDisk disk{{.aheadAge = 0}, {.now = Never, .tick = Never}};
+    std::int64_t now_ = 1;
+    LinuxDisk disk{{.aheadAge = 0},
+                   {.now = [this] { return now_; }, .tick = [this] { return now_; }}};
     const std::string path_ = At("s\\sub\\a");
     const std::uint32_t location_ = static_cast<std::uint32_t>(At("s").size());
 };
 } // namespace
 
-TEST_F(LinuxSeenAheadTest, TheFolderThatWasOpenedAheadIsTheOneThatIsLookedInto) {
+TEST_F(LinuxSeenAheadTest, WhatWasCopiedAheadIsWhatIsLookedAt) {
     Plan();
     MoveAwayByOthers();
     const auto look = LookAt();
     ASSERT_TRUE(look);
-    ASSERT_EQ(NumberOf(disk.Files().CopyFileTo(*look, {At("to\\a"), nullptr}, {})), 0);
+    ASSERT_EQ(NumberOf(Copy(*look)), 0);
     EXPECT_EQ(disk.Content("to\\a"), "inside");
+}
+
+TEST_F(LinuxSeenAheadTest, ItsCopyIsNamedWithoutALookAtTheSource) {
+    Plan();
+    const CallCounts before = CallsOfThread();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    EXPECT_EQ(look->facts.size, 6u);
+    EXPECT_NE(look->facts.identity.inode, 0u);
+    EXPECT_EQ(CallsOfThread().looks, before.looks);
+    EXPECT_EQ(CallsOfThread().opens, before.opens);
+    ASSERT_EQ(NumberOf(disk.Files().CreateFolder(At("made"))), 0); // its names are known
+    const CallCounts looked = CallsOfThread();
+    ASSERT_EQ(NumberOf(disk.Files().CopyFileTo(*look, {At("made\\a"), nullptr}, {})), 0);
+    EXPECT_EQ(CallsOfThread().looks, looked.looks);
+    EXPECT_EQ(CallsOfThread().opens, looked.opens);
+    EXPECT_EQ(disk.Content("made\\a"), "inside");
+}
+
+TEST_F(LinuxSeenAheadTest, WhatIsNotWhatTheSearchSawGetsNoCopy) {
+    disk.MakeFile("other", "");
+    const auto other = disk.Files().Facts(At("other"));
+    ASSERT_TRUE(other);
+    Plan();
+    const Sighting sighting{.identity = other->identity, .location = location_};
+    EXPECT_EQ(NumberOf(disk.Files().LookAtSeen({path_, sighting, Same::kObject})),
+              kChangedSinceSearch);
+}
+
+TEST_F(LinuxSeenAheadTest, AfterAWhileTheSourceIsLookedAtAgain) {
+    Plan();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    disk.MakeFile("s\\new", "another");
+    std::filesystem::rename(disk.Native("s\\new"), disk.Native("s\\sub\\a"));
+    now_ += 6'000'000;
+    EXPECT_EQ(NumberOf(Copy(*look)), kChangedSinceSearch);
+    EXPECT_EQ(disk.Names("to"), List{});
+    const auto again = LookAt();
+    ASSERT_TRUE(again);
+    ASSERT_EQ(NumberOf(Copy(*again)), 0);
+    EXPECT_EQ(disk.Content("to\\a"), "another");
+}
+
+TEST_F(LinuxSeenAheadTest, WhatThisProcessChangedIsLookedAtAgain) {
+    Plan();
+    ASSERT_EQ(NumberOf(disk.Files().SetAttributes(path_, kReadOnly)), 0);
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    EXPECT_NE(look->facts.attributes & kReadOnly, 0u);
+    ASSERT_EQ(NumberOf(Copy(*look)), 0);
+    EXPECT_NE(disk.Files().Facts(At("to\\a"))->attributes & kReadOnly, 0u);
+}
+
+TEST_F(LinuxSeenAheadTest, NothingElseIsDoneThroughALinkByALookThatReachedNoFolder) {
+    disk.MakeFolder("elsewhere");
+    Plan();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    MoveAwayByOthers();
+    disk.MakeLink("s\\sub", "outside");
+    auto& files = disk.Files();
+    EXPECT_EQ(NumberOf(files.SetAttributesOf(*look, kReadOnly)), kChangedSinceSearch);
+    EXPECT_EQ(NumberOf(files.MoveFileTo(*look, {At("elsewhere\\a"), nullptr}, {})),
+              kChangedSinceSearch);
+    EXPECT_EQ(NumberOf(files.PrepareFileOf(*look, At("elsewhere\\a"), {})), kChangedSinceSearch);
+    EXPECT_EQ(NumberOf(files.DeleteFileOf(*look, true)), kChangedSinceSearch);
+    EXPECT_EQ(disk.Content("outside\\a"), "secret");
+    EXPECT_EQ(disk.Names("elsewhere"), List{});
+}
+
+TEST_F(LinuxSeenAheadTest, WhereNoCopyLiesReadyNoneIsMadeThroughALink) {
+    Plan();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    disk.Files().CopySoon({});
+    MoveAwayByOthers();
+    disk.MakeLink("s\\sub", "outside");
+    EXPECT_EQ(NumberOf(Copy(*look)), kChangedSinceSearch);
+    EXPECT_EQ(disk.Names("to"), List{});
+}
+
+TEST_F(LinuxSeenAheadTest, ANameThatIsTakenStaysWithWhoHasIt) {
+    Plan();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    disk.MakeFile("to\\a", "rival");
+    EXPECT_EQ(NumberOf(Copy(*look)), kAlreadyExists);
+    EXPECT_EQ(disk.Content("to\\a"), "rival");
+}
+
+TEST_F(LinuxSeenAheadTest, ACopyWaitsForItsFolderToBeMade) {
+    ASSERT_FALSE(disk.Files().Facts(At("to\\none")));
+    Plan();
+    const auto look = LookAt();
+    ASSERT_TRUE(look);
+    const std::string place = At("to\\new\\a");
+    EXPECT_EQ(NumberOf(disk.Files().CopyFileTo(*look, {place, nullptr}, {})), kPathNotFound);
+    ASSERT_EQ(NumberOf(disk.Files().CreateFolder(At("to\\new"))), 0);
+    const CallCounts before = CallsOfThread();
+    ASSERT_EQ(NumberOf(disk.Files().CopyFileTo(*look, {place, nullptr}, {})), 0);
+    EXPECT_EQ(CallsOfThread().looks, before.looks);
+    EXPECT_EQ(CallsOfThread().opens, before.opens);
+    EXPECT_EQ(disk.Content("to\\new\\a"), "inside");
 }
 
 TEST_F(LinuxSeenAheadTest, WhatThisProcessMovedIsNoLongerThere) {

@@ -260,6 +260,81 @@ TEST_F(LinuxStoreCounts, AFolderThatWasMadeHereIsKnownToBeEmptyForASecond) {
     EXPECT_EQ(world.files.Counts().read, read + 1);
 }
 
+TEST_F(LinuxStoreCounts, AFolderIsKnownToBeMissingByTheNamesAroundIt) {
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    const auto look = world.files.LookAt("T:\\from\\1");
+    ASSERT_TRUE(look);
+    CallCounts before = CallsOfThread();
+    const Standing standing = WhatStands(world.files, "T:\\new\\a\\b\\1");
+    ASSERT_TRUE(standing.IsFree());
+    ASSERT_TRUE(standing.place.known);
+    EXPECT_EQ(NumberOf(world.files.RemoveAbandoned("T:\\new\\a\\b")), kPathNotFound);
+    EXPECT_EQ(CallsOfThread().looks, before.looks);
+    EXPECT_EQ(CallsOfThread().opens, before.opens);
+    EXPECT_EQ(NumberOf(world.files.CopyFileTo(*look, standing.place, {})), kPathNotFound);
+    EXPECT_EQ(CallsOfThread().looks, before.looks + 1); // whether others made it since
+    before = CallsOfThread();
+    EXPECT_EQ(NumberOf(world.files.CreateFolder("T:\\new\\a\\b")), kPathNotFound);
+    EXPECT_LE(CallsOfThread().looks, before.looks + 1);
+    before = CallsOfThread();
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new\\a")), 0);
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new\\a\\b")), 0);
+    EXPECT_EQ(CallsOfThread().looks, before.looks);
+    // The source stands as it stood while folders are made.
+    ASSERT_EQ(NumberOf(world.files.CopyFileTo(*look, standing.place, {})), 0);
+    EXPECT_EQ(world.Content("new/a/b/1"), "content");
+}
+
+TEST_F(LinuxStoreCounts, AFolderThatOthersMadeWhereNoneWasKnownIsTaken) {
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    const auto look = world.files.LookAt("T:\\from\\1");
+    ASSERT_TRUE(look);
+    const auto placeOf = [this](const std::string& path) {
+        return WhatStands(world.files, path).place;
+    };
+    const FreePlace taken = placeOf("T:\\new\\theirs\\a");
+    const FreePlace other = placeOf("T:\\new\\theirs\\b");
+    const FreePlace empty = placeOf("T:\\new\\empty\\a");
+    world.MakeFolder("new/theirs");
+    world.MakeFolder("new/empty");
+    world.MakeFile("new/theirs/A", "theirs");
+    EXPECT_EQ(NumberOf(world.files.CopyFileTo(*look, taken, {})), kAlreadyExists);
+    EXPECT_EQ(NumberOf(world.files.MoveFileTo(*look, taken, {})), kAlreadyExists);
+    EXPECT_EQ(NumberOf(world.files.CreateFolder("T:\\new\\THEIRS")), kPathFileAccess);
+    EXPECT_EQ(NumberOf(world.files.CopyFileTo(*look, other, {})), 0);
+    EXPECT_EQ(NumberOf(world.files.MoveFileTo(*look, empty, {})), 0);
+    EXPECT_EQ(world.Names("new/theirs"), (std::set<std::string>{"A", "b"}));
+    EXPECT_EQ(world.Content("new/theirs/A"), "theirs");
+    EXPECT_EQ(world.Names("new/empty"), (std::set<std::string>{"a"}));
+    EXPECT_EQ(world.Names("new"), (std::set<std::string>{"theirs", "empty"}));
+}
+
+TEST_F(LinuxStoreCounts, NothingIsMovedToAFolderThatIsMissing) {
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    const auto look = world.files.LookAt("T:\\from\\1");
+    const auto folder = world.files.LookAt("T:\\to");
+    ASSERT_TRUE(look && folder);
+    const FreePlace place = WhatStands(world.files, "T:\\new\\none\\1").place;
+    EXPECT_EQ(NumberOf(world.files.MoveFileTo(*look, place, {})), kPathNotFound);
+    EXPECT_EQ(NumberOf(world.files.MoveFile("T:\\from\\1", place.path, {})), kPathNotFound);
+    EXPECT_EQ(NumberOf(world.files.MoveFolderTo(*folder, place)), kPathNotFound);
+    EXPECT_EQ(world.Content("from/1"), "content");
+    EXPECT_TRUE(fs::is_directory(world.Native("to")));
+}
+
+TEST_F(LinuxStoreCounts, AFolderOfAnotherCaseIsNotMissing) {
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new")), 0);
+    ASSERT_EQ(NumberOf(world.files.CreateFolder("T:\\new\\Sub")), 0);
+    EXPECT_FALSE(world.files.KnownFree("T:\\new\\sub\\x\\y"));
+    EXPECT_TRUE(world.files.KnownFree("T:\\new\\other\\x\\y"));
+    EXPECT_FALSE(world.files.KnownFree("T:\\new\\abcdef~1\\x"));
+    const auto look = world.files.LookAt("T:\\from\\1");
+    ASSERT_TRUE(look);
+    const FreePlace place = WhatStands(world.files, "T:\\new\\SUB\\1").place;
+    ASSERT_EQ(NumberOf(world.files.CopyFileTo(*look, place, {})), 0);
+    EXPECT_EQ(world.Names("new/Sub"), (std::set<std::string>{"1"}));
+}
+
 TEST_F(LinuxStoreCounts, AMissingFolderIsFoundOutFromTheFolderAroundIt) {
     const auto looksAt = [this](std::string_view path) {
         const std::uint64_t before = CallsOfThread().looks;

@@ -1,23 +1,15 @@
 #include "text/paths.h"
 
 #include "text/characters.h"
+#include "text/last_of.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace tarvix::text {
 
 namespace {
 
 constexpr std::string_view kDoubleSlash = "\\\\";
-
-// Byte position of the last "\", or npos.
-std::size_t LastSlash(std::string_view path) {
-    const void* const slash = ::memrchr(path.data(), '\\', path.size());
-    return slash == nullptr
-               ? path.npos
-               : static_cast<std::size_t>(static_cast<const char*>(slash) - path.data());
-}
 
 bool IsUnc(std::string_view path) {
     return path.starts_with(kDoubleSlash);
@@ -83,14 +75,14 @@ std::string_view FileNameOf(std::string_view path) {
 }
 
 std::string_view FolderOwnName(std::string_view path) {
-    return path.substr(LastSlash(path) + 1);
+    return path.substr(LastOf(path, '\\') + 1);
 }
 
 std::string_view GetParentFolderName(std::string_view path) {
     const std::size_t root = RootSize(path);
     const std::string_view below = WithoutTrailingSlashes(path.substr(root));
     if (below.empty()) return {};
-    const std::size_t slash = LastSlash(below);
+    const std::size_t slash = LastOf(below, '\\');
     if (slash == std::string_view::npos) return path.substr(0, root);
     const std::size_t parent = WithoutTrailingSlashes(below.substr(0, slash)).size();
     if (parent == 0 && !IsUnc(path)) return path.substr(0, root + 1);

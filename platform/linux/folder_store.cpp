@@ -168,7 +168,7 @@ void FolderStore::LetGoBelow(std::string_view path) {
 }
 
 Sys<Location> FolderStore::Locate(const std::string& native) {
-    const std::size_t slash = std::min(LastOf(native, '/'), native.size());
+    const std::size_t slash = std::min(text::LastOf(native, '/'), native.size());
     if (depth_ > 0 && slash > 0 && slash < PATH_MAX) {
         if (auto held = Held(std::string_view(native).substr(0, slash))) {
             return Location{std::move(held), native.c_str() + slash + 1};
@@ -184,7 +184,7 @@ Sys<struct statx> FolderStore::Stat(const std::string& native) {
 }
 
 Sys<Location> FolderStore::LocateBelow(const std::string& native, std::size_t folderLength) {
-    const std::size_t slash = LastOf(native, '/');
+    const std::size_t slash = text::LastOf(native, '/');
     TX_TRY_ASSIGN(auto folder,
                   TrueFolderAt(std::string_view(native).substr(0, slash), folderLength));
     return Location{std::move(folder), native.c_str() + slash + 1};

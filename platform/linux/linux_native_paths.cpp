@@ -95,7 +95,7 @@ void LinuxNativePaths::Note(const Table& drives, std::string_view folder,
 }
 
 std::string LinuxNativePaths::ToNative(std::string_view drivePath) const {
-    const std::size_t slash = std::min(LastOf(drivePath, '\\'), drivePath.size());
+    const std::size_t slash = std::min(text::LastOf(drivePath, '\\'), drivePath.size());
     const std::string_view folder = drivePath.substr(0, slash);
     const std::string_view name = drivePath.substr(std::min(slash + 1, drivePath.size()));
     // On a share more than the folder may tell where a name leads.

@@ -115,7 +115,7 @@ Result<void> LinuxFileSystem::CheckMoved(const Resolved& source, const Resolved&
 Sys<Location> LinuxFileSystem::NewLocation(const Resolved& source, const Resolved& target,
                                            const std::string& native) {
     if (!source.around || source.Folder() != target.Folder()) return store_.Locate(native);
-    return Location{source.around, native.c_str() + LastOf(native, '/') + 1};
+    return Location{source.around, native.c_str() + text::LastOf(native, '/') + 1};
 }
 
 } // namespace tarvix::platform

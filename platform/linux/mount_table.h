@@ -1,7 +1,8 @@
 #pragma once
 
+#include "text/last_of.h"
+
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,19 +40,13 @@ std::string UncOf(const Mount& mount);
 
 // Whether `path` is `folder` or lies below it, by text.
 bool IsAtOrBelow(std::string_view path, std::string_view folder);
-// Where the last such character of a text stands; npos for none.
-inline std::size_t LastOf(std::string_view text, char wanted) {
-    const void* const last = ::memrchr(text.data(), wanted, text.size());
-    return last == nullptr ? text.npos
-                           : static_cast<std::size_t>(static_cast<const char*>(last) - text.data());
-}
 // A native path in two: the folder around an object, "/" for the root itself, too, and its name.
 struct NativeParts {
     std::string_view folder;
     std::string_view name;
 };
 inline NativeParts PartsOf(std::string_view native) {
-    const std::size_t slash = LastOf(native, '/');
+    const std::size_t slash = text::LastOf(native, '/');
     const bool isInRoot = slash == 0 || slash == native.npos;
     return {isInRoot ? "/" : native.substr(0, slash), native.substr(slash + 1)};
 }

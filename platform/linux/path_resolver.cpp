@@ -17,7 +17,7 @@ constexpr int kMostTries = 3;
 
 // Where the last name of a native path starts.
 std::size_t NameStart(std::string_view native) {
-    return LastOf(native, '/') + 1;
+    return text::LastOf(native, '/') + 1;
 }
 
 std::string UpperRoot(std::string_view root) {
@@ -57,7 +57,7 @@ std::string Resolved::DrivePath() const {
 
 // Not for names that mean more than a name.
 bool PathResolver::ByWay(std::string_view path, Resolved& place) const {
-    const std::size_t slash = LastOf(path, '\\');
+    const std::size_t slash = text::LastOf(path, '\\');
     const std::string_view name = path.substr(slash + 1);
     if (slash == path.npos || !CanBeName(name)) return false;
     place.start = store_.FindWay(mounts_.NowAt(), path.substr(0, slash), name.size(), place.native);
@@ -67,7 +67,7 @@ bool PathResolver::ByWay(std::string_view path, Resolved& place) const {
 }
 
 void PathResolver::NoteWay(const Resolved& place, std::string_view path) const {
-    const std::size_t slash = LastOf(path, '\\');
+    const std::size_t slash = text::LastOf(path, '\\');
     if (slash == path.npos || !CanBeName(path.substr(slash + 1))) return;
     store_.NoteWay(place.start, path.substr(0, slash),
                    std::string_view(place.native).substr(0, NameStart(place.native) - 1));

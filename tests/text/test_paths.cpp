@@ -52,6 +52,7 @@ TEST(PathPieces, GetParentFolderName) {
 }
 
 TEST(FolderOwnName, TextBehindTheLastSlash) {
+    EXPECT_EQ(FolderOwnName(std::string_view()), "");
     EXPECT_EQ(FolderOwnName(R"(C:\a\b)"), "b");
     EXPECT_EQ(FolderOwnName(R"(C:\a\)"), "");
     EXPECT_EQ(FolderOwnName("C:"), "C:");

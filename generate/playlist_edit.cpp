@@ -27,9 +27,6 @@ namespace {
 using session::PromptId;
 using session::Session;
 
-// The longest new path that the system takes where it has a limit.
-constexpr std::size_t kLongestNewPath = 254;
-
 platform::SeenObject SeenRow(const results::ResultList& rows, std::size_t row,
                              const std::string& path, platform::Same same) {
     return {path, rows.SightingOf(rows.At(row)), same};
@@ -104,7 +101,7 @@ void PlaylistEdit::Run(const PlaylistPlan& plan) {
 void PlaylistEdit::Rename(const PlaylistRename& rename) {
     const std::string from = rows_.FullPath(rename.row);
     std::string to = text::JoinPath(text::ParentFolder(from), rename.newName);
-    if (session::ExceedsLimit(session_, to, kLongestNewPath)) {
+    if (session::ExceedsLimit(session_, to, session::kLongestNewPath)) {
         to = session::GetShortPathNameReturnCodes(session_, to).path;
     }
     const auto seen = SeenRow(rows_, rename.row, from, platform::Same::kObject);

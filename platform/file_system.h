@@ -88,8 +88,8 @@ enum class MoveWait : std::uint8_t {
 
 // What became of moves that were handed over, from the first on that wasn't told of yet.
 struct HandedMoves {
-    std::size_t made = 0; // each with its note written
-    // Behind those; nothing was done for them, and nothing will be: the first of them met something
+    std::size_t made = 0; // each with its note written, or `unwritten` tells
+    // Behind those; nothing stays done for them, nor will be: the first of them met something
     // that MoveFileTo would tell, or they were given up.
     std::size_t left = 0;
     // Of the first of them: another object had taken its place, was moved, and can't go back.

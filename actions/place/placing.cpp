@@ -25,8 +25,6 @@ namespace tarvix::actions {
 
 namespace {
 
-constexpr std::size_t kLongestNewPath = 254;
-
 // The folder that the object was found in, with what lies between left out.
 std::string_view SearchFolderOf(const Object& object) {
     const std::string_view path = object.path;
@@ -87,15 +85,15 @@ bool Placing::FinishDestination() {
     if (const bool isRename = verb_ == Verb::kRename; !IsCleanDestination(place_.path, isRename)) {
         place_ = {CleanedDestination(place_.path, isRename), nullptr};
     }
-    if (!session::ExceedsLimit(session_, place_.path, kLongestNewPath)) return true;
+    if (!session::ExceedsLimit(session_, place_.path, session::kLongestNewPath)) return true;
     session::AskLongPath(session_, SearchFolderOf(object_), place_.path, "CopyObject", "frmDialog");
     if (!session::ContinuesLongPath(session_)) return false;
-    auto shortened =
-        session::GetShortPathNameReturnCodes(session_, place_.path, false, kLongestNewPath);
+    auto shortened = session::GetShortPathNameReturnCodes(session_, place_.path, false,
+                                                          session::kLongestNewPath);
     place_ = {std::move(shortened.path), nullptr};
     madeFolders_ = std::move(shortened.made);
     if (shortened.status == 3) return true;
-    RefuseWithoutShortPath(session_, place_.path, kLongestNewPath);
+    RefuseWithoutShortPath(session_, place_.path, session::kLongestNewPath);
     return false;
 }
 

@@ -21,7 +21,6 @@ constexpr std::size_t kMost = 64;           // on their way at once
 constexpr std::int64_t kMoment = 3'000'000; // nanoseconds
 constexpr std::size_t kFewInARow = 8;
 constexpr std::size_t kLongestPause = 512;
-constexpr std::size_t kLongestNewPath = 254;
 } // namespace
 
 PlainMoves::~PlainMoves() {
@@ -53,7 +52,7 @@ void PlainMoves::Pause() {
 bool PlainMoves::IsPlain(const Object& object, std::string_view path) const {
     return !hasEnded_ && object.isFile && object.sighting.IsKnown() &&
            IsCleanDestination(path, verb_ == Verb::kRename) && run_.leftParts.HasSeenAround(path) &&
-           !session::ExceedsLimit(session_, path, kLongestNewPath);
+           !session::ExceedsLimit(session_, path, session::kLongestNewPath);
 }
 
 // One that would wait behind many others might be looked at too early.

@@ -9,8 +9,9 @@ namespace tarvix::session {
 
 struct Session;
 
-constexpr std::size_t kLongPath = 259;      // characters of a path that everything can open
-constexpr std::size_t kFolderPortion = 247; // of a folder, when a name is still to follow
+constexpr std::size_t kLongPath = 259;       // characters of a path that everything can open
+constexpr std::size_t kLongestNewPath = 254; // the same of one that an object is to get
+constexpr std::size_t kFolderPortion = 247;  // of a folder, when a name is still to follow
 constexpr std::size_t kAbsoluteLimit = 500;
 
 // Whether a path is longer than so many characters, and so needs a short form to be opened. Never

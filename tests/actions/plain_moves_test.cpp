@@ -44,6 +44,23 @@ class PlainMovesTest : public ActionFixture {
             paths.push_back(PathOf(i));
         return paths;
     }
+    // After twenty of a hundred files, while others are on their way.
+    void StopInTheMiddle() {
+        AddFiles(100);
+        Find();
+        machine.faults.HoldMoves(true);
+        machine.faults.BeforeCall("MoveFile", 20, [this] { Click(Dialog().cmdStop); });
+    }
+    // What was done is what is told; the rest was not come to.
+    void ExpectStopped(OutcomeMark mark) {
+        const auto done = Totals().done;
+        EXPECT_GE(done, 20);
+        EXPECT_LT(done, 100);
+        EXPECT_EQ(CountOf(mark), done);
+        EXPECT_EQ(CountOf(OutcomeMark::kNotReached), 100 - done);
+        for (int i = 0; i < 100; ++i)
+            EXPECT_EQ(Disk().Exists(PathOf(i)), i >= done) << i;
+    }
     // The entries of the log that tell of something done, by their sources.
     std::vector<std::string> Logged(std::string_view verb) {
         std::vector<std::string> sources;
@@ -135,41 +152,37 @@ TEST_F(PlainMovesTest, AFullDiskEndsTheMoveThere) {
 }
 
 TEST_F(PlainMovesTest, StopLeavesWhatIsNotBegunAndTellsWhatIsDone) {
-    AddFiles(100);
-    Find();
-    machine.faults.HoldMoves(true);
-    machine.faults.BeforeCall("MoveFile", 20, [this] { Click(Dialog().cmdStop); });
+    StopInTheMiddle();
     Move(To("C:\\d"));
-    const auto done = Totals().done;
-    EXPECT_GE(done, 20);
-    EXPECT_LT(done, 100);
-    EXPECT_EQ(CountOf(OutcomeMark::kMoved), done);
-    EXPECT_EQ(CountOf(OutcomeMark::kNotReached), 100 - done);
+    ExpectStopped(OutcomeMark::kMoved);
     EXPECT_EQ(Sources(), Paths(100));
-    EXPECT_EQ(Logged(" Move ").size(), static_cast<std::size_t>(done));
-    for (int i = 0; i < 100; ++i)
-        EXPECT_EQ(Disk().Exists(PathOf(i)), i >= done) << i;
+    EXPECT_EQ(Logged(" Move ").size(), static_cast<std::size_t>(Totals().done));
     ExpectLog({" User stopped the action."});
 }
 
 TEST_F(PlainMovesTest, StopInARenameDoesTheSame) {
-    AddFiles(100);
-    Find();
-    machine.faults.HoldMoves(true);
-    machine.faults.BeforeCall("MoveFile", 20, [this] { Click(Dialog().cmdStop); });
+    StopInTheMiddle();
     const auto fill = [this](fields::FrmDialog& form) {
         Set(form.chkAdd, "1");
         Set(form.chkAddEnd, "1");
         Set(form.txtAdd, "x");
     };
     Do(Form().cmdRenameSelected, fill, {"OK"});
-    const auto done = Totals().done;
-    EXPECT_GE(done, 20);
-    EXPECT_LT(done, 100);
-    EXPECT_EQ(CountOf(OutcomeMark::kRenamed), done);
-    EXPECT_EQ(CountOf(OutcomeMark::kNotReached), 100 - done);
-    for (int i = 0; i < 100; ++i)
-        EXPECT_EQ(Disk().Exists(PathOf(i)), i >= done) << i;
+    ExpectStopped(OutcomeMark::kRenamed);
+}
+
+// It can't go back since its own place was taken, too.
+TEST_F(PlainMovesTest, AnObjectThatWentAstrayIsTold) {
+    AddFiles(20);
+    Find();
+    machine.faults.HoldMoves(true);
+    machine.faults.SendAstray(PathOf(7));
+    Move(To("C:\\d"));
+    ExpectTotals(19, 0, 1);
+    EXPECT_EQ(Sources(), Paths(20));
+    EXPECT_EQ(CountOf(OutcomeMark::kFailed), 1);
+    ExpectLog({" went astray"});
+    EXPECT_EQ(Disk().Content(PathOf(7)), NameOf(7));
 }
 
 TEST_F(PlainMovesTest, ObjectsThatNeedMoreStayInTheirOrder) {

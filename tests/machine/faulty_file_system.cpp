@@ -287,7 +287,9 @@ bool FaultyFileSystem::HandMove(const Look& from, const FreePlace& to, MoveNote 
 void FaultyFileSystem::MakeHanded() {
     while (!handed_.empty() && !hasRefused_) {
         const HandedMove& move = handed_.front();
-        if (!MoveFileTo(move.from, move.to, {})) {
+        const bool isAstray = move.from.path == astray_;
+        if (isAstray) told_.astray = PlatformError{kChangedSinceSearch, "went astray"};
+        if (isAstray || !MoveFileTo(move.from, move.to, {})) {
             hasRefused_ = true;
             return;
         }

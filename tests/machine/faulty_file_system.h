@@ -107,6 +107,8 @@ class FaultyFileSystem : public FileSystem {
     bool HandMove(const Look& from, const FreePlace& to, MoveNote note) override;
     HandedMoves TakeHanded(MoveWait wait) override;
     void HoldMoves(bool isHeld) { holdsMoves_ = isHeld; }
+    // What is moved from there is told to be another object that can't go back.
+    void SendAstray(std::string path) { astray_ = std::move(path); }
     // Takes no moves over.
     void RefuseMoves() { refusesMoves_ = true; }
     // Of a folder that is there all names are known.
@@ -156,6 +158,7 @@ class FaultyFileSystem : public FileSystem {
     std::deque<HandedMove> handed_; // those that were not made
     HandedMoves told_;
     std::size_t handedCount_ = 0;
+    std::string astray_;
     bool hasRefused_ = false;
     bool holdsMoves_ = false;
     bool refusesMoves_ = false;

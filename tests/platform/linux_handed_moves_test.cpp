@@ -91,6 +91,12 @@ class LinuxHandedMoves : public testing::Test {
         while (!stream_->isInHand)
             std::this_thread::yield();
     }
+    // The first of them is in hand.
+    void HandThree() {
+        HandAndHold("s\\a", "t\\a");
+        ASSERT_TRUE(Hand("s\\b", "t\\b"));
+        ASSERT_TRUE(Hand("s\\c", "t\\c"));
+    }
     HandedMoves Release(MoveWait wait = MoveWait::kAll) {
         stream_->isHeld = false;
         return files().TakeHanded(wait);
@@ -132,9 +138,7 @@ TEST_F(LinuxHandedMoves, ANameCountsAsTakenOnceItIsHandedOver) {
 }
 
 TEST_F(LinuxHandedMoves, ANameThatOthersTookStaysTheirs) {
-    HandAndHold("s\\a", "t\\a");
-    ASSERT_TRUE(Hand("s\\b", "t\\b"));
-    ASSERT_TRUE(Hand("s\\c", "t\\c"));
+    HandThree();
     disk_.MakeFile("t\\b", "theirs");
     const auto told = Release();
     EXPECT_EQ(told.made, 1u);
@@ -152,9 +156,7 @@ TEST_F(LinuxHandedMoves, ANameThatOthersTookStaysTheirs) {
 }
 
 TEST_F(LinuxHandedMoves, WhatCameToTheNameOfTheSourceGoesBack) {
-    HandAndHold("s\\a", "t\\a");
-    ASSERT_TRUE(Hand("s\\b", "t\\b"));
-    ASSERT_TRUE(Hand("s\\c", "t\\c"));
+    HandThree();
     fs::rename(Native("s\\b"), Native("away"));
     disk_.MakeFile("s\\b", "theirs");
     const auto told = Release();
@@ -166,6 +168,27 @@ TEST_F(LinuxHandedMoves, WhatCameToTheNameOfTheSourceGoesBack) {
     EXPECT_FALSE(fs::exists(Native("t\\b")));
     ExpectStays("s\\c");
     EXPECT_EQ(stream_->Text(), "s\\a;");
+}
+
+TEST_F(LinuxHandedMoves, WhatCantGoBackIsTold) {
+    HandThree();
+    fs::rename(Native("s\\b"), Native("away"));
+    disk_.MakeFile("s\\b", "theirs");
+    stream_->isHeld = false;
+    while (!fs::exists(Native("t\\b")))
+        std::this_thread::yield();
+    disk_.MakeFile("s\\b", "third");
+    const auto told = files().TakeHanded(MoveWait::kAll);
+    EXPECT_EQ(told.made, 1u);
+    EXPECT_EQ(told.left, 2u);
+    ASSERT_TRUE(told.astray);
+    EXPECT_EQ(told.astray->number, kChangedSinceSearch);
+    EXPECT_NE(told.astray->description.find(" was exchanged for another object"),
+              std::string::npos);
+    EXPECT_EQ(TextOf(Native("t\\b")), "theirs");
+    EXPECT_EQ(TextOf(Native("s\\b")), "third");
+    EXPECT_EQ(TextOf(Native("away")), "b");
+    ExpectStays("s\\c");
 }
 
 TEST_F(LinuxHandedMoves, AFolderThatCameToTheNameOfTheSourceGoesBack) {

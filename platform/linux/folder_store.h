@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/drive_table.h"
+#include "platform/linux/listing_store.h"
 #include "platform/linux/name_table.h"
 #include "platform/linux/system_calls.h"
 #include "text/by_text.h"
@@ -73,7 +74,9 @@ class FolderStore {
   public:
     static constexpr std::int64_t kBelieved = 5'000'000; // nanoseconds
 
-    explicit FolderStore(StoreClock clock = {}) : clock_(std::move(clock)) {}
+    // Names that `listings` has are taken from there; it may be null.
+    explicit FolderStore(StoreClock clock = {}, std::shared_ptr<ListingStore> listings = nullptr)
+        : clock_(std::move(clock)), listings_(std::move(listings)) {}
 
     std::int64_t Tick() const { return clock_.tick(); }
     StoreCounts Counts() const;
@@ -195,6 +198,7 @@ class FolderStore {
     void LetGoBelow(std::string_view path);
 
     const StoreClock clock_;
+    const std::shared_ptr<ListingStore> listings_;
     std::atomic<int> depth_ = 0;
 
     // One for each of the three parts that follow, so that who copies ahead doesn't wait for what

@@ -1,6 +1,7 @@
 #include "platform/linux/folder_reader.h"
 #include "platform/linux/folder_store.h"
 #include "platform/linux/listing_store.h"
+#include "platform/names.h"
 #include "platform/short_names.h"
 #include "platform/try.h"
 
@@ -11,14 +12,31 @@
 namespace tarvix::platform {
 
 namespace {
-// Longer than the step of any file system's dates but FAT's, whose folders are read again sooner.
-constexpr std::int64_t kDateStep = 20'000'000;
+constexpr std::int64_t kOwnBelieved = 20'000'000; // nanoseconds
 constexpr std::int64_t kFreeBelieved = 1'000'000'000;
-constexpr std::int64_t kCheap = 200'000; // nanoseconds
-constexpr std::int64_t kShare = 100;     // reading again may take one part in so many of the time
+constexpr std::int64_t kCheap = 200'000;
+constexpr std::int64_t kShare = 100; // reading again may take one part in so many of the time
 
-bool HasWholeSeconds(FileTime modified) {
-    return modified % 1'000'000'000 == 0;
+Sys<NameTable> NamesRead(int fd) {
+    NameTable names;
+    FolderReader reader(fd, true);
+    FolderReader::Entry listed{};
+    while (reader.Next(listed))
+        names.Add(listed.name);
+    if (reader.Error() != 0) return std::unexpected(reader.Error());
+    return names;
+}
+
+NameTable NamesOf(const FolderListing& listing) {
+    NameTable names;
+    names.Reserve(listing.Size());
+    std::string native;
+    for (std::size_t i = 0; i < listing.Size(); ++i) {
+        native.clear();
+        AppendNameToNative(native, listing[i].name);
+        names.Add(native);
+    }
+    return names;
 }
 } // namespace
 
@@ -26,7 +44,7 @@ bool HasWholeSeconds(FileTime modified) {
 // and misses follow each other.
 bool FolderStore::IsDue(const Folder& folder, std::int64_t now) {
     const std::int64_t pause = kShare * folder.readCost;
-    if (folder.hasOwnChange) return now - folder.readAt > std::max(kDateStep, pause);
+    if (folder.hasOwnChange) return now - folder.readAt > std::max(kOwnBelieved, pause);
     if (!folder.isFresh && folder.namesDate == folder.modified) return false;
     return folder.readCost < kCheap || now - folder.readAt > pause;
 }
@@ -57,15 +75,10 @@ Sys<void> FolderStore::Read(Entry& entry) {
     Set(folder, st, clock_.tick());
     folder.modified = folder.namesDate = date;
     folder.readAt = clock_.now();
-    const std::int64_t step = HasWholeSeconds(date) ? 100 * kDateStep : kDateStep;
-    folder.isFresh = RealNow() - date < step;
+    folder.isFresh = RealNow() - date < DateStep(date);
     folder.hasOwnChange = folder.hasOwnChange && folder.isFresh;
-    NameTable names;
-    FolderReader reader(fd.Get());
-    FolderReader::Entry listed{};
-    while (reader.Next(listed))
-        names.Add(listed.name);
-    if (reader.Error() != 0) return std::unexpected(reader.Error());
+    const auto kept = listings_ ? listings_->FindNames(st) : nullptr;
+    TX_TRY_ASSIGN(NameTable names, kept ? NamesOf(*kept) : NamesRead(fd.Get()));
     folder.readCost = clock_.now() - folder.readAt;
     names_ += names.Size();
     folder.isCurrent = true;

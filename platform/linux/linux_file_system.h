@@ -25,7 +25,7 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     explicit LinuxFileSystem(
         Mounts& mounts, CopyRoads roads = {}, StoreClock clock = {},
         std::shared_ptr<ListingStore> listings = std::make_shared<ListingStore>())
-        : mounts_(mounts), store_(std::move(clock)), listings_(std::move(listings)),
+        : mounts_(mounts), listings_(std::move(listings)), store_(std::move(clock), listings_),
           resolver_(mounts, store_), roads_(roads) {}
     // Waits for visitors that are just finding a folder.
     ~LinuxFileSystem() override;
@@ -185,6 +185,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
                               const std::string& native);
     Result<void> MoveAcross(const Resolved& source, const Resolved& target, std::string_view from,
                             std::string_view to, const CopyObserver& observer);
+    // The names that a copy without a name could have, in a folder that was just opened.
+    std::vector<std::string> TemporariesIn(int folder);
     // No look that was taken before stands.
     void NoteChanged() { ++changes_; }
     void NoteMade(const Resolved& place);
@@ -192,8 +194,8 @@ class LinuxFileSystem : public FileSystem, public VisitedFiles {
     void NoteRenamed(const Resolved& source, std::string_view to);
 
     Mounts& mounts_;
-    FolderStore store_;
     std::shared_ptr<ListingStore> listings_;
+    FolderStore store_;
     std::shared_ptr<VisitedBy> visitedBy_ = std::make_shared<VisitedBy>(this);
     PathResolver resolver_;
     LinuxForesight foresight_{resolver_};

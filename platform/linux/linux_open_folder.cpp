@@ -75,10 +75,12 @@ Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names(const More& 
     if (before) {
         if (auto known = listings_->Find(*before, drives_.get())) return known;
     }
+    const std::int64_t begunAt = listings_ ? listings_->Now() : 0;
     TX_TRY(Read(scratch, more));
     auto names = std::make_shared<const FolderListing>(scratch);
     if (names->Size() > kKeptRoom) scratch = {};
     if (before) listings_->Keep(fd_.Get(), *before, drives_, names);
+    if (listings_) listings_->NoteInUse(fd_.Get(), begunAt, names);
     return names;
 }
 

@@ -212,17 +212,30 @@ Copied LinuxFileSystem::PrepareFolder(const Resolved& source, std::string_view f
     return prepared;
 }
 
+std::vector<std::string> LinuxFileSystem::TemporariesIn(int folder) {
+    std::vector<std::string> found;
+    const auto keep = [&found](std::string_view name) {
+        if (MakerOfTemporary(name) != 0) found.emplace_back(name);
+    };
+    const auto st = StatOf(folder);
+    if (const auto kept = st ? listings_->FindNames(*st) : nullptr) {
+        for (std::size_t i = 0; i < kept->Size(); ++i)
+            keep((*kept)[i].name);
+        return found;
+    }
+    FolderReader reader(folder, true);
+    for (FolderReader::Entry entry{}; reader.Next(entry);)
+        keep(entry.name);
+    return found;
+}
+
 Result<std::vector<std::string>> LinuxFileSystem::RemoveAbandoned(std::string_view folder) {
     Resolved place;
     if (resolver_.KnownFree(folder, place)) return FailureBy(kPathNotFound, folder);
     if (!place.start) TX_TRY(resolver_.ByText(folder, place));
     TX_TRY_ASSIGN(const Location location, Named(Locate(place.native), folder));
     TX_TRY_ASSIGN(const UniqueFd fd, Named(OpenAt(location, O_RDONLY | O_DIRECTORY), folder));
-    std::vector<std::string> found;
-    FolderReader reader(fd.Get());
-    for (FolderReader::Entry entry{}; reader.Next(entry);) {
-        if (MakerOfTemporary(entry.name) != 0) found.emplace_back(entry.name);
-    }
+    std::vector<std::string> found = TemporariesIn(fd.Get());
     std::erase_if(found,
                   [&fd](const std::string& name) { return !RemoveIfAbandoned(fd.Get(), name); });
     for (std::string& name : found) {

@@ -12,7 +12,9 @@ namespace tarvix::platform {
 namespace {
 
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
-constexpr std::int64_t kSettled = 2 * kNanoseconds; // longer than the coarsest dates of a disk
+// Longer than the steps of a disk's dates; FAT's are of two whole seconds.
+constexpr std::int64_t kDateStep = 20'000'000;
+constexpr std::int64_t kWholeDateStep = 2 * kNanoseconds;
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
 // Disks whose folders are dated by the clock of this machine: ext, xfs, btrfs, f2fs, tmpfs,
@@ -35,6 +37,10 @@ std::int64_t RealNow() {
     return now.tv_sec * kNanoseconds + now.tv_nsec;
 }
 
+std::int64_t DateStep(FileTime date) {
+    return date % kNanoseconds == 0 ? kWholeDateStep : kDateStep;
+}
+
 void ListingStore::Want(bool isWanted) {
     const std::scoped_lock lock(mutex_);
     wanted_ += isWanted ? 1 : -1;
@@ -48,15 +54,34 @@ ListingStore::Stamp ListingStore::StampOf(const struct statx& facts) {
     return {TimeOf(facts.stx_ctime), TimeOf(facts.stx_mtime)};
 }
 
+const ListingStore::Kept* ListingStore::Standing(const struct statx& facts) const {
+    const auto found = kept_.find({DeviceOf(facts), facts.stx_ino});
+    return found == kept_.end() || found->second.stamp != StampOf(facts) ? nullptr : &found->second;
+}
+
 std::shared_ptr<const FolderListing> ListingStore::Find(const struct statx& facts,
                                                         const DriveTable* drives) {
     const std::scoped_lock lock(mutex_);
-    const auto found = kept_.find({DeviceOf(facts), facts.stx_ino});
-    if (found == kept_.end()) return nullptr;
-    const Kept& kept = found->second;
-    if (kept.stamp != StampOf(facts) || kept.drives.get() != drives) return nullptr;
+    const Kept* const kept = Standing(facts);
+    if (kept == nullptr || kept->drives.get() != drives) return nullptr;
     ++given_;
-    return kept.listing;
+    return kept->listing;
+}
+
+std::shared_ptr<const FolderListing> ListingStore::InUse(const struct statx& facts) const {
+    const auto found = std::ranges::find_if(large_, [&facts](const Large& large) {
+        return large.inode == facts.stx_ino && large.device == DeviceOf(facts) &&
+               large.stamp == StampOf(facts);
+    });
+    return found == large_.end() ? nullptr : found->listing.lock();
+}
+
+std::shared_ptr<const FolderListing> ListingStore::FindNames(const struct statx& facts) {
+    const std::scoped_lock lock(mutex_);
+    const Kept* const kept = Standing(facts);
+    auto names = kept != nullptr ? kept->listing : InUse(facts);
+    if (names) ++given_;
+    return names;
 }
 
 bool ListingStore::IsLocal(int folder, std::uint64_t device) {
@@ -75,7 +100,8 @@ void ListingStore::Keep(int folder, const struct statx& before,
     const auto after = StatOf(folder);
     const Stamp stamp = StampOf(before);
     if (!after || StampOf(*after) != stamp || HasLink(*listing)) return;
-    if (now_() - std::max(stamp.changed, stamp.modified) < kSettled) return;
+    const FileTime newest = std::max(stamp.changed, stamp.modified);
+    if (now_() - newest < DateStep(newest)) return;
     const std::scoped_lock lock(mutex_);
     const Key key{DeviceOf(before), before.stx_ino};
     if (wanted_ <= 0 || !IsLocal(folder, key.device)) return;
@@ -87,6 +113,20 @@ void ListingStore::Keep(int folder, const struct statx& before,
     if (bytes_ + listing->Bytes() > kMostBytes) return;
     bytes_ += listing->Bytes();
     kept_.emplace(key, Kept{stamp, std::move(drives), std::move(listing)});
+}
+
+// A folder whose last change lies before that time can't have changed while it was read.
+void ListingStore::NoteInUse(int folder, std::int64_t begunAt,
+                             const std::shared_ptr<const FolderListing>& listing) {
+    if (listing->Size() < kLarge) return;
+    const auto after = StatOf(folder);
+    if (!after) return;
+    const Stamp stamp = StampOf(*after);
+    const FileTime newest = std::max(stamp.changed, stamp.modified);
+    if (begunAt - newest < DateStep(newest)) return;
+    const std::scoped_lock lock(mutex_);
+    if (!IsLocal(folder, DeviceOf(*after))) return;
+    large_[nextLarge_++ % kMostLarge] = {DeviceOf(*after), after->stx_ino, stamp, listing};
 }
 
 std::uint64_t ListingStore::Given() const {

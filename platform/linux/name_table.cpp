@@ -5,6 +5,7 @@
 #include "text/case.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace tarvix::platform {
@@ -60,19 +61,27 @@ void NameTable::SetName(Slot& slot, std::string_view nativeName) {
     text_ += nativeName;
 }
 
+void NameTable::MakeSlots(std::size_t count) {
+    const auto old = std::exchange(slots_, {});
+    slots_.resize(std::max(kFewestSlots, count));
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : old) {
+        if (slot.length == 0) continue;
+        std::size_t at = slot.hash & mask;
+        while (slots_[at].length != 0)
+            at = (at + 1) & mask;
+        slots_[at] = slot;
+    }
+}
+
+void NameTable::Reserve(std::size_t names) {
+    const std::size_t count = std::bit_ceil(2 * names);
+    if (count > slots_.size()) MakeSlots(count);
+}
+
 // At least a quarter of the slots stays free, and not much more than half of the text is lost.
 void NameTable::MakeRoom() {
-    if (size_ + size_ / 3 + 1 >= slots_.size()) {
-        const auto old = std::exchange(slots_, {});
-        slots_.resize(std::max(kFewestSlots, 4 * old.size()));
-        const std::size_t mask = slots_.size() - 1;
-        for (const Slot& slot : old) {
-            std::size_t at = slot.hash & mask;
-            while (slots_[at].length != 0)
-                at = (at + 1) & mask;
-            slots_[at] = slot;
-        }
-    }
+    if (size_ + size_ / 3 + 1 >= slots_.size()) MakeSlots(4 * slots_.size());
     if (lost_ <= std::max(kMostLost, text_.size() / 2)) return;
     const std::string old = std::exchange(text_, {});
     text_.reserve(old.size());

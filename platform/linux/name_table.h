@@ -15,6 +15,8 @@ namespace tarvix::platform {
 // nothing of the disk: whoever owns it tells what came and went.
 class NameTable {
   public:
+    // Room for so many names.
+    void Reserve(std::size_t names);
     void Add(std::string_view nativeName);
     // False when names that differ in case alone don't let it tell which one went: then the table
     // is of no use any more.
@@ -49,6 +51,7 @@ class NameTable {
     void Put(std::string_view nativeName, std::uint32_t hash);
     void Erase(std::string_view nativeName);
     void MakeRoom();
+    void MakeSlots(std::size_t count);
     void AddShort(std::string_view nativeName);
     const std::string* FindShort(std::string_view name);
 

@@ -1,5 +1,6 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_native_paths.h"
+#include "platform/names.h"
 #include "platform/read_ahead.h"
 #include "tests/platform/linux_disk.h"
 
@@ -9,14 +10,13 @@
 #include <chrono>
 #include <deque>
 #include <random>
+#include <sys/wait.h>
 #include <thread>
 
 namespace tarvix::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::int64_t kHour = 3'600'000'000'000;
 
 // Every name below a folder with its kind, as a crawl comes by them.
 std::vector<std::string> Crawl(FileSystem& files, const std::string& root) {
@@ -90,8 +90,7 @@ class Others {
     std::mt19937 random_{17};
 };
 
-// Folders are dated in steps of some milliseconds; without the two seconds that listings are let
-// settle, a change is told from the last one only behind such a step.
+// Folders are dated in steps of some milliseconds: what is read sooner behind a change isn't kept.
 void AwaitNextDate() {
     std::this_thread::sleep_for(std::chrono::milliseconds(25));
 }
@@ -100,9 +99,7 @@ class KeptListingsTest : public ::testing::Test {
   protected:
     TemporaryFolder folder_;
     Mounts mounts_{{}, {}};
-    std::shared_ptr<ListingStore> store_ =
-        std::make_shared<ListingStore>([] { return RealNow() + kHour; });
-    LinuxFileSystem keeping_{mounts_, {}, {}, store_};
+    LinuxFileSystem keeping_{mounts_};
     LinuxFileSystem fresh_{mounts_};
     std::string root_ = mounts_.Now()->ToDrive(folder_.Path());
 };
@@ -166,6 +163,62 @@ TEST_F(KeptListingsTest, FactsAreReadAnewForWhatMatches) {
     EXPECT_EQ(sizeNow(), 1U);
     std::ofstream(folder_.Path() + "/b/f") << "four";
     EXPECT_EQ(sizeNow(), 4U);
+}
+
+// The names of a large folder, which somebody has in use, without a wish to keep any.
+class NamesInUseTest : public KeptListingsTest {
+  protected:
+    void SetUp() override {
+        for (int i = 0; i < 1200; ++i)
+            Make("f" + std::to_string(i));
+        Make("odd:name");
+        AwaitNextDate();
+        names_ = VisitorOf(keeping_)->OpenInParts(root_)->NamesInParts({});
+        ASSERT_EQ(names_->Size(), 1201U);
+    }
+    void Make(const std::string& name) const { std::ofstream(folder_.Path() + "/" + name) << "x"; }
+    bool IsThere(std::string_view nativeName) {
+        return keeping_.Facts(root_ + "\\" + NameToDrive(nativeName)).has_value();
+    }
+
+    std::shared_ptr<const FolderListing> names_;
+};
+
+TEST_F(NamesInUseTest, AreNotReadAgain) {
+    EXPECT_TRUE(IsThere("F7"));
+    EXPECT_TRUE(IsThere("ODD:NAME"));
+    EXPECT_FALSE(IsThere("f1200"));
+    EXPECT_TRUE(keeping_.KnownFree(root_ + "\\f1200"));
+    EXPECT_EQ(keeping_.ListingsGiven(), 1U);
+}
+
+TEST_F(NamesInUseTest, AreReadOnceTheFolderChanged) {
+    Make("late");
+    EXPECT_TRUE(IsThere("LATE"));
+    fs::remove(folder_.Path() + "/f7");
+    EXPECT_FALSE(IsThere("F7"));
+    EXPECT_EQ(keeping_.ListingsGiven(), 0U);
+}
+
+TEST_F(NamesInUseTest, AreForgottenWhenNobodyHasThem) {
+    names_.reset();
+    EXPECT_TRUE(IsThere("F7"));
+    EXPECT_EQ(keeping_.ListingsGiven(), 0U);
+}
+
+TEST_F(NamesInUseTest, TellOfAbandonedCopies) {
+    EXPECT_EQ(keeping_.RemoveAbandoned(root_), std::vector<std::string>());
+    EXPECT_EQ(keeping_.ListingsGiven(), 1U);
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(0);
+    ::waitpid(child, nullptr, 0);
+    const std::string part = ".tarvix-" + std::to_string(child) + "-1.part";
+    Make(part);
+    AwaitNextDate();
+    names_ = VisitorOf(keeping_)->OpenInParts(root_)->NamesInParts({});
+    EXPECT_EQ(keeping_.RemoveAbandoned(root_), std::vector{root_ + "\\" + part});
+    EXPECT_EQ(keeping_.ListingsGiven(), 2U);
+    EXPECT_EQ(keeping_.RemoveAbandoned(root_), std::vector<std::string>());
 }
 
 } // namespace

@@ -77,10 +77,15 @@ TEST_F(ListingStoreTest, WhatIsAddedTakenAwayOrRenamedIsSeen) {
 }
 
 TEST_F(ListingStoreTest, AFolderThatChangedJustNowIsNotKept) {
-    ahead_ = 0;
+    ahead_ = -kHour;
     Names();
     Names();
     EXPECT_EQ(Given(), 0U);
+}
+
+TEST(DateStep, IsLongForADateOfWholeSecondsAlone) {
+    EXPECT_EQ(DateStep(1'700'000'000'000'000'000), 2'000'000'000);
+    EXPECT_EQ(DateStep(1'700'000'000'000'000'001), 20'000'000);
 }
 
 TEST_F(ListingStoreTest, AFolderWithALinkIsNotKept) {

@@ -24,6 +24,7 @@ constexpr std::size_t kFirstHeap = 64 << 20; // of addresses; what isn't used co
 constexpr int kHeapStep = 8 << 20;
 constexpr std::size_t kGrows = 1 << 20; // more than is left in a new heap
 constexpr std::uintptr_t kLargePage = 2 << 20;
+constexpr std::uintptr_t kSmallRun = 16 << 20; // in small pages, as all of a large one is cleared
 
 std::uintptr_t EndOfHeap() {
     return reinterpret_cast<std::uintptr_t>(sbrk(0));
@@ -61,7 +62,7 @@ void KeepMemory() {
     mallopt(M_TOP_PAD, kHeapStep);
     const std::uintptr_t end = EndOfHeap();
     if (end - before < kFirstHeap) return;
-    const std::uintptr_t begin = (before + kLargePage - 1) / kLargePage * kLargePage;
+    const std::uintptr_t begin = (before + kSmallRun + kLargePage - 1) / kLargePage * kLargePage;
     (void)madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
 }
 

@@ -1,5 +1,6 @@
 // From the start of the process to the first idle moment of the main window, for a whole-process
-// clock: bench_start DATA_FOLDER, or bench_start --bare for a window of Qt with nothing in it.
+// clock: bench_start DATA_FOLDER, or bench_start --bare for a window of Qt with nothing in it, and
+// --word for one with one word, which takes a font.
 
 #include "app/program.h"
 #include "forms/event_gate.h"
@@ -7,22 +8,35 @@
 #include "forms/search_window.h"
 #include "platform/linux/linux_platform.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QLabel>
 #include <QMainWindow>
-#include <QTimer>
+#include <QWindow>
 #include <fmt/format.h>
 
+#include <cstdlib>
 #include <string_view>
 
 namespace {
 
 using namespace tarvix;
 
-int RunBare() {
+// Idle is who waits for events once the window was shown. What is taken down at an end isn't part
+// of a start.
+void EndWhenIdle(const QWidget& window) {
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                     [&window] {
+                         if (window.windowHandle()->isExposed()) std::_Exit(0);
+                     });
+}
+
+int RunBare(bool hasWord) {
     QMainWindow window;
     window.resize(1280, 800);
+    if (hasWord) window.setCentralWidget(new QLabel("Word"));
     window.show();
-    QTimer::singleShot(0, [] { QApplication::quit(); });
+    EndWhenIdle(window);
     return QApplication::exec();
 }
 
@@ -37,7 +51,7 @@ int RunProgram(const char* dataFolder) {
     forms::SearchWindow window(program.Session(), gate);
     window.show();
     gate.Run(nullptr, [&] { program.Start(""); });
-    QTimer::singleShot(0, [] { QApplication::quit(); });
+    EndWhenIdle(window);
     return QApplication::exec();
 }
 
@@ -45,11 +59,13 @@ int RunProgram(const char* dataFolder) {
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        fmt::print(stderr, "Usage: bench_start DATA_FOLDER | --bare\n");
+        fmt::print(stderr, "Usage: bench_start DATA_FOLDER | --bare | --word\n");
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int windowArgc = 1;
     QApplication application(windowArgc, argv);
-    return std::string_view(argv[1]) == "--bare" ? RunBare() : RunProgram(argv[1]);
+    const std::string_view what = argv[1];
+    const bool hasWord = what == "--word";
+    return hasWord || what == "--bare" ? RunBare(hasWord) : RunProgram(argv[1]);
 }

@@ -28,7 +28,8 @@ constexpr const char* kHowTo =
     "Alt+Down opens a calendar.";
 
 QIcon CalendarIcon(const QStyle& style) {
-    return QIcon::fromTheme("view-calendar", style.standardIcon(QStyle::SP_TitleBarUnshadeButton));
+    const QIcon icon = QIcon::fromTheme("view-calendar");
+    return icon.isNull() ? style.standardIcon(QStyle::SP_TitleBarUnshadeButton) : icon;
 }
 
 } // namespace

@@ -33,6 +33,12 @@ int FrozenHead::TitleWidth(int column) const {
     return advance + mark + 3 * margin;
 }
 
+// Titles are of one line and one font, so one is as high as another: not twenty are measured anew
+// each time that a column or a row comes.
+QSize FrozenHead::sizeHint() const {
+    return count() == 0 ? QHeaderView::sizeHint() : sectionSizeFromContents(logicalIndex(0));
+}
+
 void FrozenHead::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
     const int width = FrozenWidth();

@@ -21,6 +21,7 @@ class FrozenHead : public QHeaderView {
     int ColumnAt(int x) const;
     // What the title of a column needs, with the mark of the sort.
     int TitleWidth(int column) const;
+    QSize sizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -103,6 +103,16 @@ TEST_F(ResultViewTest, TheNativePathOfTheCurrentRowIsShownAndCopied) {
               "/home/ann/Music/Abba/one.mp3\n/home/ann/Music/Abba/two.mp3");
 }
 
+TEST_F(ResultViewTest, TheHeadIsAsHighAsItsHighestTitle) {
+    auto& head = *window->List().horizontalHeader();
+    for (const int sorted : {-1, int{results::kName}, int{results::kPath}}) {
+        head.setSortIndicator(sorted, Qt::AscendingOrder);
+        head.setSortIndicatorShown(sorted >= 0);
+        EXPECT_EQ(head.sizeHint().height(), head.QHeaderView::sizeHint().height()) << sorted;
+    }
+    EXPECT_GE(head.height(), head.fontMetrics().height());
+}
+
 TEST_F(ResultViewTest, ColumnsAreChosenAtTheHead) {
     EXPECT_FALSE(window->List().isColumnHidden(results::kAttributes));
     EXPECT_TRUE(window->List().isColumnHidden(results::kShortPath));

@@ -1,5 +1,7 @@
 #include "forms/file_reader.h"
 
+#include "platform/start_thread.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -67,11 +69,18 @@ void FileReader::Work(const std::shared_ptr<Shared>& shared) {
 
 void FileReader::Ask(std::vector<FilePart> parts) {
     if (parts.empty()) return;
-    if (!thread_.joinable()) thread_ = std::thread([shared = shared_] { Work(shared); });
+    const bool hasThread = platform::StartThread(thread_, [shared = shared_] { Work(shared); });
     const std::scoped_lock lock(shared_->mutex);
-    for (FilePart& part : parts)
-        shared_->parts.push_back(std::move(part));
+    for (FilePart& part : parts) {
+        if (hasThread) {
+            shared_->parts.push_back(std::move(part));
+        } else {
+            Bytes bytes = shared_->read(part);
+            shared_->answers.emplace_back(std::move(part), std::move(bytes));
+        }
+    }
     shared_->asked.notify_all();
+    if (!hasThread) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 
 void FileReader::Forget() {

@@ -1,5 +1,7 @@
 #include "forms/folder_lister.h"
 
+#include "platform/start_thread.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -73,8 +75,9 @@ void FolderLister::Work(const std::shared_ptr<Shared>& shared) {
 
 void FolderLister::Ask(const std::string& folder, std::function<void(const Names&)> onListed) {
     onListed_ = std::move(onListed);
-    if (!hasThread_) return onListed_(shared_->list(folder));
-    if (!thread_.joinable()) thread_ = std::thread([shared = shared_] { Work(shared); });
+    const bool hasThread =
+        hasThread_ && platform::StartThread(thread_, [shared = shared_] { Work(shared); });
+    if (!hasThread) return onListed_(shared_->list(folder));
     const std::scoped_lock lock(shared_->mutex);
     shared_->folder = folder;
     ++shared_->newest;

@@ -1,6 +1,7 @@
 #include "platform/linux/copy_ahead.h"
 
 #include "platform/linux/copy_content.h"
+#include "platform/start_thread.h"
 
 #include <algorithm>
 #include <chrono>
@@ -46,8 +47,9 @@ CopyAhead::~CopyAhead() {
     if (thread_.joinable()) thread_.join();
 }
 
+// Where no thread can be had nothing becomes ready.
 void CopyAhead::Start() {
-    if (!thread_.joinable()) thread_ = std::thread([this] { Work(); });
+    (void)StartThread(thread_, [this] { Work(); });
     if (isResting_) more_.notify_one();
 }
 

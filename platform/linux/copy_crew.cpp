@@ -4,6 +4,7 @@
 #include "platform/linux/file_copier.h"
 #include "platform/linux/part_file.h"
 #include "platform/linux/system_calls.h"
+#include "platform/start_thread.h"
 
 #include <sys/stat.h>
 
@@ -31,11 +32,8 @@ void CopyCrew::Add(std::shared_ptr<File> file) {
         if (waiting_.size() < kWorthWaking) return;
         wakes = std::exchange(isResting_, false);
     }
-    if (!thread_.joinable()) {
-        thread_ = std::thread([this] { Work(); });
-    } else if (wakes) {
-        more_.notify_one();
-    }
+    // Without a thread who waits for them copies them all.
+    if (StartThread(thread_, [this] { Work(); }) && wakes) more_.notify_one();
 }
 
 // From the other end than the other thread, so that the two seldom meet in one folder.

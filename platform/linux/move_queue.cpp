@@ -1,5 +1,7 @@
 #include "platform/linux/move_queue.h"
 
+#include "platform/start_thread.h"
+
 #include <chrono>
 
 namespace tarvix::platform {
@@ -21,9 +23,9 @@ MoveQueue::~MoveQueue() {
 
 bool MoveQueue::Add(ReadyMove move) {
     if (isHalted_ || added_ - told_ == kSlots) return false;
+    if (!StartThread(thread_, [this] { Work(); })) return false;
     At(added_) = std::move(move);
     ++added_;
-    if (!thread_.joinable()) thread_ = std::thread([this] { Work(); });
     std::unique_lock lock(mutex_);
     const bool isResting = isResting_;
     lock.unlock();

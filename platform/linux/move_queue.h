@@ -57,7 +57,7 @@ class MoveQueue {
     MoveQueue(const MoveQueue&) = delete;
     MoveQueue& operator=(const MoveQueue&) = delete;
 
-    // False without room, and behind one that was left until Take told of it.
+    // False without room or a thread, and behind one that was left until Take told of it.
     bool Add(ReadyMove move);
     bool IsEmpty() const { return told_ == added_; }
     Told Take(MoveWait wait);

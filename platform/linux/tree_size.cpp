@@ -3,6 +3,7 @@
 #include "platform/linux/folder_copier.h"
 #include "platform/linux/folder_stack.h"
 #include "platform/linux/system_calls.h"
+#include "platform/start_thread.h"
 
 #include <dirent.h>
 #include <sys/stat.h>
@@ -28,8 +29,8 @@ TreeSize::~TreeSize() {
 
 std::optional<std::uint64_t> TreeSize::Now() {
     if (isKnown_) return bytes_;
-    if (!thread_.joinable() && folder_ && SteadyTick() >= due_) {
-        thread_ = std::thread([this] {
+    if (folder_ && SteadyTick() >= due_) {
+        (void)StartThread(thread_, [this] {
             bytes_ = Sum();
             isKnown_ = !isEnding_;
         });

@@ -1,6 +1,7 @@
 #include "forms/folder_lister.h"
 #include "forms/window_place.h"
 #include "tests/forms/window_fixture.h"
+#include "tests/platform/no_threads.h"
 
 #include <QAbstractButton>
 #include <QCalendarWidget>
@@ -229,6 +230,15 @@ TEST(FolderListerTest, ADiskThatDoesNotAnswerHoldsUpNobody) {
     answers.release();
     QTest::qWait(20);
     EXPECT_EQ(told, 0);
+}
+
+TEST(FolderListerTest, WithoutAThreadTheAnswerComesAtOnce) {
+    const platform::NoThreads none;
+    FolderLister lister([](const std::string& folder) { return FolderLister::Names{folder}; },
+                        true);
+    FolderLister::Names told;
+    lister.Ask("a", [&told](const FolderLister::Names& names) { told = names; });
+    EXPECT_EQ(told, FolderLister::Names{"a"});
 }
 
 TEST(FolderListerTest, OnlyTheNewestQuestionIsAnswered) {

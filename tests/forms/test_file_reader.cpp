@@ -1,4 +1,5 @@
 #include "forms/file_reader.h"
+#include "tests/platform/no_threads.h"
 
 #include <QSemaphore>
 #include <QTest>
@@ -21,6 +22,17 @@ TEST(FileReaderTest, PartsAreReadInTheOrderInWhichTheyAreAskedFor) {
     reader.Ask({{"c", 1}});
     QTRY_COMPARE(told.size(), 3U);
     EXPECT_EQ(told, (std::vector<std::string>{"b0=b!", "a3=a!", "c1=c!"}));
+}
+
+TEST(FileReaderTest, WithoutAThreadPartsAreReadAllTheSame) {
+    const platform::NoThreads none;
+    std::vector<std::string> told;
+    FileReader reader(
+        [](const FilePart& part) { return part.path + "!"; },
+        [&told](const FilePart&, const FileReader::Bytes& bytes) { told.push_back(*bytes); });
+    reader.Ask({{"b", 0}, {"a", 3}});
+    EXPECT_TRUE(told.empty()) << "told before the call came back";
+    QTRY_COMPARE(told, (std::vector<std::string>{"b!", "a!"}));
 }
 
 TEST(FileReaderTest, AReadThatDoesNotEndHoldsUpNobody) {

@@ -60,10 +60,20 @@ void FolderList::Start(std::string_view location) {
     if (!takesRootOver_) Order(folders_.front(), true);
 }
 
-// A walk over the location alone may have listed it just now.
+// A walk over the location alone may have listed it just now; to list it again shall not take
+// longer than what came of that is old.
 bool FolderList::HasListingOf(std::string_view folder) const {
     return lastListed_ && lastFolder_ == folder &&
-           session_.platform.clock.Steady() - listedAt_ < kListingLasts;
+           session_.platform.clock.Steady() < listingLastsUntil_;
+}
+
+void FolderList::NoteListed(std::string_view folder,
+                            std::shared_ptr<const platform::FolderListing> names,
+                            std::int64_t begunAt) {
+    lastListed_ = std::move(names);
+    lastFolder_ = folder;
+    const std::int64_t now = session_.platform.clock.Steady();
+    listingLastsUntil_ = now + std::max(kListingLasts, now - begunAt);
 }
 
 void FolderList::Order(const CrawlFolder& folder, bool isForNames) {
@@ -135,13 +145,11 @@ void FolderList::ListLive(std::size_t index, std::string_view routine) {
         auto ahead =
             std::make_unique<platform::FolderAhead>(session_.files(), folder.strFolderLong, wish);
         ahead->WhileWaiting([this] { return GoesOn(); });
-        const std::int64_t now = session_.platform.clock.Steady();
+        const std::int64_t begunAt = session_.platform.clock.Steady();
         const bool isTaken = ahead->TakeNames(folder.visit);
         if (!isTaken && IsInterrupted()) return;
         if (isTaken && folder.visit.names) {
-            lastListed_ = folder.visit.names;
-            lastFolder_ = folder.strFolderLong;
-            listedAt_ = now;
+            NoteListed(folder.strFolderLong, folder.visit.names, begunAt);
             folder.isVisited = wish.wants != nullptr;
             folder.hasFacts = wish.facts;
             if (folder.hasFacts) coming_ = std::move(ahead);
@@ -181,7 +189,7 @@ FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
                                         .path = folder.Short(),
                                         .searchOrDestination = folders_.front().strFolderLong};
     lastListed_.reset();
-    listedAt_ = session_.platform.clock.Steady();
+    const std::int64_t begunAt = session_.platform.clock.Steady();
     const UnreadCandidate object{
         .path = folder.strFolderLong, .isFolder = true, .mustExist = index == 0, .counts = counts};
     auto names = std::make_shared<platform::FolderListing>();
@@ -190,8 +198,7 @@ FolderList::ListNow(std::size_t index, std::string_view routine, bool counts) {
         return opened->List(*names);
     });
     if (!done) return nullptr;
-    lastListed_ = std::move(names);
-    lastFolder_ = folder.strFolderLong;
+    NoteListed(folder.strFolderLong, std::move(names), begunAt);
     return lastListed_;
 }
 

@@ -101,6 +101,8 @@ class FolderList {
     void Start(std::string_view location);
     void Order(const CrawlFolder& folder, bool isForNames);
     bool HasListingOf(std::string_view folder) const;
+    void NoteListed(std::string_view folder, std::shared_ptr<const platform::FolderListing> names,
+                    std::int64_t begunAt);
     void ReadFolder(std::size_t index, bool addFolders, bool countContent);
     std::shared_ptr<const platform::FolderListing> ListNow(std::size_t index,
                                                            std::string_view routine, bool counts);
@@ -124,10 +126,10 @@ class FolderList {
     platform::VisitWish rootWish_;
     std::unique_ptr<platform::FolderAhead> coming_; // the facts of one folder
     std::size_t comingIndex_ = 0;
-    // What was listed by itself last, and when; null for none.
+    // What was listed by itself last, null for none, and how long it is believed.
     std::shared_ptr<const platform::FolderListing> lastListed_;
     std::string lastFolder_;
-    std::int64_t listedAt_ = 0;
+    std::int64_t listingLastsUntil_ = 0; // by the steady clock
     bool takesRootOver_ = false;
     std::unique_ptr<platform::ReadAhead> ahead_; // the folders of the list, in its order
     bool isBuilt_ = false;

@@ -77,8 +77,9 @@ Result<std::shared_ptr<const FolderListing>> LinuxOpenFolder::Names(const More& 
     }
     const std::int64_t begunAt = listings_ ? listings_->Now() : 0;
     TX_TRY(Read(scratch, more));
-    auto names = std::make_shared<const FolderListing>(scratch);
-    if (names->Size() > kKeptRoom) scratch = {};
+    const bool isLarge = scratch.Size() > kKeptRoom; // and not worth a copy
+    auto names = isLarge ? std::make_shared<const FolderListing>(std::exchange(scratch, {}))
+                         : std::make_shared<const FolderListing>(scratch);
     if (before) listings_->Keep(fd_.Get(), *before, drives_, names);
     if (listings_) listings_->NoteInUse(fd_.Get(), begunAt, names);
     return names;

@@ -227,6 +227,20 @@ TEST_F(LargeFolders, TheRootIsListedOnceForAllStrings) {
     EXPECT_EQ(Listed("C:\\t\\sub"), 1U);
 }
 
+TEST_F(LargeFolders, ARootThatTakesLongToListIsListedOnce) {
+    AddFiles("C:\\t", 5);
+    AddFiles("C:\\t\\sub", 3);
+    Start();
+    WithSubfolders();
+    machine.clock.SetStep(0);
+    machine.faults.ResetCounts();
+    machine.faults.BeforeCall("List", 1, [this] { machine.clock.Sleep(5'000); });
+    Search("*", "C:\\t");
+    EXPECT_EQ(machine.clock.slept, 5'000);
+    ExpectRows({0, 1, 2, 3, 4, 0, 1, 2});
+    EXPECT_EQ(Listed("C:\\t"), 1U);
+}
+
 TEST_F(LargeFolders, ARootListedLongAgoIsListedAgain) {
     AddFiles("C:\\t", 5);
     AddFiles("C:\\t\\sub", 3);

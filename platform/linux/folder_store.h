@@ -60,7 +60,8 @@ struct PathStart {
 //   its names, when others may change it            as long as its date stands: looked at each time
 //   its names, while we change it ourselves, so     20 ms, or 100 times what reading took; then
 //     that its date tells nothing                   they are read again
-//   that a name is free in it, while we change it   1 s: asked only before calls that never replace
+//   that a name is free in it, while we change it   1 s, or as long as its names: asked only before
+//                                                   calls that never replace
 //
 // What it saves for each object of a run that goes on in known folders:
 //   texts         two drive paths to take apart (source and target)

@@ -96,7 +96,8 @@ Sys<std::optional<std::string>> FolderStore::Find(std::string_view folder, std::
 
 bool FolderStore::LacksName(std::string_view path, Folder& known, std::string_view name) {
     known.usedAt = clock_.tick();
-    if (known.hasOwnChange && known.usedAt - known.readAt < kFreeBelieved) {
+    const std::int64_t believed = std::max(kFreeBelieved, kShare * known.readCost);
+    if (known.hasOwnChange && known.usedAt - known.readAt < believed) {
         return known.names->IsFree(name);
     }
     const auto valid = Valid(path);

@@ -27,7 +27,7 @@ constexpr std::int64_t kMillisecond = 1'000'000;
 class StoreWorld {
   public:
     explicit StoreWorld(CopyRoads roads = {.ahead = false})
-        : files(mounts, roads, {[this] { return now; }, [this] { return now; }}) {}
+        : files(mounts, roads, {[this] { return now += step; }, [this] { return now; }}) {}
 
     std::string Native(std::string_view name) const {
         return folder.Path() + "/" + std::string(name);
@@ -48,6 +48,7 @@ class StoreWorld {
     }
 
     std::int64_t now = 1;
+    std::int64_t step = 0; // that it goes on by when it is asked for the exact time
     TemporaryFolder folder;
     Mounts mounts{{{'T', folder.Path()}}};
     LinuxFileSystem files;
@@ -239,6 +240,23 @@ TEST_F(LinuxStoreCounts, NamesOfAFolderThatWeFillAreReadAgainAfterASecond) {
         Act(i, true);
     const std::uint64_t read = world.files.Counts().read;
     world.now += 900 * kMillisecond;
+    Act(10, true);
+    EXPECT_EQ(world.files.Counts().read, read);
+    world.now += 200 * kMillisecond;
+    Act(11, true);
+    EXPECT_EQ(world.files.Counts().read, read + 1);
+}
+
+TEST_F(LinuxStoreCounts, NamesThatTakeLongToReadAreBelievedAHundredTimesAsLong) {
+    const ManyChanges many(world.files);
+    world.step = 15 * kMillisecond;
+    Act(0, true);
+    world.step = 0;
+    for (int i = 1; i < 10; ++i)
+        Act(i, true);
+    const std::uint64_t read = world.files.Counts().read;
+    world.now += 1'400 * kMillisecond;
+    EXPECT_TRUE(world.files.KnownFree("T:\\to\\new"));
     Act(10, true);
     EXPECT_EQ(world.files.Counts().read, read);
     world.now += 200 * kMillisecond;

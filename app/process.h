@@ -17,7 +17,8 @@ void TakeEndingSignals(void (*handler)(int));
 void OpenStandardDescriptors();
 
 // For a process that does one job and ends: memory that it frees stays its own, and what it needs
-// of it first comes in large pages where the machine has some. Nothing is different if it has none.
+// of it first, beyond that of a small job, comes in large pages where the machine has some. Nothing
+// is different if it has none.
 void KeepMemory();
 
 // For a process whose lists are sorted again and again: the room of one sort, some of which would

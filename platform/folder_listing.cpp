@@ -1,10 +1,9 @@
 #include "platform/folder_listing.h"
 
 #include "text/case.h"
+#include "text/first_eight.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <span>
 
 namespace tarvix::platform {
@@ -19,18 +18,6 @@ std::uint8_t FlagsOf(const FolderEntry& entry) {
 }
 
 constexpr std::size_t kKeptRoom = 4096; // names
-
-// The first eight bytes as a number that orders like them.
-std::uint64_t PrefixOf(std::string_view key) {
-    std::uint64_t bytes = 0;
-    if (key.size() >= sizeof bytes) {
-        std::memcpy(&bytes, key.data(), sizeof bytes);
-    } else if (!key.empty()) {
-        std::memcpy(&bytes, key.data(), key.size());
-    }
-    if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
-    return bytes;
-}
 
 // Puts names in the order of their upper-case forms, ties by exact text. Eight bytes at a time:
 // most comparisons are of numbers, and only names that agree so far look at the next ones.
@@ -71,7 +58,7 @@ class NameSorter {
         bool goesOn = items.size() >= kWorthKeys;
         for (Item& item : items) {
             const std::string_view form = FormOf(item);
-            item.key = PrefixOf(form.substr(std::min(depth, form.size())));
+            item.key = text::FirstEight(form.substr(std::min(depth, form.size())));
             goesOn = goesOn && form.size() > depth;
         }
         if (!goesOn) return SortAtOnce(names, items);

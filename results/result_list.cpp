@@ -227,13 +227,15 @@ std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isF
 
 void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name,
                    bool isFolder) {
-    out += folder.longPath;
-    if (isFolder) return;
-    if (folder.longPath.empty()) {
-        out += name;
-    } else {
-        text::AppendToPath(out, name);
-    }
+    for (const std::string_view piece : RowPathPieces(folder, name, isFolder))
+        out += piece;
+}
+
+std::array<std::string_view, 3> RowPathPieces(const RowFolder& folder, std::string_view name,
+                                              bool isFolder) {
+    const std::string_view path = folder.longPath;
+    if (isFolder) return {path, "", ""};
+    return {path, path.empty() || path.ends_with('\\') ? "" : "\\", name};
 }
 
 } // namespace tarvix::results

@@ -7,6 +7,7 @@
 #include "results/row_identity.h"
 #include "results/text_store.h"
 
+#include <array>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -227,5 +228,8 @@ std::string OpenablePath(std::string path);
 std::string JoinRowPath(const RowFolder& folder, std::string_view name, bool isFolder);
 // The same behind what `out` holds.
 void AppendRowPath(std::string& out, const RowFolder& folder, std::string_view name, bool isFolder);
+// The same in the pieces that it is put together from.
+std::array<std::string_view, 3> RowPathPieces(const RowFolder& folder, std::string_view name,
+                                              bool isFolder);
 
 } // namespace tarvix::results

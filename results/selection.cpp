@@ -66,18 +66,11 @@ void RunSelectCommand(session::Session& session, std::string_view word, std::str
     session.frmSearch.lblStatus.Caption = "";
 }
 
-// Path\Name of a row, as JoinRowPath gives it.
-std::string_view KeepRowPath(TextStore& texts, const ResultRow& row) {
-    const std::string& folder = row.folder->longPath;
-    if (row.isFolder) return texts.Keep(folder);
-    if (folder.empty()) return texts.Keep(row.name);
-    return texts.Keep({folder, folder.ends_with('\\') ? "" : "\\", row.name});
-}
-
 void FillEntry(const ResultList& rows, Selection& tables, std::size_t at, const ResultRow& row,
                bool takesLongPaths) {
     // The full path names the object with more certainty than its short form could.
-    const std::string_view kept = KeepRowPath(tables.texts, row);
+    const auto [folder, separator, name] = RowPathPieces(*row.folder, row.name, row.isFolder);
+    const std::string_view kept = tables.texts.Keep({folder, separator, name});
     tables.strSelActualPath[at] = kept;
     tables.strSelName[at] = kept.ends_with(row.name) ? kept.substr(kept.size() - row.name.size())
                                                      : tables.texts.Keep(row.name);

@@ -1,10 +1,10 @@
 #include "results/text_order.h"
 
 #include "results/key_order.h"
+#include "text/first_eight.h"
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <functional>
 #include <numeric>
 #include <optional>
@@ -15,14 +15,6 @@ namespace tarvix::results {
 namespace {
 
 constexpr std::size_t kAtOnce = sizeof(std::uint64_t);
-
-// The first eight bytes as a number that orders like them.
-std::uint64_t FirstEight(std::string_view text) {
-    std::uint64_t bytes = 0;
-    if (!text.empty()) std::memcpy(&bytes, text.data(), std::min(text.size(), kAtOnce));
-    if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
-    return bytes;
-}
 
 // Eight bytes at a time: each pass compares numbers alone, and only rows that agree so far go on to
 // the next eight bytes.
@@ -67,7 +59,7 @@ class ByTexts {
 
     std::uint64_t KeyAt(std::uint32_t row, std::size_t depth) const {
         const std::string_view text = upper_[row];
-        const std::uint64_t key = FirstEight(text.substr(std::min(depth, text.size())));
+        const std::uint64_t key = text::FirstEight(text.substr(std::min(depth, text.size())));
         return descending_ ? ~key : key;
     }
 

@@ -54,8 +54,6 @@ class PathResolver {
     // The object of exactly that name, down from a search location (bytes of the path) without a
     // link on the way (kChangedSinceSearch): 53, 76.
     Result<void> Below(std::string_view path, std::size_t location, Resolved& place) const;
-    // The folder around it alone, reached so; none for a root.
-    Result<void> FolderBelow(std::string_view path, std::size_t location, Resolved& place) const;
     // Where a call that follows no link finds it from the search location; errnos. The text is that
     // of `place`.
     Sys<Location> FromLocation(std::string_view path, std::size_t location, Resolved& place) const;
@@ -76,6 +74,8 @@ class PathResolver {
     Result<Resolved> File(std::string_view path) const;
 
   private:
+    // The folder around an object alone, reached from the search location; none for a root.
+    Result<void> FolderBelow(std::string_view path, std::size_t location, Resolved& place) const;
     // An object that is there, as the disk spells its name.
     struct Found {
         std::string name;

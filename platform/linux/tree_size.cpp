@@ -29,7 +29,8 @@ TreeSize::~TreeSize() {
 
 std::optional<std::uint64_t> TreeSize::Now() {
     if (isKnown_) return bytes_;
-    if (folder_ && SteadyTick() >= due_) {
+    // The folder is the thread's, once there is one.
+    if (!thread_.joinable() && folder_ && SteadyTick() >= due_) {
         (void)StartThread(thread_, [this] {
             bytes_ = Sum();
             isKnown_ = !isEnding_;

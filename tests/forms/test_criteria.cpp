@@ -1,7 +1,7 @@
 #include "forms/folder_lister.h"
 #include "forms/window_place.h"
 #include "tests/forms/window_fixture.h"
-#include "tests/platform/no_threads.h"
+#include "tests/machine/no_threads.h"
 
 #include <QAbstractButton>
 #include <QCalendarWidget>

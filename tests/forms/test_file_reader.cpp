@@ -1,5 +1,5 @@
 #include "forms/file_reader.h"
-#include "tests/platform/no_threads.h"
+#include "tests/machine/no_threads.h"
 
 #include <QSemaphore>
 #include <QTest>

@@ -3,8 +3,8 @@
 #include "platform/linux/move_queue.h"
 #include "platform/read_ahead.h"
 #include "platform/start_thread.h"
+#include "tests/machine/no_threads.h"
 #include "tests/platform/linux_disk.h"
-#include "tests/platform/no_threads.h"
 
 namespace tarvix::platform {
 

@@ -22,7 +22,7 @@ namespace {
 
 using namespace tarvix;
 
-// Idle is who waits for events once the window was shown. What is taken down at an end isn't part
+// At the first wait for events once the window was shown. What is taken down at an end isn't part
 // of a start.
 void EndWhenIdle(const QWidget& window) {
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,

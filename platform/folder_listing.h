@@ -9,7 +9,7 @@ namespace tarvix::platform {
 
 // One name in a folder. The view lives as long as the listing it came from stays unchanged.
 struct FolderEntry {
-    std::string_view name; // drive form of the name; a byte that can't be shown is "?"
+    std::string_view name; // drive form of the name, which gives its bytes back
     bool isFolder = false; // a link to a folder is one too
     bool isLink = false;
     bool isBoundary = false; // a mount that a crawl must not walk into

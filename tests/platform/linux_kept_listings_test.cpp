@@ -172,9 +172,10 @@ class NamesInUseTest : public KeptListingsTest {
         for (int i = 0; i < 1200; ++i)
             Make("f" + std::to_string(i));
         Make("odd:name");
+        Make("no text \xFF");
         AwaitNextDate();
         names_ = VisitorOf(keeping_)->OpenInParts(root_)->NamesInParts({});
-        ASSERT_EQ(names_->Size(), 1201U);
+        ASSERT_EQ(names_->Size(), 1202U);
     }
     void Make(const std::string& name) const { std::ofstream(folder_.Path() + "/" + name) << "x"; }
     bool IsThere(std::string_view nativeName) {
@@ -187,6 +188,7 @@ class NamesInUseTest : public KeptListingsTest {
 TEST_F(NamesInUseTest, AreNotReadAgain) {
     EXPECT_TRUE(IsThere("F7"));
     EXPECT_TRUE(IsThere("ODD:NAME"));
+    EXPECT_TRUE(IsThere("No Text \xFF"));
     EXPECT_FALSE(IsThere("f1200"));
     EXPECT_TRUE(keeping_.KnownFree(root_ + "\\f1200"));
     EXPECT_EQ(keeping_.ListingsGiven(), 1U);

@@ -55,6 +55,20 @@ TEST(NameTable, FollowsRenames) {
     EXPECT_TRUE(names.HasOther("four.txt", "four.txt"));
 }
 
+TEST(NameTable, RoomMadeAheadLosesNothing) {
+    NameTable names;
+    names.Add("one.txt");
+    for (const std::size_t room : {0U, 1U, 1000U, 10U}) {
+        names.Reserve(room);
+        EXPECT_EQ(names.Find("ONE.txt"), "one.txt") << room;
+        EXPECT_TRUE(names.IsFree("two.txt")) << room;
+    }
+    for (int i = 0; i < 3000; ++i)
+        names.Add(std::to_string(i));
+    EXPECT_EQ(names.Size(), 3001U);
+    EXPECT_EQ(names.Find("2999"), "2999");
+}
+
 TEST(NameTable, FindsMadeShortForms) {
     NameTable names;
     names.Add("A rather long name.text");

@@ -52,6 +52,16 @@ class LargeFolders : public ProgramFixture {
             }
         });
     }
+    // On "C:\\t" with five files and its folder "sub" with three; each look at the clock takes
+    // `step` nanoseconds.
+    void StartOnTwoFolders(std::int64_t step = 0) {
+        AddFiles("C:\\t", 5);
+        AddFiles("C:\\t\\sub", 3);
+        Start();
+        WithSubfolders();
+        machine.clock.SetStep(step);
+        machine.faults.ResetCounts();
+    }
     std::size_t Listed(std::string_view folder) {
         const auto& calls = machine.faults.Calls();
         return static_cast<std::size_t>(std::ranges::count_if(calls, [&](const auto& call) {
@@ -202,12 +212,7 @@ TEST_F(LargeFolders, OneOfEachReadsNoMoreThanItNeeds) {
 }
 
 TEST_F(LargeFolders, TheRootIsListedOnceForItselfAndItsSubfolders) {
-    AddFiles("C:\\t", 5);
-    AddFiles("C:\\t\\sub", 3);
-    Start();
-    WithSubfolders();
-    machine.clock.SetStep(0);
-    machine.faults.ResetCounts();
+    StartOnTwoFolders();
     Search("*", "C:\\t");
     ExpectRows({0, 1, 2, 3, 4, 0, 1, 2});
     EXPECT_EQ(Listed("C:\\t"), 1U);
@@ -215,12 +220,7 @@ TEST_F(LargeFolders, TheRootIsListedOnceForItselfAndItsSubfolders) {
 }
 
 TEST_F(LargeFolders, TheRootIsListedOnceForAllStrings) {
-    AddFiles("C:\\t", 5);
-    AddFiles("C:\\t\\sub", 3);
-    Start();
-    WithSubfolders();
-    machine.clock.SetStep(0);
-    machine.faults.ResetCounts();
+    StartOnTwoFolders();
     Search("*.even|*.odd|f*", "C:\\t");
     EXPECT_EQ(program.Rows().Count(), 8U);
     EXPECT_EQ(Listed("C:\\t"), 1U);
@@ -228,12 +228,7 @@ TEST_F(LargeFolders, TheRootIsListedOnceForAllStrings) {
 }
 
 TEST_F(LargeFolders, ARootThatTakesLongToListIsListedOnce) {
-    AddFiles("C:\\t", 5);
-    AddFiles("C:\\t\\sub", 3);
-    Start();
-    WithSubfolders();
-    machine.clock.SetStep(0);
-    machine.faults.ResetCounts();
+    StartOnTwoFolders();
     machine.faults.BeforeCall("List", 1, [this] { machine.clock.Sleep(5'000); });
     Search("*", "C:\\t");
     EXPECT_EQ(machine.clock.slept, 5'000);
@@ -242,12 +237,7 @@ TEST_F(LargeFolders, ARootThatTakesLongToListIsListedOnce) {
 }
 
 TEST_F(LargeFolders, ARootListedLongAgoIsListedAgain) {
-    AddFiles("C:\\t", 5);
-    AddFiles("C:\\t\\sub", 3);
-    Start();
-    WithSubfolders();
-    machine.clock.SetStep(600'000'000);
-    machine.faults.ResetCounts();
+    StartOnTwoFolders(600'000'000);
     Search("*", "C:\\t");
     ExpectRows({0, 1, 2, 3, 4, 0, 1, 2});
     EXPECT_EQ(Listed("C:\\t"), 2U);
